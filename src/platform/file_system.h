@@ -1,0 +1,118 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <functional>
+#include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "platform/clock.h"
+
+namespace tallyfold {
+
+// The bytes of a file. Move-only: files run to hundreds of megabytes.
+class FileContents {
+ public:
+  FileContents() = default;
+  FileContents(std::unique_ptr<char[]> bytes, std::size_t size)
+      : bytes_(std::move(bytes)), size_(size) {}
+  [[nodiscard]] std::string_view view() const noexcept { return {bytes_.get(), size_}; }
+
+ private:
+  std::unique_ptr<char[]> bytes_;
+  std::size_t size_ = 0;
+};
+
+// Takes a file's content in blocks.
+class ByteSink {
+ public:
+  virtual ~ByteSink() = default;
+  // A failure is remembered by the sink and reported by the operation that made it.
+  virtual void Append(std::string_view bytes) = 0;
+};
+
+// What tells whether a file is still the one that was read: changes of content show, changes of
+// permission do not.
+struct FileIdentity {
+  std::uint64_t device = 0;
+  std::uint64_t inode = 0;
+  std::uint64_t size = 0;
+  std::int64_t modified_nanoseconds = 0;
+
+  friend bool operator==(const FileIdentity&, const FileIdentity&) = default;
+};
+
+// Permission of a file that WriteAtomically makes new; an existing file keeps its own.
+enum class NewFileMode : std::uint8_t {
+  Private,  // readable and writable by the owner alone
+  ByUmask,  // what the process's file mode mask leaves
+};
+
+// Held as long as the object lives; the system frees it when the process dies.
+class FolderLock {
+ public:
+  virtual ~FolderLock() = default;
+};
+
+enum class LockResult : std::uint8_t {
+  Held,         // by the returned lock
+  HeldByOther,  // another running process has it
+  Unavailable,  // the folder is missing or cannot be locked
+};
+
+// Files and folders. Paths are absolute. No operation throws; failures come back as none or false.
+class FileSystem {
+ public:
+  using Producer = std::function<void(ByteSink&)>;
+
+  virtual ~FileSystem() = default;
+
+  // The user's home folder, without a slash at the end.
+  [[nodiscard]] virtual std::string HomeFolder() const = 0;
+
+  // Links are followed.
+  [[nodiscard]] virtual bool Exists(const std::string& path) const = 0;
+  [[nodiscard]] virtual bool IsFolder(const std::string& path) const = 0;
+  // The whole content of a regular file; none for anything else, and on any failure.
+  [[nodiscard]] virtual std::optional<FileContents> Read(const std::string& path) const = 0;
+  // None when there is nothing at `path`.
+  [[nodiscard]] virtual std::optional<FileIdentity> Identity(const std::string& path) const = 0;
+  // When the file was made (its last modification where the system does not know).
+  [[nodiscard]] virtual std::optional<Instant> CreationTime(const std::string& path) const = 0;
+  // The names in a folder in no particular order, without "." and ".."; empty on failure.
+  [[nodiscard]] virtual std::vector<std::string> List(const std::string& folder) const = 0;
+
+  // Makes or replaces `path` whole and durably: afterwards, also after a crash at any point, it
+  // holds either its old content or all of what `produce` appended. A symbolic link is followed
+  // to its target. False leaves the old file as it was and nothing beside it.
+  [[nodiscard]] virtual bool WriteAtomically(const std::string& path, NewFileMode mode,
+                                             const Producer& produce) = 0;
+  // Writes the content of `from` to `to` as WriteAtomically does; the copy is a new file with a
+  // creation time of its own. False when `from` is no regular file or on any failure.
+  [[nodiscard]] virtual bool Copy(const std::string& from, const std::string& to) = 0;
+  // One folder; its parent must exist. True when it was made.
+  [[nodiscard]] virtual bool CreateFolder(const std::string& path) = 0;
+  // Adds permission bits to those the file or folder has. Missing files and failures are ignored.
+  virtual void AddPermissions(const std::string& path, unsigned bits) = 0;
+  // Gives a file the program's icon named `resource`, where files have icons of their own.
+  virtual void SetCustomBadgeIcon(const std::string& path, const std::string& resource) = 0;
+
+  // Removes what interrupted atomic writes of earlier runs left in `folder`.
+  virtual void RemoveTemporaries(const std::string& folder) = 0;
+  // `lock` is set when the result is Held.
+  [[nodiscard]] virtual LockResult LockFolder(const std::string& folder,
+                                              std::unique_ptr<FolderLock>& lock) = 0;
+
+  [[nodiscard]] bool WriteAtomically(const std::string& path, NewFileMode mode,
+                                     std::string_view content) {
+    return WriteAtomically(path, mode, [content](ByteSink& sink) { sink.Append(content); });
+  }
+};
+
+// Names of temporary files of atomic writes begin so.
+inline constexpr std::string_view kTemporaryPrefix = ".tallyfold-";
+
+}  // namespace tallyfold
