@@ -19,3 +19,18 @@ else()
   # Under the sanitizers' added branches this warning sees null where there is none.
   target_compile_options(tallyfold_options INTERFACE -Wnull-dereference)
 endif()
+
+if(CMAKE_CXX_COMPILER_ID STREQUAL "Clang")
+  # A time stamp in a precompiled header makes every build of it another one to ccache.
+  target_compile_options(tallyfold_options INTERFACE "SHELL:-Xclang -fno-pch-timestamp")
+endif()
+
+# tallyfold_precompile(<target>): in presets that ask for it, the standard headers nearly every file
+# uses are compiled once. The dev preset does without, so that a missing include is found there.
+function(tallyfold_precompile target)
+  if(TALLYFOLD_PRECOMPILE)
+    target_precompile_headers(${target} PRIVATE
+      <algorithm> <charconv> <functional> <map> <memory> <optional> <string> <string_view>
+      <unordered_map> <utility> <variant> <vector>)
+  endif()
+endfunction()
