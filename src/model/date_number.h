@@ -1,0 +1,27 @@
+#pragma once
+
+#include <cstdint>
+#include <optional>
+
+#include "platform/civil_time.h"
+
+namespace tallyfold {
+
+// A calendar day as year x 10000 + month x 100 + day: 7 March 2004 is 20040307. Integer order is
+// date order, so days are compared as integers; arithmetic on the integer itself gives numbers
+// that still order correctly but need not name a day (20040300 lies before 20040301).
+using DateNumber = std::int32_t;
+
+// The day that stands for a missing date.
+inline constexpr DateNumber kNullDate = 19700101;
+
+// Midnight of that day. A month or day out of range is passed on as it stands.
+[[nodiscard]] CivilTime DateNumberToNSCalendarDate(DateNumber number) noexcept;
+
+// kNullDate for none. The fields of `date` must be in range.
+[[nodiscard]] DateNumber NSCalendarDateToDateNumber(const std::optional<CivilTime>& date) noexcept;
+
+// The day the user's wall clock shows now.
+[[nodiscard]] DateNumber TodaysDateNumber();
+
+}  // namespace tallyfold

@@ -1,0 +1,80 @@
+#pragma once
+
+#include <cstdint>
+#include <span>
+#include <string>
+#include <string_view>
+#include <type_traits>
+#include <variant>
+
+#include "model/text.h"
+#include "platform/ambient.h"
+#include "plist/output.h"
+#include "plist/value.h"
+
+namespace tallyfold {
+
+// One key of a record that is stored as it stands in a member. A table of these drives writing and
+// reading alike, so that the two cannot drift apart; order in the table is order in the file.
+template <typename Record>
+struct Field {
+  using Member = std::variant<std::int32_t Record::*, bool Record::*, double Record::*,
+                              float Record::*, std::string Record::*>;
+
+  std::string_view key;
+  Member member;
+  // Logged when the key is missing and when its value is of a wrong kind; "%@" stands for the key,
+  // "" logs nothing.
+  std::string_view missing;
+  std::string_view wrong;
+};
+
+inline void LogForKey(std::string_view message, std::string_view key) {
+  if (!message.empty()) Log(MessageWithText(message, key));
+}
+
+template <typename Record>
+void WriteField(const Record& record, const Field<Record>& field, plist::Output& output) {
+  output.Key(field.key);
+  std::visit(
+      [&](auto member) {
+        const auto& value = record.*member;
+        using Type = std::remove_cvref_t<decltype(value)>;
+        if constexpr (std::is_same_v<Type, bool>) {
+          output.Boolean(value);
+        } else if constexpr (std::is_same_v<Type, std::int32_t>) {
+          output.Integer(value);
+        } else if constexpr (std::is_same_v<Type, std::string>) {
+          output.String(value);
+        } else {
+          output.Real(static_cast<double>(value));
+        }
+      },
+      field.member);
+}
+
+// A missing or wrong value is logged and leaves the member as it was.
+template <typename Record>
+void ReadField(Record& record, const Field<Record>& field, const plist::Dictionary& dictionary) {
+  const plist::Value& value = dictionary.Get(field.key);
+  if (value.IsNone()) return LogForKey(field.missing, field.key);
+  const bool is_text = std::holds_alternative<std::string Record::*>(field.member);
+  if (is_text ? !value.IsString() : !value.IsNumber()) return LogForKey(field.wrong, field.key);
+  std::visit(
+      [&](auto member) {
+        auto& target = record.*member;
+        using Type = std::remove_cvref_t<decltype(target)>;
+        if constexpr (std::is_same_v<Type, bool>) {
+          target = value.BooleanValue();
+        } else if constexpr (std::is_same_v<Type, std::int32_t>) {
+          target = value.IntegerValue();
+        } else if constexpr (std::is_same_v<Type, std::string>) {
+          target = value.StringValue();
+        } else {
+          target = static_cast<Type>(value.DoubleValue());
+        }
+      },
+      field.member);
+}
+
+}  // namespace tallyfold

@@ -1,0 +1,38 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace tallyfold {
+
+// Comparison and search without regard to case, for the whole program: simple folding to lower
+// case by code point over UTF-8 (Latin with Latin Extended-A, Greek, Cyrillic), then comparison by
+// code point. No locale, no normalisation. Invalid UTF-8 compares by its bytes.
+
+// The text folded to lower case.
+[[nodiscard]] std::string FoldCase(std::string_view text);
+// 1, 0 or -1.
+[[nodiscard]] int CompareIgnoringCase(std::string_view a, std::string_view b) noexcept;
+
+// A text looked for in many others. An empty one occurs nowhere.
+class CaselessNeedle {
+ public:
+  explicit CaselessNeedle(std::string_view text);
+  // True when the text occurs anywhere in `field`.
+  [[nodiscard]] bool OccursIn(std::string_view field) const noexcept;
+  // True when the whole field is the text.
+  [[nodiscard]] bool Equals(std::string_view field) const noexcept;
+  [[nodiscard]] bool empty() const noexcept { return folded_.empty(); }
+
+ private:
+  std::string folded_;
+};
+
+// "Food", "Food and Rent", "Food, Rent and Travel"; "" for no items.
+[[nodiscard]] std::string StringsToEnglishList(const std::vector<std::string>& items);
+
+// `format` with its first "%@" replaced by `text`.
+[[nodiscard]] std::string MessageWithText(std::string_view format, std::string_view text);
+
+}  // namespace tallyfold
