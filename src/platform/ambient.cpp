@@ -1,7 +1,8 @@
 #include "platform/ambient.h"
 
-#include <chrono>
 #include <cstdint>
+
+#include "platform/zone_rules.h"
 
 namespace tallyfold {
 namespace {
@@ -19,22 +20,10 @@ class StoppedClock final : public Clock {
  public:
   [[nodiscard]] Instant Now() const override { return Instant{}; }
   [[nodiscard]] CivilTime LocalTime(Instant instant) const override {
-    const auto seconds = std::chrono::floor<std::chrono::seconds>(instant);
-    const auto days = std::chrono::floor<std::chrono::days>(seconds);
-    const std::chrono::year_month_day date{days};
-    const std::chrono::hh_mm_ss time{seconds - days};
-    return {static_cast<int>(date.year()),
-            static_cast<int>(static_cast<unsigned>(date.month())),
-            static_cast<int>(static_cast<unsigned>(date.day())),
-            static_cast<int>(time.hours().count()),
-            static_cast<int>(time.minutes().count()),
-            static_cast<int>(time.seconds().count())};
+    return WallTimeOf(instant, NoOffset);
   }
   [[nodiscard]] Instant InstantOf(const CivilTime& time) const override {
-    const std::chrono::sys_days days =
-        std::chrono::year{time.year} / std::chrono::month{static_cast<unsigned>(time.month)} / 1;
-    return days + std::chrono::days{time.day - 1} + std::chrono::hours{time.hour} +
-           std::chrono::minutes{time.minute} + std::chrono::seconds{time.second};
+    return InstantOfWallTime(time, NoOffset);
   }
 };
 
