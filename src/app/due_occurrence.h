@@ -1,0 +1,17 @@
+#pragma once
+
+#include <memory>
+
+namespace tallyfold {
+
+class LDGRAccountEntry;
+class LDGRAccountSchedule;
+
+// An occurrence of a scheduled entry that is due and neither committed nor skipped yet.
+struct DueOccurrence {
+  std::shared_ptr<LDGRAccountSchedule> schedule;
+  // A new entry as the schedule makes it, in no account and without a number of its own.
+  std::shared_ptr<LDGRAccountEntry> entry;
+};
+
+}  // namespace tallyfold

@@ -1,0 +1,22 @@
+#pragma once
+
+#include <string>
+
+namespace tallyfold {
+
+// The question before an entry is removed, answered with OK or Cancel.
+struct EntryRemoveSheetState {
+  // Decided by the program.
+  bool is_open = false;
+  std::string question;
+};
+
+// The question what becomes of the other half of a transfer whose one half is removed, answered
+// with Yes (it stays as an ordinary entry), No (it is removed too) or Cancel (both stay).
+struct TransferEntryRemoveSheetState {
+  // Decided by the program.
+  bool is_open = false;
+  std::string question;
+};
+
+}  // namespace tallyfold

@@ -1,0 +1,52 @@
+#pragma once
+
+#include <cstdint>
+
+namespace tallyfold {
+
+// What a front end shows, in the pieces in which it changes. A front end that hears of an area
+// asks the controller for that area's state again.
+enum class Area : std::uint8_t {
+  Accounts,           // the accounts list
+  SelectedAccount,    // which account is selected, and the window's title
+  Registers,          // rows of both registers
+  SelectedEntry,      // the selected row of the current register
+  EntryButtons,       // what can be done with the selected entry
+  Balance,            // the balance below the register
+  ReconcileBalances,  // the figures of the reconcile tab
+  EntryTypeMenu,
+  Sheet,  // which sheet is open
+  DebitSheet,
+  DepositSheet,
+  TransferSheet,
+  EntryRemoveSheet,
+  TransferEntryRemoveSheet,
+  AccountEditSheet,
+};
+
+// The sheets of the main window. At most one is open at a time.
+enum class Sheet : std::uint8_t {
+  None,
+  Debit,
+  Deposit,
+  Transfer,
+  EntryRemoveConfirm,
+  TransferEntryRemoveConfirm,
+  AccountEdit,
+};
+
+// What the application asks of whoever shows it. Each answer given here is that of a program
+// without a window.
+class FrontEnd {
+ public:
+  virtual ~FrontEnd() = default;
+
+  // Called after the state of `area` has changed, often several times for one operation. It must
+  // not call operations.
+  virtual void Changed([[maybe_unused]] Area area) {}
+  // Ends editing in the fields of an open sheet. False when a field refuses what was typed into
+  // it; the operation that asked then changes nothing and the sheet stays open.
+  [[nodiscard]] virtual bool EndEditing([[maybe_unused]] Sheet sheet) { return true; }
+};
+
+}  // namespace tallyfold

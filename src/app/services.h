@@ -1,0 +1,29 @@
+#pragma once
+
+#include "platform/alerts.h"
+#include "platform/application_host.h"
+#include "platform/file_panels.h"
+#include "platform/file_system.h"
+#include "platform/notification_center.h"
+#include "platform/process_launcher.h"
+#include "platform/run_loop.h"
+#include "platform/speech_output.h"
+#include "platform/text_encodings.h"
+
+namespace tallyfold {
+
+// What the application needs of the machine it runs on, beside the ambient four (see
+// platform/ambient.h). The services must outlive whoever is built with them.
+struct Services {
+  FileSystem& files;
+  Alerts& alerts;
+  FilePanels& panels;
+  ProcessLauncher& processes;
+  SpeechOutput& speech;
+  RunLoop& loop;
+  NotificationCenter& notifications;
+  ApplicationHost& host;
+  TextEncodings& encodings;
+};
+
+}  // namespace tallyfold
