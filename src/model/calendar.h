@@ -26,6 +26,8 @@ namespace tallyfold {
 
 // 0 Sunday to 6 Saturday.
 [[nodiscard]] int DayOfWeek(const CivilTime& time) noexcept;
+// The same of a day counted from 1970-01-01; `days` must stay off the very ends of 64 bits.
+[[nodiscard]] int DayOfWeekOfDayCount(std::int64_t days) noexcept;
 // 1 to 366.
 [[nodiscard]] int DayOfYear(const CivilTime& time) noexcept;
 [[nodiscard]] bool IsLeapYear(int year) noexcept;

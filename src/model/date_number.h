@@ -18,8 +18,21 @@ inline constexpr DateNumber kNullDate = 19700101;
 // Midnight of that day. A month or day out of range is passed on as it stands.
 [[nodiscard]] CivilTime DateNumberToNSCalendarDate(DateNumber number) noexcept;
 
-// kNullDate for none. The fields of `date` must be in range.
+// kNullDate for none. The fields of `date` must be in range; years that do not fit saturate.
 [[nodiscard]] DateNumber NSCalendarDateToDateNumber(const std::optional<CivilTime>& date) noexcept;
+
+// The same two under the names of a calendar date's own operations.
+[[nodiscard]] inline CivilTime dateWithDateNumber(DateNumber number) noexcept {
+  return DateNumberToNSCalendarDate(number);
+}
+[[nodiscard]] inline DateNumber dateNumber(const CivilTime& date) noexcept {
+  return NSCalendarDateToDateNumber(date);
+}
+
+// Days since 1970-01-01 (see model/calendar.h) of a day number, which rolls where it names no
+// day, and back.
+[[nodiscard]] std::int64_t DayCountOf(DateNumber number) noexcept;
+[[nodiscard]] DateNumber DateNumberOfDayCount(std::int64_t days) noexcept;
 
 // The day the user's wall clock shows now.
 [[nodiscard]] DateNumber TodaysDateNumber();
