@@ -5,91 +5,63 @@
 #include <cmath>
 #include <cstring>
 #include <limits>
+#include <memory>
 #include <new>
+#include <stdexcept>
 #include <unordered_map>
 #include <utility>
-#include <vector>
+
+#include "plist/nodes.h"
 
 namespace tallyfold::plist {
 
 namespace internal {
 
-// A shared immutable text: this header, then the characters.
-struct TextNode {
-  std::uint32_t references;
-  std::uint32_t length;
-
-  [[nodiscard]] const char* characters() const noexcept {
-    return reinterpret_cast<const char*>(this + 1);
+TextNode* TextNode::Make(std::string_view text) {
+  if (text.size() > std::numeric_limits<std::uint32_t>::max()) {
+    throw std::length_error("a text is longer than 4 GiB");
   }
-  [[nodiscard]] std::string_view view() const noexcept { return {characters(), length}; }
+  void* memory = ::operator new(sizeof(TextNode) + text.size());
+  auto* node = new (memory) TextNode{1, static_cast<std::uint32_t>(text.size())};
+  if (!text.empty()) std::memcpy(reinterpret_cast<char*>(node + 1), text.data(), text.size());
+  return node;
+}
 
-  static TextNode* Make(std::string_view text) {
-    void* memory = ::operator new(sizeof(TextNode) + text.size());
-    auto* node = new (memory) TextNode{1, static_cast<std::uint32_t>(text.size())};
-    if (!text.empty()) {
-      std::memcpy(reinterpret_cast<char*>(node + 1), text.data(), text.size());
+std::size_t DictionaryNode::Find(std::string_view key) {
+  // Beyond this many keys an index is made for look-ups out of order.
+  constexpr std::size_t kIndexThreshold = 16;
+
+  if (expected < items.size() && items[expected].key() == key) return expected++;
+  std::size_t position = kNotFound;
+  if (items.size() <= kIndexThreshold) {
+    for (std::size_t i = 0; i < items.size() && position == kNotFound; ++i) {
+      if (items[i].key() == key) position = i;
     }
-    return node;
-  }
-};
-
-struct ArrayNode {
-  std::uint32_t references = 1;
-  std::vector<Value> values;
-};
-
-// Beyond this many keys a dictionary finds them through an index.
-constexpr std::size_t kIndexThreshold = 16;
-
-struct DictionaryNode {
-  std::uint32_t references = 1;
-  std::vector<DictionaryItem> items;
-  std::unique_ptr<std::unordered_map<std::string_view, std::size_t>> index;
-
-  static constexpr std::size_t kNotFound = std::numeric_limits<std::size_t>::max();
-
-  [[nodiscard]] std::size_t Find(std::string_view key) const noexcept {
-    if (index) {
-      const auto found = index->find(key);
-      return found == index->end() ? kNotFound : found->second;
+  } else {
+    if (!index) index = std::make_unique<std::unordered_map<std::string_view, std::uint32_t>>();
+    // Items appended since the last look-up are taken in now.
+    for (std::size_t i = index->size(); i < items.size(); ++i) {
+      index->emplace(items[i].key(), static_cast<std::uint32_t>(i));
     }
-    for (std::size_t i = 0; i < items.size(); ++i) {
-      if (items[i].key() == key) return i;
-    }
-    return kNotFound;
+    const auto found = index->find(key);
+    if (found != index->end()) position = found->second;
   }
-
-  void Added() {
-    if (index) {
-      index->emplace(items.back().key(), items.size() - 1);
-    } else if (items.size() > kIndexThreshold) {
-      BuildIndex();
-    }
-  }
-
-  void BuildIndex() {
-    index = std::make_unique<std::unordered_map<std::string_view, std::size_t>>();
-    index->reserve(items.size() * 2);
-    for (std::size_t i = 0; i < items.size(); ++i) index->emplace(items[i].key(), i);
-  }
-};
+  if (position != kNotFound) expected = static_cast<std::uint32_t>(position + 1);
+  return position;
+}
 
 namespace {
 
-void Retain(TextNode* node) noexcept {
-  ++node->references;
-}
-void Release(TextNode* node) noexcept {
-  if (node != nullptr && --node->references == 0) ::operator delete(node);
-}
 template <typename Node>
-void RetainNode(Node* node) noexcept {
+void Retain(Node* node) noexcept {
   if (node != nullptr) ++node->references;
 }
+
 template <typename Node>
-void ReleaseNode(Node* node) noexcept {
-  if (node != nullptr && --node->references == 0) delete node;
+void Release(Node* node) noexcept {
+  if (node == nullptr || --node->references != 0) return;
+  std::destroy_at(node);
+  ::operator delete(node);
 }
 
 }  // namespace
@@ -97,8 +69,7 @@ void ReleaseNode(Node* node) noexcept {
 
 namespace {
 
-constexpr std::uint8_t kOnHeap = 0xFF;
-constexpr std::size_t kInlineCapacity = 14;
+constexpr std::size_t kNotFound = internal::DictionaryNode::kNotFound;
 
 const Value& NoneValue() noexcept {
   static const Value none;
@@ -116,7 +87,10 @@ double LeadingNumber(std::string_view text) noexcept {
   const std::size_t start = text.find_first_not_of(" \t\r\n");
   if (start == std::string_view::npos) return 0.0;
   text.remove_prefix(start);
-  if (text.front() == '+') text.remove_prefix(1);
+  if (text.front() == '+') {
+    text.remove_prefix(1);
+    if (text.starts_with('-')) return 0.0;
+  }
   double value = 0.0;
   const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), value);
   // Words such as "inf" and "nan" are no decimal numbers.
@@ -126,23 +100,6 @@ double LeadingNumber(std::string_view text) noexcept {
 }  // namespace
 
 // --- Value ------------------------------------------------------------------------------------
-
-template <typename T>
-T Value::Load() const noexcept {
-  T value;
-  std::memcpy(&value, bytes_, sizeof value);
-  return value;
-}
-
-template <typename T>
-void Value::Store(T value) noexcept {
-  std::memcpy(bytes_, &value, sizeof value);
-}
-
-void Value::SetTag(Kind kind, std::uint8_t length) noexcept {
-  bytes_[14] = static_cast<char>(length);
-  bytes_[15] = static_cast<char>(kind);
-}
 
 void Value::SetText(Kind kind, std::string_view text) {
   if (text.size() <= kInlineCapacity) {
@@ -154,96 +111,28 @@ void Value::SetText(Kind kind, std::string_view text) {
   }
 }
 
-Kind Value::kind() const noexcept {
-  return static_cast<Kind>(bytes_[15]);
-}
-
 void Value::Retain() const noexcept {
   switch (kind()) {
-    case Kind::String:
-    case Kind::Date:
-    case Kind::Data:
-      if (static_cast<std::uint8_t>(bytes_[14]) == kOnHeap) {
-        internal::Retain(Load<internal::TextNode*>());
-      }
-      break;
     case Kind::Array:
-      internal::RetainNode(Load<internal::ArrayNode*>());
-      break;
+      return internal::Retain(Load<internal::ArrayNode*>());
     case Kind::Dictionary:
-      internal::RetainNode(Load<internal::DictionaryNode*>());
-      break;
+      return internal::Retain(Load<internal::DictionaryNode*>());
     default:
-      break;
+      return internal::Retain(Load<internal::TextNode*>());
   }
 }
 
 void Value::Release() noexcept {
   switch (kind()) {
-    case Kind::String:
-    case Kind::Date:
-    case Kind::Data:
-      if (static_cast<std::uint8_t>(bytes_[14]) == kOnHeap) {
-        internal::Release(Load<internal::TextNode*>());
-      }
-      break;
     case Kind::Array:
-      internal::ReleaseNode(Load<internal::ArrayNode*>());
-      break;
+      return internal::Release(Load<internal::ArrayNode*>());
     case Kind::Dictionary:
-      internal::ReleaseNode(Load<internal::DictionaryNode*>());
-      break;
+      return internal::Release(Load<internal::DictionaryNode*>());
     default:
-      break;
+      return internal::Release(Load<internal::TextNode*>());
   }
 }
 
-Value::Value() noexcept : bytes_{} {}
-
-Value::Value(const Value& other) noexcept {
-  std::memcpy(bytes_, other.bytes_, sizeof bytes_);
-  Retain();
-}
-
-Value::Value(Value&& other) noexcept {
-  std::memcpy(bytes_, other.bytes_, sizeof bytes_);
-  other.SetTag(Kind::None, 0);
-}
-
-Value& Value::operator=(const Value& other) noexcept {
-  Value copy(other);
-  return *this = std::move(copy);
-}
-
-Value& Value::operator=(Value&& other) noexcept {
-  if (this == &other) return *this;
-  char old[sizeof bytes_];
-  std::memcpy(old, bytes_, sizeof bytes_);
-  std::memcpy(bytes_, other.bytes_, sizeof bytes_);
-  // The old content is freed by `other`, after this value no longer refers to it.
-  std::memcpy(other.bytes_, old, sizeof bytes_);
-  other.Release();
-  other.SetTag(Kind::None, 0);
-  return *this;
-}
-
-Value::~Value() {
-  Release();
-}
-
-Value::Value(bool value) noexcept : bytes_{} {
-  Store(value);
-  SetTag(Kind::Boolean, 0);
-}
-Value::Value(std::int32_t value) noexcept : Value(static_cast<std::int64_t>(value)) {}
-Value::Value(std::int64_t value) noexcept : bytes_{} {
-  Store(value);
-  SetTag(Kind::Integer, 0);
-}
-Value::Value(double value) noexcept : bytes_{} {
-  Store(value);
-  SetTag(Kind::Real, 0);
-}
 Value::Value(std::string_view text) : bytes_{} {
   SetText(Kind::String, text);
 }
@@ -251,21 +140,17 @@ Value::Value(const char* text) : Value(std::string_view(text)) {}
 Value::Value(const std::string& text) : Value(std::string_view(text)) {}
 Value::Value(Array array) noexcept : bytes_{} {
   Store(std::exchange(array.node_, nullptr));
-  SetTag(Kind::Array, 0);
+  SetTag(Kind::Array, kOnHeap);
 }
 Value::Value(Dictionary dictionary) noexcept : bytes_{} {
   Store(std::exchange(dictionary.node_, nullptr));
-  SetTag(Kind::Dictionary, 0);
+  SetTag(Kind::Dictionary, kOnHeap);
 }
 
 Value Value::Opaque(Kind kind, std::string_view text) {
   Value value;
   value.SetText(kind, text);
   return value;
-}
-
-bool Value::IsNumber() const noexcept {
-  return kind() == Kind::Integer || kind() == Kind::Real || kind() == Kind::Boolean;
 }
 
 std::int64_t Value::WideIntegerValue() const noexcept {
@@ -330,14 +215,14 @@ std::string_view Value::StringValue() const noexcept {
 Array Value::ArrayValue() const {
   if (!IsArray()) return Array();
   auto* node = Load<internal::ArrayNode*>();
-  internal::RetainNode(node);
+  internal::Retain(node);
   return Array(node);
 }
 
 Dictionary Value::DictionaryValue() const {
   if (!IsDictionary()) return Dictionary();
   auto* node = Load<internal::DictionaryNode*>();
-  internal::RetainNode(node);
+  internal::Retain(node);
   return Dictionary(node);
 }
 
@@ -375,9 +260,9 @@ bool operator==(const Value& a, const Value& b) {
 
 // --- Array ------------------------------------------------------------------------------------
 
-Array::Array() : node_(new internal::ArrayNode) {}
+Array::Array() : node_(internal::Access::MakeArray(0)) {}
 Array::Array(const Array& other) noexcept : node_(other.node_) {
-  internal::RetainNode(node_);
+  internal::Retain(node_);
 }
 Array::Array(Array&& other) noexcept : node_(std::exchange(other.node_, nullptr)) {}
 Array& Array::operator=(Array other) noexcept {
@@ -385,7 +270,7 @@ Array& Array::operator=(Array other) noexcept {
   return *this;
 }
 Array::~Array() {
-  internal::ReleaseNode(node_);
+  internal::Release(node_);
 }
 
 std::size_t Array::size() const noexcept {
@@ -397,55 +282,54 @@ const Value& Array::At(std::size_t index) const noexcept {
 }
 
 const Value* Array::begin() const noexcept {
-  return node_->values.data();
+  return node_->values.begin();
 }
 const Value* Array::end() const noexcept {
-  return begin() + size();
+  return node_->values.end();
 }
 void Array::Reserve(std::size_t count) {
-  node_->values.reserve(count);
+  node_->values.Reserve(count);
 }
 void Array::Append(Value value) {
-  node_->values.push_back(std::move(value));
+  node_->values.Append(std::move(value));
 }
 
 void Array::Set(std::size_t index, Value value) {
-  if (index < node_->values.size()) node_->values[index] = std::move(value);
+  if (index < size()) node_->values[index] = std::move(value);
 }
 
 void Array::Remove(std::size_t index) {
-  if (index < node_->values.size()) {
-    node_->values.erase(node_->values.begin() + static_cast<std::ptrdiff_t>(index));
-  }
+  if (index < size()) node_->values.Remove(index);
 }
 
 void Array::Clear() noexcept {
-  node_->values.clear();
+  node_->values.Clear();
 }
 
 void Array::Adopt(Value* values, std::size_t count) {
-  node_->values.assign(std::make_move_iterator(values), std::make_move_iterator(values + count));
+  Clear();
+  Reserve(count);
+  for (std::size_t i = 0; i < count; ++i) Append(std::move(values[i]));
 }
 
 Value Array::Take(std::size_t index) noexcept {
-  return index < node_->values.size() ? std::move(node_->values[index]) : Value();
+  return index < size() ? std::move(node_->values[index]) : Value();
 }
 
 Array Array::ShallowCopy() const {
-  Array copy;
-  copy.node_->values = node_->values;
+  Array copy(internal::Access::MakeArray(size()));
+  for (const Value& value : *this) copy.Append(value);
   return copy;
 }
 
 Array Array::DeepCopy() const {
-  Array copy;
-  copy.Reserve(size());
+  Array copy(internal::Access::MakeArray(size()));
   for (const Value& value : *this) copy.Append(value.DeepCopy());
   return copy;
 }
 
 bool operator==(const Array& a, const Array& b) {
-  return a.node_ == b.node_ || a.node_->values == b.node_->values;
+  return a.node_ == b.node_ || std::equal(a.begin(), a.end(), b.begin(), b.end());
 }
 
 // --- Key --------------------------------------------------------------------------------------
@@ -468,9 +352,9 @@ std::string_view Key::text() const noexcept {
 
 // --- Dictionary -------------------------------------------------------------------------------
 
-Dictionary::Dictionary() : node_(new internal::DictionaryNode) {}
+Dictionary::Dictionary() : node_(internal::Access::MakeDictionary(0)) {}
 Dictionary::Dictionary(const Dictionary& other) noexcept : node_(other.node_) {
-  internal::RetainNode(node_);
+  internal::Retain(node_);
 }
 Dictionary::Dictionary(Dictionary&& other) noexcept : node_(std::exchange(other.node_, nullptr)) {}
 Dictionary& Dictionary::operator=(Dictionary other) noexcept {
@@ -478,7 +362,7 @@ Dictionary& Dictionary::operator=(Dictionary other) noexcept {
   return *this;
 }
 Dictionary::~Dictionary() {
-  internal::ReleaseNode(node_);
+  internal::Release(node_);
 }
 
 std::size_t Dictionary::size() const noexcept {
@@ -486,71 +370,65 @@ std::size_t Dictionary::size() const noexcept {
 }
 
 bool Dictionary::Has(std::string_view key) const noexcept {
-  return node_->Find(key) != internal::DictionaryNode::kNotFound;
+  return node_->Find(key) != kNotFound;
 }
 
 const Value& Dictionary::Get(std::string_view key) const noexcept {
   const std::size_t position = node_->Find(key);
-  return position == internal::DictionaryNode::kNotFound ? NoneValue()
-                                                         : node_->items[position].value_;
+  return position == kNotFound ? NoneValue() : node_->items[position].value_;
 }
 
 const DictionaryItem* Dictionary::begin() const noexcept {
-  return node_->items.data();
+  return node_->items.begin();
 }
 const DictionaryItem* Dictionary::end() const noexcept {
-  return begin() + size();
+  return node_->items.end();
 }
 void Dictionary::Reserve(std::size_t count) {
-  node_->items.reserve(count);
+  node_->items.Reserve(count);
 }
 
 void Dictionary::Set(std::string_view key, Value value) {
   if (value.IsNone()) return Remove(key);
   const std::size_t position = node_->Find(key);
-  if (position != internal::DictionaryNode::kNotFound) {
+  if (position == kNotFound) {
+    node_->items.Append({Key(key), std::move(value)});
+  } else {
     node_->items[position].value_ = std::move(value);
-    return;
   }
-  node_->items.emplace_back(Key(key), std::move(value));
-  node_->Added();
 }
 
 void Dictionary::Set(const Key& key, Value value) {
   if (value.IsNone()) return Remove(key.text());
   const std::size_t position = node_->Find(key.text());
-  if (position != internal::DictionaryNode::kNotFound) {
+  if (position == kNotFound) {
+    node_->items.Append({key, std::move(value)});
+  } else {
     node_->items[position].value_ = std::move(value);
-    return;
   }
-  node_->items.emplace_back(key, std::move(value));
-  node_->Added();
 }
 
 void Dictionary::Remove(std::string_view key) {
   const std::size_t position = node_->Find(key);
-  if (position == internal::DictionaryNode::kNotFound) return;
+  if (position == kNotFound) return;
   // The index refers to the key texts, so it goes before they do.
   node_->index.reset();
-  node_->items.erase(node_->items.begin() + static_cast<std::ptrdiff_t>(position));
-  if (node_->items.size() > internal::kIndexThreshold) node_->BuildIndex();
+  node_->items.Remove(position);
 }
 
 void Dictionary::Clear() noexcept {
   node_->index.reset();
-  node_->items.clear();
+  node_->items.Clear();
 }
 
 Value Dictionary::Take(std::string_view key) noexcept {
   const std::size_t position = node_->Find(key);
-  if (position == internal::DictionaryNode::kNotFound) return Value();
-  return std::move(node_->items[position].value_);
+  return position == kNotFound ? Value() : std::move(node_->items[position].value_);
 }
 
 Dictionary Dictionary::ShallowCopy() const {
-  Dictionary copy;
-  copy.node_->items = node_->items;
-  if (node_->index) copy.node_->BuildIndex();
+  Dictionary copy(internal::Access::MakeDictionary(size()));
+  for (const DictionaryItem& item : *this) copy.node_->items.Append(item);
   return copy;
 }
 

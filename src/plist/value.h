@@ -2,7 +2,7 @@
 
 #include <cstddef>
 #include <cstdint>
-#include <memory>
+#include <cstring>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -32,6 +32,7 @@ namespace internal {
 struct TextNode;
 struct ArrayNode;
 struct DictionaryNode;
+class Access;
 }  // namespace internal
 
 // One property-list value in 16 bytes. Short texts (up to 14 bytes) live inside it.
@@ -44,17 +45,40 @@ struct DictionaryNode;
 // `kMaximumDepth` levels and records add a handful, so that depth is bounded.
 class Value {
  public:
-  Value() noexcept;
-  Value(const Value& other) noexcept;
-  Value(Value&& other) noexcept;
-  Value& operator=(const Value& other) noexcept;
-  Value& operator=(Value&& other) noexcept;
-  ~Value();
+  Value() noexcept : bytes_{} {}
+  Value(const Value& other) noexcept {
+    std::memcpy(bytes_, other.bytes_, sizeof bytes_);
+    if (IsShared()) Retain();
+  }
+  Value(Value&& other) noexcept {
+    std::memcpy(bytes_, other.bytes_, sizeof bytes_);
+    other.SetTag(Kind::None, 0);
+  }
+  Value& operator=(const Value& other) noexcept { return *this = Value(other); }
+  Value& operator=(Value&& other) noexcept {
+    // The old content, which may own `other`, is freed when this value no longer refers to it.
+    Value taken(std::move(other));
+    std::swap(bytes_, taken.bytes_);
+    return *this;
+  }
+  ~Value() {
+    if (IsShared()) Release();
+  }
 
-  Value(bool value) noexcept;  // NOLINT(google-explicit-constructor): values are literals
-  Value(std::int32_t value) noexcept;
-  Value(std::int64_t value) noexcept;
-  Value(double value) noexcept;
+  Value(bool value) noexcept  // NOLINT(google-explicit-constructor): values are literals
+      : bytes_{} {
+    Store(value);
+    SetTag(Kind::Boolean, 0);
+  }
+  Value(std::int32_t value) noexcept : Value(static_cast<std::int64_t>(value)) {}
+  Value(std::int64_t value) noexcept : bytes_{} {
+    Store(value);
+    SetTag(Kind::Integer, 0);
+  }
+  Value(double value) noexcept : bytes_{} {
+    Store(value);
+    SetTag(Kind::Real, 0);
+  }
   Value(std::string_view text);
   Value(const char* text);
   Value(const std::string& text);
@@ -67,13 +91,15 @@ class Value {
   // A date or data element with its text as it stood in the file. `kind` is Date or Data.
   [[nodiscard]] static Value Opaque(Kind kind, std::string_view text);
 
-  [[nodiscard]] Kind kind() const noexcept;
+  [[nodiscard]] Kind kind() const noexcept { return static_cast<Kind>(bytes_[15]); }
   [[nodiscard]] bool IsNone() const noexcept { return kind() == Kind::None; }
   [[nodiscard]] bool IsString() const noexcept { return kind() == Kind::String; }
   [[nodiscard]] bool IsArray() const noexcept { return kind() == Kind::Array; }
   [[nodiscard]] bool IsDictionary() const noexcept { return kind() == Kind::Dictionary; }
   // Integers, reals and booleans stand for one another.
-  [[nodiscard]] bool IsNumber() const noexcept;
+  [[nodiscard]] bool IsNumber() const noexcept {
+    return kind() >= Kind::Boolean && kind() <= Kind::Real;
+  }
 
   // Numbers as another number: a real is truncated toward zero and saturates at the 32-bit range
   // (not-a-number reads 0), an integer outside 32 bits keeps its low 32 bits, a boolean is 1 or 0.
@@ -99,20 +125,35 @@ class Value {
   friend bool operator==(const Value& a, const Value& b);
 
  private:
-  friend class Array;
-  friend class Dictionary;
+  friend class internal::Access;
 
-  void Release() noexcept;
+  static constexpr std::size_t kInlineCapacity = 14;
+  static constexpr std::uint8_t kOnHeap = 0xFF;
+
+  // Whether the content is a node with a count of references.
+  [[nodiscard]] bool IsShared() const noexcept {
+    return static_cast<std::uint8_t>(bytes_[14]) == kOnHeap;
+  }
   void Retain() const noexcept;
-  void SetTag(Kind kind, std::uint8_t length) noexcept;
+  void Release() noexcept;
+  void SetTag(Kind kind, std::uint8_t length) noexcept {
+    bytes_[14] = static_cast<char>(length);
+    bytes_[15] = static_cast<char>(kind);
+  }
   void SetText(Kind kind, std::string_view text);
   template <typename T>
-  [[nodiscard]] T Load() const noexcept;
+  [[nodiscard]] T Load() const noexcept {
+    T value;
+    std::memcpy(&value, bytes_, sizeof value);
+    return value;
+  }
   template <typename T>
-  void Store(T value) noexcept;
+  void Store(T value) noexcept {
+    std::memcpy(bytes_, &value, sizeof value);
+  }
 
-  // Bytes 0 to 13 hold the payload or a short text; byte 14 the text's length (or kOnHeap), byte
-  // 15 the kind.
+  // Bytes 0 to 13 hold the payload or a short text; byte 14 the length of a short text, or kOnHeap
+  // where the payload is a pointer to a node; byte 15 the kind.
   alignas(8) char bytes_[16];
 };
 
@@ -156,6 +197,7 @@ class Array {
 
  private:
   friend class Value;
+  friend class internal::Access;
   explicit Array(internal::ArrayNode* node) noexcept : node_(node) {}
   internal::ArrayNode* node_;
 };
@@ -182,6 +224,7 @@ class DictionaryItem {
 
  private:
   friend class Dictionary;
+  friend class internal::Access;
   Key key_;
   Value value_;
 };
@@ -222,6 +265,7 @@ class Dictionary {
 
  private:
   friend class Value;
+  friend class internal::Access;
   explicit Dictionary(internal::DictionaryNode* node) noexcept : node_(node) {}
   internal::DictionaryNode* node_;
 };

@@ -1,0 +1,385 @@
+#include "plist/reader.h"
+
+#include <algorithm>
+#include <cstdint>
+#include <limits>
+#include <optional>
+#include <utility>
+#include <vector>
+
+#include "plist/key_table.h"
+#include "plist/nodes.h"
+#include "plist/numbers.h"
+#include "plist/utf16.h"
+#include "plist/utf8.h"
+#include "plist/xml_scanner.h"
+
+namespace tallyfold::plist {
+namespace {
+
+enum class Element : std::uint8_t {
+  Plist,
+  Dictionary,
+  Array,
+  Key,
+  String,
+  Integer,
+  Real,
+  True,
+  False,
+  Date,
+  Data,
+};
+
+constexpr std::string_view kElementNames[] = {"plist", "dict", "array", "key",  "string", "integer",
+                                              "real",  "true", "false", "date", "data"};
+
+std::string_view NameOf(Element element) noexcept {
+  return kElementNames[static_cast<std::size_t>(element)];
+}
+
+std::optional<Element> ElementWithName(std::string_view name) noexcept {
+  const auto* found = std::find(std::begin(kElementNames), std::end(kElementNames), name);
+  if (found == std::end(kElementNames)) return std::nullopt;
+  return static_cast<Element>(found - std::begin(kElementNames));
+}
+
+// Builds values bottom up. The finished values of all open containers lie on one stack, the keys of
+// all open dictionaries on another; when a container ends, its part of them moves into memory of
+// just its size.
+class DocumentReader {
+ public:
+  explicit DocumentReader(std::string_view document) : scanner_(document) {}
+
+  [[nodiscard]] bool Read() { return ReadStart() && ReadElements() && ReadEnd(); }
+  [[nodiscard]] Value TakeValue() { return std::move(values_.front()); }
+  [[nodiscard]] const XmlScanner::Failure& failure() const noexcept { return scanner_.failure(); }
+
+ private:
+  struct Level {
+    Element element;
+    std::uint32_t first_value;
+    std::uint32_t first_key;
+  };
+  struct OpeningTag {
+    Element element;
+    bool is_empty;
+  };
+
+  [[nodiscard]] bool ReadStart();
+  [[nodiscard]] bool ReadEnd();
+  [[nodiscard]] bool ReadElements();
+  [[nodiscard]] bool ReadOpeningTag(OpeningTag& tag);
+  [[nodiscard]] bool CheckPlace(Element element, const char* where);
+  [[nodiscard]] bool ReadElement(OpeningTag tag, const char* where);
+  [[nodiscard]] bool ReadKey(bool is_empty);
+  [[nodiscard]] bool ReadInteger(bool is_empty, const char* where);
+  [[nodiscard]] bool ReadReal(bool is_empty, const char* where);
+  [[nodiscard]] bool ReadText(Element element, bool is_empty, std::string_view& text);
+  [[nodiscard]] bool Open(Element element, const char* where);
+  [[nodiscard]] bool Close();
+  void MakeContainer(const Level& level);
+
+  XmlScanner scanner_;
+  std::vector<Level> levels_;
+  std::vector<Value> values_;
+  std::vector<KeyTable::Entry*> keys_;
+  KeyTable key_table_;
+  KeyTable::Entry* last_key_ = nullptr;
+  std::uint32_t dictionary_count_ = 0;
+};
+
+bool DocumentReader::ReadStart() {
+  if (scanner_.Skip("bplist")) return scanner_.Fail("a binary property list");
+  if (!scanner_.SkipToTag()) return false;
+  if (scanner_.IsAt(scanner_.cursor(), "<!DOCTYPE")) {
+    if (!scanner_.SkipDocumentType() || !scanner_.SkipToTag()) return false;
+  }
+  const char* start = scanner_.cursor();
+  XmlScanner::Tag tag;
+  if (!scanner_.ReadOpeningTag(tag)) return false;
+  if (tag.name != NameOf(Element::Plist)) return scanner_.Fail("<plist> is expected", start);
+  if (tag.is_empty) return scanner_.Fail("a property list without a value", start);
+  levels_.push_back({Element::Plist, 0, 0});
+  return true;
+}
+
+bool DocumentReader::ReadEnd() {
+  if (!scanner_.SkipMisc(false)) return false;
+  return scanner_.IsAtEnd() || scanner_.Fail("something after the end of the property list");
+}
+
+bool DocumentReader::ReadElements() {
+  while (!levels_.empty()) {
+    if (!scanner_.SkipToTag()) return false;
+    const char* start = scanner_.cursor();
+    if (start[1] == '/') {
+      if (!Close()) return false;
+      continue;
+    }
+    OpeningTag tag;
+    if (!ReadOpeningTag(tag) || !CheckPlace(tag.element, start) || !ReadElement(tag, start)) {
+      return false;
+    }
+  }
+  return true;
+}
+
+bool DocumentReader::ReadOpeningTag(OpeningTag& tag) {
+  // The tags as they are usually written, by far the most frequent first.
+  const auto is_plain = [this, &tag](std::string_view text, Element element, bool is_empty) {
+    tag = {element, is_empty};
+    return scanner_.Skip(text);
+  };
+  switch (scanner_.cursor()[1]) {
+    case 'k':
+      if (is_plain("<key>", Element::Key, false)) return true;
+      break;
+    case 's':
+      if (is_plain("<string>", Element::String, false)) return true;
+      break;
+    case 'i':
+      if (is_plain("<integer>", Element::Integer, false)) return true;
+      break;
+    case 'r':
+      if (is_plain("<real>", Element::Real, false)) return true;
+      break;
+    case 't':
+      if (is_plain("<true/>", Element::True, true)) return true;
+      break;
+    case 'f':
+      if (is_plain("<false/>", Element::False, true)) return true;
+      break;
+    case 'd':
+      if (is_plain("<dict>", Element::Dictionary, false)) return true;
+      break;
+    case 'a':
+      if (is_plain("<array>", Element::Array, false)) return true;
+      break;
+    default:
+      break;
+  }
+  const char* start = scanner_.cursor();
+  XmlScanner::Tag found;
+  if (!scanner_.ReadOpeningTag(found)) return false;
+  const std::optional<Element> element = ElementWithName(found.name);
+  if (!element || *element == Element::Plist) {
+    return scanner_.Fail("an element that property lists do not have", start);
+  }
+  tag = {*element, found.is_empty};
+  return true;
+}
+
+bool DocumentReader::CheckPlace(Element element, const char* where) {
+  const Level& level = levels_.back();
+  const std::size_t value_count = values_.size() - level.first_value;
+  const bool expects_key =
+      level.element == Element::Dictionary && keys_.size() - level.first_key == value_count;
+  if (expects_key != (element == Element::Key)) {
+    return scanner_.Fail(expects_key ? "a value without a key" : "<key> where a value is expected",
+                         where);
+  }
+  if (level.element == Element::Plist && value_count != 0) {
+    return scanner_.Fail("a second value", where);
+  }
+  return true;
+}
+
+bool DocumentReader::ReadElement(OpeningTag tag, const char* where) {
+  std::string_view text;
+  switch (tag.element) {
+    case Element::Key:
+      return ReadKey(tag.is_empty);
+    case Element::String:
+      if (!ReadText(tag.element, tag.is_empty, text)) return false;
+      values_.emplace_back(text);
+      return true;
+    case Element::Integer:
+      return ReadInteger(tag.is_empty, where);
+    case Element::Real:
+      return ReadReal(tag.is_empty, where);
+    case Element::True:
+    case Element::False:
+      values_.emplace_back(tag.element == Element::True);
+      if (tag.is_empty) return true;
+      return scanner_.SkipToTag() && scanner_.ReadClosingTag(NameOf(tag.element));
+    case Element::Date:
+    case Element::Data:
+      if (!ReadText(tag.element, tag.is_empty, text)) return false;
+      values_.push_back(
+          Value::Opaque(tag.element == Element::Date ? Kind::Date : Kind::Data, text));
+      return true;
+    case Element::Plist:
+    case Element::Dictionary:
+    case Element::Array:
+      break;
+  }
+  if (!Open(tag.element, where)) return false;
+  if (tag.is_empty) {
+    MakeContainer(levels_.back());
+    levels_.pop_back();
+  }
+  return true;
+}
+
+bool DocumentReader::ReadText(Element element, bool is_empty, std::string_view& text) {
+  if (!is_empty) return scanner_.ReadText(NameOf(element), text);
+  text = {};
+  return true;
+}
+
+bool DocumentReader::ReadKey(bool is_empty) {
+  KeyTable::Entry* guess = last_key_ == nullptr ? nullptr : last_key_->successor;
+  if (guess != nullptr && !is_empty) {
+    const std::string_view text = guess->key.text();
+    if (scanner_.IsAt(scanner_.cursor(), text) &&
+        scanner_.SkipClosingTag(scanner_.cursor() + text.size(), "key")) {
+      keys_.push_back(guess);
+      last_key_ = guess;
+      return true;
+    }
+  }
+  std::string_view text;
+  if (!ReadText(Element::Key, is_empty, text)) return false;
+  KeyTable::Entry* entry = key_table_.Find(text);
+  if (last_key_ != nullptr) last_key_->successor = entry;
+  last_key_ = entry;
+  keys_.push_back(entry);
+  return true;
+}
+
+bool DocumentReader::ReadInteger(bool is_empty, const char* where) {
+  // Up to 18 digits cannot overflow; all else takes the long way.
+  const char* place = scanner_.cursor();
+  const char* limit = scanner_.end() - place > 18 ? place + 18 : scanner_.end();
+  std::int64_t number = 0;
+  for (; place != limit && *place >= '0' && *place <= '9'; ++place) {
+    number = number * 10 + (*place - '0');
+  }
+  if (!is_empty && place != scanner_.cursor() && scanner_.SkipClosingTag(place, "integer")) {
+    values_.emplace_back(number);
+    return true;
+  }
+  std::string_view text;
+  if (!ReadText(Element::Integer, is_empty, text)) return false;
+  const std::optional<std::int64_t> parsed = ParseInteger(text);
+  if (!parsed) return scanner_.Fail("an integer that is none or has more than 64 bits", where);
+  values_.emplace_back(*parsed);
+  return true;
+}
+
+bool DocumentReader::ReadReal(bool is_empty, const char* where) {
+  std::string_view text;
+  if (!ReadText(Element::Real, is_empty, text)) return false;
+  const std::optional<double> parsed = ParseReal(text);
+  if (!parsed) return scanner_.Fail("a real number that is none or cannot be held", where);
+  values_.emplace_back(*parsed);
+  return true;
+}
+
+bool DocumentReader::Open(Element element, const char* where) {
+  // The outermost level is <plist> itself.
+  if (levels_.size() > std::size_t{kMaximumDepth}) {
+    return scanner_.Fail("more than 512 levels", where);
+  }
+  levels_.push_back({element, static_cast<std::uint32_t>(values_.size()),
+                     static_cast<std::uint32_t>(keys_.size())});
+  return true;
+}
+
+bool DocumentReader::Close() {
+  const char* start = scanner_.cursor();
+  const Level level = levels_.back();
+  if (!scanner_.ReadClosingTag(NameOf(level.element))) return false;
+  if (level.element == Element::Plist) {
+    if (values_.empty()) return scanner_.Fail("a property list without a value", start);
+  } else {
+    if (level.element == Element::Dictionary &&
+        keys_.size() - level.first_key != values_.size() - level.first_value) {
+      return scanner_.Fail("a key without a value", start);
+    }
+    MakeContainer(level);
+  }
+  levels_.pop_back();
+  return true;
+}
+
+void DocumentReader::MakeContainer(const Level& level) {
+  Value* values = values_.data() + level.first_value;
+  const std::size_t count = values_.size() - level.first_value;
+  Value container;
+  if (level.element == Element::Array) {
+    internal::ArrayNode* node = internal::Access::MakeArray(count);
+    container = internal::Access::Handle(node);
+    for (std::size_t i = 0; i < count; ++i) node->values.Append(std::move(values[i]));
+  } else {
+    internal::DictionaryNode* node = internal::Access::MakeDictionary(count);
+    container = internal::Access::Handle(node);
+    ++dictionary_count_;
+    for (std::size_t i = 0; i < count; ++i) {
+      KeyTable::Entry& entry = *keys_[level.first_key + i];
+      if (entry.dictionary == dictionary_count_) {
+        internal::Access::MutableValue(node->items[entry.position]) = std::move(values[i]);
+      } else {
+        entry.dictionary = dictionary_count_;
+        entry.position = static_cast<std::uint32_t>(node->items.size());
+        node->items.Append({entry.key, std::move(values[i])});
+      }
+    }
+    keys_.resize(level.first_key);
+  }
+  values_.resize(level.first_value);
+  values_.push_back(std::move(container));
+}
+
+std::size_t LineAt(std::string_view text, std::size_t position) {
+  std::size_t line = 1;
+  for (std::size_t i = 0; i < position; ++i) {
+    const bool is_first_of_two = text[i] == '\r' && i + 1 < text.size() && text[i + 1] == '\n';
+    if (text[i] == '\n' || (text[i] == '\r' && !is_first_of_two)) ++line;
+  }
+  return line;
+}
+
+ReadResult Refusal(std::string message, std::string_view text, std::size_t position) {
+  ReadResult result;
+  result.error = std::move(message);
+  result.line = LineAt(text, position);
+  return result;
+}
+
+// `text` has no byte-order mark.
+ReadResult ReadUtf8(std::string_view text) {
+  if (text.size() > std::numeric_limits<std::uint32_t>::max()) {
+    return Refusal("a file of more than 4 GiB", text, 0);
+  }
+  const std::size_t valid = ValidUtf8Prefix(text);
+  if (valid != text.size()) return Refusal("bytes that are not UTF-8", text, valid);
+  DocumentReader reader(text);
+  if (!reader.Read()) {
+    return Refusal(reader.failure().message, text, reader.failure().position);
+  }
+  ReadResult result;
+  result.ok = true;
+  result.value = reader.TakeValue();
+  return result;
+}
+
+ReadResult ReadUtf16(std::string_view bytes, ByteOrder order) {
+  const Utf8Text converted = Utf16ToUtf8(bytes, order);
+  if (!converted.is_valid) {
+    return Refusal("bytes that are not UTF-16", converted.text, converted.text.size());
+  }
+  return ReadUtf8(converted.text);
+}
+
+}  // namespace
+
+ReadResult Read(std::string_view bytes) {
+  if (bytes.starts_with("\xFE\xFF")) return ReadUtf16(bytes.substr(2), ByteOrder::BigEndian);
+  if (bytes.starts_with("\xFF\xFE")) return ReadUtf16(bytes.substr(2), ByteOrder::LittleEndian);
+  if (bytes.starts_with("\xEF\xBB\xBF")) bytes.remove_prefix(3);
+  return ReadUtf8(bytes);
+}
+
+}  // namespace tallyfold::plist

@@ -1,0 +1,33 @@
+#pragma once
+
+#include <cstddef>
+#include <string>
+#include <string_view>
+
+#include "plist/value.h"
+
+namespace tallyfold::plist {
+
+struct ReadResult {
+  bool ok = false;
+  Value value;           // never none when ok, else none
+  std::string error;     // what is wrong, in English without a full stop; "" when ok
+  std::size_t line = 0;  // where, from 1; line ends are LF, CR or both together; 0 when ok
+};
+
+// Reads a whole XML property list in time linear in its size. `bytes` is needed only during the
+// call.
+//
+// Taken are UTF-8 with or without byte-order mark and, by its mark, UTF-16. Comments, processing
+// instructions and a document type without internal subset are skipped; numeric references may
+// name any character, also those control characters that XML leaves out. Numbers: integers of 64
+// bits, decimal or 0x hexadecimal, with or without sign; reals within a double's range, "nan" and
+// the infinities. White space around a number does not matter. Of a repeated key the last value
+// stands, in the first one's place.
+//
+// Refused are entity declarations, more than kMaximumDepth levels, text outside values, bytes that
+// are no valid text, and everything else that is no such file. Nothing of a refused file comes
+// back.
+[[nodiscard]] ReadResult Read(std::string_view bytes);
+
+}  // namespace tallyfold::plist

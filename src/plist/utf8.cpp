@@ -1,0 +1,115 @@
+#include "plist/utf8.h"
+
+#include <algorithm>
+#include <cstdint>
+#include <cstring>
+
+namespace tallyfold::plist {
+namespace {
+
+std::uint8_t Byte(char c) noexcept {
+  return static_cast<std::uint8_t>(c);
+}
+
+bool IsAsciiBlock(const char* block) noexcept {
+  std::uint64_t words[8];
+  std::memcpy(words, block, sizeof words);
+  std::uint64_t bits = 0;
+  for (const std::uint64_t word : words) bits |= word;
+  return (bits & 0x8080808080808080U) == 0;
+}
+
+// What the bytes at the start of a text that is not empty are.
+struct Sequence {
+  std::size_t length;  // at least 1
+  bool valid;          // one character; otherwise bytes to be replaced by one U+FFFD
+};
+
+Sequence FirstSequence(std::string_view text) noexcept {
+  const std::uint8_t lead = Byte(text[0]);
+  if (lead < 0x80) return {1, true};
+  if (lead < 0xC2 || lead > 0xF4) return {1, false};
+  const std::size_t length = lead < 0xE0 ? 2 : lead < 0xF0 ? 3 : 4;
+  // The second byte's range keeps out overlong forms, surrogates and what lies beyond U+10FFFF.
+  const std::uint8_t low = lead == 0xE0 ? 0xA0 : lead == 0xF0 ? 0x90 : 0x80;
+  const std::uint8_t high = lead == 0xED ? 0x9F : lead == 0xF4 ? 0x8F : 0xBF;
+  if (text.size() < 2 || Byte(text[1]) < low || Byte(text[1]) > high) return {1, false};
+  for (std::size_t i = 2; i < length; ++i) {
+    if (i >= text.size() || (Byte(text[i]) & 0xC0U) != 0x80) return {i, false};
+  }
+  return {length, true};
+}
+
+// `sequence` is one valid character.
+bool IsDroppedControl(std::string_view sequence) noexcept {
+  const std::uint8_t lead = Byte(sequence[0]);
+  if (lead < 0x20) return lead != '\t' && lead != '\n' && lead != '\r';
+  return lead == 0x7F || (lead == 0xC2 && Byte(sequence[1]) < 0xA0);
+}
+
+std::string Repaired(std::string_view text, bool drop_controls) {
+  std::string result;
+  result.reserve(text.size());
+  while (!text.empty()) {
+    const Sequence first = FirstSequence(text);
+    const std::string_view sequence = text.substr(0, first.length);
+    text.remove_prefix(first.length);
+    if (!first.valid) {
+      result += "\xEF\xBF\xBD";
+    } else if (!drop_controls || !IsDroppedControl(sequence)) {
+      result += sequence;
+    }
+  }
+  return result;
+}
+
+}  // namespace
+
+std::size_t ValidUtf8Prefix(std::string_view text) noexcept {
+  constexpr std::size_t kBlock = 64;
+  std::size_t position = 0;
+  while (position < text.size()) {
+    if (Byte(text[position]) < 0x80) {
+      while (position + kBlock <= text.size() && IsAsciiBlock(text.data() + position)) {
+        position += kBlock;
+      }
+      const std::size_t end = std::min(position + kBlock, text.size());
+      while (position < end && Byte(text[position]) < 0x80) ++position;
+    } else {
+      const Sequence sequence = FirstSequence(text.substr(position));
+      if (!sequence.valid) return position;
+      position += sequence.length;
+    }
+  }
+  return position;
+}
+
+std::string ToValidUtf8(std::string_view text) {
+  return Repaired(text, false);
+}
+
+std::string CleanText(std::string_view text) {
+  return Repaired(text, true);
+}
+
+void AppendUtf8(std::string& text, char32_t character) {
+  const auto append = [&text](char32_t byte) { text += static_cast<char>(byte); };
+  if (character < 0x80) {
+    append(character);
+    return;
+  }
+  if (character < 0x800) {
+    append(0xC0U | (character >> 6U));
+  } else {
+    if (character < 0x10000) {
+      append(0xE0U | (character >> 12U));
+    } else {
+      append(0xF0U | (character >> 18U));
+      append(0x80U | ((character >> 12U) & 0x3FU));
+    }
+    append(0x80U | ((character >> 6U) & 0x3FU));
+  }
+  append(0x80U | (character & 0x3FU));
+}
+
+}  // namespace tallyfold::plist

@@ -1,0 +1,28 @@
+#pragma once
+
+#include <cstddef>
+#include <string>
+#include <string_view>
+
+// UTF-8 as Unicode defines it: no overlong forms, no surrogates, nothing above U+10FFFF.
+namespace tallyfold::plist {
+
+// The number of bytes before the first that is no part of valid UTF-8; the size of a valid text.
+[[nodiscard]] std::size_t ValidUtf8Prefix(std::string_view text) noexcept;
+
+[[nodiscard]] inline bool IsValidUtf8(std::string_view text) noexcept {
+  return ValidUtf8Prefix(text) == text.size();
+}
+
+// The text with U+FFFD in place of each invalid sequence: of each longest run of bytes that begins
+// a character and breaks off, and of each other byte that can begin none.
+[[nodiscard]] std::string ToValidUtf8(std::string_view text);
+
+// What becomes of text that enters the program: valid UTF-8 as above, without control characters
+// (U+0000 to U+001F, U+007F to U+009F) other than tab, line feed and carriage return.
+[[nodiscard]] std::string CleanText(std::string_view text);
+
+// Appends a character, which is no surrogate and at most U+10FFFF.
+void AppendUtf8(std::string& text, char32_t character);
+
+}  // namespace tallyfold::plist
