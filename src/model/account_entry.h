@@ -35,8 +35,8 @@ class LDGRAccountEntry {
   LDGRAccountEntry& operator=(const LDGRAccountEntry&) = delete;
   virtual ~LDGRAccountEntry() = default;
 
-  // A deep copy (the copy has a split of its own; the schedule number is not copied). For null an
-  // entry whose every number is 0 rather than -1.
+  // A deep copy (the copy has a split of its own). For null an entry whose every number is 0 rather
+  // than -1. Of a subclass the copy has what an entry has.
   [[nodiscard]] static std::shared_ptr<LDGRAccountEntry> entryWithEntry(
       const LDGRAccountEntry* entry);
 
@@ -106,8 +106,9 @@ class LDGRAccountEntry {
   }
 
   // Register orders: 1, 0 or -1. The first difference of the named keys decides, the entry number
-  // last. Each reversed form is the exact mirror, ties included. Types are compared by name, looked
-  // up in the current account (see model/current_account.h).
+  // last. Each reversed form is the exact mirror, ties included. Texts compare ignoring case, types
+  // by name, looked up in the current account (see model/current_account.h); not-a-number comes
+  // before all amounts.
   [[nodiscard]] int NumberIsGreaterThan(const LDGRAccountEntry& other) const noexcept;
   [[nodiscard]] int NumberIsGreaterThan_Reversed(const LDGRAccountEntry& other) const noexcept;
   [[nodiscard]] int DateIsGreaterThan(const LDGRAccountEntry& other) const noexcept;
@@ -140,6 +141,11 @@ class LDGRAccountEntry {
   virtual void WriteOwnKeys(plist::Output& output) const;
 
  private:
+  struct Keys;
+
+  // What an entry itself stores, without what a subclass adds.
+  void WriteEntryKeys(plist::Output& output) const;
+
   void SetFlag(Flag flag, bool on) noexcept {
     entry_flags_ = on ? (entry_flags_ | flag) : (entry_flags_ & ~flag);
   }
@@ -155,7 +161,6 @@ class LDGRAccountEntry {
   std::int32_t entry_flags_ = 0;
   std::int32_t transfer_entry_ = -1;
   std::int32_t transfer_account_ = -1;
-  std::int32_t schedule_ = 0;  // part of the record; nothing reads, writes or stores it
   bool cleared_ = false;
   std::shared_ptr<LDGRAccountEntrySplit> split_;
 };

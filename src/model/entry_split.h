@@ -1,12 +1,12 @@
 #pragma once
 
-#include <array>
 #include <cstddef>
 #include <cstdint>
 #include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "plist/output.h"
 #include "plist/value.h"
@@ -41,7 +41,7 @@ class LDGRAccountEntrySplit {
   // Stores the amount rounded to cents. An index above 9 is logged and stores nothing.
   void SetAmount(double amount, std::size_t index);
   // An index above 9 changes nothing.
-  void SetEnabled(bool enabled, std::size_t index) noexcept;
+  void SetEnabled(bool enabled, std::size_t index);
 
   // "", 0.0 and false for an index above 9.
   [[nodiscard]] const std::string& GetDescription(std::size_t index) const noexcept;
@@ -52,10 +52,20 @@ class LDGRAccountEntrySplit {
   [[nodiscard]] double GetTotal() const noexcept;
 
  private:
-  std::array<std::string, kLines> descriptions_;
-  std::array<std::string, kLines> to_froms_;
-  std::array<double, kLines> amounts_{};
-  std::array<bool, kLines> states_{};
+  struct Line {
+    std::string description;
+    std::string to_from;
+    double amount = 0.0;
+    bool enabled = false;
+  };
+
+  void ReadTexts(const plist::Array& texts, std::string Line::*member);
+  // For an index below kLines.
+  [[nodiscard]] Line& MutableLine(std::size_t index);
+  [[nodiscard]] const Line& LineAt(std::size_t index) const noexcept;
+
+  // The first lines, as many as were ever used: of the ten most entries use two or three.
+  std::vector<Line> lines_;
 };
 
 // The one-line split of older files. Its keys are plural although they hold single values.

@@ -53,10 +53,9 @@ void WriteField(const Record& record, const Field<Record>& field, plist::Output&
       field.member);
 }
 
-// A missing or wrong value is logged and leaves the member as it was.
+// A missing (none) or wrong value is logged and leaves the member as it was.
 template <typename Record>
-void ReadField(Record& record, const Field<Record>& field, const plist::Dictionary& dictionary) {
-  const plist::Value& value = dictionary.Get(field.key);
+void ReadField(Record& record, const Field<Record>& field, const plist::Value& value) {
   if (value.IsNone()) return LogForKey(field.missing, field.key);
   const bool is_text = std::holds_alternative<std::string Record::*>(field.member);
   if (is_text ? !value.IsString() : !value.IsNumber()) return LogForKey(field.wrong, field.key);
@@ -75,6 +74,11 @@ void ReadField(Record& record, const Field<Record>& field, const plist::Dictiona
         }
       },
       field.member);
+}
+
+template <typename Record>
+void ReadField(Record& record, const Field<Record>& field, const plist::Dictionary& dictionary) {
+  ReadField(record, field, dictionary.Get(field.key));
 }
 
 }  // namespace tallyfold

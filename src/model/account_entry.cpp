@@ -1,0 +1,189 @@
+#include "model/account_entry.h"
+
+#include <array>
+#include <cstddef>
+
+#include "model/amounts.h"
+#include "model/field_table.h"
+
+namespace tallyfold {
+namespace {
+
+constexpr std::string_view kMissing =
+    "No %@ defined for theDictionary in LDGRAccountEntry:initWithDictionary";
+constexpr std::string_view kWrong =
+    "theValue is in the wrong format in LDGRAccountEntry:initWithDictionary";
+constexpr std::string_view kWrongNotes =
+    "notes are in the wrong format in LDGRAccountEntry:initWithDictionary";
+constexpr std::string_view kSilent;
+
+}  // namespace
+
+struct LDGRAccountEntry::Keys {
+  using Entry = LDGRAccountEntry;
+
+  // In the order of writing.
+  enum Index : std::size_t {
+    kDate,
+    kNumber,
+    kCheckNumber,
+    kEntryFlags,
+    kType,
+    kAmount,
+    kDescription,
+    kToFrom,
+    kCleared,
+    kNotes,
+    kTransferEntry,
+    kTransferAccount,
+    kSplit,
+    kCount
+  };
+
+  // The split, which comes last, is no plain field.
+  static constexpr std::string_view kSplitKey = "split";
+  static constexpr std::array<Field<Entry>, kSplit> kFields{{
+      {"date", &Entry::date_, kMissing, kWrong},
+      {"number", &Entry::number_, kMissing, kWrong},
+      {"checkNumber", &Entry::check_number_, kMissing, kWrong},
+      {"entryFlags", &Entry::entry_flags_, kMissing, kWrong},
+      {"type", &Entry::type_, kMissing, kWrong},
+      {"amount", &Entry::amount_, kMissing, kWrong},
+      {"description", &Entry::description_, kMissing, kWrong},
+      {"toFrom", &Entry::to_from_, kMissing, kWrong},
+      {"cleared", &Entry::cleared_, kMissing, kWrong},
+      {"notes", &Entry::notes_, kSilent, kWrongNotes},
+      {"transferEntry", &Entry::transfer_entry_, kSilent, kWrong},
+      {"transferAccount", &Entry::transfer_account_, kSilent, kWrong},
+  }};
+
+  using Values = std::array<const plist::Value*, kCount>;
+
+  // The values of all keys, none for those that are missing. Keys nearly always come in the order
+  // in which they are written, so each is first looked for behind the one before it: an entry
+  // costs one pass over its dictionary.
+  static Values Find(const plist::Dictionary& dictionary) {
+    static const plist::Value none;
+    Values values;
+    values.fill(&none);
+    std::size_t next = 0;
+    for (const plist::DictionaryItem& item : dictionary) {
+      const std::string_view key = item.key();
+      for (std::size_t tries = 0; tries < kCount; ++tries) {
+        const std::size_t index = next;
+        next = next + 1 == kCount ? 0 : next + 1;
+        if (key == (index == kSplit ? kSplitKey : kFields[index].key)) {
+          values[index] = &item.value();
+          break;
+        }
+      }
+    }
+    return values;
+  }
+
+  static void Read(Entry& entry, const Values& values, Index index) {
+    ReadField(entry, kFields[index], *values[index]);
+  }
+};
+
+LDGRAccountEntry::LDGRAccountEntry(const std::optional<plist::Dictionary>& dictionary) {
+  if (!dictionary) return;
+  const Keys::Values values = Keys::Find(*dictionary);
+  for (const Keys::Index index :
+       {Keys::kDate, Keys::kNumber, Keys::kCheckNumber, Keys::kEntryFlags}) {
+    Keys::Read(*this, values, index);
+  }
+  // A link without the flag of a transfer does not count.
+  if (IsTransfer()) {
+    Keys::Read(*this, values, Keys::kTransferEntry);
+    Keys::Read(*this, values, Keys::kTransferAccount);
+  }
+  for (const Keys::Index index : {Keys::kDescription, Keys::kType, Keys::kAmount, Keys::kToFrom,
+                                  Keys::kCleared, Keys::kNotes}) {
+    Keys::Read(*this, values, index);
+  }
+  const plist::Value& split = *values[Keys::kSplit];
+  if (split.IsDictionary()) {
+    split_ = std::make_shared<LDGRAccountEntrySplit>(split.DictionaryValue());
+  } else if (!split.IsNone()) {
+    Log(kWrong);
+  }
+}
+
+std::shared_ptr<LDGRAccountEntry> LDGRAccountEntry::entryWithEntry(const LDGRAccountEntry* entry) {
+  if (entry != nullptr) {
+    plist::TreeBuilder tree;
+    tree.BeginDictionary();
+    entry->WriteEntryKeys(tree);
+    tree.EndDictionary();
+    return std::make_shared<LDGRAccountEntry>(tree.Take().DictionaryValue());
+  }
+  auto blank = std::make_shared<LDGRAccountEntry>();
+  blank->number_ = 0;
+  blank->check_number_ = 0;
+  blank->type_ = 0;
+  blank->transfer_entry_ = 0;
+  blank->transfer_account_ = 0;
+  return blank;
+}
+
+void LDGRAccountEntry::WriteTo(plist::Output& output) const {
+  output.BeginDictionary();
+  WriteEntryKeys(output);
+  WriteOwnKeys(output);
+  output.EndDictionary();
+}
+
+void LDGRAccountEntry::WriteEntryKeys(plist::Output& output) const {
+  for (std::size_t index = 0; index < Keys::kFields.size(); ++index) {
+    const bool left_out =
+        (index == Keys::kNotes && notes_.empty()) ||
+        ((index == Keys::kTransferEntry || index == Keys::kTransferAccount) && !IsTransfer());
+    if (!left_out) WriteField(*this, Keys::kFields[index], output);
+  }
+  if (split_) {
+    output.Key(Keys::kSplitKey);
+    split_->WriteTo(output);
+  }
+}
+
+void LDGRAccountEntry::WriteOwnKeys(plist::Output& /*output*/) const {}
+
+plist::Dictionary LDGRAccountEntry::asDictionary() const {
+  plist::TreeBuilder tree;
+  WriteTo(tree);
+  return tree.Take().DictionaryValue();
+}
+
+void LDGRAccountEntry::SetDate(DateNumber date) noexcept {
+  if (date >= 0) date_ = date;
+}
+
+void LDGRAccountEntry::SetAmount(double amount) noexcept {
+  amount_ = RoundedAmount(amount);
+}
+
+double LDGRAccountEntry::GetAmount() const noexcept {
+  if (split_ && IsDeposit()) return split_->GetTotal();
+  if (split_ && IsDebit()) return 0.0 - split_->GetTotal();  // never a negative zero
+  return amount_;
+}
+
+void LDGRAccountEntry::SetDescription(std::optional<std::string_view> description) {
+  if (description) description_ = *description;
+}
+
+void LDGRAccountEntry::SetToFrom(std::optional<std::string_view> to_from) {
+  if (to_from) to_from_ = *to_from;
+}
+
+void LDGRAccountEntry::SetNotes(std::optional<std::string_view> notes) {
+  notes_ = notes.value_or("");
+}
+
+void LDGRAccountEntry::SetIsDebit(bool is_debit) noexcept {
+  SetFlag(kDebit, is_debit);
+  if (is_debit) entry_flags_ &= ~(kDeposit | kTransfer | kTransferOrigin);
+}
+
+}  // namespace tallyfold

@@ -1,0 +1,164 @@
+#include "model/entry_split.h"
+
+#include <algorithm>
+
+#include "model/amounts.h"
+#include "platform/ambient.h"
+
+namespace tallyfold {
+namespace {
+
+constexpr std::string_view kWrongFormat =
+    "theValue is in the wrong format in LDGRAccountEntrySplit:initWithDictionary";
+constexpr std::string_view kNoDescription =
+    "No description defined for theDictionary in LDGRAccountEntrySplit:initWithDictionary";
+constexpr std::string_view kNoToFroms =
+    "No toFroms defined for theDictionary in LDGRAccountEntrySplit:initWithDictionary";
+constexpr std::string_view kNoAmounts =
+    "No amounts defined for theDictionary in LDGRAccountEntrySplit:initWithDictionary";
+constexpr std::string_view kNoAmount =
+    "No amount defined for theDictionary in LDGRAccountEntrySplit:initWithDictionary";
+constexpr std::string_view kIndexOutOfRange =
+    "Split index out of range of split array in LDGRAccountEntrySplit:SetAmount";
+
+// The list under `key`; none, with a line in the log, when it is missing or no list.
+std::optional<plist::Array> ListFor(const plist::Dictionary& dictionary, std::string_view key,
+                                    std::string_view missing) {
+  const plist::Value& value = dictionary.Get(key);
+  if (value.IsArray()) return value.ArrayValue();
+  Log(value.IsNone() ? missing : kWrongFormat);
+  return std::nullopt;
+}
+
+}  // namespace
+
+LDGRAccountEntrySplit::LDGRAccountEntrySplit(const std::optional<plist::Dictionary>& dictionary) {
+  if (!dictionary) return;
+  if (const auto texts = ListFor(*dictionary, "descriptions", kNoDescription)) {
+    ReadTexts(*texts, &Line::description);
+  }
+  if (const auto texts = ListFor(*dictionary, "toFrom", kNoToFroms)) {
+    ReadTexts(*texts, &Line::to_from);
+  }
+  if (const auto amounts = ListFor(*dictionary, "amounts", kNoAmounts)) {
+    for (std::size_t i = amounts->size(); i-- > 0;) SetAmount(amounts->At(i).DoubleValue(), i);
+  }
+}
+
+// Lists are read from their ends, so that the lines grow once to what is used.
+void LDGRAccountEntrySplit::ReadTexts(const plist::Array& texts, std::string Line::*member) {
+  for (std::size_t i = std::min(texts.size(), kLines); i-- > 0;) {
+    const plist::Value& text = texts.At(i);
+    if (text.IsString() && !text.StringValue().empty()) MutableLine(i).*member = text.StringValue();
+  }
+}
+
+std::shared_ptr<LDGRAccountEntrySplit> LDGRAccountEntrySplit::splitWithSplit(
+    const LDGRAccountEntrySplit* split) {
+  if (split == nullptr) return nullptr;
+  return std::make_shared<LDGRAccountEntrySplit>(split->asDictionary());
+}
+
+void LDGRAccountEntrySplit::WriteTo(plist::Output& output) const {
+  output.BeginDictionary();
+  output.Key("descriptions");
+  output.BeginArray();
+  for (std::size_t i = 0; i < kLines; ++i) output.String(LineAt(i).description);
+  output.EndArray();
+  output.Key("toFrom");
+  output.BeginArray();
+  for (std::size_t i = 0; i < kLines; ++i) output.String(LineAt(i).to_from);
+  output.EndArray();
+  output.Key("amounts");
+  output.BeginArray();
+  for (std::size_t i = 0; i < kLines; ++i) output.Real(LineAt(i).amount);
+  output.EndArray();
+  output.EndDictionary();
+}
+
+plist::Dictionary LDGRAccountEntrySplit::asDictionary() const {
+  plist::TreeBuilder tree;
+  WriteTo(tree);
+  return tree.Take().DictionaryValue();
+}
+
+void LDGRAccountEntrySplit::SetDescription(std::optional<std::string_view> description,
+                                           std::size_t index) {
+  if (description && index < kLines) MutableLine(index).description = *description;
+}
+
+void LDGRAccountEntrySplit::SetToFrom(std::optional<std::string_view> to_from, std::size_t index) {
+  if (to_from && index < kLines) MutableLine(index).to_from = *to_from;
+}
+
+void LDGRAccountEntrySplit::SetAmount(double amount, std::size_t index) {
+  if (index >= kLines) return Log(kIndexOutOfRange);
+  const double rounded = RoundedAmount(amount);
+  if (rounded != LineAt(index).amount) MutableLine(index).amount = rounded;
+}
+
+void LDGRAccountEntrySplit::SetEnabled(bool enabled, std::size_t index) {
+  if (index < kLines) MutableLine(index).enabled = enabled;
+}
+
+const std::string& LDGRAccountEntrySplit::GetDescription(std::size_t index) const noexcept {
+  return LineAt(index).description;
+}
+
+const std::string& LDGRAccountEntrySplit::GetToFrom(std::size_t index) const noexcept {
+  return LineAt(index).to_from;
+}
+
+double LDGRAccountEntrySplit::GetAmount(std::size_t index) const noexcept {
+  return LineAt(index).amount;
+}
+
+bool LDGRAccountEntrySplit::GetEnabled(std::size_t index) const noexcept {
+  return LineAt(index).enabled;
+}
+
+double LDGRAccountEntrySplit::GetTotal() const noexcept {
+  double total = 0.0;
+  for (const Line& line : lines_) total += line.amount;
+  return total;
+}
+
+LDGRAccountEntrySplit::Line& LDGRAccountEntrySplit::MutableLine(std::size_t index) {
+  if (index >= lines_.size()) lines_.resize(index + 1);
+  return lines_[index];
+}
+
+const LDGRAccountEntrySplit::Line& LDGRAccountEntrySplit::LineAt(std::size_t index) const noexcept {
+  static const Line unused;
+  return index < lines_.size() ? lines_[index] : unused;
+}
+
+LDGRAccountEntrySplit_Old::LDGRAccountEntrySplit_Old(
+    const std::optional<plist::Dictionary>& dictionary) {
+  if (!dictionary) return;
+  const plist::Value& description = dictionary->Get("descriptions");
+  if (description.IsString()) {
+    description_ = description.StringValue();
+  } else {
+    Log(description.IsNone() ? kNoDescription : kWrongFormat);
+  }
+  const plist::Value& amount = dictionary->Get("amounts");
+  if (amount.IsNumber()) {
+    amount_ = amount.DoubleValue();
+  } else {
+    Log(amount.IsNone() ? kNoAmount : kWrongFormat);
+  }
+}
+
+plist::Dictionary LDGRAccountEntrySplit_Old::asDictionary() const {
+  plist::Dictionary dictionary;
+  if (description_) dictionary.Set("descriptions", *description_);
+  dictionary.Set("amounts", amount_);
+  return dictionary;
+}
+
+void LDGRAccountEntrySplit_Old::SetDescription(std::optional<std::string_view> description) {
+  if (description) description_ = *description;
+}
+
+}  // namespace tallyfold
