@@ -470,7 +470,6 @@ class LDGRAccount {
     NoteChange();
   }
 
-
   std::int32_t number_ = -1;
   std::int32_t version_ = kCurrentVersion;
   std::string name_;

@@ -1,0 +1,32 @@
+#pragma once
+
+#include <sys/types.h>
+
+#include <string>
+#include <vector>
+
+namespace tallyfold {
+
+// A program that was started and is ended with this object.
+class ChildProcess {
+ public:
+  ChildProcess() = default;
+  ChildProcess(const ChildProcess&) = delete;
+  ChildProcess& operator=(const ChildProcess&) = delete;
+  ~ChildProcess() { End(); }
+
+  // Ends the former one, then starts `program` (an absolute path, or a name to look for along
+  // PATH) with nothing to read and nowhere to write. False when it cannot be started.
+  bool Start(const std::string& program, const std::vector<std::string>& arguments);
+  [[nodiscard]] bool IsRunning();
+  void End() noexcept;
+
+ private:
+  pid_t pid_ = 0;  // 0: none
+};
+
+// Starts `program`, an absolute path, as a process that lives on by itself and leaves nothing for
+// us to clear away. It reads nothing, writes nowhere and complains on our standard error.
+bool StartDetached(const std::string& program, const std::vector<std::string>& arguments);
+
+}  // namespace tallyfold

@@ -1,0 +1,214 @@
+#include "system/posix_file_system.h"
+
+#include <dirent.h>
+#include <errno.h>
+#include <fcntl.h>
+#include <pwd.h>
+#include <sys/file.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <chrono>
+#include <cstdint>
+#include <cstdlib>
+#include <new>
+#include <string_view>
+#include <utility>
+
+#include "system/descriptor.h"
+
+namespace tallyfold {
+namespace {
+
+struct RegularFile {
+  Descriptor descriptor;
+  struct stat status = {};
+};
+
+std::optional<RegularFile> OpenRegularFile(const std::string& path) {
+  // Opening a pipe nobody writes to would wait for a writer.
+  RegularFile file;
+  file.descriptor = Descriptor(::open(path.c_str(), O_RDONLY | O_NONBLOCK | O_NOCTTY | O_CLOEXEC));
+  if (!file.descriptor.IsOpen() || ::fstat(file.descriptor.number(), &file.status) != 0 ||
+      !S_ISREG(file.status.st_mode)) {
+    return std::nullopt;
+  }
+  return file;
+}
+
+// The number of bytes read, less than `size` only at the end of the file; none on failure.
+std::optional<std::size_t> ReadUpTo(const Descriptor& file, char* bytes, std::size_t size) {
+  std::size_t done = 0;
+  while (done < size) {
+    const ssize_t count = ::read(file.number(), bytes + done, size - done);
+    if (count == 0) break;
+    if (count > 0) {
+      done += static_cast<std::size_t>(count);
+    } else if (errno != EINTR) {
+      return std::nullopt;
+    }
+  }
+  return done;
+}
+
+std::optional<FileContents> ReadAll(const RegularFile& file) {
+  // One byte more than the file should have shows the end without another allocation.
+  std::size_t capacity = static_cast<std::size_t>(file.status.st_size) + 1;
+  auto bytes = std::make_unique_for_overwrite<char[]>(capacity);
+  std::size_t size = 0;
+  for (;;) {
+    const auto count = ReadUpTo(file.descriptor, bytes.get() + size, capacity - size);
+    if (!count) return std::nullopt;
+    size += *count;
+    if (size < capacity) return FileContents(std::move(bytes), size);
+    // It has grown since it was opened, or is of those that do not tell their size.
+    capacity = std::max<std::size_t>(capacity * 2, 4096);
+    auto larger = std::make_unique_for_overwrite<char[]>(capacity);
+    std::copy_n(bytes.get(), size, larger.get());
+    bytes = std::move(larger);
+  }
+}
+
+class HeldLock final : public FolderLock {
+ public:
+  explicit HeldLock(Descriptor folder) : folder_(std::move(folder)) {}
+
+ private:
+  Descriptor folder_;
+};
+
+}  // namespace
+
+PosixFileSystem::PosixFileSystem() : PosixFileSystem(std::make_unique<FileCalls>()) {}
+
+PosixFileSystem::PosixFileSystem(std::unique_ptr<FileCalls> calls) : calls_(std::move(calls)) {}
+
+std::string PosixFileSystem::HomeFolder() const {
+  std::string home;
+  if (const char* variable = std::getenv("HOME"); variable != nullptr && variable[0] == '/') {
+    home = variable;
+  } else if (const struct passwd* user = ::getpwuid(::getuid()); user != nullptr) {
+    home = user->pw_dir;
+  }
+  while (home.ends_with('/')) home.pop_back();
+  return home;
+}
+
+bool PosixFileSystem::Exists(const std::string& path) const {
+  struct stat status = {};
+  return ::stat(path.c_str(), &status) == 0;
+}
+
+bool PosixFileSystem::IsFolder(const std::string& path) const {
+  struct stat status = {};
+  return ::stat(path.c_str(), &status) == 0 && S_ISDIR(status.st_mode);
+}
+
+std::optional<FileContents> PosixFileSystem::Read(const std::string& path) const {
+  const auto file = OpenRegularFile(path);
+  if (!file) return std::nullopt;
+  try {
+    return ReadAll(*file);
+  } catch (const std::bad_alloc&) {
+    return std::nullopt;
+  }
+}
+
+std::optional<FileIdentity> PosixFileSystem::Identity(const std::string& path) const {
+  struct stat status = {};
+  if (::stat(path.c_str(), &status) != 0) return std::nullopt;
+  FileIdentity identity;
+  identity.device = status.st_dev;
+  identity.inode = status.st_ino;
+  identity.size = static_cast<std::uint64_t>(status.st_size);
+  identity.modified_nanoseconds =
+      std::int64_t{status.st_mtim.tv_sec} * 1'000'000'000 + status.st_mtim.tv_nsec;
+  return identity;
+}
+
+std::optional<Instant> PosixFileSystem::CreationTime(const std::string& path) const {
+  struct statx status = {};
+  if (::statx(AT_FDCWD, path.c_str(), 0, STATX_BTIME | STATX_MTIME, &status) != 0) {
+    return std::nullopt;
+  }
+  const auto& stamp = (status.stx_mask & STATX_BTIME) != 0 ? status.stx_btime : status.stx_mtime;
+  return Instant(std::chrono::seconds{stamp.tv_sec} +
+                 std::chrono::milliseconds{stamp.tv_nsec / 1'000'000});
+}
+
+std::vector<std::string> PosixFileSystem::List(const std::string& folder) const {
+  const std::unique_ptr<DIR, int (*)(DIR*)> stream(::opendir(folder.c_str()), ::closedir);
+  std::vector<std::string> names;
+  if (!stream) return names;
+  for (;;) {
+    errno = 0;
+    const struct dirent* entry = ::readdir(stream.get());
+    if (entry == nullptr) break;
+    const std::string_view name = entry->d_name;
+    if (name != "." && name != "..") names.emplace_back(name);
+  }
+  if (errno != 0) names.clear();
+  return names;
+}
+
+bool PosixFileSystem::WriteAtomically(const std::string& path, NewFileMode mode,
+                                      const Producer& produce) {
+  std::optional<mode_t> new_mode;
+  if (mode == NewFileMode::Private) new_mode = 0600;
+  return WriteFileAtomically(*calls_, path, new_mode, [&produce](ByteSink& sink) {
+    produce(sink);
+    return true;
+  });
+}
+
+bool PosixFileSystem::Copy(const std::string& from, const std::string& to) {
+  const auto file = OpenRegularFile(from);
+  if (!file) return false;
+  const auto produce = [&file](ByteSink& sink) {
+    constexpr std::size_t kBlock = std::size_t{256} * 1024;
+    const auto block = std::make_unique_for_overwrite<char[]>(kBlock);
+    for (;;) {
+      const auto count = ReadUpTo(file->descriptor, block.get(), kBlock);
+      if (!count) return false;
+      sink.Append({block.get(), *count});
+      if (*count < kBlock) return true;
+    }
+  };
+  return WriteFileAtomically(*calls_, to, file->status.st_mode & 0777, produce);
+}
+
+bool PosixFileSystem::CreateFolder(const std::string& path) {
+  return ::mkdir(path.c_str(), 0777) == 0;
+}
+
+void PosixFileSystem::AddPermissions(const std::string& path, unsigned bits) {
+  struct stat status = {};
+  if (::stat(path.c_str(), &status) != 0) return;
+  const mode_t wanted = (status.st_mode | bits) & 07777;
+  if (wanted != (status.st_mode & 07777)) {
+    [[maybe_unused]] const int ignored = ::chmod(path.c_str(), wanted);
+  }
+}
+
+void PosixFileSystem::SetCustomBadgeIcon(const std::string& /*path*/,
+                                         const std::string& /*resource*/) {}
+
+void PosixFileSystem::RemoveTemporaries(const std::string& folder) {
+  for (const std::string& name : List(folder)) {
+    if (name.starts_with(kTemporaryPrefix)) ::unlink((folder + '/' + name).c_str());
+  }
+}
+
+LockResult PosixFileSystem::LockFolder(const std::string& folder,
+                                       std::unique_ptr<FolderLock>& lock) {
+  Descriptor descriptor(::open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+  if (!descriptor.IsOpen()) return LockResult::Unavailable;
+  if (::flock(descriptor.number(), LOCK_EX | LOCK_NB) != 0) {
+    return errno == EWOULDBLOCK ? LockResult::HeldByOther : LockResult::Unavailable;
+  }
+  lock = std::make_unique<HeldLock>(std::move(descriptor));
+  return LockResult::Held;
+}
+
+}  // namespace tallyfold
