@@ -1,0 +1,258 @@
+#include "fakes/fake_file_system.h"
+
+#include <algorithm>
+#include <charconv>
+
+#include "platform/ambient.h"
+
+namespace tallyfold {
+namespace {
+
+std::string FolderOf(const std::string& path) {
+  const std::size_t slash = path.rfind('/');
+  return slash == 0 || slash == std::string::npos ? "/" : path.substr(0, slash);
+}
+
+std::string Octal(unsigned bits) {
+  std::string digits(12, '0');
+  digits.resize(static_cast<std::size_t>(
+      std::to_chars(digits.data(), digits.data() + digits.size(), bits, 8).ptr - digits.data()));
+  return digits;
+}
+
+class StringSink final : public ByteSink {
+ public:
+  void Append(std::string_view bytes) override { content.append(bytes); }
+  std::string content;
+};
+
+}  // namespace
+
+class FakeFileSystem::Lock final : public FolderLock {
+ public:
+  Lock(std::shared_ptr<std::set<std::string>> locked, std::string folder)
+      : locked_(std::move(locked)), folder_(std::move(folder)) {}
+  ~Lock() override { locked_->erase(folder_); }
+  Lock(const Lock&) = delete;
+  Lock& operator=(const Lock&) = delete;
+
+ private:
+  std::shared_ptr<std::set<std::string>> locked_;
+  std::string folder_;
+};
+
+FakeFileSystem::FakeFileSystem() : locked_(std::make_shared<std::set<std::string>>()) {
+  nodes_["/"] = MakeNode(Kind::Folder, "", 0755);
+  AddFolder(HomeFolder());
+}
+
+bool FakeFileSystem::Exists(const std::string& path) const {
+  return Find(path) != nullptr;
+}
+
+bool FakeFileSystem::IsFolder(const std::string& path) const {
+  const Node* node = Find(path);
+  return node != nullptr && node->kind == Kind::Folder;
+}
+
+std::optional<FileContents> FakeFileSystem::Read(const std::string& path) const {
+  const Node* node = Find(path);
+  if (!StepSucceeds() || failing_paths_.contains(path) || node == nullptr ||
+      node->kind != Kind::File) {
+    return std::nullopt;
+  }
+  auto bytes = std::make_unique<char[]>(node->content.size());
+  std::copy(node->content.begin(), node->content.end(), bytes.get());
+  return FileContents(std::move(bytes), node->content.size());
+}
+
+std::optional<FileIdentity> FakeFileSystem::Identity(const std::string& path) const {
+  const Node* node = Find(path);
+  if (node == nullptr) return std::nullopt;
+  return FileIdentity{1, node->inode, node->content.size(), node->modified};
+}
+
+std::optional<Instant> FakeFileSystem::CreationTime(const std::string& path) const {
+  const Node* node = Find(path);
+  if (node == nullptr) return std::nullopt;
+  return node->created;
+}
+
+std::vector<std::string> FakeFileSystem::List(const std::string& folder) const {
+  std::vector<std::string> names;
+  if (!IsFolder(folder) || failing_paths_.contains(folder)) return names;
+  const std::string prefix = folder == "/" ? folder : folder + '/';
+  for (const auto& [path, node] : nodes_) {
+    if (path.size() > prefix.size() && path.starts_with(prefix) &&
+        path.find('/', prefix.size()) == std::string::npos) {
+      names.push_back(path.substr(prefix.size()));
+    }
+  }
+  // Nobody may rely on an order.
+  std::reverse(names.begin(), names.end());
+  return names;
+}
+
+bool FakeFileSystem::WriteAtomically(const std::string& path, NewFileMode mode,
+                                     const Producer& produce) {
+  StringSink sink;
+  produce(sink);
+  if (!Write(path, mode == NewFileMode::Private ? 0600 : 0644, std::move(sink.content))) {
+    return false;
+  }
+  changes_.push_back("write " + path);
+  return true;
+}
+
+bool FakeFileSystem::Copy(const std::string& from, const std::string& to) {
+  const auto source = Read(from);
+  if (!source || !Write(to, Mode(from), std::string(source->view()))) return false;
+  changes_.push_back("copy " + from + ' ' + to);
+  return true;
+}
+
+bool FakeFileSystem::CreateFolder(const std::string& path) {
+  if (!StepSucceeds() || failing_paths_.contains(path) || Exists(path) ||
+      !IsFolder(FolderOf(path))) {
+    return false;
+  }
+  nodes_[path] = MakeNode(Kind::Folder, "", 0755);
+  changes_.push_back("folder " + path);
+  return true;
+}
+
+void FakeFileSystem::AddPermissions(const std::string& path, unsigned bits) {
+  const auto found = nodes_.find(path);
+  if (found == nodes_.end()) return;
+  found->second.mode |= bits;
+  changes_.push_back("permissions " + path + ' ' + Octal(bits));
+}
+
+void FakeFileSystem::SetCustomBadgeIcon(const std::string& path, const std::string& resource) {
+  changes_.push_back("badge " + path + ' ' + resource);
+}
+
+void FakeFileSystem::RemoveTemporaries(const std::string& folder) {
+  for (const std::string& name : List(folder)) {
+    if (name.starts_with(kTemporaryPrefix)) nodes_.erase(folder + '/' + name);
+  }
+}
+
+LockResult FakeFileSystem::LockFolder(const std::string& folder,
+                                      std::unique_ptr<FolderLock>& lock) {
+  if (!IsFolder(folder)) return LockResult::Unavailable;
+  if (locked_by_other_.contains(folder) || !locked_->insert(folder).second) {
+    return LockResult::HeldByOther;
+  }
+  lock = std::make_unique<Lock>(locked_, folder);
+  return LockResult::Held;
+}
+
+void FakeFileSystem::AddFile(const std::string& path, std::string_view content, unsigned mode) {
+  AddFolder(FolderOf(path));
+  nodes_[path] = MakeNode(Kind::File, content, mode);
+}
+
+void FakeFileSystem::AddFolder(const std::string& path) {
+  for (std::string folder = path; !Exists(folder); folder = FolderOf(folder)) {
+    nodes_[folder] = MakeNode(Kind::Folder, "", 0755);
+  }
+}
+
+void FakeFileSystem::AddPipe(const std::string& path) {
+  AddFolder(FolderOf(path));
+  nodes_[path] = MakeNode(Kind::Pipe, "", 0644);
+}
+
+void FakeFileSystem::Remove(const std::string& path) {
+  std::erase_if(nodes_, [inside = path + '/', &path](const auto& node) {
+    return node.first == path || node.first.starts_with(inside);
+  });
+}
+
+void FakeFileSystem::SetCreationTime(const std::string& path, Instant time) {
+  nodes_.at(path).created = time;
+}
+
+std::optional<std::string> FakeFileSystem::Content(const std::string& path) const {
+  const Node* node = Find(path);
+  if (node == nullptr || node->kind != Kind::File) return std::nullopt;
+  return node->content;
+}
+
+unsigned FakeFileSystem::Mode(const std::string& path) const {
+  const Node* node = Find(path);
+  return node == nullptr ? 0 : node->mode;
+}
+
+void FakeFileSystem::FailAtStep(std::size_t step, Failing failing) {
+  steps_ = 0;
+  failing_step_ = step;
+  failing_ = failing;
+}
+
+void FakeFileSystem::StopFailing() {
+  steps_ = 0;
+  failing_step_ = 0;
+}
+
+const FakeFileSystem::Node* FakeFileSystem::Find(const std::string& path) const {
+  const auto found = nodes_.find(path);
+  return found == nodes_.end() ? nullptr : &found->second;
+}
+
+bool FakeFileSystem::StepSucceeds() const {
+  ++steps_;
+  if (failing_step_ == 0) return true;
+  return failing_ == Failing::Once ? steps_ != failing_step_ : steps_ < failing_step_;
+}
+
+FakeFileSystem::Node FakeFileSystem::MakeNode(Kind kind, std::string_view content, unsigned mode) {
+  Node node;
+  node.kind = kind;
+  node.content = content;
+  node.mode = mode;
+  node.inode = ++last_inode_;
+  // Two writes within one tick of the clock still leave different times.
+  node.modified = CurrentClock().Now().time_since_epoch().count() * 1'000'000 +
+                  static_cast<std::int64_t>(last_inode_);
+  node.created = CurrentClock().Now();
+  return node;
+}
+
+bool FakeFileSystem::Write(const std::string& path, unsigned new_mode, std::string content) {
+  const Node* old = Find(path);
+  if (failing_paths_.contains(path) || !IsFolder(FolderOf(path)) ||
+      (old != nullptr && old->kind != Kind::File)) {
+    return false;
+  }
+  if (!StepSucceeds()) return false;
+  const std::string folder = FolderOf(path);
+  const std::string temporary =
+      (folder == "/" ? folder : folder + '/') + std::string(kTemporaryPrefix) + "fake";
+  nodes_[temporary] = MakeNode(Kind::File, "", old != nullptr ? old->mode : new_mode);
+  nodes_[temporary].content = std::move(content);
+
+  const bool written = StepSucceeds() && StepSucceeds();  // write, sync
+  if (!written || !StepSucceeds()) {
+    if (StepSucceeds()) nodes_.erase(temporary);
+    return false;
+  }
+  std::optional<Node> replaced;
+  if (old != nullptr) replaced = *old;
+  auto node = nodes_.extract(temporary);
+  nodes_[path] = std::move(node.mapped());
+  if (StepSucceeds()) return true;
+
+  // The folder could not be synced: back to what was there, if that can be done.
+  if (StepSucceeds()) {
+    if (replaced) {
+      nodes_[path] = *std::move(replaced);
+    } else {
+      nodes_.erase(path);
+    }
+  }
+  return false;
+}
+
+}  // namespace tallyfold

@@ -1,0 +1,104 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <map>
+#include <optional>
+#include <set>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "platform/file_system.h"
+
+namespace tallyfold {
+
+// Files in memory, which fail where a test wants them to. Created at the time of the clock in
+// force. A new one holds the folders "/", "/home" and "/home/user", the home folder.
+class FakeFileSystem final : public FileSystem {
+ public:
+  using FileSystem::WriteAtomically;
+
+  FakeFileSystem();
+
+  [[nodiscard]] std::string HomeFolder() const override { return "/home/user"; }
+  [[nodiscard]] bool Exists(const std::string& path) const override;
+  [[nodiscard]] bool IsFolder(const std::string& path) const override;
+  [[nodiscard]] std::optional<FileContents> Read(const std::string& path) const override;
+  [[nodiscard]] std::optional<FileIdentity> Identity(const std::string& path) const override;
+  [[nodiscard]] std::optional<Instant> CreationTime(const std::string& path) const override;
+  [[nodiscard]] std::vector<std::string> List(const std::string& folder) const override;
+  [[nodiscard]] bool WriteAtomically(const std::string& path, NewFileMode mode,
+                                     const Producer& produce) override;
+  [[nodiscard]] bool Copy(const std::string& from, const std::string& to) override;
+  [[nodiscard]] bool CreateFolder(const std::string& path) override;
+  void AddPermissions(const std::string& path, unsigned bits) override;
+  void SetCustomBadgeIcon(const std::string& path, const std::string& resource) override;
+  void RemoveTemporaries(const std::string& folder) override;
+  [[nodiscard]] LockResult LockFolder(const std::string& folder,
+                                      std::unique_ptr<FolderLock>& lock) override;
+
+  // What a test puts there, behind the back of the code under test. Missing folders are made.
+  void AddFile(const std::string& path, std::string_view content, unsigned mode = 0600);
+  void AddFolder(const std::string& path);
+  // Something that exists and is neither a file nor a folder, such as a pipe.
+  void AddPipe(const std::string& path);
+  void Remove(const std::string& path);
+  void SetCreationTime(const std::string& path, Instant time);
+  // As if another running copy had locked it.
+  void LockByOther(const std::string& folder) { locked_by_other_.insert(folder); }
+
+  // None when there is no file at `path`.
+  [[nodiscard]] std::optional<std::string> Content(const std::string& path) const;
+  // 0 when there is nothing at `path`.
+  [[nodiscard]] unsigned Mode(const std::string& path) const;
+  // Every change that was made, in order: "folder PATH", "write PATH", "copy FROM TO",
+  // "permissions PATH OCTAL", "badge PATH RESOURCE".
+  [[nodiscard]] const std::vector<std::string>& Changes() const { return changes_; }
+  void ForgetChanges() { changes_.clear(); }
+
+  enum class Failing : std::uint8_t { Once, ForEverAfter };
+  // Reading, writing, copying to and making `path` fail from now on.
+  void FailOn(const std::string& path) { failing_paths_.insert(path); }
+  void StopFailingOn(const std::string& path) { failing_paths_.erase(path); }
+  // The `step`th step from now fails (1 is the next one). A read is one step, making a folder
+  // another; an atomic write has these: make the temporary file, write, sync, rename, sync the
+  // folder, and after a failure remove what was made.
+  void FailAtStep(std::size_t step, Failing failing);
+  void StopFailing();
+  // The number of steps taken since the last call of FailAtStep or StopFailing.
+  [[nodiscard]] std::size_t Steps() const { return steps_; }
+
+ private:
+  enum class Kind : std::uint8_t { File, Folder, Pipe };
+  struct Node {
+    Kind kind = Kind::File;
+    std::string content;
+    unsigned mode = 0600;
+    std::uint64_t inode = 0;
+    std::int64_t modified = 0;
+    Instant created{};
+  };
+  class Lock;
+
+  [[nodiscard]] const Node* Find(const std::string& path) const;
+  [[nodiscard]] bool StepSucceeds() const;
+  [[nodiscard]] Node MakeNode(Kind kind, std::string_view content, unsigned mode);
+  [[nodiscard]] bool Write(const std::string& path, unsigned new_mode, std::string content);
+
+  // By path, so that the nodes of a folder follow it.
+  std::map<std::string, Node> nodes_;
+  std::uint64_t last_inode_ = 0;
+  std::set<std::string> failing_paths_;
+  std::set<std::string> locked_by_other_;
+  // Shared with the locks given out, which may outlive this.
+  std::shared_ptr<std::set<std::string>> locked_;
+  std::vector<std::string> changes_;
+
+  // Reading is a step too, and reading is const.
+  mutable std::size_t steps_ = 0;
+  std::size_t failing_step_ = 0;
+  Failing failing_ = Failing::Once;
+};
+
+}  // namespace tallyfold
