@@ -64,7 +64,7 @@ constexpr Range kRanges[] = {
     {0x04D0, 0x052E, 2, 1},
 };
 
-constexpr std::size_t kTableSize = 0x0530;
+constexpr std::size_t kTableSize = kFoldingEnd;
 
 constexpr std::array<std::uint16_t, kTableSize> MakeTable() {
   std::array<std::uint16_t, kTableSize> table{};

@@ -14,4 +14,25 @@ namespace tallyfold {
 // points, so that invalid texts still compare by their bytes.
 [[nodiscard]] char32_t TakeCodePoint(std::string_view& text) noexcept;
 
+// Code points from here on are never changed by folding.
+inline constexpr char32_t kFoldingEnd = 0x0530;
+
+[[nodiscard]] inline bool IsAscii(char byte) noexcept {
+  return static_cast<unsigned char>(byte) < 0x80;
+}
+
+[[nodiscard]] inline char FoldAscii(char letter) noexcept {
+  return letter >= 'A' && letter <= 'Z' ? static_cast<char>(letter - 'A' + 'a') : letter;
+}
+
+// As TakeCodePoint(), folded.
+[[nodiscard]] inline char32_t TakeFolded(std::string_view& text) noexcept {
+  if (IsAscii(text.front())) {
+    const char letter = FoldAscii(text.front());
+    text.remove_prefix(1);
+    return static_cast<unsigned char>(letter);
+  }
+  return FoldCodePoint(TakeCodePoint(text));
+}
+
 }  // namespace tallyfold

@@ -9,24 +9,6 @@
 namespace tallyfold {
 namespace {
 
-bool IsAscii(char byte) noexcept {
-  return static_cast<unsigned char>(byte) < 0x80;
-}
-
-char FoldAscii(char letter) noexcept {
-  return letter >= 'A' && letter <= 'Z' ? static_cast<char>(letter - 'A' + 'a') : letter;
-}
-
-// Takes the next code point, folded, off the front of a text that is not empty.
-char32_t TakeFolded(std::string_view& text) noexcept {
-  if (IsAscii(text.front())) {
-    const char letter = FoldAscii(text.front());
-    text.remove_prefix(1);
-    return static_cast<unsigned char>(letter);
-  }
-  return FoldCodePoint(TakeCodePoint(text));
-}
-
 // Two bytes are enough for whatever folding changes.
 void AppendFolded(std::string& result, char32_t code_point) {
   if (code_point < 0x80) {
@@ -35,14 +17,6 @@ void AppendFolded(std::string& result, char32_t code_point) {
     result.push_back(static_cast<char>(0xC0U | code_point >> 6U));
     result.push_back(static_cast<char>(0x80U | (code_point & 0x3FU)));
   }
-}
-
-// True when `folded` is what `field` begins with; leaves in `field` what comes after.
-bool TakePrefix(std::string_view& field, std::string_view folded) noexcept {
-  while (!folded.empty()) {
-    if (field.empty() || TakeFolded(field) != TakeCodePoint(folded)) return false;
-  }
-  return true;
 }
 
 }  // namespace
@@ -76,24 +50,6 @@ int CompareIgnoringCase(std::string_view a, std::string_view b) noexcept {
   }
   if (a.empty() && b.empty()) return 0;
   return b.empty() ? 1 : -1;
-}
-
-CaselessNeedle::CaselessNeedle(std::string_view text) : folded_(FoldCase(text)) {}
-
-bool CaselessNeedle::OccursIn(std::string_view field) const noexcept {
-  if (folded_.empty()) return false;
-  std::string_view rest_of_needle = folded_;
-  const char32_t first = TakeCodePoint(rest_of_needle);
-  while (!field.empty()) {
-    if (TakeFolded(field) != first) continue;
-    std::string_view candidate = field;
-    if (TakePrefix(candidate, rest_of_needle)) return true;
-  }
-  return false;
-}
-
-bool CaselessNeedle::Equals(std::string_view field) const noexcept {
-  return TakePrefix(field, folded_) && field.empty();
 }
 
 std::string StringsToEnglishList(const std::vector<std::string>& items) {
