@@ -47,7 +47,11 @@ ScopedAmbient::~ScopedAmbient() {
 }
 
 void Log(std::string_view line) {
-  if (SystemLog* log = InForce().log) log->Write(line);
+  if (SystemLog* log = CurrentLog()) log->Write(line);
+}
+
+SystemLog* CurrentLog() noexcept {
+  return InForce().log;
 }
 
 std::string LocalizedText(std::string_view key) {

@@ -34,6 +34,8 @@ class ScopedAmbient {
 
 // Writes a line to the log in force; without one, nowhere.
 void Log(std::string_view line);
+// The log in force, for one that stands before it and passes lines on; null for none.
+[[nodiscard]] SystemLog* CurrentLog() noexcept;
 // The text for an English key; the key itself without a localizer.
 [[nodiscard]] std::string LocalizedText(std::string_view key);
 // Without a locale: "%m/%d/%y", ".", "," and UTF-8.

@@ -1,0 +1,331 @@
+#include "storage/accounts_store.h"
+
+#include <algorithm>
+#include <limits>
+#include <utility>
+
+#include "model/text.h"
+#include "platform/ambient.h"
+#include "plist/writer.h"
+#include "storage/backup_names.h"
+#include "storage/preferences.h"
+#include "storage/refusal_watch.h"
+
+// Where a user finds the latest version; set by the build, "" for a build without such a place.
+#ifndef TALLYFOLD_DOWNLOAD_ADDRESS
+#define TALLYFOLD_DOWNLOAD_ADDRESS ""
+#endif
+
+namespace tallyfold {
+
+namespace {
+
+constexpr std::string_view kAccounts = "accounts";
+constexpr std::string_view kPassword = "password";
+constexpr std::string_view kAppVersion = "appVersion";
+constexpr std::string_view kVersion = "version";
+
+constexpr unsigned kOwnerAll = 0700;
+
+std::string TooNewMessage() {
+  constexpr std::string_view address = TALLYFOLD_DOWNLOAD_ADDRESS;
+  std::string message = LocalizedText(
+      "Your Accounts file appears to be in a new format that this version of Tallyfold may not "
+      "understand.  Your data may be lost if Tallyfold continues to try to read the new format.");
+  message += "\n\n";
+  if (address.empty()) {
+    message += LocalizedText(
+        "Please use the version of Tallyfold that you last used with this file, or download the "
+        "latest version.");
+  } else {
+    message += MessageWithText(
+        LocalizedText("Please use the version of Tallyfold that you last used with this file, or "
+                      "download the latest version from %@."),
+        address);
+  }
+  return message;
+}
+
+// Whether the version of any account dictionary in the file matches.
+template <typename Predicate>
+bool AnyAccount(const std::optional<plist::Dictionary>& dictionary, Predicate matches) {
+  if (!dictionary) return false;
+  const plist::Array accounts = dictionary->Get(kAccounts).ArrayValue();
+  return std::any_of(accounts.begin(), accounts.end(), [&matches](const plist::Value& account) {
+    return account.IsDictionary() && matches(account.DictionaryValue().Get(kVersion));
+  });
+}
+
+}  // namespace
+
+AccountsStore::AccountsStore(const Services& services, SaveGate& gate, DataFolderLock& lock,
+                             Host& host)
+    : services_(services),
+      gate_(gate),
+      lock_(lock),
+      host_(host),
+      paths_(services.files.HomeFolder()),
+      file_(services.files, paths_.accounts_file) {}
+
+// --- The accounts -------------------------------------------------------------------------------
+
+const AccountList& AccountsStore::accounts() const noexcept {
+  static const AccountList none;
+  return accounts_ ? *accounts_ : none;
+}
+
+void AccountsStore::AddAccount(std::shared_ptr<LDGRAccount> account) {
+  if (!account) return;
+  if (!accounts_) accounts_.emplace();
+  accounts_->push_back(std::move(account));
+  ++list_revision_;
+}
+
+void AccountsStore::RemoveAccount(const LDGRAccount* account) {
+  if (!accounts_) return;
+  const auto removed =
+      std::erase_if(*accounts_, [account](const auto& each) { return each.get() == account; });
+  if (removed != 0) ++list_revision_;
+}
+
+std::shared_ptr<LDGRAccount> AccountsStore::AccountWithNumber(std::int32_t number) const {
+  const auto found = std::find_if(accounts().begin(), accounts().end(), [number](const auto& each) {
+    return each->GetNumber() == number;
+  });
+  return found == accounts().end() ? nullptr : *found;
+}
+
+std::int32_t AccountsStore::HighestAccountNumber() const noexcept {
+  std::int32_t highest = 0;
+  for (const auto& account : accounts()) highest = std::max(highest, account->GetNumber());
+  return highest;
+}
+
+const std::string& AccountsStore::password() const noexcept {
+  static const std::string none;
+  return password_ ? *password_ : none;
+}
+
+void AccountsStore::setPassword(std::optional<std::string_view> password) {
+  if (!password || password_ == password) return;
+  password_ = std::string(*password);
+  ++list_revision_;
+}
+
+// --- Loading ------------------------------------------------------------------------------------
+
+bool AccountsStore::Accounts_Load() {
+  const SaveGate::Hold hold(gate_);
+  accounts_.emplace();
+  host_.ForgetSelectedAccount();
+  password_.emplace();
+  authenticated_ = true;
+  services_.files.AddPermissions(paths_.data_folder, kOwnerAll);
+  services_.files.AddPermissions(paths_.accounts_file, kOwnerAll);
+
+  if (std::optional<plist::Dictionary> dictionary = file_.Read()) {
+    if (!Accounts_HandleModifiedByNewerTallyfold(dictionary)) return false;
+    if (!Accounts_HandleWillBeUpgradedByTallyfold(dictionary)) return false;
+    Accounts_Backup(*dictionary);
+    TakeAccounts(dictionary->Take(kAccounts));
+    TakePassword(dictionary->Get(kPassword));
+  }
+  saved_ = CurrentSnapshot();
+  save_failed_ = false;
+  return true;
+}
+
+void AccountsStore::TakeAccounts(plist::Value stored) {
+  if (!stored.IsArray()) {
+    Log("Accounts file does not contain any accounts.");
+    file_.NotTakenInWhole("The file does not contain a list of accounts.");
+    return;
+  }
+  const RefusalWatch watch;
+  plist::Array dictionaries = stored.ArrayValue();
+  std::int32_t highest = 0;
+  for (std::size_t i = 0; i < dictionaries.size(); ++i) {
+    if (!dictionaries.At(i).IsDictionary()) {
+      Log("Invalid theDictionary supplied to LDGRAccount:initWithDictionary");
+      continue;
+    }
+    auto account = LDGRAccount::accountByConsuming(
+        LDGRAccount::UpdateAccountDictionary(dictionaries.Take(i).DictionaryValue()));
+    if (account->GetNumber() < 0) {
+      // The last number there is can only be given twice.
+      const bool is_last = highest == std::numeric_limits<std::int32_t>::max();
+      account->SetNumber(is_last ? highest : highest + 1);
+    }
+    highest = std::max(highest, account->GetNumber());
+    accounts_->push_back(std::move(account));
+  }
+  if (watch.HeardRefusal()) {
+    file_.NotTakenInWhole("Some of the file is not in the form that Tallyfold writes.");
+  }
+}
+
+void AccountsStore::TakePassword(const plist::Value& password) {
+  if (password.IsNone()) return;
+  if (!password.IsString()) {
+    file_.NotTakenInWhole("The password in the file is no text.");
+    return;
+  }
+  password_ = std::string(password.StringValue());
+  authenticated_ = password_->empty();
+}
+
+bool AccountsStore::Accounts_HandleModifiedByNewerTallyfold(
+    const std::optional<plist::Dictionary>& dictionary) {
+  const bool is_newer = AnyAccount(dictionary, [](const plist::Value& version) {
+    return version.IntegerValue() > LDGRAccount::kCurrentVersion;
+  });
+  if (!is_newer) return true;
+  services_.alerts.Run(
+      {LocalizedText("Account Information Is Too New"), TooNewMessage(), {LocalizedText("Quit")}});
+  EndProgram();
+  return false;
+}
+
+bool AccountsStore::Accounts_HandleWillBeUpgradedByTallyfold(
+    const std::optional<plist::Dictionary>& dictionary) {
+  const bool is_older = AnyAccount(dictionary, [](const plist::Value& version) {
+    return version.IsNone() || version.IntegerValue() < LDGRAccount::kCurrentVersion;
+  });
+  if (!is_older) return true;
+  constexpr std::size_t kUpdate = 1;
+  const std::size_t answer = services_.alerts.Run(
+      {LocalizedText("Update Accounts File?"),
+       LocalizedText(
+           "Your Accounts file was created by an older version of Tallyfold and must be updated "
+           "before you can continue.  You will probably not be able to use the Accounts file with "
+           "an older version of Tallyfold after the update is completed.\n\nAre you sure you would "
+           "like to update your Accounts file?"),
+       {LocalizedText("Quit"), LocalizedText("Update")}});
+  if (answer == kUpdate) return true;
+  EndProgram();
+  return false;
+}
+
+void AccountsStore::EndProgram() {
+  // Closing the window is a way to shut down, and shutting down saves.
+  gate_.CloseForGood();
+  host_.CloseMainWindow();
+  services_.application.EndProcess(0);
+}
+
+// --- Backup -------------------------------------------------------------------------------------
+
+void AccountsStore::Accounts_Backup(const plist::Dictionary& dictionary) {
+  FileSystem& files = services_.files;
+  if (!EnsureFolder(files, paths_.data_folder,
+                    "~/Library/Tallyfold/ exists, but it's a file!  Please move the file to allow "
+                    "Tallyfold to create a folder to save your data.") ||
+      !EnsureFolder(files, paths_.backup_folder,
+                    "~/Library/Tallyfold/Backups/ exists, but it's a file!  Please move the file "
+                    "to allow Tallyfold to create a folder to backup your data.")) {
+    return;
+  }
+  const std::string running_version = services_.application.BundleVersion();
+  const CivilTime today = CurrentClock().LocalNow();
+  const plist::Value& version = dictionary.Get(kAppVersion);
+  std::string name;
+  if (version.IsString() && version.StringValue() == running_version) {
+    const auto backups = Backups();
+    const auto newest = backups.empty() ? std::nullopt : std::optional(backups.front().made);
+    const std::int32_t interval = LDGRPreferences::sharedPreferences().GetBackupInterval();
+    if (!BackupIsDue(newest, CurrentClock().Now(), interval)) return;
+    name = AccountsBackupName(today, running_version);
+  } else {
+    name = AccountsBackupNameBefore(today, running_version);
+  }
+  name = UniqueAccountsBackupName(BackupNames(files, paths_.backup_folder), name);
+  if (!MakeBackup(files, services_.processes, paths_.accounts_file,
+                  paths_.backup_folder + '/' + name)) {
+    Log("Backup operation was unsuccessful in LDGRController:Accounts_Backup.");
+  }
+}
+
+std::vector<BackupFile> AccountsStore::Backups() const {
+  return BackupsNewestFirst(services_.files, paths_.backup_folder);
+}
+
+// --- Saving -------------------------------------------------------------------------------------
+
+bool AccountsStore::Accounts_Save() {
+  if (!gate_.IsOpen() || !accounts_) return false;
+  if (!EnsureFolder(services_.files, paths_.data_folder,
+                    "~/Library/Tallyfold/ exists, but it's a file instead of a folder.  Tallyfold "
+                    "is unable to save your Accounts")) {
+    save_failed_ = true;
+    return false;
+  }
+  lock_.AcquireLate();
+  return Accounts_SaveToFilePath(paths_.accounts_file);
+}
+
+bool AccountsStore::Accounts_SaveToFilePath(const std::optional<std::string>& path) {
+  if (!path || !accounts_ || !gate_.IsOpen()) return false;
+  const bool written = WriteFile(*path);
+  if (*path == paths_.accounts_file) {
+    save_failed_ = !written;
+    if (written) saved_ = CurrentSnapshot();
+  }
+  return written;
+}
+
+bool AccountsStore::WriteFile(const std::string& path) {
+  FileSystem& files = services_.files;
+  const std::string parent = ParentFolder(path);
+  if (!files.IsFolder(parent)) {
+    Log(MessageWithText(files.Exists(parent)
+                            ? "%@ exists, but it's a file instead of a folder.  Tallyfold is "
+                              "unable to save your Accounts."
+                            : "%@ does not exist.  Tallyfold is unable to save your Accounts.",
+                        parent));
+    return false;
+  }
+  files.AddPermissions(parent, kOwnerAll);
+  files.AddPermissions(path, kOwnerAll);
+  const auto produce = [this](ByteSink& sink) {
+    plist::XmlWriter writer([&sink](std::string_view block) { sink.Append(block); });
+    WriteTo(writer);
+    writer.Finish();
+  };
+  const bool written = path == paths_.accounts_file
+                           ? file_.Replace(produce)
+                           : files.WriteAtomically(path, NewFileMode::Private, produce);
+  if (written) files.SetCustomBadgeIcon(path, "accountsfilebadge");
+  return written;
+}
+
+void AccountsStore::WriteTo(plist::Output& output) const {
+  output.BeginDictionary();
+  output.Key(kAccounts);
+  output.BeginArray();
+  for (const auto& account : accounts()) account->WriteTo(output);
+  output.EndArray();
+  if (password_) {
+    output.Key(kPassword);
+    output.String(*password_);
+  }
+  output.Key(kAppVersion);
+  output.String(services_.application.BundleVersion());
+  output.EndDictionary();
+}
+
+// --- Changes ------------------------------------------------------------------------------------
+
+AccountsStore::Snapshot AccountsStore::CurrentSnapshot() const {
+  Snapshot snapshot{list_revision_, {}};
+  snapshot.account_revisions.reserve(accounts().size());
+  for (const auto& account : accounts()) {
+    snapshot.account_revisions.push_back(account->Revision());
+  }
+  return snapshot;
+}
+
+bool AccountsStore::HasUnsavedChanges() const {
+  return accounts_ && (save_failed_ || saved_ != CurrentSnapshot());
+}
+
+}  // namespace tallyfold

@@ -1,0 +1,142 @@
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "model/account.h"
+#include "platform/alerts.h"
+#include "platform/application_host.h"
+#include "platform/file_system.h"
+#include "platform/process_launcher.h"
+#include "plist/output.h"
+#include "plist/value.h"
+#include "storage/backups.h"
+#include "storage/data_folder_lock.h"
+#include "storage/data_paths.h"
+#include "storage/file_guard.h"
+#include "storage/save_gate.h"
+
+namespace tallyfold {
+
+// All accounts, the application password, and the one file they live in: loading with the guards
+// against files of other versions, the dated backup taken at every load, saving.
+//
+// Failures are quiet, as the log alone hears of misplaced folders: what could not be written stays
+// in memory and HasUnsavedChanges() tells.
+class AccountsStore {
+ public:
+  class Host {
+   public:
+    virtual ~Host() = default;
+    // No account is selected from here on; the accounts are about to be replaced.
+    virtual void ForgetSelectedAccount() = 0;
+    virtual void CloseMainWindow() = 0;
+  };
+
+  struct Services {
+    FileSystem& files;
+    Alerts& alerts;
+    ApplicationHost& application;
+    ProcessLauncher& processes;
+  };
+
+  // Everything given must outlive the store.
+  AccountsStore(const Services& services, SaveGate& gate, DataFolderLock& lock, Host& host);
+  AccountsStore(const AccountsStore&) = delete;
+  AccountsStore& operator=(const AccountsStore&) = delete;
+
+  // --- The accounts ---------------------------------------------------------------------------
+
+  // False before the first load: then there is nothing to save either.
+  [[nodiscard]] bool HasAccountList() const noexcept { return accounts_.has_value(); }
+  // In the order of the file; empty when there is no list.
+  [[nodiscard]] const AccountList& accounts() const noexcept;
+  // Appends, and makes the list when there is none. Null is ignored.
+  void AddAccount(std::shared_ptr<LDGRAccount> account);
+  // Removes this very object; nothing when it is not here.
+  void RemoveAccount(const LDGRAccount* account);
+  // The first with that number, or null.
+  [[nodiscard]] std::shared_ptr<LDGRAccount> AccountWithNumber(std::int32_t number) const;
+  // 0 when there are none or all are negative.
+  [[nodiscard]] std::int32_t HighestAccountNumber() const noexcept;
+
+  // The application password; "" for none.
+  [[nodiscard]] const std::string& password() const noexcept;
+  // None leaves it as it is.
+  void setPassword(std::optional<std::string_view> password);
+  // Whether the password has been given, or none is needed.
+  [[nodiscard]] bool authenticated() const noexcept { return authenticated_; }
+  void setAuthenticated(bool authenticated) noexcept { authenticated_ = authenticated; }
+
+  // --- The file -------------------------------------------------------------------------------
+
+  // Replaces accounts and password by those of the file; a missing or unreadable file leaves none.
+  // False when the user chose to end the program rather than to go on: the caller stops, and
+  // nothing is written any more. During the load nothing but the backup is written either.
+  [[nodiscard]] bool Accounts_Load();
+  // Both false when nothing was written, for whatever reason.
+  bool Accounts_Save();
+  // To any file in the same form; none does nothing.
+  bool Accounts_SaveToFilePath(const std::optional<std::string>& path);
+  // Copies the file as it stands on the disk into the backup folder when a backup is due for a file
+  // of this content.
+  void Accounts_Backup(const plist::Dictionary& dictionary);
+  // False when the program ends because an account was written by a newer program.
+  [[nodiscard]] bool Accounts_HandleModifiedByNewerTallyfold(
+      const std::optional<plist::Dictionary>& dictionary);
+  // False when the program ends because the user does not want older accounts upgraded.
+  [[nodiscard]] bool Accounts_HandleWillBeUpgradedByTallyfold(
+      const std::optional<plist::Dictionary>& dictionary);
+  // Data of older versions lies where it always has: there is nothing to move.
+  void Legacy_Setup() noexcept {}
+
+  // --- What the front ends show ---------------------------------------------------------------
+
+  // True when an account, the list of accounts or the password differs from what was last loaded
+  // or saved, or the last save to the accounts file failed.
+  [[nodiscard]] bool HasUnsavedChanges() const;
+  // Set when the file that was loaded could not be used in whole.
+  [[nodiscard]] const std::optional<FileSetAside>& SetAside() const noexcept {
+    return file_.SetAside();
+  }
+  // Copies of files that were kept rather than replaced, in order.
+  [[nodiscard]] const std::vector<std::string>& KeptCopies() const noexcept {
+    return file_.KeptCopies();
+  }
+  [[nodiscard]] std::vector<BackupFile> Backups() const;
+
+ private:
+  // The state that was last loaded or saved.
+  struct Snapshot {
+    std::uint64_t list_revision = 0;
+    std::vector<std::uint64_t> account_revisions;
+    friend bool operator==(const Snapshot&, const Snapshot&) = default;
+  };
+
+  void TakeAccounts(plist::Value stored);
+  void TakePassword(const plist::Value& password);
+  void WriteTo(plist::Output& output) const;
+  [[nodiscard]] bool WriteFile(const std::string& path);
+  [[nodiscard]] Snapshot CurrentSnapshot() const;
+  void EndProgram();
+
+  Services services_;
+  SaveGate& gate_;
+  DataFolderLock& lock_;
+  Host& host_;
+  DataPaths paths_;
+  FileGuard file_;
+  std::optional<AccountList> accounts_;
+  std::optional<std::string> password_;
+  bool authenticated_ = false;
+  // Counts changes of the list itself and of the password.
+  std::uint64_t list_revision_ = 0;
+  Snapshot saved_;
+  bool save_failed_ = false;
+};
+
+}  // namespace tallyfold

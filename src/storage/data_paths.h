@@ -1,0 +1,33 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "platform/file_system.h"
+
+namespace tallyfold {
+
+// Where the application keeps its files. Folders end without a slash.
+struct DataPaths {
+  explicit DataPaths(const std::string& home);
+
+  std::string data_folder;
+  std::string accounts_file;
+  std::string backup_folder;
+  std::string preferences_folder;
+  std::string preferences_file;
+  std::string preferences_backup_folder;
+};
+
+// "/a/b" of "/a/b/c"; "/" of "/c"; "" where there is no slash.
+[[nodiscard]] std::string ParentFolder(const std::string& path);
+// "c" of "/a/b/c".
+[[nodiscard]] std::string FileName(const std::string& path);
+
+// Makes the folder where nothing stands at `path`, and those above it that are missing. False when
+// a file stands there: then `line_for_file` is logged. A folder that cannot be made is not
+// reported; what is done in it next will fail.
+[[nodiscard]] bool EnsureFolder(FileSystem& files, const std::string& path,
+                                std::string_view line_for_file);
+
+}  // namespace tallyfold

@@ -1,0 +1,67 @@
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "platform/file_system.h"
+#include "plist/value.h"
+
+namespace tallyfold {
+
+// A file that could not be used in whole when it was read. It stays where it is until the first
+// save; then a copy is kept first.
+struct FileSetAside {
+  std::string path;
+  // Where the copy will be, or is.
+  std::string kept_path;
+  // What was wrong with it, in words for the user.
+  std::string reason;
+};
+
+// One data file of the program, so written that nothing in it is lost which this program did not
+// take in: before a file that was not taken in whole, or that someone else changed since, is
+// replaced, a copy of it is kept beside it as "<name>.kept-YYYYMMDD-HHMMSS".
+class FileGuard {
+ public:
+  FileGuard(FileSystem& files, std::string path);
+
+  [[nodiscard]] const std::string& path() const noexcept { return path_; }
+
+  // The file as a property-list dictionary; none when it is missing or holds something else. From
+  // here on the file counts as known and, unless it cannot be read, as taken in whole.
+  [[nodiscard]] std::optional<plist::Dictionary> Read();
+  // Says that what was read is not all in memory. `reason` is a key of the localizer.
+  void NotTakenInWhole(std::string_view reason);
+
+  // Replaces the file atomically. False when a copy that must be kept cannot be made, or the write
+  // fails: the file is as it was.
+  [[nodiscard]] bool Replace(const FileSystem::Producer& produce);
+
+  // Keeps a copy now; none when it cannot be made.
+  std::optional<std::string> KeepCopy();
+
+  // What the front ends say at launch; none when the file was missing or taken in whole. Stays for
+  // the whole run.
+  [[nodiscard]] const std::optional<FileSetAside>& SetAside() const noexcept { return set_aside_; }
+  // The copies kept so far, in order.
+  [[nodiscard]] const std::vector<std::string>& KeptCopies() const noexcept { return kept_copies_; }
+
+ private:
+  [[nodiscard]] std::string NewKeptPath() const;
+  [[nodiscard]] bool CopyTo(const std::string& kept_path);
+  [[nodiscard]] bool KeepWhatIsNotOurs();
+  void SetAsideFor(std::string reason);
+
+  FileSystem& files_;
+  std::string path_;
+  // Of the file whose content is the one in memory; none when there was no file.
+  std::optional<FileIdentity> known_;
+  std::optional<FileSetAside> set_aside_;
+  // The file set aside has not been copied yet.
+  bool must_keep_ = false;
+  std::vector<std::string> kept_copies_;
+};
+
+}  // namespace tallyfold

@@ -1,0 +1,132 @@
+#include "storage/preferences_store.h"
+
+#include <array>
+
+#include "model/account.h"
+#include "platform/ambient.h"
+#include "plist/writer.h"
+#include "storage/backup_names.h"
+#include "storage/backups.h"
+#include "storage/refusal_watch.h"
+
+namespace tallyfold {
+
+namespace {
+
+constexpr std::string_view kAppVersion = "appVersion";
+constexpr std::array<std::string_view, 3> kTables = {"entry", "reconcile", "schedule"};
+
+plist::Array ColumnsOf(const LiveTable& table) {
+  plist::Array columns;
+  std::int32_t index = 0;
+  for (const LiveColumn& shown : table.columns) {
+    plist::Dictionary column;
+    column.Set("identifier", shown.identifier);
+    column.Set("width", plist::Value(shown.width).IntegerValue());
+    column.Set("show", true);
+    column.Set("lastIndex", index++);
+    columns.Append(column);
+  }
+  return columns;
+}
+
+}  // namespace
+
+PreferencesStore::PreferencesStore(const Services& services, SaveGate& gate, Host& host)
+    : services_(services),
+      gate_(gate),
+      host_(host),
+      paths_(services.files.HomeFolder()),
+      file_(services.files, paths_.preferences_file) {}
+
+PreferencesStore::~PreferencesStore() {
+  if (preferences_ && &LDGRPreferences::sharedPreferences() == preferences_.get()) {
+    LDGRPreferences::SetSharedPreferences(nullptr);
+  }
+}
+
+void PreferencesStore::Preferences_Init() {
+  preferences_ = Build();
+  LDGRPreferences::SetSharedPreferences(preferences_);
+  saved_ = preferences_->asDictionary();
+  save_failed_ = false;
+  Preferences_StoreAccountPrefs(host_.AccountShown());
+}
+
+std::shared_ptr<LDGRPreferences> PreferencesStore::Build() {
+  const auto dictionary = file_.Read();
+  if (!dictionary) return std::make_shared<LDGRPreferences>();
+  Preferences_Backup(*dictionary);
+  const RefusalWatch watch;
+  auto preferences =
+      std::make_shared<LDGRPreferences>(LDGRPreferences::UpdatePreferencesDictionary(*dictionary));
+  if (watch.HeardRefusal()) {
+    file_.NotTakenInWhole("Some of the file is not in the form that Tallyfold writes.");
+  }
+  return preferences;
+}
+
+void PreferencesStore::Preferences_Backup(const plist::Dictionary& dictionary) {
+  FileSystem& files = services_.files;
+  if (!EnsureFolder(files, paths_.preferences_folder,
+                    "~/Library/Preferences/Quorva/ exists, but it's a file!  Please move the file "
+                    "to allow Tallyfold to create a folder to save your preferences.") ||
+      !EnsureFolder(files, paths_.preferences_backup_folder,
+                    "~/Library/Preferences/Quorva/Backups/ exists, but it's a file!  Please move "
+                    "the file to allow Tallyfold to create a folder to backup your preferences.")) {
+    return;
+  }
+  const std::string running_version = services_.application.BundleVersion();
+  const plist::Value& version = dictionary.Get(kAppVersion);
+  if (version.IsString() && version.StringValue() == running_version) return;
+  const std::string name = UniqueBackupName(BackupNames(files, paths_.preferences_backup_folder),
+                                            PreferencesBackupNameBefore(running_version));
+  if (!MakeBackup(files, services_.processes, paths_.preferences_file,
+                  paths_.preferences_backup_folder + '/' + name)) {
+    Log("Backup operation was unsuccessful in LDGRController:Preferences_Backup.");
+  }
+}
+
+void PreferencesStore::Preferences_StoreAccountPrefs(const LDGRAccount* account) {
+  if (account == nullptr || !preferences_) return;
+  for (const std::string_view identifier : kTables) {
+    const auto table = host_.TableShown(identifier);
+    if (!table) continue;
+    const auto record = preferences_->GetPreferencesForAccountNumber(account->GetNumber());
+    const std::string column = record->GetSelectedColumnIdentifierForTableIdentifier(identifier);
+    record->SetSelectedColumn(column, record->GetSortDescendingForTableIdentifier(identifier),
+                              table->selected_row, ColumnsOf(*table), identifier);
+  }
+}
+
+bool PreferencesStore::Preferences_Save() {
+  if (!gate_.IsOpen() || !preferences_) return false;
+  Preferences_StoreAccountPrefs(host_.AccountShown());
+  preferences_->SetBalanceMode(host_.BalanceMode());
+  preferences_->SetAccountsDrawerWidth(host_.AccountsDrawerWidth());
+  preferences_->SetAccountsDrawerPreferredEdge(host_.AccountsDrawerPreferredEdge());
+  const plist::Dictionary dictionary = preferences_->asDictionary();
+  save_failed_ = !Write(dictionary);
+  if (!save_failed_) saved_ = dictionary;
+  return !save_failed_;
+}
+
+bool PreferencesStore::Write(const plist::Dictionary& dictionary) {
+  FileSystem& files = services_.files;
+  if (!EnsureFolder(files, paths_.preferences_folder,
+                    "~/Library/Preferences/Quorva exists, but it's a file!  Please move the file "
+                    "to allow Tallyfold to save your preferences.")) {
+    return false;
+  }
+  plist::Dictionary file = dictionary.ShallowCopy();
+  file.Set(kAppVersion, services_.application.BundleVersion());
+  const bool written = file_.Replace([&file](ByteSink& sink) { sink.Append(plist::ToXml(file)); });
+  if (written) files.SetCustomBadgeIcon(paths_.preferences_file, "prefsfilebadge");
+  return written;
+}
+
+bool PreferencesStore::HasUnsavedChanges() const {
+  return preferences_ && (save_failed_ || saved_ != preferences_->asDictionary());
+}
+
+}  // namespace tallyfold

@@ -1,0 +1,100 @@
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "platform/application_host.h"
+#include "platform/file_system.h"
+#include "platform/process_launcher.h"
+#include "plist/value.h"
+#include "storage/data_paths.h"
+#include "storage/file_guard.h"
+#include "storage/preferences.h"
+#include "storage/save_gate.h"
+
+namespace tallyfold {
+
+class LDGRAccount;
+
+// A column of a table as it is shown now.
+struct LiveColumn {
+  std::string identifier;
+  double width = 0.0;  // in points
+};
+
+// A table as it is shown now, its columns in display order.
+struct LiveTable {
+  std::vector<LiveColumn> columns;
+  std::int32_t selected_row = -1;  // -1 for none
+};
+
+// The preferences file: reading it at start with upgrade and backup, filling the preferences from
+// what is shown, and saving. Puts its preferences in force as sharedPreferences.
+class PreferencesStore {
+ public:
+  // What is shown at the moment.
+  class Host {
+   public:
+    virtual ~Host() = default;
+    // `identifier` is "entry", "reconcile" or "schedule". None where there is no such table to ask:
+    // what is stored of it stays.
+    [[nodiscard]] virtual std::optional<LiveTable> TableShown(std::string_view identifier) = 0;
+    // The account whose tables these are; null for none.
+    [[nodiscard]] virtual const LDGRAccount* AccountShown() = 0;
+    [[nodiscard]] virtual std::int32_t BalanceMode() = 0;
+    [[nodiscard]] virtual float AccountsDrawerWidth() = 0;
+    [[nodiscard]] virtual std::int32_t AccountsDrawerPreferredEdge() = 0;
+  };
+
+  struct Services {
+    FileSystem& files;
+    ApplicationHost& application;
+    ProcessLauncher& processes;
+  };
+
+  // Everything given must outlive the store.
+  PreferencesStore(const Services& services, SaveGate& gate, Host& host);
+  // Preferences read here are no longer in force.
+  ~PreferencesStore();
+  PreferencesStore(const PreferencesStore&) = delete;
+  PreferencesStore& operator=(const PreferencesStore&) = delete;
+
+  // False before Preferences_Init(): then there is nothing to save either.
+  [[nodiscard]] bool HasPreferences() const noexcept { return preferences_ != nullptr; }
+
+  // Reads the file, or starts with defaults where there is none or it cannot be read.
+  void Preferences_Init();
+  // False when nothing was written, for whatever reason.
+  bool Preferences_Save();
+  // Copies the file as it stands on the disk into the backup folder when another version wrote it.
+  void Preferences_Backup(const plist::Dictionary& dictionary);
+  // Takes over columns and selected row of the tables shown. Null does nothing.
+  void Preferences_StoreAccountPrefs(const LDGRAccount* account);
+
+  // True when the preferences differ from what was last read or saved, or the last save failed.
+  [[nodiscard]] bool HasUnsavedChanges() const;
+  // Set when the file could not be used in whole.
+  [[nodiscard]] const std::optional<FileSetAside>& SetAside() const noexcept {
+    return file_.SetAside();
+  }
+
+ private:
+  [[nodiscard]] std::shared_ptr<LDGRPreferences> Build();
+  [[nodiscard]] bool Write(const plist::Dictionary& dictionary);
+
+  Services services_;
+  SaveGate& gate_;
+  Host& host_;
+  DataPaths paths_;
+  FileGuard file_;
+  std::shared_ptr<LDGRPreferences> preferences_;
+  // As last read or saved.
+  plist::Dictionary saved_;
+  bool save_failed_ = false;
+};
+
+}  // namespace tallyfold
