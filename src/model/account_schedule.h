@@ -1,11 +1,14 @@
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <memory>
 #include <optional>
 #include <vector>
 
 #include "model/account_entry.h"
+#include "model/committed_dates.h"
+#include "model/schedule_occurrences.h"
 #include "platform/civil_time.h"
 
 namespace tallyfold {
@@ -15,23 +18,7 @@ namespace tallyfold {
 // that each is offered once.
 class LDGRAccountSchedule final : public LDGRAccountEntry {
  public:
-  // Stored numbers; the gaps are deliberate. Any other value yields no occurrence.
-  enum class Interval : std::int32_t {
-    Once = 0,
-    Daily = 1,
-    Weekly = 2,
-    TwoWeeks = 3,
-    Monthly = 4,
-    Yearly = 5,
-    EndOfMonth = 6,
-    ThreeMonths = 10,
-    EndOfQuarter = 11,
-    EveryNDays = 20,
-    EveryNWeeks = 21,
-    EveryNMonths = 22,
-    EveryNYears = 23,
-    EveryNQuarters = 24,
-  };
+  using Interval = RepeatInterval;
   enum class Until : std::int32_t { Forever = 1, Count = 2, Date = 3 };
 
   LDGRAccountSchedule() = default;
@@ -52,7 +39,7 @@ class LDGRAccountSchedule final : public LDGRAccountEntry {
   [[nodiscard]] bool GetUsePrecedingFriday() const noexcept { return use_preceding_friday_; }
   // Ascending, without duplicates (as far as the file held them so).
   [[nodiscard]] const std::vector<DateNumber>& GetCommittedDates() const noexcept {
-    return committed_dates_;
+    return committed_dates_.days();
   }
   // 0 when nothing is committed.
   [[nodiscard]] DateNumber GetLastCommittedDate() const noexcept;
@@ -69,7 +56,9 @@ class LDGRAccountSchedule final : public LDGRAccountEntry {
   // The next uncommitted occurrence; -1 for none.
   [[nodiscard]] DateNumber NextEntryDate() const;
 
-  [[nodiscard]] bool DateIsCommitted(DateNumber date) const noexcept;
+  [[nodiscard]] bool DateIsCommitted(DateNumber date) const noexcept {
+    return committed_dates_.Contains(date);
+  }
   void AddCommittedDate(DateNumber date);
   // Marks the entry's day as committed; null does nothing.
   void CommitEntry(const LDGRAccountEntry* entry);
@@ -79,14 +68,27 @@ class LDGRAccountSchedule final : public LDGRAccountEntry {
   [[nodiscard]] int NextEntryDateIsGreaterThan_Reversed(const LDGRAccountSchedule& other) const;
 
  private:
+  struct Keys;
+
+  // What was found for a recurrence, kept because orders ask for it over and over.
+  struct FirstUncommitted {
+    Recurrence recurrence;
+    DateNumber date;
+  };
+
   void WriteOwnKeys(plist::Output& output) const override;
+  [[nodiscard]] Recurrence GetRecurrence() const noexcept;
+  // How many more occurrences an until type of Count leaves.
+  [[nodiscard]] std::size_t OccurrencesLeft() const noexcept;
+  [[nodiscard]] EntryList EntriesForDates(const std::vector<DateNumber>& dates) const;
 
   std::int32_t interval_type_ = 0;
   std::int32_t interval_ = 1;
   std::int32_t until_type_ = 1;
   std::int32_t until_ = 0;
   bool use_preceding_friday_ = false;
-  std::vector<DateNumber> committed_dates_;
+  CommittedDates committed_dates_;
+  mutable std::optional<FirstUncommitted> first_uncommitted_;
 };
 
 using ScheduleList = std::vector<std::shared_ptr<LDGRAccountSchedule>>;

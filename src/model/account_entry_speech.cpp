@@ -1,0 +1,52 @@
+// The sentences in which an entry is read aloud.
+
+#include <string>
+#include <string_view>
+
+#include "model/account.h"
+#include "model/account_entry.h"
+#include "model/amounts.h"
+#include "model/current_account.h"
+#include "model/date_format.h"
+#include "platform/ambient.h"
+
+namespace tallyfold {
+namespace {
+
+void AppendSentence(std::string& speech, std::string_view label, std::string_view text) {
+  speech.append(LocalizedText(label)).append(":  ").append(text).append(" .  ");
+}
+
+std::string TypeName(std::int32_t number) {
+  const LDGRAccount* account = CurrentAccount();
+  const auto type = account != nullptr ? account->AccountEntryTypeForNumber(number) : nullptr;
+  return type ? type->GetName() : std::string();
+}
+
+}  // namespace
+
+std::string LDGRAccountEntry::asSpeakableString() const {
+  std::string speech =
+      FormatDate(DateNumberToNSCalendarDate(date_), CurrentLocale().ShortDateFormat());
+  speech.append(".  ");
+
+  const std::string amount = FixedAmountString(amount_);
+  if (IsDebit()) {
+    AppendSentence(speech, "Debit in the Amount of", amount);
+  } else if (IsDeposit()) {
+    AppendSentence(speech, "Deposit in the Amount of", amount);
+  } else if (IsTransfer()) {
+    AppendSentence(speech, "Transfer in the Amount of", amount);
+  }
+  if (type_ > -1) AppendSentence(speech, "Type", TypeName(type_));
+  if (IsCheck()) AppendSentence(speech, "Check Number", std::to_string(check_number_));
+  if (!to_from_.empty() && IsDebit()) {
+    AppendSentence(speech, "To", to_from_);
+  } else if (!to_from_.empty() && IsDeposit()) {
+    AppendSentence(speech, "From", to_from_);
+  }
+  if (!description_.empty()) AppendSentence(speech, "Description", description_);
+  return speech.append(LocalizedText(cleared_ ? "Resolved" : "Unresolved")).append(" .  ");
+}
+
+}  // namespace tallyfold

@@ -1,0 +1,189 @@
+#include "model/account_schedule.h"
+
+#include <algorithm>
+#include <array>
+#include <limits>
+#include <string_view>
+#include <utility>
+
+#include "model/calendar.h"
+#include "model/field_table.h"
+
+namespace tallyfold {
+namespace {
+
+constexpr std::string_view kMissing = "No %@ found for schedule.";
+constexpr std::string_view kWrong = "%@ is in the wrong format for schedule.";
+
+// How many days of the weekend ahead are already due on `day` when they move to its Friday.
+std::int64_t WeekendDaysAhead(std::int64_t day) noexcept {
+  switch (DayOfWeekOfDayCount(day)) {
+    case 5:
+      return 2;
+    case 6:
+      return 1;
+    default:
+      return 0;
+  }
+}
+
+}  // namespace
+
+struct LDGRAccountSchedule::Keys {
+  using Schedule = LDGRAccountSchedule;
+
+  static constexpr std::array<Field<Schedule>, 5> kFields{{
+      {"repeatIntervalType", &Schedule::interval_type_, kMissing, kWrong},
+      {"repeatInterval", &Schedule::interval_, kMissing, kWrong},
+      {"repeatUntilType", &Schedule::until_type_, kMissing, kWrong},
+      {"repeatUntil", &Schedule::until_, kMissing, kWrong},
+      {"usePrecedingFriday", &Schedule::use_preceding_friday_, kMissing, kWrong},
+  }};
+  static constexpr std::string_view kCommittedDates = "committedDates";
+
+  static std::vector<DateNumber> ReadCommittedDates(const plist::Dictionary& dictionary) {
+    std::vector<DateNumber> days;
+    const plist::Value& value = dictionary.Get(kCommittedDates);
+    if (!value.IsArray()) {
+      LogForKey(value.IsNone() ? kMissing : kWrong, kCommittedDates);
+      return days;
+    }
+    const plist::Array elements = value.ArrayValue();
+    days.reserve(elements.size());
+    for (const plist::Value& element : elements) {
+      if (element.IsNumber()) {
+        days.push_back(element.IntegerValue());
+      } else {
+        LogForKey(kWrong, kCommittedDates);
+      }
+    }
+    return days;
+  }
+};
+
+LDGRAccountSchedule::LDGRAccountSchedule(const std::optional<plist::Dictionary>& dictionary)
+    : LDGRAccountEntry(dictionary) {
+  if (!dictionary) return;
+  for (const auto& field : Keys::kFields) ReadField(*this, field, *dictionary);
+  committed_dates_ = CommittedDates(Keys::ReadCommittedDates(*dictionary));
+}
+
+void LDGRAccountSchedule::WriteOwnKeys(plist::Output& output) const {
+  for (const auto& field : Keys::kFields) WriteField(*this, field, output);
+  output.Key(Keys::kCommittedDates);
+  output.BeginArray();
+  for (const DateNumber day : committed_dates_.days()) output.Integer(day);
+  output.EndArray();
+}
+
+Recurrence LDGRAccountSchedule::GetRecurrence() const noexcept {
+  return {static_cast<RepeatInterval>(interval_type_), interval_, GetDate(), use_preceding_friday_};
+}
+
+std::size_t LDGRAccountSchedule::OccurrencesLeft() const noexcept {
+  const auto committed = static_cast<std::int64_t>(committed_dates_.size());
+  return static_cast<std::size_t>(std::max<std::int64_t>(until_ - committed, 0));
+}
+
+DateNumber LDGRAccountSchedule::GetLastCommittedDate() const noexcept {
+  return committed_dates_.empty() ? 0 : committed_dates_.days().back();
+}
+
+std::shared_ptr<LDGRAccountEntry> LDGRAccountSchedule::EntryForDate(DateNumber date) const {
+  auto entry = entryWithEntry(this);
+  entry->SetDate(date);
+  return entry;
+}
+
+EntryList LDGRAccountSchedule::EntriesForDates(const std::vector<DateNumber>& dates) const {
+  EntryList entries;
+  entries.reserve(dates.size());
+  for (const DateNumber date : dates) entries.push_back(EntryForDate(date));
+  return entries;
+}
+
+CivilTime LDGRAccountSchedule::AdjustDateForUsePrecedingFriday(
+    const CivilTime& date) const noexcept {
+  if (!use_preceding_friday_) return date;
+  const std::int64_t day = DayCount(date.year, date.month, date.day);
+  const std::int64_t moved = MovedToPrecedingFriday(day);
+  return moved == day ? date : AddDays(date, moved - day);
+}
+
+EntryList LDGRAccountSchedule::EntriesFromDate(DateNumber from, DateNumber to) const {
+  return EntriesForDates(UncommittedOccurrences(GetRecurrence(), committed_dates_, from, to));
+}
+
+EntryList LDGRAccountSchedule::EvaluateForDate(const CivilTime& date) const {
+  return EntriesForDates(DueDates(date));
+}
+
+std::vector<DateNumber> LDGRAccountSchedule::DueDates(const CivilTime& date) const {
+  const std::int64_t day = DayCount(date.year, date.month, date.day);
+  const std::int64_t ahead = use_preceding_friday_ ? WeekendDaysAhead(day) : 0;
+  std::int64_t last = day + ahead;
+  std::size_t limit = std::numeric_limits<std::size_t>::max();
+  switch (static_cast<Until>(until_type_)) {
+    case Until::Forever:
+      break;
+    case Until::Count:
+      limit = OccurrencesLeft();
+      break;
+    case Until::Date: {
+      const std::int64_t until = DayCountOf(until_);
+      const bool over = day >= until && day >= DayCountOf(GetDate());
+      last = over ? until : day + std::clamp<std::int64_t>(until - day, 0, ahead);
+      break;
+    }
+    default:
+      return {};
+  }
+  return UncommittedOccurrences(GetRecurrence(), committed_dates_, GetDate(),
+                                DateNumberOfDayCount(last), limit);
+}
+
+DateNumber LDGRAccountSchedule::NextEntryDate() const {
+  const Recurrence recurrence = GetRecurrence();
+  if (!first_uncommitted_ || first_uncommitted_->recurrence != recurrence) {
+    first_uncommitted_ = {recurrence, FirstUncommittedOccurrence(recurrence, committed_dates_)};
+  }
+  const DateNumber next = first_uncommitted_->date;
+  if (next == -1) return -1;
+  switch (static_cast<Until>(until_type_)) {
+    case Until::Forever:
+      return next;
+    case Until::Count:
+      return OccurrencesLeft() > 0 ? next : -1;
+    case Until::Date: {
+      const std::int64_t until = DayCountOf(until_);
+      return DayCountOf(next) > until || until < DayCountOf(GetDate()) ? -1 : next;
+    }
+  }
+  return -1;
+}
+
+void LDGRAccountSchedule::AddCommittedDate(DateNumber date) {
+  committed_dates_.Add(date);
+  first_uncommitted_.reset();
+}
+
+void LDGRAccountSchedule::CommitEntry(const LDGRAccountEntry* entry) {
+  if (entry != nullptr) AddCommittedDate(entry->GetDate());
+}
+
+int LDGRAccountSchedule::NextEntryDateIsGreaterThan(const LDGRAccountSchedule& other) const {
+  const auto sorted_last = [](DateNumber date) {
+    return date == -1 ? std::numeric_limits<DateNumber>::max() : date;
+  };
+  const DateNumber mine = sorted_last(NextEntryDate());
+  const DateNumber others = sorted_last(other.NextEntryDate());
+  if (mine != others) return mine > others ? 1 : -1;
+  return NumberIsGreaterThan(other);
+}
+
+int LDGRAccountSchedule::NextEntryDateIsGreaterThan_Reversed(
+    const LDGRAccountSchedule& other) const {
+  return -NextEntryDateIsGreaterThan(other);
+}
+
+}  // namespace tallyfold
