@@ -1,0 +1,174 @@
+#include "console/values.h"
+
+#include <algorithm>
+#include <array>
+#include <charconv>
+#include <cstdlib>
+#include <optional>
+#include <system_error>
+
+#include "console/command_error.h"
+#include "console/words.h"
+#include "model/amounts.h"
+#include "model/calendar.h"
+#include "platform/ambient.h"
+
+namespace tallyfold::console {
+namespace {
+
+[[noreturn]] void Refuse(std::string_view what, std::string_view expected, std::string_view text) {
+  throw CommandError(std::string(what) + ": expected " + std::string(expected) + ", not " +
+                     Quoted(text));
+}
+
+bool IsDigit(char c) { return c >= '0' && c <= '9'; }
+
+// Three numbers as they stand in a date, with how many digits each has.
+struct DateParts {
+  std::array<int, 3> values{};
+  std::array<std::size_t, 3> digits{};
+};
+
+// Exactly three runs of digits with one character that is no digit between them.
+std::optional<DateParts> ReadDateParts(std::string_view text) {
+  DateParts parts;
+  for (std::size_t i = 0; i < 3; ++i) {
+    if (i != 0) {
+      if (text.empty()) return std::nullopt;
+      text.remove_prefix(1);
+    }
+    const char* const end = text.data() + text.size();
+    if (text.empty() || !IsDigit(text.front())) return std::nullopt;
+    const auto [rest, error] = std::from_chars(text.data(), end, parts.values[i]);
+    if (error != std::errc()) return std::nullopt;
+    parts.digits[i] = static_cast<std::size_t>(rest - text.data());
+    text.remove_prefix(parts.digits[i]);
+  }
+  if (!text.empty()) return std::nullopt;
+  return parts;
+}
+
+std::optional<DateNumber> ExistingDay(int year, int month, int day) {
+  if (year < 1 || year > 9999 || !IsValidDay(year, month, day)) return std::nullopt;
+  return static_cast<DateNumber>(year * 10000 + month * 100 + day);
+}
+
+// Where year, month and day stand in the user's short format, 0 to 2 each.
+struct DateOrder {
+  std::size_t year = 2;
+  std::size_t month = 0;
+  std::size_t day = 1;
+};
+
+DateOrder OrderOf(std::string_view format) {
+  const std::size_t year = format.find_first_of("yY");
+  const std::size_t month = format.find_first_of("mbB");
+  const std::size_t day = format.find_first_of("de");
+  const auto rank = [&](std::size_t at) {
+    return static_cast<std::size_t>((year < at) + (month < at) + (day < at));
+  };
+  return {rank(year), rank(month), rank(day)};
+}
+
+std::optional<DateNumber> DayInUsersFormat(std::string_view text) {
+  const DateOrder order = OrderOf(CurrentLocale().ShortDateFormat());
+  const std::optional<DateParts> parts = ReadDateParts(text);
+  if (!parts) return std::nullopt;
+  int year = parts->values[order.year];
+  if (parts->digits[order.year] <= 2) year += year >= 69 ? 1900 : 2000;
+  return ExistingDay(year, parts->values[order.month], parts->values[order.day]);
+}
+
+// An example of the user's short format, for error texts.
+std::string ExampleInUsersFormat() {
+  const DateOrder order = OrderOf(CurrentLocale().ShortDateFormat());
+  std::array<std::string_view, 3> parts;
+  parts[order.year] = "26";
+  parts[order.month] = "3";
+  parts[order.day] = "31";
+  return std::string(parts[0]) + '/' + std::string(parts[1]) + '/' + std::string(parts[2]);
+}
+
+std::string Padded(std::uint32_t value, std::size_t width) {
+  std::string digits = std::to_string(value);
+  if (digits.size() < width) digits.insert(0, width - digits.size(), '0');
+  return digits;
+}
+
+}  // namespace
+
+DateNumber ReadDate(std::string_view text, std::string_view what) {
+  if (text == "today") return TodaysDateNumber();
+  std::optional<DateNumber> day;
+  const std::optional<DateParts> parts = ReadDateParts(text);
+  if (parts && parts->digits[0] == 4) {
+    day = ExistingDay(parts->values[0], parts->values[1], parts->values[2]);
+  } else {
+    day = DayInUsersFormat(text);
+  }
+  if (!day) Refuse(what, "a date such as 2026-03-31 or " + ExampleInUsersFormat(), text);
+  return *day;
+}
+
+double ReadAmount(std::string_view text, std::string_view what) {
+  std::string_view digits = text;
+  if (digits.starts_with('-') || digits.starts_with('+')) digits.remove_prefix(1);
+  const std::size_t point = std::min(digits.find('.'), digits.size());
+  const std::string_view whole = digits.substr(0, point);
+  const std::string_view cents = digits.substr(std::min(point + 1, digits.size()));
+  const bool are_digits = std::all_of(whole.begin(), whole.end(), IsDigit) &&
+                          std::all_of(cents.begin(), cents.end(), IsDigit);
+  if (!are_digits || whole.size() + cents.size() == 0 || cents.size() > 2) {
+    Refuse(what, "an amount such as 1234.50", text);
+  }
+  double amount = 0.0;
+  std::from_chars(digits.data(), digits.data() + digits.size(), amount);
+  if (!(amount < 1e13)) Refuse(what, "an amount below 10000000000000.00", text);
+  return text.starts_with('-') && amount != 0.0 ? -amount : amount;
+}
+
+bool ReadYesNo(std::string_view text, std::string_view what) {
+  for (const std::string_view yes : {"yes", "y", "true", "on", "1"}) {
+    if (text == yes) return true;
+  }
+  for (const std::string_view no : {"no", "n", "false", "off", "0"}) {
+    if (text == no) return false;
+  }
+  Refuse(what, "yes or no", text);
+}
+
+std::int32_t ReadNumber(std::string_view text, std::string_view what, std::int32_t least,
+                        std::int32_t most) {
+  std::int32_t number = 0;
+  const char* const end = text.data() + text.size();
+  const auto [rest, error] = std::from_chars(text.data(), end, number);
+  if (error != std::errc() || rest != end || number < least || number > most) {
+    constexpr std::int32_t kNoLimit = 2147483647;
+    std::string expected = "a whole number";
+    if (most == kNoLimit) {
+      expected += " from " + std::to_string(least);
+    } else {
+      expected += " from " + std::to_string(least) + " to " + std::to_string(most);
+    }
+    Refuse(what, expected, text);
+  }
+  return number;
+}
+
+std::string WriteDate(DateNumber date) {
+  const auto number = static_cast<std::uint32_t>(std::abs(static_cast<std::int64_t>(date)));
+  return (date < 0 ? "-" : "") + Padded(number / 10000, 4) + '-' + Padded(number / 100 % 100, 2) +
+         '-' + Padded(number % 100, 2);
+}
+
+std::string WriteAmount(double amount) {
+  std::string text = FixedAmountString(amount);
+  if (text == "-0.00") text.erase(0, 1);
+  return text;
+}
+
+std::string WriteYesNo(bool value) { return value ? "yes" : "no"; }
+
+std::string WriteNumber(std::int64_t number) { return std::to_string(number); }
+
+}  // namespace tallyfold::console

@@ -1,0 +1,33 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+#include "model/date_number.h"
+
+namespace tallyfold::console {
+
+// Values as they are typed and shown. Every reader throws CommandError with `what` (the name of the
+// option or word), what was given and what was expected.
+
+// A day that exists, in the years 1 to 9999: "2026-03-07", or three numbers in the order of the
+// user's short date format ("3/7/26"; years of one or two digits are 1969 to 2068), or "today".
+[[nodiscard]] DateNumber ReadDate(std::string_view text, std::string_view what);
+// Digits with at most two decimals behind ".", a sign, and nothing else: neither a currency sign
+// nor thousands separators, whose meaning would depend on the reader. Below 10^13, so that every
+// cent is exact.
+[[nodiscard]] double ReadAmount(std::string_view text, std::string_view what);
+// yes or no (also y, n, true, false, on, off, 1, 0).
+[[nodiscard]] bool ReadYesNo(std::string_view text, std::string_view what);
+[[nodiscard]] std::int32_t ReadNumber(std::string_view text, std::string_view what,
+                                      std::int32_t least, std::int32_t most);
+
+// yyyy-mm-dd, whatever the number; a day that does not exist is written as it is stored.
+[[nodiscard]] std::string WriteDate(DateNumber date);
+// Two decimals behind ".", never "-0.00".
+[[nodiscard]] std::string WriteAmount(double amount);
+[[nodiscard]] std::string WriteYesNo(bool value);
+[[nodiscard]] std::string WriteNumber(std::int64_t number);
+
+}  // namespace tallyfold::console

@@ -1,0 +1,134 @@
+#include "console/words.h"
+
+#include <algorithm>
+#include <cstddef>
+
+#include "model/clean_text.h"
+
+namespace tallyfold::console {
+namespace {
+
+bool IsBlank(char c) { return c == ' ' || c == '\t'; }
+bool IsDigit(char c) { return c >= '0' && c <= '9'; }
+bool IsKeyCharacter(char c) {
+  return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || IsDigit(c) || c == '-';
+}
+
+// True for "#" followed by digits alone up to the end of the word.
+bool NamesRow(std::string_view text) {
+  const std::string_view word = text.substr(0, text.find_first_of(" \t"));
+  return word.size() > 1 && std::all_of(word.begin() + 1, word.end(), IsDigit);
+}
+
+class Reader {
+ public:
+  explicit Reader(std::string_view text) : text_(text) {}
+
+  Line Read() {
+    SkipBlanks();
+    if (!AtEnd() && text_[at_] == '-') {
+      line_.may_fail = true;
+      ++at_;
+      SkipBlanks();
+    }
+    while (!AtEnd() && line_.error.empty() && !AtComment()) {
+      ReadWord();
+      SkipBlanks();
+    }
+    return std::move(line_);
+  }
+
+ private:
+  [[nodiscard]] bool AtEnd() const { return at_ >= text_.size(); }
+  [[nodiscard]] bool AtComment() const {
+    return text_[at_] == '#' && (line_.words.empty() || !NamesRow(text_.substr(at_)));
+  }
+  void SkipBlanks() {
+    while (!AtEnd() && IsBlank(text_[at_])) ++at_;
+  }
+
+  void ReadWord() {
+    Word word;
+    bool may_be_key = true;
+    while (!AtEnd() && !IsBlank(text_[at_]) && line_.error.empty()) {
+      const char c = text_[at_++];
+      if (c == '"') {
+        ReadQuoted(word.text);
+        may_be_key = false;
+      } else if (c == '=' && may_be_key && !word.text.empty()) {
+        word.key = std::move(word.text);
+        word.text.clear();
+        may_be_key = false;
+      } else {
+        word.text += c;
+        may_be_key = may_be_key && IsKeyCharacter(c);
+      }
+    }
+    line_.words.push_back(std::move(word));
+  }
+
+  void ReadQuoted(std::string& into) {
+    while (!AtEnd()) {
+      const char c = text_[at_++];
+      if (c == '"') return;
+      if (c != '\\') {
+        into += c;
+        continue;
+      }
+      const char escaped = AtEnd() ? '\0' : text_[at_++];
+      switch (escaped) {
+        case '"':
+        case '\\':
+          into += escaped;
+          break;
+        case 'n':
+          into += '\n';
+          break;
+        case 't':
+          into += '\t';
+          break;
+        default:
+          line_.error = R"(a backslash between quotation marks must be \" or \\ or \n or \t)";
+          return;
+      }
+    }
+    line_.error = "a quotation mark is not closed";
+  }
+
+  std::string_view text_;
+  std::size_t at_ = 0;
+  Line line_;
+};
+
+}  // namespace
+
+Line ReadWords(std::string_view text) {
+  if (text.ends_with('\r')) text.remove_suffix(1);
+  const std::string clean = CleanText(text);
+  return Reader(clean).Read();
+}
+
+std::string Quoted(std::string_view text) {
+  std::string quoted = "\"";
+  for (const char c : text) {
+    switch (c) {
+      case '"':
+        quoted += "\\\"";
+        break;
+      case '\\':
+        quoted += "\\\\";
+        break;
+      case '\n':
+        quoted += "\\n";
+        break;
+      case '\t':
+        quoted += "\\t";
+        break;
+      default:
+        quoted += c;
+    }
+  }
+  return quoted + '"';
+}
+
+}  // namespace tallyfold::console
