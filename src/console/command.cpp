@@ -35,6 +35,16 @@ std::string Shown(std::string_view text) {
   return Quoted(text.substr(0, end)) + "...";
 }
 
+// The name and its plain words.
+std::string Signature(const Command& command) {
+  std::string signature(command.name);
+  if (!command.words.empty()) {
+    signature += ' ';
+    signature += command.words;
+  }
+  return signature;
+}
+
 void CheckOption(const Command& command, const Word& word, const std::vector<Word>& earlier) {
   const std::string name(command.name);
   const Option* const option = FindOption(command, word.key);
@@ -71,13 +81,13 @@ Arguments::Arguments(const Command& command, std::span<const Word> words) {
       CheckOption(command, word, options_);
       options_.push_back(word);
     } else if (words_.size() == command.most_words) {
-      throw CommandError(Shown(word.text) + " is too much; expected " + Usage(command));
+      throw CommandError(Shown(word.text) + " is too much; expected " + Signature(command));
     } else {
       words_.push_back(word.text);
     }
   }
   if (words_.size() < command.least_words) {
-    throw CommandError("expected " + Usage(command));
+    throw CommandError("expected " + Signature(command));
   }
 }
 
@@ -159,11 +169,7 @@ std::string UnknownCommand(std::span<const Subject> subjects, std::span<const Wo
 }
 
 std::string Usage(const Command& command) {
-  std::string usage(command.name);
-  if (!command.words.empty()) {
-    usage += ' ';
-    usage += command.words;
-  }
+  std::string usage = Signature(command);
   for (const Option& option : command.options) {
     usage += " [";
     usage += option.name;

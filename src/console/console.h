@@ -1,0 +1,56 @@
+#pragma once
+
+#include <functional>
+#include <span>
+#include <string>
+
+#include "console/command.h"
+#include "console/register_order.h"
+
+namespace tallyfold {
+class FileSystem;
+class LDGRController;
+class NotificationCenter;
+class ProcessLauncher;
+class RunLoop;
+class SpeechOutput;
+class Terminal;
+class TextEncodings;
+}  // namespace tallyfold
+
+namespace tallyfold::console {
+
+class ConsoleHost;
+class ConsoleLog;
+class Printer;
+class Questions;
+
+// What a session runs on, beside the ambient locale, localizer and clock.
+struct ConsoleServices {
+  Terminal& terminal;
+  FileSystem& files;
+  ProcessLauncher& processes;
+  SpeechOutput& speech;
+  RunLoop& loop;
+  NotificationCenter& notifications;
+  TextEncodings& encodings;
+  // Runs what the run loop has pending without waiting for delays of up to a few seconds.
+  std::function<void()> skip_delays;
+  // The running program's, as it is written into files.
+  std::string version;
+};
+
+// What commands work with.
+struct Console {
+  LDGRController& controller;
+  Printer& printer;
+  Questions& questions;
+  ConsoleHost& host;
+  const ConsoleLog& log;
+  FileSystem& files;
+  std::span<const Subject> subjects;
+  // How the register was shown last, which is what "#3" counts in.
+  RegisterOrder register_order;
+};
+
+}  // namespace tallyfold::console

@@ -1,0 +1,17 @@
+#include "console/printer.h"
+
+#include <string>
+
+namespace tallyfold::console {
+
+void Printer::Show(const Table& table) {
+  terminal_.Write(terminal_.WritesToPerson() ? table.Aligned() : table.TabSeparated());
+}
+
+void Printer::Confirm(std::string_view text) {
+  if (terminal_.WritesToPerson()) terminal_.Write(Escaped(text) + '\n');
+}
+
+void Printer::Note(std::string_view text) { terminal_.WriteError(Escaped(text) + '\n'); }
+
+}  // namespace tallyfold::console
