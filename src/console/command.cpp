@@ -66,8 +66,9 @@ std::size_t NameLength(const Command& command, std::span<const Word> words) {
   const std::size_t blank = name.find(' ');
   const std::size_t length = blank == std::string_view::npos ? 1 : 2;
   if (words.size() < length) return 0;
-  const bool is_plain = std::none_of(words.begin(), words.begin() + static_cast<std::ptrdiff_t>(length),
-                                     [](const Word& word) { return word.IsOption(); });
+  const bool is_plain =
+      std::none_of(words.begin(), words.begin() + static_cast<std::ptrdiff_t>(length),
+                   [](const Word& word) { return word.IsOption(); });
   if (!is_plain || words[0].text != name.substr(0, blank)) return 0;
   if (length == 2 && words[1].text != name.substr(blank + 1)) return 0;
   return length;

@@ -18,10 +18,10 @@ class Arguments;
 
 // An option that a command takes, written name=VALUE.
 struct Option {
-  std::string_view name;
+  std::string_view name = {};
   // What stands behind "=", as help shows it: "DATE", "yes|no".
-  std::string_view value;
-  std::string_view help;
+  std::string_view value = {};
+  std::string_view help = {};
   bool is_repeatable = false;
 };
 
@@ -36,24 +36,24 @@ enum class Needs : std::uint8_t {
 // commands in a table of its own (see all_commands.h).
 struct Command {
   // One or two words: "debit", "account add".
-  std::string_view name;
+  std::string_view name = {};
   // The plain words behind the name as help shows them ("NUMBER|NAME"), and how many there may be.
-  std::string_view words;
+  std::string_view words = {};
   std::size_t least_words = 0;
   std::size_t most_words = 0;
-  std::span<const Option> options;
+  std::span<const Option> options = {};
   // One line without a full stop.
-  std::string_view help;
-  std::string_view example;
+  std::string_view help = {};
+  std::string_view example = {};
   // Throws CommandError when it cannot do what was asked; it then has changed nothing.
-  void (*run)(Console& console, const Arguments& arguments);
+  void (*run)(Console& console, const Arguments& arguments) = nullptr;
   Needs needs = Needs::Launch;
 };
 
 // The commands of a subject, in the order in which help lists them.
 struct Subject {
-  std::string_view name;
-  std::span<const Command> commands;
+  std::string_view name = {};
+  std::span<const Command> commands = {};
 };
 
 // What was typed behind a command's name, checked against what it takes.

@@ -12,6 +12,8 @@ void Printer::Confirm(std::string_view text) {
   if (terminal_.WritesToPerson()) terminal_.Write(Escaped(text) + '\n');
 }
 
-void Printer::Note(std::string_view text) { terminal_.WriteError(Escaped(text) + '\n'); }
+void Printer::Note(std::string_view text) {
+  terminal_.WriteError(Escaped(text) + '\n');
+}
 
 }  // namespace tallyfold::console

@@ -22,8 +22,8 @@ class Session {
  public:
   // Exit statuses.
   static constexpr int kSuccess = 0;
-  static constexpr int kFailure = 1;      // a command failed, or what was to be saved was not
-  static constexpr int kDataInUse = 2;    // another copy works on the same files
+  static constexpr int kFailure = 1;    // a command failed, or what was to be saved was not
+  static constexpr int kDataInUse = 2;  // another copy works on the same files
 
   // The services must outlive the session.
   explicit Session(const ConsoleServices& services);

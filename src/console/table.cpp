@@ -1,9 +1,10 @@
 #include "console/table.h"
 
 #include <algorithm>
-#include <cstdint>
 #include <iterator>
 #include <utility>
+
+#include "model/case_folding.h"
 
 namespace tallyfold::console {
 namespace {
@@ -28,32 +29,15 @@ constexpr Range kWide[] = {
 
 template <std::size_t Count>
 bool Contains(const Range (&ranges)[Count], char32_t c) {
-  const Range* range = std::upper_bound(std::begin(ranges), std::end(ranges), c,
-                                        [](char32_t value, const Range& r) { return value < r.first; });
+  const Range* range =
+      std::upper_bound(std::begin(ranges), std::end(ranges), c,
+                       [](char32_t value, const Range& r) { return value < r.first; });
   return range != std::begin(ranges) && c <= std::prev(range)->last;
 }
 
-// The character at `at`, which is moved behind it. Bytes that are no valid UTF-8 count one each.
-char32_t NextCharacter(std::string_view text, std::size_t& at) noexcept {
-  const auto byte = [text](std::size_t i) -> std::uint32_t {
-    return i < text.size() ? static_cast<unsigned char>(text[i]) : 0U;
-  };
-  const std::uint32_t first = byte(at);
-  const std::size_t length = first < 0xC2U ? 1 : first < 0xE0U ? 2 : first < 0xF0U ? 3 : 4;
-  std::uint32_t c = length == 1 ? first : first & (0x7FU >> length);
-  for (std::size_t i = 1; i < length; ++i) {
-    const std::uint32_t next = byte(at + i);
-    if ((next & 0xC0U) != 0x80U) {
-      ++at;
-      return first;
-    }
-    c = (c << 6U) | (next & 0x3FU);
-  }
-  at += length;
-  return c;
+bool IsControl(char32_t c) {
+  return c < 0x20 || (c >= 0x7F && c < 0xA0);
 }
-
-bool IsControl(char32_t c) { return c < 0x20 || (c >= 0x7F && c < 0xA0); }
 
 void AppendPadded(std::string& line, const std::string& cell, std::size_t padding,
                   Column::Align align) {
@@ -68,9 +52,9 @@ std::string Escaped(std::string_view text) {
   constexpr std::string_view kDigits = "0123456789abcdef";
   std::string escaped;
   escaped.reserve(text.size());
-  for (std::size_t at = 0; at < text.size();) {
-    const std::size_t start = at;
-    const char32_t c = NextCharacter(text, at);
+  while (!text.empty()) {
+    const std::string_view before = text;
+    const char32_t c = TakeCodePoint(text);
     switch (c) {
       case U'\t':
         escaped += "\\t";
@@ -90,7 +74,7 @@ std::string Escaped(std::string_view text) {
           escaped += kDigits[(c >> 4U) & 0xFU];
           escaped += kDigits[c & 0xFU];
         } else {
-          escaped += text.substr(start, at - start);
+          escaped += before.substr(0, before.size() - text.size());
         }
     }
   }
@@ -99,10 +83,10 @@ std::string Escaped(std::string_view text) {
 
 std::size_t DisplayWidth(std::string_view text) noexcept {
   std::size_t width = 0;
-  for (std::size_t at = 0; at < text.size();) {
-    const char32_t c = NextCharacter(text, at);
+  while (!text.empty()) {
+    const char32_t c = TakeCodePoint(text);
     if (Contains(kCombining, c)) continue;
-    width += Contains(kWide, c) ? 2 : 1;
+    width += Contains(kWide, c) ? 2U : 1U;
   }
   return width;
 }

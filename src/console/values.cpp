@@ -21,7 +21,9 @@ namespace {
                      Quoted(text));
 }
 
-bool IsDigit(char c) { return c >= '0' && c <= '9'; }
+bool IsDigit(char c) {
+  return c >= '0' && c <= '9';
+}
 
 // Three numbers as they stand in a date, with how many digits each has.
 struct DateParts {
@@ -167,8 +169,12 @@ std::string WriteAmount(double amount) {
   return text;
 }
 
-std::string WriteYesNo(bool value) { return value ? "yes" : "no"; }
+std::string WriteYesNo(bool value) {
+  return value ? "yes" : "no";
+}
 
-std::string WriteNumber(std::int64_t number) { return std::to_string(number); }
+std::string WriteNumber(std::int64_t number) {
+  return std::to_string(number);
+}
 
 }  // namespace tallyfold::console

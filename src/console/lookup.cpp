@@ -1,0 +1,115 @@
+#include "console/lookup.h"
+
+#include <algorithm>
+#include <charconv>
+#include <optional>
+#include <system_error>
+#include <vector>
+
+#include "app/controller.h"
+#include "console/command_error.h"
+#include "console/words.h"
+#include "model/account.h"
+#include "model/account_schedule.h"
+#include "model/text.h"
+
+namespace tallyfold::console {
+namespace {
+
+// The number that the whole word is; none for any other text and beyond 32 bits.
+template <typename Number>
+std::optional<Number> NumberOf(std::string_view word) {
+  Number number = 0;
+  const char* const end = word.data() + word.size();
+  const auto [rest, error] = std::from_chars(word.data(), end, number);
+  if (error != std::errc() || rest != end) return std::nullopt;
+  return number;
+}
+
+// Finds what `word` names among `rows`: by row ("#3"), or by a number that only one has.
+template <typename Record>
+std::shared_ptr<Record> Named(const std::vector<std::shared_ptr<Record>>& rows,
+                              std::string_view word, const std::string& kind) {
+  if (word.starts_with('#')) {
+    const auto row = NumberOf<std::size_t>(word.substr(1));
+    if (row && *row >= 1 && *row <= rows.size()) return rows[*row - 1];
+    throw CommandError("there is no row " + std::string(word) + "; there are " +
+                       std::to_string(rows.size()));
+  }
+  const auto number = NumberOf<std::int32_t>(word);
+  if (!number) {
+    throw CommandError("expected the number of " + kind + " or a row such as #3, not " +
+                       Quoted(word));
+  }
+  std::shared_ptr<Record> found;
+  std::string others;
+  for (std::size_t row = 0; row < rows.size(); ++row) {
+    if (rows[row]->GetNumber() != *number) continue;
+    others += (others.empty() ? "#" : ", #") + std::to_string(row + 1);
+    if (found == nullptr) {
+      found = rows[row];
+    } else {
+      // One more is enough to tell; a list of thousands helps nobody.
+      throw CommandError("number " + std::string(word) + " is not unique; name the row: " + others);
+    }
+  }
+  if (found == nullptr)
+    throw CommandError("there is no " + kind.substr(kind.find(' ') + 1) + " " + std::string(word));
+  return found;
+}
+
+}  // namespace
+
+std::shared_ptr<LDGRAccount> SelectedAccount(const Console& console) {
+  auto account = console.controller.SelectedAccount();
+  if (account == nullptr) {
+    throw CommandError(console.controller.accounts().empty()
+                           ? "there is no account; account add makes one"
+                           : "no account is selected; select NUMBER|NAME selects one");
+  }
+  return account;
+}
+
+std::shared_ptr<LDGRAccount> AccountNamed(const Console& console, std::string_view word) {
+  if (const auto number = NumberOf<std::int32_t>(word)) {
+    if (auto account = console.controller.AccountWithNumber(*number)) return account;
+  }
+  const auto& accounts = console.controller.accounts();
+  std::vector<std::shared_ptr<LDGRAccount>> alike;
+  for (const bool exactly : {true, false}) {
+    alike.clear();
+    for (const auto& account : accounts) {
+      const bool is_alike =
+          exactly ? account->GetName() == word : CompareIgnoringCase(account->GetName(), word) == 0;
+      if (is_alike) alike.push_back(account);
+    }
+    if (alike.size() == 1) return alike.front();
+    if (alike.size() > 1) {
+      throw CommandError(std::to_string(alike.size()) + " accounts are named " + Quoted(word) +
+                         "; use the number");
+    }
+  }
+  throw CommandError("there is no account " + Quoted(word) + "; accounts lists them");
+}
+
+std::shared_ptr<LDGRAccountEntry> EntryNamed(const Console& console, std::string_view word) {
+  EntryList rows = SelectedAccount(console)->GetEntries();
+  SortEntries(rows, console.register_order);
+  return Named(rows, word, "an entry");
+}
+
+std::shared_ptr<LDGRAccountSchedule> ScheduleNamed(const Console& console, std::string_view word) {
+  return Named(SelectedAccount(console)->GetSchedules(), word, "a schedule");
+}
+
+EntryNames::EntryNames(const EntryList& rows) : rows_(rows) {
+  counts_.reserve(rows.size());
+  for (const auto& entry : rows) ++counts_[entry->GetNumber()];
+}
+
+std::string EntryNames::NameOfRow(std::size_t row) const {
+  const std::int32_t number = rows_[row]->GetNumber();
+  return counts_.at(number) == 1 ? std::to_string(number) : '#' + std::to_string(row + 1);
+}
+
+}  // namespace tallyfold::console

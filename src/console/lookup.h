@@ -1,0 +1,46 @@
+#pragma once
+
+#include <cstddef>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <unordered_map>
+
+#include "console/console.h"
+#include "model/account_entry.h"
+
+namespace tallyfold {
+class LDGRAccount;
+class LDGRAccountSchedule;
+}  // namespace tallyfold
+
+namespace tallyfold::console {
+
+// What typed words name. Each throws CommandError that says what there is instead.
+
+[[nodiscard]] std::shared_ptr<LDGRAccount> SelectedAccount(const Console& console);
+// By number, by exact name, or by a name that only one account has when case is ignored. A name of
+// digits alone is taken as a number first.
+[[nodiscard]] std::shared_ptr<LDGRAccount> AccountNamed(const Console& console,
+                                                        std::string_view word);
+// An entry of the selected account: its number, or "#3" for the third row of the register as it was
+// shown last. A number that several entries have names none of them.
+[[nodiscard]] std::shared_ptr<LDGRAccountEntry> EntryNamed(const Console& console,
+                                                           std::string_view word);
+// A schedule of the selected account, by its number or by "#3" in the order of the list.
+[[nodiscard]] std::shared_ptr<LDGRAccountSchedule> ScheduleNamed(const Console& console,
+                                                                 std::string_view word);
+
+// What EntryNamed takes for the entries of a list: the number where it is unique, else "#3".
+class EntryNames {
+ public:
+  // `rows` are in the order of the register and must outlive this.
+  explicit EntryNames(const EntryList& rows);
+  [[nodiscard]] std::string NameOfRow(std::size_t row) const;
+
+ private:
+  const EntryList& rows_;
+  std::unordered_map<std::int32_t, std::size_t> counts_;
+};
+
+}  // namespace tallyfold::console
