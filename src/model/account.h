@@ -187,10 +187,11 @@ class LDGRAccount {
   // The active types, and those taken out of use that old entries still refer to.
   [[nodiscard]] const EntryTypeList& GetTypes() const noexcept { return types_; }
   [[nodiscard]] const EntryTypeList& GetInactiveTypes() const noexcept { return inactive_types_; }
-  // Replace a list; a default type that is in neither list afterwards becomes none.
+  // Replace a list; a default type that is in neither list afterwards becomes none. The active
+  // types are kept sorted by name.
   void SetTypes(EntryTypeList types);
   void SetInactiveTypes(EntryTypeList types);
-  // Appends an active type; null is ignored.
+  // Puts an active type in its place by name; null is ignored.
   void AddType(std::shared_ptr<LDGRAccountEntryType> type);
   // New lists of the active types: transfer types, deposit types, and those that are neither.
   [[nodiscard]] EntryTypeList GetTransferTypes() const;
@@ -326,7 +327,7 @@ class LDGRAccount {
   [[nodiscard]] const AccountSummaryList& accountSummaries() const noexcept {
     return account_summaries_;
   }
-  // Appends; null is ignored.
+  // Appends, and selects it when none was selected; null is ignored.
   void addAccountSummary(std::shared_ptr<LDGRAccountSummary> summary);
   // Removing the selected one selects the first.
   void removeAccountSummary(const LDGRAccountSummary* summary);
@@ -469,6 +470,19 @@ class LDGRAccount {
     member = std::move(value);
     NoteChange();
   }
+
+  // How each stored key is written and read (account_dictionary.cpp).
+  struct StoredKey;
+  void Read(const plist::Dictionary& dictionary, bool consume);
+
+  // The dictionary forms of the summaries, by whom they are known (src/summaries).
+  void WriteAccountSummaries(plist::Output& output) const;
+  void ReadAccountSummaries(const plist::Array& array, std::string_view wrong);
+  // Replaces the list, makes it belong to this account and selects its first.
+  void TakeAccountSummaries(AccountSummaryList summaries);
+
+  // Forgets default types that are in neither list of types.
+  void DropForeignDefaultTypes() noexcept;
 
   std::int32_t number_ = -1;
   std::int32_t version_ = kCurrentVersion;

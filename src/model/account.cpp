@@ -1,0 +1,178 @@
+#include "model/account.h"
+
+#include <algorithm>
+#include <iterator>
+
+#include "platform/ambient.h"
+#include "platform/clock.h"
+
+namespace tallyfold {
+namespace {
+
+// Removes the element that is `record`; false when there is none.
+template <typename List, typename Record>
+bool RemoveRecord(List& list, const Record* record) {
+  const auto found = std::find_if(list.begin(), list.end(),
+                                  [record](const auto& held) { return held.get() == record; });
+  if (found == list.end()) return false;
+  list.erase(found);
+  return true;
+}
+
+template <typename List>
+typename List::value_type RecordWithNumber(const List& list, std::int32_t number) {
+  const auto found = std::find_if(
+      list.begin(), list.end(), [number](const auto& held) { return held->GetNumber() == number; });
+  return found != list.end() ? *found : nullptr;
+}
+
+EntryList EntriesOfKind(const EntryList& entries,
+                        bool (LDGRAccountEntry::*is_kind)() const noexcept) {
+  EntryList result;
+  std::copy_if(entries.begin(), entries.end(), std::back_inserter(result),
+               [is_kind](const auto& entry) { return ((*entry).*is_kind)(); });
+  return result;
+}
+
+}  // namespace
+
+LDGRAccount::LDGRAccount()
+    : types_(DefaultTypes()),
+      qif_import_encoding_(CurrentLocale().DefaultTextEncoding()),
+      qif_import_decimal_separator_(CurrentLocale().DecimalSeparator()),
+      qif_import_thousands_separator_(CurrentLocale().ThousandsSeparator()),
+      text_export_encoding_(CurrentLocale().DefaultTextEncoding()) {
+  TakeAccountSummaries(DefaultAccountSummaries());
+}
+
+LDGRAccount::~LDGRAccount() {
+  TakeAccountSummaries({});
+}
+
+void LDGRAccount::SetName(std::optional<std::string_view> name) {
+  if (name) Change(name_, std::string(*name));
+}
+
+void LDGRAccount::SetEntries(EntryList entries) {
+  std::erase(entries, nullptr);
+  entries_ = std::move(entries);
+  NoteChange();
+}
+
+void LDGRAccount::AddEntry(std::shared_ptr<LDGRAccountEntry> entry) {
+  if (!entry) return;
+  entries_.push_back(std::move(entry));
+  NoteChange();
+}
+
+void LDGRAccount::RemoveEntry(const LDGRAccountEntry* entry) {
+  if (RemoveRecord(entries_, entry)) NoteChange();
+}
+
+std::shared_ptr<LDGRAccountEntry> LDGRAccount::GetEntryWithNumber(std::int32_t number) const {
+  return RecordWithNumber(entries_, number);
+}
+
+void LDGRAccount::SetSchedules(ScheduleList schedules) {
+  std::erase(schedules, nullptr);
+  schedules_ = std::move(schedules);
+  NoteChange();
+}
+
+void LDGRAccount::AddSchedule(std::shared_ptr<LDGRAccountSchedule> schedule) {
+  if (!schedule) return;
+  schedules_.push_back(std::move(schedule));
+  NoteChange();
+}
+
+void LDGRAccount::RemoveSchedule(const LDGRAccountSchedule* schedule) {
+  if (RemoveRecord(schedules_, schedule)) NoteChange();
+}
+
+std::shared_ptr<LDGRAccountSchedule> LDGRAccount::ScheduleForNumber(std::int32_t number) const {
+  return RecordWithNumber(schedules_, number);
+}
+
+bool LDGRAccount::HasPendingScheduledEntries() const {
+  const CivilTime now = CurrentClock().LocalNow();
+  return std::any_of(schedules_.begin(), schedules_.end(),
+                     [&now](const auto& schedule) { return !schedule->DueDates(now).empty(); });
+}
+
+std::shared_ptr<LDGRAccountEntry> LDGRAccount::GetFirstEntry() const {
+  const auto first =
+      std::min_element(entries_.begin(), entries_.end(),
+                       [](const auto& a, const auto& b) { return a->DateIsGreaterThan(*b) < 0; });
+  return first != entries_.end() ? *first : nullptr;
+}
+
+std::shared_ptr<LDGRAccountEntry> LDGRAccount::GetLastEntry() const {
+  const auto last =
+      std::max_element(entries_.begin(), entries_.end(),
+                       [](const auto& a, const auto& b) { return a->DateIsGreaterThan(*b) < 0; });
+  return last != entries_.end() ? *last : nullptr;
+}
+
+std::shared_ptr<LDGRAccountEntry> LDGRAccount::GetLastEnteredEntry() const {
+  const auto last = std::max_element(
+      entries_.begin(), entries_.end(),
+      [](const auto& a, const auto& b) { return a->GetNumber() < b->GetNumber(); });
+  return last != entries_.end() ? *last : nullptr;
+}
+
+std::shared_ptr<LDGRAccountEntry> LDGRAccount::GetLastEnteredCheck() const {
+  std::shared_ptr<LDGRAccountEntry> last;
+  for (const auto& entry : entries_) {
+    if (entry->IsCheck() && (!last || entry->GetNumber() > last->GetNumber())) last = entry;
+  }
+  return last;
+}
+
+EntryList LDGRAccount::GetDebits() const {
+  return EntriesOfKind(entries_, &LDGRAccountEntry::IsDebit);
+}
+
+EntryList LDGRAccount::GetDeposits() const {
+  return EntriesOfKind(entries_, &LDGRAccountEntry::IsDeposit);
+}
+
+EntryList LDGRAccount::GetTransfers() const {
+  return EntriesOfKind(entries_, &LDGRAccountEntry::IsTransfer);
+}
+
+void LDGRAccount::SetPassword(std::optional<std::string_view> password) {
+  if (!password) return;
+  Change(password_, std::string(*password));
+  if (password_.empty()) authenticated_ = true;
+}
+
+bool LDGRAccount::Authenticate(std::string_view password) noexcept {
+  if (password == password_) authenticated_ = true;
+  return authenticated_;
+}
+
+void LDGRAccount::setAuthenticated(bool authenticated) noexcept {
+  if (HasPassword()) authenticated_ = authenticated;
+}
+
+void LDGRAccount::setEntryFilterData(const plist::Value& data) {
+  if (data == entry_filter_data_) return;
+  entry_filter_data_ = data.DeepCopy();
+  NoteChange();
+}
+
+void LDGRAccount::setReconcileFilterData(const plist::Value& data) {
+  if (data == reconcile_filter_data_) return;
+  reconcile_filter_data_ = data.DeepCopy();
+  NoteChange();
+}
+
+void LDGRAccount::SetQIFImportDecimalSeparator(std::optional<std::string_view> separator) {
+  if (separator) Change(qif_import_decimal_separator_, std::string(*separator));
+}
+
+void LDGRAccount::SetQIFImportThousandsSeparator(std::optional<std::string_view> separator) {
+  if (separator) Change(qif_import_thousands_separator_, std::string(*separator));
+}
+
+}  // namespace tallyfold

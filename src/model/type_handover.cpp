@@ -1,0 +1,10 @@
+#include "model/type_handover.h"
+
+namespace tallyfold {
+
+plist::Dictionary& TypeHandOver() {
+  static plist::Dictionary dictionary;
+  return dictionary;
+}
+
+}  // namespace tallyfold
