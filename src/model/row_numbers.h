@@ -1,0 +1,18 @@
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <set>
+
+#include "plist/value.h"
+
+namespace tallyfold {
+
+// Indexes of rows of a table, each once, ascending.
+using RowIndexSet = std::set<std::int32_t>;
+
+// The integer value of every element; empty for none. Negative numbers, which name no row, are left
+// out.
+[[nodiscard]] RowIndexSet indexSetWithRowNumbers(const std::optional<plist::Array>& numbers);
+
+}  // namespace tallyfold
