@@ -190,15 +190,26 @@ void LDGRPreferences::DefaultAppearanceSettings() noexcept {
   deposit_color_alpha_ = 1.0F;
 }
 
-plist::Value LDGRPreferences::FieldValue(std::string_view name) const {
-  return asDictionary().Get(name);
-}
-
-bool LDGRPreferences::SetFieldValue(std::string_view name, const plist::Value& value) {
+const Field<LDGRPreferences>* LDGRPreferences::FieldNamed(std::string_view name) {
   const auto fields = Fields();
   const auto field = std::find_if(fields.begin(), fields.end(),
                                   [name](const auto& each) { return each.key == name; });
-  if (field == fields.end() || name == kVersion) return false;
+  return field == fields.end() ? nullptr : &*field;
+}
+
+plist::Value LDGRPreferences::FieldValue(std::string_view name) const {
+  const Field<LDGRPreferences>* field = FieldNamed(name);
+  if (field == nullptr) return {};
+  plist::TreeBuilder builder;
+  builder.BeginDictionary();
+  WriteField(*this, *field, builder);
+  builder.EndDictionary();
+  return builder.Take().DictionaryValue().Get(name);
+}
+
+bool LDGRPreferences::SetFieldValue(std::string_view name, const plist::Value& value) {
+  const Field<LDGRPreferences>* field = FieldNamed(name);
+  if (field == nullptr || name == kVersion) return false;
   const bool is_text = std::holds_alternative<std::string LDGRPreferences::*>(field->member);
   if (is_text ? !value.IsString() : !value.IsNumber()) return false;
   plist::Dictionary dictionary;

@@ -236,6 +236,8 @@ class LDGRPreferences {
   }
 
  private:
+  // Null for a name that is no field.
+  [[nodiscard]] static const Field<LDGRPreferences>* FieldNamed(std::string_view name);
   void ReadAccountPreferences(const plist::Dictionary& dictionary);
   void WriteAccountPreferences(plist::Output& output) const;
 

@@ -1,0 +1,257 @@
+#include "storage/preferences.h"
+
+#include <gtest/gtest.h>
+
+#include <limits>
+#include <utility>
+#include <vector>
+
+#include "fakes/fake_ambient.h"
+#include "model/type_handover.h"
+#include "plist/reader.h"
+#include "plist/writer.h"
+
+namespace tallyfold {
+namespace {
+
+using Lines = std::vector<std::string>;
+
+plist::Dictionary Parse(const std::string& content) {
+  return plist::Read("<plist><dict>" + content + "</dict></plist>").value.DictionaryValue();
+}
+
+TEST(Preferences, AreStoredUnderTheirNamesInTheirOrderWithTheirDefaults) {
+  FakeAmbient ambient;
+  ambient.locale.default_encoding = 30;
+  const std::pair<std::string_view, plist::Value> expected[] = {
+      {"version", 2},
+      {"backupInterval", 7},
+      {"dateFormat", 0},
+      {"amountFormat", 0},
+      {"showAccountsDrawer", true},
+      {"entryRemoveConfirm", true},
+      {"italicizeFutureEntries", true},
+      {"scheduleRemoveConfirm", true},
+      {"useEllipses", false},
+      {"numberChecksAutomatically", true},
+      {"debitColor_Red", 1.0},
+      {"debitColor_Green", 0.1882},
+      {"debitColor_Blue", 0.1608},
+      {"debitColor_Alpha", 1.0},
+      {"depositColor_Red", 0.2549},
+      {"depositColor_Green", 0.6392},
+      {"depositColor_Blue", 0.0039},
+      {"depositColor_Alpha", 1.0},
+      {"transferColor_Red", 0.0},
+      {"transferColor_Green", 0.3922},
+      {"transferColor_Blue", 0.9098},
+      {"transferColor_Alpha", 1.0},
+      {"entryFont", "Sans"},
+      {"entryFontSize", 11},
+      {"accountPreferences", plist::Array()},
+      {"selectedAccountNumber", -1},
+      {"accountListSortDescending", false},
+      {"accountListSortKey", "accounts"},
+      {"showCurrencySymbol", true},
+      {"balanceMode", 0},
+      {"saveFilterSettings", false},
+      {"liveUpdatingFilters", true},
+      {"checkForUpdates", false},
+      {"selectWhichFieldFirstWhenAddingEntries", 0},
+      {"selectWhichFieldFirstWhenChangingEntries", 1},
+      {"defaultDateWhenAddingEntries", 0},
+      {"scheduleReminderInterval", 900},
+      {"QIFExportDateFormat", "%m/%d/%y"},
+      {"QIFExportAccount", -5},
+      {"QIFExportEncoding", 30},
+      {"speakEntriesStyle", 0},
+      {"speakEntryAmounts", false},
+      {"pauseBetweenSpokenEntries", 1.8},
+      {"accountsDrawerWidth", -1.0},
+      {"accountsDrawerPreferredEdge", 2},
+      {"scheduleLookAhead", 1},
+      {"scheduleLookAheadType", 0},
+      {"scheduleReminderBalanceMode", 2},
+  };
+  const plist::Dictionary dictionary = LDGRPreferences().asDictionary();
+  ASSERT_EQ(dictionary.size(), std::size(expected));
+  for (std::size_t i = 0; i < std::size(expected); ++i) {
+    const plist::DictionaryItem& item = dictionary.begin()[i];
+    const plist::Value& value = expected[i].second;
+    EXPECT_EQ(item.key(), expected[i].first);
+    ASSERT_EQ(item.value().kind(), value.kind()) << item.key();
+    if (value.kind() == plist::Kind::Real) {
+      EXPECT_EQ(static_cast<float>(item.value().DoubleValue()),
+                static_cast<float>(value.DoubleValue()));
+    } else {
+      EXPECT_EQ(item.value(), value) << item.key();
+    }
+  }
+}
+
+TEST(Preferences, LogEachMissingKeyAndEachWrongKindAndKeepItsDefault) {
+  FakeAmbient ambient;
+  const plist::Dictionary whole = LDGRPreferences().asDictionary();
+  for (const plist::DictionaryItem& item : whole) {
+    const std::string key(item.key());
+    SCOPED_TRACE(key);
+    plist::Dictionary dictionary = whole.DeepCopy();
+    dictionary.Remove(key);
+    EXPECT_EQ(LDGRPreferences(dictionary).asDictionary(), whole);
+    EXPECT_EQ(ambient.log.Take(), Lines{"No " + key + " defined for LDGRPreferences."});
+
+    std::vector<plist::Value> wrong = {plist::Dictionary(),
+                                       plist::Value::Opaque(plist::Kind::Date, "2007"),
+                                       plist::Value::Opaque(plist::Kind::Data, "AA==")};
+    if (!item.value().IsString()) wrong.emplace_back("1");
+    if (!item.value().IsNumber()) wrong.emplace_back(1);
+    if (!item.value().IsArray()) wrong.emplace_back(plist::Array());
+    for (const plist::Value& value : wrong) {
+      dictionary.Set(key, value);
+      EXPECT_EQ(LDGRPreferences(dictionary).asDictionary(), whole);
+      EXPECT_EQ(ambient.log.Take(), Lines{key + " is in wrong format for LDGRPreferences."});
+    }
+  }
+}
+
+TEST(Preferences, TakeAnyNumberForANumber) {
+  FakeAmbient ambient;
+  plist::Dictionary dictionary = LDGRPreferences().asDictionary();
+  dictionary.Set("backupInterval", 9.99);
+  dictionary.Set("useEllipses", 2);
+  dictionary.Set("balanceMode", true);
+  dictionary.Set("scheduleLookAhead", 1e300);
+  dictionary.Set("entryFontSize", std::numeric_limits<double>::quiet_NaN());
+  dictionary.Set("debitColor_Red", false);
+  const LDGRPreferences preferences(dictionary);
+  EXPECT_EQ(preferences.GetBackupInterval(), 9);
+  EXPECT_TRUE(preferences.GetUseEllipses());
+  EXPECT_EQ(preferences.GetBalanceMode(), 1);
+  EXPECT_EQ(preferences.GetScheduleLookAhead(), std::numeric_limits<std::int32_t>::max());
+  EXPECT_EQ(preferences.GetEntryFontSize(), 0);
+  EXPECT_EQ(preferences.GetDebitColor_Red(), 0.0F);
+  EXPECT_TRUE(ambient.log.Lines().empty());
+}
+
+TEST(Preferences, AreBroughtToTheCurrentVersion) {
+  const std::string old_keys =
+      "<key>dateFormat</key><integer>2</integer><key>types</key><array><string>a</string></array>"
+      "<key>accountPreferences</key><array><string>x</string><dict><key>tables</key><array>"
+      "<dict><key>selectedFilterDictionary</key><dict/><key>selectedRow</key><integer>1</integer>"
+      "</dict><true/></array></dict></array>";
+  struct {
+    const char* version;
+    int date_format;
+    bool types_handed_over;
+    bool filter_removed;
+  } const cases[] = {
+      {"", 0, true, true},
+      {"<integer>-3</integer>", 0, true, true},
+      {"<integer>0</integer>", 2, true, true},
+      {"<string>none</string>", 2, true, true},
+      {"<integer>1</integer>", 2, false, true},
+      {"<integer>2</integer>", 2, false, false},
+      {"<integer>3</integer>", 2, false, false},
+  };
+  for (const auto& c : cases) {
+    SCOPED_TRACE(c.version);
+    TypeHandOver().Clear();
+    const std::string version =
+        *c.version == '\0' ? "" : std::string("<key>version</key>") + c.version;
+    const plist::Dictionary old = Parse(old_keys + version);
+    const plist::Dictionary before = old.DeepCopy();
+    const plist::Dictionary updated = LDGRPreferences::UpdatePreferencesDictionary(old);
+    EXPECT_EQ(updated.Get("version"), plist::Value(2));
+    EXPECT_EQ(updated.Get("dateFormat"), plist::Value(c.date_format));
+    EXPECT_EQ(TypeHandOver().Has("types"), c.types_handed_over);
+    EXPECT_FALSE(TypeHandOver().Has("inactiveTypes"));
+    const plist::Dictionary table = updated.Get("accountPreferences")
+                                        .ArrayValue()
+                                        .At(1)
+                                        .DictionaryValue()
+                                        .Get("tables")
+                                        .ArrayValue()
+                                        .At(0)
+                                        .DictionaryValue();
+    EXPECT_NE(table.Has("selectedFilterDictionary"), c.filter_removed);
+    EXPECT_TRUE(table.Has("selectedRow"));
+    EXPECT_EQ(old, before);
+  }
+  TypeHandOver().Clear();
+}
+
+TEST(Preferences, ReadTheViewsOfAccountsAndSkipWhatIsNone) {
+  FakeAmbient ambient;
+  plist::Dictionary dictionary = LDGRPreferences().asDictionary();
+  plist::Array list;
+  list.Append(1);
+  list.Append(LDGRAccountPreferences().asDictionary());
+  list.Append("x");
+  dictionary.Set("accountPreferences", list);
+  LDGRPreferences preferences(dictionary);
+  const std::string wrong = "accountPreferences is in wrong format for LDGRPreferences.";
+  EXPECT_EQ(ambient.log.Take(), (Lines{wrong, wrong}));
+  EXPECT_EQ(preferences.GetAccountPreferences().size(), 1U);
+
+  const auto made = preferences.GetPreferencesForAccountNumber(4);
+  EXPECT_EQ(made->GetAccountNumber(), 4);
+  EXPECT_EQ(preferences.GetPreferencesForAccountNumber(4), made);
+  EXPECT_EQ(preferences.GetAccountPreferences().size(), 2U);
+  preferences.RemovePreferencesForAccountNumber(4);
+  EXPECT_EQ(preferences.GetAccountPreferences().size(), 1U);
+}
+
+TEST(Preferences, CanBeSetByName) {
+  LDGRPreferences preferences;
+  struct {
+    const char* name;
+    plist::Value value;
+    bool taken;
+  } const cases[] = {
+      {"backupInterval", 3, true},        {"QIFExportDateFormat", "%d.%m.%Y", true},
+      {"showCurrencySymbol", 0, true},    {"pauseBetweenSpokenEntries", 2.5, true},
+      {"backupInterval", "4", false},     {"entryFont", 4, false},
+      {"backupInterval", {}, false},      {"version", 1, false},
+      {"accountPreferences", "x", false}, {"nothing", 1, false},
+      {"backupinterval", 1, false},
+  };
+  for (const auto& c : cases) {
+    EXPECT_EQ(preferences.SetFieldValue(c.name, c.value), c.taken) << c.name;
+  }
+  EXPECT_EQ(preferences.GetBackupInterval(), 3);
+  EXPECT_EQ(preferences.GetQIFExportDateFormat(), "%d.%m.%Y");
+  EXPECT_FALSE(preferences.GetShowCurrencySymbol());
+  EXPECT_EQ(preferences.FieldValue("pauseBetweenSpokenEntries"), plist::Value(2.5));
+  EXPECT_TRUE(preferences.FieldValue("nothing").IsNone());
+}
+
+TEST(Preferences, ResetOfAppearanceBlackensDebitsAndDepositsAlone) {
+  LDGRPreferences preferences;
+  preferences.SetDateFormat(2);
+  preferences.SetAmountFormat(1);
+  preferences.SetEntryRemoveConfirm(false);
+  preferences.SetTransferColor_Red(0.5F);
+  preferences.SetDebitColor_Alpha(0.5F);
+  preferences.SetBackupInterval(1);
+  preferences.DefaultAppearanceSettings();
+  EXPECT_EQ(preferences.GetDateFormat() + preferences.GetAmountFormat(), 0);
+  EXPECT_TRUE(preferences.GetEntryRemoveConfirm());
+  EXPECT_EQ(preferences.GetDebitColor_Red() + preferences.GetDebitColor_Green() +
+                preferences.GetDepositColor_Green() + preferences.GetDepositColor_Blue(),
+            0.0F);
+  EXPECT_EQ(preferences.GetDebitColor_Alpha(), 1.0F);
+  EXPECT_EQ(preferences.GetTransferColor_Red(), 0.5F);
+  EXPECT_EQ(preferences.GetBackupInterval(), 1);
+}
+
+TEST(SharedPreferences, AreMadeOnFirstUse) {
+  LDGRPreferences::SetSharedPreferences(nullptr);
+  LDGRPreferences& first = LDGRPreferences::sharedPreferences();
+  EXPECT_EQ(&LDGRPreferences::sharedPreferences(), &first);
+  first.SetBackupInterval(99);
+  LDGRPreferences::SetSharedPreferences(nullptr);
+  EXPECT_EQ(LDGRPreferences::sharedPreferences().GetBackupInterval(), 7);
+}
+
+}  // namespace
+}  // namespace tallyfold
