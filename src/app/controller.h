@@ -2,152 +2,231 @@
 
 #include <cstdint>
 #include <memory>
-#include <string>
+#include <optional>
 #include <string_view>
+#include <utility>
 #include <vector>
 
-#include "app/account_edit_sheet_state.h"
-#include "app/due_occurrence.h"
-#include "app/entry_remove_sheet_state.h"
-#include "app/entry_sheet_state.h"
-#include "app/front_end.h"
+#include "app/account_editing.h"
+#include "app/account_selection.h"
+#include "app/entry_editing.h"
+#include "app/entry_removal.h"
+#include "app/front_end_slot.h"
+#include "app/refresh.h"
+#include "app/schedule_commit.h"
 #include "app/services.h"
-#include "app/transfer_sheet_state.h"
-#include "model/date_number.h"
+#include "app/sheet_slot.h"
+#include "app/transfer_links.h"
+#include "model/day_field.h"
+#include "storage/accounts_store.h"
+#include "storage/data_folder_lock.h"
+#include "storage/preferences_store.h"
+#include "storage/save_gate.h"
 
 namespace tallyfold {
 
-class LDGRAccount;
-class LDGRAccountEntry;
-class LDGRPreferences;
-
 // The application: its accounts, its preferences and everything the user does with them. Each
-// operation belongs to a component, under whose name it is listed here; a component has a header of
-// its own with the full contract of its operations. Front ends and tests drive the same operations
-// and read the same states.
+// operation belongs to a component, under whose header it is listed here and where its contract
+// stands. Front ends and tests drive the same operations and read the same states.
 //
 // Everything runs on the main thread. Operations are not reentrant.
 class LDGRController {
  public:
-  // The services must outlive the controller. The controller becomes sharedController().
+  // The services must outlive the controller, which becomes the sharedController().
   explicit LDGRController(const Services& services);
   LDGRController(const LDGRController&) = delete;
   LDGRController& operator=(const LDGRController&) = delete;
   ~LDGRController();
 
-  // The one that was made last and still lives; null for none.
+  // The one that was made last, as long as it lives; else null.
   [[nodiscard]] static LDGRController* sharedController() noexcept;
 
-  // Who shows the application; null (as at first) for nobody. It must outlive its stay here.
-  void SetFrontEnd(FrontEnd* front_end) noexcept;
-  // The sheet that is open, if any.
-  [[nodiscard]] Sheet OpenSheet() const noexcept;
+  // --- app/front_end.h, app/sheet_slot.h: who shows the application, and which sheet is open -----
+  // Null (as at first) for nobody. It must outlive its stay here.
+  void SetFrontEnd(FrontEnd* front_end) noexcept { front_end_.Set(front_end); }
+  [[nodiscard]] Sheet OpenSheet() const noexcept { return sheets_.Current(); }
 
-  // --- Accounts file (storage/accounts_store.h) -------------------------------------------------
-  [[nodiscard]] const std::vector<std::shared_ptr<LDGRAccount>>& accounts() const noexcept;
-  [[nodiscard]] std::shared_ptr<LDGRAccount> AccountWithNumber(std::int32_t number) const;
-  [[nodiscard]] std::int32_t HighestAccountNumber() const noexcept;
-  void Accounts_Load();
-  void Accounts_Save();
-  void Accounts_SaveToFilePath(const std::string& path);
+  // --- storage/accounts_store.h ------------------------------------------------------------------
+  // To read: what is not loaded, what was kept, whether there is something to save.
+  [[nodiscard]] const AccountsStore& accountsStore() const noexcept { return accounts_; }
+  [[nodiscard]] const AccountList& accounts() const noexcept { return accounts_.accounts(); }
+  [[nodiscard]] std::shared_ptr<LDGRAccount> AccountWithNumber(std::int32_t number) const {
+    return accounts_.AccountWithNumber(number);
+  }
+  [[nodiscard]] std::int32_t HighestAccountNumber() const {
+    return accounts_.HighestAccountNumber();
+  }
+  [[nodiscard]] bool Accounts_Load() { return accounts_.Accounts_Load(); }
+  bool Accounts_Save() { return accounts_.Accounts_Save(); }
+  bool Accounts_SaveToFilePath(const std::optional<std::string>& path) {
+    return accounts_.Accounts_SaveToFilePath(path);
+  }
 
-  // --- Preferences (storage/preferences_store.h) ------------------------------------------------
-  [[nodiscard]] LDGRPreferences& preferences() noexcept;
-  void Preferences_Init();
-  void Preferences_Save();
+  // --- storage/preferences_store.h ---------------------------------------------------------------
+  [[nodiscard]] const PreferencesStore& preferencesStore() const noexcept { return preferences_; }
+  [[nodiscard]] LDGRPreferences& preferences() { return LDGRPreferences::sharedPreferences(); }
+  void Preferences_Init() { preferences_.Preferences_Init(); }
+  bool Preferences_Save() { return preferences_.Preferences_Save(); }
+  void Preferences_StoreAccountPrefs(const LDGRAccount* account) {
+    preferences_.Preferences_StoreAccountPrefs(account);
+  }
 
-  // --- Account selection (app/account_selection.h) ----------------------------------------------
+  // --- app/account_selection.h -------------------------------------------------------------------
   // Null when no account is selected.
-  [[nodiscard]] std::shared_ptr<LDGRAccount> SelectedAccount() const;
-  void Accounts_PostLoad();
-  void Account_Select(const std::shared_ptr<LDGRAccount>& account);
-  void Account_Deselect();
+  [[nodiscard]] const std::shared_ptr<LDGRAccount>& SelectedAccount() const noexcept {
+    return selection_.Selected();
+  }
+  [[nodiscard]] const std::string& WindowTitle() const noexcept { return selection_.WindowTitle(); }
+  void Accounts_PostLoad() { selection_.Accounts_PostLoad(); }
+  void Account_Select(const std::shared_ptr<LDGRAccount>& account) {
+    selection_.Account_Select(account);
+  }
+  void Account_Deselect() { selection_.Account_Deselect(); }
+  void SetMainWindowTitleForAccount(const LDGRAccount* account) {
+    selection_.SetMainWindowTitleForAccount(account);
+  }
 
-  // --- Account management (app/account_editing.h) -----------------------------------------------
-  // Whether the sheet has opened.
-  bool Account_Add();
-  bool Account_Edit();
-  [[nodiscard]] const AccountEditSheetState& AccountEditSheet() const noexcept;
-  void AccountEditSheet_Read(AccountEditSheetState::Typed typed);
-  // Whether the sheet has closed.
-  bool AccountEditSheet_OK();
-  void AccountEditSheet_Cancel();
+  // --- app/account_editing.h ---------------------------------------------------------------------
+  bool Account_Add() { return account_editing_.Account_Add(); }
+  bool Account_Edit() { return account_editing_.Account_Edit(); }
+  [[nodiscard]] const AccountEditSheetState& AccountEditSheet() const noexcept {
+    return account_editing_.State();
+  }
+  void AccountEditSheet_Read(AccountEditSheetState::Typed typed) {
+    account_editing_.Read(std::move(typed));
+  }
+  bool AccountEditSheet_OK() { return account_editing_.AccountEditSheet_OK(); }
+  void AccountEditSheet_Cancel() { account_editing_.AccountEditSheet_Cancel(); }
 
-  // --- The current register ---------------------------------------------------------------------
-  [[nodiscard]] std::shared_ptr<LDGRAccountEntry> SelectedEntry() const;
-  // Null selects none.
+  // --- The selected row of the current register --------------------------------------------------
+  // Null when no row is selected.
+  [[nodiscard]] const std::shared_ptr<LDGRAccountEntry>& SelectedEntry() const noexcept {
+    return selected_entry_;
+  }
+  // An entry of the selected account; null selects no row.
   void SelectEntry(const std::shared_ptr<LDGRAccountEntry>& entry);
-  // The check box of the cleared column: turns the entry's mark over.
-  void currentTableDataSource_Cleared_CheckBox(const std::shared_ptr<LDGRAccountEntry>& entry);
 
-  // --- Entry editing (app/entry_editing.h) ------------------------------------------------------
-  // Whether a sheet has opened.
-  bool Entry_Debit();
-  bool Entry_Deposit();
-  bool Entry_Transfer();
-  bool Entry_Edit();
+  // --- app/entry_editing.h -----------------------------------------------------------------------
+  bool Entry_Debit() { return editing_.New(EntryKind::Debit); }
+  bool Entry_Deposit() { return editing_.New(EntryKind::Deposit); }
+  bool Entry_Transfer() { return editing_.New(EntryKind::Transfer); }
+  bool Entry_Edit() { return editing_.Entry_Edit(); }
+  void currentTableDataSource_Cleared_CheckBox(const std::shared_ptr<LDGRAccountEntry>& entry) {
+    editing_.TurnClearedOver(entry);
+  }
+  void TweakDayField(DayField& field, std::int32_t month, std::int32_t year) noexcept {
+    TweakDayFieldForMonthAndYear(field, month, year);
+  }
 
-  [[nodiscard]] const EntrySheetState& DebitSheet() const noexcept;
-  void DebitSheet_Read(EntrySheetState::Typed typed);
-  // Whether the sheet has closed; EntrySheetState::problem tells why not.
-  bool DebitSheet_OK();
-  void DebitSheet_Cancel();
-  // OK and then a new entry: whether that one's sheet has opened.
-  bool DebitSheet_Debit();
-  bool DebitSheet_Deposit();
-  bool DebitSheet_Transfer();
-  void debitSheet_CheckNumber_Button();
-  [[nodiscard]] bool DebitSheet_IsSplit() const noexcept;
-  void DebitSheet_ClearSplit();
-  void DebitSheet_Split_ClearSplit();
-  void DebitSheet_Split_UpdateTotal();
-  void DebitSheet_Split_Table_Field();
+  [[nodiscard]] const EntrySheetState& DebitSheet() const { return editing_.Debit().State(); }
+  void DebitSheet_Read(EntrySheetState::Typed typed) { editing_.Debit().Read(std::move(typed)); }
+  bool DebitSheet_OK() { return editing_.OK(editing_.Debit()); }
+  void DebitSheet_Cancel() { editing_.Cancel(editing_.Debit()); }
+  bool DebitSheet_Debit() { return editing_.OKThenNew(editing_.Debit(), EntryKind::Debit); }
+  bool DebitSheet_Deposit() { return editing_.OKThenNew(editing_.Debit(), EntryKind::Deposit); }
+  bool DebitSheet_Transfer() { return editing_.OKThenNew(editing_.Debit(), EntryKind::Transfer); }
+  void debitSheet_CheckNumber_Button() { editing_.CheckNumber_Button(); }
+  [[nodiscard]] bool DebitSheet_IsSplit() const { return editing_.Debit().IsSplit(); }
+  void DebitSheet_ClearSplit() { editing_.Debit().ClearSplit(); }
+  void DebitSheet_Split_ClearSplit() { editing_.Debit().Split_ClearSplit(); }
+  void DebitSheet_Split_UpdateTotal() { editing_.Debit().Split_UpdateTotal(); }
+  void DebitSheet_Split_Table_Field() { editing_.Debit().Split_Table_Field(); }
 
-  [[nodiscard]] const EntrySheetState& DepositSheet() const noexcept;
-  void DepositSheet_Read(EntrySheetState::Typed typed);
-  bool DepositSheet_OK();
-  void DepositSheet_Cancel();
-  bool DepositSheet_Debit();
-  bool DepositSheet_Deposit();
-  bool DepositSheet_Transfer();
-  [[nodiscard]] bool DepositSheet_IsSplit() const noexcept;
-  void DepositSheet_ClearSplit();
-  void DepositSheet_Split_ClearSplit();
-  void DepositSheet_Split_UpdateTotal();
-  void DepositSheet_Split_Table_Field();
+  [[nodiscard]] const EntrySheetState& DepositSheet() const { return editing_.Deposit().State(); }
+  void DepositSheet_Read(EntrySheetState::Typed typed) {
+    editing_.Deposit().Read(std::move(typed));
+  }
+  bool DepositSheet_OK() { return editing_.OK(editing_.Deposit()); }
+  void DepositSheet_Cancel() { editing_.Cancel(editing_.Deposit()); }
+  bool DepositSheet_Debit() { return editing_.OKThenNew(editing_.Deposit(), EntryKind::Debit); }
+  bool DepositSheet_Deposit() { return editing_.OKThenNew(editing_.Deposit(), EntryKind::Deposit); }
+  bool DepositSheet_Transfer() {
+    return editing_.OKThenNew(editing_.Deposit(), EntryKind::Transfer);
+  }
+  [[nodiscard]] bool DepositSheet_IsSplit() const { return editing_.Deposit().IsSplit(); }
+  void DepositSheet_ClearSplit() { editing_.Deposit().ClearSplit(); }
+  void DepositSheet_Split_ClearSplit() { editing_.Deposit().Split_ClearSplit(); }
+  void DepositSheet_Split_UpdateTotal() { editing_.Deposit().Split_UpdateTotal(); }
+  void DepositSheet_Split_Table_Field() { editing_.Deposit().Split_Table_Field(); }
 
-  [[nodiscard]] const TransferSheetState& TransferSheet() const noexcept;
-  void TransferSheet_Read(TransferSheetState::Typed typed);
-  bool TransferSheet_OK();
-  void TransferSheet_Cancel();
-  bool TransferSheet_Debit();
-  bool TransferSheet_Deposit();
-  bool TransferSheet_Transfer();
+  [[nodiscard]] const TransferSheetState& TransferSheet() const {
+    return editing_.Transfer().State();
+  }
+  void TransferSheet_Read(TransferSheetState::Typed typed) {
+    editing_.Transfer().Read(std::move(typed));
+  }
+  bool TransferSheet_OK() { return editing_.OK(editing_.Transfer()); }
+  void TransferSheet_Cancel() { editing_.Cancel(editing_.Transfer()); }
+  bool TransferSheet_Debit() { return editing_.OKThenNew(editing_.Transfer(), EntryKind::Debit); }
+  bool TransferSheet_Deposit() {
+    return editing_.OKThenNew(editing_.Transfer(), EntryKind::Deposit);
+  }
+  bool TransferSheet_Transfer() {
+    return editing_.OKThenNew(editing_.Transfer(), EntryKind::Transfer);
+  }
 
-  // --- Transfer links (app/transfer_links.h) ----------------------------------------------------
+  // --- app/transfer_links.h ----------------------------------------------------------------------
   [[nodiscard]] std::shared_ptr<LDGRAccountEntry> Transfer_LinkedEntry(
-      const LDGRAccountEntry* entry) const;
-  void Account_SyncTransfers(LDGRAccount& account);
-  void Accounts_SyncTransfers();
+      const LDGRAccountEntry* entry) const {
+    return links_.Transfer_LinkedEntry(entry);
+  }
+  void Account_SyncTransfers(LDGRAccount& account) { links_.Account_SyncTransfers(account); }
+  void Accounts_SyncTransfers() { links_.Accounts_SyncTransfers(); }
 
-  // --- Entry removal (app/entry_removal.h) ------------------------------------------------------
-  // Removes the selected entry, after the questions that apply. Which sheet has opened, if any, is
-  // told by OpenSheet().
-  void EntryRemoveConfirm_Begin();
-  [[nodiscard]] const EntryRemoveSheetState& EntryRemoveSheet() const noexcept;
-  void EntryRemoveConfirm_OK();
-  void EntryRemoveConfirm_Cancel();
-  [[nodiscard]] const TransferEntryRemoveSheetState& TransferEntryRemoveSheet() const noexcept;
-  void TransferEntryRemoveConfirm_Yes();
-  void TransferEntryRemoveConfirm_No();
-  void TransferEntryRemoveConfirm_Cancel();
-  void Entry_Delete();
+  // --- app/entry_removal.h -----------------------------------------------------------------------
+  void EntryRemoveConfirm_Begin() { removal_.EntryRemoveConfirm_Begin(); }
+  [[nodiscard]] const EntryRemoveSheetState& EntryRemoveSheet() const noexcept {
+    return removal_.Confirm();
+  }
+  void EntryRemoveConfirm_OK() { removal_.EntryRemoveConfirm_OK(); }
+  void EntryRemoveConfirm_Cancel() { removal_.EntryRemoveConfirm_Cancel(); }
+  void TransferEntryRemoveConfirm_Begin() { removal_.TransferEntryRemoveConfirm_Begin(); }
+  [[nodiscard]] const TransferEntryRemoveSheetState& TransferEntryRemoveSheet() const noexcept {
+    return removal_.Transfer();
+  }
+  void TransferEntryRemoveConfirm_Yes() { removal_.TransferEntryRemoveConfirm_Yes(); }
+  void TransferEntryRemoveConfirm_No() { removal_.TransferEntryRemoveConfirm_No(); }
+  void TransferEntryRemoveConfirm_Cancel() { removal_.TransferEntryRemoveConfirm_Cancel(); }
+  void Entry_Delete() { removal_.Entry_Delete(); }
 
-  // --- Due occurrences (app/schedule_commit.h) --------------------------------------------------
-  [[nodiscard]] std::vector<DueOccurrence> Schedules_Due(DateNumber through) const;
+  // --- app/schedule_commit.h ---------------------------------------------------------------------
+  [[nodiscard]] std::vector<DueOccurrence> Schedules_Due(DateNumber through) const {
+    return schedule_commit_.Due(through);
+  }
   bool Schedule_CommitOccurrence(const DueOccurrence& occurrence,
-                                 std::shared_ptr<LDGRAccountEntry> edited = nullptr);
-  bool Schedule_SkipOccurrence(const DueOccurrence& occurrence);
+                                 std::shared_ptr<LDGRAccountEntry> edited = nullptr) {
+    return schedule_commit_.Commit(occurrence, std::move(edited));
+  }
+  bool Schedule_SkipOccurrence(const DueOccurrence& occurrence) {
+    return schedule_commit_.Skip(occurrence);
+  }
+
+  // --- app/refresh.h -----------------------------------------------------------------------------
+  void AccountBalance_Field_Update() { refresh_.AccountBalance_Field_Update(); }
+  void ReconcileTab_UpdateBalances() { refresh_.ReconcileTab_UpdateBalances(); }
+  void AccountsList_Redraw() { refresh_.AccountsList_Redraw(); }
+  void entryMenu_Types_Menu_Populate() { refresh_.entryMenu_Types_Menu_Populate(); }
+
+ private:
+  // Answers what the components ask.
+  struct Hosts;
+
+  Services services_;
+  std::unique_ptr<Hosts> hosts_;
+  FrontEndSlot front_end_;
+  SheetSlot sheets_{front_end_};
+  std::shared_ptr<LDGRAccountEntry> selected_entry_;
+  SaveGate gate_;
+  DataFolderLock data_lock_;
+  AccountsStore accounts_;
+  PreferencesStore preferences_;
+  Refresh refresh_;
+  TransferLinks links_;
+  AccountSelection selection_;
+  AccountEditing account_editing_;
+  EntryEditing editing_;
+  EntryRemoval removal_;
+  ScheduleCommit schedule_commit_;
 };
 
 }  // namespace tallyfold

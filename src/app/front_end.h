@@ -7,14 +7,19 @@ namespace tallyfold {
 // What a front end shows, in the pieces in which it changes. A front end that hears of an area
 // asks the controller for that area's state again.
 enum class Area : std::uint8_t {
-  Accounts,           // the accounts list
-  SelectedAccount,    // which account is selected, and the window's title
+  Accounts,         // the accounts list
+  SelectedAccount,  // which account is selected, and what can be done with one
+  WindowTitle,
+  AccountMenu,
   Registers,          // rows of both registers
   SelectedEntry,      // the selected row of the current register
   EntryButtons,       // what can be done with the selected entry
+  Schedules,          // the schedule list
+  ScheduleButtons,    // what can be done with the selected scheduled entry
   Balance,            // the balance below the register
   ReconcileBalances,  // the figures of the reconcile tab
   EntryTypeMenu,
+  Summary,
   Sheet,  // which sheet is open
   DebitSheet,
   DepositSheet,

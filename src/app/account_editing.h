@@ -1,0 +1,71 @@
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <string>
+
+#include "app/account_edit_sheet_state.h"
+#include "app/front_end.h"
+#include "app/refresh.h"
+#include "app/sheet_slot.h"
+#include "app/transfer_links.h"
+#include "model/account.h"
+
+namespace tallyfold {
+
+// Adds accounts and changes them through the account sheet. The sheet edits a copy of what it
+// shows; OK writes it into the account itself, whose object stays the same.
+class AccountEditing {
+ public:
+  class Host {
+   public:
+    virtual ~Host() = default;
+    [[nodiscard]] virtual const AccountList& Accounts() const = 0;
+    [[nodiscard]] virtual std::int32_t HighestAccountNumber() const = 0;
+    // Null when no account is selected.
+    [[nodiscard]] virtual std::shared_ptr<LDGRAccount> SelectedAccount() const = 0;
+    virtual void AddAccount(const std::shared_ptr<LDGRAccount>& account) = 0;
+    virtual void Account_Select(const std::shared_ptr<LDGRAccount>& account) = 0;
+    // The selected account's name has changed.
+    virtual void SetMainWindowTitleForAccount(const LDGRAccount* account) = 0;
+  };
+
+  AccountEditing(Host& host, const TransferLinks& links, SheetSlot& sheets, Refresh& refresh,
+                 FrontEnd& front_end) noexcept
+      : host_(host), links_(links), sheets_(sheets), refresh_(refresh), front_end_(front_end) {}
+  AccountEditing(const AccountEditing&) = delete;
+  AccountEditing& operator=(const AccountEditing&) = delete;
+
+  [[nodiscard]] const AccountEditSheetState& State() const noexcept { return state_; }
+  // Takes over what the user typed and tells anew whether OK is enabled.
+  void Read(AccountEditSheetState::Typed typed);
+
+  // Open the sheet for a new account with a name no other has, or for the selected account. False
+  // while a sheet is open; the second also when no account is selected.
+  bool Account_Add();
+  bool Account_Edit();
+
+  // Writes the sheet into the account and closes it; a new account joins the list and is selected.
+  // False when the sheet is not open, OK is not enabled or a field refuses its text.
+  bool AccountEditSheet_OK();
+  // Closes the sheet; nothing has changed.
+  void AccountEditSheet_Cancel();
+
+ private:
+  [[nodiscard]] std::string NewAccountName() const;
+  bool Open(std::shared_ptr<LDGRAccount> account, bool is_new);
+  void Populate();
+  void Close();
+  void SaveValues();
+  void SaveTypes();
+
+  Host& host_;
+  const TransferLinks& links_;
+  SheetSlot& sheets_;
+  Refresh& refresh_;
+  FrontEnd& front_end_;
+  AccountEditSheetState state_;
+  std::shared_ptr<LDGRAccount> edit_account_;
+};
+
+}  // namespace tallyfold

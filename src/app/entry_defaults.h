@@ -1,0 +1,24 @@
+#pragma once
+
+#include <cstdint>
+#include <memory>
+
+namespace tallyfold {
+
+class LDGRAccount;
+class LDGRAccountEntry;
+class LDGRPreferences;
+
+enum class EntryKind : std::uint8_t { Debit, Deposit, Transfer };
+
+// A new entry of that kind as its sheet first shows it, in no account yet. It takes an entry
+// number of the account, which is not given back when the sheet is cancelled.
+[[nodiscard]] std::shared_ptr<LDGRAccountEntry> NewEntryWithDefaults(
+    EntryKind kind, LDGRAccount& account, const LDGRPreferences& preferences);
+
+// The number a new check gets: the next free one after the last entered check, or 0 where the
+// user numbers checks himself.
+[[nodiscard]] std::int32_t SuggestedCheckNumber(const LDGRAccount& account,
+                                                const LDGRPreferences& preferences);
+
+}  // namespace tallyfold

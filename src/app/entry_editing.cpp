@@ -1,0 +1,115 @@
+#include "app/entry_editing.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "model/account_entry.h"
+#include "platform/ambient.h"
+
+namespace tallyfold {
+
+EntryEditing::EntryEditing(Host& host, const TransferLinks& links, SheetSlot& sheets,
+                           Refresh& refresh, FrontEnd& front_end)
+    : host_(host),
+      sheets_(sheets),
+      refresh_(refresh),
+      front_end_(front_end),
+      debit_(EntrySheet::Kind::Debit, front_end),
+      deposit_(EntrySheet::Kind::Deposit, front_end),
+      transfer_(host, links, front_end) {}
+
+bool EntryEditing::New(EntryKind kind) {
+  const auto account = host_.SelectedAccount();
+  if (account == nullptr || !sheets_.IsFree()) return false;
+  auto entry = NewEntryWithDefaults(kind, *account, host_.Preferences());
+  EditSheet* sheet = SheetForEntry(*entry);
+  return Open(*sheet, std::move(entry), true, account);
+}
+
+bool EntryEditing::Entry_Edit() {
+  const auto account = host_.SelectedAccount();
+  auto entry = host_.SelectedEntry();
+  if (account == nullptr || entry == nullptr || !sheets_.IsFree()) return false;
+  EditSheet* sheet = SheetForEntry(*entry);
+  return sheet != nullptr && Open(*sheet, std::move(entry), false, account);
+}
+
+EditSheet* EntryEditing::SheetForEntry(const LDGRAccountEntry& entry) noexcept {
+  if (entry.IsDebit()) return &debit_;
+  if (entry.IsDeposit()) return &deposit_;
+  if (entry.IsTransfer()) return &transfer_;
+  return nullptr;
+}
+
+bool EntryEditing::Open(EditSheet& sheet, std::shared_ptr<LDGRAccountEntry> entry, bool is_new,
+                        const std::shared_ptr<LDGRAccount>& account) {
+  edited_ = {std::move(entry), is_new, account};
+  sheet.Populate(edited_, *account, host_.Preferences());
+  sheet.SetOpen(true);
+  return sheets_.Open(sheet.Which());
+}
+
+void EntryEditing::Close(EditSheet& sheet) {
+  sheet.SetOpen(false);
+  sheets_.Close(sheet.Which());
+}
+
+bool EntryEditing::OK(EditSheet& sheet) {
+  if (sheets_.Current() != sheet.Which() || !front_end_.EndEditing(sheet.Which())) return false;
+  std::string problem = CheckTarget();
+  if (problem.empty()) problem = sheet.CheckTyped();
+  const bool is_refused = !problem.empty();
+  sheet.SetProblem(std::move(problem));
+  if (is_refused) {
+    front_end_.Changed(sheet.StateArea());
+    return false;
+  }
+
+  const auto account = edited_.account.lock();
+  const auto entry = edited_.entry;
+  sheet.SaveValuesToEditEntry(edited_, *account);
+  if (sheet.Which() == Sheet::Transfer) {
+    account->setLastTransferAccount(entry->GetTransferAccount());
+    account->setIsLastTransferOrigin(entry->IsTransferOrigin());
+  }
+  Close(sheet);
+  if (edited_.is_new) account->AddEntry(entry);
+  account->NoteChange();
+  refresh_.EntrySaved(entry);
+  return true;
+}
+
+std::string EntryEditing::CheckTarget() const {
+  const auto account = edited_.account.lock();
+  if (account == nullptr || account != host_.SelectedAccount()) {
+    return LocalizedText("The account is no longer selected.");
+  }
+  const auto& entries = account->GetEntries();
+  if (!edited_.is_new &&
+      std::find(entries.begin(), entries.end(), edited_.entry) == entries.end()) {
+    return LocalizedText("The entry has been removed.");
+  }
+  return "";
+}
+
+void EntryEditing::Cancel(EditSheet& sheet) {
+  if (sheets_.Current() != sheet.Which()) return;
+  Close(sheet);
+  if (edited_.is_new) edited_.entry = nullptr;
+}
+
+void EntryEditing::TurnClearedOver(const std::shared_ptr<LDGRAccountEntry>& entry) {
+  const auto account = host_.SelectedAccount();
+  if (account == nullptr || entry == nullptr) return;
+  entry->SetCleared(!entry->GetCleared());
+  account->NoteChange();
+  refresh_.EntryMarked();
+}
+
+void EntryEditing::CheckNumber_Button() {
+  const auto account = edited_.account.lock();
+  if (account == nullptr || sheets_.Current() != Sheet::Debit) return;
+  debit_.CheckNumber_Button(SuggestedCheckNumber(*account, host_.Preferences()));
+}
+
+}  // namespace tallyfold

@@ -1,0 +1,46 @@
+#include "app/refresh.h"
+
+namespace tallyfold {
+
+void Refresh::EntrySaved(const std::shared_ptr<LDGRAccountEntry>& entry) {
+  EntryButtons_Update();
+  if (host_.LiveUpdatingFilters()) {
+    host_.ReloadRegisters();
+    host_.Search_Cancel();
+  }
+  front_end_.Changed(Area::Registers);
+  Balances();
+  AccountsList_Redraw();
+  host_.SelectEntry(entry);
+  entryMenu_Types_Menu_Populate();
+}
+
+void Refresh::EntryRemoved() {
+  host_.ReloadRegisters();
+  front_end_.Changed(Area::Registers);
+  Balances();
+  AccountsList_Redraw();
+  EntryButtons_Update();
+  entryMenu_Types_Menu_Populate();
+}
+
+void Refresh::EntryMarked() {
+  front_end_.Changed(Area::Registers);
+  Balances();
+  AccountsList_Redraw();
+}
+
+void Refresh::AccountsChanged() {
+  AccountsList_Redraw();
+  front_end_.Changed(Area::SelectedAccount);
+  front_end_.Changed(Area::Registers);
+  Balances();
+  entryMenu_Types_Menu_Populate();
+}
+
+void Refresh::Balances() {
+  AccountBalance_Field_Update();
+  ReconcileTab_UpdateBalances();
+}
+
+}  // namespace tallyfold

@@ -1,0 +1,55 @@
+#pragma once
+
+#include <memory>
+
+#include "app/front_end.h"
+
+namespace tallyfold {
+
+class LDGRAccountEntry;
+
+// What is brought up to date after a change of entries: the one place that knows it all, so that
+// no operation forgets a part.
+class Refresh {
+ public:
+  class Host {
+   public:
+    virtual ~Host() = default;
+    // Whether a saved entry is filtered again at once.
+    [[nodiscard]] virtual bool LiveUpdatingFilters() const = 0;
+    // Gives both registers the selected account's filtered entries again.
+    virtual void ReloadRegisters() = 0;
+    virtual void Search_Cancel() = 0;
+    // Selects the entry in the current register.
+    virtual void SelectEntry(const std::shared_ptr<LDGRAccountEntry>& entry) = 0;
+  };
+
+  Refresh(Host& host, FrontEnd& front_end) noexcept : host_(host), front_end_(front_end) {}
+  Refresh(const Refresh&) = delete;
+  Refresh& operator=(const Refresh&) = delete;
+
+  // After OK in an entry sheet: `entry` was added or changed.
+  void EntrySaved(const std::shared_ptr<LDGRAccountEntry>& entry);
+  // After entries were removed.
+  void EntryRemoved();
+  // After something of an entry changed in place that no filter follows at once.
+  void EntryMarked();
+  // After scheduled entries were committed, skipped or changed.
+  void SchedulesChanged() { front_end_.Changed(Area::Schedules); }
+  // After names, numbers or types of accounts changed.
+  void AccountsChanged();
+
+  void EntryButtons_Update() { front_end_.Changed(Area::EntryButtons); }
+  void AccountBalance_Field_Update() { front_end_.Changed(Area::Balance); }
+  void ReconcileTab_UpdateBalances() { front_end_.Changed(Area::ReconcileBalances); }
+  void AccountsList_Redraw() { front_end_.Changed(Area::Accounts); }
+  void entryMenu_Types_Menu_Populate() { front_end_.Changed(Area::EntryTypeMenu); }
+
+ private:
+  void Balances();
+
+  Host& host_;
+  FrontEnd& front_end_;
+};
+
+}  // namespace tallyfold
