@@ -2,7 +2,6 @@
 
 #include <cstddef>
 #include <deque>
-#include <map>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -13,7 +12,6 @@
 #include "platform/file_panels.h"
 #include "platform/process_launcher.h"
 #include "platform/speech_output.h"
-#include "platform/text_encodings.h"
 
 namespace tallyfold {
 
@@ -95,17 +93,6 @@ class FakeHost final : public ApplicationHost {
  private:
   std::string version_ = "2.0";
   std::vector<std::string> requests_;
-};
-
-// Knows ASCII, UTF-8 (whose bytes it takes as they are) and Latin 1.
-class FakeTextEncodings final : public TextEncodings {
- public:
-  [[nodiscard]] std::vector<TextEncoding> List() const override;
-  [[nodiscard]] std::string Name(TextEncoding encoding) const override;
-  [[nodiscard]] std::optional<std::string> Decode(std::string_view bytes,
-                                                  TextEncoding encoding) const override;
-  [[nodiscard]] std::optional<std::string> Encode(std::string_view utf8,
-                                                  TextEncoding encoding) const override;
 };
 
 }  // namespace tallyfold

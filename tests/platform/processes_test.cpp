@@ -1,0 +1,170 @@
+#include <errno.h>
+#include <gtest/gtest.h>
+#include <sys/stat.h>
+#include <sys/wait.h>
+
+#include <fstream>
+#include <string>
+
+#include "fakes/fake_run_loop.h"
+#include "fakes/temporary_folder.h"
+#include "platform/notification_center.h"
+#include "system/program_speech.h"
+#include "system/standard_error_log.h"
+#include "system/system_process_launcher.h"
+
+namespace tallyfold {
+namespace {
+
+using std::chrono::milliseconds;
+
+// A pipe in the file system: reading it waits until whoever opened it for writing is done.
+class NamedPipe {
+ public:
+  NamedPipe() { EXPECT_EQ(mkfifo(path().c_str(), 0600), 0); }
+  [[nodiscard]] std::string path() const { return folder_ / "pipe"; }
+  [[nodiscard]] std::string ReadAll() const {
+    std::ifstream file(path());
+    return {std::istreambuf_iterator<char>(file), {}};
+  }
+
+ private:
+  TemporaryFolder folder_;
+};
+
+bool HasNoChildren() {
+  return waitpid(-1, nullptr, WNOHANG) == -1 && errno == ECHILD;
+}
+
+TEST(SystemProcessLauncher, StartsProgramsThatLeaveNothingBehind) {
+  const NamedPipe pipe;
+  SystemProcessLauncher launcher;
+  EXPECT_TRUE(launcher.Launch("/bin/sh", {"-c", R"(read line; echo "[$line]" "$1" "$2" > "$0")",
+                                          pipe.path(), "a b", "$x"}));
+  // Its input is empty, not ours.
+  EXPECT_EQ(pipe.ReadAll(), "[] a b $x\n");
+  EXPECT_TRUE(HasNoChildren());
+}
+
+TEST(SystemProcessLauncher, TellsWhenAProgramCannotBeStarted) {
+  SystemProcessLauncher launcher;
+  for (const char* program : {"/nonexistent/program", "/etc/passwd", "/", ""}) {
+    EXPECT_FALSE(launcher.Launch(program, {"argument"})) << program;
+  }
+  EXPECT_TRUE(HasNoChildren());
+}
+
+// A voice that writes what it is given into a pipe and then goes on for as long as is wanted.
+ProgramSpeech::Voice VoiceInto(const NamedPipe& pipe, const std::string& then) {
+  return {"/bin/sh", {"-c", R"(printf %s "$1" > "$0"; )" + then, pipe.path()}};
+}
+
+TEST(ProgramSpeech, IsBusyUntilTheProgramEndsOrIsStopped) {
+  const NamedPipe pipe;
+  FakeRunLoop loop;
+  ProgramSpeech speech(loop, {{"tallyfold-no-such-voice", {}}, VoiceInto(pipe, "exec sleep 600")});
+  EXPECT_FALSE(speech.IsBusy());
+  const std::string text = "-$HOME \"caf\u00E9\"";
+  speech.Speak(text);
+  EXPECT_EQ(pipe.ReadAll(), text);
+  EXPECT_TRUE(speech.IsBusy());
+  speech.Stop();
+  EXPECT_FALSE(speech.IsBusy());
+  EXPECT_TRUE(HasNoChildren());
+  EXPECT_EQ(loop.PendingCalls(), 0u);
+}
+
+TEST(ProgramSpeech, EndsAProgramThatHangs) {
+  const struct {
+    std::size_t characters;
+    milliseconds watch;
+  } cases[] = {{1, milliseconds{5000}}, {33, milliseconds{5000}}, {100, milliseconds{15'000}}};
+  for (const auto& c : cases) {
+    const NamedPipe pipe;
+    FakeRunLoop loop;
+    ProgramSpeech speech(loop, {VoiceInto(pipe, "exec sleep 600")});
+    std::string text;
+    for (std::size_t i = 0; i < c.characters; ++i) text += "\u00E9";
+    speech.Speak(text);
+    EXPECT_EQ(pipe.ReadAll(), text);
+    loop.AdvanceBy(c.watch - milliseconds{1});
+    EXPECT_TRUE(speech.IsBusy()) << c.characters;
+    loop.AdvanceBy(milliseconds{1});
+    EXPECT_FALSE(speech.IsBusy()) << c.characters;
+    EXPECT_TRUE(HasNoChildren());
+  }
+}
+
+TEST(ProgramSpeech, ReplacesWhatIsSpoken) {
+  const NamedPipe pipe;
+  FakeRunLoop loop;
+  ProgramSpeech speech(loop, {VoiceInto(pipe, "exec sleep 600")});
+  speech.Speak("first");
+  EXPECT_EQ(pipe.ReadAll(), "first");
+  speech.Speak("second");
+  EXPECT_EQ(pipe.ReadAll(), "second");
+  // Its watch starts anew.
+  loop.AdvanceBy(milliseconds{4999});
+  EXPECT_TRUE(speech.IsBusy());
+  speech.Speak("");
+  EXPECT_FALSE(speech.IsBusy());
+}
+
+TEST(ProgramSpeech, CutsWhatIsTooLongForAnArgument) {
+  const NamedPipe pipe;
+  FakeRunLoop loop;
+  ProgramSpeech speech(loop, {VoiceInto(pipe, "exit")});
+  std::string text = "x";
+  for (int i = 0; i < 100'000; ++i) text += "\u00E9";
+  speech.Speak(text);
+  EXPECT_EQ(pipe.ReadAll(), text.substr(0, 99'999));
+}
+
+TEST(ProgramSpeech, IsQuietWithoutAVoice) {
+  FakeRunLoop loop;
+  ProgramSpeech speech(loop, {{"tallyfold-no-such-voice", {}}});
+  speech.Speak("text");
+  EXPECT_FALSE(speech.IsBusy());
+  speech.Stop();
+}
+
+TEST(StandardErrorLog, WritesAndKeepsOneLineForEach) {
+  StandardErrorLog log;
+  testing::internal::CaptureStderr();
+  log.Write("No date defined.");
+  log.Write("two\nlines\x1B[2J");
+  EXPECT_EQ(testing::internal::GetCapturedStderr(),
+            "tallyfold: No date defined.\ntallyfold: two?lines?[2J\n");
+  EXPECT_EQ(log.Lines().back(), "two?lines?[2J");
+
+  testing::internal::CaptureStderr();
+  for (std::size_t i = 0; i < StandardErrorLog::kKeptLines; ++i) log.Write("more");
+  testing::internal::GetCapturedStderr();
+  EXPECT_EQ(log.Lines().size(), StandardErrorLog::kKeptLines);
+  EXPECT_EQ(log.Lines().front(), "more");
+}
+
+TEST(NotificationCenter, PostsToThoseWhoObservedBeforeThePost) {
+  auto center = std::make_unique<NotificationCenter>();
+  std::string heard;
+  NotificationCenter::Observation second;
+  NotificationCenter::Observation late;
+  const auto first = center->Observe("Woke", [&](const void* object) {
+    heard += object == &heard ? 'a' : '?';
+    second.End();
+    late = center->Observe("Woke", [&](const void*) { heard += 'l'; });
+  });
+  second = center->Observe("Woke", [&](const void*) { heard += 'b'; });
+  auto third = center->Observe("Woke", [&](const void*) { heard += 'c'; });
+  const auto other = center->Observe("Slept", [&](const void*) { heard += 'o'; });
+  center->Post("Woke", &heard);
+  EXPECT_EQ(heard, "ac");
+  third = {};
+  center->Post("Woke", &heard);
+  EXPECT_EQ(heard, "aca");
+  // Observations may outlive the center.
+  center.reset();
+}
+
+}  // namespace
+}  // namespace tallyfold
