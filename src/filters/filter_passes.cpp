@@ -179,8 +179,7 @@ std::string WithoutAll(std::string_view text, std::string_view part) {
 
 // Two decimals, no thousands separators, a minus sign only where something is left of the amount.
 std::string AmountText(double amount, std::string_view decimal_separator) {
-  // Adding 0.0 turns the -0.0 of an empty split into 0.0.
-  std::string text = FixedAmountString(RoundedAmount(amount) + 0.0);
+  std::string text = FixedAmountString(RoundedAmount(amount));
   if (decimal_separator != ".") {
     if (const std::size_t point = text.find('.'); point != std::string::npos) {
       text.replace(point, 1, decimal_separator);
