@@ -16,19 +16,6 @@
 // What the handles of value.h refer to. Only the sources of this folder include this file.
 namespace tallyfold::plist::internal {
 
-// A shared immutable text: this header, then the characters.
-struct TextNode {
-  std::uint32_t references;
-  std::uint32_t length;
-
-  [[nodiscard]] const char* characters() const noexcept {
-    return reinterpret_cast<const char*>(this + 1);
-  }
-  [[nodiscard]] std::string_view view() const noexcept { return {characters(), length}; }
-
-  static TextNode* Make(std::string_view text);
-};
-
 // A growable list whose elements first lie in memory that its owner provides; once it outgrows
 // that, in memory of its own. A container that was read is so a single block of its exact size.
 template <typename Element>
@@ -66,8 +53,7 @@ class List {
 
   void Append(Element element) {
     if (size_ == capacity_) Reserve(std::max<std::size_t>(4, std::size_t{capacity_} * 2));
-    new (elements_ + size_) Element(std::move(element));
-    ++size_;
+    new (elements_ + size_++) Element(std::move(element));
   }
 
   void Remove(std::size_t index) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <optional>
 #include <string_view>
@@ -14,5 +15,42 @@ namespace tallyfold::plist {
 // A decimal number with or without exponent, "nan", "inf" or "infinity" in any case. None for
 // anything else and for numbers that a double cannot hold.
 [[nodiscard]] std::optional<double> ParseReal(std::string_view text) noexcept;
+
+// A number as simple as integers and amounts mostly are: an optional minus, up to 16
+// digits and perhaps a decimal point and one or two digits more.
+struct PlainNumber {
+  bool is_negative = false;
+  std::int64_t digits = 0;  // the number without its point
+  int fraction_digits = 0;
+  const char* end = nullptr;  // after the number
+};
+
+// The plain number that a text begins with; none when it begins otherwise.
+[[nodiscard]] inline std::optional<PlainNumber> ReadPlainNumber(const char* begin,
+                                                                const char* end) noexcept {
+  PlainNumber number;
+  const char* place = begin;
+  if (place != end && *place == '-') {
+    number.is_negative = true;
+    ++place;
+  }
+  const auto read_digits = [&](std::ptrdiff_t maximum) {
+    const char* first = place;
+    const char* limit = end - place > maximum ? place + maximum : end;
+    for (; place != limit && *place >= '0' && *place <= '9'; ++place) {
+      number.digits = number.digits * 10 + (*place - '0');
+    }
+    return place - first;
+  };
+  const std::ptrdiff_t whole_digits = read_digits(16);
+  if (whole_digits == 0) return std::nullopt;
+  if (place != end && *place == '.') {
+    ++place;
+    number.fraction_digits = static_cast<int>(read_digits(2));
+    if (number.fraction_digits == 0) return std::nullopt;
+  }
+  number.end = place;
+  return number;
+}
 
 }  // namespace tallyfold::plist

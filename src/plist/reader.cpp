@@ -34,7 +34,7 @@ enum class Element : std::uint8_t {
 constexpr std::string_view kElementNames[] = {"plist", "dict", "array", "key",  "string", "integer",
                                               "real",  "true", "false", "date", "data"};
 
-std::string_view NameOf(Element element) noexcept {
+constexpr std::string_view NameOf(Element element) noexcept {
   return kElementNames[static_cast<std::size_t>(element)];
 }
 
@@ -75,7 +75,8 @@ class DocumentReader {
   [[nodiscard]] bool ReadKey(bool is_empty);
   [[nodiscard]] bool ReadInteger(bool is_empty, const char* where);
   [[nodiscard]] bool ReadReal(bool is_empty, const char* where);
-  [[nodiscard]] bool ReadText(Element element, bool is_empty, std::string_view& text);
+  template <Element kElement>
+  [[nodiscard]] bool ReadText(bool is_empty, std::string_view& text);
   [[nodiscard]] bool Open(Element element, const char* where);
   [[nodiscard]] bool Close();
   void MakeContainer(const Level& level);
@@ -126,35 +127,35 @@ bool DocumentReader::ReadElements() {
 }
 
 bool DocumentReader::ReadOpeningTag(OpeningTag& tag) {
-  // The tags as they are usually written, by far the most frequent first.
-  const auto is_plain = [this, &tag](std::string_view text, Element element, bool is_empty) {
+  // The tags as they are usually written.
+  const auto found_plain = [&tag](Element element, bool is_empty) {
     tag = {element, is_empty};
-    return scanner_.Skip(text);
+    return true;
   };
   switch (scanner_.cursor()[1]) {
     case 'k':
-      if (is_plain("<key>", Element::Key, false)) return true;
+      if (scanner_.Skip("<key>")) return found_plain(Element::Key, false);
       break;
     case 's':
-      if (is_plain("<string>", Element::String, false)) return true;
+      if (scanner_.Skip("<string>")) return found_plain(Element::String, false);
       break;
     case 'i':
-      if (is_plain("<integer>", Element::Integer, false)) return true;
+      if (scanner_.Skip("<integer>")) return found_plain(Element::Integer, false);
       break;
     case 'r':
-      if (is_plain("<real>", Element::Real, false)) return true;
+      if (scanner_.Skip("<real>")) return found_plain(Element::Real, false);
       break;
     case 't':
-      if (is_plain("<true/>", Element::True, true)) return true;
+      if (scanner_.Skip("<true/>")) return found_plain(Element::True, true);
       break;
     case 'f':
-      if (is_plain("<false/>", Element::False, true)) return true;
+      if (scanner_.Skip("<false/>")) return found_plain(Element::False, true);
       break;
     case 'd':
-      if (is_plain("<dict>", Element::Dictionary, false)) return true;
+      if (scanner_.Skip("<dict>")) return found_plain(Element::Dictionary, false);
       break;
     case 'a':
-      if (is_plain("<array>", Element::Array, false)) return true;
+      if (scanner_.Skip("<array>")) return found_plain(Element::Array, false);
       break;
     default:
       break;
@@ -191,7 +192,7 @@ bool DocumentReader::ReadElement(OpeningTag tag, const char* where) {
     case Element::Key:
       return ReadKey(tag.is_empty);
     case Element::String:
-      if (!ReadText(tag.element, tag.is_empty, text)) return false;
+      if (!ReadText<Element::String>(tag.is_empty, text)) return false;
       values_.emplace_back(text);
       return true;
     case Element::Integer:
@@ -204,10 +205,12 @@ bool DocumentReader::ReadElement(OpeningTag tag, const char* where) {
       if (tag.is_empty) return true;
       return scanner_.SkipToTag() && scanner_.ReadClosingTag(NameOf(tag.element));
     case Element::Date:
+      if (!ReadText<Element::Date>(tag.is_empty, text)) return false;
+      values_.push_back(Value::Opaque(Kind::Date, text));
+      return true;
     case Element::Data:
-      if (!ReadText(tag.element, tag.is_empty, text)) return false;
-      values_.push_back(
-          Value::Opaque(tag.element == Element::Date ? Kind::Date : Kind::Data, text));
+      if (!ReadText<Element::Data>(tag.is_empty, text)) return false;
+      values_.push_back(Value::Opaque(Kind::Data, text));
       return true;
     case Element::Plist:
     case Element::Dictionary:
@@ -222,25 +225,23 @@ bool DocumentReader::ReadElement(OpeningTag tag, const char* where) {
   return true;
 }
 
-bool DocumentReader::ReadText(Element element, bool is_empty, std::string_view& text) {
-  if (!is_empty) return scanner_.ReadText(NameOf(element), text);
+template <Element kElement>
+bool DocumentReader::ReadText(bool is_empty, std::string_view& text) {
+  if (!is_empty) return scanner_.ReadText(NameOf(kElement), text);
   text = {};
   return true;
 }
 
 bool DocumentReader::ReadKey(bool is_empty) {
   KeyTable::Entry* guess = last_key_ == nullptr ? nullptr : last_key_->successor;
-  if (guess != nullptr && !is_empty) {
-    const std::string_view text = guess->key.text();
-    if (scanner_.IsAt(scanner_.cursor(), text) &&
-        scanner_.SkipClosingTag(scanner_.cursor() + text.size(), "key")) {
-      keys_.push_back(guess);
-      last_key_ = guess;
-      return true;
-    }
+  if (guess != nullptr && !is_empty && guess->IsAt(scanner_.cursor(), scanner_.end())) {
+    scanner_.MoveTo(scanner_.cursor() + guess->ending_text.size());
+    keys_.push_back(guess);
+    last_key_ = guess;
+    return true;
   }
   std::string_view text;
-  if (!ReadText(Element::Key, is_empty, text)) return false;
+  if (!ReadText<Element::Key>(is_empty, text)) return false;
   KeyTable::Entry* entry = key_table_.Find(text);
   if (last_key_ != nullptr) last_key_->successor = entry;
   last_key_ = entry;
@@ -249,19 +250,15 @@ bool DocumentReader::ReadKey(bool is_empty) {
 }
 
 bool DocumentReader::ReadInteger(bool is_empty, const char* where) {
-  // Up to 18 digits cannot overflow; all else takes the long way.
-  const char* place = scanner_.cursor();
-  const char* limit = scanner_.end() - place > 18 ? place + 18 : scanner_.end();
-  std::int64_t number = 0;
-  for (; place != limit && *place >= '0' && *place <= '9'; ++place) {
-    number = number * 10 + (*place - '0');
-  }
-  if (!is_empty && place != scanner_.cursor() && scanner_.SkipClosingTag(place, "integer")) {
-    values_.emplace_back(number);
-    return true;
+  if (!is_empty) {
+    const auto number = ReadPlainNumber(scanner_.cursor(), scanner_.end());
+    if (number && number->fraction_digits == 0 && scanner_.SkipClosingTag(number->end, "integer")) {
+      values_.emplace_back(number->is_negative ? -number->digits : number->digits);
+      return true;
+    }
   }
   std::string_view text;
-  if (!ReadText(Element::Integer, is_empty, text)) return false;
+  if (!ReadText<Element::Integer>(is_empty, text)) return false;
   const std::optional<std::int64_t> parsed = ParseInteger(text);
   if (!parsed) return scanner_.Fail("an integer that is none or has more than 64 bits", where);
   values_.emplace_back(*parsed);
@@ -269,8 +266,20 @@ bool DocumentReader::ReadInteger(bool is_empty, const char* where) {
 }
 
 bool DocumentReader::ReadReal(bool is_empty, const char* where) {
+  if (!is_empty) {
+    // Both operands are exact, so the quotient is the double nearest to the decimal number.
+    constexpr double kPowersOfTen[] = {1e0, 1e1, 1e2};
+    const auto number = ReadPlainNumber(scanner_.cursor(), scanner_.end());
+    if (number && number->digits < std::int64_t{1} << 53 &&
+        scanner_.SkipClosingTag(number->end, "real")) {
+      const double magnitude =
+          static_cast<double>(number->digits) / kPowersOfTen[number->fraction_digits];
+      values_.emplace_back(number->is_negative ? -magnitude : magnitude);
+      return true;
+    }
+  }
   std::string_view text;
-  if (!ReadText(Element::Real, is_empty, text)) return false;
+  if (!ReadText<Element::Real>(is_empty, text)) return false;
   const std::optional<double> parsed = ParseReal(text);
   if (!parsed) return scanner_.Fail("a real number that is none or cannot be held", where);
   values_.emplace_back(*parsed);

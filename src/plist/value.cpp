@@ -118,7 +118,7 @@ void Value::Retain() const noexcept {
     case Kind::Dictionary:
       return internal::Retain(Load<internal::DictionaryNode*>());
     default:
-      return internal::Retain(Load<internal::TextNode*>());
+      return Load<internal::TextNode*>()->Retain();
   }
 }
 
@@ -129,7 +129,7 @@ void Value::Release() noexcept {
     case Kind::Dictionary:
       return internal::Release(Load<internal::DictionaryNode*>());
     default:
-      return internal::Release(Load<internal::TextNode*>());
+      return Load<internal::TextNode*>()->Release();
   }
 }
 
@@ -330,24 +330,6 @@ Array Array::DeepCopy() const {
 
 bool operator==(const Array& a, const Array& b) {
   return a.node_ == b.node_ || std::equal(a.begin(), a.end(), b.begin(), b.end());
-}
-
-// --- Key --------------------------------------------------------------------------------------
-
-Key::Key(std::string_view text) : node_(internal::TextNode::Make(text)) {}
-Key::Key(const Key& other) noexcept : node_(other.node_) {
-  internal::Retain(node_);
-}
-Key::Key(Key&& other) noexcept : node_(std::exchange(other.node_, nullptr)) {}
-Key& Key::operator=(Key other) noexcept {
-  std::swap(node_, other.node_);
-  return *this;
-}
-Key::~Key() {
-  internal::Release(node_);
-}
-std::string_view Key::text() const noexcept {
-  return node_->view();
 }
 
 // --- Dictionary -------------------------------------------------------------------------------

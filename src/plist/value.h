@@ -3,6 +3,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <cstring>
+#include <new>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -29,10 +30,27 @@ enum class Kind : std::uint8_t {
 };
 
 namespace internal {
-struct TextNode;
+
 struct ArrayNode;
 struct DictionaryNode;
 class Access;
+
+// A shared immutable text: this header, then the characters.
+struct TextNode {
+  std::uint32_t references;
+  std::uint32_t length;
+
+  [[nodiscard]] std::string_view view() const noexcept {
+    return {reinterpret_cast<const char*>(this + 1), length};
+  }
+  // Counts one reference, the caller's.
+  static TextNode* Make(std::string_view text);
+  void Retain() noexcept { ++references; }
+  void Release() noexcept {
+    if (--references == 0) ::operator delete(this);
+  }
+};
+
 }  // namespace internal
 
 // One property-list value in 16 bytes. Short texts (up to 14 bytes) live inside it.
@@ -205,12 +223,17 @@ class Array {
 // A dictionary's key. Keys read from one file share their text.
 class Key {
  public:
-  explicit Key(std::string_view text);
-  Key(const Key& other) noexcept;
-  Key(Key&& other) noexcept;
-  Key& operator=(Key other) noexcept;
-  ~Key();
-  [[nodiscard]] std::string_view text() const noexcept;
+  explicit Key(std::string_view text) : node_(internal::TextNode::Make(text)) {}
+  Key(const Key& other) noexcept : node_(other.node_) { node_->Retain(); }
+  Key(Key&& other) noexcept : node_(std::exchange(other.node_, nullptr)) {}
+  Key& operator=(Key other) noexcept {
+    std::swap(node_, other.node_);
+    return *this;
+  }
+  ~Key() {
+    if (node_ != nullptr) node_->Release();
+  }
+  [[nodiscard]] std::string_view text() const noexcept { return node_->view(); }
 
  private:
   internal::TextNode* node_;

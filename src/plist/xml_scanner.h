@@ -7,6 +7,8 @@
 #include <string>
 #include <string_view>
 
+#include "plist/words.h"
+
 namespace tallyfold::plist {
 
 // Walks over the tags and texts of an XML document that is valid UTF-8. Knows nothing of property
@@ -44,9 +46,10 @@ class XmlScanner {
            std::memcmp(place, text.data(), text.size()) == 0;
   }
   // Moves over `text` if it lies ahead.
-  [[nodiscard]] bool Skip(std::string_view text) noexcept {
-    if (!IsAt(cursor_, text)) return false;
-    cursor_ += text.size();
+  template <std::size_t N>
+  [[nodiscard]] bool Skip(const char (&text)[N]) noexcept {
+    if (!IsAt(cursor_, {text, N - 1})) return false;
+    cursor_ += N - 1;
     return true;
   }
 
@@ -55,7 +58,7 @@ class XmlScanner {
   // Moves to the next tag, so that "<" and one byte more lie ahead. Anything but white space,
   // comments and processing instructions before it is a failure, and so is the document's end.
   [[nodiscard]] bool SkipToTag() {
-    while (cursor_ != end_ && IsWhiteSpace(*cursor_)) ++cursor_;
+    SkipIndentation();
     if (end_ - cursor_ >= 2 && *cursor_ == '<' && cursor_[1] != '!' && cursor_[1] != '?') {
       return true;
     }
@@ -104,6 +107,8 @@ class XmlScanner {
     return c == '<' || c == '&' || c == '\r' || c == '\0';
   }
 
+  // Moves over the white space that usually precedes a tag.
+  void SkipIndentation() noexcept;
   [[nodiscard]] bool SkipToTagSlowly();
   // Moves to after the next `end_mark`; fails with "unfinished `what`" when there is none.
   [[nodiscard]] bool SkipPast(std::string_view end_mark, const char* what);
@@ -125,22 +130,33 @@ class XmlScanner {
   Failure failure_;
 };
 
-inline const char* XmlScanner::FindSpecial(const char* place, const char* end) noexcept {
-  // Eight bytes at a time: a byte of `word ^ pattern` is zero where the byte searched for stands,
-  // and the lowest zero byte is found exactly.
+inline void XmlScanner::SkipIndentation() noexcept {
+  if (cursor_ != end_ && *cursor_ == '\n') ++cursor_;
+  // Eight bytes at a time: those that are tabs become zero.
   if constexpr (std::endian::native == std::endian::little) {
-    constexpr std::uint64_t kOnes = 0x0101010101010101U;
+    while (end_ - cursor_ >= 8) {
+      const std::uint64_t others = LoadWord(cursor_) ^ RepeatedByte('\t');
+      if (others != 0) {
+        cursor_ += std::countr_zero(others) / 8;
+        return;
+      }
+      cursor_ += 8;
+    }
+  }
+}
+
+inline const char* XmlScanner::FindSpecial(const char* place, const char* end) noexcept {
+  // Eight bytes at a time: those searched for become zero, and the first zero is found exactly.
+  if constexpr (std::endian::native == std::endian::little) {
     constexpr auto kZeroBytes = [](std::uint64_t word) {
-      return (word - kOnes) & ~word & (kOnes << 7U);
+      return (word - RepeatedByte('\x01')) & ~word & RepeatedByte('\x80');
     };
-    while (end - place >= 8) {
-      std::uint64_t word;
-      std::memcpy(&word, place, sizeof word);
-      const std::uint64_t found = kZeroBytes(word ^ (kOnes * '<')) |
-                                  kZeroBytes(word ^ (kOnes * '&')) |
-                                  kZeroBytes(word ^ (kOnes * '\r')) | kZeroBytes(word);
+    for (; end - place >= 8; place += 8) {
+      const std::uint64_t word = LoadWord(place);
+      const std::uint64_t found = kZeroBytes(word ^ RepeatedByte('<')) |
+                                  kZeroBytes(word ^ RepeatedByte('&')) |
+                                  kZeroBytes(word ^ RepeatedByte('\r')) | kZeroBytes(word);
       if (found != 0) return place + std::countr_zero(found) / 8;
-      place += 8;
     }
   }
   while (place != end && !IsSpecial(*place)) ++place;
