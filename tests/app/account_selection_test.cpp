@@ -1,0 +1,96 @@
+#include "app/account_selection.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+
+#include "app/test_application.h"
+#include "model/current_account.h"
+
+namespace tallyfold {
+namespace {
+
+TEST(AccountSelection, SetsTheCurrentAccountTheTitleAndThePreference) {
+  TestApplication test;
+  auto& app = test.app;
+  const auto a = test.AddAccount("A");
+  const auto b = test.AddAccount("B");
+  EXPECT_EQ(CurrentAccount(), b.get());
+  EXPECT_EQ(app.WindowTitle(), "Tallyfold:  B");
+  const auto entry = test.AddDebit(1.0);
+
+  app.Account_Select(a);
+  EXPECT_EQ(CurrentAccount(), a.get());
+  EXPECT_EQ(app.preferences().GetSelectedAccountNumber(), 1);
+  EXPECT_EQ(app.SelectedEntry(), nullptr);
+
+  test.front_end.changed.clear();
+  app.Account_Select(nullptr);
+  EXPECT_EQ(CurrentAccount(), nullptr);
+  EXPECT_EQ(app.WindowTitle(), "Tallyfold:  No Account Selected");
+  EXPECT_EQ(app.preferences().GetSelectedAccountNumber(), 1);
+  const auto& changed = test.front_end.changed;
+  for (const Area area : {Area::SelectedAccount, Area::Registers, Area::Balance, Area::EntryButtons,
+                          Area::EntryTypeMenu, Area::Schedules, Area::Summary}) {
+    EXPECT_NE(std::find(changed.begin(), changed.end(), area), changed.end());
+  }
+}
+
+TEST(AccountSelection, AfterLoadingShowsTheRememberedAccountOrTheFirst) {
+  TestApplication test;
+  const auto a = test.AddAccount("A");
+  const auto b = test.AddAccount("B");
+  for (const auto& [number, account] : {std::pair{2, b}, {1, a}, {77, a}, {-1, a}}) {
+    test.app.Account_Deselect();
+    test.app.preferences().SetSelectedAccountNumber(number);
+    test.app.Accounts_PostLoad();
+    EXPECT_EQ(test.app.SelectedAccount(), account) << number;
+  }
+}
+
+TEST(AccountSelection, AfterLoadingNothingAsksForAFirstAccount) {
+  TestApplication test;
+  test.app.Accounts_PostLoad();
+  EXPECT_EQ(test.app.OpenSheet(), Sheet::AccountEdit);
+  EXPECT_TRUE(test.app.AccountEditSheet().is_new);
+  EXPECT_EQ(test.app.AccountEditSheet().typed.name, "Tallyfold 1");
+  EXPECT_TRUE(test.app.AccountEditSheet_OK());
+  EXPECT_EQ(test.app.SelectedAccount()->GetNumber(), 1);
+}
+
+TEST(AccountSelection, EndsWithTheAccountsItIsAbout) {
+  {
+    TestApplication test;
+    test.AddAccount("A");
+    EXPECT_EQ(LDGRController::sharedController(), &test.app);
+    EXPECT_TRUE(test.app.Accounts_Load());
+    EXPECT_EQ(CurrentAccount(), nullptr);
+    EXPECT_EQ(test.app.SelectedAccount(), nullptr);
+    test.AddAccount("B");
+  }
+  EXPECT_EQ(CurrentAccount(), nullptr);
+  EXPECT_EQ(LDGRController::sharedController(), nullptr);
+}
+
+TEST(NewAccounts, GetANameAndANumberNoOtherHas) {
+  struct Case {
+    std::vector<std::string> names;
+    const char* expected;
+  } const cases[] = {
+      {{}, "Tallyfold 1"},
+      {{"Tallyfold 1"}, "Tallyfold 2"},
+      {{"Tallyfold 1", "Tallyfold 3"}, "Tallyfold 4"},
+      {{"Joint", "Joint"}, "Tallyfold 3"},
+  };
+  for (const Case& c : cases) {
+    TestApplication test;
+    for (const auto& name : c.names) test.AddAccount(name);
+    test.app.Account_Add();
+    EXPECT_EQ(test.app.AccountEditSheet().typed.name, c.expected);
+    test.app.AccountEditSheet_Cancel();
+    EXPECT_EQ(test.app.accounts().size(), c.names.size());
+  }
+}
+
+}  // namespace
+}  // namespace tallyfold

@@ -1,0 +1,90 @@
+#include "app/test_application.h"
+
+#include "model/amounts.h"
+
+namespace tallyfold {
+
+TestApplication::TestApplication()
+    : app({files, alerts, panels, processes, speech, loop, notifications, host, encodings}) {
+  ambient.clock.SetLocal({2004, 3, 7, 12, 0, 0});
+  app.SetFrontEnd(&front_end);
+  app.Preferences_Init();
+}
+
+std::shared_ptr<LDGRAccount> TestApplication::AddAccount(const std::string& name) {
+  app.Account_Add();
+  auto typed = app.AccountEditSheet().typed;
+  typed.name = name;
+  app.AccountEditSheet_Read(typed);
+  app.AccountEditSheet_OK();
+  return app.accounts().back();
+}
+
+std::shared_ptr<LDGRAccountEntry> TestApplication::AddDebit(double amount,
+                                                            const std::string& description) {
+  app.Entry_Debit();
+  auto typed = app.DebitSheet().typed;
+  typed.amount = amount;
+  typed.description = description;
+  app.DebitSheet_Read(typed);
+  app.DebitSheet_OK();
+  return app.SelectedEntry();
+}
+
+std::shared_ptr<LDGRAccountEntry> TestApplication::AddTransferTo(const LDGRAccount& other,
+                                                                 double amount) {
+  app.Entry_Transfer();
+  auto typed = app.TransferSheet().typed;
+  typed.direction = IndexOf(app.TransferSheet().direction_items, "Transfer To");
+  typed.account = IndexOf(app.TransferSheet().account_items, other.GetName());
+  typed.amount = amount;
+  app.TransferSheet_Read(typed);
+  app.TransferSheet_OK();
+  return app.SelectedEntry();
+}
+
+std::string Line(const LDGRAccountEntry& entry) {
+  const auto quoted = [](const std::string& text) { return " '" + text + "'"; };
+  std::string line =
+      "#" + std::to_string(entry.GetNumber()) + " " + std::to_string(entry.GetDate());
+  if (entry.IsDebit()) line += " debit";
+  if (entry.IsDeposit()) line += " deposit";
+  if (entry.IsTransfer()) line += " transfer";
+  line += " " + FixedAmountString(entry.GetStoredAmount());
+  if (entry.GetType() != -1) line += " type=" + std::to_string(entry.GetType());
+  if (entry.IsCheck()) line += " check";
+  if (entry.GetCheckNumber() != -1) line += "=" + std::to_string(entry.GetCheckNumber());
+  if (!entry.GetDescription().empty()) line += quoted(entry.GetDescription());
+  if (!entry.GetToFrom().empty()) line += " to" + quoted(entry.GetToFrom());
+  if (entry.GetCleared()) line += " cleared";
+  if (entry.GetTaxDeductible()) line += " tax";
+  if (!entry.GetNotes().empty()) line += " notes" + quoted(entry.GetNotes());
+  if (const auto& split = entry.GetSplit()) {
+    for (std::size_t i = 0; i < LDGRAccountEntrySplit::kLines; ++i) {
+      if (split->GetDescription(i).empty() && split->GetAmount(i) == 0.0) continue;
+      line += " split(" + split->GetDescription(i) + "," + split->GetToFrom(i) + "," +
+              FixedAmountString(split->GetAmount(i)) + ")";
+    }
+  }
+  if (entry.GetTransferAccount() != -1 || entry.GetTransferEntry() != -1) {
+    line += " ->" + std::to_string(entry.GetTransferAccount()) + "#" +
+            std::to_string(entry.GetTransferEntry());
+  }
+  if (entry.IsTransferOrigin()) line += " origin";
+  return line;
+}
+
+std::vector<std::string> Lines(const LDGRAccount& account) {
+  std::vector<std::string> lines;
+  for (const auto& entry : account.GetEntries()) lines.push_back(Line(*entry));
+  return lines;
+}
+
+std::int32_t IndexOf(const std::vector<PopUpItem>& items, const std::string& title) {
+  for (std::size_t i = 0; i < items.size(); ++i) {
+    if (items[i].title == title && !items[i].is_separator) return static_cast<std::int32_t>(i);
+  }
+  return kNoItem;
+}
+
+}  // namespace tallyfold
