@@ -10,7 +10,6 @@
 #include "fakes/temporary_folder.h"
 #include "platform/notification_center.h"
 #include "system/program_speech.h"
-#include "system/standard_error_log.h"
 #include "system/system_process_launcher.h"
 
 namespace tallyfold {
@@ -126,22 +125,6 @@ TEST(ProgramSpeech, IsQuietWithoutAVoice) {
   speech.Speak("text");
   EXPECT_FALSE(speech.IsBusy());
   speech.Stop();
-}
-
-TEST(StandardErrorLog, WritesAndKeepsOneLineForEach) {
-  StandardErrorLog log;
-  testing::internal::CaptureStderr();
-  log.Write("No date defined.");
-  log.Write("two\nlines\x1B[2J");
-  EXPECT_EQ(testing::internal::GetCapturedStderr(),
-            "tallyfold: No date defined.\ntallyfold: two?lines?[2J\n");
-  EXPECT_EQ(log.Lines().back(), "two?lines?[2J");
-
-  testing::internal::CaptureStderr();
-  for (std::size_t i = 0; i < StandardErrorLog::kKeptLines; ++i) log.Write("more");
-  testing::internal::GetCapturedStderr();
-  EXPECT_EQ(log.Lines().size(), StandardErrorLog::kKeptLines);
-  EXPECT_EQ(log.Lines().front(), "more");
 }
 
 TEST(NotificationCenter, PostsToThoseWhoObservedBeforeThePost) {
