@@ -104,12 +104,15 @@ TextList PreferredTexts(const LDGRAccount& account, std::int32_t style, std::int
   }
 }
 
-void AppendMissing(TextList& texts, const TextList& additions) {
+// True when anything was missing.
+bool AppendMissing(TextList& texts, const TextList& additions) {
+  const std::size_t size = texts.size();
   std::unordered_set<std::string> seen;
   for (const std::string& text : texts) seen.insert(FoldCase(text));
   for (const std::string& text : additions) {
     if (seen.insert(FoldCase(text)).second) texts.push_back(text);
   }
+  return texts.size() != size;
 }
 
 }  // namespace
@@ -208,16 +211,18 @@ void LDGRAccount::SetPreferredFroms(TextList texts) {
 }
 
 void LDGRAccount::importDescriptionsFromAccount(const LDGRAccount& other) {
-  AppendMissing(preferred_debit_descriptions_, other.preferred_debit_descriptions_);
-  AppendMissing(preferred_deposit_descriptions_, other.preferred_deposit_descriptions_);
-  AppendMissing(preferred_transfer_descriptions_, other.preferred_transfer_descriptions_);
-  NoteChange();
+  for (TextList LDGRAccount::*list :
+       {&LDGRAccount::preferred_debit_descriptions_, &LDGRAccount::preferred_deposit_descriptions_,
+        &LDGRAccount::preferred_transfer_descriptions_}) {
+    if (AppendMissing(this->*list, other.*list)) NoteChange();
+  }
 }
 
 void LDGRAccount::importToFromsFromAccount(const LDGRAccount& other) {
-  AppendMissing(preferred_tos_, other.preferred_tos_);
-  AppendMissing(preferred_froms_, other.preferred_froms_);
-  NoteChange();
+  for (TextList LDGRAccount::*list :
+       {&LDGRAccount::preferred_tos_, &LDGRAccount::preferred_froms_}) {
+    if (AppendMissing(this->*list, other.*list)) NoteChange();
+  }
 }
 
 }  // namespace tallyfold

@@ -1,0 +1,114 @@
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <random>
+
+#include "fakes/fake_ambient.h"
+#include "model/account.h"
+#include "model/account_records.h"
+
+namespace tallyfold {
+namespace {
+
+void FillWithMarch(LDGRAccount& account) {
+  account.SetStartingBalance(100);
+  AddEntries(account,
+             {{.number = 1, .date = 20040305, .amount = -10, .cleared = true},
+              {.number = 2, .date = 20040306, .amount = 25.5, .kind = EntryFields::Deposit},
+              {.number = 3, .date = 20040307, .amount = -4, .kind = EntryFields::Transfer},
+              {.number = 4, .date = 20040308, .amount = -1, .cleared = true}});
+}
+
+TEST(AccountBalances, AddSignedAmountsToTheStartingBalance) {
+  FakeAmbient ambient;
+  ambient.clock.SetLocal({2004, 3, 7, 23, 59, 59});
+  LDGRAccount account;
+  FillWithMarch(account);
+  EXPECT_DOUBLE_EQ(account.GetBalance(), 110.5);
+  EXPECT_DOUBLE_EQ(account.GetTodaysBalance(), 111.5);
+  EXPECT_DOUBLE_EQ(account.GetResolvedBalance(), 89);
+  EXPECT_DOUBLE_EQ(account.GetUnresolvedBalance(), 21.5);
+  EXPECT_DOUBLE_EQ(account.GetRunningBalanceBeforeDate(20040307), 115.5);
+  EXPECT_DOUBLE_EQ(account.GetRunningBalanceThroughDate(20040307), 111.5);
+  EXPECT_DOUBLE_EQ(account.GetDebitsTotal(), -11);
+  EXPECT_DOUBLE_EQ(account.GetDepositsTotal(), 25.5);
+  EXPECT_DOUBLE_EQ(account.GetTransfersTotal(), -4);
+  EXPECT_DOUBLE_EQ(account.GetRunningBalanceAtEntry(nullptr), 0);
+}
+
+TEST(AccountBalances, HideOnlyTheWholeBalanceOfALockedAccount) {
+  FakeAmbient ambient;
+  ambient.clock.SetLocal({2004, 3, 7});
+  LDGRAccount account;
+  FillWithMarch(account);
+  account.SetPassword("x");
+  EXPECT_EQ(account.GetBalance(), 0.0);
+  EXPECT_DOUBLE_EQ(account.GetTodaysBalance(), 111.5);
+  EXPECT_DOUBLE_EQ(account.GetResolvedBalance(), 89);
+  EXPECT_DOUBLE_EQ(account.GetUnresolvedBalance(), -89);
+}
+
+TEST(AccountBalances, UseTheTotalOfASplit) {
+  LDGRAccount account;
+  auto entry = MakeEntry({.number = 1, .amount = -1});
+  auto split = std::make_shared<LDGRAccountEntrySplit>();
+  split->SetAmount(10, 0);
+  split->SetAmount(5.25, 3);
+  entry->SetSplit(split);
+  account.AddEntry(entry);
+  EXPECT_DOUBLE_EQ(account.GetBalance(), -15.25);
+  EXPECT_DOUBLE_EQ(account.GetDebitsTotal(), -15.25);
+}
+
+TEST(AccountBalances, RoundTheStartingBalanceToCents) {
+  LDGRAccount account;
+  const std::pair<double, double> cases[] = {{1.005, 1.01}, {-2.675, -2.68}, {3, 3}};
+  for (const auto& [given, kept] : cases) {
+    account.SetStartingBalance(given);
+    EXPECT_EQ(account.GetStartingBalance(), kept);
+  }
+}
+
+TEST(RunningBalances, CountChecksOfADayByNumberAndBeforeOtherEntries) {
+  LDGRAccount account;
+  AddEntries(account, {{.number = 1, .amount = -1},
+                       {.number = 2, .amount = -20, .check = 101},
+                       {.number = 3, .amount = -300, .check = 100},
+                       {.number = 4, .date = 20040229, .amount = -4000},
+                       {.number = 5, .date = 20040302, .amount = -50000, .check = 1}});
+  EXPECT_EQ(account.RunningBalances(account.GetEntries()),
+            (std::vector<double>{-4321, -4320, -4300, -4000, -54321}));
+}
+
+// Few days and numbers, so that equal check numbers and equal entry numbers abound.
+TEST(RunningBalances, AgreeWithTheBalanceAtEachEntryForEveryTie) {
+  std::mt19937 random(7);
+  const auto pick = [&random](int count) {
+    return static_cast<std::int32_t>(random() % static_cast<unsigned>(count));
+  };
+  for (int round = 0; round < 20; ++round) {
+    LDGRAccount account;
+    account.SetStartingBalance(round * 0.37);
+    for (int i = 0; i < 120; ++i) {
+      auto entry = MakeEntry({.number = pick(40) - 1,
+                              .date = 20040228 + pick(6),
+                              .amount = (pick(200000) - 100000) / 100.0,
+                              .check = pick(2) == 0 ? pick(8) : -1});
+      // A number in an entry that is no check must not count.
+      if (!entry->IsCheck()) entry->SetCheckNumber(pick(8));
+      account.AddEntry(entry);
+    }
+    EntryList rows = account.GetEntries();
+    std::shuffle(rows.begin(), rows.end(), random);
+    rows.resize(100);
+    const auto balances = account.RunningBalances(rows);
+    ASSERT_EQ(balances.size(), rows.size());
+    for (std::size_t i = 0; i < rows.size(); ++i) {
+      ASSERT_NEAR(balances[i], account.GetRunningBalanceAtEntry(rows[i].get()), 0.001)
+          << "round " << round << ", entry " << rows[i]->GetNumber();
+    }
+  }
+}
+
+}  // namespace
+}  // namespace tallyfold
