@@ -10,6 +10,7 @@
 #include "fakes/fake_run_loop.h"
 #include "fakes/fake_services.h"
 #include "model/account_entry.h"
+#include "system/iconv_encodings.h"
 
 namespace tallyfold {
 
@@ -42,7 +43,7 @@ struct TestApplication {
   FakeRunLoop loop{&ambient.clock};
   NotificationCenter notifications;
   FakeHost host;
-  FakeTextEncodings encodings;
+  IconvEncodings encodings;
   TestFrontEnd front_end;
   LDGRController app;
 };
