@@ -1,0 +1,139 @@
+#include <gtest/gtest.h>
+#include <signal.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <cstdlib>
+#include <fstream>
+#include <iterator>
+
+#include "fakes/fake_ambient.h"
+#include "fakes/fake_services.h"
+#include "fakes/temporary_folder.h"
+#include "storage/accounts_store.h"
+#include "storage/sample_account.h"
+#include "system/posix_file_system.h"
+
+namespace tallyfold {
+namespace {
+
+// The real calls; the process is killed at one of them.
+class KillingCalls final : public FileCalls {
+ public:
+  explicit KillingCalls(int at) : at_(at) {}
+
+  int OpenFolder(const std::string& path) override { return Next(), FileCalls::OpenFolder(path); }
+  int CreateFile(int folder, const std::string& name, mode_t mode) override {
+    return Next(), FileCalls::CreateFile(folder, name, mode);
+  }
+  int ChangeMode(int file, mode_t mode) override {
+    return Next(), FileCalls::ChangeMode(file, mode);
+  }
+  ssize_t Write(int file, const char* bytes, size_t size) override {
+    if (calls_ + 1 == at_) FileCalls::Write(file, bytes, size / 2);
+    return Next(), FileCalls::Write(file, bytes, size);
+  }
+  int Sync(int file_or_folder) override { return Next(), FileCalls::Sync(file_or_folder); }
+  int Close(int file_or_folder) override { return Next(), FileCalls::Close(file_or_folder); }
+  int Rename(int folder, const std::string& from, const std::string& to, unsigned flags) override {
+    return Next(), FileCalls::Rename(folder, from, to, flags);
+  }
+  int Remove(int folder, const std::string& name) override {
+    return Next(), FileCalls::Remove(folder, name);
+  }
+
+ private:
+  void Next() {
+    if (++calls_ == at_) kill(getpid(), SIGKILL);
+  }
+
+  int at_;
+  int calls_ = 0;
+};
+
+// A run of the program on the real files below `home`.
+struct ProgramRun : AccountsStore::Host {
+  explicit ProgramRun(int killed_at)
+      : files(std::make_unique<KillingCalls>(killed_at)),
+        store({files, alerts, application, processes}, gate, lock, *this) {}
+  void ForgetSelectedAccount() override {}
+  void CloseMainWindow() override {}
+
+  FakeAmbient ambient;
+  PosixFileSystem files;
+  FakeAlerts alerts;
+  FakeHost application;
+  FakeProcessLauncher processes;
+  SaveGate gate;
+  DataFolderLock lock{files, alerts, application};
+  AccountsStore store;
+};
+
+std::string Content(const std::string& path) {
+  std::ifstream file(path, std::ios::binary);
+  return {std::istreambuf_iterator<char>(file), {}};
+}
+
+// Loads, adds an account and saves in a process of its own; true when that was not killed.
+bool SaveInOwnProcess(int killed_at) {
+  const pid_t child = fork();
+  if (child == 0) {
+    ProgramRun run(killed_at);
+    if (run.lock.Acquire() && run.store.Accounts_Load()) {
+      run.store.AddAccount(SampleAccount());
+      run.store.Accounts_Save();
+    }
+    _exit(0);
+  }
+  int status = 0;
+  waitpid(child, &status, 0);
+  return WIFEXITED(status);
+}
+
+TEST(AccountsSaving, KilledAtAnyStepLeavesTheOldFileOrTheNewOne) {
+  const std::string former_home = std::getenv("HOME") != nullptr ? std::getenv("HOME") : "/";
+  for (const std::string old :
+       {"<plist><dict><key>accounts</key><array/><key>appVersion</key><string>2.0</string></dict>"
+        "</plist>",
+        "no property list", ""}) {
+    std::string saved;
+    // The last round, in which nothing is killed, tells what a whole save leaves.
+    for (int at = 0, done = 0; done == 0; ++at) {
+      SCOPED_TRACE(old + " killed at " + std::to_string(at));
+      const TemporaryFolder home;
+      setenv("HOME", home.path().c_str(), 1);
+      const std::string folder = home / "Library/Tallyfold";
+      const std::string file = folder + "/Accounts.plist";
+      std::filesystem::create_directories(folder + "/Backups");
+      if (!old.empty()) std::ofstream(file) << old;
+
+      const bool was_killed = !SaveInOwnProcess(at);
+      if (at == 0) saved = Content(file);
+      if (at > 0 && !was_killed) done = 1;
+      ASSERT_LT(at, 100);
+      const std::string found = Content(file);
+      EXPECT_TRUE(found == old || found == saved);
+      EXPECT_TRUE(was_killed || found == saved);
+
+      // The next run has the lock, clears away what was left, and nothing is lost.
+      ProgramRun next(0);
+      EXPECT_TRUE(next.lock.Acquire());
+      EXPECT_TRUE(next.lock.IsHeld());
+      EXPECT_TRUE(next.store.Accounts_Load());
+      EXPECT_EQ(next.store.accounts().size(), found == saved ? 1U : 0U);
+      bool is_kept = false;
+      for (const auto& entry : std::filesystem::directory_iterator(folder)) {
+        const std::string name = entry.path().filename().string();
+        EXPECT_FALSE(name.starts_with(kTemporaryPrefix)) << name;
+        is_kept = is_kept || (name.starts_with("Accounts.plist.kept-") &&
+                              Content(entry.path().string()) == old);
+      }
+      EXPECT_TRUE(is_kept || old != "no property list" || found == old);
+    }
+    EXPECT_GT(saved.size(), 1000U);
+  }
+  setenv("HOME", former_home.c_str(), 1);
+}
+
+}  // namespace
+}  // namespace tallyfold
