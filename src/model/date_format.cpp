@@ -287,12 +287,8 @@ std::string DateFormatStringToShortestDateFormatString(std::string_view format) 
   } else {
     slots[day > year ? 0 : 1] = "%y";
   }
-  std::string result;
-  for (const std::string_view slot : slots) {
-    if (&slot != slots.data()) result.push_back('/');
-    result.append(slot);
-  }
-  return result;
+  std::string result(slots[0]);
+  return result.append("/").append(slots[1]).append("/").append(slots[2]);
 }
 
 }  // namespace tallyfold

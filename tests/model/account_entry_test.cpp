@@ -1,0 +1,264 @@
+#include "model/account_entry.h"
+
+#include <gtest/gtest.h>
+
+#include "fakes/fake_ambient.h"
+#include "model/account.h"
+#include "model/current_account.h"
+#include "model/plist_literals.h"
+
+namespace tallyfold {
+namespace {
+
+using Lines = std::vector<std::string>;
+
+const std::string kWrong = "theValue is in the wrong format in LDGRAccountEntry:initWithDictionary";
+
+std::string Missing(const std::string& key) {
+  return "No " + key + " defined for theDictionary in LDGRAccountEntry:initWithDictionary";
+}
+
+plist::Dictionary SplitOf(double first, double second) {
+  LDGRAccountEntrySplit split;
+  split.SetAmount(first, 0);
+  split.SetAmount(second, 1);
+  return split.asDictionary();
+}
+
+plist::Dictionary WholeRecord() {
+  return Dict({{"date", 20040307},
+               {"number", 12},
+               {"checkNumber", 1042},
+               {"entryFlags", 1 + 4 + 16 + 32 + 64 + 256},
+               {"type", 3},
+               {"amount", -12.345},
+               {"description", "Groceries"},
+               {"toFrom", "Corner Shop"},
+               {"cleared", true},
+               {"notes", "two bags"},
+               {"transferEntry", 7},
+               {"transferAccount", 2},
+               {"split", SplitOf(10.0, 2.34)}});
+}
+
+TEST(Entries, GiveBackEveryKeyTheyRead) {
+  FakeAmbient ambient;
+  const plist::Dictionary record = WholeRecord();
+  const LDGRAccountEntry entry(record);
+  EXPECT_EQ(entry.GetDate(), 20040307);
+  EXPECT_EQ(entry.GetNumber(), 12);
+  EXPECT_EQ(entry.GetCheckNumber(), 1042);
+  EXPECT_TRUE(entry.IsDebit() && entry.IsTransfer() && entry.IsCheck() && entry.GetTaxDeductible());
+  EXPECT_FALSE(entry.IsDeposit() || entry.IsTransferOrigin());
+  EXPECT_EQ(entry.GetType(), 3);
+  EXPECT_EQ(entry.GetStoredAmount(), -12.345);  // not rounded
+  EXPECT_EQ(entry.GetDescription(), "Groceries");
+  EXPECT_EQ(entry.GetToFrom(), "Corner Shop");
+  EXPECT_TRUE(entry.GetCleared());
+  EXPECT_EQ(entry.GetNotes(), "two bags");
+  EXPECT_EQ(entry.GetTransferEntry(), 7);
+  EXPECT_EQ(entry.GetTransferAccount(), 2);
+  EXPECT_EQ(entry.GetSplit()->GetTotal(), 12.34);
+
+  EXPECT_EQ(entry.asDictionary(), record);
+  EXPECT_EQ(KeysOf(entry.asDictionary()), KeysOf(record));
+  EXPECT_TRUE(ambient.log.Lines().empty());
+}
+
+TEST(Entries, AreReadFromKeysInAnyOrderAmongOthers) {
+  const plist::Dictionary record = WholeRecord();
+  plist::Dictionary shuffled;
+  for (const plist::DictionaryItem* item = record.end(); item != record.begin();) {
+    --item;
+    shuffled.Set(std::string(item->key()) + "?", 1);
+    shuffled.Set(item->key(), item->value());
+  }
+  EXPECT_EQ(LDGRAccountEntry(shuffled).asDictionary(), record);
+}
+
+TEST(Entries, LogWhatIsMissingOrWrongInTheOrderOfReading) {
+  FakeAmbient ambient;
+  const plist::Dictionary defaults = LDGRAccountEntry().asDictionary();
+  EXPECT_EQ(defaults, Dict({{"date", 0},
+                            {"number", -1},
+                            {"checkNumber", -1},
+                            {"entryFlags", 0},
+                            {"type", -1},
+                            {"amount", 0.0},
+                            {"description", ""},
+                            {"toFrom", ""},
+                            {"cleared", false}}));
+
+  EXPECT_EQ(LDGRAccountEntry(Dict({})).asDictionary(), defaults);
+  EXPECT_EQ(ambient.log.Take(),
+            (Lines{Missing("date"), Missing("number"), Missing("checkNumber"),
+                   Missing("entryFlags"), Missing("description"), Missing("type"),
+                   Missing("amount"), Missing("toFrom"), Missing("cleared")}));
+  EXPECT_EQ(LDGRAccountEntry(std::nullopt).asDictionary(), defaults);
+  EXPECT_TRUE(ambient.log.Lines().empty());
+
+  // One wrong value at a time; numbers stand for one another, texts never for numbers.
+  for (const plist::DictionaryItem& item : WholeRecord()) {
+    const std::string key(item.key());
+    plist::Dictionary record = WholeRecord();
+    record.Set(key, item.value().IsString() ? plist::Value(5) : plist::Value("5"));
+    const LDGRAccountEntry entry(record);
+    const bool is_notes = key == "notes";
+    EXPECT_EQ(ambient.log.Take(),
+              Lines{is_notes ? "notes are in the wrong format in LDGRAccountEntry:"
+                               "initWithDictionary"
+                             : kWrong})
+        << key;
+    // The others were read all the same; the wrong one has its default or, optional, is gone.
+    plist::Dictionary expected = WholeRecord();
+    if (key == "transferEntry" || key == "transferAccount") {
+      expected.Set(key, -1);
+    } else if (key == "entryFlags") {
+      expected.Set(key, 0);
+      expected.Remove("transferEntry");
+      expected.Remove("transferAccount");
+    } else {
+      expected.Set(key, defaults.Get(key));
+    }
+    EXPECT_EQ(entry.asDictionary(), expected) << key;
+  }
+}
+
+TEST(Entries, TakeALinkFromTransfersAlone) {
+  FakeAmbient ambient;
+  const struct {
+    std::int32_t flags;
+    std::int32_t link;
+  } cases[] = {{5, 7}, {4, 7}, {1, -1}, {8, -1}};
+  for (const auto& c : cases) {
+    plist::Dictionary record = WholeRecord();
+    record.Set("entryFlags", c.flags);
+    const LDGRAccountEntry entry(record);
+    EXPECT_EQ(entry.GetTransferEntry(), c.link) << c.flags;
+    EXPECT_EQ(entry.asDictionary().Has("transferAccount"), c.link == 7) << c.flags;
+  }
+  plist::Dictionary without_link = WholeRecord();
+  for (const char* key : {"transferEntry", "transferAccount", "notes", "split"}) {
+    without_link.Remove(key);
+  }
+  EXPECT_EQ(LDGRAccountEntry(without_link).GetTransferAccount(), -1);
+  EXPECT_TRUE(ambient.log.Lines().empty());
+}
+
+TEST(Entries, AreCopiedDeeply) {
+  const LDGRAccountEntry entry(WholeRecord());
+  const auto copy = LDGRAccountEntry::entryWithEntry(&entry);
+  EXPECT_EQ(copy->asDictionary(), entry.asDictionary());
+  copy->GetSplit()->SetAmount(99.0, 0);
+  EXPECT_EQ(entry.GetSplit()->GetTotal(), 12.34);
+
+  const auto blank = LDGRAccountEntry::entryWithEntry(nullptr);
+  EXPECT_EQ(blank->GetNumber(), 0);
+  EXPECT_EQ(blank->GetCheckNumber(), 0);
+  EXPECT_EQ(blank->GetType(), 0);
+  EXPECT_EQ(blank->GetTransferEntry(), 0);
+  EXPECT_EQ(blank->GetTransferAccount(), 0);
+}
+
+TEST(Entries, ChangeTheirFlagsOneSidedly) {
+  using Entry = LDGRAccountEntry;
+  const struct {
+    std::int32_t before;
+    void (*change)(Entry&);
+    std::int32_t after;
+  } cases[] = {
+      {2 + 4 + 8 + 16 + 64, [](Entry& e) { e.SetIsDebit(true); }, 1 + 16 + 64},
+      {1 + 2 + 4, [](Entry& e) { e.SetIsDebit(false); }, 2 + 4},
+      {1, [](Entry& e) { e.SetIsDeposit(true); }, 3},
+      {1 + 2, [](Entry& e) { e.SetIsTransfer(true); }, 1 + 2 + 4},
+      {1 + 4, [](Entry& e) { e.SetIsTransferOrigin(true); }, 1 + 4 + 8},
+      {4 + 8, [](Entry& e) { e.SetIsTransfer(false); }, 8},
+      {1 + 32, [](Entry& e) { e.SetIsCheck(true); }, 1 + 16 + 32},
+      {1 + 64, [](Entry& e) { e.SetTaxDeductible(false); }, 1},
+  };
+  for (const auto& c : cases) {
+    Entry entry(Dict({{"entryFlags", c.before}}));
+    c.change(entry);
+    EXPECT_EQ(entry.asDictionary().Get("entryFlags"), plist::Value(c.after)) << c.before;
+  }
+}
+
+TEST(Entries, RefuseNoneAndDaysBeforeAll) {
+  LDGRAccountEntry entry(WholeRecord());
+  entry.SetDate(-1);
+  entry.SetDescription(std::nullopt);
+  entry.SetToFrom(std::nullopt);
+  EXPECT_EQ(entry.asDictionary(), LDGRAccountEntry(WholeRecord()).asDictionary());
+  entry.SetNotes(std::nullopt);
+  entry.SetSplit(nullptr);
+  EXPECT_EQ(entry.GetNotes(), "");
+  EXPECT_FALSE(entry.asDictionary().Has("notes") || entry.asDictionary().Has("split"));
+  entry.SetAmount(1.005);
+  EXPECT_EQ(entry.GetStoredAmount(), 1.01);
+}
+
+TEST(Entries, CountTheirSplitsByKind) {
+  const struct {
+    std::int32_t flags;
+    bool has_split;
+    double amount;
+  } cases[] = {{1, true, -15.25}, {2, true, 15.25}, {1 + 2, true, 15.25}, {1 + 4, true, -15.25},
+               {4, true, 3.0},    {0, true, 3.0},   {1, false, 3.0}};
+  for (const auto& c : cases) {
+    LDGRAccountEntry entry(Dict({{"entryFlags", c.flags}, {"amount", 3.0}}));
+    if (c.has_split) {
+      entry.SetSplit(std::make_shared<LDGRAccountEntrySplit>(SplitOf(10.0, 5.25)));
+    }
+    EXPECT_EQ(entry.GetAmount(), c.amount) << c.flags;
+  }
+}
+
+TEST(Entries, SpeakTheirContents) {
+  FakeAmbient ambient;
+  LDGRAccount account(Dict({}));
+  auto type = std::make_shared<LDGRAccountEntryType>();
+  type->SetName("Bills");
+  type->SetNumber(3);
+  account.AddType(type);
+  const ScopedCurrentAccount current(&account);
+
+  plist::Dictionary deposit = WholeRecord();
+  deposit.Set("entryFlags", 2);
+  deposit.Set("type", 99);
+  deposit.Set("description", "");
+  plist::Dictionary transfer = WholeRecord();
+  transfer.Set("entryFlags", 4);
+  transfer.Set("type", -1);
+  transfer.Set("cleared", false);
+  const struct {
+    plist::Dictionary record;
+    const char* short_date_format;
+    const char* speech;
+  } cases[] = {
+      {Dict({{"date", 20040307},
+             {"checkNumber", 1042},
+             {"entryFlags", 17},
+             {"type", 3},
+             {"amount", 12.5},
+             {"description", "Rent"},
+             {"toFrom", "Landlord"}}),
+       "%m/%d/%y",
+       "03/07/04.  Debit in the Amount of:  12.50 .  Type:  Bills .  Check Number:  1042 .  "
+       "To:  Landlord .  Description:  Rent .  Unresolved .  "},
+      // The stored amount is spoken, not the split's.
+      {deposit, "%e %B %Y",
+       "7 March 2004.  Deposit in the Amount of:  -12.35 .  Type:   .  From:  Corner Shop .  "
+       "Resolved .  "},
+      {transfer, "%m/%d/%y",
+       "03/07/04.  Transfer in the Amount of:  -12.35 .  Description:  Groceries .  "
+       "Unresolved .  "},
+      {Dict({}), "%Y-%m-%d", "-0001-11-30.  Unresolved .  "},
+  };
+  for (const auto& c : cases) {
+    ambient.locale.short_date_format = c.short_date_format;
+    EXPECT_EQ(LDGRAccountEntry(c.record).asSpeakableString(), c.speech);
+  }
+}
+
+}  // namespace
+}  // namespace tallyfold

@@ -1,0 +1,297 @@
+#include "model/account_schedule.h"
+
+#include <gtest/gtest.h>
+
+#include "fakes/fake_ambient.h"
+#include "model/calendar.h"
+#include "model/plist_literals.h"
+
+namespace tallyfold {
+namespace {
+
+using Days = std::vector<DateNumber>;
+using Lines = std::vector<std::string>;
+
+constexpr std::int32_t kForever = 1;
+constexpr std::int32_t kCount = 2;
+constexpr std::int32_t kDate = 3;
+
+plist::Dictionary WholeRecord() {
+  plist::Dictionary record = LDGRAccountEntry().asDictionary();
+  record.Set("date", 20040101);
+  record.Set("number", 5);
+  record.Set("amount", -20.0);
+  record.Set("description", "Rent");
+  record.Set("repeatIntervalType", 20);
+  record.Set("repeatInterval", 3);
+  record.Set("repeatUntilType", 2);
+  record.Set("repeatUntil", 10);
+  record.Set("usePrecedingFriday", true);
+  record.Set("committedDates", List({20040101, 20040102}));
+  return record;
+}
+
+TEST(Schedules, GiveBackEveryKeyTheyRead) {
+  FakeAmbient ambient;
+  const plist::Dictionary record = WholeRecord();
+  const LDGRAccountSchedule schedule(record);
+  EXPECT_EQ(schedule.GetRepeatIntervalType(), 20);
+  EXPECT_EQ(schedule.GetRepeatInterval(), 3);
+  EXPECT_EQ(schedule.GetRepeatUntilType(), 2);
+  EXPECT_EQ(schedule.GetRepeatUntil(), 10);
+  EXPECT_TRUE(schedule.GetUsePrecedingFriday());
+  EXPECT_EQ(schedule.GetCommittedDates(), (Days{20040101, 20040102}));
+  EXPECT_EQ(schedule.GetLastCommittedDate(), 20040102);
+  EXPECT_EQ(schedule.GetDescription(), "Rent");
+  EXPECT_EQ(schedule.asDictionary(), record);
+  EXPECT_EQ(KeysOf(schedule.asDictionary()), KeysOf(record));
+  EXPECT_TRUE(ambient.log.Lines().empty());
+}
+
+TEST(Schedules, LogWhatIsMissingOrWrongAfterTheirEntry) {
+  FakeAmbient ambient;
+  const LDGRAccountSchedule unread(std::nullopt);
+  EXPECT_TRUE(ambient.log.Lines().empty());
+  const plist::Dictionary defaults = unread.asDictionary();
+
+  EXPECT_EQ(LDGRAccountSchedule(Dict({})).asDictionary(), defaults);
+  const Lines log = ambient.log.Take();
+  ASSERT_EQ(log.size(), 9 + 6U);
+  EXPECT_EQ(
+      Lines(log.begin() + 9, log.end()),
+      (Lines{"No repeatIntervalType found for schedule.", "No repeatInterval found for schedule.",
+             "No repeatUntilType found for schedule.", "No repeatUntil found for schedule.",
+             "No usePrecedingFriday found for schedule.",
+             "No committedDates found for schedule."}));
+
+  for (const char* key : {"repeatIntervalType", "repeatInterval", "repeatUntilType", "repeatUntil",
+                          "usePrecedingFriday", "committedDates"}) {
+    plist::Dictionary record = WholeRecord();
+    record.Set(key, "1");
+    plist::Dictionary expected = WholeRecord();
+    expected.Set(key, defaults.Get(key));
+    EXPECT_EQ(LDGRAccountSchedule(record).asDictionary(), expected);
+    EXPECT_EQ(ambient.log.Take(),
+              Lines{std::string(key) + " is in the wrong format for schedule."});
+  }
+  plist::Dictionary record = WholeRecord();
+  record.Set("committedDates", List({20040104, "x", 20040101}));
+  EXPECT_EQ(LDGRAccountSchedule(record).GetCommittedDates(), (Days{20040104, 20040101}));
+  EXPECT_EQ(ambient.log.Take(), Lines{"committedDates is in the wrong format for schedule."});
+}
+
+TEST(Schedules, MakeEntriesOfTheirTemplate) {
+  const LDGRAccountSchedule schedule(WholeRecord());
+  const EntryList entries = schedule.EntriesFromDate(20040101, 20040110);
+  ASSERT_EQ(entries.size(), 2U);
+  EXPECT_EQ(entries[0]->GetDate(), 20040107);
+  EXPECT_EQ(entries[1]->GetDate(), 20040109);  // Saturday moved
+  EXPECT_EQ(entries[0]->GetNumber(), 5);
+  EXPECT_EQ(KeysOf(entries[0]->asDictionary()), KeysOf(LDGRAccountEntry().asDictionary()));
+  EXPECT_EQ(schedule.EntryForDate(-1)->GetDate(), 20040101);  // no such day
+}
+
+TEST(Schedules, MoveWeekendsToFridayOnlyWhenAsked) {
+  LDGRAccountSchedule schedule;
+  const CivilTime sunday{2004, 8, 1, 9, 30};
+  EXPECT_EQ(schedule.AdjustDateForUsePrecedingFriday(sunday), sunday);
+  schedule.SetUsePrecedingFriday(true);
+  EXPECT_EQ(schedule.AdjustDateForUsePrecedingFriday(sunday), (CivilTime{2004, 7, 30, 9, 30}));
+  EXPECT_EQ(schedule.AdjustDateForUsePrecedingFriday({2004, 7, 31}), (CivilTime{2004, 7, 30}));
+  EXPECT_EQ(schedule.AdjustDateForUsePrecedingFriday({2004, 8, 2}), (CivilTime{2004, 8, 2}));
+}
+
+// 30 April 2004 is a Friday.
+TEST(Schedules, AreDueAsTheirUntilTypeHasIt) {
+  const struct {
+    const char* what;
+    DateNumber start;
+    std::int32_t type;
+    bool friday;
+    std::int32_t until_type;
+    std::int32_t until;
+    DateNumber date;
+    Days due;
+    Days committed;
+  } cases[] = {
+      {"forever", 20040428, 1, false, kForever, 0, 20040430, {20040428, 20040429, 20040430}, {}},
+      {"forever, not yet started", 20040501, 1, false, kForever, 0, 20040430, {}, {}},
+      {"a Sunday's occurrence on Friday", 20040502, 4, true, kForever, 0, 20040430, {20040430}, {}},
+      {"a Sunday's occurrence on Thursday", 20040502, 4, true, kForever, 0, 20040429, {}, {}},
+      {"a Sunday's occurrence on Saturday",
+       20040502,
+       4,
+       true,
+       kForever,
+       0,
+       20040501,
+       {20040430},
+       {}},
+      {"a Sunday's occurrence that does not move",
+       20040502,
+       4,
+       false,
+       kForever,
+       0,
+       20040430,
+       {},
+       {}},
+      {"weekly on Sundays, due on Friday though it does not move",
+       20040502,
+       2,
+       true,
+       kForever,
+       0,
+       20040430,
+       {20040502},
+       {}},
+      {"once, when it has started", 20040428, 0, false, kForever, 0, 20040430, {20040428}, {}},
+      {"once, committed", 20040428, 0, false, kForever, 0, 20040430, {}, {20040428}},
+      {"three in all, one committed",
+       20040101,
+       1,
+       false,
+       kCount,
+       3,
+       20040430,
+       {20040102, 20040103},
+       {20040101}},
+      {"three in all, all committed",
+       20040101,
+       1,
+       false,
+       kCount,
+       3,
+       20040430,
+       {},
+       {20031201, 20031202, 20031203}},
+      {"fewer than none in all", 20040101, 1, false, kCount, -2'147'483'647 - 1, 20040430, {}, {}},
+      {"twice in all, a weekend counts once",
+       20040430,
+       20,
+       true,
+       kCount,
+       2,
+       20040504,
+       {20040430, 20040503},
+       {}},
+      {"until a day that is over",
+       20040427,
+       1,
+       false,
+       kDate,
+       20040428,
+       20040430,
+       {20040427, 20040428},
+       {}},
+      {"until a day to come",
+       20040429,
+       1,
+       false,
+       kDate,
+       20040505,
+       20040430,
+       {20040429, 20040430},
+       {}},
+      {"until before the start", 20040429, 1, false, kDate, 20040401, 20040430, {}, {}},
+      {"until Sunday, on Friday", 20040502, 4, true, kDate, 20040502, 20040430, {20040430}, {}},
+      {"until Saturday, Sunday's on Friday", 20040502, 4, true, kDate, 20040501, 20040430, {}, {}},
+      {"until Saturday, Saturday's on Friday",
+       20040501,
+       4,
+       true,
+       kDate,
+       20040501,
+       20040430,
+       {20040430},
+       {}},
+      {"until Friday, Saturday's on Friday", 20040501, 4, true, kDate, 20040430, 20040430, {}, {}},
+      {"until Sunday, on Saturday", 20040502, 4, true, kDate, 20040502, 20040501, {20040430}, {}},
+      {"until Saturday, on Saturday", 20040502, 4, true, kDate, 20040501, 20040501, {}, {}},
+      {"no such until type", 20040101, 1, false, 0, 0, 20040430, {}, {}},
+      {"beyond the calendar", 99991231, 1, true, kForever, 0, 1000000101, {99991231}, {}},
+  };
+  for (const auto& c : cases) {
+    LDGRAccountSchedule schedule;
+    schedule.SetDate(c.start);
+    schedule.SetRepeatIntervalType(c.type);
+    schedule.SetUsePrecedingFriday(c.friday);
+    schedule.SetRepeatUntilType(c.until_type);
+    schedule.SetRepeatUntil(c.until);
+    for (const DateNumber day : c.committed) schedule.AddCommittedDate(day);
+    CivilTime date = dateWithDateNumber(c.date);
+    date.hour = 23;
+    EXPECT_EQ(schedule.DueDates(date), c.due) << c.what;
+    Days entries;
+    for (const auto& entry : schedule.EvaluateForDate(date)) entries.push_back(entry->GetDate());
+    EXPECT_EQ(entries, c.due) << c.what;
+  }
+}
+
+TEST(Schedules, HaveANextDateThatFollowsEveryChange) {
+  LDGRAccountSchedule schedule;
+  schedule.SetDate(20040101);
+  EXPECT_EQ(schedule.NextEntryDate(), -1);  // once
+  schedule.SetRepeatIntervalType(1);
+  EXPECT_EQ(schedule.NextEntryDate(), 20040101);
+  schedule.CommitEntry(schedule.EntryForDate(20040101).get());
+  schedule.CommitEntry(nullptr);
+  EXPECT_TRUE(schedule.DateIsCommitted(20040101));
+  EXPECT_EQ(schedule.NextEntryDate(), 20040102);
+  schedule.SetRepeatUntilType(kCount);
+  schedule.SetRepeatUntil(1);
+  EXPECT_EQ(schedule.NextEntryDate(), -1);
+  schedule.SetRepeatUntil(2);
+  EXPECT_EQ(schedule.NextEntryDate(), 20040102);
+  schedule.SetRepeatUntilType(kDate);
+  schedule.SetRepeatUntil(20040102);
+  EXPECT_EQ(schedule.NextEntryDate(), 20040102);
+  schedule.SetRepeatUntil(20040101);
+  EXPECT_EQ(schedule.NextEntryDate(), -1);
+  schedule.SetRepeatUntil(20031231);
+  EXPECT_EQ(schedule.NextEntryDate(), -1);
+  schedule.SetRepeatUntilType(4);
+  EXPECT_EQ(schedule.NextEntryDate(), -1);
+  schedule.SetRepeatUntilType(kForever);
+  schedule.SetRepeatIntervalType(20);
+  schedule.SetRepeatInterval(30);
+  EXPECT_EQ(schedule.NextEntryDate(), 20040131);
+  schedule.SetUsePrecedingFriday(true);
+  EXPECT_EQ(schedule.NextEntryDate(), 20040130);
+  schedule.SetDate(20040202);
+  EXPECT_EQ(schedule.NextEntryDate(), 20040202);
+}
+
+// A moved occurrence of the until day lies before it, and one after it may move to it.
+TEST(Schedules, TestTheirNextDateAgainstTheUntilDayAfterTheMove) {
+  LDGRAccountSchedule schedule;
+  schedule.SetDate(20040402);
+  schedule.SetRepeatIntervalType(4);
+  schedule.SetUsePrecedingFriday(true);
+  schedule.SetRepeatUntilType(kDate);
+  schedule.SetRepeatUntil(20040430);
+  schedule.AddCommittedDate(20040402);
+  EXPECT_EQ(schedule.NextEntryDate(), 20040430);
+}
+
+TEST(Schedules, SortByNextDateThenNumberAndThoseWithoutLast) {
+  const auto make = [](std::int32_t type, DateNumber start, std::int32_t number) {
+    auto schedule = std::make_shared<LDGRAccountSchedule>();
+    schedule->SetRepeatIntervalType(type);
+    schedule->SetDate(start);
+    schedule->SetNumber(number);
+    return schedule;
+  };
+  const ScheduleList in_order{make(1, 20040101, 9), make(2, 20040102, 3), make(3, 20040102, 7),
+                              make(0, 20030101, 1), make(0, 20020101, 2)};
+  for (std::size_t i = 0; i < in_order.size(); ++i) {
+    for (std::size_t j = 0; j < in_order.size(); ++j) {
+      const int order = i == j ? 0 : (i > j ? 1 : -1);
+      EXPECT_EQ(in_order[i]->NextEntryDateIsGreaterThan(*in_order[j]), order) << i << ' ' << j;
+      EXPECT_EQ(in_order[i]->NextEntryDateIsGreaterThan_Reversed(*in_order[j]), -order);
+    }
+  }
+}
+
+}  // namespace
+}  // namespace tallyfold
