@@ -1,47 +1,48 @@
 #pragma once
 
 #include <cstddef>
-#include <optional>
+#include <functional>
 #include <span>
+#include <string>
 #include <string_view>
 
 #include "app/controller.h"
-#include "console/command.h"
 #include "console/console.h"
 #include "console/console_host.h"
 #include "console/console_log.h"
 #include "console/printer.h"
 #include "console/questions.h"
+#include "console/words.h"
 #include "platform/ambient.h"
 
 namespace tallyfold::console {
 
 // One run of the program: reads lines and runs them as commands until the input or the application
-// ends. It writes nothing by itself but errors; commands write their answers.
+// ends.
 class Session {
  public:
-  // Exit statuses.
-  static constexpr int kSuccess = 0;
-  static constexpr int kFailure = 1;    // a command failed, or what was to be saved was not
-  static constexpr int kDataInUse = 2;  // another copy works on the same files
-
-  // The services must outlive the session.
+  // The services, and the ambient locale, localizer and clock, must outlive the session.
   explicit Session(const ConsoleServices& services);
   Session(const Session&) = delete;
   Session& operator=(const Session&) = delete;
 
-  // Runs to the end and returns the status. At most once.
+  // Runs to the end, at most once. The status for the system: 0 for a normal end, 1 when a command
+  // failed (nothing is saved then that was not saved before) or the last save did, or the one that
+  // the application chose when it ended the process.
   [[nodiscard]] int Run();
 
  private:
-  // Whether the run goes on.
+  // False when the run ends here.
   bool RunLine(std::string_view text);
-  // Throws CommandError.
-  void RunCommand(std::span<const Word> words);
-  void Launch();
-  // What a person cancels by doing something else.
+  // What went wrong; "" for nothing.
+  std::string RunCommand(std::span<const Word> words);
+  // False when the program ends instead.
+  bool Launch();
+  void TellWhatWasSetAside();
+  // Nothing is left open for the next command.
   void CancelOpenSheet();
-  void ShutDown();
+  // Whether everything is on the disk.
+  bool ShutDown();
   void ReportError(std::string_view error);
 
   Terminal& terminal_;
@@ -56,7 +57,6 @@ class Session {
   Console console_;
   std::size_t line_number_ = 0;
   bool is_launched_ = false;
-  bool has_failed_ = false;
 };
 
 }  // namespace tallyfold::console

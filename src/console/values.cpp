@@ -1,16 +1,14 @@
 #include "console/values.h"
 
 #include <algorithm>
-#include <array>
 #include <charconv>
 #include <cstdlib>
-#include <optional>
 #include <system_error>
 
 #include "console/command_error.h"
 #include "console/words.h"
 #include "model/amounts.h"
-#include "model/calendar.h"
+#include "model/date_format.h"
 #include "platform/ambient.h"
 
 namespace tallyfold::console {
@@ -25,72 +23,6 @@ bool IsDigit(char c) {
   return c >= '0' && c <= '9';
 }
 
-// Three numbers as they stand in a date, with how many digits each has.
-struct DateParts {
-  std::array<int, 3> values{};
-  std::array<std::size_t, 3> digits{};
-};
-
-// Exactly three runs of digits with one character that is no digit between them.
-std::optional<DateParts> ReadDateParts(std::string_view text) {
-  DateParts parts;
-  for (std::size_t i = 0; i < 3; ++i) {
-    if (i != 0) {
-      if (text.empty()) return std::nullopt;
-      text.remove_prefix(1);
-    }
-    const char* const end = text.data() + text.size();
-    if (text.empty() || !IsDigit(text.front())) return std::nullopt;
-    const auto [rest, error] = std::from_chars(text.data(), end, parts.values[i]);
-    if (error != std::errc()) return std::nullopt;
-    parts.digits[i] = static_cast<std::size_t>(rest - text.data());
-    text.remove_prefix(parts.digits[i]);
-  }
-  if (!text.empty()) return std::nullopt;
-  return parts;
-}
-
-std::optional<DateNumber> ExistingDay(int year, int month, int day) {
-  if (year < 1 || year > 9999 || !IsValidDay(year, month, day)) return std::nullopt;
-  return static_cast<DateNumber>(year * 10000 + month * 100 + day);
-}
-
-// Where year, month and day stand in the user's short format, 0 to 2 each.
-struct DateOrder {
-  std::size_t year = 2;
-  std::size_t month = 0;
-  std::size_t day = 1;
-};
-
-DateOrder OrderOf(std::string_view format) {
-  const std::size_t year = format.find_first_of("yY");
-  const std::size_t month = format.find_first_of("mbB");
-  const std::size_t day = format.find_first_of("de");
-  const auto rank = [&](std::size_t at) {
-    return static_cast<std::size_t>((year < at) + (month < at) + (day < at));
-  };
-  return {rank(year), rank(month), rank(day)};
-}
-
-std::optional<DateNumber> DayInUsersFormat(std::string_view text) {
-  const DateOrder order = OrderOf(CurrentLocale().ShortDateFormat());
-  const std::optional<DateParts> parts = ReadDateParts(text);
-  if (!parts) return std::nullopt;
-  int year = parts->values[order.year];
-  if (parts->digits[order.year] <= 2) year += year >= 69 ? 1900 : 2000;
-  return ExistingDay(year, parts->values[order.month], parts->values[order.day]);
-}
-
-// An example of the user's short format, for error texts.
-std::string ExampleInUsersFormat() {
-  const DateOrder order = OrderOf(CurrentLocale().ShortDateFormat());
-  std::array<std::string_view, 3> parts;
-  parts[order.year] = "26";
-  parts[order.month] = "3";
-  parts[order.day] = "31";
-  return std::string(parts[0]) + '/' + std::string(parts[1]) + '/' + std::string(parts[2]);
-}
-
 std::string Padded(std::uint32_t value, std::size_t width) {
   std::string digits = std::to_string(value);
   if (digits.size() < width) digits.insert(0, width - digits.size(), '0');
@@ -101,15 +33,9 @@ std::string Padded(std::uint32_t value, std::size_t width) {
 
 DateNumber ReadDate(std::string_view text, std::string_view what) {
   if (text == "today") return TodaysDateNumber();
-  std::optional<DateNumber> day;
-  const std::optional<DateParts> parts = ReadDateParts(text);
-  if (parts && parts->digits[0] == 4) {
-    day = ExistingDay(parts->values[0], parts->values[1], parts->values[2]);
-  } else {
-    day = DayInUsersFormat(text);
-  }
-  if (!day) Refuse(what, "a date such as 2026-03-31 or " + ExampleInUsersFormat(), text);
-  return *day;
+  const std::string format = CurrentLocale().ShortDateFormat();
+  if (const auto day = ParseDay(text, format)) return *day;
+  Refuse(what, "a date such as 2026-03-31 or " + FormatDate({2026, 3, 31}, format), text);
 }
 
 double ReadAmount(std::string_view text, std::string_view what) {

@@ -11,8 +11,7 @@ namespace tallyfold::console {
 // Values as they are typed and shown. Every reader throws CommandError with `what` (the name of the
 // option or word), what was given and what was expected.
 
-// A day that exists, in the years 1 to 9999: "2026-03-07", or three numbers in the order of the
-// user's short date format ("3/7/26"; years of one or two digits are 1969 to 2068), or "today".
+// A day that exists: "2026-03-07", the user's short format ("03/07/26"; see ParseDay), or "today".
 [[nodiscard]] DateNumber ReadDate(std::string_view text, std::string_view what);
 // Digits with at most two decimals behind ".", a sign, and nothing else: neither a currency sign
 // nor thousands separators, whose meaning would depend on the reader. Below 10^13, so that every

@@ -1,0 +1,15 @@
+#include "console/all_commands.h"
+
+namespace tallyfold::console {
+
+std::span<const Subject> AllSubjects() {
+  static const Subject kSubjects[] = {
+      {"General", GeneralCommands()},   {"Accounts", AccountCommands()},
+      {"Register", RegisterCommands()}, {"Entries", EntryCommands()},
+      {"Schedules", ScheduleCommands()}, {"Types", TypeCommands()},
+      {"Files", StorageCommands()},
+  };
+  return kSubjects;
+}
+
+}  // namespace tallyfold::console

@@ -1,0 +1,21 @@
+#pragma once
+
+#include <span>
+
+#include "console/command.h"
+
+namespace tallyfold::console {
+
+// Every command, by subject in the order of help. A new subject adds its file, a declaration here
+// and a line to the list in all_commands.cpp.
+[[nodiscard]] std::span<const Subject> AllSubjects();
+
+[[nodiscard]] std::span<const Command> AccountCommands();
+[[nodiscard]] std::span<const Command> EntryCommands();
+[[nodiscard]] std::span<const Command> GeneralCommands();
+[[nodiscard]] std::span<const Command> RegisterCommands();
+[[nodiscard]] std::span<const Command> ScheduleCommands();
+[[nodiscard]] std::span<const Command> StorageCommands();
+[[nodiscard]] std::span<const Command> TypeCommands();
+
+}  // namespace tallyfold::console

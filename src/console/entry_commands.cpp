@@ -1,0 +1,213 @@
+#include <span>
+#include <string>
+#include <vector>
+
+#include "app/controller.h"
+#include "console/all_commands.h"
+#include "console/command_error.h"
+#include "console/console.h"
+#include "console/entry_options.h"
+#include "console/entry_table.h"
+#include "console/lookup.h"
+#include "console/printer.h"
+#include "console/questions.h"
+#include "model/account.h"
+
+namespace tallyfold::console {
+namespace {
+
+// What a sheet that stays open tells; `problem` is its own text.
+[[noreturn]] void RefuseToStore(const std::string& problem) {
+  throw CommandError(problem.empty() ? "the entry cannot be stored" : problem);
+}
+
+void FinishDebitSheet(Console& console, const Arguments& arguments) {
+  TypeIntoDebitSheet(console, arguments);
+  if (!console.controller.DebitSheet_OK()) RefuseToStore(console.controller.DebitSheet().problem);
+}
+
+void FinishDepositSheet(Console& console, const Arguments& arguments) {
+  TypeIntoDepositSheet(console, arguments);
+  if (!console.controller.DepositSheet_OK()) {
+    RefuseToStore(console.controller.DepositSheet().problem);
+  }
+}
+
+void FinishTransferSheet(Console& console, const Arguments& arguments) {
+  TypeIntoTransferSheet(console, arguments);
+  if (!console.controller.TransferSheet_OK()) {
+    RefuseToStore(console.controller.TransferSheet().problem);
+  }
+}
+
+// A new entry of nothing at all is a slip.
+void RequireAmount(const Arguments& arguments, std::string_view expected) {
+  const bool has_split = !arguments.AllTexts("split").empty();
+  if (!arguments.Has("amount") && !has_split) throw CommandError("expected " + std::string(expected));
+}
+
+void AddEntry(Console& console, const Arguments& arguments, bool (LDGRController::*begin)(),
+              void (*finish)(Console&, const Arguments&)) {
+  const auto account = SelectedAccount(console);
+  if (!(console.controller.*begin)()) throw CommandError("no entry can be added now");
+  finish(console, arguments);
+  ShowChangedEntries(console, *account, {console.controller.SelectedEntry()});
+}
+
+void AddDebit(Console& console, const Arguments& arguments) {
+  RequireAmount(arguments, "amount= or split=");
+  AddEntry(console, arguments, &LDGRController::Entry_Debit, FinishDebitSheet);
+}
+
+void AddDeposit(Console& console, const Arguments& arguments) {
+  RequireAmount(arguments, "amount= or split=");
+  AddEntry(console, arguments, &LDGRController::Entry_Deposit, FinishDepositSheet);
+}
+
+void AddTransfer(Console& console, const Arguments& arguments) {
+  RequireAmount(arguments, "amount=");
+  if (!arguments.Has("to") && !arguments.Has("from")) throw CommandError("expected to= or from=");
+  AddEntry(console, arguments, &LDGRController::Entry_Transfer, FinishTransferSheet);
+}
+
+void EditEntry(Console& console, const Arguments& arguments) {
+  const auto account = SelectedAccount(console);
+  const auto entry = EntryNamed(console, arguments.WordAt(0));
+  LDGRController& controller = console.controller;
+  controller.SelectEntry(entry);
+  if (!controller.Entry_Edit()) {
+    throw CommandError("entry " + arguments.WordAt(0) + " is of no kind and cannot be edited");
+  }
+  switch (controller.OpenSheet()) {
+    case Sheet::Debit:
+      FinishDebitSheet(console, arguments);
+      break;
+    case Sheet::Deposit:
+      FinishDepositSheet(console, arguments);
+      break;
+    default:
+      FinishTransferSheet(console, arguments);
+      break;
+  }
+  ShowChangedEntries(console, *account, {entry});
+}
+
+std::size_t Ask(Console& console, const std::string& question,
+                std::span<const std::string> buttons, std::size_t safe) {
+  return console.questions.Ask(question, "", buttons, safe);
+}
+
+// False when the user would rather not.
+bool ConfirmRemoval(Console& console) {
+  static const std::string kButtons[] = {"OK", "Cancel"};
+  LDGRController& controller = console.controller;
+  if (controller.OpenSheet() != Sheet::EntryRemoveConfirm) return true;
+  if (Ask(console, controller.EntryRemoveSheet().question, kButtons, 1) == 0) {
+    controller.EntryRemoveConfirm_OK();
+    return true;
+  }
+  controller.EntryRemoveConfirm_Cancel();
+  return false;
+}
+
+bool ConfirmTransferRemoval(Console& console) {
+  static const std::string kButtons[] = {"Yes", "No", "Cancel"};
+  LDGRController& controller = console.controller;
+  if (controller.OpenSheet() != Sheet::TransferEntryRemoveConfirm) return true;
+  switch (Ask(console, controller.TransferEntryRemoveSheet().question, kButtons, 2)) {
+    case 0:
+      controller.TransferEntryRemoveConfirm_Yes();
+      return true;
+    case 1:
+      controller.TransferEntryRemoveConfirm_No();
+      return true;
+    default:
+      controller.TransferEntryRemoveConfirm_Cancel();
+      return false;
+  }
+}
+
+void RemoveEntry(Console& console, const Arguments& arguments) {
+  const auto entry = EntryNamed(console, arguments.WordAt(0));
+  LDGRController& controller = console.controller;
+  controller.SelectEntry(entry);
+  controller.EntryRemoveConfirm_Begin();
+  if (!ConfirmRemoval(console)) {
+    throw CommandError("nothing was removed; answer OK before the command removes the entry");
+  }
+  if (!ConfirmTransferRemoval(console)) {
+    throw CommandError(
+        "nothing was removed; a second answer of Yes keeps the other half of the transfer, of No "
+        "removes it too");
+  }
+  console.printer.Confirm("Removed entry " + arguments.WordAt(0) + ".");
+}
+
+void ClearEntries(Console& console, const Arguments& arguments) {
+  const auto account = SelectedAccount(console);
+  const bool cleared = arguments.YesNo("cleared").value_or(true);
+  EntryList entries;
+  for (std::size_t i = 0; i < arguments.WordCount(); ++i) {
+    entries.push_back(EntryNamed(console, arguments.WordAt(i)));
+  }
+  for (const auto& entry : entries) {
+    if (entry->GetCleared() == cleared) continue;
+    console.controller.currentTableDataSource_Cleared_CheckBox(entry);
+  }
+  ShowChangedEntries(console, *account, entries);
+}
+
+constexpr Option kClearOptions[] = {
+    {.name = "cleared", .value = "yes|no", .help = "no takes the mark away again"},
+};
+
+// Tables of options live elsewhere, so this one is made when it is first asked for.
+const std::vector<Command>& Commands() {
+  static const std::vector<Command> kCommands = {
+      {.name = "debit",
+       .options = DebitOptions(),
+       .help = "adds money paid out of the selected account",
+       .example = "debit amount=31.40 to=\"Corner Market\" type=\"Debit Card\"",
+       .run = AddDebit},
+      {.name = "deposit",
+       .options = DepositOptions(),
+       .help = "adds money paid into the selected account",
+       .example = "deposit amount=2450.00 from=\"Harbour Books\" type=\"Direct Deposit\"",
+       .run = AddDeposit},
+      {.name = "transfer",
+       .options = TransferOptions(),
+       .help = "moves money between the selected account and another, in both",
+       .example = "transfer amount=200.00 to=Savings",
+       .run = AddTransfer},
+      {.name = "edit",
+       .words = "ENTRY",
+       .least_words = 1,
+       .most_words = 1,
+       .options = EditOptions(),
+       .help = "changes an entry, named by its number or its row (#3)",
+       .example = "edit 12 amount=32.40 notes=\"with the tip\"",
+       .run = EditEntry},
+      {.name = "remove",
+       .words = "ENTRY",
+       .least_words = 1,
+       .most_words = 1,
+       .help = "removes an entry, after a question (see answer)",
+       .example = "remove 12",
+       .run = RemoveEntry},
+      {.name = "clear",
+       .words = "ENTRY...",
+       .least_words = 1,
+       .most_words = 100,
+       .options = kClearOptions,
+       .help = "marks entries as cleared by the bank",
+       .example = "clear 12 14",
+       .run = ClearEntries},
+  };
+  return kCommands;
+}
+
+}  // namespace
+
+std::span<const Command> EntryCommands() { return Commands(); }
+
+}  // namespace tallyfold::console

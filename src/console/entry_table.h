@@ -1,0 +1,37 @@
+#pragma once
+
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "console/console.h"
+#include "console/table.h"
+#include "model/account_entry.h"
+
+namespace tallyfold {
+class LDGRAccount;
+}
+
+namespace tallyfold::console {
+
+// What an entry is called in the type column: the direction of a transfer, else its type's name.
+[[nodiscard]] std::string TypeText(const LDGRAccount& account, const LDGRAccountEntry& entry);
+// "debit", "deposit" or "transfer"; "" for an entry of no kind.
+[[nodiscard]] std::string KindText(const LDGRAccountEntry& entry);
+
+// The register columns, and the cells of an entry in them. `name` is what EntryNamed takes.
+[[nodiscard]] std::vector<Column> RegisterColumns();
+[[nodiscard]] std::vector<std::string> RegisterCells(const LDGRAccount& account,
+                                                     const LDGRAccountEntry& entry,
+                                                     std::string name, double balance);
+
+// What EntryNamed takes for one entry of the selected account.
+[[nodiscard]] std::string NameOfEntry(const LDGRAccount& account, const RegisterOrder& order,
+                                      const LDGRAccountEntry& entry);
+
+// Shows entries that a command has made or changed: register columns behind that of the account. A
+// transfer is followed by its other half.
+void ShowChangedEntries(const Console& console, const LDGRAccount& account,
+                        const EntryList& entries);
+
+}  // namespace tallyfold::console

@@ -1,0 +1,88 @@
+#include "console/all_commands.h"
+#include "console/command_error.h"
+#include "console/console.h"
+#include "console/console_host.h"
+#include "console/console_log.h"
+#include "console/printer.h"
+#include "console/questions.h"
+#include "console/table.h"
+
+namespace tallyfold::console {
+namespace {
+
+void ListCommands(Console& console) {
+  Table table({{"subject"}, {"command"}, {"what it does"}});
+  for (const Subject& subject : console.subjects) {
+    for (const Command& command : subject.commands) {
+      table.Add({std::string(subject.name), std::string(command.name), std::string(command.help)});
+    }
+  }
+  console.printer.Show(table);
+}
+
+void ExplainCommand(Console& console, const Command& command) {
+  Table table({{"part"}, {"text"}});
+  std::string usage(command.name);
+  if (!command.words.empty()) usage += ' ' + std::string(command.words);
+  table.Add({"command", usage});
+  table.Add({"does", std::string(command.help)});
+  for (const Option& option : command.options) {
+    table.Add({std::string(option.name) + '=' + std::string(option.value),
+               std::string(option.help) +
+                   (option.is_repeatable ? " (may be given several times)" : "")});
+  }
+  table.Add({"example", std::string(command.example)});
+  console.printer.Show(table);
+}
+
+void Help(Console& console, const Arguments& arguments) {
+  if (arguments.WordCount() == 0) return ListCommands(console);
+  const Word words[] = {{"", arguments.WordAt(0)}, {"", arguments.WordAt(1)}};
+  const auto asked = std::span(words).first(arguments.WordCount());
+  const FoundCommand found = FindCommand(console.subjects, asked);
+  if (found.name_length != asked.size()) {
+    throw CommandError(UnknownCommand(console.subjects, asked));
+  }
+  ExplainCommand(console, *found.command);
+}
+
+void Answer(Console& console, const Arguments& arguments) {
+  console.questions.AddAnswer(arguments.WordAt(0));
+}
+
+void ShowLog(Console& console, const Arguments& /*arguments*/) {
+  Table table({{"line"}});
+  for (const std::string& line : console.log.Lines()) table.Add({line});
+  console.printer.Show(table);
+}
+
+void Quit(Console& console, const Arguments& /*arguments*/) { console.host.Terminate(); }
+
+constexpr Command kCommands[] = {
+    {.name = "help",
+     .words = "[COMMAND]",
+     .most_words = 2,
+     .help = "lists the commands, or explains one",
+     .example = "help account add",
+     .run = Help,
+     .needs = Needs::Nothing},
+    {.name = "answer",
+     .words = "BUTTON",
+     .least_words = 1,
+     .most_words = 1,
+     .help = "answers a question that the next command asks; each answer serves one question",
+     .example = "answer OK",
+     .run = Answer,
+     .needs = Needs::Nothing},
+    {.name = "log",
+     .help = "shows the lines logged so far",
+     .example = "log",
+     .run = ShowLog},
+    {.name = "quit", .help = "saves everything and ends", .example = "quit", .run = Quit},
+};
+
+}  // namespace
+
+std::span<const Command> GeneralCommands() { return kCommands; }
+
+}  // namespace tallyfold::console

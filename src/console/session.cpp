@@ -1,0 +1,137 @@
+#include "console/session.h"
+
+#include <optional>
+
+#include "console/all_commands.h"
+#include "console/command.h"
+#include "console/command_error.h"
+#include "console/table.h"
+#include "platform/terminal.h"
+
+namespace tallyfold::console {
+
+Session::Session(const ConsoleServices& services)
+    : terminal_(services.terminal),
+      skip_delays_(services.skip_delays),
+      log_(services.terminal),
+      ambient_({.log = &log_, .localizer = nullptr, .locale = nullptr, .clock = nullptr}),
+      questions_(services.terminal),
+      host_(services.version),
+      printer_(services.terminal),
+      controller_({services.files, questions_, panels_, services.processes, services.speech,
+                   services.loop, services.notifications, host_, services.encodings}),
+      console_{controller_, printer_,       questions_,    host_, log_,
+               services.files, AllSubjects(), RegisterOrder{}} {}
+
+int Session::Run() {
+  while (!host_.IsEnding()) {
+    const std::optional<std::string> line = terminal_.ReadLine("> ");
+    if (!line) break;
+    if (!RunLine(*line)) return 1;
+  }
+  if (const auto status = host_.Status()) return *status;
+  return ShutDown() ? 0 : 1;
+}
+
+bool Session::RunLine(std::string_view text) {
+  ++line_number_;
+  std::string error;
+  bool may_fail = terminal_.ReadsFromPerson();
+  if (text.size() > Terminal::kLongestLine) {
+    error = "the line is longer than " + std::to_string(Terminal::kLongestLine) + " bytes";
+  } else {
+    Line line = ReadWords(text);
+    may_fail = may_fail || line.may_fail;
+    error = std::move(line.error);
+    if (error.empty() && !line.words.empty()) error = RunCommand(line.words);
+  }
+  if (error.empty()) return true;
+  ReportError(error);
+  return may_fail;
+}
+
+std::string Session::RunCommand(std::span<const Word> words) {
+  const auto [command, name_length] = FindCommand(console_.subjects, words);
+  if (command == nullptr) return UnknownCommand(console_.subjects, words);
+
+  std::string error;
+  try {
+    const Arguments arguments(*command, words.subspan(name_length));
+    if (command->needs == Needs::Nothing) {
+      command->run(console_, arguments);
+      return error;
+    }
+    if (!is_launched_ && !Launch()) return error;
+    if (command->needs != Needs::AccountSheet) CancelOpenSheet();
+    command->run(console_, arguments);
+  } catch (const CommandError& failure) {
+    error = failure.what();
+  }
+  CancelOpenSheet();
+  skip_delays_();
+  questions_.ForgetAnswers();
+  const std::string complaint = questions_.TakeComplaint();
+  return complaint.empty() ? error : complaint;
+}
+
+bool Session::Launch() {
+  is_launched_ = true;
+  if (!controller_.LockDataFolder()) return false;
+  controller_.Preferences_Init();
+  if (!controller_.Accounts_Load()) return false;
+  TellWhatWasSetAside();
+  controller_.Accounts_PostLoad();
+  return true;
+}
+
+void Session::TellWhatWasSetAside() {
+  for (const auto* set_aside : {&controller_.accountsStore().SetAside(),
+                                &controller_.preferencesStore().SetAside()}) {
+    if (!*set_aside) continue;
+    printer_.Note((*set_aside)->path + " could not be read in whole (" + (*set_aside)->reason +
+                  "); before it is first saved over, a copy is kept as " +
+                  (*set_aside)->kept_path);
+  }
+}
+
+void Session::CancelOpenSheet() {
+  switch (controller_.OpenSheet()) {
+    case Sheet::None:
+      break;
+    case Sheet::Debit:
+      controller_.DebitSheet_Cancel();
+      break;
+    case Sheet::Deposit:
+      controller_.DepositSheet_Cancel();
+      break;
+    case Sheet::Transfer:
+      controller_.TransferSheet_Cancel();
+      break;
+    case Sheet::EntryRemoveConfirm:
+      controller_.EntryRemoveConfirm_Cancel();
+      break;
+    case Sheet::TransferEntryRemoveConfirm:
+      controller_.TransferEntryRemoveConfirm_Cancel();
+      break;
+    case Sheet::AccountEdit:
+      controller_.AccountEditSheet_Cancel();
+      break;
+  }
+}
+
+bool Session::ShutDown() {
+  // Whoever never gave a command that works on the data has touched nothing.
+  if (!is_launched_) return true;
+  CancelOpenSheet();
+  const bool accounts_saved = controller_.Accounts_Save();
+  const bool preferences_saved = controller_.Preferences_Save();
+  if (!accounts_saved) printer_.Note("error: the accounts could not be saved");
+  if (!preferences_saved) printer_.Note("error: the preferences could not be saved");
+  return accounts_saved && preferences_saved;
+}
+
+void Session::ReportError(std::string_view error) {
+  printer_.Note("error: line " + std::to_string(line_number_) + ": " + std::string(error));
+}
+
+}  // namespace tallyfold::console
