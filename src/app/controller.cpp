@@ -18,6 +18,7 @@ struct LDGRController::Hosts final : AccountsStore::Host,
                                      AccountEditing::Host,
                                      EntryEditing::Host,
                                      EntryRemoval::Host,
+                                     ScheduleAdding::Host,
                                      ScheduleCommit::Host {
   explicit Hosts(LDGRController& controller) noexcept : app(controller) {}
 
@@ -113,6 +114,7 @@ LDGRController::LDGRController(const Services& services)
       account_editing_(*hosts_, links_, sheets_, refresh_, front_end_),
       editing_(*hosts_, links_, sheets_, refresh_, front_end_),
       removal_(*hosts_, links_, sheets_, refresh_, front_end_),
+      schedule_adding_(*hosts_, refresh_),
       schedule_commit_(*hosts_, links_, refresh_) {
   shared_controller = this;
 }

@@ -13,6 +13,7 @@
 #include "app/entry_removal.h"
 #include "app/front_end_slot.h"
 #include "app/refresh.h"
+#include "app/schedule_adding.h"
 #include "app/schedule_commit.h"
 #include "app/services.h"
 #include "app/sheet_slot.h"
@@ -45,6 +46,10 @@ class LDGRController {
   // Null (as at first) for nobody. It must outlive its stay here.
   void SetFrontEnd(FrontEnd* front_end) noexcept { front_end_.Set(front_end); }
   [[nodiscard]] Sheet OpenSheet() const noexcept { return sheets_.Current(); }
+
+  // --- storage/data_folder_lock.h ----------------------------------------------------------------
+  // The first step of the launch. False when another copy works on the same data: the program ends.
+  [[nodiscard]] bool LockDataFolder() { return data_lock_.Acquire(); }
 
   // --- storage/accounts_store.h ------------------------------------------------------------------
   // To read: what is not loaded, what was kept, whether there is something to save.
@@ -189,6 +194,11 @@ class LDGRController {
   void TransferEntryRemoveConfirm_Cancel() { removal_.TransferEntryRemoveConfirm_Cancel(); }
   void Entry_Delete() { removal_.Entry_Delete(); }
 
+  // --- app/schedule_adding.h ---------------------------------------------------------------------
+  std::shared_ptr<LDGRAccountSchedule> Schedule_Add(const NewSchedule& values) {
+    return schedule_adding_.Add(values);
+  }
+
   // --- app/schedule_commit.h ---------------------------------------------------------------------
   [[nodiscard]] std::vector<DueOccurrence> Schedules_Due(DateNumber through) const {
     return schedule_commit_.Due(through);
@@ -226,6 +236,7 @@ class LDGRController {
   AccountEditing account_editing_;
   EntryEditing editing_;
   EntryRemoval removal_;
+  ScheduleAdding schedule_adding_;
   ScheduleCommit schedule_commit_;
 };
 

@@ -22,8 +22,8 @@ Table AccountTable() {
 
 void AddRow(Table& table, const Console& console, const LDGRAccount& account) {
   const bool is_selected = console.controller.SelectedAccount().get() == &account;
-  table.Add({WriteNumber(account.GetNumber()), account.GetName(),
-             WriteAmount(account.GetBalance()), is_selected ? "yes" : ""});
+  table.Add({WriteNumber(account.GetNumber()), account.GetName(), WriteAmount(account.GetBalance()),
+             is_selected ? "yes" : ""});
 }
 
 void ShowAccount(Console& console, const LDGRAccount& account) {
@@ -107,10 +107,7 @@ constexpr Option kAddOptions[] = {
 };
 
 constexpr Command kCommands[] = {
-    {.name = "accounts",
-     .help = "lists the accounts",
-     .example = "accounts",
-     .run = ListAccounts},
+    {.name = "accounts", .help = "lists the accounts", .example = "accounts", .run = ListAccounts},
     {.name = "account add",
      .options = kAddOptions,
      .help = "adds an account and selects it",
@@ -139,6 +136,8 @@ constexpr Command kCommands[] = {
 
 }  // namespace
 
-std::span<const Command> AccountCommands() { return kCommands; }
+std::span<const Command> AccountCommands() {
+  return kCommands;
+}
 
 }  // namespace tallyfold::console

@@ -4,8 +4,8 @@ namespace tallyfold::console {
 
 std::span<const Subject> AllSubjects() {
   static const Subject kSubjects[] = {
-      {"General", GeneralCommands()},   {"Accounts", AccountCommands()},
-      {"Register", RegisterCommands()}, {"Entries", EntryCommands()},
+      {"General", GeneralCommands()},    {"Accounts", AccountCommands()},
+      {"Register", RegisterCommands()},  {"Entries", EntryCommands()},
       {"Schedules", ScheduleCommands()}, {"Types", TypeCommands()},
       {"Files", StorageCommands()},
   };

@@ -43,7 +43,8 @@ void FinishTransferSheet(Console& console, const Arguments& arguments) {
 // A new entry of nothing at all is a slip.
 void RequireAmount(const Arguments& arguments, std::string_view expected) {
   const bool has_split = !arguments.AllTexts("split").empty();
-  if (!arguments.Has("amount") && !has_split) throw CommandError("expected " + std::string(expected));
+  if (!arguments.Has("amount") && !has_split)
+    throw CommandError("expected " + std::string(expected));
 }
 
 void AddEntry(Console& console, const Arguments& arguments, bool (LDGRController::*begin)(),
@@ -92,8 +93,8 @@ void EditEntry(Console& console, const Arguments& arguments) {
   ShowChangedEntries(console, *account, {entry});
 }
 
-std::size_t Ask(Console& console, const std::string& question,
-                std::span<const std::string> buttons, std::size_t safe) {
+std::size_t Ask(Console& console, const std::string& question, std::span<const std::string> buttons,
+                std::size_t safe) {
   return console.questions.Ask(question, "", buttons, safe);
 }
 
@@ -208,6 +209,8 @@ const std::vector<Command>& Commands() {
 
 }  // namespace
 
-std::span<const Command> EntryCommands() { return Commands(); }
+std::span<const Command> EntryCommands() {
+  return Commands();
+}
 
 }  // namespace tallyfold::console

@@ -17,21 +17,22 @@
 namespace tallyfold::console {
 namespace {
 
-constexpr Option kDate = {.name = "date", .value = "DATE", .help = "YYYY-MM-DD, your short form or today"};
+constexpr Option kDate = {
+    .name = "date", .value = "DATE", .help = "YYYY-MM-DD, your short form or today"};
 constexpr Option kAmount = {.name = "amount", .value = "AMOUNT", .help = "such as 12.50"};
 constexpr Option kDescription = {.name = "description", .value = "TEXT", .help = "what it is for"};
-constexpr Option kType = {.name = "type", .value = "NAME", .help = "a type of the account, or none"};
+constexpr Option kType = {
+    .name = "type", .value = "NAME", .help = "a type of the account, or none"};
 constexpr Option kCheck = {
     .name = "check", .value = "NUMBER|next|no", .help = "the check's number, or the next free one"};
 constexpr Option kCleared = {
     .name = "cleared", .value = "yes|no", .help = "whether the bank has it"};
 constexpr Option kTax = {.name = "tax", .value = "yes|no", .help = "whether it is tax deductible"};
 constexpr Option kNotes = {.name = "notes", .value = "TEXT", .help = "anything else"};
-constexpr Option kSplit = {
-    .name = "split",
-    .value = "DESCRIPTION|TO|AMOUNT",
-    .help = "one line of a split, up to ten; split=none takes a split away",
-    .is_repeatable = true};
+constexpr Option kSplit = {.name = "split",
+                           .value = "DESCRIPTION|TO|AMOUNT",
+                           .help = "one line of a split, up to ten; split=none takes a split away",
+                           .is_repeatable = true};
 constexpr Option kTo = {.name = "to", .value = "TEXT", .help = "who was paid"};
 constexpr Option kFrom = {.name = "from", .value = "TEXT", .help = "who paid"};
 constexpr Option kToAccount = {
@@ -48,10 +49,9 @@ constexpr std::array kTransferOptions = {kAmount,      kDate,    kToAccount, kFr
 constexpr std::array kEditOptions = {
     kAmount,
     kDate,
-    Option{.name = "to", .value = "TEXT|ACCOUNT", .help = "who was paid; of a transfer the account"},
-    Option{.name = "from",
-           .value = "TEXT|ACCOUNT",
-           .help = "who paid; of a transfer the account"},
+    Option{
+        .name = "to", .value = "TEXT|ACCOUNT", .help = "who was paid; of a transfer the account"},
+    Option{.name = "from", .value = "TEXT|ACCOUNT", .help = "who paid; of a transfer the account"},
     kDescription,
     kType,
     kCheck,
@@ -134,8 +134,7 @@ void TypeCheck(LDGRController& controller, std::string_view text) {
   typed.check_number.reset();
   typed.check = text != "no";
   if (typed.check && text != "next") {
-    typed.check_number =
-        ReadNumber(text, "check", 0, std::numeric_limits<std::int32_t>::max() - 1);
+    typed.check_number = ReadNumber(text, "check", 0, std::numeric_limits<std::int32_t>::max() - 1);
   }
   controller.DebitSheet_Read(std::move(typed));
   controller.debitSheet_CheckNumber_Button();
@@ -143,7 +142,7 @@ void TypeCheck(LDGRController& controller, std::string_view text) {
 
 std::size_t EndOfField(std::string_view text) {
   std::size_t end = 0;
-  while (end < text.size() && text[end] != '|') end += text[end] == '\\' ? 2 : 1;
+  while (end < text.size() && text[end] != '|') end += text[end] == '\\' ? 2U : 1U;
   return std::min(end, text.size());
 }
 
@@ -159,10 +158,18 @@ std::string WithoutBackslashes(std::string_view text) {
 
 }  // namespace
 
-std::span<const Option> DebitOptions() { return kDebitOptions; }
-std::span<const Option> DepositOptions() { return kDepositOptions; }
-std::span<const Option> TransferOptions() { return kTransferOptions; }
-std::span<const Option> EditOptions() { return kEditOptions; }
+std::span<const Option> DebitOptions() {
+  return kDebitOptions;
+}
+std::span<const Option> DepositOptions() {
+  return kDepositOptions;
+}
+std::span<const Option> TransferOptions() {
+  return kTransferOptions;
+}
+std::span<const Option> EditOptions() {
+  return kEditOptions;
+}
 
 void TypeIntoDebitSheet(Console& console, const Arguments& arguments) {
   constexpr std::string_view kMissing[] = {"from"};

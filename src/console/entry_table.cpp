@@ -40,10 +40,14 @@ std::string KindText(const LDGRAccountEntry& entry) {
 }
 
 std::vector<Column> RegisterColumns() {
-  return {{"number", Column::Align::Right}, {"date"},
-          {"check", Column::Align::Right},  {"type"},
-          {"description"},                  {"to/from"},
-          {"amount", Column::Align::Right}, {"cleared"},
+  return {{"number", Column::Align::Right},
+          {"date"},
+          {"check", Column::Align::Right},
+          {"type"},
+          {"description"},
+          {"to/from"},
+          {"amount", Column::Align::Right},
+          {"cleared"},
           {"balance", Column::Align::Right}};
 }
 

@@ -27,9 +27,9 @@ void ExplainCommand(Console& console, const Command& command) {
   table.Add({"command", usage});
   table.Add({"does", std::string(command.help)});
   for (const Option& option : command.options) {
-    table.Add({std::string(option.name) + '=' + std::string(option.value),
-               std::string(option.help) +
-                   (option.is_repeatable ? " (may be given several times)" : "")});
+    table.Add(
+        {std::string(option.name) + '=' + std::string(option.value),
+         std::string(option.help) + (option.is_repeatable ? " (may be given several times)" : "")});
   }
   table.Add({"example", std::string(command.example)});
   console.printer.Show(table);
@@ -56,7 +56,9 @@ void ShowLog(Console& console, const Arguments& /*arguments*/) {
   console.printer.Show(table);
 }
 
-void Quit(Console& console, const Arguments& /*arguments*/) { console.host.Terminate(); }
+void Quit(Console& console, const Arguments& /*arguments*/) {
+  console.host.Terminate();
+}
 
 constexpr Command kCommands[] = {
     {.name = "help",
@@ -74,15 +76,14 @@ constexpr Command kCommands[] = {
      .example = "answer OK",
      .run = Answer,
      .needs = Needs::Nothing},
-    {.name = "log",
-     .help = "shows the lines logged so far",
-     .example = "log",
-     .run = ShowLog},
+    {.name = "log", .help = "shows the lines logged so far", .example = "log", .run = ShowLog},
     {.name = "quit", .help = "saves everything and ends", .example = "quit", .run = Quit},
 };
 
 }  // namespace
 
-std::span<const Command> GeneralCommands() { return kCommands; }
+std::span<const Command> GeneralCommands() {
+  return kCommands;
+}
 
 }  // namespace tallyfold::console

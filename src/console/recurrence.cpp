@@ -39,8 +39,12 @@ constexpr NamedInterval kUnits[] = {
 
 constexpr std::int32_t kMost = 100000;
 
-std::int32_t Number(Repeat type) { return static_cast<std::int32_t>(type); }
-std::int32_t Number(Ending type) { return static_cast<std::int32_t>(type); }
+std::int32_t Number(Repeat type) {
+  return static_cast<std::int32_t>(type);
+}
+std::int32_t Number(Ending type) {
+  return static_cast<std::int32_t>(type);
+}
 
 }  // namespace
 
@@ -67,9 +71,10 @@ Until ReadUntil(std::string_view text) {
   try {
     return {Number(Ending::Date), ReadDate(text, "until")};
   } catch (const CommandError&) {
-    throw CommandError("until: expected forever, a date such as 2026-12-31 or such as \"12 times\""
-                       ", not " +
-                       Quoted(text));
+    throw CommandError(
+        "until: expected forever, a date such as 2026-12-31 or such as \"12 times\""
+        ", not " +
+        Quoted(text));
   }
 }
 

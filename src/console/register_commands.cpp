@@ -38,13 +38,24 @@ void ShowRegister(Console& console, const Arguments& arguments) {
   console.printer.Show(table);
 }
 
+// As ReadSplitRow reads it.
+std::string SplitField(const std::string& text) {
+  std::string field;
+  for (const char c : text) {
+    if (c == '|' || c == '\\') field += '\\';
+    field += c;
+  }
+  return field;
+}
+
 void AddSplit(Table& table, const LDGRAccountEntrySplit& split) {
   for (std::size_t line = 0; line < LDGRAccountEntrySplit::kLines; ++line) {
     const std::string& description = split.GetDescription(line);
     const std::string& to_from = split.GetToFrom(line);
     const double amount = split.GetAmount(line);
     if (description.empty() && to_from.empty() && amount == 0.0) continue;
-    table.Add({"split", description + '|' + to_from + '|' + WriteAmount(amount)});
+    table.Add(
+        {"split", SplitField(description) + '|' + SplitField(to_from) + '|' + WriteAmount(amount)});
   }
 }
 
@@ -94,6 +105,8 @@ constexpr Command kCommands[] = {
 
 }  // namespace
 
-std::span<const Command> RegisterCommands() { return kCommands; }
+std::span<const Command> RegisterCommands() {
+  return kCommands;
+}
 
 }  // namespace tallyfold::console

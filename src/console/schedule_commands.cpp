@@ -162,8 +162,8 @@ void ListDue(Console& console, const Arguments& arguments) {
                {"amount", Column::Align::Right}});
   for (const DueOccurrence& due : DueOccurrences(console, arguments)) {
     table.Add({WriteNumber(due.schedule->GetNumber()), WriteDate(due.entry->GetDate()),
-               TypeText(*account, *due.entry), due.entry->GetDescription(),
-               due.entry->GetToFrom(), WriteAmount(due.entry->GetAmount())});
+               TypeText(*account, *due.entry), due.entry->GetDescription(), due.entry->GetToFrom(),
+               WriteAmount(due.entry->GetAmount())});
   }
   console.printer.Show(table);
 }
@@ -175,8 +175,8 @@ std::vector<DueOccurrence> NamedOccurrences(const Console& console, const Argume
   const auto schedule = word == "all" ? nullptr : ScheduleNamed(console, word);
   const auto date = arguments.Date("date");
   if (date && arguments.Has("through")) throw CommandError("expected date= or through=, not both");
-  std::vector<DueOccurrence> due = date ? console.controller.Schedules_Due(*date)
-                                        : DueOccurrences(console, arguments);
+  std::vector<DueOccurrence> due =
+      date ? console.controller.Schedules_Due(*date) : DueOccurrences(console, arguments);
   std::erase_if(due, [&](const DueOccurrence& occurrence) {
     return (schedule != nullptr && occurrence.schedule != schedule) ||
            (date && occurrence.entry->GetDate() != *date);
@@ -273,6 +273,8 @@ constexpr Command kCommands[] = {
 
 }  // namespace
 
-std::span<const Command> ScheduleCommands() { return kCommands; }
+std::span<const Command> ScheduleCommands() {
+  return kCommands;
+}
 
 }  // namespace tallyfold::console

@@ -20,8 +20,8 @@ Session::Session(const ConsoleServices& services)
       printer_(services.terminal),
       controller_({services.files, questions_, panels_, services.processes, services.speech,
                    services.loop, services.notifications, host_, services.encodings}),
-      console_{controller_, printer_,       questions_,    host_, log_,
-               services.files, AllSubjects(), RegisterOrder{}} {}
+      console_{controller_, printer_,       questions_,    host_,
+               log_,        services.files, AllSubjects(), RegisterOrder{}} {}
 
 int Session::Run() {
   while (!host_.IsEnding()) {
@@ -85,12 +85,11 @@ bool Session::Launch() {
 }
 
 void Session::TellWhatWasSetAside() {
-  for (const auto* set_aside : {&controller_.accountsStore().SetAside(),
-                                &controller_.preferencesStore().SetAside()}) {
+  for (const auto* set_aside :
+       {&controller_.accountsStore().SetAside(), &controller_.preferencesStore().SetAside()}) {
     if (!*set_aside) continue;
     printer_.Note((*set_aside)->path + " could not be read in whole (" + (*set_aside)->reason +
-                  "); before it is first saved over, a copy is kept as " +
-                  (*set_aside)->kept_path);
+                  "); before it is first saved over, a copy is kept as " + (*set_aside)->kept_path);
   }
 }
 

@@ -74,6 +74,8 @@ constexpr Command kCommands[] = {
 
 }  // namespace
 
-std::span<const Command> StorageCommands() { return kCommands; }
+std::span<const Command> StorageCommands() {
+  return kCommands;
+}
 
 }  // namespace tallyfold::console

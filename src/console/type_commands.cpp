@@ -19,12 +19,8 @@ std::string KindOf(const LDGRAccountEntryType& type) {
 
 void ListTypes(Console& console, const Arguments& /*arguments*/) {
   const auto account = SelectedAccount(console);
-  Table table({{"number", Column::Align::Right},
-               {"name"},
-               {"kind"},
-               {"check"},
-               {"active"},
-               {"default"}});
+  Table table(
+      {{"number", Column::Align::Right}, {"name"}, {"kind"}, {"check"}, {"active"}, {"default"}});
   const auto add = [&](const EntryTypeList& types, bool are_active) {
     for (const auto& type : types) {
       const bool is_default =
@@ -98,6 +94,8 @@ constexpr Command kCommands[] = {
 
 }  // namespace
 
-std::span<const Command> TypeCommands() { return kCommands; }
+std::span<const Command> TypeCommands() {
+  return kCommands;
+}
 
 }  // namespace tallyfold::console

@@ -1,0 +1,46 @@
+// The console: puts the computer's services together and runs one session on them.
+
+#include <chrono>
+
+#include "console/session.h"
+#include "platform/ambient.h"
+#include "platform/notification_center.h"
+#include "system/iconv_encodings.h"
+#include "system/poll_run_loop.h"
+#include "system/posix_file_system.h"
+#include "system/posix_terminal.h"
+#include "system/program_speech.h"
+#include "system/system_clock.h"
+#include "system/system_locale.h"
+#include "system/system_process_launcher.h"
+#include "system/termination_signals.h"
+
+namespace {
+
+// Longer than the pause after a key in the search field, shorter than any timer that waits for the
+// user to be idle.
+constexpr std::chrono::seconds kSkippedDelays{3};
+
+}  // namespace
+
+int main() {
+  using namespace tallyfold;
+
+  SystemClock clock;
+  SystemLocale locale;
+  const ScopedAmbient ambient(
+      {.log = nullptr, .localizer = nullptr, .locale = &locale, .clock = &clock});
+
+  PollRunLoop loop;
+  TerminationSignals signals;
+  PosixTerminal terminal(loop, signals);
+  PosixFileSystem files;
+  SystemProcessLauncher processes;
+  ProgramSpeech speech(loop);
+  NotificationCenter notifications;
+  IconvEncodings encodings;
+
+  console::Session session({terminal, files, processes, speech, loop, notifications, encodings,
+                            [&loop] { loop.SkipDelays(kSkippedDelays); }, TALLYFOLD_VERSION});
+  return session.Run();
+}
