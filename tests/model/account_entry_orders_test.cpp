@@ -102,8 +102,7 @@ TEST(EntryOrders, SortByTheirKeysThenByNumberAndMirrored) {
       {"cleared",
        &Entry::ClearedIsGreaterThan,
        &Entry::ClearedIsGreaterThan_Reversed,
-       {Make(3, {}), Make(9, {}), Make(1, {{"cleared", true}}), Make(7, {{"cleared", true}})}},
-  };
+       {Make(3, {}), Make(9, {}), Make(1, {{"cleared", true}}), Make(7, {{"cleared", true}})}}};
   for (const auto& c : cases) {
     std::vector<std::int32_t> expected;
     for (const auto& entry : c.entries) expected.push_back(entry->GetNumber());

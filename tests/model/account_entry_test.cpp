@@ -166,16 +166,14 @@ TEST(Entries, ChangeTheirFlagsOneSidedly) {
     std::int32_t before;
     void (*change)(Entry&);
     std::int32_t after;
-  } cases[] = {
-      {2 + 4 + 8 + 16 + 64, [](Entry& e) { e.SetIsDebit(true); }, 1 + 16 + 64},
-      {1 + 2 + 4, [](Entry& e) { e.SetIsDebit(false); }, 2 + 4},
-      {1, [](Entry& e) { e.SetIsDeposit(true); }, 3},
-      {1 + 2, [](Entry& e) { e.SetIsTransfer(true); }, 1 + 2 + 4},
-      {1 + 4, [](Entry& e) { e.SetIsTransferOrigin(true); }, 1 + 4 + 8},
-      {4 + 8, [](Entry& e) { e.SetIsTransfer(false); }, 8},
-      {1 + 32, [](Entry& e) { e.SetIsCheck(true); }, 1 + 16 + 32},
-      {1 + 64, [](Entry& e) { e.SetTaxDeductible(false); }, 1},
-  };
+  } cases[] = {{2 + 4 + 8 + 16 + 64, [](Entry& e) { e.SetIsDebit(true); }, 1 + 16 + 64},
+               {1 + 2 + 4, [](Entry& e) { e.SetIsDebit(false); }, 2 + 4},
+               {1, [](Entry& e) { e.SetIsDeposit(true); }, 3},
+               {1 + 2, [](Entry& e) { e.SetIsTransfer(true); }, 1 + 2 + 4},
+               {1 + 4, [](Entry& e) { e.SetIsTransferOrigin(true); }, 1 + 4 + 8},
+               {4 + 8, [](Entry& e) { e.SetIsTransfer(false); }, 8},
+               {1 + 32, [](Entry& e) { e.SetIsCheck(true); }, 1 + 16 + 32},
+               {1 + 64, [](Entry& e) { e.SetTaxDeductible(false); }, 1}};
   for (const auto& c : cases) {
     Entry entry(Dict({{"entryFlags", c.before}}));
     c.change(entry);
@@ -252,8 +250,7 @@ TEST(Entries, SpeakTheirContents) {
       {transfer, "%m/%d/%y",
        "03/07/04.  Transfer in the Amount of:  -12.35 .  Description:  Groceries .  "
        "Unresolved .  "},
-      {Dict({}), "%Y-%m-%d", "-0001-11-30.  Unresolved .  "},
-  };
+      {Dict({}), "%Y-%m-%d", "-0001-11-30.  Unresolved .  "}};
   for (const auto& c : cases) {
     ambient.locale.short_date_format = c.short_date_format;
     EXPECT_EQ(LDGRAccountEntry(c.record).asSpeakableString(), c.speech);

@@ -101,131 +101,71 @@ TEST(Schedules, MoveWeekendsToFridayOnlyWhenAsked) {
   EXPECT_EQ(schedule.AdjustDateForUsePrecedingFriday({2004, 8, 2}), (CivilTime{2004, 8, 2}));
 }
 
+struct Plan {
+  DateNumber start;
+  std::int32_t type;
+  bool friday;
+  std::int32_t until_type;
+  std::int32_t until;
+};
+
+void ExpectDue(const char* what, const Plan& plan, DateNumber day, const Days& due,
+               const Days& committed = {}) {
+  LDGRAccountSchedule schedule;
+  schedule.SetDate(plan.start);
+  schedule.SetRepeatIntervalType(plan.type);
+  schedule.SetUsePrecedingFriday(plan.friday);
+  schedule.SetRepeatUntilType(plan.until_type);
+  schedule.SetRepeatUntil(plan.until);
+  for (const DateNumber date : committed) schedule.AddCommittedDate(date);
+  CivilTime evening = dateWithDateNumber(day);
+  evening.hour = 23;
+  EXPECT_EQ(schedule.DueDates(evening), due) << what;
+  Days entries;
+  for (const auto& entry : schedule.EvaluateForDate(evening)) entries.push_back(entry->GetDate());
+  EXPECT_EQ(entries, due) << what;
+}
+
 // 30 April 2004 is a Friday.
 TEST(Schedules, AreDueAsTheirUntilTypeHasIt) {
-  const struct {
-    const char* what;
-    DateNumber start;
-    std::int32_t type;
-    bool friday;
-    std::int32_t until_type;
-    std::int32_t until;
-    DateNumber date;
-    Days due;
-    Days committed;
-  } cases[] = {
-      {"forever", 20040428, 1, false, kForever, 0, 20040430, {20040428, 20040429, 20040430}, {}},
-      {"forever, not yet started", 20040501, 1, false, kForever, 0, 20040430, {}, {}},
-      {"a Sunday's occurrence on Friday", 20040502, 4, true, kForever, 0, 20040430, {20040430}, {}},
-      {"a Sunday's occurrence on Thursday", 20040502, 4, true, kForever, 0, 20040429, {}, {}},
-      {"a Sunday's occurrence on Saturday",
-       20040502,
-       4,
-       true,
-       kForever,
-       0,
-       20040501,
-       {20040430},
-       {}},
-      {"a Sunday's occurrence that does not move",
-       20040502,
-       4,
-       false,
-       kForever,
-       0,
-       20040430,
-       {},
-       {}},
-      {"weekly on Sundays, due on Friday though it does not move",
-       20040502,
-       2,
-       true,
-       kForever,
-       0,
-       20040430,
-       {20040502},
-       {}},
-      {"once, when it has started", 20040428, 0, false, kForever, 0, 20040430, {20040428}, {}},
-      {"once, committed", 20040428, 0, false, kForever, 0, 20040430, {}, {20040428}},
-      {"three in all, one committed",
-       20040101,
-       1,
-       false,
-       kCount,
-       3,
-       20040430,
-       {20040102, 20040103},
-       {20040101}},
-      {"three in all, all committed",
-       20040101,
-       1,
-       false,
-       kCount,
-       3,
-       20040430,
-       {},
-       {20031201, 20031202, 20031203}},
-      {"fewer than none in all", 20040101, 1, false, kCount, -2'147'483'647 - 1, 20040430, {}, {}},
-      {"twice in all, a weekend counts once",
-       20040430,
-       20,
-       true,
-       kCount,
-       2,
-       20040504,
-       {20040430, 20040503},
-       {}},
-      {"until a day that is over",
-       20040427,
-       1,
-       false,
-       kDate,
-       20040428,
-       20040430,
-       {20040427, 20040428},
-       {}},
-      {"until a day to come",
-       20040429,
-       1,
-       false,
-       kDate,
-       20040505,
-       20040430,
-       {20040429, 20040430},
-       {}},
-      {"until before the start", 20040429, 1, false, kDate, 20040401, 20040430, {}, {}},
-      {"until Sunday, on Friday", 20040502, 4, true, kDate, 20040502, 20040430, {20040430}, {}},
-      {"until Saturday, Sunday's on Friday", 20040502, 4, true, kDate, 20040501, 20040430, {}, {}},
-      {"until Saturday, Saturday's on Friday",
-       20040501,
-       4,
-       true,
-       kDate,
-       20040501,
-       20040430,
-       {20040430},
-       {}},
-      {"until Friday, Saturday's on Friday", 20040501, 4, true, kDate, 20040430, 20040430, {}, {}},
-      {"until Sunday, on Saturday", 20040502, 4, true, kDate, 20040502, 20040501, {20040430}, {}},
-      {"until Saturday, on Saturday", 20040502, 4, true, kDate, 20040501, 20040501, {}, {}},
-      {"no such until type", 20040101, 1, false, 0, 0, 20040430, {}, {}},
-      {"beyond the calendar", 99991231, 1, true, kForever, 0, 1000000101, {99991231}, {}},
-  };
-  for (const auto& c : cases) {
-    LDGRAccountSchedule schedule;
-    schedule.SetDate(c.start);
-    schedule.SetRepeatIntervalType(c.type);
-    schedule.SetUsePrecedingFriday(c.friday);
-    schedule.SetRepeatUntilType(c.until_type);
-    schedule.SetRepeatUntil(c.until);
-    for (const DateNumber day : c.committed) schedule.AddCommittedDate(day);
-    CivilTime date = dateWithDateNumber(c.date);
-    date.hour = 23;
-    EXPECT_EQ(schedule.DueDates(date), c.due) << c.what;
-    Days entries;
-    for (const auto& entry : schedule.EvaluateForDate(date)) entries.push_back(entry->GetDate());
-    EXPECT_EQ(entries, c.due) << c.what;
-  }
+  ExpectDue("forever", {20040428, 1, false, kForever, 0}, 20040430, {20040428, 20040429, 20040430});
+  ExpectDue("forever, not yet started", {20040501, 1, false, kForever, 0}, 20040430, {});
+  ExpectDue("a Sunday's occurrence on Friday", {20040502, 4, true, kForever, 0}, 20040430,
+            {20040430});
+  ExpectDue("a Sunday's occurrence on Thursday", {20040502, 4, true, kForever, 0}, 20040429, {});
+  ExpectDue("a Sunday's occurrence on Saturday", {20040502, 4, true, kForever, 0}, 20040501,
+            {20040430});
+  ExpectDue("a Sunday's occurrence that does not move", {20040502, 4, false, kForever, 0}, 20040430,
+            {});
+  ExpectDue("weekly on Sundays, due on Friday though it does not move",
+            {20040502, 2, true, kForever, 0}, 20040430, {20040502});
+  ExpectDue("once, when it has started", {20040428, 0, false, kForever, 0}, 20040430, {20040428});
+  ExpectDue("once, committed", {20040428, 0, false, kForever, 0}, 20040430, {}, {20040428});
+  ExpectDue("three in all, one committed", {20040101, 1, false, kCount, 3}, 20040430,
+            {20040102, 20040103}, {20040101});
+  ExpectDue("three in all, all committed", {20040101, 1, false, kCount, 3}, 20040430, {},
+            {20031201, 20031202, 20031203});
+  ExpectDue("fewer than none in all", {20040101, 1, false, kCount, -2'147'483'647 - 1}, 20040430,
+            {});
+  ExpectDue("twice in all, a weekend counts once", {20040430, 20, true, kCount, 2}, 20040504,
+            {20040430, 20040503});
+  ExpectDue("until a day that is over", {20040427, 1, false, kDate, 20040428}, 20040430,
+            {20040427, 20040428});
+  ExpectDue("until a day to come", {20040429, 1, false, kDate, 20040505}, 20040430,
+            {20040429, 20040430});
+  ExpectDue("until before the start", {20040429, 1, false, kDate, 20040401}, 20040430, {});
+  ExpectDue("until Sunday, on Friday", {20040502, 4, true, kDate, 20040502}, 20040430, {20040430});
+  ExpectDue("until Saturday, Sunday's on Friday", {20040502, 4, true, kDate, 20040501}, 20040430,
+            {});
+  ExpectDue("until Saturday, Saturday's on Friday", {20040501, 4, true, kDate, 20040501}, 20040430,
+            {20040430});
+  ExpectDue("until Friday, Saturday's on Friday", {20040501, 4, true, kDate, 20040430}, 20040430,
+            {});
+  ExpectDue("until Sunday, on Saturday", {20040502, 4, true, kDate, 20040502}, 20040501,
+            {20040430});
+  ExpectDue("until Saturday, on Saturday", {20040502, 4, true, kDate, 20040501}, 20040501, {});
+  ExpectDue("no such until type", {20040101, 1, false, 0, 0}, 20040430, {});
+  ExpectDue("beyond the calendar", {99991231, 1, true, kForever, 0}, 1000000101, {99991231});
 }
 
 TEST(Schedules, HaveANextDateThatFollowsEveryChange) {

@@ -49,20 +49,18 @@ TEST(Calendar, RollsWhatIsOutOfRange) {
   const struct {
     CivilTime time;
     CivilTime normal;
-  } cases[] = {
-      {{2004, 2, 30}, {2004, 3, 1}},
-      {{2003, 2, 30}, {2003, 3, 2}},
-      {{2100, 2, 29}, {2100, 3, 1}},
-      {{2004, 13, 1}, {2005, 1, 1}},
-      {{2004, 0, 0}, {2003, 11, 30}},
-      {{2004, -11, -1}, {2002, 12, 30}},
-      {{0, 0, 0}, {-1, 11, 30}},
-      {{2004, 12, 31, 23, 59, 60}, {2005, 1, 1}},
-      {{2004, 1, 1, 0, 0, -1}, {2003, 12, 31, 23, 59, 59}},
-      {{2004, 1, 1, -25, 61}, {2003, 12, 31, 0, 1}},
-      {{kFarthestInt, kFarthestInt, kFarthestInt}, {5'000'000, 12, 31}},
-      {{-kFarthestInt, -kFarthestInt, -kFarthestInt}, {-5'000'000, 1, 1}},
-  };
+  } cases[] = {{{2004, 2, 30}, {2004, 3, 1}},
+               {{2003, 2, 30}, {2003, 3, 2}},
+               {{2100, 2, 29}, {2100, 3, 1}},
+               {{2004, 13, 1}, {2005, 1, 1}},
+               {{2004, 0, 0}, {2003, 11, 30}},
+               {{2004, -11, -1}, {2002, 12, 30}},
+               {{0, 0, 0}, {-1, 11, 30}},
+               {{2004, 12, 31, 23, 59, 60}, {2005, 1, 1}},
+               {{2004, 1, 1, 0, 0, -1}, {2003, 12, 31, 23, 59, 59}},
+               {{2004, 1, 1, -25, 61}, {2003, 12, 31, 0, 1}},
+               {{kFarthestInt, kFarthestInt, kFarthestInt}, {5'000'000, 12, 31}},
+               {{-kFarthestInt, -kFarthestInt, -kFarthestInt}, {-5'000'000, 1, 1}}};
   for (const auto& c : cases) {
     const CivilTime normal = Normalized(c.time);
     EXPECT_EQ(DayCount(normal.year, normal.month, normal.day),
@@ -77,24 +75,22 @@ TEST(Calendar, AddsToTimes) {
   const struct {
     CivilTime sum;
     CivilTime expected;
-  } cases[] = {
-      {AddMonths(noon, 1), {2004, 3, 2, 12, 30, 15}},
-      {AddMonths(noon, 13), {2005, 3, 3, 12, 30, 15}},
-      {AddMonths(noon, -2), {2003, 12, 1, 12, 30, 15}},
-      {AddMonths(noon, -1), {2003, 12, 31, 12, 30, 15}},
-      {AddMonths({2004, 2, 30}, 12), {2005, 3, 1}},  // the start rolls first
-      {AddYears({2004, 2, 29}, 1), {2005, 3, 1}},
-      {AddYears({2004, 2, 29}, 4), {2008, 2, 29}},
-      {AddDays(noon, 30), {2004, 3, 1, 12, 30, 15}},
-      {AddDays({1970, 1, 1}, -719'163), {0, 12, 31}},
-      {AddSeconds(noon, 41'385), {2004, 2, 1}},
-      {AddSeconds(noon, -45'016), {2004, 1, 30, 23, 59, 59}},
-      {AddSeconds({1970, 1, 1}, 1'000'000'000), {2001, 9, 9, 1, 46, 40}},
-      {AddMonths({}, kFarthest), {5'000'000, 12, 31}},
-      {AddYears({}, -kFarthest), {-5'000'000, 1, 1}},
-      {AddDays({}, kFarthest), {5'000'000, 12, 31}},
-      {AddSeconds({-5'000'000, 1, 1}, -kFarthest), {-5'000'000, 1, 1}},
-  };
+  } cases[] = {{AddMonths(noon, 1), {2004, 3, 2, 12, 30, 15}},
+               {AddMonths(noon, 13), {2005, 3, 3, 12, 30, 15}},
+               {AddMonths(noon, -2), {2003, 12, 1, 12, 30, 15}},
+               {AddMonths(noon, -1), {2003, 12, 31, 12, 30, 15}},
+               {AddMonths({2004, 2, 30}, 12), {2005, 3, 1}},  // the start rolls first
+               {AddYears({2004, 2, 29}, 1), {2005, 3, 1}},
+               {AddYears({2004, 2, 29}, 4), {2008, 2, 29}},
+               {AddDays(noon, 30), {2004, 3, 1, 12, 30, 15}},
+               {AddDays({1970, 1, 1}, -719'163), {0, 12, 31}},
+               {AddSeconds(noon, 41'385), {2004, 2, 1}},
+               {AddSeconds(noon, -45'016), {2004, 1, 30, 23, 59, 59}},
+               {AddSeconds({1970, 1, 1}, 1'000'000'000), {2001, 9, 9, 1, 46, 40}},
+               {AddMonths({}, kFarthest), {5'000'000, 12, 31}},
+               {AddYears({}, -kFarthest), {-5'000'000, 1, 1}},
+               {AddDays({}, kFarthest), {5'000'000, 12, 31}},
+               {AddSeconds({-5'000'000, 1, 1}, -kFarthest), {-5'000'000, 1, 1}}};
   for (const auto& c : cases) {
     CivilTime sum = c.sum;
     // The time of day beyond the last and before the first day is of no interest.

@@ -58,8 +58,7 @@ TEST(Splits, AreReadKeyByKey) {
        {}},
       {Dict({{"descriptions", eleven}, {"toFrom", eleven}, {"amounts", twelve}}),
        "a|a|1.000 ||0.000 ||0.000 ||0.000 ||0.000 ||0.000 ||0.000 ||0.000 ||0.000 ||10.00 ",
-       {kOutOfRange, kOutOfRange}},
-  };
+       {kOutOfRange, kOutOfRange}}};
   for (const auto& c : cases) {
     EXPECT_EQ(Text(LDGRAccountEntrySplit(c.dictionary)), c.lines);
     EXPECT_EQ(ambient.log.Take(), c.log);
@@ -129,14 +128,12 @@ TEST(OldSplits, KeepSingleValuesUnderPluralKeys) {
     std::optional<plist::Dictionary> dictionary;
     plist::Dictionary written;
     Lines log;
-  } cases[] = {
-      {std::nullopt, Dict({{"amounts", 0.0}}), {}},
-      {whole, whole, {}},
-      {Dict({}), Dict({{"amounts", 0.0}}), {Missing("description"), Missing("amount")}},
-      {Dict({{"descriptions", List({"a"})}, {"amounts", "1"}}),
-       Dict({{"amounts", 0.0}}),
-       {kWrong, kWrong}},
-  };
+  } cases[] = {{std::nullopt, Dict({{"amounts", 0.0}}), {}},
+               {whole, whole, {}},
+               {Dict({}), Dict({{"amounts", 0.0}}), {Missing("description"), Missing("amount")}},
+               {Dict({{"descriptions", List({"a"})}, {"amounts", "1"}}),
+                Dict({{"amounts", 0.0}}),
+                {kWrong, kWrong}}};
   for (const auto& c : cases) {
     LDGRAccountEntrySplit_Old split(c.dictionary);
     EXPECT_EQ(split.asDictionary(), c.written);

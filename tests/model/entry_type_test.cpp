@@ -18,14 +18,12 @@ TEST(EntryTypes, AreReadQuietlyWhateverIsMissingOrWrong) {
     std::int32_t number;
     bool is_check;
     bool is_deposit;
-  } cases[] = {
-      {std::nullopt, "", 0, false, false},
-      {Dict({{"name", "Bills"}}), "Bills", 0, false, false},
-      {Dict({{"name", "Checks"}, {"isCheck", true}, {"isDeposit", 1}, {"number", 4.9}}), "Checks",
-       4, true, true},
-      {Dict({{"name", 7}, {"isCheck", "1"}, {"isDeposit", List({})}, {"number", "12 a"}}), "", 12,
-       true, false},
-  };
+  } cases[] = {{std::nullopt, "", 0, false, false},
+               {Dict({{"name", "Bills"}}), "Bills", 0, false, false},
+               {Dict({{"name", "Checks"}, {"isCheck", true}, {"isDeposit", 1}, {"number", 4.9}}),
+                "Checks", 4, true, true},
+               {Dict({{"name", 7}, {"isCheck", "1"}, {"isDeposit", List({})}, {"number", "12 a"}}),
+                "", 12, true, false}};
   for (const auto& c : cases) {
     const LDGRAccountEntryType type(c.dictionary);
     EXPECT_EQ(type.GetName(), c.name);

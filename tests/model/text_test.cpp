@@ -12,35 +12,33 @@ TEST(Texts, CompareIgnoringCaseByCodePoint) {
     const char* a;
     const char* b;
     int order;
-  } cases[] = {
-      {"", "", 0},
-      {"a", "", 1},
-      {"Auto", "auto", 0},
-      {"auto", "BILLS", -1},
-      {"Bill", "bills", -1},
-      {"a10", "a9", -1},
-      {"_", "A", -1},
-      {"[", "A", -1},
-      {"ÄRGER", "ärger", 0},
-      {"Œuvre", "œUVRE", 0},
-      {"Ÿ", "ÿ", 0},
-      {"ŽIŽEK", "žižek", 0},
-      {"ΣΊΣΥΦΟΣ", "σίσυφος", 0},
-      {"Ёлка", "ёЛКА", 0},
-      {"Ґ", "ґ", 0},
-      {"z", "ä", -1},
-      {"İ", "i", 1},
-      {"straße", "STRASSE", 1},
-      {"\u00E9", "e\u0301", 1},
-      {"€", "é", 1},
-      {"\U0001F600", "\uFFFD", 1},
-      // Invalid UTF-8 comes after all letters, by its bytes.
-      {"\xC3", "\xC3\xA9", 1},
-      {"\xFF", "\xFE", 1},
-      {"a\xC3", "A\xC3", 0},
-      {"\xED\xA0\x80", "\xED\xA0\x80", 0},
-      {"\xC0\xAF", "/", 1},
-  };
+  } cases[] = {{"", "", 0},
+               {"a", "", 1},
+               {"Auto", "auto", 0},
+               {"auto", "BILLS", -1},
+               {"Bill", "bills", -1},
+               {"a10", "a9", -1},
+               {"_", "A", -1},
+               {"[", "A", -1},
+               {"ÄRGER", "ärger", 0},
+               {"Œuvre", "œUVRE", 0},
+               {"Ÿ", "ÿ", 0},
+               {"ŽIŽEK", "žižek", 0},
+               {"ΣΊΣΥΦΟΣ", "σίσυφος", 0},
+               {"Ёлка", "ёЛКА", 0},
+               {"Ґ", "ґ", 0},
+               {"z", "ä", -1},
+               {"İ", "i", 1},
+               {"straße", "STRASSE", 1},
+               {"\u00E9", "e\u0301", 1},
+               {"€", "é", 1},
+               {"\U0001F600", "\uFFFD", 1},
+               // Invalid UTF-8 comes after all letters, by its bytes.
+               {"\xC3", "\xC3\xA9", 1},
+               {"\xFF", "\xFE", 1},
+               {"a\xC3", "A\xC3", 0},
+               {"\xED\xA0\x80", "\xED\xA0\x80", 0},
+               {"\xC0\xAF", "/", 1}};
   for (const auto& c : cases) {
     EXPECT_EQ(CompareIgnoringCase(c.a, c.b), c.order) << c.a << " and " << c.b;
     EXPECT_EQ(CompareIgnoringCase(c.b, c.a), -c.order) << c.b << " and " << c.a;
