@@ -1,5 +1,7 @@
 #pragma once
 
+#include <compare>
+
 namespace tallyfold {
 
 // A date and time of day as read off a calendar and a clock on the wall, without a zone.
