@@ -93,6 +93,7 @@ class Converter {
     }
   }
 
+  // NOLINTNEXTLINE(performance-no-int-to-ptr): that is how the interface says it
   static inline const iconv_t kNone = reinterpret_cast<iconv_t>(-1);
   iconv_t handle_;
 };

@@ -54,6 +54,7 @@ TerminationSignals::~TerminationSignals() {
   ::close(read_end_);
 }
 
+// NOLINTNEXTLINE(readability-make-member-function-const): it empties the pipe
 std::optional<int> TerminationSignals::Take() noexcept {
   unsigned char number = 0;
   if (::read(read_end_, &number, 1) != 1) return std::nullopt;
