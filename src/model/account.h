@@ -4,7 +4,6 @@
 #include <cstdint>
 #include <memory>
 #include <optional>
-#include <span>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -14,7 +13,6 @@
 #include "model/account_schedule.h"
 #include "model/date_number.h"
 #include "model/entry_type.h"
-#include "model/field_table.h"
 #include "plist/output.h"
 #include "plist/value.h"
 

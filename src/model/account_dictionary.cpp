@@ -3,6 +3,7 @@
 #include <variant>
 
 #include "model/account.h"
+#include "model/field_table.h"
 #include "model/text.h"
 #include "platform/ambient.h"
 
