@@ -17,6 +17,9 @@ class CommittedDates {
 
   // By bisection, so in a list from a file that is out of order a day may go unfound.
   [[nodiscard]] bool Contains(DateNumber day) const noexcept;
+  // The same for days that never fall from one call to the next: all calls together pass over a
+  // list in order once. Lives no longer than the list stays as it is.
+  class Walk;
   // Adds the day unless it is there already, and puts the list in order.
   void Add(DateNumber day);
 
@@ -27,6 +30,23 @@ class CommittedDates {
  private:
   std::vector<DateNumber> days_;
   bool in_order_ = true;
+};
+
+class CommittedDates::Walk {
+ public:
+  explicit Walk(const CommittedDates& dates) noexcept
+      : dates_(dates), next_(dates.days_.data()), end_(next_ + dates.days_.size()) {}
+
+  [[nodiscard]] bool Contains(DateNumber day) noexcept {
+    if (!dates_.in_order_) return dates_.Contains(day);
+    while (next_ != end_ && *next_ < day) ++next_;
+    return next_ != end_ && *next_ == day;
+  }
+
+ private:
+  const CommittedDates& dates_;
+  const DateNumber* next_;
+  const DateNumber* end_;
 };
 
 }  // namespace tallyfold

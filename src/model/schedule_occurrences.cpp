@@ -106,7 +106,8 @@ class Candidates {
     return after;
   }
 
-  // The occurrence of a candidate; none when it fails the day check.
+  // The occurrence of a candidate; none when it fails the day check. Never falls from one candidate
+  // to the next.
   [[nodiscard]] std::optional<DateNumber> Occurrence(std::int64_t candidate) const noexcept {
     const bool moves = rule_->moves_off_weekend && use_preceding_friday_;
     const std::int64_t day = moves ? MovedToPrecedingFriday(candidate) : candidate;
@@ -151,11 +152,12 @@ std::vector<DateNumber> UncommittedOccurrences(const Recurrence& recurrence,
   const Candidates candidates(recurrence);
   if (candidates.none()) return occurrences;
 
+  CommittedDates::Walk walk(committed);
   for (std::int64_t index = candidates.IndexFrom(first);; ++index) {
     const std::int64_t candidate = candidates.DayAt(index);
     if (candidate > last) return occurrences;
     const std::optional<DateNumber> day = candidates.Occurrence(candidate);
-    if (!day || committed.Contains(*day)) continue;
+    if (!day || walk.Contains(*day)) continue;
     // Occurrences never fall, so a repeated one is the last.
     if (candidates.drops_repeats() && !occurrences.empty() && occurrences.back() == *day) continue;
     occurrences.push_back(*day);
@@ -167,11 +169,12 @@ DateNumber FirstUncommittedOccurrence(const Recurrence& recurrence,
                                       const CommittedDates& committed) {
   const Candidates candidates(recurrence);
   if (candidates.none()) return -1;
+  CommittedDates::Walk walk(committed);
   for (std::int64_t index = 0;; ++index) {
     const std::int64_t candidate = candidates.DayAt(index);
     if (candidate > kLastDay) return -1;
     const std::optional<DateNumber> day = candidates.Occurrence(candidate);
-    if (day && !committed.Contains(*day)) return *day;
+    if (day && !walk.Contains(*day)) return *day;
   }
 }
 
