@@ -174,12 +174,15 @@ void AccountsStore::TakePassword(const plist::Value& password) {
   authenticated_ = password_->empty();
 }
 
-bool AccountsStore::Accounts_HandleModifiedByNewerTallyfold(
-    const std::optional<plist::Dictionary>& dictionary) {
-  const bool is_newer = AnyAccount(dictionary, [](const plist::Value& version) {
+bool AccountsStore::HasNewerAccount(const std::optional<plist::Dictionary>& dictionary) {
+  return AnyAccount(dictionary, [](const plist::Value& version) {
     return version.IntegerValue() > LDGRAccount::kCurrentVersion;
   });
-  if (!is_newer) return true;
+}
+
+bool AccountsStore::Accounts_HandleModifiedByNewerTallyfold(
+    const std::optional<plist::Dictionary>& dictionary) {
+  if (!HasNewerAccount(dictionary)) return true;
   services_.alerts.Run(
       {LocalizedText("Account Information Is Too New"), TooNewMessage(), {LocalizedText("Quit")}});
   EndProgram();

@@ -37,6 +37,14 @@ class AccountsStore {
     virtual void CloseMainWindow() = 0;
   };
 
+  enum class RestoreResult : std::uint8_t {
+    Restored,
+    Declined,    // by the user
+    Unreadable,  // the backup is missing or holds no accounts that this version can read
+    Failed,      // the application is locked, or what there is could not be saved and kept
+    Ended,       // the program ends, as when Accounts_Load() returns false
+  };
+
   struct Services {
     FileSystem& files;
     Alerts& alerts;
@@ -91,6 +99,9 @@ class AccountsStore {
   // False when the program ends because the user does not want older accounts upgraded.
   [[nodiscard]] bool Accounts_HandleWillBeUpgradedByTallyfold(
       const std::optional<plist::Dictionary>& dictionary);
+  // Puts the backup of that name in the place of the accounts file and loads it, after asking the
+  // user. What there was before is saved, and kept beside the file.
+  [[nodiscard]] RestoreResult Accounts_RestoreBackup(const std::string& name);
   // Data of older versions lies where it always has: there is nothing to move.
   void Legacy_Setup() noexcept {}
 
@@ -117,6 +128,7 @@ class AccountsStore {
     friend bool operator==(const Snapshot&, const Snapshot&) = default;
   };
 
+  [[nodiscard]] static bool HasNewerAccount(const std::optional<plist::Dictionary>& dictionary);
   void TakeAccounts(plist::Value stored);
   void TakePassword(const plist::Value& password);
   void WriteTo(plist::Output& output) const;
