@@ -155,7 +155,7 @@ void ClearEntries(Console& console, const Arguments& arguments) {
     if (entry->GetCleared() == cleared) continue;
     console.controller.currentTableDataSource_Cleared_CheckBox(entry);
   }
-  ShowChangedEntries(console, *account, entries);
+  ShowChangedEntries(console, *account, entries, OtherHalf::Unchanged);
 }
 
 constexpr Option kClearOptions[] = {

@@ -79,16 +79,17 @@ std::string NameOfEntry(const LDGRAccount& account, const RegisterOrder& order,
 }
 
 void ShowChangedEntries(const Console& console, const LDGRAccount& account,
-                        const EntryList& entries) {
+                        const EntryList& entries, OtherHalf other_half) {
   std::vector<Column> columns = RegisterColumns();
   columns.insert(columns.begin(), {"account"});
   Table table(std::move(columns));
   for (const auto& entry : entries) {
     AddChangedEntry(table, console, account, *entry);
-    const auto other_half = console.controller.Transfer_LinkedEntry(entry.get());
+    if (other_half == OtherHalf::Unchanged) continue;
+    const auto linked = console.controller.Transfer_LinkedEntry(entry.get());
     const auto other_account = console.controller.AccountWithNumber(entry->GetTransferAccount());
-    if (other_half == nullptr || other_account == nullptr) continue;
-    AddChangedEntry(table, console, *other_account, *other_half);
+    if (linked == nullptr || other_account == nullptr) continue;
+    AddChangedEntry(table, console, *other_account, *linked);
   }
   console.printer.Show(table);
 }

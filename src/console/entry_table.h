@@ -29,9 +29,12 @@ namespace tallyfold::console {
 [[nodiscard]] std::string NameOfEntry(const LDGRAccount& account, const RegisterOrder& order,
                                       const LDGRAccountEntry& entry);
 
+// Whether a command that changes a transfer changes its other half too.
+enum class OtherHalf { Changed, Unchanged };
+
 // Shows entries that a command has made or changed: register columns behind that of the account. A
-// transfer is followed by its other half.
+// transfer is followed by its other half where that has changed.
 void ShowChangedEntries(const Console& console, const LDGRAccount& account,
-                        const EntryList& entries);
+                        const EntryList& entries, OtherHalf other_half = OtherHalf::Changed);
 
 }  // namespace tallyfold::console

@@ -1,0 +1,34 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+namespace tallyfold::console {
+
+// A transcript is sessions at the console with all that they print, as a text:
+//
+//   @ today 2026-03-02            a directive to the player
+//   > accounts                    what is typed
+//   number  name  balance         what is answered on standard output
+//   ! error: line 1: ...          and on standard error
+//
+// Blank lines separate; comments are typed, as the console takes them. The first line typed begins
+// a session, the next directive ends it. Directives:
+//
+//   today YYYY-MM-DD     sets the clock, which stands still at noon
+//   dates FORMAT         the user's short date format
+//   person               from here on a person types and reads, at a terminal
+//   copy FILE PATH       copies a file of the project to a path in the home folder
+//   put PATH TEXT        makes a file of one line in the home folder
+//   files FOLDER         lists a folder of the home folder, each name as "= NAME"
+//   again                the program is started once more
+//   in-use               another copy has the data, until the next directive
+//   fail PATH            this file of the home folder can no longer be written
+//   status N             with what the session ended; left out for 0
+//
+// PlayTranscript plays one through real sessions over real files in a temporary home folder, and
+// returns it with what was really printed: the same text has passed. Files are copied from
+// `project_folder`. Throws std::runtime_error for a transcript that cannot be played.
+[[nodiscard]] std::string PlayTranscript(std::string_view text, const std::string& project_folder);
+
+}  // namespace tallyfold::console
