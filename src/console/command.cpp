@@ -35,13 +35,14 @@ std::string Shown(std::string_view text) {
   return Quoted(text.substr(0, end)) + "...";
 }
 
-// The name and its plain words.
+// The name with its plain words and the names of its options.
 std::string Signature(const Command& command) {
   std::string signature(command.name);
   if (!command.words.empty()) {
     signature += ' ';
     signature += command.words;
   }
+  if (!command.options.empty()) signature += " [" + OptionNames(command) + ']';
   return signature;
 }
 
@@ -167,18 +168,6 @@ std::string UnknownCommand(std::span<const Subject> subjects, std::span<const Wo
     return "unknown command " + Shown(first) + "; help lists the commands";
   }
   return "expected one of: " + choices;
-}
-
-std::string Usage(const Command& command) {
-  std::string usage = Signature(command);
-  for (const Option& option : command.options) {
-    usage += " [";
-    usage += option.name;
-    usage += '=';
-    usage += option.value;
-    usage += option.is_repeatable ? " ...]" : "]";
-  }
-  return usage;
 }
 
 }  // namespace tallyfold::console

@@ -95,7 +95,4 @@ struct FoundCommand {
 [[nodiscard]] std::string UnknownCommand(std::span<const Subject> subjects,
                                          std::span<const Word> words);
 
-// The command as it is typed, with all it takes: "select NUMBER|NAME".
-[[nodiscard]] std::string Usage(const Command& command);
-
 }  // namespace tallyfold::console

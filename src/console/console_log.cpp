@@ -5,7 +5,7 @@
 namespace tallyfold::console {
 
 void ConsoleLog::Write(std::string_view line) {
-  terminal_.WriteError(Escaped(line) + '\n');
+  terminal_.WriteError(Printable(line) + '\n');
   lines_.emplace_back(line);
   if (lines_.size() > kKeptLines) lines_.pop_front();
 }

@@ -128,18 +128,24 @@ bool ConfirmTransferRemoval(Console& console) {
   }
 }
 
+// Nothing is removed. A person has just said so; a program that gave no answer must hear of it.
+void GiveUp(Console& console, const std::string& answers) {
+  if (!console.questions.AsksPerson()) throw CommandError("nothing was removed; " + answers);
+  console.printer.Confirm("Nothing was removed.");
+}
+
 void RemoveEntry(Console& console, const Arguments& arguments) {
   const auto entry = EntryNamed(console, arguments.WordAt(0));
   LDGRController& controller = console.controller;
   controller.SelectEntry(entry);
   controller.EntryRemoveConfirm_Begin();
   if (!ConfirmRemoval(console)) {
-    throw CommandError("nothing was removed; answer OK before the command removes the entry");
+    return GiveUp(console, "answer OK before the command removes the entry");
   }
   if (!ConfirmTransferRemoval(console)) {
-    throw CommandError(
-        "nothing was removed; a second answer of Yes keeps the other half of the transfer, of No "
-        "removes it too");
+    return GiveUp(console,
+                  "after answer OK, answer Yes keeps the other half of the transfer and answer No "
+                  "removes it too");
   }
   console.printer.Confirm("Removed entry " + arguments.WordAt(0) + ".");
 }

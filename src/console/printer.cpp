@@ -9,11 +9,11 @@ void Printer::Show(const Table& table) {
 }
 
 void Printer::Confirm(std::string_view text) {
-  if (terminal_.WritesToPerson()) terminal_.Write(Escaped(text) + '\n');
+  if (terminal_.WritesToPerson()) terminal_.Write(Printable(text) + '\n');
 }
 
 void Printer::Note(std::string_view text) {
-  terminal_.WriteError(Escaped(text) + '\n');
+  terminal_.WriteError(Printable(text) + '\n');
 }
 
 }  // namespace tallyfold::console

@@ -38,7 +38,7 @@ std::string Lines(std::string_view text) {
   std::string lines;
   while (!text.empty()) {
     const std::size_t end = text.find('\n');
-    lines += Escaped(text.substr(0, end));
+    lines += Printable(text.substr(0, end));
     lines += '\n';
     if (end == std::string_view::npos) break;
     text.remove_prefix(end + 1);

@@ -23,6 +23,8 @@ class Questions final : public Alerts {
   void AddAnswer(std::string button) { answers_.push_back(std::move(button)); }
   void ForgetAnswers() noexcept { answers_.clear(); }
 
+  // Whether a person is asked who has no answer ready.
+  [[nodiscard]] bool AsksPerson() const { return terminal_.ReadsFromPerson(); }
   // The index of the chosen button. `safe` is the one that loses nothing.
   std::size_t Ask(std::string_view title, std::string_view message,
                   std::span<const std::string> buttons, std::size_t safe);

@@ -24,6 +24,10 @@ Session::Session(const ConsoleServices& services)
                log_,        services.files, AllSubjects(), RegisterOrder{}} {}
 
 int Session::Run() {
+  if (terminal_.ReadsFromPerson()) {
+    printer_.Confirm("Tallyfold " + host_.BundleVersion() +
+                     ". help lists the commands, quit saves and ends.");
+  }
   while (!host_.IsEnding()) {
     const std::optional<std::string> line = terminal_.ReadLine("> ");
     if (!line) break;
@@ -81,6 +85,9 @@ bool Session::Launch() {
   if (!controller_.Accounts_Load()) return false;
   TellWhatWasSetAside();
   controller_.Accounts_PostLoad();
+  if (controller_.accounts().empty()) {
+    printer_.Confirm("There is no account yet; account add makes one.");
+  }
   return true;
 }
 
@@ -88,8 +95,8 @@ void Session::TellWhatWasSetAside() {
   for (const auto* set_aside :
        {&controller_.accountsStore().SetAside(), &controller_.preferencesStore().SetAside()}) {
     if (!*set_aside) continue;
-    printer_.Note((*set_aside)->path + " could not be read in whole (" + (*set_aside)->reason +
-                  "); before it is first saved over, a copy is kept as " + (*set_aside)->kept_path);
+    printer_.Note((*set_aside)->path + " was not read in whole: " + (*set_aside)->reason +
+                  " Before it is saved over, a copy is kept as " + (*set_aside)->kept_path);
   }
 }
 

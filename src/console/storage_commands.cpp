@@ -37,7 +37,8 @@ void SaveAs(Console& console, const Arguments& arguments) {
   if (console.files.IsFolder(path)) throw CommandError(path + " is a folder");
   if (console.files.Exists(path) &&
       console.questions.Ask(path + " exists already. Replace it?", "", kButtons, 1) != 0) {
-    throw CommandError("not saved; answer Replace before the command replaces the file");
+    if (console.questions.AsksPerson()) return console.printer.Confirm("Nothing was saved.");
+    throw CommandError("nothing was saved; answer Replace before the command replaces the file");
   }
   if (!console.controller.Accounts_SaveToFilePath(path)) {
     throw CommandError(path + " could not be written");

@@ -39,16 +39,8 @@ bool IsControl(char32_t c) {
   return c < 0x20 || (c >= 0x7F && c < 0xA0);
 }
 
-void AppendPadded(std::string& line, const std::string& cell, std::size_t padding,
-                  Column::Align align) {
-  if (align == Column::Align::Right) line.append(padding, ' ');
-  line += cell;
-  if (align == Column::Align::Left) line.append(padding, ' ');
-}
-
-}  // namespace
-
-std::string Escaped(std::string_view text) {
+// Control characters as their escapes, and `backslash` for each backslash.
+std::string WithoutControls(std::string_view text, std::string_view backslash) {
   constexpr std::string_view kDigits = "0123456789abcdef";
   std::string escaped;
   escaped.reserve(text.size());
@@ -66,7 +58,7 @@ std::string Escaped(std::string_view text) {
         escaped += "\\r";
         break;
       case U'\\':
-        escaped += "\\\\";
+        escaped += backslash;
         break;
       default:
         if (IsControl(c)) {
@@ -79,6 +71,23 @@ std::string Escaped(std::string_view text) {
     }
   }
   return escaped;
+}
+
+void AppendPadded(std::string& line, const std::string& cell, std::size_t padding,
+                  Column::Align align) {
+  if (align == Column::Align::Right) line.append(padding, ' ');
+  line += cell;
+  if (align == Column::Align::Left) line.append(padding, ' ');
+}
+
+}  // namespace
+
+std::string Escaped(std::string_view text) {
+  return WithoutControls(text, "\\\\");
+}
+
+std::string Printable(std::string_view text) {
+  return WithoutControls(text, "\\");
 }
 
 std::size_t DisplayWidth(std::string_view text) noexcept {

@@ -49,6 +49,7 @@ TEST(Commands, AreFoundByTheirFirstWordsAndTakeWhatTheySay) {
       {"name=x", "unknown command \"x\"; help lists the commands"},
       {"\"\"", "unknown command \"\"; help lists the commands"},
       {"save now", "\"now\" is too much; expected save"},
+      {"account add x", "\"x\" is too much; expected account add [name= split=]"},
       {"save name=x", "save has no option \"name=\"; it takes none"},
       {"account add nam=x", "account add has no option \"nam=\"; it takes name= split="},
       {"account add name=x name=y", "account add: name= is given twice"},
@@ -56,7 +57,6 @@ TEST(Commands, AreFoundByTheirFirstWordsAndTakeWhatTheySay) {
       {"account rename a b", "\"b\" is too much; expected account rename NAME"},
   };
   for (const Case& c : cases) EXPECT_EQ(Outcome(c.typed), c.outcome) << c.typed;
-  EXPECT_EQ(Usage(kAccounts[1]), "account add [name=TEXT] [split=TEXT ...]");
 }
 
 TEST(Commands, ShowOnlyTheBeginningOfWhatIsLong) {

@@ -13,6 +13,7 @@
 
 #include "console/session.h"
 #include "console/values.h"
+#include "console/words.h"
 #include "fakes/fake_ambient.h"
 #include "fakes/fake_services.h"
 #include "fakes/temporary_folder.h"
@@ -169,31 +170,30 @@ class Player final : private Terminal {
   }
 
   void FollowDirective(const std::string& text) {
-    const std::size_t blank = std::min(text.find(' '), text.size());
-    const std::string name = text.substr(0, blank);
-    const std::string value = text.substr(std::min(blank + 1, text.size()));
+    std::vector<std::string> words;
+    for (Word& word : ReadWords(text).words) words.push_back(std::move(word.text));
+    words.resize(4);
+    const std::string& name = words[0];
+    const std::string& value = words[1];
+    const std::string path = home_ / value;
     // What the session before really ended with is written already.
     if (name == "status") return;
     played_ += "@ " + text + '\n';
-    const std::size_t second = std::min(value.find(' '), value.size());
-    const std::string path = home_ / value.substr(0, second);
-    const std::string rest = value.substr(std::min(second + 1, value.size()));
     if (name == "today") {
-      const CivilTime day = DateNumberToNSCalendarDate(ReadDate(value, "today"));
+      const CivilTime day = DateNumberToNSCalendarDate(ReadDate(value, name));
       ambient_.clock.SetLocal({day.year, day.month, day.day, 12, 0, 0});
     } else if (name == "dates") {
       ambient_.locale.short_date_format = value;
     } else if (name == "person") {
       is_person_ = true;
     } else if (name == "copy") {
-      const std::string to = home_ / rest;
-      std::filesystem::create_directories(std::filesystem::path(to).parent_path());
-      std::filesystem::copy_file(project_folder_ + '/' + value.substr(0, second), to);
+      WriteFile(home_ / words[2], ReadFile(project_folder_ + '/' + value));
     } else if (name == "put") {
-      std::filesystem::create_directories(std::filesystem::path(path).parent_path());
-      std::ofstream(path) << rest << '\n';
+      WriteFile(path, words[2]);
+    } else if (name == "replace") {
+      WriteFile(path, Replaced(ReadFile(path), words[2], words[3]));
     } else if (name == "files") {
-      ListFiles(home_ / value);
+      ListFiles(path);
     } else if (name == "in-use") {
       (void)files_.LockFolder(home_ / "Library/Tallyfold", other_copy_);
     } else if (name == "fail") {
@@ -201,6 +201,24 @@ class Player final : private Terminal {
     } else if (name != "again") {
       throw std::runtime_error("no directive: " + text);
     }
+  }
+
+  static std::string ReadFile(const std::string& path) {
+    std::ifstream file(path, std::ios::binary);
+    if (!file) throw std::runtime_error("cannot read " + path);
+    return {std::istreambuf_iterator<char>(file), {}};
+  }
+
+  static void WriteFile(const std::string& path, const std::string& content) {
+    std::filesystem::create_directories(std::filesystem::path(path).parent_path());
+    std::ofstream(path, std::ios::binary) << content;
+  }
+
+  static std::string Replaced(std::string text, const std::string& former,
+                              const std::string& latter) {
+    const std::size_t at = text.find(former);
+    if (at == std::string::npos) throw std::runtime_error("nothing to replace: " + former);
+    return text.replace(at, former.size(), latter);
   }
 
   void ListFiles(const std::string& folder) {
@@ -234,7 +252,7 @@ class Player final : private Terminal {
     std::string lines = WithoutHome(text);
     while (!lines.empty()) {
       const std::size_t end = std::min(lines.find('\n') + 1, lines.size());
-      played_ += "! " + lines.substr(0, end);
+      played_ += end == 1 ? "!\n" : "! " + lines.substr(0, end);
       lines.erase(0, end);
     }
   }

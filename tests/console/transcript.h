@@ -13,18 +13,20 @@ namespace tallyfold::console {
 //   ! error: line 1: ...          and on standard error
 //
 // Blank lines separate; comments are typed, as the console takes them. The first line typed begins
-// a session, the next directive ends it. Directives:
+// a session, the next directive ends it. Directives take words as the console does; paths are those
+// of the home folder:
 //
-//   today YYYY-MM-DD     sets the clock, which stands still at noon
-//   dates FORMAT         the user's short date format
-//   person               from here on a person types and reads, at a terminal
-//   copy FILE PATH       copies a file of the project to a path in the home folder
-//   put PATH TEXT        makes a file of one line in the home folder
-//   files FOLDER         lists a folder of the home folder, each name as "= NAME"
-//   again                the program is started once more
-//   in-use               another copy has the data, until the next directive
-//   fail PATH            this file of the home folder can no longer be written
-//   status N             with what the session ended; left out for 0
+//   today YYYY-MM-DD       sets the clock, which stands still at noon
+//   dates FORMAT           the user's short date format
+//   person                 from here on a person types and reads, at a terminal
+//   copy FILE PATH         copies a file of the project
+//   put PATH TEXT          makes a file
+//   replace PATH OLD NEW   puts NEW for OLD, where that stands first in the file
+//   files FOLDER           lists a folder, each name as "= NAME"
+//   again                  the program is started once more
+//   in-use                 another copy has the data during the next session
+//   fail PATH              the file can no longer be written
+//   status N               with what the session ended; left out for 0
 //
 // PlayTranscript plays one through real sessions over real files in a temporary home folder, and
 // returns it with what was really printed: the same text has passed. Files are copied from
