@@ -50,6 +50,8 @@ struct AccountEditSheetState {
   bool is_open = false;
   bool is_new = false;
   bool ok_is_enabled = false;
+  // What a password does and what not.
+  std::string security_note;
 };
 
 }  // namespace tallyfold

@@ -39,6 +39,18 @@ std::int32_t RowOfType(const std::vector<TypeRow>& rows,
   return row == rows.end() ? -1 : static_cast<std::int32_t>(row - rows.begin());
 }
 
+EntryTypeList TypesOfRows(const std::vector<TypeRow>& rows) {
+  EntryTypeList types;
+  for (const TypeRow& row : rows) {
+    auto type = std::make_shared<LDGRAccountEntryType>();
+    type->SetName(row.name);
+    type->SetIsCheck(row.is_check);
+    type->SetIsDeposit(row.is_deposit);
+    types.push_back(std::move(type));
+  }
+  return types;
+}
+
 std::unordered_set<std::int32_t> TypesInUse(const LDGRAccount& account) {
   std::unordered_set<std::int32_t> numbers;
   for (const auto& entry : account.GetEntries()) numbers.insert(entry->GetType());
@@ -84,6 +96,9 @@ bool AccountEditing::Open(std::shared_ptr<LDGRAccount> account, bool is_new) {
   state_ = AccountEditSheetState();
   state_.is_open = true;
   state_.is_new = is_new;
+  state_.security_note = LocalizedText(
+      "A password hides the account from others who use this computer.  It does not encrypt the "
+      "accounts file.");
   Populate();
   front_end_.Changed(Area::AccountEditSheet);
   return sheets_.Open(Sheet::AccountEdit);
@@ -119,6 +134,48 @@ void AccountEditing::Read(AccountEditSheetState::Typed typed) {
   state_.typed = std::move(typed);
   state_.ok_is_enabled = state_.is_open && CanBeStored(state_.typed);
   front_end_.Changed(Area::AccountEditSheet);
+}
+
+bool AccountEditing::ImportTypesFrom(const LDGRAccount& other) {
+  if (!state_.is_open || other.IsLocked()) return false;
+  auto& rows = state_.typed.types;
+  LDGRAccount scratch;
+  scratch.SetTypes(TypesOfRows(rows));
+  scratch.importTypesFromAccount(other);
+  for (auto i = rows.size(); i < scratch.GetTypes().size(); ++i) {
+    const auto& type = *scratch.GetTypes()[i];
+    rows.push_back({-1, type.GetName(), type.GetIsCheck(), type.GetIsDeposit()});
+  }
+  front_end_.Changed(Area::AccountEditSheet);
+  return true;
+}
+
+bool AccountEditing::ImportDescriptionsFrom(const LDGRAccount& other) {
+  if (!state_.is_open || other.IsLocked()) return false;
+  auto& typed = state_.typed;
+  LDGRAccount scratch;
+  scratch.SetPreferredDebitDescriptions(typed.debit_descriptions);
+  scratch.SetPreferredDepositDescriptions(typed.deposit_descriptions);
+  scratch.SetPreferredTransferDescriptions(typed.transfer_descriptions);
+  scratch.importDescriptionsFromAccount(other);
+  typed.debit_descriptions = scratch.DebitDescriptions_Specific();
+  typed.deposit_descriptions = scratch.DepositDescriptions_Specific();
+  typed.transfer_descriptions = scratch.TransferDescriptions_Specific();
+  front_end_.Changed(Area::AccountEditSheet);
+  return true;
+}
+
+bool AccountEditing::ImportToFromsFrom(const LDGRAccount& other) {
+  if (!state_.is_open || other.IsLocked()) return false;
+  auto& typed = state_.typed;
+  LDGRAccount scratch;
+  scratch.SetPreferredTos(typed.tos);
+  scratch.SetPreferredFroms(typed.froms);
+  scratch.importToFromsFromAccount(other);
+  typed.tos = scratch.Tos_Specific();
+  typed.froms = scratch.Froms_Specific();
+  front_end_.Changed(Area::AccountEditSheet);
+  return true;
 }
 
 bool AccountEditing::AccountEditSheet_OK() {

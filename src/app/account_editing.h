@@ -45,6 +45,12 @@ class AccountEditing {
   bool Account_Add();
   bool Account_Edit();
 
+  // Add to the sheet what another account has and the sheet lacks: entry types by name and kind, or
+  // texts of the user's own lists, ignoring case. False, and nothing changes, for a locked account.
+  bool ImportTypesFrom(const LDGRAccount& other);
+  bool ImportDescriptionsFrom(const LDGRAccount& other);
+  bool ImportToFromsFrom(const LDGRAccount& other);
+
   // Writes the sheet into the account and closes it; a new account joins the list and is selected.
   // False when the sheet is not open, OK is not enabled or a field refuses its text.
   bool AccountEditSheet_OK();

@@ -10,12 +10,18 @@ AccountSelection::~AccountSelection() {
   Forget();
 }
 
-void AccountSelection::Forget() noexcept {
+void AccountSelection::ClearSelected() noexcept {
   if (selected_ != nullptr && CurrentAccount() == selected_.get()) SetCurrentAccount(nullptr);
   selected_ = nullptr;
 }
 
+void AccountSelection::Forget() noexcept {
+  ClearSelected();
+  has_post_loaded_ = false;
+}
+
 void AccountSelection::Accounts_PostLoad() {
+  has_post_loaded_ = true;
   if (host_.Accounts().empty()) {
     host_.Account_Add();
   } else {
@@ -30,7 +36,7 @@ void AccountSelection::Accounts_PostLoad() {
 
 void AccountSelection::Account_Select(const std::shared_ptr<LDGRAccount>& account) {
   host_.StopSpeech();
-  if (account == nullptr) {
+  if (account == nullptr || !host_.IsUnlocked()) {
     Account_Deselect();
   } else if (account->IsAuthenticated()) {
     Select(account);
@@ -58,7 +64,7 @@ void AccountSelection::Select(const std::shared_ptr<LDGRAccount>& account) {
 }
 
 void AccountSelection::Account_Deselect() {
-  Forget();
+  ClearSelected();
   host_.ShowSummary(nullptr);
   refresh_.EntryButtons_Update();
   front_end_.Changed(Area::ScheduleButtons);

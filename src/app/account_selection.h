@@ -23,6 +23,8 @@ class AccountSelection {
     [[nodiscard]] virtual std::shared_ptr<LDGRAccount> AccountWithNumber(
         std::int32_t number) const = 0;
     [[nodiscard]] virtual LDGRPreferences& Preferences() = 0;
+    // False while the application waits for its password.
+    [[nodiscard]] virtual bool IsUnlocked() const = 0;
 
     virtual void StopSpeech() = 0;
     // Asks for the password of a locked account.
@@ -52,11 +54,14 @@ class AccountSelection {
   // The title of the main window.
   [[nodiscard]] const std::string& WindowTitle() const noexcept { return window_title_; }
 
+  // Whether the accounts that were loaded have been shown since.
+  [[nodiscard]] bool HasPostLoaded() const noexcept { return has_post_loaded_; }
+
   // Shows what the user saw last: the account the preferences remember, else the first; without
   // any account, opens the sheet for a new one.
   void Accounts_PostLoad();
   // Selects an account whose password has been given or that has none; asks for the password of
-  // any other. Null deselects.
+  // any other. Null deselects. Nothing is selected while the application is locked.
   void Account_Select(const std::shared_ptr<LDGRAccount>& account);
   void Account_Deselect();
   // Titles the window after the account, or after there being none.
@@ -65,6 +70,7 @@ class AccountSelection {
   void Forget() noexcept;
 
  private:
+  void ClearSelected() noexcept;
   void Select(const std::shared_ptr<LDGRAccount>& account);
 
   Host& host_;
@@ -72,6 +78,7 @@ class AccountSelection {
   FrontEnd& front_end_;
   std::shared_ptr<LDGRAccount> selected_;
   std::string window_title_;
+  bool has_post_loaded_ = false;
 };
 
 }  // namespace tallyfold

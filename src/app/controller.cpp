@@ -19,7 +19,18 @@ struct LDGRController::Hosts final : AccountsStore::Host,
                                      EntryEditing::Host,
                                      EntryRemoval::Host,
                                      ScheduleAdding::Host,
-                                     ScheduleCommit::Host {
+                                     ScheduleCommit::Host,
+                                     AccountPasswords::Host,
+                                     AccountRemoval::Host,
+                                     ApplicationLock::Host,
+                                     PreferencesSheet::Host,
+                                     AccountsDrawer::Host,
+                                     Menus::Host,
+                                     RegisterSearch::Host,
+                                     Tabs::Host,
+                                     IdleWatch::Host,
+                                     TextEditing::Host,
+                                     Lifecycle::Host {
   explicit Hosts(LDGRController& controller) noexcept : app(controller) {}
 
   // --- Accounts and preferences ---
@@ -33,13 +44,30 @@ struct LDGRController::Hosts final : AccountsStore::Host,
   void AddAccount(const std::shared_ptr<LDGRAccount>& account) override {
     app.accounts_.AddAccount(account);
   }
+  void RemoveAccount(const LDGRAccount* account) override { app.accounts_.RemoveAccount(account); }
   bool Account_Add() override { return app.Account_Add(); }
+  bool Account_Edit() override { return app.Account_Edit(); }
+  bool Accounts_Save() override { return app.Accounts_Save(); }
+  bool AccountsWantSaving() const override {
+    return app.authenticated() && app.selection_.HasPostLoaded() &&
+           app.accounts_.HasUnsavedChanges();
+  }
+  bool Preferences_Save() override { return app.Preferences_Save(); }
   const LDGRPreferences& Preferences() const override { return app.preferences(); }
   LDGRPreferences& Preferences() override { return app.preferences(); }
   void Preferences_StoreAccountPrefs(LDGRAccount& account) override {
     app.preferences_.Preferences_StoreAccountPrefs(&account);
   }
   bool LiveUpdatingFilters() const override { return app.preferences().GetLiveUpdatingFilters(); }
+
+  // --- Passwords ---
+  bool IsUnlocked() const override { return app.authenticated(); }
+  bool HasPassword() const override { return !app.password().empty(); }
+  const std::string& Password() const override { return app.password(); }
+  void SetPassword(const std::string& password) override { app.setPassword(password); }
+  void Account_Authenticate(const std::shared_ptr<LDGRAccount>& account) override {
+    app.Account_Authenticate(account);
+  }
 
   // --- Selection ---
   std::shared_ptr<LDGRAccount> SelectedAccount() const override {
@@ -51,7 +79,10 @@ struct LDGRController::Hosts final : AccountsStore::Host,
   void ForgetSelectedAccount() override {
     app.selected_entry_ = nullptr;
     app.selection_.Forget();
+    app.account_passwords_.Forget();
   }
+  void Account_Deselect() override { app.selection_.Account_Deselect(); }
+  void Accounts_PostLoad() override { app.selection_.Accounts_PostLoad(); }
   void SetMainWindowTitleForAccount(const LDGRAccount* account) override {
     app.selection_.SetMainWindowTitleForAccount(account);
   }
@@ -77,10 +108,26 @@ struct LDGRController::Hosts final : AccountsStore::Host,
     app.front_end_.Changed(Area::Schedules);
   }
   void FillCurrentRegister() override {
-    app.front_end_.Changed(Area::Registers);
-    app.refresh_.AccountBalance_Field_Update();
-    app.refresh_.ReconcileTab_UpdateBalances();
+    const LDGRAccount& account = *app.selection_.Selected();
+    if (app.current_register_ == RegisterKind::Reconcile) {
+      GiveCurrentRegister(account.reconcileFilteredEntries());
+      PopulateForFilter(account.reconcileFilter().get());
+      PopulateForFilterType(account.reconcileFilterType());
+      app.refresh_.ReconcileTab_UpdateBalances();
+    } else {
+      GiveCurrentRegister(account.entryFilteredEntries());
+      PopulateForFilter(account.entryFilter().get());
+      PopulateForFilterType(account.entryFilterType());
+      app.refresh_.AccountBalance_Field_Update();
+    }
   }
+  RegisterKind ShownRegister() const override { return app.tabs_.ShownRegister(); }
+  void SetCurrentRegister(RegisterKind kind) override { app.current_register_ = kind; }
+  void GiveCurrentRegister(EntryList /*entries*/) override {
+    app.front_end_.Changed(Area::Registers);
+  }
+  void ReloadShownRegister(EntryList entries) override { GiveCurrentRegister(std::move(entries)); }
+  void SetUpRegisters() override {}
   void ReloadRegisters() override {
     // The selected row goes with its entry.
     const auto& account = app.selection_.Selected();
@@ -90,13 +137,52 @@ struct LDGRController::Hosts final : AccountsStore::Host,
       app.SelectEntry(nullptr);
     }
   }
-  void Search_Cancel() override {}
-  void CloseMainWindow() override {}
+
+  // --- Search ---
+  void Search_Cancel() override { app.search_.Search_Cancel(); }
+  void CancelDelayedSearch() override { app.search_.CancelDelayedSearch(); }
+  void PopulateForFilter(const LDGRFilter* filter) override {
+    app.search_.PopulateForFilter(filter);
+  }
+  void PopulateForFilterType(std::int32_t type) override {
+    app.search_.PopulateForFilterType(type);
+  }
+  void SearchStateChanged() override { app.front_end_.Changed(Area::Search); }
+  void FocusSearchField() override { app.window_->FocusSearchField(); }
+  void UpdateEntryDependentButtons() override { app.refresh_.EntryButtons_Update(); }
+  void UpdateBalanceField() override { app.refresh_.AccountBalance_Field_Update(); }
+
+  // --- Sheets ---
+  bool SheetIsOpen() const override { return !app.sheets_.IsFree(); }
+  void DebitSheet_Split_Table_Field() override { app.DebitSheet_Split_Table_Field(); }
+  void DepositSheet_Split_Table_Field() override { app.DepositSheet_Split_Table_Field(); }
+  void SuggestForDescription() override { app.editing_.SuggestForDescription(); }
+  void DropSuggestion() override { app.editing_.DropSuggestion(); }
+  void ObserveTextEditing() override { app.text_editing_.Observe(); }
+
+  // --- The main window ---
+  void CloseMainWindow() override { app.window_->Close(); }
+  void FocusPasswordField() override { app.window_->FocusPasswordField(); }
+  bool ModalWindowIsUp() const override { return app.modal_.IsUp(); }
+  void PreferencesChanged() override {
+    app.window_->updateTableFonts();
+    app.window_->UpdateTableRowHeights();
+    if (app.preferences().GetShowAccountsDrawer() != app.drawer_.State().is_open) {
+      app.ToggleAccountsDrawer();
+    }
+    app.front_end_.Changed(Area::Preferences);
+    app.refresh_.AccountsChanged();
+  }
 
   // --- Services ---
   void StopSpeech() override { app.services_.speech.Stop(); }
-  void Account_Authenticate(const std::shared_ptr<LDGRAccount>& /*account*/) override {}
-  void ReplaceScheduleReminderTimer() override {}
+  double LastEventTimestamp() const override { return app.application_.lastEventTimestamp(); }
+  void ReplaceScheduleReminderTimer() override { app.idle_.ReplaceScheduleReminderTimer(); }
+  bool SchedulesCanBeEvaluated() const override {
+    return app.authenticated() && app.selection_.Selected() != nullptr;
+  }
+  void OfferDueOccurrences() override {}
+  void Quit() override { app.Quit(); }
 
   LDGRController& app;
 };
@@ -104,9 +190,11 @@ struct LDGRController::Hosts final : AccountsStore::Host,
 LDGRController::LDGRController(const Services& services)
     : services_(services),
       hosts_(std::make_unique<Hosts>(*this)),
-      data_lock_(services.files, services.alerts, services.host),
-      accounts_({services.files, services.alerts, services.host, services.processes}, gate_,
-                data_lock_, *hosts_),
+      modal_(services.alerts, services.panels),
+      application_(services.notifications),
+      data_lock_(services.files, modal_, services.host),
+      accounts_({services.files, modal_, services.host, services.processes}, gate_, data_lock_,
+                *hosts_),
       preferences_({services.files, services.host, services.processes}, gate_, *hosts_),
       refresh_(*hosts_, front_end_),
       links_(*hosts_),
@@ -115,7 +203,21 @@ LDGRController::LDGRController(const Services& services)
       editing_(*hosts_, links_, sheets_, refresh_, front_end_),
       removal_(*hosts_, links_, sheets_, refresh_, front_end_),
       schedule_adding_(*hosts_, refresh_),
-      schedule_commit_(*hosts_, links_, refresh_) {
+      schedule_commit_(*hosts_, links_, refresh_),
+      account_passwords_(*hosts_, sheets_, front_end_),
+      account_removal_(*hosts_, modal_, sheets_, refresh_),
+      lock_(accounts_, *hosts_, sheets_, refresh_, services.loop, front_end_),
+      preferences_sheet_(*hosts_, sheets_, services.loop, front_end_),
+      updates_(services.host, services.updates, front_end_),
+      drawer_(*hosts_, refresh_, front_end_),
+      menus_(*hosts_, links_, sheets_, refresh_),
+      search_(services.loop, *hosts_),
+      tabs_(*hosts_, refresh_, front_end_),
+      idle_(services.loop, *hosts_),
+      text_editing_(services.notifications, *hosts_),
+      lifecycle_(*hosts_,
+                 {data_lock_, window_, updates_, preferences_, accounts_, services.notifications,
+                  drawer_, idle_, lock_, selection_, refresh_, services.host}) {
   shared_controller = this;
 }
 
@@ -125,6 +227,45 @@ LDGRController::~LDGRController() {
 
 LDGRController* LDGRController::sharedController() noexcept {
   return shared_controller;
+}
+
+void LDGRController::CancelOpenSheet() {
+  switch (OpenSheet()) {
+    case Sheet::None:
+    case Sheet::Authentication:
+    case Sheet::AccountAuthentication:
+      return;
+    case Sheet::Debit:
+      return DebitSheet_Cancel();
+    case Sheet::Deposit:
+      return DepositSheet_Cancel();
+    case Sheet::Transfer:
+      return TransferSheet_Cancel();
+    case Sheet::EntryRemoveConfirm:
+      return EntryRemoveConfirm_Cancel();
+    case Sheet::TransferEntryRemoveConfirm:
+      return TransferEntryRemoveConfirm_Cancel();
+    case Sheet::AccountEdit:
+      return AccountEditSheet_Cancel();
+    case Sheet::Preferences:
+      return PreferencesSheet_Cancel();
+  }
+}
+
+void LDGRController::controlTextDidChange(TypedField field, std::string_view text) {
+  const auto& preferences = preferences_sheet_.State();
+  switch (field) {
+    case TypedField::Search:
+      return Search_Field(text);
+    case TypedField::Password:
+      return authenticationSheet_ValidatePassword(std::string(text));
+    case TypedField::AccountPassword:
+      return accountAuthenticationSheet_ValidatePassword(std::string(text));
+    case TypedField::PreferencesPassword:
+      return preferencesSheet_PasswordValidate(std::string(text), preferences.password_again);
+    case TypedField::PreferencesPasswordAgain:
+      return preferencesSheet_PasswordValidate(preferences.password, std::string(text));
+  }
 }
 
 void LDGRController::SelectEntry(const std::shared_ptr<LDGRAccountEntry>& entry) {

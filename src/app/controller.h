@@ -8,16 +8,31 @@
 #include <vector>
 
 #include "app/account_editing.h"
+#include "app/account_passwords.h"
+#include "app/account_removal.h"
 #include "app/account_selection.h"
+#include "app/accounts_drawer.h"
+#include "app/application.h"
+#include "app/application_lock.h"
 #include "app/entry_editing.h"
 #include "app/entry_removal.h"
 #include "app/front_end_slot.h"
+#include "app/idle_watch.h"
+#include "app/lifecycle.h"
+#include "app/main_window.h"
+#include "app/menus.h"
+#include "app/modal_watch.h"
+#include "app/preferences_sheet.h"
 #include "app/refresh.h"
 #include "app/schedule_adding.h"
 #include "app/schedule_commit.h"
 #include "app/services.h"
 #include "app/sheet_slot.h"
+#include "app/tabs.h"
+#include "app/text_editing.h"
 #include "app/transfer_links.h"
+#include "app/update_check.h"
+#include "filters/register_search.h"
 #include "model/day_field.h"
 #include "storage/accounts_store.h"
 #include "storage/data_folder_lock.h"
@@ -42,14 +57,142 @@ class LDGRController {
   // The one that was made last, as long as it lives; else null.
   [[nodiscard]] static LDGRController* sharedController() noexcept;
 
-  // --- app/front_end.h, app/sheet_slot.h: who shows the application, and which sheet is open -----
-  // Null (as at first) for nobody. It must outlive its stay here.
+  // --- app/front_end.h, app/main_window.h, app/sheet_slot.h --------------------------------------
+  // Who shows the application; null (as at first) for nobody. Both must outlive their stay here.
   void SetFrontEnd(FrontEnd* front_end) noexcept { front_end_.Set(front_end); }
+  void SetMainWindow(MainWindow* window) noexcept { window_.Set(window); }
   [[nodiscard]] Sheet OpenSheet() const noexcept { return sheets_.Current(); }
+  // Cancels whatever sheet is open, but for those that ask for a password.
+  void CancelOpenSheet();
 
-  // --- storage/data_folder_lock.h ----------------------------------------------------------------
-  // The first step of the launch. False when another copy works on the same data: the program ends.
-  [[nodiscard]] bool LockDataFolder() { return data_lock_.Acquire(); }
+  // --- app/application.h -------------------------------------------------------------------------
+  [[nodiscard]] LDGRApplication& application() noexcept { return application_; }
+
+  // --- app/lifecycle.h ---------------------------------------------------------------------------
+  void awakeFromNib() { lifecycle_.awakeFromNib(); }
+  [[nodiscard]] bool applicationDidFinishLaunching() {
+    return lifecycle_.applicationDidFinishLaunching();
+  }
+  [[nodiscard]] bool applicationShouldTerminate() const noexcept {
+    return lifecycle_.applicationShouldTerminate();
+  }
+  [[nodiscard]] bool applicationShouldTerminateAfterLastWindowClosed() const noexcept {
+    return lifecycle_.applicationShouldTerminateAfterLastWindowClosed();
+  }
+  void applicationWillTerminate() { lifecycle_.applicationWillTerminate(); }
+  void workspaceWillPowerOffNotification() { lifecycle_.workspaceWillPowerOffNotification(); }
+  void applicationWillBecomeActive() { lifecycle_.applicationWillBecomeActive(); }
+  void applicationWillResignActive() { lifecycle_.applicationWillResignActive(); }
+  void windowWillClose() { lifecycle_.windowWillClose(); }
+  void quit_MenuItem() { Quit(); }
+  void Quit() { lifecycle_.Quit(); }
+
+  // --- app/application_lock.h --------------------------------------------------------------------
+  [[nodiscard]] std::int32_t initState() const noexcept { return lock_.initState(); }
+  [[nodiscard]] bool authenticated() const noexcept { return lock_.authenticated(); }
+  bool authenticate(std::optional<std::string_view> password) {
+    return lock_.authenticate(password);
+  }
+  [[nodiscard]] const std::string& password() const noexcept { return lock_.password(); }
+  void setPassword(std::optional<std::string_view> password) { lock_.setPassword(password); }
+  void lock_MenuItem() { lock(); }
+  void lock() { lock_.lock(); }
+  void authentication_Begin() { lock_.authentication_Begin(); }
+  [[nodiscard]] const PasswordSheetState& authenticationSheet() const noexcept {
+    return lock_.State();
+  }
+  void authenticationSheet_ValidatePassword(std::string typed) {
+    lock_.ValidatePassword(std::move(typed));
+  }
+  bool authenticationSheet_OK() { return lock_.OK(); }
+  void authenticationSheet_Cancel() { lock_.Cancel(); }
+
+  // --- app/account_passwords.h -------------------------------------------------------------------
+  [[nodiscard]] const std::shared_ptr<LDGRAccount>& authenticatingAccount() const noexcept {
+    return account_passwords_.authenticatingAccount();
+  }
+  void Account_Authenticate(const std::shared_ptr<LDGRAccount>& account) {
+    account_passwords_.Account_Authenticate(account);
+  }
+  void Account_Lock(const std::shared_ptr<LDGRAccount>& account) {
+    account_passwords_.Account_Lock(account);
+  }
+  [[nodiscard]] const PasswordSheetState& AccountAuthenticationSheet() const noexcept {
+    return account_passwords_.State();
+  }
+  void accountAuthenticationSheet_ValidatePassword(std::string typed) {
+    account_passwords_.ValidatePassword(std::move(typed));
+  }
+  bool AccountAuthenticationSheet_OK() {
+    return account_passwords_.AccountAuthenticationSheet_OK();
+  }
+  void AccountAuthenticationSheet_Cancel() {
+    account_passwords_.AccountAuthenticationSheet_Cancel();
+  }
+  void AccountAuthenticationSheet_Close() { account_passwords_.AccountAuthenticationSheet_Close(); }
+
+  // --- app/idle_watch.h --------------------------------------------------------------------------
+  [[nodiscard]] const RepeatingTimer& scheduleReminderTimer() const noexcept {
+    return idle_.scheduleReminderTimer();
+  }
+  void userInputNotification() { idle_.userInputNotification(); }
+  void Schedules_Evaluate() { idle_.Schedules_Evaluate(); }
+
+  // --- app/tabs.h --------------------------------------------------------------------------------
+  [[nodiscard]] const TabsState& TabViews() const noexcept { return tabs_.State(); }
+  void SelectTab(Tab tab) { tabs_.Select(tab); }
+  void willSelectTabViewItem(std::string_view identifier) {
+    tabs_.willSelectTabViewItem(identifier);
+  }
+  void entry_MenuItem() { tabs_.entry_MenuItem(); }
+  void reconcile_MenuItem() { tabs_.reconcile_MenuItem(); }
+  void EntryTab_Enter() { tabs_.EntryTab_Enter(); }
+  void ReconcileTab_Enter() { tabs_.ReconcileTab_Enter(); }
+  void ScheduleTab_Enter() { tabs_.ScheduleTab_Enter(); }
+  void AccountSummaryTab_Enter() { tabs_.AccountSummaryTab_Enter(); }
+
+  // --- app/accounts_drawer.h ---------------------------------------------------------------------
+  [[nodiscard]] const AccountsDrawer& accountsDrawer() const noexcept { return drawer_; }
+  void ToggleAccountsDrawer() { drawer_.ToggleAccountsDrawer(); }
+  void drawerDidClose() { drawer_.drawerDidClose(); }
+  void accountsDrawer_Accounts_Table_ClickedTableColumn(std::string_view column) {
+    drawer_.ClickedTableColumn(column);
+  }
+  void accountsDrawer_Accounts_Table_Action(std::size_t row) { drawer_.Table_Action(row); }
+  void accountsDrawer_Accounts_Table_DoubleClick(std::size_t row) {
+    drawer_.Table_DoubleClick(row);
+  }
+
+  // --- app/menus.h -------------------------------------------------------------------------------
+  [[nodiscard]] CommandsState Commands() const { return menus_.Commands(); }
+  [[nodiscard]] std::vector<MenuItem> AccountMenu() const { return menus_.AccountMenu(); }
+  void Account_Menu_Show_MenuItem(std::int32_t tag) { menus_.Account_Menu_Show_MenuItem(tag); }
+  [[nodiscard]] std::vector<MenuItem> EntryTypeMenu() const { return menus_.EntryTypeMenu(); }
+  void entryMenu_Types_MenuItem(std::int32_t tag) { menus_.entryMenu_Types_MenuItem(tag); }
+
+  // --- filters/register_search.h -----------------------------------------------------------------
+  [[nodiscard]] const RegisterSearchState& SearchState() const noexcept { return search_.State(); }
+  void Search_Field(std::optional<std::string_view> text) { search_.Search_Field(text); }
+  void Search() { search_.Search(); }
+  void search_Cancel_Button() { Search_Cancel(); }
+  void Search_Cancel() { search_.Search_Cancel(); }
+  void Filter_Menu(std::int32_t tag) { search_.Filter_Menu(tag); }
+  void Filter_Select(std::int32_t type) { search_.Filter_Select(type); }
+  void PopulateForFilterType(std::int32_t type) { search_.PopulateForFilterType(type); }
+  void PopulateForFilter(const LDGRFilter* filter) { search_.PopulateForFilter(filter); }
+
+  // --- The fields that are followed key by key ---------------------------------------------------
+  enum class TypedField : std::uint8_t {
+    Search,
+    Password,
+    AccountPassword,
+    PreferencesPassword,
+    PreferencesPasswordAgain,
+  };
+  // The text of that field is `text` now.
+  void controlTextDidChange(TypedField field, std::string_view text);
+  void textDidBeginEditing(const void* field) { text_editing_.textDidBeginEditing(field); }
+  void textDidEndEditing(const void* field) { text_editing_.textDidEndEditing(field); }
 
   // --- storage/accounts_store.h ------------------------------------------------------------------
   // To read: what is not loaded, what was kept, whether there is something to save.
@@ -62,19 +205,43 @@ class LDGRController {
     return accounts_.HighestAccountNumber();
   }
   [[nodiscard]] bool Accounts_Load() { return accounts_.Accounts_Load(); }
-  bool Accounts_Save() { return accounts_.Accounts_Save(); }
+  // A locked application writes nothing.
+  bool Accounts_Save() { return authenticated() && accounts_.Accounts_Save(); }
   bool Accounts_SaveToFilePath(const std::optional<std::string>& path) {
-    return accounts_.Accounts_SaveToFilePath(path);
+    return authenticated() && accounts_.Accounts_SaveToFilePath(path);
   }
 
   // --- storage/preferences_store.h ---------------------------------------------------------------
   [[nodiscard]] const PreferencesStore& preferencesStore() const noexcept { return preferences_; }
   [[nodiscard]] LDGRPreferences& preferences() { return LDGRPreferences::sharedPreferences(); }
   void Preferences_Init() { preferences_.Preferences_Init(); }
-  bool Preferences_Save() { return preferences_.Preferences_Save(); }
+  bool Preferences_Save() { return authenticated() && preferences_.Preferences_Save(); }
   void Preferences_StoreAccountPrefs(const LDGRAccount* account) {
     preferences_.Preferences_StoreAccountPrefs(account);
   }
+
+  // --- app/preferences_sheet.h -------------------------------------------------------------------
+  bool PreferencesSheet_Open() { return preferences_sheet_.Open(); }
+  [[nodiscard]] const PreferencesSheetState& preferencesSheet() const noexcept {
+    return preferences_sheet_.State();
+  }
+  bool PreferencesSheet_SelectTab(std::string_view tab) {
+    return preferences_sheet_.SelectTab(tab);
+  }
+  void preferencesSheet_PasswordValidate(std::string password, std::string password_again) {
+    preferences_sheet_.PasswordValidate(std::move(password), std::move(password_again));
+  }
+  void PreferencesSheet_DefaultAppearanceSettings() {
+    preferences_sheet_.DefaultAppearanceSettings();
+  }
+  bool PreferencesSheet_OK() { return preferences_sheet_.OK(); }
+  void PreferencesSheet_Cancel() { preferences_sheet_.Cancel(); }
+
+  // --- app/update_check.h ------------------------------------------------------------------------
+  [[nodiscard]] const UpdateState& Updates() const noexcept { return updates_.State(); }
+  void CheckForUpdates() { updates_.CheckForUpdates(); }
+  void CheckForUpdates_Auto() { updates_.CheckForUpdates_Auto(); }
+  void UpdateWindow_Close() { updates_.CloseWindow(); }
 
   // --- app/account_selection.h -------------------------------------------------------------------
   // Null when no account is selected.
@@ -100,8 +267,20 @@ class LDGRController {
   void AccountEditSheet_Read(AccountEditSheetState::Typed typed) {
     account_editing_.Read(std::move(typed));
   }
+  bool AccountEditSheet_ImportTypesFrom(const LDGRAccount& other) {
+    return account_editing_.ImportTypesFrom(other);
+  }
+  bool AccountEditSheet_ImportDescriptionsFrom(const LDGRAccount& other) {
+    return account_editing_.ImportDescriptionsFrom(other);
+  }
+  bool AccountEditSheet_ImportToFromsFrom(const LDGRAccount& other) {
+    return account_editing_.ImportToFromsFrom(other);
+  }
   bool AccountEditSheet_OK() { return account_editing_.AccountEditSheet_OK(); }
   void AccountEditSheet_Cancel() { account_editing_.AccountEditSheet_Cancel(); }
+
+  // --- app/account_removal.h ---------------------------------------------------------------------
+  bool Account_Remove() { return account_removal_.Account_Remove(); }
 
   // --- The selected row of the current register --------------------------------------------------
   // Null when no row is selected.
@@ -115,6 +294,12 @@ class LDGRController {
   bool Entry_Debit() { return editing_.New(EntryKind::Debit); }
   bool Entry_Deposit() { return editing_.New(EntryKind::Deposit); }
   bool Entry_Transfer() { return editing_.New(EntryKind::Transfer); }
+  bool debitEntry_Button() { return Entry_Debit(); }
+  bool debitEntry_MenuItem() { return Entry_Debit(); }
+  bool depositEntry_Button() { return Entry_Deposit(); }
+  bool depositEntry_MenuItem() { return Entry_Deposit(); }
+  bool transferEntry_Button() { return Entry_Transfer(); }
+  bool transferEntry_MenuItem() { return Entry_Transfer(); }
   bool Entry_Edit() { return editing_.Entry_Edit(); }
   void currentTableDataSource_Cleared_CheckBox(const std::shared_ptr<LDGRAccountEntry>& entry) {
     editing_.TurnClearedOver(entry);
@@ -137,6 +322,9 @@ class LDGRController {
   void DebitSheet_Split_UpdateTotal() { editing_.Debit().Split_UpdateTotal(); }
   void DebitSheet_Split_Table_Field() { editing_.Debit().Split_Table_Field(); }
 
+  void DebitSheet_Description_Field() { editing_.SuggestForDescription(); }
+  void DebitSheet_TakeSuggestion() { editing_.Debit().TakeSuggestion(); }
+
   [[nodiscard]] const EntrySheetState& DepositSheet() const { return editing_.Deposit().State(); }
   void DepositSheet_Read(EntrySheetState::Typed typed) {
     editing_.Deposit().Read(std::move(typed));
@@ -153,6 +341,8 @@ class LDGRController {
   void DepositSheet_Split_ClearSplit() { editing_.Deposit().Split_ClearSplit(); }
   void DepositSheet_Split_UpdateTotal() { editing_.Deposit().Split_UpdateTotal(); }
   void DepositSheet_Split_Table_Field() { editing_.Deposit().Split_Table_Field(); }
+  void DepositSheet_Description_Field() { editing_.SuggestForDescription(); }
+  void DepositSheet_TakeSuggestion() { editing_.Deposit().TakeSuggestion(); }
 
   [[nodiscard]] const TransferSheetState& TransferSheet() const {
     return editing_.Transfer().State();
@@ -224,8 +414,13 @@ class LDGRController {
   Services services_;
   std::unique_ptr<Hosts> hosts_;
   FrontEndSlot front_end_;
+  MainWindowSlot window_;
+  ModalWatch modal_;
+  LDGRApplication application_;
   SheetSlot sheets_{front_end_};
   std::shared_ptr<LDGRAccountEntry> selected_entry_;
+  // The one the commands for registers act on, also while another tab is showing.
+  RegisterKind current_register_ = RegisterKind::Entry;
   SaveGate gate_;
   DataFolderLock data_lock_;
   AccountsStore accounts_;
@@ -238,6 +433,19 @@ class LDGRController {
   EntryRemoval removal_;
   ScheduleAdding schedule_adding_;
   ScheduleCommit schedule_commit_;
+  AccountPasswords account_passwords_;
+  AccountRemoval account_removal_;
+  ApplicationLock lock_;
+  PreferencesSheet preferences_sheet_;
+  UpdateCheck updates_;
+  AccountsDrawer drawer_;
+  Menus menus_;
+  RegisterSearch search_;
+  Tabs tabs_;
+  IdleWatch idle_;
+  TextEditing text_editing_;
+  // Last: what it brings up must be there.
+  Lifecycle lifecycle_;
 };
 
 }  // namespace tallyfold

@@ -106,6 +106,22 @@ void EntryEditing::TurnClearedOver(const std::shared_ptr<LDGRAccountEntry>& entr
   refresh_.EntryMarked();
 }
 
+EntrySheet* EntryEditing::OpenEntrySheet() noexcept {
+  if (sheets_.Current() == Sheet::Debit) return &debit_;
+  return sheets_.Current() == Sheet::Deposit ? &deposit_ : nullptr;
+}
+
+void EntryEditing::SuggestForDescription() {
+  const auto account = edited_.account.lock();
+  if (auto* sheet = OpenEntrySheet(); sheet != nullptr && account != nullptr) {
+    sheet->SuggestForDescription(edited_, *account);
+  }
+}
+
+void EntryEditing::DropSuggestion() {
+  if (auto* sheet = OpenEntrySheet()) sheet->DropSuggestion();
+}
+
 void EntryEditing::CheckNumber_Button() {
   const auto account = edited_.account.lock();
   if (account == nullptr || sheets_.Current() != Sheet::Debit) return;

@@ -62,6 +62,11 @@ class EntryEditing {
   // OK and then the sheet for a new entry; a refused OK ends it there.
   bool OKThenNew(EditSheet& sheet, EntryKind kind) { return OK(sheet) && New(kind); }
 
+  // The description of the debit or deposit sheet, whichever is open, was typed or chosen, or
+  // editing in it begins anew.
+  void SuggestForDescription();
+  void DropSuggestion();
+
   // The check box of the debit sheet was ticked or unticked.
   void CheckNumber_Button();
 
@@ -69,6 +74,8 @@ class EntryEditing {
   bool Open(EditSheet& sheet, std::shared_ptr<LDGRAccountEntry> entry, bool is_new,
             const std::shared_ptr<LDGRAccount>& account);
   void Close(EditSheet& sheet);
+  // The debit or the deposit sheet, whichever is open, or null.
+  [[nodiscard]] EntrySheet* OpenEntrySheet() noexcept;
   [[nodiscard]] EditSheet* SheetForEntry(const LDGRAccountEntry& entry) noexcept;
   // Why the edited entry cannot be stored any more; "" when it can.
   [[nodiscard]] std::string CheckTarget() const;

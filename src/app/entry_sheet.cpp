@@ -156,6 +156,33 @@ void EntrySheet::CheckNumber_Button(std::int32_t suggested) {
   front_end_.Changed(StateArea());
 }
 
+void EntrySheet::SuggestForDescription(const EditedEntry& edited, const LDGRAccount& account) {
+  state_.suggestion =
+      SuggestionFor(account, kind_ == Kind::Debit, state_.typed.description, edited.entry.get());
+  front_end_.Changed(StateArea());
+}
+
+void EntrySheet::DropSuggestion() {
+  state_.suggestion.reset();
+  front_end_.Changed(StateArea());
+}
+
+void EntrySheet::TakeSuggestion() {
+  if (!state_.suggestion) return;
+  auto& typed = state_.typed;
+  const auto& items = state_.type_items;
+  const bool has_no_type =
+      typed.type == kNoItem || typed.type == static_cast<std::int32_t>(items.size()) - 1;
+  for (std::int32_t i = 0; has_no_type && i < type_count_; ++i) {
+    if (items[static_cast<std::size_t>(i)].tag == state_.suggestion->type) typed.type = i;
+  }
+  if (typed.to_from.empty() && state_.to_from_is_enabled) {
+    typed.to_from = state_.suggestion->to_from;
+  }
+  if (typed.amount == 0.0 && state_.amount_is_enabled) typed.amount = state_.suggestion->amount;
+  DropSuggestion();
+}
+
 bool EntrySheet::IsSplit() const noexcept {
   return std::any_of(state_.typed.split.begin(), state_.typed.split.end(), IsUsed);
 }

@@ -41,6 +41,12 @@ class EntrySheet final : public EditSheet {
   // `suggested`.
   void CheckNumber_Button(std::int32_t suggested);
 
+  // The description was typed or chosen: offers what an earlier entry has with it.
+  void SuggestForDescription(const EditedEntry& edited, const LDGRAccount& account);
+  void DropSuggestion();
+  // Puts what is suggested into those of the fields that are empty and enabled.
+  void TakeSuggestion();
+
   // Whether any row of the split table has a text or an amount other than 0.
   [[nodiscard]] bool IsSplit() const noexcept;
   // Empties the split table and to/from, and sets the amount to 0.

@@ -6,6 +6,7 @@
 #include <string>
 #include <vector>
 
+#include "app/entry_suggestion.h"
 #include "app/pop_up_item.h"
 #include "model/date_number.h"
 #include "model/entry_split.h"
@@ -68,6 +69,8 @@ struct EntrySheetState {
   // Former texts of the account, offered to complete what is typed.
   std::vector<std::string> descriptions;
   std::vector<std::string> to_froms;
+  // What an earlier entry of the same description had, until it is taken or editing goes on.
+  std::optional<EntrySuggestion> suggestion;
   // Why the last OK was refused, in the user's words; "" when it was not.
   std::string problem;
 };

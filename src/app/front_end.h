@@ -20,13 +20,21 @@ enum class Area : std::uint8_t {
   ReconcileBalances,  // the figures of the reconcile tab
   EntryTypeMenu,
   Summary,
-  Sheet,  // which sheet is open
+  Tabs,
+  AccountsDrawer,
+  Search,       // search fields, and the marks of the filter menu
+  Preferences,  // how everything is shown
+  Updates,      // the update check
+  Sheet,        // which sheet is open
   DebitSheet,
   DepositSheet,
   TransferSheet,
   EntryRemoveSheet,
   TransferEntryRemoveSheet,
   AccountEditSheet,
+  AuthenticationSheet,
+  AccountAuthenticationSheet,
+  PreferencesSheet,
 };
 
 // The sheets of the main window. At most one is open at a time.
@@ -38,6 +46,9 @@ enum class Sheet : std::uint8_t {
   EntryRemoveConfirm,
   TransferEntryRemoveConfirm,
   AccountEdit,
+  Authentication,
+  AccountAuthentication,
+  Preferences,
 };
 
 // What the application asks of whoever shows it. Each answer given here is that of a program

@@ -38,6 +38,12 @@ void Refresh::AccountsChanged() {
   entryMenu_Types_Menu_Populate();
 }
 
+void Refresh::Locked() {
+  AccountsList_Redraw();
+  front_end_.Changed(Area::Registers);
+  SchedulesChanged();
+}
+
 void Refresh::Balances() {
   AccountBalance_Field_Update();
   ReconcileTab_UpdateBalances();

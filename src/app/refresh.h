@@ -39,6 +39,9 @@ class Refresh {
   // After names, numbers or types of accounts changed.
   void AccountsChanged();
 
+  // After the application was locked: what was shown is no longer.
+  void Locked();
+
   void EntryButtons_Update() { front_end_.Changed(Area::EntryButtons); }
   void AccountBalance_Field_Update() { front_end_.Changed(Area::Balance); }
   void ReconcileTab_UpdateBalances() { front_end_.Changed(Area::ReconcileBalances); }

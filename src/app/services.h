@@ -9,6 +9,7 @@
 #include "platform/run_loop.h"
 #include "platform/speech_output.h"
 #include "platform/text_encodings.h"
+#include "platform/update_service.h"
 
 namespace tallyfold {
 
@@ -24,6 +25,8 @@ struct Services {
   NotificationCenter& notifications;
   ApplicationHost& host;
   TextEncodings& encodings;
+  // Null where there is nobody to ask for newer versions.
+  UpdateService* updates = nullptr;
 };
 
 }  // namespace tallyfold

@@ -66,12 +66,12 @@ std::string Session::RunCommand(std::span<const Word> words) {
       return error;
     }
     if (!is_launched_ && !Launch()) return error;
-    if (command->needs != Needs::AccountSheet) CancelOpenSheet();
+    if (command->needs != Needs::AccountSheet) controller_.CancelOpenSheet();
     command->run(console_, arguments);
   } catch (const CommandError& failure) {
     error = failure.what();
   }
-  CancelOpenSheet();
+  controller_.CancelOpenSheet();
   skip_delays_();
   questions_.ForgetAnswers();
   const std::string complaint = questions_.TakeComplaint();
@@ -80,11 +80,9 @@ std::string Session::RunCommand(std::span<const Word> words) {
 
 bool Session::Launch() {
   is_launched_ = true;
-  if (!controller_.LockDataFolder()) return false;
-  controller_.Preferences_Init();
-  if (!controller_.Accounts_Load()) return false;
+  controller_.awakeFromNib();
+  if (!controller_.applicationDidFinishLaunching()) return false;
   TellWhatWasSetAside();
-  controller_.Accounts_PostLoad();
   if (controller_.accounts().empty()) {
     printer_.Confirm("There is no account yet; account add makes one.");
   }
@@ -100,37 +98,14 @@ void Session::TellWhatWasSetAside() {
   }
 }
 
-void Session::CancelOpenSheet() {
-  switch (controller_.OpenSheet()) {
-    case Sheet::None:
-      break;
-    case Sheet::Debit:
-      controller_.DebitSheet_Cancel();
-      break;
-    case Sheet::Deposit:
-      controller_.DepositSheet_Cancel();
-      break;
-    case Sheet::Transfer:
-      controller_.TransferSheet_Cancel();
-      break;
-    case Sheet::EntryRemoveConfirm:
-      controller_.EntryRemoveConfirm_Cancel();
-      break;
-    case Sheet::TransferEntryRemoveConfirm:
-      controller_.TransferEntryRemoveConfirm_Cancel();
-      break;
-    case Sheet::AccountEdit:
-      controller_.AccountEditSheet_Cancel();
-      break;
-  }
-}
-
 bool Session::ShutDown() {
   // Whoever never gave a command that works on the data has touched nothing.
   if (!is_launched_) return true;
-  CancelOpenSheet();
-  const bool accounts_saved = controller_.Accounts_Save();
-  const bool preferences_saved = controller_.Preferences_Save();
+  controller_.CancelOpenSheet();
+  controller_.applicationWillTerminate();
+  if (!controller_.authenticated()) return true;
+  const bool accounts_saved = !controller_.accountsStore().HasUnsavedChanges();
+  const bool preferences_saved = !controller_.preferencesStore().HasUnsavedChanges();
   if (!accounts_saved) printer_.Note("error: the accounts could not be saved");
   if (!preferences_saved) printer_.Note("error: the preferences could not be saved");
   return accounts_saved && preferences_saved;

@@ -39,8 +39,6 @@ class Session {
   // False when the program ends instead.
   bool Launch();
   void TellWhatWasSetAside();
-  // Nothing is left open for the next command.
-  void CancelOpenSheet();
   // Whether everything is on the disk.
   bool ShutDown();
   void ReportError(std::string_view error);

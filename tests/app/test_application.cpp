@@ -9,6 +9,7 @@ TestApplication::TestApplication()
   ambient.clock.SetLocal({2004, 3, 7, 12, 0, 0});
   app.SetFrontEnd(&front_end);
   app.Preferences_Init();
+  static_cast<void>(app.Accounts_Load());
 }
 
 std::shared_ptr<LDGRAccount> TestApplication::AddAccount(const std::string& name) {

@@ -1,0 +1,57 @@
+#pragma once
+
+#include <chrono>
+
+#include "platform/run_loop.h"
+
+namespace tallyfold {
+
+// The one timer of the application: every 15 seconds, and never within 15 seconds of the user's
+// last input, it saves what has changed and looks for scheduled entries that are due. It runs from
+// the launch to the end, also while the application is locked.
+class IdleWatch {
+ public:
+  static constexpr std::chrono::milliseconds kInterval = std::chrono::seconds(15);
+
+  class Host {
+   public:
+    virtual ~Host() = default;
+    // As of LDGRApplication: seconds since 1970-01-01 00:00 UTC.
+    [[nodiscard]] virtual double LastEventTimestamp() const = 0;
+    [[nodiscard]] virtual bool SheetIsOpen() const = 0;
+    [[nodiscard]] virtual bool ModalWindowIsUp() const = 0;
+    // Unlocked, with the accounts loaded and shown, and with changes that are not in the file.
+    [[nodiscard]] virtual bool AccountsWantSaving() const = 0;
+    virtual bool Accounts_Save() = 0;
+    // Unlocked, with a selected account.
+    [[nodiscard]] virtual bool SchedulesCanBeEvaluated() const = 0;
+    // Offers what is due in the selected account.
+    virtual void OfferDueOccurrences() = 0;
+    // Cancels pending speech and the reading of entries, and falls silent.
+    virtual void StopSpeech() = 0;
+  };
+
+  // Both must outlive the watch.
+  IdleWatch(RunLoop& loop, Host& host) noexcept : host_(host), timer_(loop), loop_(loop) {}
+  IdleWatch(const IdleWatch&) = delete;
+  IdleWatch& operator=(const IdleWatch&) = delete;
+
+  // Starts the timer anew: the next tick is a whole interval away.
+  void ReplaceScheduleReminderTimer();
+  [[nodiscard]] const RepeatingTimer& scheduleReminderTimer() const noexcept { return timer_; }
+
+  // The user did something: speech ends, and the next tick is at least an interval away.
+  void userInputNotification();
+  // Offers what is due. Postponed by an interval while a sheet or a modal window is up.
+  void Schedules_Evaluate() { Evaluate(false); }
+
+ private:
+  void Evaluate(bool by_timer);
+  [[nodiscard]] bool MustWait(bool by_timer) const;
+
+  Host& host_;
+  RepeatingTimer timer_;
+  RunLoop& loop_;
+};
+
+}  // namespace tallyfold

@@ -1,0 +1,68 @@
+#pragma once
+
+#include <cstdint>
+
+namespace tallyfold {
+
+// A key that, held with the command key (and the option key), runs a command that has no button.
+struct KeyEquivalent {
+  enum class Command : std::uint8_t { depositEntry_MenuItem, schedule_Deposit_MenuItem };
+
+  char key = '+';
+  bool with_option = false;
+  Command command = Command::depositEntry_MenuItem;
+};
+
+// What the launch and the life of the application ask of the main window beside showing states
+// (see FrontEnd). Each operation here is that of a program without a window: it does nothing.
+class MainWindow {
+ public:
+  // Names under which the frames of the window and of the accounts list are kept between runs.
+  static constexpr const char* kFrameName = "Tallyfold.mainWindow";
+  static constexpr const char* kAccountsTableFrameName = "Tallyfold.accountsDrawer_Accounts_Table";
+
+  virtual ~MainWindow() = default;
+
+  // Before the launch.
+  virtual void AddKeyEquivalent(const KeyEquivalent& /*equivalent*/) {}
+
+  // The steps of the launch, in their order.
+  virtual void LoadDatePicker() {}
+  virtual void SetUpBezels() {}
+  virtual void updateTableFonts() {}
+  // The height of a row is that of a cell that shows "Xy" in the register's font.
+  virtual void UpdateTableRowHeights() {}
+  virtual void SetUpControls() {}
+  // Puts every text of the interface in place.
+  virtual void Internationalize() {}
+  virtual void SetTabViewImages() {}
+  // Centres the window, puts it where it was last and brings it to the front.
+  virtual void Show() {}
+  virtual void FocusSearchField() {}
+  virtual void CenterUpdateWindow() {}
+
+  // The password field of the preferences sheet takes the focus.
+  virtual void FocusPasswordField() {}
+  virtual void BringToFront() {}
+  // Draws the visible windows anew that have a title or never had one set.
+  virtual void RedrawTitledWindows() {}
+  virtual void Close() {}
+};
+
+// The main window in use, for components that are made before it; a quiet one without any.
+class MainWindowSlot {
+ public:
+  // Null for none. It must outlive its stay here.
+  void Set(MainWindow* window) noexcept { window_ = window != nullptr ? window : &quiet_; }
+  MainWindow* operator->() noexcept { return window_; }
+
+  MainWindowSlot() = default;
+  MainWindowSlot(const MainWindowSlot&) = delete;
+  MainWindowSlot& operator=(const MainWindowSlot&) = delete;
+
+ private:
+  MainWindow quiet_;
+  MainWindow* window_ = &quiet_;
+};
+
+}  // namespace tallyfold

@@ -1,0 +1,33 @@
+#pragma once
+
+#include <cstddef>
+#include <optional>
+#include <string>
+
+#include "platform/alerts.h"
+#include "platform/file_panels.h"
+
+namespace tallyfold {
+
+// Passes alerts and file panels on and knows whether one is up: timers go on firing while the user
+// makes up his mind.
+class ModalWatch final : public Alerts, public FilePanels {
+ public:
+  // Both must outlive the watch.
+  ModalWatch(Alerts& alerts, FilePanels& panels) noexcept : alerts_(alerts), panels_(panels) {}
+  ModalWatch(const ModalWatch&) = delete;
+  ModalWatch& operator=(const ModalWatch&) = delete;
+
+  [[nodiscard]] bool IsUp() const noexcept { return depth_ > 0; }
+
+  std::size_t Run(const AlertRequest& request) override;
+  [[nodiscard]] std::optional<std::string> Save(const FilePanelRequest& request) override;
+  [[nodiscard]] std::optional<std::string> Open(const FilePanelRequest& request) override;
+
+ private:
+  Alerts& alerts_;
+  FilePanels& panels_;
+  int depth_ = 0;
+};
+
+}  // namespace tallyfold
