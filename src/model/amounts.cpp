@@ -58,6 +58,19 @@ double RoundedMagnitude(double magnitude) noexcept {
   return RoundedByItsDigits(magnitude);
 }
 
+// Many times faster than the general conversion, and most amounts are whole cents.
+std::string WholeCentsString(std::int64_t cents, bool is_negative) {
+  std::array<char, 24> text;
+  char* start = text.data() + text.size();
+  for (int digits = 0; digits < 3 || cents != 0; ++digits) {
+    if (digits == 2) *--start = '.';
+    *--start = static_cast<char>('0' + cents % 10);
+    cents /= 10;
+  }
+  if (is_negative) *--start = '-';
+  return {start, text.data() + text.size()};
+}
+
 std::string WithCommas(std::string text) {
   for (auto position = static_cast<std::ptrdiff_t>(text.size()) - 6; position > 0; position -= 3) {
     text.insert(static_cast<std::size_t>(position), 1, ',');
@@ -82,6 +95,13 @@ double RoundedAmount(double amount) noexcept {
 }
 
 std::string FixedAmountString(double amount) {
+  const double magnitude = std::fabs(amount);
+  if (magnitude < kExactCentsLimit) {
+    const auto cents = static_cast<std::int64_t>(magnitude * 100.0 + 0.5);
+    if (static_cast<double>(cents) / 100.0 == magnitude) {
+      return WholeCentsString(cents, std::signbit(amount));
+    }
+  }
   // The longest double has 309 digits before the point.
   std::array<char, 320> text;
   const auto result =
