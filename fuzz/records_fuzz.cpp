@@ -13,9 +13,8 @@
 #include "plist/writer.h"
 #include "storage/preferences.h"
 
+namespace tallyfold {
 namespace {
-
-using namespace tallyfold;
 
 template <typename Record>
 std::string Written(const Record& record) {
@@ -51,15 +50,20 @@ void TryPreferences(const plist::Dictionary& dictionary) {
   if (Written(reloaded) != saved) std::abort();
 }
 
-}  // namespace
-
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-  const plist::ReadResult result = plist::Read({reinterpret_cast<const char*>(data), size});
+void TryFile(std::string_view bytes) {
+  const plist::ReadResult result = plist::Read(bytes);
   const plist::Dictionary file = result.value.DictionaryValue();
   TryPreferences(file);
   for (const plist::Value& account : file.Get("accounts").ArrayValue()) {
     if (account.IsDictionary()) TryAccount(account.DictionaryValue());
   }
   TypeHandOver().Clear();
+}
+
+}  // namespace
+}  // namespace tallyfold
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+  tallyfold::TryFile({reinterpret_cast<const char*>(data), size});
   return 0;
 }

@@ -135,7 +135,7 @@ bool AccountsStore::Accounts_Load() {
   return true;
 }
 
-void AccountsStore::TakeAccounts(plist::Value stored) {
+void AccountsStore::TakeAccounts(const plist::Value& stored) {
   if (!stored.IsArray()) {
     Log("Accounts file does not contain any accounts.");
     file_.NotTakenInWhole("The file does not contain a list of accounts.");

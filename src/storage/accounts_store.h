@@ -129,7 +129,7 @@ class AccountsStore {
   };
 
   [[nodiscard]] static bool HasNewerAccount(const std::optional<plist::Dictionary>& dictionary);
-  void TakeAccounts(plist::Value stored);
+  void TakeAccounts(const plist::Value& stored);
   void TakePassword(const plist::Value& password);
   void WriteTo(plist::Output& output) const;
   [[nodiscard]] bool WriteFile(const std::string& path);

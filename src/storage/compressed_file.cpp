@@ -107,7 +107,6 @@ std::optional<std::string> Uncompress(std::string_view bytes, std::size_t limit)
   StringTable table(greatest_width, can_be_emptied);
   std::string text;
   std::optional<unsigned> earlier;
-  char first = 0;
   while (const std::optional<unsigned> code = codes.Next()) {
     if (*code == kEmptyTable && can_be_emptied && earlier) {
       table.Empty();
@@ -116,13 +115,12 @@ std::optional<std::string> Uncompress(std::string_view bytes, std::size_t limit)
     }
     if (!earlier) {
       if (*code > 255) return std::nullopt;
-      first = table.AppendTo(text, *code);
+      table.AppendTo(text, *code);
     } else if (*code < table.size()) {
-      first = table.AppendTo(text, *code);
-      table.Add(*earlier, first);
+      table.Add(*earlier, table.AppendTo(text, *code));
     } else if (*code == table.size()) {
       // The string being made just now: the earlier one and its own first byte.
-      first = table.AppendTo(text, *earlier);
+      const char first = table.AppendTo(text, *earlier);
       text.push_back(first);
       table.Add(*earlier, first);
     } else {

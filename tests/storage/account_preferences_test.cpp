@@ -115,7 +115,10 @@ TEST(AccountPreferences, NeverTakeBackASelectedRowThroughItsSetter) {
   LDGRAccountPreferences preferences;
   preferences.SetSelectedRow(5, "entry");
   preferences.SetSelectedRow(-1, "entry");
-  preferences.SetSelectedColumn("date", true, -1, plist::Array(), "entry");
+  plist::Array columns;
+  preferences.SetSelectedColumn("date", true, -1, columns, "entry");
+  columns.Append("amount");
+  EXPECT_TRUE(preferences.GetColumnsForTableIdentifier("entry")->empty());  // it has a copy
   EXPECT_EQ(preferences.GetSelectedRowForTableIdentifier("entry"), 5);
   EXPECT_EQ(preferences.GetSelectedColumnIdentifierForTableIdentifier("entry"), "date");
 
@@ -124,17 +127,6 @@ TEST(AccountPreferences, NeverTakeBackASelectedRowThroughItsSetter) {
   EXPECT_EQ(preferences.GetSelectedColumnIdentifierForTableIdentifier("entry"), "amount");
   preferences.SetSelectedColumnIdentifier(std::nullopt, "entry");
   EXPECT_EQ(preferences.GetSelectedColumnIdentifierForTableIdentifier("entry"), "amount");
-}
-
-TEST(AccountPreferences, KeepCopiesOfColumns) {
-  LDGRAccountPreferences preferences;
-  plist::Array columns;
-  columns.Append("date");
-  preferences.SetColumns(columns, "entry");
-  preferences.SetHiddenColumns(columns, "entry");
-  columns.Append("amount");
-  EXPECT_EQ(preferences.GetColumnsForTableIdentifier("entry")->size(), 1U);
-  EXPECT_EQ(preferences.GetHiddenColumnsForTableIdentifier("entry")->size(), 1U);
 }
 
 }  // namespace

@@ -2,8 +2,8 @@
 
 #include <gtest/gtest.h>
 
-#include <limits>
-#include <utility>
+#include <charconv>
+#include <cmath>
 #include <vector>
 
 #include "fakes/fake_ambient.h"
@@ -20,73 +20,47 @@ plist::Dictionary Parse(const std::string& content) {
   return plist::Read("<plist><dict>" + content + "</dict></plist>").value.DictionaryValue();
 }
 
+// "key=value" for each key in order; reals as the 32-bit numbers they are read into.
+std::string Listing(const plist::Dictionary& dictionary) {
+  std::string listing;
+  for (const plist::DictionaryItem& item : dictionary) {
+    const plist::Value& value = item.value();
+    listing.append(listing.empty() ? "" : " ").append(item.key()).append("=");
+    if (value.kind() == plist::Kind::Real) {
+      char digits[32];
+      const auto number = static_cast<float>(value.DoubleValue());
+      listing.append(digits, std::to_chars(digits, std::end(digits), number).ptr).append("f");
+    } else if (value.kind() == plist::Kind::Boolean) {
+      listing += value.BooleanValue() ? "true" : "false";
+    } else {
+      listing += value.IsString()  ? '"' + std::string(value.StringValue()) + '"'
+                 : value.IsArray() ? "[]"
+                                   : std::to_string(value.IntegerValue());
+    }
+  }
+  return listing;
+}
+
 TEST(Preferences, AreStoredUnderTheirNamesInTheirOrderWithTheirDefaults) {
   FakeAmbient ambient;
   ambient.locale.default_encoding = 30;
-  const std::pair<std::string_view, plist::Value> expected[] = {
-      {"version", 2},
-      {"backupInterval", 7},
-      {"dateFormat", 0},
-      {"amountFormat", 0},
-      {"showAccountsDrawer", true},
-      {"entryRemoveConfirm", true},
-      {"italicizeFutureEntries", true},
-      {"scheduleRemoveConfirm", true},
-      {"useEllipses", false},
-      {"numberChecksAutomatically", true},
-      {"debitColor_Red", 1.0},
-      {"debitColor_Green", 0.1882},
-      {"debitColor_Blue", 0.1608},
-      {"debitColor_Alpha", 1.0},
-      {"depositColor_Red", 0.2549},
-      {"depositColor_Green", 0.6392},
-      {"depositColor_Blue", 0.0039},
-      {"depositColor_Alpha", 1.0},
-      {"transferColor_Red", 0.0},
-      {"transferColor_Green", 0.3922},
-      {"transferColor_Blue", 0.9098},
-      {"transferColor_Alpha", 1.0},
-      {"entryFont", "Sans"},
-      {"entryFontSize", 11},
-      {"accountPreferences", plist::Array()},
-      {"selectedAccountNumber", -1},
-      {"accountListSortDescending", false},
-      {"accountListSortKey", "accounts"},
-      {"showCurrencySymbol", true},
-      {"balanceMode", 0},
-      {"saveFilterSettings", false},
-      {"liveUpdatingFilters", true},
-      {"checkForUpdates", false},
-      {"selectWhichFieldFirstWhenAddingEntries", 0},
-      {"selectWhichFieldFirstWhenChangingEntries", 1},
-      {"defaultDateWhenAddingEntries", 0},
-      {"scheduleReminderInterval", 900},
-      {"QIFExportDateFormat", "%m/%d/%y"},
-      {"QIFExportAccount", -5},
-      {"QIFExportEncoding", 30},
-      {"speakEntriesStyle", 0},
-      {"speakEntryAmounts", false},
-      {"pauseBetweenSpokenEntries", 1.8},
-      {"accountsDrawerWidth", -1.0},
-      {"accountsDrawerPreferredEdge", 2},
-      {"scheduleLookAhead", 1},
-      {"scheduleLookAheadType", 0},
-      {"scheduleReminderBalanceMode", 2},
-  };
-  const plist::Dictionary dictionary = LDGRPreferences().asDictionary();
-  ASSERT_EQ(dictionary.size(), std::size(expected));
-  for (std::size_t i = 0; i < std::size(expected); ++i) {
-    const plist::DictionaryItem& item = dictionary.begin()[i];
-    const plist::Value& value = expected[i].second;
-    EXPECT_EQ(item.key(), expected[i].first);
-    ASSERT_EQ(item.value().kind(), value.kind()) << item.key();
-    if (value.kind() == plist::Kind::Real) {
-      EXPECT_EQ(static_cast<float>(item.value().DoubleValue()),
-                static_cast<float>(value.DoubleValue()));
-    } else {
-      EXPECT_EQ(item.value(), value) << item.key();
-    }
-  }
+  EXPECT_EQ(
+      Listing(LDGRPreferences().asDictionary()),
+      "version=2 backupInterval=7 dateFormat=0 amountFormat=0 showAccountsDrawer=true "
+      "entryRemoveConfirm=true italicizeFutureEntries=true scheduleRemoveConfirm=true "
+      "useEllipses=false numberChecksAutomatically=true debitColor_Red=1f debitColor_Green=0.1882f "
+      "debitColor_Blue=0.1608f debitColor_Alpha=1f depositColor_Red=0.2549f "
+      "depositColor_Green=0.6392f depositColor_Blue=0.0039f depositColor_Alpha=1f "
+      "transferColor_Red=0f transferColor_Green=0.3922f transferColor_Blue=0.9098f "
+      "transferColor_Alpha=1f entryFont=\"Sans\" entryFontSize=11 accountPreferences=[] "
+      "selectedAccountNumber=-1 accountListSortDescending=false accountListSortKey=\"accounts\" "
+      "showCurrencySymbol=true balanceMode=0 saveFilterSettings=false liveUpdatingFilters=true "
+      "checkForUpdates=false selectWhichFieldFirstWhenAddingEntries=0 "
+      "selectWhichFieldFirstWhenChangingEntries=1 defaultDateWhenAddingEntries=0 "
+      "scheduleReminderInterval=900 QIFExportDateFormat=\"%m/%d/%y\" QIFExportAccount=-5 "
+      "QIFExportEncoding=30 speakEntriesStyle=0 speakEntryAmounts=false "
+      "pauseBetweenSpokenEntries=1.8f accountsDrawerWidth=-1f accountsDrawerPreferredEdge=2 "
+      "scheduleLookAhead=1 scheduleLookAheadType=0 scheduleReminderBalanceMode=2");
 }
 
 TEST(Preferences, LogEachMissingKeyAndEachWrongKindAndKeepItsDefault) {
@@ -112,25 +86,6 @@ TEST(Preferences, LogEachMissingKeyAndEachWrongKindAndKeepItsDefault) {
       EXPECT_EQ(ambient.log.Take(), Lines{key + " is in wrong format for LDGRPreferences."});
     }
   }
-}
-
-TEST(Preferences, TakeAnyNumberForANumber) {
-  FakeAmbient ambient;
-  plist::Dictionary dictionary = LDGRPreferences().asDictionary();
-  dictionary.Set("backupInterval", 9.99);
-  dictionary.Set("useEllipses", 2);
-  dictionary.Set("balanceMode", true);
-  dictionary.Set("scheduleLookAhead", 1e300);
-  dictionary.Set("entryFontSize", std::numeric_limits<double>::quiet_NaN());
-  dictionary.Set("debitColor_Red", false);
-  const LDGRPreferences preferences(dictionary);
-  EXPECT_EQ(preferences.GetBackupInterval(), 9);
-  EXPECT_TRUE(preferences.GetUseEllipses());
-  EXPECT_EQ(preferences.GetBalanceMode(), 1);
-  EXPECT_EQ(preferences.GetScheduleLookAhead(), std::numeric_limits<std::int32_t>::max());
-  EXPECT_EQ(preferences.GetEntryFontSize(), 0);
-  EXPECT_EQ(preferences.GetDebitColor_Red(), 0.0F);
-  EXPECT_TRUE(ambient.log.Lines().empty());
 }
 
 TEST(Preferences, AreBroughtToTheCurrentVersion) {
@@ -208,11 +163,12 @@ TEST(Preferences, CanBeSetByName) {
     plist::Value value;
     bool taken;
   } const cases[] = {
-      {"backupInterval", 3, true},        {"QIFExportDateFormat", "%d.%m.%Y", true},
-      {"showCurrencySymbol", 0, true},    {"pauseBetweenSpokenEntries", 2.5, true},
-      {"backupInterval", "4", false},     {"entryFont", 4, false},
-      {"backupInterval", {}, false},      {"version", 1, false},
-      {"accountPreferences", "x", false}, {"nothing", 1, false},
+      {"backupInterval", 3, true},           {"QIFExportDateFormat", "%d.%m.%Y", true},
+      {"showCurrencySymbol", 0, true},       {"scheduleLookAhead", 1e300, true},
+      {"entryFontSize", std::nan(""), true}, {"pauseBetweenSpokenEntries", 2.5, true},
+      {"backupInterval", "4", false},        {"entryFont", 4, false},
+      {"backupInterval", {}, false},         {"version", 1, false},
+      {"accountPreferences", "x", false},    {"nothing", 1, false},
       {"backupinterval", 1, false},
   };
   for (const auto& c : cases) {
@@ -221,36 +177,27 @@ TEST(Preferences, CanBeSetByName) {
   EXPECT_EQ(preferences.GetBackupInterval(), 3);
   EXPECT_EQ(preferences.GetQIFExportDateFormat(), "%d.%m.%Y");
   EXPECT_FALSE(preferences.GetShowCurrencySymbol());
+  EXPECT_EQ(preferences.GetScheduleLookAhead(), 2147483647);
+  EXPECT_EQ(preferences.GetEntryFontSize(), 0);
   EXPECT_EQ(preferences.FieldValue("pauseBetweenSpokenEntries"), plist::Value(2.5));
   EXPECT_TRUE(preferences.FieldValue("nothing").IsNone());
 }
 
 TEST(Preferences, ResetOfAppearanceBlackensDebitsAndDepositsAlone) {
   LDGRPreferences preferences;
+  std::string listing = Listing(preferences.asDictionary());
+  for (const std::string color : {"debitColor", "depositColor"}) {
+    for (const std::string part : {"_Red=", "_Green=", "_Blue="}) {
+      const std::size_t start = listing.find(color + part) + (color + part).size();
+      listing.replace(start, listing.find(' ', start) - start, "0f");
+    }
+  }
   preferences.SetDateFormat(2);
   preferences.SetAmountFormat(1);
   preferences.SetEntryRemoveConfirm(false);
-  preferences.SetTransferColor_Red(0.5F);
   preferences.SetDebitColor_Alpha(0.5F);
-  preferences.SetBackupInterval(1);
   preferences.DefaultAppearanceSettings();
-  EXPECT_EQ(preferences.GetDateFormat() + preferences.GetAmountFormat(), 0);
-  EXPECT_TRUE(preferences.GetEntryRemoveConfirm());
-  EXPECT_EQ(preferences.GetDebitColor_Red() + preferences.GetDebitColor_Green() +
-                preferences.GetDepositColor_Green() + preferences.GetDepositColor_Blue(),
-            0.0F);
-  EXPECT_EQ(preferences.GetDebitColor_Alpha(), 1.0F);
-  EXPECT_EQ(preferences.GetTransferColor_Red(), 0.5F);
-  EXPECT_EQ(preferences.GetBackupInterval(), 1);
-}
-
-TEST(SharedPreferences, AreMadeOnFirstUse) {
-  LDGRPreferences::SetSharedPreferences(nullptr);
-  LDGRPreferences& first = LDGRPreferences::sharedPreferences();
-  EXPECT_EQ(&LDGRPreferences::sharedPreferences(), &first);
-  first.SetBackupInterval(99);
-  LDGRPreferences::SetSharedPreferences(nullptr);
-  EXPECT_EQ(LDGRPreferences::sharedPreferences().GetBackupInterval(), 7);
+  EXPECT_EQ(Listing(preferences.asDictionary()), listing);
 }
 
 }  // namespace
