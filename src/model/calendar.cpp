@@ -84,8 +84,9 @@ CivilTime Normalized(const CivilTime& time) noexcept {
 
 CivilTime AddSeconds(const CivilTime& time, std::int64_t seconds) noexcept {
   const std::int64_t days = FloorDivide(seconds, kSecondsADay);
+  const std::int64_t rest = seconds % kSecondsADay;
   CivilTime result = Normalized(time);
-  result.second += static_cast<int>(seconds - days * kSecondsADay);
+  result.second += static_cast<int>(rest < 0 ? rest + kSecondsADay : rest);
   return AddDays(result, days);
 }
 
