@@ -1,9 +1,13 @@
 #include <algorithm>
 #include <compare>
+#include <cstddef>
 #include <cstdint>
+#include <unordered_map>
+#include <vector>
 
 #include "model/account.h"
 #include "model/amounts.h"
+#include "model/packed_sort.h"
 
 namespace tallyfold {
 namespace {
@@ -27,6 +31,14 @@ struct Place {
         number(entry.IsCheck() ? entry.GetCheckNumber() : entry.GetNumber()) {}
 
   [[nodiscard]] bool IsCheck() const noexcept { return day_and_kind % 2 == 0; }
+  [[nodiscard]] PackedKey Packed(std::size_t index) const noexcept {
+    return {static_cast<std::uint64_t>(day_and_kind) ^ 0x8000'0000'0000'0000U, InOrder(number),
+            static_cast<std::uint32_t>(index)};
+  }
+  // The same of a packed place, without a look at its entry.
+  [[nodiscard]] static bool IsCheckPacked(const PackedKey& place) noexcept {
+    return place.high % 2 == 0;
+  }
   friend auto operator<=>(const Place&, const Place&) = default;
 };
 
@@ -34,6 +46,34 @@ struct Place {
 // one day and number each counts in the other's, of two other entries neither.
 bool ComesBefore(const Place& other, const Place& place) noexcept {
   return place.IsCheck() ? other <= place : other < place;
+}
+
+// The running balance at each of the entries.
+std::vector<double> BalancesOf(const EntryList& entries, double balance) {
+  std::vector<double> amounts;
+  std::vector<PackedKey> lines;
+  amounts.reserve(entries.size());
+  lines.reserve(entries.size());
+  for (const auto& entry : entries) {
+    lines.push_back(Place(*entry).Packed(lines.size()));
+    amounts.push_back(entry->GetAmount());
+  }
+  SortPacked(lines);
+
+  std::vector<double> balances(entries.size());
+  for (auto line = lines.begin(); line != lines.end();) {
+    const auto end = std::find_if(line, lines.end(), [line](const PackedKey& other) {
+      return other.high != line->high || other.low != line->low;
+    });
+    // Checks that share their place count in one another's balance, other entries do not.
+    const bool shares = Place::IsCheckPacked(*line);
+    const double before = balance;
+    for (auto i = line; i != end; ++i) balance += amounts[i->index];
+    for (; line != end; ++line) {
+      balances[line->index] = shares ? balance : before + amounts[line->index];
+    }
+  }
+  return balances;
 }
 
 }  // namespace
@@ -74,32 +114,24 @@ double LDGRAccount::GetRunningBalanceThroughDate(DateNumber date) const noexcept
 }
 
 std::vector<double> LDGRAccount::RunningBalances(const EntryList& rows) const {
-  struct Line {
-    Place place;
-    double amount;
-  };
-  std::vector<Line> lines;
-  lines.reserve(entries_.size());
-  for (const auto& entry : entries_) lines.push_back({Place(*entry), entry->GetAmount()});
-  std::sort(lines.begin(), lines.end(),
-            [](const Line& a, const Line& b) { return a.place < b.place; });
-
-  // balances[i] is the balance with the first i lines of the register.
-  std::vector<double> balances;
-  balances.reserve(lines.size() + 1);
-  balances.push_back(starting_balance_);
-  for (const Line& line : lines) balances.push_back(balances.back() + line.amount);
-
+  const std::vector<double> balances = BalancesOf(entries_, starting_balance_);
   std::vector<double> result;
   result.reserve(rows.size());
+  // Rows in the order of the entries, filtered or not, are found by walking along.
+  std::size_t position = 0;
   for (const auto& row : rows) {
-    const Place place(*row);
-    const auto end = std::partition_point(lines.begin(), lines.end(), [&place](const Line& line) {
-      return ComesBefore(line.place, place);
-    });
-    const double balance = balances[static_cast<std::size_t>(end - lines.begin())];
-    // A check shares its place with itself and has been counted.
-    result.push_back(place.IsCheck() ? balance : balance + row->GetAmount());
+    while (position < entries_.size() && entries_[position] != row) ++position;
+    if (position == entries_.size()) break;
+    result.push_back(balances[position++]);
+  }
+  if (result.size() == rows.size()) return result;
+
+  std::unordered_map<const LDGRAccountEntry*, std::size_t> positions;
+  positions.reserve(entries_.size());
+  for (std::size_t i = 0; i < entries_.size(); ++i) positions.emplace(entries_[i].get(), i);
+  for (std::size_t i = result.size(); i < rows.size(); ++i) {
+    const auto found = positions.find(rows[i].get());
+    result.push_back(found != positions.end() ? balances[found->second] : 0.0);
   }
   return result;
 }

@@ -1,0 +1,53 @@
+#include "model/packed_sort.h"
+
+#include <algorithm>
+#include <array>
+#include <cstddef>
+#include <utility>
+
+namespace tallyfold {
+namespace {
+
+// Below this the passes cost more than comparing.
+constexpr std::size_t kFewKeys = 256;
+
+using Part = std::uint64_t PackedKey::*;
+
+// One pass of a radix sort: stably by one byte, from `keys` into `target`.
+void SortByByte(const std::vector<PackedKey>& keys, Part part, unsigned shift,
+                std::vector<PackedKey>& target) {
+  const auto byte_of = [part, shift](const PackedKey& key) {
+    return static_cast<std::size_t>((key.*part) >> shift & 0xFFU);
+  };
+  std::array<std::uint32_t, 256> next{};
+  for (const PackedKey& key : keys) ++next[byte_of(key)];
+  std::uint32_t start = 0;
+  for (std::uint32_t& count : next) start += std::exchange(count, start);
+  for (const PackedKey& key : keys) target[next[byte_of(key)]++] = key;
+}
+
+void SortByPart(std::vector<PackedKey>& keys, Part part, std::vector<PackedKey>& scratch) {
+  std::uint64_t differing = 0;
+  for (const PackedKey& key : keys) differing |= key.*part ^ keys.front().*part;
+  for (unsigned shift = 0; shift < 64; shift += 8) {
+    if ((differing >> shift & 0xFFU) == 0) continue;
+    SortByByte(keys, part, shift, scratch);
+    keys.swap(scratch);
+  }
+}
+
+}  // namespace
+
+void SortPacked(std::vector<PackedKey>& keys) {
+  if (keys.size() < kFewKeys) {
+    std::stable_sort(keys.begin(), keys.end(), [](const PackedKey& a, const PackedKey& b) {
+      return a.high != b.high ? a.high < b.high : a.low < b.low;
+    });
+    return;
+  }
+  std::vector<PackedKey> scratch(keys.size());
+  SortByPart(keys, &PackedKey::low, scratch);
+  SortByPart(keys, &PackedKey::high, scratch);
+}
+
+}  // namespace tallyfold
