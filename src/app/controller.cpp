@@ -268,6 +268,12 @@ void LDGRController::controlTextDidChange(TypedField field, std::string_view tex
   }
 }
 
+AccountsStore::RestoreResult LDGRController::Accounts_RestoreBackup(const std::string& name) {
+  const auto result = accounts_.Accounts_RestoreBackup(name);
+  if (result == AccountsStore::RestoreResult::Restored) Accounts_PostLoad();
+  return result;
+}
+
 void LDGRController::SelectEntry(const std::shared_ptr<LDGRAccountEntry>& entry) {
   selected_entry_ = entry;
   front_end_.Changed(Area::SelectedEntry);

@@ -210,6 +210,8 @@ class LDGRController {
   bool Accounts_SaveToFilePath(const std::optional<std::string>& path) {
     return authenticated() && accounts_.Accounts_SaveToFilePath(path);
   }
+  // As the store's; what was restored is then shown like what was launched with.
+  [[nodiscard]] AccountsStore::RestoreResult Accounts_RestoreBackup(const std::string& name);
 
   // --- storage/preferences_store.h ---------------------------------------------------------------
   [[nodiscard]] const PreferencesStore& preferencesStore() const noexcept { return preferences_; }

@@ -10,6 +10,7 @@
 #include "system/posix_file_system.h"
 #include "system/posix_terminal.h"
 #include "system/program_speech.h"
+#include "system/standard_streams.h"
 #include "system/system_clock.h"
 #include "system/system_locale.h"
 #include "system/system_process_launcher.h"
@@ -25,6 +26,8 @@ constexpr std::chrono::seconds kSkippedDelays{3};
 
 int main() {
   using namespace tallyfold;
+
+  OpenMissingStandardStreams();
 
   SystemClock clock;
   SystemLocale locale;

@@ -55,6 +55,25 @@ void ListBackups(Console& console, const Arguments& /*arguments*/) {
   console.printer.Show(table);
 }
 
+void Restore(Console& console, const Arguments& arguments) {
+  const std::string& name = arguments.WordAt(0);
+  switch (console.controller.Accounts_RestoreBackup(name)) {
+    case AccountsStore::RestoreResult::Restored:
+      console.printer.Confirm("Restored " + name + ".");
+      break;
+    case AccountsStore::RestoreResult::Declined:
+      if (console.questions.AsksPerson()) return console.printer.Confirm("Nothing was restored.");
+      throw CommandError("nothing was restored; answer Restore before the command restores it");
+    case AccountsStore::RestoreResult::Unreadable:
+      throw CommandError("there is no backup " + Quoted(name) +
+                         " that can be read; backups lists them");
+    case AccountsStore::RestoreResult::Failed:
+      throw CommandError("nothing was restored; the accounts of now could not be kept");
+    case AccountsStore::RestoreResult::Ended:
+      break;
+  }
+}
+
 constexpr Command kCommands[] = {
     {.name = "save",
      .help = "writes the accounts to their file now",
@@ -71,6 +90,13 @@ constexpr Command kCommands[] = {
      .help = "lists the backups of the accounts file, the newest first",
      .example = "backups",
      .run = ListBackups},
+    {.name = "restore",
+     .words = "BACKUP",
+     .least_words = 1,
+     .most_words = 1,
+     .help = "puts a backup in the place of the accounts, which are kept, after a question",
+     .example = "restore Accounts_3_2_2026_1.0.0",
+     .run = Restore},
 };
 
 }  // namespace

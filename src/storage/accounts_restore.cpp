@@ -15,6 +15,8 @@ constexpr std::size_t kGreatestBackup = std::size_t{2} << 30;
 
 AccountsStore::RestoreResult AccountsStore::Accounts_RestoreBackup(const std::string& name) {
   if (!authenticated_) return RestoreResult::Failed;
+  // A name, not a path out of the folder.
+  if (name.find('/') != std::string::npos) return RestoreResult::Unreadable;
   const auto file = services_.files.Read(paths_.backup_folder + '/' + name);
   if (!file) return RestoreResult::Unreadable;
   std::string_view content = file->view();
