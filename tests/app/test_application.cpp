@@ -4,10 +4,11 @@
 
 namespace tallyfold {
 
-TestApplication::TestApplication()
+TestApplication::TestApplication(bool is_loaded)
     : app({files, alerts, panels, processes, speech, loop, notifications, host, encodings}) {
   ambient.clock.SetLocal({2004, 3, 7, 12, 0, 0});
   app.SetFrontEnd(&front_end);
+  if (!is_loaded) return;
   app.Preferences_Init();
   static_cast<void>(app.Accounts_Load());
 }

@@ -24,9 +24,9 @@ class TestFrontEnd final : public FrontEnd {
   bool refuses = false;
 };
 
-// The application on fakes, on 7 March 2004 at noon, without accounts.
+// The application on fakes, on 7 March 2004 at noon, with its files read, which hold nothing.
 struct TestApplication {
-  TestApplication();
+  explicit TestApplication(bool is_loaded = true);
 
   // A new account, which is then selected.
   std::shared_ptr<LDGRAccount> AddAccount(const std::string& name);

@@ -1,0 +1,215 @@
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <functional>
+
+#include "app/test_application.h"
+
+namespace tallyfold {
+namespace {
+
+using Texts = std::vector<std::string>;
+
+TEST(ApplicationLock, SavesThenClearsTheScreenThenAsks) {
+  TestApplication test;
+  test.AddAccount("A");
+  const auto b = test.AddAccount("B");
+  auto& app = test.app;
+  app.setPassword("Secret");
+  app.setPassword(std::nullopt);
+  EXPECT_EQ(app.password(), "Secret");
+  app.lock();
+  ASSERT_EQ(test.files.Changes().size() >= 2, true);
+  EXPECT_FALSE(app.authenticated());
+  EXPECT_EQ(app.SelectedAccount(), nullptr);
+  EXPECT_EQ(app.WindowTitle(), "Tallyfold:  No Account Selected");
+  EXPECT_EQ(app.OpenSheet(), Sheet::Authentication);
+  EXPECT_TRUE(app.accountsDrawer().Rows().empty());
+  EXPECT_TRUE(app.AccountMenu().empty());
+  EXPECT_EQ(app.Commands(), CommandsState());
+
+  // Nothing gets past it or writes.
+  test.files.ForgetChanges();
+  app.lock();
+  app.Account_Select(b);
+  EXPECT_EQ(app.SelectedAccount(), nullptr);
+  EXPECT_FALSE(app.Entry_Debit() || app.Account_Add() || app.PreferencesSheet_Open());
+  EXPECT_FALSE(app.Accounts_Save() || app.Preferences_Save());
+  EXPECT_FALSE(app.Accounts_SaveToFilePath("/home/user/copy"));
+  app.CancelOpenSheet();
+  EXPECT_EQ(app.OpenSheet(), Sheet::Authentication);
+  EXPECT_TRUE(test.files.Changes().empty());
+
+  for (const auto& [typed, is_right] :
+       {std::pair{"", false}, {"secret", false}, {"Secret ", false}, {"Secret", true}}) {
+    app.authenticationSheet_ValidatePassword(typed);
+    EXPECT_EQ(app.authenticationSheet().ok_is_enabled, is_right) << typed;
+    if (is_right) break;
+    EXPECT_FALSE(app.authenticationSheet_OK()) << typed;
+  }
+  // The preference counts, not what was shown before.
+  app.preferences().SetSelectedAccountNumber(1);
+  EXPECT_TRUE(app.authenticationSheet_OK());
+  EXPECT_EQ(app.OpenSheet(), Sheet::None);
+  EXPECT_EQ(app.SelectedAccount(), nullptr);  // only after the current event
+  test.loop.FinishEvent();
+  EXPECT_EQ(app.SelectedAccount()->GetName(), "A");
+}
+
+TEST(ApplicationLock, EndsTheProgramWhenItIsCancelled) {
+  TestApplication test;
+  test.app.setPassword("x");
+  test.app.lock();
+  test.app.authenticationSheet_Cancel();
+  EXPECT_EQ(test.host.Requests(), Texts{"terminate"});
+  EXPECT_FALSE(test.app.authenticated());
+}
+
+TEST(ApplicationLock, IsOpenedByThePasswordAloneAndStaysOpen) {
+  TestApplication test;
+  test.app.setPassword("x");
+  EXPECT_FALSE(test.app.authenticate(std::nullopt));
+  EXPECT_TRUE(test.app.authenticate("wrong"));  // it was unlocked before
+  test.app.lock();
+  EXPECT_FALSE(test.app.authenticate("wrong"));
+  EXPECT_TRUE(test.app.authenticate("x"));
+}
+
+// Three accounts, of which the first two have passwords and are locked, the third is selected.
+struct LockedAccounts : TestApplication {
+  LockedAccounts() : a(AddAccount("A")), b(AddAccount("B")), c(AddAccount("C")) {
+    for (const auto& account : {a, b}) {
+      account->SetPassword("key");
+      account->setAuthenticated(false);
+    }
+  }
+
+  std::shared_ptr<LDGRAccount> a;
+  std::shared_ptr<LDGRAccount> b;
+  std::shared_ptr<LDGRAccount> c;
+};
+
+TEST(AccountPasswords, AreAskedForAndLeaveTheSelectionUntilGiven) {
+  LockedAccounts test;
+  auto& app = test.app;
+  app.Account_Select(test.a);
+  EXPECT_EQ(app.OpenSheet(), Sheet::AccountAuthentication);
+  EXPECT_EQ(app.AccountAuthenticationSheet().title,
+            "The Account \"A\" is protected by a password.");
+  EXPECT_EQ(app.SelectedAccount(), test.c);
+
+  app.AccountAuthenticationSheet_Cancel();
+  EXPECT_EQ(app.SelectedAccount(), test.c);
+  EXPECT_EQ(app.authenticatingAccount(), nullptr);
+
+  app.Account_Select(test.b);
+  EXPECT_EQ(app.authenticatingAccount(), test.b);
+  app.accountAuthenticationSheet_ValidatePassword("Key");
+  EXPECT_FALSE(app.AccountAuthenticationSheet().ok_is_enabled);
+  EXPECT_FALSE(app.AccountAuthenticationSheet_OK());
+  EXPECT_EQ(app.OpenSheet(), Sheet::AccountAuthentication);
+  app.accountAuthenticationSheet_ValidatePassword("key");
+  EXPECT_TRUE(app.AccountAuthenticationSheet().ok_is_enabled);
+  EXPECT_TRUE(app.AccountAuthenticationSheet_OK());
+  EXPECT_EQ(app.SelectedAccount(), test.b);
+
+  app.Account_Lock(test.b);
+  EXPECT_EQ(app.SelectedAccount(), nullptr);
+  EXPECT_TRUE(test.b->IsLocked());
+  app.Account_Lock(nullptr);
+  app.Account_Select(test.a);
+  app.AccountAuthenticationSheet_Cancel();
+  EXPECT_EQ(app.SelectedAccount(), nullptr);
+}
+
+TEST(AccountPasswords, AskedForWithoutNeedBlockFurtherOnesUntilASheetCloses) {
+  LockedAccounts test;
+  auto& app = test.app;
+  app.Account_Authenticate(nullptr);
+  EXPECT_EQ(app.authenticatingAccount(), nullptr);
+  app.Account_Authenticate(test.c);
+  EXPECT_EQ(app.authenticatingAccount(), test.c);
+  EXPECT_EQ(app.OpenSheet(), Sheet::None);
+  app.Account_Select(test.a);
+  EXPECT_EQ(app.OpenSheet(), Sheet::None);
+  EXPECT_EQ(app.SelectedAccount(), test.c);
+  app.AccountAuthenticationSheet_Close();
+  app.Account_Select(test.a);
+  EXPECT_EQ(app.OpenSheet(), Sheet::AccountAuthentication);
+}
+
+TEST(TypedFields, GoWhereTheyBelong) {
+  LockedAccounts test;
+  auto& app = test.app;
+  using Field = LDGRController::TypedField;
+  app.controlTextDidChange(Field::Search, "food");
+  EXPECT_EQ(test.c->entryFilterData().StringValue(), "food");
+  app.Account_Select(test.a);
+  app.controlTextDidChange(Field::AccountPassword, "key");
+  EXPECT_TRUE(app.AccountAuthenticationSheet().ok_is_enabled);
+  app.AccountAuthenticationSheet_Cancel();
+  app.PreferencesSheet_Open();
+  app.controlTextDidChange(Field::PreferencesPassword, "x");
+  EXPECT_TRUE(app.preferencesSheet().passwords_differ);
+  app.controlTextDidChange(Field::PreferencesPasswordAgain, "x");
+  EXPECT_FALSE(app.preferencesSheet().passwords_differ);
+  app.PreferencesSheet_OK();
+  app.lock();
+  app.controlTextDidChange(Field::Password, "x");
+  EXPECT_TRUE(app.authenticationSheet().ok_is_enabled);
+}
+
+TEST(PreferencesSheet, PutsItsCopyInForceAtOKAlone) {
+  TestApplication test;
+  auto& app = test.app;
+  test.AddAccount("A");
+  ASSERT_TRUE(app.PreferencesSheet_Open());
+  app.preferencesSheet().settings->SetBackupInterval(30);
+  app.preferencesSheet().settings->SetAmountFormat(1);
+  app.PreferencesSheet_DefaultAppearanceSettings();
+  app.preferencesSheet_PasswordValidate("x", "x");
+  app.PreferencesSheet_Cancel();
+  EXPECT_EQ(app.preferences().GetBackupInterval(), 7);
+  EXPECT_EQ(app.preferences().GetDebitColor_Red(), 1.0F);
+  EXPECT_EQ(app.password(), "");
+
+  app.PreferencesSheet_Open();
+  app.preferencesSheet().settings->SetBackupInterval(30);
+  app.preferencesSheet().settings->SetShowAccountsDrawer(true);
+  app.PreferencesSheet_DefaultAppearanceSettings();
+  app.preferencesSheet_PasswordValidate("x", "x");
+  test.front_end.refuses = true;
+  EXPECT_FALSE(app.PreferencesSheet_OK());
+  test.front_end.refuses = false;
+  EXPECT_TRUE(app.PreferencesSheet_OK());
+  EXPECT_EQ(app.preferences().GetBackupInterval(), 30);
+  EXPECT_EQ(app.preferences().GetSelectedAccountNumber(), 1);
+  EXPECT_EQ(app.preferences().GetDebitColor_Red(), 0.0F);
+  EXPECT_TRUE(app.accountsDrawer().State().is_open);
+  EXPECT_EQ(app.password(), "x");
+  EXPECT_TRUE(app.authenticated());
+}
+
+TEST(PreferencesSheet, KeepsItsSecurityTabWhileThePasswordsDiffer) {
+  struct Window final : MainWindow {
+    void FocusPasswordField() override { ++focused; }
+    int focused = 0;
+  } window;
+  TestApplication test;
+  auto& app = test.app;
+  app.SetMainWindow(&window);
+  app.PreferencesSheet_Open();
+  EXPECT_TRUE(app.PreferencesSheet_SelectTab("security"));
+  app.preferencesSheet_PasswordValidate("x", "");
+  EXPECT_FALSE(app.PreferencesSheet_SelectTab("general"));
+  EXPECT_EQ(app.preferencesSheet().tab, "security");
+  EXPECT_EQ(window.focused, 0);
+  test.loop.FinishEvent();
+  EXPECT_EQ(window.focused, 1);
+  EXPECT_FALSE(app.PreferencesSheet_OK());
+  app.preferencesSheet_PasswordValidate("x", "x");
+  EXPECT_TRUE(app.PreferencesSheet_SelectTab("general"));
+}
+
+}  // namespace
+}  // namespace tallyfold
