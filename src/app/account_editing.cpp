@@ -39,10 +39,12 @@ std::int32_t RowOfType(const std::vector<TypeRow>& rows,
   return row == rows.end() ? -1 : static_cast<std::int32_t>(row - rows.begin());
 }
 
+// Numbered by their rows.
 EntryTypeList TypesOfRows(const std::vector<TypeRow>& rows) {
   EntryTypeList types;
   for (const TypeRow& row : rows) {
     auto type = std::make_shared<LDGRAccountEntryType>();
+    type->SetNumber(static_cast<std::int32_t>(types.size()));
     type->SetName(row.name);
     type->SetIsCheck(row.is_check);
     type->SetIsDeposit(row.is_deposit);
@@ -142,9 +144,10 @@ bool AccountEditing::ImportTypesFrom(const LDGRAccount& other) {
   LDGRAccount scratch;
   scratch.SetTypes(TypesOfRows(rows));
   scratch.importTypesFromAccount(other);
-  for (auto i = rows.size(); i < scratch.GetTypes().size(); ++i) {
-    const auto& type = *scratch.GetTypes()[i];
-    rows.push_back({-1, type.GetName(), type.GetIsCheck(), type.GetIsDeposit()});
+  const auto rows_before = static_cast<std::int32_t>(rows.size());
+  for (const auto& type : scratch.GetTypes()) {
+    if (type->GetNumber() < rows_before) continue;
+    rows.push_back({-1, type->GetName(), type->GetIsCheck(), type->GetIsDeposit()});
   }
   front_end_.Changed(Area::AccountEditSheet);
   return true;

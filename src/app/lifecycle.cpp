@@ -13,7 +13,7 @@ void Lifecycle::awakeFromNib() {
 bool Lifecycle::applicationDidFinishLaunching() {
   if (!parts_.data_lock.Acquire()) return false;
   parts_.window->LoadDatePicker();
-  parts_.updates.PrepareAddress();
+  parts_.updates.SetAddress(std::string(BuiltInUpdateAddress()));
   parts_.window->SetUpBezels();
   parts_.preferences.Preferences_Init();
   parts_.window->updateTableFonts();

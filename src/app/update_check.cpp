@@ -27,6 +27,10 @@ bool IsVersion(std::string_view text) noexcept {
 
 }  // namespace
 
+std::string_view BuiltInUpdateAddress() noexcept {
+  return TALLYFOLD_UPDATE_ADDRESS;
+}
+
 int CompareVersions(std::string_view a, std::string_view b) noexcept {
   while (!a.empty() || !b.empty()) {
     const auto number_of_a = TakeNumber(a);
@@ -38,10 +42,6 @@ int CompareVersions(std::string_view a, std::string_view b) noexcept {
 
 UpdateCheck::~UpdateCheck() {
   if (service_ != nullptr) service_->Cancel();
-}
-
-void UpdateCheck::PrepareAddress() {
-  address_ = TALLYFOLD_UPDATE_ADDRESS;
 }
 
 void UpdateCheck::Begin(bool tell_all) {

@@ -3,6 +3,7 @@
 #include <cstdint>
 #include <string>
 #include <string_view>
+#include <utility>
 
 #include "app/front_end.h"
 #include "platform/application_host.h"
@@ -32,8 +33,8 @@ class UpdateCheck {
 
   [[nodiscard]] const UpdateState& State() const noexcept { return state_; }
 
-  // Takes the address to ask from the build; without one nobody is asked.
-  void PrepareAddress();
+  // Where to ask; "", as at first, asks nobody.
+  void SetAddress(std::string address) { address_ = std::move(address); }
   // In the background: the window opens only for a newer version.
   void CheckForUpdates_Auto() { Begin(false); }
   // Asked for by the user: the window tells whatever comes of it.
@@ -50,6 +51,9 @@ class UpdateCheck {
   std::string address_;
   UpdateState state_;
 };
+
+// The address that was built in; "" for none.
+[[nodiscard]] std::string_view BuiltInUpdateAddress() noexcept;
 
 // 1 when `a` is the later version, -1 when `b` is, else 0. Versions are compared number by number;
 // a part that is missing counts as 0, what follows a part's digits ("2.0b1") is disregarded.

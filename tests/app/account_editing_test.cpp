@@ -1,0 +1,264 @@
+#include "app/account_editing.h"
+
+#include <gtest/gtest.h>
+
+#include <functional>
+
+#include "app/test_application.h"
+#include "model/entry_type.h"
+
+namespace tallyfold {
+namespace {
+
+using Texts = std::vector<std::string>;
+using Typed = AccountEditSheetState::Typed;
+
+bool Edit(TestApplication& test, const std::function<void(Typed&)>& change) {
+  if (!test.app.Account_Edit()) return false;
+  Typed typed = test.app.AccountEditSheet().typed;
+  change(typed);
+  test.app.AccountEditSheet_Read(typed);
+  return test.app.AccountEditSheet_OK();
+}
+
+Texts TypeNames(const EntryTypeList& types) {
+  Texts names;
+  for (const auto& type : types) {
+    names.push_back(std::to_string(type->GetNumber()) + " " + type->GetName());
+  }
+  return names;
+}
+
+TEST(AccountSheet, CannotBeStoredUntilEverythingIsRight) {
+  struct Case {
+    const char* what;
+    std::function<void(Typed&)> change;
+    bool is_right;
+  } const cases[] = {
+      {"nothing", [](Typed&) {}, true},
+      {"no name", [](Typed& t) { t.name = ""; }, false},
+      {"a blank name", [](Typed& t) { t.name = " \t"; }, false},
+      {"no balance", [](Typed& t) { t.starting_balance.reset(); }, false},
+      {"a balance without end", [](Typed& t) { t.starting_balance = 1.0 / 0.0; }, false},
+      {"no check number", [](Typed& t) { t.starting_check_number.reset(); }, false},
+      {"a negative check number", [](Typed& t) { t.starting_check_number = -1; }, false},
+      {"one password", [](Typed& t) { t.password = "x"; }, false},
+      {"another case", [](Typed& t) { t.password = "x", t.password_again = "X"; }, false},
+      {"a password", [](Typed& t) { t.password = t.password_again = "x"; }, true},
+      {"a type without a name", [](Typed& t) { t.types[0].name = ""; }, false},
+      {"no types", [](Typed& t) { t.types.clear(); }, true},
+  };
+  for (const Case& c : cases) {
+    TestApplication test;
+    const auto account = test.AddAccount("A");
+    const auto revision = account->Revision();
+    EXPECT_EQ(Edit(test, c.change), c.is_right) << c.what;
+    EXPECT_EQ(test.app.AccountEditSheet().is_open, !c.is_right) << c.what;
+    if (c.is_right) continue;
+    EXPECT_FALSE(test.app.AccountEditSheet().ok_is_enabled) << c.what;
+    test.app.AccountEditSheet_Cancel();
+    EXPECT_EQ(account->Revision(), revision) << c.what;
+  }
+}
+
+TEST(AccountSheet, WritesIntoTheAccountItself) {
+  TestApplication test;
+  const auto account = test.AddAccount("A");
+  const auto check = account->AccountEntryTypeForNumber(0);
+  account->SetDefaultDebitType(check);
+  EXPECT_TRUE(Edit(test, [](Typed& t) {
+    EXPECT_EQ(t.types[static_cast<std::size_t>(t.default_debit_type)].name, "Check");
+    t.name = "House";
+    t.starting_balance = 12.345;
+    t.starting_check_number = 501;
+    t.password = t.password_again = "key";
+    t.types.push_back({-1, "Autos", true, false});
+    t.default_debit_type = static_cast<std::int32_t>(t.types.size()) - 1;
+    t.to_froms_style = 2;
+    t.tos = {"Shop"};
+    t.descriptions_count = 3;
+  }));
+  EXPECT_EQ(test.app.accounts().front(), account);
+  EXPECT_EQ(test.app.WindowTitle(), "Tallyfold:  House");
+  EXPECT_EQ(account->GetStartingBalance(), 12.35);
+  EXPECT_EQ(account->GetStartingCheckNumber(), 501);
+  EXPECT_EQ(account->GetPassword(), "key");
+  EXPECT_TRUE(account->IsAuthenticated());
+  EXPECT_EQ(TypeNames(account->GetTypes()).front(), "6 Autos");  // sorted by name
+  EXPECT_EQ(account->GetDefaultDebitType()->GetName(), "Autos");
+  EXPECT_EQ(account->AccountEntryTypeForNumber(0), check);
+  EXPECT_EQ(account->GetPreferredTos(), Texts{"Shop"});
+  EXPECT_EQ(account->GetPreference_Descriptions_SomeSelection(), 3);
+}
+
+TEST(AccountSheet, TakesUsedTypesOutOfUseAndForgetsOthers) {
+  TestApplication test;
+  const auto account = test.AddAccount("A");
+  test.AddDebit(1.0)->SetType(0);
+  auto schedule = std::make_shared<LDGRAccountSchedule>();
+  schedule->SetType(1);
+  account->AddSchedule(schedule);
+  account->SetDefaultDebitType(account->AccountEntryTypeForNumber(0));
+  EXPECT_TRUE(Edit(test, [](Typed& t) {
+    std::erase_if(t.types, [](const auto& row) { return row.number < 3; });
+    t.default_debit_type = -1;
+  }));
+  EXPECT_EQ(TypeNames(account->GetTypes()), (Texts{"3 Deposit", "4 Direct Deposit", "5 Gift"}));
+  EXPECT_EQ(TypeNames(account->GetInactiveTypes()), (Texts{"0 Check", "1 Debit Card"}));
+  EXPECT_EQ(account->GetDefaultDebitType(), nullptr);
+}
+
+TEST(AccountSheet, ImportsWhatItLacksFromAnUnlockedAccount) {
+  TestApplication test;
+  const auto a = test.AddAccount("A");
+  a->SetPreferredDebitDescriptions({"Food", "Rent"});
+  a->SetPreferredFroms({"Work"});
+  a->AccountEntryTypeForNumber(0)->SetName("Cheque");
+  const auto b = test.AddAccount("B");
+  b->SetPreferredDebitDescriptions({"food"});
+  auto& app = test.app;
+  EXPECT_FALSE(app.AccountEditSheet_ImportTypesFrom(*a));
+  app.Account_Edit();
+  for (const bool locked : {true, false}) {
+    a->SetPassword(locked ? "key" : "");
+    a->setAuthenticated(false);
+    EXPECT_EQ(app.AccountEditSheet_ImportTypesFrom(*a), !locked);
+    EXPECT_EQ(app.AccountEditSheet_ImportDescriptionsFrom(*a), !locked);
+    EXPECT_EQ(app.AccountEditSheet_ImportToFromsFrom(*a), !locked);
+  }
+  EXPECT_TRUE(b->Froms_Specific().empty());
+  EXPECT_TRUE(app.AccountEditSheet_OK());
+  EXPECT_EQ(b->DebitDescriptions_Specific(), (Texts{"food", "Rent"}));
+  EXPECT_EQ(b->Froms_Specific(), Texts{"Work"});
+  EXPECT_EQ(TypeNames(b->GetTypes())[1], "6 Cheque");
+}
+
+TEST(AccountRemoval, AsksOnceAndUnlinksWhatPointsThere) {
+  TestApplication test;
+  auto& app = test.app;
+  const auto a = test.AddAccount("A");
+  const auto b = test.AddAccount("B");
+  const auto c = test.AddAccount("C");
+  app.Account_Select(a);
+  const auto half = test.AddTransferTo(*b, 5.0);
+  const auto other_half = test.AddTransferTo(*c, 6.0);
+  auto schedule = std::make_shared<LDGRAccountSchedule>();
+  schedule->SetIsTransfer(true);
+  schedule->SetTransferAccount(2);
+  schedule->SetTransferEntry(9);
+  a->AddSchedule(schedule);
+  a->setLastTransferAccount(2);
+  app.preferences().GetPreferencesForAccountNumber(2);
+  app.Account_Select(b);
+
+  EXPECT_FALSE(app.Account_Remove());  // the first button is the safe one
+  ASSERT_EQ(test.alerts.Requests().size(), 1U);
+  EXPECT_EQ(
+      test.alerts.Requests()[0].message,
+      "The account \"B\" holds 1 entry and 0 scheduled entries.  In other accounts, the other "
+      "halves of its transfers stay as ordinary entries: 1.  Removing it cannot be undone.");
+  EXPECT_EQ(app.accounts().size(), 3U);
+
+  test.alerts.Answer("Remove");
+  EXPECT_TRUE(app.Account_Remove());
+  EXPECT_EQ(app.accounts(), (AccountList{a, c}));
+  EXPECT_EQ(app.SelectedAccount(), c);
+  EXPECT_EQ(Line(*half), "#1 20040307 transfer -5.00 to 'B' origin");
+  EXPECT_EQ(other_half->GetTransferAccount(), 3);
+  EXPECT_EQ(schedule->GetTransferAccount(), -1);
+  EXPECT_EQ(schedule->GetTransferEntry(), -1);
+  EXPECT_EQ(a->lastTransferAccount(), -1);
+  EXPECT_TRUE(std::none_of(app.preferences().GetAccountPreferences().begin(),
+                           app.preferences().GetAccountPreferences().end(),
+                           [](const auto& each) { return each->GetAccountNumber() == 2; }));
+
+  // The half that is left can be edited and removed.
+  app.Account_Select(a);
+  app.SelectEntry(half);
+  EXPECT_TRUE(app.Entry_Edit());
+  EXPECT_EQ(app.TransferSheet().account_items.front(), (PopUpItem{"B", -1}));
+  EXPECT_TRUE(app.TransferSheet_OK());
+  EXPECT_EQ(Line(*half), "#1 20040307 transfer -5.00 to 'B' origin");
+
+  for (int i = 0; i < 2; ++i) {
+    test.alerts.Answer("Remove");
+    EXPECT_TRUE(app.Account_Remove());
+  }
+  EXPECT_EQ(app.SelectedAccount(), nullptr);
+  EXPECT_FALSE(app.Account_Remove());
+}
+
+TEST(AccountsDrawer, ListsASortedCopy) {
+  TestApplication test;
+  auto& app = test.app;
+  const auto b = test.AddAccount("b");
+  test.AddDebit(10.0);
+  const auto a = test.AddAccount("A");
+  const auto c = test.AddAccount("C");
+  c->SetStartingBalance(5.0);
+  const AccountList in_file = app.accounts();
+  struct Case {
+    const char* column;
+    AccountList order;
+  } const cases[] = {
+      {"", {a, b, c}},         {"accounts", {c, b, a}}, {"accounts", {a, b, c}},
+      {"balance", {b, a, c}},  {"balance", {c, a, b}},  {"nonsense", {c, a, b}},
+      {"accounts", {a, b, c}},
+  };
+  for (const Case& each : cases) {
+    if (*each.column != 0) app.accountsDrawer_Accounts_Table_ClickedTableColumn(each.column);
+    AccountList order;
+    for (const auto& row : app.accountsDrawer().Rows()) order.push_back(row.account);
+    EXPECT_EQ(order, each.order) << each.column;
+  }
+  EXPECT_EQ(app.accounts(), in_file);
+
+  app.accountsDrawer_Accounts_Table_Action(0);
+  EXPECT_EQ(app.SelectedAccount(), a);
+  EXPECT_TRUE(app.accountsDrawer().Rows()[0].is_selected);
+  app.accountsDrawer_Accounts_Table_Action(3);
+  EXPECT_EQ(app.SelectedAccount(), a);
+  app.accountsDrawer_Accounts_Table_DoubleClick(1);
+  EXPECT_EQ(app.AccountEditSheet().typed.name, "b");
+}
+
+TEST(Menus, FollowTheSelection) {
+  TestApplication test;
+  auto& app = test.app;
+  EXPECT_EQ(app.Commands(), (CommandsState{.add_account = true}));
+  const auto a = test.AddAccount("A");
+  const auto b = test.AddAccount("B");
+  EXPECT_EQ(app.AccountMenu(),
+            (std::vector<MenuItem>{{"A", 1, true, false}, {"B", 2, true, true}}));
+  app.Account_Menu_Show_MenuItem(1);
+  app.Account_Menu_Show_MenuItem(77);
+  EXPECT_EQ(app.SelectedAccount(), a);
+  EXPECT_EQ(
+      app.Commands(),
+      (CommandsState{
+          .add_account = true, .edit_account = true, .remove_account = true, .add_entry = true}));
+
+  const auto entry = test.AddDebit(1.0);
+  const auto items = app.EntryTypeMenu();
+  ASSERT_EQ(items.size(), 7U);
+  EXPECT_TRUE(items[0].is_enabled);
+  EXPECT_TRUE(items[3].is_separator);
+  EXPECT_FALSE(items[4].is_enabled);
+  const auto revision = a->Revision();
+  app.entryMenu_Types_MenuItem(items[4].tag);  // a deposit type
+  app.entryMenu_Types_MenuItem(77);
+  EXPECT_EQ(entry->GetType(), -1);
+  EXPECT_EQ(a->Revision(), revision);
+  app.entryMenu_Types_MenuItem(items[1].tag);
+  EXPECT_EQ(entry->GetType(), items[1].tag);
+  EXPECT_GT(a->Revision(), revision);
+  EXPECT_TRUE(app.EntryTypeMenu()[1].is_checked);
+
+  app.SelectEntry(test.AddTransferTo(*b, 1.0));
+  EXPECT_TRUE(app.Commands().show_other_half);
+  app.Entry_Edit();
+  EXPECT_EQ(app.Commands(), CommandsState());
+}
+
+}  // namespace
+}  // namespace tallyfold
