@@ -43,7 +43,7 @@ class DelayedCall {
 };
 
 // A repeating timer as a member object. Its next firing can be read and moved; after a moved
-// firing it goes on with its interval.
+// firing it goes on with its interval. Its task may stop it or start it anew, not destroy it.
 class RepeatingTimer {
  public:
   explicit RepeatingTimer(RunLoop& loop) noexcept : loop_(loop), call_(loop) {}
