@@ -19,8 +19,13 @@ constexpr std::string_view kHeader =
     "<plist version=\"1.0\">\n";
 constexpr std::string_view kFooter = "</plist>\n";
 
-// The longest number to_chars makes of any value and format used here, with room to spare.
+// Room for the tags and line end around a text or number, and for any number that to_chars makes
+// here.
+constexpr std::size_t kTagRoom = 32;
 constexpr std::size_t kNumberRoom = 32;
+// Texts up to this length are tried in one go with their tags.
+constexpr std::size_t kShortText = 256;
+constexpr std::size_t kTabRoom = 16;
 
 std::uint8_t Byte(char c) noexcept {
   return static_cast<std::uint8_t>(c);
@@ -42,7 +47,7 @@ char* RealToChars(char* first, char* last, double value) noexcept {
   // shortest, and printing an integer takes a fraction of the time.
   const double cents = value * 100.0;
   if (std::fabs(cents) < 1e15 && cents != 0.0) {
-    const auto whole = static_cast<std::int64_t>(std::llround(cents));
+    const auto whole = static_cast<std::int64_t>(cents + (cents < 0.0 ? -0.5 : 0.5));
     if (static_cast<double>(whole) / 100.0 == value) {
       if (value < 0.0) *first++ = '-';
       const auto magnitude = static_cast<std::uint64_t>(std::abs(whole));
@@ -62,8 +67,18 @@ char* RealToChars(char* first, char* last, double value) noexcept {
   return std::to_chars(first, last, value).ptr;
 }
 
-std::string_view ElementName(Kind kind) noexcept {
-  return kind == Kind::Date ? "date" : "data";
+template <std::size_t N>
+char* Copy(char* to, const char (&text)[N]) noexcept {
+  std::memcpy(to, text, N - 1);
+  return to + N - 1;
+}
+
+// Copies from the start of `text` what stands for itself, and takes it off.
+char* CopyPlainAscii(char* to, std::string_view& text) noexcept {
+  std::size_t i = 0;
+  for (; i < text.size() && kIsPlain[Byte(text[i])] && Byte(text[i]) < 0x80; ++i) to[i] = text[i];
+  text.remove_prefix(i);
+  return to + i;
 }
 
 }  // namespace
@@ -78,108 +93,98 @@ void XmlWriter::Finish() {
 }
 
 void XmlWriter::BeginDictionary() {
-  Begin("<dict");
+  Wrote(Copy(StartLine(kTagRoom), "<dict"));
+  Opened();
 }
 void XmlWriter::EndDictionary() {
-  End("</dict>\n");
+  if (Closed()) Wrote(Copy(StartLine(kTagRoom), "</dict>\n"));
 }
 void XmlWriter::BeginArray() {
-  Begin("<array");
+  Wrote(Copy(StartLine(kTagRoom), "<array"));
+  Opened();
 }
 void XmlWriter::EndArray() {
-  End("</array>\n");
+  if (Closed()) Wrote(Copy(StartLine(kTagRoom), "</array>\n"));
 }
 
 void XmlWriter::Key(std::string_view key) {
-  StartLine();
-  Put("<key>");
-  PutText(key);
-  Put("</key>\n");
+  PutTextElement("<key>", key, "</key>\n");
 }
 
 void XmlWriter::Boolean(bool value) {
-  StartLine();
-  Put(value ? "<true/>\n" : "<false/>\n");
+  char* to = StartLine(kTagRoom);
+  Wrote(value ? Copy(to, "<true/>\n") : Copy(to, "<false/>\n"));
 }
 
 void XmlWriter::Integer(std::int64_t value) {
-  StartLine();
-  Put("<integer>");
-  char* room = Room(kNumberRoom);
-  used_ += static_cast<std::size_t>(std::to_chars(room, room + kNumberRoom, value).ptr - room);
-  Put("</integer>\n");
+  char* to = Copy(StartLine(kTagRoom + kNumberRoom), "<integer>");
+  to = std::to_chars(to, to + kNumberRoom, value).ptr;
+  Wrote(Copy(to, "</integer>\n"));
 }
 
 void XmlWriter::Real(double value) {
-  StartLine();
-  Put("<real>");
+  char* to = Copy(StartLine(kTagRoom + kNumberRoom), "<real>");
   if (std::isnan(value)) {
-    Put("nan");
+    to = Copy(to, "nan");
   } else if (std::isinf(value)) {
-    Put(value < 0.0 ? "-infinity" : "+infinity");
+    to = value < 0.0 ? Copy(to, "-infinity") : Copy(to, "+infinity");
   } else {
-    char* room = Room(kNumberRoom);
-    used_ += static_cast<std::size_t>(RealToChars(room, room + kNumberRoom, value) - room);
+    to = RealToChars(to, to + kNumberRoom, value);
   }
-  Put("</real>\n");
+  Wrote(Copy(to, "</real>\n"));
 }
 
 void XmlWriter::String(std::string_view text) {
-  StartLine();
-  Put("<string>");
-  PutText(text);
-  Put("</string>\n");
+  PutTextElement("<string>", text, "</string>\n");
 }
 
 void XmlWriter::Opaque(Kind kind, std::string_view text) {
-  const std::string_view element = ElementName(kind);
-  StartLine();
-  Put("<");
-  Put(element);
-  Put(">");
-  PutText(text);
-  Put("</");
-  Put(element);
-  Put(">\n");
+  if (kind == Kind::Date) {
+    PutTextElement("<date>", text, "</date>\n");
+  } else {
+    PutTextElement("<data>", text, "</data>\n");
+  }
 }
 
-void XmlWriter::Begin(std::string_view element) {
-  StartLine();
-  Put(element);
+void XmlWriter::Opened() {
   is_open_ = true;
   ++level_;
 }
 
-void XmlWriter::End(std::string_view element) {
+bool XmlWriter::Closed() {
   --level_;
-  if (std::exchange(is_open_, false)) {
-    Put("/>\n");
-  } else {
-    StartLine();
-    Put(element);
-  }
+  if (!std::exchange(is_open_, false)) return true;
+  Put("/>\n");
+  return false;
 }
 
-void XmlWriter::StartLine() {
-  constexpr std::string_view kTabs = "\t\t\t\t\t\t\t\t\t\t\t\t\t\t\t\t";
+char* XmlWriter::StartLine(std::size_t room) {
+  constexpr char kTabs[] = "\t\t\t\t\t\t\t\t\t\t\t\t\t\t\t\t";
+  static_assert(sizeof kTabs - 1 == kTabRoom);
   if (std::exchange(is_open_, false)) Put(">\n");
-  std::size_t left = level_;
-  for (; left > kTabs.size(); left -= kTabs.size()) Put(kTabs);
-  Put(kTabs.substr(0, left));
+  std::size_t tabs = level_;
+  for (; tabs > kTabRoom; tabs -= kTabRoom) Put(kTabs);
+  char* to = Room(kTabRoom + room);
+  Copy(to, kTabs);
+  return to + tabs;
 }
 
-void XmlWriter::PutText(std::string_view text) {
-  const auto is_plain_ascii = [](char c) { return kIsPlain[Byte(c)] && Byte(c) < 0x80; };
-  const auto plain_end = std::find_if_not(text.begin(), text.end(), is_plain_ascii);
-  const auto plain_size = static_cast<std::size_t>(plain_end - text.begin());
-  Put(text.substr(0, plain_size));
-  text.remove_prefix(plain_size);
-  if (text.empty()) return;
+template <std::size_t N, std::size_t M>
+void XmlWriter::PutTextElement(const char (&opening)[N], std::string_view text,
+                               const char (&closing)[M]) {
+  char* to = Copy(StartLine(kTagRoom + kShortText), opening);
+  if (text.size() <= kShortText) to = CopyPlainAscii(to, text);
+  if (text.empty()) {
+    Wrote(Copy(to, closing));
+    return;
+  }
+  Wrote(to);
   if (IsValidUtf8(text)) {
     PutEscaped(text);
   } else {
     PutEscaped(ToValidUtf8(text));
   }
+  Put(closing);
 }
 
 void XmlWriter::PutEscaped(std::string_view text) {
@@ -218,10 +223,9 @@ void XmlWriter::PutEscaped(std::string_view text) {
 }
 
 void XmlWriter::PutReference(unsigned character) {
-  Put("&#");
-  char* room = Room(kNumberRoom);
-  used_ += static_cast<std::size_t>(std::to_chars(room, room + kNumberRoom, character).ptr - room);
-  Put(";");
+  char* to = Copy(Room(kTagRoom + kNumberRoom), "&#");
+  to = std::to_chars(to, to + kNumberRoom, character).ptr;
+  Wrote(Copy(to, ";"));
 }
 
 void XmlWriter::Put(std::string_view text) {
@@ -235,11 +239,6 @@ void XmlWriter::Put(std::string_view text) {
   if (text.empty()) return;
   std::memcpy(block_.get() + used_, text.data(), text.size());
   used_ += text.size();
-}
-
-char* XmlWriter::Room(std::size_t size) {
-  if (size > kBlockSize - used_) Flush();
-  return block_.get() + used_;
 }
 
 void XmlWriter::Flush() {

@@ -44,22 +44,31 @@ class XmlWriter final : public Output {
   void Finish();
 
  private:
-  void Begin(std::string_view element);
-  void End(std::string_view element);
-  void StartLine();
-  void Put(std::string_view text);
-  void PutText(std::string_view text);
+  // What the last Begin wrote still lacks its ">", lest the container turn out empty.
+  void Opened();
+  // Whether a closing tag of its own is to follow.
+  [[nodiscard]] bool Closed();
+  // Indents a line; returns where its `room` bytes begin, of which Wrote() then tells the end.
+  [[nodiscard]] char* StartLine(std::size_t room);
+  template <std::size_t N, std::size_t M>
+  void PutTextElement(const char (&opening)[N], std::string_view text, const char (&closing)[M]);
+  // `text` is valid UTF-8.
   void PutEscaped(std::string_view text);
   void PutReference(unsigned character);
-  // At least `size` bytes of room in the block; `size` is small.
-  char* Room(std::size_t size);
+  void Put(std::string_view text);
+  // At least `size` bytes within the block, `size` being far less than that.
+  [[nodiscard]] char* Room(std::size_t size) {
+    if (size > kBlockSize - used_) Flush();
+    return block_.get() + used_;
+  }
+  void Wrote(const char* end) noexcept { used_ = static_cast<std::size_t>(end - block_.get()); }
   void Flush();
 
   Sink sink_;
   std::unique_ptr<char[]> block_;
   std::size_t used_ = 0;
   std::size_t level_ = 0;
-  // The last thing written is "<dict" or "<array", which is still to be closed either way.
+  // The last thing written is "<dict" or "<array".
   bool is_open_ = false;
 };
 
