@@ -98,6 +98,18 @@ struct DictionaryNode {
   std::unique_ptr<std::unordered_map<std::string_view, std::uint32_t>> index;
 };
 
+// The references to a node that are counted; null is no node.
+template <typename Node>
+void Retain(Node* node) noexcept {
+  if (node != nullptr) ++node->references;
+}
+template <typename Node>
+void Release(Node* node) noexcept {
+  if (node == nullptr || --node->references != 0) return;
+  std::destroy_at(node);
+  ::operator delete(node);
+}
+
 // The way of this folder's sources into the handles.
 class Access {
  public:

@@ -40,29 +40,6 @@ Sequence FirstSequence(std::string_view text) noexcept {
   return {length, true};
 }
 
-// `sequence` is one valid character.
-bool IsDroppedControl(std::string_view sequence) noexcept {
-  const std::uint8_t lead = Byte(sequence[0]);
-  if (lead < 0x20) return lead != '\t' && lead != '\n' && lead != '\r';
-  return lead == 0x7F || (lead == 0xC2 && Byte(sequence[1]) < 0xA0);
-}
-
-std::string Repaired(std::string_view text, bool drop_controls) {
-  std::string result;
-  result.reserve(text.size());
-  while (!text.empty()) {
-    const Sequence first = FirstSequence(text);
-    const std::string_view sequence = text.substr(0, first.length);
-    text.remove_prefix(first.length);
-    if (!first.valid) {
-      result += "\xEF\xBF\xBD";
-    } else if (!drop_controls || !IsDroppedControl(sequence)) {
-      result += sequence;
-    }
-  }
-  return result;
-}
-
 }  // namespace
 
 std::size_t ValidUtf8Prefix(std::string_view text) noexcept {
@@ -85,11 +62,16 @@ std::size_t ValidUtf8Prefix(std::string_view text) noexcept {
 }
 
 std::string ToValidUtf8(std::string_view text) {
-  return Repaired(text, false);
-}
-
-std::string CleanText(std::string_view text) {
-  return Repaired(text, true);
+  std::string result;
+  result.reserve(text.size());
+  for (;;) {
+    const std::size_t valid = ValidUtf8Prefix(text);
+    result += text.substr(0, valid);
+    text.remove_prefix(valid);
+    if (text.empty()) return result;
+    result += "\xEF\xBF\xBD";
+    text.remove_prefix(FirstSequence(text).length);
+  }
 }
 
 void AppendUtf8(std::string& text, char32_t character) {

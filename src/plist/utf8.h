@@ -18,10 +18,6 @@ namespace tallyfold::plist {
 // a character and breaks off, and of each other byte that can begin none.
 [[nodiscard]] std::string ToValidUtf8(std::string_view text);
 
-// What becomes of text that enters the program: valid UTF-8 as above, without control characters
-// (U+0000 to U+001F, U+007F to U+009F) other than tab, line feed and carriage return.
-[[nodiscard]] std::string CleanText(std::string_view text);
-
 // Appends a character, which is no surrogate and at most U+10FFFF.
 void AppendUtf8(std::string& text, char32_t character);
 
