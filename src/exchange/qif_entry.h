@@ -1,0 +1,58 @@
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "model/date_number.h"
+
+namespace tallyfold {
+
+// What the parser reads out of a QIF file. A field is there only when its line was found with a
+// value.
+
+struct QifSplitLine {
+  std::string amount;  // cleaned, without its minus sign
+  std::string to_from;
+  std::string description;
+};
+
+struct QifEntry {
+  std::optional<DateNumber> date;  // 0 when the text could not be read
+  std::optional<double> amount;
+  bool is_deposit = false;  // false as well when there is no amount
+  std::optional<std::string> to_from;
+  std::optional<std::string> description;
+  std::optional<std::string> type;
+  bool is_cleared = false;
+  std::optional<std::int32_t> number;
+  std::vector<QifSplitLine> splits;
+  // What of the record the rules leave out; for the hints before a commit.
+  bool has_text_number = false;
+  bool has_mixed_split = false;
+};
+
+// Entries are shared between the list of all and the lists of accounts.
+using QifEntryList = std::vector<std::shared_ptr<const QifEntry>>;
+
+struct QifAccount {
+  std::string name;
+  // Never null. Accounts of one name share one list.
+  std::shared_ptr<const QifEntryList> entries;
+};
+
+struct QifType {
+  std::string name;
+  bool is_deposit = false;
+};
+
+// A whole file.
+struct QifResult {
+  QifEntryList entries;
+  std::vector<QifAccount> accounts;
+  std::vector<QifType> types;
+};
+
+}  // namespace tallyfold

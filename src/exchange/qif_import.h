@@ -1,0 +1,104 @@
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <unordered_map>
+#include <vector>
+
+#include "exchange/qif_entry.h"
+
+namespace tallyfold {
+
+class FileSystem;
+class TextEncodings;
+
+// What a QIF file is read with.
+struct QifOptions {
+  // Where the P, M and L lines go; any other value drops the line.
+  enum Destination : std::int32_t { kType = 0, kToFrom = 1, kDescription = 2 };
+
+  std::string date_format = "%m/%d/%y";
+  std::string decimal_separator = ".";
+  std::string thousands_separator = ",";
+  bool zero_amounts_as_deposits = true;
+  // Kept for the review; the parser lists every type of the category list anyway.
+  bool all_types = false;
+  bool split_line_items = true;
+  std::int32_t swap_type = kType;                // where L goes
+  std::int32_t swap_to_from = kToFrom;           // where P goes
+  std::int32_t swap_description = kDescription;  // where M goes
+};
+
+// Reads the text of a QIF file. Tolerant by design: field codes are looked for at the start of any
+// line of a record, what is unknown is ignored, and no record is rejected for a malformed field.
+// Everything takes time linear in the text.
+class LDGRQIFImport {
+ public:
+  enum Error : std::int32_t {
+    kNone = 0,
+    kNoText = 1,
+    kUnendedAutoSwitch = 10,  // the text was not stored
+  };
+
+  // The list types whose sections hold entries, in order.
+  [[nodiscard]] static const std::vector<std::string>& validListTypes();
+
+  LDGRQIFImport() = default;
+  // None is kNoText.
+  explicit LDGRQIFImport(std::optional<std::string_view> text) { SetDataString(text); }
+  // Reads the file in `encoding`, or, when it is not text of that, in the way of its byte-order
+  // mark, as UTF-8 or as Windows-1252. No path is kNoText; a file that cannot be read leaves the
+  // parser empty without an error.
+  [[nodiscard]] static LDGRQIFImport importWithContentsOfFile(
+      const std::optional<std::string>& path, std::int32_t encoding, const FileSystem& files,
+      const TextEncodings& encodings);
+
+  // Replaces the text. Whatever it holds becomes clean UTF-8 with carriage returns.
+  void SetDataString(std::optional<std::string_view> text);
+  [[nodiscard]] std::int32_t GetError() const noexcept { return error_; }
+  void SetError(std::int32_t error) noexcept { error_ = error; }
+
+  void SetOptions(QifOptions options) { options_ = std::move(options); }
+  [[nodiscard]] const QifOptions& GetOptions() const noexcept { return options_; }
+
+  // Everything the file has.
+  [[nodiscard]] QifResult Parse() const;
+
+  // Names of the file's accounts in its order, duplicates kept.
+  [[nodiscard]] std::vector<std::string> AccountNames() const;
+  // The first account block whose header has an N line that begins with `name`; none for none.
+  [[nodiscard]] std::optional<std::string> AccountWithName(std::string_view name) const;
+  [[nodiscard]] QifEntryList EntriesForAccountWithName(std::string_view name) const;
+  // The entries of all sections of valid types; of the whole text when it has no section at all.
+  [[nodiscard]] QifEntryList Entries() const;
+  // Those of the category list, then those that entries use beyond them.
+  [[nodiscard]] std::vector<QifType> EntryTypes() const;
+
+  // The records before each "^"; what follows the last is ignored.
+  [[nodiscard]] QifEntryList EntryListStringToEntries(std::string_view text) const;
+  // None for a record of nothing but line ends.
+  [[nodiscard]] std::optional<QifEntry> EntryStringToEntry(std::string_view record) const;
+
+  // The text of the category list; "" without one.
+  [[nodiscard]] const std::string& entryTypesListString() const noexcept {
+    return entry_types_list_;
+  }
+  [[nodiscard]] const std::string& dataString() const noexcept { return data_; }
+
+ private:
+  class Sections;
+
+  void RemoveInvalidAccounts();
+  [[nodiscard]] QifEntryList AllEntries(Sections& sections) const;
+  [[nodiscard]] QifEntryList AccountEntries(std::string_view block, Sections& sections) const;
+  [[nodiscard]] std::vector<QifType> TypesOf(const QifEntryList& entries) const;
+
+  QifOptions options_;
+  std::string data_;
+  std::string entry_types_list_;
+  std::int32_t error_ = kNone;
+};
+
+}  // namespace tallyfold

@@ -1,0 +1,41 @@
+#pragma once
+
+#include <memory>
+#include <utility>
+#include <vector>
+
+#include "model/account_entry.h"
+#include "model/entry_type.h"
+
+namespace tallyfold {
+
+// An entry under review before it is imported.
+class LDGRQIFImportEntry final : public LDGRAccountEntry {
+ public:
+  // The type the entry will get, which may be one that no account has yet; null for none.
+  void SetActualType(std::shared_ptr<LDGRAccountEntryType> type) noexcept {
+    actual_type_ = std::move(type);
+  }
+  [[nodiscard]] const std::shared_ptr<LDGRAccountEntryType>& GetActualType() const noexcept {
+    return actual_type_;
+  }
+  void SetImport(bool import) noexcept { import_ = import; }
+  [[nodiscard]] bool GetImport() const noexcept { return import_; }
+
+  // Orders of the review: 1, 0 or -1, ties by number, the reversed forms exact mirrors. Type orders
+  // go by the actual type's name, "" for none, then by date; entries not to be imported come before
+  // those to be imported.
+  [[nodiscard]] int TypePrimaryDateSecondaryIsGreaterThan(const LDGRQIFImportEntry& other) const;
+  [[nodiscard]] int TypePrimaryDateSecondaryIsGreaterThan_Reversed(
+      const LDGRQIFImportEntry& other) const;
+  [[nodiscard]] int ImportIsGreaterThan(const LDGRQIFImportEntry& other) const noexcept;
+  [[nodiscard]] int ImportIsGreaterThan_Reversed(const LDGRQIFImportEntry& other) const noexcept;
+
+ private:
+  std::shared_ptr<LDGRAccountEntryType> actual_type_;
+  bool import_ = true;
+};
+
+using QifImportEntryList = std::vector<std::shared_ptr<LDGRQIFImportEntry>>;
+
+}  // namespace tallyfold
