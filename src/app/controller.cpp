@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "filters/filter_types.h"
+
 namespace tallyfold {
 namespace {
 
@@ -18,6 +20,7 @@ struct LDGRController::Hosts final : AccountsStore::Host,
                                      AccountEditing::Host,
                                      EntryEditing::Host,
                                      EntryRemoval::Host,
+                                     EntryReveal::Host,
                                      ScheduleAdding::Host,
                                      ScheduleCommit::Host,
                                      AccountPasswords::Host,
@@ -104,6 +107,7 @@ struct LDGRController::Hosts final : AccountsStore::Host,
   void ShowSummary(LDGRAccount* /*account*/) override { app.front_end_.Changed(Area::Summary); }
   void ShowInTables(const std::shared_ptr<LDGRAccount>& /*account*/) override {
     app.SelectEntry(nullptr);
+    app.reveal_.Forget();
     app.front_end_.Changed(Area::Registers);
     app.front_end_.Changed(Area::Schedules);
   }
@@ -124,11 +128,13 @@ struct LDGRController::Hosts final : AccountsStore::Host,
   RegisterKind ShownRegister() const override { return app.tabs_.ShownRegister(); }
   void SetCurrentRegister(RegisterKind kind) override { app.current_register_ = kind; }
   void GiveCurrentRegister(EntryList /*entries*/) override {
+    app.reveal_.Forget();
     app.front_end_.Changed(Area::Registers);
   }
   void ReloadShownRegister(EntryList entries) override { GiveCurrentRegister(std::move(entries)); }
   void SetUpRegisters() override {}
   void ReloadRegisters() override {
+    app.reveal_.Forget();
     // The selected row goes with its entry.
     const auto& account = app.selection_.Selected();
     if (account == nullptr || app.selected_entry_ == nullptr) return;
@@ -136,6 +142,23 @@ struct LDGRController::Hosts final : AccountsStore::Host,
     if (std::find(entries.begin(), entries.end(), app.selected_entry_) == entries.end()) {
       app.SelectEntry(nullptr);
     }
+  }
+
+  // --- Entries out of sight ---
+  void TellIfHidden(const std::shared_ptr<LDGRAccountEntry>& entry, bool is_new) override {
+    using Reason = EntryReveal::Reason;
+    app.reveal_.TellIfHidden(entry, is_new ? Reason::Added : Reason::Changed);
+  }
+  std::shared_ptr<LDGRFilter> CurrentFilter() const override {
+    const auto& account = app.selection_.Selected();
+    if (account == nullptr) return nullptr;
+    return app.current_register_ == RegisterKind::Reconcile ? account->reconcileFilter()
+                                                            : account->entryFilter();
+  }
+  void ShowAllEntries() override {
+    const bool is_reconcile = app.current_register_ == RegisterKind::Reconcile;
+    app.tabs_.Select(is_reconcile ? Tab::Reconcile : Tab::Entry);
+    app.search_.Filter_Select(filter_type::kGeneral);
   }
 
   // --- Search ---
@@ -202,6 +225,7 @@ LDGRController::LDGRController(const Services& services)
       account_editing_(*hosts_, links_, sheets_, refresh_, front_end_),
       editing_(*hosts_, links_, sheets_, refresh_, front_end_),
       removal_(*hosts_, links_, sheets_, refresh_, front_end_),
+      reveal_(*hosts_, links_, front_end_),
       schedule_adding_(*hosts_, refresh_),
       schedule_commit_(*hosts_, links_, refresh_),
       account_passwords_(*hosts_, sheets_, front_end_),

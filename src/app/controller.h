@@ -16,6 +16,7 @@
 #include "app/application_lock.h"
 #include "app/entry_editing.h"
 #include "app/entry_removal.h"
+#include "app/entry_reveal.h"
 #include "app/front_end_slot.h"
 #include "app/idle_watch.h"
 #include "app/lifecycle.h"
@@ -391,6 +392,11 @@ class LDGRController {
     return schedule_adding_.Add(values);
   }
 
+  // --- app/entry_reveal.h ------------------------------------------------------------------------
+  [[nodiscard]] const HiddenEntryState& HiddenEntry() const noexcept { return reveal_.State(); }
+  void ShowHiddenEntry() { reveal_.ShowHiddenEntry(); }
+  bool ShowOtherHalf() { return reveal_.ShowOtherHalf(); }
+
   // --- app/schedule_commit.h ---------------------------------------------------------------------
   [[nodiscard]] std::vector<DueOccurrence> Schedules_Due(DateNumber through) const {
     return schedule_commit_.Due(through);
@@ -433,6 +439,7 @@ class LDGRController {
   AccountEditing account_editing_;
   EntryEditing editing_;
   EntryRemoval removal_;
+  EntryReveal reveal_;
   ScheduleAdding schedule_adding_;
   ScheduleCommit schedule_commit_;
   AccountPasswords account_passwords_;

@@ -75,7 +75,7 @@ bool EntryEditing::OK(EditSheet& sheet) {
   Close(sheet);
   if (edited_.is_new) account->AddEntry(entry);
   account->NoteChange();
-  refresh_.EntrySaved(entry);
+  refresh_.EntrySaved(entry, edited_.is_new);
   return true;
 }
 

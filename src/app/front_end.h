@@ -14,6 +14,7 @@ enum class Area : std::uint8_t {
   Registers,          // rows of both registers
   SelectedEntry,      // the selected row of the current register
   EntryButtons,       // what can be done with the selected entry
+  HiddenEntry,        // an entry that the filter hides
   Schedules,          // the schedule list
   ScheduleButtons,    // what can be done with the selected scheduled entry
   Balance,            // the balance below the register

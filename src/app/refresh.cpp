@@ -2,7 +2,7 @@
 
 namespace tallyfold {
 
-void Refresh::EntrySaved(const std::shared_ptr<LDGRAccountEntry>& entry) {
+void Refresh::EntrySaved(const std::shared_ptr<LDGRAccountEntry>& entry, bool is_new) {
   EntryButtons_Update();
   if (host_.LiveUpdatingFilters()) {
     host_.ReloadRegisters();
@@ -12,6 +12,7 @@ void Refresh::EntrySaved(const std::shared_ptr<LDGRAccountEntry>& entry) {
   Balances();
   AccountsList_Redraw();
   host_.SelectEntry(entry);
+  host_.TellIfHidden(entry, is_new);
   entryMenu_Types_Menu_Populate();
 }
 

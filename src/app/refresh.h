@@ -22,14 +22,16 @@ class Refresh {
     virtual void Search_Cancel() = 0;
     // Selects the entry in the current register.
     virtual void SelectEntry(const std::shared_ptr<LDGRAccountEntry>& entry) = 0;
+    // Tells the user when the current register's filter hides the entry.
+    virtual void TellIfHidden(const std::shared_ptr<LDGRAccountEntry>& entry, bool is_new) = 0;
   };
 
   Refresh(Host& host, FrontEnd& front_end) noexcept : host_(host), front_end_(front_end) {}
   Refresh(const Refresh&) = delete;
   Refresh& operator=(const Refresh&) = delete;
 
-  // After OK in an entry sheet: `entry` was added or changed.
-  void EntrySaved(const std::shared_ptr<LDGRAccountEntry>& entry);
+  // After OK in an entry sheet: `entry` was added (`is_new`) or changed.
+  void EntrySaved(const std::shared_ptr<LDGRAccountEntry>& entry, bool is_new);
   // After entries were removed.
   void EntryRemoved();
   // After something of an entry changed in place that no filter follows at once.

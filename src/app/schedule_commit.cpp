@@ -41,7 +41,7 @@ bool ScheduleCommit::Commit(const DueOccurrence& occurrence,
   account->AddEntry(entry);
   occurrence.schedule->CommitEntry(occurrence.entry.get());
   account->NoteChange();
-  refresh_.EntrySaved(entry);
+  refresh_.EntrySaved(entry, true);
   refresh_.SchedulesChanged();
   return true;
 }

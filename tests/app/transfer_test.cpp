@@ -353,5 +353,61 @@ TEST(Removals, OfATransferWhoseAccountIsGoneTakeItAlone) {
   EXPECT_EQ(test.b->GetEntries().size(), 1U);
 }
 
+TEST(HiddenEntries, AreToldOfAndCanBeShown) {
+  struct Case {
+    const char* what;
+    bool live;
+    std::int32_t filter;
+    DateNumber date;
+    const char* text;
+  } const cases[] = {
+      {"within the filter", false, 31, 20040301, ""},
+      {"outside of it", false, 31, 20040229, "Added; hidden by the filter 'This Month'"},
+      {"outside of a filter that gives way", true, 31, 20040229, ""},
+      {"a search", false, 13, 20040301, "Added; hidden by the filter 'Notes'"},
+  };
+  for (const Case& c : cases) {
+    ThreeAccounts test;
+    auto& app = test.app;
+    app.preferences().SetLiveUpdatingFilters(c.live);
+    app.Filter_Select(c.filter);
+    if (c.filter == 13) app.Search_Field("wanted");
+    app.Entry_Debit();
+    auto typed = app.DebitSheet().typed;
+    typed.date = c.date;
+    app.DebitSheet_Read(typed);
+    app.DebitSheet_OK();
+    EXPECT_EQ(app.HiddenEntry().text, c.text) << c.what;
+    if (*c.text == 0) continue;
+    app.SelectEntry(nullptr);
+    app.ShowHiddenEntry();
+    EXPECT_EQ(app.HiddenEntry().text, "") << c.what;
+    EXPECT_EQ(test.a->entryFilterType(), 0) << c.what;
+    EXPECT_EQ(app.SelectedEntry(), test.a->GetEntries().back()) << c.what;
+  }
+}
+
+TEST(OtherHalves, AreShownInTheirAccount) {
+  ThreeAccounts test;
+  auto& app = test.app;
+  const auto half = test.AddTransferTo(*test.b, 9.5);
+  test.b->setEntryFilterType(13);
+  test.b->setEntryFilterData("wanted");
+  EXPECT_TRUE(app.ShowOtherHalf());
+  EXPECT_EQ(app.SelectedAccount(), test.b);
+  EXPECT_EQ(app.SelectedEntry(), test.b->GetEntries()[0]);
+  EXPECT_EQ(app.HiddenEntry().text, "Hidden by the filter 'Notes'");
+  EXPECT_TRUE(app.ShowOtherHalf());
+  EXPECT_EQ(app.SelectedEntry(), half);
+  EXPECT_EQ(app.HiddenEntry().text, "");
+
+  test.b->SetPassword("key");
+  test.b->setAuthenticated(false);
+  EXPECT_FALSE(app.ShowOtherHalf());
+  EXPECT_EQ(app.OpenSheet(), Sheet::AccountAuthentication);
+  app.AccountAuthenticationSheet_Cancel();
+  EXPECT_FALSE(app.ShowOtherHalf());  // coming back has selected no entry
+}
+
 }  // namespace
 }  // namespace tallyfold
