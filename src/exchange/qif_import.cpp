@@ -10,9 +10,9 @@
 #include "exchange/qif_accounts.h"
 #include "exchange/qif_fields.h"
 #include "exchange/qif_record.h"
+#include "model/clean_text.h"
 #include "model/text.h"
 #include "platform/ambient.h"
-#include "plist/utf8.h"
 
 namespace tallyfold {
 namespace {
@@ -37,16 +37,6 @@ bool IsValidListType(std::string_view type) {
   return std::any_of(types.begin(), types.end(), [type](const std::string& each) {
     return CompareIgnoringCase(each, type) == 0;
   });
-}
-
-template <typename Visit>
-void ForEachRecord(std::string_view text, Visit visit) {
-  std::size_t start = 0;
-  for (std::size_t end = text.find('^'); end != std::string_view::npos;
-       end = text.find('^', start)) {
-    visit(text.substr(start, end - start));
-    start = end + 1;
-  }
 }
 
 std::vector<QifSplitLine> SplitLines(const QifRecord& record, const QifOptions& options,
@@ -126,7 +116,7 @@ void LDGRQIFImport::SetDataString(std::optional<std::string_view> text) {
     return;
   }
   if (text->starts_with(kByteOrderMark)) text->remove_prefix(kByteOrderMark.size());
-  std::string normal = '\r' + plist::CleanText(*text);
+  std::string normal = '\r' + CleanText(*text);
   std::replace(normal.begin(), normal.end(), '\n', '\r');
 
   if (const std::size_t found = normal.find(kCategoryList); found != std::string::npos) {
@@ -211,7 +201,7 @@ std::optional<QifEntry> LDGRQIFImport::EntryStringToEntry(std::string_view text)
 
 QifEntryList LDGRQIFImport::EntryListStringToEntries(std::string_view text) const {
   QifEntryList entries;
-  ForEachRecord(text, [&](std::string_view record) {
+  ForEachQifRecord(text, [&](std::string_view record) {
     if (auto entry = EntryStringToEntry(record)) {
       entries.push_back(std::make_shared<const QifEntry>(*std::move(entry)));
     }
@@ -293,7 +283,7 @@ std::optional<std::string> LDGRQIFImport::AccountWithName(std::string_view name)
 std::vector<QifType> LDGRQIFImport::TypesOf(const QifEntryList& entries) const {
   std::vector<QifType> types;
   std::set<std::pair<std::string_view, bool>> known;
-  ForEachRecord(entry_types_list_, [&](std::string_view text) {
+  ForEachQifRecord(entry_types_list_, [&](std::string_view text) {
     // The list begins behind its header's line end, and lines are found by the one before them.
     const std::string line_start = '\r' + std::string(text);
     const QifRecord record(line_start);

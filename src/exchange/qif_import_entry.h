@@ -1,6 +1,7 @@
 #pragma once
 
 #include <memory>
+#include <string>
 #include <utility>
 #include <vector>
 
@@ -21,6 +22,9 @@ class LDGRQIFImportEntry final : public LDGRAccountEntry {
   }
   void SetImport(bool import) noexcept { import_ = import; }
   [[nodiscard]] bool GetImport() const noexcept { return import_; }
+
+  // As any entry, with the name of the actual type.
+  [[nodiscard]] std::string asSpeakableString() const;
 
   // Orders of the review: 1, 0 or -1, ties by number, the reversed forms exact mirrors. Type orders
   // go by the actual type's name, "" for none, then by date; entries not to be imported come before

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <array>
+#include <cstddef>
 #include <optional>
 #include <string_view>
 #include <vector>
@@ -39,5 +40,16 @@ class QifRecord {
   std::vector<std::string_view> split_amounts_;
   bool is_blank_ = true;
 };
+
+// Calls `visit` with each piece of the text before a "^"; what follows the last is ignored.
+template <typename Visit>
+void ForEachQifRecord(std::string_view text, Visit visit) {
+  std::size_t start = 0;
+  for (std::size_t end = text.find('^'); end != std::string_view::npos;
+       end = text.find('^', start)) {
+    visit(text.substr(start, end - start));
+    start = end + 1;
+  }
+}
 
 }  // namespace tallyfold

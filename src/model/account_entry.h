@@ -137,6 +137,9 @@ class LDGRAccountEntry {
   [[nodiscard]] std::string asSpeakableString() const;
 
  protected:
+  // The sentences with the name of a type that is found elsewhere; none speaks no type.
+  [[nodiscard]] std::string SpeakableString(const std::optional<std::string>& type_name) const;
+
   // Keys that a subclass adds to the dictionary form.
   virtual void WriteOwnKeys(plist::Output& output) const;
 

@@ -1,5 +1,6 @@
 // The sentences in which an entry is read aloud.
 
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -26,6 +27,10 @@ std::string TypeName(std::int32_t number) {
 }  // namespace
 
 std::string LDGRAccountEntry::asSpeakableString() const {
+  return SpeakableString(type_ > -1 ? std::optional(TypeName(type_)) : std::nullopt);
+}
+
+std::string LDGRAccountEntry::SpeakableString(const std::optional<std::string>& type_name) const {
   std::string speech =
       FormatDate(DateNumberToNSCalendarDate(date_), CurrentLocale().ShortDateFormat());
   speech.append(".  ");
@@ -38,7 +43,7 @@ std::string LDGRAccountEntry::asSpeakableString() const {
   } else if (IsTransfer()) {
     AppendSentence(speech, "Transfer in the Amount of", amount);
   }
-  if (type_ > -1) AppendSentence(speech, "Type", TypeName(type_));
+  if (type_name) AppendSentence(speech, "Type", *type_name);
   if (IsCheck()) AppendSentence(speech, "Check Number", std::to_string(check_number_));
   if (!to_from_.empty() && IsDebit()) {
     AppendSentence(speech, "To", to_from_);

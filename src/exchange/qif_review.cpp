@@ -1,0 +1,182 @@
+#include "exchange/qif_review.h"
+
+#include <algorithm>
+#include <unordered_set>
+#include <utility>
+
+#include "exchange/entry_type_index.h"
+#include "exchange/qif_fields.h"
+#include "platform/ambient.h"
+
+namespace tallyfold {
+namespace {
+
+// A split of more lines than this is left out whole, although an entry could hold one more.
+constexpr std::size_t kMostSplitLines = 9;
+
+std::shared_ptr<LDGRAccountEntrySplit> SplitOf(const std::vector<QifSplitLine>& lines) {
+  if (lines.empty() || lines.size() > kMostSplitLines) return nullptr;
+  auto split = std::make_shared<LDGRAccountEntrySplit>();
+  for (std::size_t i = 0; i < lines.size(); ++i) {
+    split->SetAmount(QifAmount(lines[i].amount), i);
+    split->SetDescription(lines[i].description, i);
+    split->SetToFrom(lines[i].to_from, i);
+    split->SetEnabled(true, i);
+  }
+  return split;
+}
+
+std::shared_ptr<LDGRQIFImportEntry> EntryOf(const QifEntry& read) {
+  auto entry = std::make_shared<LDGRQIFImportEntry>();
+  entry->SetDescription(read.description);
+  entry->SetToFrom(read.to_from);
+  entry->SetCleared(read.is_cleared);
+  entry->SetDate(read.date.value_or(0));
+  entry->SetAmount(read.amount.value_or(0.0));
+  if (read.is_deposit) {
+    entry->SetIsDeposit(true);
+  } else {
+    entry->SetIsDebit(true);
+  }
+  if (read.number) entry->SetCheckNumber(*read.number);
+  entry->SetIsCheck(!read.is_deposit && entry->GetCheckNumber() > 0);
+  if (auto split = SplitOf(read.splits)) {
+    entry->SetSplit(std::move(split));
+    entry->SetToFrom(LocalizedText("Split"));
+  }
+  return entry;
+}
+
+void SortByName(EntryTypeList& types) {
+  std::stable_sort(types.begin(), types.end(),
+                   [](const auto& a, const auto& b) { return a->NameIsGreaterThan(*b) < 0; });
+}
+
+}  // namespace
+
+QifReview::QifReview(const QifResult& result, const QifEntryList& entries, LDGRAccount& account) {
+  MakeTypes(result.types, account);
+  MakeEntries(entries, account);
+  MarkAll();
+  UnmarkPotentialDuplicates(account);
+}
+
+void QifReview::MakeTypes(const std::vector<QifType>& read, const LDGRAccount& account) {
+  EntryTypeIndex known(account);
+  std::int32_t number = account.NextAvailableTypeNumber();
+  for (const QifType& type : read) {
+    if (known.Find(type.name, type.is_deposit)) continue;
+    auto made = std::make_shared<LDGRAccountEntryType>();
+    made->SetName(type.name);
+    made->SetIsDeposit(type.is_deposit);
+    made->SetNumber(++number);
+    known.Add(made);
+    types_.push_back(std::move(made));
+  }
+  SortByName(types_);
+}
+
+void QifReview::MakeEntries(const QifEntryList& read, LDGRAccount& account) {
+  EntryTypeIndex new_types;
+  for (const auto& type : types_) new_types.Add(type);
+  const EntryTypeIndex account_types(account);
+  entries_.reserve(read.size());
+  std::int32_t number = account.NextAvailableNumber();
+  for (const auto& each : read) {
+    auto entry = EntryOf(*each);
+    if (each->type) {
+      auto type = new_types.Find(*each->type, each->is_deposit);
+      if (!type) type = account_types.Find(*each->type, each->is_deposit);
+      if (type) entry->SetType(type->GetNumber());
+      entry->SetActualType(std::move(type));
+    }
+    entry->SetNumber(++number);
+    entries_.push_back(std::move(entry));
+  }
+}
+
+QifImportEntryList QifReview::entriesToImport() const {
+  QifImportEntryList marked;
+  marked.reserve(order_.size());
+  for (const auto& entry : entries_) {
+    if (entry->GetImport()) marked.push_back(entry);
+  }
+  std::sort(marked.begin(), marked.end(), [this](const auto& a, const auto& b) {
+    return order_.at(a.get()) < order_.at(b.get());
+  });
+  return marked;
+}
+
+double QifReview::Total() const noexcept {
+  double total = 0.0;
+  for (const auto& entry : entries_) {
+    if (entry->GetImport()) total += entry->GetAmount();
+  }
+  return total;
+}
+
+void QifReview::SetMarked(const std::shared_ptr<LDGRQIFImportEntry>& entry, bool marked) {
+  if (entry->GetImport() == marked && order_.contains(entry.get()) == marked) return;
+  entry->SetImport(marked);
+  if (marked) {
+    order_.emplace(entry.get(), next_order_++);
+  } else {
+    order_.erase(entry.get());
+  }
+}
+
+void QifReview::Toggle(const std::shared_ptr<LDGRQIFImportEntry>& entry) {
+  SetMarked(entry, !entry->GetImport());
+}
+
+void QifReview::MarkAll() {
+  order_.clear();
+  order_.reserve(entries_.size());
+  next_order_ = 0;
+  for (const auto& entry : entries_) SetMarked(entry, true);
+}
+
+void QifReview::ToggleAll() {
+  if (order_.size() != entries_.size()) return MarkAll();
+  for (const auto& entry : entries_) SetMarked(entry, false);
+}
+
+void QifReview::Remove(const LDGRQIFImportEntry* entry) {
+  order_.erase(entry);
+  std::erase_if(entries_, [entry](const auto& each) { return each.get() == entry; });
+}
+
+void QifReview::UnmarkPotentialDuplicates(const LDGRAccount& account) {
+  existing_ = account.GetEntries();
+  near_.reset();
+  duplicates_.emplace(existing_, entries_);
+  for (const auto& entry : entries_) {
+    if (duplicates_->Find(*entry)) SetMarked(entry, false);
+  }
+}
+
+std::optional<QifMatch> QifReview::MatchOf(const LDGRQIFImportEntry& entry) const {
+  if (!duplicates_) return std::nullopt;
+  if (auto match = duplicates_->Find(entry)) return match;
+  if (!near_) near_.emplace(existing_);
+  return near_->Find(entry);
+}
+
+void QifReview::Commit(LDGRAccount& account, bool with_all_types) {
+  std::unordered_set<std::int32_t> used;
+  for (const auto& entry : entriesToImport()) {
+    entry->SetNumber(account.NextAvailableNumber());
+    used.insert(entry->GetType());
+    account.AddEntry(LDGRAccountEntry::entryWithEntry(entry.get()));
+  }
+  // With nothing marked all new types are added.
+  const bool prune = !with_all_types && !used.empty();
+  EntryTypeList types = account.GetTypes();
+  const std::size_t before = types.size();
+  for (const auto& type : types_) {
+    if (!prune || used.contains(type->GetNumber())) types.push_back(type);
+  }
+  if (types.size() != before) account.SetTypes(std::move(types));
+}
+
+}  // namespace tallyfold

@@ -1,0 +1,69 @@
+#pragma once
+
+#include <cstddef>
+#include <memory>
+#include <optional>
+#include <unordered_map>
+#include <vector>
+
+#include "exchange/qif_duplicates.h"
+#include "exchange/qif_entry.h"
+#include "exchange/qif_import_entry.h"
+#include "model/account.h"
+
+namespace tallyfold {
+
+// The entries of an import between reading and committing. The account is only looked at until
+// Commit().
+class QifReview {
+ public:
+  // An empty review.
+  QifReview() = default;
+  // Entries for `account` made of what was read, all marked for import but those that the account
+  // seems to hold already. `entries` is a list of `result`.
+  QifReview(const QifResult& result, const QifEntryList& entries, LDGRAccount& account);
+
+  [[nodiscard]] const QifImportEntryList& entries() const noexcept { return entries_; }
+  // In the order in which they were marked.
+  [[nodiscard]] QifImportEntryList entriesToImport() const;
+  [[nodiscard]] std::size_t MarkedCount() const noexcept { return order_.size(); }
+  // Types that the account does not have yet, by name.
+  [[nodiscard]] const EntryTypeList& types() const noexcept { return types_; }
+  // The sum of the marked entries.
+  [[nodiscard]] double Total() const noexcept;
+
+  // Marks an unmarked entry, unmarks a marked one.
+  void Toggle(const std::shared_ptr<LDGRQIFImportEntry>& entry);
+  void SetMarked(const std::shared_ptr<LDGRQIFImportEntry>& entry, bool marked);
+  // Unmarks all when all are marked, else marks all in the order of the review.
+  void ToggleAll();
+  void MarkAll();
+  // Takes the entry out of the review; nothing when it is not in it.
+  void Remove(const LDGRQIFImportEntry* entry);
+  // Unmarks every entry that the account seems to hold already.
+  void UnmarkPotentialDuplicates(const LDGRAccount& account);
+
+  // The entry of the account that an entry repeats, else one that comes near it; none for none. As
+  // the account was when the review was made, or UnmarkPotentialDuplicates() last called.
+  [[nodiscard]] std::optional<QifMatch> MatchOf(const LDGRQIFImportEntry& entry) const;
+
+  // Adds copies of the marked entries, each with the account's next number, and the new types: all
+  // of them when `with_all_types` or when nothing is marked, else those that marked entries use.
+  void Commit(LDGRAccount& account, bool with_all_types);
+
+ private:
+  void MakeTypes(const std::vector<QifType>& read, const LDGRAccount& account);
+  void MakeEntries(const QifEntryList& read, LDGRAccount& account);
+
+  QifImportEntryList entries_;
+  // Where an entry stands in the order of marking; absent for unmarked ones.
+  std::unordered_map<const LDGRQIFImportEntry*, std::size_t> order_;
+  std::size_t next_order_ = 0;
+  EntryTypeList types_;
+  std::optional<QifDuplicates> duplicates_;
+  // Made when first asked for.
+  mutable std::optional<QifNearMatches> near_;
+  EntryList existing_;
+};
+
+}  // namespace tallyfold
