@@ -1,5 +1,6 @@
 #include "storage/account_preferences.h"
 
+#include <unordered_map>
 #include <utility>
 
 #include "platform/ambient.h"
@@ -53,36 +54,46 @@ LDGRAccountPreferences::LDGRAccountPreferences(const std::optional<plist::Dictio
   } else {
     SetAccountNumber(number.IntegerValue());
   }
+  // Spares a search for each table among all those before it.
+  std::unordered_map<std::string, plist::Dictionary> tables;
   for (const plist::Value& element : dictionary->Get(kTables).ArrayValue()) {
-    if (element.IsDictionary()) ReadTable(element.DictionaryValue());
+    const plist::Dictionary stored = element.DictionaryValue();
+    const auto identifier = TextOf(stored.Get(kIdentifier));
+    if (!identifier) continue;
+    // A table is made for the first value there is to keep.
+    ReadTable(stored, [this, &tables, identifier] {
+      const auto found = tables.find(std::string(*identifier));
+      if (found != tables.end()) return found->second;
+      return tables.emplace(*identifier, NewTableWithIdentifier(*identifier)).first->second;
+    });
   }
 }
 
-void LDGRAccountPreferences::ReadTable(const plist::Dictionary& table) {
-  const plist::Value& own = table.Get(kIdentifier);
-  if (!own.IsString()) return;
-  const std::string_view identifier = own.StringValue();
-
-  const plist::Value& columns = table.Get(kColumns);
+void LDGRAccountPreferences::ReadTable(const plist::Dictionary& stored,
+                                       const std::function<plist::Dictionary()>& table) {
+  const plist::Value& columns = stored.Get(kColumns);
   if (columns.IsNone()) Log("No columns defined for account preferences");
-  SetColumns(ArrayOf(columns), identifier);
+  if (columns.IsArray()) table().Set(kColumns, columns.ArrayValue().ShallowCopy());
 
-  SetHiddenColumns(ArrayOf(table.Get(kHiddenColumns)), identifier);
+  const plist::Value& hidden = stored.Get(kHiddenColumns);
+  if (hidden.IsArray()) table().Set(kHiddenColumns, hidden.ArrayValue().ShallowCopy());
 
-  if (const plist::Value& row = table.Get(kSelectedRow); row.IsNone()) {
+  const plist::Value& row = stored.Get(kSelectedRow);
+  if (row.IsNone()) {
     Log("No selectedRow defined for account preferences");
-  } else {
-    SetSelectedRow(row.IntegerValue(), identifier);
+  } else if (row.IntegerValue() >= 0) {
+    table().Set(kSelectedRow, row.IntegerValue());
   }
 
-  const plist::Value& column = table.Get(kSelectedColumn);
+  const plist::Value& column = stored.Get(kSelectedColumn);
   if (column.IsNone()) Log("No selectedColumn defined for account preferences");
-  SetSelectedColumnIdentifier(TextOf(column), identifier);
+  if (column.IsString()) table().Set(kSelectedColumn, column.StringValue());
 
-  if (const plist::Value& descending = table.Get(kSortDescending); descending.IsNone()) {
+  const plist::Value& descending = stored.Get(kSortDescending);
+  if (descending.IsNone()) {
     Log("No sortDescending defined for account preferences");
   } else {
-    SetSortDescending(descending.BooleanValue(), identifier);
+    table().Set(kSortDescending, descending.BooleanValue());
   }
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -71,7 +72,9 @@ class LDGRAccountPreferences {
                          const Columns& columns, TableIdentifier table);
 
  private:
-  void ReadTable(const plist::Dictionary& table);
+  // `table` gives the table that takes the stored values.
+  static void ReadTable(const plist::Dictionary& stored,
+                        const std::function<plist::Dictionary()>& table);
   [[nodiscard]] plist::Value ValueInTable(std::string_view key, TableIdentifier table);
   [[nodiscard]] Columns ArrayInTable(std::string_view key, TableIdentifier table);
   void SetInTable(std::string_view key, plist::Value value, TableIdentifier table);
