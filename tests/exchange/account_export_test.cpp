@@ -1,0 +1,215 @@
+#include <gtest/gtest.h>
+
+#include <fstream>
+#include <iterator>
+#include <memory>
+#include <string>
+
+#include "exchange/export_options.h"
+#include "exchange/qif_date_formats.h"
+#include "exchange/qif_import.h"
+#include "exchange/qif_review.h"
+#include "fakes/fake_ambient.h"
+#include "filters/filter.h"
+#include "model/account.h"
+
+namespace tallyfold {
+namespace {
+
+std::string FileText(const std::string& name) {
+  std::ifstream file(std::string(TALLYFOLD_TEST_DATA) + '/' + name, std::ios::binary);
+  return {std::istreambuf_iterator<char>(file), {}};
+}
+
+std::shared_ptr<LDGRAccountEntryType> AddType(LDGRAccount& account, std::int32_t number,
+                                              std::string_view name, bool is_deposit = false) {
+  auto type = std::make_shared<LDGRAccountEntryType>();
+  type->SetNumber(number);
+  type->SetName(name);
+  type->SetIsDeposit(is_deposit);
+  account.AddType(type);
+  return type;
+}
+
+std::shared_ptr<LDGRAccountEntry> AddEntry(LDGRAccount& account, DateNumber date, double amount,
+                                           std::string_view to_from, std::string_view description,
+                                           std::int32_t type) {
+  auto entry = std::make_shared<LDGRAccountEntry>();
+  entry->SetNumber(account.NextAvailableNumber());
+  entry->SetDate(date);
+  entry->SetAmount(amount);
+  (amount < 0 ? entry->SetIsDebit(true) : entry->SetIsDeposit(true));
+  entry->SetToFrom(to_from);
+  entry->SetDescription(description);
+  entry->SetType(type);
+  account.AddEntry(entry);
+  return entry;
+}
+
+std::shared_ptr<LDGRAccountEntrySplit> Split(
+    std::initializer_list<std::tuple<std::string_view, std::string_view, double>> lines) {
+  auto split = std::make_shared<LDGRAccountEntrySplit>();
+  std::size_t index = 0;
+  for (const auto& [to_from, description, amount] : lines) {
+    split->SetToFrom(to_from, index);
+    split->SetDescription(description, index);
+    split->SetAmount(amount, index++);
+  }
+  return split;
+}
+
+class AccountExport : public testing::Test {
+ protected:
+  AccountExport() {
+    ambient_.clock.SetLocal({2004, 2, 1, 12, 0, 0});
+    account_.SetName("Checking");
+    account_.SetStartingBalance(100);
+  }
+  void FillFromTheBook() {
+    AddType(account_, 20, "Groceries");
+    AddType(account_, 21, "Salary", true);
+    AddType(account_, 22, "Household");
+    auto hardware = AddEntry(account_, 20040120, -1, "Hardware Store", "", 22);
+    hardware->SetSplit(Split({{"Paint", "walls", 40}, {"Brushes", "", 20}}));
+    AddEntry(account_, 20040115, 1200, "Employer", "January pay", 21);
+    auto check = AddEntry(account_, 20040102, -45.2, "Corner Market", "Weekly shopping", 20);
+    check->SetIsCheck(true);
+    check->SetCheckNumber(1001);
+    check->SetCleared(true);
+    account_.SetStartingBalance(139.7);
+  }
+  static std::shared_ptr<LDGRFilter> FilterFor(std::string_view description) {
+    auto filter = std::make_shared<LDGRFilter>();
+    filter->AddRuleForCategory(filter_category::kDescription, FilterLogic::KeepMatching,
+                               FilterQualifier::Contains, description);
+    return filter;
+  }
+
+  FakeAmbient ambient_;
+  LDGRAccount account_;
+};
+
+TEST_F(AccountExport, WritesTheWholeAccountAsQif) {
+  FillFromTheBook();
+  std::string expected = FileText("checking.qif");
+  ASSERT_FALSE(expected.empty());
+  expected.replace(expected.find("T100.00"), 7, "T139.70");
+  EXPECT_EQ(account_.asQIFStringWithOptions({}), expected);
+}
+
+TEST_F(AccountExport, OfAnAccountWithoutEntriesIsDatedToday) {
+  ExportOptions options;
+  options.date_format = "%y/%m/%d";
+  EXPECT_EQ(account_.asQIFStringWithOptions(options),
+            "!Account\nNChecking\nTBank\nB100.00\n^\n!Type:Bank\n"
+            "D04/02/01\nMStarting Balance\nT100.00\nC*\n^\n");
+  EXPECT_EQ(account_.asTabDelimitedStringWithOptions({}),
+            "Date\tType\tDescription\tTo/From\tResolved\tTax-Deductible\tAmount\tKind\tCheck #\tID"
+            "\tBalance\n02/01/04\t\tStarting Balance\t\tYes\t\t100.00\t\t\t\t100.00\t\n");
+}
+
+TEST_F(AccountExport, FollowsItsOptionsAndWritesOddFieldsAsTheyStand) {
+  auto debit = AddEntry(account_, 20040110, -5, "a\tb", "x", 99);
+  debit->SetCheckNumber(0);
+  debit->SetCleared(true);
+  debit->SetSplit(Split({{"", "", -3}, {"", "", 0}, {"keep", "", 0}, {"", "", 8}}));
+  ExportOptions options;
+  options.line_ending = "\r\n";
+  options.resolved_means_reconciled = true;
+  options.export_filter = FilterFor("X");
+  EXPECT_EQ(account_.asQIFStringWithOptions(options),
+            "!Account\r\nNChecking\r\nTBank\r\nB95.00\r\n^\r\n!Type:Bank\r\n"
+            "D01/10/2004\r\nN0\r\nPa\tb\r\nMx\r\nT-5.00\r\nCX\r\nL\r\n"
+            "Skeep\r\nE\r\n$0.00\r\nS\r\nE\r\n$8.00\r\n^\r\n");
+}
+
+TEST_F(AccountExport, WritesAShownEntryALineWithTheBalanceSoFar) {
+  FillFromTheBook();
+  AddEntry(account_, 20040121, -7, "Shop", "Pay back", -1)->SetTaxDeductible(true);
+  ExportOptions options;
+  options.export_filter = FilterFor("pay");
+  const std::string text = account_.asTabDelimitedStringWithOptions(options);
+  EXPECT_EQ(text.substr(text.find('\n') + 1),
+            "01/15/04\tSalary\tJanuary pay\tEmployer\tNo\tNo\t1200.00\tDeposit\t\t2\t1339.70\n"
+            "01/21/04\t\tPay back\tShop\tNo\tYes\t-7.00\tDebit\t\t4\t1332.70\n");
+}
+
+// What a QIF file carries of an entry and what it does not.
+TEST_F(AccountExport, IsReadBackWithinWhatTheFormatCarries) {
+  AddType(account_, 20, "Groceries");
+  struct Case {
+    std::string_view name;
+    void (*change)(LDGRAccountEntry&);
+    // Whether the change survives.
+    bool carried;
+  };
+  const Case cases[] = {
+      {"plain", [](LDGRAccountEntry&) {}, true},
+      {"other texts", [](LDGRAccountEntry& e) { e.SetDescription("Bücher, Ω"); }, true},
+      {"cleared", [](LDGRAccountEntry& e) { e.SetCleared(true); }, true},
+      {"check",
+       [](LDGRAccountEntry& e) {
+         e.SetIsCheck(true);
+         e.SetCheckNumber(77);
+       },
+       true},
+      {"split",
+       [](LDGRAccountEntry& e) {
+         e.SetToFrom("Split");
+         e.SetAmount(-7);
+         e.SetSplit(Split({{"Shop", "", 4}, {"", "glue", 3}}));
+       },
+       true},
+      {"stored amount beside a split",
+       [](LDGRAccountEntry& e) {
+         e.SetToFrom("Split");
+         e.SetSplit(Split({{"Shop", "", 4}}));
+       },
+       false},
+      {"payee beside a split",
+       [](LDGRAccountEntry& e) {
+         e.SetAmount(-4);
+         e.SetSplit(Split({{"Shop", "", 4}}));
+       },
+       false},
+      {"notes", [](LDGRAccountEntry& e) { e.SetNotes("n"); }, false},
+      {"tax mark", [](LDGRAccountEntry& e) { e.SetTaxDeductible(true); }, false},
+      {"line end in a text", [](LDGRAccountEntry& e) { e.SetDescription("a\nb"); }, false},
+      {"record end in a text", [](LDGRAccountEntry& e) { e.SetDescription("a^b"); }, false},
+      {"check without a number",
+       [](LDGRAccountEntry& e) {
+         e.SetIsCheck(true);
+         e.SetCheckNumber(0);
+       },
+       false},
+  };
+  auto entry = AddEntry(account_, 20040229, -12.34, "Shop", "Bread", 20);
+  const plist::Dictionary plain = entry->asDictionary();
+  for (const Case& each : cases) {
+    for (const QifDateFormat& format : kQifDateFormats) {
+      auto changed = std::make_shared<LDGRAccountEntry>(plain);
+      each.change(*changed);
+      account_.SetEntries({changed});
+      ExportOptions options;
+      options.date_format = format.format;
+      options.export_filter = FilterFor("");
+      LDGRQIFImport import(account_.asQIFStringWithOptions(options));
+      QifOptions read_with;
+      read_with.date_format = format.format;
+      import.SetOptions(read_with);
+      const QifResult result = import.Parse();
+      LDGRAccount other;
+      AddType(other, 20, "Groceries");
+      QifReview(result, result.entries, other).Commit(other, false);
+      bool carried = other.GetEntries().size() == 1;
+      if (carried) {
+        changed->SetNumber(other.GetEntries()[0]->GetNumber());
+        carried = other.GetEntries()[0]->asDictionary() == changed->asDictionary();
+      }
+      EXPECT_EQ(carried, each.carried) << each.name << " in " << format.format;
+    }
+  }
+}
+
+}  // namespace
+}  // namespace tallyfold

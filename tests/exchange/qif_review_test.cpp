@@ -1,0 +1,166 @@
+#include "exchange/qif_review.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
+#include "exchange/qif_import.h"
+#include "fakes/fake_ambient.h"
+
+namespace tallyfold {
+namespace {
+
+QifReview Review(std::string_view text, LDGRAccount& account) {
+  const QifResult result = LDGRQIFImport(text).Parse();
+  return QifReview(result, result.entries, account);
+}
+
+void Add(LDGRAccount& account, double amount, bool debit, bool deposit, std::string_view to_from,
+         std::string_view description, std::int32_t check = -1) {
+  auto entry = std::make_shared<LDGRAccountEntry>();
+  entry->SetDate(20040102);
+  entry->SetAmount(amount);
+  entry->SetIsDebit(debit);
+  entry->SetIsDeposit(deposit);
+  entry->SetIsTransfer(!debit && !deposit);
+  entry->SetToFrom(to_from);
+  entry->SetDescription(description);
+  entry->SetIsCheck(check >= 0);
+  entry->SetCheckNumber(check);
+  account.AddEntry(entry);
+}
+
+std::vector<std::string> NamesOf(const EntryTypeList& types) {
+  std::vector<std::string> names;
+  for (const auto& type : types) names.push_back(type->GetName());
+  return names;
+}
+
+TEST(QifReviews, MarkNoEntryThatTheAccountSeemsToHold) {
+  struct Case {
+    std::string_view name;
+    void (*fill)(LDGRAccount&);
+    std::string_view record;
+    bool is_duplicate;
+  };
+  const Case cases[] = {
+      {"same payee", [](LDGRAccount& a) { Add(a, -5, true, false, "Shop", "x"); },
+       "D1/2/04\nT-5\nPShop\n^", true},
+      {"same description", [](LDGRAccount& a) { Add(a, -5, true, false, "x", "Bread"); },
+       "D1/2/04\nT-5\nPShop\nMBread\n^", true},
+      {"same check number", [](LDGRAccount& a) { Add(a, -5, true, false, "x", "y", 7); },
+       "D1/2/04\nT-5\nN7\nPa\nMb\n^", true},
+      {"other check number", [](LDGRAccount& a) { Add(a, -5, true, false, "x", "y", 8); },
+       "D1/2/04\nT-5\nN7\nPa\nMb\n^", false},
+      {"nothing else the same", [](LDGRAccount& a) { Add(a, -5, true, false, "x", "y"); },
+       "D1/2/04\nT-5\nPa\nMb\n^", false},
+      {"other case", [](LDGRAccount& a) { Add(a, -5, true, false, "SHOP", "y"); },
+       "D1/2/04\nT-5\nPShop\nMb\n^", false},
+      {"other amount", [](LDGRAccount& a) { Add(a, -5.01, true, false, "Shop", "y"); },
+       "D1/2/04\nT-5\nPShop\n^", false},
+      {"other day", [](LDGRAccount& a) { Add(a, -5, true, false, "Shop", "y"); },
+       "D1/3/04\nT-5\nPShop\n^", false},
+      {"deposit for debit", [](LDGRAccount& a) { Add(a, -5, false, true, "Shop", "y"); },
+       "D1/2/04\nT-5\nPShop\n^", false},
+      {"transfer for debit", [](LDGRAccount& a) { Add(a, -5, false, false, "Shop", "y"); },
+       "D1/2/04\nT-5\nPShop\n^", true},
+      {"transfer for deposit", [](LDGRAccount& a) { Add(a, 5, false, false, "Shop", "y"); },
+       "D1/2/04\nT5\nPShop\n^", true},
+  };
+  for (const Case& each : cases) {
+    LDGRAccount account;
+    each.fill(account);
+    const QifReview review = Review(each.record, account);
+    ASSERT_EQ(review.entries().size(), 1U) << each.name;
+    EXPECT_EQ(review.MarkedCount(), each.is_duplicate ? 0U : 1U) << each.name;
+    const auto match = review.MatchOf(*review.entries()[0]);
+    EXPECT_EQ(match && match->reason != QifMatch::Reason::NearDate, each.is_duplicate) << each.name;
+  }
+}
+
+TEST(QifReviews, HintAtEntriesOfTheSameAmountWithinFourDays) {
+  LDGRAccount account;
+  Add(account, -5, true, false, "x", "y");
+  for (const auto& [day, is_near] : {std::pair("12/28/03", false), std::pair("12/29/03", true),
+                                     std::pair("1/6/04", true), std::pair("1/7/04", false)}) {
+    const QifReview review = Review(std::string("D") + day + "\nT-5\nPa\nMb\n^", account);
+    EXPECT_EQ(review.MatchOf(*review.entries()[0]).has_value(), is_near) << day;
+    EXPECT_EQ(review.MarkedCount(), 1U) << day;
+  }
+}
+
+TEST(QifReviews, MakeEntriesOfWhatWasRead) {
+  LDGRAccount account;
+  std::string ten_lines = "T-10\n";
+  for (int i = 0; i < 10; ++i) ten_lines += "Sa\n$1\n";
+  const QifReview review = Review(
+      "D1/2/04\nT-5\nN12\nPShop\nMBread\nLFood\nC*\n^T5\nN12\nLGift\n^"
+      "T-3\nPx\nSa\nEb\n$1\nSc\nEd\n$2\n^" +
+          ten_lines + "LCheck\n^",
+      account);
+  const auto& entries = review.entries();
+  ASSERT_EQ(entries.size(), 4U);
+  EXPECT_TRUE(entries[0]->IsDebit() && entries[0]->IsCheck() && entries[0]->GetCleared());
+  EXPECT_EQ(entries[0]->GetActualType()->GetName(), "Food");
+  EXPECT_EQ(entries[0]->GetType(), 7);  // one above the next free number
+  EXPECT_TRUE(entries[1]->IsDeposit() && !entries[1]->IsCheck());
+  EXPECT_EQ(entries[1]->GetCheckNumber(), 12);
+  EXPECT_EQ(entries[1]->GetType(), account.DepositEntryTypeForName("Gift")->GetNumber());
+  EXPECT_EQ(entries[2]->GetToFrom(), "Split");
+  EXPECT_EQ(entries[2]->GetAmount(), -3.0);
+  EXPECT_EQ(entries[2]->GetSplit()->GetDescription(1), "d");
+  EXPECT_EQ(entries[3]->GetSplit(), nullptr);  // ten lines are one too many
+  EXPECT_EQ(entries[3]->GetAmount(), -10.0);
+  EXPECT_EQ(entries[1]->GetNumber(), entries[0]->GetNumber() + 1);
+  EXPECT_EQ(review.Total(), -13.0);
+}
+
+TEST(QifReviews, AddMarkedEntriesInTheOrderOfMarkingAndTheTypesTheyNeed) {
+  struct Case {
+    std::string_view name;
+    std::vector<std::size_t> toggled;
+    bool all_types;
+    std::string_view descriptions;
+    std::vector<std::string> new_types;
+  };
+  const Case cases[] = {
+      {"all", {}, false, "abc", {"Used"}},
+      {"all types", {}, true, "abc", {"Unused", "Used"}},
+      {"marked again", {0, 0}, false, "bca", {"Used"}},
+      {"without the one that needs a type", {0}, false, "bc", {}},
+      {"nothing", {0, 1, 2}, false, "", {"Unused", "Used"}},
+  };
+  for (const Case& each : cases) {
+    LDGRAccount account;
+    account.SetTypes({});
+    QifReview review = Review(
+        "!Type:Cat\nNUnused\n^\n!Type:Bank\nT1\nMa\nLUsed\n^\nT2\nMb\n^\nT3\nMc\n^\n", account);
+    for (const std::size_t index : each.toggled) review.Toggle(review.entries()[index]);
+    const std::int32_t last = account.GetNumberCount();
+    review.Commit(account, each.all_types);
+    std::string descriptions;
+    for (const auto& entry : account.GetEntries()) {
+      descriptions += entry->GetDescription();
+      EXPECT_EQ(entry->GetNumber(), last + static_cast<std::int32_t>(descriptions.size()));
+    }
+    EXPECT_EQ(descriptions, each.descriptions) << each.name;
+    EXPECT_EQ(NamesOf(account.GetTypes()), each.new_types) << each.name;
+  }
+}
+
+TEST(QifReviews, ToggleAllAtOnceAndForgetRemovedEntries) {
+  LDGRAccount account;
+  QifReview review = Review("T1\n^T2\n^T3\n^", account);
+  review.ToggleAll();
+  EXPECT_EQ(review.MarkedCount(), 0U);
+  review.Toggle(review.entries()[2]);
+  review.ToggleAll();  // one of three is marked, so all become so
+  EXPECT_EQ(review.entriesToImport(), review.entries());
+  review.Remove(review.entries()[1].get());
+  EXPECT_EQ(review.Total(), 4.0);
+  EXPECT_EQ(review.MarkedCount(), 2U);
+}
+
+}  // namespace
+}  // namespace tallyfold
