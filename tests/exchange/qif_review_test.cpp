@@ -95,8 +95,8 @@ TEST(QifReviews, MakeEntriesOfWhatWasRead) {
   std::string ten_lines = "T-10\n";
   for (int i = 0; i < 10; ++i) ten_lines += "Sa\n$1\n";
   const QifReview review = Review(
-      "D1/2/04\nT-5\nN12\nPShop\nMBread\nLFood\nC*\n^T5\nN12\nLGift\n^"
-      "T-3\nPx\nSa\nEb\n$1\nSc\nEd\n$2\n^" +
+      "D1/2/04\nT-5\nN12\nPShop\nMBread\nLFood\nC*\n^\nT5\nN12\nLGift\n^"
+      "\nT-3\nPx\nSa\nEb\n$1\nSc\nEd\n$2\n^" +
           ten_lines + "LCheck\n^",
       account);
   const auto& entries = review.entries();
@@ -151,7 +151,7 @@ TEST(QifReviews, AddMarkedEntriesInTheOrderOfMarkingAndTheTypesTheyNeed) {
 
 TEST(QifReviews, ToggleAllAtOnceAndForgetRemovedEntries) {
   LDGRAccount account;
-  QifReview review = Review("T1\n^T2\n^T3\n^", account);
+  QifReview review = Review("T1\n^\nT2\n^\nT3\n^", account);
   review.ToggleAll();
   EXPECT_EQ(review.MarkedCount(), 0U);
   review.Toggle(review.entries()[2]);
