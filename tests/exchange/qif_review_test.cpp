@@ -96,7 +96,7 @@ TEST(QifReviews, MakeEntriesOfWhatWasRead) {
   for (int i = 0; i < 10; ++i) ten_lines += "Sa\n$1\n";
   const QifReview review = Review(
       "D1/2/04\nT-5\nN12\nPShop\nMBread\nLFood\nC*\n^\nT5\nN12\nLGift\n^"
-      "\nT-3\nPx\nSa\nEb\n$1\nSc\nEd\n$2\n^" +
+      "\nT-3\nPx\nSa\nEb\n$1\nSc\nEd\n$2\n^\n" +
           ten_lines + "LCheck\n^",
       account);
   const auto& entries = review.entries();
