@@ -49,7 +49,10 @@ double RoundedByItsDigits(double amount) noexcept {
 double RoundedMagnitude(double magnitude) noexcept {
   if (magnitude < kExactCentsLimit) {
     const double cents = magnitude * 100.0;
-    const auto nearest = static_cast<double>(static_cast<std::int64_t>(cents + 0.5));
+    // Where the sum itself rounds, the margin below sends the amount to its digits.
+    // NOLINTNEXTLINE(bugprone-incorrect-roundings)
+    const auto whole_cents = static_cast<std::int64_t>(cents + 0.5);
+    const auto nearest = static_cast<double>(whole_cents);
     const double rounded = nearest / 100.0;
     // The product is off by less than this; only amounts that close to half a cent need more.
     const double margin = cents * 1e-15;

@@ -36,6 +36,8 @@ TEST(Occurrences, FollowTheirRules) {
                     {20040501, 20040502});
   ExpectOccurrences("daily, some committed", {Type::Daily, 1, 20040101}, 20040101, 20040104,
                     {20040101, 20040104}, {20040102, 20040103});
+  ExpectOccurrences("daily, committed days out of order", {Type::Daily, 1, 20040101}, 20040101,
+                    20040104, {20040101, 20040102, 20040104}, {20040103, 20040101, 20040103});
   ExpectOccurrences("weekly from within a week", {Type::Weekly, 1, 20040101}, 20040102, 20040122,
                     {20040108, 20040115, 20040122});
   ExpectOccurrences("weekly from before the start", {Type::Weekly, 1, 20040101}, 20031201, 20040110,
