@@ -3,6 +3,7 @@
 #include "console/command_error.h"
 #include "console/console.h"
 #include "console/lookup.h"
+#include "console/password_sheets.h"
 #include "console/printer.h"
 #include "console/table.h"
 #include "console/values.h"
@@ -14,16 +15,18 @@ namespace {
 constexpr std::int32_t kHighestCheckNumber = 2147483646;
 
 Table AccountTable() {
-  return Table({{"number", Column::Align::Right},
-                {"name"},
-                {"balance", Column::Align::Right},
-                {"selected"}});
+  return Table(
+      {{"number", Column::Align::Right}, {"name"}, {"balance", Column::Align::Right}, {"state"}});
 }
 
 void AddRow(Table& table, const Console& console, const LDGRAccount& account) {
   const bool is_selected = console.controller.SelectedAccount().get() == &account;
-  table.Add({WriteNumber(account.GetNumber()), account.GetName(), WriteAmount(account.GetBalance()),
-             is_selected ? "yes" : ""});
+  const bool is_locked = account.IsLocked();
+  table.Add({WriteNumber(account.GetNumber()), account.GetName(),
+             is_locked ? "" : WriteAmount(account.GetBalance()),
+             is_locked     ? "locked"
+             : is_selected ? "selected"
+                           : ""});
 }
 
 void ShowAccount(Console& console, const LDGRAccount& account) {
@@ -77,8 +80,10 @@ void RenameAccount(Console& console, const Arguments& arguments) {
 void SelectAccount(Console& console, const Arguments& arguments) {
   const auto account = AccountNamed(console, arguments.WordAt(0));
   console.controller.Account_Select(account);
+  ServePasswordSheet(console);
   if (console.controller.SelectedAccount() != account) {
-    throw CommandError("account " + account->GetName() + " is locked");
+    throw CommandError(account->GetName() + " is locked; unlock PASSWORD account=" +
+                       WriteNumber(account->GetNumber()) + " opens it");
   }
   console.printer.Confirm("Selected " + account->GetName() + ".");
 }

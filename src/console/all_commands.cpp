@@ -7,7 +7,7 @@ std::span<const Subject> AllSubjects() {
       {"General", GeneralCommands()},    {"Accounts", AccountCommands()},
       {"Register", RegisterCommands()},  {"Entries", EntryCommands()},
       {"Schedules", ScheduleCommands()}, {"Types", TypeCommands()},
-      {"Files", StorageCommands()},
+      {"Files", StorageCommands()},      {"Passwords", PasswordCommands()},
   };
   return kSubjects;
 }

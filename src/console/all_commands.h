@@ -13,6 +13,7 @@ namespace tallyfold::console {
 [[nodiscard]] std::span<const Command> AccountCommands();
 [[nodiscard]] std::span<const Command> EntryCommands();
 [[nodiscard]] std::span<const Command> GeneralCommands();
+[[nodiscard]] std::span<const Command> PasswordCommands();
 [[nodiscard]] std::span<const Command> RegisterCommands();
 [[nodiscard]] std::span<const Command> ScheduleCommands();
 [[nodiscard]] std::span<const Command> StorageCommands();

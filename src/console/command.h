@@ -28,8 +28,9 @@ struct Option {
 // What a command needs before it can run.
 enum class Needs : std::uint8_t {
   Nothing,       // runs before the launch too
-  Launch,        // the launch; an open sheet for a new account is cancelled
-  AccountSheet,  // the launch; fills the sheet for a new account where one is open
+  Launch,        // the launch; runs while the application is locked
+  Unlocked,      // also the password; an open sheet for a new account is cancelled
+  AccountSheet,  // the same, but fills the sheet for a new account where one is open
 };
 
 // One command: what help tells of it, what it takes and what it does. Each subject keeps its
@@ -47,7 +48,7 @@ struct Command {
   std::string_view example = {};
   // Throws CommandError when it cannot do what was asked; it then has changed nothing.
   void (*run)(Console& console, const Arguments& arguments) = nullptr;
-  Needs needs = Needs::Launch;
+  Needs needs = Needs::Unlocked;
 };
 
 // The commands of a subject, in the order in which help lists them.

@@ -76,8 +76,16 @@ constexpr Command kCommands[] = {
      .example = "answer OK",
      .run = Answer,
      .needs = Needs::Nothing},
-    {.name = "log", .help = "shows the lines logged so far", .example = "log", .run = ShowLog},
-    {.name = "quit", .help = "saves everything and ends", .example = "quit", .run = Quit},
+    {.name = "log",
+     .help = "shows the lines logged so far",
+     .example = "log",
+     .run = ShowLog,
+     .needs = Needs::Launch},
+    {.name = "quit",
+     .help = "saves everything and ends",
+     .example = "quit",
+     .run = Quit,
+     .needs = Needs::Launch},
 };
 
 }  // namespace

@@ -1,7 +1,5 @@
 #include "console/questions.h"
 
-#include <optional>
-
 #include "console/table.h"
 #include "console/words.h"
 #include "model/text.h"
@@ -71,6 +69,11 @@ std::size_t Questions::Ask(std::string_view title, std::string_view message,
 
 std::size_t Questions::Run(const AlertRequest& request) {
   return Ask(request.title, request.message, request.buttons, 0);
+}
+
+std::optional<std::string> Questions::AskSecret(const std::string& prompt) {
+  if (!terminal_.ReadsFromPerson()) return std::nullopt;
+  return terminal_.ReadSecret(prompt);
 }
 
 std::size_t Questions::AskPerson(std::span<const std::string> buttons, std::size_t safe) {

@@ -2,6 +2,7 @@
 
 #include <cstddef>
 #include <deque>
+#include <optional>
 #include <span>
 #include <string>
 #include <string_view>
@@ -30,6 +31,9 @@ class Questions final : public Alerts {
                   std::span<const std::string> buttons, std::size_t safe);
   // The first button of an alert, its default, is its safe one.
   std::size_t Run(const AlertRequest& request) override;
+
+  // What a person types unseen; none when it gives up, and off a terminal.
+  [[nodiscard]] std::optional<std::string> AskSecret(const std::string& prompt);
 
   // What was wrong with an answer since this was asked last; "" for nothing. (A question can come
   // up in the midst of an operation, which must not be left by an exception.)

@@ -2,9 +2,11 @@
 
 #include <optional>
 
+#include "app/application.h"
 #include "console/all_commands.h"
 #include "console/command.h"
 #include "console/command_error.h"
+#include "console/password_sheets.h"
 #include "console/table.h"
 #include "platform/terminal.h"
 
@@ -66,7 +68,10 @@ std::string Session::RunCommand(std::span<const Word> words) {
       return error;
     }
     if (!is_launched_ && !Launch()) return error;
-    if (command->needs != Needs::AccountSheet) controller_.CancelOpenSheet();
+    // A line is the user's doing: what waits for an idle user waits on.
+    controller_.application().sendEvent(EventType::KeyDown);
+    if (command->needs != Needs::Launch && !Unlock()) return error;
+    if (command->needs == Needs::Unlocked) controller_.CancelOpenSheet();
     command->run(console_, arguments);
   } catch (const CommandError& failure) {
     error = failure.what();
@@ -83,10 +88,20 @@ bool Session::Launch() {
   controller_.awakeFromNib();
   if (!controller_.applicationDidFinishLaunching()) return false;
   TellWhatWasSetAside();
-  if (controller_.accounts().empty()) {
+  if (controller_.authenticated() && controller_.accounts().empty()) {
     printer_.Confirm("There is no account yet; account add makes one.");
   }
   return true;
+}
+
+bool Session::Unlock() {
+  ServePasswordSheet(console_);
+  skip_delays_();
+  if (host_.IsEnding()) return false;
+  // The sheet of the account that was shown last may come up only now.
+  ServePasswordSheet(console_);
+  if (controller_.authenticated()) return true;
+  throw CommandError("the application is locked; unlock PASSWORD opens it");
 }
 
 void Session::TellWhatWasSetAside() {

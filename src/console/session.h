@@ -38,6 +38,9 @@ class Session {
   std::string RunCommand(std::span<const Word> words);
   // False when the program ends instead.
   bool Launch();
+  // Has a password asked for that is missing. False when the program ends instead; throws
+  // CommandError when it stays locked.
+  bool Unlock();
   void TellWhatWasSetAside();
   // Whether everything is on the disk.
   bool ShutDown();
