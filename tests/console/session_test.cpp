@@ -1,0 +1,136 @@
+#include "console/session.h"
+
+#include <gtest/gtest.h>
+
+#include <chrono>
+#include <deque>
+#include <string>
+
+#include "console/command_error.h"
+#include "console/entry_options.h"
+#include "console/recurrence.h"
+#include "fakes/fake_ambient.h"
+#include "fakes/fake_file_system.h"
+#include "fakes/fake_run_loop.h"
+#include "fakes/fake_services.h"
+#include "model/account_schedule.h"
+#include "platform/notification_center.h"
+#include "platform/terminal.h"
+#include "system/iconv_encodings.h"
+
+namespace tallyfold::console {
+namespace {
+
+// Lines to read, and all that is written, errors behind "!".
+class FakeTerminal final : public Terminal {
+ public:
+  bool ReadsFromPerson() const override { return false; }
+  bool WritesToPerson() const override { return false; }
+  std::optional<std::string> ReadLine(std::string_view /*prompt*/) override {
+    if (lines.empty()) return std::nullopt;
+    const std::string line = lines.front();
+    lines.pop_front();
+    return line;
+  }
+  std::optional<std::string> ReadSecret(std::string_view prompt) override {
+    return ReadLine(prompt);
+  }
+  void Write(std::string_view text) override { written += text; }
+  void WriteError(std::string_view text) override { written += '!' + std::string(text); }
+
+  std::deque<std::string> lines;
+  std::string written;
+};
+
+// The computer a session runs on.
+struct Computer {
+  int Run(std::deque<std::string> lines) {
+    terminal.lines = std::move(lines);
+    terminal.written.clear();
+    Session session({terminal, files, processes, speech, loop, notifications, encodings,
+                     [this] { loop.AdvanceBy(std::chrono::seconds(3)); }, "1.0"});
+    return session.Run();
+  }
+
+  FakeAmbient ambient;
+  FakeTerminal terminal;
+  FakeFileSystem files;
+  FakeProcessLauncher processes;
+  FakeSpeech speech;
+  FakeRunLoop loop{&ambient.clock};
+  NotificationCenter notifications;
+  IconvEncodings encodings;
+};
+
+TEST(Sessions, RefuseLinesOfAnyLengthBeyondTheLongest) {
+  Computer computer;
+  const std::string longest(Terminal::kLongestLine, '#');
+  EXPECT_EQ(computer.Run({longest, longest + '#', "accounts"}), 1);
+  EXPECT_EQ(computer.terminal.written, "!error: line 2: the line is longer than 1048576 bytes\n");
+  EXPECT_TRUE(computer.files.Changes().empty());
+}
+
+TEST(Sessions, LeaveEveryTimerThatWaitsForAnIdleUserAlone) {
+  Computer computer;
+  std::deque<std::string> lines = {"account add name=Cash"};
+  for (int i = 0; i < 20; ++i) lines.push_back("debit amount=1");
+  lines.push_back("- debit amount=x");
+  lines.push_back("nonsense");
+  // A minute of skipped delays, in which changed accounts would be saved in front of a person.
+  EXPECT_EQ(computer.Run(lines), 1);
+  EXPECT_EQ(computer.files.Content("/home/user/Library/Tallyfold/Accounts.plist"), std::nullopt);
+}
+
+TEST(Sessions, SayWhatCouldNotBeSavedAtTheEnd) {
+  Computer computer;
+  EXPECT_EQ(computer.Run({"account add name=Cash"}), 0);
+  computer.files.FailOn("/home/user/Library/Tallyfold/Accounts.plist");
+  computer.files.FailOn("/home/user/Library/Preferences/Quorva/Tallyfold Preferences");
+  EXPECT_EQ(computer.Run({"account add name=More"}), 1);
+  EXPECT_TRUE(
+      computer.terminal.written.ends_with("!error: the accounts could not be saved\n"
+                                          "!error: the preferences could not be saved\n"))
+      << computer.terminal.written;
+}
+
+TEST(SplitLines, AreReadWithBarsOfTheirOwn) {
+  struct Case {
+    std::string_view text;
+    SplitRow row;
+  } const cases[] = {
+      {"Food|Corner Market|12.5", {"Food", "Corner Market", 12.5}},
+      {"||0", {"", "", 0.0}},
+      {R"(a\|b|c\\|-1)", {"a|b", "c\\", -1.0}},
+      {R"(a\b|c|1)", {"ab", "c", 1.0}},
+  };
+  for (const Case& c : cases) EXPECT_EQ(ReadSplitRow(c.text), c.row) << c.text;
+  for (const std::string_view bad : {"", "a", "a|1", "a|b|", "a|b|1|2", R"(a|b\|1)", R"(a|b|1\)"}) {
+    EXPECT_THROW((void)ReadSplitRow(bad), CommandError) << bad;
+  }
+}
+
+TEST(Recurrences, AreWrittenAsTheyAreRead) {
+  for (const std::string_view text :
+       {"once", "daily", "weekly", "fortnightly", "monthly", "yearly", "month-end", "quarterly",
+        "quarter-end", "10 days", "2 weeks", "3 months", "4 years", "1 quarters"}) {
+    LDGRAccountSchedule schedule;
+    const Interval interval = ReadInterval(text);
+    schedule.SetRepeatIntervalType(interval.type);
+    schedule.SetRepeatInterval(interval.every);
+    EXPECT_EQ(IntervalText(schedule), text);
+  }
+  for (const std::string_view text : {"forever", "12 times", "2026-12-31"}) {
+    LDGRAccountSchedule schedule;
+    const Until until = ReadUntil(text);
+    schedule.SetRepeatUntilType(until.type);
+    schedule.SetRepeatUntil(until.value);
+    EXPECT_EQ(UntilText(schedule), text);
+  }
+  LDGRAccountSchedule odd;
+  odd.SetRepeatIntervalType(7);
+  odd.SetRepeatUntilType(-1);
+  EXPECT_EQ(IntervalText(odd) + UntilText(odd), "??");
+}
+
+}  // namespace
+}  // namespace tallyfold::console
