@@ -42,8 +42,8 @@ TEST(NewSchedules, AreStoredAsTheirEntriesWillBe) {
     std::string line;
   } const cases[] = {
       {Values(EntryKind::Deposit), "#0 20040401 deposit 12.35 type=1 'Rent' to 'Owner'"},
-      {check, "#1 20040401 debit -12.35 type=1 check=-1 'Rent' to 'Owner' tax"},
-      {split, "#2 20040401 debit -5.00 type=1 'Rent' to 'Split' split(Rent,Owner,5.00)"},
+      {check, "#1 20040401 debit -12.35 type=1 check 'Rent' to 'Owner' tax"},
+      {split, "#2 20040401 debit 5.00 type=1 'Rent' to 'Split' split(Rent,Owner,5.00)"},
       {to, "#3 20040401 transfer -12.35 'Rent' to 'Savings' ->1#-1 origin"},
       {from, "#4 20040401 transfer 12.35 'Rent' to 'Savings' ->1#-1"},
   };
