@@ -21,6 +21,7 @@ void AccountSelection::Forget() noexcept {
 }
 
 void AccountSelection::Accounts_PostLoad() {
+  if (!host_.IsUnlocked()) return;
   has_post_loaded_ = true;
   if (host_.Accounts().empty()) {
     host_.Account_Add();

@@ -58,7 +58,7 @@ class AccountSelection {
   [[nodiscard]] bool HasPostLoaded() const noexcept { return has_post_loaded_; }
 
   // Shows what the user saw last: the account the preferences remember, else the first; without
-  // any account, opens the sheet for a new one.
+  // any account, opens the sheet for a new one. Nothing while the application is locked.
   void Accounts_PostLoad();
   // Selects an account whose password has been given or that has none; asks for the password of
   // any other. Null deselects. Nothing is selected while the application is locked.

@@ -294,7 +294,9 @@ void LDGRController::controlTextDidChange(TypedField field, std::string_view tex
 
 AccountsStore::RestoreResult LDGRController::Accounts_RestoreBackup(const std::string& name) {
   const auto result = accounts_.Accounts_RestoreBackup(name);
-  if (result == AccountsStore::RestoreResult::Restored) Accounts_PostLoad();
+  if (result != AccountsStore::RestoreResult::Restored) return result;
+  // The backup has the password of its time.
+  authenticated() ? Accounts_PostLoad() : authentication_Begin();
   return result;
 }
 

@@ -62,6 +62,10 @@ class LDGRController {
   // Who shows the application; null (as at first) for nobody. Both must outlive their stay here.
   void SetFrontEnd(FrontEnd* front_end) noexcept { front_end_.Set(front_end); }
   void SetMainWindow(MainWindow* window) noexcept { window_.Set(window); }
+  void updateTableFonts() { window_->updateTableFonts(); }
+  void UpdateTableRowHeights() { window_->UpdateTableRowHeights(); }
+  void Internationalize() { window_->Internationalize(); }
+  void SetTabViewImages() { window_->SetTabViewImages(); }
   [[nodiscard]] Sheet OpenSheet() const noexcept { return sheets_.Current(); }
   // Cancels whatever sheet is open, but for those that ask for a password.
   void CancelOpenSheet();
@@ -312,6 +316,14 @@ class LDGRController {
   }
 
   [[nodiscard]] const EntrySheetState& DebitSheet() const { return editing_.Debit().State(); }
+  // What the last sheet was opened for.
+  [[nodiscard]] const std::shared_ptr<LDGRAccountEntry>& editEntry() const noexcept {
+    return editing_.Edited().entry;
+  }
+  [[nodiscard]] bool editEntryIsNew() const noexcept { return editing_.Edited().is_new; }
+  void DebitSheet_Populate() { editing_.Populate(editing_.Debit()); }
+  bool DebitSheet_Open() { return editing_.Open(editing_.Debit()); }
+  void DebitSheet_SaveValuesToEditEntry() { editing_.SaveValuesToEditEntry(editing_.Debit()); }
   void DebitSheet_Read(EntrySheetState::Typed typed) { editing_.Debit().Read(std::move(typed)); }
   bool DebitSheet_OK() { return editing_.OK(editing_.Debit()); }
   void DebitSheet_Cancel() { editing_.Cancel(editing_.Debit()); }
@@ -329,6 +341,9 @@ class LDGRController {
   void DebitSheet_TakeSuggestion() { editing_.Debit().TakeSuggestion(); }
 
   [[nodiscard]] const EntrySheetState& DepositSheet() const { return editing_.Deposit().State(); }
+  void DepositSheet_Populate() { editing_.Populate(editing_.Deposit()); }
+  bool DepositSheet_Open() { return editing_.Open(editing_.Deposit()); }
+  void DepositSheet_SaveValuesToEditEntry() { editing_.SaveValuesToEditEntry(editing_.Deposit()); }
   void DepositSheet_Read(EntrySheetState::Typed typed) {
     editing_.Deposit().Read(std::move(typed));
   }
@@ -349,6 +364,11 @@ class LDGRController {
 
   [[nodiscard]] const TransferSheetState& TransferSheet() const {
     return editing_.Transfer().State();
+  }
+  void TransferSheet_Populate() { editing_.Populate(editing_.Transfer()); }
+  bool TransferSheet_Open() { return editing_.Open(editing_.Transfer()); }
+  void TransferSheet_SaveValuesToEditEntry() {
+    editing_.SaveValuesToEditEntry(editing_.Transfer());
   }
   void TransferSheet_Read(TransferSheetState::Typed typed) {
     editing_.Transfer().Read(std::move(typed));

@@ -21,17 +21,21 @@ EntryEditing::EntryEditing(Host& host, const TransferLinks& links, SheetSlot& sh
 bool EntryEditing::New(EntryKind kind) {
   const auto account = host_.SelectedAccount();
   if (account == nullptr || !sheets_.IsFree()) return false;
-  auto entry = NewEntryWithDefaults(kind, *account, host_.Preferences());
-  EditSheet* sheet = SheetForEntry(*entry);
-  return Open(*sheet, std::move(entry), true, account);
+  return Begin({NewEntryWithDefaults(kind, *account, host_.Preferences()), true, account});
 }
 
 bool EntryEditing::Entry_Edit() {
   const auto account = host_.SelectedAccount();
-  auto entry = host_.SelectedEntry();
+  const auto entry = host_.SelectedEntry();
   if (account == nullptr || entry == nullptr || !sheets_.IsFree()) return false;
-  EditSheet* sheet = SheetForEntry(*entry);
-  return sheet != nullptr && Open(*sheet, std::move(entry), false, account);
+  return SheetForEntry(*entry) != nullptr && Begin({entry, false, account});
+}
+
+bool EntryEditing::Begin(EditedEntry edited) {
+  edited_ = std::move(edited);
+  EditSheet* sheet = SheetForEntry(*edited_.entry);
+  Populate(*sheet);
+  return Open(*sheet);
 }
 
 EditSheet* EntryEditing::SheetForEntry(const LDGRAccountEntry& entry) noexcept {
@@ -41,12 +45,24 @@ EditSheet* EntryEditing::SheetForEntry(const LDGRAccountEntry& entry) noexcept {
   return nullptr;
 }
 
-bool EntryEditing::Open(EditSheet& sheet, std::shared_ptr<LDGRAccountEntry> entry, bool is_new,
-                        const std::shared_ptr<LDGRAccount>& account) {
-  edited_ = {std::move(entry), is_new, account};
-  sheet.Populate(edited_, *account, host_.Preferences());
+bool EntryEditing::IsFor(const EditSheet& sheet) noexcept {
+  return edited_.entry != nullptr && !edited_.account.expired() &&
+         SheetForEntry(*edited_.entry) == &sheet;
+}
+
+void EntryEditing::Populate(EditSheet& sheet) {
+  if (IsFor(sheet)) sheet.Populate(edited_, *edited_.account.lock(), host_.Preferences());
+}
+
+bool EntryEditing::Open(EditSheet& sheet) {
+  if (!IsFor(sheet) || !sheets_.Open(sheet.Which())) return false;
   sheet.SetOpen(true);
-  return sheets_.Open(sheet.Which());
+  front_end_.Changed(sheet.StateArea());
+  return true;
+}
+
+void EntryEditing::SaveValuesToEditEntry(EditSheet& sheet) {
+  if (IsFor(sheet)) sheet.SaveValuesToEditEntry(edited_, *edited_.account.lock());
 }
 
 void EntryEditing::Close(EditSheet& sheet) {
@@ -67,7 +83,7 @@ bool EntryEditing::OK(EditSheet& sheet) {
 
   const auto account = edited_.account.lock();
   const auto entry = edited_.entry;
-  sheet.SaveValuesToEditEntry(edited_, *account);
+  SaveValuesToEditEntry(sheet);
   if (sheet.Which() == Sheet::Transfer) {
     account->setLastTransferAccount(entry->GetTransferAccount());
     account->setIsLastTransferOrigin(entry->IsTransferOrigin());

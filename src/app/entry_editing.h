@@ -53,6 +53,13 @@ class EntryEditing {
   // Turns the cleared mark of an entry of the selected account over. Null does nothing.
   void TurnClearedOver(const std::shared_ptr<LDGRAccountEntry>& entry);
 
+  // The steps of which the others are made. Populate fills the sheet from the edited entry, Open
+  // shows it, SaveValuesToEditEntry writes what was typed into the entry, which CheckTyped() must
+  // have passed. Nothing where there is no edited entry of the sheet's kind whose account is there.
+  void Populate(EditSheet& sheet);
+  bool Open(EditSheet& sheet);
+  void SaveValuesToEditEntry(EditSheet& sheet);
+
   // Writes the sheet into its entry and the entry into the account, and closes the sheet. False
   // when the sheet is not open or when it stays open because what was typed cannot be stored: the
   // sheet's state then says why, unless a field of the front end has refused its text.
@@ -71,11 +78,11 @@ class EntryEditing {
   void CheckNumber_Button();
 
  private:
-  bool Open(EditSheet& sheet, std::shared_ptr<LDGRAccountEntry> entry, bool is_new,
-            const std::shared_ptr<LDGRAccount>& account);
+  bool Begin(EditedEntry edited);
   void Close(EditSheet& sheet);
   // The debit or the deposit sheet, whichever is open, or null.
   [[nodiscard]] EntrySheet* OpenEntrySheet() noexcept;
+  [[nodiscard]] bool IsFor(const EditSheet& sheet) noexcept;
   [[nodiscard]] EditSheet* SheetForEntry(const LDGRAccountEntry& entry) noexcept;
   // Why the edited entry cannot be stored any more; "" when it can.
   [[nodiscard]] std::string CheckTarget() const;
