@@ -24,9 +24,7 @@ class List {
   // `memory` has room for `capacity` elements, less than 2 to the 31st, and outlives the list.
   List(void* memory, std::size_t capacity) noexcept
       : elements_(static_cast<Element*>(memory)),
-        size_(0),
-        capacity_(static_cast<std::uint32_t>(capacity) & kMaximumSize),
-        owns_memory_(false) {}
+        capacity_(static_cast<std::uint32_t>(capacity) & kMaximumSize) {}
   List(const List&) = delete;
   List& operator=(const List&) = delete;
   ~List() {
@@ -71,9 +69,9 @@ class List {
   }
 
   Element* elements_;
-  std::uint32_t size_;
+  std::uint32_t size_ = 0;
   std::uint32_t capacity_ : 31;
-  std::uint32_t owns_memory_ : 1;
+  std::uint32_t owns_memory_ : 1 = 0;
 };
 
 struct ArrayNode {

@@ -20,8 +20,8 @@ namespace tallyfold::plist {
 // digits and perhaps a decimal point and one or two digits more.
 struct PlainNumber {
   bool is_negative = false;
-  std::int64_t digits = 0;  // the number without its point
-  int fraction_digits = 0;
+  std::int64_t digits = 0;    // the number without its point
+  int scale = 1;              // 1, 10 or 100: what to divide by for the point
   const char* end = nullptr;  // after the number
 };
 
@@ -46,8 +46,9 @@ struct PlainNumber {
   if (whole_digits == 0) return std::nullopt;
   if (place != end && *place == '.') {
     ++place;
-    number.fraction_digits = static_cast<int>(read_digits(2));
-    if (number.fraction_digits == 0) return std::nullopt;
+    const std::ptrdiff_t fraction_digits = read_digits(2);
+    if (fraction_digits == 0) return std::nullopt;
+    number.scale = fraction_digits == 1 ? 10 : 100;
   }
   number.end = place;
   return number;

@@ -118,7 +118,7 @@ bool DocumentReader::ReadElements() {
       if (!Close()) return false;
       continue;
     }
-    OpeningTag tag;
+    OpeningTag tag{};
     if (!ReadOpeningTag(tag) || !CheckPlace(tag.element, start) || !ReadElement(tag, start)) {
       return false;
     }
@@ -252,7 +252,7 @@ bool DocumentReader::ReadKey(bool is_empty) {
 bool DocumentReader::ReadInteger(bool is_empty, const char* where) {
   if (!is_empty) {
     const auto number = ReadPlainNumber(scanner_.cursor(), scanner_.end());
-    if (number && number->fraction_digits == 0 && scanner_.SkipClosingTag(number->end, "integer")) {
+    if (number && number->scale == 1 && scanner_.SkipClosingTag(number->end, "integer")) {
       values_.emplace_back(number->is_negative ? -number->digits : number->digits);
       return true;
     }
@@ -268,12 +268,10 @@ bool DocumentReader::ReadInteger(bool is_empty, const char* where) {
 bool DocumentReader::ReadReal(bool is_empty, const char* where) {
   if (!is_empty) {
     // Both operands are exact, so the quotient is the double nearest to the decimal number.
-    constexpr double kPowersOfTen[] = {1e0, 1e1, 1e2};
     const auto number = ReadPlainNumber(scanner_.cursor(), scanner_.end());
     if (number && number->digits < std::int64_t{1} << 53 &&
         scanner_.SkipClosingTag(number->end, "real")) {
-      const double magnitude =
-          static_cast<double>(number->digits) / kPowersOfTen[number->fraction_digits];
+      const double magnitude = static_cast<double>(number->digits) / number->scale;
       values_.emplace_back(number->is_negative ? -magnitude : magnitude);
       return true;
     }

@@ -83,8 +83,9 @@ class Value {
     if (IsShared()) Release();
   }
 
-  Value(bool value) noexcept  // NOLINT(google-explicit-constructor): values are literals
-      : bytes_{} {
+  // Values are made as literals are.
+  // NOLINTBEGIN(google-explicit-constructor)
+  Value(bool value) noexcept : bytes_{} {
     Store(value);
     SetTag(Kind::Boolean, 0);
   }
@@ -102,6 +103,7 @@ class Value {
   Value(const std::string& text);
   Value(Array array) noexcept;
   Value(Dictionary dictionary) noexcept;
+  // NOLINTEND(google-explicit-constructor)
   // No silent conversion of a pointer to a boolean.
   template <typename T>
   Value(const T* pointer) = delete;
@@ -162,12 +164,12 @@ class Value {
   template <typename T>
   [[nodiscard]] T Load() const noexcept {
     T value;
-    std::memcpy(&value, bytes_, sizeof value);
+    std::memcpy(&value, bytes_, sizeof(T));
     return value;
   }
   template <typename T>
   void Store(T value) noexcept {
-    std::memcpy(bytes_, &value, sizeof value);
+    std::memcpy(bytes_, &value, sizeof(T));
   }
 
   // Bytes 0 to 13 hold the payload or a short text; byte 14 the length of a short text, or kOnHeap

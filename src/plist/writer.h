@@ -21,7 +21,7 @@ class XmlWriter final : public Output {
   // Takes the file's content in order, in blocks of about kBlockSize. The view is only good during
   // the call. A failure is the sink's to remember; writing goes on.
   using Sink = std::function<void(std::string_view block)>;
-  static constexpr std::size_t kBlockSize = 64 * 1024;
+  static constexpr std::size_t kBlockSize = 65536;
 
   explicit XmlWriter(Sink sink);
   XmlWriter(const XmlWriter&) = delete;
