@@ -29,21 +29,19 @@ int CompareChecks(const LDGRAccountEntry& a, const LDGRAccountEntry& b) noexcept
   return a.IsCheck() ? Compare(a.GetCheckNumber(), b.GetCheckNumber()) : 0;
 }
 
-std::string TypeName(const LDGRAccountEntry& entry) {
-  if (const LDGRAccount* account = CurrentAccount()) {
-    if (const auto type = account->AccountEntryTypeForNumber(entry.GetType())) {
-      return type->GetName();
-    }
-  }
-  return entry.IsTransfer() ? LocalizedText("Transfer") : std::string();
-}
-
 int CompareTypeNames(const LDGRAccountEntry& a, const LDGRAccountEntry& b) {
   if (a.GetType() == b.GetType() && a.IsTransfer() == b.IsTransfer()) return 0;
-  return CompareIgnoringCase(TypeName(a), TypeName(b));
+  return CompareIgnoringCase(a.TypeNameInOrders(), b.TypeNameInOrders());
 }
 
 }  // namespace
+
+std::string LDGRAccountEntry::TypeNameInOrders() const {
+  if (const LDGRAccount* account = CurrentAccount()) {
+    if (const auto type = account->AccountEntryTypeForNumber(type_)) return type->GetName();
+  }
+  return IsTransfer() ? LocalizedText("Transfer") : std::string();
+}
 
 int LDGRAccountEntry::NumberIsGreaterThan(const LDGRAccountEntry& other) const noexcept {
   return Compare(number_, other.number_);

@@ -42,6 +42,27 @@ std::string FoldCase(std::string_view text) {
   return result;
 }
 
+void AppendOrderForm(std::string& forms, std::string_view text) {
+  while (!text.empty()) {
+    if (IsAscii(text.front())) {
+      forms.push_back(FoldAscii(text.front()));
+      text.remove_prefix(1);
+      continue;
+    }
+    const std::string_view before = text;
+    const char32_t code_point = TakeCodePoint(text);
+    const char32_t folded = FoldCodePoint(code_point);
+    const std::size_t size = before.size() - text.size();
+    if (folded != code_point) {
+      AppendFolded(forms, folded);
+      continue;
+    }
+    // A byte that is no letter comes after all letters.
+    if (size == 1) forms.push_back('\xFF');
+    forms.append(before.substr(0, size));
+  }
+}
+
 int CompareIgnoringCase(std::string_view a, std::string_view b) noexcept {
   while (!a.empty() && !b.empty()) {
     const char32_t left = TakeFolded(a);

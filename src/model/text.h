@@ -18,6 +18,10 @@ namespace tallyfold {
 // 1, 0 or -1.
 [[nodiscard]] int CompareIgnoringCase(std::string_view a, std::string_view b) noexcept;
 
+// Appends a form of `text` whose order by bytes is that of CompareIgnoringCase(), for texts that
+// are compared more than once.
+void AppendOrderForm(std::string& forms, std::string_view text);
+
 // A text looked for in many others: prepared once, after which no search allocates. An empty one
 // occurs nowhere.
 class CaselessNeedle {

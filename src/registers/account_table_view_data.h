@@ -1,0 +1,148 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "model/account.h"
+#include "model/account_entry.h"
+#include "registers/register_order.h"
+#include "registers/table_view.h"
+#include "storage/account_preferences.h"
+
+namespace tallyfold {
+
+// The columns of a register as it is first shown: "date", "check", "type", "description", "toFrom",
+// "cleared", "amount", "balance". The last one shows the running balance and does not sort.
+[[nodiscard]] std::vector<TableColumn> DefaultRegisterColumns();
+// The English key of a column's title; "" for an unknown identifier.
+[[nodiscard]] std::string_view TitleOfRegisterColumn(std::string_view identifier) noexcept;
+
+// The rows behind a register table: the entries of an account that pass the register's filter, in
+// the order of the column the user clicked. Rows follow their entries: sorting and reloading keep
+// the entry selected, not the row. Columns, order and selected row are kept with the account's view
+// preferences.
+//
+// Everything it is given may be missing; then what depends on it is not done. Texts of cells are
+// made when they are asked for.
+class LDGRAccountTableViewData final : public TableDataSource {
+ public:
+  class Host {
+   public:
+    virtual ~Host() = default;
+    // A locked application shows no rows.
+    [[nodiscard]] virtual bool IsUnlocked() const = 0;
+  };
+
+  // The host must outlive this.
+  explicit LDGRAccountTableViewData(const Host& host);
+  LDGRAccountTableViewData(const LDGRAccountTableViewData&) = delete;
+  LDGRAccountTableViewData& operator=(const LDGRAccountTableViewData&) = delete;
+  ~LDGRAccountTableViewData() override;
+
+  // Becomes the table's data source. The table must outlive its stay here; null for none.
+  void SetTableView(TableView* table);
+  [[nodiscard]] TableView* GetTableView() const noexcept { return table_; }
+  // "entry" or "reconcile": where the table's layout stands in the view preferences. None is
+  // ignored.
+  void SetTableIdentifier(std::optional<std::string_view> identifier);
+  [[nodiscard]] const std::string& GetTableIdentifier() const noexcept { return identifier_; }
+  void SetAccountPreferences(std::shared_ptr<LDGRAccountPreferences> preferences);
+  [[nodiscard]] const std::shared_ptr<LDGRAccountPreferences>& GetAccountPreferences()
+      const noexcept {
+    return preferences_;
+  }
+  [[nodiscard]] const std::shared_ptr<LDGRAccountPreferences>& Preferences() const noexcept {
+    return preferences_;
+  }
+  // Another account than before takes the rows away.
+  void SetAccount(std::shared_ptr<LDGRAccount> account);
+  [[nodiscard]] const std::shared_ptr<LDGRAccount>& GetAccount() const noexcept { return account_; }
+  // In calendar-date conversion letters; the user's short date format at first. None is ignored.
+  void SetDateFormat(std::optional<std::string_view> format);
+
+  // Entries of the account, which become the rows as they stand. The selected row stays as it is.
+  void SetEntries(EntryList entries);
+  [[nodiscard]] const EntryList& GetEntries() const noexcept { return entries_; }
+  // Makes the entries the rows, in the order of the stored sort column, with the same entry
+  // selected as before; none when it is not among them. The first rows after ReconfigureTable()
+  // take its selected row.
+  void Reload(EntryList entries);
+
+  // --- Selection --------------------------------------------------------------------------------
+  // Null when no row is selected.
+  [[nodiscard]] std::shared_ptr<LDGRAccountEntry> GetSelectedEntry() const;
+  // Null for a row that does not exist.
+  [[nodiscard]] std::shared_ptr<LDGRAccountEntry> RowToEntry(std::int32_t row) const;
+  // None when the entry is not shown.
+  [[nodiscard]] std::optional<std::int32_t> EntryToRow(const LDGRAccountEntry* entry) const;
+  // Selects, makes visible and stores the row; a row that does not exist selects none.
+  void SelectRow(std::int32_t row);
+  // Null, and an entry that is not shown, selects none.
+  void SelectEntry(const LDGRAccountEntry* entry);
+  void ScrollToEntry(const LDGRAccountEntry* entry);
+
+  // --- Order ------------------------------------------------------------------------------------
+  // The header of a column was clicked: turns the stored order over, by that column. A column that
+  // does not sort does nothing.
+  void ClickedTableColumn(std::string_view identifier);
+  // Sort the rows now, without storing. An unknown column or key leaves them as they are.
+  void SortByColumnIdentifier(std::string_view identifier, bool descending);
+  void SortBy(RegisterSortKey key, bool descending);
+
+  // --- Layout -----------------------------------------------------------------------------------
+  // Gives the table the stored widths, order, hidden columns and selected row.
+  void ReconfigureTable();
+  // Shows the sort column and reloads the table.
+  void Redraw();
+  // A hidden column keeps its width and place in the view preferences. The last column is not
+  // hidden.
+  void HideTableColumnWithIdentifier(std::string_view identifier);
+  void ShowTableColumnWithIdentifier(std::string_view identifier);
+  // The columns shown, in display order.
+  [[nodiscard]] std::vector<TableColumn> VisibleTableColumns() const;
+
+  // --- Rows -------------------------------------------------------------------------------------
+  [[nodiscard]] std::size_t numberOfRowsInTableView() const override;
+  // A row that does not exist is logged and shows nothing.
+  [[nodiscard]] TableCell tableView(std::string_view column, std::size_t row) const override;
+  // LDGRAccount::GetRunningBalanceAtEntry() of the row's entry, whatever the order and the filter;
+  // 0.0 for a row that does not exist.
+  [[nodiscard]] double RunningBalanceOfRow(std::size_t row) const;
+  // The sum of the amounts shown.
+  [[nodiscard]] double TotalOfRows() const;
+
+ private:
+  // Computed for all rows together.
+  struct Figures {
+    bool are_known = false;
+    std::uint64_t revision = 0;    // of the account as it was then
+    std::vector<double> balances;  // by row
+    double total = 0.0;
+  };
+
+  // The column the rows are sorted by: the stored one, else the first that sorts.
+  [[nodiscard]] std::string SortColumn() const;
+  [[nodiscard]] bool SortsDescending() const;
+  void PlaceStoredColumns(TableView& table) const;
+  void HideStoredColumns(TableView& table) const;
+  [[nodiscard]] const Figures& UpToDateFigures() const;
+  [[nodiscard]] std::string TypeText(const LDGRAccountEntry& entry) const;
+
+  const Host& host_;
+  std::shared_ptr<LDGRAccount> account_;
+  EntryList entries_;
+  TableView* table_ = nullptr;
+  std::shared_ptr<LDGRAccountPreferences> preferences_;
+  std::string date_format_;
+  std::string identifier_;
+  // To be selected as soon as there are rows.
+  std::optional<std::int32_t> awaited_row_;
+  mutable Figures figures_;
+};
+
+}  // namespace tallyfold

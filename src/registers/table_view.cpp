@@ -1,0 +1,101 @@
+#include "registers/table_view.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace tallyfold {
+namespace {
+
+using Columns = std::vector<TableColumn>;
+
+Columns::iterator Place(Columns& columns, std::size_t index) {
+  return columns.begin() + static_cast<std::ptrdiff_t>(index);
+}
+
+}  // namespace
+
+TableView::TableView(std::vector<TableColumn> columns, Observer* observer)
+    : observer_(observer), columns_(std::move(columns)) {}
+
+std::optional<std::size_t> TableView::ColumnWithIdentifier(
+    std::string_view identifier) const noexcept {
+  const auto found = std::ranges::find(columns_, identifier, &TableColumn::identifier);
+  if (found == columns_.end()) return std::nullopt;
+  return static_cast<std::size_t>(found - columns_.begin());
+}
+
+void TableView::MoveColumn(std::size_t from, std::size_t to) {
+  if (from >= columns_.size()) return;
+  to = std::min(to, columns_.size() - 1);
+  if (from == to) return;
+  TableColumn column = std::move(columns_[from]);
+  columns_.erase(Place(columns_, from));
+  columns_.insert(Place(columns_, to), std::move(column));
+  Tell(Change::Columns);
+}
+
+void TableView::SetColumnWidth(std::size_t index, double width) {
+  if (index >= columns_.size() || columns_[index].width == width) return;
+  columns_[index].width = width;
+  Tell(Change::Columns);
+}
+
+std::vector<TableColumn> TableView::HiddenColumns() const {
+  std::vector<TableColumn> columns;
+  for (const HiddenColumn& hidden : hidden_) columns.push_back(hidden.column);
+  return columns;
+}
+
+bool TableView::HideColumn(std::size_t index, std::size_t place) {
+  if (index >= columns_.size() || columns_.size() == 1) return false;
+  hidden_.push_back({std::move(columns_[index]), place});
+  columns_.erase(Place(columns_, index));
+  Tell(Change::Columns);
+  return true;
+}
+
+bool TableView::ShowColumn(std::string_view identifier) {
+  const auto found = std::ranges::find_if(hidden_, [identifier](const HiddenColumn& hidden) {
+    return hidden.column.identifier == identifier;
+  });
+  if (found == hidden_.end()) return false;
+  const std::size_t place = std::min(found->place, columns_.size());
+  columns_.insert(Place(columns_, place), std::move(found->column));
+  hidden_.erase(found);
+  Tell(Change::Columns);
+  return true;
+}
+
+void TableView::ClearIndicatorImages() {
+  SetHighlightedColumn("", "");
+}
+
+void TableView::SetHighlightedColumn(std::string_view identifier, std::string_view image) {
+  if (highlighted_ == identifier && image_ == image) return;
+  highlighted_ = identifier;
+  image_ = image;
+  Tell(Change::Columns);
+}
+
+void TableView::SelectRow(std::int32_t row) {
+  row = std::max(row, kNoRow);
+  if (selected_row_ == row) return;
+  selected_row_ = row;
+  Tell(Change::SelectedRow);
+}
+
+void TableView::ScrollRowToVisible(std::int32_t row) {
+  if (row < 0) return;
+  scrolled_row_ = row;
+  Tell(Change::ScrolledRow);
+}
+
+void TableView::ReloadData() {
+  Tell(Change::Rows);
+}
+
+void TableView::Tell(Change change) {
+  if (observer_ != nullptr) observer_->TableChanged(*this, change);
+}
+
+}  // namespace tallyfold
