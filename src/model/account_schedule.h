@@ -34,7 +34,8 @@ class LDGRAccountSchedule final : public LDGRAccountEntry {
   // A number of occurrences or the last day, by the until type.
   void SetRepeatUntil(std::int32_t until) noexcept { until_ = until; }
   [[nodiscard]] std::int32_t GetRepeatUntil() const noexcept { return until_; }
-  // Whether monthly and longer occurrences move from a weekend to the Friday before.
+  // Whether occurrences on a weekend move to the Friday before. Those of days and weeks stay where
+  // they are, except those of every N days.
   void SetUsePrecedingFriday(bool use) noexcept { use_preceding_friday_ = use; }
   [[nodiscard]] bool GetUsePrecedingFriday() const noexcept { return use_preceding_friday_; }
   // Ascending, without duplicates (as far as the file held them so).
