@@ -46,6 +46,8 @@ TEST(Occurrences, FollowTheirRules) {
                     {20040501});
   ExpectOccurrences("fortnightly", {Type::TwoWeeks, 1, 20040101}, 20040109, 20040212,
                     {20040115, 20040129, 20040212});
+  ExpectOccurrences("fortnightly on Sundays", {Type::TwoWeeks, 1, 20040502, kFriday}, 20040502,
+                    20040516, {20040502, 20040516});
   ExpectOccurrences("monthly on the 31st", {Type::Monthly, 1, 20040131}, 20040131, 20040831,
                     {20040131, 20040331, 20040531, 20040731, 20040831});
   ExpectOccurrences("monthly on the 30th", {Type::Monthly, 1, 20040130}, 20040130, 20040331,
@@ -158,6 +160,8 @@ TEST(CommittedDays, OfAFileOutOfOrderStandAsTheyAreUntilOneIsAdded) {
   EXPECT_EQ(dates.days(), (Days{5, 1, 5, 3}));
   EXPECT_FALSE(dates.Contains(1));  // outside the first and the last
   EXPECT_FALSE(dates.Contains(4));
+  EXPECT_FALSE(CommittedDates({1, 9, 3, 5, 10}).Contains(9));  // not where bisection looks
+  EXPECT_TRUE(CommittedDates({1, 9, 10}).Contains(9));
   dates.Add(3);
   EXPECT_EQ(dates.days(), (Days{1, 3, 5, 5}));
   EXPECT_TRUE(dates.Contains(1));
