@@ -51,7 +51,7 @@ class LDGRAccount {
   // As the constructor, but uses the dictionary up: its entries and schedules are taken out and
   // freed one by one as records are made, so that a large file is never in memory twice.
   [[nodiscard]] static std::shared_ptr<LDGRAccount> accountByConsuming(
-      plist::Dictionary dictionary);
+      const plist::Dictionary& dictionary);
 
   // The whole dictionary, Begin and End included.
   void WriteTo(plist::Output& output) const;

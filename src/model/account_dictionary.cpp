@@ -299,7 +299,7 @@ LDGRAccount::LDGRAccount(const std::optional<plist::Dictionary>& dictionary) : L
   Read(*dictionary, false);
 }
 
-std::shared_ptr<LDGRAccount> LDGRAccount::accountByConsuming(plist::Dictionary dictionary) {
+std::shared_ptr<LDGRAccount> LDGRAccount::accountByConsuming(const plist::Dictionary& dictionary) {
   auto account = std::make_shared<LDGRAccount>();
   account->Read(dictionary, true);
   return account;

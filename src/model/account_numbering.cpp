@@ -53,15 +53,14 @@ std::int32_t LDGRAccount::NextAvailableCheckNumberAfterEntry(const LDGRAccountEn
   if (entry == nullptr) return std::max(Next(highest), starting_check_number_);
   if (entry->GetCheckNumber() == highest) return Next(highest);
 
-  // The numbers of the checks that a stable sort by check number puts after the entry.
+  // The checks that follow in the order of check numbers, in which other entries come last. Those
+  // of the same number make no difference.
   std::vector<std::int32_t> later;
   bool is_here = false;
   for (const auto& other : entries_) {
-    if (other.get() == entry) {
-      is_here = true;
-    } else if (other->IsCheck()) {
-      const int order = other->CheckNumberIsGreaterThan(*entry);
-      if (order > 0 || (order == 0 && is_here)) later.push_back(other->GetCheckNumber());
+    is_here = is_here || other.get() == entry;
+    if (entry->IsCheck() && other->IsCheck() && other->GetCheckNumber() > entry->GetCheckNumber()) {
+      later.push_back(other->GetCheckNumber());
     }
   }
   if (!is_here) return Next(highest);

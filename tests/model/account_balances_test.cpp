@@ -80,8 +80,17 @@ TEST(RunningBalances, CountChecksOfADayByNumberAndBeforeOtherEntries) {
             (std::vector<double>{-4321, -4320, -4300, -4000, -54321}));
 }
 
+// The rule, said for two entries.
+bool CountsBefore(const LDGRAccountEntry& other, const LDGRAccountEntry& entry) {
+  if (other.GetDate() != entry.GetDate()) return other.GetDate() < entry.GetDate();
+  if (entry.IsCheck()) {
+    return other.IsCheck() && other.GetCheckNumber() <= entry.GetCheckNumber();
+  }
+  return other.IsCheck() || other.GetNumber() < entry.GetNumber();
+}
+
 // Few days and numbers, so that equal check numbers and equal entry numbers abound.
-TEST(RunningBalances, AgreeWithTheBalanceAtEachEntryForEveryTie) {
+TEST(RunningBalances, AreTheSameOneByOneAndAllAtOnceForEveryTie) {
   std::mt19937 random(7);
   const auto pick = [&random](int count) {
     return static_cast<std::int32_t>(random() % static_cast<unsigned>(count));
@@ -104,8 +113,13 @@ TEST(RunningBalances, AgreeWithTheBalanceAtEachEntryForEveryTie) {
     const auto balances = account.RunningBalances(rows);
     ASSERT_EQ(balances.size(), rows.size());
     for (std::size_t i = 0; i < rows.size(); ++i) {
-      ASSERT_NEAR(balances[i], account.GetRunningBalanceAtEntry(rows[i].get()), 0.001)
-          << "round " << round << ", entry " << rows[i]->GetNumber();
+      const LDGRAccountEntry& row = *rows[i];
+      double expected = account.GetStartingBalance() + row.GetAmount();
+      for (const auto& other : account.GetEntries()) {
+        if (other != rows[i] && CountsBefore(*other, row)) expected += other->GetAmount();
+      }
+      ASSERT_NEAR(account.GetRunningBalanceAtEntry(&row), expected, 0.001) << row.GetNumber();
+      ASSERT_NEAR(balances[i], expected, 0.001) << row.GetNumber();
     }
   }
 }
