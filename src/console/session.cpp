@@ -67,7 +67,7 @@ std::string Session::RunCommand(std::span<const Word> words) {
       command->run(console_, arguments);
       return error;
     }
-    if (!is_launched_ && !Launch()) return error;
+    if (!is_launched_ && !Launch(*command)) return error;
     // A line is the user's doing: what waits for an idle user waits on.
     controller_.application().sendEvent(EventType::KeyDown);
     if (command->needs != Needs::Launch && !Unlock()) return error;
@@ -83,12 +83,13 @@ std::string Session::RunCommand(std::span<const Word> words) {
   return complaint.empty() ? error : complaint;
 }
 
-bool Session::Launch() {
+bool Session::Launch(const Command& first) {
   is_launched_ = true;
   controller_.awakeFromNib();
   if (!controller_.applicationDidFinishLaunching()) return false;
   TellWhatWasSetAside();
-  if (controller_.authenticated() && controller_.accounts().empty()) {
+  if (first.needs == Needs::Unlocked && controller_.authenticated() &&
+      controller_.accounts().empty()) {
     printer_.Confirm("There is no account yet; account add makes one.");
   }
   return true;

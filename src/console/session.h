@@ -36,8 +36,8 @@ class Session {
   bool RunLine(std::string_view text);
   // What went wrong; "" for nothing.
   std::string RunCommand(std::span<const Word> words);
-  // False when the program ends instead.
-  bool Launch();
+  // Before the first command that needs it. False when the program ends instead.
+  bool Launch(const Command& first);
   // Has a password asked for that is missing. False when the program ends instead; throws
   // CommandError when it stays locked.
   bool Unlock();
