@@ -107,7 +107,9 @@ class Reader {
 }  // namespace
 
 Line ReadWords(std::string_view text) {
+  constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
   if (text.ends_with('\r')) text.remove_suffix(1);
+  if (text.starts_with(kByteOrderMark)) text.remove_prefix(kByteOrderMark.size());
   const std::string clean = CleanText(text);
   return Reader(clean).Read();
 }

@@ -24,7 +24,8 @@ struct Line {
   std::string error;
 };
 
-// Takes apart a line without its line end (a carriage return at the end is dropped).
+// Takes apart a line without its line end (a carriage return at the end and a byte-order mark in
+// front are dropped).
 //
 // Words are separated by blanks. Double quotes take blanks, "#" and "=" as they are and may begin
 // anywhere in a word (description="Corner Market"); within them \" \\ \n \t stand for a quotation

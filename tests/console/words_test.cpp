@@ -29,6 +29,7 @@ TEST(Words, AreTakenApartAsTyped) {
       {"register", "<register>"},
       {"  select\t 3  ", "<select>|<3>"},
       {"select Joint\r", "<select>|<Joint>"},
+      {"\xEF\xBB\xBFselect Joint", "<select>|<Joint>"},
       {"select \"Joint  account\"", "<select>|<Joint  account>"},
       {"select Joint\" \"account", "<select>|<Joint account>"},
       {R"(debit notes="say \"so\"\n\\ \t.")", "<debit>|notes=<say \"so\"\n\\ \t.>"},
