@@ -30,6 +30,8 @@ struct LDGRController::Hosts final : AccountsStore::Host,
                                      AccountsDrawer::Host,
                                      Menus::Host,
                                      RegisterSearch::Host,
+                                     Registers::Host,
+                                     EntrySpeaker::Host,
                                      Tabs::Host,
                                      IdleWatch::Host,
                                      TextEditing::Host,
@@ -47,7 +49,10 @@ struct LDGRController::Hosts final : AccountsStore::Host,
   void AddAccount(const std::shared_ptr<LDGRAccount>& account) override {
     app.accounts_.AddAccount(account);
   }
-  void RemoveAccount(const LDGRAccount* account) override { app.accounts_.RemoveAccount(account); }
+  void RemoveAccount(const LDGRAccount* account) override {
+    if (app.authenticatingAccount().get() == account) app.account_passwords_.Forget();
+    app.accounts_.RemoveAccount(account);
+  }
   bool Account_Add() override { return app.Account_Add(); }
   bool Account_Edit() override { return app.Account_Edit(); }
   bool Accounts_Save() override { return app.Accounts_Save(); }
@@ -80,23 +85,24 @@ struct LDGRController::Hosts final : AccountsStore::Host,
     app.selection_.Account_Select(account);
   }
   void ForgetSelectedAccount() override {
-    app.selected_entry_ = nullptr;
+    app.registers_.ShowAccount(nullptr);
     app.selection_.Forget();
     app.account_passwords_.Forget();
+    app.reveal_.Forget();
   }
   void Account_Deselect() override { app.selection_.Account_Deselect(); }
   void Accounts_PostLoad() override { app.selection_.Accounts_PostLoad(); }
   void SetMainWindowTitleForAccount(const LDGRAccount* account) override {
     app.selection_.SetMainWindowTitleForAccount(account);
   }
-  std::shared_ptr<LDGRAccountEntry> SelectedEntry() const override { return app.selected_entry_; }
+  std::shared_ptr<LDGRAccountEntry> SelectedEntry() const override { return app.SelectedEntry(); }
   void SelectEntry(const std::shared_ptr<LDGRAccountEntry>& entry) override {
     app.SelectEntry(entry);
   }
 
   // --- What is shown ---
-  std::optional<LiveTable> TableShown(std::string_view /*identifier*/) override {
-    return std::nullopt;
+  std::optional<LiveTable> TableShown(std::string_view identifier) override {
+    return app.registers_.TableShown(identifier);
   }
   const LDGRAccount* AccountShown() override { return app.selection_.Selected().get(); }
   std::int32_t BalanceMode() override { return app.preferences().GetBalanceMode(); }
@@ -105,15 +111,14 @@ struct LDGRController::Hosts final : AccountsStore::Host,
     return app.preferences().GetAccountsDrawerPreferredEdge();
   }
   void ShowSummary(LDGRAccount* /*account*/) override { app.front_end_.Changed(Area::Summary); }
-  void ShowInTables(const std::shared_ptr<LDGRAccount>& /*account*/) override {
-    app.SelectEntry(nullptr);
+  void ShowInTables(const std::shared_ptr<LDGRAccount>& account) override {
     app.reveal_.Forget();
-    app.front_end_.Changed(Area::Registers);
+    app.registers_.ShowAccount(account);
     app.front_end_.Changed(Area::Schedules);
   }
   void FillCurrentRegister() override {
     const LDGRAccount& account = *app.selection_.Selected();
-    if (app.current_register_ == RegisterKind::Reconcile) {
+    if (app.registers_.CurrentKind() == RegisterKind::Reconcile) {
       GiveCurrentRegister(account.reconcileFilteredEntries());
       PopulateForFilter(account.reconcileFilter().get());
       PopulateForFilterType(account.reconcileFilterType());
@@ -126,22 +131,29 @@ struct LDGRController::Hosts final : AccountsStore::Host,
     }
   }
   RegisterKind ShownRegister() const override { return app.tabs_.ShownRegister(); }
-  void SetCurrentRegister(RegisterKind kind) override { app.current_register_ = kind; }
-  void GiveCurrentRegister(EntryList /*entries*/) override {
+  void SetCurrentRegister(RegisterKind kind) override { app.registers_.SetCurrent(kind); }
+  LDGRAccountTableViewData* CurrentRegister() override { return &app.registers_.Current(); }
+  void GiveCurrentRegister(EntryList entries) override {
     app.reveal_.Forget();
-    app.front_end_.Changed(Area::Registers);
+    app.registers_.Current().Reload(std::move(entries));
   }
-  void ReloadShownRegister(EntryList entries) override { GiveCurrentRegister(std::move(entries)); }
-  void SetUpRegisters() override {}
+  void ReloadShownRegister(EntryList entries) override {
+    app.reveal_.Forget();
+    app.registers_.Of(ShownRegister()).Reload(std::move(entries));
+  }
   void ReloadRegisters() override {
     app.reveal_.Forget();
-    // The selected row goes with its entry.
-    const auto& account = app.selection_.Selected();
-    if (account == nullptr || app.selected_entry_ == nullptr) return;
-    const auto& entries = account->GetEntries();
-    if (std::find(entries.begin(), entries.end(), app.selected_entry_) == entries.end()) {
-      app.SelectEntry(nullptr);
-    }
+    app.registers_.Reload();
+  }
+  void TakeSavedEntry(const std::shared_ptr<LDGRAccountEntry>& entry) override {
+    app.registers_.TakeSavedEntry(entry);
+  }
+  void RedrawRegisters() override { app.registers_.Redraw(); }
+  // No account is loaded yet: the registers show the columns of the one that is going to be shown.
+  void SetUpRegisters() override {
+    app.amount_fields_.SetSpeak(app.preferences().GetSpeakEntryAmounts());
+    app.registers_.UpdateDateFormat();
+    app.registers_.ShowAccount(AccountWithNumber(app.preferences().GetSelectedAccountNumber()));
   }
 
   // --- Entries out of sight ---
@@ -152,11 +164,11 @@ struct LDGRController::Hosts final : AccountsStore::Host,
   std::shared_ptr<LDGRFilter> CurrentFilter() const override {
     const auto& account = app.selection_.Selected();
     if (account == nullptr) return nullptr;
-    return app.current_register_ == RegisterKind::Reconcile ? account->reconcileFilter()
-                                                            : account->entryFilter();
+    return app.registers_.CurrentKind() == RegisterKind::Reconcile ? account->reconcileFilter()
+                                                                   : account->entryFilter();
   }
   void ShowAllEntries() override {
-    const bool is_reconcile = app.current_register_ == RegisterKind::Reconcile;
+    const bool is_reconcile = app.registers_.CurrentKind() == RegisterKind::Reconcile;
     app.tabs_.Select(is_reconcile ? Tab::Reconcile : Tab::Entry);
     app.search_.Filter_Select(filter_type::kGeneral);
   }
@@ -190,6 +202,8 @@ struct LDGRController::Hosts final : AccountsStore::Host,
   void PreferencesChanged() override {
     app.window_->updateTableFonts();
     app.window_->UpdateTableRowHeights();
+    app.amount_fields_.SetSpeak(app.preferences().GetSpeakEntryAmounts());
+    app.registers_.UpdateDateFormat();
     if (app.preferences().GetShowAccountsDrawer() != app.drawer_.State().is_open) {
       app.ToggleAccountsDrawer();
     }
@@ -198,7 +212,11 @@ struct LDGRController::Hosts final : AccountsStore::Host,
   }
 
   // --- Services ---
-  void StopSpeech() override { app.services_.speech.Stop(); }
+  void StopSpeech() override { app.speaker_.StopSpeech(); }
+  bool RegisterWindowIsMain() const override { return app.window_->IsMain(); }
+  float PauseBetweenSpokenEntries() const override {
+    return app.preferences().GetPauseBetweenSpokenEntries();
+  }
   double LastEventTimestamp() const override { return app.application_.lastEventTimestamp(); }
   void ReplaceScheduleReminderTimer() override { app.idle_.ReplaceScheduleReminderTimer(); }
   bool SchedulesCanBeEvaluated() const override {
@@ -211,8 +229,7 @@ struct LDGRController::Hosts final : AccountsStore::Host,
 };
 
 LDGRController::LDGRController(const Services& services)
-    : services_(services),
-      hosts_(std::make_unique<Hosts>(*this)),
+    : hosts_(std::make_unique<Hosts>(*this)),
       modal_(services.alerts, services.panels),
       application_(services.notifications),
       data_lock_(services.files, modal_, services.host),
@@ -236,6 +253,9 @@ LDGRController::LDGRController(const Services& services)
       drawer_(*hosts_, refresh_, front_end_),
       menus_(*hosts_, links_, sheets_, refresh_),
       search_(services.loop, *hosts_),
+      registers_(*hosts_, front_end_),
+      speaker_(services.loop, services.speech, *hosts_),
+      amount_fields_(services.loop, services.speech),
       tabs_(*hosts_, refresh_, front_end_),
       idle_(services.loop, *hosts_),
       text_editing_(services.notifications, *hosts_),
@@ -298,12 +318,6 @@ AccountsStore::RestoreResult LDGRController::Accounts_RestoreBackup(const std::s
   // The backup has the password of its time.
   authenticated() ? Accounts_PostLoad() : authentication_Begin();
   return result;
-}
-
-void LDGRController::SelectEntry(const std::shared_ptr<LDGRAccountEntry>& entry) {
-  selected_entry_ = entry;
-  front_end_.Changed(Area::SelectedEntry);
-  refresh_.EntryButtons_Update();
 }
 
 }  // namespace tallyfold

@@ -12,6 +12,7 @@
 #include "app/account_removal.h"
 #include "app/account_selection.h"
 #include "app/accounts_drawer.h"
+#include "app/amount_fields.h"
 #include "app/application.h"
 #include "app/application_lock.h"
 #include "app/entry_editing.h"
@@ -25,6 +26,7 @@
 #include "app/modal_watch.h"
 #include "app/preferences_sheet.h"
 #include "app/refresh.h"
+#include "app/registers.h"
 #include "app/schedule_adding.h"
 #include "app/schedule_commit.h"
 #include "app/services.h"
@@ -35,6 +37,7 @@
 #include "app/update_check.h"
 #include "filters/register_search.h"
 #include "model/day_field.h"
+#include "registers/entry_speaker.h"
 #include "storage/accounts_store.h"
 #include "storage/data_folder_lock.h"
 #include "storage/preferences_store.h"
@@ -289,13 +292,36 @@ class LDGRController {
   // --- app/account_removal.h ---------------------------------------------------------------------
   bool Account_Remove() { return account_removal_.Account_Remove(); }
 
-  // --- The selected row of the current register --------------------------------------------------
-  // Null when no row is selected.
-  [[nodiscard]] const std::shared_ptr<LDGRAccountEntry>& SelectedEntry() const noexcept {
-    return selected_entry_;
+  // --- app/registers.h ---------------------------------------------------------------------------
+  [[nodiscard]] LDGRAccountTableViewData& entryDataSource() noexcept { return registers_.Entry(); }
+  [[nodiscard]] LDGRAccountTableViewData& reconcileDataSource() noexcept {
+    return registers_.Reconcile();
   }
-  // An entry of the selected account; null selects no row.
-  void SelectEntry(const std::shared_ptr<LDGRAccountEntry>& entry);
+  // The one the commands for registers act on, also while another tab is showing.
+  [[nodiscard]] LDGRAccountTableViewData& currentTableDataSource() noexcept {
+    return registers_.Current();
+  }
+  [[nodiscard]] const LDGRAccountTableViewData& currentTableDataSource() const noexcept {
+    return registers_.Current();
+  }
+  // The entry of the selected row of the current register; null when no row is selected.
+  [[nodiscard]] std::shared_ptr<LDGRAccountEntry> SelectedEntry() const {
+    return currentTableDataSource().GetSelectedEntry();
+  }
+  // Null, and an entry that is not shown, selects no row.
+  void SelectEntry(const std::shared_ptr<LDGRAccountEntry>& entry) {
+    currentTableDataSource().SelectEntry(entry.get());
+  }
+  void currentTableDataSource_DoubleClick() { Entry_Edit(); }
+
+  // --- registers/entry_speaker.h, app/amount_fields.h --------------------------------------------
+  void SpeakEntry(const LDGRAccountEntry* selected) { speaker_.SpeakEntry(selected); }
+  void StartSpeakingEntries() { speaker_.StartSpeakingEntries(); }
+  void SpeakEntries() { speaker_.SpeakEntries(); }
+  void speakNextEntry() { speaker_.speakNextEntry(); }
+  void StopSpeech() { speaker_.StopSpeech(); }
+  [[nodiscard]] bool IsReadingEntries() const noexcept { return speaker_.IsReading(); }
+  [[nodiscard]] AmountFields& amountFields() noexcept { return amount_fields_; }
 
   // --- app/entry_editing.h -----------------------------------------------------------------------
   bool Entry_Debit() { return editing_.New(EntryKind::Debit); }
@@ -439,16 +465,12 @@ class LDGRController {
   // Answers what the components ask.
   struct Hosts;
 
-  Services services_;
   std::unique_ptr<Hosts> hosts_;
   FrontEndSlot front_end_;
   MainWindowSlot window_;
   ModalWatch modal_;
   LDGRApplication application_;
   SheetSlot sheets_{front_end_};
-  std::shared_ptr<LDGRAccountEntry> selected_entry_;
-  // The one the commands for registers act on, also while another tab is showing.
-  RegisterKind current_register_ = RegisterKind::Entry;
   SaveGate gate_;
   DataFolderLock data_lock_;
   AccountsStore accounts_;
@@ -470,6 +492,9 @@ class LDGRController {
   AccountsDrawer drawer_;
   Menus menus_;
   RegisterSearch search_;
+  Registers registers_;
+  EntrySpeaker speaker_;
+  AmountFields amount_fields_;
   Tabs tabs_;
   IdleWatch idle_;
   TextEditing text_editing_;

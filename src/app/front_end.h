@@ -12,6 +12,8 @@ enum class Area : std::uint8_t {
   WindowTitle,
   AccountMenu,
   Registers,          // rows of both registers
+  RegisterColumns,    // columns of both registers
+  ScrolledRow,        // the row a register is to make visible
   SelectedEntry,      // the selected row of the current register
   EntryButtons,       // what can be done with the selected entry
   HiddenEntry,        // an entry that the filter hides

@@ -44,6 +44,8 @@ class MainWindow {
   // The password field of the preferences sheet takes the focus.
   virtual void FocusPasswordField() {}
   virtual void BringToFront() {}
+  // Whether the window is the application's main one at the moment.
+  [[nodiscard]] virtual bool IsMain() { return true; }
   // Draws the visible windows anew that have a title or never had one set.
   virtual void RedrawTitledWindows() {}
   virtual void Close() {}

@@ -7,8 +7,9 @@ void Refresh::EntrySaved(const std::shared_ptr<LDGRAccountEntry>& entry, bool is
   if (host_.LiveUpdatingFilters()) {
     host_.ReloadRegisters();
     host_.Search_Cancel();
+  } else {
+    host_.TakeSavedEntry(entry);
   }
-  front_end_.Changed(Area::Registers);
   Balances();
   AccountsList_Redraw();
   host_.SelectEntry(entry);
@@ -18,7 +19,6 @@ void Refresh::EntrySaved(const std::shared_ptr<LDGRAccountEntry>& entry, bool is
 
 void Refresh::EntryRemoved() {
   host_.ReloadRegisters();
-  front_end_.Changed(Area::Registers);
   Balances();
   AccountsList_Redraw();
   EntryButtons_Update();
@@ -26,7 +26,7 @@ void Refresh::EntryRemoved() {
 }
 
 void Refresh::EntryMarked() {
-  front_end_.Changed(Area::Registers);
+  host_.RedrawRegisters();
   Balances();
   AccountsList_Redraw();
 }
@@ -34,14 +34,14 @@ void Refresh::EntryMarked() {
 void Refresh::AccountsChanged() {
   AccountsList_Redraw();
   front_end_.Changed(Area::SelectedAccount);
-  front_end_.Changed(Area::Registers);
+  host_.RedrawRegisters();
   Balances();
   entryMenu_Types_Menu_Populate();
 }
 
 void Refresh::Locked() {
   AccountsList_Redraw();
-  front_end_.Changed(Area::Registers);
+  host_.RedrawRegisters();
   SchedulesChanged();
 }
 

@@ -19,6 +19,10 @@ class Refresh {
     [[nodiscard]] virtual bool LiveUpdatingFilters() const = 0;
     // Gives both registers the selected account's filtered entries again.
     virtual void ReloadRegisters() = 0;
+    // Shows a saved entry in the registers without filtering the others again.
+    virtual void TakeSavedEntry(const std::shared_ptr<LDGRAccountEntry>& entry) = 0;
+    // Draws the rows of both registers anew.
+    virtual void RedrawRegisters() = 0;
     virtual void Search_Cancel() = 0;
     // Selects the entry in the current register.
     virtual void SelectEntry(const std::shared_ptr<LDGRAccountEntry>& entry) = 0;

@@ -212,6 +212,7 @@ TEST(EntrySheets, ShowAnOldEntryAsItIsAndKeepIt) {
     c.make(*entry);
     account->AddEntry(entry);
     const std::string before = Line(*entry);
+    test.app.EntryTab_Enter();
     test.app.SelectEntry(entry);
     ASSERT_TRUE(test.app.Entry_Edit());
     const bool is_debit = entry->IsDebit();
@@ -337,7 +338,9 @@ TEST(EntrySheets, OpenOneAtATimeAndOnlyForAnAccount) {
 
   const auto of_no_kind = std::make_shared<LDGRAccountEntry>();
   account->AddEntry(of_no_kind);
+  app.EntryTab_Enter();
   app.SelectEntry(of_no_kind);
+  EXPECT_EQ(app.SelectedEntry(), of_no_kind);
   EXPECT_FALSE(app.Entry_Edit());
 }
 

@@ -395,8 +395,10 @@ TEST(OtherHalves, AreShownInTheirAccount) {
   test.b->setEntryFilterData("wanted");
   EXPECT_TRUE(app.ShowOtherHalf());
   EXPECT_EQ(app.SelectedAccount(), test.b);
-  EXPECT_EQ(app.SelectedEntry(), test.b->GetEntries()[0]);
+  EXPECT_EQ(app.SelectedEntry(), nullptr);
   EXPECT_EQ(app.HiddenEntry().text, "Hidden by the filter 'Notes'");
+  app.ShowHiddenEntry();
+  EXPECT_EQ(app.SelectedEntry(), test.b->GetEntries()[0]);
   EXPECT_TRUE(app.ShowOtherHalf());
   EXPECT_EQ(app.SelectedEntry(), half);
   EXPECT_EQ(app.HiddenEntry().text, "");

@@ -1,0 +1,102 @@
+#include "app/registers.h"
+
+#include <utility>
+
+#include "filters/filter.h"
+#include "registers/register_look.h"
+#include "storage/preferences.h"
+
+namespace tallyfold {
+namespace {
+
+void Take(LDGRAccountTableViewData& shown, const std::shared_ptr<LDGRAccountEntry>& entry,
+          const LDGRFilter& filter) {
+  EntryList entries = shown.GetEntries();
+  if (!shown.EntryToRow(entry.get())) {
+    if (filter.Filter({entry}).empty()) return;
+    entries.push_back(entry);
+  }
+  shown.Reload(std::move(entries));
+}
+
+}  // namespace
+
+Registers::Registers(Host& host, FrontEnd& front_end)
+    : host_(host),
+      front_end_(front_end),
+      entry_table_(DefaultRegisterColumns(), this),
+      reconcile_table_(DefaultRegisterColumns(), this),
+      entry_(host),
+      reconcile_(host) {
+  entry_.SetTableView(&entry_table_);
+  entry_.SetTableIdentifier("entry");
+  reconcile_.SetTableView(&reconcile_table_);
+  reconcile_.SetTableIdentifier("reconcile");
+}
+
+void Registers::ShowAccount(const std::shared_ptr<LDGRAccount>& account) {
+  const auto view = account != nullptr
+                        ? host_.Preferences().GetPreferencesForAccountNumber(account->GetNumber())
+                        : nullptr;
+  for (auto* shown : {&entry_, &reconcile_}) {
+    shown->SetAccountPreferences(view);
+    shown->SetAccount(account);
+    shown->ReconfigureTable();
+    shown->Redraw();
+  }
+}
+
+void Registers::Reload() {
+  const auto& account = entry_.GetAccount();
+  if (account == nullptr) return;
+  entry_.Reload(account->entryFilteredEntries());
+  reconcile_.Reload(account->reconcileFilteredEntries());
+}
+
+void Registers::TakeSavedEntry(const std::shared_ptr<LDGRAccountEntry>& entry) {
+  const auto& account = entry_.GetAccount();
+  if (account == nullptr) return;
+  Take(entry_, entry, *account->entryFilter());
+  Take(reconcile_, entry, *account->reconcileFilter());
+}
+
+void Registers::Redraw() {
+  entry_.Redraw();
+  reconcile_.Redraw();
+}
+
+void Registers::UpdateDateFormat() {
+  const std::string format = RegisterDateFormat(host_.Preferences());
+  entry_.SetDateFormat(format);
+  reconcile_.SetDateFormat(format);
+}
+
+std::optional<LiveTable> Registers::TableShown(std::string_view identifier) const {
+  const TableView* table = identifier == "entry"       ? &entry_table_
+                           : identifier == "reconcile" ? &reconcile_table_
+                                                       : nullptr;
+  if (table == nullptr) return std::nullopt;
+  LiveTable live;
+  for (const TableColumn& column : table->Columns()) {
+    live.columns.push_back({column.identifier, column.width});
+  }
+  live.selected_row = table->SelectedRow();
+  return live;
+}
+
+void Registers::TableChanged(const TableView& /*table*/, TableView::Change change) {
+  switch (change) {
+    case TableView::Change::Columns:
+      return front_end_.Changed(Area::RegisterColumns);
+    case TableView::Change::Rows:
+      return front_end_.Changed(Area::Registers);
+    case TableView::Change::ScrolledRow:
+      return front_end_.Changed(Area::ScrolledRow);
+    case TableView::Change::SelectedRow:
+      front_end_.Changed(Area::SelectedEntry);
+      front_end_.Changed(Area::EntryButtons);
+      break;
+  }
+}
+
+}  // namespace tallyfold
