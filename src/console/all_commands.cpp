@@ -5,9 +5,10 @@ namespace tallyfold::console {
 std::span<const Subject> AllSubjects() {
   static const Subject kSubjects[] = {
       {"General", GeneralCommands()},    {"Accounts", AccountCommands()},
-      {"Register", RegisterCommands()},  {"Entries", EntryCommands()},
-      {"Schedules", ScheduleCommands()}, {"Types", TypeCommands()},
-      {"Files", StorageCommands()},      {"Passwords", PasswordCommands()},
+      {"Register", RegisterCommands()},  {"Filters", FilterCommands()},
+      {"Entries", EntryCommands()},      {"Schedules", ScheduleCommands()},
+      {"Types", TypeCommands()},         {"Files", StorageCommands()},
+      {"Passwords", PasswordCommands()},
   };
   return kSubjects;
 }

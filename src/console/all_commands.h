@@ -12,6 +12,7 @@ namespace tallyfold::console {
 
 [[nodiscard]] std::span<const Command> AccountCommands();
 [[nodiscard]] std::span<const Command> EntryCommands();
+[[nodiscard]] std::span<const Command> FilterCommands();
 [[nodiscard]] std::span<const Command> GeneralCommands();
 [[nodiscard]] std::span<const Command> PasswordCommands();
 [[nodiscard]] std::span<const Command> RegisterCommands();

@@ -1,3 +1,6 @@
+#include <memory>
+#include <unordered_set>
+
 #include "app/controller.h"
 #include "console/all_commands.h"
 #include "console/command_error.h"
@@ -10,6 +13,9 @@
 #include "console/values.h"
 #include "model/account.h"
 #include "model/entry_split.h"
+#include "platform/ambient.h"
+#include "registers/account_table_view_data.h"
+#include "storage/account_preferences.h"
 
 namespace tallyfold::console {
 namespace {
@@ -31,11 +37,22 @@ void ShowRegister(Console& console, const Arguments& arguments) {
   SortEntries(rows, order);
   const EntryNames names(rows);
   const std::vector<double> balances = account->RunningBalances(rows);
+  // Rows keep their names under a filter, so that "#3" means the same entry with and without it.
+  const EntryList passed = account->entryFilteredEntries();
+  const std::unordered_set<std::shared_ptr<LDGRAccountEntry>> shown(passed.begin(), passed.end());
   Table table(RegisterColumns());
+  double sum = 0.0;
   for (std::size_t row = 0; row < rows.size(); ++row) {
+    if (!shown.contains(rows[row])) continue;
     table.Add(RegisterCells(*account, *rows[row], names.NameOfRow(row), balances[row]));
+    sum += rows[row]->GetAmount();
   }
   console.printer.Show(table);
+  if (shown.size() != rows.size()) {
+    Table figures({{"entries", Column::Align::Right}, {"sum", Column::Align::Right}});
+    figures.Add({WriteNumber(static_cast<std::int64_t>(shown.size())), WriteAmount(sum)});
+    console.printer.Show(figures);
+  }
 }
 
 // As ReadSplitRow reads it.
@@ -83,6 +100,64 @@ void ShowEntry(Console& console, const Arguments& arguments) {
   console.printer.Show(table);
 }
 
+// A column of the window's table by its identifier.
+std::string ColumnNamed(std::string_view word) {
+  std::string known;
+  for (const TableColumn& column : DefaultRegisterColumns()) {
+    if (column.identifier == word) return column.identifier;
+    known += (known.empty() ? "" : ", ") + column.identifier;
+  }
+  throw CommandError("expected one of " + known + ", not " + Quoted(word));
+}
+
+void ShowColumns(const Console& console) {
+  const auto& rows = console.controller.entryDataSource();
+  const auto& views = rows.GetAccountPreferences();
+  Table table({{"column"}, {"title"}, {"sorted"}});
+  for (const TableColumn& column : rows.VisibleTableColumns()) {
+    const bool sorts =
+        views != nullptr &&
+        column.identifier == views->GetSelectedColumnIdentifierForTableIdentifier("entry");
+    const bool descends = sorts && views->GetSortDescendingForTableIdentifier("entry");
+    table.Add({column.identifier, LocalizedText(TitleOfRegisterColumn(column.identifier)),
+               sorts ? (descends ? "descending" : "ascending") : ""});
+  }
+  console.printer.Show(table);
+}
+
+void ListColumns(Console& console, const Arguments& /*arguments*/) {
+  static_cast<void>(SelectedAccount(console));
+  ShowColumns(console);
+}
+
+void HideColumn(Console& console, const Arguments& arguments) {
+  static_cast<void>(SelectedAccount(console));
+  console.controller.entryDataSource().HideTableColumnWithIdentifier(
+      ColumnNamed(arguments.WordAt(0)));
+  ShowColumns(console);
+}
+
+void ShowColumn(Console& console, const Arguments& arguments) {
+  static_cast<void>(SelectedAccount(console));
+  console.controller.entryDataSource().ShowTableColumnWithIdentifier(
+      ColumnNamed(arguments.WordAt(0)));
+  ShowColumns(console);
+}
+
+void Sort(Console& console, const Arguments& arguments) {
+  static_cast<void>(SelectedAccount(console));
+  console.controller.entryDataSource().ClickedTableColumn(ColumnNamed(arguments.WordAt(0)));
+  ShowColumns(console);
+}
+
+void SelectEntry(Console& console, const Arguments& arguments) {
+  const auto entry = EntryNamed(console, arguments.WordAt(0));
+  console.controller.SelectEntry(entry);
+  if (console.controller.SelectedEntry() != entry) {
+    throw CommandError("select entry: the filter in force hides it; see 'filter'");
+  }
+}
+
 constexpr Option kRegisterOptions[] = {
     {.name = "sort", .value = "COLUMN", .help = kRegisterColumns},
     {.name = "descending", .value = "yes|no", .help = "the other way round"},
@@ -91,7 +166,7 @@ constexpr Option kRegisterOptions[] = {
 constexpr Command kCommands[] = {
     {.name = "register",
      .options = kRegisterOptions,
-     .help = "shows the entries of the selected account with their running balances",
+     .help = "shows the entries that the filter passes, with their running balances",
      .example = "register sort=amount descending=yes",
      .run = ShowRegister},
     {.name = "show",
@@ -101,6 +176,38 @@ constexpr Command kCommands[] = {
      .help = "shows all of one entry: notes, split, the other half of a transfer",
      .example = "show 12",
      .run = ShowEntry},
+    {.name = "select entry",
+     .words = "ENTRY",
+     .least_words = 1,
+     .most_words = 1,
+     .help = "selects a row of the register",
+     .example = "select entry 12",
+     .run = SelectEntry},
+    {.name = "sort",
+     .words = "COLUMN",
+     .least_words = 1,
+     .most_words = 1,
+     .help = "turns the window's register over by a column, as a click on its head does",
+     .example = "sort amount",
+     .run = Sort},
+    {.name = "columns",
+     .help = "lists the columns that the window's register shows, in their order",
+     .example = "columns",
+     .run = ListColumns},
+    {.name = "column hide",
+     .words = "COLUMN",
+     .least_words = 1,
+     .most_words = 1,
+     .help = "hides a column of the window's register",
+     .example = "column hide cleared",
+     .run = HideColumn},
+    {.name = "column show",
+     .words = "COLUMN",
+     .least_words = 1,
+     .most_words = 1,
+     .help = "shows a hidden column again",
+     .example = "column show cleared",
+     .run = ShowColumn},
 };
 
 }  // namespace

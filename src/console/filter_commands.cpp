@@ -1,0 +1,129 @@
+#include <algorithm>
+#include <charconv>
+
+#include "app/controller.h"
+#include "console/all_commands.h"
+#include "console/command_error.h"
+#include "console/console.h"
+#include "console/lookup.h"
+#include "console/printer.h"
+#include "console/table.h"
+#include "console/values.h"
+#include "filters/filter_types.h"
+#include "model/account.h"
+#include "model/text.h"
+
+namespace tallyfold::console {
+namespace {
+
+bool TakesText(const FilterType& type) {
+  return type.rule == FilterType::Rule::SearchText;
+}
+
+// By number, or by name in any case.
+const FilterType& FilterNamed(std::string_view word) {
+  std::int32_t number = 0;
+  const auto [end, error] = std::from_chars(word.data(), word.data() + word.size(), number);
+  const bool is_number = error == std::errc() && end == word.data() + word.size();
+  const auto types = FilterTypes();
+  const auto found = std::find_if(types.begin(), types.end(), [&](const FilterType& type) {
+    return is_number ? type.number == number : CompareIgnoringCase(type.name, word) == 0;
+  });
+  if (found == types.end()) {
+    throw CommandError("expected a filter as 'filters' lists them, not " + Quoted(word));
+  }
+  return *found;
+}
+
+// What the filter in force lets through.
+void ShowFilter(const Console& console) {
+  const auto account = SelectedAccount(console);
+  const EntryList entries = account->entryFilteredEntries();
+  double sum = 0.0;
+  for (const auto& entry : entries) sum += entry->GetAmount();
+  const FilterType* type = FilterTypeWithNumber(account->entryFilterType());
+  Table table(
+      {{"filter"}, {"text"}, {"entries", Column::Align::Right}, {"sum", Column::Align::Right}});
+  table.Add({type == nullptr ? "" : std::string(type->name),
+             std::string(account->entryFilterData().StringValue()),
+             WriteNumber(static_cast<std::int64_t>(entries.size())), WriteAmount(sum)});
+  console.printer.Show(table);
+}
+
+void ListFilters(Console& console, const Arguments& /*arguments*/) {
+  const auto account = SelectedAccount(console);
+  Table table({{"number", Column::Align::Right}, {"name"}, {"takes"}, {"in force"}});
+  for (const FilterType& type : FilterTypes()) {
+    table.Add({WriteNumber(type.number), std::string(type.name), TakesText(type) ? "text" : "",
+               WriteYesNo(type.number == account->entryFilterType())});
+  }
+  console.printer.Show(table);
+}
+
+// The search runs half a second after the last change of its text; here nobody types on.
+void SearchFor(Console& console, std::string_view text) {
+  console.controller.Search_Field(text);
+  console.controller.Search();
+}
+
+void ChooseFilter(Console& console, const Arguments& arguments) {
+  static_cast<void>(SelectedAccount(console));
+  if (arguments.WordCount() == 0) return ShowFilter(console);
+  const FilterType& type = FilterNamed(arguments.WordAt(0));
+  const bool has_text = arguments.WordCount() == 2;
+  if (has_text && !TakesText(type)) {
+    throw CommandError("filter: " + Quoted(type.name) + " takes no text");
+  }
+  console.controller.Filter_Select(type.number);
+  if (has_text) SearchFor(console, arguments.WordAt(1));
+  ShowFilter(console);
+}
+
+void Search(Console& console, const Arguments& arguments) {
+  const auto account = SelectedAccount(console);
+  const FilterType* type = FilterTypeWithNumber(account->entryFilterType());
+  if (type != nullptr && !TakesText(*type)) {
+    throw CommandError("search: the filter in force, " + Quoted(type->name) +
+                       ", takes no text; choose one that does, as in 'filter General'");
+  }
+  SearchFor(console, arguments.WordAt(0));
+  ShowFilter(console);
+}
+
+void CancelSearch(Console& console, const Arguments& /*arguments*/) {
+  static_cast<void>(SelectedAccount(console));
+  console.controller.Search_Cancel();
+  ShowFilter(console);
+}
+
+constexpr Command kCommands[] = {
+    {.name = "filters",
+     .help = "lists the filters there are and which is in force",
+     .example = "filters",
+     .run = ListFilters},
+    {.name = "filter",
+     .words = "[NUMBER|NAME [TEXT]]",
+     .most_words = 2,
+     .help = "chooses which entries the register shows; alone, tells which filter is in force",
+     .example = "filter \"This Month\"",
+     .run = ChooseFilter},
+    {.name = "search",
+     .words = "TEXT",
+     .least_words = 1,
+     .most_words = 1,
+     .help = "shows the entries in which the filter in force finds the text",
+     .example = "search coffee",
+     .run = Search},
+    {.name = "search cancel",
+     .help = "empties the search, or turns a filter without a text off",
+     .example = "search cancel",
+     .run = CancelSearch},
+};
+
+}  // namespace
+
+std::span<const Command> FilterCommands() {
+  return kCommands;
+}
+
+}  // namespace tallyfold::console
