@@ -262,6 +262,7 @@ LDGRController::LDGRController(const Services& services)
       lifecycle_(*hosts_,
                  {data_lock_, window_, updates_, preferences_, accounts_, services.notifications,
                   drawer_, idle_, lock_, selection_, refresh_, services.host}) {
+  Filters_Init();
   shared_controller = this;
 }
 

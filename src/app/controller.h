@@ -36,6 +36,7 @@
 #include "app/transfer_links.h"
 #include "app/update_check.h"
 #include "filters/register_search.h"
+#include "filters/standard_filters.h"
 #include "model/day_field.h"
 #include "registers/entry_speaker.h"
 #include "storage/accounts_store.h"
@@ -188,6 +189,20 @@ class LDGRController {
   void Filter_Select(std::int32_t type) { search_.Filter_Select(type); }
   void PopulateForFilterType(std::int32_t type) { search_.PopulateForFilterType(type); }
   void PopulateForFilter(const LDGRFilter* filter) { search_.PopulateForFilter(filter); }
+
+  // --- filters/standard_filters.h ----------------------------------------------------------------
+  [[nodiscard]] const StandardFilters& Filters() const noexcept { return filters_; }
+  void Filters_Init() { filters_.Filters_Init(); }
+  void Filters_DateFilters_Update() { filters_.Filters_DateFilters_Update(); }
+  [[nodiscard]] std::int32_t NextAvailableFilterNumber() const {
+    return filters_.NextAvailableFilterNumber();
+  }
+  [[nodiscard]] std::shared_ptr<LDGRFilter> FilterNumberToFilter(std::int32_t number) const {
+    return filters_.FilterNumberToFilter(number);
+  }
+  [[nodiscard]] std::int32_t FilterNumberToMenuIndex(std::int32_t number) const {
+    return filters_.FilterNumberToMenuIndex(number);
+  }
 
   // --- The fields that are followed key by key ---------------------------------------------------
   enum class TypedField : std::uint8_t {
@@ -492,6 +507,7 @@ class LDGRController {
   AccountsDrawer drawer_;
   Menus menus_;
   RegisterSearch search_;
+  StandardFilters filters_;
   Registers registers_;
   EntrySpeaker speaker_;
   AmountFields amount_fields_;
