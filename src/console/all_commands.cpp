@@ -6,9 +6,9 @@ std::span<const Subject> AllSubjects() {
   static const Subject kSubjects[] = {
       {"General", GeneralCommands()},    {"Accounts", AccountCommands()},
       {"Register", RegisterCommands()},  {"Filters", FilterCommands()},
-      {"Entries", EntryCommands()},      {"Schedules", ScheduleCommands()},
-      {"Types", TypeCommands()},         {"Files", StorageCommands()},
-      {"Passwords", PasswordCommands()},
+      {"Speech", SpeechCommands()},      {"Entries", EntryCommands()},
+      {"Schedules", ScheduleCommands()}, {"Types", TypeCommands()},
+      {"Files", StorageCommands()},      {"Passwords", PasswordCommands()},
   };
   return kSubjects;
 }

@@ -17,6 +17,7 @@ namespace tallyfold::console {
 [[nodiscard]] std::span<const Command> PasswordCommands();
 [[nodiscard]] std::span<const Command> RegisterCommands();
 [[nodiscard]] std::span<const Command> ScheduleCommands();
+[[nodiscard]] std::span<const Command> SpeechCommands();
 [[nodiscard]] std::span<const Command> StorageCommands();
 [[nodiscard]] std::span<const Command> TypeCommands();
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <chrono>
 #include <functional>
 #include <span>
 #include <string>
@@ -24,6 +25,7 @@ class ConsoleHost;
 class ConsoleLog;
 class Printer;
 class Questions;
+class SpokenText;
 
 // What a session runs on, beside the ambient locale, localizer and clock.
 struct ConsoleServices {
@@ -34,8 +36,8 @@ struct ConsoleServices {
   RunLoop& loop;
   NotificationCenter& notifications;
   TextEncodings& encodings;
-  // Runs what the run loop has pending without waiting for delays of up to a few seconds.
-  std::function<void()> skip_delays;
+  // Runs what the run loop has due within that time, without waiting for it.
+  std::function<void(std::chrono::milliseconds)> skip_delays;
   // The running program's, as it is written into files.
   std::string version;
 };
@@ -48,6 +50,9 @@ struct Console {
   ConsoleHost& host;
   const ConsoleLog& log;
   FileSystem& files;
+  const RunLoop& loop;
+  SpokenText& spoken;
+  const std::function<void(std::chrono::milliseconds)>& skip_delays;
   std::span<const Subject> subjects;
   // How the register was shown last, which is what "#3" counts in.
   RegisterOrder register_order;

@@ -16,14 +16,6 @@
 #include "system/system_process_launcher.h"
 #include "system/termination_signals.h"
 
-namespace {
-
-// Longer than the pause after a key in the search field, shorter than any timer that waits for the
-// user to be idle.
-constexpr std::chrono::seconds kSkippedDelays{3};
-
-}  // namespace
-
 int main() {
   using namespace tallyfold;
 
@@ -44,6 +36,7 @@ int main() {
   IconvEncodings encodings;
 
   console::Session session({terminal, files, processes, speech, loop, notifications, encodings,
-                            [&loop] { loop.SkipDelays(kSkippedDelays); }, TALLYFOLD_VERSION});
+                            [&loop](std::chrono::milliseconds time) { loop.SkipDelays(time); },
+                            TALLYFOLD_VERSION});
   return session.Run();
 }

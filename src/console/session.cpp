@@ -11,19 +11,27 @@
 #include "platform/terminal.h"
 
 namespace tallyfold::console {
+namespace {
+
+// Longer than the pause after a key in the search field, shorter than any timer that waits for the
+// user to be idle.
+constexpr std::chrono::seconds kSkippedDelays{3};
+
+}  // namespace
 
 Session::Session(const ConsoleServices& services)
     : terminal_(services.terminal),
       skip_delays_(services.skip_delays),
+      spoken_(services.speech, services.loop),
       log_(services.terminal),
       ambient_({.log = &log_, .localizer = nullptr, .locale = nullptr, .clock = nullptr}),
       questions_(services.terminal),
       host_(services.version),
       printer_(services.terminal),
-      controller_({services.files, questions_, panels_, services.processes, services.speech,
-                   services.loop, services.notifications, host_, services.encodings}),
-      console_{controller_, printer_,       questions_,    host_,
-               log_,        services.files, AllSubjects(), RegisterOrder{}} {}
+      controller_({services.files, questions_, panels_, services.processes, spoken_, services.loop,
+                   services.notifications, host_, services.encodings}),
+      console_{controller_,   printer_, questions_,   host_,         log_,           services.files,
+               services.loop, spoken_,  skip_delays_, AllSubjects(), RegisterOrder{}} {}
 
 int Session::Run() {
   if (terminal_.ReadsFromPerson()) {
@@ -77,7 +85,7 @@ std::string Session::RunCommand(std::span<const Word> words) {
     error = failure.what();
   }
   controller_.CancelOpenSheet();
-  skip_delays_();
+  skip_delays_(kSkippedDelays);
   questions_.ForgetAnswers();
   const std::string complaint = questions_.TakeComplaint();
   return complaint.empty() ? error : complaint;
@@ -97,7 +105,7 @@ bool Session::Launch(const Command& first) {
 
 bool Session::Unlock() {
   ServePasswordSheet(console_);
-  skip_delays_();
+  skip_delays_(kSkippedDelays);
   if (host_.IsEnding()) return false;
   // The sheet of the account that was shown last may come up only now.
   ServePasswordSheet(console_);

@@ -12,6 +12,7 @@
 #include "console/console_log.h"
 #include "console/printer.h"
 #include "console/questions.h"
+#include "console/spoken_text.h"
 #include "console/words.h"
 #include "platform/ambient.h"
 
@@ -47,7 +48,8 @@ class Session {
   void ReportError(std::string_view error);
 
   Terminal& terminal_;
-  std::function<void()> skip_delays_;
+  std::function<void(std::chrono::milliseconds)> skip_delays_;
+  SpokenText spoken_;
   ConsoleLog log_;
   ScopedAmbient ambient_;
   Questions questions_;

@@ -48,7 +48,7 @@ struct Computer {
     terminal.lines = std::move(lines);
     terminal.written.clear();
     Session session({terminal, files, processes, speech, loop, notifications, encodings,
-                     [this] { loop.AdvanceBy(std::chrono::seconds(3)); }, "1.0"});
+                     [this](std::chrono::milliseconds time) { loop.AdvanceBy(time); }, "1.0"});
     return session.Run();
   }
 

@@ -140,12 +140,12 @@ class Player final : private Terminal {
  private:
   void PlaySession() {
     FakeProcessLauncher processes;
-    FakeSpeech speech;
+    NoVoice speech;
     PollRunLoop loop;
     NotificationCenter notifications;
     IconvEncodings encodings;
     Session session({*this, files_, processes, speech, loop, notifications, encodings,
-                     [&loop] { loop.SkipDelays(std::chrono::seconds(3)); }, "1.0.0"});
+                     [&loop](std::chrono::milliseconds time) { loop.SkipDelays(time); }, "1.0.0"});
     const int status = session.Run();
     if (status != 0) played_ += "@ status " + std::to_string(status) + '\n';
     other_copy_.reset();

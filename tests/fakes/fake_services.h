@@ -63,6 +63,14 @@ class FakeProcessLauncher final : public ProcessLauncher {
   std::vector<std::string> launched_;
 };
 
+// A computer without a voice.
+class NoVoice final : public SpeechOutput {
+ public:
+  void Speak(std::string_view /*text*/) override {}
+  void Stop() override {}
+  [[nodiscard]] bool IsBusy() const override { return false; }
+};
+
 // Speaks until it is stopped or the test says that it is finished.
 class FakeSpeech final : public SpeechOutput {
  public:

@@ -1,0 +1,89 @@
+#include <algorithm>
+#include <chrono>
+#include <cmath>
+
+#include "app/controller.h"
+#include "console/all_commands.h"
+#include "console/command_error.h"
+#include "console/console.h"
+#include "console/lookup.h"
+#include "console/printer.h"
+#include "console/spoken_text.h"
+#include "console/table.h"
+#include "console/values.h"
+#include "platform/run_loop.h"
+#include "storage/preferences.h"
+
+namespace tallyfold::console {
+namespace {
+
+// Longer than one step of a reading takes when nothing is heard, its pause included.
+std::chrono::milliseconds LongestStep(const Console& console) {
+  constexpr double kWithoutPause = 4.0;
+  constexpr double kLongestPause = 86400.0;
+  const double pause = console.controller.preferences().GetPauseBetweenSpokenEntries();
+  const double seconds = kWithoutPause + (pause > 0.0 ? std::min(pause, kLongestPause) : 0.0);
+  return std::chrono::milliseconds(std::llround(seconds * 1000.0));
+}
+
+// A voice reads on while commands are waited for; without one there is nothing to wait for.
+void ReadOnUnheard(Console& console) {
+  const std::chrono::milliseconds step = LongestStep(console);
+  std::size_t told = 0;
+  do {
+    told = console.spoken.size();
+    console.skip_delays(step);
+  } while (console.controller.IsReadingEntries() && console.spoken.size() > told);
+}
+
+void ShowUnheard(Console& console, std::chrono::milliseconds start) {
+  const auto lines = console.spoken.Take();
+  if (lines.empty()) return;
+  Table table({{"seconds", Column::Align::Right}, {"says"}});
+  for (const SpokenText::Line& line : lines) {
+    const auto elapsed = std::chrono::duration<double>(line.time - start).count();
+    table.Add({WriteAmount(elapsed), line.text});
+  }
+  console.printer.Show(table);
+}
+
+void Speak(Console& console, const Arguments& arguments) {
+  static_cast<void>(SelectedAccount(console));
+  const std::string what = arguments.WordCount() == 0 ? "entry" : arguments.WordAt(0);
+  if (what != "entry" && what != "from" && what != "all") {
+    throw CommandError("speak: expected entry, from or all, not " + Quoted(what));
+  }
+  const auto selected = console.controller.SelectedEntry();
+  if (what != "all" && selected == nullptr) {
+    throw CommandError("speak: no entry is selected; see 'select entry'");
+  }
+  const auto start = console.loop.Now();
+  static_cast<void>(console.spoken.Take());
+  if (what == "entry") {
+    console.controller.SpeakEntry(selected.get());
+  } else if (what == "from") {
+    console.controller.StartSpeakingEntries();
+  } else {
+    console.controller.SpeakEntries();
+  }
+  ReadOnUnheard(console);
+  ShowUnheard(console, start);
+}
+
+constexpr Command kCommands[] = {
+    {.name = "speak",
+     .words = "[entry|from|all]",
+     .most_words = 1,
+     .help = "reads the selected entry aloud, or the register from there on, or all of it; without "
+             "a voice, shows what would be said and when",
+     .example = "speak from",
+     .run = Speak},
+};
+
+}  // namespace
+
+std::span<const Command> SpeechCommands() {
+  return kCommands;
+}
+
+}  // namespace tallyfold::console
