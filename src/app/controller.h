@@ -181,10 +181,12 @@ class LDGRController {
 
   // --- filters/register_search.h -----------------------------------------------------------------
   [[nodiscard]] const RegisterSearchState& SearchState() const noexcept { return search_.State(); }
+  void search_Field(std::optional<std::string_view> text) { Search_Field(text); }
   void Search_Field(std::optional<std::string_view> text) { search_.Search_Field(text); }
   void Search() { search_.Search(); }
   void search_Cancel_Button() { Search_Cancel(); }
   void Search_Cancel() { search_.Search_Cancel(); }
+  void filter_Menu(std::int32_t tag) { Filter_Menu(tag); }
   void Filter_Menu(std::int32_t tag) { search_.Filter_Menu(tag); }
   void Filter_Select(std::int32_t type) { search_.Filter_Select(type); }
   void PopulateForFilterType(std::int32_t type) { search_.PopulateForFilterType(type); }
