@@ -34,6 +34,7 @@ void Refresh::EntryMarked() {
 void Refresh::AccountsChanged() {
   AccountsList_Redraw();
   front_end_.Changed(Area::SelectedAccount);
+  front_end_.Changed(Area::AccountMenu);
   host_.RedrawRegisters();
   Balances();
   entryMenu_Types_Menu_Populate();
