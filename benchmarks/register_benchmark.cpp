@@ -1,0 +1,169 @@
+// A register of 100,000 rows: from a click on a column, and from the end of the search delay, to
+// all rows, running balances, count and sum. The yardstick of each is one std::stable_sort of
+// 100,000 ready keys, done in turn with it: "times" is how often that goes into it. Then: what the
+// rows cost that are shown, and no others.
+
+#include <benchmark/benchmark.h>
+
+#include <algorithm>
+#include <array>
+#include <chrono>
+#include <cstdint>
+#include <random>
+#include <string>
+#include <vector>
+
+#include "benchmarks/household_account.h"
+#include "model/current_account.h"
+#include "registers/account_table_view_data.h"
+
+namespace tallyfold::benchmarks {
+namespace {
+
+constexpr std::size_t kEntries = 100'000;
+
+using Seconds = std::chrono::duration<double>;
+
+template <typename Work>
+double SecondsFor(const Work& work) {
+  const auto start = std::chrono::steady_clock::now();
+  work();
+  return Seconds(std::chrono::steady_clock::now() - start).count();
+}
+
+struct Key {
+  std::uint64_t value;
+  std::uint32_t index;
+};
+
+// What sorting rows costs at least where everything is prepared and nothing is in order.
+double SortReadyKeys() {
+  static const std::vector<Key> ready = [] {
+    std::mt19937_64 random(3);
+    std::vector<Key> keys(kEntries);
+    for (std::uint32_t i = 0; i < kEntries; ++i) keys[i] = {random(), i};
+    return keys;
+  }();
+  std::vector<Key> keys = ready;
+  return SecondsFor([&keys] {
+    std::stable_sort(keys.begin(), keys.end(),
+                     [](const Key& a, const Key& b) { return a.value < b.value; });
+    benchmark::DoNotOptimize(keys.data());
+  });
+}
+
+struct UnlockedHost final : LDGRAccountTableViewData::Host {
+  [[nodiscard]] bool IsUnlocked() const override { return true; }
+};
+
+// A register that shows a household account, whose entries are in no order.
+struct Register {
+  Register() : account(MakeHouseholdAccount(kEntries)) {
+    EntryList entries = account->GetEntries();
+    std::shuffle(entries.begin(), entries.end(), std::mt19937(1));
+    account->SetEntries(std::move(entries));
+    SetCurrentAccount(account.get());
+    rows.SetTableView(&table);
+    rows.SetTableIdentifier("entry");
+    rows.SetAccountPreferences(std::make_shared<LDGRAccountPreferences>());
+    rows.SetAccount(account);
+    Reload();
+  }
+
+  static Register& Shared() {
+    static Register shared;
+    return shared;
+  }
+
+  void Reload() { rows.Reload(account->entryFilteredEntries()); }
+  // The figures of all rows, as if all were shown.
+  void AskForFigures() const {
+    double sum = rows.TotalOfRows();
+    const std::size_t count = rows.numberOfRowsInTableView();
+    for (std::size_t row = 0; row < count; ++row) sum += rows.RunningBalanceOfRow(row);
+    benchmark::DoNotOptimize(sum);
+  }
+
+  UnlockedHost host;
+  std::shared_ptr<LDGRAccount> account;
+  TableView table{DefaultRegisterColumns()};
+  LDGRAccountTableViewData rows{host};
+};
+
+template <typename Work>
+void MeasureBesideSort(benchmark::State& state, Register& shown, const Work& work) {
+  double ours = 0.0;
+  double yardstick = 0.0;
+  for ([[maybe_unused]] auto _ : state) {
+    const double seconds = SecondsFor([&] {
+      work();
+      shown.AskForFigures();
+    });
+    ours += seconds;
+    yardstick += SortReadyKeys();
+    state.SetIterationTime(seconds);
+  }
+  state.counters["yardstick_ms"] = 1000 * yardstick / static_cast<double>(state.iterations());
+  state.counters["times"] = ours / yardstick;
+  state.counters["rows"] = static_cast<double>(shown.rows.numberOfRowsInTableView());
+}
+
+void ClickOn(benchmark::State& state, const std::string& column) {
+  Register& shown = Register::Shared();
+  shown.account->setEntryFilterData("");
+  shown.Reload();
+  shown.rows.SelectRow(0);
+  MeasureBesideSort(state, shown, [&] { shown.rows.ClickedTableColumn(column); });
+}
+
+void SearchFor(benchmark::State& state, const std::string& text) {
+  Register& shown = Register::Shared();
+  shown.rows.ClickedTableColumn("date");
+  shown.account->setEntryFilterType(0);
+  MeasureBesideSort(state, shown, [&] {
+    // Every change of the text is a change of the account, which the figures have to notice.
+    shown.account->setEntryFilterData("");
+    shown.account->setEntryFilterData(text);
+    shown.Reload();
+  });
+  shown.account->setEntryFilterData("");
+}
+
+// Every cell of rows 50,000 to 50,040: the time must not depend on how many rows there are.
+void ShowFortyRows(benchmark::State& state) {
+  const Register& shown = Register::Shared();
+  const std::size_t first = std::min<std::size_t>(static_cast<std::size_t>(state.range(0)),
+                                                  shown.rows.numberOfRowsInTableView() - 41);
+  for ([[maybe_unused]] auto _ : state) {
+    for (std::size_t row = first; row <= first + 40; ++row) {
+      for (const TableColumn& column : shown.table.Columns()) {
+        benchmark::DoNotOptimize(shown.rows.tableView(column.identifier, row));
+      }
+    }
+  }
+}
+
+void RegisterAll() {
+  for (const char* column :
+       {"check", "date", "type", "description", "amount", "cleared", "toFrom"}) {
+    benchmark::RegisterBenchmark((std::string("Click/") + column).c_str(), ClickOn,
+                                 std::string(column))
+        ->UseManualTime()
+        ->Unit(benchmark::kMillisecond);
+  }
+  for (const char* text : {"e", "groceries", "zygote"}) {
+    benchmark::RegisterBenchmark((std::string("Search/") + text).c_str(), SearchFor,
+                                 std::string(text))
+        ->UseManualTime()
+        ->Unit(benchmark::kMillisecond);
+  }
+  benchmark::RegisterBenchmark("ShowFortyRows", ShowFortyRows)
+      ->Arg(0)
+      ->Arg(50'000)
+      ->Unit(benchmark::kMicrosecond);
+}
+
+const bool registered = (RegisterAll(), true);
+
+}  // namespace
+}  // namespace tallyfold::benchmarks
