@@ -8,8 +8,7 @@
 #include "console/register_order.h"
 #include "console/values.h"
 #include "model/account.h"
-#include "model/entry_type.h"
-#include "platform/ambient.h"
+#include "registers/register_look.h"
 
 namespace tallyfold::console {
 namespace {
@@ -26,11 +25,7 @@ void AddChangedEntry(Table& table, const Console& console, const LDGRAccount& ac
 }  // namespace
 
 std::string TypeText(const LDGRAccount& account, const LDGRAccountEntry& entry) {
-  if (entry.IsTransfer()) {
-    return LocalizedText(entry.IsTransferOrigin() ? "Transfer To" : "Transfer From");
-  }
-  const auto type = account.AccountEntryTypeForNumber(entry.GetType());
-  return type == nullptr ? "" : type->GetName();
+  return TypeTextOfEntry(&account, entry);
 }
 
 std::string KindText(const LDGRAccountEntry& entry) {

@@ -6,8 +6,8 @@
 
 #include "model/date_format.h"
 #include "model/date_number.h"
-#include "model/entry_type.h"
 #include "platform/ambient.h"
+#include "registers/register_look.h"
 
 namespace tallyfold {
 namespace {
@@ -314,22 +314,13 @@ TableCell LDGRAccountTableViewData::tableView(std::string_view column, std::size
     if (!entry.IsCheck()) return {};
     return {std::to_string(entry.GetCheckNumber()), TableCell::Alignment::Right};
   }
-  if (column == kType) return {TypeText(entry)};
+  if (column == kType) return {TypeTextOfEntry(account_.get(), entry)};
   if (column == kDescription) return {entry.GetDescription()};
   if (column == kToFrom) return {entry.GetToFrom()};
   if (column == kCleared) return {std::string(entry.GetCleared() ? kCheckMark : "")};
   if (column == kAmount) return {entry.GetAmount(), TableCell::Alignment::Right};
   if (column == kBalance) return {RunningBalanceOfRow(row), TableCell::Alignment::Right};
   return {};
-}
-
-std::string LDGRAccountTableViewData::TypeText(const LDGRAccountEntry& entry) const {
-  if (entry.IsTransfer()) {
-    return LocalizedText(entry.IsTransferOrigin() ? "Transfer To" : "Transfer From");
-  }
-  if (account_ == nullptr) return "";
-  const auto type = account_->AccountEntryTypeForNumber(entry.GetType());
-  return type != nullptr ? type->GetName() : "";
 }
 
 double LDGRAccountTableViewData::RunningBalanceOfRow(std::size_t row) const {

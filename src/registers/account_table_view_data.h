@@ -131,7 +131,6 @@ class LDGRAccountTableViewData final : public TableDataSource {
   void PlaceStoredColumns(TableView& table) const;
   void HideStoredColumns(TableView& table) const;
   [[nodiscard]] const Figures& UpToDateFigures() const;
-  [[nodiscard]] std::string TypeText(const LDGRAccountEntry& entry) const;
 
   const Host& host_;
   std::shared_ptr<LDGRAccount> account_;

@@ -1,6 +1,7 @@
 #include "registers/register_look.h"
 
 #include "model/amounts.h"
+#include "model/entry_type.h"
 #include "platform/ambient.h"
 
 namespace tallyfold {
@@ -23,6 +24,15 @@ std::optional<RegisterColor> ColorOf(const LDGRAccountEntry& entry, const LDGRPr
 }
 
 }  // namespace
+
+std::string TypeTextOfEntry(const LDGRAccount* account, const LDGRAccountEntry& entry) {
+  if (entry.IsTransfer()) {
+    return LocalizedText(entry.IsTransferOrigin() ? "Transfer To" : "Transfer From");
+  }
+  if (account == nullptr) return "";
+  const auto type = account->AccountEntryTypeForNumber(entry.GetType());
+  return type != nullptr ? type->GetName() : "";
+}
 
 RegisterRowLook LookOfRow(const LDGRAccountEntry& entry, const LDGRPreferences& preferences,
                           DateNumber today) {

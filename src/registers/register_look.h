@@ -3,6 +3,7 @@
 #include <optional>
 #include <string>
 
+#include "model/account.h"
 #include "model/account_entry.h"
 #include "model/date_number.h"
 #include "storage/preferences.h"
@@ -28,6 +29,11 @@ struct RegisterRowLook {
 
   friend bool operator==(const RegisterRowLook&, const RegisterRowLook&) = default;
 };
+
+// What the type column shows: the direction of a transfer, else the name of the entry's type,
+// active or not; "" for none and for an account that is null.
+[[nodiscard]] std::string TypeTextOfEntry(const LDGRAccount* account,
+                                          const LDGRAccountEntry& entry);
 
 [[nodiscard]] RegisterRowLook LookOfRow(const LDGRAccountEntry& entry,
                                         const LDGRPreferences& preferences, DateNumber today);

@@ -1,0 +1,70 @@
+#include "registers/schedule_list.h"
+
+#include <gtest/gtest.h>
+
+#include "fakes/fake_ambient.h"
+
+namespace tallyfold {
+namespace {
+
+std::shared_ptr<LDGRAccountSchedule> Schedule(std::int32_t number, DateNumber start,
+                                              std::int32_t type) {
+  auto schedule = std::make_shared<LDGRAccountSchedule>();
+  schedule->SetNumber(number);
+  schedule->SetDate(start);
+  schedule->SetRepeatIntervalType(type);
+  return schedule;
+}
+
+TEST(ScheduleList, SaysTheRecurrenceInWords) {
+  const FakeAmbient ambient;
+  struct Case {
+    std::int32_t type;
+    std::int32_t every;
+    std::int32_t until_type;
+    std::int32_t until;
+    std::string repeats;
+    std::string ends;
+  } const cases[] = {
+      {0, 1, 1, 0, "Once", "Forever"},
+      {3, 5, 2, 12, "Every two weeks", "12 times"},
+      {6, 1, 2, 1, "Last day of every month", "1 time"},
+      {11, 1, 3, 20041231, "End of every quarter", "Until 12/31/04"},
+      {20, 10, 1, 0, "Every 10 days", "Forever"},
+      {24, 1, 1, 0, "Every quarter", "Forever"},
+      {22, 0, 4, 0, "Once", "Never"},
+      {7, 1, -1, 0, "Never", "Never"},
+  };
+  for (const Case& c : cases) {
+    const auto schedule = Schedule(0, 20040307, c.type);
+    schedule->SetRepeatInterval(c.every);
+    schedule->SetRepeatUntilType(c.until_type);
+    schedule->SetRepeatUntil(c.until);
+    EXPECT_EQ(RepeatsInWords(*schedule), c.repeats);
+    EXPECT_EQ(UntilInWords(*schedule, "%m/%d/%y"), c.ends);
+  }
+}
+
+TEST(ScheduleList, PutsTheNextFirstAndCountsWhatHasPassed) {
+  const FakeAmbient ambient;
+  LDGRAccount account;
+  const auto once = Schedule(0, 20040301, 0);
+  const auto weekly = Schedule(1, 20040208, 2);  // 8, 15, 22, 29 February, 7 March
+  weekly->AddCommittedDate(20040208);
+  weekly->AddCommittedDate(20040215);
+  weekly->SetIsTransfer(true);
+  weekly->SetAmount(12.5);
+  const auto later = Schedule(2, 20040401, 4);
+  for (const auto& schedule : {once, later, weekly}) account.AddSchedule(schedule);
+
+  std::vector<std::string> rows;
+  for (const ScheduleRow& row : ScheduleRows(account, "%Y-%m-%d", 20040307)) {
+    rows.push_back(std::to_string(row.schedule->GetNumber()) + " " + row.next_date + " " +
+                   std::to_string(row.overdue) + " " + row.type);
+  }
+  EXPECT_EQ(rows, (std::vector<std::string>{"1 2004-02-22 2 Transfer From", "2 2004-04-01 0 ",
+                                            "0 - 1 "}));
+}
+
+}  // namespace
+}  // namespace tallyfold
