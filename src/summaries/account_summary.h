@@ -5,18 +5,22 @@
 #include <span>
 #include <string>
 #include <string_view>
+#include <utility>
 
+#include "model/account_entry.h"
 #include "model/date_number.h"
 #include "model/field_table.h"
 #include "plist/output.h"
 #include "plist/value.h"
+#include "summaries/summary_result.h"
 
 namespace tallyfold {
 
 class LDGRAccount;
 
 // A named report over an account's entries: a range of days, which entries count, and which
-// subtotals are formed. Every change is noted by the account it belongs to.
+// subtotals are formed; and what it came to when it was last computed. Every change of what is
+// stored is noted by the account it belongs to.
 class LDGRAccountSummary {
  public:
   // A new summary of the current month that counts everything.
@@ -36,7 +40,8 @@ class LDGRAccountSummary {
   // None is ignored.
   void setName(std::optional<std::string_view> name);
 
-  // How the range follows from today or the entries; 20 keeps the two days as they are.
+  // How the range follows from today or the entries (see summaries/summary_choices.h); 20, and any
+  // number that is no style, keeps the two days as they are.
   [[nodiscard]] std::int32_t dateRangeStyle() const noexcept { return date_range_style_; }
   void setDateRangeStyle(std::int32_t style) noexcept { Change(date_range_style_, style); }
   // Both days belong to the range.
@@ -45,7 +50,7 @@ class LDGRAccountSummary {
   [[nodiscard]] DateNumber endDate() const noexcept { return end_date_; }
   void setEndDate(DateNumber date) noexcept { Change(end_date_, date); }
 
-  // How the summary is presented.
+  // 0 tables, 1 tables with a bar for each period.
   [[nodiscard]] std::int32_t showStyle() const noexcept { return show_style_; }
   void setShowStyle(std::int32_t style) noexcept { Change(show_style_, style); }
 
@@ -91,6 +96,32 @@ class LDGRAccountSummary {
   [[nodiscard]] LDGRAccount* account() const noexcept { return account_; }
   void setAccount(LDGRAccount* account) noexcept { account_ = account; }
 
+  // Sets the two days by the style of the date range, the account's entries and today. What follows
+  // from the calendar is no change of the account: looking at a summary leaves nothing to save.
+  void updateDateRange();
+
+  // Computes the summary of the account's entries: updates the date range, keeps what was counted
+  // in entries(), and adds up each period. Empty without an account and for a range that ends
+  // before it starts. An entry of two kinds that are both shown counts once as each of them. A
+  // range of more than kMostPeriods periods goes without those that have no entries. One sweep over
+  // the entries, sorted by date, beside the filter.
+  [[nodiscard]] SummaryResult Summary();
+  static constexpr std::int64_t kMostPeriods = 40'000;  // a century of days has 36,525
+
+  // The sums of those `entries` that are dated from `start` to `end`.
+  [[nodiscard]] PeriodSubtotals SubtotalEntries(const EntryList& entries, DateNumber start,
+                                                DateNumber end) const;
+
+  // Replaces summaryDictionary() by a new Summary().
+  void Refresh() { summary_dictionary_ = Summary(); }
+  // What Refresh() computed last; none before.
+  [[nodiscard]] const std::optional<SummaryResult>& summaryDictionary() const noexcept {
+    return summary_dictionary_;
+  }
+  // The entries that the last Summary() counted, by date.
+  [[nodiscard]] const EntryList& entries() const noexcept { return entries_; }
+  void setEntries(EntryList entries) noexcept { entries_ = std::move(entries); }
+
   // 1, 0 or -1, ignoring case.
   [[nodiscard]] int NameIsGreaterThan(const LDGRAccountSummary& other) const noexcept;
 
@@ -102,6 +133,9 @@ class LDGRAccountSummary {
     NoteChange();
   }
   void NoteChange() noexcept;
+
+  // The account's entries that count in the range, by date.
+  [[nodiscard]] EntryList EntriesToCount() const;
 
   [[nodiscard]] static std::span<const Field<LDGRAccountSummary>> Fields();
 
@@ -124,6 +158,8 @@ class LDGRAccountSummary {
   std::int32_t filter_type_ = 0;
   plist::Value filter_data_ = "";
   LDGRAccount* account_ = nullptr;
+  EntryList entries_;
+  std::optional<SummaryResult> summary_dictionary_;
 };
 
 }  // namespace tallyfold
