@@ -47,12 +47,19 @@ void RequireAmount(const Arguments& arguments, std::string_view expected) {
     throw CommandError("expected " + std::string(expected));
 }
 
+void TellOfHiddenEntry(const Console& console) {
+  const std::string& hidden = console.controller.HiddenEntry().text;
+  if (!hidden.empty()) console.printer.Note(hidden);
+}
+
 void AddEntry(Console& console, const Arguments& arguments, bool (LDGRController::*begin)(),
               void (*finish)(Console&, const Arguments&)) {
   const auto account = SelectedAccount(console);
   if (!(console.controller.*begin)()) throw CommandError("no entry can be added now");
   finish(console, arguments);
-  ShowChangedEntries(console, *account, {console.controller.SelectedEntry()});
+  // Not the selected one: a filter may hide what was added.
+  ShowChangedEntries(console, *account, {console.controller.editEntry()});
+  TellOfHiddenEntry(console);
 }
 
 void AddDebit(Console& console, const Arguments& arguments) {
@@ -73,9 +80,8 @@ void AddTransfer(Console& console, const Arguments& arguments) {
 
 void EditEntry(Console& console, const Arguments& arguments) {
   const auto account = SelectedAccount(console);
-  const auto entry = EntryNamed(console, arguments.WordAt(0));
+  const auto entry = SelectEntryNamed(console, arguments.WordAt(0));
   LDGRController& controller = console.controller;
-  controller.SelectEntry(entry);
   if (!controller.Entry_Edit()) {
     throw CommandError("entry " + arguments.WordAt(0) + " is of no kind and cannot be edited");
   }
@@ -91,6 +97,7 @@ void EditEntry(Console& console, const Arguments& arguments) {
       break;
   }
   ShowChangedEntries(console, *account, {entry});
+  TellOfHiddenEntry(console);
 }
 
 std::size_t Ask(Console& console, const std::string& question, std::span<const std::string> buttons,
@@ -135,9 +142,8 @@ void GiveUp(Console& console, const std::string& answers) {
 }
 
 void RemoveEntry(Console& console, const Arguments& arguments) {
-  const auto entry = EntryNamed(console, arguments.WordAt(0));
+  const auto entry = SelectEntryNamed(console, arguments.WordAt(0));
   LDGRController& controller = console.controller;
-  controller.SelectEntry(entry);
   controller.EntryRemoveConfirm_Begin();
   if (!ConfirmRemoval(console)) {
     return GiveUp(console, "answer OK before the command removes the entry");

@@ -18,6 +18,8 @@ void AddChangedEntry(Table& table, const Console& console, const LDGRAccount& ac
   std::vector<std::string> cells =
       RegisterCells(account, entry, NameOfEntry(account, console.register_order, entry),
                     account.GetRunningBalanceAtEntry(&entry));
+  // What is in a locked account is not told, though the half of a transfer in it has changed.
+  if (account.IsLocked()) cells.back().clear();
   cells.insert(cells.begin(), account.GetName());
   table.Add(std::move(cells));
 }

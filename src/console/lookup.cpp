@@ -98,6 +98,13 @@ std::shared_ptr<LDGRAccountEntry> EntryNamed(const Console& console, std::string
   return Named(rows, word, "an entry");
 }
 
+std::shared_ptr<LDGRAccountEntry> SelectEntryNamed(const Console& console, std::string_view word) {
+  auto entry = EntryNamed(console, word);
+  console.controller.SelectEntry(entry);
+  if (console.controller.SelectedEntry() == entry) return entry;
+  throw CommandError("the filter in force hides entry " + std::string(word) + "; see 'filter'");
+}
+
 std::shared_ptr<LDGRAccountSchedule> ScheduleNamed(const Console& console, std::string_view word) {
   return Named(SelectedAccount(console)->GetSchedules(), word, "a schedule");
 }

@@ -27,6 +27,9 @@ namespace tallyfold::console {
 // shown last. A number that several entries have names none of them.
 [[nodiscard]] std::shared_ptr<LDGRAccountEntry> EntryNamed(const Console& console,
                                                            std::string_view word);
+// The same, which is then the selected one of the current register; one that the filter in force
+// hides cannot be.
+std::shared_ptr<LDGRAccountEntry> SelectEntryNamed(const Console& console, std::string_view word);
 // A schedule of the selected account, by its number or by "#3" in the order of the list.
 [[nodiscard]] std::shared_ptr<LDGRAccountSchedule> ScheduleNamed(const Console& console,
                                                                  std::string_view word);

@@ -151,11 +151,7 @@ void Sort(Console& console, const Arguments& arguments) {
 }
 
 void SelectEntry(Console& console, const Arguments& arguments) {
-  const auto entry = EntryNamed(console, arguments.WordAt(0));
-  console.controller.SelectEntry(entry);
-  if (console.controller.SelectedEntry() != entry) {
-    throw CommandError("select entry: the filter in force hides it; see 'filter'");
-  }
+  SelectEntryNamed(console, arguments.WordAt(0));
 }
 
 constexpr Option kRegisterOptions[] = {
