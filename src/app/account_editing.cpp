@@ -75,12 +75,12 @@ bool AccountEditing::Account_Add() {
   account->SetStartingBalance(0.0);
   account->SetNumber(host_.HighestAccountNumber() + 1);
   account->SetPassword("");
-  return Open(std::move(account), true);
+  return Begin(std::move(account), true);
 }
 
 bool AccountEditing::Account_Edit() {
   auto account = host_.SelectedAccount();
-  return account != nullptr && sheets_.IsFree() && Open(std::move(account), false);
+  return account != nullptr && sheets_.IsFree() && Begin(std::move(account), false);
 }
 
 std::string AccountEditing::NewAccountName() const {
@@ -93,20 +93,24 @@ std::string AccountEditing::NewAccountName() const {
   }
 }
 
-bool AccountEditing::Open(std::shared_ptr<LDGRAccount> account, bool is_new) {
+bool AccountEditing::Begin(std::shared_ptr<LDGRAccount> account, bool is_new) {
   edit_account_ = std::move(account);
-  state_ = AccountEditSheetState();
-  state_.is_open = true;
+  AccountEditSheet_Populate();
   state_.is_new = is_new;
+  return AccountEditSheet_Open();
+}
+
+bool AccountEditing::AccountEditSheet_Open() {
+  state_.is_open = sheets_.Open(Sheet::AccountEdit);
+  front_end_.Changed(Area::AccountEditSheet);
+  return state_.is_open;
+}
+
+void AccountEditing::AccountEditSheet_Populate() {
+  state_ = AccountEditSheetState();
   state_.security_note = LocalizedText(
       "A password hides the account from others who use this computer.  It does not encrypt the "
       "accounts file.");
-  Populate();
-  front_end_.Changed(Area::AccountEditSheet);
-  return sheets_.Open(Sheet::AccountEdit);
-}
-
-void AccountEditing::Populate() {
   const LDGRAccount& account = *edit_account_;
   auto& typed = state_.typed;
   typed.name = account.GetName();

@@ -37,6 +37,11 @@ class AccountEditing {
   AccountEditing& operator=(const AccountEditing&) = delete;
 
   [[nodiscard]] const AccountEditSheetState& State() const noexcept { return state_; }
+  // The account the sheet is open for, which OK changes; null while it is closed.
+  [[nodiscard]] const std::shared_ptr<LDGRAccount>& editAccount() const noexcept {
+    return edit_account_;
+  }
+  [[nodiscard]] bool editAccountIsNew() const noexcept { return state_.is_new; }
   // Takes over what the user typed and tells anew whether OK is enabled.
   void Read(AccountEditSheetState::Typed typed);
 
@@ -59,8 +64,9 @@ class AccountEditing {
 
  private:
   [[nodiscard]] std::string NewAccountName() const;
-  bool Open(std::shared_ptr<LDGRAccount> account, bool is_new);
-  void Populate();
+  bool Begin(std::shared_ptr<LDGRAccount> account, bool is_new);
+  void AccountEditSheet_Populate();
+  bool AccountEditSheet_Open();
   void Close();
   void SaveValues();
   void SaveTypes();

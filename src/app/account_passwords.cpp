@@ -13,12 +13,8 @@ void AccountPasswords::Account_Authenticate(const std::shared_ptr<LDGRAccount>& 
 }
 
 void AccountPasswords::AccountAuthenticationSheet_Open() {
-  state_ = PasswordSheetState();
-  state_.is_open = true;
-  state_.title = LocalizedText("The Account") + " \"" + authenticating_account_->GetName() + "\" " +
-                 LocalizedText("is protected by a password.");
-  front_end_.Changed(Area::AccountAuthenticationSheet);
-  sheets_.Open(Sheet::AccountAuthentication);
+  sheet_.Open(LocalizedText("The Account") + " \"" + authenticating_account_->GetName() + "\" " +
+              LocalizedText("is protected by a password."));
 }
 
 void AccountPasswords::Account_Lock(const std::shared_ptr<LDGRAccount>& account) {
@@ -28,19 +24,15 @@ void AccountPasswords::Account_Lock(const std::shared_ptr<LDGRAccount>& account)
 }
 
 void AccountPasswords::ValidatePassword(std::string typed) {
-  if (!state_.is_open) return;
-  state_.typed = std::move(typed);
-  state_.ok_is_enabled = state_.typed == authenticating_account_->GetPassword();
-  if (state_.ok_is_enabled) state_.alert.clear();
-  front_end_.Changed(Area::AccountAuthenticationSheet);
+  if (!State().is_open) return;
+  sheet_.ValidatePassword(std::move(typed), authenticating_account_->GetPassword());
 }
 
 bool AccountPasswords::AccountAuthenticationSheet_OK() {
-  if (!state_.is_open) return false;
+  if (!State().is_open) return false;
   const auto account = authenticating_account_;
-  if (!account->Authenticate(state_.typed)) {
-    state_.ok_is_enabled = false;
-    front_end_.Changed(Area::AccountAuthenticationSheet);
+  if (!account->Authenticate(State().typed)) {
+    sheet_.DisableOK();
     return false;
   }
   AccountAuthenticationSheet_Close();
@@ -49,16 +41,14 @@ bool AccountPasswords::AccountAuthenticationSheet_OK() {
 }
 
 void AccountPasswords::AccountAuthenticationSheet_Cancel() {
-  if (!state_.is_open) return;
+  if (!State().is_open) return;
   AccountAuthenticationSheet_Close();
   host_.Account_Select(host_.SelectedAccount());
 }
 
 void AccountPasswords::AccountAuthenticationSheet_Close() {
-  state_ = PasswordSheetState();
+  sheet_.Close();
   authenticating_account_ = nullptr;
-  front_end_.Changed(Area::AccountAuthenticationSheet);
-  sheets_.Close(Sheet::AccountAuthentication);
 }
 
 }  // namespace tallyfold

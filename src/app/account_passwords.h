@@ -4,7 +4,8 @@
 #include <string>
 
 #include "app/front_end.h"
-#include "app/password_sheet_state.h"
+#include "app/main_window.h"
+#include "app/password_sheet.h"
 #include "app/sheet_slot.h"
 #include "model/account.h"
 
@@ -22,12 +23,16 @@ class AccountPasswords {
     virtual void Account_Deselect() = 0;
   };
 
-  AccountPasswords(Host& host, SheetSlot& sheets, FrontEnd& front_end) noexcept
-      : host_(host), sheets_(sheets), front_end_(front_end) {}
+  AccountPasswords(Host& host, SheetSlot& sheets, MainWindowSlot& window,
+                   FrontEnd& front_end) noexcept
+      : host_(host),
+        sheets_(sheets),
+        sheet_(Sheet::AccountAuthentication, Area::AccountAuthenticationSheet, sheets, window,
+               front_end) {}
   AccountPasswords(const AccountPasswords&) = delete;
   AccountPasswords& operator=(const AccountPasswords&) = delete;
 
-  [[nodiscard]] const PasswordSheetState& State() const noexcept { return state_; }
+  [[nodiscard]] const PasswordSheetState& State() const noexcept { return sheet_.State(); }
   // The account whose authentication is under way, or null.
   [[nodiscard]] const std::shared_ptr<LDGRAccount>& authenticatingAccount() const noexcept {
     return authenticating_account_;
@@ -57,8 +62,7 @@ class AccountPasswords {
 
   Host& host_;
   SheetSlot& sheets_;
-  FrontEnd& front_end_;
-  PasswordSheetState state_;
+  PasswordSheet sheet_;
   std::shared_ptr<LDGRAccount> authenticating_account_;
 };
 

@@ -44,7 +44,7 @@ void AccountSelection::Account_Select(const std::shared_ptr<LDGRAccount>& accoun
   } else {
     host_.Account_Authenticate(account);
   }
-  front_end_.Changed(Area::AccountMenu);
+  refresh_.Account_Menu_Show_Menu_Populate();
   refresh_.entryMenu_Types_Menu_Populate();
   host_.ReplaceScheduleReminderTimer();
 }
@@ -62,20 +62,21 @@ void AccountSelection::Select(const std::shared_ptr<LDGRAccount>& account) {
   front_end_.Changed(Area::ScheduleButtons);
   host_.FillCurrentRegister();
   refresh_.AccountsList_Redraw();
+  host_.FocusAccountsTable();
 }
 
 void AccountSelection::Account_Deselect() {
   ClearSelected();
+  refresh_.AccountsList_Redraw();
   host_.ShowSummary(nullptr);
   refresh_.EntryButtons_Update();
   front_end_.Changed(Area::ScheduleButtons);
   front_end_.Changed(Area::SelectedAccount);
   SetMainWindowTitleForAccount(nullptr);
   host_.ShowInTables(nullptr);
-  refresh_.AccountsList_Redraw();
   refresh_.AccountBalance_Field_Update();
   refresh_.ReconcileTab_UpdateBalances();
-  front_end_.Changed(Area::AccountMenu);
+  refresh_.Account_Menu_Show_Menu_Populate();
   refresh_.entryMenu_Types_Menu_Populate();
 }
 

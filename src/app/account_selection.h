@@ -39,6 +39,7 @@ class AccountSelection {
     virtual void ShowInTables(const std::shared_ptr<LDGRAccount>& account) = 0;
     // Gives the current register the selected account's filtered entries and sets up its filter.
     virtual void FillCurrentRegister() = 0;
+    virtual void FocusAccountsTable() = 0;
     // The reminder of scheduled entries counts anew from now.
     virtual void ReplaceScheduleReminderTimer() = 0;
   };

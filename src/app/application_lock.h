@@ -4,9 +4,11 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <utility>
 
 #include "app/front_end.h"
-#include "app/password_sheet_state.h"
+#include "app/main_window.h"
+#include "app/password_sheet.h"
 #include "app/refresh.h"
 #include "app/sheet_slot.h"
 #include "platform/run_loop.h"
@@ -32,20 +34,20 @@ class ApplicationLock {
     virtual void Quit() = 0;
   };
 
-  ApplicationLock(AccountsStore& accounts, Host& host, SheetSlot& sheets, Refresh& refresh,
-                  RunLoop& loop, FrontEnd& front_end) noexcept
+  ApplicationLock(AccountsStore& accounts, Host& host, SheetSlot& sheets, MainWindowSlot& window,
+                  Refresh& refresh, RunLoop& loop, FrontEnd& front_end) noexcept
       : accounts_(accounts),
         host_(host),
         sheets_(sheets),
         refresh_(refresh),
-        front_end_(front_end),
+        sheet_(Sheet::Authentication, Area::AuthenticationSheet, sheets, window, front_end),
         post_load_(loop) {}
   ApplicationLock(const ApplicationLock&) = delete;
   ApplicationLock& operator=(const ApplicationLock&) = delete;
 
   // Where the launch stopped: kWaitingForPassword until the password is given, else 0.
   [[nodiscard]] std::int32_t initState() const noexcept { return init_state_; }
-  [[nodiscard]] const PasswordSheetState& State() const noexcept { return state_; }
+  [[nodiscard]] const PasswordSheetState& State() const noexcept { return sheet_.State(); }
 
   [[nodiscard]] bool authenticated() const noexcept { return accounts_.authenticated(); }
   [[nodiscard]] const std::string& password() const noexcept { return accounts_.password(); }
@@ -60,24 +62,25 @@ class ApplicationLock {
   // The launch waits for the password.
   void WaitAtLaunch();
   // Asks for the password.
-  void authentication_Begin();
+  void authentication_Begin() { authenticationSheet_Open(); }
+  void authenticationSheet_Open() { sheet_.Open(""); }
+  void authenticationSheet_Close() { sheet_.Close(); }
 
   // A keystroke: takes over the text; OK is enabled when it is the password.
-  void ValidatePassword(std::string typed);
+  void ValidatePassword(std::string typed) {
+    sheet_.ValidatePassword(std::move(typed), accounts_.password());
+  }
   // Unlocks; the accounts are shown after the current event. False when the password is wrong.
   bool OK();
   // Ends the program: there is no way past the password.
   void Cancel();
 
  private:
-  void Close();
-
   AccountsStore& accounts_;
   Host& host_;
   SheetSlot& sheets_;
   Refresh& refresh_;
-  FrontEnd& front_end_;
-  PasswordSheetState state_;
+  PasswordSheet sheet_;
   std::int32_t init_state_ = 0;
   DelayedCall post_load_;
 };

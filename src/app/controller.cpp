@@ -153,7 +153,7 @@ struct LDGRController::Hosts final : AccountsStore::Host,
   void SetUpRegisters() override {
     app.amount_fields_.SetSpeak(app.preferences().GetSpeakEntryAmounts());
     app.registers_.UpdateDateFormat();
-    app.registers_.ShowAccount(AccountWithNumber(app.preferences().GetSelectedAccountNumber()));
+    app.registers_.ShowColumnsOf(app.preferences().GetSelectedAccountNumber());
   }
 
   // --- Entries out of sight ---
@@ -183,6 +183,7 @@ struct LDGRController::Hosts final : AccountsStore::Host,
     app.search_.PopulateForFilterType(type);
   }
   void SearchStateChanged() override { app.front_end_.Changed(Area::Search); }
+  void FocusAccountsTable() override { app.window_->FocusAccountsTable(); }
   void FocusSearchField() override { app.window_->FocusSearchField(); }
   void UpdateEntryDependentButtons() override { app.refresh_.EntryButtons_Update(); }
   void UpdateBalanceField() override { app.refresh_.AccountBalance_Field_Update(); }
@@ -245,9 +246,9 @@ LDGRController::LDGRController(const Services& services)
       reveal_(*hosts_, links_, front_end_),
       schedule_adding_(*hosts_, refresh_),
       schedule_commit_(*hosts_, links_, refresh_),
-      account_passwords_(*hosts_, sheets_, front_end_),
+      account_passwords_(*hosts_, sheets_, window_, front_end_),
       account_removal_(*hosts_, modal_, sheets_, refresh_),
-      lock_(accounts_, *hosts_, sheets_, refresh_, services.loop, front_end_),
+      lock_(accounts_, *hosts_, sheets_, window_, refresh_, services.loop, front_end_),
       preferences_sheet_(*hosts_, sheets_, services.loop, front_end_),
       updates_(services.host, services.updates, front_end_),
       drawer_(*hosts_, refresh_, front_end_),

@@ -107,6 +107,8 @@ class LDGRController {
   void lock_MenuItem() { lock(); }
   void lock() { lock_.lock(); }
   void authentication_Begin() { lock_.authentication_Begin(); }
+  void authenticationSheet_Open() { lock_.authenticationSheet_Open(); }
+  void authenticationSheet_Close() { lock_.authenticationSheet_Close(); }
   [[nodiscard]] const PasswordSheetState& authenticationSheet() const noexcept {
     return lock_.State();
   }
@@ -135,6 +137,8 @@ class LDGRController {
   bool AccountAuthenticationSheet_OK() {
     return account_passwords_.AccountAuthenticationSheet_OK();
   }
+  bool accountAuthenticationSheet_OK_Button() { return AccountAuthenticationSheet_OK(); }
+  void accountAuthenticationSheet_Cancel_Button() { AccountAuthenticationSheet_Cancel(); }
   void AccountAuthenticationSheet_Cancel() {
     account_passwords_.AccountAuthenticationSheet_Cancel();
   }
@@ -252,6 +256,9 @@ class LDGRController {
   [[nodiscard]] const PreferencesSheetState& preferencesSheet() const noexcept {
     return preferences_sheet_.State();
   }
+  bool PreferencesSheet_SetField(std::string_view name, std::string_view text) {
+    return preferences_sheet_.SetField(name, text);
+  }
   bool PreferencesSheet_SelectTab(std::string_view tab) {
     return preferences_sheet_.SelectTab(tab);
   }
@@ -286,8 +293,15 @@ class LDGRController {
   }
 
   // --- app/account_editing.h ---------------------------------------------------------------------
+  bool account_Add_MenuItem() { return Account_Add(); }
   bool Account_Add() { return account_editing_.Account_Add(); }
   bool Account_Edit() { return account_editing_.Account_Edit(); }
+  [[nodiscard]] const std::shared_ptr<LDGRAccount>& editAccount() const noexcept {
+    return account_editing_.editAccount();
+  }
+  [[nodiscard]] bool editAccountIsNew() const noexcept {
+    return account_editing_.editAccountIsNew();
+  }
   [[nodiscard]] const AccountEditSheetState& AccountEditSheet() const noexcept {
     return account_editing_.State();
   }
@@ -368,6 +382,7 @@ class LDGRController {
   bool DebitSheet_Open() { return editing_.Open(editing_.Debit()); }
   void DebitSheet_SaveValuesToEditEntry() { editing_.SaveValuesToEditEntry(editing_.Debit()); }
   void DebitSheet_Read(EntrySheetState::Typed typed) { editing_.Debit().Read(std::move(typed)); }
+  bool debitSheet_OK_Button() { return DebitSheet_OK(); }
   bool DebitSheet_OK() { return editing_.OK(editing_.Debit()); }
   void DebitSheet_Cancel() { editing_.Cancel(editing_.Debit()); }
   bool DebitSheet_Debit() { return editing_.OKThenNew(editing_.Debit(), EntryKind::Debit); }
@@ -476,6 +491,7 @@ class LDGRController {
   void AccountBalance_Field_Update() { refresh_.AccountBalance_Field_Update(); }
   void ReconcileTab_UpdateBalances() { refresh_.ReconcileTab_UpdateBalances(); }
   void AccountsList_Redraw() { refresh_.AccountsList_Redraw(); }
+  void Account_Menu_Show_Menu_Populate() { refresh_.Account_Menu_Show_Menu_Populate(); }
   void entryMenu_Types_Menu_Populate() { refresh_.entryMenu_Types_Menu_Populate(); }
 
  private:

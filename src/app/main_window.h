@@ -39,11 +39,17 @@ class MainWindow {
   // Centres the window, puts it where it was last and brings it to the front.
   virtual void Show() {}
   virtual void FocusSearchField() {}
+  virtual void FocusAccountsTable() {}
   virtual void CenterUpdateWindow() {}
 
   // The password field of the preferences sheet takes the focus.
   virtual void FocusPasswordField() {}
   virtual void BringToFront() {}
+  // A sheet that asks for a password takes the focus for itself and gives it back when it closes;
+  // meanwhile nothing in the window and in the accounts drawer can be used.
+  virtual void RememberFirstResponder() {}
+  virtual void RestoreFirstResponder() {}
+  virtual void SetContentsEnabled(bool /*are_enabled*/) {}
   // Whether the window is the application's main one at the moment.
   [[nodiscard]] virtual bool IsMain() { return true; }
   // Draws the visible windows anew that have a title or never had one set.

@@ -3,6 +3,7 @@
 #include <chrono>
 #include <utility>
 
+#include "app/preference_texts.h"
 #include "platform/ambient.h"
 
 namespace tallyfold {
@@ -19,6 +20,12 @@ bool PreferencesSheet::Open() {
   state_.security_note = LocalizedText(
       "A password hides your accounts from others who use this computer.  It does not encrypt the "
       "accounts file.");
+  front_end_.Changed(Area::PreferencesSheet);
+  return true;
+}
+
+bool PreferencesSheet::SetField(std::string_view name, std::string_view text) {
+  if (!state_.is_open || !SetPreferenceText(*state_.settings, name, text)) return false;
   front_end_.Changed(Area::PreferencesSheet);
   return true;
 }

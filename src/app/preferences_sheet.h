@@ -57,6 +57,9 @@ class PreferencesSheet {
 
   // False while a sheet is open or the application is locked.
   bool Open();
+  // Types into the field of that setting (see app/preference_texts.h). False when it refuses the
+  // text, or the sheet is not open.
+  bool SetField(std::string_view name, std::string_view text);
   // Whether the other tab shows now. Refused on the security tab while the two passwords differ;
   // the password field then takes the focus after the current event.
   bool SelectTab(std::string_view tab);

@@ -34,7 +34,7 @@ void Refresh::EntryMarked() {
 void Refresh::AccountsChanged() {
   AccountsList_Redraw();
   front_end_.Changed(Area::SelectedAccount);
-  front_end_.Changed(Area::AccountMenu);
+  Account_Menu_Show_Menu_Populate();
   host_.RedrawRegisters();
   Balances();
   entryMenu_Types_Menu_Populate();

@@ -52,6 +52,7 @@ class Refresh {
   void AccountBalance_Field_Update() { front_end_.Changed(Area::Balance); }
   void ReconcileTab_UpdateBalances() { front_end_.Changed(Area::ReconcileBalances); }
   void AccountsList_Redraw() { front_end_.Changed(Area::Accounts); }
+  void Account_Menu_Show_Menu_Populate() { front_end_.Changed(Area::AccountMenu); }
   void entryMenu_Types_Menu_Populate() { front_end_.Changed(Area::EntryTypeMenu); }
 
  private:

@@ -35,9 +35,20 @@ Registers::Registers(Host& host, FrontEnd& front_end)
 }
 
 void Registers::ShowAccount(const std::shared_ptr<LDGRAccount>& account) {
-  const auto view = account != nullptr
-                        ? host_.Preferences().GetPreferencesForAccountNumber(account->GetNumber())
-                        : nullptr;
+  Show(account, account != nullptr
+                    ? host_.Preferences().GetPreferencesForAccountNumber(account->GetNumber())
+                    : nullptr);
+}
+
+void Registers::ShowColumnsOf(std::int32_t account_number) {
+  constexpr std::int32_t kNoAccount = -1;
+  Show(nullptr, account_number != kNoAccount
+                    ? host_.Preferences().GetPreferencesForAccountNumber(account_number)
+                    : nullptr);
+}
+
+void Registers::Show(const std::shared_ptr<LDGRAccount>& account,
+                     const std::shared_ptr<LDGRAccountPreferences>& view) {
   for (auto* shown : {&entry_, &reconcile_}) {
     shown->SetAccountPreferences(view);
     shown->SetAccount(account);

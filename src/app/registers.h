@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <memory>
 #include <optional>
 #include <string_view>
@@ -46,6 +47,8 @@ class Registers final : private TableView::Observer {
 
   // Both show that account as its view preferences tell, without rows yet; null shows none.
   void ShowAccount(const std::shared_ptr<LDGRAccount>& account);
+  // Both show no account yet, but the columns of the one of that number; -1 for none.
+  void ShowColumnsOf(std::int32_t account_number);
   // Both take their account's filtered entries again.
   void Reload();
   // Both take up an entry that was saved while filters do not follow at once: where it is shown it
@@ -60,6 +63,8 @@ class Registers final : private TableView::Observer {
   [[nodiscard]] std::optional<LiveTable> TableShown(std::string_view identifier) const;
 
  private:
+  void Show(const std::shared_ptr<LDGRAccount>& account,
+            const std::shared_ptr<LDGRAccountPreferences>& view);
   void TableChanged(const TableView& table, TableView::Change change) override;
 
   Host& host_;

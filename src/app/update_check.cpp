@@ -46,7 +46,7 @@ UpdateCheck::~UpdateCheck() {
 
 void UpdateCheck::Begin(bool tell_all) {
   if (service_ == nullptr || address_.empty()) {
-    return Finish(UpdateState::Status::NoAnswer, "", tell_all);
+    return Finish(UpdateState::Status::NoAddress, "", tell_all);
   }
   state_.status = UpdateState::Status::Checking;
   front_end_.Changed(Area::Updates);

@@ -12,7 +12,14 @@
 namespace tallyfold {
 
 struct UpdateState {
-  enum class Status : std::uint8_t { NotChecked, Checking, UpToDate, NewerVersion, NoAnswer };
+  enum class Status : std::uint8_t {
+    NotChecked,
+    NoAddress,  // this build knows nobody to ask
+    Checking,
+    UpToDate,
+    NewerVersion,
+    NoAnswer,
+  };
 
   Status status = Status::NotChecked;
   // The latest version as far as it is known; "" otherwise.

@@ -38,7 +38,10 @@ class LaunchLog final : public FrontEnd, public MainWindow {
   void updateTableFonts() override { Note("fonts"); }
   void UpdateTableRowHeights() override { Note("row heights"); }
   void SetUpControls() override { Note("controls"); }
-  void Internationalize() override { Note("texts"); }
+  void Internationalize() override {
+    Note("texts");
+    first_column = test_.app.entryDataSource().VisibleTableColumns().front().identifier;
+  }
   void SetTabViewImages() override { Note("tab images"); }
   void Show() override { Note("window"); }
   void FocusSearchField() override { Note("search field"); }
@@ -59,6 +62,7 @@ class LaunchLog final : public FrontEnd, public MainWindow {
   }
 
   Texts lines;
+  std::string first_column;
   Area last_area = Area::Accounts;
 
  private:
@@ -92,6 +96,11 @@ TEST(Launch, RunsItsStepsInOrder) {
     test.files.AddFile(kPreferencesFile,
                        "<plist version=\"1.0\"><dict><key>version</key><integer>2</integer>"
                        "<key>selectedAccountNumber</key><integer>2</integer>"
+                       "<key>accountPreferences</key><array><dict>"
+                       "<key>accountNumber</key><integer>2</integer><key>tables</key><array><dict>"
+                       "<key>identifier</key><string>entry</string><key>columns</key><array><dict>"
+                       "<key>identifier</key><string>amount</string></dict></array></dict></array>"
+                       "</dict></array>"
                        "<key>checkForUpdates</key><true/></dict></plist>");
     LaunchLog log(test);
     EXPECT_TRUE(test.app.applicationDidFinishLaunching());
@@ -99,6 +108,8 @@ TEST(Launch, RunsItsStepsInOrder) {
                       "texts P",     "tab images P", "window P", "drawer P",      "drawer open P"};
     expected.insert(expected.end(), c.end.begin(), c.end.end());
     EXPECT_EQ(log.lines, expected) << c.what;
+    // The registers have the columns of the remembered account before any account is there.
+    EXPECT_EQ(log.first_column, "amount") << c.what;
     EXPECT_EQ(log.last_area, Area::EntryTypeMenu) << c.what;
     EXPECT_EQ(test.app.initState(), c.password.empty() ? 0 : 2) << c.what;
     // The observations are in place.

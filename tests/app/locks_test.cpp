@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <functional>
+#include <utility>
 
 #include "app/test_application.h"
 
@@ -54,6 +55,57 @@ TEST(ApplicationLock, SavesThenClearsTheScreenThenAsks) {
   EXPECT_EQ(app.SelectedAccount(), nullptr);  // only after the current event
   test.loop.FinishEvent();
   EXPECT_EQ(app.SelectedAccount()->GetName(), "A");
+}
+
+// Notes what a password sheet does to the window, and which sheet is open meanwhile.
+struct SheetLog final : FrontEnd, MainWindow {
+  explicit SheetLog(LDGRController& controller) : app(controller) {
+    app.SetFrontEnd(this);
+    app.SetMainWindow(this);
+  }
+  void BringToFront() override { Note("front"); }
+  void RememberFirstResponder() override { Note("remember"); }
+  void RestoreFirstResponder() override { Note("restore"); }
+  void SetContentsEnabled(bool are_enabled) override { Note(are_enabled ? "enable" : "disable"); }
+  bool EndEditing(Sheet) override {
+    Note("end editing");
+    return false;
+  }
+  void FocusAccountsTable() override { Note("accounts table"); }
+  void Changed(Area area) override {
+    if (area == Area::Sheet) Note("sheet");
+  }
+  void Note(std::string line) {
+    if (app.OpenSheet() != Sheet::None) line += " (open)";
+    lines.push_back(std::move(line));
+  }
+
+  LDGRController& app;
+  Texts lines;
+};
+
+TEST(PasswordSheets, TakeTheFocusAndGiveItBack) {
+  const Texts opening = {"front", "remember", "disable", "sheet (open)"};
+  const Texts closing = {"enable (open)", "end editing (open)", "sheet", "restore"};
+  TestApplication test;
+  auto& app = test.app;
+  const auto account = test.AddAccount("A");
+  SheetLog log(app);
+  app.setPassword("x");
+  app.lock();
+  EXPECT_EQ(std::exchange(log.lines, {}), opening);
+  app.authenticationSheet_ValidatePassword("x");
+  app.authenticationSheet_OK();
+  EXPECT_EQ(std::exchange(log.lines, {}), closing);
+  test.loop.FinishEvent();
+  EXPECT_EQ(std::exchange(log.lines, {}), Texts{"accounts table"});
+
+  account->SetPassword("y");
+  app.Account_Lock(account);
+  app.Account_Select(account);
+  EXPECT_EQ(std::exchange(log.lines, {}), opening);
+  app.accountAuthenticationSheet_Cancel_Button();
+  EXPECT_EQ(log.lines, closing);
 }
 
 TEST(ApplicationLock, EndsTheProgramWhenItIsCancelled) {

@@ -144,7 +144,7 @@ TEST(UpdateCheck, TellsInTheBackgroundOnlyOfANewerVersion) {
   EXPECT_EQ(service.answer, nullptr);  // a check that goes wants no answer any more
   UpdateCheck without_address(host, &service, front_end);
   without_address.CheckForUpdates();
-  EXPECT_EQ(without_address.State().status, Status::NoAnswer);
+  EXPECT_EQ(without_address.State().status, Status::NoAddress);
 }
 
 }  // namespace
