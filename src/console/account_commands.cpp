@@ -1,18 +1,18 @@
 #include "app/controller.h"
+#include "console/account_sheet.h"
 #include "console/all_commands.h"
 #include "console/command_error.h"
 #include "console/console.h"
 #include "console/lookup.h"
 #include "console/password_sheets.h"
 #include "console/printer.h"
+#include "console/questions.h"
 #include "console/table.h"
 #include "console/values.h"
 #include "model/account.h"
 
 namespace tallyfold::console {
 namespace {
-
-constexpr std::int32_t kHighestCheckNumber = 2147483646;
 
 Table AccountTable() {
   return Table(
@@ -41,50 +41,40 @@ void ListAccounts(Console& console, const Arguments& /*arguments*/) {
   console.printer.Show(table);
 }
 
-// Presses OK in the account sheet.
-void FinishAccountSheet(Console& console, AccountEditSheetState::Typed typed) {
-  const bool has_name = !typed.name.empty();
-  console.controller.AccountEditSheet_Read(std::move(typed));
-  if (console.controller.AccountEditSheet_OK()) return;
-  throw CommandError(has_name ? "the account sheet refuses these values"
-                              : "name: expected a text that is not empty");
-}
-
 void AddAccount(Console& console, const Arguments& arguments) {
-  const auto name = arguments.Text("name");
-  const auto balance = arguments.Amount("balance");
-  const auto check = arguments.Number("check", 0, kHighestCheckNumber);
-
   // A first launch has opened the sheet already.
   LDGRController& controller = console.controller;
   if (controller.OpenSheet() != Sheet::AccountEdit && !controller.Account_Add()) {
     throw CommandError("no account can be added now");
   }
   AccountEditSheetState::Typed typed = controller.AccountEditSheet().typed;
-  if (name) typed.name = *name;
-  if (balance) typed.starting_balance = *balance;
-  if (check) typed.starting_check_number = *check;
+  TypeAccountFields(arguments, typed);
   FinishAccountSheet(console, std::move(typed));
   ShowAccount(console, *controller.accounts().back());
 }
 
 void RenameAccount(Console& console, const Arguments& arguments) {
   const auto account = SelectedAccount(console);
-  if (!console.controller.Account_Edit()) throw CommandError("the account cannot be changed now");
+  OpenAccountSheet(console);
   AccountEditSheetState::Typed typed = console.controller.AccountEditSheet().typed;
   typed.name = arguments.WordAt(0);
   FinishAccountSheet(console, std::move(typed));
   ShowAccount(console, *account);
 }
 
+void RemoveAccount(Console& console, const Arguments& /*arguments*/) {
+  const auto account = SelectedAccount(console);
+  if (console.controller.Account_Remove()) {
+    return console.printer.Confirm("Removed " + account->GetName() + ".");
+  }
+  if (console.questions.AsksPerson()) return console.printer.Confirm("Nothing was removed.");
+  throw CommandError("nothing was removed; answer Remove before the command removes the account");
+}
+
 void SelectAccount(Console& console, const Arguments& arguments) {
   const auto account = AccountNamed(console, arguments.WordAt(0));
   console.controller.Account_Select(account);
-  ServePasswordSheet(console);
-  if (console.controller.SelectedAccount() != account) {
-    throw CommandError(account->GetName() + " is locked; unlock PASSWORD account=" +
-                       WriteNumber(account->GetNumber()) + " opens it");
-  }
+  RequireSelected(console, account);
   console.printer.Confirm("Selected " + account->GetName() + ".");
 }
 
@@ -105,11 +95,7 @@ void ShowBalances(Console& console, const Arguments& /*arguments*/) {
   console.printer.Show(table);
 }
 
-constexpr Option kAddOptions[] = {
-    {.name = "name", .value = "TEXT", .help = "the account's name"},
-    {.name = "balance", .value = "AMOUNT", .help = "what is in the account at the start"},
-    {.name = "check", .value = "NUMBER", .help = "the number of the first check"},
-};
+constexpr Option kAddOptions[] = {kAccountName, kAccountBalance, kAccountCheck};
 
 constexpr Command kCommands[] = {
     {.name = "accounts", .help = "lists the accounts", .example = "accounts", .run = ListAccounts},
@@ -126,6 +112,10 @@ constexpr Command kCommands[] = {
      .help = "renames the selected account, also in the transfers of the others",
      .example = "account rename \"Joint checking\"",
      .run = RenameAccount},
+    {.name = "account remove",
+     .help = "removes the selected account with everything in it, after a question",
+     .example = "account remove",
+     .run = RemoveAccount},
     {.name = "select",
      .words = "NUMBER|NAME",
      .least_words = 1,

@@ -4,11 +4,19 @@ namespace tallyfold::console {
 
 std::span<const Subject> AllSubjects() {
   static const Subject kSubjects[] = {
-      {"General", GeneralCommands()},    {"Accounts", AccountCommands()},
-      {"Register", RegisterCommands()},  {"Filters", FilterCommands()},
-      {"Speech", SpeechCommands()},      {"Entries", EntryCommands()},
-      {"Schedules", ScheduleCommands()}, {"Types", TypeCommands()},
-      {"Files", StorageCommands()},      {"Passwords", PasswordCommands()},
+      {"General", GeneralCommands()},
+      {"Accounts", AccountCommands()},
+      {"Account sheet", AccountSheetCommands()},
+      {"Types", TypeCommands()},
+      {"Register", RegisterCommands()},
+      {"Filters", FilterCommands()},
+      {"Speech", SpeechCommands()},
+      {"Entries", EntryCommands()},
+      {"Schedules", ScheduleCommands()},
+      {"Window", WindowCommands()},
+      {"Files", StorageCommands()},
+      {"Passwords", PasswordCommands()},
+      {"Preferences", PreferenceCommands()},
   };
   return kSubjects;
 }

@@ -11,14 +11,17 @@ namespace tallyfold::console {
 [[nodiscard]] std::span<const Subject> AllSubjects();
 
 [[nodiscard]] std::span<const Command> AccountCommands();
+[[nodiscard]] std::span<const Command> AccountSheetCommands();
 [[nodiscard]] std::span<const Command> EntryCommands();
 [[nodiscard]] std::span<const Command> FilterCommands();
 [[nodiscard]] std::span<const Command> GeneralCommands();
 [[nodiscard]] std::span<const Command> PasswordCommands();
+[[nodiscard]] std::span<const Command> PreferenceCommands();
 [[nodiscard]] std::span<const Command> RegisterCommands();
 [[nodiscard]] std::span<const Command> ScheduleCommands();
 [[nodiscard]] std::span<const Command> SpeechCommands();
 [[nodiscard]] std::span<const Command> StorageCommands();
 [[nodiscard]] std::span<const Command> TypeCommands();
+[[nodiscard]] std::span<const Command> WindowCommands();
 
 }  // namespace tallyfold::console

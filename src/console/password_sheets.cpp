@@ -3,8 +3,11 @@
 #include <optional>
 
 #include "app/controller.h"
+#include "console/command_error.h"
 #include "console/printer.h"
 #include "console/questions.h"
+#include "console/values.h"
+#include "model/account.h"
 
 namespace tallyfold::console {
 namespace {
@@ -45,6 +48,13 @@ void ServePasswordSheet(Console& console) {
     if (!typed || typed->empty()) return CancelPasswordSheet(controller);
     if (!GivePassword(console, *typed)) console.printer.Note("The password is wrong.");
   }
+}
+
+void RequireSelected(Console& console, const std::shared_ptr<LDGRAccount>& account) {
+  ServePasswordSheet(console);
+  if (console.controller.SelectedAccount() == account) return;
+  throw CommandError(account->GetName() + " is locked; unlock PASSWORD account=" +
+                     WriteNumber(account->GetNumber()) + " opens it");
 }
 
 }  // namespace tallyfold::console

@@ -1,8 +1,13 @@
 #pragma once
 
+#include <memory>
 #include <string>
 
 #include "console/console.h"
+
+namespace tallyfold {
+class LDGRAccount;
+}
 
 namespace tallyfold::console {
 
@@ -17,5 +22,8 @@ bool GivePassword(Console& console, const std::string& password);
 // program could have unlocked before: the sheet of an account is cancelled, the application stays
 // locked.
 void ServePasswordSheet(Console& console);
+
+// The same after an account was to be selected; throws CommandError when it is not.
+void RequireSelected(Console& console, const std::shared_ptr<LDGRAccount>& account);
 
 }  // namespace tallyfold::console

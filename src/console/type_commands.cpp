@@ -1,4 +1,9 @@
+#include <cstddef>
+#include <cstdint>
+#include <utility>
+
 #include "app/controller.h"
+#include "console/account_sheet.h"
 #include "console/all_commands.h"
 #include "console/command_error.h"
 #include "console/console.h"
@@ -35,39 +40,80 @@ void ListTypes(Console& console, const Arguments& /*arguments*/) {
   console.printer.Show(table);
 }
 
-bool ReadIsDeposit(const Arguments& arguments) {
-  const auto kind = arguments.Text("kind");
-  if (!kind || *kind == "debit") return false;
-  if (*kind == "deposit") return true;
-  throw CommandError("kind: expected debit or deposit, not " + Quoted(*kind));
+// The options that describe a type, as far as given. Throws CommandError for a name that another
+// type of the same kind has.
+void TypeIntoRow(const Arguments& arguments, AccountEditSheetState::Typed& typed, std::size_t row) {
+  auto& type = typed.types[row];
+  if (const auto name = arguments.Text("name")) type.name = *name;
+  if (const auto kind = arguments.Text("kind")) {
+    if (*kind != "debit" && *kind != "deposit") {
+      throw CommandError("kind: expected debit or deposit, not " + Quoted(*kind));
+    }
+    type.is_deposit = *kind == "deposit";
+  }
+  if (const auto check = arguments.YesNo("check")) type.is_check = *check;
+  if (type.name.empty()) throw CommandError("expected a name that is not empty");
+  for (std::size_t other = 0; other < typed.types.size(); ++other) {
+    if (other != row && typed.types[other].name == type.name &&
+        typed.types[other].is_deposit == type.is_deposit) {
+      throw CommandError("there is already a type " + Quoted(type.name) + " of that kind");
+    }
+  }
+}
+
+// Makes the row the default of its kind, or no default any more. A type that has changed its kind
+// is no longer the default of the other one.
+void TypeDefault(const Arguments& arguments, AccountEditSheetState::Typed& typed, std::size_t row) {
+  const auto index = static_cast<std::int32_t>(row);
+  const bool is_deposit = typed.types[row].is_deposit;
+  auto& own = is_deposit ? typed.default_deposit_type : typed.default_debit_type;
+  auto& other = is_deposit ? typed.default_debit_type : typed.default_deposit_type;
+  if (other == index) other = -1;
+  const auto is_default = arguments.YesNo("default");
+  if (!is_default) return;
+  if (*is_default) {
+    own = index;
+  } else if (own == index) {
+    own = -1;
+  }
 }
 
 void AddType(Console& console, const Arguments& arguments) {
   (void)SelectedAccount(console);
-  AccountEditSheetState::TypeRow row;
-  row.name = arguments.WordAt(0);
-  row.is_deposit = ReadIsDeposit(arguments);
-  row.is_check = arguments.YesNo("check").value_or(false);
-  const bool is_default = arguments.YesNo("default").value_or(false);
-  if (row.name.empty()) throw CommandError("expected a name that is not empty");
+  OpenAccountSheet(console);
+  AccountEditSheetState::Typed typed = console.controller.AccountEditSheet().typed;
+  typed.types.push_back({.name = arguments.WordAt(0)});
+  TypeIntoRow(arguments, typed, typed.types.size() - 1);
+  TypeDefault(arguments, typed, typed.types.size() - 1);
+  FinishAccountSheet(console, std::move(typed));
+  ListTypes(console, arguments);
+}
 
-  LDGRController& controller = console.controller;
-  if (!controller.Account_Edit()) throw CommandError("the account cannot be changed now");
-  AccountEditSheetState::Typed typed = controller.AccountEditSheet().typed;
-  for (const auto& other : typed.types) {
-    if (other.name == row.name && other.is_deposit == row.is_deposit) {
-      throw CommandError("there is already a type " + Quoted(row.name) + " of that kind");
+void EditType(Console& console, const Arguments& arguments) {
+  (void)SelectedAccount(console);
+  OpenAccountSheet(console);
+  AccountEditSheetState::Typed typed = console.controller.AccountEditSheet().typed;
+  const std::size_t row = TypeRowNamed(typed, arguments.WordAt(0));
+  TypeIntoRow(arguments, typed, row);
+  TypeDefault(arguments, typed, row);
+  FinishAccountSheet(console, std::move(typed));
+  ListTypes(console, arguments);
+}
+
+void RemoveType(Console& console, const Arguments& arguments) {
+  (void)SelectedAccount(console);
+  OpenAccountSheet(console);
+  AccountEditSheetState::Typed typed = console.controller.AccountEditSheet().typed;
+  const std::size_t row = TypeRowNamed(typed, arguments.WordAt(0));
+  typed.types.erase(typed.types.begin() + static_cast<std::ptrdiff_t>(row));
+  for (auto* index : {&typed.default_debit_type, &typed.default_deposit_type}) {
+    if (*index == static_cast<std::int32_t>(row)) {
+      *index = -1;
+    } else if (*index > static_cast<std::int32_t>(row)) {
+      --*index;
     }
   }
-  if (is_default) {
-    auto& default_type = row.is_deposit ? typed.default_deposit_type : typed.default_debit_type;
-    default_type = static_cast<std::int32_t>(typed.types.size());
-  }
-  typed.types.push_back(row);
-  controller.AccountEditSheet_Read(std::move(typed));
-  if (!controller.AccountEditSheet_OK()) {
-    throw CommandError("the account sheet refuses the type");
-  }
+  FinishAccountSheet(console, std::move(typed));
   ListTypes(console, arguments);
 }
 
@@ -75,6 +121,13 @@ constexpr Option kAddOptions[] = {
     {.name = "kind", .value = "debit|deposit", .help = "which entries may use it (debit)"},
     {.name = "check", .value = "yes|no", .help = "whether its entries are checks (no)"},
     {.name = "default", .value = "yes|no", .help = "whether new entries begin with it (no)"},
+};
+
+constexpr Option kEditOptions[] = {
+    {.name = "name", .value = "TEXT", .help = "the type's name, also in the entries that have it"},
+    {.name = "kind", .value = "debit|deposit", .help = "which entries may use it"},
+    {.name = "check", .value = "yes|no", .help = "whether its entries are checks"},
+    {.name = "default", .value = "yes|no", .help = "whether new entries begin with it"},
 };
 
 constexpr Command kCommands[] = {
@@ -90,6 +143,21 @@ constexpr Command kCommands[] = {
      .help = "adds an entry type to the selected account",
      .example = "type add Salary kind=deposit",
      .run = AddType},
+    {.name = "type edit",
+     .words = "NUMBER|NAME",
+     .least_words = 1,
+     .most_words = 1,
+     .options = kEditOptions,
+     .help = "changes an entry type of the selected account",
+     .example = "type edit Food name=Groceries default=yes",
+     .run = EditType},
+    {.name = "type remove",
+     .words = "NUMBER|NAME",
+     .least_words = 1,
+     .most_words = 1,
+     .help = "removes an entry type; one that entries have stays with them but is not offered",
+     .example = "type remove Food",
+     .run = RemoveType},
 };
 
 }  // namespace

@@ -1,0 +1,63 @@
+#include "console/account_sheet.h"
+
+#include <charconv>
+#include <optional>
+#include <string>
+#include <utility>
+
+#include "app/controller.h"
+#include "console/command_error.h"
+#include "console/words.h"
+
+namespace tallyfold::console {
+namespace {
+
+using Typed = AccountEditSheetState::Typed;
+
+constexpr std::int32_t kHighestCheckNumber = 2147483646;
+
+std::string ProblemOf(const Typed& typed) {
+  if (typed.name.find_first_not_of(" \t") == std::string::npos) {
+    return "name: expected a text that is not empty";
+  }
+  if (typed.password != typed.password_again) return "the two passwords differ";
+  return "the account sheet refuses these values";
+}
+
+}  // namespace
+
+void OpenAccountSheet(const Console& console) {
+  if (!console.controller.Account_Edit()) throw CommandError("the account cannot be changed now");
+}
+
+void TypeAccountFields(const Arguments& arguments, Typed& typed) {
+  if (const auto name = arguments.Text("name")) typed.name = *name;
+  if (const auto balance = arguments.Amount("balance")) typed.starting_balance = *balance;
+  if (const auto check = arguments.Number("check", 0, kHighestCheckNumber)) {
+    typed.starting_check_number = *check;
+  }
+}
+
+void FinishAccountSheet(const Console& console, Typed typed) {
+  std::string problem = ProblemOf(typed);
+  console.controller.AccountEditSheet_Read(std::move(typed));
+  if (!console.controller.AccountEditSheet_OK()) throw CommandError(std::move(problem));
+}
+
+std::size_t TypeRowNamed(const Typed& typed, std::string_view word) {
+  std::int32_t number = 0;
+  const char* const end = word.data() + word.size();
+  const auto [rest, error] = std::from_chars(word.data(), end, number);
+  const bool is_number = error == std::errc() && rest == end;
+  std::optional<std::size_t> found;
+  for (std::size_t row = 0; row < typed.types.size(); ++row) {
+    if (is_number && typed.types[row].number == number) return row;
+    if (typed.types[row].name != word) continue;
+    if (found) throw CommandError("several types are named " + Quoted(word) + "; use the number");
+    found = row;
+  }
+  if (!found) throw CommandError("there is no type " + Quoted(word) + "; types lists them");
+  return *found;
+}
+
+}  // namespace tallyfold::console

@@ -1,0 +1,90 @@
+#include "app/controller.h"
+#include "console/all_commands.h"
+#include "console/command_error.h"
+#include "console/console.h"
+#include "console/entry_table.h"
+#include "console/lookup.h"
+#include "console/password_sheets.h"
+#include "console/printer.h"
+#include "console/table.h"
+#include "model/account.h"
+
+namespace tallyfold::console {
+namespace {
+
+constexpr Tab kTabs[] = {Tab::Entry, Tab::Reconcile, Tab::Schedule, Tab::Summary};
+
+void ShowTabs(Console& console, const Arguments& arguments) {
+  LDGRController& controller = console.controller;
+  if (arguments.WordCount() > 0) {
+    const auto tab = TabWithIdentifier(arguments.WordAt(0));
+    if (!tab) {
+      throw CommandError("expected entry, reconcile, schedule or summary, not " +
+                         Quoted(arguments.WordAt(0)));
+    }
+    controller.SelectTab(*tab);
+  }
+  Table table({{"tab"}, {"state"}});
+  for (const Tab tab : kTabs) {
+    const bool is_selected = controller.TabViews().selected == tab;
+    table.Add({std::string(TabIdentifier(tab)), is_selected ? "selected" : ""});
+  }
+  console.printer.Show(table);
+}
+
+void ShowSelectedEntry(Console& console) {
+  const auto account = SelectedAccount(console);
+  if (const auto entry = console.controller.SelectedEntry()) {
+    ShowChangedEntries(console, *account, {entry}, OtherHalf::Unchanged);
+  }
+}
+
+void ShowOtherHalf(Console& console, const Arguments& arguments) {
+  LDGRController& controller = console.controller;
+  const auto entry = SelectEntryNamed(console, arguments.WordAt(0));
+  const auto half = controller.Transfer_LinkedEntry(entry.get());
+  if (half == nullptr) throw CommandError("entry " + arguments.WordAt(0) + " has no other half");
+  if (!controller.ShowOtherHalf()) {
+    RequireSelected(console, controller.AccountWithNumber(entry->GetTransferAccount()));
+    controller.SelectEntry(half);
+  }
+  if (const std::string& hidden = controller.HiddenEntry().text; !hidden.empty()) {
+    console.printer.Note(hidden);
+  }
+  ShowSelectedEntry(console);
+}
+
+void Reveal(Console& console, const Arguments& /*arguments*/) {
+  LDGRController& controller = console.controller;
+  if (controller.HiddenEntry().text.empty()) throw CommandError("no filter hides the last entry");
+  controller.ShowHiddenEntry();
+  ShowSelectedEntry(console);
+}
+
+constexpr Command kCommands[] = {
+    {.name = "tab",
+     .words = "[NAME]",
+     .most_words = 1,
+     .help = "lists the tabs of the window, or changes to one",
+     .example = "tab reconcile",
+     .run = ShowTabs},
+    {.name = "other",
+     .words = "ENTRY",
+     .least_words = 1,
+     .most_words = 1,
+     .help = "goes to the other half of a transfer, in its account",
+     .example = "other 12",
+     .run = ShowOtherHalf},
+    {.name = "reveal",
+     .help = "takes the filter away that hides the entry just added, changed or gone to",
+     .example = "reveal",
+     .run = Reveal},
+};
+
+}  // namespace
+
+std::span<const Command> WindowCommands() {
+  return kCommands;
+}
+
+}  // namespace tallyfold::console
