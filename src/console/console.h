@@ -17,6 +17,7 @@ class RunLoop;
 class SpeechOutput;
 class Terminal;
 class TextEncodings;
+class UpdateService;
 }  // namespace tallyfold
 
 namespace tallyfold::console {
@@ -40,6 +41,8 @@ struct ConsoleServices {
   std::function<void(std::chrono::milliseconds)> skip_delays;
   // The running program's, as it is written into files.
   std::string version;
+  // Null where there is nobody to ask.
+  UpdateService* updates = nullptr;
 };
 
 // What commands work with.

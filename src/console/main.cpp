@@ -10,6 +10,7 @@
 #include "system/posix_file_system.h"
 #include "system/posix_terminal.h"
 #include "system/program_speech.h"
+#include "system/program_update_service.h"
 #include "system/standard_streams.h"
 #include "system/system_clock.h"
 #include "system/system_locale.h"
@@ -32,11 +33,12 @@ int main() {
   PosixFileSystem files;
   SystemProcessLauncher processes;
   ProgramSpeech speech(loop);
+  ProgramUpdateService updates(loop);
   NotificationCenter notifications;
   IconvEncodings encodings;
 
   console::Session session({terminal, files, processes, speech, loop, notifications, encodings,
                             [&loop](std::chrono::milliseconds time) { loop.SkipDelays(time); },
-                            TALLYFOLD_VERSION});
+                            TALLYFOLD_VERSION, &updates});
   return session.Run();
 }

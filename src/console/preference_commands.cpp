@@ -80,9 +80,15 @@ std::string StatusText(UpdateState::Status status) {
   return "no answer";
 }
 
-void CheckForUpdates(Console& console, const Arguments& /*arguments*/) {
+void CheckForUpdates(Console& console, const Arguments& arguments) {
   LDGRController& controller = console.controller;
-  if (controller.Updates().status != UpdateState::Status::Checking) controller.CheckForUpdates();
+  if (arguments.WordCount() > 0 && arguments.WordAt(0) != "again") {
+    throw CommandError("expected updates [again]");
+  }
+  // What was learnt is told until somebody asks again.
+  if (arguments.WordCount() > 0 || controller.Updates().status == UpdateState::Status::NotChecked) {
+    controller.CheckForUpdates();
+  }
   Table table({{"version"}, {"latest"}, {"state"}});
   table.Add({console.host.BundleVersion(), controller.Updates().latest_version,
              StatusText(controller.Updates().status)});
@@ -106,7 +112,9 @@ constexpr Command kCommands[] = {
      .example = "preferences reset",
      .run = ResetAppearance},
     {.name = "updates",
-     .help = "asks whether there is a newer version, and tells what is known",
+     .words = "[again]",
+     .most_words = 1,
+     .help = "asks whether there is a newer version, and tells what is known so far",
      .example = "updates",
      .run = CheckForUpdates},
 };

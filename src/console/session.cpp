@@ -29,7 +29,7 @@ Session::Session(const ConsoleServices& services)
       host_(services.version),
       printer_(services.terminal),
       controller_({services.files, questions_, panels_, services.processes, spoken_, services.loop,
-                   services.notifications, host_, services.encodings}),
+                   services.notifications, host_, services.encodings, services.updates}),
       console_{controller_,   printer_, questions_,   host_,         log_,           services.files,
                services.loop, spoken_,  skip_delays_, AllSubjects(), RegisterOrder{}} {}
 

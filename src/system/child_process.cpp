@@ -38,12 +38,17 @@ pid_t WaitFor(pid_t pid, int options, int* status = nullptr) {
 
 }  // namespace
 
-bool ChildProcess::Start(const std::string& program, const std::vector<std::string>& arguments) {
+bool ChildProcess::Start(const std::string& program, const std::vector<std::string>& arguments,
+                         int output) {
   End();
   posix_spawn_file_actions_t files;
   ::posix_spawn_file_actions_init(&files);
   ::posix_spawn_file_actions_addopen(&files, STDIN_FILENO, "/dev/null", O_RDONLY, 0);
-  ::posix_spawn_file_actions_addopen(&files, STDOUT_FILENO, "/dev/null", O_WRONLY, 0);
+  if (output >= 0) {
+    ::posix_spawn_file_actions_adddup2(&files, output, STDOUT_FILENO);
+  } else {
+    ::posix_spawn_file_actions_addopen(&files, STDOUT_FILENO, "/dev/null", O_WRONLY, 0);
+  }
   ::posix_spawn_file_actions_addopen(&files, STDERR_FILENO, "/dev/null", O_WRONLY, 0);
 
   // What a program does on a broken pipe is its own affair, whatever we do.

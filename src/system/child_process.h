@@ -16,8 +16,10 @@ class ChildProcess {
   ~ChildProcess() { End(); }
 
   // Ends the former one, then starts `program` (an absolute path, or a name to look for along
-  // PATH) with nothing to read and nowhere to write. False when it cannot be started.
-  bool Start(const std::string& program, const std::vector<std::string>& arguments);
+  // PATH) with nothing to read. What it writes to its standard output goes to the descriptor
+  // `output`, which stays the caller's, or nowhere (-1). False when it cannot be started.
+  bool Start(const std::string& program, const std::vector<std::string>& arguments,
+             int output = -1);
   [[nodiscard]] bool IsRunning();
   void End() noexcept;
 

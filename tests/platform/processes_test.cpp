@@ -4,12 +4,16 @@
 #include <sys/wait.h>
 
 #include <fstream>
+#include <optional>
 #include <string>
+#include <string_view>
+#include <vector>
 
 #include "fakes/fake_run_loop.h"
 #include "fakes/temporary_folder.h"
 #include "platform/notification_center.h"
 #include "system/program_speech.h"
+#include "system/program_update_service.h"
 #include "system/system_process_launcher.h"
 
 namespace tallyfold {
@@ -125,6 +129,43 @@ TEST(ProgramSpeech, IsQuietWithoutAVoice) {
   speech.Speak("text");
   EXPECT_FALSE(speech.IsBusy());
   speech.Stop();
+}
+
+TEST(ProgramUpdateService, AnswersWithTheFirstLineOrNone) {
+  struct Case {
+    const char* what;
+    const char* script;  // $0 is the address
+    std::optional<std::string> answer;
+  } const cases[] = {
+      {"a version", "echo 2.1", "2.1"},
+      {"more lines", R"(printf '2.1\r\nnews of %s' "$0")", "2.1"},
+      {"the address", R"(echo "$0")", "https://updates.example/$x"},
+      {"nothing", "exit 22", std::nullopt},
+      {"a hang", "exec sleep 600", std::nullopt},
+  };
+  const auto answer_of = [](ProgramUpdateService::Fetcher fetcher, bool ends) {
+    FakeRunLoop loop;
+    ProgramUpdateService service(loop, std::move(fetcher));
+    std::vector<std::optional<std::string>> answers;
+    for (int call = 0; call < 2; ++call) {  // the second replaces the first
+      service.FetchLatestVersion("https://updates.example/$x",
+                                 [&](const auto& answer) { answers.push_back(answer); });
+    }
+    siginfo_t info;
+    if (ends) {
+      EXPECT_EQ(waitid(P_ALL, 0, &info, WEXITED | WNOWAIT), 0);
+    }
+    loop.AdvanceBy(ends ? ProgramUpdateService::kPause : ProgramUpdateService::kTimeLimit);
+    EXPECT_EQ(answers.size(), 1u);
+    EXPECT_EQ(loop.PendingCalls(), 0u);
+    EXPECT_TRUE(HasNoChildren());
+    return answers.empty() ? std::nullopt : answers.front();
+  };
+  for (const Case& c : cases) {
+    const bool ends = std::string_view(c.what) != "a hang";
+    EXPECT_EQ(answer_of({"/bin/sh", {"-c", c.script}}, ends), c.answer) << c.what;
+  }
+  EXPECT_EQ(answer_of({"tallyfold-no-such-program", {}}, false), std::nullopt);
 }
 
 TEST(NotificationCenter, PostsToThoseWhoObservedBeforeThePost) {
