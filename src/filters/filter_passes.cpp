@@ -9,11 +9,14 @@
 #include <string>
 #include <string_view>
 #include <unordered_map>
+#include <utility>
+#include <vector>
 
 #include "filters/filter.h"
 #include "model/account.h"
 #include "model/amounts.h"
 #include "model/current_account.h"
+#include "model/entry_walk.h"
 #include "model/text.h"
 #include "platform/ambient.h"
 
@@ -47,13 +50,21 @@ void ForEachRule(const plist::Value& list, Apply apply) {
   }
 }
 
+// What is left of the entries while the passes go over them. They own nothing: sharing and letting
+// go 100,000 entries takes longer than looking at them.
+using Remaining = std::vector<const LDGRAccountEntry*>;
+
 template <typename Keeps>
-void KeepOnly(EntryList& entries, Keeps keeps) {
-  std::erase_if(entries, [&](const auto& entry) { return !keeps(*entry); });
+void KeepOnly(Remaining& entries, Keeps keeps) {
+  std::size_t kept = 0;
+  WalkEntryTexts(entries, [&](const LDGRAccountEntry& entry) {
+    if (keeps(entry)) entries[kept++] = &entry;
+  });
+  entries.resize(kept);
 }
 
 template <typename Matches>
-void ApplyRule(EntryList& entries, bool keeps_matching, Matches matches) {
+void ApplyRule(Remaining& entries, bool keeps_matching, Matches matches) {
   KeepOnly(entries,
            [&](const LDGRAccountEntry& entry) { return matches(entry) == keeps_matching; });
 }
@@ -96,13 +107,12 @@ void ForEachTextRule(const plist::Value& list, Apply apply) {
 }
 
 template <typename Field>
-int FilterByText(const plist::Value& list, EntryList& entries, Field field) {
+void FilterByText(const plist::Value& list, Remaining& entries, Field field) {
   ForEachTextRule(list, [&](const Rule& rule, std::string_view text) {
     const TextTest test(rule.qualifier, text);
     ApplyRule(entries, rule.keeps_matching,
               [&](const LDGRAccountEntry& entry) { return test(field(entry)); });
   });
-  return 0;
 }
 
 // Tests an entry's type by its name in the current account. Each type number is looked up once.
@@ -141,7 +151,7 @@ bool AnyLineMatches(const LDGRAccountEntrySplit& split, SplitText text, const Te
   return false;
 }
 
-int FilterBySplit(const plist::Value& list, EntryList& entries, SplitText split_text) {
+void FilterBySplit(const plist::Value& list, Remaining& entries, SplitText split_text) {
   ForEachTextRule(list, [&](const Rule& rule, std::string_view text) {
     const TextTest test(rule.qualifier, text);
     KeepOnly(entries, [&](const LDGRAccountEntry& entry) {
@@ -149,12 +159,11 @@ int FilterBySplit(const plist::Value& list, EntryList& entries, SplitText split_
       return split != nullptr && AnyLineMatches(*split, split_text, test) == rule.keeps_matching;
     });
   });
-  return 0;
 }
 
 using Mark = bool (LDGRAccountEntry::*)() const noexcept;
 
-int FilterByMark(const plist::Value& list, EntryList& entries, Mark mark) {
+void FilterByMark(const plist::Value& list, Remaining& entries, Mark mark) {
   ForEachRule(list, [&](const Rule& rule) {
     const bool can_match = rule.HasNumber();
     const bool wanted = rule.data.BooleanValue();
@@ -163,7 +172,6 @@ int FilterByMark(const plist::Value& list, EntryList& entries, Mark mark) {
     });
     return true;
   });
-  return 0;
 }
 
 std::string WithoutAll(std::string_view text, std::string_view part) {
@@ -216,73 +224,29 @@ bool DateMatches(FilterQualifier qualifier, DateNumber date, DateNumber wanted) 
   }
 }
 
-}  // namespace
+// --- The passes ---------------------------------------------------------------------------------
 
-EntryList LDGRFilter::Filter(const EntryList& entries) const {
-  EntryList working = entries;
-  Filter_General(working);
-  Filter_Description(working);
-  Filter_Date(working);
-  Filter_Amount(working);
-  Filter_AmountString(working);
-  Filter_Type(working);
-  Filter_Check(working);
-  Filter_CheckNumber(working);
-  Filter_CheckNumberString(working);
-  Filter_Cleared(working);
-  Filter_ToFrom(working);
-  Filter_SplitDescription(working);
-  Filter_SplitToFrom(working);
-  Filter_Notes(working);
-  Filter_TaxDeductible(working);
-  return working;
+void PassGeneral(const plist::Value& list, Remaining& entries) {
+  ForEachTextRule(list, [&](const Rule& rule, std::string_view text) {
+    const TextTest test(rule.qualifier, text);
+    TypeNameTest type_test(test);
+    ApplyRule(entries, rule.keeps_matching, [&](const LDGRAccountEntry& entry) {
+      if (test(entry.GetDescription()) || test(entry.GetToFrom()) || type_test(entry)) return true;
+      if (const auto& split = entry.GetSplit()) {
+        if (AnyLineMatches(*split, &LDGRAccountEntrySplit::GetDescription, test)) return true;
+        if (AnyLineMatches(*split, &LDGRAccountEntrySplit::GetToFrom, test)) return true;
+      }
+      return test.IsForContents() && test(entry.GetNotes());
+    });
+  });
 }
 
-int LDGRFilter::Filter_General(EntryList& entries) const {
-  ForEachTextRule(
-      settings_.Get(filter_category::kGeneral), [&](const Rule& rule, std::string_view text) {
-        const TextTest test(rule.qualifier, text);
-        TypeNameTest type_test(test);
-        ApplyRule(entries, rule.keeps_matching, [&](const LDGRAccountEntry& entry) {
-          if (test(entry.GetDescription()) || test(entry.GetToFrom()) || type_test(entry))
-            return true;
-          if (const auto& split = entry.GetSplit()) {
-            if (AnyLineMatches(*split, &LDGRAccountEntrySplit::GetDescription, test)) return true;
-            if (AnyLineMatches(*split, &LDGRAccountEntrySplit::GetToFrom, test)) return true;
-          }
-          return test.IsForContents() && test(entry.GetNotes());
-        });
-      });
-  return 0;
+void PassDescription(const plist::Value& list, Remaining& entries) {
+  FilterByText(list, entries, std::mem_fn(&LDGRAccountEntry::GetDescription));
 }
 
-int LDGRFilter::Filter_Description(EntryList& entries) const {
-  return FilterByText(settings_.Get(filter_category::kDescription), entries,
-                      std::mem_fn(&LDGRAccountEntry::GetDescription));
-}
-
-int LDGRFilter::Filter_ToFrom(EntryList& entries) const {
-  return FilterByText(settings_.Get(filter_category::kToFrom), entries,
-                      std::mem_fn(&LDGRAccountEntry::GetToFrom));
-}
-
-int LDGRFilter::Filter_Notes(EntryList& entries) const {
-  return FilterByText(settings_.Get(filter_category::kNotes), entries,
-                      std::mem_fn(&LDGRAccountEntry::GetNotes));
-}
-
-int LDGRFilter::Filter_Type(EntryList& entries) const {
-  ForEachTextRule(settings_.Get(filter_category::kType),
-                  [&](const Rule& rule, std::string_view text) {
-                    const TextTest test(rule.qualifier, text);
-                    TypeNameTest type_test(test);
-                    ApplyRule(entries, rule.keeps_matching, type_test);
-                  });
-  return 0;
-}
-
-int LDGRFilter::Filter_Date(EntryList& entries) const {
-  ForEachRule(settings_.Get(filter_category::kDate), [&](const Rule& rule) {
+void PassDate(const plist::Value& list, Remaining& entries) {
+  ForEachRule(list, [&](const Rule& rule) {
     const bool can_match = rule.HasNumber();
     const DateNumber wanted = rule.data.IntegerValue();
     ApplyRule(entries, rule.keeps_matching, [&](const LDGRAccountEntry& entry) {
@@ -290,11 +254,10 @@ int LDGRFilter::Filter_Date(EntryList& entries) const {
     });
     return true;
   });
-  return 0;
 }
 
-int LDGRFilter::Filter_Amount(EntryList& entries) const {
-  ForEachRule(settings_.Get(filter_category::kAmount), [&](const Rule& rule) {
+void PassAmount(const plist::Value& list, Remaining& entries) {
+  ForEachRule(list, [&](const Rule& rule) {
     const bool can_match = rule.HasNumber();
     const double wanted = rule.data.DoubleValue();
     ApplyRule(entries, rule.keeps_matching, [&](const LDGRAccountEntry& entry) {
@@ -302,63 +265,185 @@ int LDGRFilter::Filter_Amount(EntryList& entries) const {
     });
     return true;
   });
+}
+
+void PassAmountString(const plist::Value& list, Remaining& entries) {
+  const std::string decimal = CurrentLocale().DecimalSeparator();
+  const std::string thousands = CurrentLocale().ThousandsSeparator();
+  ForEachTextRule(list, [&](const Rule& rule, std::string_view text) {
+    const TextTest test(rule.qualifier, WithoutAll(text, thousands));
+    ApplyRule(entries, rule.keeps_matching, [&](const LDGRAccountEntry& entry) {
+      return test(AmountText(entry.GetAmount(), decimal));
+    });
+  });
+}
+
+void PassType(const plist::Value& list, Remaining& entries) {
+  ForEachTextRule(list, [&](const Rule& rule, std::string_view text) {
+    const TextTest test(rule.qualifier, text);
+    TypeNameTest type_test(test);
+    ApplyRule(entries, rule.keeps_matching, type_test);
+  });
+}
+
+void PassCheck(const plist::Value& list, Remaining& entries) {
+  FilterByMark(list, entries, &LDGRAccountEntry::IsCheck);
+}
+
+void PassCheckNumberString(const plist::Value& list, Remaining& entries) {
+  ForEachTextRule(list, [&](const Rule& rule, std::string_view text) {
+    const TextTest test(rule.qualifier, text);
+    KeepOnly(entries, [&](const LDGRAccountEntry& entry) {
+      if (!entry.IsCheck()) return false;
+      std::array<char, 12> digits;  // the longest is -2147483648
+      const char* const end =
+          std::to_chars(digits.begin(), digits.end(), entry.GetCheckNumber()).ptr;
+      return test({digits.data(), end}) == rule.keeps_matching;
+    });
+  });
+}
+
+void PassCleared(const plist::Value& list, Remaining& entries) {
+  FilterByMark(list, entries, &LDGRAccountEntry::GetCleared);
+}
+
+void PassToFrom(const plist::Value& list, Remaining& entries) {
+  FilterByText(list, entries, std::mem_fn(&LDGRAccountEntry::GetToFrom));
+}
+
+void PassSplitDescription(const plist::Value& list, Remaining& entries) {
+  FilterBySplit(list, entries, &LDGRAccountEntrySplit::GetDescription);
+}
+
+void PassSplitToFrom(const plist::Value& list, Remaining& entries) {
+  FilterBySplit(list, entries, &LDGRAccountEntrySplit::GetToFrom);
+}
+
+void PassNotes(const plist::Value& list, Remaining& entries) {
+  FilterByText(list, entries, std::mem_fn(&LDGRAccountEntry::GetNotes));
+}
+
+void PassTaxDeductible(const plist::Value& list, Remaining& entries) {
+  FilterByMark(list, entries, &LDGRAccountEntry::GetTaxDeductible);
+}
+
+// Rules about check numbers are kept but never applied.
+void PassCheckNumber(const plist::Value& /*list*/, Remaining& /*entries*/) {}
+
+using Pass = void (*)(const plist::Value& list, Remaining& entries);
+
+// In the order in which Filter applies them.
+constexpr std::array kPasses = {
+    std::pair{filter_category::kGeneral, Pass{PassGeneral}},
+    std::pair{filter_category::kDescription, Pass{PassDescription}},
+    std::pair{filter_category::kDate, Pass{PassDate}},
+    std::pair{filter_category::kAmount, Pass{PassAmount}},
+    std::pair{filter_category::kAmountString, Pass{PassAmountString}},
+    std::pair{filter_category::kType, Pass{PassType}},
+    std::pair{filter_category::kCheck, Pass{PassCheck}},
+    std::pair{filter_category::kCheckNumber, Pass{PassCheckNumber}},
+    std::pair{filter_category::kCheckNumberString, Pass{PassCheckNumberString}},
+    std::pair{filter_category::kCleared, Pass{PassCleared}},
+    std::pair{filter_category::kToFrom, Pass{PassToFrom}},
+    std::pair{filter_category::kSplitDescription, Pass{PassSplitDescription}},
+    std::pair{filter_category::kSplitToFrom, Pass{PassSplitToFrom}},
+    std::pair{filter_category::kNotes, Pass{PassNotes}},
+    std::pair{filter_category::kTaxDeductible, Pass{PassTaxDeductible}},
+};
+
+Remaining AllOf(const EntryList& entries) {
+  Remaining all;
+  all.reserve(entries.size());
+  for (const auto& entry : entries) all.push_back(entry.get());
+  return all;
+}
+
+// The entries that remain, which stand in the same order.
+EntryList OnlyRemaining(const EntryList& entries, const Remaining& remaining) {
+  EntryList kept;
+  kept.reserve(remaining.size());
+  for (const auto& entry : entries) {
+    if (kept.size() == remaining.size()) break;
+    if (entry.get() == remaining[kept.size()]) kept.push_back(entry);
+  }
+  return kept;
+}
+
+int ApplyPass(const plist::Value& list, Pass pass, EntryList& entries) {
+  Remaining remaining = AllOf(entries);
+  pass(list, remaining);
+  if (remaining.size() != entries.size()) entries = OnlyRemaining(entries, remaining);
   return 0;
+}
+
+}  // namespace
+
+EntryList LDGRFilter::Filter(const EntryList& entries) const {
+  Remaining remaining = AllOf(entries);
+  for (const auto& [category, pass] : kPasses) pass(settings_.Get(category), remaining);
+  return remaining.size() == entries.size() ? entries : OnlyRemaining(entries, remaining);
+}
+
+int LDGRFilter::Filter_General(EntryList& entries) const {
+  return ApplyPass(settings_.Get(filter_category::kGeneral), PassGeneral, entries);
+}
+
+int LDGRFilter::Filter_Description(EntryList& entries) const {
+  return ApplyPass(settings_.Get(filter_category::kDescription), PassDescription, entries);
+}
+
+int LDGRFilter::Filter_Date(EntryList& entries) const {
+  return ApplyPass(settings_.Get(filter_category::kDate), PassDate, entries);
+}
+
+int LDGRFilter::Filter_Amount(EntryList& entries) const {
+  return ApplyPass(settings_.Get(filter_category::kAmount), PassAmount, entries);
 }
 
 int LDGRFilter::Filter_AmountString(EntryList& entries) const {
-  const std::string decimal = CurrentLocale().DecimalSeparator();
-  const std::string thousands = CurrentLocale().ThousandsSeparator();
-  ForEachTextRule(settings_.Get(filter_category::kAmountString),
-                  [&](const Rule& rule, std::string_view text) {
-                    const TextTest test(rule.qualifier, WithoutAll(text, thousands));
-                    ApplyRule(entries, rule.keeps_matching, [&](const LDGRAccountEntry& entry) {
-                      return test(AmountText(entry.GetAmount(), decimal));
-                    });
-                  });
-  return 0;
+  return ApplyPass(settings_.Get(filter_category::kAmountString), PassAmountString, entries);
 }
 
-int LDGRFilter::Filter_CheckNumber(EntryList& /*entries*/) const {
-  return 0;
-}
-
-int LDGRFilter::Filter_CheckNumberString(EntryList& entries) const {
-  ForEachTextRule(settings_.Get(filter_category::kCheckNumberString),
-                  [&](const Rule& rule, std::string_view text) {
-                    const TextTest test(rule.qualifier, text);
-                    KeepOnly(entries, [&](const LDGRAccountEntry& entry) {
-                      if (!entry.IsCheck()) return false;
-                      std::array<char, 12> digits;  // the longest is -2147483648
-                      const char* const end =
-                          std::to_chars(digits.begin(), digits.end(), entry.GetCheckNumber()).ptr;
-                      return test({digits.data(), end}) == rule.keeps_matching;
-                    });
-                  });
-  return 0;
+int LDGRFilter::Filter_Type(EntryList& entries) const {
+  return ApplyPass(settings_.Get(filter_category::kType), PassType, entries);
 }
 
 int LDGRFilter::Filter_Check(EntryList& entries) const {
-  return FilterByMark(settings_.Get(filter_category::kCheck), entries, &LDGRAccountEntry::IsCheck);
+  return ApplyPass(settings_.Get(filter_category::kCheck), PassCheck, entries);
+}
+
+int LDGRFilter::Filter_CheckNumber(EntryList& entries) const {
+  return ApplyPass(settings_.Get(filter_category::kCheckNumber), PassCheckNumber, entries);
+}
+
+int LDGRFilter::Filter_CheckNumberString(EntryList& entries) const {
+  return ApplyPass(settings_.Get(filter_category::kCheckNumberString), PassCheckNumberString,
+                   entries);
 }
 
 int LDGRFilter::Filter_Cleared(EntryList& entries) const {
-  return FilterByMark(settings_.Get(filter_category::kCleared), entries,
-                      &LDGRAccountEntry::GetCleared);
+  return ApplyPass(settings_.Get(filter_category::kCleared), PassCleared, entries);
 }
 
-int LDGRFilter::Filter_TaxDeductible(EntryList& entries) const {
-  return FilterByMark(settings_.Get(filter_category::kTaxDeductible), entries,
-                      &LDGRAccountEntry::GetTaxDeductible);
+int LDGRFilter::Filter_ToFrom(EntryList& entries) const {
+  return ApplyPass(settings_.Get(filter_category::kToFrom), PassToFrom, entries);
 }
 
 int LDGRFilter::Filter_SplitDescription(EntryList& entries) const {
-  return FilterBySplit(settings_.Get(filter_category::kSplitDescription), entries,
-                       &LDGRAccountEntrySplit::GetDescription);
+  return ApplyPass(settings_.Get(filter_category::kSplitDescription), PassSplitDescription,
+                   entries);
 }
 
 int LDGRFilter::Filter_SplitToFrom(EntryList& entries) const {
-  return FilterBySplit(settings_.Get(filter_category::kSplitToFrom), entries,
-                       &LDGRAccountEntrySplit::GetToFrom);
+  return ApplyPass(settings_.Get(filter_category::kSplitToFrom), PassSplitToFrom, entries);
+}
+
+int LDGRFilter::Filter_Notes(EntryList& entries) const {
+  return ApplyPass(settings_.Get(filter_category::kNotes), PassNotes, entries);
+}
+
+int LDGRFilter::Filter_TaxDeductible(EntryList& entries) const {
+  return ApplyPass(settings_.Get(filter_category::kTaxDeductible), PassTaxDeductible, entries);
 }
 
 }  // namespace tallyfold

@@ -158,13 +158,13 @@ void LDGRAccount::setAuthenticated(bool authenticated) noexcept {
 void LDGRAccount::setEntryFilterData(const plist::Value& data) {
   if (data == entry_filter_data_) return;
   entry_filter_data_ = data.DeepCopy();
-  NoteChange();
+  ++revision_;
 }
 
 void LDGRAccount::setReconcileFilterData(const plist::Value& data) {
   if (data == reconcile_filter_data_) return;
   reconcile_filter_data_ = data.DeepCopy();
-  NoteChange();
+  ++revision_;
 }
 
 void LDGRAccount::SetQIFImportDecimalSeparator(std::optional<std::string_view> separator) {

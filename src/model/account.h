@@ -62,7 +62,13 @@ class LDGRAccount {
   // place calls NoteChange(). The order of the entries and whether the account is authenticated do
   // not count.
   [[nodiscard]] std::uint64_t Revision() const noexcept { return revision_; }
-  void NoteChange() noexcept { ++revision_; }
+  // As Revision(), but settings of the account (names, filters, choices of imports and exports) do
+  // not count: as long as it stays, so do all balances.
+  [[nodiscard]] std::uint64_t LedgerRevision() const noexcept { return ledger_revision_; }
+  void NoteChange() noexcept {
+    ++revision_;
+    ++ledger_revision_;
+  }
 
   // --- Upgrade of older dictionary forms ------------------------------------------------------
 
@@ -466,7 +472,7 @@ class LDGRAccount {
   void Change(T& member, T value) noexcept {
     if (member == value) return;
     member = std::move(value);
-    NoteChange();
+    ++revision_;
   }
 
   // How each stored key is written and read (account_dictionary.cpp).
@@ -528,6 +534,7 @@ class LDGRAccount {
   std::int32_t last_transfer_account_ = -1;
   bool is_last_transfer_origin_ = true;
   std::uint64_t revision_ = 0;
+  std::uint64_t ledger_revision_ = 0;
 };
 
 }  // namespace tallyfold

@@ -94,7 +94,10 @@ void LDGRAccountEntrySplit::SetToFrom(std::optional<std::string_view> to_from, s
 void LDGRAccountEntrySplit::SetAmount(double amount, std::size_t index) {
   if (index >= kLines) return Log(kIndexOutOfRange);
   const double rounded = RoundedAmount(amount);
-  if (rounded != LineAt(index).amount) MutableLine(index).amount = rounded;
+  if (rounded == LineAt(index).amount) return;
+  MutableLine(index).amount = rounded;
+  total_ = 0.0;
+  for (const Line& line : lines_) total_ += line.amount;
 }
 
 void LDGRAccountEntrySplit::SetEnabled(bool enabled, std::size_t index) {
@@ -115,12 +118,6 @@ double LDGRAccountEntrySplit::GetAmount(std::size_t index) const noexcept {
 
 bool LDGRAccountEntrySplit::GetEnabled(std::size_t index) const noexcept {
   return LineAt(index).enabled;
-}
-
-double LDGRAccountEntrySplit::GetTotal() const noexcept {
-  double total = 0.0;
-  for (const Line& line : lines_) total += line.amount;
-  return total;
 }
 
 LDGRAccountEntrySplit::Line& LDGRAccountEntrySplit::MutableLine(std::size_t index) {

@@ -2,7 +2,7 @@
 
 #include <bit>
 #include <cstdint>
-#include <vector>
+#include <span>
 
 namespace tallyfold {
 
@@ -16,7 +16,7 @@ struct PackedKey {
 
 // Sorts by (high, low), equal keys in the order they had. Linear: one pass for each of the 16 bytes
 // in which any two keys differ, and in registers few of them do.
-void SortPacked(std::vector<PackedKey>& keys);
+void SortPacked(std::span<PackedKey> keys);
 
 // Numbers as unsigned ones of the same order.
 [[nodiscard]] constexpr std::uint32_t InOrder(std::int32_t number) noexcept {

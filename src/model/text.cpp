@@ -44,11 +44,13 @@ std::string FoldCase(std::string_view text) {
 
 void AppendOrderForm(std::string& forms, std::string_view text) {
   while (!text.empty()) {
-    if (IsAscii(text.front())) {
-      forms.push_back(FoldAscii(text.front()));
-      text.remove_prefix(1);
-      continue;
-    }
+    const auto other = std::ranges::find_if_not(text, IsAscii);
+    const auto letters = static_cast<std::size_t>(other - text.begin());
+    const std::size_t start = forms.size();
+    forms.append(text.substr(0, letters));
+    for (std::size_t i = start; i < forms.size(); ++i) forms[i] = FoldAscii(forms[i]);
+    text.remove_prefix(letters);
+    if (text.empty()) return;
     const std::string_view before = text;
     const char32_t code_point = TakeCodePoint(text);
     const char32_t folded = FoldCodePoint(code_point);

@@ -6,6 +6,7 @@
 
 #include "model/date_format.h"
 #include "model/date_number.h"
+#include "model/entry_walk.h"
 #include "platform/ambient.h"
 #include "registers/register_look.h"
 
@@ -87,6 +88,7 @@ void LDGRAccountTableViewData::SetAccountPreferences(
 void LDGRAccountTableViewData::SetAccount(std::shared_ptr<LDGRAccount> account) {
   if (account_ == account) return;
   account_ = std::move(account);
+  account_balances_ = {};
   SetEntries({});
   if (table_ != nullptr) table_->SelectRow(TableView::kNoRow);
 }
@@ -332,13 +334,22 @@ double LDGRAccountTableViewData::TotalOfRows() const {
   return host_.IsUnlocked() ? UpToDateFigures().total : 0.0;
 }
 
+std::vector<double> LDGRAccountTableViewData::BalancesOfRows() const {
+  if (account_ == nullptr) return std::vector<double>(entries_.size(), 0.0);
+  if (account_balances_.revision != account_->LedgerRevision()) {
+    account_balances_ = {account_->LedgerRevision(),
+                         {account_->GetEntries(), account_->GetStartingBalance()}};
+  }
+  return account_balances_.table.Of(entries_);
+}
+
 const LDGRAccountTableViewData::Figures& LDGRAccountTableViewData::UpToDateFigures() const {
-  const std::uint64_t revision = account_ != nullptr ? account_->Revision() : 0;
+  const std::uint64_t revision = account_ != nullptr ? account_->LedgerRevision() : 0;
   if (figures_.are_known && figures_.revision == revision) return figures_;
-  figures_.balances = account_ != nullptr ? account_->RunningBalances(entries_)
-                                          : std::vector<double>(entries_.size(), 0.0);
+  figures_.balances = BalancesOfRows();
   figures_.total = 0.0;
-  for (const auto& entry : entries_) figures_.total += entry->GetAmount();
+  WalkEntries(entries_,
+              [this](const LDGRAccountEntry& entry) { figures_.total += entry.GetAmount(); });
   figures_.are_known = true;
   figures_.revision = revision;
   return figures_;

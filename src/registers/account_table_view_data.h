@@ -10,6 +10,7 @@
 
 #include "model/account.h"
 #include "model/account_entry.h"
+#include "model/running_balances.h"
 #include "registers/register_order.h"
 #include "registers/table_view.h"
 #include "storage/account_preferences.h"
@@ -120,9 +121,14 @@ class LDGRAccountTableViewData final : public TableDataSource {
   // Computed for all rows together.
   struct Figures {
     bool are_known = false;
-    std::uint64_t revision = 0;    // of the account as it was then
+    std::uint64_t revision = 0;    // of the account's ledger as it was then
     std::vector<double> balances;  // by row
     double total = 0.0;
+  };
+  // Of the whole account; stays while other rows are shown of it.
+  struct AccountBalances {
+    std::optional<std::uint64_t> revision;
+    RunningBalanceTable table;
   };
 
   // The column the rows are sorted by: the stored one, else the first that sorts.
@@ -131,6 +137,7 @@ class LDGRAccountTableViewData final : public TableDataSource {
   void PlaceStoredColumns(TableView& table) const;
   void HideStoredColumns(TableView& table) const;
   [[nodiscard]] const Figures& UpToDateFigures() const;
+  [[nodiscard]] std::vector<double> BalancesOfRows() const;
 
   const Host& host_;
   std::shared_ptr<LDGRAccount> account_;
@@ -142,6 +149,7 @@ class LDGRAccountTableViewData final : public TableDataSource {
   // To be selected as soon as there are rows.
   std::optional<std::int32_t> awaited_row_;
   mutable Figures figures_;
+  mutable AccountBalances account_balances_;
 };
 
 }  // namespace tallyfold

@@ -2,12 +2,16 @@
 
 #include <algorithm>
 #include <array>
+#include <bit>
 #include <cstddef>
+#include <functional>
 #include <map>
 #include <numeric>
+#include <span>
 #include <string>
 #include <utility>
 
+#include "model/entry_walk.h"
 #include "model/packed_sort.h"
 #include "model/text.h"
 
@@ -39,22 +43,28 @@ Order OrderAsItIs(std::size_t count) {
 
 // --- Numbers ------------------------------------------------------------------------------------
 
-// `make_key` gives the two halves of an entry's key.
-template <typename MakeKey>
-Order OrderByKeys(const EntryList& entries, bool descending, MakeKey make_key) {
-  std::vector<PackedKey> keys;
-  keys.reserve(entries.size());
-  for (const auto& entry : entries) {
-    const auto [high, low] = make_key(*entry);
+Order OrderByKeys(std::vector<PackedKey>& keys, bool descending) {
+  if (descending) {
     // The reversed comparison is the mirror of the plain one in every step.
-    const auto index = static_cast<std::uint32_t>(keys.size());
-    keys.push_back(descending ? PackedKey{~high, ~low, index} : PackedKey{high, low, index});
+    for (PackedKey& key : keys) key = {~key.high, ~key.low, key.index};
   }
   SortPacked(keys);
   Order order;
   order.reserve(keys.size());
   for (const PackedKey& key : keys) order.push_back(key.index);
   return order;
+}
+
+// `make_key` gives the two halves of an entry's key.
+template <typename MakeKey>
+Order OrderByKeys(const EntryList& entries, bool descending, MakeKey make_key) {
+  std::vector<PackedKey> keys;
+  keys.reserve(entries.size());
+  WalkEntries(entries, [&](const LDGRAccountEntry& entry) {
+    const auto [high, low] = make_key(entry);
+    keys.push_back({high, low, static_cast<std::uint32_t>(keys.size())});
+  });
+  return OrderByKeys(keys, descending);
 }
 
 using Halves = std::pair<std::uint64_t, std::uint64_t>;
@@ -127,49 +137,117 @@ Order OrderByType(const EntryList& entries, bool descending) {
 
 using EntryText = const std::string& (LDGRAccountEntry::*)() const noexcept;
 
-struct TextKey {
-  std::uint64_t beginning;  // the first eight bytes of the form, in order as a number
-  std::size_t start;        // where the form begins among all forms, and how long it is
-  std::uint32_t length;
-  std::int32_t number;
-  std::uint32_t index;
+// The different ones among many texts, which must stay where they are.
+class DifferentTexts {
+ public:
+  explicit DifferentTexts(std::size_t most) : slots_(std::bit_ceil(2 * most + 1), kEmpty) {}
+
+  // The number of the text among the different ones, which are numbered as they appear.
+  std::uint32_t NumberOf(std::string_view text) {
+    const std::size_t hash = std::hash<std::string_view>()(text);
+    const std::size_t mask = slots_.size() - 1;
+    for (std::size_t slot = hash & mask;; slot = (slot + 1) & mask) {
+      if (slots_[slot] == kEmpty) return slots_[slot] = Add(text, hash);
+      const Text& other = texts_[slots_[slot]];
+      if (other.hash == hash && other.text == text) return slots_[slot];
+    }
+  }
+
+  // By number: the place of each among all, ignoring case. Texts that differ only in that share it.
+  [[nodiscard]] std::vector<std::uint32_t> Ranks() const;
+
+ private:
+  static constexpr std::uint32_t kEmpty = 0xFFFF'FFFFU;
+
+  struct Text {
+    std::size_t hash;
+    std::string_view text;
+    std::size_t form_start;
+    std::size_t form_size;
+  };
+
+  std::uint32_t Add(std::string_view text, std::size_t hash) {
+    const std::size_t start = forms_.size();
+    AppendOrderForm(forms_, text);
+    texts_.push_back({hash, text, start, forms_.size() - start});
+    return static_cast<std::uint32_t>(texts_.size() - 1);
+  }
+  [[nodiscard]] std::string_view FormOf(std::uint32_t number) const {
+    const Text& text = texts_[number];
+    return std::string_view(forms_).substr(text.form_start, text.form_size);
+  }
+
+  std::vector<std::uint32_t> slots_;
+  std::vector<Text> texts_;
+  std::string forms_;  // one behind another
 };
 
-std::uint64_t Beginning(std::string_view form) {
-  std::uint64_t beginning = 0;
-  for (std::size_t i = 0; i < 8; ++i) {
-    const auto byte = i < form.size() ? static_cast<unsigned char>(form[i]) : 0U;
-    beginning = beginning << 8U | byte;
-  }
-  return beginning;
+// Eight bytes of a form, in order as a number; past its end as if there were zeros.
+std::uint64_t EightBytes(std::string_view form, std::size_t start) {
+  std::array<char, 8> bytes{};
+  if (start < form.size()) form.copy(bytes.data(), bytes.size(), start);
+  std::uint64_t number = 0;
+  for (const char byte : bytes) number = number << 8U | static_cast<unsigned char>(byte);
+  return number;
 }
 
-Order OrderByText(const EntryList& entries, EntryText text, bool descending) {
-  std::string forms;
-  std::vector<TextKey> keys;
-  keys.reserve(entries.size());
-  for (const auto& entry : entries) {
-    const std::size_t start = forms.size();
-    AppendOrderForm(forms, ((*entry).*text)());
-    const std::string_view form = std::string_view(forms).substr(start);
-    keys.push_back({Beginning(form), start, static_cast<std::uint32_t>(form.size()),
-                    entry->GetNumber(), static_cast<std::uint32_t>(keys.size())});
+std::vector<std::uint32_t> DifferentTexts::Ranks() const {
+  std::vector<PackedKey> keys(texts_.size());
+  for (std::uint32_t number = 0; number < keys.size(); ++number) keys[number].index = number;
+
+  // Sixteen bytes at a time; what is equal in them goes on with the next ones.
+  struct Stretch {
+    std::span<PackedKey> keys;
+    std::size_t start;
+  };
+  std::vector<Stretch> stretches = {{keys, 0}};
+  while (!stretches.empty()) {
+    const auto [stretch, start] = stretches.back();
+    stretches.pop_back();
+    const std::size_t next_start = start + 2 * sizeof(std::uint64_t);
+    for (PackedKey& key : stretch) {
+      key.high = EightBytes(FormOf(key.index), start);
+      key.low = EightBytes(FormOf(key.index), start + sizeof(std::uint64_t));
+    }
+    SortPacked(stretch);
+    for (auto key = stretch.begin(); key != stretch.end();) {
+      const auto end = std::find_if(key, stretch.end(), [key](const PackedKey& other) {
+        return other.high != key->high || other.low != key->low;
+      });
+      const std::span<PackedKey> equal(key, end);
+      key = end;
+      if (equal.size() == 1) continue;
+      const auto size_of = [this](const PackedKey& each) { return FormOf(each.index).size(); };
+      if (std::ranges::any_of(
+              equal, [=](std::size_t size) { return size > next_start; }, size_of)) {
+        stretches.push_back({equal, next_start});
+      } else {
+        std::ranges::sort(equal, {}, size_of);  // they differ in zeros at their ends
+      }
+    }
   }
-  const auto form_of = [&forms](const TextKey& key) {
-    return std::string_view(forms).substr(key.start, key.length);
-  };
-  const auto comes_before = [&](const TextKey& a, const TextKey& b) {
-    if (a.beginning != b.beginning) return a.beginning < b.beginning;
-    if (const int order = form_of(a).compare(form_of(b)); order != 0) return order < 0;
-    return a.number < b.number;
-  };
-  std::stable_sort(keys.begin(), keys.end(), [&](const TextKey& a, const TextKey& b) {
-    return descending ? comes_before(b, a) : comes_before(a, b);
+
+  std::vector<std::uint32_t> ranks(keys.size());
+  std::uint32_t rank = 0;
+  for (std::size_t i = 0; i < keys.size(); ++i) {
+    if (i > 0 && FormOf(keys[i].index) != FormOf(keys[i - 1].index)) ++rank;
+    ranks[keys[i].index] = rank;
+  }
+  return ranks;
+}
+
+// Registers say the same things again and again, so that far fewer texts are compared than entries.
+Order OrderByText(const EntryList& entries, EntryText text, bool descending) {
+  DifferentTexts texts(entries.size());
+  std::vector<PackedKey> keys;
+  keys.reserve(entries.size());
+  WalkEntryText(entries, text, [&](const LDGRAccountEntry& entry) {
+    const auto index = static_cast<std::uint32_t>(keys.size());
+    keys.push_back({texts.NumberOf((entry.*text)()), InOrder(entry.GetNumber()), index});
   });
-  Order order;
-  order.reserve(keys.size());
-  for (const TextKey& key : keys) order.push_back(key.index);
-  return order;
+  const std::vector<std::uint32_t> ranks = texts.Ranks();
+  for (PackedKey& key : keys) key.high = ranks[key.high];
+  return OrderByKeys(keys, descending);
 }
 
 }  // namespace
