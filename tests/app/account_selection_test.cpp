@@ -48,16 +48,6 @@ TEST(AccountSelection, AfterLoadingShowsTheRememberedAccountOrTheFirst) {
   }
 }
 
-TEST(AccountSelection, AfterLoadingNothingAsksForAFirstAccount) {
-  TestApplication test;
-  test.app.Accounts_PostLoad();
-  EXPECT_EQ(test.app.OpenSheet(), Sheet::AccountEdit);
-  EXPECT_TRUE(test.app.AccountEditSheet().is_new);
-  EXPECT_EQ(test.app.AccountEditSheet().typed.name, "Tallyfold 1");
-  EXPECT_TRUE(test.app.AccountEditSheet_OK());
-  EXPECT_EQ(test.app.SelectedAccount()->GetNumber(), 1);
-}
-
 TEST(AccountSelection, EndsWithTheAccountsItIsAbout) {
   {
     TestApplication test;

@@ -2,8 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include <functional>
-
 #include "app/test_application.h"
 #include "fakes/fake_ambient.h"
 #include "model/entry_type.h"
@@ -30,72 +28,41 @@ void FillWithChecks(LDGRAccount& account) {
 }
 
 TEST(NewEntries, TakeTheirDefaultsFromPreferencesAndAccount) {
+  constexpr auto kDebit = EntryKind::Debit;
+  constexpr auto kDeposit = EntryKind::Deposit;
   struct Case {
     const char* what;
     EntryKind kind;
-    std::function<void(LDGRAccount&, LDGRPreferences&)> prepare;
+    bool is_filled;
+    std::int32_t type;  // the default of the kind; -1 for none
+    std::int32_t date_preference;
+    bool numbers_checks;
     const char* line;
   } const cases[] = {
-      {"a debit", EntryKind::Debit, [](auto&, auto&) {}, "#1 20040307 debit 0.00"},
-      {"the last date of an empty account", EntryKind::Debit,
-       [](auto&, auto& preferences) { preferences.SetDefaultDateWhenAddingEntries(1); },
-       "#1 20040307 debit 0.00"},
-      {"the date of the last entered entry, which is not the latest", EntryKind::Deposit,
-       [](auto& account, auto& preferences) {
-         FillWithChecks(account);
-         preferences.SetDefaultDateWhenAddingEntries(1);
-       },
-       "#4 20040103 deposit 0.00"},
-      {"another date choice", EntryKind::Deposit,
-       [](auto& account, auto& preferences) {
-         FillWithChecks(account);
-         preferences.SetDefaultDateWhenAddingEntries(2);
-       },
-       "#4 20040307 deposit 0.00"},
-      {"a check type", EntryKind::Debit,
-       [](auto& account, auto&) {
-         FillWithChecks(account);
-         account.SetDefaultDebitType(account.AccountEntryTypeForNumber(0));
-       },
-       "#4 20040307 debit 0.00 type=0 check=103"},
-      {"a check type numbered by hand", EntryKind::Debit,
-       [](auto& account, auto& preferences) {
-         FillWithChecks(account);
-         account.SetDefaultDebitType(account.AccountEntryTypeForNumber(0));
-         preferences.SetNumberChecksAutomatically(false);
-       },
-       "#4 20040307 debit 0.00 type=0 check=0"},
-      {"the first check", EntryKind::Debit,
-       [](auto& account, auto&) {
-         account.SetStartingCheckNumber(1001);
-         account.SetDefaultDebitType(account.AccountEntryTypeForNumber(0));
-       },
-       "#1 20040307 debit 0.00 type=0 check=1001"},
-      {"a debit type that is no check", EntryKind::Debit,
-       [](auto& account, auto&) {
-         account.SetDefaultDebitType(account.AccountEntryTypeForNumber(1));
-       },
-       "#1 20040307 debit 0.00 type=1"},
-      {"a deposit type", EntryKind::Deposit,
-       [](auto& account, auto&) {
-         account.SetDefaultDepositType(account.AccountEntryTypeForNumber(4));
-       },
-       "#1 20040307 deposit 0.00 type=4"},
-      {"a first transfer", EntryKind::Transfer, [](auto&, auto&) {},
-       "#1 20040307 transfer 0.00 origin"},
-      {"a transfer like the last one", EntryKind::Transfer,
-       [](auto& account, auto&) {
-         account.setLastTransferAccount(7);
-         account.setIsLastTransferOrigin(false);
-       },
-       "#1 20040307 transfer 0.00 ->7#-1"},
+      {"a debit", kDebit, false, -1, 0, true, "#1 20040307 debit 0.00"},
+      {"in an empty account", kDebit, false, -1, 1, true, "#1 20040307 debit 0.00"},
+      {"the date entered last", kDeposit, true, -1, 1, true, "#4 20040103 deposit 0.00"},
+      {"another date choice", kDeposit, true, -1, 2, true, "#4 20040307 deposit 0.00"},
+      {"a check", kDebit, true, 0, 0, true, "#4 20040307 debit 0.00 type=0 check=103"},
+      {"numbered by hand", kDebit, true, 0, 0, false, "#4 20040307 debit 0.00 type=0 check=0"},
+      {"the first check", kDebit, false, 0, 0, true, "#1 20040307 debit 0.00 type=0 check=1001"},
+      {"no check", kDebit, false, 1, 0, true, "#1 20040307 debit 0.00 type=1"},
+      {"a deposit type", kDeposit, false, 4, 0, true, "#1 20040307 deposit 0.00 type=4"},
+      {"a transfer", EntryKind::Transfer, false, -1, 0, true, "#1 20040307 transfer 0.00 ->7#-1"},
   };
   for (const Case& c : cases) {
     FakeAmbient ambient;
     ambient.clock.SetLocal({2004, 3, 7, 12, 0, 0});
     LDGRAccount account;
     LDGRPreferences preferences;
-    c.prepare(account, preferences);
+    if (c.is_filled) FillWithChecks(account);
+    if (!c.is_filled) account.SetStartingCheckNumber(1001);
+    const auto type = account.AccountEntryTypeForNumber(c.type);
+    c.kind == kDebit ? account.SetDefaultDebitType(type) : account.SetDefaultDepositType(type);
+    account.setLastTransferAccount(7);
+    account.setIsLastTransferOrigin(false);
+    preferences.SetDefaultDateWhenAddingEntries(c.date_preference);
+    preferences.SetNumberChecksAutomatically(c.numbers_checks);
     EXPECT_EQ(Line(*NewEntryWithDefaults(c.kind, account, preferences)), c.line) << c.what;
   }
 }

@@ -64,14 +64,6 @@ TEST(FakeClock, FollowsItsZone) {
   ExpectZoneCases(FakeClock(ZoneWithoutAMidnight()));
 }
 
-TEST(FakeClock, StandsWhereItIsPut) {
-  FakeClock clock(FixedZone(minutes{-90}));
-  clock.SetLocal({2024, 2, 29, 23, 0, 0});
-  EXPECT_EQ(clock.Now(), sys_days{year{2024} / 3 / 1} + minutes{30});
-  clock.Advance(hours{1});
-  EXPECT_EQ(clock.LocalNow(), (CivilTime{2024, 3, 1, 0, 0, 0}));
-}
-
 TEST(SystemClock, FollowsTheZoneOfTheProcess) {
   // The rules of the fake zone: southern summer from November to February, changed at midnight.
   // NOLINTNEXTLINE(concurrency-mt-unsafe): tests run on one thread

@@ -7,7 +7,6 @@
 #include <string>
 #include <vector>
 
-#include "fakes/fake_ambient.h"
 #include "fakes/fake_file_system.h"
 #include "fakes/temporary_folder.h"
 #include "system/posix_file_system.h"
@@ -198,47 +197,6 @@ TEST(PosixFileSystem, TakesTheHomeFolderFromTheEnvironment) {
     }
   }
   setenv("HOME", saved.c_str(), 1);
-}
-
-TEST(FakeFileSystem, FailsAtAStepOnceOrForEverAfter) {
-  // Make the temporary file, write, sync, rename, sync the folder.
-  for (std::size_t step = 1; step <= 5; ++step) {
-    for (const auto failing :
-         {FakeFileSystem::Failing::Once, FakeFileSystem::Failing::ForEverAfter}) {
-      FakeFileSystem files;
-      files.AddFile("/data/file", "old");
-      files.FailAtStep(step, failing);
-      EXPECT_FALSE(files.WriteAtomically("/data/file", NewFileMode::Private, "new")) << step;
-      const bool once = failing == FakeFileSystem::Failing::Once;
-      // With the way back cut off too, the last step leaves the new file.
-      EXPECT_EQ(files.Content("/data/file"), once || step < 5 ? "old" : "new") << step;
-      const bool leftover = !once && step > 1 && step < 5;
-      EXPECT_EQ(files.List("/data").size(), leftover ? 2u : 1u) << step;
-      files.StopFailing();
-      EXPECT_TRUE(files.WriteAtomically("/data/file", NewFileMode::Private, "newer"));
-      EXPECT_EQ(files.Steps(), 5u);
-    }
-  }
-}
-
-TEST(FakeFileSystem, NotesChangesAndFailsOnNamedPaths) {
-  FakeAmbient ambient;
-  ambient.clock.SetLocal({2007, 3, 5, 12, 0, 0});
-  FakeFileSystem files;
-  files.FailOn("/home/user/bad");
-  EXPECT_FALSE(files.WriteAtomically("/home/user/bad", NewFileMode::Private, "x"));
-  EXPECT_FALSE(files.CreateFolder("/home/user/bad"));
-  EXPECT_TRUE(files.WriteAtomically("/home/user/good", NewFileMode::ByUmask, "x"));
-  EXPECT_FALSE(files.Copy("/home/user/good", "/home/user/bad"));
-  files.AddPermissions("/home/user/good", 0022);
-  files.SetCustomBadgeIcon("/home/user/good", "badge");
-  EXPECT_EQ(files.Changes(),
-            (std::vector<std::string>{"write /home/user/good", "permissions /home/user/good 22",
-                                      "badge /home/user/good badge"}));
-  EXPECT_EQ(files.Mode("/home/user/good"), 0666u);
-  EXPECT_EQ(files.CreationTime("/home/user/good"), ambient.clock.Now());
-  files.StopFailingOn("/home/user/bad");
-  EXPECT_TRUE(files.CreateFolder("/home/user/bad"));
 }
 
 }  // namespace

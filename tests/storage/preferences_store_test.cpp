@@ -113,11 +113,19 @@ TEST(PreferencesStore, ReadsOrSetsAsideWhatIsThere) {
     SCOPED_TRACE(c.name);
     Fixture f;
     EXPECT_FALSE(f.store.Preferences_Save());
+    f.files.AddFile("/usr/bin/compress", "");
+    f.files.AddFile("/usr/bin/uncompress", "");
     if (c.content) f.files.AddFile(kFile, *c.content);
     f.store.Preferences_Init();
     EXPECT_EQ(LDGRPreferences::sharedPreferences().GetEntryFont(), "Sans");
     const std::string backup = kBackups + "/Tallyfold Preferences_Before_2.0";
     EXPECT_EQ(f.files.Content(backup), c.is_backed_up ? c.content : std::nullopt);
+    EXPECT_EQ(f.processes.Launched(),
+              c.is_backed_up ? Lines{"/usr/bin/compress " + backup} : Lines{});
+    {
+      const SaveGate::Hold hold(f.gate);
+      EXPECT_FALSE(f.store.Preferences_Save());
+    }
     ASSERT_EQ(f.store.SetAside().has_value(), !c.reason.empty());
     EXPECT_TRUE(f.store.Preferences_Save());
     if (!c.reason.empty()) {
@@ -125,18 +133,6 @@ TEST(PreferencesStore, ReadsOrSetsAsideWhatIsThere) {
       EXPECT_EQ(f.files.Content(kFile + ".kept-20070305-120000"), c.content);
     }
   }
-}
-
-TEST(PreferencesStore, BacksUpUnderUniqueNamesWithoutExtension) {
-  Fixture f;
-  f.files.AddFile("/usr/bin/compress", "");
-  f.files.AddFile("/usr/bin/uncompress", "");
-  f.files.AddFile(kFile, "<plist><dict/></plist>");
-  f.store.Preferences_Init();
-  f.store.Preferences_Init();
-  EXPECT_EQ(f.processes.Launched(),
-            (Lines{"/usr/bin/compress " + kBackups + "/Tallyfold Preferences_Before_2.0",
-                   "/usr/bin/compress " + kBackups + "/Tallyfold Preferences_Before_2.0_1"}));
 }
 
 TEST(PreferencesStore, LogsFilesInTheWayOfItsFolders) {
@@ -171,18 +167,6 @@ TEST(PreferencesStore, LogsFilesInTheWayOfItsFolders) {
   f.store.Preferences_Backup(plist::Dictionary());
   EXPECT_EQ(f.ambient.log.Lines(),
             Lines{"Backup operation was unsuccessful in LDGRController:Preferences_Backup."});
-}
-
-TEST(PreferencesStore, WritesNothingWhileTheGateIsClosed) {
-  Fixture f;
-  f.store.Preferences_Init();
-  {
-    const SaveGate::Hold hold(f.gate);
-    EXPECT_FALSE(f.store.Preferences_Save());
-  }
-  EXPECT_TRUE(f.store.Preferences_Save());
-  f.gate.CloseForGood();
-  EXPECT_FALSE(f.store.Preferences_Save());
 }
 
 TEST(PreferencesStore, KeepsTheStoredViewOfTablesThatAreNotShown) {
