@@ -8,6 +8,7 @@
 #include <utility>
 #include <vector>
 
+#include "app/blank_text.h"
 #include "model/account_entry.h"
 #include "model/account_schedule.h"
 #include "model/entry_type.h"
@@ -17,10 +18,6 @@ namespace tallyfold {
 namespace {
 
 using TypeRow = AccountEditSheetState::TypeRow;
-
-bool IsBlank(std::string_view text) {
-  return text.find_first_not_of(" \t\r\n") == std::string_view::npos;
-}
 
 bool CanBeStored(const AccountEditSheetState::Typed& typed) {
   const auto has_name = [](const TypeRow& row) { return !IsBlank(row.name); };

@@ -25,6 +25,8 @@ struct LDGRController::Hosts final : AccountsStore::Host,
                                      ScheduleCommit::Host,
                                      AccountPasswords::Host,
                                      AccountRemoval::Host,
+                                     AccountSummaryTab::Host,
+                                     AccountSummarySheet::Host,
                                      ApplicationLock::Host,
                                      PreferencesSheet::Host,
                                      AccountsDrawer::Host,
@@ -110,7 +112,7 @@ struct LDGRController::Hosts final : AccountsStore::Host,
   std::int32_t AccountsDrawerPreferredEdge() override {
     return app.preferences().GetAccountsDrawerPreferredEdge();
   }
-  void ShowSummary(LDGRAccount* /*account*/) override { app.front_end_.Changed(Area::Summary); }
+  void ShowSummary(LDGRAccount* /*account*/) override { app.summary_tab_.Show(); }
   void ShowInTables(const std::shared_ptr<LDGRAccount>& account) override {
     app.reveal_.Forget();
     app.registers_.ShowAccount(account);
@@ -248,6 +250,8 @@ LDGRController::LDGRController(const Services& services)
       schedule_commit_(*hosts_, links_, refresh_),
       account_passwords_(*hosts_, sheets_, window_, front_end_),
       account_removal_(*hosts_, modal_, sheets_, refresh_),
+      summary_tab_(*hosts_, modal_, sheets_, front_end_),
+      summary_sheet_(*hosts_, sheets_, front_end_),
       lock_(accounts_, *hosts_, sheets_, window_, refresh_, services.loop, front_end_),
       preferences_sheet_(*hosts_, sheets_, services.loop, front_end_),
       updates_(services.host, services.updates, front_end_),
@@ -293,6 +297,8 @@ void LDGRController::CancelOpenSheet() {
       return TransferEntryRemoveConfirm_Cancel();
     case Sheet::AccountEdit:
       return AccountEditSheet_Cancel();
+    case Sheet::AccountSummary:
+      return AccountSummarySheet_Cancel();
     case Sheet::Preferences:
       return PreferencesSheet_Cancel();
   }

@@ -11,6 +11,8 @@
 #include "app/account_passwords.h"
 #include "app/account_removal.h"
 #include "app/account_selection.h"
+#include "app/account_summary_sheet.h"
+#include "app/account_summary_tab.h"
 #include "app/accounts_drawer.h"
 #include "app/amount_fields.h"
 #include "app/application.h"
@@ -323,6 +325,26 @@ class LDGRController {
   // --- app/account_removal.h ---------------------------------------------------------------------
   bool Account_Remove() { return account_removal_.Account_Remove(); }
 
+  // --- app/account_summary_tab.h -----------------------------------------------------------------
+  [[nodiscard]] const AccountSummaryTabState& Summaries() { return summary_tab_.State(); }
+  bool AccountSummary_Select(std::size_t row) { return summary_tab_.Select(row); }
+  std::shared_ptr<LDGRAccountSummary> AccountSummary_Add() { return summary_tab_.Add(); }
+  std::shared_ptr<LDGRAccountSummary> AccountSummary_Duplicate() {
+    return summary_tab_.Duplicate();
+  }
+  bool AccountSummary_Rename(std::string_view name) { return summary_tab_.Rename(name); }
+  bool AccountSummary_Remove() { return summary_tab_.Remove(); }
+
+  // --- app/account_summary_sheet.h ---------------------------------------------------------------
+  [[nodiscard]] const AccountSummarySheetState& SummarySheet() const noexcept {
+    return summary_sheet_.State();
+  }
+  bool AccountSummarySheet_Open() { return summary_sheet_.Open(); }
+  void AccountSummarySheet_Populate() { summary_sheet_.Populate(); }
+  void AccountSummarySheet_OptionsChanged() { summary_sheet_.OptionsChanged(); }
+  bool AccountSummarySheet_OK() { return summary_sheet_.OK(); }
+  void AccountSummarySheet_Cancel() { summary_sheet_.Cancel(); }
+
   // --- app/registers.h ---------------------------------------------------------------------------
   [[nodiscard]] LDGRAccountTableViewData& entryDataSource() noexcept { return registers_.Entry(); }
   [[nodiscard]] LDGRAccountTableViewData& reconcileDataSource() noexcept {
@@ -519,6 +541,8 @@ class LDGRController {
   ScheduleCommit schedule_commit_;
   AccountPasswords account_passwords_;
   AccountRemoval account_removal_;
+  AccountSummaryTab summary_tab_;
+  AccountSummarySheet summary_sheet_;
   ApplicationLock lock_;
   PreferencesSheet preferences_sheet_;
   UpdateCheck updates_;

@@ -47,6 +47,7 @@ void Refresh::Locked() {
 }
 
 void Refresh::Balances() {
+  front_end_.Changed(Area::Summary);
   AccountBalance_Field_Update();
   ReconcileTab_UpdateBalances();
 }

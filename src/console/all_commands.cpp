@@ -13,6 +13,7 @@ std::span<const Subject> AllSubjects() {
       {"Speech", SpeechCommands()},
       {"Entries", EntryCommands()},
       {"Schedules", ScheduleCommands()},
+      {"Summaries", SummaryCommands()},
       {"Window", WindowCommands()},
       {"Files", StorageCommands()},
       {"Passwords", PasswordCommands()},

@@ -21,6 +21,7 @@ namespace tallyfold::console {
 [[nodiscard]] std::span<const Command> ScheduleCommands();
 [[nodiscard]] std::span<const Command> SpeechCommands();
 [[nodiscard]] std::span<const Command> StorageCommands();
+[[nodiscard]] std::span<const Command> SummaryCommands();
 [[nodiscard]] std::span<const Command> TypeCommands();
 [[nodiscard]] std::span<const Command> WindowCommands();
 

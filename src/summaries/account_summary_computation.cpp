@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <iterator>
-#include <optional>
 #include <string_view>
 #include <utility>
 #include <vector>
@@ -22,6 +21,8 @@
 namespace tallyfold {
 namespace {
 
+namespace choices = summary_choices;
+
 void Append(EntryList entries, EntryList& to) {
   if (to.empty()) {
     to = std::move(entries);
@@ -30,10 +31,11 @@ void Append(EntryList entries, EntryList& to) {
   }
 }
 
-// `which` is 0 for the entries with the mark, 1 for those without, anything else for both.
+// A number without a name is like both.
 void AddMarkRule(LDGRFilter& filter, std::string_view category, std::int32_t which) {
-  if (which != 0 && which != 1) return;
-  filter.AddRuleForCategory(category, FilterLogic::KeepMatching, FilterQualifier::On, which == 0);
+  if (which != choices::kWithMark && which != choices::kWithoutMark) return;
+  filter.AddRuleForCategory(category, FilterLogic::KeepMatching, FilterQualifier::On,
+                            which == choices::kWithMark);
 }
 
 // In the order of LDGRAccountEntry::DateIsGreaterThan().
@@ -85,21 +87,17 @@ void AddPeriods(const SummaryPeriods& periods, const EntryList& entries, Summary
 }  // namespace
 
 void LDGRAccountSummary::updateDateRange() {
-  const DateNumber today = TodaysDateNumber();
-  const bool is_of_entries = date_range_style_ == summary_range::kFirstToLastEntry ||
-                             date_range_style_ == summary_range::kThroughToday;
-  if (is_of_entries) {
-    const auto first = account_ != nullptr ? account_->GetFirstEntry() : nullptr;
-    start_date_ = first != nullptr ? first->GetDate() : today;
-    end_date_ = first != nullptr && date_range_style_ == summary_range::kFirstToLastEntry
-                    ? account_->GetLastEntry()->GetDate()
-                    : today;
-  } else if (const auto mnemonic = MnemonicOfDateRange(date_range_style_)) {
-    DateRange range;
-    DateRangeForMnemonic(*mnemonic, CurrentClock().LocalNow(), range);
-    start_date_ = NSCalendarDateToDateNumber(range.start);
-    end_date_ = NSCalendarDateToDateNumber(range.end);
-  }
+  const auto* style = choices::WithNumber(choices::kDateRanges, date_range_style_);
+  if (style == nullptr || style->number == choices::kCustom) return;
+  DateRange range;
+  DateRangeForMnemonic(style->mnemonic.value_or(DateMnemonic::Today), CurrentClock().LocalNow(),
+                       range);
+  start_date_ = NSCalendarDateToDateNumber(range.start);
+  end_date_ = NSCalendarDateToDateNumber(range.end);
+  if (style->mnemonic || account_ == nullptr || account_->GetEntries().empty()) return;
+  // The days of entries are taken as they are stored, even those that no calendar has.
+  start_date_ = account_->GetFirstEntry()->GetDate();
+  if (style->number == choices::kFirstToLastEntry) end_date_ = account_->GetLastEntry()->GetDate();
 }
 
 EntryList LDGRAccountSummary::EntriesToCount() const {
@@ -114,9 +112,10 @@ EntryList LDGRAccountSummary::EntriesToCount() const {
   AddMarkRule(filter, filter_category::kCleared, show_resolved_);
   AddMarkRule(filter, filter_category::kTaxDeductible, show_tax_deductible_);
   AddMarkRule(filter, filter_category::kCheck, show_checks_);
-  if (filter_) {
-    filter.AddRuleForCategory(CategoryOfFilterType(filter_type_), FilterLogic::KeepMatching,
-                              FilterQualifier::Contains, filter_data_);
+  const auto* text = choices::WithNumber(choices::kFilterTypes, filter_type_);
+  if (filter_ && text != nullptr) {
+    filter.AddRuleForCategory(text->category, FilterLogic::KeepMatching, FilterQualifier::Contains,
+                              filter_data_);
   }
   // Filters look types up in the current account, which need not be the one summarised.
   const ScopedCurrentAccount current(account_);

@@ -105,8 +105,9 @@ Block MakeBlock(std::string_view title, const Subtotals& subtotals) {
 
 void LayOutHead(const LDGRAccountSummary& summary, const SummaryResult& result,
                 SummaryLayout& layout) {
-  const SummaryChoice* range = ChoiceWithNumber(SummaryDateRanges(), summary.dateRangeStyle());
-  if (range == nullptr) range = ChoiceWithNumber(SummaryDateRanges(), summary_range::kCustom);
+  namespace choices = summary_choices;
+  const auto* range = choices::WithNumber(choices::kDateRanges, summary.dateRangeStyle());
+  if (range == nullptr) range = choices::WithNumber(choices::kDateRanges, choices::kCustom);
   layout.head.range = LocalizedText(range->name);
   layout.head.first = result.whole.start_date;
   layout.head.last = result.whole.end_date;

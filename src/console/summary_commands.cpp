@@ -1,0 +1,425 @@
+#include <algorithm>
+#include <charconv>
+#include <cmath>
+#include <optional>
+#include <string>
+#include <system_error>
+#include <utility>
+#include <vector>
+
+#include "app/blank_text.h"
+#include "app/controller.h"
+#include "console/all_commands.h"
+#include "console/command_error.h"
+#include "console/console.h"
+#include "console/lookup.h"
+#include "console/printer.h"
+#include "console/table.h"
+#include "console/values.h"
+#include "console/words.h"
+#include "model/account.h"
+#include "model/text.h"
+#include "summaries/account_summary.h"
+#include "summaries/summary_choices.h"
+#include "summaries/summary_layout.h"
+
+namespace tallyfold::console {
+namespace {
+
+namespace choices = summary_choices;
+
+// How dates are written here, also in titles.
+constexpr std::string_view kDateFormat = "%Y-%m-%d";
+
+// --- Naming -------------------------------------------------------------------------------------
+
+std::optional<std::int32_t> WholeNumber(std::string_view text) {
+  std::int32_t number = 0;
+  const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);
+  if (error != std::errc() || end != text.data() + text.size()) return std::nullopt;
+  return number;
+}
+
+// Row of a summary: its number in the list, its exact name, or a name that only one has when case
+// is ignored.
+std::size_t SummaryNamed(const Console& console, std::string_view word) {
+  const AccountSummaryList& rows = console.controller.Summaries().summaries;
+  if (const auto number = WholeNumber(word)) {
+    if (*number >= 1 && static_cast<std::size_t>(*number) <= rows.size()) {
+      return static_cast<std::size_t>(*number) - 1;
+    }
+  }
+  for (const bool exactly : {true, false}) {
+    std::vector<std::size_t> alike;
+    for (std::size_t row = 0; row < rows.size(); ++row) {
+      const std::string& name = rows[row]->name();
+      if (exactly ? name == word : CompareIgnoringCase(name, word) == 0) alike.push_back(row);
+    }
+    if (alike.size() == 1) return alike.front();
+    if (alike.size() > 1) {
+      throw CommandError(std::to_string(alike.size()) + " summaries are named " + Quoted(word) +
+                         "; use the number");
+    }
+  }
+  throw CommandError("there is no summary " + Quoted(word) + "; summaries lists them");
+}
+
+// Selects the summary that the first word names, if there is one. The summary selected then.
+LDGRAccountSummary& ChosenSummary(Console& console, const Arguments& arguments) {
+  const auto account = SelectedAccount(console);
+  if (arguments.WordCount() > 0) {
+    (void)console.controller.AccountSummary_Select(SummaryNamed(console, arguments.WordAt(0)));
+  }
+  const auto& summary = account->selectedAccountSummary();
+  if (summary == nullptr) throw CommandError("the account has no summary; summary add makes one");
+  return *summary;
+}
+
+// The name of a choice; the number itself where it has none.
+template <typename Choices>
+std::string ChoiceText(const Choices& from, std::int32_t number) {
+  const auto* choice = choices::WithNumber(from, number);
+  return choice != nullptr ? std::string(choice->name) : WriteNumber(number);
+}
+
+template <typename Choices>
+std::int32_t ReadChoice(const Choices& from, std::string_view text, std::string_view what) {
+  std::string names;
+  for (const auto& choice : from) {
+    if (CompareIgnoringCase(choice.name, text) == 0) return choice.number;
+    names += (names.empty() ? "" : ", ") + std::string(choice.name);
+  }
+  throw CommandError(std::string(what) + ": expected one of " + names + ", not " + Quoted(text));
+}
+
+// --- Showing ------------------------------------------------------------------------------------
+
+enum class Rows { All, Selected };
+
+void ListSummaries(const Console& console, Rows rows) {
+  const AccountSummaryTabState& state = console.controller.Summaries();
+  Table table({{"number", Column::Align::Right}, {"name"}, {"range"}, {"periods"}, {"selected"}});
+  for (std::size_t row = 0; row < state.summaries.size(); ++row) {
+    const LDGRAccountSummary& summary = *state.summaries[row];
+    const bool is_selected = static_cast<std::int32_t>(row) == state.selected_row;
+    if (rows == Rows::Selected && !is_selected) continue;
+    table.Add({WriteNumber(static_cast<std::int64_t>(row) + 1), summary.name(),
+               ChoiceText(choices::kDateRanges, summary.dateRangeStyle()),
+               ChoiceText(choices::kPeriodStyles, summary.subtotalPeriodStyle()),
+               is_selected ? "yes" : ""});
+  }
+  console.printer.Show(table);
+}
+
+void ListAllSummaries(Console& console, const Arguments& /*arguments*/) {
+  (void)SelectedAccount(console);
+  ListSummaries(console, Rows::All);
+}
+
+void ShowHead(const Console& console, const SummaryLayout::Head& head) {
+  Table table({{"account"},
+               {"summary"},
+               {"range"},
+               {"first"},
+               {"last"},
+               {"start balance", Column::Align::Right},
+               {"end balance", Column::Align::Right}});
+  table.Add({head.account, head.name, head.range, WriteDate(head.first), WriteDate(head.last),
+             WriteAmount(head.start_balance), WriteAmount(head.end_balance)});
+  console.printer.Show(table);
+}
+
+// Twenty marks for the longest bar, behind a minus sign where it goes to the left.
+std::string BarText(double bar) {
+  const auto length = static_cast<std::size_t>(std::lround(std::abs(bar) * 20.0));
+  return (bar < 0.0 ? "-" : "") + std::string(length, '#');
+}
+
+void ShowPeriods(const Console& console, const SummaryLayout& layout) {
+  std::vector<Column> columns;
+  for (const std::string& title : layout.period_columns) {
+    columns.push_back({title, columns.empty() ? Column::Align::Left : Column::Align::Right});
+  }
+  columns.push_back({"Entries", Column::Align::Right});
+  if (layout.has_bars) columns.push_back({"Bar"});
+  Table table(columns);
+  const auto add = [&](const std::string& title, const SummaryLayout::Amounts& amounts,
+                       std::size_t count, std::string bar) {
+    table.Add({title, WriteAmount(amounts.debits), WriteAmount(amounts.deposits),
+               WriteAmount(amounts.transfers), WriteAmount(amounts.total),
+               WriteNumber(static_cast<std::int64_t>(count)), std::move(bar)});
+  };
+  for (const auto& line : layout.periods) {
+    add(line.title, line.amounts, line.count, layout.has_bars ? BarText(line.bar) : "");
+  }
+  add(layout.total_title, layout.total, layout.total_count, "");
+  console.printer.Show(table);
+}
+
+void ShowTotalsAndBlocks(const Console& console, const SummaryLayout& layout) {
+  Table totals({{"Sum"}, {"Amount", Column::Align::Right}});
+  for (const auto& [title, amount] : layout.totals) totals.Add({title, WriteAmount(amount)});
+  console.printer.Show(totals);
+  for (const SummaryLayout::Block& block : layout.blocks) {
+    Table table({{block.title},
+                 {layout.block_columns[1], Column::Align::Right},
+                 {layout.block_columns[2], Column::Align::Right},
+                 {layout.block_columns[3], Column::Align::Right}});
+    for (const auto& line : block.lines) {
+      table.Add({line.name, WriteNumber(static_cast<std::int64_t>(line.count)),
+                 WriteAmount(line.amount), WriteAmount(line.share * 100.0) + "%"});
+    }
+    console.printer.Show(table);
+  }
+}
+
+void ShowSummary(Console& console, const Arguments& arguments) {
+  const LDGRAccountSummary& summary = ChosenSummary(console, arguments);
+  // Asked for first, because that is what brings the summary up to date.
+  (void)console.controller.Summaries();
+  const SummaryLayout layout = LayOutSummary(summary, kDateFormat);
+  ShowHead(console, layout.head);
+  ShowPeriods(console, layout);
+  ShowTotalsAndBlocks(console, layout);
+  Table check({{"Check"}, {"Amount", Column::Align::Right}});
+  const bool has_amount = layout.check == SummaryLayout::Check::EntriesLeftOut;
+  check.Add({layout.check_title, has_amount ? WriteAmount(layout.left_out) : ""});
+  console.printer.Show(check);
+}
+
+// --- Options ------------------------------------------------------------------------------------
+
+constexpr SummaryChoice kMarks[] = {
+    {choices::kWithMark, "yes"}, {choices::kWithoutMark, "no"}, {choices::kBoth, "both"}};
+constexpr std::string_view kNoFilter = "none";
+
+// An option that is yes or no, and one of which the entries with a mark, without or both count.
+struct Switch {
+  std::string_view name;
+  bool (LDGRAccountSummary::*get)() const noexcept;
+  void (LDGRAccountSummary::*set)(bool) noexcept;
+};
+constexpr Switch kSwitches[] = {
+    {"debits", &LDGRAccountSummary::showDebits, &LDGRAccountSummary::setShowDebits},
+    {"deposits", &LDGRAccountSummary::showDeposits, &LDGRAccountSummary::setShowDeposits},
+    {"transfers", &LDGRAccountSummary::showTransfers, &LDGRAccountSummary::setShowTransfers},
+    {"types", &LDGRAccountSummary::subtotalTypes, &LDGRAccountSummary::setSubtotalTypes},
+    {"descriptions", &LDGRAccountSummary::subtotalDescriptions,
+     &LDGRAccountSummary::setSubtotalDescriptions},
+    {"payees", &LDGRAccountSummary::subtotalToFroms, &LDGRAccountSummary::setSubtotalToFroms},
+};
+struct MarkOption {
+  std::string_view name;
+  std::int32_t (LDGRAccountSummary::*get)() const noexcept;
+  void (LDGRAccountSummary::*set)(std::int32_t) noexcept;
+};
+constexpr MarkOption kMarkOptions[] = {
+    {"resolved", &LDGRAccountSummary::showResolved, &LDGRAccountSummary::setShowResolved},
+    {"tax", &LDGRAccountSummary::showTaxDeductible, &LDGRAccountSummary::setShowTaxDeductible},
+    {"checks", &LDGRAccountSummary::showChecks, &LDGRAccountSummary::setShowChecks},
+};
+
+void ShowOptions(Console& console, const Arguments& arguments) {
+  const LDGRAccountSummary& summary = ChosenSummary(console, arguments);
+  (void)console.controller.Summaries();
+  Table table({{"option"}, {"value"}});
+  table.Add({"name", summary.name()});
+  table.Add({"range", ChoiceText(choices::kDateRanges, summary.dateRangeStyle())});
+  table.Add({"start", WriteDate(summary.startDate())});
+  table.Add({"end", WriteDate(summary.endDate())});
+  table.Add({"periods", ChoiceText(choices::kPeriodStyles, summary.subtotalPeriodStyle())});
+  table.Add({"show", ChoiceText(choices::kShowStyles, summary.showStyle())});
+  for (const Switch& each : kSwitches) {
+    table.Add({std::string(each.name), WriteYesNo((summary.*each.get)())});
+  }
+  for (const MarkOption& each : kMarkOptions) {
+    table.Add({std::string(each.name), ChoiceText(kMarks, (summary.*each.get)())});
+  }
+  table.Add({"filter", summary.filter() ? ChoiceText(choices::kFilterTypes, summary.filterType())
+                                        : std::string(kNoFilter)});
+  table.Add({"text", std::string(summary.filterData().StringValue())});
+  console.printer.Show(table);
+}
+
+void ReadRange(const Arguments& arguments, LDGRAccountSummary& options) {
+  const auto range = arguments.Text("range");
+  const auto start = arguments.Date("start");
+  const auto end = arguments.Date("end");
+  if (range) options.setDateRangeStyle(ReadChoice(choices::kDateRanges, *range, "range"));
+  if (!start && !end) return;
+  if (range && options.dateRangeStyle() != choices::kCustom) {
+    throw CommandError("start= and end= are for range=custom");
+  }
+  options.setDateRangeStyle(choices::kCustom);
+  if (start) options.setStartDate(*start);
+  if (end) options.setEndDate(*end);
+}
+
+void ReadFilter(const Arguments& arguments, LDGRAccountSummary& options) {
+  const auto filter = arguments.Text("filter");
+  const auto text = arguments.Text("text");
+  if (filter) {
+    options.setFilter(*filter != kNoFilter);
+    if (options.filter()) {
+      options.setFilterType(ReadChoice(choices::kFilterTypes, *filter, "filter"));
+    }
+  } else if (text) {
+    options.setFilter(!text->empty());
+  }
+  if (text) options.setFilterData(*text);
+}
+
+// Puts what the arguments say into the options of the open sheet.
+void ReadOptions(const Arguments& arguments, LDGRAccountSummary& options) {
+  ReadRange(arguments, options);
+  if (const auto periods = arguments.Text("periods")) {
+    options.setSubtotalPeriodStyle(ReadChoice(choices::kPeriodStyles, *periods, "periods"));
+  }
+  if (const auto show = arguments.Text("show")) {
+    options.setShowStyle(ReadChoice(choices::kShowStyles, *show, "show"));
+  }
+  for (const Switch& each : kSwitches) {
+    if (const auto yes = arguments.YesNo(each.name)) (options.*each.set)(*yes);
+  }
+  for (const MarkOption& each : kMarkOptions) {
+    if (const auto which = arguments.Text(each.name)) {
+      (options.*each.set)(ReadChoice(kMarks, *which, each.name));
+    }
+  }
+  ReadFilter(arguments, options);
+}
+
+void SetOptions(Console& console, const Arguments& arguments) {
+  // Read once beforehand: a value that will not do must not leave another summary selected.
+  LDGRAccountSummary scratch;
+  ReadOptions(arguments, scratch);
+  (void)ChosenSummary(console, arguments);
+  LDGRController& controller = console.controller;
+  if (!controller.AccountSummarySheet_Open()) throw CommandError("the summary cannot be changed");
+  ReadOptions(arguments, *controller.SummarySheet().options);
+  controller.AccountSummarySheet_OptionsChanged();
+  if (!controller.AccountSummarySheet_OK()) throw CommandError("the summary cannot be changed");
+  ShowOptions(console, arguments);
+}
+
+// --- Adding and removing ------------------------------------------------------------------------
+
+void RequireName(const Arguments& arguments) {
+  if (arguments.WordCount() > 0 && IsBlank(arguments.WordAt(0))) {
+    throw CommandError("expected a name that is not blank");
+  }
+}
+
+void AddSummary(Console& console, const Arguments& arguments) {
+  (void)SelectedAccount(console);
+  RequireName(arguments);
+  LDGRController& controller = console.controller;
+  if (controller.AccountSummary_Add() == nullptr) throw CommandError("no summary can be added");
+  if (arguments.WordCount() > 0) (void)controller.AccountSummary_Rename(arguments.WordAt(0));
+  ListSummaries(console, Rows::Selected);
+}
+
+void DuplicateSummary(Console& console, const Arguments& arguments) {
+  (void)ChosenSummary(console, arguments);
+  if (console.controller.AccountSummary_Duplicate() == nullptr) {
+    throw CommandError("the summary cannot be copied");
+  }
+  ListSummaries(console, Rows::Selected);
+}
+
+void RenameSummary(Console& console, const Arguments& arguments) {
+  (void)SelectedAccount(console);
+  RequireName(arguments);
+  if (!console.controller.AccountSummary_Rename(arguments.WordAt(0))) {
+    throw CommandError("the summary cannot be renamed");
+  }
+  ListSummaries(console, Rows::Selected);
+}
+
+void RemoveSummary(Console& console, const Arguments& arguments) {
+  (void)ChosenSummary(console, arguments);
+  if (!console.controller.AccountSummary_Remove()) throw CommandError("nothing was removed");
+  ListSummaries(console, Rows::Selected);
+}
+
+constexpr Option kSetOptions[] = {
+    {.name = "range", .value = "NAME", .help = "such as \"Month To Date\", or custom"},
+    {.name = "start", .value = "DATE", .help = "the first day of a custom range"},
+    {.name = "end", .value = "DATE", .help = "its last day"},
+    {.name = "periods",
+     .value = "NAME",
+     .help = "days, weeks, months, quarters, years or \"whole range\""},
+    {.name = "show", .value = "NAME", .help = "tables, or \"tables and bars\""},
+    {.name = "debits", .value = "yes|no", .help = "whether debits count"},
+    {.name = "deposits", .value = "yes|no", .help = "whether deposits count"},
+    {.name = "transfers", .value = "yes|no", .help = "whether transfers count"},
+    {.name = "types", .value = "yes|no", .help = "whether there are sums by type"},
+    {.name = "descriptions", .value = "yes|no", .help = "whether there are sums by description"},
+    {.name = "payees", .value = "yes|no", .help = "whether there are sums by payee and payer"},
+    {.name = "resolved", .value = "yes|no|both", .help = "which entries count"},
+    {.name = "tax", .value = "yes|no|both", .help = "whether tax-deductible ones count"},
+    {.name = "checks", .value = "yes|no|both", .help = "whether checks count"},
+    {.name = "filter",
+     .value = "NAME|none",
+     .help = "where the text is looked for, such as description"},
+    {.name = "text", .value = "TEXT", .help = "what the entries that count contain"},
+};
+
+constexpr Command kCommands[] = {
+    {.name = "summaries",
+     .help = "lists the summaries of the selected account",
+     .example = "summaries",
+     .run = ListAllSummaries},
+    {.name = "summary",
+     .words = "[NUMBER|NAME]",
+     .most_words = 1,
+     .help = "selects a summary and shows it; alone, shows the selected one",
+     .example = "summary \"All Entries, Year To Date\"",
+     .run = ShowSummary},
+    {.name = "summary options",
+     .words = "[NUMBER|NAME]",
+     .most_words = 1,
+     .help = "selects a summary and shows what it counts",
+     .example = "summary options",
+     .run = ShowOptions},
+    {.name = "summary set",
+     .words = "[NUMBER|NAME]",
+     .most_words = 1,
+     .options = kSetOptions,
+     .help = "changes what the selected summary, or the one named, counts and shows",
+     .example = "summary set range=\"Last Quarter\" periods=weeks deposits=no",
+     .run = SetOptions},
+    {.name = "summary add",
+     .words = "[NAME]",
+     .most_words = 1,
+     .help = "adds a summary of this month and selects it",
+     .example = "summary add \"Trip to Rome\"",
+     .run = AddSummary},
+    {.name = "summary duplicate",
+     .words = "[NUMBER|NAME]",
+     .most_words = 1,
+     .help = "copies a summary and selects the copy",
+     .example = "summary duplicate \"Expenses, Year To Date\"",
+     .run = DuplicateSummary},
+    {.name = "summary rename",
+     .words = "NAME",
+     .least_words = 1,
+     .most_words = 1,
+     .help = "gives the selected summary another name",
+     .example = "summary rename Food",
+     .run = RenameSummary},
+    {.name = "summary remove",
+     .words = "[NUMBER|NAME]",
+     .most_words = 1,
+     .help = "removes a summary; the last one stays",
+     .example = "summary remove Food",
+     .run = RemoveSummary},
+};
+
+}  // namespace
+
+std::span<const Command> SummaryCommands() {
+  return kCommands;
+}
+
+}  // namespace tallyfold::console
