@@ -25,7 +25,8 @@ std::string AccountDictionary(int number, const std::string& name, int version =
          std::to_string(version) + "</integer></dict>";
 }
 
-// Notes the calls of the launch with what was there at the time.
+// Notes the calls of the launch with what was there at the time: preferences, observed
+// notifications, the list of accounts, the timer.
 class LaunchLog final : public FrontEnd, public MainWindow {
  public:
   explicit LaunchLog(TestApplication& test) : test_(test) {
@@ -57,6 +58,8 @@ class LaunchLog final : public FrontEnd, public MainWindow {
       Note("sheet");
     } else if (area == Area::Updates) {
       Note("updates");
+    } else if (area == Area::Registers) {
+      Note("rows");
     }
     last_area = area;
   }
@@ -67,10 +70,13 @@ class LaunchLog final : public FrontEnd, public MainWindow {
 
  private:
   void Note(std::string line) {
+    const std::size_t stops = test_.speech.Heard().size();
+    test_.notifications.Post(kUserInputNotification);
     if (test_.app.preferencesStore().HasPreferences()) line += " P";
+    if (test_.speech.Heard().size() > stops) line += "O";
     if (test_.app.accountsStore().HasAccountList()) line += "A";
     if (test_.app.scheduleReminderTimer().IsValid()) line += "T";
-    lines.push_back(std::move(line));
+    if (lines.empty() || lines.back() != line) lines.push_back(std::move(line));
   }
 
   TestApplication& test_;
@@ -84,9 +90,11 @@ TEST(Launch, RunsItsStepsInOrder) {
   } const cases[] = {
       {"unlocked",
        "",
-       {"Tallyfold:  Two PAT", "search field PAT", "search field PAT", "update window PAT",
-        "updates PAT"}},
-      {"locked", "secret", {"sheet PAT", "search field PAT", "update window PAT", "updates PAT"}},
+       {"Tallyfold:  Two POAT", "rows POAT", "search field POAT", "update window POAT",
+        "updates POAT"}},
+      {"locked",
+       "secret",
+       {"sheet POAT", "search field POAT", "update window POAT", "updates POAT"}},
   };
   for (const Case& c : cases) {
     TestApplication test(false);
@@ -104,8 +112,9 @@ TEST(Launch, RunsItsStepsInOrder) {
                        "<key>checkForUpdates</key><true/></dict></plist>");
     LaunchLog log(test);
     EXPECT_TRUE(test.app.applicationDidFinishLaunching());
-    Texts expected = {"date picker", "bezels",       "fonts P",  "row heights P", "controls P",
-                      "texts P",     "tab images P", "window P", "drawer P",      "drawer open P"};
+    Texts expected = {"date picker", "bezels",    "fonts P",        "row heights P",
+                      "controls P",  "rows P",    "texts P",        "tab images PO",
+                      "window PO",   "drawer PO", "drawer open PO", "rows POA"};
     expected.insert(expected.end(), c.end.begin(), c.end.end());
     EXPECT_EQ(log.lines, expected) << c.what;
     // The registers have the columns of the remembered account before any account is there.

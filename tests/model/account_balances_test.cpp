@@ -48,38 +48,6 @@ TEST(AccountBalances, HideOnlyTheWholeBalanceOfALockedAccount) {
   EXPECT_DOUBLE_EQ(account.GetUnresolvedBalance(), -89);
 }
 
-TEST(AccountBalances, UseTheTotalOfASplit) {
-  LDGRAccount account;
-  auto entry = MakeEntry({.number = 1, .amount = -1});
-  auto split = std::make_shared<LDGRAccountEntrySplit>();
-  split->SetAmount(10, 0);
-  split->SetAmount(5.25, 3);
-  entry->SetSplit(split);
-  account.AddEntry(entry);
-  EXPECT_DOUBLE_EQ(account.GetBalance(), -15.25);
-  EXPECT_DOUBLE_EQ(account.GetDebitsTotal(), -15.25);
-}
-
-TEST(AccountBalances, RoundTheStartingBalanceToCents) {
-  LDGRAccount account;
-  const std::pair<double, double> cases[] = {{1.005, 1.01}, {-2.675, -2.68}, {3, 3}};
-  for (const auto& [given, kept] : cases) {
-    account.SetStartingBalance(given);
-    EXPECT_EQ(account.GetStartingBalance(), kept);
-  }
-}
-
-TEST(RunningBalances, CountChecksOfADayByNumberAndBeforeOtherEntries) {
-  LDGRAccount account;
-  AddEntries(account, {{.number = 1, .amount = -1},
-                       {.number = 2, .amount = -20, .check = 101},
-                       {.number = 3, .amount = -300, .check = 100},
-                       {.number = 4, .date = 20040229, .amount = -4000},
-                       {.number = 5, .date = 20040302, .amount = -50000, .check = 1}});
-  EXPECT_EQ(account.RunningBalances(account.GetEntries()),
-            (std::vector<double>{-4321, -4320, -4300, -4000, -54321}));
-}
-
 // The rule, said for two entries.
 bool CountsBefore(const LDGRAccountEntry& other, const LDGRAccountEntry& entry) {
   if (other.GetDate() != entry.GetDate()) return other.GetDate() < entry.GetDate();

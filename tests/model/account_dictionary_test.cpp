@@ -149,79 +149,55 @@ TEST(AccountDictionary, SkipsElementsThatAreNoRecords) {
 
 // Every option gets a value of its own, so that no two keys can be mixed up unseen.
 TEST(AccountDictionary, StoresEachOptionUnderItsKeyAndReadsItBack) {
+  using A = LDGRAccount;
+  const struct {
+    const char* key;
+    Value value;
+    void (*set)(A&);
+  } cases[] = {
+      {"name", "Home", [](A& a) { a.SetName("Home"); }},
+      {"number", 3, [](A& a) { a.SetNumber(3); }},
+      {"version", 8, [](A& a) { a.SetVersion(8); }},
+      {"startingCheckNumber", 1001, [](A& a) { a.SetStartingCheckNumber(1001); }},
+      {"startingBalance", 1.01, [](A& a) { a.SetStartingBalance(1.005); }},
+      {"password", "secret", [](A& a) { a.SetPassword("secret"); }},
+      {"defaultDebitType", 0, [](A& a) { a.SetDefaultDebitType(a.AccountEntryTypeForNumber(0)); }},
+      {"defaultDepositType", 5,
+       [](A& a) { a.SetDefaultDepositType(a.AccountEntryTypeForNumber(5)); }},
+      {"preference_Descriptions_Style", 2, [](A& a) { a.SetPreference_Descriptions_Style(2); }},
+      {"preference_ToFrom_Style", 4, [](A& a) { a.SetPreference_ToFrom_Style(4); }},
+      {"preference_Descriptions_SomeSelection", 5,
+       [](A& a) { a.SetPreference_Descriptions_SomeSelection(5); }},
+      {"preference_ToFrom_SomeSelection", 6, [](A& a) { a.SetPreference_ToFrom_SomeSelection(6); }},
+      {"statementBalance", 99.125, [](A& a) { a.setStatementBalance(99.125); }},
+      {"selectedAccountSummary", 7, [](A& a) { a.selectAccountSummaryAtIndex(7); }},
+      {"entryFilterType", 10, [](A& a) { a.setEntryFilterType(10); }},
+      {"reconcileFilterType", 11, [](A& a) { a.setReconcileFilterType(11); }},
+      {"entryFilterData", "typed", [](A& a) { a.setEntryFilterData("typed"); }},
+      {"reconcileFilterData", 17, [](A& a) { a.setReconcileFilterData(17); }},
+      {"QIFImportEncoding", 12, [](A& a) { a.SetQIFImportEncoding(12); }},
+      {"QIFImportDateFormat", 13, [](A& a) { a.SetQIFImportDateFormat(13); }},
+      {"QIFImportDecimalSeparator", ";", [](A& a) { a.SetQIFImportDecimalSeparator(";"); }},
+      {"QIFImportThousandsSeparator", "'", [](A& a) { a.SetQIFImportThousandsSeparator("'"); }},
+      {"QIFImportZeroAmountsAsDeposits", false,
+       [](A& a) { a.SetQIFImportZeroAmountsAsDeposits(false); }},
+      {"QIFImportAllTypes", true, [](A& a) { a.SetQIFImportAllTypes(true); }},
+      {"QIFImportSplitLineItems", false, [](A& a) { a.SetQIFImportSplitLineItems(false); }},
+      {"QIFImport_SwapOptions_ToFrom", 14, [](A& a) { a.SetQIFImport_SwapOptions_ToFrom(14); }},
+      {"QIFImport_SwapOptions_Type", 15, [](A& a) { a.SetQIFImport_SwapOptions_Type(15); }},
+      {"QIFImport_SwapOptions_Description", 16,
+       [](A& a) { a.SetQIFImport_SwapOptions_Description(16); }},
+      {"textExport_ExportType", -1, [](A& a) { a.setTextExport_ExportType(-1); }},
+      {"textExport_Encoding", 18, [](A& a) { a.setTextExport_Encoding(18); }},
+      {"lastTransferAccount", 19, [](A& a) { a.setLastTransferAccount(19); }},
+      {"isLastTransferOrigin", false, [](A& a) { a.setIsLastTransferOrigin(false); }},
+  };
   FakeAmbient ambient;
   LDGRAccount account;
-  account.SetName("Household");
-  account.SetNumber(3);
-  account.SetVersion(8);
-  account.SetStartingCheckNumber(1001);
-  account.SetStartingBalance(12.5);
-  account.SetPassword("secret");
-  account.SetDefaultDebitType(account.DebitEntryTypeForName("Check"));
-  account.SetDefaultDepositType(account.DepositEntryTypeForName("Gift"));
   account.SetDefaultTransferType(account.DebitEntryTypeForName("Debit Card"));
-  account.SetPreference_Descriptions_Style(2);
-  account.SetPreference_ToFrom_Style(4);
-  account.SetPreference_Descriptions_SomeSelection(5);
-  account.SetPreference_ToFrom_SomeSelection(6);
-  account.setStatementBalance(99.125);
-  account.selectAccountSummaryAtIndex(7);
-  account.setEntryFilterType(10);
-  account.setReconcileFilterType(11);
-  account.setEntryFilterData("typed");
-  account.setReconcileFilterData(17);
-  account.SetQIFImportEncoding(12);
-  account.SetQIFImportDateFormat(13);
-  account.SetQIFImportDecimalSeparator(";");
-  account.SetQIFImportThousandsSeparator("'");
-  account.SetQIFImportZeroAmountsAsDeposits(false);
-  account.SetQIFImportAllTypes(true);
-  account.SetQIFImportSplitLineItems(false);
-  account.SetQIFImport_SwapOptions_ToFrom(14);
-  account.SetQIFImport_SwapOptions_Type(15);
-  account.SetQIFImport_SwapOptions_Description(16);
-  account.setTextExport_ExportType(-1);
-  account.setTextExport_Encoding(18);
-  account.setLastTransferAccount(19);
-  account.setIsLastTransferOrigin(false);
-  const std::pair<const char*, Value> expected[] = {
-      {"name", "Household"},
-      {"number", 3},
-      {"version", 8},
-      {"startingCheckNumber", 1001},
-      {"numberCount", 0},
-      {"startingBalance", 12.5},
-      {"password", "secret"},
-      {"defaultDebitType", 0},
-      {"defaultDepositType", 5},
-      {"preference_Descriptions_Style", 2},
-      {"preference_ToFrom_Style", 4},
-      {"preference_Descriptions_SomeSelection", 5},
-      {"preference_ToFrom_SomeSelection", 6},
-      {"preferredTos", Array()},
-      {"statementBalance", 99.125},
-      {"selectedAccountSummary", 7},
-      {"entryFilterType", 10},
-      {"reconcileFilterType", 11},
-      {"entryFilterData", "typed"},
-      {"reconcileFilterData", 17},
-      {"QIFImportEncoding", 12},
-      {"QIFImportDateFormat", 13},
-      {"QIFImportDecimalSeparator", ";"},
-      {"QIFImportThousandsSeparator", "'"},
-      {"QIFImportZeroAmountsAsDeposits", false},
-      {"QIFImportAllTypes", true},
-      {"QIFImportSplitLineItems", false},
-      {"QIFImport_SwapOptions_ToFrom", 14},
-      {"QIFImport_SwapOptions_Type", 15},
-      {"QIFImport_SwapOptions_Description", 16},
-      {"textExport_ExportType", -1},
-      {"textExport_Encoding", 18},
-      {"lastTransferAccount", 19},
-      {"isLastTransferOrigin", false},
-  };
+  for (const auto& c : cases) c.set(account);
   const Dictionary stored = account.asDictionary();
-  for (const auto& [key, value] : expected) EXPECT_EQ(stored.Get(key), value) << key;
+  for (const auto& c : cases) EXPECT_EQ(stored.Get(c.key), c.value) << c.key;
   for (const char* key : {"defaultTransferType", "authenticated"}) EXPECT_FALSE(stored.Has(key));
   const LDGRAccount read(stored);
   EXPECT_EQ(read.asDictionary(), stored);

@@ -5,6 +5,7 @@
 
 #include "fakes/fake_ambient.h"
 #include "model/account.h"
+#include "model/plist_literals.h"
 #include "model/type_handover.h"
 
 namespace tallyfold {
@@ -29,26 +30,18 @@ struct OldEntry {
 Array EntriesWith(const std::vector<OldEntry>& entries) {
   Array result;
   for (const OldEntry& entry : entries) {
-    Dictionary dictionary;
-    dictionary.Set("number", entry.number);
-    dictionary.Set("entryFlags", entry.flags);
-    result.Append(dictionary);
+    result.Append(Dict({{"number", entry.number}, {"entryFlags", entry.flags}}));
   }
   return result;
 }
 
 Dictionary AccountOf(std::int32_t version, const Value& entries) {
-  Dictionary account;
-  account.Set("version", version);
-  account.Set("entries", entries);
-  return account;
+  return Dict({{"version", version}, {"entries", entries}});
 }
 
 // The record with this one entry, brought up to date.
 Dictionary UpgradedEntry(std::int32_t version, const Dictionary& entry) {
-  Array entries;
-  entries.Append(entry);
-  LDGRAccount::UpdateAccountDictionary(AccountOf(version, entries));
+  LDGRAccount::UpdateAccountDictionary(AccountOf(version, List({entry})));
   return entry;
 }
 
@@ -132,16 +125,12 @@ TEST(AccountUpgrade, MakesFlagsOfTheOldBooleans) {
   } cases[] = {{true, false, 1},      {true, true, 17}, {false, true, 18},
                {Value(), Value(), 2}, {1, "0", 1},      {"", Array(), 2}};
   for (const auto& test : cases) {
-    Dictionary entry;
-    entry.Set("isDebit", test.is_debit);
-    entry.Set("isCheck", test.is_check);
-    UpgradedEntry(2, entry);
+    const Dictionary entry =
+        UpgradedEntry(2, Dict({{"isDebit", test.is_debit}, {"isCheck", test.is_check}}));
     EXPECT_EQ(entry.Get("entryFlags").IntegerValue(), test.flags);
     EXPECT_EQ(entry.Get("isDebit"), test.is_debit) << "the old booleans stay";
   }
-  Dictionary newer;
-  newer.Set("isDebit", true);
-  EXPECT_FALSE(UpgradedEntry(3, newer).Has("entryFlags"));
+  EXPECT_FALSE(UpgradedEntry(3, Dict({{"isDebit", true}})).Has("entryFlags"));
 }
 
 TEST(AccountUpgrade, TakesTypesOfThePreferencesForAccountsWithoutTheirOwn) {
@@ -161,8 +150,7 @@ TEST(AccountUpgrade, TakesTypesOfThePreferencesForAccountsWithoutTheirOwn) {
   EXPECT_FALSE(bare.Has("inactiveTypes"));
   EXPECT_EQ(ambient.log.Take(), Lines{message});
 
-  Array types;
-  types.Append(Dictionary());
+  const Array types = List({Dictionary()});
   TypeHandOver().Set("types", types);
   TypeHandOver().Set("inactiveTypes", types);
   const Dictionary first = upgrade(nullptr);
@@ -176,29 +164,18 @@ TEST(AccountUpgrade, TakesTypesOfThePreferencesForAccountsWithoutTheirOwn) {
 }
 
 TEST(AccountUpgrade, RoundsAmountsToCents) {
-  Array amounts;
-  for (const double amount : {10.004, 10.006, -2.675}) amounts.Append(amount);
-  Dictionary split;
-  split.Set("amounts", amounts);
-  Dictionary entry;
-  entry.Set("amount", 1.005);
-  entry.Set("split", split);
-  Dictionary bare;
-  bare.Set("split", "no dictionary");
-  Dictionary texts;
-  texts.Set("amount", "12.349");
-  Array entries;
-  for (const Dictionary& one : {entry, bare, texts}) entries.Append(one);
-  Dictionary account = AccountOf(4, entries);
+  const Array amounts = List({10.004, 10.006, -2.675});
+  const Dictionary entry = Dict({{"amount", 1.005}, {"split", Dict({{"amounts", amounts}})}});
+  const Dictionary bare = Dict({{"split", "no dictionary"}});
+  const Dictionary text = Dict({{"amount", "12.349"}});
+  Dictionary account = AccountOf(4, List({entry, bare, text}));
   account.Set("startingBalance", 0.125);
   LDGRAccount::UpdateAccountDictionary(account);
   EXPECT_EQ(account.Get("startingBalance"), Value(0.13));
   EXPECT_EQ(entry.Get("amount"), Value(1.01));
-  EXPECT_EQ(amounts.At(0), Value(10.0));
-  EXPECT_EQ(amounts.At(1), Value(10.01));
-  EXPECT_EQ(amounts.At(2), Value(-2.68));
+  EXPECT_EQ(amounts, List({10.0, 10.01, -2.68}));
   EXPECT_FALSE(bare.Has("amount"));
-  EXPECT_EQ(texts.Get("amount"), Value(12.35));
+  EXPECT_EQ(text.Get("amount"), Value(12.35));
 
   Dictionary wrong = AccountOf(4, Array());
   wrong.Set("startingBalance", "0.125");
@@ -223,28 +200,13 @@ TEST(AccountUpgrade, ConvertsSecondsToTheUsersDays) {
   for (const auto& test : cases) {
     FakeAmbient ambient;
     ambient.clock.SetZone(FixedZone(minutes(60 * test.zone_hours)));
-    const auto dictionary = [&test](std::initializer_list<const char*> keys) {
-      Dictionary result;
-      for (const char* key : keys) result.Set(key, test.seconds);
-      return result;
-    };
-    Dictionary entry = dictionary({"date"});
-    Dictionary schedule = dictionary({"date"});
-    Dictionary summary = dictionary({"startDate", "endDate"});
-    Array committed;
-    if (!test.seconds.IsNone()) committed.Append(test.seconds);
-    schedule.Set("committedDates", committed);
-    Array schedules;
-    schedules.Append(schedule);
-    schedules.Append("no dictionary");
-    Array summaries;
-    summaries.Append(summary);
-    Array entries;
-    entries.Append(entry);
-    entries.Append(1);
-    Dictionary account = AccountOf(test.version, entries);
-    account.Set("schedules", schedules);
-    account.Set("accountSummaries", summaries);
+    const Dictionary entry = Dict({{"date", test.seconds}});
+    const Array committed = test.seconds.IsNone() ? Array() : List({test.seconds});
+    const Dictionary schedule = Dict({{"date", test.seconds}, {"committedDates", committed}});
+    const Dictionary summary = Dict({{"startDate", test.seconds}, {"endDate", test.seconds}});
+    Dictionary account = AccountOf(test.version, List({entry, 1}));
+    account.Set("schedules", List({schedule, "no dictionary"}));
+    account.Set("accountSummaries", List({summary}));
     LDGRAccount::UpdateAccountDictionary(account);
     for (const Value& day : {entry.Get("date"), schedule.Get("date"), committed.At(0),
                              summary.Get("startDate"), summary.Get("endDate")}) {
@@ -262,12 +224,9 @@ TEST(AccountUpgrade, ConvertsTheEndOfASchedulesRepetitionOnlyWhenItIsThree) {
   for (const auto& test : cases) {
     FakeAmbient ambient;
     ambient.clock.SetZone(FixedZone(std::chrono::minutes(60 * test.zone_hours)));
-    Dictionary schedule;
-    schedule.Set("repeatUntil", test.until);
-    Array schedules;
-    schedules.Append(schedule);
+    const Dictionary schedule = Dict({{"repeatUntil", test.until}});
     Dictionary account = AccountOf(6, Array());
-    account.Set("schedules", schedules);
+    account.Set("schedules", List({schedule}));
     LDGRAccount::UpdateAccountDictionary(account);
     EXPECT_EQ(schedule.Get("repeatUntil"), test.expected);
   }

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <array>
 #include <charconv>
 #include <cmath>
 #include <cstdint>
@@ -49,38 +50,58 @@ TEST(AmountStrings, PutSignDollarAndCommas) {
 }
 
 TEST(RoundedAmounts, GoByTheDigitsHalvesAwayFromZero) {
-  const struct {
-    double amount;
-    double rounded;
-  } cases[] = {{1.005, 1.01},
-               {-2.675, -2.68},
-               {10.004, 10.0},
-               {10.006, 10.01},
-               {-10.006, -10.01},
-               {0.005, 0.01},
-               {0.0049999999999999996, 0.0},
-               {0.0050000000000000001, 0.01},
-               {-0.004, 0.0},
-               {-0.0, 0.0},
-               {0.995, 1.0},
-               {99.995, 100.0},
-               {999999.995, 1000000.0},
-               {0.285, 0.29},
-               {1.115, 1.12},
-               {5e-324, 0.0},
-               {1e-7, 0.0},
-               {123456789012.345, 123456789012.35},
-               {99999999999999.995, 100000000000000.0},
-               {12345678901234.565, 12345678901234.56},
-               {1e15 + 0.125, 1e15 + 0.125},
-               {-1e300, -1e300},
-               {kInfinity, kInfinity}};
-  for (const auto& c : cases) {
-    const double rounded = RoundedAmount(c.amount);
-    EXPECT_EQ(rounded, c.rounded) << std::to_string(c.amount);
-    EXPECT_FALSE(rounded == 0.0 && std::signbit(rounded)) << std::to_string(c.amount);
+  const std::pair<double, double> cases[] = {{1.005, 1.01},
+                                             {-2.675, -2.68},
+                                             {10.004, 10.0},
+                                             {10.006, 10.01},
+                                             {-10.006, -10.01},
+                                             {0.005, 0.01},
+                                             {-0.004, 0.0},
+                                             {-0.0, 0.0},
+                                             {0.995, 1.0},
+                                             {99.995, 100.0},
+                                             {0.285, 0.29},
+                                             {1.115, 1.12},
+                                             {5e-324, 0.0},
+                                             {1e-7, 0.0},
+                                             {999999.995, 1000000.0},
+                                             {-1e300, -1e300},
+                                             {kInfinity, kInfinity},
+                                             {0.0049999999999999996, 0.0},
+                                             {0.0050000000000000001, 0.01},
+                                             {123456789012.345, 123456789012.35},
+                                             {99999999999999.995, 100000000000000.0},
+                                             {12345678901234.565, 12345678901234.56},
+                                             {1e15 + 0.125, 1e15 + 0.125}};
+  for (const auto& [amount, expected] : cases) {
+    const double rounded = RoundedAmount(amount);
+    EXPECT_EQ(rounded, expected) << std::to_string(amount);
+    EXPECT_FALSE(rounded == 0.0 && std::signbit(rounded)) << std::to_string(amount);
   }
   EXPECT_TRUE(std::isnan(RoundedAmount(kNotANumber)));
+}
+
+std::string GeneralConversion(double amount) {
+  std::array<char, 400> text;
+  const auto result =
+      std::to_chars(text.data(), text.data() + text.size(), amount, std::chars_format::fixed, 2);
+  return {text.data(), result.ptr};
+}
+
+// Whole cents take a shorter way to the same text.
+TEST(FixedAmountStrings, AreThoseOfTheGeneralConversion) {
+  std::mt19937_64 random(1);
+  for (int i = 0; i < 20'000; ++i) {
+    const double cents = std::ldexp(static_cast<double>(random() >> 11U), i % 60 - 53);
+    for (const double amount : {std::round(cents) / 100.0, cents / 100.0, cents / 1000.0}) {
+      ASSERT_EQ(FixedAmountString(amount), GeneralConversion(amount));
+      ASSERT_EQ(FixedAmountString(-amount), GeneralConversion(-amount));
+    }
+  }
+  for (const double amount : {0.0, 0.05, 0.1, 1.005, 99.995, 9999999999999.99, 1e13, 1e15, 1e300}) {
+    EXPECT_EQ(FixedAmountString(amount), GeneralConversion(amount));
+    EXPECT_EQ(FixedAmountString(-amount), GeneralConversion(-amount));
+  }
 }
 
 double Number(const std::string& text) {

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "fakes/fake_ambient.h"
+#include "model/clean_text.h"
 
 namespace tallyfold {
 namespace {
@@ -63,6 +64,23 @@ TEST(EnglishLists, JoinWithCommasAndTheWordAnd) {
 TEST(Messages, TakeTheirTextOnce) {
   EXPECT_EQ(MessageWithText("No %@ found for %@.", "date"), "No date found for %@.");
   EXPECT_EQ(MessageWithText("No date.", "x"), "No date.");
+}
+
+TEST(TextFromOutside, IsMadeValidAndLosesControlCharacters) {
+  struct Case {
+    std::string_view bytes;
+    std::string_view clean;
+  } const cases[] = {
+      {"", ""},
+      {"Zoë 銀 \U0001F600\t\r\n", "Zoë 銀 \U0001F600\t\r\n"},
+      {std::string_view("a\0b\x1b\x7f\u0085c", 8), "abc"},
+      {"a\xFFz", "a\uFFFDz"},
+      {"\xC3", "\uFFFD"},                                // cut short
+      {"\xC0\xAF", "\uFFFD\uFFFD"},                      // overlong
+      {"\xED\xA0\x80", "\uFFFD\uFFFD\uFFFD"},            // half a surrogate pair
+      {"\xF4\x90\x80\x80", "\uFFFD\uFFFD\uFFFD\uFFFD"},  // beyond the last character
+  };
+  for (const Case& c : cases) EXPECT_EQ(CleanText(c.bytes), c.clean);
 }
 
 }  // namespace
