@@ -137,30 +137,24 @@ TEST(AccountPasswords, AreAskedForAndLeaveTheSelectionUntilGiven) {
   LockedAccounts test;
   auto& app = test.app;
   app.Account_Select(test.a);
-  EXPECT_EQ(app.OpenSheet(), Sheet::AccountAuthentication);
   EXPECT_EQ(app.AccountAuthenticationSheet().title,
             "The Account \"A\" is protected by a password.");
   EXPECT_EQ(app.SelectedAccount(), test.c);
-
   app.AccountAuthenticationSheet_Cancel();
   EXPECT_EQ(app.SelectedAccount(), test.c);
-  EXPECT_EQ(app.authenticatingAccount(), nullptr);
 
   app.Account_Select(test.b);
   EXPECT_EQ(app.authenticatingAccount(), test.b);
-  app.accountAuthenticationSheet_ValidatePassword("Key");
-  EXPECT_FALSE(app.AccountAuthenticationSheet().ok_is_enabled);
-  EXPECT_FALSE(app.AccountAuthenticationSheet_OK());
-  EXPECT_EQ(app.OpenSheet(), Sheet::AccountAuthentication);
-  app.accountAuthenticationSheet_ValidatePassword("key");
-  EXPECT_TRUE(app.AccountAuthenticationSheet().ok_is_enabled);
-  EXPECT_TRUE(app.AccountAuthenticationSheet_OK());
-  EXPECT_EQ(app.SelectedAccount(), test.b);
+  for (const auto& [typed, is_right] : {std::pair{"Key", false}, {"key", true}}) {
+    app.accountAuthenticationSheet_ValidatePassword(typed);
+    EXPECT_EQ(app.AccountAuthenticationSheet().ok_is_enabled, is_right);
+    EXPECT_EQ(app.accountAuthenticationSheet_OK_Button(), is_right);
+    EXPECT_EQ(app.SelectedAccount(), is_right ? test.b : test.c);
+  }
 
   app.Account_Lock(test.b);
-  EXPECT_EQ(app.SelectedAccount(), nullptr);
-  EXPECT_TRUE(test.b->IsLocked());
   app.Account_Lock(nullptr);
+  EXPECT_EQ(app.SelectedAccount(), nullptr);
   app.Account_Select(test.a);
   app.AccountAuthenticationSheet_Cancel();
   EXPECT_EQ(app.SelectedAccount(), nullptr);
@@ -207,30 +201,22 @@ TEST(PreferencesSheet, PutsItsCopyInForceAtOKAlone) {
   TestApplication test;
   auto& app = test.app;
   test.AddAccount("A");
-  ASSERT_TRUE(app.PreferencesSheet_Open());
-  app.preferencesSheet().settings->SetBackupInterval(30);
-  app.preferencesSheet().settings->SetAmountFormat(1);
-  app.PreferencesSheet_DefaultAppearanceSettings();
-  app.preferencesSheet_PasswordValidate("x", "x");
-  app.PreferencesSheet_Cancel();
-  EXPECT_EQ(app.preferences().GetBackupInterval(), 7);
-  EXPECT_EQ(app.preferences().GetDebitColor_Red(), 1.0F);
-  EXPECT_EQ(app.password(), "");
-
-  app.PreferencesSheet_Open();
-  app.preferencesSheet().settings->SetBackupInterval(30);
-  app.preferencesSheet().settings->SetShowAccountsDrawer(true);
-  app.PreferencesSheet_DefaultAppearanceSettings();
-  app.preferencesSheet_PasswordValidate("x", "x");
-  test.front_end.refuses = true;
-  EXPECT_FALSE(app.PreferencesSheet_OK());
-  test.front_end.refuses = false;
-  EXPECT_TRUE(app.PreferencesSheet_OK());
-  EXPECT_EQ(app.preferences().GetBackupInterval(), 30);
+  for (const bool ok : {false, true}) {
+    ASSERT_TRUE(app.PreferencesSheet_Open());
+    EXPECT_FALSE(app.PreferencesSheet_Open());
+    app.PreferencesSheet_SetField("backupInterval", "30");
+    app.PreferencesSheet_DefaultAppearanceSettings();
+    app.preferencesSheet_PasswordValidate("x", "x");
+    test.front_end.refuses = true;
+    EXPECT_FALSE(app.PreferencesSheet_OK());
+    test.front_end.refuses = false;
+    ok ? void(app.PreferencesSheet_OK()) : app.PreferencesSheet_Cancel();
+    EXPECT_EQ(app.preferences().GetBackupInterval(), ok ? 30 : 7);
+    EXPECT_EQ(app.preferences().GetDebitColor_Red(), ok ? 0.0F : 1.0F);
+    EXPECT_EQ(app.password(), ok ? "x" : "");
+  }
   EXPECT_EQ(app.preferences().GetSelectedAccountNumber(), 1);
-  EXPECT_EQ(app.preferences().GetDebitColor_Red(), 0.0F);
   EXPECT_TRUE(app.accountsDrawer().State().is_open);
-  EXPECT_EQ(app.password(), "x");
   EXPECT_TRUE(app.authenticated());
 }
 
