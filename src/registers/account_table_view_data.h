@@ -94,6 +94,10 @@ class LDGRAccountTableViewData final : public TableDataSource {
   // Sort the rows now, without storing. An unknown column or key leaves them as they are.
   void SortByColumnIdentifier(std::string_view identifier, bool descending);
   void SortBy(RegisterSortKey key, bool descending);
+  // The column that a reload sorts the rows by: the stored one, else the first that sorts; "" for
+  // none.
+  [[nodiscard]] std::string SortColumn() const;
+  [[nodiscard]] bool SortsDescending() const;
 
   // --- Layout -----------------------------------------------------------------------------------
   // Gives the table the stored widths, order, hidden columns and selected row.
@@ -131,9 +135,6 @@ class LDGRAccountTableViewData final : public TableDataSource {
     RunningBalanceTable table;
   };
 
-  // The column the rows are sorted by: the stored one, else the first that sorts.
-  [[nodiscard]] std::string SortColumn() const;
-  [[nodiscard]] bool SortsDescending() const;
   void PlaceStoredColumns(TableView& table) const;
   void HideStoredColumns(TableView& table) const;
   [[nodiscard]] const Figures& UpToDateFigures() const;
