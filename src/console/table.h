@@ -40,8 +40,4 @@ class Table {
 // The same for a line that is no cell: backslashes stay as they are.
 [[nodiscard]] std::string Printable(std::string_view text);
 
-// How many places `text` (UTF-8) takes on a terminal: wide characters of East Asia and pictures
-// two, combining ones none.
-[[nodiscard]] std::size_t DisplayWidth(std::string_view text) noexcept;
-
 }  // namespace tallyfold::console
