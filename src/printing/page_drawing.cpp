@@ -1,0 +1,179 @@
+#include <algorithm>
+#include <string>
+#include <utility>
+
+#include "model/text.h"
+#include "platform/ambient.h"
+#include "printing/pages.h"
+#include "printing/text_fitting.h"
+
+namespace tallyfold {
+
+// Puts the pieces of one page in their places, from the top down.
+class Pages::Drawing {
+ public:
+  explicit Drawing(const Pages& pages) : pages_(pages), y_(pages.margins_.top) {
+    page_.size = pages.size_;
+  }
+
+  Page Draw(std::size_t index) {
+    DrawHead();
+    DrawTables(pages_.starts_[index], index + 1 < pages_.Count()
+                                          ? pages_.starts_[index + 1]
+                                          : Position{pages_.document_.tables.size()});
+    DrawFoot(index);
+    return std::move(page_);
+  }
+
+ private:
+  [[nodiscard]] double Left() const { return pages_.margins_.left; }
+
+  void DrawHead() {
+    for (const HeadLine& line : pages_.document_.head) {
+      DrawEnds(line);
+      y_ += pages_.metric_->LineHeight(line.style);
+    }
+    if (!pages_.document_.head.empty()) AddRule(pages_.width_, true);
+  }
+
+  // A text at each end of the page's width.
+  void DrawEnds(const HeadLine& line) {
+    const TextMetric& metric = *pages_.metric_;
+    std::string right = Shortened(OnOneLine(line.right), pages_.width_, line.style, metric);
+    const double right_x = pages_.width_ - metric.Width(right, line.style);
+    const double gap = right.empty() ? 0.0 : metric.ColumnGap();
+    AddText(Left(), Shortened(OnOneLine(line.left), right_x - gap, line.style, metric), line.style);
+    AddText(Left() + right_x, std::move(right), line.style);
+  }
+
+  void DrawFoot(std::size_t index) {
+    const std::string number =
+        MessageWithText(MessageWithText(LocalizedText("Page %@ of %@"), std::to_string(index + 1)),
+                        std::to_string(pages_.Count()));
+    y_ = pages_.size_.height - pages_.margins_.bottom - pages_.metric_->LineHeight(TextStyle::Foot);
+    DrawEnds({pages_.document_.foot, number, TextStyle::Foot});
+  }
+
+  void DrawTables(const Position& from, const Position& to) {
+    for (Position at = from; at.table < pages_.document_.tables.size(); at = {at.table + 1}) {
+      const bool ends_here = at.table == to.table;
+      if (ends_here && !to.GoesOn()) return;
+      const PrintRows& rows = *pages_.document_.tables[at.table].rows;
+      DrawTableHead(at, at.table == from.table);
+      const std::size_t end = ends_here ? to.row : rows.Count();
+      for (std::size_t row = at.row; row < end; ++row) {
+        DrawRow({at.table, row, row == at.row ? at.line : 0}, kAllLines);
+      }
+      if (!ends_here) continue;
+      if (to.line != 0) DrawRow({at.table, to.row, to.row == at.row ? at.line : 0}, to.line);
+      return;
+    }
+  }
+
+  void DrawTableHead(const Position& at, bool is_first_on_page) {
+    const PrintTable& table = pages_.document_.tables[at.table];
+    if (!is_first_on_page) y_ += pages_.line_;
+    if (!table.title.empty()) {
+      const std::string title =
+          at.GoesOn() ? MessageWithText(LocalizedText("%@ (continued)"), table.title) : table.title;
+      AddText(Left(),
+              Shortened(OnOneLine(title), pages_.width_, TextStyle::Strong, *pages_.metric_),
+              TextStyle::Strong);
+      y_ += pages_.line_;
+    }
+    DrawColumnTitles(at.table);
+    if (!at.GoesOn() || !table.rows->CarriesOver()) return;
+    DrawLine(at.table, table.rows->LineAfter(at.line != 0 ? at.row : at.row - 1));
+  }
+
+  void DrawColumnTitles(std::size_t table) {
+    const auto& columns = pages_.document_.tables[table].columns;
+    bool has_titles = false;
+    for (std::size_t i = 0; i < columns.size(); ++i) {
+      if (columns[i].title.empty()) continue;
+      AddCell(table, {i, columns[i].title}, TextStyle::ColumnTitle);
+      has_titles = true;
+    }
+    if (!has_titles) return;
+    y_ += pages_.metric_->LineHeight(TextStyle::ColumnTitle);
+    AddRule(pages_.TableWidth(table), false);
+  }
+
+  // The row's lines from the one at `from` to the one before `end`.
+  void DrawRow(const Position& from, std::size_t end) {
+    const PrintRows& rows = *pages_.document_.tables[from.table].rows;
+    const RowShape shape = rows.ShapeOf(from.row);
+    const PrintRow row = rows.RowAt(from.row);
+    if (from.line == 0) {
+      if (shape.has_rule_above) AddRule(pages_.TableWidth(from.table), false);
+      DrawLine(from.table, row.line);
+    }
+    for (std::size_t line = std::max<std::size_t>(from.line, 1); line < end; ++line) {
+      if (line > shape.details) return DrawNote(from, shape, line - 1 - shape.details, end - line);
+      DrawLine(from.table, line > row.details.size() ? PrintLine() : row.details[line - 1]);
+    }
+  }
+
+  void DrawNote(const Position& at, const RowShape& shape, std::size_t first, std::size_t count) {
+    if (shape.note.empty()) return;
+    auto& note = pages_.note_;
+    if (!note || note->table != at.table || note->row != at.row) {
+      note = DrawnNote{at.table, at.row, pages_.BrokenNote(at.table, shape.note)};
+    }
+    for (std::size_t i = first; i < note->lines.size() && i - first < count; ++i) {
+      AddText(Left() + pages_.NoteX(at.table), note->lines[i], TextStyle::Italic);
+      y_ += pages_.line_;
+    }
+  }
+
+  void DrawLine(std::size_t table, const PrintLine& line) {
+    for (const PrintCell& cell : line.cells) AddCell(table, cell, line.style);
+    for (const PrintBar& bar : line.bars) {
+      const PlacedColumn& column = pages_.columns_[table][bar.column];
+      // Bars of neighbouring lines do not touch.
+      page_.bars.push_back({Left() + column.x + bar.from * column.width,
+                            y_ + pages_.line_ * kBarMargin, (bar.to - bar.from) * column.width,
+                            pages_.line_ * (1 - 2 * kBarMargin)});
+    }
+    y_ += pages_.line_;
+  }
+
+  void AddCell(std::size_t table, const PrintCell& cell, TextStyle style) {
+    if (cell.text.empty() || cell.span == 0) return;
+    const PrintColumn& column = pages_.document_.tables[table].columns[cell.column];
+    const PlacedColumn& first = pages_.columns_[table][cell.column];
+    const PlacedColumn& last = pages_.columns_[table][cell.column + cell.span - 1];
+    const double width = last.x + last.width - first.x;
+    std::string text = OnOneLine(cell.text);
+    if (column.share > 0.0 || cell.span > 1) {
+      text = Shortened(text, width, style, *pages_.metric_);
+    }
+    double x = Left() + first.x;
+    if (cell.span == 1 && column.alignment != PrintAlignment::Left) {
+      const double left_over = width - pages_.metric_->Width(text, style);
+      x += column.alignment == PrintAlignment::Right ? left_over : left_over / 2;
+    }
+    AddText(x, std::move(text), style);
+  }
+
+  void AddText(double x, std::string text, TextStyle style) {
+    if (!text.empty()) page_.runs.push_back({x, y_, std::move(text), style});
+  }
+  void AddRule(double width, bool is_heavy) {
+    page_.rules.push_back({Left(), y_, width, is_heavy});
+    y_ += pages_.metric_->RuleHeight();
+  }
+
+  static constexpr std::size_t kAllLines = static_cast<std::size_t>(-1);
+  static constexpr double kBarMargin = 0.15;
+
+  const Pages& pages_;
+  Page page_;
+  double y_;
+};
+
+Page Pages::PageAt(std::size_t index) const {
+  return Drawing(*this).Draw(index);
+}
+
+}  // namespace tallyfold

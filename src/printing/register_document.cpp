@@ -1,0 +1,285 @@
+#include "printing/register_document.h"
+
+#include <algorithm>
+#include <memory>
+#include <optional>
+#include <string_view>
+#include <utility>
+#include <variant>
+#include <vector>
+
+#include "filters/filter_types.h"
+#include "model/text.h"
+#include "platform/ambient.h"
+#include "printing/document_head.h"
+#include "printing/figures.h"
+#include "printing/split_lines.h"
+
+namespace tallyfold {
+namespace {
+
+constexpr std::string_view kDate = "date";
+constexpr std::string_view kCheck = "check";
+constexpr std::string_view kDescription = "description";
+constexpr std::string_view kToFrom = "toFrom";
+constexpr std::string_view kAmount = "amount";
+constexpr std::string_view kBalance = "balance";
+constexpr std::string_view kCheckMark = "\u2713";
+
+// Columns whose texts may be shortened: how many characters each wants, and needs.
+struct TextColumn {
+  std::string_view identifier;
+  std::size_t wanted;
+  std::size_t least;
+};
+constexpr TextColumn kTextColumns[] = {{"type", 10, 4}, {kDescription, 18, 6}, {kToFrom, 14, 5}};
+
+struct UnlockedHost final : LDGRAccountTableViewData::Host {
+  [[nodiscard]] bool IsUnlocked() const override { return true; }
+};
+
+std::vector<TableColumn> ColumnsShown(const LDGRAccountTableViewData& rows) {
+  std::vector<TableColumn> columns = rows.VisibleTableColumns();
+  return columns.empty() ? DefaultRegisterColumns() : columns;
+}
+
+// The rows of a register, between the balance brought forward and the closing line.
+class RegisterRows final : public PrintRows {
+ public:
+  RegisterRows(const LDGRAccountTableViewData& rows, const LDGRPreferences& preferences,
+               const RegisterPrintOptions& options)
+      : figures_(preferences),
+        splits_(options.splits),
+        notes_(options.notes),
+        today_(options.today),
+        columns_(ColumnsShown(rows)),
+        entries_(rows.GetEntries()) {
+    texts_.SetAccount(rows.GetAccount());
+    texts_.SetDateFormat(figures_.DateFormat());
+    texts_.SetEntries(entries_);
+    balances_.reserve(entries_.size());
+    for (std::size_t i = 0; i < entries_.size(); ++i) {
+      balances_.push_back(rows.RunningBalanceOfRow(i));
+      total_ += entries_[i]->GetAmount();
+    }
+    amount_column_ = ColumnNamed(kAmount);
+    balance_column_ = ColumnNamed(kBalance);
+    description_column_ = ColumnNamed(kDescription);
+    FindLabelColumns();
+    carries_over_ = balance_column_ && !entries_.empty() && rows.SortColumn() == kDate &&
+                    !rows.SortsDescending();
+  }
+
+  [[nodiscard]] std::vector<PrintColumn> Columns() const;
+  // Where notes and split lines stand.
+  [[nodiscard]] std::size_t NoteColumn() const {
+    return description_column_.value_or(label_column_);
+  }
+
+  [[nodiscard]] std::size_t Count() const override { return Opening() + entries_.size() + 1; }
+  [[nodiscard]] RowShape ShapeOf(std::size_t row) const override;
+  [[nodiscard]] PrintRow RowAt(std::size_t row) const override;
+  [[nodiscard]] bool CarriesOver() const override { return carries_over_; }
+  [[nodiscard]] PrintLine LineAfter(std::size_t row) const override {
+    const std::size_t entry = std::min(row - std::min(row, Opening()), balances_.size() - 1);
+    return BroughtForward(balances_[entry]);
+  }
+
+ private:
+  [[nodiscard]] std::size_t Opening() const { return carries_over_ ? 1 : 0; }
+  [[nodiscard]] std::optional<std::size_t> ColumnNamed(std::string_view identifier) const {
+    const auto found = std::ranges::find(columns_, identifier, &TableColumn::identifier);
+    if (found == columns_.end()) return std::nullopt;
+    return static_cast<std::size_t>(found - columns_.begin());
+  }
+  void FindLabelColumns();
+
+  [[nodiscard]] PrintLine BroughtForward(double balance) const;
+  [[nodiscard]] PrintLine Closing() const;
+  [[nodiscard]] PrintLine EntryLine(std::size_t index) const;
+  [[nodiscard]] SplitColumns ColumnsOfSplits() const;
+  void AddLabel(PrintLine& line, std::string text) const {
+    if (label_span_ != 0) line.cells.push_back({label_column_, std::move(text), label_span_});
+  }
+
+  UnlockedHost host_;
+  PrintedFigures figures_;
+  bool splits_;
+  bool notes_;
+  DateNumber today_;
+  std::vector<TableColumn> columns_;
+  EntryList entries_;
+  std::vector<double> balances_;  // by row
+  double total_ = 0.0;
+  LDGRAccountTableViewData texts_{host_};
+  std::optional<std::size_t> amount_column_;
+  std::optional<std::size_t> balance_column_;
+  std::optional<std::size_t> description_column_;
+  // The widest stretch of columns without figures, for the words beside a sum; none when there are
+  // but figures.
+  std::size_t label_column_ = 0;
+  std::size_t label_span_ = 0;
+  bool carries_over_ = false;
+};
+
+void RegisterRows::FindLabelColumns() {
+  double widest = 0.0;
+  double width = 0.0;
+  std::size_t first = 0;
+  for (std::size_t i = 0; i < columns_.size(); ++i) {
+    if (i == amount_column_ || i == balance_column_) {
+      first = i + 1;
+      width = 0.0;
+      continue;
+    }
+    width += std::max(columns_[i].width, 1.0);
+    if (width <= widest) continue;
+    widest = width;
+    label_column_ = first;
+    label_span_ = i + 1 - first;
+  }
+}
+
+std::vector<PrintColumn> RegisterRows::Columns() const {
+  DateShapes dates;
+  AmountShapes amounts;
+  AmountShapes balances;
+  std::int32_t least_check = 0;
+  std::int32_t greatest_check = 0;
+  amounts.Add(total_);
+  for (std::size_t i = 0; i < entries_.size(); ++i) {
+    const LDGRAccountEntry& entry = *entries_[i];
+    dates.Add(entry.GetDate());
+    amounts.Add(entry.GetAmount());
+    balances.Add(balances_[i]);
+    if (i == 0) balances.Add(balances_[i] - entry.GetAmount());
+    if (entry.IsCheck()) {
+      least_check = std::min(least_check, entry.GetCheckNumber());
+      greatest_check = std::max(greatest_check, entry.GetCheckNumber());
+    }
+    if (splits_) AddSplitAmounts(entry, amounts);
+  }
+  std::vector<PrintColumn> columns;
+  for (const TableColumn& shown : columns_) {
+    PrintColumn column{LocalizedText(TitleOfRegisterColumn(shown.identifier))};
+    const auto* const text =
+        std::ranges::find(kTextColumns, shown.identifier, &TextColumn::identifier);
+    if (text != std::end(kTextColumns)) {
+      column.share = std::max(shown.width, 1.0);
+      column.wanted = text->wanted;
+      column.least = text->least;
+    } else if (shown.identifier == kDate) {
+      column.samples = dates.Samples(figures_);
+    } else if (shown.identifier == kCheck) {
+      column.alignment = PrintAlignment::Right;
+      column.samples = {std::to_string(least_check), std::to_string(greatest_check)};
+    } else if (shown.identifier == kAmount || shown.identifier == kBalance) {
+      column.alignment = PrintAlignment::Right;
+      column.samples = (shown.identifier == kAmount ? amounts : balances).Samples(figures_);
+    } else {
+      column.alignment = PrintAlignment::Center;
+      column.samples = {std::string(kCheckMark)};
+    }
+    columns.push_back(std::move(column));
+  }
+  return columns;
+}
+
+RowShape RegisterRows::ShapeOf(std::size_t row) const {
+  if (row < Opening()) return {.is_kept_with_next = true};
+  const std::size_t index = row - Opening();
+  if (index == entries_.size()) return {.has_rule_above = true};
+  const LDGRAccountEntry& entry = *entries_[index];
+  RowShape shape{.is_kept_with_next = index + 1 == entries_.size()};
+  if (splits_) shape.details = SplitLineCount(entry);
+  if (notes_) shape.note = entry.GetNotes();
+  return shape;
+}
+
+PrintRow RegisterRows::RowAt(std::size_t row) const {
+  if (row < Opening()) return {BroughtForward(balances_[0] - entries_[0]->GetAmount())};
+  const std::size_t index = row - Opening();
+  if (index == entries_.size()) return {Closing()};
+  const LDGRAccountEntry& entry = *entries_[index];
+  PrintRow printed{EntryLine(index)};
+  if (splits_) printed.details = SplitLines(entry, ColumnsOfSplits(), figures_);
+  return printed;
+}
+
+PrintLine RegisterRows::BroughtForward(double balance) const {
+  PrintLine line{.cells = {}, .style = TextStyle::Italic};
+  AddLabel(line, LocalizedText("Balance brought forward"));
+  line.cells.push_back({*balance_column_, figures_.Amount(balance)});
+  return line;
+}
+
+PrintLine RegisterRows::Closing() const {
+  PrintLine line{.cells = {}, .style = TextStyle::Strong};
+  const std::string count = CountInWords(entries_.size(), "entry", "entries");
+  AddLabel(line, carries_over_ ? MessageWithText(LocalizedText("Closing balance, %@"), count)
+                               : MessageWithText(LocalizedText("Total of %@"), count));
+  if (amount_column_) line.cells.push_back({*amount_column_, figures_.Amount(total_)});
+  if (carries_over_) line.cells.push_back({*balance_column_, figures_.Amount(balances_.back())});
+  return line;
+}
+
+PrintLine RegisterRows::EntryLine(std::size_t index) const {
+  const bool is_to_come = figures_.ItalicizesFuture() && entries_[index]->GetDate() > today_;
+  PrintLine line{.cells = {}, .style = is_to_come ? TextStyle::Italic : TextStyle::Body};
+  for (std::size_t i = 0; i < columns_.size(); ++i) {
+    if (i == amount_column_) {
+      line.cells.push_back({i, figures_.Amount(entries_[index]->GetAmount())});
+    } else if (i == balance_column_) {
+      line.cells.push_back({i, figures_.Amount(balances_[index])});
+    } else {
+      const TableCell cell = texts_.tableView(columns_[i].identifier, index);
+      line.cells.push_back({i, std::get<std::string>(cell.value)});
+    }
+  }
+  return line;
+}
+
+SplitColumns RegisterRows::ColumnsOfSplits() const {
+  SplitColumns columns{NoteColumn(), ColumnNamed(kToFrom), amount_column_};
+  if (columns.to_from == columns.text) columns.to_from.reset();
+  // Where there are only figures, the sums alone tell the lines.
+  if (label_span_ == 0) columns.text.reset();
+  return columns;
+}
+
+std::string SortInWords(const LDGRAccountTableViewData& rows) {
+  const std::string title = LocalizedText(TitleOfRegisterColumn(rows.SortColumn()));
+  if (title.empty()) return "";
+  return MessageWithText(
+      LocalizedText(rows.SortsDescending() ? "Sorted by %@, descending" : "Sorted by %@"), title);
+}
+
+}  // namespace
+
+PrintDocument RegisterDocument(const LDGRAccountTableViewData& rows,
+                               const LDGRPreferences& preferences,
+                               const RegisterPrintOptions& options) {
+  PrintDocument document = DocumentOf(*rows.GetAccount(), preferences, options.today);
+  document.head.push_back(
+      {MessageWithText(LocalizedText("Register: %@"), options.filter), SortInWords(rows)});
+  document.tables.push_back(RegisterTable(rows, preferences, options));
+  return document;
+}
+
+PrintTable RegisterTable(const LDGRAccountTableViewData& rows, const LDGRPreferences& preferences,
+                         const RegisterPrintOptions& options) {
+  const auto printed = std::make_shared<RegisterRows>(rows, preferences, options);
+  return {"", printed->Columns(), printed, printed->NoteColumn()};
+}
+
+std::string FilterInWords(std::int32_t type, const plist::Value& data) {
+  const FilterType* const filter = FilterTypeWithNumber(type);
+  if (filter == nullptr) return LocalizedText("all entries");
+  const std::string name = LocalizedText(filter->name);
+  if (filter->rule != FilterType::Rule::SearchText) return name;
+  const std::string text(data.StringValue());
+  if (text.empty()) return LocalizedText("all entries");
+  return name + ": " + text;
+}
+
+}  // namespace tallyfold
