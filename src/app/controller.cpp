@@ -35,6 +35,7 @@ struct LDGRController::Hosts final : AccountsStore::Host,
                                      Registers::Host,
                                      EntrySpeaker::Host,
                                      Tabs::Host,
+                                     Printing::Host,
                                      IdleWatch::Host,
                                      TextEditing::Host,
                                      Lifecycle::Host {
@@ -135,6 +136,8 @@ struct LDGRController::Hosts final : AccountsStore::Host,
   RegisterKind ShownRegister() const override { return app.tabs_.ShownRegister(); }
   void SetCurrentRegister(RegisterKind kind) override { app.registers_.SetCurrent(kind); }
   LDGRAccountTableViewData* CurrentRegister() override { return &app.registers_.Current(); }
+  RegisterKind CurrentRegisterKind() const override { return app.registers_.CurrentKind(); }
+  Tab SelectedTab() const override { return app.tabs_.State().selected; }
   void GiveCurrentRegister(EntryList entries) override {
     app.reveal_.Forget();
     app.registers_.Current().Reload(std::move(entries));
@@ -262,6 +265,7 @@ LDGRController::LDGRController(const Services& services)
       speaker_(services.loop, services.speech, *hosts_),
       amount_fields_(services.loop, services.speech),
       tabs_(*hosts_, refresh_, front_end_),
+      printing_(*hosts_),
       idle_(services.loop, *hosts_),
       text_editing_(services.notifications, *hosts_),
       lifecycle_(*hosts_,

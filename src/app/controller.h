@@ -27,6 +27,7 @@
 #include "app/menus.h"
 #include "app/modal_watch.h"
 #include "app/preferences_sheet.h"
+#include "app/printing.h"
 #include "app/refresh.h"
 #include "app/registers.h"
 #include "app/schedule_adding.h"
@@ -509,6 +510,14 @@ class LDGRController {
     return schedule_commit_.Skip(occurrence);
   }
 
+  // --- app/printing.h ----------------------------------------------------------------------------
+  [[nodiscard]] PrintKind Print_KindShown() const noexcept { return printing_.KindShown(); }
+  [[nodiscard]] bool Print_IsPossible(PrintKind kind) const { return printing_.CanPrint(kind); }
+  [[nodiscard]] std::optional<Pages> Print_Pages(PrintKind kind, const PrintOptions& options,
+                                                 const TextMetric& metric) {
+    return printing_.MakePages(kind, options, metric);
+  }
+
   // --- app/refresh.h -----------------------------------------------------------------------------
   void AccountBalance_Field_Update() { refresh_.AccountBalance_Field_Update(); }
   void ReconcileTab_UpdateBalances() { refresh_.ReconcileTab_UpdateBalances(); }
@@ -554,6 +563,7 @@ class LDGRController {
   EntrySpeaker speaker_;
   AmountFields amount_fields_;
   Tabs tabs_;
+  Printing printing_;
   IdleWatch idle_;
   TextEditing text_editing_;
   // Last: what it brings up must be there.

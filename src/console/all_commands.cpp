@@ -15,6 +15,7 @@ std::span<const Subject> AllSubjects() {
       {"Schedules", ScheduleCommands()},
       {"Summaries", SummaryCommands()},
       {"Window", WindowCommands()},
+      {"Printing", PrintCommands()},
       {"Files", StorageCommands()},
       {"Passwords", PasswordCommands()},
       {"Preferences", PreferenceCommands()},

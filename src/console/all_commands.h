@@ -17,6 +17,7 @@ namespace tallyfold::console {
 [[nodiscard]] std::span<const Command> GeneralCommands();
 [[nodiscard]] std::span<const Command> PasswordCommands();
 [[nodiscard]] std::span<const Command> PreferenceCommands();
+[[nodiscard]] std::span<const Command> PrintCommands();
 [[nodiscard]] std::span<const Command> RegisterCommands();
 [[nodiscard]] std::span<const Command> ScheduleCommands();
 [[nodiscard]] std::span<const Command> SpeechCommands();

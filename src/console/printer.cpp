@@ -8,6 +8,10 @@ void Printer::Show(const Table& table) {
   terminal_.Write(terminal_.WritesToPerson() ? table.Aligned() : table.TabSeparated());
 }
 
+void Printer::ShowText(std::string_view lines) {
+  terminal_.Write(lines);
+}
+
 void Printer::Confirm(std::string_view text) {
   if (terminal_.WritesToPerson()) terminal_.Write(Printable(text) + '\n');
 }

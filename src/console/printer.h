@@ -13,6 +13,8 @@ class Printer {
   explicit Printer(Terminal& terminal) noexcept : terminal_(terminal) {}
 
   void Show(const Table& table);
+  // Lines that are finished.
+  void ShowText(std::string_view lines);
   // A line that tells a person what has been done. Programs do without.
   void Confirm(std::string_view text);
   // A line beside the answer, on standard error.

@@ -11,6 +11,12 @@
 namespace tallyfold {
 namespace {
 
+// Sums of parts miss the whole by rounding errors.
+constexpr double kTolerance = 1e-6;
+
+// How many times what a column wants it counts at most when width is dealt out.
+constexpr double kMostShare = 2.0;
+
 // A letter of middling width stands for any.
 double WidthOfCharacters(std::size_t count, const TextMetric& metric) {
   return static_cast<double>(count) * metric.Width("n", TextStyle::Body);
@@ -32,13 +38,17 @@ ColumnLayout::ColumnLayout(const std::vector<PrintColumn>& columns, const TextMe
   for (const PrintColumn& column : columns) {
     const double title = std::ceil(metric.Width(OnOneLine(column.title), TextStyle::ColumnTitle));
     const double natural = std::max(title, WidestSample(column.samples, metric));
-    Needs needs{column.share, natural, natural, natural};
-    if (column.share > 0.0) {
+    Needs needs{0.0, natural, natural, natural, column.takes_rest};
+    if (column.is_elastic) {
+      const double wanted = std::ceil(WidthOfCharacters(column.wanted, metric));
+      const double least = std::ceil(WidthOfCharacters(column.least, metric));
       if (column.samples.empty()) needs.most = std::numeric_limits<double>::infinity();
-      needs.least =
-          std::max(title, std::min(needs.most, std::ceil(WidthOfCharacters(column.least, metric))));
-      needs.wanted = std::max(
-          needs.least, std::min(needs.most, std::ceil(WidthOfCharacters(column.wanted, metric))));
+      needs.least = std::max(title, std::min(needs.most, least));
+      needs.wanted = std::max(needs.least, std::min(needs.most, wanted));
+      // One very long text does not take the room of all others.
+      needs.share =
+          column.samples.empty() ? needs.wanted : std::min(needs.most, kMostShare * needs.wanted);
+      needs.share = std::max(needs.share, 1.0);
     }
     const double gap = columns_.empty() ? 0.0 : gap_;
     least_ += gap + needs.least;
@@ -49,7 +59,8 @@ ColumnLayout::ColumnLayout(const std::vector<PrintColumn>& columns, const TextMe
 
 // Deals the width out by shares, within what each column needs and can use. Columns that come to a
 // limit are settled there, and the rest is dealt out anew: first those below their least width or
-// those above their most, whichever weighs more.
+// those above their most, whichever weighs more. Whole points; what is over goes to the column that
+// takes the rest.
 std::vector<double> ColumnLayout::Widths(double width) const {
   std::vector<double> widths;
   std::vector<std::size_t> open;
@@ -84,7 +95,16 @@ std::vector<double> ColumnLayout::Widths(double width) const {
     left -= settled;
     open = std::move(unsettled);
   }
-  for (double& column : widths) column = std::floor(column);
+  double over = left;
+  for (double& column : widths) {
+    over += column - std::floor(column);
+    column = std::floor(column);
+  }
+  for (std::size_t i = 0; i < widths.size(); ++i) {
+    if (!columns_[i].takes_rest) continue;
+    widths[i] += std::floor(over + kTolerance);
+    break;
+  }
   return widths;
 }
 

@@ -22,16 +22,17 @@ class ColumnLayout {
   // column has what it wants.
   [[nodiscard]] double LeastWidth() const noexcept { return least_; }
   [[nodiscard]] double WantedWidth() const noexcept { return wanted_; }
-  // The columns in order, for a width of at least LeastWidth(). Those without a share have whole
+  // The columns in order, for a width of at least LeastWidth(), each of whole
   // points.
   [[nodiscard]] std::vector<PlacedColumn> Placed(double width) const;
 
  private:
   struct Needs {
-    double share = 0.0;
+    double share = 0.0;  // 0 for a column that is not elastic
     double least = 0.0;
     double wanted = 0.0;
     double most = 0.0;
+    bool takes_rest = false;
   };
 
   [[nodiscard]] std::vector<double> Widths(double width) const;

@@ -21,16 +21,18 @@ enum class PrintAlignment : std::uint8_t { Left, Right, Center };
 struct PrintColumn {
   std::string title = {};
   PrintAlignment alignment = PrintAlignment::Left;
-  // 0 for a column whose texts must not be cut: it is as wide as the widest of `samples`, each
-  // measured with its widest digits, and its texts are of their shapes. Otherwise the column takes
-  // this share of the width that such columns leave, and texts too long for it are shortened.
-  double share = 0.0;
-  // Of a column with a share: it becomes no wider than they need. Empty for no limit.
+  // The texts of the column, or some that show the widest shapes: each is measured with its widest
+  // digits. The column is as wide as they need, and its texts are never cut.
   std::vector<std::string> samples = {};
-  // Of a column with a share, in characters of middling width: what makes it worth turning the
-  // paper, and what it cannot do without.
+  // Instead, what the other columns leave is dealt out among the elastic ones by what each needs
+  // (without samples, what it wants), and texts that are too long are shortened.
+  bool is_elastic = false;
+  // Of an elastic column, in characters of middling width: what makes it worth turning the paper,
+  // and what it cannot do without.
   std::size_t wanted = 0;
   std::size_t least = 0;
+  // Of one elastic column: it is made wider when the columns need less than the page has.
+  bool takes_rest = false;
 };
 
 // A text in a line, aligned as its column is; one that spans several columns stands at their left.
@@ -86,13 +88,14 @@ class PrintRows {
 };
 
 // A table with all that belongs to it. The title, if any, and the titles of the columns are not
-// left alone at the end of a page, and stand again on each page that goes on with it.
+// left with less than two rows at the end of a page, and stand again on each page that goes on with
+// it.
 struct PrintTable {
   std::string title = {};
   std::vector<PrintColumn> columns = {};
   // Not null when pages are made.
   std::shared_ptr<const PrintRows> rows = nullptr;
-  // Where notes begin; they run to the end of the table.
+  // Where notes begin; they run to the edge of the page.
   std::size_t note_column = 0;
 };
 

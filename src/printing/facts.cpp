@@ -28,7 +28,7 @@ void Facts::AddResult(std::string words, std::string figure, std::string note) {
 PrintTable Facts::Table(std::string title) const {
   PrintTable table{std::move(title)};
   table.columns = {
-      {.share = 1.0, .samples = words_, .wanted = kWanted, .least = kLeast},
+      {.samples = words_, .is_elastic = true, .wanted = kWanted, .least = kLeast},
       {.alignment = PrintAlignment::Right, .samples = figures_},
   };
   std::vector<ReadyRows::Row> rows = rows_;

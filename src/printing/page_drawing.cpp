@@ -145,7 +145,7 @@ class Pages::Drawing {
     const PlacedColumn& last = pages_.columns_[table][cell.column + cell.span - 1];
     const double width = last.x + last.width - first.x;
     std::string text = OnOneLine(cell.text);
-    if (column.share > 0.0 || cell.span > 1) {
+    if (column.is_elastic || cell.span > 1) {
       text = Shortened(text, width, style, *pages_.metric_);
     }
     double x = Left() + first.x;

@@ -51,7 +51,8 @@ class Pages::Cutter {
     for (bool is_kept = true; is_kept && end < count && height <= pages_.body_height_; ++end) {
       const RowShape shape = rows_->ShapeOf(end);
       height += pages_.RowHeight(first.table, shape);
-      is_kept = shape.is_kept_with_next;
+      // Below its titles a table has two rows.
+      is_kept = shape.is_kept_with_next || end == 0;
     }
     if (!PlaceWhole(first, height)) {
       for (std::size_t row = first.row; row < end; ++row) PlaceRow({first.table, row});
@@ -199,7 +200,7 @@ double Pages::NoteX(std::size_t table) const {
 
 std::vector<std::string> Pages::BrokenNote(std::size_t table, std::string_view note) const {
   if (note.empty()) return {};
-  return Wrapped(note, TableWidth(table) - NoteX(table), TextStyle::Italic, *metric_);
+  return Wrapped(note, width_ - NoteX(table), TextStyle::Italic, *metric_);
 }
 
 }  // namespace tallyfold

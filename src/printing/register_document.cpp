@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <memory>
 #include <optional>
+#include <set>
 #include <string_view>
 #include <utility>
 #include <variant>
@@ -33,6 +34,8 @@ struct TextColumn {
   std::size_t least;
 };
 constexpr TextColumn kTextColumns[] = {{"type", 10, 4}, {kDescription, 18, 6}, {kToFrom, 14, 5}};
+
+constexpr std::size_t kMostSamples = 2000;
 
 struct UnlockedHost final : LDGRAccountTableViewData::Host {
   [[nodiscard]] bool IsUnlocked() const override { return true; }
@@ -94,6 +97,7 @@ class RegisterRows final : public PrintRows {
   }
   void FindLabelColumns();
 
+  [[nodiscard]] std::vector<std::string> TextSamples(std::string_view column) const;
   [[nodiscard]] PrintLine BroughtForward(double balance) const;
   [[nodiscard]] PrintLine Closing() const;
   [[nodiscard]] PrintLine EntryLine(std::size_t index) const;
@@ -160,14 +164,17 @@ std::vector<PrintColumn> RegisterRows::Columns() const {
     if (splits_) AddSplitAmounts(entry, amounts);
   }
   std::vector<PrintColumn> columns;
+  columns.reserve(columns_.size());
   for (const TableColumn& shown : columns_) {
     PrintColumn column{LocalizedText(TitleOfRegisterColumn(shown.identifier))};
     const auto* const text =
         std::ranges::find(kTextColumns, shown.identifier, &TextColumn::identifier);
     if (text != std::end(kTextColumns)) {
-      column.share = std::max(shown.width, 1.0);
+      column.is_elastic = true;
       column.wanted = text->wanted;
       column.least = text->least;
+      column.samples = TextSamples(shown.identifier);
+      column.takes_rest = shown.identifier == kDescription;
     } else if (shown.identifier == kDate) {
       column.samples = dates.Samples(figures_);
     } else if (shown.identifier == kCheck) {
@@ -185,10 +192,29 @@ std::vector<PrintColumn> RegisterRows::Columns() const {
   return columns;
 }
 
+// So that no text is cut while there is room. Of many entries some text is sure
+// to be long, so that it does not pay to look at all.
+std::vector<std::string> RegisterRows::TextSamples(std::string_view column) const {
+  std::set<std::string> samples;
+  if (entries_.size() > kMostSamples) return {};
+  for (std::size_t i = 0; i < entries_.size(); ++i) {
+    samples.insert(std::get<std::string>(texts_.tableView(column, i).value));
+    if (!splits_) continue;
+    const SplitColumns wanted = column == kToFrom        ? SplitColumns{.to_from = 0}
+                                : column == kDescription ? SplitColumns{.text = 0, .to_from = 1}
+                                                         : SplitColumns{};
+    for (const PrintLine& line : SplitLines(*entries_[i], wanted, figures_)) {
+      for (const PrintCell& cell : line.cells)
+        if (cell.column == 0) samples.insert(cell.text);
+    }
+  }
+  return {samples.begin(), samples.end()};
+}
+
 RowShape RegisterRows::ShapeOf(std::size_t row) const {
   if (row < Opening()) return {.is_kept_with_next = true};
   const std::size_t index = row - Opening();
-  if (index == entries_.size()) return {.has_rule_above = true};
+  if (index == entries_.size()) return {.has_rule_above = index != 0};
   const LDGRAccountEntry& entry = *entries_[index];
   RowShape shape{.is_kept_with_next = index + 1 == entries_.size()};
   if (splits_) shape.details = SplitLineCount(entry);
@@ -279,7 +305,7 @@ std::string FilterInWords(std::int32_t type, const plist::Value& data) {
   if (filter->rule != FilterType::Rule::SearchText) return name;
   const std::string text(data.StringValue());
   if (text.empty()) return LocalizedText("all entries");
-  return name + ": " + text;
+  return name + " “" + text + "”";
 }
 
 }  // namespace tallyfold

@@ -13,7 +13,7 @@ namespace tallyfold {
 
 struct RegisterPrintOptions {
   // What the register is filtered by, as FilterInWords() gives it.
-  std::string filter;
+  std::string filter = {};
   bool splits = false;
   bool notes = false;
   DateNumber today = kNullDate;
@@ -34,7 +34,7 @@ struct RegisterPrintOptions {
                                        const LDGRPreferences& preferences,
                                        const RegisterPrintOptions& options);
 
-// "all entries", "Last Month", "Description: rent".
+// "all entries", "Last Month", "Description “rent”".
 [[nodiscard]] std::string FilterInWords(std::int32_t type, const plist::Value& data);
 
 }  // namespace tallyfold

@@ -37,18 +37,17 @@ std::vector<PrintColumn> EmptyColumns() {
   const auto whole = [](std::string_view title, PrintAlignment alignment) {
     return PrintColumn{.title = LocalizedText(title), .alignment = alignment};
   };
-  const auto text = [](std::string_view title, double share, std::size_t wanted,
-                       std::size_t least) {
+  const auto text = [](std::string_view title, std::size_t wanted, std::size_t least) {
     return PrintColumn{
-        .title = LocalizedText(title), .share = share, .wanted = wanted, .least = least};
+        .title = LocalizedText(title), .is_elastic = true, .wanted = wanted, .least = least};
   };
   return {whole("Next", PrintAlignment::Left),
-          text("Repeats", 3, 14, 8),
-          text("Until", 3, 12, 8),
+          text("Repeats", 14, 8),
+          text("Until", 12, 8),
           whole("Overdue", PrintAlignment::Right),
-          text("Type", 2, 8, 4),
-          text("Description", 4, 14, 6),
-          text("To/From", 3, 12, 5),
+          text("Type", 8, 4),
+          text("Description", 14, 6),
+          text("To/From", 12, 5),
           whole("Amount", PrintAlignment::Right)};
 }
 
@@ -59,6 +58,7 @@ PrintDocument ScheduleDocument(const LDGRAccount& account, const LDGRPreferences
   const PrintedFigures figures(preferences);
   PrintTable table;
   table.columns = EmptyColumns();
+  table.columns[kDescription].takes_rest = true;
   table.note_column = kDescription;
   std::vector<ReadyRows::Row> rows;
   AmountShapes amounts;

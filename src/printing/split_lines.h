@@ -15,9 +15,9 @@ namespace tallyfold {
 // Where they stand, as far as there are such columns. Without one for payees and sources, these
 // follow the description.
 struct SplitColumns {
-  std::optional<std::size_t> text;
-  std::optional<std::size_t> to_from;
-  std::optional<std::size_t> amount;
+  std::optional<std::size_t> text = {};
+  std::optional<std::size_t> to_from = {};
+  std::optional<std::size_t> amount = {};
 };
 
 // 0 for an entry without a split, as everything below is empty.

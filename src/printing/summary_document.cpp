@@ -52,7 +52,7 @@ class BarScale {
 PrintTable PeriodTable(const SummaryLayout& layout, const PrintedFigures& figures) {
   PrintTable table;
   PrintColumn& period =
-      table.columns.emplace_back(PrintColumn{.share = 1.0, .wanted = 16, .least = 8});
+      table.columns.emplace_back(PrintColumn{.is_elastic = true, .wanted = 16, .least = 8});
   const BarScale scale(layout.periods);
   std::vector<ReadyRows::Row> rows;
   for (const auto& line : layout.periods) {
@@ -80,7 +80,7 @@ PrintTable PeriodTable(const SummaryLayout& layout, const PrintedFigures& figure
   for (std::size_t i = 0; i < table.columns.size() && i < layout.period_columns.size(); ++i) {
     table.columns[i].title = layout.period_columns[i];
   }
-  if (layout.has_bars) table.columns.push_back({.share = 2.0, .wanted = 16, .least = 6});
+  if (layout.has_bars) table.columns.push_back({.is_elastic = true, .wanted = 16, .least = 6});
   table.rows = std::make_shared<ReadyRows>(std::move(rows));
   return table;
 }
@@ -100,7 +100,7 @@ std::string Percentage(double share) {
 // The same for all blocks, so that their figures stand below one another.
 std::vector<PrintColumn> BlockColumns(const SummaryLayout& layout, const PrintedFigures& figures) {
   std::vector<PrintColumn> columns = {
-      {.share = 1.0, .wanted = 24, .least = 8},
+      {.is_elastic = true, .wanted = 24, .least = 8},
       {.alignment = PrintAlignment::Right},
       {.alignment = PrintAlignment::Right},
       {.alignment = PrintAlignment::Right, .samples = {Percentage(1.0)}},
@@ -144,8 +144,9 @@ PrintDocument SummaryDocument(const LDGRAccount& account, const SummaryLayout& l
   const PrintedFigures figures(preferences);
   const SummaryLayout::Head& head = layout.head;
   PrintDocument document = DocumentOf(account, preferences, today);
-  document.head.push_back({head.name, head.range});
-  document.head.push_back({"", figures.Date(head.first) + " – " + figures.Date(head.last)});
+  document.head.push_back(
+      {head.name.substr(std::min(head.name.find_first_not_of(' '), head.name.size())),
+       head.range + ", " + figures.Date(head.first) + " – " + figures.Date(head.last)});
 
   Facts balances;
   balances.Add(LocalizedText("Start balance"), figures.Amount(head.start_balance));
@@ -166,7 +167,7 @@ PrintDocument SummaryDocument(const LDGRAccount& account, const SummaryLayout& l
   for (const auto& block : layout.blocks) {
     document.tables.push_back(BlockTable(block, columns, figures));
   }
-  if (layout.check != SummaryLayout::Check::EntriesLeftOut && !layout.check_title.empty()) {
+  if (layout.check == SummaryLayout::Check::EndsBeforeItStarts) {
     Facts check;
     check.Add(layout.check_title, "");
     document.tables.push_back(check.Table(""));

@@ -26,6 +26,9 @@
 namespace tallyfold::console {
 namespace {
 
+constexpr char kBlankLine = '_';
+constexpr std::string_view kFormFeed = "^L";
+
 enum class LineKind { Directive, Typed, Printed, Blank };
 
 struct TranscriptLine {
@@ -247,7 +250,17 @@ class Player final : private Terminal {
   std::optional<std::string> ReadSecret(std::string_view prompt) override {
     return ReadLine(prompt);
   }
-  void Write(std::string_view text) override { played_ += WithoutHome(text); }
+  void Write(std::string_view text) override {
+    for (const char c : WithoutHome(text)) {
+      // A blank line of the transcript itself says nothing.
+      if (c == '\n' && played_.ends_with('\n')) played_ += kBlankLine;
+      if (c == '\f') {
+        played_ += kFormFeed;
+      } else {
+        played_ += c;
+      }
+    }
+  }
   void WriteError(std::string_view text) override {
     std::string lines = WithoutHome(text);
     while (!lines.empty()) {

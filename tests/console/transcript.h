@@ -12,9 +12,9 @@ namespace tallyfold::console {
 //   number  name  balance         what is answered on standard output
 //   ! error: line 1: ...          and on standard error
 //
-// Blank lines separate; comments are typed, as the console takes them. The first line typed begins
-// a session, the next directive ends it. Directives take words as the console does; paths are those
-// of the home folder:
+// Blank lines separate; those that are printed stand as "_", and form feeds as "^L". Comments are
+// typed, as the console takes them. The first line typed begins a session, the next directive ends
+// it. Directives take words as the console does; paths are those of the home folder:
 //
 //   today YYYY-MM-DD       sets the clock, which stands still at noon
 //   dates FORMAT           the user's short date format
