@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "filters/filter_types.h"
+#include "platform/ambient.h"
 
 namespace tallyfold {
 namespace {
@@ -23,6 +24,9 @@ struct LDGRController::Hosts final : AccountsStore::Host,
                                      EntryReveal::Host,
                                      ScheduleAdding::Host,
                                      ScheduleCommit::Host,
+                                     ExportCommands::Host,
+                                     LDGRQIFImportController::Host,
+                                     QifImportCommand::Host,
                                      AccountPasswords::Host,
                                      AccountRemoval::Host,
                                      AccountSummaryTab::Host,
@@ -59,6 +63,9 @@ struct LDGRController::Hosts final : AccountsStore::Host,
   bool Account_Add() override { return app.Account_Add(); }
   bool Account_Edit() override { return app.Account_Edit(); }
   bool Accounts_Save() override { return app.Accounts_Save(); }
+  bool Accounts_SaveToFilePath(const std::string& path) override {
+    return app.Accounts_SaveToFilePath(path);
+  }
   bool AccountsWantSaving() const override {
     return app.authenticated() && app.selection_.HasPostLoaded() &&
            app.accounts_.HasUnsavedChanges();
@@ -201,10 +208,23 @@ struct LDGRController::Hosts final : AccountsStore::Host,
   void DropSuggestion() override { app.editing_.DropSuggestion(); }
   void ObserveTextEditing() override { app.text_editing_.Observe(); }
 
+  // --- Import ---
+  bool EditOwned(EditedEntry edited) override { return app.editing_.EditOwned(std::move(edited)); }
+  bool ConfirmImport(std::size_t count) override {
+    return app.modal_.Run({LocalizedText("Import"),
+                           LocalizedText("Entries to import:") + ' ' + std::to_string(count),
+                           {LocalizedText("OK"), LocalizedText("Cancel")}}) == 0;
+  }
+  void Speak(std::string text) override { app.speaker_.SpeakText(std::move(text)); }
+  void ImportEnded() override { app.import_command_.Ended(); }
+  void RefreshSummaryIfShowing() override {
+    if (app.tabs_.State().selected == Tab::Summary) ShowSummary(app.selection_.Selected().get());
+  }
+
   // --- The main window ---
   void CloseMainWindow() override { app.window_->Close(); }
   void FocusPasswordField() override { app.window_->FocusPasswordField(); }
-  bool ModalWindowIsUp() const override { return app.modal_.IsUp(); }
+  bool ModalWindowIsUp() const override { return app.modal_.IsUp() || app.import_.IsRunning(); }
   void PreferencesChanged() override {
     app.window_->updateTableFonts();
     app.window_->UpdateTableRowHeights();
@@ -251,6 +271,8 @@ LDGRController::LDGRController(const Services& services)
       reveal_(*hosts_, links_, front_end_),
       schedule_adding_(*hosts_, refresh_),
       schedule_commit_(*hosts_, links_, refresh_),
+      export_(*hosts_, services.files, services.encodings, modal_, modal_),
+      import_(*hosts_, services.files, services.encodings, sheets_, front_end_),
       account_passwords_(*hosts_, sheets_, window_, front_end_),
       account_removal_(*hosts_, modal_, sheets_, refresh_),
       summary_tab_(*hosts_, modal_, sheets_, front_end_),
@@ -267,6 +289,7 @@ LDGRController::LDGRController(const Services& services)
       tabs_(*hosts_, refresh_, front_end_),
       printing_(*hosts_),
       idle_(services.loop, *hosts_),
+      import_command_(*hosts_, import_, services.encodings, modal_, idle_, refresh_),
       text_editing_(services.notifications, *hosts_),
       lifecycle_(*hosts_,
                  {data_lock_, window_, updates_, preferences_, accounts_, services.notifications,
@@ -305,6 +328,8 @@ void LDGRController::CancelOpenSheet() {
       return AccountSummarySheet_Cancel();
     case Sheet::Preferences:
       return PreferencesSheet_Cancel();
+    case Sheet::ImportOptions:
+      return import_.ImportOptions_Cancel();
   }
 }
 

@@ -20,6 +20,7 @@
 #include "app/entry_editing.h"
 #include "app/entry_removal.h"
 #include "app/entry_reveal.h"
+#include "app/export_commands.h"
 #include "app/front_end_slot.h"
 #include "app/idle_watch.h"
 #include "app/lifecycle.h"
@@ -28,6 +29,8 @@
 #include "app/modal_watch.h"
 #include "app/preferences_sheet.h"
 #include "app/printing.h"
+#include "app/qif_import_command.h"
+#include "app/qif_import_controller.h"
 #include "app/refresh.h"
 #include "app/registers.h"
 #include "app/schedule_adding.h"
@@ -464,6 +467,34 @@ class LDGRController {
     return editing_.OKThenNew(editing_.Transfer(), EntryKind::Transfer);
   }
 
+  // --- app/export_commands.h ---------------------------------------------------------------------
+  void export_MenuItem(std::int32_t tag) { export_.export_MenuItem(tag); }
+  WriteResult ExportQIF() { return export_.ExportQIF(); }
+  WriteResult ExportText() { return export_.ExportText(); }
+  WriteResult SaveAs() { return export_.SaveAs(); }
+  bool Save() { return export_.Save(); }
+  [[nodiscard]] std::optional<std::string> userEnteredFilename(const std::string& folder,
+                                                               const std::string& name,
+                                                               bool confirmed) {
+    return export_.userEnteredFilename(folder, name, confirmed);
+  }
+  [[nodiscard]] LDGRQIFExportAccessoryView& sharedQIFExportAccessoryView() noexcept {
+    return export_.QIFAccessory();
+  }
+  [[nodiscard]] LDGRExportAccessoryManager& exportAccessoryManager() noexcept {
+    return export_.TextAccessory();
+  }
+
+  // --- app/qif_import_command.h, app/qif_import_controller.h -------------------------------------
+  bool QIFImport_MenuItem() { return QIFImport(); }
+  bool QIFImport() { return import_command_.QIFImport(); }
+  [[nodiscard]] EncodingMenu& ImportEncodings() noexcept { return import_command_.Encodings(); }
+  // The options sheet and the review, with their operations.
+  [[nodiscard]] LDGRQIFImportController& sharedQIFImportController() noexcept { return import_; }
+  [[nodiscard]] const LDGRQIFImportController& sharedQIFImportController() const noexcept {
+    return import_;
+  }
+
   // --- app/transfer_links.h ----------------------------------------------------------------------
   [[nodiscard]] std::shared_ptr<LDGRAccountEntry> Transfer_LinkedEntry(
       const LDGRAccountEntry* entry) const {
@@ -548,6 +579,8 @@ class LDGRController {
   EntryReveal reveal_;
   ScheduleAdding schedule_adding_;
   ScheduleCommit schedule_commit_;
+  ExportCommands export_;
+  LDGRQIFImportController import_;
   AccountPasswords account_passwords_;
   AccountRemoval account_removal_;
   AccountSummaryTab summary_tab_;
@@ -565,6 +598,7 @@ class LDGRController {
   Tabs tabs_;
   Printing printing_;
   IdleWatch idle_;
+  QifImportCommand import_command_;
   TextEditing text_editing_;
   // Last: what it brings up must be there.
   Lifecycle lifecycle_;

@@ -31,6 +31,12 @@ bool EntryEditing::Entry_Edit() {
   return SheetForEntry(*entry) != nullptr && Begin({entry, false, account});
 }
 
+bool EntryEditing::EditOwned(EditedEntry edited) {
+  const bool has_sheet = edited.entry != nullptr && !edited.account.expired() &&
+                         (edited.entry->IsDebit() || edited.entry->IsDeposit());
+  return has_sheet && sheets_.IsFree() && Begin(std::move(edited));
+}
+
 bool EntryEditing::Begin(EditedEntry edited) {
   edited_ = std::move(edited);
   EditSheet* sheet = SheetForEntry(*edited_.entry);
@@ -89,6 +95,10 @@ bool EntryEditing::OK(EditSheet& sheet) {
     account->setIsLastTransferOrigin(entry->IsTransferOrigin());
   }
   Close(sheet);
+  if (edited_.owner != nullptr) {
+    edited_.owner->TakeEdited(*entry);
+    return true;
+  }
   if (edited_.is_new) account->AddEntry(entry);
   account->NoteChange();
   refresh_.EntrySaved(entry, edited_.is_new);
@@ -100,6 +110,7 @@ std::string EntryEditing::CheckTarget() const {
   if (account == nullptr || account != host_.SelectedAccount()) {
     return LocalizedText("The account is no longer selected.");
   }
+  if (edited_.owner != nullptr) return edited_.owner->CheckEdited(*edited_.entry);
   const auto& entries = account->GetEntries();
   if (!edited_.is_new &&
       std::find(entries.begin(), entries.end(), edited_.entry) == entries.end()) {

@@ -49,6 +49,9 @@ class EntryEditing {
   // Opens the sheet for the selected entry. False when none is selected, when it is of no kind,
   // when no account is selected or a sheet is open.
   bool Entry_Edit();
+  // Opens the sheet for an entry that belongs to no account yet but to an owner, who takes what is
+  // typed in the account's place. Only debits and deposits; else false, as for Entry_Edit().
+  bool EditOwned(EditedEntry edited);
 
   // Turns the cleared mark of an entry of the selected account over. Null does nothing.
   void TurnClearedOver(const std::shared_ptr<LDGRAccountEntry>& entry);
@@ -66,8 +69,10 @@ class EntryEditing {
   bool OK(EditSheet& sheet);
   // Closes the sheet; the account stays as it was.
   void Cancel(EditSheet& sheet);
-  // OK and then the sheet for a new entry; a refused OK ends it there.
-  bool OKThenNew(EditSheet& sheet, EntryKind kind) { return OK(sheet) && New(kind); }
+  // OK and then the sheet for a new entry; a refused OK ends it there, and so does an owner.
+  bool OKThenNew(EditSheet& sheet, EntryKind kind) {
+    return OK(sheet) && edited_.owner == nullptr && New(kind);
+  }
 
   // The description of the debit or deposit sheet, whichever is open, was typed or chosen, or
   // editing in it begins anew.

@@ -56,6 +56,11 @@ void EntrySheet::PopulateTypes(const EditedEntry& edited, const LDGRAccount& acc
        kind_ == Kind::Debit ? account.GetDebitTypes() : account.GetDepositTypes()) {
     items.push_back({type->GetName(), type->GetNumber()});
   }
+  for (const auto& type : edited.more_types) {
+    if (type->GetIsDeposit() == (kind_ == Kind::Deposit)) {
+      items.push_back({type->GetName(), type->GetNumber()});
+    }
+  }
   type_count_ = static_cast<std::int32_t>(items.size());
 
   const std::int32_t number = edited.entry->GetType();

@@ -39,6 +39,8 @@ enum class Area : std::uint8_t {
   AuthenticationSheet,
   AccountAuthenticationSheet,
   PreferencesSheet,
+  ImportOptionsSheet,
+  ImportReview,  // the review of an import: its rows, its total and what can be done
 };
 
 // The sheets of the main window. At most one is open at a time.
@@ -54,6 +56,7 @@ enum class Sheet : std::uint8_t {
   Authentication,
   AccountAuthentication,
   Preferences,
+  ImportOptions,
 };
 
 // What the application asks of whoever shows it. Each answer given here is that of a program

@@ -1,11 +1,24 @@
 #include "app/idle_watch.h"
 
+#include <algorithm>
+
 #include "app/application.h"
 
 namespace tallyfold {
 
 void IdleWatch::ReplaceScheduleReminderTimer() {
   timer_.Start(kInterval, [this] { Evaluate(true); });
+}
+
+std::chrono::milliseconds IdleWatch::Pause() {
+  const auto next = timer_.NextFiring();
+  timer_.Stop();
+  return std::max<std::chrono::milliseconds>(next ? *next - loop_.Now() : kInterval, kInterval);
+}
+
+void IdleWatch::Resume(std::chrono::milliseconds until_next) {
+  ReplaceScheduleReminderTimer();
+  timer_.SetNextFiring(loop_.Now() + until_next);
 }
 
 void IdleWatch::userInputNotification() {

@@ -40,6 +40,12 @@ class IdleWatch {
   void ReplaceScheduleReminderTimer();
   [[nodiscard]] const RepeatingTimer& scheduleReminderTimer() const noexcept { return timer_; }
 
+  // Stops the timer while something runs that must not be interrupted. The time that was left until
+  // the next tick, at least an interval, for Resume().
+  [[nodiscard]] std::chrono::milliseconds Pause();
+  // Starts the timer again, with its next tick after that time.
+  void Resume(std::chrono::milliseconds until_next);
+
   // The user did something: speech ends, and the next tick is at least an interval away.
   void userInputNotification();
   // Offers what is due. Postponed by an interval while a sheet or a modal window is up.

@@ -23,12 +23,13 @@ void AddTypes(const EntryTypeList& types, const LDGRAccountEntry* entry,
 
 CommandsState Menus::Commands() const {
   CommandsState state;
-  if (!host_.IsUnlocked() || !sheets_.IsFree()) return state;
+  if (!host_.IsUnlocked() || !sheets_.IsFree() || host_.ModalWindowIsUp()) return state;
   state.add_account = true;
   state.lock = host_.HasPassword();
   const auto account = host_.SelectedAccount();
   if (account == nullptr) return state;
   state.edit_account = state.remove_account = state.add_entry = true;
+  state.export_account = state.import_file = state.save_as = true;
   state.lock_account = account->HasPassword();
   const auto entry = host_.SelectedEntry();
   if (entry == nullptr) return state;

@@ -24,7 +24,7 @@ struct MenuItem {
   friend bool operator==(const MenuItem&, const MenuItem&) = default;
 };
 
-// Which commands make sense now. All are off while a sheet is open.
+// Which commands make sense now. All are off while a sheet or a modal window is open.
 struct CommandsState {
   bool add_account = false;
   bool lock = false;
@@ -33,6 +33,9 @@ struct CommandsState {
   bool remove_account = false;
   bool lock_account = false;
   bool add_entry = false;
+  bool export_account = false;
+  bool import_file = false;
+  bool save_as = false;
   // For the selected entry.
   bool edit_entry = false;
   bool remove_entry = false;
@@ -56,6 +59,7 @@ class Menus {
     [[nodiscard]] virtual std::shared_ptr<LDGRAccountEntry> SelectedEntry() const = 0;
     [[nodiscard]] virtual bool IsUnlocked() const = 0;
     [[nodiscard]] virtual bool HasPassword() const = 0;
+    [[nodiscard]] virtual bool ModalWindowIsUp() const = 0;
     virtual void Account_Select(const std::shared_ptr<LDGRAccount>& account) = 0;
   };
 

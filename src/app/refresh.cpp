@@ -25,6 +25,15 @@ void Refresh::EntryRemoved() {
   entryMenu_Types_Menu_Populate();
 }
 
+void Refresh::ImportEnded() {
+  host_.ReloadRegisters();
+  host_.Search_Cancel();
+  Balances();
+  AccountsList_Redraw();
+  EntryButtons_Update();
+  entryMenu_Types_Menu_Populate();
+}
+
 void Refresh::EntryMarked() {
   host_.RedrawRegisters();
   Balances();

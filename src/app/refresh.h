@@ -38,6 +38,8 @@ class Refresh {
   void EntrySaved(const std::shared_ptr<LDGRAccountEntry>& entry, bool is_new);
   // After entries were removed.
   void EntryRemoved();
+  // After an import, whether it added anything or not.
+  void ImportEnded();
   // After something of an entry changed in place that no filter follows at once.
   void EntryMarked();
   // After scheduled entries were committed, skipped or changed.

@@ -17,12 +17,6 @@ const PopUpItem* SelectedItem(const std::vector<PopUpItem>& items, std::int32_t 
   return &items[static_cast<std::size_t>(index)];
 }
 
-std::int32_t IndexOfTag(const std::vector<PopUpItem>& items, std::int32_t tag) {
-  const auto item = std::find_if(items.begin(), items.end(),
-                                 [tag](const PopUpItem& each) { return each.tag == tag; });
-  return item == items.end() ? kNoItem : static_cast<std::int32_t>(item - items.begin());
-}
-
 }  // namespace
 
 void TransferSheet::Populate(const EditedEntry& edited, const LDGRAccount& account,
@@ -37,7 +31,7 @@ void TransferSheet::Populate(const EditedEntry& edited, const LDGRAccount& accou
 
   auto& typed = state_.typed;
   typed.date = entry.GetDate();
-  typed.direction = IndexOfTag(state_.direction_items,
+  typed.direction = IndexOfItemTagged(state_.direction_items,
                                entry.IsTransferOrigin() ? kTransferToTag : kTransferFromTag);
   // Adding 0.0 keeps a negative zero off the screen.
   typed.amount = (entry.IsTransferOrigin() ? -entry.GetAmount() : entry.GetAmount()) + 0.0;
@@ -55,7 +49,7 @@ void TransferSheet::PopulateAccounts(const EditedEntry& edited, const LDGRAccoun
     if (other.get() != &account) items.push_back({other->GetName(), other->GetNumber()});
   }
   const std::int32_t number = edited.entry->GetTransferAccount();
-  state_.typed.account = IndexOfTag(items, number);
+  state_.typed.account = IndexOfItemTagged(items, number);
   if (state_.typed.account != kNoItem) return;
   // An old transfer whose other account is gone keeps that account's name through the sheet.
   if (!edited.is_new) items.insert(items.begin(), {edited.entry->GetToFrom(), number});

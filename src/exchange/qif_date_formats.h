@@ -3,6 +3,7 @@
 #include <array>
 #include <cstdint>
 #include <optional>
+#include <string>
 #include <string_view>
 
 namespace tallyfold {
@@ -44,6 +45,32 @@ inline constexpr std::array<QifDateFormat, 12> kQifDateFormats = {{
     if (each.format == format) return each.tag;
   }
   return std::nullopt;
+}
+
+// The format as people write it: "MM/DD/YY", "YYYY/MM/DD".
+[[nodiscard]] inline std::string QifDateFormatTitle(std::string_view format) {
+  std::string title;
+  for (const char letter : format) {
+    switch (letter) {
+      case '%':
+        break;
+      case 'm':
+        title += "MM";
+        break;
+      case 'd':
+        title += "DD";
+        break;
+      case 'y':
+        title += "YY";
+        break;
+      case 'Y':
+        title += "YYYY";
+        break;
+      default:
+        title += letter;
+    }
+  }
+  return title;
 }
 
 }  // namespace tallyfold

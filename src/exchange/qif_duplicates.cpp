@@ -76,26 +76,49 @@ QifDuplicates::QifDuplicates(const EntryList& existing, const QifImportEntryList
   for (const auto& entry : imported) wanted.emplace(entry->GetAmount(), entry->GetDate());
   for (const auto& entry : existing) {
     if (!wanted.contains({entry->GetAmount(), entry->GetDate()})) continue;
-    if (entry->IsCheck()) first_.try_emplace(KeyOf(*entry, Reason::CheckNumber), entry);
-    first_.try_emplace(KeyOf(*entry, Reason::ToFrom), entry);
-    first_.try_emplace(KeyOf(*entry, Reason::Description), entry);
+    if (entry->IsCheck()) AddExisting(entry, Reason::CheckNumber);
+    AddExisting(entry, Reason::ToFrom);
+    AddExisting(entry, Reason::Description);
+  }
+  if (alike_.empty()) return;
+  for (const auto& entry : imported) {
+    VisitMatches(alike_, *entry, [](Reason, Alike& alike) { ++alike.in_file; });
+  }
+}
+
+void QifDuplicates::AddExisting(const std::shared_ptr<LDGRAccountEntry>& entry, Reason reason) {
+  Alike& alike = alike_[KeyOf(*entry, reason)];
+  if (alike.in_account++ == 0) alike.first = entry;
+}
+
+template <typename Map, typename Visit>
+void QifDuplicates::VisitMatches(Map& alike, const LDGRAccountEntry& imported, Visit visit) {
+  const std::uint8_t kind = KindOf(imported);
+  for (const Reason reason : {Reason::CheckNumber, Reason::ToFrom, Reason::Description}) {
+    if (reason == Reason::CheckNumber && !imported.IsCheck()) continue;
+    bool is_found = false;
+    Key key = KeyOf(imported, reason);
+    for (key.kind = 0; key.kind < 4; ++key.kind) {
+      if (!KindsAgree(kind, key.kind)) continue;
+      if (const auto found = alike.find(key); found != alike.end()) {
+        visit(reason, found->second);
+        is_found = true;
+      }
+    }
+    if (is_found) return;
   }
 }
 
 std::optional<QifMatch> QifDuplicates::Find(const LDGRAccountEntry& imported) const {
-  if (first_.empty()) return std::nullopt;
-  const std::uint8_t kind = KindOf(imported);
-  for (const Reason reason : {Reason::CheckNumber, Reason::ToFrom, Reason::Description}) {
-    if (reason == Reason::CheckNumber && !imported.IsCheck()) continue;
-    Key key = KeyOf(imported, reason);
-    for (key.kind = 0; key.kind < 4; ++key.kind) {
-      if (!KindsAgree(kind, key.kind)) continue;
-      if (const auto found = first_.find(key); found != first_.end()) {
-        return QifMatch{found->second, reason};
-      }
-    }
-  }
-  return std::nullopt;
+  if (alike_.empty()) return std::nullopt;
+  std::optional<QifMatch> match;
+  VisitMatches(alike_, imported, [&match](Reason reason, const Alike& alike) {
+    if (!match) match = QifMatch{alike.first, reason};
+    match->in_account += alike.in_account;
+    // The same entries of the file match each of the kinds that agree.
+    match->in_file = std::max(match->in_file, alike.in_file);
+  });
+  return match;
 }
 
 QifNearMatches::QifNearMatches(const EntryList& existing) {

@@ -18,6 +18,11 @@ struct QifMatch {
 
   std::shared_ptr<LDGRAccountEntry> entry;
   Reason reason = Reason::NearDate;
+  // How many entries of the account match for that reason, and how many of those to be imported
+  // match the same ones: of three coffees in the file and two in the account, one is new. Both are
+  // 0 for NearDate.
+  std::uint32_t in_account = 0;
+  std::uint32_t in_file = 0;
 };
 
 // Finds what an account seems to hold already: an entry of the same kind, amount and day that also
@@ -46,7 +51,18 @@ class QifDuplicates {
   };
   [[nodiscard]] static Key KeyOf(const LDGRAccountEntry& entry, QifMatch::Reason reason);
 
-  std::unordered_map<Key, std::shared_ptr<LDGRAccountEntry>, Hash> first_;
+  struct Alike {
+    std::shared_ptr<LDGRAccountEntry> first;
+    std::uint32_t in_account = 0;
+    std::uint32_t in_file = 0;
+  };
+
+  void AddExisting(const std::shared_ptr<LDGRAccountEntry>& entry, QifMatch::Reason reason);
+  // Calls `visit` with what matches, all of one reason; not at all for none.
+  template <typename Map, typename Visit>
+  static void VisitMatches(Map& alike, const LDGRAccountEntry& imported, Visit visit);
+
+  std::unordered_map<Key, Alike, Hash> alike_;
 };
 
 // Finds entries of the same amount within four days. A hint, no more: it decides nothing.

@@ -20,6 +20,9 @@ struct QifSplitLine {
 };
 
 struct QifEntry {
+  // Why split lines were left out.
+  enum class SplitLoss : std::uint8_t { None, MixedSigns, Uneven };
+
   std::optional<DateNumber> date;  // 0 when the text could not be read
   std::optional<double> amount;
   bool is_deposit = false;  // false as well when there is no amount
@@ -31,7 +34,7 @@ struct QifEntry {
   std::vector<QifSplitLine> splits;
   // What of the record the rules leave out; for the hints before a commit.
   bool has_text_number = false;
-  bool has_mixed_split = false;
+  SplitLoss split_loss = SplitLoss::None;
 };
 
 // Entries are shared between the list of all and the lists of accounts.

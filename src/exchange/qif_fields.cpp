@@ -139,9 +139,14 @@ std::string TweakAmountString(std::string_view text, std::string_view decimal_se
   return amount;
 }
 
-double QifAmount(std::string_view cleaned) noexcept {
+double LeadingAmount(std::string_view text) noexcept {
+  text.remove_prefix(std::min(text.find_first_not_of(" \t"), text.size()));
+  if (text.starts_with('+') && !text.starts_with("+-")) text.remove_prefix(1);
+  // from_chars would also take infinities and what is not a number.
+  const std::size_t sign = text.starts_with('-') ? 1 : 0;
+  if (text.size() == sign || (!IsDigit(text[sign]) && text[sign] != '.')) return 0.0;
   double amount = 0.0;
-  const auto error = std::from_chars(cleaned.data(), cleaned.data() + cleaned.size(), amount).ec;
+  const auto error = std::from_chars(text.data(), text.data() + text.size(), amount).ec;
   return error == std::errc() ? amount : 0.0;
 }
 

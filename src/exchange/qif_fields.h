@@ -29,8 +29,9 @@ namespace tallyfold {
 [[nodiscard]] std::string TweakAmountString(std::string_view text,
                                             std::string_view decimal_separator,
                                             std::string_view thousands_separator);
-// The decimal number that a cleaned amount begins with; 0 for none and beyond what a double holds.
-[[nodiscard]] double QifAmount(std::string_view cleaned) noexcept;
+// The decimal number that a text begins with, after blanks; 0 for none and beyond what a double
+// holds.
+[[nodiscard]] double LeadingAmount(std::string_view text) noexcept;
 
 // The whole number that the text begins with, after white space; 0 for none, saturated at 32 bits.
 [[nodiscard]] std::int32_t LeadingInteger(std::string_view text) noexcept;

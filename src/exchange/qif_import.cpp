@@ -10,8 +10,8 @@
 #include "exchange/qif_accounts.h"
 #include "exchange/qif_fields.h"
 #include "exchange/qif_record.h"
+#include "exchange/qif_sections.h"
 #include "model/clean_text.h"
-#include "model/text.h"
 #include "platform/ambient.h"
 
 namespace tallyfold {
@@ -25,22 +25,8 @@ constexpr std::string_view kNextSection = "\r!";
 constexpr std::string_view kAutoSwitch = "!Option:AutoSwitch";
 constexpr std::string_view kAutoSwitchEnd = "!Clear:AutoSwitch\r";
 
-std::string_view Trimmed(std::string_view text) {
-  constexpr std::string_view kBlanks = " \t";
-  const std::size_t start = text.find_first_not_of(kBlanks);
-  if (start == std::string_view::npos) return {};
-  return text.substr(start, text.find_last_not_of(kBlanks) - start + 1);
-}
-
-bool IsValidListType(std::string_view type) {
-  const auto& types = LDGRQIFImport::validListTypes();
-  return std::any_of(types.begin(), types.end(), [type](const std::string& each) {
-    return CompareIgnoringCase(each, type) == 0;
-  });
-}
-
 std::vector<QifSplitLine> SplitLines(const QifRecord& record, const QifOptions& options,
-                                     bool& has_mixed_signs) {
+                                     QifEntry::SplitLoss& loss) {
   std::vector<std::string> amounts;
   bool has_positive = false;
   bool has_negative = false;
@@ -52,16 +38,21 @@ std::vector<QifSplitLine> SplitLines(const QifRecord& record, const QifOptions& 
     (is_negative ? has_negative : has_positive) = true;
     amounts.push_back(std::move(amount));
   }
-  has_mixed_signs = has_positive && has_negative;
-  if (amounts.empty() || has_mixed_signs) return {};
-
   const auto& to_froms = record.split_to_froms();
   const auto& descriptions = record.split_descriptions();
+  if (has_positive && has_negative) {
+    loss = QifEntry::SplitLoss::MixedSigns;
+    return {};
+  }
+  if (amounts.empty() && to_froms.empty() && descriptions.empty()) return {};
   // One of the two lists may be missing whole.
   const auto fits = [&amounts](const auto& list, const auto& other) {
     return list.size() == amounts.size() || (list.empty() && other.size() == amounts.size());
   };
-  if (!fits(to_froms, descriptions) || !fits(descriptions, to_froms)) return {};
+  if (amounts.empty() || !fits(to_froms, descriptions) || !fits(descriptions, to_froms)) {
+    loss = QifEntry::SplitLoss::Uneven;
+    return {};
+  }
 
   std::vector<QifSplitLine> lines;
   lines.reserve(amounts.size());
@@ -110,6 +101,7 @@ const std::vector<std::string>& LDGRQIFImport::validListTypes() {
 void LDGRQIFImport::SetDataString(std::optional<std::string_view> text) {
   error_ = kNone;
   entry_types_list_.clear();
+  left_out_accounts_ = 0;
   if (!text) {
     data_.clear();
     error_ = kNoText;
@@ -149,7 +141,11 @@ void LDGRQIFImport::RemoveInvalidAccounts() {
   std::string kept =
       data_.substr(0, static_cast<std::size_t>(blocks.front().data() - data_.data()));
   for (const std::string_view block : blocks) {
-    if (is_valid(block)) kept += block;
+    if (is_valid(block)) {
+      kept += block;
+    } else {
+      ++left_out_accounts_;
+    }
   }
   data_ = std::move(kept);
 }
@@ -162,7 +158,7 @@ std::optional<QifEntry> LDGRQIFImport::EntryStringToEntry(std::string_view text)
   QifEntry entry;
   if (const auto day = record.Value('D')) entry.date = QifDay(*day, options_.date_format);
   if (const auto value = record.Value('T')) {
-    entry.amount = QifAmount(
+    entry.amount = LeadingAmount(
         TweakAmountString(*value, options_.decimal_separator, options_.thousands_separator));
     entry.is_deposit =
         *entry.amount == 0.0 ? options_.zero_amounts_as_deposits : *entry.amount > 0.0;
@@ -194,7 +190,7 @@ std::optional<QifEntry> LDGRQIFImport::EntryStringToEntry(std::string_view text)
         number == 0 && value->find_first_not_of(" \t0") != std::string_view::npos;
   }
   if (options_.split_line_items) {
-    entry.splits = SplitLines(record, options_, entry.has_mixed_split);
+    entry.splits = SplitLines(record, options_, entry.split_loss);
   }
   return entry;
 }
@@ -210,21 +206,12 @@ QifEntryList LDGRQIFImport::EntryListStringToEntries(std::string_view text) cons
 }
 
 QifEntryList LDGRQIFImport::AllEntries(Sections& sections) const {
-  const std::string_view text = data_;
   QifEntryList entries;
-  std::size_t found = text.find(kSectionCode);
-  if (found == std::string_view::npos) return EntryListStringToEntries(text);
-  while (found != std::string_view::npos) {
-    const std::size_t start = found + kSectionCode.size();
-    const std::size_t line_end = std::min(text.find('\r', start), text.size());
-    std::size_t end = line_end;
-    if (IsValidListType(Trimmed(text.substr(start, line_end - start)))) {
-      end = std::min(text.find(kNextSection, line_end), text.size());
-      const QifEntryList& section = sections.Read(text.substr(line_end, end - line_end));
-      entries.insert(entries.end(), section.begin(), section.end());
-    }
-    found = text.find(kSectionCode, end);
-  }
+  const auto add = [&](std::string_view section) {
+    const QifEntryList& read = sections.Read(section);
+    entries.insert(entries.end(), read.begin(), read.end());
+  };
+  ForEachQifSection(data_, add, [](std::string_view /*type*/) {});
   return entries;
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <optional>
 #include <string>
@@ -61,6 +62,16 @@ class LDGRQIFImport {
   void SetError(std::int32_t error) noexcept { error_ = error; }
 
   void SetOptions(QifOptions options) { options_ = std::move(options); }
+  // In calendar-date letters: one of the twelve of qif_date_formats.h.
+  void SetDateFormat(std::string_view format) { options_.date_format = format; }
+  void SetDecimalSeparator(std::string_view text) { options_.decimal_separator = text; }
+  void SetThousandsSeparator(std::string_view text) { options_.thousands_separator = text; }
+  void SetImportZeroAmountsAsDeposits(bool set) noexcept { options_.zero_amounts_as_deposits = set; }
+  void SetImportAllTypes(bool set) noexcept { options_.all_types = set; }
+  void SetImportSplitLineItems(bool set) noexcept { options_.split_line_items = set; }
+  void SetSwapOptions_Type(std::int32_t to) noexcept { options_.swap_type = to; }
+  void SetSwapOptions_ToFrom(std::int32_t to) noexcept { options_.swap_to_from = to; }
+  void SetSwapOptions_Description(std::int32_t to) noexcept { options_.swap_description = to; }
   [[nodiscard]] const QifOptions& GetOptions() const noexcept { return options_; }
 
   // Everything the file has.
@@ -81,6 +92,8 @@ class LDGRQIFImport {
   // None for a record of nothing but line ends.
   [[nodiscard]] std::optional<QifEntry> EntryStringToEntry(std::string_view record) const;
 
+  // How many accounts of the text have no list of a valid type and were dropped.
+  [[nodiscard]] std::size_t LeftOutAccounts() const noexcept { return left_out_accounts_; }
   // The text of the category list; "" without one.
   [[nodiscard]] const std::string& entryTypesListString() const noexcept {
     return entry_types_list_;
@@ -98,6 +111,7 @@ class LDGRQIFImport {
   QifOptions options_;
   std::string data_;
   std::string entry_types_list_;
+  std::size_t left_out_accounts_ = 0;
   std::int32_t error_ = kNone;
 };
 

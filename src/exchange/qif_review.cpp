@@ -6,19 +6,17 @@
 
 #include "exchange/entry_type_index.h"
 #include "exchange/qif_fields.h"
+#include "exchange/qif_hints.h"
 #include "platform/ambient.h"
 
 namespace tallyfold {
 namespace {
 
-// A split of more lines than this is left out whole, although an entry could hold one more.
-constexpr std::size_t kMostSplitLines = 9;
-
 std::shared_ptr<LDGRAccountEntrySplit> SplitOf(const std::vector<QifSplitLine>& lines) {
-  if (lines.empty() || lines.size() > kMostSplitLines) return nullptr;
+  if (lines.empty() || lines.size() > kMostQifSplitLines) return nullptr;
   auto split = std::make_shared<LDGRAccountEntrySplit>();
   for (std::size_t i = 0; i < lines.size(); ++i) {
-    split->SetAmount(QifAmount(lines[i].amount), i);
+    split->SetAmount(LeadingAmount(lines[i].amount), i);
     split->SetDescription(lines[i].description, i);
     split->SetToFrom(lines[i].to_from, i);
     split->SetEnabled(true, i);
@@ -58,7 +56,7 @@ QifReview::QifReview(const QifResult& result, const QifEntryList& entries, LDGRA
   MakeTypes(result.types, account);
   MakeEntries(entries, account);
   MarkAll();
-  UnmarkPotentialDuplicates(account);
+  Import_DoNotImportPotentialDuplicates(account);
 }
 
 void QifReview::MakeTypes(const std::vector<QifType>& read, const LDGRAccount& account) {
@@ -142,11 +140,12 @@ void QifReview::ToggleAll() {
 }
 
 void QifReview::Remove(const LDGRQIFImportEntry* entry) {
+  duplicates_.reset();
   order_.erase(entry);
   std::erase_if(entries_, [entry](const auto& each) { return each.get() == entry; });
 }
 
-void QifReview::UnmarkPotentialDuplicates(const LDGRAccount& account) {
+void QifReview::Import_DoNotImportPotentialDuplicates(const LDGRAccount& account) {
   existing_ = account.GetEntries();
   near_.reset();
   duplicates_.emplace(existing_, entries_);
@@ -156,7 +155,7 @@ void QifReview::UnmarkPotentialDuplicates(const LDGRAccount& account) {
 }
 
 std::optional<QifMatch> QifReview::MatchOf(const LDGRQIFImportEntry& entry) const {
-  if (!duplicates_) return std::nullopt;
+  if (!duplicates_) duplicates_.emplace(existing_, entries_);
   if (auto match = duplicates_->Find(entry)) return match;
   if (!near_) near_.emplace(existing_);
   return near_->Find(entry);
@@ -176,6 +175,7 @@ void QifReview::Commit(LDGRAccount& account, bool with_all_types) {
   for (const auto& type : types_) {
     if (!prune || used.contains(type->GetNumber())) types.push_back(type);
   }
+  // Also sorts them.
   if (types.size() != before) account.SetTypes(std::move(types));
 }
 

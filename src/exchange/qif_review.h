@@ -41,10 +41,13 @@ class QifReview {
   // Takes the entry out of the review; nothing when it is not in it.
   void Remove(const LDGRQIFImportEntry* entry);
   // Unmarks every entry that the account seems to hold already.
-  void UnmarkPotentialDuplicates(const LDGRAccount& account);
+  void Import_DoNotImportPotentialDuplicates(const LDGRAccount& account);
+  // An entry has been edited: matches are looked for again. No mark changes.
+  void ForgetMatches() noexcept { duplicates_.reset(); }
 
   // The entry of the account that an entry repeats, else one that comes near it; none for none. As
-  // the account was when the review was made, or UnmarkPotentialDuplicates() last called.
+  // the account was when the review was made. Of many, only the first after Remove() or
+  // ForgetMatches() takes long.
   [[nodiscard]] std::optional<QifMatch> MatchOf(const LDGRQIFImportEntry& entry) const;
 
   // Adds copies of the marked entries, each with the account's next number, and the new types: all
@@ -60,8 +63,8 @@ class QifReview {
   std::unordered_map<const LDGRQIFImportEntry*, std::size_t> order_;
   std::size_t next_order_ = 0;
   EntryTypeList types_;
-  std::optional<QifDuplicates> duplicates_;
-  // Made when first asked for.
+  // Both made when first asked for.
+  mutable std::optional<QifDuplicates> duplicates_;
   mutable std::optional<QifNearMatches> near_;
   EntryList existing_;
 };

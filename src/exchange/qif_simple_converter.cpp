@@ -36,7 +36,7 @@ std::shared_ptr<LDGRQIFImportEntry> QifSimpleConverter::EntryStringToLDGREntry(
   if (const auto day = record.Value('D')) {
     entry->SetDate(ParseDay(*day, options_.date_format).value_or(0));
   }
-  const double amount = QifAmount(record.Value('T').value_or(""));
+  const double amount = LeadingAmount(record.Value('T').value_or(""));
   const bool is_deposit = amount == 0.0 ? options_.zero_amounts_as_deposits : amount > 0.0;
   entry->SetAmount(amount);
   if (is_deposit) {

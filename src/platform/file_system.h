@@ -76,6 +76,8 @@ class FileSystem {
   // Links are followed.
   [[nodiscard]] virtual bool Exists(const std::string& path) const = 0;
   [[nodiscard]] virtual bool IsFolder(const std::string& path) const = 0;
+  // Whether this process may write to the file, or make files in the folder, that is there.
+  [[nodiscard]] virtual bool IsWritable(const std::string& path) const = 0;
   // The whole content of a regular file; none for anything else, and on any failure.
   [[nodiscard]] virtual std::optional<FileContents> Read(const std::string& path) const = 0;
   // None when there is nothing at `path`.

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 #include <cstdint>
+#include <utility>
 
 namespace tallyfold {
 namespace {
@@ -26,10 +27,13 @@ milliseconds PauseOf(float seconds) {
 }  // namespace
 
 void EntrySpeaker::SpeakEntry(const LDGRAccountEntry* selected) {
-  if (selected == nullptr) return;
+  if (selected != nullptr) SpeakText(selected->asSpeakableString());
+}
+
+void EntrySpeaker::SpeakText(std::string text) {
   synthesizer_.CancelDelayedRequests();
   synthesizer_.stopSpeaking();
-  synthesizer_.SpeakLater(selected->asSpeakableString(), kBeforeOneEntry);
+  synthesizer_.SpeakLater(std::move(text), kBeforeOneEntry);
 }
 
 void EntrySpeaker::StartSpeakingEntries() {

@@ -2,6 +2,7 @@
 
 #include <chrono>
 #include <memory>
+#include <string>
 
 #include "filters/register_search.h"
 #include "model/account_entry.h"
@@ -39,6 +40,8 @@ class EntrySpeaker {
   // Speaks the entry that is selected in the table whose contextual menu was used, instead of
   // whatever is being said; null does nothing.
   void SpeakEntry(const LDGRAccountEntry* selected);
+  // The same for an entry that has its text already.
+  void SpeakText(std::string text);
   // Reads the rows from the selected one on, or from the first one. Without a register in the main
   // window, and without such a row, they do nothing.
   void StartSpeakingEntries();

@@ -193,12 +193,12 @@ class LDGRPreferences {
   [[nodiscard]] const std::string& GetQIFExportDateFormat() const noexcept {
     return qif_export_date_format_;
   }
-  void SetQIFExportDateFormat(std::string_view value) { qif_export_date_format_ = value; }
+  void setQIFExportDateFormat(std::string_view value) { qif_export_date_format_ = value; }
   [[nodiscard]] std::int32_t GetQIFExportAccount() const noexcept { return qif_export_account_; }
-  void SetQIFExportAccount(std::int32_t value) noexcept { qif_export_account_ = value; }
+  void setQIFExportAccount(std::int32_t value) noexcept { qif_export_account_ = value; }
   // An identifier of platform/text_encodings.h.
   [[nodiscard]] std::int32_t GetQIFExportEncoding() const noexcept { return qif_export_encoding_; }
-  void SetQIFExportEncoding(std::int32_t value) noexcept { qif_export_encoding_ = value; }
+  void setQIFExportEncoding(std::int32_t value) noexcept { qif_export_encoding_ = value; }
   // Stored only.
   [[nodiscard]] std::int32_t GetSpeakEntriesStyle() const noexcept { return speak_entries_style_; }
   void SetSpeakEntriesStyle(std::int32_t value) noexcept { speak_entries_style_ = value; }

@@ -105,6 +105,10 @@ bool PosixFileSystem::IsFolder(const std::string& path) const {
   return ::stat(path.c_str(), &status) == 0 && S_ISDIR(status.st_mode);
 }
 
+bool PosixFileSystem::IsWritable(const std::string& path) const {
+  return ::access(path.c_str(), W_OK) == 0;
+}
+
 std::optional<FileContents> PosixFileSystem::Read(const std::string& path) const {
   const auto file = OpenRegularFile(path);
   if (!file) return std::nullopt;

@@ -22,6 +22,7 @@ class PosixFileSystem final : public FileSystem {
   [[nodiscard]] std::string HomeFolder() const override;
   [[nodiscard]] bool Exists(const std::string& path) const override;
   [[nodiscard]] bool IsFolder(const std::string& path) const override;
+  [[nodiscard]] bool IsWritable(const std::string& path) const override;
   [[nodiscard]] std::optional<FileContents> Read(const std::string& path) const override;
   [[nodiscard]] std::optional<FileIdentity> Identity(const std::string& path) const override;
   [[nodiscard]] std::optional<Instant> CreationTime(const std::string& path) const override;

@@ -82,6 +82,9 @@ class TranscriptFiles final : public FileSystem {
 
   bool Exists(const std::string& path) const override { return files_.Exists(path); }
   bool IsFolder(const std::string& path) const override { return files_.IsFolder(path); }
+  bool IsWritable(const std::string& path) const override {
+    return path != failing_ && files_.IsWritable(path);
+  }
   std::optional<FileContents> Read(const std::string& path) const override {
     return files_.Read(path);
   }

@@ -55,6 +55,11 @@ bool FakeFileSystem::IsFolder(const std::string& path) const {
   return node != nullptr && node->kind == Kind::Folder;
 }
 
+bool FakeFileSystem::IsWritable(const std::string& path) const {
+  const Node* node = Find(path);
+  return node != nullptr && (node->mode & 0200U) != 0 && !failing_paths_.contains(path);
+}
+
 std::optional<FileContents> FakeFileSystem::Read(const std::string& path) const {
   const Node* node = Find(path);
   if (!StepSucceeds() || failing_paths_.contains(path) || node == nullptr ||

@@ -20,7 +20,14 @@ std::size_t FakeAlerts::Run(const AlertRequest& request) {
 
 std::optional<std::string> FakeFilePanels::Save(const FilePanelRequest& request) {
   saves_.push_back(request);
-  return NextAnswer();
+  while (auto path = NextAnswer()) {
+    if (request.check == nullptr) return path;
+    const std::size_t slash = path->rfind('/');
+    const auto name =
+        request.check->userEnteredFilename(path->substr(0, slash), path->substr(slash + 1), true);
+    if (name) return path->substr(0, slash + 1) + *name;
+  }
+  return std::nullopt;
 }
 
 std::optional<std::string> FakeFilePanels::Open(const FilePanelRequest& request) {

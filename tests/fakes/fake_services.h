@@ -31,8 +31,8 @@ class FakeAlerts final : public Alerts {
   std::vector<AlertRequest> requests_;
 };
 
-// Answers each panel with the path that comes next in the queue; gives up when that is none or
-// the queue is empty.
+// Answers each panel with the path that comes next in the queue, and with the one after that when
+// the panel's check does not take its name; gives up when that is none or the queue is empty.
 class FakeFilePanels final : public FilePanels {
  public:
   [[nodiscard]] std::optional<std::string> Save(const FilePanelRequest& request) override;
