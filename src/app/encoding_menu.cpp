@@ -26,9 +26,8 @@ void EncodingMenu::Populate(const TextEncodings& encodings) {
     if (IndexOfItemTagged(items_, encoding) != kNoItem) continue;
     others.push_back({encodings.Name(each), encoding});
   }
-  std::stable_sort(others.begin(), others.end(), [](const PopUpItem& a, const PopUpItem& b) {
-    return a.title < b.title;
-  });
+  std::stable_sort(others.begin(), others.end(),
+                   [](const PopUpItem& a, const PopUpItem& b) { return a.title < b.title; });
   items_.push_back({"", 0, true});
   std::move(others.begin(), others.end(), std::back_inserter(items_));
   setEncoding(own);

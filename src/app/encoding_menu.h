@@ -13,8 +13,8 @@ class TextEncodings;
 // platform/text_encodings.h).
 class EncodingMenu {
  public:
-  // The user's own encoding, which is then chosen, UTF-16 and UTF-8, a line, and all others by name.
-  // No encoding stands there twice.
+  // The user's own encoding, which is then chosen, UTF-16 and UTF-8, a line, and all others by
+  // name. No encoding stands there twice.
   void Populate(const TextEncodings& encodings);
 
   [[nodiscard]] const std::vector<PopUpItem>& items() const noexcept { return items_; }

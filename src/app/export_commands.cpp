@@ -144,9 +144,10 @@ std::optional<std::string> ExportCommands::userEnteredFilename(const std::string
     return std::nullopt;
   };
   if (files_.Exists(path)) {
-    const std::size_t answer = alerts_.Run(
-        {"File Already Exists", "The selected filename already exists at the specified path",
-         {"OK", "Overwrite"}});
+    const std::size_t answer =
+        alerts_.Run({"File Already Exists",
+                     "The selected filename already exists at the specified path",
+                     {"OK", "Overwrite"}});
     if (answer == 0) return std::nullopt;
     if (files_.IsWritable(path)) return name;
     return refuse("Unable to write file using the specified path and filename");

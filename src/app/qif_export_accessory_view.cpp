@@ -27,8 +27,7 @@ void LDGRQIFExportAccessoryView::populateExportAccountsButton(const AccountList*
 }
 
 std::int32_t LDGRQIFExportAccessoryView::exportAccount() const noexcept {
-  return account_ == kNoItem ? kCurrentAccount
-                             : accounts_[static_cast<std::size_t>(account_)].tag;
+  return account_ == kNoItem ? kCurrentAccount : accounts_[static_cast<std::size_t>(account_)].tag;
 }
 
 }  // namespace tallyfold

@@ -51,9 +51,7 @@ class LDGRQIFExportAccessoryView {
   // The tag of the chosen item; kCurrentAccount when none is chosen.
   [[nodiscard]] std::int32_t exportAccount() const noexcept;
   // A tag that is not offered leaves none chosen.
-  void setExportAccount(std::int32_t tag) noexcept {
-    account_ = IndexOfItemTagged(accounts_, tag);
-  }
+  void setExportAccount(std::int32_t tag) noexcept { account_ = IndexOfItemTagged(accounts_, tag); }
 
   [[nodiscard]] const std::vector<PopUpItem>& dateFormats() const noexcept { return formats_; }
   // In calendar-date letters.

@@ -50,8 +50,8 @@ std::shared_ptr<LDGRQIFImportEntry> LDGRQIFImportController::EntryAtPlace(
     std::int32_t place) const {
   // Removing leaves the others in the order of their places.
   const auto& all = review_.entries();
-  const auto found = std::partition_point(
-      all.begin(), all.end(), [&](const auto& each) { return PlaceOf(*each) < place; });
+  const auto found = std::partition_point(all.begin(), all.end(),
+                                          [&](const auto& each) { return PlaceOf(*each) < place; });
   return found != all.end() && PlaceOf(**found) == place ? *found : nullptr;
 }
 
@@ -123,9 +123,8 @@ std::string LDGRQIFImportController::CheckEdited(const LDGRAccountEntry& entry) 
 void LDGRQIFImportController::TakeEdited(LDGRAccountEntry& entry) {
   const std::int32_t number = entry.GetType();
   const auto& made = review_.types();
-  const auto found = std::ranges::find(made, number, [](const auto& each) {
-    return each->GetNumber();
-  });
+  const auto found =
+      std::ranges::find(made, number, [](const auto& each) { return each->GetNumber(); });
   edit_entry_->SetActualType(found != made.end() ? *found
                                                  : account_->AccountEntryTypeForNumber(number));
   review_.ForgetMatches();
@@ -153,7 +152,8 @@ void LDGRQIFImportController::UpdateButtons() {
 }
 
 void LDGRQIFImportController::ImportTotal_Field_Update() {
-  review_state_.total = RegisterAmountText(review_.Total(), host_.Preferences());
+  review_state_.total = review_.Total();
+  review_state_.total_text = RegisterAmountText(review_state_.total, host_.Preferences());
   review_state_.entry_count = review_.entries().size();
   review_state_.marked_count = review_.MarkedCount();
   front_end_.Changed(Area::ImportReview);

@@ -28,8 +28,8 @@ void LDGRQIFImportController::ImportOptions_InitWithFile(const std::string& path
   import_ = LDGRQIFImport::importWithContentsOfFile(path, encoding, files_, encodings_);
   account_names_ = import_.AccountNames();
   options_ = {};
-  options_.title = LocalizedText("Importing From:") + "  " +
-                   std::filesystem::path(path).filename().string();
+  options_.title =
+      LocalizedText("Importing From:") + "  " + std::filesystem::path(path).filename().string();
   ImportOptions_Populate();
 }
 

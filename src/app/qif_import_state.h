@@ -44,8 +44,9 @@ struct QifImportOptionsState {
 // What the review of an import shows beside its table. All of it is decided by the program.
 struct QifImportReviewState {
   bool is_open = false;
-  // The sum of the entries marked for import, as the preferences want amounts.
-  std::string total;
+  // The sum of the entries marked for import, and as the preferences want amounts.
+  double total = 0.0;
+  std::string total_text;
   std::size_t entry_count = 0;
   std::size_t marked_count = 0;
   // For the selected entry.

@@ -110,9 +110,8 @@ void LDGRQIFImportTableViewDataSource::SortByColumnIdentifier(std::string_view i
   if (column == nullptr) return;
   // The reversed comparisons are exact mirrors.
   const int wanted = descending ? 1 : -1;
-  std::stable_sort(entries_.begin(), entries_.end(), [&](const auto& a, const auto& b) {
-    return column->compare(*a, *b) == wanted;
-  });
+  std::stable_sort(entries_.begin(), entries_.end(),
+                   [&](const auto& a, const auto& b) { return column->compare(*a, *b) == wanted; });
   sort_column_ = column->identifier;
   sorts_descending_ = descending;
 }

@@ -20,8 +20,7 @@ namespace tallyfold {
 class LDGRQIFImportTableViewDataSource final : public TableDataSource {
  public:
   // The front end hears of Area::ImportReview when rows are to be drawn anew.
-  explicit LDGRQIFImportTableViewDataSource(FrontEnd& front_end) noexcept
-      : front_end_(front_end) {}
+  explicit LDGRQIFImportTableViewDataSource(FrontEnd& front_end) noexcept : front_end_(front_end) {}
   LDGRQIFImportTableViewDataSource(const LDGRQIFImportTableViewDataSource&) = delete;
   LDGRQIFImportTableViewDataSource& operator=(const LDGRQIFImportTableViewDataSource&) = delete;
 

@@ -32,7 +32,7 @@ void TransferSheet::Populate(const EditedEntry& edited, const LDGRAccount& accou
   auto& typed = state_.typed;
   typed.date = entry.GetDate();
   typed.direction = IndexOfItemTagged(state_.direction_items,
-                               entry.IsTransferOrigin() ? kTransferToTag : kTransferFromTag);
+                                      entry.IsTransferOrigin() ? kTransferToTag : kTransferFromTag);
   // Adding 0.0 keeps a negative zero off the screen.
   typed.amount = (entry.IsTransferOrigin() ? -entry.GetAmount() : entry.GetAmount()) + 0.0;
   typed.description = entry.GetDescription();

@@ -98,7 +98,11 @@ void ShowBalances(Console& console, const Arguments& /*arguments*/) {
 constexpr Option kAddOptions[] = {kAccountName, kAccountBalance, kAccountCheck};
 
 constexpr Command kCommands[] = {
-    {.name = "accounts", .help = "lists the accounts", .example = "accounts", .run = ListAccounts},
+    {.name = "accounts",
+     .help = "lists the accounts",
+     .example = "accounts",
+     .run = ListAccounts,
+     .works_in_review = true},
     {.name = "account add",
      .options = kAddOptions,
      .help = "adds an account and selects it",

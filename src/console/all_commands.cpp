@@ -17,6 +17,8 @@ std::span<const Subject> AllSubjects() {
       {"Window", WindowCommands()},
       {"Printing", PrintCommands()},
       {"Files", StorageCommands()},
+      {"Export", ExportCommands()},
+      {"Import", ImportCommands()},
       {"Passwords", PasswordCommands()},
       {"Preferences", PreferenceCommands()},
   };

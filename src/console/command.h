@@ -49,6 +49,8 @@ struct Command {
   // Throws CommandError when it cannot do what was asked; it then has changed nothing.
   void (*run)(Console& console, const Arguments& arguments) = nullptr;
   Needs needs = Needs::Unlocked;
+  // Also runs while an import is under review, which changes nothing of the accounts.
+  bool works_in_review = false;
 };
 
 // The commands of a subject, in the order in which help lists them.

@@ -24,6 +24,7 @@ namespace tallyfold::console {
 
 class ConsoleHost;
 class ConsoleLog;
+class ConsolePanels;
 class Printer;
 class Questions;
 class SpokenText;
@@ -50,6 +51,7 @@ struct Console {
   LDGRController& controller;
   Printer& printer;
   Questions& questions;
+  ConsolePanels& panels;
   ConsoleHost& host;
   const ConsoleLog& log;
   FileSystem& files;

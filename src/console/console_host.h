@@ -5,7 +5,6 @@
 #include <utility>
 
 #include "platform/application_host.h"
-#include "platform/file_panels.h"
 
 namespace tallyfold::console {
 
@@ -31,13 +30,6 @@ class ConsoleHost final : public ApplicationHost {
   std::string version_;
   bool is_ending_ = false;
   std::optional<int> status_;
-};
-
-// Commands name their files themselves: a panel that opens all the same is given up.
-class NoFilePanels final : public FilePanels {
- public:
-  std::optional<std::string> Save(const FilePanelRequest& request) override;
-  std::optional<std::string> Open(const FilePanelRequest& request) override;
 };
 
 }  // namespace tallyfold::console

@@ -11,6 +11,7 @@
 #include "console/lookup.h"
 #include "console/printer.h"
 #include "console/questions.h"
+#include "console/review_table.h"
 #include "model/account.h"
 
 namespace tallyfold::console {
@@ -78,14 +79,9 @@ void AddTransfer(Console& console, const Arguments& arguments) {
   AddEntry(console, arguments, &LDGRController::Entry_Transfer, FinishTransferSheet);
 }
 
-void EditEntry(Console& console, const Arguments& arguments) {
-  const auto account = SelectedAccount(console);
-  const auto entry = SelectEntryNamed(console, arguments.WordAt(0));
-  LDGRController& controller = console.controller;
-  if (!controller.Entry_Edit()) {
-    throw CommandError("entry " + arguments.WordAt(0) + " is of no kind and cannot be edited");
-  }
-  switch (controller.OpenSheet()) {
+// Types into the sheet that is open and confirms it.
+void FinishOpenSheet(Console& console, const Arguments& arguments) {
+  switch (console.controller.OpenSheet()) {
     case Sheet::Debit:
       FinishDebitSheet(console, arguments);
       break;
@@ -96,6 +92,28 @@ void EditEntry(Console& console, const Arguments& arguments) {
       FinishTransferSheet(console, arguments);
       break;
   }
+}
+
+void EditReviewedEntry(Console& console, const Arguments& arguments) {
+  auto& import = console.controller.sharedQIFImportController();
+  const auto entry = ReviewedEntryNamed(console, arguments.WordAt(0));
+  import.SelectEntry(entry);
+  if (!import.ImportEntry_Change()) throw CommandError("the entry cannot be edited now");
+  FinishOpenSheet(console, arguments);
+  ShowReviewedEntries(console, {entry});
+}
+
+void EditEntry(Console& console, const Arguments& arguments) {
+  LDGRController& controller = console.controller;
+  if (controller.sharedQIFImportController().IsReviewing()) {
+    return EditReviewedEntry(console, arguments);
+  }
+  const auto account = SelectedAccount(console);
+  const auto entry = SelectEntryNamed(console, arguments.WordAt(0));
+  if (!controller.Entry_Edit()) {
+    throw CommandError("entry " + arguments.WordAt(0) + " is of no kind and cannot be edited");
+  }
+  FinishOpenSheet(console, arguments);
   ShowChangedEntries(console, *account, {entry});
   TellOfHiddenEntry(console);
 }
@@ -197,9 +215,10 @@ const std::vector<Command>& Commands() {
        .least_words = 1,
        .most_words = 1,
        .options = EditOptions(),
-       .help = "changes an entry, named by its number or its row (#3)",
+       .help = "changes an entry by its number or its row (#3), or one under review",
        .example = "edit 12 amount=32.40 notes=\"with the tip\"",
-       .run = EditEntry},
+       .run = EditEntry,
+       .works_in_review = true},
       {.name = "remove",
        .words = "ENTRY",
        .least_words = 1,

@@ -26,12 +26,14 @@ Session::Session(const ConsoleServices& services)
       log_(services.terminal),
       ambient_({.log = &log_, .localizer = nullptr, .locale = nullptr, .clock = nullptr}),
       questions_(services.terminal),
+      panels_(services.files, questions_),
       host_(services.version),
       printer_(services.terminal),
       controller_({services.files, questions_, panels_, services.processes, spoken_, services.loop,
                    services.notifications, host_, services.encodings, services.updates}),
-      console_{controller_,   printer_, questions_,   host_,         log_,           services.files,
-               services.loop, spoken_,  skip_delays_, AllSubjects(), RegisterOrder{}} {}
+      console_{controller_, printer_,     questions_,     panels_,
+               host_,       log_,         services.files, services.loop,
+               spoken_,     skip_delays_, AllSubjects(),  RegisterOrder{}} {}
 
 int Session::Run() {
   if (terminal_.ReadsFromPerson()) {
@@ -79,6 +81,12 @@ std::string Session::RunCommand(std::span<const Word> words) {
     // A line is the user's doing: what waits for an idle user waits on.
     controller_.application().sendEvent(EventType::KeyDown);
     if (command->needs != Needs::Launch && !Unlock()) return error;
+    const bool is_changing =
+        command->needs == Needs::Unlocked || command->needs == Needs::AccountSheet;
+    if (is_changing && !command->works_in_review &&
+        controller_.sharedQIFImportController().IsReviewing()) {
+      throw CommandError("an import is under review; commit or cancel ends it");
+    }
     if (command->needs == Needs::Unlocked) controller_.CancelOpenSheet();
     command->run(console_, arguments);
   } catch (const CommandError& failure) {
@@ -126,6 +134,10 @@ bool Session::ShutDown() {
   // Whoever never gave a command that works on the data has touched nothing.
   if (!is_launched_) return true;
   controller_.CancelOpenSheet();
+  if (controller_.sharedQIFImportController().IsReviewing()) {
+    printer_.Note("The import under review was not committed.");
+    controller_.sharedQIFImportController().import_Cancel_Button();
+  }
   controller_.applicationWillTerminate();
   if (!controller_.authenticated()) return true;
   const bool accounts_saved = !controller_.accountsStore().HasUnsavedChanges();

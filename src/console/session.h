@@ -10,6 +10,7 @@
 #include "console/console.h"
 #include "console/console_host.h"
 #include "console/console_log.h"
+#include "console/console_panels.h"
 #include "console/printer.h"
 #include "console/questions.h"
 #include "console/spoken_text.h"
@@ -53,7 +54,7 @@ class Session {
   ConsoleLog log_;
   ScopedAmbient ambient_;
   Questions questions_;
-  NoFilePanels panels_;
+  ConsolePanels panels_;
   ConsoleHost host_;
   Printer printer_;
   LDGRController controller_;

@@ -1,6 +1,4 @@
-#include <filesystem>
 #include <string>
-#include <system_error>
 
 #include "app/controller.h"
 #include "console/all_commands.h"
@@ -11,39 +9,17 @@
 #include "console/table.h"
 #include "console/values.h"
 #include "platform/ambient.h"
-#include "platform/file_system.h"
 
 namespace tallyfold::console {
 namespace {
 
-// "~/" is the home folder; a path without a slash in front begins at the current folder.
-std::string AbsolutePath(const Console& console, const std::string& typed) {
-  if (typed.empty()) throw CommandError("expected a path that is not empty");
-  if (typed.starts_with("~/")) return console.files.HomeFolder() + typed.substr(1);
-  std::error_code error;
-  const auto path = std::filesystem::absolute(typed, error);
-  if (error) throw CommandError("the current folder is gone; give the whole path");
-  return path.string();
-}
-
 void Save(Console& console, const Arguments& /*arguments*/) {
-  if (!console.controller.Accounts_Save()) throw CommandError("the accounts could not be saved");
+  if (!console.controller.Save()) {
+    const bool accounts_are_saved = !console.controller.accountsStore().HasUnsavedChanges();
+    throw CommandError(accounts_are_saved ? "the preferences could not be saved"
+                                          : "the accounts could not be saved");
+  }
   console.printer.Confirm("Saved.");
-}
-
-void SaveAs(Console& console, const Arguments& arguments) {
-  static const std::string kButtons[] = {"Replace", "Cancel"};
-  const std::string path = AbsolutePath(console, arguments.WordAt(0));
-  if (console.files.IsFolder(path)) throw CommandError(path + " is a folder");
-  if (console.files.Exists(path) &&
-      console.questions.Ask(path + " exists already. Replace it?", "", kButtons, 1) != 0) {
-    if (console.questions.AsksPerson()) return console.printer.Confirm("Nothing was saved.");
-    throw CommandError("nothing was saved; answer Replace before the command replaces the file");
-  }
-  if (!console.controller.Accounts_SaveToFilePath(path)) {
-    throw CommandError(path + " could not be written");
-  }
-  console.printer.Confirm("Saved as " + path + ".");
 }
 
 void ListBackups(Console& console, const Arguments& /*arguments*/) {
@@ -76,16 +52,9 @@ void Restore(Console& console, const Arguments& arguments) {
 
 constexpr Command kCommands[] = {
     {.name = "save",
-     .help = "writes the accounts to their file now",
+     .help = "writes the accounts and the preferences to their files now",
      .example = "save",
      .run = Save},
-    {.name = "saveas",
-     .words = "PATH",
-     .least_words = 1,
-     .most_words = 1,
-     .help = "writes the accounts to another file; asks before it replaces one (see answer)",
-     .example = "saveas \"~/Documents/Accounts 2026.plist\"",
-     .run = SaveAs},
     {.name = "backups",
      .help = "lists the backups of the accounts file, the newest first",
      .example = "backups",

@@ -35,9 +35,8 @@ void KeepFittingFormats(std::string_view list, std::vector<QifDateFormat>& forma
     if (formats.empty()) return;
     const auto value = QifRecord(text).Value('D');
     if (!value) return;
-    std::erase_if(formats, [&](const QifDateFormat& each) {
-      return QifDay(*value, each.format) == 0;
-    });
+    std::erase_if(formats,
+                  [&](const QifDateFormat& each) { return QifDay(*value, each.format) == 0; });
   });
 }
 

@@ -66,7 +66,9 @@ class LDGRQIFImport {
   void SetDateFormat(std::string_view format) { options_.date_format = format; }
   void SetDecimalSeparator(std::string_view text) { options_.decimal_separator = text; }
   void SetThousandsSeparator(std::string_view text) { options_.thousands_separator = text; }
-  void SetImportZeroAmountsAsDeposits(bool set) noexcept { options_.zero_amounts_as_deposits = set; }
+  void SetImportZeroAmountsAsDeposits(bool set) noexcept {
+    options_.zero_amounts_as_deposits = set;
+  }
   void SetImportAllTypes(bool set) noexcept { options_.all_types = set; }
   void SetImportSplitLineItems(bool set) noexcept { options_.split_line_items = set; }
   void SetSwapOptions_Type(std::int32_t to) noexcept { options_.swap_type = to; }

@@ -27,9 +27,8 @@ void ForEachQifSection(std::string_view text, List list, Other other) {
     type = type.substr(0, type.find_last_not_of(kBlanks) + 1);
     const auto& types = LDGRQIFImport::validListTypes();
     std::size_t end = line_end;
-    if (std::any_of(types.begin(), types.end(), [type](const auto& each) {
-          return CompareIgnoringCase(each, type) == 0;
-        })) {
+    if (std::any_of(types.begin(), types.end(),
+                    [type](const auto& each) { return CompareIgnoringCase(each, type) == 0; })) {
       end = std::min(text.find("\r!", line_end), text.size());
       list(text.substr(line_end, end - line_end));
     } else {

@@ -178,10 +178,13 @@ TEST(Menus, FollowTheSelection) {
   app.Account_Menu_Show_MenuItem(1);
   app.Account_Menu_Show_MenuItem(77);
   EXPECT_EQ(app.SelectedAccount(), a);
-  EXPECT_EQ(
-      app.Commands(),
-      (CommandsState{
-          .add_account = true, .edit_account = true, .remove_account = true, .add_entry = true}));
+  EXPECT_EQ(app.Commands(), (CommandsState{.add_account = true,
+                                           .edit_account = true,
+                                           .remove_account = true,
+                                           .add_entry = true,
+                                           .export_account = true,
+                                           .import_file = true,
+                                           .save_as = true}));
 
   const auto entry = test.AddDebit(1.0);
   const auto items = app.EntryTypeMenu();

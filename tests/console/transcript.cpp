@@ -12,6 +12,7 @@
 #include <vector>
 
 #include "console/session.h"
+#include "console/table.h"
 #include "console/values.h"
 #include "console/words.h"
 #include "fakes/fake_ambient.h"
@@ -200,6 +201,8 @@ class Player final : private Terminal {
       WriteFile(path, Replaced(ReadFile(path), words[2], words[3]));
     } else if (name == "files") {
       ListFiles(path);
+    } else if (name == "show") {
+      ShowFile(path);
     } else if (name == "in-use") {
       (void)files_.LockFolder(home_ / "Library/Tallyfold", other_copy_);
     } else if (name == "fail") {
@@ -231,6 +234,16 @@ class Player final : private Terminal {
     std::vector<std::string> names = files_.List(folder);
     std::sort(names.begin(), names.end());
     for (const std::string& name : names) played_ += "= " + name + '\n';
+  }
+
+  void ShowFile(const std::string& path) {
+    std::string_view rest;
+    const std::string content = ReadFile(path);
+    for (rest = content; !rest.empty();) {
+      const std::size_t end = std::min(rest.find('\n'), rest.size());
+      played_ += "= " + Escaped(rest.substr(0, end)) + '\n';
+      rest.remove_prefix(std::min(end + 1, rest.size()));
+    }
   }
 
   std::string WithoutHome(std::string_view text) const {

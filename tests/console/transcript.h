@@ -23,6 +23,7 @@ namespace tallyfold::console {
 //   put PATH TEXT          makes a file
 //   replace PATH OLD NEW   puts NEW for OLD, where that stands first in the file
 //   files FOLDER           lists a folder, each name as "= NAME"
+//   show PATH              shows a file, each line as "= LINE" with tabs and the like escaped
 //   again                  the program is started once more
 //   in-use                 another copy has the data during the next session
 //   fail PATH              the file can no longer be written

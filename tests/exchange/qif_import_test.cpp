@@ -118,7 +118,8 @@ TEST(QifAmounts, AreCleanedAndReadAsFarAsTheyGo) {
       {"EUR 7", ".", ",", 7.0},         {digits, ".", ",", 0.0},
   };
   for (const Case& each : cases) {
-    EXPECT_EQ(LeadingAmount(TweakAmountString(each.text, each.decimal, each.thousands)), each.amount)
+    EXPECT_EQ(LeadingAmount(TweakAmountString(each.text, each.decimal, each.thousands)),
+              each.amount)
         << each.text;
   }
 }

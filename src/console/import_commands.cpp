@@ -1,0 +1,244 @@
+#include <string>
+
+#include "app/controller.h"
+#include "console/all_commands.h"
+#include "console/command_error.h"
+#include "console/console.h"
+#include "console/console_panels.h"
+#include "console/exchange_options.h"
+#include "console/lookup.h"
+#include "console/printer.h"
+#include "console/review_table.h"
+#include "console/table.h"
+#include "console/values.h"
+#include "model/account.h"
+
+namespace tallyfold::console {
+namespace {
+
+LDGRQIFImportController& OpenReview(const Console& console) {
+  auto& import = console.controller.sharedQIFImportController();
+  if (!import.IsReviewing()) {
+    throw CommandError("no import is under review; import PATH begins one");
+  }
+  return import;
+}
+
+void Import(Console& console, const Arguments& arguments) {
+  LDGRController& controller = console.controller;
+  static_cast<void>(SelectedAccount(console));
+  const std::string path = AbsolutePath(console.files, arguments.WordAt(0));
+  if (console.files.IsFolder(path)) throw CommandError(path + " is a folder");
+  if (!console.files.Exists(path)) throw CommandError("there is no file " + path);
+  console.panels.Expect(path, [&] {
+    if (const auto encoding = arguments.Text("encoding")) {
+      auto& menu = controller.ImportEncodings();
+      menu.setEncoding(EncodingNamed(menu.items(), *encoding));
+    }
+  });
+  const bool has_begun = controller.QIFImport();
+  if (const std::string problem = console.panels.TakeProblem(); !problem.empty()) {
+    throw CommandError(problem);
+  }
+  if (!has_begun) throw CommandError("nothing can be imported now");
+  ConfirmImportOptions(
+      console, ReadImportChoices(controller.sharedQIFImportController().Options(), arguments));
+  ShowReviewFigures(console);
+}
+
+void GoBack(Console& console, const Arguments& arguments) {
+  auto& import = OpenReview(console);
+  const ImportChoices choices = ReadImportChoices(import.Options(), arguments);
+  if (!import.import_GoBack_Button()) throw CommandError("the review cannot be left now");
+  ConfirmImportOptions(console, choices);
+  ShowReviewFigures(console);
+}
+
+void ShowReview(Console& console, const Arguments& /*arguments*/) {
+  const auto& import = OpenReview(console);
+  ShowReviewedEntries(console, import.entries());
+  ShowReviewFigures(console);
+}
+
+QifImportEntryList EntriesNamed(const Console& console, const Arguments& arguments) {
+  static_cast<void>(OpenReview(console));
+  QifImportEntryList entries;
+  for (std::size_t i = 0; i < arguments.WordCount(); ++i) {
+    entries.push_back(ReviewedEntryNamed(console, arguments.WordAt(i)));
+  }
+  return entries;
+}
+
+bool NamesAll(const Arguments& arguments) {
+  return arguments.WordCount() == 1 && arguments.WordAt(0) == "all";
+}
+
+// The command for all is a toggle, which unmarks only when every entry is marked.
+void MarkAll(const Console& console, bool marked) {
+  auto& import = OpenReview(console);
+  const auto are_marked = [&] {
+    return import.Review().marked_count == import.Review().entry_count;
+  };
+  if (!are_marked()) import.ImportEntry_ImportAll();
+  if (!marked && are_marked()) import.ImportEntry_ImportAll();
+  ShowReviewFigures(console);
+}
+
+void MarkEntries(const Console& console, const Arguments& arguments, bool marked) {
+  if (NamesAll(arguments)) return MarkAll(console, marked);
+  const auto entries = EntriesNamed(console, arguments);
+  auto& import = OpenReview(console);
+  for (const auto& entry : entries) {
+    if (entry->GetImport() != marked) import.Import_CheckBox(entry);
+  }
+  ShowReviewedEntries(console, entries);
+}
+
+void Mark(Console& console, const Arguments& arguments) {
+  MarkEntries(console, arguments, true);
+}
+
+void Unmark(Console& console, const Arguments& arguments) {
+  MarkEntries(console, arguments, false);
+}
+
+void Drop(Console& console, const Arguments& arguments) {
+  auto& import = OpenReview(console);
+  for (const auto& entry : EntriesNamed(console, arguments)) {
+    import.SelectEntry(entry);
+    import.ImportEntry_Remove();
+  }
+  ShowReviewFigures(console);
+}
+
+void Resolve(Console& console, const Arguments& arguments) {
+  auto& import = OpenReview(console);
+  const auto entries = EntriesNamed(console, arguments);
+  for (const auto& entry : entries) import.Cleared_CheckBox(entry);
+  ShowReviewedEntries(console, entries);
+}
+
+void Commit(Console& console, const Arguments& /*arguments*/) {
+  auto& import = OpenReview(console);
+  const auto account = SelectedAccount(console);
+  const auto entry_count = account->GetEntries().size();
+  const auto type_count = account->GetTypes().size();
+  if (!import.Import_OK()) throw CommandError("the account of the import is no longer selected");
+  Table table({{"imported"}, {"count", Column::Align::Right}});
+  const auto add = [&table](const char* what, std::size_t before, std::size_t now) {
+    table.Add({what, WriteNumber(static_cast<std::int64_t>(now - before))});
+  };
+  add("entries", entry_count, account->GetEntries().size());
+  add("types", type_count, account->GetTypes().size());
+  console.printer.Show(table);
+}
+
+void Cancel(Console& console, const Arguments& /*arguments*/) {
+  OpenReview(console).import_Cancel_Button();
+  console.printer.Confirm("Nothing was imported.");
+}
+
+constexpr Option kAccount = {.name = "account",
+                             .value = "NAME|all",
+                             .help = "whose entries of the file; its first account at first"};
+constexpr Option kFormat = {
+    .name = "format", .value = "FORMAT", .help = "of the dates, such as MM/DD/YY"};
+constexpr Option kDecimal = {
+    .name = "decimal", .value = "TEXT", .help = "what stands before the cents, such as ."};
+constexpr Option kThousands = {
+    .name = "thousands", .value = "TEXT", .help = "what parts thousands, such as ,"};
+constexpr Option kSwap = {.name = "swap",
+                          .value = "category|payee|memo:type|tofrom|description",
+                          .help = "where a line goes; what went there takes its place",
+                          .is_repeatable = true};
+constexpr Option kZero = {
+    .name = "zero", .value = "deposit|debit", .help = "what an amount of nothing is"};
+constexpr Option kTypes = {
+    .name = "types", .value = "yes|no", .help = "whether new types come in that nothing uses"};
+constexpr Option kSplits = {
+    .name = "splits", .value = "yes|no", .help = "whether the lines of splits come in"};
+
+constexpr Option kImportOptions[] = {
+    {.name = "encoding", .value = "NAME", .help = "of the text, such as UTF-8 or its number, 4"},
+    kAccount,
+    kFormat,
+    kDecimal,
+    kThousands,
+    kSwap,
+    kZero,
+    kTypes,
+    kSplits};
+constexpr Option kBackOptions[] = {kAccount, kFormat, kDecimal, kThousands,
+                                   kSwap,    kZero,   kTypes,   kSplits};
+
+constexpr Command kCommands[] = {
+    {.name = "import",
+     .words = "PATH",
+     .least_words = 1,
+     .most_words = 1,
+     .options = kImportOptions,
+     .help = "reads a QIF file and opens the review of what would be imported",
+     .example = "import examples/household.qif",
+     .run = Import},
+    {.name = "review",
+     .help = "shows the entries under review, what they repeat, and what will become of them",
+     .example = "review",
+     .run = ShowReview,
+     .works_in_review = true},
+    {.name = "mark",
+     .words = "ROW...|all",
+     .least_words = 1,
+     .most_words = 100,
+     .help = "marks entries under review for import",
+     .example = "mark 3 5",
+     .run = Mark,
+     .works_in_review = true},
+    {.name = "unmark",
+     .words = "ROW...|all",
+     .least_words = 1,
+     .most_words = 100,
+     .help = "leaves entries under review out of the import",
+     .example = "unmark 4",
+     .run = Unmark,
+     .works_in_review = true},
+    {.name = "drop",
+     .words = "ROW...",
+     .least_words = 1,
+     .most_words = 100,
+     .help = "takes entries out of the review; the others keep their rows",
+     .example = "drop 4",
+     .run = Drop,
+     .works_in_review = true},
+    {.name = "resolve",
+     .words = "ROW...",
+     .least_words = 1,
+     .most_words = 100,
+     .help = "turns the cleared marks of entries under review over",
+     .example = "resolve 2",
+     .run = Resolve,
+     .works_in_review = true},
+    {.name = "back",
+     .options = kBackOptions,
+     .help = "reads the file again with other options; what was done in the review is lost",
+     .example = "back format=DD/MM/YY",
+     .run = GoBack,
+     .works_in_review = true},
+    {.name = "commit",
+     .help = "adds the marked entries, and the types they need, to the selected account",
+     .example = "commit",
+     .run = Commit,
+     .works_in_review = true},
+    {.name = "cancel",
+     .help = "ends the review without importing anything",
+     .example = "cancel",
+     .run = Cancel,
+     .works_in_review = true},
+};
+
+}  // namespace
+
+std::span<const Command> ImportCommands() {
+  return kCommands;
+}
+
+}  // namespace tallyfold::console
