@@ -285,7 +285,7 @@ LDGRController::LDGRController(const Services& services)
       search_(services.loop, *hosts_),
       registers_(*hosts_, front_end_),
       speaker_(services.loop, services.speech, *hosts_),
-      amount_fields_(services.loop, services.speech),
+      amount_fields_(services.loop, services.field_speech),
       tabs_(*hosts_, refresh_, front_end_),
       printing_(*hosts_),
       idle_(services.loop, *hosts_),

@@ -159,6 +159,7 @@ class LDGRController {
 
   // --- app/tabs.h --------------------------------------------------------------------------------
   [[nodiscard]] const TabsState& TabViews() const noexcept { return tabs_.State(); }
+  [[nodiscard]] RegisterKind ShownRegister() const noexcept { return tabs_.ShownRegister(); }
   void SelectTab(Tab tab) { tabs_.Select(tab); }
   void willSelectTabViewItem(std::string_view identifier) {
     tabs_.willSelectTabViewItem(identifier);
@@ -360,6 +361,9 @@ class LDGRController {
   }
   [[nodiscard]] const LDGRAccountTableViewData& currentTableDataSource() const noexcept {
     return registers_.Current();
+  }
+  [[nodiscard]] RegisterKind CurrentRegisterKind() const noexcept {
+    return registers_.CurrentKind();
   }
   // The entry of the selected row of the current register; null when no row is selected.
   [[nodiscard]] std::shared_ptr<LDGRAccountEntry> SelectedEntry() const {

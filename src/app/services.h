@@ -20,7 +20,10 @@ struct Services {
   Alerts& alerts;
   FilePanels& panels;
   ProcessLauncher& processes;
+  // Reads entries; falls silent whenever the user does something.
   SpeechOutput& speech;
+  // Echoes what is typed into fields; a voice of its own, so that typing on does not silence it.
+  SpeechOutput& field_speech;
   RunLoop& loop;
   NotificationCenter& notifications;
   ApplicationHost& host;

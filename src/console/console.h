@@ -40,6 +40,8 @@ struct ConsoleServices {
   TextEncodings& encodings;
   // Runs what the run loop has due within that time, without waiting for it.
   std::function<void(std::chrono::milliseconds)> skip_delays;
+  // Serves the run loop while that time passes. False when the program has been asked to end.
+  std::function<bool(std::chrono::milliseconds)> wait;
   // The running program's, as it is written into files.
   std::string version;
   // Null where there is nobody to ask.
@@ -58,6 +60,7 @@ struct Console {
   const RunLoop& loop;
   SpokenText& spoken;
   const std::function<void(std::chrono::milliseconds)>& skip_delays;
+  const std::function<bool(std::chrono::milliseconds)>& wait;
   std::span<const Subject> subjects;
   // How the register was shown last, which is what "#3" counts in.
   RegisterOrder register_order;

@@ -17,9 +17,26 @@
 #include "system/system_process_launcher.h"
 #include "system/termination_signals.h"
 
-int main() {
-  using namespace tallyfold;
+namespace {
 
+using namespace tallyfold;
+
+// False when a signal asks the program to end.
+bool RunFor(PollRunLoop& loop, const TerminationSignals& signals, std::chrono::milliseconds time) {
+  bool is_to_end = false;
+  const auto watch = loop.WatchReadable(signals.descriptor(), [&] {
+    is_to_end = true;
+    loop.Stop();
+  });
+  DelayedCall end(loop);
+  end.Start(time, [&loop] { loop.Stop(); });
+  loop.Run();
+  return !is_to_end;
+}
+
+}  // namespace
+
+int main() {
   OpenMissingStandardStreams();
 
   SystemClock clock;
@@ -37,8 +54,10 @@ int main() {
   NotificationCenter notifications;
   IconvEncodings encodings;
 
-  console::Session session({terminal, files, processes, speech, loop, notifications, encodings,
-                            [&loop](std::chrono::milliseconds time) { loop.SkipDelays(time); },
-                            TALLYFOLD_VERSION, &updates});
+  console::Session session(
+      {terminal, files, processes, speech, loop, notifications, encodings,
+       [&loop](std::chrono::milliseconds time) { loop.SkipDelays(time); },
+       [&](std::chrono::milliseconds time) { return RunFor(loop, signals, time); },
+       TALLYFOLD_VERSION, &updates});
   return session.Run();
 }

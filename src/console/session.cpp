@@ -22,6 +22,7 @@ constexpr std::chrono::seconds kSkippedDelays{3};
 Session::Session(const ConsoleServices& services)
     : terminal_(services.terminal),
       skip_delays_(services.skip_delays),
+      wait_(services.wait),
       spoken_(services.speech, services.loop),
       log_(services.terminal),
       ambient_({.log = &log_, .localizer = nullptr, .locale = nullptr, .clock = nullptr}),
@@ -29,11 +30,12 @@ Session::Session(const ConsoleServices& services)
       panels_(services.files, questions_),
       host_(services.version),
       printer_(services.terminal),
-      controller_({services.files, questions_, panels_, services.processes, spoken_, services.loop,
-                   services.notifications, host_, services.encodings, services.updates}),
-      console_{controller_, printer_,     questions_,     panels_,
-               host_,       log_,         services.files, services.loop,
-               spoken_,     skip_delays_, AllSubjects(),  RegisterOrder{}} {}
+      controller_({services.files, questions_, panels_, services.processes, spoken_,
+                   services.speech, services.loop, services.notifications, host_,
+                   services.encodings, services.updates}),
+      console_{controller_, printer_,       questions_,     panels_, host_,
+               log_,        services.files, services.loop,  spoken_, skip_delays_,
+               wait_,       AllSubjects(),  RegisterOrder{}} {}
 
 int Session::Run() {
   if (terminal_.ReadsFromPerson()) {
@@ -59,7 +61,11 @@ bool Session::RunLine(std::string_view text) {
     Line line = ReadWords(text);
     may_fail = may_fail || line.may_fail;
     error = std::move(line.error);
-    if (error.empty() && !line.words.empty()) error = RunCommand(line.words);
+    if (error.empty() && !line.words.empty()) {
+      error = RunCommand(line.words);
+    } else if (is_launched_) {
+      controller_.application().sendEvent(EventType::KeyDown);
+    }
   }
   if (error.empty()) return true;
   ReportError(error);
@@ -78,7 +84,7 @@ std::string Session::RunCommand(std::span<const Word> words) {
       return error;
     }
     if (!is_launched_ && !Launch(*command)) return error;
-    // A line is the user's doing: what waits for an idle user waits on.
+    // A line is the user's doing: what waits for an idle user waits on, and a reading ends.
     controller_.application().sendEvent(EventType::KeyDown);
     if (command->needs != Needs::Launch && !Unlock()) return error;
     const bool is_changing =

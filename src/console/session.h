@@ -50,6 +50,7 @@ class Session {
 
   Terminal& terminal_;
   std::function<void(std::chrono::milliseconds)> skip_delays_;
+  std::function<bool(std::chrono::milliseconds)> wait_;
   SpokenText spoken_;
   ConsoleLog log_;
   ScopedAmbient ambient_;

@@ -8,6 +8,8 @@
 #include "console/console.h"
 #include "console/lookup.h"
 #include "console/printer.h"
+#include "console/questions.h"
+#include "console/register_filter.h"
 #include "console/spoken_text.h"
 #include "console/table.h"
 #include "console/values.h"
@@ -26,13 +28,23 @@ std::chrono::milliseconds LongestStep(const Console& console) {
   return std::chrono::milliseconds(std::llround(seconds * 1000.0));
 }
 
-// A voice reads on while commands are waited for; without one there is nothing to wait for.
-void ReadOnUnheard(Console& console) {
+// A person goes on typing while the voice reads, which ends it; a script waits for its end.
+void Listen(Console& console) {
+  constexpr std::chrono::milliseconds kBetweenLooks{100};
+  if (console.questions.AsksPerson()) return;
+  while (console.spoken.IsBusy() || console.controller.IsReadingEntries()) {
+    if (!console.wait(kBetweenLooks)) return;
+  }
+}
+
+// Without a voice there is nothing to wait for.
+void ReadOn(Console& console) {
   const std::chrono::milliseconds step = LongestStep(console);
   std::size_t told = 0;
   do {
     told = console.spoken.size();
     console.skip_delays(step);
+    if (console.spoken.IsBusy()) return Listen(console);
   } while (console.controller.IsReadingEntries() && console.spoken.size() > told);
 }
 
@@ -50,13 +62,15 @@ void ShowUnheard(Console& console, std::chrono::milliseconds start) {
 void Speak(Console& console, const Arguments& arguments) {
   static_cast<void>(SelectedAccount(console));
   const std::string what = arguments.WordCount() == 0 ? "entry" : arguments.WordAt(0);
+  if (what == "stop") return console.controller.StopSpeech();
   if (what != "entry" && what != "from" && what != "all") {
-    throw CommandError("speak: expected entry, from or all, not " + Quoted(what));
+    throw CommandError("speak: expected entry, from, all or stop, not " + Quoted(what));
   }
   const auto selected = console.controller.SelectedEntry();
   if (what != "all" && selected == nullptr) {
     throw CommandError("speak: no entry is selected; see 'select entry'");
   }
+  if (what != "entry") RequireShownRegister(console, "speak");
   const auto start = console.loop.Now();
   static_cast<void>(console.spoken.Take());
   if (what == "entry") {
@@ -66,16 +80,17 @@ void Speak(Console& console, const Arguments& arguments) {
   } else {
     console.controller.SpeakEntries();
   }
-  ReadOnUnheard(console);
+  ReadOn(console);
   ShowUnheard(console, start);
 }
 
 constexpr Command kCommands[] = {
     {.name = "speak",
-     .words = "[entry|from|all]",
+     .words = "[entry|from|all|stop]",
      .most_words = 1,
-     .help = "reads the selected entry aloud, or the register from there on, or all of it; without "
-             "a voice, shows what would be said and when",
+     .help = "reads the selected entry aloud, or the register from there on, or all of it: in a "
+             "script to the end, at a terminal until a line is typed; without a voice, shows what "
+             "would be said and when",
      .example = "speak from",
      .run = Speak},
 };

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <chrono>
 #include <functional>
 
 #include "app/test_application.h"
@@ -134,12 +135,18 @@ TEST(AmountFields, EchoDigitsWhereTheUserWantsIt) {
   TestApplication test;
   auto& app = test.app;
   EXPECT_TRUE(app.amountFields().debit.textView({}, "1"));
-  EXPECT_TRUE(test.speech.Heard().empty());
+  EXPECT_TRUE(test.field_speech.Heard().empty());
   app.PreferencesSheet_Open();
   app.preferencesSheet().settings->SetSpeakEntryAmounts(true);
   app.PreferencesSheet_OK();
-  EXPECT_TRUE(app.amountFields().debit.textView({}, "1"));
-  EXPECT_EQ(test.speech.Heard(), Texts{"1"});
+  for (const char* digit : {"1", "2"}) {  // each key is heard to its end
+    app.application().sendEvent(EventType::KeyDown);
+    EXPECT_TRUE(app.amountFields().debit.textView({}, digit));
+  }
+  EXPECT_EQ(test.field_speech.Heard(), Texts{"1"});
+  test.field_speech.Finish();
+  test.loop.AdvanceBy(std::chrono::milliseconds(100));
+  EXPECT_EQ(test.field_speech.Heard(), (Texts{"1", "2"}));
 }
 
 }  // namespace

@@ -5,7 +5,8 @@
 namespace tallyfold {
 
 TestApplication::TestApplication(bool is_loaded)
-    : app({files, alerts, panels, processes, speech, loop, notifications, host, encodings}) {
+    : app({files, alerts, panels, processes, speech, field_speech, loop, notifications, host,
+           encodings}) {
   ambient.clock.SetLocal({2004, 3, 7, 12, 0, 0});
   app.SetFrontEnd(&front_end);
   if (!is_loaded) return;

@@ -40,6 +40,7 @@ struct TestApplication {
   FakeFilePanels panels;
   FakeProcessLauncher processes;
   FakeSpeech speech;
+  FakeSpeech field_speech;
   FakeRunLoop loop{&ambient.clock};
   NotificationCenter notifications;
   FakeHost host;

@@ -48,8 +48,16 @@ struct Computer {
     terminal.lines = std::move(lines);
     terminal.written.clear();
     Session session({terminal, files, processes, speech, loop, notifications, encodings,
-                     [this](std::chrono::milliseconds time) { loop.AdvanceBy(time); }, "1.0"});
+                     [this](std::chrono::milliseconds time) { loop.AdvanceBy(time); },
+                     [this](std::chrono::milliseconds time) { return Wait(time); }, "1.0"});
     return session.Run();
+  }
+
+  // The voice takes its time for each text.
+  bool Wait(std::chrono::milliseconds time) {
+    loop.AdvanceBy(time);
+    if (speech.IsBusy() && ++waits % 50 == 0) speech.Finish();
+    return true;
   }
 
   FakeAmbient ambient;
@@ -58,6 +66,7 @@ struct Computer {
   FakeProcessLauncher processes;
   FakeSpeech speech;
   FakeRunLoop loop{&ambient.clock};
+  int waits = 0;
   NotificationCenter notifications;
   IconvEncodings encodings;
 };
@@ -79,6 +88,21 @@ TEST(Sessions, LeaveEveryTimerThatWaitsForAnIdleUserAlone) {
   // A minute of skipped delays, in which changed accounts would be saved in front of a person.
   EXPECT_EQ(computer.Run(lines), 1);
   EXPECT_EQ(computer.files.Content("/home/user/Library/Tallyfold/Accounts.plist"), std::nullopt);
+}
+
+TEST(Sessions, LetAScriptHearAReadingToItsEnd) {
+  Computer computer;
+  ASSERT_EQ(computer.Run({"account add name=Cash", "debit amount=1 date=2026-03-01",
+                          "debit amount=2 date=2026-03-02", "debit amount=3 date=2026-03-03",
+                          "speak all", "filter"}),
+            0);
+  std::string said;
+  for (const std::string& text : computer.speech.Heard()) {
+    said += text == "(stop)" ? "-" : text.substr(text.find("-") + 1, 1);
+  }
+  const std::size_t first = said.find('1');
+  ASSERT_NE(first, std::string::npos) << said;
+  EXPECT_TRUE(said.substr(first).starts_with("123-")) << said;
 }
 
 TEST(Sessions, SayWhatCouldNotBeSavedAtTheEnd) {

@@ -152,7 +152,8 @@ class Player final : private Terminal {
     NotificationCenter notifications;
     IconvEncodings encodings;
     Session session({*this, files_, processes, speech, loop, notifications, encodings,
-                     [&loop](std::chrono::milliseconds time) { loop.SkipDelays(time); }, "1.0.0"});
+                     [&loop](std::chrono::milliseconds time) { loop.SkipDelays(time); },
+                     [](std::chrono::milliseconds /*time*/) { return true; }, "1.0.0"});
     const int status = session.Run();
     if (status != 0) played_ += "@ status " + std::to_string(status) + '\n';
     other_copy_.reset();
