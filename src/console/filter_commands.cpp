@@ -7,6 +7,7 @@
 #include "console/console.h"
 #include "console/lookup.h"
 #include "console/printer.h"
+#include "console/register_filter.h"
 #include "console/table.h"
 #include "console/values.h"
 #include "filters/filter_types.h"
@@ -37,61 +38,55 @@ const FilterType& FilterNamed(std::string_view word) {
 
 // What the filter in force lets through.
 void ShowFilter(const Console& console) {
-  const auto account = SelectedAccount(console);
-  const EntryList entries = account->entryFilteredEntries();
+  const RegisterFilter in_force = FilterInForce(console);
+  const EntryList entries = in_force.filter->Filter(SelectedAccount(console)->GetEntries());
   double sum = 0.0;
   for (const auto& entry : entries) sum += entry->GetAmount();
-  const FilterType* type = FilterTypeWithNumber(account->entryFilterType());
   Table table(
       {{"filter"}, {"text"}, {"entries", Column::Align::Right}, {"sum", Column::Align::Right}});
-  table.Add({type == nullptr ? "" : std::string(type->name),
-             std::string(account->entryFilterData().StringValue()),
+  table.Add({in_force.filter->GetName(), in_force.text,
              WriteNumber(static_cast<std::int64_t>(entries.size())), WriteAmount(sum)});
   console.printer.Show(table);
 }
 
 void ListFilters(Console& console, const Arguments& /*arguments*/) {
-  const auto account = SelectedAccount(console);
+  const std::int32_t in_force = FilterInForce(console).type;
   Table table({{"number", Column::Align::Right}, {"name"}, {"takes"}, {"in force"}});
   for (const FilterType& type : FilterTypes()) {
     table.Add({WriteNumber(type.number), std::string(type.name), TakesText(type) ? "text" : "",
-               WriteYesNo(type.number == account->entryFilterType())});
+               WriteYesNo(type.number == in_force)});
   }
   console.printer.Show(table);
 }
 
-// The search runs half a second after the last change of its text; here nobody types on.
-void SearchFor(Console& console, std::string_view text) {
-  console.controller.Search_Field(text);
-  console.controller.Search();
-}
-
 void ChooseFilter(Console& console, const Arguments& arguments) {
-  static_cast<void>(SelectedAccount(console));
   if (arguments.WordCount() == 0) return ShowFilter(console);
+  static_cast<void>(SelectedAccount(console));
+  RequireShownRegister(console, "filter");
   const FilterType& type = FilterNamed(arguments.WordAt(0));
   const bool has_text = arguments.WordCount() == 2;
   if (has_text && !TakesText(type)) {
     throw CommandError("filter: " + Quoted(type.name) + " takes no text");
   }
   console.controller.Filter_Select(type.number);
-  if (has_text) SearchFor(console, arguments.WordAt(1));
+  if (has_text) console.controller.Search_Field(arguments.WordAt(1));
   ShowFilter(console);
 }
 
 void Search(Console& console, const Arguments& arguments) {
-  const auto account = SelectedAccount(console);
-  const FilterType* type = FilterTypeWithNumber(account->entryFilterType());
+  const FilterType* type = FilterTypeWithNumber(FilterInForce(console).type);
+  RequireShownRegister(console, "search");
   if (type != nullptr && !TakesText(*type)) {
     throw CommandError("search: the filter in force, " + Quoted(type->name) +
                        ", takes no text; choose one that does, as in 'filter General'");
   }
-  SearchFor(console, arguments.WordAt(0));
+  console.controller.Search_Field(arguments.WordAt(0));
   ShowFilter(console);
 }
 
 void CancelSearch(Console& console, const Arguments& /*arguments*/) {
   static_cast<void>(SelectedAccount(console));
+  RequireShownRegister(console, "search cancel");
   console.controller.Search_Cancel();
   ShowFilter(console);
 }

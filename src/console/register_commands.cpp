@@ -8,6 +8,7 @@
 #include "console/entry_table.h"
 #include "console/lookup.h"
 #include "console/printer.h"
+#include "console/register_filter.h"
 #include "console/register_order.h"
 #include "console/table.h"
 #include "console/values.h"
@@ -23,13 +24,7 @@ namespace {
 void ShowRegister(Console& console, const Arguments& arguments) {
   const auto account = SelectedAccount(console);
   RegisterOrder order;
-  if (const auto column = arguments.Text("sort")) {
-    if (!IsRegisterColumn(*column)) {
-      throw CommandError("sort: expected one of " + std::string(kRegisterColumns) + ", not " +
-                         Quoted(*column));
-    }
-    order.column = *column;
-  }
+  if (const auto column = arguments.Text("sort")) order.key = ReadSortKey(*column);
   order.descending = arguments.YesNo("descending").value_or(false);
   console.register_order = order;
 
@@ -38,7 +33,7 @@ void ShowRegister(Console& console, const Arguments& arguments) {
   const EntryNames names(rows);
   const std::vector<double> balances = account->RunningBalances(rows);
   // Rows keep their names under a filter, so that "#3" means the same entry with and without it.
-  const EntryList passed = account->entryFilteredEntries();
+  const EntryList passed = FilterInForce(console).filter->Filter(account->GetEntries());
   const std::unordered_set<std::shared_ptr<LDGRAccountEntry>> shown(passed.begin(), passed.end());
   Table table(RegisterColumns());
   double sum = 0.0;
@@ -102,6 +97,7 @@ void ShowEntry(Console& console, const Arguments& arguments) {
 
 // A column of the window's table by its identifier.
 std::string ColumnNamed(std::string_view word) {
+  word = ColumnIdentifier(word);
   std::string known;
   for (const TableColumn& column : DefaultRegisterColumns()) {
     if (column.identifier == word) return column.identifier;
@@ -111,14 +107,15 @@ std::string ColumnNamed(std::string_view word) {
 }
 
 void ShowColumns(const Console& console) {
-  const auto& rows = console.controller.entryDataSource();
+  const auto& rows = console.controller.currentTableDataSource();
+  const std::string& table_identifier = rows.GetTableIdentifier();
   const auto& views = rows.GetAccountPreferences();
   Table table({{"column"}, {"title"}, {"sorted"}});
   for (const TableColumn& column : rows.VisibleTableColumns()) {
     const bool sorts =
         views != nullptr &&
-        column.identifier == views->GetSelectedColumnIdentifierForTableIdentifier("entry");
-    const bool descends = sorts && views->GetSortDescendingForTableIdentifier("entry");
+        column.identifier == views->GetSelectedColumnIdentifierForTableIdentifier(table_identifier);
+    const bool descends = sorts && views->GetSortDescendingForTableIdentifier(table_identifier);
     table.Add({column.identifier, LocalizedText(TitleOfRegisterColumn(column.identifier)),
                sorts ? (descends ? "descending" : "ascending") : ""});
   }
@@ -132,21 +129,21 @@ void ListColumns(Console& console, const Arguments& /*arguments*/) {
 
 void HideColumn(Console& console, const Arguments& arguments) {
   static_cast<void>(SelectedAccount(console));
-  console.controller.entryDataSource().HideTableColumnWithIdentifier(
+  console.controller.currentTableDataSource().HideTableColumnWithIdentifier(
       ColumnNamed(arguments.WordAt(0)));
   ShowColumns(console);
 }
 
 void ShowColumn(Console& console, const Arguments& arguments) {
   static_cast<void>(SelectedAccount(console));
-  console.controller.entryDataSource().ShowTableColumnWithIdentifier(
+  console.controller.currentTableDataSource().ShowTableColumnWithIdentifier(
       ColumnNamed(arguments.WordAt(0)));
   ShowColumns(console);
 }
 
 void Sort(Console& console, const Arguments& arguments) {
   static_cast<void>(SelectedAccount(console));
-  console.controller.entryDataSource().ClickedTableColumn(ColumnNamed(arguments.WordAt(0)));
+  console.controller.currentTableDataSource().ClickedTableColumn(ColumnNamed(arguments.WordAt(0)));
   ShowColumns(console);
 }
 

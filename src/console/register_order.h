@@ -1,26 +1,33 @@
 #pragma once
 
-#include <string>
+#include <optional>
 #include <string_view>
 
 #include "model/account_entry.h"
+#include "registers/register_order.h"
 
 namespace tallyfold::console {
 
-// By which column the register is sorted.
+// How the register is printed.
 struct RegisterOrder {
-  std::string column = "date";
+  // None: by entry number.
+  std::optional<RegisterSortKey> key = RegisterSortKey::Date;
   bool descending = false;
 };
 
-// The columns a register can be sorted by, separated by blanks, for help.
+// What the register can be printed by, separated by blanks, for help.
 inline constexpr std::string_view kRegisterColumns =
     "number date check type description to/from amount cleared";
 
-// Whether there is such a column.
-[[nodiscard]] bool IsRegisterColumn(std::string_view column);
+// The key of "number" (none) or of a column by its identifier or its printed name. Throws
+// CommandError for any other word.
+[[nodiscard]] std::optional<RegisterSortKey> ReadSortKey(std::string_view word);
 
-// Sorts entries by number, then stably by the column.
+// The identifier of a column for its printed name ("toFrom" for "to/from"); any other word is an
+// identifier already.
+[[nodiscard]] std::string_view ColumnIdentifier(std::string_view word) noexcept;
+
+// Sorts stably.
 void SortEntries(EntryList& entries, const RegisterOrder& order);
 
 }  // namespace tallyfold::console
