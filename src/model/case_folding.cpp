@@ -4,6 +4,8 @@
 #include <cstddef>
 #include <cstdint>
 
+#include "plist/utf8.h"
+
 namespace tallyfold {
 namespace {
 
@@ -88,38 +90,10 @@ char32_t FoldCodePoint(char32_t code_point) noexcept {
 }
 
 char32_t TakeCodePoint(std::string_view& text) noexcept {
-  const auto lead = static_cast<unsigned char>(text.front());
-  std::size_t length = 1;
-  char32_t code_point = lead;
-  char32_t smallest = 0;  // a longer form than needed is no UTF-8
-  if (lead >= 0xC2 && lead <= 0xDF) {
-    length = 2;
-    code_point = lead & 0x1FU;
-    smallest = 0x80;
-  } else if (lead >= 0xE0 && lead <= 0xEF) {
-    length = 3;
-    code_point = lead & 0x0FU;
-    smallest = 0x800;
-  } else if (lead >= 0xF0 && lead <= 0xF4) {
-    length = 4;
-    code_point = lead & 0x07U;
-    smallest = 0x10000;
-  } else if (lead >= 0x80) {
-    code_point = kInvalidByte + lead;
-  }
-
-  bool valid = length <= text.size();
-  for (std::size_t i = 1; valid && i < length; ++i) {
-    const auto byte = static_cast<unsigned char>(text[i]);
-    valid = (byte & 0xC0U) == 0x80U;
-    code_point = code_point << 6U | (byte & 0x3FU);
-  }
-  const bool surrogate = code_point >= 0xD800 && code_point <= 0xDFFF;
-  if (length > 1 && (!valid || code_point < smallest || code_point > 0x10FFFF || surrogate)) {
-    length = 1;
-    code_point = kInvalidByte + lead;
-  }
-  text.remove_prefix(length);
+  const plist::Utf8Character first = plist::FirstUtf8Character(text);
+  const char32_t code_point =
+      first.is_valid ? first.code_point : kInvalidByte + static_cast<unsigned char>(text.front());
+  text.remove_prefix(first.is_valid ? first.size : 1);
   return code_point;
 }
 

@@ -5,22 +5,9 @@
 
 #include "model/case_folding.h"
 #include "platform/ambient.h"
+#include "plist/utf8.h"
 
 namespace tallyfold {
-namespace {
-
-// Two bytes are enough for whatever folding changes.
-void AppendFolded(std::string& result, char32_t code_point) {
-  if (code_point < 0x80) {
-    result.push_back(static_cast<char>(code_point));
-  } else {
-    result.push_back(static_cast<char>(0xC0U | code_point >> 6U));
-    result.push_back(static_cast<char>(0x80U | (code_point & 0x3FU)));
-  }
-}
-
-}  // namespace
-
 std::string FoldCase(std::string_view text) {
   std::string result;
   result.reserve(text.size());
@@ -36,7 +23,7 @@ std::string FoldCase(std::string_view text) {
     if (folded == code_point) {
       result.append(before.substr(0, before.size() - text.size()));
     } else {
-      AppendFolded(result, folded);
+      plist::AppendUtf8(result, folded);
     }
   }
   return result;
@@ -56,7 +43,7 @@ void AppendOrderForm(std::string& forms, std::string_view text) {
     const char32_t folded = FoldCodePoint(code_point);
     const std::size_t size = before.size() - text.size();
     if (folded != code_point) {
-      AppendFolded(forms, folded);
+      plist::AppendUtf8(forms, folded);
       continue;
     }
     // A byte that is no letter comes after all letters.

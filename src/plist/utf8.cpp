@@ -19,28 +19,24 @@ bool IsAsciiBlock(const char* block) noexcept {
   return (bits & 0x8080808080808080U) == 0;
 }
 
-// What the bytes at the start of a text that is not empty are.
-struct Sequence {
-  std::size_t length;  // at least 1
-  bool valid;          // one character; otherwise bytes to be replaced by one U+FFFD
-};
+}  // namespace
 
-Sequence FirstSequence(std::string_view text) noexcept {
+Utf8Character FirstUtf8Character(std::string_view text) noexcept {
   const std::uint8_t lead = Byte(text[0]);
-  if (lead < 0x80) return {1, true};
-  if (lead < 0xC2 || lead > 0xF4) return {1, false};
-  const std::size_t length = lead < 0xE0 ? 2 : lead < 0xF0 ? 3 : 4;
+  if (lead < 0x80) return {lead, 1, true};
+  if (lead < 0xC2 || lead > 0xF4) return {0, 1, false};
+  const std::size_t size = lead < 0xE0 ? 2 : lead < 0xF0 ? 3 : 4;
   // The second byte's range keeps out overlong forms, surrogates and what lies beyond U+10FFFF.
   const std::uint8_t low = lead == 0xE0 ? 0xA0 : lead == 0xF0 ? 0x90 : 0x80;
   const std::uint8_t high = lead == 0xED ? 0x9F : lead == 0xF4 ? 0x8F : 0xBF;
-  if (text.size() < 2 || Byte(text[1]) < low || Byte(text[1]) > high) return {1, false};
-  for (std::size_t i = 2; i < length; ++i) {
-    if (i >= text.size() || (Byte(text[i]) & 0xC0U) != 0x80) return {i, false};
+  if (text.size() < 2 || Byte(text[1]) < low || Byte(text[1]) > high) return {0, 1, false};
+  char32_t code_point = lead & (0x7FU >> size);
+  for (std::size_t i = 1; i < size; ++i) {
+    if (i >= text.size() || (Byte(text[i]) & 0xC0U) != 0x80) return {0, i, false};
+    code_point = code_point << 6U | (Byte(text[i]) & 0x3FU);
   }
-  return {length, true};
+  return {code_point, size, true};
 }
-
-}  // namespace
 
 std::size_t ValidUtf8Prefix(std::string_view text) noexcept {
   constexpr std::size_t kBlock = 64;
@@ -53,9 +49,9 @@ std::size_t ValidUtf8Prefix(std::string_view text) noexcept {
       const std::size_t end = std::min(position + kBlock, text.size());
       while (position < end && Byte(text[position]) < 0x80) ++position;
     } else {
-      const Sequence sequence = FirstSequence(text.substr(position));
-      if (!sequence.valid) return position;
-      position += sequence.length;
+      const Utf8Character character = FirstUtf8Character(text.substr(position));
+      if (!character.is_valid) return position;
+      position += character.size;
     }
   }
   return position;
@@ -70,7 +66,7 @@ std::string ToValidUtf8(std::string_view text) {
     text.remove_prefix(valid);
     if (text.empty()) return result;
     result += "\xEF\xBF\xBD";
-    text.remove_prefix(FirstSequence(text).length);
+    text.remove_prefix(FirstUtf8Character(text).size);
   }
 }
 

@@ -7,6 +7,16 @@
 // UTF-8 as Unicode defines it: no overlong forms, no surrogates, nothing above U+10FFFF.
 namespace tallyfold::plist {
 
+struct Utf8Character {
+  char32_t code_point = 0;  // of a valid character
+  // In bytes, at least 1: of the character, or of what ToValidUtf8() replaces by one U+FFFD.
+  std::size_t size = 0;
+  bool is_valid = false;
+};
+
+// What a text that is not empty begins with.
+[[nodiscard]] Utf8Character FirstUtf8Character(std::string_view text) noexcept;
+
 // The number of bytes before the first that is no part of valid UTF-8; the size of a valid text.
 [[nodiscard]] std::size_t ValidUtf8Prefix(std::string_view text) noexcept;
 
