@@ -75,15 +75,15 @@ LDGRFilter::LDGRFilter() {
 LDGRFilter::LDGRFilter(const std::optional<plist::Dictionary>& dictionary) : LDGRFilter() {
   if (!dictionary) return;
   if (const plist::Value& name = dictionary->Get(kName); name.IsString()) {
-    settings_.Set(kName, name);
+    filter_settings_.Set(kName, name);
   } else if (!name.IsNone()) {
     Log(MessageWithText(kWrongFormat, kName));
   }
-  for (const std::string_view key : kListsReadFirst) ReadList(settings_, *dictionary, key);
+  for (const std::string_view key : kListsReadFirst) ReadList(filter_settings_, *dictionary, key);
   for (const std::string_view key : {kCategory, kType, kNumber}) {
     setObject(dictionary->Get(key), key);
   }
-  for (const std::string_view key : kListsReadLast) ReadList(settings_, *dictionary, key);
+  for (const std::string_view key : kListsReadLast) ReadList(filter_settings_, *dictionary, key);
 }
 
 std::shared_ptr<LDGRFilter> LDGRFilter::FilterWithDictionary(
@@ -92,26 +92,27 @@ std::shared_ptr<LDGRFilter> LDGRFilter::FilterWithDictionary(
 }
 
 std::shared_ptr<LDGRFilter> LDGRFilter::FilterWithFilter(const LDGRFilter* filter) {
-  return filter != nullptr ? std::make_shared<LDGRFilter>(filter->settings_.DeepCopy()) : nullptr;
+  return filter != nullptr ? std::make_shared<LDGRFilter>(filter->filter_settings_.DeepCopy())
+                           : nullptr;
 }
 
 const plist::Value& LDGRFilter::objectForKey(std::string_view key) const noexcept {
-  return settings_.Get(key);
+  return filter_settings_.Get(key);
 }
 
 void LDGRFilter::setObject(const plist::Value& object, std::string_view key) {
-  if (!object.IsNone()) settings_.Set(key, object);
+  if (!object.IsNone()) filter_settings_.Set(key, object);
 }
 
 void LDGRFilter::Default() {
   SetName(LocalizedText("Untitled Filter"));
   SetType(FilterKind::Fixed);
-  for (const std::string_view key : kLists) settings_.Set(key, plist::Array());
+  for (const std::string_view key : kLists) filter_settings_.Set(key, plist::Array());
 }
 
 bool LDGRFilter::AddRuleForCategory(std::optional<std::string_view> category, FilterLogic logic,
                                     FilterQualifier qualifier, const plist::Value& data) {
-  std::optional<plist::Array> list = List(settings_, category);
+  std::optional<plist::Array> list = List(filter_settings_, category);
   if (!list) return false;
   plist::Dictionary rule;
   rule.Set("logic", static_cast<std::int32_t>(logic));
@@ -129,7 +130,7 @@ bool LDGRFilter::SetRuleForCategory(std::optional<std::string_view> category, Fi
 }
 
 void LDGRFilter::RemoveRulesForCategory(std::optional<std::string_view> category) {
-  if (std::optional<plist::Array> list = List(settings_, category)) list->Clear();
+  if (std::optional<plist::Array> list = List(filter_settings_, category)) list->Clear();
 }
 
 void LDGRFilter::RemoveAllRules() {
@@ -139,7 +140,7 @@ void LDGRFilter::RemoveAllRules() {
 void LDGRFilter::SetData(const plist::Value& data) {
   if (data.IsNone()) return;
   for (const std::string_view key : kListsGivenData) {
-    const std::optional<plist::Array> list = List(settings_, key);
+    const std::optional<plist::Array> list = List(filter_settings_, key);
     if (!list) continue;
     for (const plist::Value& rule : *list) {
       if (rule.IsDictionary()) rule.DictionaryValue().Set(kData, data);
@@ -149,7 +150,7 @@ void LDGRFilter::SetData(const plist::Value& data) {
 }
 
 plist::Value LDGRFilter::GetDataForCategory(std::optional<std::string_view> category) const {
-  if (const std::optional<plist::Array> list = List(settings_, category)) {
+  if (const std::optional<plist::Array> list = List(filter_settings_, category)) {
     const plist::Dictionary rule = list->At(0).DictionaryValue();
     if (rule.Has(kData)) return rule.Get(kData);
   }
@@ -161,37 +162,37 @@ plist::Value LDGRFilter::GetDataForSetCategory() const {
 }
 
 void LDGRFilter::SetName(std::optional<std::string_view> name) {
-  if (name) settings_.Set(kName, *name);
+  if (name) filter_settings_.Set(kName, *name);
 }
 
 std::string LDGRFilter::GetName() const {
-  return std::string(settings_.Get(kName).StringValue());
+  return std::string(filter_settings_.Get(kName).StringValue());
 }
 
 void LDGRFilter::SetCategory(std::optional<std::string_view> category) {
-  if (category) settings_.Set(kCategory, *category);
+  if (category) filter_settings_.Set(kCategory, *category);
 }
 
 std::optional<std::string> LDGRFilter::GetCategory() const {
-  const plist::Value& value = settings_.Get(kCategory);
+  const plist::Value& value = filter_settings_.Get(kCategory);
   if (!value.IsString()) return std::nullopt;
   return std::string(value.StringValue());
 }
 
 void LDGRFilter::SetType(FilterKind kind) {
-  settings_.Set(kType, static_cast<std::int32_t>(kind));
+  filter_settings_.Set(kType, static_cast<std::int32_t>(kind));
 }
 
 FilterKind LDGRFilter::GetType() const {
-  return static_cast<FilterKind>(settings_.Get(kType).IntegerValue());
+  return static_cast<FilterKind>(filter_settings_.Get(kType).IntegerValue());
 }
 
 void LDGRFilter::SetNumber(std::int32_t number) {
-  settings_.Set(kNumber, number);
+  filter_settings_.Set(kNumber, number);
 }
 
 std::int32_t LDGRFilter::GetNumber() const {
-  const plist::Value& value = settings_.Get(kNumber);
+  const plist::Value& value = filter_settings_.Get(kNumber);
   return value.IsNone() ? -1 : value.IntegerValue();
 }
 

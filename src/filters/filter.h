@@ -73,7 +73,7 @@ class LDGRFilter {
   [[nodiscard]] static std::shared_ptr<LDGRFilter> FilterWithFilter(const LDGRFilter* filter);
 
   // The settings themselves, not a copy.
-  [[nodiscard]] const plist::Dictionary& asDictionary() const noexcept { return settings_; }
+  [[nodiscard]] const plist::Dictionary& asDictionary() const noexcept { return filter_settings_; }
   [[nodiscard]] const plist::Value& objectForKey(std::string_view key) const noexcept;
   // A none value is ignored.
   void setObject(const plist::Value& object, std::string_view key);
@@ -137,7 +137,7 @@ class LDGRFilter {
   int Filter_TaxDeductible(EntryList& entries) const;
 
  private:
-  plist::Dictionary settings_;
+  plist::Dictionary filter_settings_;
 };
 
 }  // namespace tallyfold

@@ -380,70 +380,71 @@ int ApplyPass(const plist::Value& list, Pass pass, EntryList& entries) {
 
 EntryList LDGRFilter::Filter(const EntryList& entries) const {
   Remaining remaining = AllOf(entries);
-  for (const auto& [category, pass] : kPasses) pass(settings_.Get(category), remaining);
+  for (const auto& [category, pass] : kPasses) pass(filter_settings_.Get(category), remaining);
   return remaining.size() == entries.size() ? entries : OnlyRemaining(entries, remaining);
 }
 
 int LDGRFilter::Filter_General(EntryList& entries) const {
-  return ApplyPass(settings_.Get(filter_category::kGeneral), PassGeneral, entries);
+  return ApplyPass(filter_settings_.Get(filter_category::kGeneral), PassGeneral, entries);
 }
 
 int LDGRFilter::Filter_Description(EntryList& entries) const {
-  return ApplyPass(settings_.Get(filter_category::kDescription), PassDescription, entries);
+  return ApplyPass(filter_settings_.Get(filter_category::kDescription), PassDescription, entries);
 }
 
 int LDGRFilter::Filter_Date(EntryList& entries) const {
-  return ApplyPass(settings_.Get(filter_category::kDate), PassDate, entries);
+  return ApplyPass(filter_settings_.Get(filter_category::kDate), PassDate, entries);
 }
 
 int LDGRFilter::Filter_Amount(EntryList& entries) const {
-  return ApplyPass(settings_.Get(filter_category::kAmount), PassAmount, entries);
+  return ApplyPass(filter_settings_.Get(filter_category::kAmount), PassAmount, entries);
 }
 
 int LDGRFilter::Filter_AmountString(EntryList& entries) const {
-  return ApplyPass(settings_.Get(filter_category::kAmountString), PassAmountString, entries);
+  return ApplyPass(filter_settings_.Get(filter_category::kAmountString), PassAmountString, entries);
 }
 
 int LDGRFilter::Filter_Type(EntryList& entries) const {
-  return ApplyPass(settings_.Get(filter_category::kType), PassType, entries);
+  return ApplyPass(filter_settings_.Get(filter_category::kType), PassType, entries);
 }
 
 int LDGRFilter::Filter_Check(EntryList& entries) const {
-  return ApplyPass(settings_.Get(filter_category::kCheck), PassCheck, entries);
+  return ApplyPass(filter_settings_.Get(filter_category::kCheck), PassCheck, entries);
 }
 
 int LDGRFilter::Filter_CheckNumber(EntryList& entries) const {
-  return ApplyPass(settings_.Get(filter_category::kCheckNumber), PassCheckNumber, entries);
+  return ApplyPass(filter_settings_.Get(filter_category::kCheckNumber), PassCheckNumber, entries);
 }
 
 int LDGRFilter::Filter_CheckNumberString(EntryList& entries) const {
-  return ApplyPass(settings_.Get(filter_category::kCheckNumberString), PassCheckNumberString,
+  return ApplyPass(filter_settings_.Get(filter_category::kCheckNumberString), PassCheckNumberString,
                    entries);
 }
 
 int LDGRFilter::Filter_Cleared(EntryList& entries) const {
-  return ApplyPass(settings_.Get(filter_category::kCleared), PassCleared, entries);
+  return ApplyPass(filter_settings_.Get(filter_category::kCleared), PassCleared, entries);
 }
 
 int LDGRFilter::Filter_ToFrom(EntryList& entries) const {
-  return ApplyPass(settings_.Get(filter_category::kToFrom), PassToFrom, entries);
+  return ApplyPass(filter_settings_.Get(filter_category::kToFrom), PassToFrom, entries);
 }
 
 int LDGRFilter::Filter_SplitDescription(EntryList& entries) const {
-  return ApplyPass(settings_.Get(filter_category::kSplitDescription), PassSplitDescription,
+  return ApplyPass(filter_settings_.Get(filter_category::kSplitDescription), PassSplitDescription,
                    entries);
 }
 
 int LDGRFilter::Filter_SplitToFrom(EntryList& entries) const {
-  return ApplyPass(settings_.Get(filter_category::kSplitToFrom), PassSplitToFrom, entries);
+  return ApplyPass(filter_settings_.Get(filter_category::kSplitToFrom), PassSplitToFrom, entries);
 }
 
 int LDGRFilter::Filter_Notes(EntryList& entries) const {
-  return ApplyPass(settings_.Get(filter_category::kNotes), PassNotes, entries);
+  return ApplyPass(filter_settings_.Get(filter_category::kNotes), PassNotes, entries);
 }
 
 int LDGRFilter::Filter_TaxDeductible(EntryList& entries) const {
-  return ApplyPass(settings_.Get(filter_category::kTaxDeductible), PassTaxDeductible, entries);
+  return ApplyPass(filter_settings_.Get(filter_category::kTaxDeductible), PassTaxDeductible,
+                   entries);
 }
 
 }  // namespace tallyfold

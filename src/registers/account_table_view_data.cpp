@@ -64,7 +64,7 @@ std::string_view TitleOfRegisterColumn(std::string_view identifier) noexcept {
 }
 
 LDGRAccountTableViewData::LDGRAccountTableViewData(const Host& host)
-    : host_(host), date_format_(CurrentLocale().ShortDateFormat()) {}
+    : host_(host), date_format_string_(CurrentLocale().ShortDateFormat()) {}
 
 LDGRAccountTableViewData::~LDGRAccountTableViewData() {
   SetTableView(nullptr);
@@ -77,7 +77,7 @@ void LDGRAccountTableViewData::SetTableView(TableView* table) {
 }
 
 void LDGRAccountTableViewData::SetTableIdentifier(std::optional<std::string_view> identifier) {
-  if (identifier) identifier_ = *identifier;
+  if (identifier) table_identifier_ = *identifier;
 }
 
 void LDGRAccountTableViewData::SetAccountPreferences(
@@ -94,7 +94,7 @@ void LDGRAccountTableViewData::SetAccount(std::shared_ptr<LDGRAccount> account) 
 }
 
 void LDGRAccountTableViewData::SetDateFormat(std::optional<std::string_view> format) {
-  if (format) date_format_ = *format;
+  if (format) date_format_string_ = *format;
 }
 
 void LDGRAccountTableViewData::SetEntries(EntryList entries) {
@@ -140,7 +140,7 @@ void LDGRAccountTableViewData::SelectRow(std::int32_t row) {
   if (RowToEntry(row) == nullptr) return table_->SelectRow(TableView::kNoRow);
   table_->SelectRow(row);
   table_->ScrollRowToVisible(row);
-  if (preferences_ != nullptr) preferences_->SetSelectedRow(row, identifier_);
+  if (preferences_ != nullptr) preferences_->SetSelectedRow(row, table_identifier_);
 }
 
 void LDGRAccountTableViewData::SelectEntry(const LDGRAccountEntry* entry) {
@@ -158,8 +158,8 @@ void LDGRAccountTableViewData::ClickedTableColumn(std::string_view identifier) {
   if (preferences_ == nullptr || !SortKeyOfColumn(identifier)) return;
   const auto selected = GetSelectedEntry();
   const bool descending = !SortsDescending();
-  preferences_->SetSortDescending(descending, identifier_);
-  preferences_->SetSelectedColumnIdentifier(identifier, identifier_);
+  preferences_->SetSortDescending(descending, table_identifier_);
+  preferences_->SetSelectedColumnIdentifier(identifier, table_identifier_);
   SortByColumnIdentifier(identifier, descending);
   SelectEntry(selected.get());
   Redraw();
@@ -185,7 +185,8 @@ void LDGRAccountTableViewData::SortBy(RegisterSortKey key, bool descending) {
 
 std::string LDGRAccountTableViewData::SortColumn() const {
   if (preferences_ != nullptr) {
-    std::string stored = preferences_->GetSelectedColumnIdentifierForTableIdentifier(identifier_);
+    std::string stored =
+        preferences_->GetSelectedColumnIdentifierForTableIdentifier(table_identifier_);
     if (SortKeyOfColumn(stored)) return stored;
   }
   if (table_ != nullptr) {
@@ -197,7 +198,8 @@ std::string LDGRAccountTableViewData::SortColumn() const {
 }
 
 bool LDGRAccountTableViewData::SortsDescending() const {
-  return preferences_ != nullptr && preferences_->GetSortDescendingForTableIdentifier(identifier_);
+  return preferences_ != nullptr &&
+         preferences_->GetSortDescendingForTableIdentifier(table_identifier_);
 }
 
 // --- Layout -------------------------------------------------------------------------------------
@@ -208,7 +210,8 @@ void LDGRAccountTableViewData::ReconfigureTable() {
   for (const TableColumn& hidden : table_->HiddenColumns()) table_->ShowColumn(hidden.identifier);
   PlaceStoredColumns(*table_);
   HideStoredColumns(*table_);
-  const std::int32_t row = std::max(preferences_->GetSelectedRowForTableIdentifier(identifier_), 0);
+  const std::int32_t row =
+      std::max(preferences_->GetSelectedRowForTableIdentifier(table_identifier_), 0);
   if (entries_.empty()) {
     awaited_row_ = row;
   } else {
@@ -217,7 +220,7 @@ void LDGRAccountTableViewData::ReconfigureTable() {
 }
 
 void LDGRAccountTableViewData::PlaceStoredColumns(TableView& table) const {
-  const auto columns = preferences_->GetColumnsForTableIdentifier(identifier_);
+  const auto columns = preferences_->GetColumnsForTableIdentifier(table_identifier_);
   if (!columns) return;
   for (const plist::Value& column : *columns) {
     const auto index = table.ColumnWithIdentifier(IdentifierOf(column));
@@ -235,7 +238,7 @@ void LDGRAccountTableViewData::PlaceStoredColumns(TableView& table) const {
 }
 
 void LDGRAccountTableViewData::HideStoredColumns(TableView& table) const {
-  const auto columns = preferences_->GetHiddenColumnsForTableIdentifier(identifier_);
+  const auto columns = preferences_->GetHiddenColumnsForTableIdentifier(table_identifier_);
   if (!columns) return;
   for (const plist::Value& column : *columns) {
     const plist::Dictionary stored = column.DictionaryValue();
@@ -254,7 +257,7 @@ void LDGRAccountTableViewData::Redraw() {
   if (table_ == nullptr) return;
   const std::string column = SortColumn();
   if (preferences_ != nullptr && !column.empty()) {
-    preferences_->SetSelectedColumnIdentifier(column, identifier_);
+    preferences_->SetSelectedColumnIdentifier(column, table_identifier_);
   }
   if (table_->ColumnWithIdentifier(column)) {
     table_->SetHighlightedColumn(column, SortsDescending() ? kDownArrow : kUpArrow);
@@ -275,21 +278,21 @@ void LDGRAccountTableViewData::HideTableColumnWithIdentifier(std::string_view id
   stored.Set("lastIndex", static_cast<std::int32_t>(*index));
   if (!table_->HideColumn(*index, *index)) return;
   plist::Array hidden =
-      preferences_->GetHiddenColumnsForTableIdentifier(identifier_).value_or(plist::Array());
+      preferences_->GetHiddenColumnsForTableIdentifier(table_identifier_).value_or(plist::Array());
   hidden.Append(stored);
-  preferences_->SetHiddenColumns(hidden, identifier_);
+  preferences_->SetHiddenColumns(hidden, table_identifier_);
   Redraw();
 }
 
 void LDGRAccountTableViewData::ShowTableColumnWithIdentifier(std::string_view identifier) {
   if (table_ == nullptr || preferences_ == nullptr || !table_->ShowColumn(identifier)) return;
   plist::Array others;
-  if (const auto hidden = preferences_->GetHiddenColumnsForTableIdentifier(identifier_)) {
+  if (const auto hidden = preferences_->GetHiddenColumnsForTableIdentifier(table_identifier_)) {
     for (const plist::Value& column : *hidden) {
       if (IdentifierOf(column) != identifier) others.Append(column);
     }
   }
-  preferences_->SetHiddenColumns(others, identifier_);
+  preferences_->SetHiddenColumns(others, table_identifier_);
   Redraw();
 }
 
@@ -310,7 +313,7 @@ TableCell LDGRAccountTableViewData::tableView(std::string_view column, std::size
   }
   const LDGRAccountEntry& entry = *entries_[row];
   if (column == kDate) {
-    return {FormatDate(DateNumberToNSCalendarDate(entry.GetDate()), date_format_)};
+    return {FormatDate(DateNumberToNSCalendarDate(entry.GetDate()), date_format_string_)};
   }
   if (column == kCheck) {
     if (!entry.IsCheck()) return {};

@@ -51,7 +51,7 @@ class LDGRAccountTableViewData final : public TableDataSource {
   // "entry" or "reconcile": where the table's layout stands in the view preferences. None is
   // ignored.
   void SetTableIdentifier(std::optional<std::string_view> identifier);
-  [[nodiscard]] const std::string& GetTableIdentifier() const noexcept { return identifier_; }
+  [[nodiscard]] const std::string& GetTableIdentifier() const noexcept { return table_identifier_; }
   void SetAccountPreferences(std::shared_ptr<LDGRAccountPreferences> preferences);
   [[nodiscard]] const std::shared_ptr<LDGRAccountPreferences>& GetAccountPreferences()
       const noexcept {
@@ -145,8 +145,8 @@ class LDGRAccountTableViewData final : public TableDataSource {
   EntryList entries_;
   TableView* table_ = nullptr;
   std::shared_ptr<LDGRAccountPreferences> preferences_;
-  std::string date_format_;
-  std::string identifier_;
+  std::string date_format_string_;
+  std::string table_identifier_;
   // To be selected as soon as there are rows.
   std::optional<std::int32_t> awaited_row_;
   mutable Figures figures_;

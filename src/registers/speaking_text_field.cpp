@@ -27,8 +27,8 @@ std::string InWords(std::string_view characters) {
 
 bool LDGRSpeakingTextField::textView(TextRange range, std::string_view replacement) {
   if (!ShouldChangeText(range, replacement)) return false;
-  const bool is_spoken = speaks_ && !replacement.empty() &&
-                         speakable_characters_.find(replacement) != std::string::npos;
+  const bool is_spoken = speaks() && !replacement.empty() &&
+                         speakableCharacters().find(replacement) != std::string::npos;
   if (is_spoken) {
     addItemToSpeak(InWords(replacement));
     speakNextItem();
@@ -47,8 +47,8 @@ void LDGRSpeakingTextField::addItemToSpeak(std::optional<std::string_view> item)
 
 void LDGRSpeakingTextField::speakNextItem() {
   if (items_to_speak_.empty()) return;
-  if (!output_.IsBusy()) {
-    output_.Speak(items_to_speak_.front());
+  if (!speechSynthesizer().IsBusy()) {
+    speechSynthesizer().Speak(items_to_speak_.front());
     items_to_speak_.pop_front();
     if (items_to_speak_.empty()) return;
   }

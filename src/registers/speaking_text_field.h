@@ -23,23 +23,33 @@ class LDGRSpeakingTextField {
     std::size_t length = 0;
   };
 
-  // `output` is shared by all speaking fields. Both must outlive the field.
-  LDGRSpeakingTextField(RunLoop& loop, SpeechOutput& output) noexcept
-      : output_(output), next_(loop) {}
+  // All speaking fields share the synthesizer, which nothing else speaks with. Both must outlive
+  // the field.
+  LDGRSpeakingTextField(RunLoop& loop, SpeechOutput& synthesizer) noexcept
+      : synthesizer_(synthesizer), next_(loop) {}
   LDGRSpeakingTextField(const LDGRSpeakingTextField&) = delete;
   LDGRSpeakingTextField& operator=(const LDGRSpeakingTextField&) = delete;
   virtual ~LDGRSpeakingTextField() = default;
 
+  [[nodiscard]] SpeechOutput& speechSynthesizer() const noexcept { return synthesizer_; }
   // Off at first.
   void setSpeaks(bool speaks) noexcept { speaks_ = speaks; }
+  [[nodiscard]] bool speaks() const noexcept { return speaks_; }
   // None at first, and for none.
   void setSpeakableCharacters(std::optional<std::string_view> characters) {
     speakable_characters_ = characters.value_or("");
+  }
+  [[nodiscard]] const std::string& speakableCharacters() const noexcept {
+    return speakable_characters_;
   }
 
   // The text in `range` is about to be replaced: whether it may. Speaks the replacement where it
   // occurs as it stands among the speakable characters; a deletion says nothing.
   [[nodiscard]] bool textView(TextRange range, std::string_view replacement);
+  // What waits to be said, oldest first.
+  [[nodiscard]] const std::deque<std::string>& itemsToSpeak() const noexcept {
+    return items_to_speak_;
+  }
   // None is ignored.
   void addItemToSpeak(std::optional<std::string_view> item);
   // Speaks the oldest waiting text as soon as the voice is free.
@@ -50,7 +60,7 @@ class LDGRSpeakingTextField {
   [[nodiscard]] virtual bool ShouldChangeText(TextRange range, std::string_view replacement);
 
  private:
-  SpeechOutput& output_;
+  SpeechOutput& synthesizer_;
   DelayedCall next_;
   std::string speakable_characters_;
   std::deque<std::string> items_to_speak_;
