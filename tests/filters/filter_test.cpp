@@ -2,9 +2,11 @@
 
 #include <gtest/gtest.h>
 
+#include <array>
 #include <memory>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "fakes/fake_ambient.h"
@@ -37,6 +39,25 @@ std::string Numbers(const EntryList& entries) {
   }
   return numbers;
 }
+
+using Pass = int (LDGRFilter::*)(EntryList&) const;
+constexpr std::array kPasses = {
+    std::pair{fc::kGeneral, Pass{&LDGRFilter::Filter_General}},
+    std::pair{fc::kDescription, Pass{&LDGRFilter::Filter_Description}},
+    std::pair{fc::kDate, Pass{&LDGRFilter::Filter_Date}},
+    std::pair{fc::kAmount, Pass{&LDGRFilter::Filter_Amount}},
+    std::pair{fc::kAmountString, Pass{&LDGRFilter::Filter_AmountString}},
+    std::pair{fc::kType, Pass{&LDGRFilter::Filter_Type}},
+    std::pair{fc::kCheck, Pass{&LDGRFilter::Filter_Check}},
+    std::pair{fc::kCheckNumber, Pass{&LDGRFilter::Filter_CheckNumber}},
+    std::pair{fc::kCheckNumberString, Pass{&LDGRFilter::Filter_CheckNumberString}},
+    std::pair{fc::kCleared, Pass{&LDGRFilter::Filter_Cleared}},
+    std::pair{fc::kToFrom, Pass{&LDGRFilter::Filter_ToFrom}},
+    std::pair{fc::kSplitDescription, Pass{&LDGRFilter::Filter_SplitDescription}},
+    std::pair{fc::kSplitToFrom, Pass{&LDGRFilter::Filter_SplitToFrom}},
+    std::pair{fc::kNotes, Pass{&LDGRFilter::Filter_Notes}},
+    std::pair{fc::kTaxDeductible, Pass{&LDGRFilter::Filter_TaxDeductible}},
+};
 
 // Six entries, no two alike, and the account whose types name theirs.
 class FilterTest : public testing::Test {
@@ -113,6 +134,9 @@ TEST_F(FilterTest, KeepsWhatARuleMatchesOrTheOthers) {
       {fc::kAmount, Qualifier::LessThan, -12.09, "1 3", "2 4 5 6"},
       {fc::kAmount, Qualifier::LessThan, "", "1 3", "2 4 5 6"},
       {fc::kAmount, Qualifier::Is, "-99.5", "3", "1 2 4 5 6"},
+      {fc::kAmount, Qualifier::Is, 99.9, "6", "1 2 3 4 5"},
+      {fc::kAmount, Qualifier::Is, 100.0, "", kEvery},  // 99.6 is just too far
+      {fc::kAmount, Qualifier::Is, 112.1, "", kEvery},  // and so is 112.5
       {fc::kDate, Qualifier::Before, 20040301, "1", "2 3 4 5 6"},
       {fc::kDate, Qualifier::On, 20040301, "2 3", "1 4 5 6"},
       {fc::kDate, Qualifier::After, "20040302", "5 6", "1 2 3 4"},
@@ -138,20 +162,18 @@ TEST_F(FilterTest, KeepsWhatARuleMatchesOrTheOthers) {
     for (const Logic logic : {Logic::KeepMatching, Logic::KeepOthers}) {
       LDGRFilter filter;
       ASSERT_TRUE(filter.AddRuleForCategory(c.category, logic, c.qualifier, c.data));
-      EXPECT_EQ(Numbers(filter.Filter(entries_)),
-                logic == Logic::KeepMatching ? c.matching : c.others)
+      const std::string kept = logic == Logic::KeepMatching ? c.matching : c.others;
+      EXPECT_EQ(Numbers(filter.Filter(entries_)), kept)
           << c.category << ' ' << static_cast<int>(c.qualifier) << ' ' << c.data.StringValue();
+      // One pass alone does all of it, the others nothing.
+      for (const auto& [category, pass] : kPasses) {
+        EntryList left = entries_;
+        EXPECT_EQ((filter.*pass)(left), 0);
+        EXPECT_EQ(Numbers(left), category == c.category ? kept : kEvery) << category;
+      }
     }
   }
   EXPECT_EQ(Numbers(entries_), kEvery);
-}
-
-TEST_F(FilterTest, TakesAmountsWithinLessThanFourTenths) {
-  const EntryList entries = {Entry(1, "", 99.6, 0), Entry(2, "", 99.7, 0), Entry(3, "", 100.3, 0),
-                             Entry(4, "", 100.4, 0)};
-  LDGRFilter filter;
-  filter.AddRuleForCategory(fc::kAmount, Logic::KeepMatching, Qualifier::Is, 100.0);
-  EXPECT_EQ(Numbers(filter.Filter(entries)), "2 3");
 }
 
 TEST_F(FilterTest, HoldsAllRulesTogether) {
@@ -306,20 +328,14 @@ TEST_F(FilterTest, LogsMalformedDictionariesAndKeepsTheDefaults) {
   malformed.Set("category", 4);
   malformed.Set("number", "12");
   const LDGRFilter filter(malformed);
-  EXPECT_EQ(ambient_.log.Take(),
-            (Lines{"name in LDGRFilter is in the wrong format.",
-                   "filter_general in LDGRFilter is in the wrong format.",
-                   "filter_description in LDGRFilter is in the wrong format.",
-                   "filter_notes in LDGRFilter is in the wrong format.",
-                   "filter_date in LDGRFilter is in the wrong format.",
-                   "filter_amount in LDGRFilter is in the wrong format.",
-                   "filter_type in LDGRFilter is in the wrong format.",
-                   "filter_check in LDGRFilter is in the wrong format.",
-                   "filter_tofrom in LDGRFilter is in the wrong format.",
-                   "filter_cleared in LDGRFilter is in the wrong format.",
-                   "filter_taxdeductible in LDGRFilter is in the wrong format.",
-                   "filter_split_tofrom in LDGRFilter is in the wrong format.",
-                   "filter_split_description in LDGRFilter is in the wrong format."}));
+  Lines lines;
+  for (const char* key :
+       {"name", "filter_general", "filter_description", "filter_notes", "filter_date",
+        "filter_amount", "filter_type", "filter_check", "filter_tofrom", "filter_cleared",
+        "filter_taxdeductible", "filter_split_tofrom", "filter_split_description"}) {
+    lines.push_back(std::string(key) + " in LDGRFilter is in the wrong format.");
+  }
+  EXPECT_EQ(ambient_.log.Take(), lines);
   EXPECT_EQ(filter.GetName(), "Filtre sans titre");
   EXPECT_EQ(static_cast<int>(filter.GetType()), 3);
   EXPECT_EQ(filter.GetCategory(), std::nullopt);
