@@ -59,13 +59,17 @@ class EntrySpeakerTest : public testing::Test {
     }
     return said;
   }
-  // What is said within so long, each text finished at once.
-  std::string SaidWithin(std::chrono::milliseconds time) {
+  // What is said within so long, each behind its time in milliseconds; each text takes `voice`.
+  std::string SaidWithin(std::chrono::milliseconds time, std::chrono::milliseconds voice = 0ms) {
     std::string said;
-    for (; time > 0ms; time -= 10ms) {
-      loop_.AdvanceBy(10ms);
-      said += Said();
-      speech_.Finish();
+    auto end = loop_.Now();
+    for (auto passed = 50ms; passed <= time; passed += 50ms) {
+      loop_.AdvanceBy(50ms);
+      if (const std::string text = Said(); !text.empty()) {
+        said += std::to_string(passed.count()) + text + " ";
+        end = loop_.Now() + voice;
+      }
+      if (loop_.Now() >= end) speech_.Finish();
     }
     return said;
   }
@@ -96,37 +100,41 @@ TEST_F(EntrySpeakerTest, SpeaksTheSelectedEntryInsteadOfWhatIsBeingSaid) {
 }
 
 TEST_F(EntrySpeakerTest, ReadsRowAfterRowWithThePause) {
-  speaker_.SpeakEntries();
-  EXPECT_EQ(table_.SelectedRow(), 0);
-  EXPECT_EQ(SaidWithin(1990ms), "");
-  EXPECT_EQ(SaidWithin(10ms), "A");
-  EXPECT_EQ(SaidWithin(1490ms), "");
-  EXPECT_EQ(table_.SelectedRow(), 0);
-  loop_.AdvanceBy(10ms);  // 3.5 s: the next row, said after the pause
-  EXPECT_EQ(table_.SelectedRow(), 1);
-  EXPECT_EQ(SaidWithin(990ms), "");
-  EXPECT_EQ(SaidWithin(10ms), "B");
-  EXPECT_EQ(SaidWithin(1500ms + 990ms), "");
-  EXPECT_EQ(table_.SelectedRow(), 2);
-  EXPECT_EQ(SaidWithin(10ms), "C");
-  EXPECT_TRUE(speaker_.IsReading());
-  EXPECT_EQ(SaidWithin(60s), "");
-  EXPECT_EQ(table_.SelectedRow(), 2);
-  EXPECT_FALSE(speaker_.IsReading());
+  struct Case {
+    float pause;
+    std::chrono::milliseconds voice;
+    std::string_view said;
+  };
+  for (const Case& c : {
+           Case{1.0F, 0ms, "2000A 4500B 7000C "},
+           Case{1.8F, 0ms, "2000A 5300B 8600C "},
+           Case{0.0F, 0ms, "2000A 3500B 5000C "},
+           Case{-5.0F, 0ms, "2000A 3500B 5000C "},
+           Case{std::numeric_limits<float>::quiet_NaN(), 0ms, "2000A 3500B 5000C "},
+           Case{1e30F, 0ms, "2000A 3603500B "},
+           // Looks every 250 ms whether the voice is free.
+           Case{1.0F, 4850ms, "2000A 8000B 14000C "},
+       }) {
+    host_.pause = c.pause;
+    speaker_.SpeakEntries();
+    EXPECT_EQ(table_.SelectedRow(), 0);
+    EXPECT_EQ(SaidWithin(90min, c.voice), c.said);
+    speaker_.StopSpeech();
+    EXPECT_EQ(Said(), "-");
+  }
 }
 
-TEST_F(EntrySpeakerTest, WaitsForTheVoiceInSteps) {
+TEST_F(EntrySpeakerTest, SelectsTheNextRowAPauseBeforeItIsSaid) {
   rows_.SelectRow(1);
   speaker_.StartSpeakingEntries();
-  loop_.AdvanceBy(3500ms + 1100ms);  // looks at 3500, 3750, 4000, 4250 and 4500
-  EXPECT_EQ(Said(), "B");
-  speech_.Finish();
-  loop_.AdvanceBy(149ms);
+  EXPECT_EQ(SaidWithin(3450ms), "2000B ");
   EXPECT_EQ(table_.SelectedRow(), 1);
-  loop_.AdvanceBy(1ms);
+  EXPECT_EQ(SaidWithin(50ms), "");
   EXPECT_EQ(table_.SelectedRow(), 2);
-  loop_.AdvanceBy(1000ms);
-  EXPECT_EQ(Said(), "C");
+  EXPECT_TRUE(speaker_.IsReading());
+  EXPECT_EQ(SaidWithin(60s), "1000C ");
+  EXPECT_EQ(table_.SelectedRow(), 2);
+  EXPECT_FALSE(speaker_.IsReading());
 }
 
 TEST_F(EntrySpeakerTest, FollowsTheSelectionAndEndsWhereThereIsNoneToFollow) {
@@ -135,16 +143,16 @@ TEST_F(EntrySpeakerTest, FollowsTheSelectionAndEndsWhereThereIsNoneToFollow) {
     std::string_view said;
   };
   const std::vector<Case> cases = {
-      {[this] { rows_.SelectRow(1); }, "C"},
+      {[this] { rows_.SelectRow(1); }, "2500C "},
       {[this] { rows_.SelectRow(2); }, ""},
       {[this] { rows_.SelectRow(-1); }, ""},
       {[this] { host_.shown = RegisterKind::Other; }, ""},
-      {[this] { host_.shown = RegisterKind::Reconcile; }, "BC"},
+      {[this] { host_.shown = RegisterKind::Reconcile; }, "2500B 5000C "},
       {[this] { host_.window_is_main = false; }, ""},
       {[this] { host_.rows = nullptr; }, ""},
       {[this] { rows_.SetEntries({}); }, ""},
-      {[this] { speaker_.StopSpeech(); }, "-"},
-      {[this] { speaker_.SpeakEntry(entries_[2].get()); }, "-CBC"},
+      {[this] { speaker_.StopSpeech(); }, "50- "},
+      {[this] { speaker_.SpeakEntry(entries_[2].get()); }, "50- 300C 2500B 5000C "},
   };
   for (std::size_t i = 0; i < cases.size(); ++i) {
     host_.window_is_main = true;
@@ -152,7 +160,7 @@ TEST_F(EntrySpeakerTest, FollowsTheSelectionAndEndsWhereThereIsNoneToFollow) {
     host_.rows = &rows_;
     rows_.SetEntries(entries_);
     speaker_.SpeakEntries();
-    EXPECT_EQ(SaidWithin(2s), "A");
+    EXPECT_EQ(SaidWithin(2s), "2000A ");
     cases[i].change();
     EXPECT_EQ(SaidWithin(30s), cases[i].said) << i;
   }
@@ -171,28 +179,6 @@ TEST_F(EntrySpeakerTest, ReadsNothingWhereThereIsNothingToRead) {
   host_.rows = nullptr;
   speaker_.SpeakEntries();
   EXPECT_EQ(loop_.PendingCalls(), 0U);
-}
-
-TEST_F(EntrySpeakerTest, TakesAnyStoredPause) {
-  struct Case {
-    float pause;
-    std::chrono::milliseconds until_second;
-  };
-  for (const Case& c :
-       {Case{0.0F, 3500ms}, Case{-5.0F, 3500ms}, Case{1.8F, 5300ms},
-        Case{std::numeric_limits<float>::quiet_NaN(), 3500ms}, Case{1e30F, 3500ms + 1h}}) {
-    host_.pause = c.pause;
-    speaker_.SpeakEntries();
-    loop_.AdvanceBy(2s);
-    speech_.Finish();
-    EXPECT_EQ(Said(), "A");
-    loop_.AdvanceBy(c.until_second - 2s - 1ms);
-    EXPECT_EQ(Said(), "");
-    loop_.AdvanceBy(1ms);
-    EXPECT_EQ(Said(), "B");
-    speaker_.StopSpeech();
-    Said();
-  }
 }
 
 TEST(SpeakingTextFields, SpeakWhatIsTypedOneAfterAnother) {
