@@ -142,6 +142,23 @@ std::vector<DateNumber> LDGRAccountSchedule::DueDates(const CivilTime& date) con
                                 DateNumberOfDayCount(last), limit);
 }
 
+std::vector<OccurrenceAhead> LDGRAccountSchedule::NextOccurrences(std::size_t count) const {
+  DateNumber last = std::numeric_limits<DateNumber>::max();
+  switch (static_cast<Until>(until_type_)) {
+    case Until::Forever:
+      break;
+    case Until::Count:
+      count = std::min(count, OccurrencesLeft());
+      break;
+    case Until::Date:
+      last = until_;
+      break;
+    default:
+      return {};
+  }
+  return OccurrencesAhead(GetRecurrence(), committed_dates_, last, count);
+}
+
 DateNumber LDGRAccountSchedule::NextEntryDate() const {
   const Recurrence recurrence = GetRecurrence();
   if (!first_uncommitted_ || first_uncommitted_->recurrence != recurrence) {

@@ -54,6 +54,9 @@ class LDGRAccountSchedule final : public LDGRAccountEntry {
   [[nodiscard]] EntryList EvaluateForDate(const CivilTime& date) const;
   // The days of EvaluateForDate() without their entries.
   [[nodiscard]] std::vector<DateNumber> DueDates(const CivilTime& date) const;
+  // The next `count` uncommitted occurrences as the until type leaves them, due or not, and the
+  // months skipped between them.
+  [[nodiscard]] std::vector<OccurrenceAhead> NextOccurrences(std::size_t count) const;
   // The next uncommitted occurrence; -1 for none.
   [[nodiscard]] DateNumber NextEntryDate() const;
 

@@ -165,6 +165,40 @@ std::vector<DateNumber> UncommittedOccurrences(const Recurrence& recurrence,
   }
 }
 
+std::vector<OccurrenceAhead> OccurrencesAhead(const Recurrence& recurrence,
+                                              const CommittedDates& committed, DateNumber last,
+                                              std::size_t limit) {
+  std::vector<OccurrenceAhead> ahead;
+  const std::int64_t end = std::min(DayCountOf(last), kLastDay);
+  const std::int64_t start = DayCountOf(recurrence.start);
+  if (recurrence.type == RepeatInterval::Once) {
+    if (committed.empty() && limit > 0 && start >= kFirstDay && start <= end) {
+      ahead.push_back({recurrence.start, recurrence.start});
+    }
+    return ahead;
+  }
+  const Candidates candidates(recurrence);
+  if (candidates.none()) return ahead;
+  CommittedDates::Walk walk(committed);
+  DateNumber former = 0;
+  for (std::int64_t index = 0; limit > 0; ++index) {
+    const std::int64_t candidate = candidates.DayAt(index);
+    if (candidate > end) break;
+    const std::optional<DateNumber> day = candidates.Occurrence(candidate);
+    if (day && walk.Contains(*day)) {
+      // Months that were skipped before what is past are past too.
+      if (former == 0) ahead.clear();
+      continue;
+    }
+    if (day && candidates.drops_repeats() && *day == former) continue;
+    ahead.push_back({DateNumberOfDayCount(candidate), day});
+    if (!day) continue;
+    former = *day;
+    --limit;
+  }
+  return ahead;
+}
+
 DateNumber FirstUncommittedOccurrence(const Recurrence& recurrence,
                                       const CommittedDates& committed) {
   const Candidates candidates(recurrence);

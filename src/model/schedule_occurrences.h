@@ -3,6 +3,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <limits>
+#include <optional>
 #include <vector>
 
 #include "model/committed_dates.h"
@@ -51,6 +52,21 @@ struct Recurrence {
 [[nodiscard]] std::vector<DateNumber> UncommittedOccurrences(
     const Recurrence& recurrence, const CommittedDates& committed, DateNumber from, DateNumber to,
     std::size_t limit = std::numeric_limits<std::size_t>::max());
+
+// What a recurrence comes to next.
+struct OccurrenceAhead {
+  DateNumber candidate = 0;
+  // The occurrence itself, which the weekend may have moved off its candidate. Where the candidate
+  // fails the day check there is none: the month before the candidate's lacks the day.
+  std::optional<DateNumber> date;
+
+  friend bool operator==(const OccurrenceAhead&, const OccurrenceAhead&) = default;
+};
+// The first `limit` uncommitted occurrences whose candidates do not lie after `last`, and the
+// candidates between them that fail the day check.
+[[nodiscard]] std::vector<OccurrenceAhead> OccurrencesAhead(const Recurrence& recurrence,
+                                                            const CommittedDates& committed,
+                                                            DateNumber last, std::size_t limit);
 
 // The first uncommitted occurrence from the start on; -1 for none and for what recurs only once.
 [[nodiscard]] DateNumber FirstUncommittedOccurrence(const Recurrence& recurrence,

@@ -23,8 +23,6 @@ constexpr std::string_view kToFrom = "toFrom";
 constexpr std::string_view kBalance = "balance";
 
 constexpr std::string_view kCheckMark = "\u2713";
-constexpr std::string_view kDownArrow = "tableView_DownArrow.tif";
-constexpr std::string_view kUpArrow = "tableView_UpArrow.tif";
 
 struct RegisterColumn {
   std::string_view identifier;
@@ -38,10 +36,6 @@ constexpr std::array kColumns = {
     RegisterColumn{kToFrom, "To/From", 150}, RegisterColumn{kCleared, "Resolved", 60},
     RegisterColumn{kAmount, "Amount", 90},   RegisterColumn{kBalance, "Balance", 90},
 };
-
-std::string_view IdentifierOf(const plist::Value& column) {
-  return column.DictionaryValue().Get("identifier").StringValue();
-}
 
 // Reached only by a mistake of the front end, which then shows an empty cell.
 void LogInvalidRow() {
@@ -71,18 +65,10 @@ LDGRAccountTableViewData::~LDGRAccountTableViewData() {
 }
 
 void LDGRAccountTableViewData::SetTableView(TableView* table) {
-  if (table_ != nullptr && table_->DataSource() == this) table_->SetDataSource(nullptr);
-  table_ = table;
-  if (table_ != nullptr) table_->SetDataSource(this);
-}
-
-void LDGRAccountTableViewData::SetTableIdentifier(std::optional<std::string_view> identifier) {
-  if (identifier) table_identifier_ = *identifier;
-}
-
-void LDGRAccountTableViewData::SetAccountPreferences(
-    std::shared_ptr<LDGRAccountPreferences> preferences) {
-  preferences_ = std::move(preferences);
+  TableView* const former = GetTableView();
+  if (former != nullptr && former->DataSource() == this) former->SetDataSource(nullptr);
+  layout_.SetTable(table);
+  if (table != nullptr) table->SetDataSource(this);
 }
 
 void LDGRAccountTableViewData::SetAccount(std::shared_ptr<LDGRAccount> account) {
@@ -90,7 +76,7 @@ void LDGRAccountTableViewData::SetAccount(std::shared_ptr<LDGRAccount> account) 
   account_ = std::move(account);
   account_balances_ = {};
   SetEntries({});
-  if (table_ != nullptr) table_->SelectRow(TableView::kNoRow);
+  if (TableView* const table = GetTableView()) table->SelectRow(TableView::kNoRow);
 }
 
 void LDGRAccountTableViewData::SetDateFormat(std::optional<std::string_view> format) {
@@ -107,7 +93,7 @@ void LDGRAccountTableViewData::Reload(EntryList entries) {
   SetEntries(std::move(entries));
   // In the order of the account the figures are computed fastest.
   static_cast<void>(UpToDateFigures());
-  SortByColumnIdentifier(SortColumn(), SortsDescending());
+  SortByColumnIdentifier(SortColumn(), layout_.SortsDescending());
   if (awaited_row_ && !entries_.empty()) {
     SelectRow(*std::exchange(awaited_row_, std::nullopt));
   } else {
@@ -119,7 +105,8 @@ void LDGRAccountTableViewData::Reload(EntryList entries) {
 // --- Selection ----------------------------------------------------------------------------------
 
 std::shared_ptr<LDGRAccountEntry> LDGRAccountTableViewData::GetSelectedEntry() const {
-  return table_ != nullptr ? RowToEntry(table_->SelectedRow()) : nullptr;
+  const TableView* const table = GetTableView();
+  return table != nullptr ? RowToEntry(table->SelectedRow()) : nullptr;
 }
 
 std::shared_ptr<LDGRAccountEntry> LDGRAccountTableViewData::RowToEntry(std::int32_t row) const {
@@ -136,11 +123,12 @@ std::optional<std::int32_t> LDGRAccountTableViewData::EntryToRow(
 }
 
 void LDGRAccountTableViewData::SelectRow(std::int32_t row) {
-  if (table_ == nullptr) return;
-  if (RowToEntry(row) == nullptr) return table_->SelectRow(TableView::kNoRow);
-  table_->SelectRow(row);
-  table_->ScrollRowToVisible(row);
-  if (preferences_ != nullptr) preferences_->SetSelectedRow(row, table_identifier_);
+  TableView* const table = GetTableView();
+  if (table == nullptr) return;
+  if (RowToEntry(row) == nullptr) return table->SelectRow(TableView::kNoRow);
+  table->SelectRow(row);
+  table->ScrollRowToVisible(row);
+  layout_.StoreRow(row);
 }
 
 void LDGRAccountTableViewData::SelectEntry(const LDGRAccountEntry* entry) {
@@ -148,19 +136,17 @@ void LDGRAccountTableViewData::SelectEntry(const LDGRAccountEntry* entry) {
 }
 
 void LDGRAccountTableViewData::ScrollToEntry(const LDGRAccountEntry* entry) {
-  if (table_ == nullptr) return;
-  if (const auto row = EntryToRow(entry)) table_->ScrollRowToVisible(*row);
+  TableView* const table = GetTableView();
+  if (table == nullptr) return;
+  if (const auto row = EntryToRow(entry)) table->ScrollRowToVisible(*row);
 }
 
 // --- Order --------------------------------------------------------------------------------------
 
 void LDGRAccountTableViewData::ClickedTableColumn(std::string_view identifier) {
-  if (preferences_ == nullptr || !SortKeyOfColumn(identifier)) return;
+  if (!SortKeyOfColumn(identifier) || !layout_.TurnOrderOver(identifier)) return;
   const auto selected = GetSelectedEntry();
-  const bool descending = !SortsDescending();
-  preferences_->SetSortDescending(descending, table_identifier_);
-  preferences_->SetSelectedColumnIdentifier(identifier, table_identifier_);
-  SortByColumnIdentifier(identifier, descending);
+  SortByColumnIdentifier(identifier, layout_.SortsDescending());
   SelectEntry(selected.get());
   Redraw();
 }
@@ -184,120 +170,42 @@ void LDGRAccountTableViewData::SortBy(RegisterSortKey key, bool descending) {
 }
 
 std::string LDGRAccountTableViewData::SortColumn() const {
-  if (preferences_ != nullptr) {
-    std::string stored =
-        preferences_->GetSelectedColumnIdentifierForTableIdentifier(table_identifier_);
-    if (SortKeyOfColumn(stored)) return stored;
-  }
-  if (table_ != nullptr) {
-    for (const TableColumn& column : table_->Columns()) {
+  std::string stored = layout_.SortColumn();
+  if (SortKeyOfColumn(stored)) return stored;
+  if (const TableView* table = GetTableView()) {
+    for (const TableColumn& column : table->Columns()) {
       if (SortKeyOfColumn(column.identifier)) return column.identifier;
     }
   }
   return "";
 }
 
-bool LDGRAccountTableViewData::SortsDescending() const {
-  return preferences_ != nullptr &&
-         preferences_->GetSortDescendingForTableIdentifier(table_identifier_);
-}
-
 // --- Layout -------------------------------------------------------------------------------------
 
 void LDGRAccountTableViewData::ReconfigureTable() {
-  if (table_ == nullptr || preferences_ == nullptr) return;
-  table_->ClearIndicatorImages();
-  for (const TableColumn& hidden : table_->HiddenColumns()) table_->ShowColumn(hidden.identifier);
-  PlaceStoredColumns(*table_);
-  HideStoredColumns(*table_);
-  const std::int32_t row =
-      std::max(preferences_->GetSelectedRowForTableIdentifier(table_identifier_), 0);
+  if (!layout_.Apply()) return;
   if (entries_.empty()) {
-    awaited_row_ = row;
+    awaited_row_ = layout_.StoredRow();
   } else {
-    SelectRow(row);
-  }
-}
-
-void LDGRAccountTableViewData::PlaceStoredColumns(TableView& table) const {
-  const auto columns = preferences_->GetColumnsForTableIdentifier(table_identifier_);
-  if (!columns) return;
-  for (const plist::Value& column : *columns) {
-    const auto index = table.ColumnWithIdentifier(IdentifierOf(column));
-    const plist::Value width = column.DictionaryValue().Get("width");
-    if (index && width.IsNumber() && width.IntegerValue() > -1) {
-      table.SetColumnWidth(*index, width.IntegerValue());
-    }
-  }
-  std::size_t place = 0;
-  for (const plist::Value& column : *columns) {
-    if (const auto index = table.ColumnWithIdentifier(IdentifierOf(column))) {
-      table.MoveColumn(*index, place++);
-    }
-  }
-}
-
-void LDGRAccountTableViewData::HideStoredColumns(TableView& table) const {
-  const auto columns = preferences_->GetHiddenColumnsForTableIdentifier(table_identifier_);
-  if (!columns) return;
-  for (const plist::Value& column : *columns) {
-    const plist::Dictionary stored = column.DictionaryValue();
-    const auto index = table.ColumnWithIdentifier(IdentifierOf(column));
-    if (!index) continue;
-    if (const plist::Value& width = stored.Get("width");
-        width.IsNumber() && width.IntegerValue() > -1) {
-      table.SetColumnWidth(*index, width.IntegerValue());
-    }
-    const std::int32_t place = stored.Get("lastIndex").IntegerValue();
-    table.HideColumn(*index, static_cast<std::size_t>(std::max(place, 0)));
+    SelectRow(layout_.StoredRow());
   }
 }
 
 void LDGRAccountTableViewData::Redraw() {
-  if (table_ == nullptr) return;
-  const std::string column = SortColumn();
-  if (preferences_ != nullptr && !column.empty()) {
-    preferences_->SetSelectedColumnIdentifier(column, table_identifier_);
-  }
-  if (table_->ColumnWithIdentifier(column)) {
-    table_->SetHighlightedColumn(column, SortsDescending() ? kDownArrow : kUpArrow);
-  } else {
-    table_->ClearIndicatorImages();
-  }
-  table_->ReloadData();
+  layout_.ShowSortColumn(SortColumn());
 }
 
 void LDGRAccountTableViewData::HideTableColumnWithIdentifier(std::string_view identifier) {
-  if (table_ == nullptr || preferences_ == nullptr) return;
-  const auto index = table_->ColumnWithIdentifier(identifier);
-  if (!index) return;
-  plist::Dictionary stored;
-  stored.Set("identifier", identifier);
-  stored.Set("width", plist::Value(table_->Columns()[*index].width).IntegerValue());
-  stored.Set("show", false);
-  stored.Set("lastIndex", static_cast<std::int32_t>(*index));
-  if (!table_->HideColumn(*index, *index)) return;
-  plist::Array hidden =
-      preferences_->GetHiddenColumnsForTableIdentifier(table_identifier_).value_or(plist::Array());
-  hidden.Append(stored);
-  preferences_->SetHiddenColumns(hidden, table_identifier_);
-  Redraw();
+  if (layout_.HideColumn(identifier)) Redraw();
 }
 
 void LDGRAccountTableViewData::ShowTableColumnWithIdentifier(std::string_view identifier) {
-  if (table_ == nullptr || preferences_ == nullptr || !table_->ShowColumn(identifier)) return;
-  plist::Array others;
-  if (const auto hidden = preferences_->GetHiddenColumnsForTableIdentifier(table_identifier_)) {
-    for (const plist::Value& column : *hidden) {
-      if (IdentifierOf(column) != identifier) others.Append(column);
-    }
-  }
-  preferences_->SetHiddenColumns(others, table_identifier_);
-  Redraw();
+  if (layout_.ShowColumn(identifier)) Redraw();
 }
 
 std::vector<TableColumn> LDGRAccountTableViewData::VisibleTableColumns() const {
-  return table_ != nullptr ? table_->Columns() : std::vector<TableColumn>();
+  const TableView* const table = GetTableView();
+  return table != nullptr ? table->Columns() : std::vector<TableColumn>();
 }
 
 // --- Rows ---------------------------------------------------------------------------------------

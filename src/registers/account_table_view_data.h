@@ -6,12 +6,14 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "model/account.h"
 #include "model/account_entry.h"
 #include "model/running_balances.h"
 #include "registers/register_order.h"
+#include "registers/table_layout.h"
 #include "registers/table_view.h"
 #include "storage/account_preferences.h"
 
@@ -47,18 +49,24 @@ class LDGRAccountTableViewData final : public TableDataSource {
 
   // Becomes the table's data source. The table must outlive its stay here; null for none.
   void SetTableView(TableView* table);
-  [[nodiscard]] TableView* GetTableView() const noexcept { return table_; }
+  [[nodiscard]] TableView* GetTableView() const noexcept { return layout_.Table(); }
   // "entry" or "reconcile": where the table's layout stands in the view preferences. None is
   // ignored.
-  void SetTableIdentifier(std::optional<std::string_view> identifier);
-  [[nodiscard]] const std::string& GetTableIdentifier() const noexcept { return table_identifier_; }
-  void SetAccountPreferences(std::shared_ptr<LDGRAccountPreferences> preferences);
+  void SetTableIdentifier(std::optional<std::string_view> identifier) {
+    layout_.SetIdentifier(identifier);
+  }
+  [[nodiscard]] const std::string& GetTableIdentifier() const noexcept {
+    return layout_.Identifier();
+  }
+  void SetAccountPreferences(std::shared_ptr<LDGRAccountPreferences> preferences) {
+    layout_.SetPreferences(std::move(preferences));
+  }
   [[nodiscard]] const std::shared_ptr<LDGRAccountPreferences>& GetAccountPreferences()
       const noexcept {
-    return preferences_;
+    return layout_.Preferences();
   }
   [[nodiscard]] const std::shared_ptr<LDGRAccountPreferences>& Preferences() const noexcept {
-    return preferences_;
+    return layout_.Preferences();
   }
   // Another account than before takes the rows away.
   void SetAccount(std::shared_ptr<LDGRAccount> account);
@@ -97,7 +105,7 @@ class LDGRAccountTableViewData final : public TableDataSource {
   // The column that a reload sorts the rows by: the stored one, else the first that sorts; "" for
   // none.
   [[nodiscard]] std::string SortColumn() const;
-  [[nodiscard]] bool SortsDescending() const;
+  [[nodiscard]] bool SortsDescending() const { return layout_.SortsDescending(); }
 
   // --- Layout -----------------------------------------------------------------------------------
   // Gives the table the stored widths, order, hidden columns and selected row.
@@ -135,18 +143,14 @@ class LDGRAccountTableViewData final : public TableDataSource {
     RunningBalanceTable table;
   };
 
-  void PlaceStoredColumns(TableView& table) const;
-  void HideStoredColumns(TableView& table) const;
   [[nodiscard]] const Figures& UpToDateFigures() const;
   [[nodiscard]] std::vector<double> BalancesOfRows() const;
 
   const Host& host_;
   std::shared_ptr<LDGRAccount> account_;
   EntryList entries_;
-  TableView* table_ = nullptr;
-  std::shared_ptr<LDGRAccountPreferences> preferences_;
+  TableLayout layout_;
   std::string date_format_string_;
-  std::string table_identifier_;
   // To be selected as soon as there are rows.
   std::optional<std::int32_t> awaited_row_;
   mutable Figures figures_;

@@ -39,13 +39,18 @@ constexpr std::array kIntervalTexts = {
     IntervalText{Repeat::EveryNQuarters, "Every %@ quarters", "Every quarter"},
 };
 
-std::size_t CountBefore(const LDGRAccountSchedule& schedule, DateNumber today) {
+}  // namespace
+
+std::size_t OverdueCount(const LDGRAccountSchedule& schedule, DateNumber today) {
   const std::vector<DateNumber> due = schedule.DueDates(DateNumberToNSCalendarDate(today));
   return static_cast<std::size_t>(
       std::count_if(due.begin(), due.end(), [today](DateNumber date) { return date < today; }));
 }
 
-}  // namespace
+std::string NextDateText(const LDGRAccountSchedule& schedule, std::string_view date_format) {
+  const DateNumber next = schedule.NextEntryDate();
+  return next < 0 ? "-" : FormatDate(DateNumberToNSCalendarDate(next), date_format);
+}
 
 std::string RepeatsInWords(const LDGRAccountSchedule& schedule) {
   const auto type = static_cast<Repeat>(schedule.GetRepeatIntervalType());
@@ -78,11 +83,10 @@ ScheduleRow RowOfSchedule(const LDGRAccount& account, std::shared_ptr<LDGRAccoun
                           std::string_view date_format, DateNumber today) {
   ScheduleRow row;
   row.next = schedule->NextEntryDate();
-  row.next_date =
-      row.next < 0 ? "-" : FormatDate(DateNumberToNSCalendarDate(row.next), date_format);
+  row.next_date = NextDateText(*schedule, date_format);
   row.repeats = RepeatsInWords(*schedule);
   row.until = UntilInWords(*schedule, date_format);
-  row.overdue = CountBefore(*schedule, today);
+  row.overdue = OverdueCount(*schedule, today);
   row.type = TypeTextOfEntry(&account, *schedule);
   row.description = schedule->GetDescription();
   row.to_from = schedule->GetToFrom();

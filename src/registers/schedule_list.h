@@ -21,7 +21,7 @@ struct ScheduleRow {
   std::string next_date;
   std::string repeats;  // "Every two weeks"
   std::string until;    // "Forever", "12 times", "Until 12/31/04"
-  // Occurrences neither committed nor skipped whose day has passed.
+  // See OverdueCount().
   std::size_t overdue = 0;
   std::string type;
   std::string description;
@@ -29,7 +29,7 @@ struct ScheduleRow {
   double amount = 0.0;
 };
 
-// Dates are written in `date_format` (see model/date_format.h); `today` is not overdue.
+// Dates are written in `date_format` (see model/date_format.h).
 [[nodiscard]] ScheduleRow RowOfSchedule(const LDGRAccount& account,
                                         std::shared_ptr<LDGRAccountSchedule> schedule,
                                         std::string_view date_format, DateNumber today);
@@ -38,6 +38,11 @@ struct ScheduleRow {
 [[nodiscard]] std::vector<ScheduleRow> ScheduleRows(const LDGRAccount& account,
                                                     std::string_view date_format, DateNumber today);
 
+// Occurrences of days before `today` that are neither committed nor skipped.
+[[nodiscard]] std::size_t OverdueCount(const LDGRAccountSchedule& schedule, DateNumber today);
+// The next date, "-" for none.
+[[nodiscard]] std::string NextDateText(const LDGRAccountSchedule& schedule,
+                                       std::string_view date_format);
 // The recurrence in words. Numbers that mean nothing give "Never".
 [[nodiscard]] std::string RepeatsInWords(const LDGRAccountSchedule& schedule);
 [[nodiscard]] std::string UntilInWords(const LDGRAccountSchedule& schedule,

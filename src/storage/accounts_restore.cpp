@@ -1,3 +1,5 @@
+#include <utility>
+
 #include "model/text.h"
 #include "platform/ambient.h"
 #include "plist/reader.h"
@@ -13,23 +15,45 @@ constexpr std::size_t kGreatestBackup = std::size_t{2} << 30;
 
 }  // namespace
 
+std::optional<AccountsStore::Backup> AccountsStore::ReadBackup(const std::string& name) const {
+  // A name, not a path out of the folder.
+  if (name.find('/') != std::string::npos) return std::nullopt;
+  const auto file = services_.files.Read(paths_.backup_folder + '/' + name);
+  if (!file) return std::nullopt;
+  Backup backup;
+  if (IsCompressed(file->view())) {
+    auto uncompressed = Uncompress(file->view(), kGreatestBackup);
+    if (!uncompressed) return std::nullopt;
+    backup.content = std::move(*uncompressed);
+  } else {
+    backup.content = file->view();
+  }
+  backup.dictionary = plist::Read(backup.content).value.DictionaryValue();
+  if (!backup.dictionary.Get("accounts").IsArray() || HasNewerAccount(backup.dictionary)) {
+    return std::nullopt;
+  }
+  return backup;
+}
+
+std::optional<AccountsStore::BackupContents> AccountsStore::ContentsOfBackup(
+    const std::string& name) const {
+  const auto backup = ReadBackup(name);
+  if (!backup) return std::nullopt;
+  BackupContents contents;
+  for (const plist::Value& account : backup->dictionary.Get("accounts").ArrayValue()) {
+    if (!account.IsDictionary()) continue;
+    ++contents.accounts;
+    for (const plist::Value& entry : account.DictionaryValue().Get("entries").ArrayValue()) {
+      if (entry.IsDictionary()) ++contents.entries;
+    }
+  }
+  return contents;
+}
+
 AccountsStore::RestoreResult AccountsStore::Accounts_RestoreBackup(const std::string& name) {
   if (!authenticated_) return RestoreResult::Failed;
-  // A name, not a path out of the folder.
-  if (name.find('/') != std::string::npos) return RestoreResult::Unreadable;
-  const auto file = services_.files.Read(paths_.backup_folder + '/' + name);
-  if (!file) return RestoreResult::Unreadable;
-  std::string_view content = file->view();
-  std::optional<std::string> uncompressed;
-  if (IsCompressed(content)) {
-    uncompressed = Uncompress(content, kGreatestBackup);
-    if (!uncompressed) return RestoreResult::Unreadable;
-    content = *uncompressed;
-  }
-  const plist::Dictionary dictionary = plist::Read(content).value.DictionaryValue();
-  if (!dictionary.Get("accounts").IsArray() || HasNewerAccount(dictionary)) {
-    return RestoreResult::Unreadable;
-  }
+  const auto backup = ReadBackup(name);
+  if (!backup) return RestoreResult::Unreadable;
 
   constexpr std::size_t kRestore = 1;
   const std::size_t answer = services_.alerts.Run(
@@ -43,7 +67,7 @@ AccountsStore::RestoreResult AccountsStore::Accounts_RestoreBackup(const std::st
   if (answer != kRestore) return RestoreResult::Declined;
 
   if (!Accounts_Save() || !file_.KeepCopy() ||
-      !file_.Replace([content](ByteSink& sink) { sink.Append(content); })) {
+      !file_.Replace([&backup](ByteSink& sink) { sink.Append(backup->content); })) {
     return RestoreResult::Failed;
   }
   return Accounts_Load() ? RestoreResult::Restored : RestoreResult::Ended;

@@ -45,6 +45,14 @@ class AccountsStore {
     Ended,       // the program ends, as when Accounts_Load() returns false
   };
 
+  // How much a backup holds.
+  struct BackupContents {
+    std::size_t accounts = 0;
+    std::size_t entries = 0;
+
+    friend bool operator==(const BackupContents&, const BackupContents&) = default;
+  };
+
   struct Services {
     FileSystem& files;
     Alerts& alerts;
@@ -119,6 +127,8 @@ class AccountsStore {
     return file_.KeptCopies();
   }
   [[nodiscard]] std::vector<BackupFile> Backups() const;
+  // Reads the backup of that name. None for one that Accounts_RestoreBackup() finds unreadable.
+  [[nodiscard]] std::optional<BackupContents> ContentsOfBackup(const std::string& name) const;
 
  private:
   // The state that was last loaded or saved.
@@ -128,6 +138,13 @@ class AccountsStore {
     friend bool operator==(const Snapshot&, const Snapshot&) = default;
   };
 
+  // A backup as it is to be written back, and what it holds.
+  struct Backup {
+    std::string content;
+    plist::Dictionary dictionary;
+  };
+  // None for one that is missing or holds no accounts that this version can read.
+  [[nodiscard]] std::optional<Backup> ReadBackup(const std::string& name) const;
   [[nodiscard]] static bool HasNewerAccount(const std::optional<plist::Dictionary>& dictionary);
   void TakeAccounts(const plist::Value& stored);
   void TakePassword(const plist::Value& password);

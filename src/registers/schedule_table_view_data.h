@@ -1,0 +1,81 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "model/account.h"
+#include "model/account_schedule.h"
+#include "registers/table_layout.h"
+#include "registers/table_view.h"
+#include "storage/account_preferences.h"
+
+namespace tallyfold {
+
+// The columns of the schedule list as it is first shown: "next", "repeats", "until", "overdue",
+// "type", "description", "toFrom", "amount".
+[[nodiscard]] std::vector<TableColumn> DefaultScheduleColumns();
+// The English key of a column's title; "" for an unknown identifier.
+[[nodiscard]] std::string_view TitleOfScheduleColumn(std::string_view identifier) noexcept;
+
+// The rows behind the schedule list: the scheduled entries of an account in the order of the column
+// the user clicked. As in the registers (see account_table_view_data.h), rows follow their
+// schedules, and columns, order and selected row are kept with the account's view preferences, as
+// the table "schedule".
+class LDGRScheduleTableViewData final : public TableDataSource {
+ public:
+  class Host {
+   public:
+    virtual ~Host() = default;
+    // A locked application shows no rows.
+    [[nodiscard]] virtual bool IsUnlocked() const = 0;
+  };
+
+  // Both must outlive this, which becomes the table's data source.
+  LDGRScheduleTableViewData(const Host& host, TableView& table);
+  LDGRScheduleTableViewData(const LDGRScheduleTableViewData&) = delete;
+  LDGRScheduleTableViewData& operator=(const LDGRScheduleTableViewData&) = delete;
+  ~LDGRScheduleTableViewData() override;
+
+  // Shows the account's schedules as its view preferences tell. Null for none.
+  void ShowAccount(std::shared_ptr<LDGRAccount> account,
+                   std::shared_ptr<LDGRAccountPreferences> preferences);
+  // In calendar-date conversion letters.
+  void SetDateFormat(std::string format) { date_format_ = std::move(format); }
+  // Takes the account's schedules again, in the order in force, with the same one selected.
+  void Reload();
+  void Redraw();
+
+  // Null when no row is selected.
+  [[nodiscard]] std::shared_ptr<LDGRAccountSchedule> SelectedSchedule() const;
+  // Null, and a schedule that is not shown, selects none.
+  void SelectSchedule(const LDGRAccountSchedule* schedule);
+  void SelectRow(std::int32_t row);
+  [[nodiscard]] const ScheduleList& Schedules() const noexcept { return schedules_; }
+
+  // The header of a column was clicked: turns the stored order over, by that column. A column that
+  // does not sort ("repeats", "until", "overdue") does nothing.
+  void ClickedTableColumn(std::string_view identifier);
+  void HideTableColumnWithIdentifier(std::string_view identifier);
+  void ShowTableColumnWithIdentifier(std::string_view identifier);
+
+  [[nodiscard]] std::size_t numberOfRowsInTableView() const override;
+  // A row that does not exist shows nothing.
+  [[nodiscard]] TableCell tableView(std::string_view column, std::size_t row) const override;
+
+ private:
+  [[nodiscard]] std::string SortColumn() const;
+  void Sort();
+
+  const Host& host_;
+  std::shared_ptr<LDGRAccount> account_;
+  ScheduleList schedules_;
+  TableLayout layout_;
+  std::string date_format_;
+};
+
+}  // namespace tallyfold

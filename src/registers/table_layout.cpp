@@ -1,0 +1,140 @@
+#include "registers/table_layout.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "plist/value.h"
+
+namespace tallyfold {
+namespace {
+
+constexpr std::string_view kDownArrow = "tableView_DownArrow.tif";
+constexpr std::string_view kUpArrow = "tableView_UpArrow.tif";
+
+std::string_view IdentifierOf(const plist::Value& column) {
+  return column.DictionaryValue().Get("identifier").StringValue();
+}
+
+}  // namespace
+
+void TableLayout::SetIdentifier(std::optional<std::string_view> identifier) {
+  if (identifier) table_identifier_ = *identifier;
+}
+
+void TableLayout::SetPreferences(std::shared_ptr<LDGRAccountPreferences> preferences) noexcept {
+  preferences_ = std::move(preferences);
+}
+
+bool TableLayout::Apply() {
+  if (table_view_ == nullptr || preferences_ == nullptr) return false;
+  table_view_->ClearIndicatorImages();
+  for (const TableColumn& hidden : table_view_->HiddenColumns()) table_view_->ShowColumn(hidden.identifier);
+  PlaceStoredColumns();
+  HideStoredColumns();
+  return true;
+}
+
+std::int32_t TableLayout::StoredRow() const {
+  if (preferences_ == nullptr) return 0;
+  return std::max(preferences_->GetSelectedRowForTableIdentifier(table_identifier_), 0);
+}
+
+void TableLayout::StoreRow(std::int32_t row) {
+  if (preferences_ != nullptr) preferences_->SetSelectedRow(row, table_identifier_);
+}
+
+std::string TableLayout::SortColumn() const {
+  if (preferences_ == nullptr) return "";
+  return preferences_->GetSelectedColumnIdentifierForTableIdentifier(table_identifier_);
+}
+
+bool TableLayout::SortsDescending() const {
+  return preferences_ != nullptr && preferences_->GetSortDescendingForTableIdentifier(table_identifier_);
+}
+
+bool TableLayout::TurnOrderOver(std::string_view column) {
+  if (preferences_ == nullptr) return false;
+  preferences_->SetSortDescending(!SortsDescending(), table_identifier_);
+  preferences_->SetSelectedColumnIdentifier(column, table_identifier_);
+  return true;
+}
+
+void TableLayout::PlaceStoredColumns() const {
+  const auto columns = preferences_->GetColumnsForTableIdentifier(table_identifier_);
+  if (!columns) return;
+  for (const plist::Value& column : *columns) {
+    const auto index = table_view_->ColumnWithIdentifier(IdentifierOf(column));
+    const plist::Value width = column.DictionaryValue().Get("width");
+    if (index && width.IsNumber() && width.IntegerValue() > -1) {
+      table_view_->SetColumnWidth(*index, width.IntegerValue());
+    }
+  }
+  std::size_t place = 0;
+  for (const plist::Value& column : *columns) {
+    if (const auto index = table_view_->ColumnWithIdentifier(IdentifierOf(column))) {
+      table_view_->MoveColumn(*index, place++);
+    }
+  }
+}
+
+void TableLayout::HideStoredColumns() const {
+  const auto columns = preferences_->GetHiddenColumnsForTableIdentifier(table_identifier_);
+  if (!columns) return;
+  for (const plist::Value& column : *columns) {
+    const plist::Dictionary stored = column.DictionaryValue();
+    const auto index = table_view_->ColumnWithIdentifier(IdentifierOf(column));
+    if (!index) continue;
+    if (const plist::Value& width = stored.Get("width");
+        width.IsNumber() && width.IntegerValue() > -1) {
+      table_view_->SetColumnWidth(*index, width.IntegerValue());
+    }
+    const std::int32_t place = stored.Get("lastIndex").IntegerValue();
+    table_view_->HideColumn(*index, static_cast<std::size_t>(std::max(place, 0)));
+  }
+}
+
+void TableLayout::ShowSortColumn(const std::string& column) {
+  if (table_view_ == nullptr) return;
+  if (preferences_ != nullptr && !column.empty()) {
+    preferences_->SetSelectedColumnIdentifier(column, table_identifier_);
+  }
+  if (table_view_->ColumnWithIdentifier(column)) {
+    table_view_->SetHighlightedColumn(column, SortsDescending() ? kDownArrow : kUpArrow);
+  } else {
+    table_view_->ClearIndicatorImages();
+  }
+  table_view_->ReloadData();
+}
+
+bool TableLayout::HideColumn(std::string_view identifier) {
+  if (table_view_ == nullptr || preferences_ == nullptr) return false;
+  const auto index = table_view_->ColumnWithIdentifier(identifier);
+  if (!index) return false;
+  plist::Dictionary stored;
+  stored.Set("identifier", identifier);
+  stored.Set("width", plist::Value(table_view_->Columns()[*index].width).IntegerValue());
+  stored.Set("show", false);
+  stored.Set("lastIndex", static_cast<std::int32_t>(*index));
+  if (!table_view_->HideColumn(*index, *index)) return false;
+  plist::Array hidden =
+      preferences_->GetHiddenColumnsForTableIdentifier(table_identifier_).value_or(plist::Array());
+  hidden.Append(stored);
+  preferences_->SetHiddenColumns(hidden, table_identifier_);
+  return true;
+}
+
+bool TableLayout::ShowColumn(std::string_view identifier) {
+  if (table_view_ == nullptr || preferences_ == nullptr || !table_view_->ShowColumn(identifier)) {
+    return false;
+  }
+  plist::Array others;
+  if (const auto hidden = preferences_->GetHiddenColumnsForTableIdentifier(table_identifier_)) {
+    for (const plist::Value& column : *hidden) {
+      if (IdentifierOf(column) != identifier) others.Append(column);
+    }
+  }
+  preferences_->SetHiddenColumns(others, table_identifier_);
+  return true;
+}
+
+}  // namespace tallyfold
