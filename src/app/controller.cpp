@@ -22,11 +22,15 @@ struct LDGRController::Hosts final : AccountsStore::Host,
                                      EntryEditing::Host,
                                      EntryRemoval::Host,
                                      EntryReveal::Host,
-                                     ScheduleAdding::Host,
                                      ScheduleCommit::Host,
                                      ExportCommands::Host,
                                      LDGRQIFImportController::Host,
                                      QifImportCommand::Host,
+                                     SchedulesTab::Host,
+                                     ScheduleEditing::Host,
+                                     ScheduleReminder::Host,
+                                     BalanceField::Host,
+                                     ReconcileTab::Host,
                                      AccountPasswords::Host,
                                      AccountRemoval::Host,
                                      AccountSummaryTab::Host,
@@ -96,6 +100,7 @@ struct LDGRController::Hosts final : AccountsStore::Host,
   }
   void ForgetSelectedAccount() override {
     app.registers_.ShowAccount(nullptr);
+    app.schedules_.ShowAccount(nullptr);
     app.selection_.Forget();
     app.account_passwords_.Forget();
     app.reveal_.Forget();
@@ -112,10 +117,13 @@ struct LDGRController::Hosts final : AccountsStore::Host,
 
   // --- What is shown ---
   std::optional<LiveTable> TableShown(std::string_view identifier) override {
+    if (identifier == "schedule") return LiveTableOf(app.schedules_.Table());
     return app.registers_.TableShown(identifier);
   }
   const LDGRAccount* AccountShown() override { return app.selection_.Selected().get(); }
-  std::int32_t BalanceMode() override { return app.preferences().GetBalanceMode(); }
+  std::int32_t BalanceMode() override {
+    return static_cast<std::int32_t>(app.balance_field_.Mode());
+  }
   float AccountsDrawerWidth() override { return app.preferences().GetAccountsDrawerWidth(); }
   std::int32_t AccountsDrawerPreferredEdge() override {
     return app.preferences().GetAccountsDrawerPreferredEdge();
@@ -124,7 +132,9 @@ struct LDGRController::Hosts final : AccountsStore::Host,
   void ShowInTables(const std::shared_ptr<LDGRAccount>& account) override {
     app.reveal_.Forget();
     app.registers_.ShowAccount(account);
+    app.schedules_.ShowAccount(account);
     app.front_end_.Changed(Area::Schedules);
+    app.refresh_.ReconcileTab_UpdateBalances();
   }
   void FillCurrentRegister() override {
     const LDGRAccount& account = *app.selection_.Selected();
@@ -157,15 +167,33 @@ struct LDGRController::Hosts final : AccountsStore::Host,
     app.reveal_.Forget();
     app.registers_.Reload();
   }
-  void TakeSavedEntry(const std::shared_ptr<LDGRAccountEntry>& entry) override {
-    app.registers_.TakeSavedEntry(entry);
+  void TakeSavedEntries(const EntryList& entries) override {
+    app.registers_.TakeSavedEntries(entries);
   }
+  void ReloadSchedules() override { app.schedules_.Rows().Reload(); }
   void RedrawRegisters() override { app.registers_.Redraw(); }
   // No account is loaded yet: the registers show the columns of the one that is going to be shown.
   void SetUpRegisters() override {
     app.amount_fields_.SetSpeak(app.preferences().GetSpeakEntryAmounts());
+    app.AccountBalance_PopUp_Populate(app.preferences().GetBalanceMode());
     app.registers_.UpdateDateFormat();
+    app.schedules_.UpdateDateFormat();
     app.registers_.ShowColumnsOf(app.preferences().GetSelectedAccountNumber());
+  }
+
+  // --- Schedules and balances ---
+  std::shared_ptr<LDGRAccountSchedule> SelectedSchedule() const override {
+    return app.SelectedSchedule();
+  }
+  void SelectSchedule(const std::shared_ptr<LDGRAccountSchedule>& schedule) override {
+    app.SelectSchedule(schedule);
+  }
+  double TotalOfEntryRows() const override { return app.registers_.Entry().TotalOfRows(); }
+  std::shared_ptr<LDGRAccountEntry> SelectedEntryRow() const override {
+    return app.registers_.Entry().GetSelectedEntry();
+  }
+  void TurnClearedOver(const std::shared_ptr<LDGRAccountEntry>& entry) override {
+    app.editing_.TurnClearedOver(entry);
   }
 
   // --- Entries out of sight ---
@@ -230,6 +258,7 @@ struct LDGRController::Hosts final : AccountsStore::Host,
     app.window_->UpdateTableRowHeights();
     app.amount_fields_.SetSpeak(app.preferences().GetSpeakEntryAmounts());
     app.registers_.UpdateDateFormat();
+    app.schedules_.UpdateDateFormat();
     if (app.preferences().GetShowAccountsDrawer() != app.drawer_.State().is_open) {
       app.ToggleAccountsDrawer();
     }
@@ -248,7 +277,7 @@ struct LDGRController::Hosts final : AccountsStore::Host,
   bool SchedulesCanBeEvaluated() const override {
     return app.authenticated() && app.selection_.Selected() != nullptr;
   }
-  void OfferDueOccurrences() override {}
+  void OfferDueOccurrences(bool by_timer) override { app.reminder_.OfferDueOccurrences(by_timer); }
   void Quit() override { app.Quit(); }
 
   LDGRController& app;
@@ -269,10 +298,15 @@ LDGRController::LDGRController(const Services& services)
       editing_(*hosts_, links_, sheets_, refresh_, front_end_),
       removal_(*hosts_, links_, sheets_, refresh_, front_end_),
       reveal_(*hosts_, links_, front_end_),
-      schedule_adding_(*hosts_, refresh_),
       schedule_commit_(*hosts_, links_, refresh_),
       export_(*hosts_, services.files, services.encodings, modal_, modal_),
       import_(*hosts_, services.files, services.encodings, sheets_, front_end_),
+      schedules_(*hosts_, schedule_commit_, sheets_, refresh_, front_end_),
+      schedule_editing_(*hosts_, sheets_, refresh_, front_end_),
+      reminder_(*hosts_, schedule_commit_, sheets_, services.loop, front_end_),
+      balance_field_(*hosts_, front_end_),
+      reconcile_tab_(*hosts_, refresh_),
+      backups_(accounts_),
       account_passwords_(*hosts_, sheets_, window_, front_end_),
       account_removal_(*hosts_, modal_, sheets_, refresh_),
       summary_tab_(*hosts_, modal_, sheets_, front_end_),
@@ -322,6 +356,12 @@ void LDGRController::CancelOpenSheet() {
       return EntryRemoveConfirm_Cancel();
     case Sheet::TransferEntryRemoveConfirm:
       return TransferEntryRemoveConfirm_Cancel();
+    case Sheet::Schedule:
+      return ScheduleSheet_Cancel();
+    case Sheet::ScheduleRemoveConfirm:
+      return ScheduleRemoveConfirm_Cancel();
+    case Sheet::ScheduleReminder:
+      return ScheduleReminderSheet_Later();
     case Sheet::AccountEdit:
       return AccountEditSheet_Cancel();
     case Sheet::AccountSummary:
@@ -346,6 +386,9 @@ void LDGRController::controlTextDidChange(TypedField field, std::string_view tex
       return preferencesSheet_PasswordValidate(std::string(text), preferences.password_again);
     case TypedField::PreferencesPasswordAgain:
       return preferencesSheet_PasswordValidate(preferences.password, std::string(text));
+    case TypedField::ReminderLookAhead:
+      scheduleReminderSheet_LookAhead(text);
+      return;
   }
 }
 

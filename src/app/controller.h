@@ -17,6 +17,8 @@
 #include "app/amount_fields.h"
 #include "app/application.h"
 #include "app/application_lock.h"
+#include "app/backups_list.h"
+#include "app/balance_field.h"
 #include "app/entry_editing.h"
 #include "app/entry_removal.h"
 #include "app/entry_reveal.h"
@@ -31,10 +33,13 @@
 #include "app/printing.h"
 #include "app/qif_import_command.h"
 #include "app/qif_import_controller.h"
+#include "app/reconcile_tab.h"
 #include "app/refresh.h"
 #include "app/registers.h"
-#include "app/schedule_adding.h"
 #include "app/schedule_commit.h"
+#include "app/schedule_editing.h"
+#include "app/schedule_reminder.h"
+#include "app/schedules_tab.h"
 #include "app/services.h"
 #include "app/sheet_slot.h"
 #include "app/tabs.h"
@@ -224,6 +229,7 @@ class LDGRController {
     AccountPassword,
     PreferencesPassword,
     PreferencesPasswordAgain,
+    ReminderLookAhead,
   };
   // The text of that field is `text` now.
   void controlTextDidChange(TypedField field, std::string_view text);
@@ -523,10 +529,60 @@ class LDGRController {
   void TransferEntryRemoveConfirm_Cancel() { removal_.TransferEntryRemoveConfirm_Cancel(); }
   void Entry_Delete() { removal_.Entry_Delete(); }
 
-  // --- app/schedule_adding.h ---------------------------------------------------------------------
-  std::shared_ptr<LDGRAccountSchedule> Schedule_Add(const NewSchedule& values) {
-    return schedule_adding_.Add(values);
+  // --- app/schedules_tab.h -----------------------------------------------------------------------
+  [[nodiscard]] LDGRScheduleTableViewData& scheduleDataSource() noexcept {
+    return schedules_.Rows();
   }
+  // Null when no scheduled entry is selected.
+  [[nodiscard]] std::shared_ptr<LDGRAccountSchedule> SelectedSchedule() const {
+    return schedules_.Rows().SelectedSchedule();
+  }
+  void SelectSchedule(const std::shared_ptr<LDGRAccountSchedule>& schedule) {
+    schedules_.Rows().SelectSchedule(schedule.get());
+  }
+  void ScheduleRemoveConfirm_Begin() { schedules_.ScheduleRemoveConfirm_Begin(); }
+  [[nodiscard]] const ScheduleRemoveSheetState& ScheduleRemoveSheet() const noexcept {
+    return schedules_.Confirm();
+  }
+  void ScheduleRemoveConfirm_OK() { schedules_.ScheduleRemoveConfirm_OK(); }
+  void ScheduleRemoveConfirm_Cancel() { schedules_.ScheduleRemoveConfirm_Cancel(); }
+  void Schedule_Delete() { schedules_.Schedule_Delete(); }
+  bool Schedule_Duplicate() { return schedules_.Schedule_Duplicate(); }
+  bool Schedule_CommitNext() { return schedules_.Schedule_CommitNext(); }
+  bool Schedule_SkipNext() { return schedules_.Schedule_SkipNext(); }
+
+  // --- app/schedule_editing.h --------------------------------------------------------------------
+  bool Schedule_Debit() { return schedule_editing_.New(EntryKind::Debit); }
+  bool Schedule_Deposit() { return schedule_editing_.New(EntryKind::Deposit); }
+  bool Schedule_Transfer() { return schedule_editing_.New(EntryKind::Transfer); }
+  bool schedule_Debit_MenuItem() { return Schedule_Debit(); }
+  bool schedule_Deposit_MenuItem() { return Schedule_Deposit(); }
+  bool schedule_Transfer_MenuItem() { return Schedule_Transfer(); }
+  bool Schedule_Edit() { return schedule_editing_.Edit(); }
+  [[nodiscard]] const ScheduleSheetState& ScheduleSheet() const noexcept {
+    return schedule_editing_.State();
+  }
+  void ScheduleSheet_Read(ScheduleValues typed) { schedule_editing_.Read(std::move(typed)); }
+  bool ScheduleSheet_OK() { return schedule_editing_.OK(); }
+  void ScheduleSheet_Cancel() { schedule_editing_.Cancel(); }
+
+  // --- app/schedule_reminder.h -------------------------------------------------------------------
+  [[nodiscard]] const ScheduleReminderState& ScheduleReminderSheet() const noexcept {
+    return reminder_.State();
+  }
+  bool ScheduleReminderSheet_Open() { return reminder_.Open(); }
+  void ScheduleReminderSheet_Read(const std::vector<ReminderRow::Typed>& rows) {
+    reminder_.Read(rows);
+  }
+  void ScheduleReminderSheet_MarkAll(bool is_marked) { reminder_.MarkAll(is_marked); }
+  bool scheduleReminderSheet_LookAhead(std::string_view text) { return reminder_.LookAhead(text); }
+  void scheduleReminderSheet_LookAheadType(std::int32_t tag) { reminder_.LookAheadType(tag); }
+  void scheduleReminderSheet_BalanceMode(std::int32_t tag) { reminder_.BalanceModeChosen(tag); }
+  bool ScheduleReminderSheet_Commit() { return reminder_.CommitMarked(); }
+  bool ScheduleReminderSheet_CommitAll() { return reminder_.CommitAll(); }
+  bool ScheduleReminderSheet_Skip() { return reminder_.SkipMarked(); }
+  void ScheduleReminderSheet_Later() { reminder_.Later(); }
+  void ScheduleReminderSheet_Dismiss() { reminder_.Dismiss(); }
 
   // --- app/entry_reveal.h ------------------------------------------------------------------------
   [[nodiscard]] const HiddenEntryState& HiddenEntry() const noexcept { return reveal_.State(); }
@@ -537,13 +593,33 @@ class LDGRController {
   [[nodiscard]] std::vector<DueOccurrence> Schedules_Due(DateNumber through) const {
     return schedule_commit_.Due(through);
   }
-  bool Schedule_CommitOccurrence(const DueOccurrence& occurrence,
-                                 std::shared_ptr<LDGRAccountEntry> edited = nullptr) {
-    return schedule_commit_.Commit(occurrence, std::move(edited));
+  bool Schedule_CommitOccurrence(const DueOccurrence& occurrence) {
+    return schedule_commit_.Commit(occurrence);
+  }
+  bool Schedules_CommitAll(const std::vector<DueOccurrence>& occurrences) {
+    return schedule_commit_.CommitAll(occurrences);
   }
   bool Schedule_SkipOccurrence(const DueOccurrence& occurrence) {
     return schedule_commit_.Skip(occurrence);
   }
+  bool Schedules_SkipAll(const std::vector<DueOccurrence>& occurrences) {
+    return schedule_commit_.SkipAll(occurrences);
+  }
+
+  // --- app/balance_field.h, app/reconcile_tab.h --------------------------------------------------
+  void AccountBalance_PopUp_Populate(std::int32_t mode) {
+    balance_field_.AccountBalance_PopUp_Populate(mode);
+  }
+  void AccountBalance_PopUp(std::int32_t tag) { balance_field_.AccountBalance_PopUp(tag); }
+  [[nodiscard]] BalanceFieldState AccountBalance_Field() const { return balance_field_.State(); }
+  [[nodiscard]] const ReconcileTabState& ReconcileTab_Figures() { return reconcile_tab_.State(); }
+  bool ReconcileTab_StatementBalance_EndEditing(double balance) {
+    return reconcile_tab_.StatementBalance_EndEditing(balance);
+  }
+  bool currentTableDataSource_Cleared_Key() { return reconcile_tab_.TurnClearedOverAndMoveOn(); }
+
+  // --- app/backups_list.h ------------------------------------------------------------------------
+  [[nodiscard]] std::vector<BackupRow> Backups() { return backups_.Rows(); }
 
   // --- app/printing.h ----------------------------------------------------------------------------
   [[nodiscard]] PrintKind Print_KindShown() const noexcept { return printing_.KindShown(); }
@@ -581,10 +657,15 @@ class LDGRController {
   EntryEditing editing_;
   EntryRemoval removal_;
   EntryReveal reveal_;
-  ScheduleAdding schedule_adding_;
   ScheduleCommit schedule_commit_;
   ExportCommands export_;
   LDGRQIFImportController import_;
+  SchedulesTab schedules_;
+  ScheduleEditing schedule_editing_;
+  ScheduleReminder reminder_;
+  BalanceField balance_field_;
+  ReconcileTab reconcile_tab_;
+  BackupsList backups_;
   AccountPasswords account_passwords_;
   AccountRemoval account_removal_;
   AccountSummaryTab summary_tab_;

@@ -37,7 +37,7 @@ bool IdleWatch::MustWait(bool by_timer) const {
 void IdleWatch::Evaluate(bool by_timer) {
   if (MustWait(by_timer)) return ReplaceScheduleReminderTimer();
   if (by_timer && host_.AccountsWantSaving()) host_.Accounts_Save();
-  if (host_.SchedulesCanBeEvaluated()) host_.OfferDueOccurrences();
+  if (host_.SchedulesCanBeEvaluated()) host_.OfferDueOccurrences(by_timer);
 }
 
 }  // namespace tallyfold

@@ -25,8 +25,8 @@ class IdleWatch {
     virtual bool Accounts_Save() = 0;
     // Unlocked, with a selected account.
     [[nodiscard]] virtual bool SchedulesCanBeEvaluated() const = 0;
-    // Offers what is due in the selected account.
-    virtual void OfferDueOccurrences() = 0;
+    // Offers what is due in the selected account; the timer's offers can be put off.
+    virtual void OfferDueOccurrences(bool by_timer) = 0;
     // Cancels pending speech and the reading of entries, and falls silent.
     virtual void StopSpeech() = 0;
   };

@@ -49,6 +49,7 @@ bool Lifecycle::applicationDidFinishLaunching() {
     parts_.updates.CheckForUpdates_Auto();
   }
   parts_.refresh.entryMenu_Types_Menu_Populate();
+  parts_.idle.Schedules_Evaluate();
   return true;
 }
 

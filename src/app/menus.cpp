@@ -31,6 +31,11 @@ CommandsState Menus::Commands() const {
   state.edit_account = state.remove_account = state.add_entry = true;
   state.export_account = state.import_file = state.save_as = true;
   state.lock_account = account->HasPassword();
+  state.add_schedule = state.show_reminder = true;
+  if (const auto schedule = host_.SelectedSchedule()) {
+    state.edit_schedule = true;
+    state.commit_schedule = !schedule->NextOccurrences(1).empty();
+  }
   const auto entry = host_.SelectedEntry();
   if (entry == nullptr) return state;
   state.edit_entry = entry->IsDebit() || entry->IsDeposit() || entry->IsTransfer();

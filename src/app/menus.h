@@ -40,6 +40,12 @@ struct CommandsState {
   bool edit_entry = false;
   bool remove_entry = false;
   bool show_other_half = false;
+  // For the selected account, and for its selected scheduled entry: edit, duplicate and remove it;
+  // commit or skip the next occurrence.
+  bool add_schedule = false;
+  bool edit_schedule = false;
+  bool commit_schedule = false;
+  bool show_reminder = false;
 
   friend bool operator==(const CommandsState&, const CommandsState&) = default;
 };
@@ -57,6 +63,7 @@ class Menus {
     [[nodiscard]] virtual std::shared_ptr<LDGRAccount> SelectedAccount() const = 0;
     // Null when no entry is selected.
     [[nodiscard]] virtual std::shared_ptr<LDGRAccountEntry> SelectedEntry() const = 0;
+    [[nodiscard]] virtual std::shared_ptr<LDGRAccountSchedule> SelectedSchedule() const = 0;
     [[nodiscard]] virtual bool IsUnlocked() const = 0;
     [[nodiscard]] virtual bool HasPassword() const = 0;
     [[nodiscard]] virtual bool ModalWindowIsUp() const = 0;

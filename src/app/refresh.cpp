@@ -3,17 +3,25 @@
 namespace tallyfold {
 
 void Refresh::EntrySaved(const std::shared_ptr<LDGRAccountEntry>& entry, bool is_new) {
+  EntriesSaved({entry}, is_new);
+}
+
+void Refresh::EntriesAdded(const EntryList& entries) {
+  EntriesSaved(entries, true);
+}
+
+void Refresh::EntriesSaved(const EntryList& entries, bool are_new) {
   EntryButtons_Update();
   if (host_.LiveUpdatingFilters()) {
     host_.ReloadRegisters();
     host_.Search_Cancel();
   } else {
-    host_.TakeSavedEntry(entry);
+    host_.TakeSavedEntries(entries);
   }
   Balances();
   AccountsList_Redraw();
-  host_.SelectEntry(entry);
-  host_.TellIfHidden(entry, is_new);
+  host_.SelectEntry(entries.back());
+  host_.TellIfHidden(entries.back(), are_new);
   entryMenu_Types_Menu_Populate();
 }
 
@@ -38,6 +46,12 @@ void Refresh::EntryMarked() {
   host_.RedrawRegisters();
   Balances();
   AccountsList_Redraw();
+}
+
+void Refresh::SchedulesChanged() {
+  host_.ReloadSchedules();
+  front_end_.Changed(Area::Schedules);
+  front_end_.Changed(Area::ScheduleButtons);
 }
 
 void Refresh::AccountsChanged() {

@@ -3,10 +3,9 @@
 #include <memory>
 
 #include "app/front_end.h"
+#include "model/account_entry.h"
 
 namespace tallyfold {
-
-class LDGRAccountEntry;
 
 // What is brought up to date after a change of entries: the one place that knows it all, so that
 // no operation forgets a part.
@@ -19,8 +18,10 @@ class Refresh {
     [[nodiscard]] virtual bool LiveUpdatingFilters() const = 0;
     // Gives both registers the selected account's filtered entries again.
     virtual void ReloadRegisters() = 0;
-    // Shows a saved entry in the registers without filtering the others again.
-    virtual void TakeSavedEntry(const std::shared_ptr<LDGRAccountEntry>& entry) = 0;
+    // Shows saved entries in the registers without filtering the others again.
+    virtual void TakeSavedEntries(const EntryList& entries) = 0;
+    // Gives the schedule list the selected account's schedules again.
+    virtual void ReloadSchedules() = 0;
     // Draws the rows of both registers anew.
     virtual void RedrawRegisters() = 0;
     virtual void Search_Cancel() = 0;
@@ -36,6 +37,8 @@ class Refresh {
 
   // After OK in an entry sheet: `entry` was added (`is_new`) or changed.
   void EntrySaved(const std::shared_ptr<LDGRAccountEntry>& entry, bool is_new);
+  // After entries were added at once: the last one is selected. There is at least one.
+  void EntriesAdded(const EntryList& entries);
   // After entries were removed.
   void EntryRemoved();
   // After an import, whether it added anything or not.
@@ -43,7 +46,7 @@ class Refresh {
   // After something of an entry changed in place that no filter follows at once.
   void EntryMarked();
   // After scheduled entries were committed, skipped or changed.
-  void SchedulesChanged() { front_end_.Changed(Area::Schedules); }
+  void SchedulesChanged();
   // After names, numbers or types of accounts changed.
   void AccountsChanged();
 
@@ -59,6 +62,7 @@ class Refresh {
 
  private:
   void Balances();
+  void EntriesSaved(const EntryList& entries, bool are_new);
 
   Host& host_;
   FrontEnd& front_end_;

@@ -1,5 +1,8 @@
 #include "app/registers.h"
 
+#include <algorithm>
+#include <iterator>
+#include <unordered_set>
 #include <utility>
 
 #include "filters/filter.h"
@@ -9,17 +12,28 @@
 namespace tallyfold {
 namespace {
 
-void Take(LDGRAccountTableViewData& shown, const std::shared_ptr<LDGRAccountEntry>& entry,
-          const LDGRFilter& filter) {
+void Take(LDGRAccountTableViewData& shown, const EntryList& saved, const LDGRFilter& filter) {
   EntryList entries = shown.GetEntries();
-  if (!shown.EntryToRow(entry.get())) {
-    if (filter.Filter({entry}).empty()) return;
-    entries.push_back(entry);
-  }
+  const std::unordered_set<std::shared_ptr<LDGRAccountEntry>> known(entries.begin(), entries.end());
+  EntryList unknown;
+  std::ranges::copy_if(saved, std::back_inserter(unknown),
+                       [&known](const auto& entry) { return !known.contains(entry); });
+  const EntryList passed = filter.Filter(unknown);
+  if (passed.empty() && unknown.size() == saved.size()) return;
+  entries.insert(entries.end(), passed.begin(), passed.end());
   shown.Reload(std::move(entries));
 }
 
 }  // namespace
+
+LiveTable LiveTableOf(const TableView& table) {
+  LiveTable live;
+  for (const TableColumn& column : table.Columns()) {
+    live.columns.push_back({column.identifier, column.width});
+  }
+  live.selected_row = table.SelectedRow();
+  return live;
+}
 
 Registers::Registers(Host& host, FrontEnd& front_end)
     : host_(host),
@@ -64,11 +78,11 @@ void Registers::Reload() {
   reconcile_.Reload(account->reconcileFilteredEntries());
 }
 
-void Registers::TakeSavedEntry(const std::shared_ptr<LDGRAccountEntry>& entry) {
+void Registers::TakeSavedEntries(const EntryList& entries) {
   const auto& account = entry_.GetAccount();
   if (account == nullptr) return;
-  Take(entry_, entry, *account->entryFilter());
-  Take(reconcile_, entry, *account->reconcileFilter());
+  Take(entry_, entries, *account->entryFilter());
+  Take(reconcile_, entries, *account->reconcileFilter());
 }
 
 void Registers::Redraw() {
@@ -87,12 +101,7 @@ std::optional<LiveTable> Registers::TableShown(std::string_view identifier) cons
                            : identifier == "reconcile" ? &reconcile_table_
                                                        : nullptr;
   if (table == nullptr) return std::nullopt;
-  LiveTable live;
-  for (const TableColumn& column : table->Columns()) {
-    live.columns.push_back({column.identifier, column.width});
-  }
-  live.selected_row = table->SelectedRow();
-  return live;
+  return LiveTableOf(*table);
 }
 
 void Registers::TableChanged(const TableView& /*table*/, TableView::Change change) {
@@ -105,6 +114,7 @@ void Registers::TableChanged(const TableView& /*table*/, TableView::Change chang
       return front_end_.Changed(Area::ScrolledRow);
     case TableView::Change::SelectedRow:
       front_end_.Changed(Area::SelectedEntry);
+      front_end_.Changed(Area::Balance);
       front_end_.Changed(Area::EntryButtons);
       break;
   }

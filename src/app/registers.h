@@ -17,6 +17,9 @@ namespace tallyfold {
 
 class LDGRPreferences;
 
+// What is to be remembered of a table.
+[[nodiscard]] LiveTable LiveTableOf(const TableView& table);
+
 // The two registers of the main window, each with its table, and which of the two the commands for
 // registers act on.
 class Registers final : private TableView::Observer {
@@ -51,9 +54,9 @@ class Registers final : private TableView::Observer {
   void ShowColumnsOf(std::int32_t account_number);
   // Both take their account's filtered entries again.
   void Reload();
-  // Both take up an entry that was saved while filters do not follow at once: where it is shown it
+  // Both take up entries that were saved while filters do not follow at once: where one is shown it
   // is sorted in anew, where the filter passes it, it is added; no other row comes or goes.
-  void TakeSavedEntry(const std::shared_ptr<LDGRAccountEntry>& entry);
+  void TakeSavedEntries(const EntryList& entries);
   // Both draw their rows anew.
   void Redraw();
   // Both write dates as the preferences want them now.

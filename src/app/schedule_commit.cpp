@@ -1,6 +1,7 @@
 #include "app/schedule_commit.h"
 
 #include <algorithm>
+#include <unordered_set>
 #include <utility>
 
 #include "app/entry_defaults.h"
@@ -23,48 +24,62 @@ std::vector<DueOccurrence> ScheduleCommit::Due(DateNumber through) const {
   return due;
 }
 
-bool ScheduleCommit::Commit(const DueOccurrence& occurrence,
-                            std::shared_ptr<LDGRAccountEntry> edited) {
-  const auto account = AccountFor(occurrence);
+bool ScheduleCommit::CommitAll(const std::vector<DueOccurrence>& occurrences) {
+  const auto account = AccountFor(occurrences);
   if (account == nullptr) return false;
+  EntryList entries;
+  entries.reserve(occurrences.size());
+  for (const DueOccurrence& occurrence : occurrences) {
+    entries.push_back(Add(*account, occurrence));
+  }
+  account->NoteChange();
+  refresh_.EntriesAdded(entries);
+  refresh_.SchedulesChanged();
+  return true;
+}
+
+std::shared_ptr<LDGRAccountEntry> ScheduleCommit::Add(LDGRAccount& account,
+                                                      const DueOccurrence& occurrence) const {
+  const auto& edited = occurrence.edited;
   const bool has_typed_check_number =
       edited != nullptr && edited->GetCheckNumber() > 0 &&
       edited->GetCheckNumber() != occurrence.entry->GetCheckNumber();
   // A copy, so that the occurrence itself never gets into an account.
-  const auto entry = edited != nullptr ? std::move(edited)
-                                       : LDGRAccountEntry::entryWithEntry(occurrence.entry.get());
-  entry->SetNumber(account->NextAvailableNumber());
+  auto entry =
+      edited != nullptr ? edited : LDGRAccountEntry::entryWithEntry(occurrence.entry.get());
+  entry->SetNumber(account.NextAvailableNumber());
   if (entry->IsCheck() && !has_typed_check_number) {
-    entry->SetCheckNumber(SuggestedCheckNumber(*account, host_.Preferences()));
+    entry->SetCheckNumber(SuggestedCheckNumber(account, host_.Preferences()));
   }
-  if (entry->IsTransfer()) LinkTransfer(*account, *entry);
-  account->AddEntry(entry);
+  if (entry->IsTransfer()) LinkTransfer(account, *entry);
+  account.AddEntry(entry);
   occurrence.schedule->CommitEntry(occurrence.entry.get());
-  account->NoteChange();
-  refresh_.EntrySaved(entry, true);
-  refresh_.SchedulesChanged();
-  return true;
+  return entry;
 }
 
-bool ScheduleCommit::Skip(const DueOccurrence& occurrence) {
-  const auto account = AccountFor(occurrence);
+bool ScheduleCommit::SkipAll(const std::vector<DueOccurrence>& occurrences) {
+  const auto account = AccountFor(occurrences);
   if (account == nullptr) return false;
-  occurrence.schedule->AddCommittedDate(occurrence.entry->GetDate());
+  for (const DueOccurrence& occurrence : occurrences) {
+    occurrence.schedule->AddCommittedDate(occurrence.entry->GetDate());
+  }
   account->NoteChange();
   refresh_.SchedulesChanged();
   return true;
 }
 
-std::shared_ptr<LDGRAccount> ScheduleCommit::AccountFor(const DueOccurrence& occurrence) const {
+std::shared_ptr<LDGRAccount> ScheduleCommit::AccountFor(
+    const std::vector<DueOccurrence>& occurrences) const {
   auto account = host_.SelectedAccount();
-  if (account == nullptr || occurrence.schedule == nullptr || occurrence.entry == nullptr ||
-      occurrence.schedule->DateIsCommitted(occurrence.entry->GetDate())) {
-    return nullptr;
-  }
-  const auto& schedules = account->GetSchedules();
-  const bool is_here =
-      std::find(schedules.begin(), schedules.end(), occurrence.schedule) != schedules.end();
-  return is_here ? account : nullptr;
+  if (account == nullptr || occurrences.empty()) return nullptr;
+  const auto& list = account->GetSchedules();
+  const std::unordered_set<std::shared_ptr<LDGRAccountSchedule>> schedules(list.begin(),
+                                                                           list.end());
+  const auto can_be_committed = [&schedules](const DueOccurrence& occurrence) {
+    return occurrence.entry != nullptr && schedules.contains(occurrence.schedule) &&
+           !occurrence.schedule->DateIsCommitted(occurrence.entry->GetDate());
+  };
+  return std::ranges::all_of(occurrences, can_be_committed) ? account : nullptr;
 }
 
 void ScheduleCommit::LinkTransfer(LDGRAccount& account, LDGRAccountEntry& entry) const {

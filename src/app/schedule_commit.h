@@ -40,13 +40,19 @@ class ScheduleCommit {
   // account, a check without a number typed into the copy the next check number, and a transfer its
   // other half. False, and nothing changes, when the schedule is no longer one of the selected
   // account, or its occurrence has been committed or skipped meanwhile.
-  bool Commit(const DueOccurrence& occurrence, std::shared_ptr<LDGRAccountEntry> edited = nullptr);
+  bool Commit(const DueOccurrence& occurrence) { return CommitAll({occurrence}); }
+  // The same for several, in their order; all of them or none. No occurrence may be there twice.
+  bool CommitAll(const std::vector<DueOccurrence>& occurrences);
   // Never offers the occurrence again. False as for Commit().
-  bool Skip(const DueOccurrence& occurrence);
+  bool Skip(const DueOccurrence& occurrence) { return SkipAll({occurrence}); }
+  bool SkipAll(const std::vector<DueOccurrence>& occurrences);
 
  private:
-  // Null when the occurrence can no longer be committed.
-  [[nodiscard]] std::shared_ptr<LDGRAccount> AccountFor(const DueOccurrence& occurrence) const;
+  // Null when any of the occurrences can no longer be committed.
+  [[nodiscard]] std::shared_ptr<LDGRAccount> AccountFor(
+      const std::vector<DueOccurrence>& occurrences) const;
+  [[nodiscard]] std::shared_ptr<LDGRAccountEntry> Add(LDGRAccount& account,
+                                                      const DueOccurrence& occurrence) const;
   void LinkTransfer(LDGRAccount& account, LDGRAccountEntry& entry) const;
 
   const Host& host_;

@@ -20,7 +20,9 @@ namespace tallyfold::console {
 [[nodiscard]] std::span<const Command> PasswordCommands();
 [[nodiscard]] std::span<const Command> PreferenceCommands();
 [[nodiscard]] std::span<const Command> PrintCommands();
+[[nodiscard]] std::span<const Command> ReconcileCommands();
 [[nodiscard]] std::span<const Command> RegisterCommands();
+[[nodiscard]] std::span<const Command> ReminderCommands();
 [[nodiscard]] std::span<const Command> ScheduleCommands();
 [[nodiscard]] std::span<const Command> SpeechCommands();
 [[nodiscard]] std::span<const Command> StorageCommands();

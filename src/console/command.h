@@ -31,6 +31,7 @@ enum class Needs : std::uint8_t {
   Launch,        // the launch; runs while the application is locked
   Unlocked,      // also the password; an open sheet for a new account is cancelled
   AccountSheet,  // the same, but fills the sheet for a new account where one is open
+  Reminder,      // as Unlocked, but the reminder of scheduled entries stays open
 };
 
 // One command: what help tells of it, what it takes and what it does. Each subject keeps its

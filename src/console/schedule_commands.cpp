@@ -1,21 +1,25 @@
-#include <algorithm>
-#include <limits>
+#include <cstddef>
+#include <memory>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "app/controller.h"
 #include "console/all_commands.h"
 #include "console/command_error.h"
 #include "console/console.h"
-#include "console/entry_options.h"
 #include "console/entry_table.h"
 #include "console/lookup.h"
 #include "console/printer.h"
+#include "console/questions.h"
 #include "console/recurrence.h"
+#include "console/schedule_options.h"
 #include "console/table.h"
 #include "console/values.h"
 #include "model/account.h"
 #include "model/account_schedule.h"
+#include "registers/schedule_dates.h"
+#include "registers/schedule_list.h"
 
 namespace tallyfold::console {
 namespace {
@@ -44,7 +48,14 @@ void AddRow(Table& table, const LDGRAccount& account, const LDGRAccountSchedule&
              WriteAmount(schedule.GetAmount()), IntervalText(schedule), UntilText(schedule),
              schedule.GetUsePrecedingFriday() ? "yes" : "",
              WriteNumber(static_cast<std::int64_t>(schedule.GetCommittedDates().size())),
-             next < 0 ? "" : WriteDate(next)});
+             next < 0 ? "-" : WriteDate(next)});
+}
+
+void ShowSchedule(const Console& console, const LDGRAccount& account,
+                  const LDGRAccountSchedule& schedule) {
+  Table table = ScheduleTable();
+  AddRow(table, account, schedule);
+  console.printer.Show(table);
 }
 
 void ListSchedules(Console& console, const Arguments& /*arguments*/) {
@@ -54,95 +65,107 @@ void ListSchedules(Console& console, const Arguments& /*arguments*/) {
   console.printer.Show(table);
 }
 
-EntryKind ReadKind(std::string_view text) {
-  if (text == "debit") return EntryKind::Debit;
-  if (text == "deposit") return EntryKind::Deposit;
-  if (text == "transfer") return EntryKind::Transfer;
-  throw CommandError("expected debit, deposit or transfer, not " + Quoted(text));
-}
-
-std::int32_t TypeNamed(const EntryTypeList& types, std::string_view name) {
-  if (name == "none") return -1;
-  std::vector<PopUpItem> items;
-  for (const auto& type : types) items.push_back({type->GetName(), type->GetNumber()});
-  return items[static_cast<std::size_t>(ItemTitled(items, name, "type"))].tag;
-}
-
-void Refuse(const Arguments& arguments, std::string_view option, std::string_view kind) {
-  if (!arguments.Has(option)) return;
-  throw CommandError(std::string(option) + ": a scheduled " + std::string(kind) + " has none");
-}
-
-void ReadOtherAccount(const Console& console, const Arguments& arguments, NewSchedule& values) {
-  const auto to = arguments.Text("to");
-  const auto from = arguments.Text("from");
-  if (to.has_value() == from.has_value()) throw CommandError("expected either to= or from=");
-  const auto other = AccountNamed(console, to ? *to : *from);
-  if (other == SelectedAccount(console)) {
-    throw CommandError("a transfer needs another account than the selected one");
-  }
-  values.transfer_account = other->GetNumber();
-  values.is_transfer_origin = to.has_value();
-}
-
-// The options that depend on the kind.
-void ReadKindOptions(const Console& console, const Arguments& arguments, NewSchedule& values) {
+// The list of the window, in its order.
+void ShowSchedules(Console& console, const Arguments& /*arguments*/) {
   const auto account = SelectedAccount(console);
-  const auto type = arguments.Text("type");
-  switch (values.kind) {
-    case EntryKind::Debit:
-      Refuse(arguments, "from", "debit");
-      values.to_from = arguments.Text("to").value_or("");
-      values.is_check = arguments.YesNo("check").value_or(false);
-      if (type) values.type = TypeNamed(account->GetDebitTypes(), *type);
-      break;
-    case EntryKind::Deposit:
-      Refuse(arguments, "to", "deposit");
-      Refuse(arguments, "check", "deposit");
-      values.to_from = arguments.Text("from").value_or("");
-      if (type) values.type = TypeNamed(account->GetDepositTypes(), *type);
-      break;
-    case EntryKind::Transfer:
-      for (const std::string_view option : {"type", "check", "split"}) {
-        Refuse(arguments, option, "transfer");
-      }
-      ReadOtherAccount(console, arguments, values);
-      break;
+  Table table({{"number", Column::Align::Right},
+               {"next"},
+               {"repeats"},
+               {"until"},
+               {"overdue", Column::Align::Right},
+               {"type"},
+               {"description"},
+               {"to/from"},
+               {"amount", Column::Align::Right}});
+  for (const auto& schedule : console.controller.scheduleDataSource().Schedules()) {
+    const ScheduleRow row = RowOfSchedule(*account, schedule, "%Y-%m-%d", TodaysDateNumber());
+    table.Add({WriteNumber(schedule->GetNumber()), row.next_date, row.repeats, row.until,
+               WriteNumber(static_cast<std::int64_t>(row.overdue)), row.type, row.description,
+               row.to_from, WriteAmount(row.amount)});
   }
+  console.printer.Show(table);
+}
+
+void ShowDates(Console& console, const Arguments& arguments) {
+  const auto schedule = ScheduleNamed(console, arguments.WordAt(0));
+  Table table({{"date"}, {"day"}, {"note"}});
+  for (const ScheduleDateLine& line : ScheduleDates(*schedule)) {
+    table.Add({line.date == 0 ? "-" : WriteDate(line.date), line.text, line.note});
+  }
+  console.printer.Show(table);
+}
+
+void FinishScheduleSheet(Console& console, const Arguments& arguments) {
+  const auto account = SelectedAccount(console);
+  TypeIntoScheduleSheet(console, arguments);
+  if (!console.controller.ScheduleSheet_OK()) {
+    const std::string& problem = console.controller.ScheduleSheet().problem;
+    throw CommandError(problem.empty() ? "the schedule cannot be stored" : problem);
+  }
+  ShowSchedule(console, *account, *console.controller.SelectedSchedule());
 }
 
 void AddSchedule(Console& console, const Arguments& arguments) {
-  const auto account = SelectedAccount(console);
-  NewSchedule values;
-  values.kind = ReadKind(arguments.WordAt(0));
-  const auto amount = arguments.Amount("amount");
-  const auto start = arguments.Date("start");
-  const auto repeat = arguments.Text("repeat");
-  if (!start) throw CommandError("expected start=");
-  if (!repeat) throw CommandError("expected repeat=");
-  values.split = ReadSplit(arguments);
-  if (amount.has_value() == (values.split != SplitRows())) {
-    throw CommandError("expected either amount= or split=");
+  (void)SelectedAccount(console);
+  const std::string& kind = arguments.WordAt(0);
+  if (kind != "debit" && kind != "deposit" && kind != "transfer") {
+    throw CommandError("expected debit, deposit or transfer, not " + Quoted(kind));
   }
-  values.start = *start;
-  values.amount = amount.value_or(0.0);
-  const Interval interval = ReadInterval(*repeat);
-  values.repeat_interval_type = interval.type;
-  values.repeat_interval = interval.every;
-  const Until until = ReadUntil(arguments.Text("until").value_or("forever"));
-  values.repeat_until_type = until.type;
-  values.repeat_until = until.value;
-  values.use_preceding_friday = arguments.YesNo("friday").value_or(false);
-  values.description = arguments.Text("description").value_or("");
-  values.tax_deductible = arguments.YesNo("tax").value_or(false);
-  values.notes = arguments.Text("notes").value_or("");
-  ReadKindOptions(console, arguments, values);
+  for (const std::string_view option : {"start", "repeat"}) {
+    if (!arguments.Has(option)) throw CommandError("expected " + std::string(option) + '=');
+  }
+  const bool has_split = arguments.Has("split");
+  if (arguments.Has("amount") == has_split) throw CommandError("expected either amount= or split=");
+  if (kind == "transfer" && arguments.Has("to") == arguments.Has("from")) {
+    throw CommandError("expected either to= or from=");
+  }
+  LDGRController& controller = console.controller;
+  const bool is_open = kind == "debit"     ? controller.Schedule_Debit()
+                       : kind == "deposit" ? controller.Schedule_Deposit()
+                                           : controller.Schedule_Transfer();
+  if (!is_open) {
+    throw CommandError(kind == "transfer" ? "a transfer needs another account"
+                                          : "no schedule can be added now");
+  }
+  FinishScheduleSheet(console, arguments);
+}
 
-  const auto schedule = console.controller.Schedule_Add(values);
-  if (schedule == nullptr) throw CommandError("the schedule cannot be added");
-  Table table = ScheduleTable();
-  AddRow(table, *account, *schedule);
-  console.printer.Show(table);
+// Selects the schedule that the first word names.
+std::shared_ptr<LDGRAccountSchedule> Select(Console& console, const Arguments& arguments) {
+  auto schedule = ScheduleNamed(console, arguments.WordAt(0));
+  console.controller.SelectSchedule(schedule);
+  return schedule;
+}
+
+void EditSchedule(Console& console, const Arguments& arguments) {
+  (void)Select(console, arguments);
+  if (!console.controller.Schedule_Edit()) {
+    throw CommandError("schedule " + arguments.WordAt(0) + " is of no kind and cannot be edited");
+  }
+  FinishScheduleSheet(console, arguments);
+}
+
+void DuplicateSchedule(Console& console, const Arguments& arguments) {
+  const auto account = SelectedAccount(console);
+  (void)Select(console, arguments);
+  if (!console.controller.Schedule_Duplicate()) throw CommandError("it cannot be duplicated now");
+  ShowSchedule(console, *account, *console.controller.SelectedSchedule());
+}
+
+void RemoveSchedule(Console& console, const Arguments& arguments) {
+  static const std::string kButtons[] = {"OK", "Cancel"};
+  (void)Select(console, arguments);
+  LDGRController& controller = console.controller;
+  controller.ScheduleRemoveConfirm_Begin();
+  if (controller.OpenSheet() == Sheet::ScheduleRemoveConfirm) {
+    if (console.questions.Ask(controller.ScheduleRemoveSheet().question, "", kButtons, 1) != 0) {
+      controller.ScheduleRemoveConfirm_Cancel();
+      if (console.questions.AsksPerson()) return console.printer.Confirm("Nothing was removed.");
+      throw CommandError("nothing was removed; answer OK before the command removes the schedule");
+    }
+    controller.ScheduleRemoveConfirm_OK();
+  }
+  console.printer.Confirm("Removed schedule " + arguments.WordAt(0) + ".");
 }
 
 // --- Due occurrences ----------------------------------------------------------------------------
@@ -187,44 +210,44 @@ std::vector<DueOccurrence> NamedOccurrences(const Console& console, const Argume
   return due;
 }
 
+// Whether the next occurrence is meant, whenever it falls due.
+bool MeansNext(Console& console, const Arguments& arguments) {
+  if (!arguments.YesNo("next").value_or(false)) return false;
+  if (arguments.Has("date") || arguments.Has("through")) {
+    throw CommandError("expected next= or a date, not both");
+  }
+  (void)Select(console, arguments);
+  return true;
+}
+
+[[noreturn]] void RefuseNext(const Arguments& arguments) {
+  throw CommandError("schedule " + arguments.WordAt(0) + " has no further date");
+}
+
 void CommitDue(Console& console, const Arguments& arguments) {
   const auto account = SelectedAccount(console);
-  EntryList entries;
-  for (const DueOccurrence& occurrence : NamedOccurrences(console, arguments)) {
-    if (!console.controller.Schedule_CommitOccurrence(occurrence)) continue;
-    entries.push_back(console.controller.SelectedEntry());
+  const std::size_t before = account->GetEntries().size();
+  if (MeansNext(console, arguments)) {
+    if (!console.controller.Schedule_CommitNext()) RefuseNext(arguments);
+  } else if (!console.controller.Schedules_CommitAll(NamedOccurrences(console, arguments))) {
+    throw CommandError("nothing was committed");
   }
-  ShowChangedEntries(console, *account, entries);
+  const EntryList& entries = account->GetEntries();
+  ShowChangedEntries(console, *account,
+                     {entries.begin() + static_cast<std::ptrdiff_t>(before), entries.end()});
 }
 
 void SkipDue(Console& console, const Arguments& arguments) {
-  const auto due = NamedOccurrences(console, arguments);
-  for (const DueOccurrence& occurrence : due) {
-    (void)console.controller.Schedule_SkipOccurrence(occurrence);
+  std::size_t count = 1;
+  if (MeansNext(console, arguments)) {
+    if (!console.controller.Schedule_SkipNext()) RefuseNext(arguments);
+  } else {
+    const auto due = NamedOccurrences(console, arguments);
+    if (!console.controller.Schedules_SkipAll(due)) throw CommandError("nothing was skipped");
+    count = due.size();
   }
-  console.printer.Confirm("Skipped " + WriteNumber(static_cast<std::int64_t>(due.size())) + ".");
+  console.printer.Confirm("Skipped " + WriteNumber(static_cast<std::int64_t>(count)) + ".");
 }
-
-constexpr Option kAddOptions[] = {
-    {.name = "start", .value = "DATE", .help = "the first day it may fall due"},
-    {.name = "repeat", .value = "INTERVAL", .help = kIntervals},
-    {.name = "until", .value = "forever|DATE|N times", .help = "when it ends (forever)"},
-    {.name = "friday",
-     .value = "yes|no",
-     .help = "monthly and longer ones move from a weekend to the Friday before (no)"},
-    {.name = "amount", .value = "AMOUNT", .help = "such as 12.50"},
-    {.name = "to", .value = "TEXT|ACCOUNT", .help = "who is paid; of a transfer the account"},
-    {.name = "from", .value = "TEXT|ACCOUNT", .help = "who pays; of a transfer the account"},
-    {.name = "description", .value = "TEXT", .help = "what it is for"},
-    {.name = "type", .value = "NAME", .help = "a type of the account, or none"},
-    {.name = "check", .value = "yes|no", .help = "whether it is paid by check (no)"},
-    {.name = "tax", .value = "yes|no", .help = "whether it is tax deductible (no)"},
-    {.name = "notes", .value = "TEXT", .help = "anything else"},
-    {.name = "split",
-     .value = "DESCRIPTION|TO|AMOUNT",
-     .help = "one line of a split, up to ten",
-     .is_repeatable = true},
-};
 
 constexpr Option kDueOptions[] = {
     {.name = "through", .value = "DATE", .help = "the last day that counts (today)"},
@@ -233,48 +256,86 @@ constexpr Option kDueOptions[] = {
 constexpr Option kCommitOptions[] = {
     {.name = "date", .value = "DATE", .help = "only the occurrence of that day"},
     {.name = "through", .value = "DATE", .help = "the last day that counts (today)"},
+    {.name = "next", .value = "yes|no", .help = "the next of one schedule, due or not (no)"},
 };
 
-constexpr Command kCommands[] = {
-    {.name = "schedule add",
-     .words = "debit|deposit|transfer",
-     .least_words = 1,
-     .most_words = 1,
-     .options = kAddOptions,
-     .help = "adds an entry that recurs",
-     .example = "schedule add debit start=2026-04-01 repeat=monthly amount=890.00 to=Landlord",
-     .run = AddSchedule},
-    {.name = "schedule list",
-     .help = "lists the scheduled entries of the selected account",
-     .example = "schedule list",
-     .run = ListSchedules},
-    {.name = "schedule due",
-     .options = kDueOptions,
-     .help = "lists the occurrences that have fallen due",
-     .example = "schedule due through=2026-04-30",
-     .run = ListDue},
-    {.name = "schedule commit",
-     .words = "SCHEDULE|all",
-     .least_words = 1,
-     .most_words = 1,
-     .options = kCommitOptions,
-     .help = "makes entries of due occurrences",
-     .example = "schedule commit 2 date=2026-04-01",
-     .run = CommitDue},
-    {.name = "schedule skip",
-     .words = "SCHEDULE|all",
-     .least_words = 1,
-     .most_words = 1,
-     .options = kCommitOptions,
-     .help = "drops due occurrences for good",
-     .example = "schedule skip 2 date=2026-04-01",
-     .run = SkipDue},
-};
+// Tables of options live elsewhere, so this one is made when it is first asked for.
+const std::vector<Command>& Commands() {
+  static const std::vector<Command> kCommands = {
+      {.name = "schedules",
+       .help = "shows what recurs as the window does: the next date, how often, what is overdue",
+       .example = "schedules",
+       .run = ShowSchedules},
+      {.name = "schedule add",
+       .words = "debit|deposit|transfer",
+       .least_words = 1,
+       .most_words = 1,
+       .options = ScheduleOptions(),
+       .help = "adds an entry that recurs",
+       .example = "schedule add debit start=2026-04-01 repeat=monthly amount=890.00 to=Landlord",
+       .run = AddSchedule},
+      {.name = "schedule edit",
+       .words = "SCHEDULE",
+       .least_words = 1,
+       .most_words = 1,
+       .options = ScheduleOptions(),
+       .help = "changes a scheduled entry; what was committed of it stays as it is",
+       .example = "schedule edit 2 amount=910.00",
+       .run = EditSchedule},
+      {.name = "schedule duplicate",
+       .words = "SCHEDULE",
+       .least_words = 1,
+       .most_words = 1,
+       .help = "adds a copy, of which the same dates count as committed",
+       .example = "schedule duplicate 2",
+       .run = DuplicateSchedule},
+      {.name = "schedule remove",
+       .words = "SCHEDULE",
+       .least_words = 1,
+       .most_words = 1,
+       .help = "removes a scheduled entry, after a question (see answer); its entries stay",
+       .example = "schedule remove 2",
+       .run = RemoveSchedule},
+      {.name = "schedule list",
+       .help = "lists the scheduled entries of the selected account as schedule add takes them",
+       .example = "schedule list",
+       .run = ListSchedules},
+      {.name = "schedule dates",
+       .words = "SCHEDULE",
+       .least_words = 1,
+       .most_words = 1,
+       .help = "shows the next twelve dates, what the weekend moves and what is skipped",
+       .example = "schedule dates 2",
+       .run = ShowDates},
+      {.name = "schedule due",
+       .options = kDueOptions,
+       .help = "lists the occurrences that have fallen due",
+       .example = "schedule due through=2026-04-30",
+       .run = ListDue},
+      {.name = "schedule commit",
+       .words = "SCHEDULE|all",
+       .least_words = 1,
+       .most_words = 1,
+       .options = kCommitOptions,
+       .help = "makes entries of due occurrences",
+       .example = "schedule commit 2 date=2026-04-01",
+       .run = CommitDue},
+      {.name = "schedule skip",
+       .words = "SCHEDULE|all",
+       .least_words = 1,
+       .most_words = 1,
+       .options = kCommitOptions,
+       .help = "drops due occurrences for good",
+       .example = "schedule skip 2 date=2026-04-01",
+       .run = SkipDue},
+  };
+  return kCommands;
+}
 
 }  // namespace
 
 std::span<const Command> ScheduleCommands() {
-  return kCommands;
+  return Commands();
 }
 
 }  // namespace tallyfold::console

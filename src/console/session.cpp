@@ -33,6 +33,7 @@ Session::Session(const ConsoleServices& services)
       controller_({services.files, questions_, panels_, services.processes, spoken_,
                    services.speech, services.loop, services.notifications, host_,
                    services.encodings, services.updates}),
+      due_notice_(controller_, terminal_),
       console_{controller_, printer_,       questions_,     panels_, host_,
                log_,        services.files, services.loop,  spoken_, skip_delays_,
                wait_,       AllSubjects(),  RegisterOrder{}} {}
@@ -45,6 +46,7 @@ int Session::Run() {
   while (!host_.IsEnding()) {
     const std::optional<std::string> line = terminal_.ReadLine("> ");
     if (!line) break;
+    const DueNotice::Pause pause(due_notice_);
     if (!RunLine(*line)) return 1;
   }
   if (const auto status = host_.Status()) return *status;
@@ -87,28 +89,36 @@ std::string Session::RunCommand(std::span<const Word> words) {
     // A line is the user's doing: what waits for an idle user waits on, and a reading ends.
     controller_.application().sendEvent(EventType::KeyDown);
     if (command->needs != Needs::Launch && !Unlock()) return error;
-    const bool is_changing =
-        command->needs == Needs::Unlocked || command->needs == Needs::AccountSheet;
+    const bool is_changing = command->needs != Needs::Launch;
     if (is_changing && !command->works_in_review &&
         controller_.sharedQIFImportController().IsReviewing()) {
       throw CommandError("an import is under review; commit or cancel ends it");
     }
-    if (command->needs == Needs::Unlocked) controller_.CancelOpenSheet();
+    CancelSheets(*command);
     command->run(console_, arguments);
   } catch (const CommandError& failure) {
     error = failure.what();
   }
-  controller_.CancelOpenSheet();
+  if (command->needs != Needs::Reminder) controller_.CancelOpenSheet();
   skip_delays_(kSkippedDelays);
   questions_.ForgetAnswers();
   const std::string complaint = questions_.TakeComplaint();
   return complaint.empty() ? error : complaint;
 }
 
+void Session::CancelSheets(const Command& command) {
+  const bool stays = command.needs == Needs::Reminder
+                         ? controller_.OpenSheet() == Sheet::ScheduleReminder
+                         : command.needs != Needs::Unlocked;
+  if (!stays) controller_.CancelOpenSheet();
+}
+
 bool Session::Launch(const Command& first) {
   is_launched_ = true;
   controller_.awakeFromNib();
   if (!controller_.applicationDidFinishLaunching()) return false;
+  // Whoever has just typed a command is not to be held up; what is due is told when he is idle.
+  controller_.ScheduleReminderSheet_Dismiss();
   TellWhatWasSetAside();
   if (first.needs == Needs::Unlocked && controller_.authenticated() &&
       controller_.accounts().empty()) {

@@ -11,6 +11,7 @@
 #include "console/console_host.h"
 #include "console/console_log.h"
 #include "console/console_panels.h"
+#include "console/due_notice.h"
 #include "console/printer.h"
 #include "console/questions.h"
 #include "console/spoken_text.h"
@@ -43,6 +44,8 @@ class Session {
   // Has a password asked for that is missing. False when the program ends instead; throws
   // CommandError when it stays locked.
   bool Unlock();
+  // Sheets that the command has no business with.
+  void CancelSheets(const Command& command);
   void TellWhatWasSetAside();
   // Whether everything is on the disk.
   bool ShutDown();
@@ -59,6 +62,7 @@ class Session {
   ConsoleHost host_;
   Printer printer_;
   LDGRController controller_;
+  DueNotice due_notice_;
   Console console_;
   std::size_t line_number_ = 0;
   bool is_launched_ = false;

@@ -1,3 +1,4 @@
+#include <cstddef>
 #include <string>
 
 #include "app/controller.h"
@@ -23,10 +24,17 @@ void Save(Console& console, const Arguments& /*arguments*/) {
 }
 
 void ListBackups(Console& console, const Arguments& /*arguments*/) {
-  Table table({{"name"}, {"made"}});
-  for (const BackupFile& backup : console.controller.accountsStore().Backups()) {
+  Table table(
+      {{"name"}, {"made"}, {"accounts", Column::Align::Right}, {"entries", Column::Align::Right}});
+  const auto count = [](std::size_t number) {
+    return WriteNumber(static_cast<std::int64_t>(number));
+  };
+  for (const BackupRow& backup : console.controller.Backups()) {
     const CivilTime made = CurrentClock().LocalTime(backup.made);
-    table.Add({backup.name, WriteDate(NSCalendarDateToDateNumber(made))});
+    const auto& contents = backup.contents;
+    table.Add({backup.name, WriteDate(NSCalendarDateToDateNumber(made)),
+               contents ? count(contents->accounts) : "unreadable",
+               contents ? count(contents->entries) : "unreadable"});
   }
   console.printer.Show(table);
 }
@@ -42,7 +50,7 @@ void Restore(Console& console, const Arguments& arguments) {
       throw CommandError("nothing was restored; answer Restore before the command restores it");
     case AccountsStore::RestoreResult::Unreadable:
       throw CommandError("there is no backup " + Quoted(name) +
-                         " that can be read; backups lists them");
+                         " that can be read; backup list shows them");
     case AccountsStore::RestoreResult::Failed:
       throw CommandError("nothing was restored; the accounts of now could not be kept");
     case AccountsStore::RestoreResult::Ended:
@@ -55,16 +63,16 @@ constexpr Command kCommands[] = {
      .help = "writes the accounts and the preferences to their files now",
      .example = "save",
      .run = Save},
-    {.name = "backups",
-     .help = "lists the backups of the accounts file, the newest first",
-     .example = "backups",
+    {.name = "backup list",
+     .help = "lists the backups of the accounts file and what they hold, the newest first",
+     .example = "backup list",
      .run = ListBackups},
-    {.name = "restore",
+    {.name = "backup restore",
      .words = "BACKUP",
      .least_words = 1,
      .most_words = 1,
      .help = "puts a backup in the place of the accounts, which are kept, after a question",
-     .example = "restore Accounts_3_2_2026_1.0.0",
+     .example = "backup restore Accounts_3_2_2026_1.0.0",
      .run = Restore},
 };
 

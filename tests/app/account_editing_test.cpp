@@ -184,7 +184,9 @@ TEST(Menus, FollowTheSelection) {
                                            .add_entry = true,
                                            .export_account = true,
                                            .import_file = true,
-                                           .save_as = true}));
+                                           .save_as = true,
+                                           .add_schedule = true,
+                                           .show_reminder = true}));
 
   const auto entry = test.AddDebit(1.0);
   const auto items = app.EntryTypeMenu();

@@ -26,7 +26,7 @@ struct IdleTest : IdleWatch::Host {
   bool AccountsWantSaving() const override { return wants_saving; }
   bool Accounts_Save() override { return Note("save"); }
   bool SchedulesCanBeEvaluated() const override { return can_evaluate; }
-  void OfferDueOccurrences() override { Note("offer"); }
+  void OfferDueOccurrences(bool by_timer) override { Note(by_timer ? "offer" : "offer now"); }
   void StopSpeech() override { Note("silence"); }
   bool Note(const std::string& what) {
     log.push_back(std::to_string(std::chrono::duration_cast<seconds>(loop.Now()).count()) + " " +
@@ -100,7 +100,7 @@ TEST(IdleWatch, WaitsForSheetsAndModalWindowsAlsoWhenAskedDirectly) {
   IdleTest test;
   test.application.sendEvent(EventType::MouseMoved);
   test.watch.Schedules_Evaluate();  // directly: no matter how recent the last event
-  EXPECT_EQ(test.log, Texts{"0 offer"});
+  EXPECT_EQ(test.log, Texts{"0 offer now"});
 
   test.log.clear();
   test.loop.AdvanceBy(seconds(10));
@@ -123,7 +123,7 @@ TEST(IdleWatch, SavesWhatChangedAtTheFirstIdleTick) {
   IdleTest test;
   test.wants_saving = true;
   test.watch.Schedules_Evaluate();
-  EXPECT_EQ(test.log, Texts{"0 offer"});
+  EXPECT_EQ(test.log, Texts{"0 offer now"});
   test.log.clear();
   test.application.sendEvent(EventType::KeyUp);
   test.loop.AdvanceBy(seconds(14));

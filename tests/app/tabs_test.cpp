@@ -31,7 +31,8 @@ struct TabsTest : Tabs::Host, Refresh::Host, FrontEnd {
   void StopSpeech() override { log.emplace_back("silence"); }
   bool LiveUpdatingFilters() const override { return true; }
   void ReloadRegisters() override {}
-  void TakeSavedEntry(const std::shared_ptr<LDGRAccountEntry>&) override {}
+  void TakeSavedEntries(const EntryList&) override {}
+  void ReloadSchedules() override {}
   void RedrawRegisters() override {}
   void Search_Cancel() override {}
   void SelectEntry(const std::shared_ptr<LDGRAccountEntry>&) override {}

@@ -1,0 +1,42 @@
+#pragma once
+
+#include <cstddef>
+#include <map>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "platform/clock.h"
+#include "storage/accounts_store.h"
+
+namespace tallyfold {
+
+// A backup of the accounts file as a list shows it.
+struct BackupRow {
+  std::string name;
+  Instant made;
+  // None for one that cannot be restored.
+  std::optional<AccountsStore::BackupContents> contents;
+};
+
+// The list of backups. To tell what is in one it must be read; what was read is remembered.
+class BackupsList {
+ public:
+  explicit BackupsList(const AccountsStore& store) noexcept : store_(store) {}
+  BackupsList(const BackupsList&) = delete;
+  BackupsList& operator=(const BackupsList&) = delete;
+
+  // The newest first; none while the application is locked.
+  [[nodiscard]] std::vector<BackupRow> Rows();
+
+ private:
+  const AccountsStore& store_;
+  // By name. A name is not given twice, but the folder is the user's.
+  struct Known {
+    Instant made;
+    std::optional<AccountsStore::BackupContents> contents;
+  };
+  std::map<std::string, Known> known_;
+};
+
+}  // namespace tallyfold

@@ -1,0 +1,75 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "app/pop_up_item.h"
+#include "model/account_schedule.h"
+#include "model/date_number.h"
+
+namespace tallyfold {
+
+// In what the look-ahead is counted. The numbers are those of the preferences and the tags of the
+// pop-up's items.
+enum class LookAheadUnit : std::int32_t { Days = 0, Weeks = 1, Months = 2 };
+
+// Which balance the reminder shows, likewise.
+enum class ReminderBalanceMode : std::int32_t { None = 0, Today = 1, AfterMarked = 2 };
+
+// A row of the reminder: an occurrence, or many of one schedule folded into one.
+struct ReminderRow {
+  // Typed by the user.
+  struct Typed {
+    // Whether it is committed, or skipped, with the next click.
+    bool is_marked = false;
+    // Of the entry that is made; only of a single occurrence.
+    DateNumber date = kNullDate;
+    // Signed, of each entry that is made.
+    double amount = 0.0;
+
+    friend bool operator==(const Typed&, const Typed&) = default;
+  };
+  Typed typed;
+
+  // Decided by the program.
+  std::shared_ptr<LDGRAccountSchedule> schedule;
+  // The days of the occurrences, ascending.
+  std::vector<DateNumber> days;
+  // "03/07/04"; of a folded row "52 from 01/01/04 to 02/21/04".
+  std::string days_text;
+  // Of days after today: such rows are not marked at first.
+  bool is_ahead = false;
+  bool date_is_enabled = true;
+  // Not of a split, whose lines make the amount.
+  bool amount_is_enabled = true;
+  std::string type;
+  std::string description;
+  std::string to_from;
+};
+
+// What the reminder of scheduled entries shows.
+struct ScheduleReminderState {
+  // By the first day of each.
+  std::vector<ReminderRow> rows;
+  // As typed; what is no number from 0 to 9999 changes nothing.
+  std::string look_ahead;
+  LookAheadUnit look_ahead_unit = LookAheadUnit::Days;
+  ReminderBalanceMode balance_mode = ReminderBalanceMode::None;
+
+  // Decided by the program.
+  bool is_open = false;
+  std::vector<PopUpItem> unit_items;
+  std::vector<PopUpItem> balance_items;
+  // How many occurrences are due by today, and how many come after that.
+  std::size_t due = 0;
+  std::size_t ahead = 0;
+  // The balance as the preferences want it; "" for none.
+  std::string balance;
+  // Why the last operation was refused, in the user's words; "" when it was not.
+  std::string problem;
+};
+
+}  // namespace tallyfold

@@ -1,0 +1,39 @@
+#pragma once
+
+#include "app/controller.h"
+#include "app/front_end.h"
+#include "platform/terminal.h"
+
+namespace tallyfold::console {
+
+// Tells a person at the terminal in a line when scheduled entries have fallen due while nothing was
+// typed. The reminder then waits for `remind`; any other command puts it off.
+class DueNotice final : public FrontEnd {
+ public:
+  // Silent while a command runs, which shows what it does itself.
+  class Pause {
+   public:
+    explicit Pause(DueNotice& notice) noexcept : notice_(notice) { notice_.is_paused_ = true; }
+    Pause(const Pause&) = delete;
+    Pause& operator=(const Pause&) = delete;
+    ~Pause() { notice_.is_paused_ = false; }
+
+   private:
+    DueNotice& notice_;
+  };
+
+  // Becomes the controller's front end as long as it lives. Both must outlive it.
+  DueNotice(LDGRController& controller, Terminal& terminal);
+  DueNotice(const DueNotice&) = delete;
+  DueNotice& operator=(const DueNotice&) = delete;
+  ~DueNotice() override;
+
+  void Changed(Area area) override;
+
+ private:
+  LDGRController& controller_;
+  Terminal& terminal_;
+  bool is_paused_ = false;
+};
+
+}  // namespace tallyfold::console

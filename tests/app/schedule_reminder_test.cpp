@@ -1,0 +1,196 @@
+#include "app/schedule_reminder.h"
+
+#include <gtest/gtest.h>
+
+#include <limits>
+
+#include "app/test_application.h"
+
+namespace tallyfold {
+namespace {
+
+using std::chrono::seconds;
+using Texts = std::vector<std::string>;
+
+std::shared_ptr<LDGRAccountSchedule> AddSchedule(LDGRAccount& account, DateNumber start,
+                                                 std::int32_t type) {
+  auto schedule = std::make_shared<LDGRAccountSchedule>();
+  schedule->SetNumber(account.NextAvailableScheduleNumber());
+  schedule->SetDate(start);
+  schedule->SetRepeatIntervalType(type);
+  schedule->SetIsDebit(true);
+  schedule->SetAmount(-10.0);
+  account.AddSchedule(schedule);
+  return schedule;
+}
+
+// An account with a rent due on the 1st, on 7 March 2004.
+struct ReminderTest : TestApplication {
+  ReminderTest() { app.preferences().SetScheduleLookAhead(0); }
+
+  [[nodiscard]] bool IsOpen() const { return app.ScheduleReminderSheet().is_open; }
+  // The marked rows behind "+", the others behind "-".
+  [[nodiscard]] Texts Rows() const {
+    Texts rows;
+    for (const ReminderRow& row : app.ScheduleReminderSheet().rows) {
+      rows.push_back((row.typed.is_marked ? "+" : "-") + std::to_string(row.schedule->GetNumber()) +
+                     " " + row.days_text);
+    }
+    return rows;
+  }
+  void Type(std::size_t row, ReminderRow::Typed typed) {
+    std::vector<ReminderRow::Typed> rows;
+    for (const ReminderRow& each : app.ScheduleReminderSheet().rows) rows.push_back(each.typed);
+    rows[row] = typed;
+    app.ScheduleReminderSheet_Read(rows);
+  }
+
+  std::shared_ptr<LDGRAccount> account = AddAccount("A");
+};
+
+TEST(ScheduleReminder, OpensWhenTheUserIsIdleAndNothingElseIsUp) {
+  ReminderTest test;
+  test.loop.AdvanceBy(seconds(15));
+  EXPECT_FALSE(test.IsOpen());  // nothing is due
+  AddSchedule(*test.account, 20040301, 4);
+  test.loop.AdvanceBy(seconds(5));
+  test.app.application().sendEvent(EventType::KeyDown);
+  test.loop.AdvanceBy(seconds(14));
+  EXPECT_FALSE(test.IsOpen());
+  test.app.Entry_Debit();
+  test.loop.AdvanceBy(seconds(30));
+  EXPECT_EQ(test.app.OpenSheet(), Sheet::Debit);
+  test.app.DebitSheet_Cancel();
+  test.app.Account_Deselect();
+  test.app.Schedules_Evaluate();
+  EXPECT_FALSE(test.IsOpen());
+  test.app.Account_Select(test.account);
+  test.loop.AdvanceBy(seconds(15));
+  EXPECT_EQ(test.app.OpenSheet(), Sheet::ScheduleReminder);
+  EXPECT_EQ(test.Rows(), Texts{"+0 03/01/04"});
+  test.loop.AdvanceBy(seconds(3600));
+  EXPECT_TRUE(test.account->GetEntries().empty());  // nothing is committed unasked
+
+  test.app.ScheduleReminderSheet_Dismiss();
+  test.app.setPassword("secret");
+  test.app.lock();
+  test.app.authentication_Begin();
+  test.loop.AdvanceBy(seconds(60));
+  test.app.Schedules_Evaluate();
+  EXPECT_EQ(test.app.OpenSheet(), Sheet::Authentication);
+}
+
+TEST(ScheduleReminder, RestsAfterLaterUntilTheIntervalIsOverOrMoreFallsDue) {
+  ReminderTest test;
+  test.app.preferences().SetScheduleReminderInterval(60);
+  AddSchedule(*test.account, 20040301, 4);
+  const auto opens = [&test](int after) {
+    test.loop.AdvanceBy(seconds(after));
+    return test.IsOpen();
+  };
+  EXPECT_TRUE(opens(15));
+  test.app.ScheduleReminderSheet_Later();
+  EXPECT_FALSE(opens(45));
+  EXPECT_TRUE(opens(15));
+  test.app.ScheduleReminderSheet_Later();
+  EXPECT_FALSE(opens(15));
+  test.app.Schedules_Evaluate();  // not the timer's
+  EXPECT_TRUE(test.IsOpen());
+  test.app.ScheduleReminderSheet_Later();
+  AddSchedule(*test.account, 20040307, 4);
+  EXPECT_TRUE(opens(15));
+  EXPECT_EQ(test.Rows(), (Texts{"+0 03/01/04", "+1 03/07/04"}));
+  // Another account is reminded by itself.
+  test.app.ScheduleReminderSheet_Later();
+  const auto other = test.AddAccount("B");
+  AddSchedule(*other, 20040301, 4);
+  EXPECT_TRUE(opens(15));
+  test.app.ScheduleReminderSheet_Later();
+  test.app.Account_Select(test.account);
+  EXPECT_FALSE(opens(15));
+  EXPECT_TRUE(opens(30));
+}
+
+TEST(ScheduleReminder, LooksAheadAndFoldsWhatIsTooMuch) {
+  ReminderTest test;
+  AddSchedule(*test.account, 20040301, 4);
+  AddSchedule(*test.account, 20040118, 1);  // 50 days up to today
+  struct Case {
+    std::string text;
+    std::int32_t unit;
+    bool is_taken;
+    std::size_t rows;
+    std::size_t ahead;
+  } const cases[] = {
+      {"0", 0, true, 51, 0},      {"1", 0, true, 52, 1},   {"1", 1, true, 58, 7},
+      {"", 1, false, 58, 7},      {"-1", 1, false, 58, 7}, {"12x", 1, false, 58, 7},
+      {"10000", 1, false, 58, 7}, {"1", 2, true, 83, 32},  // 8 March to 7 April, and 1 April
+      {"2", 2, true, 54, 63},  // 61 days to come folded into one, two rents
+  };
+  test.app.ScheduleReminderSheet_Open();
+  for (const Case& c : cases) {
+    test.app.scheduleReminderSheet_LookAheadType(c.unit);
+    EXPECT_EQ(test.app.scheduleReminderSheet_LookAhead(c.text), c.is_taken) << c.text;
+    EXPECT_EQ(test.Rows().size(), c.rows) << c.text;
+    EXPECT_EQ(test.app.ScheduleReminderSheet().ahead, c.ahead) << c.text;
+  }
+  EXPECT_EQ(test.Rows()[51], "-1 61 from 03/08/04 to 05/07/04");
+  EXPECT_EQ(test.app.preferences().GetScheduleLookAhead(), 2);
+
+  // One day more is one too many.
+  test.app.scheduleReminderSheet_LookAheadType(0);
+  test.app.controlTextDidChange(LDGRController::TypedField::ReminderLookAhead, "0");
+  test.app.ScheduleReminderSheet_Later();
+  test.ambient.clock.SetLocal({2004, 3, 8, 12, 0, 0});
+  test.app.ScheduleReminderSheet_Open();
+  EXPECT_EQ(test.Rows(), (Texts{"+1 51 from 01/18/04 to 03/08/04", "+0 03/01/04"}));
+  test.Type(0, {true, 20200101, -2.5});  // its days stay
+  EXPECT_TRUE(test.app.ScheduleReminderSheet_Commit());
+  EXPECT_EQ(test.account->GetEntries().size(), 52U);
+  EXPECT_EQ(Line(*test.account->GetEntries().front()), "#1 20040118 debit -2.50");
+  EXPECT_EQ(Line(*test.account->GetEntries().back()), "#52 20040308 debit -2.50");
+}
+
+TEST(ScheduleReminder, CommitsAndSkipsWhatIsMarkedAsItWasEdited) {
+  ReminderTest test;
+  const auto rent = AddSchedule(*test.account, 20040101, 4);
+  auto& app = test.app;
+  app.ScheduleReminderSheet_Open();
+  EXPECT_EQ(app.ScheduleReminderSheet().balance, "-$30.00");
+  app.ScheduleReminderSheet_MarkAll(false);
+  EXPECT_FALSE(app.ScheduleReminderSheet_Commit());
+  EXPECT_EQ(app.ScheduleReminderSheet().problem, "Nothing is marked.");
+  test.Type(1, {true, 20040200, -12.0});
+  EXPECT_FALSE(app.ScheduleReminderSheet_Commit());
+  EXPECT_EQ(app.ScheduleReminderSheet().problem, "The date does not exist.");
+  test.Type(1, {true, 20040203, std::numeric_limits<double>::quiet_NaN()});
+  EXPECT_FALSE(app.ScheduleReminderSheet_Commit());
+  EXPECT_EQ(app.ScheduleReminderSheet().problem, "The amount is not a number.");
+  test.Type(1, {true, 20040203, -12.0});
+  EXPECT_EQ(app.ScheduleReminderSheet().balance, "-$12.00");
+  EXPECT_TRUE(test.account->GetEntries().empty());
+  EXPECT_TRUE(app.ScheduleReminderSheet_Commit());
+  EXPECT_FALSE(test.IsOpen());
+  EXPECT_EQ(Lines(*test.account), Texts{"#1 20040203 debit -12.00"});
+  EXPECT_EQ(rent->GetCommittedDates(), std::vector<DateNumber>{20040201});
+
+  app.ScheduleReminderSheet_Open();
+  EXPECT_EQ(test.Rows(), (Texts{"+0 01/01/04", "+0 03/01/04"}));
+  test.Type(0, {false, 20040101, -10.0});
+  EXPECT_TRUE(app.ScheduleReminderSheet_Skip());
+  EXPECT_EQ(test.Rows(), Texts{"-0 01/01/04"});
+  // Committed behind its back: all or nothing.
+  const auto yearly = AddSchedule(*test.account, 20040304, 5);
+  app.ScheduleReminderSheet_Later();
+  app.ScheduleReminderSheet_Open();
+  yearly->AddCommittedDate(20040304);
+  EXPECT_FALSE(app.ScheduleReminderSheet_CommitAll());
+  EXPECT_NE(app.ScheduleReminderSheet().problem.find("meanwhile"), std::string::npos);
+  EXPECT_EQ(test.account->GetEntries().size(), 1U);
+  EXPECT_EQ(test.Rows(), Texts{"+0 01/01/04"});
+  EXPECT_TRUE(app.ScheduleReminderSheet_Skip());
+  EXPECT_FALSE(test.IsOpen());  // nothing is left
+}
+
+}  // namespace
+}  // namespace tallyfold
