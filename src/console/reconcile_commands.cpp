@@ -125,9 +125,9 @@ constexpr Command kCommands[] = {
              "one entry or set of entries stands out",
      .example = "reconcile",
      .run = Reconcile},
-    {.name = "mark",
+    {.name = "clear next",
      .help = "turns the cleared mark of the selected row over and selects the next row",
-     .example = "mark",
+     .example = "clear next",
      .run = TurnMarkOver},
 };
 

@@ -28,7 +28,8 @@ void TableLayout::SetPreferences(std::shared_ptr<LDGRAccountPreferences> prefere
 bool TableLayout::Apply() {
   if (table_view_ == nullptr || preferences_ == nullptr) return false;
   table_view_->ClearIndicatorImages();
-  for (const TableColumn& hidden : table_view_->HiddenColumns()) table_view_->ShowColumn(hidden.identifier);
+  for (const TableColumn& hidden : table_view_->HiddenColumns())
+    table_view_->ShowColumn(hidden.identifier);
   PlaceStoredColumns();
   HideStoredColumns();
   return true;
@@ -49,7 +50,8 @@ std::string TableLayout::SortColumn() const {
 }
 
 bool TableLayout::SortsDescending() const {
-  return preferences_ != nullptr && preferences_->GetSortDescendingForTableIdentifier(table_identifier_);
+  return preferences_ != nullptr &&
+         preferences_->GetSortDescendingForTableIdentifier(table_identifier_);
 }
 
 bool TableLayout::TurnOrderOver(std::string_view column) {
