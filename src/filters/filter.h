@@ -114,6 +114,8 @@ class LDGRFilter {
 
   // The entries that pass, in the order they had.
   [[nodiscard]] EntryList Filter(const EntryList& entries) const;
+  // The same for a list that nobody needs any more: where all entries pass, it comes back itself.
+  [[nodiscard]] EntryList Filter(EntryList&& entries) const;
 
   // The passes of Filter, one for each category: each removes from `entries` what its rules do not
   // keep, and returns 0.

@@ -376,12 +376,23 @@ int ApplyPass(const plist::Value& list, Pass pass, EntryList& entries) {
   return 0;
 }
 
+Remaining PassedBy(const plist::Dictionary& settings, const EntryList& entries) {
+  Remaining remaining = AllOf(entries);
+  for (const auto& [category, pass] : kPasses) pass(settings.Get(category), remaining);
+  return remaining;
+}
+
 }  // namespace
 
 EntryList LDGRFilter::Filter(const EntryList& entries) const {
-  Remaining remaining = AllOf(entries);
-  for (const auto& [category, pass] : kPasses) pass(filter_settings_.Get(category), remaining);
+  const Remaining remaining = PassedBy(filter_settings_, entries);
   return remaining.size() == entries.size() ? entries : OnlyRemaining(entries, remaining);
+}
+
+EntryList LDGRFilter::Filter(EntryList&& entries) const {
+  const Remaining remaining = PassedBy(filter_settings_, entries);
+  if (remaining.size() == entries.size()) return std::move(entries);
+  return OnlyRemaining(entries, remaining);
 }
 
 int LDGRFilter::Filter_General(EntryList& entries) const {

@@ -1,8 +1,8 @@
 #include "model/account.h"
 
 #include <algorithm>
-#include <iterator>
 
+#include "model/entry_walk.h"
 #include "platform/ambient.h"
 #include "platform/clock.h"
 
@@ -29,8 +29,11 @@ typename List::value_type RecordWithNumber(const List& list, std::int32_t number
 EntryList EntriesOfKind(const EntryList& entries,
                         bool (LDGRAccountEntry::*is_kind)() const noexcept) {
   EntryList result;
-  std::copy_if(entries.begin(), entries.end(), std::back_inserter(result),
-               [is_kind](const auto& entry) { return ((*entry).*is_kind)(); });
+  std::size_t index = 0;
+  WalkEntries(entries, [&](const LDGRAccountEntry& entry) {
+    if ((entry.*is_kind)()) result.push_back(entries[index]);
+    ++index;
+  });
   return result;
 }
 

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <iterator>
+#include <limits>
 #include <string_view>
 #include <utility>
 #include <vector>
@@ -10,6 +11,7 @@
 #include "filters/filter.h"
 #include "model/account.h"
 #include "model/current_account.h"
+#include "model/entry_walk.h"
 #include "model/packed_sort.h"
 #include "platform/ambient.h"
 #include "platform/clock.h"
@@ -42,10 +44,10 @@ void AddMarkRule(LDGRFilter& filter, std::string_view category, std::int32_t whi
 void SortByDate(EntryList& entries) {
   std::vector<PackedKey> keys;
   keys.reserve(entries.size());
-  for (const auto& entry : entries) {
-    keys.push_back({0, Packed(InOrder(entry->GetDate()), InOrder(entry->GetNumber())),
+  WalkEntries(entries, [&keys](const LDGRAccountEntry& entry) {
+    keys.push_back({0, Packed(InOrder(entry.GetDate()), InOrder(entry.GetNumber())),
                     static_cast<std::uint32_t>(keys.size())});
-  }
+  });
   SortPacked(keys);
   EntryList sorted;
   sorted.reserve(entries.size());
@@ -53,36 +55,62 @@ void SortByDate(EntryList& entries) {
   entries = std::move(sorted);
 }
 
-// Adds up each period of `entries`, which are sorted by date and lie in the range.
-void AddPeriods(const SummaryPeriods& periods, const EntryList& entries, SummaryTally& tally,
-                SummaryResult& result) {
-  const bool leaves_out_empty = periods.MostPeriods() > LDGRAccountSummary::kMostPeriods;
-  const DaySpan& range = periods.Range();
-  auto entry = entries.begin();
-  for (std::int64_t day = range.first; day <= range.last;) {
-    if (leaves_out_empty) {
-      if (entry == entries.end()) return;
+// Adds up entries that come by date, and ends each period when an entry lies beyond it.
+class PeriodSweep {
+ public:
+  PeriodSweep(const SummaryPeriods& periods, SummaryTally& tally,
+              std::vector<PeriodSubtotals>& subtotals)
+      : periods_(periods), tally_(tally), subtotals_(subtotals) {
+    leaves_out_empty_ = periods.MostPeriods() > LDGRAccountSummary::kMostPeriods;
+    if (!leaves_out_empty_) subtotals_.reserve(static_cast<std::size_t>(periods.MostPeriods()));
+  }
+
+  void Add(const LDGRAccountEntry& entry) {
+    while (!is_open_ || entry.GetDate() > last_date_) {
+      End();
       // Never back, though a day number that names no day can stand for an earlier day than its
       // place in the order.
-      day = std::clamp(DayCountOf((*entry)->GetDate()), day, range.last);
+      const DaySpan& range = periods_.Range();
+      Begin(leaves_out_empty_ ? std::clamp(DayCountOf(entry.GetDate()), next_day_, range.last)
+                              : next_day_);
     }
-    const DaySpan period = periods.PeriodOf(day);
-    const DateNumber last = DateNumberOfDayCount(period.last);
-    // The periods part the entries by their day numbers, and the last one takes the rest, so that
-    // one dated 30 February has a place too.
-    const auto end = period.last == range.last
-                         ? entries.end()
-                         : std::find_if(entry, entries.end(), [last](const auto& each) {
-                             return each->GetDate() > last;
-                           });
-    result.subtotals.push_back(tally.Period({entry, end}));
-    result.subtotals.back().start_date = DateNumberOfDayCount(period.first);
-    result.subtotals.back().end_date = last;
-    tally.MergeInto(result.whole, result.subtotals.back());
-    entry = end;
-    day = period.last + 1;
+    tally_.Add(entry);
   }
-}
+  void Finish() {
+    End();
+    while (!leaves_out_empty_ && next_day_ <= periods_.Range().last) {
+      Begin(next_day_);
+      End();
+    }
+  }
+
+ private:
+  void Begin(std::int64_t day) {
+    is_open_ = true;
+    period_ = periods_.PeriodOf(day);
+    // The periods part the entries by their day numbers, and the last one takes the rest, so that
+    // an entry dated 30 February has a place too.
+    const bool is_last = period_.last == periods_.Range().last;
+    last_date_ =
+        is_last ? std::numeric_limits<DateNumber>::max() : DateNumberOfDayCount(period_.last);
+    next_day_ = period_.last + 1;
+  }
+  void End() {
+    if (!std::exchange(is_open_, false)) return;
+    PeriodSubtotals& ended = subtotals_.emplace_back(tally_.EndPeriod());
+    ended.start_date = DateNumberOfDayCount(period_.first);
+    ended.end_date = DateNumberOfDayCount(period_.last);
+  }
+
+  const SummaryPeriods& periods_;
+  SummaryTally& tally_;
+  std::vector<PeriodSubtotals>& subtotals_;
+  bool leaves_out_empty_ = false;
+  bool is_open_ = false;
+  DaySpan period_;
+  DateNumber last_date_ = 0;
+  std::int64_t next_day_ = periods_.Range().first;
+};
 
 }  // namespace
 
@@ -119,7 +147,7 @@ EntryList LDGRAccountSummary::EntriesToCount() const {
   }
   // Filters look types up in the current account, which need not be the one summarised.
   const ScopedCurrentAccount current(account_);
-  entries = filter.Filter(entries);
+  entries = filter.Filter(std::move(entries));
   SortByDate(entries);
   return entries;
 }
@@ -132,7 +160,10 @@ SummaryResult LDGRAccountSummary::Summary() {
   const SummaryPeriods periods(static_cast<SummaryPeriodStyle>(subtotal_period_style_), start_date_,
                                end_date_);
   SummaryTally tally({subtotal_types_, subtotal_descriptions_, subtotal_to_froms_}, account_);
-  AddPeriods(periods, entries_, tally, result);
+  PeriodSweep sweep(periods, tally, result.subtotals);
+  WalkEntryTexts(entries_, [&sweep](const LDGRAccountEntry& entry) { sweep.Add(entry); });
+  sweep.Finish();
+  result.whole = tally.TakeWhole();
   result.whole.start_date = start_date_;
   result.whole.end_date = end_date_;
   if (account_ != nullptr) {
@@ -144,12 +175,11 @@ SummaryResult LDGRAccountSummary::Summary() {
 
 PeriodSubtotals LDGRAccountSummary::SubtotalEntries(const EntryList& entries, DateNumber start,
                                                     DateNumber end) const {
-  EntryList dated;
-  std::copy_if(entries.begin(), entries.end(), std::back_inserter(dated), [&](const auto& entry) {
-    return start <= entry->GetDate() && entry->GetDate() <= end;
-  });
   SummaryTally tally({subtotal_types_, subtotal_descriptions_, subtotal_to_froms_}, account_);
-  PeriodSubtotals period = tally.Period(dated);
+  for (const auto& entry : entries) {
+    if (start <= entry->GetDate() && entry->GetDate() <= end) tally.Add(*entry);
+  }
+  PeriodSubtotals period = tally.EndPeriod();
   period.start_date = start;
   period.end_date = end;
   return period;

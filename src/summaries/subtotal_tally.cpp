@@ -1,10 +1,15 @@
 #include "summaries/subtotal_tally.h"
 
+#include <memory>
+#include <utility>
+
 #include "model/account.h"
 #include "platform/ambient.h"
 
 namespace tallyfold {
 namespace {
+
+constexpr std::uint32_t kNoLine = 0xFFFF'FFFFU;
 
 using Sum = double PeriodSubtotals::*;
 constexpr Sum kSums[] = {
@@ -20,69 +25,67 @@ constexpr Sum kSums[] = {
 
 }  // namespace
 
-void SubtotalTally::BeginPeriod() noexcept {
-  ++period_;
-  met_.clear();
-}
-
-void SubtotalTally::Add(std::string_view name, double amount, Subtotals& period) {
-  Place& place = places_[name];
+void SubtotalTally::Add(std::string_view name, double amount) {
+  const std::uint32_t number = names_.NumberOf(name);
+  if (number == places_.size()) places_.push_back({0, 0, kNoLine});
+  Place& place = places_[number];
   if (place.period != period_) {
     place.period = period_;
-    place.index_in_period = period.size();
-    period.push_back({std::string(name), 0.0, 0});
-    met_.push_back(&place);
+    place.line = static_cast<std::uint32_t>(lines_.size());
+    lines_.push_back({number, name, 0.0, 0});
   }
-  Subtotal& subtotal = period[place.index_in_period];
-  subtotal.amount += amount;
-  ++subtotal.count;
+  Line& line = lines_[place.line];
+  line.amount += amount;
+  ++line.count;
 }
 
-void SubtotalTally::MergeInto(Subtotals& whole, const Subtotals& period) {
-  for (std::size_t i = 0; i < period.size(); ++i) {
-    Place& place = *met_[i];
-    if (place.place_in_whole == 0) {
-      whole.push_back({period[i].name, 0.0, 0});
-      place.place_in_whole = whole.size();
+Subtotals SubtotalTally::EndPeriod(Subtotals& whole, KeptTexts& names) {
+  Subtotals period;
+  period.reserve(lines_.size());
+  for (const Line& line : lines_) {
+    std::uint32_t& line_in_whole = places_[line.number].line_in_whole;
+    if (line_in_whole == kNoLine) {
+      line_in_whole = static_cast<std::uint32_t>(whole.size());
+      whole.push_back({names.Keep(line.name), 0.0, 0});
     }
-    Subtotal& subtotal = whole[place.place_in_whole - 1];
-    subtotal.amount += period[i].amount;
-    subtotal.count += period[i].count;
+    Subtotal& subtotal = whole[line_in_whole];
+    subtotal.amount += line.amount;
+    subtotal.count += line.count;
+    period.push_back({subtotal.name, line.amount, line.count});
   }
-}
-
-SummaryTally::SummaryTally(const SubtotalKinds& kinds, const LDGRAccount* account)
-    : kinds_(kinds), account_(account), transfer_(LocalizedText("Transfer")) {}
-
-PeriodSubtotals SummaryTally::Period(Entries entries) {
-  for (SubtotalTally* tally : {&types_, &descriptions_, &to_froms_}) tally->BeginPeriod();
-  PeriodSubtotals period;
-  for (const auto& entry : entries) Add(*entry, period);
+  lines_.clear();
+  ++period_;
   return period;
 }
 
-void SummaryTally::MergeInto(PeriodSubtotals& whole, const PeriodSubtotals& period) {
-  for (const Sum sum : kSums) whole.*sum += period.*sum;
-  whole.count += period.count;
-  types_.MergeInto(whole.types_subtotals, period.types_subtotals);
-  descriptions_.MergeInto(whole.descriptions_subtotals, period.descriptions_subtotals);
-  to_froms_.MergeInto(whole.to_from_subtotals, period.to_from_subtotals);
+SummaryTally::SummaryTally(const SubtotalKinds& kinds, const LDGRAccount* account)
+    : kinds_(kinds), account_(account), transfer_(LocalizedText("Transfer")) {
+  whole_.names = names_;
 }
 
-void SummaryTally::Add(const LDGRAccountEntry& entry, PeriodSubtotals& period) {
+void SummaryTally::Add(const LDGRAccountEntry& entry) {
   const double amount = entry.GetAmount();
-  ++period.count;
-  period.total += amount;
-  if (entry.IsDebit()) period.debits_total += amount;
-  if (entry.IsDeposit()) period.deposits_total += amount;
-  if (entry.IsTransfer()) period.transfers_total += amount;
-  (entry.GetCleared() ? period.resolved_total : period.unresolved_total) += amount;
-  (entry.GetTaxDeductible() ? period.tax_deductible_total : period.taxable_total) += amount;
-  if (kinds_.types) types_.Add(TypeName(entry), amount, period.types_subtotals);
-  if (kinds_.descriptions) {
-    descriptions_.Add(entry.GetDescription(), amount, period.descriptions_subtotals);
-  }
-  if (kinds_.to_froms) to_froms_.Add(entry.GetToFrom(), amount, period.to_from_subtotals);
+  ++period_.count;
+  period_.total += amount;
+  if (entry.IsDebit()) period_.debits_total += amount;
+  if (entry.IsDeposit()) period_.deposits_total += amount;
+  if (entry.IsTransfer()) period_.transfers_total += amount;
+  (entry.GetCleared() ? period_.resolved_total : period_.unresolved_total) += amount;
+  (entry.GetTaxDeductible() ? period_.tax_deductible_total : period_.taxable_total) += amount;
+  if (kinds_.types) types_.Add(TypeName(entry), amount);
+  if (kinds_.descriptions) descriptions_.Add(entry.GetDescription(), amount);
+  if (kinds_.to_froms) to_froms_.Add(entry.GetToFrom(), amount);
+}
+
+PeriodSubtotals SummaryTally::EndPeriod() {
+  PeriodSubtotals period = std::exchange(period_, {});
+  for (const Sum sum : kSums) whole_.*sum += period.*sum;
+  whole_.count += period.count;
+  period.types_subtotals = types_.EndPeriod(whole_.types_subtotals, *names_);
+  period.descriptions_subtotals = descriptions_.EndPeriod(whole_.descriptions_subtotals, *names_);
+  period.to_from_subtotals = to_froms_.EndPeriod(whole_.to_from_subtotals, *names_);
+  period.names = names_;
+  return period;
 }
 
 std::string_view SummaryTally::TypeName(const LDGRAccountEntry& entry) {

@@ -2,14 +2,17 @@
 
 #include <cstddef>
 #include <cstdint>
-#include <span>
+#include <memory>
 #include <string>
 #include <string_view>
 #include <unordered_map>
+#include <utility>
 #include <vector>
 
 #include "model/account_entry.h"
+#include "summaries/kept_texts.h"
 #include "summaries/summary_result.h"
+#include "summaries/text_numbers.h"
 
 namespace tallyfold {
 
@@ -19,23 +22,30 @@ class LDGRAccount;
 // looked up once for an entry, however many periods there are.
 class SubtotalTally {
  public:
-  void BeginPeriod() noexcept;
-  // `name` must outlive the tally; `period` is the same from one BeginPeriod() to the next.
-  void Add(std::string_view name, double amount, Subtotals& period);
-  // Adds the period's subtotals to those under the same names in `whole`, which is always the same.
-  void MergeInto(Subtotals& whole, const Subtotals& period);
+  // `name` must outlive the tally.
+  void Add(std::string_view name, double amount);
+  // Ends the period and gives its subtotals; adds them to those under the same names in `whole`,
+  // which is always the same. Names come to be kept by `names`.
+  [[nodiscard]] Subtotals EndPeriod(Subtotals& whole, KeptTexts& names);
 
  private:
+  // By the number of the name.
   struct Place {
     std::uint64_t period = 0;  // the last period with the name, counted from 1
-    std::size_t index_in_period = 0;
-    std::size_t place_in_whole = 0;  // counted from 1; 0 where it has none
+    std::uint32_t line = 0;    // its line in that one
+    std::uint32_t line_in_whole = 0;
+  };
+  struct Line {
+    std::uint32_t number = 0;  // of the name
+    std::string_view name;
+    double amount = 0.0;
+    std::size_t count = 0;
   };
 
-  std::unordered_map<std::string_view, Place> places_;
-  // Of the names of this period, in their order.
-  std::vector<Place*> met_;
-  std::uint64_t period_ = 0;
+  TextNumbers names_;
+  std::vector<Place> places_;
+  std::uint64_t period_ = 1;
+  std::vector<Line> lines_;  // of this period
 };
 
 // Which subtotals are formed.
@@ -53,15 +63,14 @@ class SummaryTally {
   SummaryTally(const SummaryTally&) = delete;
   SummaryTally& operator=(const SummaryTally&) = delete;
 
-  using Entries = std::span<const std::shared_ptr<LDGRAccountEntry>>;
-
-  // The sums over all of `entries`; the period's days are left to the caller.
-  [[nodiscard]] PeriodSubtotals Period(Entries entries);
-  // Adds the sums of the last period to those of all.
-  void MergeInto(PeriodSubtotals& whole, const PeriodSubtotals& period);
+  void Add(const LDGRAccountEntry& entry);
+  // The sums of what was added since the period before; adds them to those of all periods. The days
+  // are left to the caller.
+  [[nodiscard]] PeriodSubtotals EndPeriod();
+  // The sums of all periods that have ended.
+  [[nodiscard]] PeriodSubtotals TakeWhole() noexcept { return std::move(whole_); }
 
  private:
-  void Add(const LDGRAccountEntry& entry, PeriodSubtotals& period);
   [[nodiscard]] std::string_view TypeName(const LDGRAccountEntry& entry);
 
   SubtotalKinds kinds_;
@@ -71,6 +80,9 @@ class SummaryTally {
   SubtotalTally types_;
   SubtotalTally descriptions_;
   SubtotalTally to_froms_;
+  std::shared_ptr<KeptTexts> names_ = std::make_shared<KeptTexts>();
+  PeriodSubtotals period_;
+  PeriodSubtotals whole_;
 };
 
 }  // namespace tallyfold

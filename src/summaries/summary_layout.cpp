@@ -94,7 +94,7 @@ Block MakeBlock(std::string_view title, const Subtotals& subtotals) {
   block.lines.reserve(subtotals.size());
   double sum = 0.0;
   for (const Subtotal& subtotal : subtotals) {
-    std::string name = subtotal.name.empty() ? LocalizedText("(none)") : subtotal.name;
+    std::string name = subtotal.name.empty() ? LocalizedText("(none)") : std::string(subtotal.name);
     block.lines.push_back({std::move(name), subtotal.count, RoundedAmount(subtotal.amount), 0.0});
     sum += std::abs(block.lines.back().amount);
   }

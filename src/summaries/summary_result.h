@@ -1,20 +1,21 @@
 #pragma once
 
 #include <cstddef>
-#include <string>
+#include <memory>
+#include <string_view>
 #include <vector>
 
 #include "model/date_number.h"
+#include "summaries/kept_texts.h"
 
 namespace tallyfold {
 
 // The entries under one name: how many, and the sum of their signed amounts.
 struct Subtotal {
-  std::string name;
+  // Kept by the PeriodSubtotals this belongs to.
+  std::string_view name;
   double amount = 0.0;
   std::size_t count = 0;
-
-  friend bool operator==(const Subtotal&, const Subtotal&) = default;
 };
 
 // Each name once, letters and case exact, in the order in which entries first had it.
@@ -41,6 +42,9 @@ struct PeriodSubtotals {
   Subtotals types_subtotals;
   Subtotals descriptions_subtotals;
   Subtotals to_from_subtotals;
+  // The texts of their names, shared by all periods of a result: a summary by days has each name
+  // hundreds of times.
+  std::shared_ptr<const KeptTexts> names;
 };
 
 // A computed summary.
