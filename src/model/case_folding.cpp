@@ -4,8 +4,6 @@
 #include <cstddef>
 #include <cstdint>
 
-#include "plist/utf8.h"
-
 namespace tallyfold {
 namespace {
 
@@ -81,20 +79,10 @@ constexpr std::array<std::uint16_t, kTableSize> MakeTable() {
 
 constexpr std::array<std::uint16_t, kTableSize> kTable = MakeTable();
 
-constexpr char32_t kInvalidByte = 0x110000;
-
 }  // namespace
 
 char32_t FoldCodePoint(char32_t code_point) noexcept {
   return code_point < kTableSize ? kTable[code_point] : code_point;
-}
-
-char32_t TakeCodePoint(std::string_view& text) noexcept {
-  const plist::Utf8Character first = plist::FirstUtf8Character(text);
-  const char32_t code_point =
-      first.is_valid ? first.code_point : kInvalidByte + static_cast<unsigned char>(text.front());
-  text.remove_prefix(first.is_valid ? first.size : 1);
-  return code_point;
 }
 
 }  // namespace tallyfold

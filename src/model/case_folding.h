@@ -2,6 +2,8 @@
 
 #include <string_view>
 
+#include "plist/utf8.h"
+
 namespace tallyfold {
 
 // The lower-case form of one code point, each on its own (simple folding, as the Unicode tables
@@ -12,7 +14,14 @@ namespace tallyfold {
 // Takes the next code point off the front of `text`, which must not be empty. A byte that begins
 // no valid UTF-8 sequence is taken alone and comes back as a value of its own beyond all code
 // points, so that invalid texts still compare by their bytes.
-[[nodiscard]] char32_t TakeCodePoint(std::string_view& text) noexcept;
+[[nodiscard]] inline char32_t TakeCodePoint(std::string_view& text) noexcept {
+  constexpr char32_t kInvalidByte = 0x110000;
+  const plist::Utf8Character first = plist::FirstUtf8Character(text);
+  const char32_t code_point =
+      first.is_valid ? first.code_point : kInvalidByte + static_cast<unsigned char>(text.front());
+  text.remove_prefix(first.is_valid ? first.size : 1);
+  return code_point;
+}
 
 // Code points from here on are never changed by folding.
 inline constexpr char32_t kFoldingEnd = 0x0530;

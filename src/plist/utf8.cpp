@@ -24,18 +24,23 @@ bool IsAsciiBlock(const char* block) noexcept {
 Utf8Character FirstUtf8Character(std::string_view text) noexcept {
   const std::uint8_t lead = Byte(text[0]);
   if (lead < 0x80) return {lead, 1, true};
-  if (lead < 0xC2 || lead > 0xF4) return {0, 1, false};
-  const std::size_t size = lead < 0xE0 ? 2 : lead < 0xF0 ? 3 : 4;
+  if (lead < 0xC2 || lead > 0xF4 || text.size() < 2) return {0, 1, false};
+  const std::uint8_t second = Byte(text[1]);
+  char32_t code_point = (lead & 0x1FU) << 6U | (second & 0x3FU);
+  if (lead < 0xE0) {
+    if ((second & 0xC0U) != 0x80) return {0, 1, false};
+    return {code_point, 2, true};
+  }
   // The second byte's range keeps out overlong forms, surrogates and what lies beyond U+10FFFF.
   const std::uint8_t low = lead == 0xE0 ? 0xA0 : lead == 0xF0 ? 0x90 : 0x80;
   const std::uint8_t high = lead == 0xED ? 0x9F : lead == 0xF4 ? 0x8F : 0xBF;
-  if (text.size() < 2 || Byte(text[1]) < low || Byte(text[1]) > high) return {0, 1, false};
-  char32_t code_point = lead & (0x7FU >> size);
-  for (std::size_t i = 1; i < size; ++i) {
+  if (second < low || second > high) return {0, 1, false};
+  const std::uint8_t size = lead < 0xF0 ? 3 : 4;
+  for (std::uint8_t i = 2; i < size; ++i) {
     if (i >= text.size() || (Byte(text[i]) & 0xC0U) != 0x80) return {0, i, false};
     code_point = code_point << 6U | (Byte(text[i]) & 0x3FU);
   }
-  return {code_point, size, true};
+  return {code_point & 0x1FFFFFU, size, true};  // without the mark of a lead byte of four
 }
 
 std::size_t ValidUtf8Prefix(std::string_view text) noexcept {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
 #include <string>
 #include <string_view>
 
@@ -10,7 +11,7 @@ namespace tallyfold::plist {
 struct Utf8Character {
   char32_t code_point = 0;  // of a valid character
   // In bytes, at least 1: of the character, or of what ToValidUtf8() replaces by one U+FFFD.
-  std::size_t size = 0;
+  std::uint8_t size = 0;
   bool is_valid = false;
 };
 
