@@ -52,7 +52,6 @@ void EntrySpeaker::SpeakEntries() {
 }
 
 void EntrySpeaker::StartReading(const LDGRAccountEntry& entry) {
-  synthesizer_.CancelDelayedRequests();
   synthesizer_.SpeakLater(entry.asSpeakableString(), kBeforeFirstEntry);
   ContinueAfter(kUntilSecondStep);
 }
@@ -61,9 +60,8 @@ void EntrySpeaker::speakNextEntry() {
   if (synthesizer_.isSpeaking()) return ContinueAfter(kWhileBusy);
   LDGRAccountTableViewData* const rows = ReadableRegister();
   if (rows == nullptr) return;
-  const auto selected = rows->GetSelectedEntry();
-  if (selected == nullptr) return;
-  const std::int32_t next_row = rows->EntryToRow(selected.get()).value_or(0) + 1;
+  if (rows->GetSelectedEntry() == nullptr) return;
+  const std::int32_t next_row = rows->GetTableView()->SelectedRow() + 1;
   const auto next = rows->RowToEntry(next_row);
   if (next == nullptr) return;
   rows->SelectRow(next_row);
