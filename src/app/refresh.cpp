@@ -59,6 +59,7 @@ void Refresh::AccountsChanged() {
   front_end_.Changed(Area::SelectedAccount);
   Account_Menu_Show_Menu_Populate();
   host_.RedrawRegisters();
+  SchedulesChanged();
   Balances();
   entryMenu_Types_Menu_Populate();
 }

@@ -162,6 +162,11 @@ void ScheduleEditing::PopulateAccounts(const LDGRAccount& account) {
 void ScheduleEditing::Read(ScheduleValues typed) {
   if (!state_.is_open) return;
   typed.kind = state_.typed.kind;
+  const bool was_split = state_.typed.split != SplitRows();
+  // The word that stood for the lines goes with them.
+  if (was_split && typed.split == SplitRows() && typed.to_from == LocalizedText("Split")) {
+    typed.to_from.clear();
+  }
   state_.typed = std::move(typed);
   Update();
 }

@@ -20,8 +20,6 @@
 namespace tallyfold {
 namespace {
 
-constexpr std::int32_t kMostLookAhead = 9999;
-
 // The numbers of preferences; what they do not know is the first.
 LookAheadUnit UnitOf(std::int32_t number) noexcept {
   const auto unit = static_cast<LookAheadUnit>(number);
@@ -198,22 +196,25 @@ void ScheduleReminder::AddRows(const LDGRAccount& account, const Due& due, bool 
 }
 
 void ScheduleReminder::UpdateBalance() {
-  const auto account = host_.SelectedAccount();
-  state_.balance.clear();
-  if (account != nullptr && state_.balance_mode != ReminderBalanceMode::None) {
-    double balance = 0.0;
-    if (state_.balance_mode == ReminderBalanceMode::Today) {
-      balance = account->GetTodaysBalance();
-    } else {
-      balance = account->GetBalance();
-      for (const ReminderRow& row : state_.rows) {
-        const auto count = static_cast<double>(row.days.size());
-        if (row.typed.is_marked) balance += count * RoundedAmount(row.typed.amount);
-      }
-    }
-    state_.balance = RegisterAmountText(balance, host_.Preferences());
+  state_.balance.reset();
+  state_.balance_text.clear();
+  if (const auto balance = Balance()) {
+    state_.balance = RoundNearZeroValue(*balance);
+    state_.balance_text = RegisterAmountText(*balance, host_.Preferences());
   }
   front_end_.Changed(Area::ScheduleReminderSheet);
+}
+
+std::optional<double> ScheduleReminder::Balance() const {
+  const auto account = host_.SelectedAccount();
+  if (account == nullptr || state_.balance_mode == ReminderBalanceMode::None) return std::nullopt;
+  if (state_.balance_mode == ReminderBalanceMode::Today) return account->GetTodaysBalance();
+  double balance = account->GetBalance();
+  for (const ReminderRow& row : state_.rows) {
+    const auto count = static_cast<double>(row.days.size());
+    if (row.typed.is_marked) balance += count * RoundedAmount(row.typed.amount);
+  }
+  return balance;
 }
 
 void ScheduleReminder::Read(const std::vector<ReminderRow::Typed>& rows) {

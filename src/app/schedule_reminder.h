@@ -3,6 +3,7 @@
 #include <chrono>
 #include <cstdint>
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -57,7 +58,7 @@ class ScheduleReminder {
   void Read(const std::vector<ReminderRow::Typed>& rows);
   void MarkAll(bool is_marked);
   // The look-ahead field holds that text now. False, and the rows stay, when that is no number from
-  // 0 to 9999; else the number is remembered, and rows that stay keep what was typed.
+  // 0 to kMostLookAhead; else the number is remembered, and rows that stay keep what was typed.
   bool LookAhead(std::string_view text);
   void LookAheadType(std::int32_t tag);
   void BalanceModeChosen(std::int32_t tag);
@@ -95,6 +96,7 @@ class ScheduleReminder {
   void Fill();
   void AddRows(const LDGRAccount& account, const Due& due, bool is_ahead);
   void UpdateBalance();
+  [[nodiscard]] std::optional<double> Balance() const;
   // The occurrences of the marked rows by day, with their edited copies; none, and the problem is
   // told, when they will not do.
   [[nodiscard]] std::vector<DueOccurrence> MarkedOccurrences();

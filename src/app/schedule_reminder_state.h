@@ -3,6 +3,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -15,6 +16,7 @@ namespace tallyfold {
 // In what the look-ahead is counted. The numbers are those of the preferences and the tags of the
 // pop-up's items.
 enum class LookAheadUnit : std::int32_t { Days = 0, Weeks = 1, Months = 2 };
+inline constexpr std::int32_t kMostLookAhead = 9999;
 
 // Which balance the reminder shows, likewise.
 enum class ReminderBalanceMode : std::int32_t { None = 0, Today = 1, AfterMarked = 2 };
@@ -54,7 +56,7 @@ struct ReminderRow {
 struct ScheduleReminderState {
   // By the first day of each.
   std::vector<ReminderRow> rows;
-  // As typed; what is no number from 0 to 9999 changes nothing.
+  // As typed; what is no number from 0 to kMostLookAhead changes nothing.
   std::string look_ahead;
   LookAheadUnit look_ahead_unit = LookAheadUnit::Days;
   ReminderBalanceMode balance_mode = ReminderBalanceMode::None;
@@ -66,8 +68,9 @@ struct ScheduleReminderState {
   // How many occurrences are due by today, and how many come after that.
   std::size_t due = 0;
   std::size_t ahead = 0;
-  // The balance as the preferences want it; "" for none.
-  std::string balance;
+  // The balance, and as the preferences want it written; none and "" where none is shown.
+  std::optional<double> balance;
+  std::string balance_text;
   // Why the last operation was refused, in the user's words; "" when it was not.
   std::string problem;
 };

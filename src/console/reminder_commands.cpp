@@ -54,7 +54,7 @@ void Show(const Console& console) {
   figures.Add({Count(state.due), Count(state.ahead),
                state.look_ahead + ' ' +
                    state.unit_items[static_cast<std::size_t>(state.look_ahead_unit)].title,
-               state.balance.empty() ? "-" : state.balance});
+               state.balance ? WriteAmount(*state.balance) : "-"});
   console.printer.Show(figures);
 }
 
@@ -123,7 +123,7 @@ void LookAhead(Console& console, const Arguments& arguments) {
   LDGRController& controller = console.controller;
   const std::string& unit = arguments.WordAt(1);
   constexpr std::string_view kUnits[] = {"days", "weeks", "months"};
-  std::int32_t tag = static_cast<std::int32_t>(state.look_ahead_unit);
+  auto tag = static_cast<std::int32_t>(state.look_ahead_unit);
   if (!unit.empty()) {
     const auto* const named = std::find(std::begin(kUnits), std::end(kUnits), unit);
     if (named == std::end(kUnits)) {
@@ -131,9 +131,8 @@ void LookAhead(Console& console, const Arguments& arguments) {
     }
     tag = static_cast<std::int32_t>(named - std::begin(kUnits));
   }
-  if (!controller.scheduleReminderSheet_LookAhead(arguments.WordAt(0))) {
-    throw CommandError("expected a number from 0 to 9999, not " + Quoted(arguments.WordAt(0)));
-  }
+  const std::int32_t count = ReadNumber(arguments.WordAt(0), "ahead", 0, kMostLookAhead);
+  (void)controller.scheduleReminderSheet_LookAhead(std::to_string(count));
   controller.scheduleReminderSheet_LookAheadType(tag);
   Show(console);
 }

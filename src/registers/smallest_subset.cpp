@@ -86,7 +86,7 @@ std::optional<Indexes> SearchAll(std::span<const std::int64_t> amounts, std::int
 // Finds sets of one size after the other among sorted amounts.
 class BoundedSearch {
  public:
-  static constexpr std::int64_t kMostSteps = 20'000'000;
+  static constexpr std::int64_t kMostSteps = 10'000'000;
 
   explicit BoundedSearch(std::span<const std::int64_t> amounts) : order_(amounts.size()) {
     std::iota(order_.begin(), order_.end(), std::size_t{0});

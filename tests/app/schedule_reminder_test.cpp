@@ -156,7 +156,7 @@ TEST(ScheduleReminder, CommitsAndSkipsWhatIsMarkedAsItWasEdited) {
   const auto rent = AddSchedule(*test.account, 20040101, 4);
   auto& app = test.app;
   app.ScheduleReminderSheet_Open();
-  EXPECT_EQ(app.ScheduleReminderSheet().balance, "-$30.00");
+  EXPECT_EQ(app.ScheduleReminderSheet().balance_text, "-$30.00");
   app.ScheduleReminderSheet_MarkAll(false);
   EXPECT_FALSE(app.ScheduleReminderSheet_Commit());
   EXPECT_EQ(app.ScheduleReminderSheet().problem, "Nothing is marked.");
@@ -167,7 +167,7 @@ TEST(ScheduleReminder, CommitsAndSkipsWhatIsMarkedAsItWasEdited) {
   EXPECT_FALSE(app.ScheduleReminderSheet_Commit());
   EXPECT_EQ(app.ScheduleReminderSheet().problem, "The amount is not a number.");
   test.Type(1, {true, 20040203, -12.0});
-  EXPECT_EQ(app.ScheduleReminderSheet().balance, "-$12.00");
+  EXPECT_EQ(app.ScheduleReminderSheet().balance_text, "-$12.00");
   EXPECT_TRUE(test.account->GetEntries().empty());
   EXPECT_TRUE(app.ScheduleReminderSheet_Commit());
   EXPECT_FALSE(test.IsOpen());

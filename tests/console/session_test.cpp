@@ -4,6 +4,7 @@
 
 #include <chrono>
 #include <deque>
+#include <functional>
 #include <string>
 
 #include "console/command_error.h"
@@ -24,9 +25,10 @@ namespace {
 // Lines to read, and all that is written, errors behind "!".
 class FakeTerminal final : public Terminal {
  public:
-  bool ReadsFromPerson() const override { return false; }
-  bool WritesToPerson() const override { return false; }
+  bool ReadsFromPerson() const override { return thinks != nullptr; }
+  bool WritesToPerson() const override { return thinks != nullptr; }
   std::optional<std::string> ReadLine(std::string_view /*prompt*/) override {
+    if (thinks) thinks();
     if (lines.empty()) return std::nullopt;
     const std::string line = lines.front();
     lines.pop_front();
@@ -40,6 +42,8 @@ class FakeTerminal final : public Terminal {
 
   std::deque<std::string> lines;
   std::string written;
+  // A person's time before each line; none where no person types.
+  std::function<void()> thinks;
 };
 
 // The computer a session runs on.
@@ -115,6 +119,24 @@ TEST(Sessions, SayWhatCouldNotBeSavedAtTheEnd) {
       computer.terminal.written.ends_with("!error: the accounts could not be saved\n"
                                           "!error: the preferences could not be saved\n"))
       << computer.terminal.written;
+}
+
+TEST(Sessions, TellAPersonOnceWhatHasFallenDue) {
+  Computer computer;
+  computer.ambient.clock.SetLocal({2004, 3, 7, 12, 0, 0});
+  ASSERT_EQ(computer.Run({"account add name=Cash",
+                          "schedule add debit start=2004-03-01 repeat=weekly amount=5"}),
+            0);
+  computer.terminal.thinks = [&] { computer.loop.AdvanceBy(std::chrono::seconds(20)); };
+  ASSERT_EQ(computer.Run({"# the launch comes with the first command", "save", "", "", "save", "",
+                          "remind commit", "", "quit"}),
+            0);
+  const std::string notice = "\n1 scheduled entry is due; remind lists what there is.\n> ";
+  const std::string& written = computer.terminal.written;
+  const std::size_t first = written.find(notice);
+  EXPECT_NE(first, std::string::npos) << written;
+  EXPECT_EQ(written.find(notice, first + 1), std::string::npos) << written;
+  EXPECT_NE(written.find("2004-03-01"), std::string::npos) << written;
 }
 
 TEST(SplitLines, AreReadWithBarsOfTheirOwn) {

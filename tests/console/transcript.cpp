@@ -66,6 +66,8 @@ class TranscriptFiles final : public FileSystem {
   explicit TranscriptFiles(std::string home) : home_(std::move(home)) {}
 
   void FailOn(std::string path) { failing_ = std::move(path); }
+  // The file is made now, as far as the clock in force tells.
+  void NoteMade(const std::string& path) { made_[path] = CurrentClock().Now(); }
 
   std::string HomeFolder() const override { return home_; }
   std::optional<Instant> CreationTime(const std::string& path) const override {
@@ -73,7 +75,7 @@ class TranscriptFiles final : public FileSystem {
     return made == made_.end() ? files_.CreationTime(path) : made->second;
   }
   bool Copy(const std::string& from, const std::string& to) override {
-    made_[to] = CurrentClock().Now();
+    NoteMade(to);
     return to != failing_ && files_.Copy(from, to);
   }
   bool WriteAtomically(const std::string& path, NewFileMode mode,
@@ -198,6 +200,7 @@ class Player final : private Terminal {
       WriteFile(home_ / words[2], ReadFile(project_folder_ + '/' + value));
     } else if (name == "put") {
       WriteFile(path, words[2]);
+      files_.NoteMade(path);
     } else if (name == "replace") {
       WriteFile(path, Replaced(ReadFile(path), words[2], words[3]));
     } else if (name == "files") {

@@ -12,49 +12,18 @@
 #include "fakes/temporary_folder.h"
 #include "storage/accounts_store.h"
 #include "storage/sample_account.h"
+#include "storage/stepping_calls.h"
 #include "system/posix_file_system.h"
 
 namespace tallyfold {
 namespace {
 
-// The real calls; the process is killed at one of them.
-class KillingCalls final : public FileCalls {
- public:
-  explicit KillingCalls(int at) : at_(at) {}
-
-  int OpenFolder(const std::string& path) override { return Next(), FileCalls::OpenFolder(path); }
-  int CreateFile(int folder, const std::string& name, mode_t mode) override {
-    return Next(), FileCalls::CreateFile(folder, name, mode);
-  }
-  int ChangeMode(int file, mode_t mode) override {
-    return Next(), FileCalls::ChangeMode(file, mode);
-  }
-  ssize_t Write(int file, const char* bytes, size_t size) override {
-    if (calls_ + 1 == at_) FileCalls::Write(file, bytes, size / 2);
-    return Next(), FileCalls::Write(file, bytes, size);
-  }
-  int Sync(int file_or_folder) override { return Next(), FileCalls::Sync(file_or_folder); }
-  int Close(int file_or_folder) override { return Next(), FileCalls::Close(file_or_folder); }
-  int Rename(int folder, const std::string& from, const std::string& to, unsigned flags) override {
-    return Next(), FileCalls::Rename(folder, from, to, flags);
-  }
-  int Remove(int folder, const std::string& name) override {
-    return Next(), FileCalls::Remove(folder, name);
-  }
-
- private:
-  void Next() {
-    if (++calls_ == at_) kill(getpid(), SIGKILL);
-  }
-
-  int at_;
-  int calls_ = 0;
-};
-
 // A run of the program on the real files below `home`.
 struct ProgramRun : AccountsStore::Host {
   explicit ProgramRun(int killed_at)
-      : files(std::make_unique<KillingCalls>(killed_at)),
+      : files(std::make_unique<SteppingCalls>([killed_at, calls = 0]() mutable {
+          if (++calls == killed_at) kill(getpid(), SIGKILL);
+        })),
         store({files, alerts, application, processes}, gate, lock, *this) {}
   void ForgetSelectedAccount() override {}
   void CloseMainWindow() override {}
