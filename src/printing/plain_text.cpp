@@ -33,9 +33,7 @@ std::vector<Piece> PiecesOf(const Page& page) {
   }
   for (const Bar& bar : page.bars) {
     const std::size_t first = Cell(bar.x);
-    // What is not nothing shows.
-    const std::size_t end = std::max(Cell(bar.x + bar.width), first + 1);
-    pieces.push_back({Cell(bar.y), first, std::string(end - first, '#')});
+    pieces.push_back({Cell(bar.y), first, std::string(Cell(bar.x + bar.width) - first, '#')});
   }
   std::ranges::stable_sort(pieces, {}, [](const Piece& p) { return std::tie(p.line, p.place); });
   return pieces;

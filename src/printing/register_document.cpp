@@ -37,6 +37,12 @@ constexpr TextColumn kTextColumns[] = {{"type", 10, 4}, {kDescription, 18, 6}, {
 
 constexpr std::size_t kMostSamples = 2000;
 
+// Null for a column whose texts are not to be cut.
+const TextColumn* TextColumnNamed(std::string_view identifier) {
+  const auto* const found = std::ranges::find(kTextColumns, identifier, &TextColumn::identifier);
+  return found != std::end(kTextColumns) ? found : nullptr;
+}
+
 struct UnlockedHost final : LDGRAccountTableViewData::Host {
   [[nodiscard]] bool IsUnlocked() const override { return true; }
 };
@@ -97,7 +103,7 @@ class RegisterRows final : public PrintRows {
   }
   void FindLabelColumns();
 
-  [[nodiscard]] std::vector<std::string> TextSamples(std::string_view column) const;
+  [[nodiscard]] std::vector<std::string> TextSamples(std::size_t column) const;
   [[nodiscard]] PrintLine BroughtForward(double balance) const;
   [[nodiscard]] PrintLine Closing() const;
   [[nodiscard]] PrintLine EntryLine(std::size_t index) const;
@@ -119,8 +125,8 @@ class RegisterRows final : public PrintRows {
   std::optional<std::size_t> amount_column_;
   std::optional<std::size_t> balance_column_;
   std::optional<std::size_t> description_column_;
-  // The widest stretch of columns without figures, for the words beside a sum; none when there are
-  // but figures.
+  // The widest stretch of columns without figures, for the words beside a sum; none where there is
+  // but one that is no wider than it must be.
   std::size_t label_column_ = 0;
   std::size_t label_span_ = 0;
   bool carries_over_ = false;
@@ -141,6 +147,9 @@ void RegisterRows::FindLabelColumns() {
     widest = width;
     label_column_ = first;
     label_span_ = i + 1 - first;
+  }
+  if (label_span_ == 1 && TextColumnNamed(columns_[label_column_].identifier) == nullptr) {
+    label_span_ = 0;
   }
 }
 
@@ -167,13 +176,11 @@ std::vector<PrintColumn> RegisterRows::Columns() const {
   columns.reserve(columns_.size());
   for (const TableColumn& shown : columns_) {
     PrintColumn column{LocalizedText(TitleOfRegisterColumn(shown.identifier))};
-    const auto* const text =
-        std::ranges::find(kTextColumns, shown.identifier, &TextColumn::identifier);
-    if (text != std::end(kTextColumns)) {
+    if (const TextColumn* const text = TextColumnNamed(shown.identifier)) {
       column.is_elastic = true;
       column.wanted = text->wanted;
       column.least = text->least;
-      column.samples = TextSamples(shown.identifier);
+      column.samples = TextSamples(columns.size());
       column.takes_rest = shown.identifier == kDescription;
     } else if (shown.identifier == kDate) {
       column.samples = dates.Samples(figures_);
@@ -194,18 +201,16 @@ std::vector<PrintColumn> RegisterRows::Columns() const {
 
 // So that no text is cut while there is room. Of many entries some text is sure
 // to be long, so that it does not pay to look at all.
-std::vector<std::string> RegisterRows::TextSamples(std::string_view column) const {
+std::vector<std::string> RegisterRows::TextSamples(std::size_t column) const {
   std::set<std::string> samples;
   if (entries_.size() > kMostSamples) return {};
   for (std::size_t i = 0; i < entries_.size(); ++i) {
-    samples.insert(std::get<std::string>(texts_.tableView(column, i).value));
+    samples.insert(std::get<std::string>(texts_.tableView(columns_[column].identifier, i).value));
     if (!splits_) continue;
-    const SplitColumns wanted = column == kToFrom        ? SplitColumns{.to_from = 0}
-                                : column == kDescription ? SplitColumns{.text = 0, .to_from = 1}
-                                                         : SplitColumns{};
-    for (const PrintLine& line : SplitLines(*entries_[i], wanted, figures_)) {
-      for (const PrintCell& cell : line.cells)
-        if (cell.column == 0) samples.insert(cell.text);
+    for (const PrintLine& line : SplitLines(*entries_[i], ColumnsOfSplits(), figures_)) {
+      for (const PrintCell& cell : line.cells) {
+        if (cell.column == column && cell.span == 1) samples.insert(cell.text);
+      }
     }
   }
   return {samples.begin(), samples.end()};
@@ -266,11 +271,13 @@ PrintLine RegisterRows::EntryLine(std::size_t index) const {
 }
 
 SplitColumns RegisterRows::ColumnsOfSplits() const {
-  SplitColumns columns{NoteColumn(), ColumnNamed(kToFrom), amount_column_};
-  if (columns.to_from == columns.text) columns.to_from.reset();
-  // Where there are only figures, the sums alone tell the lines.
-  if (label_span_ == 0) columns.text.reset();
-  return columns;
+  const auto to_from = ColumnNamed(kToFrom);
+  if (description_column_) return {description_column_, 1, to_from, amount_column_};
+  // Where there is no room for words, the amounts alone tell the lines.
+  if (label_span_ == 0) return {.to_from = to_from, .amount = amount_column_};
+  const bool is_apart =
+      to_from && (*to_from < label_column_ || *to_from >= label_column_ + label_span_);
+  return {label_column_, label_span_, is_apart ? to_from : std::nullopt, amount_column_};
 }
 
 std::string SortInWords(const LDGRAccountTableViewData& rows) {

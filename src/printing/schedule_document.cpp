@@ -71,7 +71,7 @@ PrintDocument ScheduleDocument(const LDGRAccount& account, const LDGRPreferences
     }
     if (options.splits) {
       AddSplitAmounts(*row.schedule, amounts);
-      printed.details = SplitLines(*row.schedule, {kDescription, kToFrom, kAmount}, figures);
+      printed.details = SplitLines(*row.schedule, {kDescription, 1, kToFrom, kAmount}, figures);
     }
     if (options.notes) printed.note = row.schedule->GetNotes();
     rows.push_back(std::move(printed));
@@ -84,7 +84,7 @@ PrintDocument ScheduleDocument(const LDGRAccount& account, const LDGRPreferences
       {.line = {.cells = {{kNext, CountInWords(rows.size(), "scheduled entry", "scheduled entries"),
                            kColumns}},
                 .style = TextStyle::Strong},
-       .has_rule_above = true});
+       .has_rule_above = !rows.empty()});
   table.rows = std::make_shared<ReadyRows>(std::move(rows));
 
   PrintDocument document = DocumentOf(account, preferences, options.today);

@@ -49,7 +49,9 @@ std::vector<PrintLine> SplitLines(const LDGRAccountEntry& entry, const SplitColu
                 } else if (!to_from.empty()) {
                   text += description.empty() ? to_from : ", " + to_from;
                 }
-                if (columns.text) line.cells.push_back({*columns.text, std::move(text)});
+                if (columns.text) {
+                  line.cells.push_back({*columns.text, std::move(text), columns.text_span});
+                }
                 if (columns.amount) line.cells.push_back({*columns.amount, figures.Amount(amount)});
                 lines.push_back(std::move(line));
               });

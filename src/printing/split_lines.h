@@ -16,6 +16,7 @@ namespace tallyfold {
 // follow the description.
 struct SplitColumns {
   std::optional<std::size_t> text = {};
+  std::size_t text_span = 1;
   std::optional<std::size_t> to_from = {};
   std::optional<std::size_t> amount = {};
 };

@@ -51,8 +51,8 @@ class BarScale {
 
 PrintTable PeriodTable(const SummaryLayout& layout, const PrintedFigures& figures) {
   PrintTable table;
-  PrintColumn& period =
-      table.columns.emplace_back(PrintColumn{.is_elastic = true, .wanted = 16, .least = 8});
+  // The days of a period are as little cut as other days.
+  PrintColumn& period = table.columns.emplace_back();
   const BarScale scale(layout.periods);
   std::vector<ReadyRows::Row> rows;
   for (const auto& line : layout.periods) {

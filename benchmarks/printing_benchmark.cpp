@@ -1,0 +1,128 @@
+// Registers on paper: how long until the first page is ready and until all have been made, for
+// 10,000 and 100,000 entries, and what memory 5,000 pages take that are made and dropped one after
+// the other. "us_per_entry" does not grow where the work is linear.
+
+#include <benchmark/benchmark.h>
+
+#include <fstream>
+#include <map>
+#include <memory>
+#include <string>
+
+#include "benchmarks/household_account.h"
+#include "model/current_account.h"
+#include "printing/pages.h"
+#include "printing/plain_text.h"
+#include "printing/register_document.h"
+#include "registers/account_table_view_data.h"
+
+namespace tallyfold::benchmarks {
+namespace {
+
+struct UnlockedHost final : LDGRAccountTableViewData::Host {
+  [[nodiscard]] bool IsUnlocked() const override { return true; }
+};
+
+// A register in the order of days, which has its running balances.
+struct Register {
+  explicit Register(std::size_t entries) : account(MakeHouseholdAccount(entries)) {
+    SetCurrentAccount(account.get());
+    rows.SetTableView(&table);
+    rows.SetTableIdentifier("entry");
+    rows.SetAccountPreferences(std::make_shared<LDGRAccountPreferences>());
+    rows.SetAccount(account);
+    rows.Reload(account->GetEntries());
+  }
+
+  static Register& OfSize(std::size_t entries) {
+    static std::map<std::size_t, std::unique_ptr<Register>> registers;
+    auto& found = registers[entries];
+    if (found == nullptr) found = std::make_unique<Register>(entries);
+    return *found;
+  }
+
+  UnlockedHost host;
+  std::shared_ptr<LDGRAccount> account;
+  TableView table{DefaultRegisterColumns()};
+  LDGRAccountTableViewData rows{host};
+};
+
+const FixedPitchMetric kMetric;
+
+Pages MakePages(const Register& shown, bool with_details, double length) {
+  Paper paper = PlainTextPaper();
+  paper.portrait.height = paper.landscape.height = length;
+  return Pages(RegisterDocument(shown.rows, LDGRPreferences(),
+                                {"all entries", with_details, with_details, 20260302}),
+               paper, Orientation::Automatic, kMetric);
+}
+
+void ReportEntries(benchmark::State& state) {
+  state.counters["us_per_entry"] =
+      benchmark::Counter(static_cast<double>(state.range(0)) / 1e6,
+                         benchmark::Counter::kIsIterationInvariantRate |
+                             benchmark::Counter::kInvert);
+}
+
+void FirstPage(benchmark::State& state) {
+  const Register& shown = Register::OfSize(static_cast<std::size_t>(state.range(0)));
+  for ([[maybe_unused]] auto _ : state) {
+    const Pages pages = MakePages(shown, state.range(1) != 0, 45);
+    benchmark::DoNotOptimize(PageAsText(pages.PageAt(0)));
+  }
+  ReportEntries(state);
+}
+
+void AllPages(benchmark::State& state) {
+  const Register& shown = Register::OfSize(static_cast<std::size_t>(state.range(0)));
+  std::size_t count = 0;
+  for ([[maybe_unused]] auto _ : state) {
+    const Pages pages = MakePages(shown, state.range(1) != 0, 45);
+    count = pages.Count();
+    for (std::size_t i = 0; i < count; ++i) benchmark::DoNotOptimize(PageAsText(pages.PageAt(i)));
+  }
+  state.counters["pages"] = static_cast<double>(count);
+  ReportEntries(state);
+}
+
+// In kilobytes; 0 where the system does not tell.
+double ResidentMemory() {
+  std::ifstream status("/proc/self/status");
+  for (std::string word; status >> word;) {
+    if (word != "VmRSS:") continue;
+    double kilobytes = 0.0;
+    status >> kilobytes;
+    return kilobytes;
+  }
+  return 0.0;
+}
+
+// "grown_kb" is what the process grew by from the first page to the last.
+void FiveThousandPages(benchmark::State& state) {
+  const Register& shown = Register::OfSize(100'000);
+  double grown = 0.0;
+  std::size_t count = 0;
+  for ([[maybe_unused]] auto _ : state) {
+    const Pages pages = MakePages(shown, true, 28);
+    count = pages.Count();
+    benchmark::DoNotOptimize(PageAsText(pages.PageAt(0)));
+    const double before = ResidentMemory();
+    for (std::size_t i = 0; i < count; ++i) benchmark::DoNotOptimize(PageAsText(pages.PageAt(i)));
+    grown = ResidentMemory() - before;
+  }
+  state.counters["pages"] = static_cast<double>(count);
+  state.counters["grown_kb"] = grown;
+}
+
+BENCHMARK(FirstPage)
+    ->ArgNames({"entries", "details"})
+    ->ArgsProduct({{10'000, 100'000}, {0, 1}})
+    ->Unit(benchmark::kMillisecond);
+BENCHMARK(AllPages)
+    ->ArgNames({"entries", "details"})
+    ->ArgsProduct({{10'000, 100'000}, {0, 1}})
+    ->Unit(benchmark::kMillisecond);
+BENCHMARK(FiveThousandPages)->Unit(benchmark::kMillisecond);
+
+}  // namespace
+}  // namespace tallyfold::benchmarks
