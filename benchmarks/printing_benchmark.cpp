@@ -58,10 +58,9 @@ Pages MakePages(const Register& shown, bool with_details, double length) {
 }
 
 void ReportEntries(benchmark::State& state) {
-  state.counters["us_per_entry"] =
-      benchmark::Counter(static_cast<double>(state.range(0)) / 1e6,
-                         benchmark::Counter::kIsIterationInvariantRate |
-                             benchmark::Counter::kInvert);
+  state.counters["us_per_entry"] = benchmark::Counter(
+      static_cast<double>(state.range(0)) / 1e6,
+      benchmark::Counter::kIsIterationInvariantRate | benchmark::Counter::kInvert);
 }
 
 void FirstPage(benchmark::State& state) {

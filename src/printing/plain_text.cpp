@@ -70,6 +70,7 @@ std::string PageAsText(const Page& page) {
       text += '\n';
       place = 0;
     }
+    if (piece.text.empty()) continue;
     if (place < piece.place) text.append(piece.place - place, ' ');
     text += piece.text;
     place = std::max(place, piece.place) + DisplayWidth(piece.text);
