@@ -143,7 +143,9 @@ void ShowColumn(Console& console, const Arguments& arguments) {
 
 void Sort(Console& console, const Arguments& arguments) {
   static_cast<void>(SelectedAccount(console));
-  console.controller.currentTableDataSource().ClickedTableColumn(ColumnNamed(arguments.WordAt(0)));
+  const std::string column = ColumnNamed(arguments.WordAt(0));
+  if (!SortKeyOfColumn(column)) throw CommandError("sort: " + column + " cannot be sorted by");
+  console.controller.currentTableDataSource().ClickedTableColumn(column);
   ShowColumns(console);
 }
 
