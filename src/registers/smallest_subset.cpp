@@ -65,13 +65,14 @@ std::optional<Indexes> SearchAll(std::span<const std::int64_t> amounts, std::int
   bool is_unique = false;
   std::pair<std::uint32_t, std::uint32_t> found;
   for (const Group& group : first) {
-    const auto matching = std::ranges::equal_range(second, total - group.sum, {}, &Group::sum);
-    for (const Group& other : matching) {
-      const int size = group.size + other.size;
+    const std::int64_t rest = total - group.sum;
+    auto other = std::ranges::lower_bound(second, rest, {}, &Group::sum);
+    for (; other != second.end() && other->sum == rest; ++other) {
+      const int size = group.size + other->size;
       if (size < 2 || size > least) continue;
-      is_unique = size < least && group.is_unique && other.is_unique;
+      is_unique = size < least && group.is_unique && other->is_unique;
       least = size;
-      found = {group.subset, other.subset};
+      found = {group.subset, other->subset};
     }
   }
   if (!is_unique) return std::nullopt;

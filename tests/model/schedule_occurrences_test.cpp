@@ -21,6 +21,12 @@ void ExpectOccurrences(const char* what, const Recurrence& recurrence, DateNumbe
   EXPECT_EQ(UncommittedOccurrences(recurrence, dates, from, to), days) << what;
   const Days first(days.begin(), days.begin() + (days.empty() ? 0 : 1));
   EXPECT_EQ(UncommittedOccurrences(recurrence, dates, from, to, 1), first) << what;
+  if (from != recurrence.start) return;
+  Days ahead;
+  for (const OccurrenceAhead& next : OccurrencesAhead(recurrence, dates, to, days.size() + 1)) {
+    if (next.date) ahead.push_back(*next.date);
+  }
+  EXPECT_EQ(ahead, days) << what << ", ahead";
 }
 
 TEST(Occurrences, FollowTheirRules) {
