@@ -2,9 +2,7 @@
 
 #include <algorithm>
 #include <array>
-#include <bit>
 #include <cstddef>
-#include <functional>
 #include <map>
 #include <numeric>
 #include <span>
@@ -14,6 +12,7 @@
 #include "model/entry_walk.h"
 #include "model/packed_sort.h"
 #include "model/text.h"
+#include "model/text_numbers.h"
 
 namespace tallyfold {
 namespace {
@@ -140,46 +139,33 @@ using EntryText = const std::string& (LDGRAccountEntry::*)() const noexcept;
 // The different ones among many texts, which must stay where they are.
 class DifferentTexts {
  public:
-  explicit DifferentTexts(std::size_t most) : slots_(std::bit_ceil(2 * most + 1), kEmpty) {}
-
   // The number of the text among the different ones, which are numbered as they appear.
   std::uint32_t NumberOf(std::string_view text) {
-    const std::size_t hash = std::hash<std::string_view>()(text);
-    const std::size_t mask = slots_.size() - 1;
-    for (std::size_t slot = hash & mask;; slot = (slot + 1) & mask) {
-      if (slots_[slot] == kEmpty) return slots_[slot] = Add(text, hash);
-      const Text& other = texts_[slots_[slot]];
-      if (other.hash == hash && other.text == text) return slots_[slot];
+    const std::uint32_t number = numbers_.NumberOf(text);
+    if (number == forms_.size()) {
+      const std::size_t start = all_forms_.size();
+      AppendOrderForm(all_forms_, text);
+      forms_.push_back({start, all_forms_.size() - start});
     }
+    return number;
   }
 
   // By number: the place of each among all, ignoring case. Texts that differ only in that share it.
   [[nodiscard]] std::vector<std::uint32_t> Ranks() const;
 
  private:
-  static constexpr std::uint32_t kEmpty = 0xFFFF'FFFFU;
-
-  struct Text {
-    std::size_t hash;
-    std::string_view text;
-    std::size_t form_start;
-    std::size_t form_size;
+  struct Form {
+    std::size_t start;
+    std::size_t size;
   };
 
-  std::uint32_t Add(std::string_view text, std::size_t hash) {
-    const std::size_t start = forms_.size();
-    AppendOrderForm(forms_, text);
-    texts_.push_back({hash, text, start, forms_.size() - start});
-    return static_cast<std::uint32_t>(texts_.size() - 1);
-  }
   [[nodiscard]] std::string_view FormOf(std::uint32_t number) const {
-    const Text& text = texts_[number];
-    return std::string_view(forms_).substr(text.form_start, text.form_size);
+    return std::string_view(all_forms_).substr(forms_[number].start, forms_[number].size);
   }
 
-  std::vector<std::uint32_t> slots_;
-  std::vector<Text> texts_;
-  std::string forms_;  // one behind another
+  TextNumbers numbers_;
+  std::vector<Form> forms_;  // by the number of the text
+  std::string all_forms_;    // one behind another
 };
 
 // Eight bytes of a form, in order as a number; past its end as if there were zeros.
@@ -192,7 +178,7 @@ std::uint64_t EightBytes(std::string_view form, std::size_t start) {
 }
 
 std::vector<std::uint32_t> DifferentTexts::Ranks() const {
-  std::vector<PackedKey> keys(texts_.size());
+  std::vector<PackedKey> keys(forms_.size());
   for (std::uint32_t number = 0; number < keys.size(); ++number) keys[number].index = number;
 
   // Sixteen bytes at a time; what is equal in them goes on with the next ones.
@@ -238,7 +224,7 @@ std::vector<std::uint32_t> DifferentTexts::Ranks() const {
 
 // Registers say the same things again and again, so that far fewer texts are compared than entries.
 Order OrderByText(const EntryList& entries, EntryText text, bool descending) {
-  DifferentTexts texts(entries.size());
+  DifferentTexts texts;
   std::vector<PackedKey> keys;
   keys.reserve(entries.size());
   WalkEntryText(entries, text, [&](const LDGRAccountEntry& entry) {

@@ -10,9 +10,9 @@
 #include <vector>
 
 #include "model/account_entry.h"
+#include "model/text_numbers.h"
 #include "summaries/kept_texts.h"
 #include "summaries/summary_result.h"
-#include "summaries/text_numbers.h"
 
 namespace tallyfold {
 

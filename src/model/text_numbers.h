@@ -22,7 +22,6 @@ class TextNumbers {
     }
     return slots_[slot];
   }
-  [[nodiscard]] std::size_t Count() const noexcept { return texts_.size(); }
 
  private:
   static constexpr std::uint32_t kEmpty = 0xFFFF'FFFFU;
