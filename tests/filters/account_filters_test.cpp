@@ -1,6 +1,5 @@
 #include <gtest/gtest.h>
 
-#include <array>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -8,6 +7,7 @@
 
 #include "fakes/fake_ambient.h"
 #include "filters/filter_types.h"
+#include "filters/rules_of.h"
 #include "filters/search_filter.h"
 #include "model/account.h"
 
@@ -28,28 +28,9 @@ class AccountFilterTest : public testing::Test {
   LDGRAccount account_;
 };
 
-// The rules of every list as "list logic qualifier data;".
-std::string Rules(const LDGRFilter& filter) {
-  std::string text;
-  for (const plist::DictionaryItem& item : filter.asDictionary()) {
-    for (const plist::Value& value : item.value().ArrayValue()) {
-      const plist::Dictionary rule = value.DictionaryValue();
-      const plist::Value& data = rule.Get("data");
-      text.append(item.key()).append(" ");
-      text += std::to_string(rule.Get("logic").IntegerValue()) + " ";
-      text += std::to_string(rule.Get("qualifier").IntegerValue()) + " ";
-      text += data.IsString() ? "'" + std::string(data.StringValue()) + "'"
-              : data.kind() == plist::Kind::Boolean
-                  ? std::string(data.BooleanValue() ? "YES" : "NO")
-                  : std::to_string(data.IntegerValue());
-      text += ";";
-    }
-  }
-  return text;
-}
-
 TEST_F(AccountFilterTest, MakesAFilterOfEveryType) {
-  AddEntry(20030230);  // a day no calendar has
+  ambient_.clock.SetLocal({2004, 5, 12, 9, 0, 0});  // a Wednesday
+  AddEntry(20030230);                               // a day no calendar has
   AddEntry(20031224);
   struct Case {
     std::int32_t type;
@@ -58,61 +39,61 @@ TEST_F(AccountFilterTest, MakesAFilterOfEveryType) {
     std::string_view rules;
   };
   const std::vector<Case> cases = {
-      {0, "General", true, "filter_general 1 6 'tea';"},
-      {10, "Description", true, "filter_description 1 6 'tea';"},
-      {11, "To/From", true, "filter_tofrom 1 6 'tea';"},
-      {12, "Type", true, "filter_type 1 6 'tea';"},
-      {13, "Notes", true, "filter_notes 1 6 'tea';"},
-      {14, "Amount", true, "filter_amountstring 1 6 'tea';"},
-      {15, "Check Number", true, "filter_checknumberstring 1 6 'tea';"},
-      {20, "Through Today", false, "filter_date 1 2 20030229;filter_date 1 0 20040102;"},
-      {21, "Today", false, "filter_date 1 2 20040100;filter_date 1 0 20040102;"},
-      {22, "Yesterday", false, "filter_date 1 2 20031230;filter_date 1 0 20031232;"},
-      {30, "This Week", false, "filter_date 1 2 20031227;filter_date 1 0 20040104;"},
-      {31, "This Month", false, "filter_date 1 2 20040100;filter_date 1 0 20040132;"},
-      {32, "This Quarter", false, "filter_date 1 2 20040100;filter_date 1 0 20040332;"},
-      {33, "This Year", false, "filter_date 1 2 20040100;filter_date 1 0 20041232;"},
-      {40, "Last Week", false, "filter_date 1 2 20031220;filter_date 1 0 20031228;"},
-      {41, "Last Month", false, "filter_date 1 2 20031200;filter_date 1 0 20031232;"},
-      {42, "Last Quarter", false, "filter_date 1 2 20031000;filter_date 1 0 20031232;"},
-      {43, "Last Year", false, "filter_date 1 2 20030100;filter_date 1 0 20031232;"},
-      {50, "Week To Date", false, "filter_date 1 2 20031227;filter_date 1 0 20040102;"},
-      {51, "Month To Date", false, "filter_date 1 2 20040100;filter_date 1 0 20040102;"},
-      {52, "Quarter To Date", false, "filter_date 1 2 20040100;filter_date 1 0 20040102;"},
-      {53, "Year To Date", false, "filter_date 1 2 20040100;filter_date 1 0 20040102;"},
-      {70, "Split To/From", true, "filter_split_tofrom 1 6 'tea';"},
-      {71, "Split Description", true, "filter_split_description 1 6 'tea';"},
-      {80, "Resolved", false, "filter_cleared 1 1 YES;"},
-      {81, "Unresolved", false, "filter_cleared 1 1 NO;"},
-      {90, "Tax-Deductible", false, "filter_taxdeductible 1 1 YES;"},
-      {91, "Taxable", false, "filter_taxdeductible 1 1 NO;"},
-      {1, "Untitled Filter", true, "filter_general 1 6 '';"},
-      {-9999, "Untitled Filter", true, "filter_general 1 6 '';"},
+      {0, "General", true, " general 1 6 'tea'"},
+      {10, "Description", true, " description 1 6 'tea'"},
+      {11, "To/From", true, " tofrom 1 6 'tea'"},
+      {12, "Type", true, " type 1 6 'tea'"},
+      {13, "Notes", true, " notes 1 6 'tea'"},
+      {14, "Amount", true, " amountstring 1 6 'tea'"},
+      {15, "Check Number", true, " checknumberstring 1 6 'tea'"},
+      {20, "Through Today", false, " date 1 2 20030229 date 1 0 20040513"},
+      {21, "Today", false, " date 1 2 20040511 date 1 0 20040513"},
+      {22, "Yesterday", false, " date 1 2 20040510 date 1 0 20040512"},
+      {30, "This Week", false, " date 1 2 20040508 date 1 0 20040516"},
+      {31, "This Month", false, " date 1 2 20040500 date 1 0 20040532"},
+      {32, "This Quarter", false, " date 1 2 20040400 date 1 0 20040631"},
+      {33, "This Year", false, " date 1 2 20040100 date 1 0 20041232"},
+      {40, "Last Week", false, " date 1 2 20040501 date 1 0 20040509"},
+      {41, "Last Month", false, " date 1 2 20040400 date 1 0 20040431"},
+      {42, "Last Quarter", false, " date 1 2 20040100 date 1 0 20040332"},
+      {43, "Last Year", false, " date 1 2 20030100 date 1 0 20031232"},
+      {50, "Week To Date", false, " date 1 2 20040508 date 1 0 20040513"},
+      {51, "Month To Date", false, " date 1 2 20040500 date 1 0 20040513"},
+      {52, "Quarter To Date", false, " date 1 2 20040400 date 1 0 20040513"},
+      {53, "Year To Date", false, " date 1 2 20040100 date 1 0 20040513"},
+      {70, "Split To/From", true, " split_tofrom 1 6 'tea'"},
+      {71, "Split Description", true, " split_description 1 6 'tea'"},
+      {80, "Resolved", false, " cleared 1 1 YES"},
+      {81, "Unresolved", false, " cleared 1 1 NO"},
+      {90, "Tax-Deductible", false, " taxdeductible 1 1 YES"},
+      {91, "Taxable", false, " taxdeductible 1 1 NO"},
+      {1, "Untitled Filter", true, " general 1 6 ''"},
+      {-9999, "Untitled Filter", true, " general 1 6 ''"},
   };
   for (const Case& c : cases) {
     const auto filter = account_.filterTypeAsLDGRFilter(c.type, "tea");
     EXPECT_EQ(filter->GetName(), c.name) << c.type;
     EXPECT_EQ(dynamic_cast<LDGRSearchFilter*>(filter.get()) != nullptr, c.takes_text) << c.type;
-    EXPECT_EQ(Rules(*filter), c.rules) << c.type;
+    EXPECT_EQ(RulesOf(*filter), c.rules) << c.type;
   }
   EXPECT_EQ(FilterTypes().size() + 2, cases.size());
-  EXPECT_EQ(Rules(*account_.filterTypeAsLDGRFilter(10, {})), "filter_description 1 6 '';");
+  EXPECT_EQ(RulesOf(*account_.filterTypeAsLDGRFilter(10, {})), " description 1 6 ''");
 }
 
 TEST_F(AccountFilterTest, ShowsTodayThroughTodayWithoutEntries) {
-  EXPECT_EQ(Rules(*account_.filterTypeAsLDGRFilter(20, "")),
-            Rules(*account_.filterTypeAsLDGRFilter(21, "")));
+  EXPECT_EQ(RulesOf(*account_.filterTypeAsLDGRFilter(20, "")),
+            RulesOf(*account_.filterTypeAsLDGRFilter(21, "")));
 }
 
 TEST_F(AccountFilterTest, CountsDaysByTheCalendarWhereMidnightIsSkipped) {
   ambient_.clock.SetZone(ZoneWithoutAMidnight());
   ambient_.clock.SetLocal({2018, 11, 4, 0, 0, 0});  // taken as 01:00, when the day begins
-  EXPECT_EQ(Rules(*account_.filterTypeAsLDGRFilter(21, "")),
-            "filter_date 1 2 20181103;filter_date 1 0 20181105;");
-  EXPECT_EQ(Rules(*account_.filterTypeAsLDGRFilter(22, "")),
-            "filter_date 1 2 20181102;filter_date 1 0 20181104;");
-  EXPECT_EQ(Rules(*account_.filterTypeAsLDGRFilter(30, "")),
-            "filter_date 1 2 20181103;filter_date 1 0 20181111;");
+  EXPECT_EQ(RulesOf(*account_.filterTypeAsLDGRFilter(21, "")),
+            " date 1 2 20181103 date 1 0 20181105");
+  EXPECT_EQ(RulesOf(*account_.filterTypeAsLDGRFilter(22, "")),
+            " date 1 2 20181102 date 1 0 20181104");
+  EXPECT_EQ(RulesOf(*account_.filterTypeAsLDGRFilter(30, "")),
+            " date 1 2 20181103 date 1 0 20181111");
 }
 
 TEST_F(AccountFilterTest, KeepsAFilterForEachRegister) {

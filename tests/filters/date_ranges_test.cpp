@@ -5,6 +5,7 @@
 #include <array>
 #include <limits>
 
+#include "filters/rules_of.h"
 #include "model/date_number.h"
 
 namespace tallyfold {
@@ -82,10 +83,7 @@ TEST(DateRanges, BecomeRulesThatNoDayIsTooFarFor) {
   constexpr DateNumber kLeast = std::numeric_limits<DateNumber>::min();
   LDGRFilter filter;
   AddDateRangeRules(filter, kLeast, kMost);
-  const plist::Array rules = filter.objectForKey(filter_category::kDate).ArrayValue();
-  ASSERT_EQ(rules.size(), 2U);
-  EXPECT_EQ(rules.At(0).DictionaryValue().Get("data"), plist::Value(kLeast));
-  EXPECT_EQ(rules.At(1).DictionaryValue().Get("data"), plist::Value(kMost));
+  EXPECT_EQ(RulesOf(filter), " date 1 2 -2147483648 date 1 0 2147483647");
 }
 
 }  // namespace

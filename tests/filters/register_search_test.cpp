@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <array>
 #include <chrono>
 #include <memory>
 #include <string>
@@ -128,22 +129,19 @@ TEST_F(RegisterSearchTest, SetsUpFieldLabelAndMenuForTheChosenFilter) {
 }
 
 TEST_F(RegisterSearchTest, CancelsToTheSameKindOfSearchOrTheGeneralOne) {
-  struct Case {
-    std::int32_t type;
-    std::int32_t after;
-  };
-  for (const RegisterKind shown : {RegisterKind::Entry, RegisterKind::Reconcile}) {
-    host_.shown = shown;
-    for (const Case& c :
-         {Case{0, 0}, Case{14, 14}, Case{71, 71}, Case{20, 0}, Case{90, 0}, Case{-9999, -9999}}) {
-      search_.Filter_Select(c.type);
+  using Types = std::array<std::int32_t, 2>;  // before and after
+  for (const auto& [type, type_after] : {Types{0, 0}, Types{14, 14}, Types{71, 71}, Types{20, 0},
+                                         Types{90, 0}, Types{-9999, -9999}}) {
+    for (const RegisterKind shown : {RegisterKind::Entry, RegisterKind::Reconcile}) {
+      host_.shown = shown;
+      search_.Filter_Select(type);
       search_.Search_Field("co");
       search_.Search_Cancel();
-      const bool is_entry = shown == RegisterKind::Entry;
-      EXPECT_EQ(is_entry ? account_.entryFilterType() : account_.reconcileFilterType(), c.after);
-      EXPECT_EQ(is_entry ? account_.entryFilterData() : account_.reconcileFilterData(),
-                plist::Value(""));
     }
+    EXPECT_EQ(account_.entryFilterType(), type_after);
+    EXPECT_EQ(account_.entryFilterData(), plist::Value(""));
+    EXPECT_EQ(account_.reconcileFilterType(), type_after);
+    EXPECT_EQ(account_.reconcileFilterData(), plist::Value(""));
   }
   host_.shown = RegisterKind::Other;
   host_.log.clear();

@@ -5,32 +5,22 @@
 #include <string>
 
 #include "fakes/fake_ambient.h"
+#include "filters/rules_of.h"
 #include "filters/search_filter.h"
 
 namespace tallyfold {
 namespace {
 
-// "number name: category" of a search filter, "number name: after before" of one for days, "number
-// name: YES" of one for cleared marks.
-std::string Line(const LDGRFilter& filter) {
-  std::string line = std::to_string(filter.GetNumber()) + " " + filter.GetName() + ":";
-  if (filter.GetType() == FilterKind::Search) {
-    EXPECT_NE(dynamic_cast<const LDGRSearchFilter*>(&filter), nullptr);
-    EXPECT_EQ(filter.GetDataForSetCategory(), plist::Value(""));
-    return line + " " + filter.GetCategory().value_or("none");
-  }
-  for (const plist::Value& rule : filter.objectForKey(filter_category::kDate).ArrayValue()) {
-    line += " " + std::to_string(rule.DictionaryValue().Get("data").IntegerValue());
-  }
-  for (const plist::Value& rule : filter.objectForKey(filter_category::kCleared).ArrayValue()) {
-    line += rule.DictionaryValue().Get("data").BooleanValue() ? " YES" : " NO";
-  }
-  return line;
-}
-
+// "number name: rules", a line for each.
 std::string List(const StandardFilters& filters) {
   std::string text;
-  for (const auto& filter : filters.Filters()) text += Line(*filter) + "\n";
+  for (const auto& filter : filters.Filters()) {
+    const bool is_search = dynamic_cast<const LDGRSearchFilter*>(filter.get()) != nullptr;
+    EXPECT_EQ(filter->GetType() == FilterKind::Search, is_search);
+    EXPECT_EQ(filter->GetCategory().has_value(), is_search);
+    text += std::to_string(filter->GetNumber()) + " " + filter->GetName() + ":" + RulesOf(*filter) +
+            "\n";
+  }
   return text;
 }
 
@@ -41,43 +31,43 @@ TEST(StandardFilters, TakeInTheFirstDayAfterTheirPeriod) {
   ambient.clock.SetLocal({2004, 3, 3, 17, 30, 5});
   filters.Filters_Init();
   const std::string search_filters =
-      "0 General...: filter_general\n"
-      "1 Description...: filter_description\n"
-      "2 To/From...: filter_tofrom\n"
-      "3 Type...: filter_type\n"
-      "4 Split Description...: filter_split_description\n"
-      "5 Split To/From...: filter_split_tofrom\n";
+      "0 General...: general 1 6 ''\n"
+      "1 Description...: description 1 6 ''\n"
+      "2 To/From...: tofrom 1 6 ''\n"
+      "3 Type...: type 1 6 ''\n"
+      "4 Split Description...: split_description 1 6 ''\n"
+      "5 Split To/From...: split_tofrom 1 6 ''\n";
   EXPECT_EQ(List(filters), search_filters +
-                               "6 Today: 20040302 20040304\n"
-                               "7 Yesterday: 20040301 20040303\n"
-                               "8 This Week: 20040228 20040308\n"
-                               "9 This Month: 20040300 20040402\n"
-                               "10 This Quarter: 20040100 20040402\n"
-                               "11 This Year: 20040100 20050102\n"
-                               "12 Last Week: 20040221 20040230\n"
-                               "13 Last Month: 20040200 20040302\n"
-                               "14 Last Quarter: 20031000 20040102\n"
-                               "15 Last Year: 20030100 20040102\n"
-                               "16 Resolved: YES\n"
-                               "17 Unresolved: NO\n");
+                               "6 Today: date 1 2 20040302 date 1 0 20040304\n"
+                               "7 Yesterday: date 1 2 20040301 date 1 0 20040303\n"
+                               "8 This Week: date 1 2 20040228 date 1 0 20040308\n"
+                               "9 This Month: date 1 2 20040300 date 1 0 20040402\n"
+                               "10 This Quarter: date 1 2 20040100 date 1 0 20040402\n"
+                               "11 This Year: date 1 2 20040100 date 1 0 20050102\n"
+                               "12 Last Week: date 1 2 20040221 date 1 0 20040230\n"
+                               "13 Last Month: date 1 2 20040200 date 1 0 20040302\n"
+                               "14 Last Quarter: date 1 2 20031000 date 1 0 20040102\n"
+                               "15 Last Year: date 1 2 20030100 date 1 0 20040102\n"
+                               "16 Resolved: cleared 1 1 YES\n"
+                               "17 Unresolved: cleared 1 1 NO\n");
 
   // The last of a month: periods start from the first, so no month rolls over.
   ambient.clock.SetLocal({2005, 12, 31, 0, 0, 0});
-  EXPECT_NE(List(filters).find("Today: 20040302"), std::string::npos);
+  EXPECT_NE(List(filters).find("Today: date 1 2 20040302"), std::string::npos);
   filters.Filters_DateFilters_Update();
   EXPECT_EQ(List(filters), search_filters +
-                               "6 Today: 20051230 20051232\n"
-                               "7 Yesterday: 20051229 20051231\n"
-                               "8 This Week: 20051224 20060102\n"
-                               "9 This Month: 20051200 20060102\n"
-                               "10 This Quarter: 20051000 20060102\n"
-                               "11 This Year: 20050100 20060102\n"
-                               "12 Last Week: 20051217 20051226\n"
-                               "13 Last Month: 20051100 20051202\n"
-                               "14 Last Quarter: 20050700 20051002\n"
-                               "15 Last Year: 20040100 20050102\n"
-                               "16 Resolved: YES\n"
-                               "17 Unresolved: NO\n");
+                               "6 Today: date 1 2 20051230 date 1 0 20051232\n"
+                               "7 Yesterday: date 1 2 20051229 date 1 0 20051231\n"
+                               "8 This Week: date 1 2 20051224 date 1 0 20060102\n"
+                               "9 This Month: date 1 2 20051200 date 1 0 20060102\n"
+                               "10 This Quarter: date 1 2 20051000 date 1 0 20060102\n"
+                               "11 This Year: date 1 2 20050100 date 1 0 20060102\n"
+                               "12 Last Week: date 1 2 20051217 date 1 0 20051226\n"
+                               "13 Last Month: date 1 2 20051100 date 1 0 20051202\n"
+                               "14 Last Quarter: date 1 2 20050700 date 1 0 20051002\n"
+                               "15 Last Year: date 1 2 20040100 date 1 0 20050102\n"
+                               "16 Resolved: cleared 1 1 YES\n"
+                               "17 Unresolved: cleared 1 1 NO\n");
   filters.Filters_Init();
   EXPECT_EQ(filters.Filters().size(), 18U);
   EXPECT_EQ(filters.NextAvailableFilterNumber(), 18);
