@@ -1,5 +1,6 @@
 #include "app/menus.h"
 
+#include "app/schedule_commit.h"
 #include "model/entry_type.h"
 
 namespace tallyfold {
@@ -34,7 +35,7 @@ CommandsState Menus::Commands() const {
   state.add_schedule = state.show_reminder = true;
   if (const auto schedule = host_.SelectedSchedule()) {
     state.edit_schedule = true;
-    state.commit_schedule = !schedule->NextOccurrences(1).empty();
+    state.commit_schedule = NextDayToCommit(*schedule) != -1;
   }
   const auto entry = host_.SelectedEntry();
   if (entry == nullptr) return state;

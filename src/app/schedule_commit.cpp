@@ -6,9 +6,17 @@
 
 #include "app/entry_defaults.h"
 #include "model/account_entry.h"
-#include "model/account_schedule.h"
 
 namespace tallyfold {
+
+DateNumber NextDayToCommit(const LDGRAccountSchedule& schedule) {
+  const DateNumber next = schedule.NextEntryDate();
+  if (next != -1) return next;
+  for (const OccurrenceAhead& occurrence : schedule.NextOccurrences(1)) {
+    if (occurrence.date) return *occurrence.date;
+  }
+  return -1;
+}
 
 std::vector<DueOccurrence> ScheduleCommit::Due(DateNumber through) const {
   std::vector<DueOccurrence> due;

@@ -7,11 +7,16 @@
 #include "app/refresh.h"
 #include "app/transfer_links.h"
 #include "model/account.h"
+#include "model/account_schedule.h"
 #include "model/date_number.h"
 
 namespace tallyfold {
 
 class LDGRPreferences;
+
+// The day of the next uncommitted occurrence, due or not: the one the schedule list shows, and that
+// of an entry which recurs only once. -1 for none.
+[[nodiscard]] DateNumber NextDayToCommit(const LDGRAccountSchedule& schedule);
 
 // Turns due occurrences of the selected account's scheduled entries into entries of its register.
 class ScheduleCommit {

@@ -16,6 +16,8 @@ namespace {
 using Repeat = RepeatInterval;
 using Until = LDGRAccountSchedule::Until;
 
+constexpr std::int32_t kNoCheckNumber = -1;
+
 constexpr std::array kEverySoMany = {Repeat::EveryNDays, Repeat::EveryNWeeks, Repeat::EveryNMonths,
                                      Repeat::EveryNYears, Repeat::EveryNQuarters};
 constexpr std::array kNeverMoved = {Repeat::Once, Repeat::Daily, Repeat::Weekly, Repeat::TwoWeeks,
@@ -47,6 +49,7 @@ void StoreKind(const ScheduleValues& values, LDGRAccountSchedule& schedule) {
     case EntryKind::Debit:
       schedule.SetIsDebit(true);
       schedule.SetIsCheck(values.is_check);
+      if (!values.is_check) schedule.SetCheckNumber(kNoCheckNumber);
       schedule.SetAmount(-values.amount);
       break;
     case EntryKind::Deposit:

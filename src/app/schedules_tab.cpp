@@ -85,10 +85,9 @@ bool SchedulesTab::Schedule_Duplicate() {
 DueOccurrence SchedulesTab::NextOccurrence() const {
   if (!IsReady()) return {};
   const auto schedule = rows_.SelectedSchedule();
-  for (const OccurrenceAhead& next : schedule->NextOccurrences(1)) {
-    if (next.date) return {schedule, schedule->EntryForDate(*next.date)};
-  }
-  return {};
+  const DateNumber next = NextDayToCommit(*schedule);
+  if (next == -1) return {};
+  return {schedule, schedule->EntryForDate(next)};
 }
 
 bool SchedulesTab::Schedule_CommitNext() {

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "fakes/fake_ambient.h"
+#include "registers/schedule_table_view_data.h"
 
 namespace tallyfold {
 namespace {
@@ -64,6 +65,49 @@ TEST(ScheduleList, PutsTheNextFirstAndCountsWhatHasPassed) {
   }
   EXPECT_EQ(rows, (std::vector<std::string>{"1 2004-02-22 2 Transfer From", "2 2004-04-01 0 ",
                                             "0 - 1 "}));
+}
+
+TEST(ScheduleTable, ShowsAndSortsByItsColumns) {
+  FakeAmbient ambient;
+  ambient.clock.SetLocal({2004, 3, 7, 12, 0, 0});
+  struct : LDGRScheduleTableViewData::Host {
+    bool IsUnlocked() const override { return is_unlocked; }
+    bool is_unlocked = true;
+  } host;
+  const auto account = std::make_shared<LDGRAccount>();
+  const auto monthly = Schedule(0, 20040201, 4);
+  monthly->SetDescription("Rent");
+  monthly->SetToFrom("Owner");
+  monthly->SetAmount(-890.0);
+  const auto weekly = Schedule(1, 20040304, 2);
+  weekly->SetDescription("Cake");
+  account->AddSchedule(weekly);
+  account->AddSchedule(monthly);
+  const auto views = std::make_shared<LDGRAccountPreferences>();
+  TableView table(DefaultScheduleColumns());
+  LDGRScheduleTableViewData rows(host, table);
+  rows.ShowAccount(account, views);
+  const std::pair<std::string_view, TableCell> cells[] = {
+      {"next", {"02/01/04"}}, {"repeats", {"Every month"}},
+      {"until", {"Forever"}}, {"overdue", {"2", TableCell::Alignment::Right}},
+      {"type", {""}},         {"description", {"Rent"}},
+      {"toFrom", {"Owner"}},  {"amount", {-890.0, TableCell::Alignment::Right}},
+      {"nonsense", {}},
+  };
+  for (const auto& [column, cell] : cells) EXPECT_EQ(rows.tableView(column, 0), cell) << column;
+  EXPECT_EQ(rows.SelectedSchedule(), monthly);
+  rows.ClickedTableColumn("description");  // turns the order over
+  EXPECT_EQ(rows.Schedules(), (ScheduleList{monthly, weekly}));
+  rows.ClickedTableColumn("description");
+  EXPECT_EQ(rows.Schedules(), (ScheduleList{weekly, monthly}));
+  EXPECT_EQ(rows.SelectedSchedule(), monthly);
+  EXPECT_EQ(table.HighlightedColumn(), "description");
+  rows.ClickedTableColumn("until");
+  EXPECT_EQ(views->GetSelectedColumnIdentifierForTableIdentifier("schedule"), "description");
+  rows.HideTableColumnWithIdentifier("until");
+  EXPECT_EQ(table.Columns().size(), 7U);
+  host.is_unlocked = false;
+  EXPECT_EQ(rows.numberOfRowsInTableView(), 0U);
 }
 
 }  // namespace
