@@ -181,9 +181,11 @@ void ScheduleReminder::AddRows(const LDGRAccount& account, const Due& due, bool 
     row.days = due.days;
     row.typed.date = due.days.front();
     row.date_is_enabled = false;
-    row.days_text = MessageWithText(LocalizedText("%@ from"), std::to_string(due.days.size())) +
-                    ' ' + text(due.days.front()) + ' ' + LocalizedText("to") + ' ' +
-                    text(due.days.back());
+    row.days_text = LocalizedText("%@ from %@ to %@");
+    for (const std::string& part :
+         {std::to_string(due.days.size()), text(due.days.front()), text(due.days.back())}) {
+      row.days_text = MessageWithText(row.days_text, part);
+    }
     state_.rows.push_back(std::move(row));
     return;
   }

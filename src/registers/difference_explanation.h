@@ -32,8 +32,8 @@ struct DifferenceExplanation {
 // resolved ones, leave no explanation: the next would be a guess. That digits are swapped somewhere
 // comes last.
 //
-// None when the account is balanced, when nothing is found, and when finding out would take longer
-// than a twentieth of a second; amounts of 10^13 and more are passed over.
+// None when the account is balanced, when nothing is found, and when the search for a set gives up
+// (see smallest_subset.h); amounts of 10^13 and more are passed over.
 [[nodiscard]] std::optional<DifferenceExplanation> ExplainDifference(const LDGRAccount& account,
                                                                      const Reconciliation& figures);
 

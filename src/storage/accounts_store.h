@@ -49,8 +49,6 @@ class AccountsStore {
   struct BackupContents {
     std::size_t accounts = 0;
     std::size_t entries = 0;
-
-    friend bool operator==(const BackupContents&, const BackupContents&) = default;
   };
 
   struct Services {

