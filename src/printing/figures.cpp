@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <cmath>
 #include <limits>
-#include <set>
+#include <utility>
 
 #include "model/date_format.h"
 #include "registers/register_look.h"
@@ -48,16 +48,19 @@ void DateShapes::Add(DateNumber day) noexcept {
 // Names of months and weekdays differ in width, so that there is a day for each pair of them.
 std::vector<std::string> DateShapes::Samples(const PrintedFigures& figures) const {
   constexpr DateNumber kYear = 20000000;
-  std::set<std::string> shapes = {figures.Date(first_), figures.Date(last_)};
+  TextShapes shapes;
+  shapes.Add(figures.Date(first_));
+  shapes.Add(figures.Date(last_));
   for (DateNumber month = 100; month <= 1200; month += 100) {
-    for (DateNumber day = 20; day < 27; ++day) {
-      std::string shape = figures.Date(kYear + month + day);
-      std::ranges::replace_if(
-          shape, [](char c) { return c >= '0' && c <= '9'; }, '0');
-      shapes.insert(std::move(shape));
-    }
+    for (DateNumber day = 20; day < 27; ++day) shapes.Add(figures.Date(kYear + month + day));
   }
-  return {shapes.begin(), shapes.end()};
+  return shapes.Samples();
+}
+
+void TextShapes::Add(std::string text) {
+  std::ranges::replace_if(
+      text, [](char c) { return c >= '0' && c <= '9'; }, '0');
+  shapes_.insert(std::move(text));
 }
 
 }  // namespace tallyfold

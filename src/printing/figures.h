@@ -1,5 +1,6 @@
 #pragma once
 
+#include <set>
 #include <string>
 #include <vector>
 
@@ -47,6 +48,18 @@ class DateShapes {
  private:
   DateNumber first_ = kNullDate;
   DateNumber last_ = kNullDate;
+};
+
+// Of texts that differ in little but their digits.
+class TextShapes {
+ public:
+  void Add(std::string text);
+  [[nodiscard]] std::vector<std::string> Samples() const {
+    return {shapes_.begin(), shapes_.end()};
+  }
+
+ private:
+  std::set<std::string> shapes_;
 };
 
 }  // namespace tallyfold

@@ -61,11 +61,10 @@ class RegisterRows final : public PrintRows {
         splits_(options.splits),
         notes_(options.notes),
         today_(options.today),
-        columns_(ColumnsShown(rows)),
-        entries_(rows.GetEntries()) {
+        columns_(ColumnsShown(rows)) {
     texts_.SetAccount(rows.GetAccount());
     texts_.SetDateFormat(figures_.DateFormat());
-    texts_.SetEntries(entries_);
+    texts_.SetEntries(rows.GetEntries());
     balances_.reserve(entries_.size());
     for (std::size_t i = 0; i < entries_.size(); ++i) {
       balances_.push_back(rows.RunningBalanceOfRow(i));
@@ -118,10 +117,11 @@ class RegisterRows final : public PrintRows {
   bool notes_;
   DateNumber today_;
   std::vector<TableColumn> columns_;
-  EntryList entries_;
+  // The rows as they were when this was made, which writes their texts.
+  LDGRAccountTableViewData texts_{host_};
+  const EntryList& entries_ = texts_.GetEntries();
   std::vector<double> balances_;  // by row
   double total_ = 0.0;
-  LDGRAccountTableViewData texts_{host_};
   std::optional<std::size_t> amount_column_;
   std::optional<std::size_t> balance_column_;
   std::optional<std::size_t> description_column_;

@@ -20,15 +20,6 @@ namespace {
 
 enum PeriodColumn : std::size_t { kPeriod, kDebits, kDeposits, kTransfers, kTotal, kBars };
 
-ReadyRows::Row AmountsRow(const std::string& title, const SummaryLayout::Amounts& amounts,
-                          const PrintedFigures& figures) {
-  return {.line = {.cells = {{kPeriod, title},
-                             {kDebits, figures.Amount(amounts.debits)},
-                             {kDeposits, figures.Amount(amounts.deposits)},
-                             {kTransfers, figures.Amount(amounts.transfers)},
-                             {kTotal, figures.Amount(amounts.total)}}}};
-}
-
 // All bars begin at the same place, those of negative totals to its left.
 class BarScale {
  public:
@@ -49,40 +40,80 @@ class BarScale {
   double greatest_ = 0.0;
 };
 
-PrintTable PeriodTable(const SummaryLayout& layout, const PrintedFigures& figures) {
-  PrintTable table;
-  // The days of a period are as little cut as other days.
-  PrintColumn& period = table.columns.emplace_back();
-  const BarScale scale(layout.periods);
-  std::vector<ReadyRows::Row> rows;
-  for (const auto& line : layout.periods) {
-    period.samples.push_back(line.title);
-    rows.push_back(AmountsRow(line.title, line.amounts, figures));
-    if (layout.has_bars && line.bar != 0.0) rows.back().line.bars = {scale.BarOf(line.bar)};
-  }
-  if (!rows.empty()) rows.back().is_kept_with_next = true;
-  const std::string total =
-      layout.total_title + ", " + CountInWords(layout.total_count, "entry", "entries");
-  period.samples.push_back(total);
-  rows.push_back(AmountsRow(total, layout.total, figures));
-  rows.back().has_rule_above = true;
-  rows.back().line.style = TextStyle::Strong;
+// The periods and below them their total. A century of days is many periods: rows are made when
+// they are asked for.
+class PeriodRows final : public PrintRows {
+ public:
+  PeriodRows(const SummaryLayout& layout, const LDGRPreferences& preferences)
+      : figures_(preferences),
+        periods_(layout.periods),
+        has_bars_(layout.has_bars),
+        scale_(layout.periods),
+        total_(layout.total),
+        total_title_(layout.total_title + ", " +
+                     CountInWords(layout.total_count, "entry", "entries")) {}
 
+  [[nodiscard]] std::vector<PrintColumn> Columns(const std::vector<std::string>& titles) const;
+
+  [[nodiscard]] std::size_t Count() const override { return periods_.size() + 1; }
+  [[nodiscard]] RowShape ShapeOf(std::size_t row) const override {
+    return {.has_rule_above = row != 0 && row == periods_.size(),
+            .is_kept_with_next = row + 1 == periods_.size()};
+  }
+  [[nodiscard]] PrintRow RowAt(std::size_t row) const override {
+    if (row == periods_.size()) {
+      PrintRow printed{AmountsLine(total_title_, total_)};
+      printed.line.style = TextStyle::Strong;
+      return printed;
+    }
+    const SummaryLayout::PeriodLine& period = periods_[row];
+    PrintRow printed{AmountsLine(period.title, period.amounts)};
+    if (has_bars_ && period.bar != 0.0) printed.line.bars = {scale_.BarOf(period.bar)};
+    return printed;
+  }
+
+ private:
+  [[nodiscard]] PrintLine AmountsLine(const std::string& title,
+                                      const SummaryLayout::Amounts& amounts) const {
+    return {.cells = {{kPeriod, title},
+                      {kDebits, figures_.Amount(amounts.debits)},
+                      {kDeposits, figures_.Amount(amounts.deposits)},
+                      {kTransfers, figures_.Amount(amounts.transfers)},
+                      {kTotal, figures_.Amount(amounts.total)}}};
+  }
+
+  PrintedFigures figures_;
+  std::vector<SummaryLayout::PeriodLine> periods_;
+  bool has_bars_;
+  BarScale scale_;
+  SummaryLayout::Amounts total_;
+  std::string total_title_;
+};
+
+std::vector<PrintColumn> PeriodRows::Columns(const std::vector<std::string>& titles) const {
+  // The days of a period are as little cut as other days.
+  TextShapes periods;
+  periods.Add(total_title_);
+  for (const auto& period : periods_) periods.Add(period.title);
+  std::vector<PrintColumn> columns = {{.samples = periods.Samples()}};
   using Amounts = SummaryLayout::Amounts;
   for (const auto member :
        {&Amounts::debits, &Amounts::deposits, &Amounts::transfers, &Amounts::total}) {
     AmountShapes shapes;
-    shapes.Add(layout.total.*member);
-    for (const auto& line : layout.periods) shapes.Add(line.amounts.*member);
-    table.columns.push_back(
-        {.alignment = PrintAlignment::Right, .samples = shapes.Samples(figures)});
+    shapes.Add(total_.*member);
+    for (const auto& period : periods_) shapes.Add(period.amounts.*member);
+    columns.push_back({.alignment = PrintAlignment::Right, .samples = shapes.Samples(figures_)});
   }
-  for (std::size_t i = 0; i < table.columns.size() && i < layout.period_columns.size(); ++i) {
-    table.columns[i].title = layout.period_columns[i];
+  for (std::size_t i = 0; i < columns.size() && i < titles.size(); ++i) {
+    columns[i].title = titles[i];
   }
-  if (layout.has_bars) table.columns.push_back({.is_elastic = true, .wanted = 16, .least = 6});
-  table.rows = std::make_shared<ReadyRows>(std::move(rows));
-  return table;
+  if (has_bars_) columns.push_back({.is_elastic = true, .wanted = 16, .least = 6});
+  return columns;
+}
+
+PrintTable PeriodTable(const SummaryLayout& layout, const LDGRPreferences& preferences) {
+  const auto rows = std::make_shared<PeriodRows>(layout, preferences);
+  return {"", rows->Columns(layout.period_columns), rows};
 }
 
 // --- Subtotals ----------------------------------------------------------------------------------
@@ -157,7 +188,7 @@ PrintDocument SummaryDocument(const LDGRAccount& account, const SummaryLayout& l
   balances.AddResult(LocalizedText("End balance"), figures.Amount(head.end_balance));
   document.tables.push_back(balances.Table(""));
 
-  document.tables.push_back(PeriodTable(layout, figures));
+  document.tables.push_back(PeriodTable(layout, preferences));
 
   Facts totals;
   for (const auto& total : layout.totals) totals.Add(total.title, figures.Amount(total.amount));

@@ -16,6 +16,9 @@ constexpr char32_t kParagraphSeparator = 0x2029;
 // Sums of widths miss the width of the whole by rounding errors.
 constexpr double kTolerance = 1e-6;
 
+// Texts of so many bytes are measured whole first; of longer ones only the beginning is looked at.
+constexpr std::size_t kShortText = 1000;
+
 bool EndsLine(char32_t c) {
   return c == kLineSeparator || c == kParagraphSeparator;
 }
@@ -31,6 +34,9 @@ bool IsPlainAscii(std::string_view text) {
 // How many bytes of `text`, all whole characters, fit into `width`.
 std::size_t FittingPrefix(std::string_view text, double width, TextStyle style,
                           const TextMetric& metric) {
+  if (text.size() <= kShortText && metric.Width(text, style) <= width + kTolerance) {
+    return text.size();
+  }
   std::vector<std::size_t> ends = {0};
   double sum = 0.0;
   for (std::string_view rest = text; !rest.empty();) {
@@ -104,7 +110,6 @@ std::string OnOneLine(std::string_view text) {
 
 std::string Shortened(std::string_view text, double width, TextStyle style,
                       const TextMetric& metric) {
-  // Of a text that is far too long only the beginning is looked at.
   const std::size_t fitting = FittingPrefix(text, width, style, metric);
   if (fitting == text.size()) return std::string(text);
   const double left = width - metric.Width(kEllipsis, style);

@@ -40,6 +40,13 @@ TEST(TextsOnPaper, AreShortenedBetweenCharactersAndNeverWiderThanTheirPlace) {
   }
 }
 
+TEST(TextsOnPaper, AreWholeWhereTheyFitWhateverTheirLettersAloneTake) {
+  const DrawnMetric metric;
+  const double width = metric.Width("five fifths", kBody);
+  EXPECT_EQ(Shortened("five fifths", width, kBody, metric), "five fifths");
+  EXPECT_EQ(Shortened("five fifths", width - 1, kBody, metric), "five fift…");
+}
+
 TEST(TextsOnPaper, AreWrappedBetweenWordsWithNothingLost) {
   struct Case {
     std::string_view text;
