@@ -256,6 +256,7 @@ struct LDGRController::Hosts final : AccountsStore::Host,
   void PreferencesChanged() override {
     app.window_->updateTableFonts();
     app.window_->UpdateTableRowHeights();
+    app.AccountBalance_PopUp_Populate(app.preferences().GetBalanceMode());
     app.amount_fields_.SetSpeak(app.preferences().GetSpeakEntryAmounts());
     app.registers_.UpdateDateFormat();
     app.schedules_.UpdateDateFormat();

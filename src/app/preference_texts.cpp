@@ -37,7 +37,7 @@ constexpr std::array kRanges = {
     Range{"speakEntriesStyle", 0, 1},
     Range{"pauseBetweenSpokenEntries", 0, 3600},
     Range{"accountsDrawerWidth", -1, 10000},
-    Range{"scheduleLookAhead", 0, 3650},
+    Range{"scheduleLookAhead", 0, 9999},
 };
 // Of a number without an entry above: a part of a colour.
 constexpr Range kColorPart = {"", 0, 1};

@@ -12,6 +12,7 @@ bool PreferencesSheet::Open() {
   if (!host_.IsUnlocked() || !sheets_.Open(Sheet::Preferences)) return false;
   state_ = PreferencesSheetState();
   state_.settings = std::make_shared<LDGRPreferences>(host_.Preferences().asDictionary());
+  state_.settings->SetBalanceMode(host_.BalanceMode());
   state_.password = host_.Password();
   state_.password_again = host_.Password();
   state_.is_open = true;

