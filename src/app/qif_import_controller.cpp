@@ -172,17 +172,21 @@ bool LDGRQIFImportController::Import_OK() {
     front_end_.Changed(Area::ImportReview);
     return false;
   }
+  CloseReview();
   review_.Commit(*account_, account_->GetQIFImportAllTypes());
   StageEnded(kConfirmed);
   return true;
 }
 
 void LDGRQIFImportController::import_Cancel_Button() {
-  if (IsReviewing() && sheets_.IsFree()) StageEnded(kCancelled);
+  if (!IsReviewing() || !sheets_.IsFree()) return;
+  CloseReview();
+  StageEnded(kCancelled);
 }
 
 bool LDGRQIFImportController::import_GoBack_Button() {
   if (!IsReviewing() || !sheets_.IsFree()) return false;
+  CloseReview();
   StageEnded(kGoBack);
   return true;
 }

@@ -115,9 +115,8 @@ void LDGRQIFImportController::StageEnded(std::int32_t result) {
     options_.is_open = false;
     sheets_.Close(Sheet::ImportOptions);
     if (result == kConfirmed) return Import_Run();
-  } else {
-    CloseReview();
-    if (result == kGoBack && ImportOptions_Run()) return;
+  } else if (result == kGoBack && ImportOptions_Run()) {
+    return;
   }
   account_ = nullptr;
   import_ = {};

@@ -3,15 +3,20 @@
 #include <fstream>
 #include <iterator>
 #include <memory>
+#include <random>
 #include <string>
+#include <vector>
 
 #include "exchange/export_options.h"
+#include "exchange/exported_entries.h"
 #include "exchange/qif_date_formats.h"
 #include "exchange/qif_import.h"
 #include "exchange/qif_review.h"
 #include "fakes/fake_ambient.h"
+#include "fakes/fake_file_system.h"
 #include "filters/filter.h"
 #include "model/account.h"
+#include "system/iconv_encodings.h"
 
 namespace tallyfold {
 namespace {
@@ -182,6 +187,38 @@ TEST_F(AccountExport, IsReadBackWithinWhatTheFormatCarries) {
          e.SetCheckNumber(0);
        },
        false},
+      {"number of what is no check", [](LDGRAccountEntry& e) { e.SetCheckNumber(5); }, false},
+      {"type of another account", [](LDGRAccountEntry& e) { e.SetType(99); }, false},
+      {"debit that brings money", [](LDGRAccountEntry& e) { e.SetAmount(3); }, false},
+      {"transfer",
+       [](LDGRAccountEntry& e) {
+         e.SetIsDebit(false);
+         e.SetIsTransfer(true);
+       },
+       false},
+      {"split of ten lines",
+       [](LDGRAccountEntry& e) {
+         e.SetToFrom("Split");
+         e.SetAmount(-10);
+         auto split = std::make_shared<LDGRAccountEntrySplit>();
+         for (std::size_t line = 0; line < 10; ++line) split->SetAmount(1, line);
+         e.SetSplit(split);
+       },
+       false},
+      {"split of both signs",
+       [](LDGRAccountEntry& e) {
+         e.SetToFrom("Split");
+         e.SetAmount(-1);
+         e.SetSplit(Split({{"a", "", 2}, {"b", "", -1}}));
+       },
+       false},
+      {"split line of a negative amount alone",
+       [](LDGRAccountEntry& e) {
+         e.SetToFrom("Split");
+         e.SetAmount(-1);
+         e.SetSplit(Split({{"a", "", 2}, {"", "", -1}}));
+       },
+       false},
   };
   auto entry = AddEntry(account_, 20040229, -12.34, "Shop", "Bread", 20);
   const plist::Dictionary plain = entry->asDictionary();
@@ -207,6 +244,59 @@ TEST_F(AccountExport, IsReadBackWithinWhatTheFormatCarries) {
         carried = other.GetEntries()[0]->asDictionary() == changed->asDictionary();
       }
       EXPECT_EQ(carried, each.carried) << each.name << " in " << format.format;
+    }
+  }
+}
+
+// Generated accounts through files of every encoding, with the texts that it can hold.
+TEST_F(AccountExport, IsReadBackFromFilesInEveryEncodingAndDateFormat) {
+  const IconvEncodings encodings;
+  FakeFileSystem files;
+  const std::int32_t food = AddType(account_, 20, "Essen & Trinken")->GetNumber();
+  const std::int32_t pay = AddType(account_, 21, "Lohn", true)->GetNumber();
+  for (const TextEncoding encoding : encodings.List()) {
+    std::vector<std::string> texts;
+    for (const char* text : {"", "Bread", "Grün", "Łódź", "Ωμέγα", "Хлеб", "お茶", "İzmir", "🍞"}) {
+      if (encodings.Decode(*encodings.Encode(text, encoding), encoding) == text) {
+        texts.emplace_back(text);
+      }
+    }
+    std::minstd_rand random(static_cast<unsigned>(texts.size()));
+    const auto pick = [&](std::size_t count) { return random() % count; };
+    account_.SetEntries({});
+    for (int i = 0; i < 60; ++i) {
+      const auto day =
+          static_cast<DateNumber>((1969 + pick(100)) * 10000 + (1 + pick(12)) * 100 + 1 + pick(28));
+      const double amount = static_cast<double>(pick(10'000'000)) / 100.0 + 0.01;
+      const bool is_debit = pick(3) != 0;
+      auto entry = AddEntry(account_, day, is_debit ? -amount : amount, texts[pick(texts.size())],
+                            texts[pick(texts.size())], is_debit ? food : pay);
+      entry->SetCleared(pick(2) == 0);
+      entry->SetIsCheck(is_debit && pick(4) == 0);
+      if (entry->IsCheck()) entry->SetCheckNumber(static_cast<std::int32_t>(1 + pick(99999)));
+    }
+    account_.SetEntries(ExportedEntries(account_, {}));
+    for (const QifDateFormat& format : kQifDateFormats) {
+      ExportOptions options;
+      options.date_format = format.format;
+      options.export_filter = FilterFor("");
+      const auto bytes = encodings.Encode(account_.asQIFStringWithOptions(options), encoding);
+      files.AddFile("/a.qif", *bytes);
+      auto import = LDGRQIFImport::importWithContentsOfFile(
+          "/a.qif", static_cast<std::int32_t>(encoding), files, encodings);
+      import.SetDateFormat(format.format);
+      const QifResult result = import.Parse();
+      LDGRAccount other;
+      AddType(other, 20, "Essen & Trinken");
+      AddType(other, 21, "Lohn", true);
+      QifReview(result, result.entries, other).Commit(other, false);
+      ASSERT_EQ(other.GetEntries().size(), account_.GetEntries().size());
+      for (std::size_t i = 0; i < other.GetEntries().size(); ++i) {
+        auto& read = *other.GetEntries()[i];
+        read.SetNumber(account_.GetEntries()[i]->GetNumber());
+        EXPECT_EQ(read.asDictionary(), account_.GetEntries()[i]->asDictionary())
+            << encodings.Name(encoding) << ' ' << format.format << " row " << i;
+      }
     }
   }
 }

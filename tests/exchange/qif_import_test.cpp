@@ -7,9 +7,13 @@
 
 #include "exchange/qif_date_formats.h"
 #include "exchange/qif_fields.h"
+#include "exchange/qif_hints.h"
+#include "exchange/qif_review.h"
 #include "exchange/qif_simple_converter.h"
 #include "fakes/fake_ambient.h"
+#include "fakes/fake_file_system.h"
 #include "model/account.h"
+#include "system/iconv_encodings.h"
 
 namespace tallyfold {
 namespace {
@@ -114,8 +118,9 @@ TEST(QifAmounts, AreCleanedAndReadAsFarAsTheyGo) {
       {"-1,234.50", ".", ",", -1234.5}, {"1.234,56", ",", ".", 1234.56},
       {"$ (12.00)", ".", ",", 12.0},    {"", ".", ",", 0.0},
       {"--5", ".", ",", 0.0},           {"1.2.3", ".", ",", 1.2},
-      {"12-", ".", ",", 12.0},          {"1 234", "", "", 1234.0},
-      {"EUR 7", ".", ",", 7.0},         {digits, ".", ",", 0.0},
+      {"12-", ".", ",", 12.0},          {" +5", ".", ",", 5.0},
+      {"1 234", "", "", 1234.0},        {"EUR 7", ".", ",", 7.0},
+      {digits, ".", ",", 0.0},
   };
   for (const Case& each : cases) {
     EXPECT_EQ(LeadingAmount(TweakAmountString(each.text, each.decimal, each.thousands)),
@@ -210,6 +215,115 @@ TEST(QifFiles, WithoutTextOrWithAnUnendedListOfAccountsAreErrors) {
   import.SetDataString("T1\n^");
   EXPECT_EQ(import.GetError(), LDGRQIFImport::kNone);
   EXPECT_EQ(import.Entries().size(), 1U);
+}
+
+TEST(QifFiles, AreDecodedAsToldElseByWhatTheyLookLike) {
+  struct Case {
+    std::string_view name;
+    std::string bytes;
+    TextEncoding told;
+    std::string payee;
+  };
+  const auto file = [](std::string_view payee) {
+    return "!Type:Bank\nP" + std::string(payee) + "\n^\n";
+  };
+  const auto wide = [](std::string_view text, bool odd) {
+    std::string bytes("\xFF\xFE");
+    for (const char letter : text) bytes += std::string{letter, '\0'};
+    if (odd) bytes += 'x';
+    return bytes;
+  };
+  const Case cases[] = {
+      {"as told", file("T\xFCr"), TextEncoding::Latin1, "Tür"},
+      {"UTF-8 though told otherwise", file("Tür"), TextEncoding::Ascii, "Tür"},
+      {"no UTF-8", file("T\xFCr"), TextEncoding::Utf8, "Tür"},
+      {"bytes without a character", file("T\xFCr\x81\x9D!"), TextEncoding::Utf8,
+       "Tür\uFFFD\uFFFD!"},
+      {"the same for Windows-1252", file("\x90 T\xFCr"), TextEncoding::Windows1252, "\uFFFD Tür"},
+      {"by its mark", wide(file("Door"), false), TextEncoding::Utf8, "Door"},
+      {"of odd length", wide(file("Door"), true), TextEncoding::Utf8, "Door"},
+      {"no such encoding", file("Tür"), static_cast<TextEncoding>(99), "Tür"},
+      {"NUL and other control characters", file(std::string("D\0o\x1Ao\x01r", 7)),
+       TextEncoding::Utf8, "Door"},
+  };
+  const IconvEncodings encodings;
+  FakeFileSystem files;
+  for (const Case& each : cases) {
+    files.AddFile("/a.qif", each.bytes);
+    const auto import = LDGRQIFImport::importWithContentsOfFile(
+        "/a.qif", static_cast<std::int32_t>(each.told), files, encodings);
+    EXPECT_EQ(Told(import.Entries()), "debit P" + each.payee + "\n") << each.name;
+  }
+}
+
+// Whatever is large or broken is read in one pass.
+TEST(QifFiles, OfBadSizesAndShapesAreReadWhole) {
+  const auto repeated = [](std::string_view text, int times) {
+    std::string all;
+    for (int i = 0; i < times; ++i) all += text;
+    return all;
+  };
+  std::string noise;
+  for (std::uint32_t state = 1; noise.size() < 4'000'000; state = state * 1664525 + 1013904223) {
+    noise += static_cast<char>(state >> 24U);
+  }
+  struct Case {
+    std::string_view name;
+    std::string text;
+    std::size_t entries;
+    std::size_t accounts;
+  };
+  const Case cases[] = {
+      {"50,000 accounts of one name", repeated("!Account\nNa\n^\n!Type:Bank\nT1\n^\n", 50'000),
+       50'000, 50'000},
+      {"50,000 accounts of shares", repeated("!Account\nNa\n^\n!Type:Invst\nT1\n^\n", 50'000), 0,
+       0},
+      {"a million split lines", "!Type:Bank\nT1\n" + repeated("Sa\n", 1'000'000) + "^\n", 1, 0},
+      {"a million split amounts", "!Type:Bank\nT1\n" + repeated("Sa\n$1\n", 500'000) + "^\n", 1, 0},
+      {"only ends", repeated("^", 1'000'000), 0, 0},
+      {"only headers", repeated("!Type:Bank\n", 300'000), 0, 0},
+      {"a long amount", "T" + std::string(400, '9') + "." + std::string(400, '9') + "\n^", 1, 0},
+      {"noise", noise, LDGRQIFImport(noise).Entries().size(), 0},
+  };
+  for (const Case& each : cases) {
+    LDGRQIFImport import(each.text);
+    const QifResult result = import.Parse();
+    EXPECT_EQ(result.entries.size(), each.entries) << each.name;
+    EXPECT_EQ(result.accounts.size(), each.accounts) << each.name;
+    LDGRAccount account;
+    EXPECT_EQ(QifReview(result, result.entries, account).entries().size(), each.entries);
+    static_cast<void>(HintsFor(import, result.entries, 20040307));
+  }
+}
+
+TEST(QifHints, TellWhatTheRulesWillDo) {
+  QifOptions options;
+  options.date_format = "%m/%d/%Y";
+  std::string ten_lines;
+  for (int i = 0; i < 10; ++i) ten_lines += "Sa\n$1\n";
+  LDGRQIFImport import(
+      "!Account\nNBroker\n^\n!Type:Invst\nT9\n^\n!Account\nNBank\n^\n!Type:Bank\n"
+      "D2/3/2004\nNATM\n^\nD31/3/2004\n^\nD4/3/2004\nSa\n$1\nSb\n$-1\n^\nN0\nSa\n^\n" +
+      ten_lines + "^\n!Type:Memorized\nT1\n^\n!Type:Memorized\nT1\n^\n!Type:Cash\nT5\n");
+  import.SetOptions(options);
+  const QifHints hints = HintsFor(import, import.Entries(), 20040307);
+  EXPECT_EQ(hints.first_date, 20040203);
+  EXPECT_EQ(hints.last_date, 20040403);
+  EXPECT_EQ(hints.after_today, 1U);
+  EXPECT_EQ(hints.missing_dates, 2U);
+  EXPECT_EQ(hints.unreadable_dates, 1U);
+  EXPECT_EQ(hints.text_numbers, 1U);
+  EXPECT_EQ(hints.long_splits, 1U);
+  EXPECT_EQ(hints.mixed_splits, 1U);
+  EXPECT_EQ(hints.uneven_splits, 1U);
+  EXPECT_EQ(hints.left_out_accounts, 1U);
+  EXPECT_EQ(hints.left_out_lists, std::vector<std::string>{"Memorized"});
+  EXPECT_EQ(hints.unended_lists, 1U);
+  std::string formats;
+  for (const QifDateFormat& each : hints.fitting_formats)
+    formats += QifDateFormatTitle(each.format) + ' ';
+  EXPECT_EQ(formats, "DD/MM/YY DD/MM/YYYY ");
+  EXPECT_TRUE(HintsFor(LDGRQIFImport(), {}, 20040307).is_unreadable);
 }
 
 TEST(QifAccounts, KeepTheirOwnEntriesAndAreFoundByTheBeginningOfTheirNames) {

@@ -20,6 +20,7 @@ std::size_t FakeAlerts::Run(const AlertRequest& request) {
 
 std::optional<std::string> FakeFilePanels::Save(const FilePanelRequest& request) {
   saves_.push_back(request);
+  if (while_up) while_up();
   while (auto path = NextAnswer()) {
     if (request.check == nullptr) return path;
     const std::size_t slash = path->rfind('/');
@@ -32,6 +33,7 @@ std::optional<std::string> FakeFilePanels::Save(const FilePanelRequest& request)
 
 std::optional<std::string> FakeFilePanels::Open(const FilePanelRequest& request) {
   opens_.push_back(request);
+  if (while_up) while_up();
   return NextAnswer();
 }
 

@@ -2,6 +2,7 @@
 
 #include <cstddef>
 #include <deque>
+#include <functional>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -39,6 +40,8 @@ class FakeFilePanels final : public FilePanels {
   [[nodiscard]] std::optional<std::string> Open(const FilePanelRequest& request) override;
 
   void Answer(std::optional<std::string> path) { answers_.push_back(std::move(path)); }
+  // Called while a panel is up, before it is answered.
+  std::function<void()> while_up;
   [[nodiscard]] const std::vector<FilePanelRequest>& SaveRequests() const { return saves_; }
   [[nodiscard]] const std::vector<FilePanelRequest>& OpenRequests() const { return opens_; }
 

@@ -1,0 +1,206 @@
+#include <gtest/gtest.h>
+
+#include <chrono>
+#include <string>
+#include <vector>
+
+#include "app/qif_import_command.h"
+#include "app/test_application.h"
+
+namespace tallyfold {
+namespace {
+
+using std::chrono::seconds;
+using SwapPopUp = LDGRQIFImportController::SwapPopUp;
+
+struct ImportTest : testing::Test, TestApplication {
+  ImportTest() {
+    account = AddAccount("Cash");
+    // A month before, so that nothing is near.
+    AddDebit(5, "Tea")->SetDate(20040107);
+    before = Lines(*account);
+    files.AddFile("/home/user/bank.qif",
+                  "!Type:Bank\nD1/7/04\nT-5\nMTea\nLFood\n^\nD1/8/04\nT-6\nMBread\nLFood\n^\n"
+                  "D1/9/04\nT7\nMGift\nLPresent\n^\n");
+  }
+  void Begin() {
+    panels.Answer("/home/user/bank.qif");
+    ASSERT_TRUE(app.QIFImport());
+  }
+  void BeginReview() {
+    Begin();
+    ASSERT_TRUE(import.ImportOptions_OK());
+  }
+  std::string Marks() const {
+    std::string marks;
+    for (const auto& entry : import.entries()) marks += entry->GetImport() ? 'x' : '.';
+    return marks;
+  }
+
+  std::shared_ptr<LDGRAccount> account;
+  std::vector<std::string> before;
+  LDGRQIFImportController& import = app.sharedQIFImportController();
+};
+
+TEST_F(ImportTest, AsksForTheFileAndStopsTheTimerMeanwhile) {
+  app.awakeFromNib();
+  ASSERT_TRUE(app.applicationDidFinishLaunching());
+  app.Account_Select(app.accounts().empty() ? AddAccount("Other") : app.accounts()[0]);
+  loop.AdvanceBy(seconds(4));
+  panels.while_up = [&] {
+    EXPECT_FALSE(app.scheduleReminderTimer().IsValid());
+    app.ImportEncodings().setEncoding(5);
+  };
+  EXPECT_FALSE(app.QIFImport());  // given up
+  EXPECT_EQ(app.SelectedAccount()->GetQIFImportEncoding(), 4);
+  EXPECT_EQ(*app.scheduleReminderTimer().NextFiring() - loop.Now(), seconds(15));
+
+  Begin();
+  EXPECT_EQ(app.SelectedAccount()->GetQIFImportEncoding(), 5);
+  EXPECT_EQ(panels.OpenRequests().back().title + panels.OpenRequests().back().button,
+            "ImportImport");
+  EXPECT_EQ(import.Options().title, "Importing From:  bank.qif");
+  EXPECT_EQ(app.OpenSheet(), Sheet::ImportOptions);
+  EXPECT_FALSE(app.QIFImport());
+  EXPECT_EQ(app.Commands(), CommandsState());
+  EXPECT_TRUE(import.ImportOptions_OK());
+  EXPECT_EQ(app.Commands(), CommandsState());
+  loop.AdvanceBy(seconds(100));
+  EXPECT_FALSE(app.scheduleReminderTimer().IsValid());
+  import.import_Cancel_Button();
+  EXPECT_EQ(*app.scheduleReminderTimer().NextFiring() - loop.Now(), seconds(15));
+  EXPECT_TRUE(app.Commands().import_file);
+}
+
+TEST_F(ImportTest, KeepsTheSwapPopUpsAPermutation) {
+  struct Case {
+    SwapPopUp pop_up;
+    std::int32_t picked;
+    std::string destinations;  // of categories, payees, memos
+  };
+  Begin();
+  for (const Case& each : {Case{SwapPopUp::Payees, 2, "021"}, Case{SwapPopUp::Categories, 1, "120"},
+                           Case{SwapPopUp::Memos, 0, "120"}, Case{SwapPopUp::Memos, 1, "021"},
+                           Case{SwapPopUp::Memos, 3, "021"}, Case{SwapPopUp::Memos, -1, "021"}}) {
+    import.ImportOptions_SwapOptions(each.pop_up, each.picked);
+    const auto& state = import.Options();
+    EXPECT_EQ(std::to_string(state.swap_type) + std::to_string(state.swap_to_from) +
+                  std::to_string(state.swap_description),
+              each.destinations);
+  }
+  // What a file holds may be no permutation; the pop-ups then show the usual one.
+  import.ImportOptions_Cancel();
+  account->SetQIFImport_SwapOptions_Type(1);
+  account->SetQIFImportDateFormat(7);
+  Begin();
+  EXPECT_EQ(import.Options().swap_type, 0);
+  EXPECT_EQ(import.Options().typed.date_format, 0);
+}
+
+TEST_F(ImportTest, StoresTheOptionsAtOnceAndReadsAnewWhenItGoesBack) {
+  Begin();
+  auto typed = import.Options().typed;
+  typed.decimal_separator = ",";
+  typed.thousands_separator = "";
+  typed.zero_amounts_as_deposits = typed.split_line_items = false;
+  typed.all_types = true;
+  typed.date_format = 11;
+  import.ImportOptions_Read(typed);
+  front_end.refuses = true;
+  EXPECT_FALSE(import.ImportOptions_OK());
+  front_end.refuses = false;
+  EXPECT_EQ(account->GetQIFImportDecimalSeparator(), ".");
+  EXPECT_TRUE(import.ImportOptions_OK());
+  EXPECT_EQ(account->GetQIFImportDecimalSeparator(), ",");
+  EXPECT_EQ(account->GetQIFImportDateFormat(), 15);
+  EXPECT_TRUE(account->GetQIFImportAllTypes() && !account->GetQIFImportSplitLineItems());
+  EXPECT_EQ(import.Review().hints.unreadable_dates, 3U);
+  EXPECT_EQ(Marks(), "xxx");
+
+  import.ImportEntry_Remove();
+  EXPECT_TRUE(import.import_GoBack_Button());
+  EXPECT_EQ(app.OpenSheet(), Sheet::ImportOptions);
+  typed.date_format = 0;
+  import.ImportOptions_Read(typed);
+  EXPECT_TRUE(import.ImportOptions_OK());
+  EXPECT_EQ(Marks(), ".xx");
+  EXPECT_EQ(import.Review().total_text, "$1.00");
+  import.import_Cancel_Button();
+  EXPECT_EQ(Lines(*account), before);
+  EXPECT_EQ(account->GetTypes().size(), LDGRAccount::DefaultTypes().size());
+}
+
+TEST_F(ImportTest, EditsAnEntryThroughTheSheetsWithoutTouchingTheAccount) {
+  BeginReview();
+  import.SelectEntry(import.entries()[1]);
+  ASSERT_TRUE(import.ImportEntry_Change());
+  ASSERT_EQ(app.OpenSheet(), Sheet::Debit);
+  // The new type of the file is offered before "None".
+  const auto& items = app.DebitSheet().type_items;
+  ASSERT_NE(IndexOf(items, "Food"), kNoItem);
+  EXPECT_EQ(IndexOf(items, "Present"), kNoItem);
+  EXPECT_FALSE(import.import_GoBack_Button());
+  EXPECT_FALSE(import.Import_OK());
+  auto typed = app.DebitSheet().typed;
+  typed.date = 20040107;
+  typed.amount = 5;
+  typed.description = "Tea";
+  typed.type = IndexOf(items, "Debit Card");
+  app.DebitSheet_Read(typed);
+  EXPECT_FALSE(app.DebitSheet_Deposit());  // nothing new is begun in the account
+  EXPECT_EQ(app.OpenSheet(), Sheet::None);
+  EXPECT_EQ(Lines(*account), before);
+  EXPECT_EQ(import.entries()[1]->GetActualType()->GetName(), "Debit Card");
+  // It repeats an entry now. Nothing but the user marks it, though.
+  EXPECT_EQ(Marks(), ".xx");
+  const auto match = import.MatchOf(*import.entries()[1]);
+  ASSERT_TRUE(match);
+  EXPECT_EQ(match->in_file, 2U);
+  EXPECT_EQ(match->in_account, 1U);
+
+  ASSERT_TRUE(import.ImportEntry_Change());
+  app.DebitSheet_Cancel();
+  EXPECT_EQ(import.Review().total, 2.0);
+}
+
+TEST_F(ImportTest, CommitsAfterAQuestionAndShowsWhatCame) {
+  BeginReview();
+  import.tableDataSource().ClickedTableColumn("amount");
+  import.tableDataSource().ClickedTableColumn("amount");
+  EXPECT_EQ(import.tableDataSource().tableView("description", 0).value,
+            (std::variant<std::string, double>("Gift")));
+  alerts.Answer("Cancel");
+  EXPECT_FALSE(import.import_OK_Button());
+  app.Account_Deselect();
+  EXPECT_FALSE(import.Import_OK());
+  EXPECT_TRUE(import.Review().account_is_gone);
+  app.Account_Select(account);
+  EXPECT_TRUE(import.import_OK_Button());
+  EXPECT_FALSE(import.IsRunning());
+  EXPECT_EQ(account->GetEntries().size(), 3U);
+  EXPECT_EQ(app.entryDataSource().GetEntries().size(), 3U);
+  EXPECT_NE(account->DepositEntryTypeForName("Present"), nullptr);
+  EXPECT_TRUE(import.entries().empty());
+}
+
+TEST_F(ImportTest, IgnoresItsCommandsWhereThereIsNothingToDo) {
+  import.ImportEntry_Import();
+  import.ImportEntry_ImportAll();
+  import.ImportEntry_Resolve();
+  import.ImportOptions_Cancel();
+  EXPECT_FALSE(import.ImportOptions_OK() || import.Import_OK() || import.ImportEntry_Change());
+  app.Account_Deselect();
+  EXPECT_FALSE(app.QIFImport());
+  app.Account_Select(account);
+  panels.Answer("/home/user/none.qif");
+  ASSERT_TRUE(app.QIFImport());
+  ASSERT_TRUE(import.ImportOptions_OK());
+  EXPECT_TRUE(import.Review().hints.is_unreadable);
+  import.ImportEntry_ImportAll();
+  import.ImportEntry_Remove();
+  EXPECT_TRUE(import.Import_OK());
+  EXPECT_EQ(Lines(*account), before);
+}
+
+}  // namespace
+}  // namespace tallyfold
