@@ -1,10 +1,11 @@
 #include "exchange/qif_duplicates.h"
 
 #include <algorithm>
+#include <array>
+#include <bit>
 #include <cstdlib>
 #include <functional>
 #include <tuple>
-#include <unordered_set>
 #include <utility>
 
 #include "model/calendar.h"
@@ -16,19 +17,15 @@ using Reason = QifMatch::Reason;
 
 constexpr std::int64_t kNearDays = 4;
 
-std::size_t Combined(std::size_t hash, std::size_t value) noexcept {
-  return hash ^ (value + 0x9e3779b97f4a7c15U + (hash << 6U) + (hash >> 2U));
-}
+// A larger group is looked up by keys.
+constexpr std::uint32_t kSmallGroup = 16;
+constexpr std::array kReasons = {Reason::CheckNumber, Reason::ToFrom, Reason::Description};
 
-std::size_t HashOf(double amount, DateNumber date) noexcept {
-  return Combined(std::hash<double>()(amount), std::hash<DateNumber>()(date));
+std::size_t Mixed(std::uint64_t value) noexcept {
+  value ^= value >> 32U;
+  value *= 0x9e3779b97f4a7c15U;
+  return static_cast<std::size_t>(value ^ (value >> 29U));
 }
-
-struct PairHash {
-  std::size_t operator()(const std::pair<double, DateNumber>& pair) const noexcept {
-    return HashOf(pair.first, pair.second);
-  }
-};
 
 std::uint8_t KindOf(const LDGRAccountEntry& entry) noexcept {
   return static_cast<std::uint8_t>((entry.IsDebit() ? 1 : 0) | (entry.IsDeposit() ? 2 : 0));
@@ -38,6 +35,17 @@ bool KindsAgree(std::uint8_t a, std::uint8_t b) noexcept {
   return (a & 1) == (b & 1) || (a & 2) == (b & 2);
 }
 
+bool AreAlike(const LDGRAccountEntry& a, const LDGRAccountEntry& b, Reason reason) {
+  switch (reason) {
+    case Reason::CheckNumber:
+      return a.IsCheck() && b.IsCheck() && a.GetCheckNumber() == b.GetCheckNumber();
+    case Reason::ToFrom:
+      return a.GetToFrom() == b.GetToFrom();
+    default:
+      return a.GetDescription() == b.GetDescription();
+  }
+}
+
 std::int64_t DayOf(const LDGRAccountEntry& entry) {
   const CivilTime day = DateNumberToNSCalendarDate(entry.GetDate());
   return DayCount(day.year, day.month, day.day);
@@ -45,16 +53,79 @@ std::int64_t DayOf(const LDGRAccountEntry& entry) {
 
 }  // namespace
 
-std::size_t QifDuplicates::Hash::operator()(const Key& key) const noexcept {
-  std::size_t hash = HashOf(key.amount, key.date);
-  hash =
-      Combined(hash, static_cast<std::size_t>(key.kind) * 4 + static_cast<std::size_t>(key.reason));
-  hash = Combined(hash, std::hash<std::int32_t>()(key.check_number));
-  return Combined(hash, std::hash<std::string_view>()(key.text));
+QifDuplicates::QifDuplicates(const EntryList& existing, const QifImportEntryList& imported) {
+  // Most entries of the account share amount and day with none of those to be imported.
+  MakeGroups(imported);
+  FillGroups(existing);
 }
 
-QifDuplicates::Key QifDuplicates::KeyOf(const LDGRAccountEntry& entry, Reason reason) {
-  Key key{entry.GetAmount(), entry.GetDate(), KindOf(entry), reason, 0, {}};
+std::size_t QifDuplicates::SlotOf(double amount, DateNumber date) const noexcept {
+  const std::size_t mask = slots_.size() - 1;
+  // Adding zero makes the negative zero a positive one, which it equals.
+  std::size_t slot = Mixed(std::bit_cast<std::uint64_t>(amount + 0.0) ^
+                           (static_cast<std::uint64_t>(static_cast<std::uint32_t>(date)) << 20U)) &
+                     mask;
+  while (slots_[slot] != kNone) {
+    const Group& group = groups_[slots_[slot]];
+    if (group.date == date && group.amount == amount) break;
+    slot = (slot + 1) & mask;
+  }
+  return slot;
+}
+
+void QifDuplicates::MakeGroups(const QifImportEntryList& imported) {
+  slots_.assign(std::bit_ceil(imported.size() * 2 + 2), kNone);
+  for (const auto& entry : imported) {
+    const double amount = entry->GetAmount();
+    // Not-a-number equals nothing.
+    if (amount != amount) continue;
+    const std::size_t slot = SlotOf(amount, entry->GetDate());
+    if (slots_[slot] != kNone) continue;
+    slots_[slot] = static_cast<std::uint32_t>(groups_.size());
+    groups_.push_back({amount, entry->GetDate()});
+  }
+}
+
+std::uint32_t QifDuplicates::GroupOf(const LDGRAccountEntry& entry) const noexcept {
+  const double amount = entry.GetAmount();
+  return amount == amount ? slots_[SlotOf(amount, entry.GetDate())] : kNone;
+}
+
+void QifDuplicates::FillGroups(const EntryList& existing) {
+  std::vector<std::uint32_t> group_of;
+  group_of.reserve(existing.size());
+  for (const auto& entry : existing) {
+    group_of.push_back(GroupOf(*entry));
+    if (group_of.back() != kNone) ++groups_[group_of.back()].count;
+  }
+  std::uint32_t next = 0;
+  for (Group& group : groups_) {
+    group.first = next;
+    next += std::exchange(group.count, 0);
+  }
+  members_.resize(next);
+  for (std::size_t i = 0; i < existing.size(); ++i) {
+    if (group_of[i] == kNone) continue;
+    Group& group = groups_[group_of[i]];
+    members_[group.first + group.count++] = existing[i];
+  }
+  for (const Group& group : groups_) {
+    if (group.count > kSmallGroup) AddToKeys(group);
+  }
+}
+
+// --- Large groups -------------------------------------------------------------------------------
+
+std::size_t QifDuplicates::Hash::operator()(const Key& key) const noexcept {
+  const std::size_t place = Mixed(std::uint64_t{key.group} << 8U | std::uint64_t{key.kind} << 4U |
+                                  static_cast<std::uint64_t>(key.reason));
+  return Mixed(place ^ static_cast<std::uint32_t>(key.check_number)) ^
+         std::hash<std::string_view>()(key.text);
+}
+
+QifDuplicates::Key QifDuplicates::KeyOf(std::uint32_t group, const LDGRAccountEntry& entry,
+                                        Reason reason) {
+  Key key{group, KindOf(entry), reason, 0, {}};
   switch (reason) {
     case Reason::CheckNumber:
       key.check_number = entry.GetCheckNumber();
@@ -69,56 +140,75 @@ QifDuplicates::Key QifDuplicates::KeyOf(const LDGRAccountEntry& entry, Reason re
   return key;
 }
 
-QifDuplicates::QifDuplicates(const EntryList& existing, const QifImportEntryList& imported) {
-  // Most entries of the account share amount and day with none of those to be imported.
-  std::unordered_set<std::pair<double, DateNumber>, PairHash> wanted;
-  wanted.reserve(imported.size());
-  for (const auto& entry : imported) wanted.emplace(entry->GetAmount(), entry->GetDate());
-  for (const auto& entry : existing) {
-    if (!wanted.contains({entry->GetAmount(), entry->GetDate()})) continue;
-    if (entry->IsCheck()) AddExisting(entry, Reason::CheckNumber);
-    AddExisting(entry, Reason::ToFrom);
-    AddExisting(entry, Reason::Description);
-  }
-  if (alike_.empty()) return;
-  for (const auto& entry : imported) {
-    VisitMatches(alike_, *entry, [](Reason, Alike& alike) { ++alike.in_file; });
-  }
-}
-
-void QifDuplicates::AddExisting(const std::shared_ptr<LDGRAccountEntry>& entry, Reason reason) {
-  Alike& alike = alike_[KeyOf(*entry, reason)];
-  if (alike.in_account++ == 0) alike.first = entry;
-}
-
-template <typename Map, typename Visit>
-void QifDuplicates::VisitMatches(Map& alike, const LDGRAccountEntry& imported, Visit visit) {
-  const std::uint8_t kind = KindOf(imported);
-  for (const Reason reason : {Reason::CheckNumber, Reason::ToFrom, Reason::Description}) {
-    if (reason == Reason::CheckNumber && !imported.IsCheck()) continue;
-    bool is_found = false;
-    Key key = KeyOf(imported, reason);
-    for (key.kind = 0; key.kind < 4; ++key.kind) {
-      if (!KindsAgree(kind, key.kind)) continue;
-      if (const auto found = alike.find(key); found != alike.end()) {
-        visit(reason, found->second);
-        is_found = true;
-      }
+void QifDuplicates::AddToKeys(const Group& group) {
+  const auto number = static_cast<std::uint32_t>(&group - groups_.data());
+  for (std::uint32_t i = group.first; i < group.first + group.count; ++i) {
+    for (const Reason reason : kReasons) {
+      if (reason == Reason::CheckNumber && !members_[i]->IsCheck()) continue;
+      Alike& alike = keys_[KeyOf(number, *members_[i], reason)];
+      if (alike.count++ == 0) alike.first = i;
     }
-    if (is_found) return;
   }
+}
+
+QifDuplicates::Alike QifDuplicates::FindByKey(std::uint32_t group, const LDGRAccountEntry& imported,
+                                              Reason reason) const {
+  Alike alike;
+  if (reason == Reason::CheckNumber && !imported.IsCheck()) return alike;
+  Key key = KeyOf(group, imported, reason);
+  const std::uint8_t kind = key.kind;
+  for (key.kind = 0; key.kind < 4; ++key.kind) {
+    if (!KindsAgree(kind, key.kind)) continue;
+    const auto found = keys_.find(key);
+    if (found == keys_.end()) continue;
+    alike.first =
+        alike.count == 0 ? found->second.first : std::min(alike.first, found->second.first);
+    alike.count += found->second.count;
+  }
+  return alike;
+}
+
+// --- Look-up ------------------------------------------------------------------------------------
+
+QifDuplicates::Alike QifDuplicates::FindInGroup(const Group& group,
+                                                const LDGRAccountEntry& imported,
+                                                Reason reason) const {
+  Alike alike;
+  const std::uint8_t kind = KindOf(imported);
+  for (std::uint32_t i = group.first; i < group.first + group.count; ++i) {
+    const LDGRAccountEntry& entry = *members_[i];
+    if (!KindsAgree(kind, KindOf(entry)) || !AreAlike(imported, entry, reason)) continue;
+    if (alike.count++ == 0) alike.first = i;
+  }
+  return alike;
+}
+
+std::optional<QifDuplicates::Found> QifDuplicates::FindAlike(
+    const LDGRAccountEntry& imported) const {
+  const std::uint32_t number = GroupOf(imported);
+  if (number == kNone || groups_[number].count == 0) return std::nullopt;
+  const Group& group = groups_[number];
+  for (const Reason reason : kReasons) {
+    const Alike alike = group.count > kSmallGroup ? FindByKey(number, imported, reason)
+                                                  : FindInGroup(group, imported, reason);
+    if (alike.count > 0) return Found{alike, reason};
+  }
+  return std::nullopt;
 }
 
 std::optional<QifMatch> QifDuplicates::Find(const LDGRAccountEntry& imported) const {
-  if (alike_.empty()) return std::nullopt;
-  std::optional<QifMatch> match;
-  VisitMatches(alike_, imported, [&match](Reason reason, const Alike& alike) {
-    if (!match) match = QifMatch{alike.first, reason};
-    match->in_account += alike.in_account;
-    // The same entries of the file match each of the kinds that agree.
-    match->in_file = std::max(match->in_file, alike.in_file);
-  });
-  return match;
+  const auto found = FindAlike(imported);
+  if (!found) return std::nullopt;
+  const auto counted = in_file_.find(found->Number());
+  return QifMatch{members_[found->alike.first], found->reason, found->alike.count,
+                  counted != in_file_.end() ? counted->second : 0};
+}
+
+void QifDuplicates::CountImported(const QifImportEntryList& imported) {
+  in_file_.clear();
+  for (const auto& entry : imported) {
+    if (const auto found = FindAlike(*entry)) ++in_file_[found->Number()];
+  }
 }
 
 QifNearMatches::QifNearMatches(const EntryList& existing) {

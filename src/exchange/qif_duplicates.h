@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <memory>
 #include <optional>
@@ -20,7 +21,7 @@ struct QifMatch {
   Reason reason = Reason::NearDate;
   // How many entries of the account match for that reason, and how many of those to be imported
   // match the same ones: of three coffees in the file and two in the account, one is new. Both are
-  // 0 for NearDate.
+  // 0 for NearDate, in_file also before CountImported().
   std::uint32_t in_account = 0;
   std::uint32_t in_file = 0;
 };
@@ -35,11 +36,20 @@ class QifDuplicates {
   // Prepared for these entries to be imported alone.
   QifDuplicates(const EntryList& existing, const QifImportEntryList& imported);
   [[nodiscard]] std::optional<QifMatch> Find(const LDGRAccountEntry& imported) const;
+  // From here on matches tell how many of the file there are.
+  void CountImported(const QifImportEntryList& imported);
 
  private:
+  // The entries of the account of one amount and day.
+  struct Group {
+    double amount = 0.0;
+    DateNumber date = 0;
+    std::uint32_t first = 0;  // index of members_
+    std::uint32_t count = 0;
+  };
+  // What entries of a large group are looked up by.
   struct Key {
-    double amount;
-    DateNumber date;
+    std::uint32_t group;
     std::uint8_t kind;
     QifMatch::Reason reason;
     std::int32_t check_number;
@@ -49,20 +59,42 @@ class QifDuplicates {
   struct Hash {
     std::size_t operator()(const Key& key) const noexcept;
   };
-  [[nodiscard]] static Key KeyOf(const LDGRAccountEntry& entry, QifMatch::Reason reason);
-
   struct Alike {
-    std::shared_ptr<LDGRAccountEntry> first;
-    std::uint32_t in_account = 0;
-    std::uint32_t in_file = 0;
+    std::uint32_t first = 0;  // index of members_
+    std::uint32_t count = 0;
   };
 
-  void AddExisting(const std::shared_ptr<LDGRAccountEntry>& entry, QifMatch::Reason reason);
-  // Calls `visit` with what matches, all of one reason; not at all for none.
-  template <typename Map, typename Visit>
-  static void VisitMatches(Map& alike, const LDGRAccountEntry& imported, Visit visit);
+  static constexpr std::uint32_t kNone = 0xFFFF'FFFF;
 
-  std::unordered_map<Key, Alike, Hash> alike_;
+  void MakeGroups(const QifImportEntryList& imported);
+  void FillGroups(const EntryList& existing);
+  void AddToKeys(const Group& group);
+  // The place in slots_ where the group is, or would be.
+  [[nodiscard]] std::size_t SlotOf(double amount, DateNumber date) const noexcept;
+  [[nodiscard]] std::uint32_t GroupOf(const LDGRAccountEntry& entry) const noexcept;
+  struct Found {
+    Alike alike;
+    QifMatch::Reason reason = QifMatch::Reason::NearDate;
+    [[nodiscard]] std::uint64_t Number() const noexcept {
+      return std::uint64_t{alike.first} * 4 + static_cast<std::uint64_t>(reason);
+    }
+  };
+  [[nodiscard]] std::optional<Found> FindAlike(const LDGRAccountEntry& imported) const;
+  [[nodiscard]] Alike FindInGroup(const Group& group, const LDGRAccountEntry& imported,
+                                  QifMatch::Reason reason) const;
+  [[nodiscard]] Alike FindByKey(std::uint32_t group, const LDGRAccountEntry& imported,
+                                QifMatch::Reason reason) const;
+  [[nodiscard]] static Key KeyOf(std::uint32_t group, const LDGRAccountEntry& entry,
+                                 QifMatch::Reason reason);
+
+  // Open addressing over groups_; the size is a power of two.
+  std::vector<std::uint32_t> slots_;
+  std::vector<Group> groups_;
+  std::vector<std::shared_ptr<LDGRAccountEntry>> members_;
+  // Of the groups that are too large to be looked through for each entry.
+  std::unordered_map<Key, Alike, Hash> keys_;
+  // By the index of the matched entry in members_, and the reason.
+  std::unordered_map<std::uint64_t, std::uint32_t> in_file_;
 };
 
 // Finds entries of the same amount within four days. A hint, no more: it decides nothing.

@@ -44,7 +44,7 @@ std::size_t PlaceOfYear(std::string_view format) {
 }
 
 void ReplaceAll(std::string& text, std::string_view part, std::string_view replacement) {
-  if (part.empty()) return;
+  if (part.empty() || text.find(part) == std::string::npos) return;
   std::string result;
   result.reserve(text.size());
   std::size_t start = 0;

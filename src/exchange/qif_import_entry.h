@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <memory>
 #include <string>
 #include <utility>
@@ -22,6 +23,9 @@ class LDGRQIFImportEntry final : public LDGRAccountEntry {
   }
   void SetImport(bool import) noexcept { import_ = import; }
   [[nodiscard]] bool GetImport() const noexcept { return import_; }
+  // When it was marked for import, beside the others; kept by the review.
+  void SetImportOrder(std::size_t order) noexcept { import_order_ = order; }
+  [[nodiscard]] std::size_t GetImportOrder() const noexcept { return import_order_; }
 
   // As any entry, with the name of the actual type.
   [[nodiscard]] std::string asSpeakableString() const;
@@ -38,6 +42,7 @@ class LDGRQIFImportEntry final : public LDGRAccountEntry {
  private:
   std::shared_ptr<LDGRAccountEntryType> actual_type_;
   bool import_ = true;
+  std::size_t import_order_ = 0;
 };
 
 using QifImportEntryList = std::vector<std::shared_ptr<LDGRQIFImportEntry>>;

@@ -95,13 +95,12 @@ void QifReview::MakeEntries(const QifEntryList& read, LDGRAccount& account) {
 
 QifImportEntryList QifReview::entriesToImport() const {
   QifImportEntryList marked;
-  marked.reserve(order_.size());
+  marked.reserve(marked_count_);
   for (const auto& entry : entries_) {
     if (entry->GetImport()) marked.push_back(entry);
   }
-  std::sort(marked.begin(), marked.end(), [this](const auto& a, const auto& b) {
-    return order_.at(a.get()) < order_.at(b.get());
-  });
+  std::sort(marked.begin(), marked.end(),
+            [](const auto& a, const auto& b) { return a->GetImportOrder() < b->GetImportOrder(); });
   return marked;
 }
 
@@ -114,13 +113,14 @@ double QifReview::Total() const noexcept {
 }
 
 void QifReview::SetMarked(const std::shared_ptr<LDGRQIFImportEntry>& entry, bool marked) {
-  if (entry->GetImport() == marked && order_.contains(entry.get()) == marked) return;
+  if (entry->GetImport() == marked) return;
   entry->SetImport(marked);
-  if (marked) {
-    order_.emplace(entry.get(), next_order_++);
-  } else {
-    order_.erase(entry.get());
+  if (!marked) {
+    --marked_count_;
+    return;
   }
+  ++marked_count_;
+  entry->SetImportOrder(next_order_++);
 }
 
 void QifReview::Toggle(const std::shared_ptr<LDGRQIFImportEntry>& entry) {
@@ -128,27 +128,33 @@ void QifReview::Toggle(const std::shared_ptr<LDGRQIFImportEntry>& entry) {
 }
 
 void QifReview::MarkAll() {
-  order_.clear();
-  order_.reserve(entries_.size());
   next_order_ = 0;
-  for (const auto& entry : entries_) SetMarked(entry, true);
+  for (const auto& entry : entries_) {
+    entry->SetImport(true);
+    entry->SetImportOrder(next_order_++);
+  }
+  marked_count_ = entries_.size();
 }
 
 void QifReview::ToggleAll() {
-  if (order_.size() != entries_.size()) return MarkAll();
+  if (marked_count_ != entries_.size()) return MarkAll();
   for (const auto& entry : entries_) SetMarked(entry, false);
 }
 
 void QifReview::Remove(const LDGRQIFImportEntry* entry) {
-  duplicates_.reset();
-  order_.erase(entry);
-  std::erase_if(entries_, [entry](const auto& each) { return each.get() == entry; });
+  const auto found = std::find_if(entries_.begin(), entries_.end(),
+                                  [entry](const auto& each) { return each.get() == entry; });
+  if (found == entries_.end()) return;
+  ForgetMatches();
+  SetMarked(*found, false);
+  entries_.erase(found);
 }
 
 void QifReview::Import_DoNotImportPotentialDuplicates(const LDGRAccount& account) {
   existing_ = account.GetEntries();
   near_.reset();
   duplicates_.emplace(existing_, entries_);
+  is_counted_ = false;
   for (const auto& entry : entries_) {
     if (duplicates_->Find(*entry)) SetMarked(entry, false);
   }
@@ -156,6 +162,8 @@ void QifReview::Import_DoNotImportPotentialDuplicates(const LDGRAccount& account
 
 std::optional<QifMatch> QifReview::MatchOf(const LDGRQIFImportEntry& entry) const {
   if (!duplicates_) duplicates_.emplace(existing_, entries_);
+  if (!is_counted_) duplicates_->CountImported(entries_);
+  is_counted_ = true;
   if (auto match = duplicates_->Find(entry)) return match;
   if (!near_) near_.emplace(existing_);
   return near_->Find(entry);

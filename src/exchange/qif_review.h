@@ -3,7 +3,6 @@
 #include <cstddef>
 #include <memory>
 #include <optional>
-#include <unordered_map>
 #include <vector>
 
 #include "exchange/qif_duplicates.h"
@@ -26,7 +25,7 @@ class QifReview {
   [[nodiscard]] const QifImportEntryList& entries() const noexcept { return entries_; }
   // In the order in which they were marked.
   [[nodiscard]] QifImportEntryList entriesToImport() const;
-  [[nodiscard]] std::size_t MarkedCount() const noexcept { return order_.size(); }
+  [[nodiscard]] std::size_t MarkedCount() const noexcept { return marked_count_; }
   // Types that the account does not have yet, by name.
   [[nodiscard]] const EntryTypeList& types() const noexcept { return types_; }
   // The sum of the marked entries.
@@ -43,7 +42,10 @@ class QifReview {
   // Unmarks every entry that the account seems to hold already.
   void Import_DoNotImportPotentialDuplicates(const LDGRAccount& account);
   // An entry has been edited: matches are looked for again. No mark changes.
-  void ForgetMatches() noexcept { duplicates_.reset(); }
+  void ForgetMatches() noexcept {
+    duplicates_.reset();
+    is_counted_ = false;
+  }
 
   // The entry of the account that an entry repeats, else one that comes near it; none for none. As
   // the account was when the review was made. Of many, only the first after Remove() or
@@ -59,13 +61,13 @@ class QifReview {
   void MakeEntries(const QifEntryList& read, LDGRAccount& account);
 
   QifImportEntryList entries_;
-  // Where an entry stands in the order of marking; absent for unmarked ones.
-  std::unordered_map<const LDGRQIFImportEntry*, std::size_t> order_;
+  std::size_t marked_count_ = 0;
   std::size_t next_order_ = 0;
   EntryTypeList types_;
   // Both made when first asked for.
   mutable std::optional<QifDuplicates> duplicates_;
   mutable std::optional<QifNearMatches> near_;
+  mutable bool is_counted_ = false;
   EntryList existing_;
 };
 

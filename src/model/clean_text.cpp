@@ -1,5 +1,7 @@
 #include "model/clean_text.h"
 
+#include <algorithm>
+
 #include "model/case_folding.h"
 
 namespace tallyfold {
@@ -13,12 +15,22 @@ bool IsDropped(char32_t c) {
   return c < 0x20 || (c >= 0x7F && c < 0xA0);
 }
 
+// Kept as it is, and by far the most of any text.
+bool IsPlain(char c) {
+  return (c >= ' ' && c <= '~') || c == '\t' || c == '\n' || c == '\r';
+}
+
 }  // namespace
 
 std::string CleanText(std::string_view bytes) {
   std::string clean;
   clean.reserve(bytes.size());
-  while (!bytes.empty()) {
+  while (true) {
+    const auto plain = static_cast<std::size_t>(
+        std::find_if_not(bytes.begin(), bytes.end(), IsPlain) - bytes.begin());
+    clean += bytes.substr(0, plain);
+    bytes.remove_prefix(plain);
+    if (bytes.empty()) break;
     const std::string_view before = bytes;
     const char32_t c = TakeCodePoint(bytes);
     if (c > kLastCodePoint) {

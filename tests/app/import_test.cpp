@@ -17,11 +17,11 @@ struct ImportTest : testing::Test, TestApplication {
   ImportTest() {
     account = AddAccount("Cash");
     // A month before, so that nothing is near.
-    AddDebit(5, "Tea")->SetDate(20040107);
+    AddDebit(5, "Tea")->SetDate(20040117);
     before = Lines(*account);
     files.AddFile("/home/user/bank.qif",
-                  "!Type:Bank\nD1/7/04\nT-5\nMTea\nLFood\n^\nD1/8/04\nT-6\nMBread\nLFood\n^\n"
-                  "D1/9/04\nT7\nMGift\nLPresent\n^\n");
+                  "!Type:Bank\nD1/17/04\nT-5\nMTea\nLFood\n^\nD1/18/04\nT-6\nMBread\nLFood\n^\n"
+                  "D1/19/04\nT7\nMGift\nLPresent\n^\n");
   }
   void Begin() {
     panels.Answer("/home/user/bank.qif");
@@ -142,7 +142,7 @@ TEST_F(ImportTest, EditsAnEntryThroughTheSheetsWithoutTouchingTheAccount) {
   EXPECT_FALSE(import.import_GoBack_Button());
   EXPECT_FALSE(import.Import_OK());
   auto typed = app.DebitSheet().typed;
-  typed.date = 20040107;
+  typed.date = 20040117;
   typed.amount = 5;
   typed.description = "Tea";
   typed.type = IndexOf(items, "Debit Card");

@@ -264,7 +264,7 @@ TEST(QifFiles, OfBadSizesAndShapesAreReadWhole) {
     return all;
   };
   std::string noise;
-  for (std::uint32_t state = 1; noise.size() < 4'000'000; state = state * 1664525 + 1013904223) {
+  for (std::uint32_t state = 1; noise.size() < 1'000'000; state = state * 1664525 + 1013904223) {
     noise += static_cast<char>(state >> 24U);
   }
   struct Case {
@@ -322,7 +322,7 @@ TEST(QifHints, TellWhatTheRulesWillDo) {
   std::string formats;
   for (const QifDateFormat& each : hints.fitting_formats)
     formats += QifDateFormatTitle(each.format) + ' ';
-  EXPECT_EQ(formats, "DD/MM/YY DD/MM/YYYY ");
+  EXPECT_EQ(formats, "DD/MM/YY YY/DD/MM YY/MM/DD DD/MM/YYYY ");
   EXPECT_TRUE(HintsFor(LDGRQIFImport(), {}, 20040307).is_unreadable);
 }
 

@@ -79,6 +79,32 @@ TEST(QifReviews, MarkNoEntryThatTheAccountSeemsToHold) {
   }
 }
 
+// However many entries share amount and day, those that match are found and counted.
+TEST(QifReviews, CountWhatIsAlikeInTheAccountAndInTheFile) {
+  for (const int others : {0, 40}) {
+    LDGRAccount account;
+    for (int i = 0; i < others; ++i) {
+      const std::string number = std::to_string(i);
+      Add(account, -5, true, false, "p" + number, "d" + number, 100 + i);
+    }
+    Add(account, -5, true, false, "Cafe", "x");
+    Add(account, -5, false, false, "Cafe", "y");
+    const std::string coffee = "D1/2/04\nT-5\nPCafe\n^\n";
+    QifReview review = Review(coffee + coffee + coffee + "D1/2/04\nT-5\nPa\nMb\n^\n", account);
+    const auto match = review.MatchOf(*review.entries()[1]);
+    ASSERT_TRUE(match && match->reason == QifMatch::Reason::ToFrom) << others;
+    EXPECT_EQ(match->entry->GetDescription(), "x");
+    EXPECT_EQ(match->in_account, 2U);
+    EXPECT_EQ(match->in_file, 3U);
+    EXPECT_EQ(review.MarkedCount(), 1U);
+    review.Remove(review.entries()[0].get());
+    EXPECT_EQ(review.MatchOf(*review.entries()[1])->in_file, 2U);
+    if (others == 0) continue;
+    EXPECT_EQ(Review("D1/2/04\nT-5\nN107\n^", account).MarkedCount(), 0U);
+    EXPECT_EQ(Review("D1/2/04\nT-5\nN107\n^D1/2/04\nT-5\nMd8\n^", account).MarkedCount(), 0U);
+  }
+}
+
 TEST(QifReviews, HintAtEntriesOfTheSameAmountWithinFourDays) {
   LDGRAccount account;
   Add(account, -5, true, false, "x", "y");
