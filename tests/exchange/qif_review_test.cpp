@@ -101,7 +101,7 @@ TEST(QifReviews, CountWhatIsAlikeInTheAccountAndInTheFile) {
     EXPECT_EQ(review.MatchOf(*review.entries()[1])->in_file, 2U);
     if (others == 0) continue;
     EXPECT_EQ(Review("D1/2/04\nT-5\nN107\n^", account).MarkedCount(), 0U);
-    EXPECT_EQ(Review("D1/2/04\nT-5\nN107\n^D1/2/04\nT-5\nMd8\n^", account).MarkedCount(), 0U);
+    EXPECT_EQ(Review("D1/2/04\nT-5\nN107\n^\nD1/2/04\nT-5\nMd8\n^", account).MarkedCount(), 0U);
   }
 }
 
