@@ -1,5 +1,7 @@
 #include "console/review_table.h"
 
+#include <algorithm>
+#include <cstddef>
 #include <limits>
 #include <string>
 #include <utility>
@@ -40,11 +42,19 @@ void AddCount(Table& table, std::string_view what, std::size_t count) {
   if (count > 0) table.Add({std::string(what), WriteNumber(static_cast<std::int64_t>(count))});
 }
 
+// A file may name thousands of types; the first ones tell enough.
+constexpr std::size_t kMostNames = 20;
+
 template <typename List, typename Text>
 std::string Joined(const List& list, Text text) {
   std::string joined;
-  for (const auto& each : list) joined += (joined.empty() ? "" : ", ") + std::string(text(each));
-  return joined;
+  const std::size_t shown = std::min(list.size(), kMostNames);
+  for (std::size_t i = 0; i < shown; ++i) {
+    joined += (i == 0 ? "" : ", ") + std::string(text(list[i]));
+  }
+  const std::size_t left = list.size() - shown;
+  if (left == 0) return joined;
+  return joined + " and " + WriteNumber(static_cast<std::int64_t>(left)) + " more";
 }
 
 void AddHints(Table& table, const QifHints& hints) {
