@@ -39,12 +39,7 @@ EntryList EntriesOfKind(const EntryList& entries,
 
 }  // namespace
 
-LDGRAccount::LDGRAccount()
-    : types_(DefaultTypes()),
-      qif_import_encoding_(CurrentLocale().DefaultTextEncoding()),
-      qif_import_decimal_separator_(CurrentLocale().DecimalSeparator()),
-      qif_import_thousands_separator_(CurrentLocale().ThousandsSeparator()),
-      text_export_encoding_(CurrentLocale().DefaultTextEncoding()) {
+LDGRAccount::LDGRAccount() : types_(DefaultTypes()) {
   TakeAccountSummaries(DefaultAccountSummaries());
 }
 
@@ -161,21 +156,13 @@ void LDGRAccount::setAuthenticated(bool authenticated) noexcept {
 void LDGRAccount::setEntryFilterData(const plist::Value& data) {
   if (data == entry_filter_data_) return;
   entry_filter_data_ = data.DeepCopy();
-  ++revision_;
+  NoteSetting();
 }
 
 void LDGRAccount::setReconcileFilterData(const plist::Value& data) {
   if (data == reconcile_filter_data_) return;
   reconcile_filter_data_ = data.DeepCopy();
-  ++revision_;
-}
-
-void LDGRAccount::SetQIFImportDecimalSeparator(std::optional<std::string_view> separator) {
-  if (separator) Change(qif_import_decimal_separator_, std::string(*separator));
-}
-
-void LDGRAccount::SetQIFImportThousandsSeparator(std::optional<std::string_view> separator) {
-  if (separator) Change(qif_import_thousands_separator_, std::string(*separator));
+  NoteSetting();
 }
 
 }  // namespace tallyfold

@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "model/account_entry.h"
+#include "model/account_options.h"
 #include "model/account_schedule.h"
 #include "model/date_number.h"
 #include "model/entry_type.h"
@@ -28,11 +29,12 @@ using AccountSummaryList = std::vector<std::shared_ptr<LDGRAccountSummary>>;
 using TextList = std::vector<std::string>;
 
 // One bank account: its identity, its entries, entry types, scheduled entries and summaries, what
-// its registers, imports and exports remember, and its optional password.
+// its registers remember, and its optional password; of what else it remembers see
+// account_options.h.
 //
 // The account owns its records and shares them with whoever shows them. Entries are in no
 // guaranteed order, and their numbers need not be unique (old files).
-class LDGRAccount {
+class LDGRAccount : public AccountOptions {
  public:
   static constexpr std::int32_t kCurrentVersion = 7;
 
@@ -56,19 +58,6 @@ class LDGRAccount {
   // The whole dictionary, Begin and End included.
   void WriteTo(plist::Output& output) const;
   [[nodiscard]] plist::Dictionary asDictionary() const;
-
-  // Counts changes of what is stored, from 0 for a new or freshly read account. Every change
-  // through the account counts by itself; whoever changes an entry, type, schedule or summary in
-  // place calls NoteChange(). The order of the entries and whether the account is authenticated do
-  // not count.
-  [[nodiscard]] std::uint64_t Revision() const noexcept { return revision_; }
-  // As Revision(), but settings of the account (names, filters, choices of imports and exports) do
-  // not count: as long as it stays, so do all balances.
-  [[nodiscard]] std::uint64_t LedgerRevision() const noexcept { return ledger_revision_; }
-  void NoteChange() noexcept {
-    ++revision_;
-    ++ledger_revision_;
-  }
 
   // --- Upgrade of older dictionary forms ------------------------------------------------------
 
@@ -375,88 +364,6 @@ class LDGRAccount {
   [[nodiscard]] std::string asQIFStringWithOptions(const ExportOptions& options) const;
   [[nodiscard]] std::string asTabDelimitedStringWithOptions(const ExportOptions& options) const;
 
-  // --- Options ------------------------------------------------------------------------------
-
-  // The last statement balance typed; stored as given.
-  [[nodiscard]] double statementBalance() const noexcept { return statement_balance_; }
-  void setStatementBalance(double balance) noexcept { Change(statement_balance_, balance); }
-
-  // Choices of the last QIF import. Encodings are identifiers of platform/text_encodings.h.
-  [[nodiscard]] std::int32_t GetQIFImportEncoding() const noexcept { return qif_import_encoding_; }
-  void SetQIFImportEncoding(std::int32_t encoding) noexcept {
-    Change(qif_import_encoding_, encoding);
-  }
-  [[nodiscard]] std::int32_t GetQIFImportDateFormat() const noexcept {
-    return qif_import_date_format_;
-  }
-  void SetQIFImportDateFormat(std::int32_t format) noexcept {
-    Change(qif_import_date_format_, format);
-  }
-  // None is ignored.
-  [[nodiscard]] const std::string& GetQIFImportDecimalSeparator() const noexcept {
-    return qif_import_decimal_separator_;
-  }
-  void SetQIFImportDecimalSeparator(std::optional<std::string_view> separator);
-  [[nodiscard]] const std::string& GetQIFImportThousandsSeparator() const noexcept {
-    return qif_import_thousands_separator_;
-  }
-  void SetQIFImportThousandsSeparator(std::optional<std::string_view> separator);
-  [[nodiscard]] bool GetQIFImportZeroAmountsAsDeposits() const noexcept {
-    return qif_import_zero_amounts_as_deposits_;
-  }
-  void SetQIFImportZeroAmountsAsDeposits(bool as_deposits) noexcept {
-    Change(qif_import_zero_amounts_as_deposits_, as_deposits);
-  }
-  [[nodiscard]] bool GetQIFImportAllTypes() const noexcept { return qif_import_all_types_; }
-  void SetQIFImportAllTypes(bool all) noexcept { Change(qif_import_all_types_, all); }
-  [[nodiscard]] bool GetQIFImportSplitLineItems() const noexcept {
-    return qif_import_split_line_items_;
-  }
-  void SetQIFImportSplitLineItems(bool split) noexcept {
-    Change(qif_import_split_line_items_, split);
-  }
-  [[nodiscard]] std::int32_t GetQIFImport_SwapOptions_ToFrom() const noexcept {
-    return qif_import_swap_to_from_;
-  }
-  void SetQIFImport_SwapOptions_ToFrom(std::int32_t option) noexcept {
-    Change(qif_import_swap_to_from_, option);
-  }
-  [[nodiscard]] std::int32_t GetQIFImport_SwapOptions_Type() const noexcept {
-    return qif_import_swap_type_;
-  }
-  void SetQIFImport_SwapOptions_Type(std::int32_t option) noexcept {
-    Change(qif_import_swap_type_, option);
-  }
-  [[nodiscard]] std::int32_t GetQIFImport_SwapOptions_Description() const noexcept {
-    return qif_import_swap_description_;
-  }
-  void SetQIFImport_SwapOptions_Description(std::int32_t option) noexcept {
-    Change(qif_import_swap_description_, option);
-  }
-
-  // Choices of the last text export.
-  [[nodiscard]] std::int32_t textExport_ExportType() const noexcept {
-    return text_export_export_type_;
-  }
-  void setTextExport_ExportType(std::int32_t type) noexcept {
-    Change(text_export_export_type_, type);
-  }
-  [[nodiscard]] std::int32_t textExport_Encoding() const noexcept { return text_export_encoding_; }
-  void setTextExport_Encoding(std::int32_t encoding) noexcept {
-    Change(text_export_encoding_, encoding);
-  }
-
-  // Number of the account last used as the other side of a transfer, -1 for none, and whether that
-  // transfer was made from this account.
-  [[nodiscard]] std::int32_t lastTransferAccount() const noexcept { return last_transfer_account_; }
-  void setLastTransferAccount(std::int32_t number) noexcept {
-    Change(last_transfer_account_, number);
-  }
-  [[nodiscard]] bool isLastTransferOrigin() const noexcept { return is_last_transfer_origin_; }
-  void setIsLastTransferOrigin(bool is_origin) noexcept {
-    Change(is_last_transfer_origin_, is_origin);
-  }
-
   // --- Orders of account lists ----------------------------------------------------------------
   // 1, 0 or -1; names ignoring case. The reversed forms return the opposite sign.
 
@@ -468,13 +375,6 @@ class LDGRAccount {
   [[nodiscard]] int BalanceIsGreaterThan_Reversed(const LDGRAccount& other) const noexcept;
 
  private:
-  template <typename T>
-  void Change(T& member, T value) noexcept {
-    if (member == value) return;
-    member = std::move(value);
-    ++revision_;
-  }
-
   // How each stored key is written and read (account_dictionary.cpp).
   struct StoredKey;
   void Read(const plist::Dictionary& dictionary, bool consume);
@@ -514,27 +414,10 @@ class LDGRAccount {
   TextList preferred_froms_;
   AccountSummaryList account_summaries_;
   std::shared_ptr<LDGRAccountSummary> selected_account_summary_;
-  double statement_balance_ = 0.0;
   std::int32_t entry_filter_type_ = 0;
   plist::Value entry_filter_data_ = "";
   std::int32_t reconcile_filter_type_ = 0;
   plist::Value reconcile_filter_data_ = "";
-  std::int32_t qif_import_encoding_;
-  std::int32_t qif_import_date_format_ = 0;
-  std::string qif_import_decimal_separator_;
-  std::string qif_import_thousands_separator_;
-  bool qif_import_zero_amounts_as_deposits_ = true;
-  bool qif_import_all_types_ = false;
-  bool qif_import_split_line_items_ = true;
-  std::int32_t qif_import_swap_to_from_ = 1;
-  std::int32_t qif_import_swap_type_ = 0;
-  std::int32_t qif_import_swap_description_ = 2;
-  std::int32_t text_export_export_type_ = -5;
-  std::int32_t text_export_encoding_;
-  std::int32_t last_transfer_account_ = -1;
-  bool is_last_transfer_origin_ = true;
-  std::uint64_t revision_ = 0;
-  std::uint64_t ledger_revision_ = 0;
 };
 
 }  // namespace tallyfold

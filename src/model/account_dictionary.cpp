@@ -322,7 +322,7 @@ void LDGRAccount::Read(const plist::Dictionary& dictionary, bool consume) {
     }
   }
   SetPassword(std::string(password_));
-  revision_ = 0;
+  ForgetChanges();
 }
 
 void LDGRAccount::WriteTo(plist::Output& output) const {

@@ -1,0 +1,153 @@
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <utility>
+
+namespace tallyfold {
+
+// Tells whether a record has changed.
+class ChangeCount {
+ public:
+  // Counts changes of what is stored, from 0 for a new or freshly read account. Every change
+  // through the account counts by itself; whoever changes an entry, type, schedule or summary in
+  // place calls NoteChange(). The order of the entries and whether the account is authenticated do
+  // not count.
+  [[nodiscard]] std::uint64_t Revision() const noexcept { return revision_; }
+  // As Revision(), but settings of the account (names, filters, choices of imports and exports) do
+  // not count: as long as it stays, so do all balances.
+  [[nodiscard]] std::uint64_t LedgerRevision() const noexcept { return ledger_revision_; }
+  void NoteChange() noexcept {
+    ++revision_;
+    ++ledger_revision_;
+  }
+
+ protected:
+  ChangeCount() = default;
+  ~ChangeCount() = default;
+
+  template <typename T>
+  void Change(T& member, T value) noexcept {
+    if (member == value) return;
+    member = std::move(value);
+    ++revision_;
+  }
+  // What has been read so far was there before.
+  void ForgetChanges() noexcept { revision_ = ledger_revision_ = 0; }
+  // A change of something that no balance depends on.
+  void NoteSetting() noexcept { ++revision_; }
+
+ private:
+  std::uint64_t revision_ = 0;
+  std::uint64_t ledger_revision_ = 0;
+};
+
+// What an account remembers of the last statement, import, export and transfer, to propose it the
+// next time. All of it is stored with the account.
+class AccountOptions : public ChangeCount {
+ public:
+  // The last statement balance typed; stored as given.
+  [[nodiscard]] double statementBalance() const noexcept { return statement_balance_; }
+  void setStatementBalance(double balance) noexcept { Change(statement_balance_, balance); }
+
+  // Choices of the last QIF import. Encodings are identifiers of platform/text_encodings.h.
+  [[nodiscard]] std::int32_t GetQIFImportEncoding() const noexcept { return qif_import_encoding_; }
+  void SetQIFImportEncoding(std::int32_t encoding) noexcept {
+    Change(qif_import_encoding_, encoding);
+  }
+  [[nodiscard]] std::int32_t GetQIFImportDateFormat() const noexcept {
+    return qif_import_date_format_;
+  }
+  void SetQIFImportDateFormat(std::int32_t format) noexcept {
+    Change(qif_import_date_format_, format);
+  }
+  // None is ignored.
+  [[nodiscard]] const std::string& GetQIFImportDecimalSeparator() const noexcept {
+    return qif_import_decimal_separator_;
+  }
+  void SetQIFImportDecimalSeparator(std::optional<std::string_view> separator);
+  [[nodiscard]] const std::string& GetQIFImportThousandsSeparator() const noexcept {
+    return qif_import_thousands_separator_;
+  }
+  void SetQIFImportThousandsSeparator(std::optional<std::string_view> separator);
+  [[nodiscard]] bool GetQIFImportZeroAmountsAsDeposits() const noexcept {
+    return qif_import_zero_amounts_as_deposits_;
+  }
+  void SetQIFImportZeroAmountsAsDeposits(bool as_deposits) noexcept {
+    Change(qif_import_zero_amounts_as_deposits_, as_deposits);
+  }
+  [[nodiscard]] bool GetQIFImportAllTypes() const noexcept { return qif_import_all_types_; }
+  void SetQIFImportAllTypes(bool all) noexcept { Change(qif_import_all_types_, all); }
+  [[nodiscard]] bool GetQIFImportSplitLineItems() const noexcept {
+    return qif_import_split_line_items_;
+  }
+  void SetQIFImportSplitLineItems(bool split) noexcept {
+    Change(qif_import_split_line_items_, split);
+  }
+  [[nodiscard]] std::int32_t GetQIFImport_SwapOptions_ToFrom() const noexcept {
+    return qif_import_swap_to_from_;
+  }
+  void SetQIFImport_SwapOptions_ToFrom(std::int32_t option) noexcept {
+    Change(qif_import_swap_to_from_, option);
+  }
+  [[nodiscard]] std::int32_t GetQIFImport_SwapOptions_Type() const noexcept {
+    return qif_import_swap_type_;
+  }
+  void SetQIFImport_SwapOptions_Type(std::int32_t option) noexcept {
+    Change(qif_import_swap_type_, option);
+  }
+  [[nodiscard]] std::int32_t GetQIFImport_SwapOptions_Description() const noexcept {
+    return qif_import_swap_description_;
+  }
+  void SetQIFImport_SwapOptions_Description(std::int32_t option) noexcept {
+    Change(qif_import_swap_description_, option);
+  }
+
+  // Choices of the last text export.
+  [[nodiscard]] std::int32_t textExport_ExportType() const noexcept {
+    return text_export_export_type_;
+  }
+  void setTextExport_ExportType(std::int32_t type) noexcept {
+    Change(text_export_export_type_, type);
+  }
+  [[nodiscard]] std::int32_t textExport_Encoding() const noexcept { return text_export_encoding_; }
+  void setTextExport_Encoding(std::int32_t encoding) noexcept {
+    Change(text_export_encoding_, encoding);
+  }
+
+  // Number of the account last used as the other side of a transfer, -1 for none, and whether that
+  // transfer was made from this account.
+  [[nodiscard]] std::int32_t lastTransferAccount() const noexcept { return last_transfer_account_; }
+  void setLastTransferAccount(std::int32_t number) noexcept {
+    Change(last_transfer_account_, number);
+  }
+  [[nodiscard]] bool isLastTransferOrigin() const noexcept { return is_last_transfer_origin_; }
+  void setIsLastTransferOrigin(bool is_origin) noexcept {
+    Change(is_last_transfer_origin_, is_origin);
+  }
+
+ protected:
+  // As in a new account: separators and encodings of the user's locale.
+  AccountOptions();
+  ~AccountOptions() = default;
+
+  double statement_balance_ = 0.0;
+  std::int32_t qif_import_encoding_;
+  std::int32_t qif_import_date_format_ = 0;
+  std::string qif_import_decimal_separator_;
+  std::string qif_import_thousands_separator_;
+  bool qif_import_zero_amounts_as_deposits_ = true;
+  bool qif_import_all_types_ = false;
+  bool qif_import_split_line_items_ = true;
+  std::int32_t qif_import_swap_to_from_ = 1;
+  std::int32_t qif_import_swap_type_ = 0;
+  std::int32_t qif_import_swap_description_ = 2;
+  std::int32_t text_export_export_type_ = -5;
+  std::int32_t text_export_encoding_;
+  std::int32_t last_transfer_account_ = -1;
+  bool is_last_transfer_origin_ = true;
+};
+
+}  // namespace tallyfold
