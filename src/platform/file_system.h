@@ -100,7 +100,8 @@ class FileSystem {
   // Adds permission bits to those the file or folder has. Missing files and failures are ignored.
   virtual void AddPermissions(const std::string& path, unsigned bits) = 0;
   // Gives a file the program's icon named `resource`, where files have icons of their own.
-  virtual void SetCustomBadgeIcon(const std::string& path, const std::string& resource) = 0;
+  virtual void SetCustomBadgeIconForFilePath(const std::string& path,
+                                             const std::string& resource) = 0;
 
   // Removes what interrupted atomic writes of earlier runs left in `folder`.
   virtual void RemoveTemporaries(const std::string& folder) = 0;

@@ -297,7 +297,7 @@ bool AccountsStore::WriteFile(const std::string& path) {
   const bool written = path == paths_.accounts_file
                            ? file_.Replace(produce)
                            : files.WriteAtomically(path, NewFileMode::Private, produce);
-  if (written) files.SetCustomBadgeIcon(path, "accountsfilebadge");
+  if (written) files.SetCustomBadgeIconForFilePath(path, "accountsfilebadge");
   return written;
 }
 

@@ -121,7 +121,7 @@ bool PreferencesStore::Write(const plist::Dictionary& dictionary) {
   plist::Dictionary file = dictionary.ShallowCopy();
   file.Set(kAppVersion, services_.application.BundleVersion());
   const bool written = file_.Replace([&file](ByteSink& sink) { sink.Append(plist::ToXml(file)); });
-  if (written) files.SetCustomBadgeIcon(paths_.preferences_file, "prefsfilebadge");
+  if (written) files.SetCustomBadgeIconForFilePath(paths_.preferences_file, "prefsfilebadge");
   return written;
 }
 

@@ -195,8 +195,8 @@ void PosixFileSystem::AddPermissions(const std::string& path, unsigned bits) {
   }
 }
 
-void PosixFileSystem::SetCustomBadgeIcon(const std::string& /*path*/,
-                                         const std::string& /*resource*/) {}
+void PosixFileSystem::SetCustomBadgeIconForFilePath(const std::string& /*path*/,
+                                                    const std::string& /*resource*/) {}
 
 void PosixFileSystem::RemoveTemporaries(const std::string& folder) {
   for (const std::string& name : List(folder)) {

@@ -34,7 +34,7 @@ class PosixFileSystem final : public FileSystem {
   [[nodiscard]] bool CreateFolder(const std::string& path) override;
   void AddPermissions(const std::string& path, unsigned bits) override;
   // Files have no icons of their own here.
-  void SetCustomBadgeIcon(const std::string& path, const std::string& resource) override;
+  void SetCustomBadgeIconForFilePath(const std::string& path, const std::string& resource) override;
   void RemoveTemporaries(const std::string& folder) override;
   [[nodiscard]] LockResult LockFolder(const std::string& folder,
                                       std::unique_ptr<FolderLock>& lock) override;

@@ -101,8 +101,9 @@ class TranscriptFiles final : public FileSystem {
   void AddPermissions(const std::string& path, unsigned bits) override {
     files_.AddPermissions(path, bits);
   }
-  void SetCustomBadgeIcon(const std::string& path, const std::string& resource) override {
-    files_.SetCustomBadgeIcon(path, resource);
+  void SetCustomBadgeIconForFilePath(const std::string& path,
+                                     const std::string& resource) override {
+    files_.SetCustomBadgeIconForFilePath(path, resource);
   }
   void RemoveTemporaries(const std::string& folder) override { files_.RemoveTemporaries(folder); }
   LockResult LockFolder(const std::string& folder, std::unique_ptr<FolderLock>& lock) override {

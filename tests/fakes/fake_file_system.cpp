@@ -133,7 +133,8 @@ void FakeFileSystem::AddPermissions(const std::string& path, unsigned bits) {
   changes_.push_back("permissions " + path + ' ' + Octal(bits));
 }
 
-void FakeFileSystem::SetCustomBadgeIcon(const std::string& path, const std::string& resource) {
+void FakeFileSystem::SetCustomBadgeIconForFilePath(const std::string& path,
+                                                   const std::string& resource) {
   changes_.push_back("badge " + path + ' ' + resource);
 }
 

@@ -34,7 +34,7 @@ class FakeFileSystem final : public FileSystem {
   [[nodiscard]] bool Copy(const std::string& from, const std::string& to) override;
   [[nodiscard]] bool CreateFolder(const std::string& path) override;
   void AddPermissions(const std::string& path, unsigned bits) override;
-  void SetCustomBadgeIcon(const std::string& path, const std::string& resource) override;
+  void SetCustomBadgeIconForFilePath(const std::string& path, const std::string& resource) override;
   void RemoveTemporaries(const std::string& folder) override;
   [[nodiscard]] LockResult LockFolder(const std::string& folder,
                                       std::unique_ptr<FolderLock>& lock) override;
