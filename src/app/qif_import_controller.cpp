@@ -12,19 +12,23 @@
 
 namespace tallyfold {
 
-const QifEntryList& LDGRQIFImportController::ChosenEntries(const QifResult& result) const {
+const QifAccount* LDGRQIFImportController::ChosenAccount(const QifResult& result) const {
   const std::int32_t index = options_.typed.account;
   const bool is_account = index >= 0 && static_cast<std::size_t>(index) < result.accounts.size();
-  return is_account ? *result.accounts[static_cast<std::size_t>(index)].entries : result.entries;
+  return is_account ? &result.accounts[static_cast<std::size_t>(index)] : nullptr;
 }
 
 void LDGRQIFImportController::Import_Init(const QifResult& result) {
-  const QifEntryList& chosen = ChosenEntries(result);
+  const QifAccount* account = ChosenAccount(result);
+  const QifEntryList& chosen = account == nullptr ? result.entries : *account->entries;
   review_ = QifReview(result, chosen, *account_);
   first_number_ = review_.entries().empty() ? 0 : review_.entries().front()->GetNumber();
   edit_entry_ = nullptr;
   review_state_ = {};
-  review_state_.hints = HintsFor(import_, chosen, TodaysDateNumber());
+  QifHints& hints = review_state_.hints;
+  hints = HintsFor(import_, chosen, TodaysDateNumber());
+  hints.elsewhere = result.entries.size() - std::min(result.entries.size(), chosen.size());
+  if (account != nullptr && account->source != account->name) hints.source = account->source;
   rows_.SetAccountPreferences(
       host_.Preferences().GetPreferencesForAccountNumber(account_->GetNumber()));
   rows_.SetDateFormat(RegisterDateFormat(host_.Preferences()));

@@ -150,7 +150,8 @@ class LDGRQIFImportController final : private EntryOwner {
   void CloseReview();
   void StoreOptions();
   void PassOptionsToParser();
-  [[nodiscard]] const QifEntryList& ChosenEntries(const QifResult& result) const;
+  // Null for all entries.
+  [[nodiscard]] const QifAccount* ChosenAccount(const QifResult& result) const;
   void UpdateButtons();
   void EntriesChanged();
 

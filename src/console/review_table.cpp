@@ -59,20 +59,26 @@ std::string Joined(const List& list, Text text) {
 
 void AddHints(Table& table, const QifHints& hints) {
   if (hints.is_unreadable) table.Add({"problem", "the file could not be read"});
-  if (hints.is_unended) table.Add({"problem", "its list of accounts has no end; nothing was read"});
+  if (hints.is_unended)
+    table.Add({"problem", "its list of accounts has no end; no entry was read"});
+  if (!hints.source.empty()) table.Add({"entries are those of", hints.source});
+  AddCount(table, "entries of the file that are not under review", hints.elsewhere);
   if (hints.first_date) {
     table.Add({"dates", WriteDate(*hints.first_date) + " to " + WriteDate(*hints.last_date)});
   }
   AddCount(table, "after today", hints.after_today);
   AddCount(table, "without a date", hints.missing_dates);
   AddCount(table, "dates that cannot be read", hints.unreadable_dates);
-  if (hints.unreadable_dates > 0) {
+  AddCount(table, "years of two digits read as they stand", hints.short_years);
+  if (hints.unreadable_dates > 0 || hints.short_years > 0) {
     const std::string titles = Joined(hints.fitting_formats, [](const QifDateFormat& each) {
       return QifDateFormatTitle(each.format);
     });
     table.Add({"formats that read every date", titles.empty() ? "none" : titles});
   }
+  AddCount(table, "amounts that cannot be read and become 0", hints.unread_amounts);
   AddCount(table, "check numbers that are text and become 0", hints.text_numbers);
+  AddCount(table, "check numbers too large, left out", hints.lost_numbers);
   AddCount(table, "splits left out, of ten lines or more", hints.long_splits);
   AddCount(table, "splits left out, of both signs", hints.mixed_splits);
   AddCount(table, "splits left out, of lines that do not fit", hints.uneven_splits);

@@ -33,7 +33,9 @@ struct QifEntry {
   std::optional<std::int32_t> number;
   std::vector<QifSplitLine> splits;
   // What of the record the rules leave out; for the hints before a commit.
-  bool has_text_number = false;
+  bool has_unread_amount = false;  // became 0 although the text says nothing of the kind
+  bool has_text_number = false;    // became 0
+  bool has_lost_number = false;    // beyond 32 bits
   SplitLoss split_loss = SplitLoss::None;
 };
 
@@ -42,6 +44,8 @@ using QifEntryList = std::vector<std::shared_ptr<const QifEntry>>;
 
 struct QifAccount {
   std::string name;
+  // The account whose entries these are: the first whose name begins with this one's.
+  std::string source;
   // Never null. Accounts of one name share one list.
   std::shared_ptr<const QifEntryList> entries;
 };

@@ -25,6 +25,12 @@ constexpr std::string_view kNextSection = "\r!";
 constexpr std::string_view kAutoSwitch = "!Option:AutoSwitch";
 constexpr std::string_view kAutoSwitchEnd = "!Clear:AutoSwitch\r";
 
+// Whether a cleaned amount that was read as 0 is one.
+bool SaysZero(std::string_view amount) {
+  return amount.find('0') != std::string_view::npos &&
+         amount.find_first_of("123456789") == std::string_view::npos;
+}
+
 std::vector<QifSplitLine> SplitLines(const QifRecord& record, const QifOptions& options,
                                      QifEntry::SplitLoss& loss) {
   std::vector<std::string> amounts;
@@ -158,8 +164,10 @@ std::optional<QifEntry> LDGRQIFImport::EntryStringToEntry(std::string_view text)
   QifEntry entry;
   if (const auto day = record.Value('D')) entry.date = QifDay(*day, options_.date_format);
   if (const auto value = record.Value('T')) {
-    entry.amount = LeadingAmount(
-        TweakAmountString(*value, options_.decimal_separator, options_.thousands_separator));
+    const std::string amount =
+        TweakAmountString(*value, options_.decimal_separator, options_.thousands_separator);
+    entry.amount = LeadingAmount(amount);
+    entry.has_unread_amount = *entry.amount == 0.0 && !SaysZero(amount);
     entry.is_deposit =
         *entry.amount == 0.0 ? options_.zero_amounts_as_deposits : *entry.amount > 0.0;
   }
@@ -185,7 +193,8 @@ std::optional<QifEntry> LDGRQIFImport::EntryStringToEntry(std::string_view text)
   entry.is_cleared = record.Line('C').has_value();
   if (const auto value = record.Value('N')) {
     const std::int32_t number = LeadingInteger(*value);
-    if (number != std::numeric_limits<std::int32_t>::max()) entry.number = number;
+    entry.has_lost_number = number == std::numeric_limits<std::int32_t>::max();
+    if (!entry.has_lost_number) entry.number = number;
     entry.has_text_number =
         number == 0 && value->find_first_not_of(" \t0") != std::string_view::npos;
   }
@@ -311,7 +320,8 @@ QifResult LDGRQIFImport::Parse() const {
     auto entries = is_new ? std::make_shared<const QifEntryList>(
                                 AccountEntries(UpToNextAccount(blocks[block]), sections))
                           : result.accounts[known->second].entries;
-    result.accounts.push_back({std::string(*name), std::move(entries)});
+    const auto source = QifAccountName(blocks[block]).value_or(*name);
+    result.accounts.push_back({std::string(*name), std::string(source), std::move(entries)});
   }
   return result;
 }

@@ -296,34 +296,70 @@ TEST(QifFiles, OfBadSizesAndShapesAreReadWhole) {
   }
 }
 
+std::string Titles(const std::vector<QifDateFormat>& formats) {
+  std::string titles;
+  for (const QifDateFormat& each : formats) titles += QifDateFormatTitle(each.format) + ' ';
+  return titles;
+}
+
 TEST(QifHints, TellWhatTheRulesWillDo) {
   QifOptions options;
   options.date_format = "%m/%d/%Y";
+  const std::string digits(400, '9');
   std::string ten_lines;
   for (int i = 0; i < 10; ++i) ten_lines += "Sa\n$1\n";
   LDGRQIFImport import(
       "!Account\nNBroker\n^\n!Type:Invst\nT9\n^\n!Account\nNBank\n^\n!Type:Bank\n"
       "D2/3/2004\nNATM\n^\nD31/3/2004\n^\nD4/3/2004\nSa\n$1\nSb\n$-1\n^\nN0\nSa\n^\n" +
-      ten_lines + "^\n!Type:Memorized\nT1\n^\n!Type:Memorized\nT1\n^\n!Type:Cash\nT5\n");
+      ten_lines + "^\n!Type:Memorized\nT1\n^\n!Type:Memorized\nT1\n^\n!Type:Cash\nT" + digits +
+      "\nN2147483647\n^\nTabc\n^\nT-\n^\nT--5\n^\nT-0.00\n^\nT5\n");
   import.SetOptions(options);
   const QifHints hints = HintsFor(import, import.Entries(), 20040307);
   EXPECT_EQ(hints.first_date, 20040203);
   EXPECT_EQ(hints.last_date, 20040403);
   EXPECT_EQ(hints.after_today, 1U);
-  EXPECT_EQ(hints.missing_dates, 2U);
+  EXPECT_EQ(hints.missing_dates, 7U);
   EXPECT_EQ(hints.unreadable_dates, 1U);
+  EXPECT_EQ(hints.unread_amounts, 4U);
   EXPECT_EQ(hints.text_numbers, 1U);
+  EXPECT_EQ(hints.lost_numbers, 1U);
   EXPECT_EQ(hints.long_splits, 1U);
   EXPECT_EQ(hints.mixed_splits, 1U);
   EXPECT_EQ(hints.uneven_splits, 1U);
   EXPECT_EQ(hints.left_out_accounts, 1U);
   EXPECT_EQ(hints.left_out_lists, std::vector<std::string>{"Memorized"});
   EXPECT_EQ(hints.unended_lists, 1U);
-  std::string formats;
-  for (const QifDateFormat& each : hints.fitting_formats)
-    formats += QifDateFormatTitle(each.format) + ' ';
-  EXPECT_EQ(formats, "DD/MM/YY YY/DD/MM YY/MM/DD DD/MM/YYYY ");
+  EXPECT_EQ(Titles(hints.fitting_formats), "DD/MM/YY YY/DD/MM YY/MM/DD DD/MM/YYYY ");
   EXPECT_TRUE(HintsFor(LDGRQIFImport(), {}, 20040307).is_unreadable);
+}
+
+TEST(QifHints, TellOfYearsOfTwoDigitsInAFormatOfFour) {
+  LDGRQIFImport import("D2/13/74\n^\nD2/3/05\n^\n");
+  import.SetDateFormat("%m/%d/%Y");
+  const QifHints hints = HintsFor(import, import.Entries(), 20050307);
+  EXPECT_EQ(hints.short_years, 2U);
+  EXPECT_EQ(Titles(hints.fitting_formats), "MM/DD/YY ");
+}
+
+TEST(QifHints, NameCategoryListsThatWereNotRead) {
+  struct Case {
+    std::string_view text;
+    std::vector<std::string> left_out;
+    std::size_t unended;
+  };
+  const Case cases[] = {
+      {"!Type:Cat\nNa\n^\n!Type:Bank\n", {}, 0},
+      {"!Type:Cat \nNa\n^\n!Type:Bank\n", {"Cat"}, 0},
+      {"!Type:Cat\nNa\n^\n!Type:Cat\nNb\n^\n", {"Cat"}, 0},
+      {"!Type:Cat\nNa\n^\nNb\n!Type:Bank\n", {}, 1},
+      {"!Type:Cat\nNa\n^\n!Type:Cat", {"Cat"}, 0},
+  };
+  for (const Case& each : cases) {
+    const LDGRQIFImport import(each.text);
+    const QifHints hints = HintsFor(import, import.Entries(), 20050307);
+    EXPECT_EQ(hints.left_out_lists, each.left_out) << each.text;
+    EXPECT_EQ(hints.unended_lists, each.unended) << each.text;
+  }
 }
 
 TEST(QifAccounts, KeepTheirOwnEntriesAndAreFoundByTheBeginningOfTheirNames) {
@@ -338,6 +374,7 @@ TEST(QifAccounts, KeepTheirOwnEntriesAndAreFoundByTheBeginningOfTheirNames) {
   EXPECT_EQ(Told(*result.accounts[0].entries), "deposit T1.000000\ndeposit T2.000000\n");
   // "Checking" begins with "Check" and comes first.
   EXPECT_EQ(Told(*result.accounts[1].entries), Told(*result.accounts[0].entries));
+  EXPECT_EQ(result.accounts[1].source, "Checking");
 }
 
 TEST(QifTypes, AreThoseOfTheListThenThoseEntriesUseBeyondThem) {
