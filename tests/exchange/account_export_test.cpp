@@ -94,6 +94,11 @@ class AccountExport : public testing::Test {
   LDGRAccount account_;
 };
 
+TEST_F(AccountExport, WritesTheWholeAccountAsATable) {
+  FillFromTheBook();
+  EXPECT_EQ(account_.asTabDelimitedStringWithOptions({}), FileText("checking.txt"));
+}
+
 TEST_F(AccountExport, WritesTheWholeAccountAsQif) {
   FillFromTheBook();
   std::string expected = FileText("checking.qif");
