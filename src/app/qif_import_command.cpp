@@ -21,13 +21,14 @@ bool QifImportCommand::QIFImport() {
     import_.ImportOptions_InitWithFile(*path, menu_.encoding());
     if (import_.Run()) return true;
   }
-  idle_.Resume(until_next_tick_);
+  Ended();
   return false;
 }
 
 void QifImportCommand::Ended() {
   refresh_.ImportEnded();
   host_.RefreshSummaryIfShowing();
+  refresh_.AccountsList_Redraw();
   idle_.Resume(until_next_tick_);
 }
 

@@ -48,7 +48,7 @@ class QifImportCommand {
   // Leaves the options sheet open for the chosen file. False when there is no account, a sheet is
   // open, an import runs, or the panel was given up.
   bool QIFImport();
-  // The import that was started is over.
+  // The import that was started is over, or the panel was given up.
   void Ended();
 
   // What the panel shows beside the files.

@@ -37,7 +37,6 @@ void Refresh::ImportEnded() {
   host_.ReloadRegisters();
   host_.Search_Cancel();
   Balances();
-  AccountsList_Redraw();
   EntryButtons_Update();
   entryMenu_Types_Menu_Populate();
 }

@@ -41,7 +41,7 @@ class Refresh {
   void EntriesAdded(const EntryList& entries);
   // After entries were removed.
   void EntryRemoved();
-  // After an import, whether it added anything or not.
+  // After an import, whether it added anything or not; all but the list of accounts.
   void ImportEnded();
   // After something of an entry changed in place that no filter follows at once.
   void EntryMarked();

@@ -183,31 +183,33 @@ QifDuplicates::Alike QifDuplicates::FindInGroup(const Group& group,
   return alike;
 }
 
-std::optional<QifDuplicates::Found> QifDuplicates::FindAlike(
-    const LDGRAccountEntry& imported) const {
-  const std::uint32_t number = GroupOf(imported);
-  if (number == kNone || groups_[number].count == 0) return std::nullopt;
-  const Group& group = groups_[number];
-  for (const Reason reason : kReasons) {
-    const Alike alike = group.count > kSmallGroup ? FindByKey(number, imported, reason)
-                                                  : FindInGroup(group, imported, reason);
-    if (alike.count > 0) return Found{alike, reason};
-  }
-  return std::nullopt;
+QifDuplicates::Alike QifDuplicates::FindAlike(std::uint32_t group, const LDGRAccountEntry& imported,
+                                              Reason reason) const {
+  if (group == kNone || groups_[group].count == 0) return {};
+  return groups_[group].count > kSmallGroup ? FindByKey(group, imported, reason)
+                                            : FindInGroup(groups_[group], imported, reason);
 }
 
 std::optional<QifMatch> QifDuplicates::Find(const LDGRAccountEntry& imported) const {
-  const auto found = FindAlike(imported);
-  if (!found) return std::nullopt;
-  const auto counted = in_file_.find(found->Number());
-  return QifMatch{members_[found->alike.first], found->reason, found->alike.count,
-                  counted != in_file_.end() ? counted->second : 0};
+  const std::uint32_t group = GroupOf(imported);
+  for (const Reason reason : kReasons) {
+    const Alike alike = FindAlike(group, imported, reason);
+    if (alike.count == 0) continue;
+    const auto counted = in_file_.find(NumberOf(alike, reason));
+    return QifMatch{members_[alike.first], reason, alike.count,
+                    counted != in_file_.end() ? counted->second : 0};
+  }
+  return std::nullopt;
 }
 
 void QifDuplicates::CountImported(const QifImportEntryList& imported) {
   in_file_.clear();
   for (const auto& entry : imported) {
-    if (const auto found = FindAlike(*entry)) ++in_file_[found->Number()];
+    const std::uint32_t group = GroupOf(*entry);
+    for (const Reason reason : kReasons) {
+      const Alike alike = FindAlike(group, *entry, reason);
+      if (alike.count > 0) ++in_file_[NumberOf(alike, reason)];
+    }
   }
 }
 

@@ -20,8 +20,8 @@ struct QifMatch {
   std::shared_ptr<LDGRAccountEntry> entry;
   Reason reason = Reason::NearDate;
   // How many entries of the account match for that reason, and how many of those to be imported
-  // match the same ones: of three coffees in the file and two in the account, one is new. Both are
-  // 0 for NearDate, in_file also before CountImported().
+  // match the same ones for it, whatever else they match for: of three coffees in the file and two
+  // in the account, one is new. Both are 0 for NearDate, in_file also before CountImported().
   std::uint32_t in_account = 0;
   std::uint32_t in_file = 0;
 };
@@ -66,20 +66,20 @@ class QifDuplicates {
 
   static constexpr std::uint32_t kNone = 0xFFFF'FFFF;
 
+  [[nodiscard]] static std::uint64_t NumberOf(const Alike& alike,
+                                              QifMatch::Reason reason) noexcept {
+    return std::uint64_t{alike.first} * 4 + static_cast<std::uint64_t>(reason);
+  }
+
   void MakeGroups(const QifImportEntryList& imported);
   void FillGroups(const EntryList& existing);
   void AddToKeys(const Group& group);
   // The place in slots_ where the group is, or would be.
   [[nodiscard]] std::size_t SlotOf(double amount, DateNumber date) const noexcept;
   [[nodiscard]] std::uint32_t GroupOf(const LDGRAccountEntry& entry) const noexcept;
-  struct Found {
-    Alike alike;
-    QifMatch::Reason reason = QifMatch::Reason::NearDate;
-    [[nodiscard]] std::uint64_t Number() const noexcept {
-      return std::uint64_t{alike.first} * 4 + static_cast<std::uint64_t>(reason);
-    }
-  };
-  [[nodiscard]] std::optional<Found> FindAlike(const LDGRAccountEntry& imported) const;
+  // The entries of the group that match for the reason; `group` may be kNone.
+  [[nodiscard]] Alike FindAlike(std::uint32_t group, const LDGRAccountEntry& imported,
+                                QifMatch::Reason reason) const;
   [[nodiscard]] Alike FindInGroup(const Group& group, const LDGRAccountEntry& imported,
                                   QifMatch::Reason reason) const;
   [[nodiscard]] Alike FindByKey(std::uint32_t group, const LDGRAccountEntry& imported,

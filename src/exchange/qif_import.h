@@ -49,9 +49,10 @@ class LDGRQIFImport {
   LDGRQIFImport() = default;
   // None is kNoText.
   explicit LDGRQIFImport(std::optional<std::string_view> text) { SetDataString(text); }
-  // Reads the file in `encoding`, or, when it is not text of that, in the way of its byte-order
-  // mark, as UTF-8 or as Windows-1252. No path is kNoText; a file that cannot be read leaves the
-  // parser empty without an error.
+  // Reads the file in `encoding`, or, when it is not text of that or has a byte-order mark of
+  // UTF-16 that `encoding` does not know, in the way of that mark, as UTF-8 or as Windows-1252. A
+  // mark of UTF-8 is dropped whatever the encoding. No path is kNoText; a file that cannot be read
+  // leaves the parser empty without an error.
   [[nodiscard]] static LDGRQIFImport importWithContentsOfFile(
       const std::optional<std::string>& path, std::int32_t encoding, const FileSystem& files,
       const TextEncodings& encodings);

@@ -1,5 +1,6 @@
 // Reading a QIF file: the bytes, their encoding, the text.
 
+#include <cstddef>
 #include <string>
 #include <string_view>
 
@@ -36,12 +37,52 @@ std::string DecodedAsWindows1252(std::string_view bytes, const TextEncodings& en
   return decoded;
 }
 
+constexpr std::string_view kUtf8Mark = "\xEF\xBB\xBF";
+
+bool HasUtf16Mark(std::string_view bytes) {
+  return bytes.starts_with("\xFF\xFE") || bytes.starts_with("\xFE\xFF");
+}
+
+// How many bytes the smallest piece of text has.
+std::size_t UnitSize(TextEncoding encoding) {
+  switch (encoding) {
+    case TextEncoding::Utf16:
+    case TextEncoding::Utf16BigEndian:
+    case TextEncoding::Utf16LittleEndian:
+      return 2;
+    case TextEncoding::Utf32:
+    case TextEncoding::Utf32BigEndian:
+    case TextEncoding::Utf32LittleEndian:
+      return 4;
+    default:
+      return 1;
+  }
+}
+
+// Without the bytes of a unit that a file cut short ends with.
+std::string_view WholeUnits(std::string_view bytes, TextEncoding encoding) {
+  return bytes.substr(0, bytes.size() - bytes.size() % UnitSize(encoding));
+}
+
 // How text is read that is not of the encoding it was said to be of. Never fails.
 std::string DecodedByDefault(std::string_view bytes, const TextEncodings& encodings) {
-  if (bytes.starts_with("\xFF\xFE") || bytes.starts_with("\xFE\xFF")) {
-    if (auto text = encodings.Decode(bytes, TextEncoding::Utf16)) return *std::move(text);
+  if (HasUtf16Mark(bytes)) {
+    const std::string_view whole = WholeUnits(bytes, TextEncoding::Utf16);
+    if (auto text = encodings.Decode(whole, TextEncoding::Utf16)) return *std::move(text);
   }
   return plist::IsValidUtf8(bytes) ? std::string(bytes) : DecodedAsWindows1252(bytes, encodings);
+}
+
+std::string Decoded(std::string_view bytes, TextEncoding encoding, const TextEncodings& encodings) {
+  // In the encodings of bytes the mark would stay in front of the first line as letters.
+  if (bytes.starts_with(kUtf8Mark)) bytes.remove_prefix(kUtf8Mark.size());
+  const bool is_wide = UnitSize(encoding) > 1;
+  if (HasUtf16Mark(bytes) && !is_wide) return DecodedByDefault(bytes, encodings);
+  // Text of bytes has no NUL, and its length tells that it was said to be wide in error.
+  const bool has_nul = bytes.find('\0') != std::string_view::npos;
+  const std::string_view whole = is_wide && has_nul ? WholeUnits(bytes, encoding) : bytes;
+  if (auto text = encodings.Decode(whole, encoding)) return *std::move(text);
+  return DecodedByDefault(bytes, encodings);
 }
 
 }  // namespace
@@ -53,11 +94,7 @@ LDGRQIFImport LDGRQIFImport::importWithContentsOfFile(const std::optional<std::s
   if (!path) return LDGRQIFImport(std::nullopt);
   const auto contents = files.Read(*path);
   if (!contents) return {};
-  const std::string_view bytes = contents->view();
-  if (const auto text = encodings.Decode(bytes, static_cast<TextEncoding>(encoding))) {
-    return LDGRQIFImport(*text);
-  }
-  return LDGRQIFImport(DecodedByDefault(bytes, encodings));
+  return LDGRQIFImport(Decoded(contents->view(), static_cast<TextEncoding>(encoding), encodings));
 }
 
 }  // namespace tallyfold

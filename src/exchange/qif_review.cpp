@@ -60,7 +60,8 @@ QifReview::QifReview(const QifResult& result, const QifEntryList& entries, LDGRA
 }
 
 void QifReview::MakeTypes(const std::vector<QifType>& read, const LDGRAccount& account) {
-  EntryTypeIndex known(account);
+  // A type that the file lists twice is made twice.
+  const EntryTypeIndex known(account);
   std::int32_t number = account.NextAvailableTypeNumber();
   for (const QifType& type : read) {
     if (known.Find(type.name, type.is_deposit)) continue;
@@ -68,7 +69,6 @@ void QifReview::MakeTypes(const std::vector<QifType>& read, const LDGRAccount& a
     made->SetName(type.name);
     made->SetIsDeposit(type.is_deposit);
     made->SetNumber(++number);
-    known.Add(made);
     types_.push_back(std::move(made));
   }
   SortByName(types_);

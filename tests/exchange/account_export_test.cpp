@@ -182,6 +182,7 @@ TEST_F(AccountExport, IsReadBackWithinWhatTheFormatCarries) {
          e.SetSplit(Split({{"Shop", "", 4}}));
        },
        false},
+      {"no date", [](LDGRAccountEntry& e) { e.SetDate(0); }, false},
       {"notes", [](LDGRAccountEntry& e) { e.SetNotes("n"); }, false},
       {"tax mark", [](LDGRAccountEntry& e) { e.SetTaxDeductible(true); }, false},
       {"line end in a text", [](LDGRAccountEntry& e) { e.SetDescription("a\nb"); }, false},

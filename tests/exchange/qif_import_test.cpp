@@ -227,12 +227,13 @@ TEST(QifFiles, AreDecodedAsToldElseByWhatTheyLookLike) {
   const auto file = [](std::string_view payee) {
     return "!Type:Bank\nP" + std::string(payee) + "\n^\n";
   };
-  const auto wide = [](std::string_view text, bool odd) {
-    std::string bytes("\xFF\xFE");
-    for (const char letter : text) bytes += std::string{letter, '\0'};
-    if (odd) bytes += 'x';
-    return bytes;
+  const auto wide = [](std::string bytes, bool odd) {
+    for (const char16_t letter : std::u16string_view(u"!Type:Bank\nPŁódź\n^\n")) {
+      bytes += {static_cast<char>(letter & 0xFF), static_cast<char>(letter >> 8)};
+    }
+    return odd ? bytes + 'x' : bytes;
   };
+  const std::string mark = "\xFF\xFE";
   const Case cases[] = {
       {"as told", file("T\xFCr"), TextEncoding::Latin1, "Tür"},
       {"UTF-8 though told otherwise", file("Tür"), TextEncoding::Ascii, "Tür"},
@@ -240,8 +241,14 @@ TEST(QifFiles, AreDecodedAsToldElseByWhatTheyLookLike) {
       {"bytes without a character", file("T\xFCr\x81\x9D!"), TextEncoding::Utf8,
        "Tür\uFFFD\uFFFD!"},
       {"the same for Windows-1252", file("\x90 T\xFCr"), TextEncoding::Windows1252, "\uFFFD Tür"},
-      {"by its mark", wide(file("Door"), false), TextEncoding::Utf8, "Door"},
-      {"of odd length", wide(file("Door"), true), TextEncoding::Utf8, "Door"},
+      {"by its mark", wide(mark, false), TextEncoding::Utf8, "Łódź"},
+      {"by its mark before what would do", wide(mark, false), TextEncoding::Latin1, "Łódź"},
+      {"of odd length", wide(mark, true), TextEncoding::MacRoman, "Łódź"},
+      {"of odd length as told", wide(mark, true), TextEncoding::Utf16, "Łódź"},
+      {"of odd length without a mark", wide("", true), TextEncoding::Utf16LittleEndian, "Łódź"},
+      {"of odd length but not wide", file("Uneven"), TextEncoding::Utf16, "Uneven"},
+      {"mark of UTF-8 for Latin 1", "\xEF\xBB\xBFPDoor\n^", TextEncoding::Latin1, "Door"},
+      {"mark of UTF-8 for Mac", "\xEF\xBB\xBFPDoor\n^", TextEncoding::MacRoman, "Door"},
       {"no such encoding", file("Tür"), static_cast<TextEncoding>(99), "Tür"},
       {"NUL and other control characters", file(std::string("D\0o\x1Ao\x01r", 7)),
        TextEncoding::Utf8, "Door"},

@@ -99,6 +99,12 @@ TEST(QifReviews, CountWhatIsAlikeInTheAccountAndInTheFile) {
     EXPECT_EQ(review.MarkedCount(), 1U);
     review.Remove(review.entries()[0].get());
     EXPECT_EQ(review.MatchOf(*review.entries()[1])->in_file, 2U);
+    // Alike for one reason, and both alike for another.
+    review = Review("D1/2/04\nT-5\nPCafe\nMx\n^\nD1/2/04\nT-5\nPInn\nMx\n^\n", account);
+    EXPECT_EQ(review.MatchOf(*review.entries()[0])->in_file, 1U);
+    EXPECT_EQ(review.MatchOf(*review.entries()[1])->reason, QifMatch::Reason::Description);
+    EXPECT_EQ(review.MatchOf(*review.entries()[1])->in_file, 2U);
+    EXPECT_EQ(review.MatchOf(*review.entries()[1])->in_account, 1U);
     if (others == 0) continue;
     EXPECT_EQ(Review("D1/2/04\nT-5\nN107\n^", account).MarkedCount(), 0U);
     EXPECT_EQ(Review("D1/2/04\nT-5\nN107\n^\nD1/2/04\nT-5\nMd8\n^", account).MarkedCount(), 0U);
@@ -152,16 +158,17 @@ TEST(QifReviews, AddMarkedEntriesInTheOrderOfMarkingAndTheTypesTheyNeed) {
   };
   const Case cases[] = {
       {"all", {}, false, "abc", {"Used"}},
-      {"all types", {}, true, "abc", {"Unused", "Used"}},
+      {"all types", {}, true, "abc", {"Unused", "Unused", "Used"}},
       {"marked again", {0, 0}, false, "bca", {"Used"}},
       {"without the one that needs a type", {0}, false, "bc", {}},
-      {"nothing", {0, 1, 2}, false, "", {"Unused", "Used"}},
+      {"nothing", {0, 1, 2}, false, "", {"Unused", "Unused", "Used"}},
   };
   for (const Case& each : cases) {
     LDGRAccount account;
     account.SetTypes({});
     QifReview review = Review(
-        "!Type:Cat\nNUnused\n^\n!Type:Bank\nT1\nMa\nLUsed\n^\nT2\nMb\n^\nT3\nMc\n^\n", account);
+        "!Type:Cat\nNUnused\n^\nNUnused\n^\n!Type:Bank\nT1\nMa\nLUsed\n^\nT2\nMb\n^\nT3\nMc\n^\n",
+        account);
     for (const std::size_t index : each.toggled) review.Toggle(review.entries()[index]);
     const std::int32_t last = account.GetNumberCount();
     review.Commit(account, each.all_types);
