@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <bit>
+#include <limits>
 #include <numeric>
 #include <utility>
 
@@ -174,6 +175,14 @@ class BoundedSearch {
 
 std::optional<Indexes> SmallestSubset(std::span<const std::int64_t> amounts, std::int64_t total,
                                       std::size_t most) {
+  // No sum on the way may leave the range of numbers.
+  constexpr std::int64_t kMost = std::numeric_limits<std::int64_t>::max();
+  if (total < -kMost) return std::nullopt;
+  std::int64_t room = kMost - std::max(total, -total);
+  for (const std::int64_t amount : amounts) {
+    if (amount < -room || amount > room) return std::nullopt;
+    room -= std::max(amount, -amount);
+  }
   if (amounts.size() <= kFewAmounts) return SearchAll(amounts, total, most);
   return BoundedSearch(amounts).Run(total, most);
 }
