@@ -43,7 +43,7 @@ std::vector<PrintColumn> EmptyColumns() {
   };
   return {whole("Next", PrintAlignment::Left),
           text("Repeats", 14, 8),
-          text("Until", 12, 8),
+          whole("Until", PrintAlignment::Left),
           whole("Overdue", PrintAlignment::Right),
           text("Type", 8, 4),
           text("Description", 14, 6),

@@ -179,13 +179,20 @@ PrintDocument SummaryDocument(const LDGRAccount& account, const SummaryLayout& l
       {head.name.substr(std::min(head.name.find_first_not_of(' '), head.name.size())),
        head.range + ", " + figures.Date(head.first) + " – " + figures.Date(head.last)});
 
+  const bool has_days = layout.check != SummaryLayout::Check::EndsBeforeItStarts;
   Facts balances;
   balances.Add(LocalizedText("Start balance"), figures.Amount(head.start_balance));
-  balances.Add(layout.total_title, figures.Amount(layout.total.total));
+  if (has_days) balances.Add(layout.total_title, figures.Amount(layout.total.total));
   if (layout.check == SummaryLayout::Check::EntriesLeftOut) {
     balances.Add(layout.check_title, figures.Amount(layout.left_out));
   }
-  balances.AddResult(LocalizedText("End balance"), figures.Amount(head.end_balance));
+  const std::string end_balance = figures.Amount(head.end_balance);
+  if (has_days) {
+    balances.AddResult(LocalizedText("End balance"), end_balance);
+  } else {
+    // Nothing adds up to it.
+    balances.Add(LocalizedText("End balance"), end_balance);
+  }
   document.tables.push_back(balances.Table(""));
 
   document.tables.push_back(PeriodTable(layout, preferences));
@@ -198,7 +205,7 @@ PrintDocument SummaryDocument(const LDGRAccount& account, const SummaryLayout& l
   for (const auto& block : layout.blocks) {
     document.tables.push_back(BlockTable(block, columns, figures));
   }
-  if (layout.check == SummaryLayout::Check::EndsBeforeItStarts) {
+  if (!has_days) {
     Facts check;
     check.Add(layout.check_title, "");
     document.tables.push_back(check.Table(""));
