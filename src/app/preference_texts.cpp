@@ -8,6 +8,7 @@
 #include <system_error>
 #include <vector>
 
+#include "app/schedule_reminder_state.h"
 #include "exchange/qif_date_formats.h"
 #include "model/text.h"
 #include "platform/ambient.h"
@@ -37,7 +38,7 @@ constexpr std::array kRanges = {
     Range{"speakEntriesStyle", 0, 1},
     Range{"pauseBetweenSpokenEntries", 0, 3600},
     Range{"accountsDrawerWidth", -1, 10000},
-    Range{"scheduleLookAhead", 0, 9999},
+    Range{"scheduleLookAhead", 0, kMostLookAhead},
 };
 // Of a number without an entry above: a part of a colour.
 constexpr Range kColorPart = {"", 0, 1};

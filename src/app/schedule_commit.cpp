@@ -8,6 +8,13 @@
 #include "model/account_entry.h"
 
 namespace tallyfold {
+namespace {
+
+bool IsCommitted(const DueOccurrence& occurrence) {
+  return occurrence.schedule->DateIsCommitted(occurrence.entry->GetDate());
+}
+
+}  // namespace
 
 DateNumber NextDayToCommit(const LDGRAccountSchedule& schedule) {
   const DateNumber next = schedule.NextEntryDate();
@@ -24,7 +31,12 @@ std::vector<DueOccurrence> ScheduleCommit::Due(DateNumber through) const {
   if (account == nullptr) return due;
   const CivilTime day = DateNumberToNSCalendarDate(through);
   for (const auto& schedule : account->GetSchedules()) {
-    for (auto& entry : schedule->EvaluateForDate(day)) due.push_back({schedule, std::move(entry)});
+    DateNumber former = kNullDate;
+    for (auto& entry : schedule->EvaluateForDate(day)) {
+      // A rule may name a day twice.
+      if (std::exchange(former, entry->GetDate()) == entry->GetDate()) continue;
+      due.push_back({schedule, std::move(entry)});
+    }
   }
   std::stable_sort(due.begin(), due.end(), [](const DueOccurrence& a, const DueOccurrence& b) {
     return a.entry->GetDate() < b.entry->GetDate();
@@ -38,6 +50,7 @@ bool ScheduleCommit::CommitAll(const std::vector<DueOccurrence>& occurrences) {
   EntryList entries;
   entries.reserve(occurrences.size());
   for (const DueOccurrence& occurrence : occurrences) {
+    if (IsCommitted(occurrence)) continue;
     entries.push_back(Add(*account, occurrence));
   }
   account->NoteChange();
@@ -69,6 +82,7 @@ bool ScheduleCommit::SkipAll(const std::vector<DueOccurrence>& occurrences) {
   const auto account = AccountFor(occurrences);
   if (account == nullptr) return false;
   for (const DueOccurrence& occurrence : occurrences) {
+    if (IsCommitted(occurrence)) continue;
     occurrence.schedule->AddCommittedDate(occurrence.entry->GetDate());
   }
   account->NoteChange();
@@ -85,7 +99,7 @@ std::shared_ptr<LDGRAccount> ScheduleCommit::AccountFor(
                                                                            list.end());
   const auto can_be_committed = [&schedules](const DueOccurrence& occurrence) {
     return occurrence.entry != nullptr && schedules.contains(occurrence.schedule) &&
-           !occurrence.schedule->DateIsCommitted(occurrence.entry->GetDate());
+           !IsCommitted(occurrence);
   };
   return std::ranges::all_of(occurrences, can_be_committed) ? account : nullptr;
 }
@@ -94,6 +108,11 @@ void ScheduleCommit::LinkTransfer(LDGRAccount& account, LDGRAccountEntry& entry)
   const auto other = host_.AccountWithNumber(entry.GetTransferAccount());
   // The schedule's own numbers name no entry.
   entry.SetTransferEntry(-1);
+  if (other.get() == &account) {
+    // Only a file names the account itself: both halves would be booked there.
+    entry.SetTransferAccount(-1);
+    return;
+  }
   links_.Link(account, entry, true, entry.GetTransferAccount(),
               other != nullptr ? other->GetName() : entry.GetToFrom());
 }

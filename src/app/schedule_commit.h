@@ -46,7 +46,7 @@ class ScheduleCommit {
   // other half. False, and nothing changes, when the schedule is no longer one of the selected
   // account, or its occurrence has been committed or skipped meanwhile.
   bool Commit(const DueOccurrence& occurrence) { return CommitAll({occurrence}); }
-  // The same for several, in their order; all of them or none. No occurrence may be there twice.
+  // The same for several, in their order; all of them or none. One that is there twice counts once.
   bool CommitAll(const std::vector<DueOccurrence>& occurrences);
   // Never offers the occurrence again. False as for Commit().
   bool Skip(const DueOccurrence& occurrence) { return SkipAll({occurrence}); }

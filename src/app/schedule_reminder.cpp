@@ -8,6 +8,7 @@
 #include <utility>
 
 #include "app/edit_sheet.h"
+#include "app/schedule_values.h"
 #include "model/account_entry.h"
 #include "model/amounts.h"
 #include "model/calendar.h"
@@ -135,6 +136,8 @@ std::vector<ScheduleReminder::Due> ScheduleReminder::DueOccurrences() {
   const CivilTime through = DateNumberToNSCalendarDate(LookAheadDate());
   for (const auto& schedule : account->GetSchedules()) {
     std::vector<DateNumber> days = schedule->DueDates(through);
+    // A rule may name a day twice.
+    days.erase(std::ranges::unique(days).begin(), days.end());
     if (!days.empty()) due.push_back({schedule, std::move(days)});
   }
   return due;
@@ -149,8 +152,9 @@ void ScheduleReminder::Fill() {
     const DateNumber today = TodaysDateNumber();
     for (const Due& due : DueOccurrences()) {
       const auto first_ahead = std::ranges::upper_bound(due.days, today);
-      AddRows(*account, {due.schedule, {due.days.begin(), first_ahead}}, false);
-      AddRows(*account, {due.schedule, {first_ahead, due.days.end()}}, true);
+      const bool folds = due.days.size() > kMostRowsOfSchedule;
+      AddRows(*account, {due.schedule, {due.days.begin(), first_ahead}}, false, folds);
+      AddRows(*account, {due.schedule, {first_ahead, due.days.end()}}, true, folds);
     }
   }
   std::ranges::stable_sort(state_.rows, {},
@@ -162,7 +166,8 @@ void ScheduleReminder::Fill() {
   UpdateBalance();
 }
 
-void ScheduleReminder::AddRows(const LDGRAccount& account, const Due& due, bool is_ahead) {
+void ScheduleReminder::AddRows(const LDGRAccount& account, const Due& due, bool is_ahead,
+                               bool folds) {
   (is_ahead ? state_.ahead : state_.due) += due.days.size();
   const std::string format = RegisterDateFormat(host_.Preferences());
   const auto text = [&format](DateNumber day) {
@@ -176,8 +181,10 @@ void ScheduleReminder::AddRows(const LDGRAccount& account, const Due& due, bool 
   row.description = due.schedule->GetDescription();
   row.to_from = due.schedule->GetToFrom();
   row.typed.is_marked = !is_ahead;
-  row.typed.amount = due.schedule->GetAmount();
-  if (due.days.size() > kMostRowsOfSchedule) {
+  row.goes_out = GoesOut(*due.schedule);
+  // Adding 0.0 keeps a negative zero off the screen.
+  row.typed.amount = (row.goes_out ? -due.schedule->GetAmount() : due.schedule->GetAmount()) + 0.0;
+  if (folds && due.days.size() > 1) {
     row.days = due.days;
     row.typed.date = due.days.front();
     row.date_is_enabled = false;
@@ -214,7 +221,7 @@ std::optional<double> ScheduleReminder::Balance() const {
   double balance = account->GetBalance();
   for (const ReminderRow& row : state_.rows) {
     const auto count = static_cast<double>(row.days.size());
-    if (row.typed.is_marked) balance += count * RoundedAmount(row.typed.amount);
+    if (row.typed.is_marked) balance += count * RoundedAmount(row.SignedAmount());
   }
   return balance;
 }
@@ -263,12 +270,12 @@ void ScheduleReminder::BalanceModeChosen(std::int32_t tag) {
 
 // --- Committing and skipping --------------------------------------------------------------------
 
-std::vector<DueOccurrence> ScheduleReminder::MarkedOccurrences() {
+std::vector<DueOccurrence> ScheduleReminder::MarkedOccurrences(bool all) {
   std::vector<DueOccurrence> occurrences;
-  for (ReminderRow& row : state_.rows) {
-    if (!row.typed.is_marked) continue;
-    const bool has_own_date = row.date_is_enabled && row.typed.date != row.days.front();
-    if (row.date_is_enabled && !LimitDay(row.typed.date)) {
+  for (const ReminderRow& row : state_.rows) {
+    if (!all && !row.typed.is_marked) continue;
+    DateNumber date = row.typed.date;
+    if (row.date_is_enabled && !LimitDay(date)) {
       Refuse(LocalizedText("The date does not exist."));
       return {};
     }
@@ -276,14 +283,15 @@ std::vector<DueOccurrence> ScheduleReminder::MarkedOccurrences() {
       Refuse(LocalizedText("The amount is not a number."));
       return {};
     }
+    const bool has_own_date = row.date_is_enabled && date != row.days.front();
     const bool has_own_amount =
-        row.amount_is_enabled && RoundedAmount(row.typed.amount) != row.schedule->GetAmount();
+        row.amount_is_enabled && RoundedAmount(row.SignedAmount()) != row.schedule->GetAmount();
     for (const DateNumber day : row.days) {
       DueOccurrence occurrence{row.schedule, row.schedule->EntryForDate(day)};
       if (has_own_date || has_own_amount) {
         occurrence.edited = LDGRAccountEntry::entryWithEntry(occurrence.entry.get());
-        if (has_own_date) occurrence.edited->SetDate(row.typed.date);
-        if (has_own_amount) occurrence.edited->SetAmount(row.typed.amount);
+        if (has_own_date) occurrence.edited->SetDate(date);
+        if (has_own_amount) occurrence.edited->SetAmount(row.SignedAmount());
       }
       occurrences.push_back(std::move(occurrence));
     }
@@ -300,9 +308,9 @@ bool ScheduleReminder::Refuse(std::string problem) {
   return false;
 }
 
-bool ScheduleReminder::CommitMarked() {
+bool ScheduleReminder::Commit(bool all) {
   if (!state_.is_open || !front_end_.EndEditing(Sheet::ScheduleReminder)) return false;
-  const std::vector<DueOccurrence> occurrences = MarkedOccurrences();
+  const std::vector<DueOccurrence> occurrences = MarkedOccurrences(all);
   if (occurrences.empty()) return false;
   if (!commit_.CommitAll(occurrences)) {
     Fill();
@@ -313,14 +321,9 @@ bool ScheduleReminder::CommitMarked() {
   return true;
 }
 
-bool ScheduleReminder::CommitAll() {
-  MarkAll(true);
-  return CommitMarked();
-}
-
 bool ScheduleReminder::SkipMarked() {
   if (!state_.is_open || !front_end_.EndEditing(Sheet::ScheduleReminder)) return false;
-  const std::vector<DueOccurrence> occurrences = MarkedOccurrences();
+  const std::vector<DueOccurrence> occurrences = MarkedOccurrences(false);
   if (occurrences.empty()) return false;
   const bool skipped = commit_.SkipAll(occurrences);
   Fill();

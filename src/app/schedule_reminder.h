@@ -25,8 +25,8 @@ class LDGRPreferences;
 // that was not asked for.
 class ScheduleReminder {
  public:
-  // More occurrences of one schedule than this are folded into one row, those due and those to
-  // come apart.
+  // More occurrences of one schedule than this, due and to come taken together, are folded: those
+  // due into one row, those to come into another.
   static constexpr std::size_t kMostRowsOfSchedule = 50;
 
   class Host {
@@ -65,9 +65,9 @@ class ScheduleReminder {
 
   // Commits what is marked, or everything, and closes the sheet. False, and nothing is committed,
   // when nothing is marked, when a date or an amount will not do, or when something has been
-  // committed or skipped meanwhile; the state then says why.
-  bool CommitMarked();
-  bool CommitAll();
+  // committed or skipped meanwhile; the state then says why, and the marks are as before.
+  bool CommitMarked() { return Commit(false); }
+  bool CommitAll() { return Commit(true); }
   // Never offers again what is marked. The sheet stays open for the rest. False as before.
   bool SkipMarked();
   // Closes the sheet; what is left is offered again later.
@@ -94,12 +94,13 @@ class ScheduleReminder {
   void Show();
   // Fills the rows; those that were there keep what was typed.
   void Fill();
-  void AddRows(const LDGRAccount& account, const Due& due, bool is_ahead);
+  void AddRows(const LDGRAccount& account, const Due& due, bool is_ahead, bool folds);
   void UpdateBalance();
   [[nodiscard]] std::optional<double> Balance() const;
-  // The occurrences of the marked rows by day, with their edited copies; none, and the problem is
-  // told, when they will not do.
-  [[nodiscard]] std::vector<DueOccurrence> MarkedOccurrences();
+  // The occurrences of the marked rows, or of all, by day, with their edited copies; none, and the
+  // problem is told, when they will not do.
+  [[nodiscard]] std::vector<DueOccurrence> MarkedOccurrences(bool all);
+  bool Commit(bool all);
   bool Refuse(std::string problem);
   void Close();
 

@@ -29,7 +29,8 @@ struct ReminderRow {
     bool is_marked = false;
     // Of the entry that is made; only of a single occurrence.
     DateNumber date = kNullDate;
-    // Signed, of each entry that is made.
+    // Of each entry that is made, without the minus of what leaves the account, as in the sheets of
+    // entries.
     double amount = 0.0;
 
     friend bool operator==(const Typed&, const Typed&) = default;
@@ -47,9 +48,17 @@ struct ReminderRow {
   bool date_is_enabled = true;
   // Not of a split, whose lines make the amount.
   bool amount_is_enabled = true;
+  // Whether the amount leaves the account: a debit, or a transfer from here.
+  bool goes_out = false;
   std::string type;
   std::string description;
   std::string to_from;
+
+  // The typed amount as it is stored and shown.
+  [[nodiscard]] double SignedAmount() const noexcept {
+    // Adding 0.0 keeps a negative zero off the screen.
+    return (goes_out ? -typed.amount : typed.amount) + 0.0;
+  }
 };
 
 // What the reminder of scheduled entries shows.

@@ -105,16 +105,18 @@ std::string ProblemOfUntil(const ScheduleValues& values, const ScheduleValues* f
 
 }  // namespace
 
+bool GoesOut(const LDGRAccountSchedule& schedule) {
+  return schedule.IsDebit() || (schedule.IsTransfer() && schedule.IsTransferOrigin());
+}
+
 ScheduleValues ValuesOf(const LDGRAccountSchedule& schedule) {
   ScheduleValues values;
   values.kind = schedule.IsDebit()     ? EntryKind::Debit
                 : schedule.IsDeposit() ? EntryKind::Deposit
                                        : EntryKind::Transfer;
   values.start = schedule.GetDate();
-  const bool goes_out =
-      schedule.IsDebit() || (schedule.IsTransfer() && schedule.IsTransferOrigin());
   // Adding 0.0 keeps a negative zero off the screen.
-  values.amount = (goes_out ? -schedule.GetAmount() : schedule.GetAmount()) + 0.0;
+  values.amount = (GoesOut(schedule) ? -schedule.GetAmount() : schedule.GetAmount()) + 0.0;
   if (const auto& split = schedule.GetSplit()) {
     for (std::size_t i = 0; i < values.split.size(); ++i) {
       values.split[i] = {split->GetDescription(i), split->GetToFrom(i), split->GetAmount(i)};

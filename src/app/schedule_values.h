@@ -40,6 +40,10 @@ struct ScheduleValues {
   friend bool operator==(const ScheduleValues&, const ScheduleValues&) = default;
 };
 
+// Whether its money leaves the account: a debit, or a transfer from here. The sheets show the
+// amount of such a schedule without its minus.
+[[nodiscard]] bool GoesOut(const LDGRAccountSchedule& schedule);
+
 // What a schedule of a known kind holds.
 [[nodiscard]] ScheduleValues ValuesOf(const LDGRAccountSchedule& schedule);
 // Makes the schedule one with these values, which ProblemOf() must have passed. A transfer's

@@ -44,7 +44,7 @@ void Show(const Console& console) {
     rows.Add({Count(i + 1), row.typed.is_marked ? "yes" : "",
               WriteNumber(row.schedule->GetNumber()), DatesOf(row),
               row.is_ahead ? "to come" : "due", row.type, row.description, row.to_from,
-              WriteAmount(row.typed.amount)});
+              WriteAmount(row.SignedAmount())});
   }
   console.printer.Show(rows);
   Table figures({{"due", Column::Align::Right},
@@ -183,6 +183,7 @@ void Skip(Console& console, const Arguments& /*arguments*/) {
 }
 
 void Later(Console& console, const Arguments& /*arguments*/) {
+  (void)Reminder(console);
   console.controller.ScheduleReminderSheet_Later();
   console.printer.Confirm("What is left is offered again later.");
 }
@@ -193,7 +194,7 @@ constexpr Option kMarkOptions[] = {
 
 constexpr Option kEditOptions[] = {
     {.name = "date", .value = "DATE", .help = "of the entry that is made"},
-    {.name = "amount", .value = "AMOUNT", .help = "with its sign, such as -12.50"},
+    {.name = "amount", .value = "AMOUNT", .help = "of the entry that is made, such as 12.50"},
 };
 
 constexpr Command kCommands[] = {
@@ -218,7 +219,7 @@ constexpr Command kCommands[] = {
      .most_words = 1,
      .options = kEditOptions,
      .help = "changes the entry that a row is going to make",
-     .example = "remind edit 1 amount=-31.05",
+     .example = "remind edit 1 amount=31.05",
      .run = EditRow,
      .needs = Needs::Reminder},
     {.name = "remind ahead",

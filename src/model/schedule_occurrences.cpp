@@ -171,8 +171,9 @@ std::vector<OccurrenceAhead> OccurrencesAhead(const Recurrence& recurrence,
   std::vector<OccurrenceAhead> ahead;
   const std::int64_t end = std::min(DayCountOf(last), kLastDay);
   const std::int64_t start = DayCountOf(recurrence.start);
+  if (start > end) return ahead;
   if (recurrence.type == RepeatInterval::Once) {
-    if (committed.empty() && limit > 0 && start >= kFirstDay && start <= end) {
+    if (committed.empty() && limit > 0 && start >= kFirstDay) {
       ahead.push_back({recurrence.start, recurrence.start});
     }
     return ahead;
@@ -183,14 +184,15 @@ std::vector<OccurrenceAhead> OccurrencesAhead(const Recurrence& recurrence,
   DateNumber former = 0;
   for (std::int64_t index = 0; limit > 0; ++index) {
     const std::int64_t candidate = candidates.DayAt(index);
-    if (candidate > end) break;
+    if (candidate > kLastDay) break;
     const std::optional<DateNumber> day = candidates.Occurrence(candidate);
+    if ((day ? DayCountOf(*day) : candidate) > end) break;
     if (day && walk.Contains(*day)) {
       // Months that were skipped before what is past are past too.
       if (former == 0) ahead.clear();
       continue;
     }
-    if (day && candidates.drops_repeats() && *day == former) continue;
+    if (day && *day == former) continue;
     ahead.push_back({DateNumberOfDayCount(candidate), day});
     if (!day) continue;
     former = *day;

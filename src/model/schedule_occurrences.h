@@ -62,8 +62,9 @@ struct OccurrenceAhead {
 
   friend bool operator==(const OccurrenceAhead&, const OccurrenceAhead&) = default;
 };
-// The first `limit` uncommitted occurrences whose candidates do not lie after `last`, and the
-// candidates between them that fail the day check.
+// The first `limit` uncommitted occurrences from the start on that do not lie after `last`, and the
+// candidates between them that fail the day check. No day comes twice; none when the start lies
+// after `last`.
 [[nodiscard]] std::vector<OccurrenceAhead> OccurrencesAhead(const Recurrence& recurrence,
                                                             const CommittedDates& committed,
                                                             DateNumber last, std::size_t limit);

@@ -42,7 +42,9 @@ constexpr std::array kIntervalTexts = {
 }  // namespace
 
 std::size_t OverdueCount(const LDGRAccountSchedule& schedule, DateNumber today) {
-  const std::vector<DateNumber> due = schedule.DueDates(DateNumberToNSCalendarDate(today));
+  std::vector<DateNumber> due = schedule.DueDates(DateNumberToNSCalendarDate(today));
+  // A rule may name a day twice.
+  due.erase(std::ranges::unique(due).begin(), due.end());
   return static_cast<std::size_t>(
       std::count_if(due.begin(), due.end(), [today](DateNumber date) { return date < today; }));
 }

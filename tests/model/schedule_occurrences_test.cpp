@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <random>
 #include <set>
 
@@ -26,7 +27,9 @@ void ExpectOccurrences(const char* what, const Recurrence& recurrence, DateNumbe
   for (const OccurrenceAhead& next : OccurrencesAhead(recurrence, dates, to, days.size() + 1)) {
     if (next.date) ahead.push_back(*next.date);
   }
-  EXPECT_EQ(ahead, days) << what << ", ahead";
+  Days apart = days;
+  apart.erase(std::ranges::unique(apart).begin(), apart.end());
+  EXPECT_EQ(ahead, apart) << what << ", ahead";
 }
 
 TEST(Occurrences, FollowTheirRules) {
