@@ -137,7 +137,7 @@ std::vector<ScheduleReminder::Due> ScheduleReminder::DueOccurrences() {
   for (const auto& schedule : account->GetSchedules()) {
     std::vector<DateNumber> days = schedule->DueDates(through);
     // A rule may name a day twice.
-    days.erase(std::ranges::unique(days).begin(), days.end());
+    days.erase(std::unique(days.begin(), days.end()), days.end());
     if (!days.empty()) due.push_back({schedule, std::move(days)});
   }
   return due;

@@ -44,7 +44,7 @@ constexpr std::array kIntervalTexts = {
 std::size_t OverdueCount(const LDGRAccountSchedule& schedule, DateNumber today) {
   std::vector<DateNumber> due = schedule.DueDates(DateNumberToNSCalendarDate(today));
   // A rule may name a day twice.
-  due.erase(std::ranges::unique(due).begin(), due.end());
+  due.erase(std::unique(due.begin(), due.end()), due.end());
   return static_cast<std::size_t>(
       std::count_if(due.begin(), due.end(), [today](DateNumber date) { return date < today; }));
 }

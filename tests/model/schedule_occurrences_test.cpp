@@ -28,7 +28,7 @@ void ExpectOccurrences(const char* what, const Recurrence& recurrence, DateNumbe
     if (next.date) ahead.push_back(*next.date);
   }
   Days apart = days;
-  apart.erase(std::ranges::unique(apart).begin(), apart.end());
+  apart.erase(std::unique(apart.begin(), apart.end()), apart.end());
   EXPECT_EQ(ahead, apart) << what << ", ahead";
 }
 
