@@ -7,45 +7,45 @@
 #include <utility>
 #include <vector>
 
-#include "app/account_editing.h"
-#include "app/account_passwords.h"
-#include "app/account_removal.h"
-#include "app/account_selection.h"
-#include "app/account_summary_sheet.h"
-#include "app/account_summary_tab.h"
-#include "app/accounts_drawer.h"
-#include "app/amount_fields.h"
-#include "app/application.h"
-#include "app/application_lock.h"
-#include "app/backups_list.h"
-#include "app/balance_field.h"
-#include "app/entry_editing.h"
-#include "app/entry_removal.h"
-#include "app/entry_reveal.h"
-#include "app/export_commands.h"
-#include "app/front_end_slot.h"
-#include "app/idle_watch.h"
-#include "app/lifecycle.h"
-#include "app/main_window.h"
-#include "app/menus.h"
-#include "app/modal_watch.h"
-#include "app/preferences_sheet.h"
-#include "app/printing.h"
-#include "app/qif_import_command.h"
-#include "app/qif_import_controller.h"
-#include "app/reconcile_tab.h"
-#include "app/refresh.h"
-#include "app/registers.h"
-#include "app/schedule_commit.h"
-#include "app/schedule_editing.h"
-#include "app/schedule_reminder.h"
-#include "app/schedules_tab.h"
+#include "app/accounts/account_editing.h"
+#include "app/accounts/account_passwords.h"
+#include "app/accounts/account_removal.h"
+#include "app/accounts/account_selection.h"
+#include "app/accounts/accounts_drawer.h"
+#include "app/entries/amount_fields.h"
+#include "app/entries/entry_editing.h"
+#include "app/entries/entry_removal.h"
+#include "app/entries/entry_reveal.h"
+#include "app/entries/transfer_links.h"
+#include "app/exchange/export_commands.h"
+#include "app/exchange/qif_import_command.h"
+#include "app/exchange/qif_import_controller.h"
+#include "app/face/front_end_slot.h"
+#include "app/face/main_window.h"
+#include "app/face/refresh.h"
+#include "app/face/sheet_slot.h"
+#include "app/face/text_editing.h"
+#include "app/schedules/schedule_commit.h"
+#include "app/schedules/schedule_editing.h"
+#include "app/schedules/schedule_reminder.h"
+#include "app/schedules/schedules_tab.h"
 #include "app/services.h"
-#include "app/sheet_slot.h"
-#include "app/tabs.h"
-#include "app/text_editing.h"
-#include "app/transfer_links.h"
-#include "app/update_check.h"
+#include "app/shell/application.h"
+#include "app/shell/application_lock.h"
+#include "app/shell/backups_list.h"
+#include "app/shell/idle_watch.h"
+#include "app/shell/lifecycle.h"
+#include "app/shell/menus.h"
+#include "app/shell/modal_watch.h"
+#include "app/shell/preferences_sheet.h"
+#include "app/shell/printing.h"
+#include "app/shell/tabs.h"
+#include "app/shell/update_check.h"
+#include "app/views/account_summary_sheet.h"
+#include "app/views/account_summary_tab.h"
+#include "app/views/balance_field.h"
+#include "app/views/reconcile_tab.h"
+#include "app/views/registers.h"
 #include "filters/register_search.h"
 #include "filters/standard_filters.h"
 #include "model/day_field.h"
@@ -73,7 +73,7 @@ class LDGRController {
   // The one that was made last, as long as it lives; else null.
   [[nodiscard]] static LDGRController* sharedController() noexcept;
 
-  // --- app/front_end.h, app/main_window.h, app/sheet_slot.h --------------------------------------
+  // --- app/face/front_end.h, app/face/main_window.h, app/face/sheet_slot.h ----------------------
   // Who shows the application; null (as at first) for nobody. Both must outlive their stay here.
   void SetFrontEnd(FrontEnd* front_end) noexcept { front_end_.Set(front_end); }
   void SetMainWindow(MainWindow* window) noexcept { window_.Set(window); }
@@ -85,10 +85,10 @@ class LDGRController {
   // Cancels whatever sheet is open, but for those that ask for a password.
   void CancelOpenSheet();
 
-  // --- app/application.h -------------------------------------------------------------------------
+  // --- app/shell/application.h ------------------------------------------------------------------
   [[nodiscard]] LDGRApplication& application() noexcept { return application_; }
 
-  // --- app/lifecycle.h ---------------------------------------------------------------------------
+  // --- app/shell/lifecycle.h --------------------------------------------------------------------
   void awakeFromNib() { lifecycle_.awakeFromNib(); }
   [[nodiscard]] bool applicationDidFinishLaunching() {
     return lifecycle_.applicationDidFinishLaunching();
@@ -107,7 +107,7 @@ class LDGRController {
   void quit_MenuItem() { Quit(); }
   void Quit() { lifecycle_.Quit(); }
 
-  // --- app/application_lock.h --------------------------------------------------------------------
+  // --- app/shell/application_lock.h -------------------------------------------------------------
   [[nodiscard]] std::int32_t initState() const noexcept { return lock_.initState(); }
   [[nodiscard]] bool authenticated() const noexcept { return lock_.authenticated(); }
   bool authenticate(std::optional<std::string_view> password) {
@@ -129,7 +129,7 @@ class LDGRController {
   bool authenticationSheet_OK() { return lock_.OK(); }
   void authenticationSheet_Cancel() { lock_.Cancel(); }
 
-  // --- app/account_passwords.h -------------------------------------------------------------------
+  // --- app/accounts/account_passwords.h ---------------------------------------------------------
   [[nodiscard]] const std::shared_ptr<LDGRAccount>& authenticatingAccount() const noexcept {
     return account_passwords_.authenticatingAccount();
   }
@@ -155,14 +155,14 @@ class LDGRController {
   }
   void AccountAuthenticationSheet_Close() { account_passwords_.AccountAuthenticationSheet_Close(); }
 
-  // --- app/idle_watch.h --------------------------------------------------------------------------
+  // --- app/shell/idle_watch.h -------------------------------------------------------------------
   [[nodiscard]] const RepeatingTimer& scheduleReminderTimer() const noexcept {
     return idle_.scheduleReminderTimer();
   }
   void userInputNotification() { idle_.userInputNotification(); }
   void Schedules_Evaluate() { idle_.Schedules_Evaluate(); }
 
-  // --- app/tabs.h --------------------------------------------------------------------------------
+  // --- app/shell/tabs.h -------------------------------------------------------------------------
   [[nodiscard]] const TabsState& TabViews() const noexcept { return tabs_.State(); }
   [[nodiscard]] RegisterKind ShownRegister() const noexcept { return tabs_.ShownRegister(); }
   void SelectTab(Tab tab) { tabs_.Select(tab); }
@@ -176,7 +176,7 @@ class LDGRController {
   void ScheduleTab_Enter() { tabs_.ScheduleTab_Enter(); }
   void AccountSummaryTab_Enter() { tabs_.AccountSummaryTab_Enter(); }
 
-  // --- app/accounts_drawer.h ---------------------------------------------------------------------
+  // --- app/accounts/accounts_drawer.h -----------------------------------------------------------
   [[nodiscard]] const AccountsDrawer& accountsDrawer() const noexcept { return drawer_; }
   void ToggleAccountsDrawer() { drawer_.ToggleAccountsDrawer(); }
   void drawerDidClose() { drawer_.drawerDidClose(); }
@@ -188,14 +188,14 @@ class LDGRController {
     drawer_.Table_DoubleClick(row);
   }
 
-  // --- app/menus.h -------------------------------------------------------------------------------
+  // --- app/shell/menus.h ------------------------------------------------------------------------
   [[nodiscard]] CommandsState Commands() const { return menus_.Commands(); }
   [[nodiscard]] std::vector<MenuItem> AccountMenu() const { return menus_.AccountMenu(); }
   void Account_Menu_Show_MenuItem(std::int32_t tag) { menus_.Account_Menu_Show_MenuItem(tag); }
   [[nodiscard]] std::vector<MenuItem> EntryTypeMenu() const { return menus_.EntryTypeMenu(); }
   void entryMenu_Types_MenuItem(std::int32_t tag) { menus_.entryMenu_Types_MenuItem(tag); }
 
-  // --- filters/register_search.h -----------------------------------------------------------------
+  // --- filters/register_search.h ----------------------------------------------------------------
   [[nodiscard]] const RegisterSearchState& SearchState() const noexcept { return search_.State(); }
   void search_Field(std::optional<std::string_view> text) { Search_Field(text); }
   void Search_Field(std::optional<std::string_view> text) { search_.Search_Field(text); }
@@ -208,7 +208,7 @@ class LDGRController {
   void PopulateForFilterType(std::int32_t type) { search_.PopulateForFilterType(type); }
   void PopulateForFilter(const LDGRFilter* filter) { search_.PopulateForFilter(filter); }
 
-  // --- filters/standard_filters.h ----------------------------------------------------------------
+  // --- filters/standard_filters.h ---------------------------------------------------------------
   [[nodiscard]] const StandardFilters& Filters() const noexcept { return filters_; }
   void Filters_Init() { filters_.Filters_Init(); }
   void Filters_DateFilters_Update() { filters_.Filters_DateFilters_Update(); }
@@ -222,7 +222,7 @@ class LDGRController {
     return filters_.FilterNumberToMenuIndex(number);
   }
 
-  // --- The fields that are followed key by key ---------------------------------------------------
+  // --- The fields that are followed key by key --------------------------------------------------
   enum class TypedField : std::uint8_t {
     Search,
     Password,
@@ -236,7 +236,7 @@ class LDGRController {
   void textDidBeginEditing(const void* field) { text_editing_.textDidBeginEditing(field); }
   void textDidEndEditing(const void* field) { text_editing_.textDidEndEditing(field); }
 
-  // --- storage/accounts_store.h ------------------------------------------------------------------
+  // --- storage/accounts_store.h -----------------------------------------------------------------
   // To read: what is not loaded, what was kept, whether there is something to save.
   [[nodiscard]] const AccountsStore& accountsStore() const noexcept { return accounts_; }
   [[nodiscard]] const AccountList& accounts() const noexcept { return accounts_.accounts(); }
@@ -255,7 +255,7 @@ class LDGRController {
   // As the store's; what was restored is then shown like what was launched with.
   [[nodiscard]] AccountsStore::RestoreResult Accounts_RestoreBackup(const std::string& name);
 
-  // --- storage/preferences_store.h ---------------------------------------------------------------
+  // --- storage/preferences_store.h --------------------------------------------------------------
   [[nodiscard]] const PreferencesStore& preferencesStore() const noexcept { return preferences_; }
   [[nodiscard]] LDGRPreferences& preferences() { return LDGRPreferences::sharedPreferences(); }
   void Preferences_Init() { preferences_.Preferences_Init(); }
@@ -264,7 +264,7 @@ class LDGRController {
     preferences_.Preferences_StoreAccountPrefs(account);
   }
 
-  // --- app/preferences_sheet.h -------------------------------------------------------------------
+  // --- app/shell/preferences_sheet.h ------------------------------------------------------------
   bool PreferencesSheet_Open() { return preferences_sheet_.Open(); }
   [[nodiscard]] const PreferencesSheetState& preferencesSheet() const noexcept {
     return preferences_sheet_.State();
@@ -284,13 +284,13 @@ class LDGRController {
   bool PreferencesSheet_OK() { return preferences_sheet_.OK(); }
   void PreferencesSheet_Cancel() { preferences_sheet_.Cancel(); }
 
-  // --- app/update_check.h ------------------------------------------------------------------------
+  // --- app/shell/update_check.h -----------------------------------------------------------------
   [[nodiscard]] const UpdateState& Updates() const noexcept { return updates_.State(); }
   void CheckForUpdates() { updates_.CheckForUpdates(); }
   void CheckForUpdates_Auto() { updates_.CheckForUpdates_Auto(); }
   void UpdateWindow_Close() { updates_.CloseWindow(); }
 
-  // --- app/account_selection.h -------------------------------------------------------------------
+  // --- app/accounts/account_selection.h ---------------------------------------------------------
   // Null when no account is selected.
   [[nodiscard]] const std::shared_ptr<LDGRAccount>& SelectedAccount() const noexcept {
     return selection_.Selected();
@@ -305,7 +305,7 @@ class LDGRController {
     selection_.SetMainWindowTitleForAccount(account);
   }
 
-  // --- app/account_editing.h ---------------------------------------------------------------------
+  // --- app/accounts/account_editing.h -----------------------------------------------------------
   bool account_Add_MenuItem() { return Account_Add(); }
   bool Account_Add() { return account_editing_.Account_Add(); }
   bool Account_Edit() { return account_editing_.Account_Edit(); }
@@ -333,10 +333,10 @@ class LDGRController {
   bool AccountEditSheet_OK() { return account_editing_.AccountEditSheet_OK(); }
   void AccountEditSheet_Cancel() { account_editing_.AccountEditSheet_Cancel(); }
 
-  // --- app/account_removal.h ---------------------------------------------------------------------
+  // --- app/accounts/account_removal.h -----------------------------------------------------------
   bool Account_Remove() { return account_removal_.Account_Remove(); }
 
-  // --- app/account_summary_tab.h -----------------------------------------------------------------
+  // --- app/views/account_summary_tab.h ----------------------------------------------------------
   [[nodiscard]] const AccountSummaryTabState& Summaries() { return summary_tab_.State(); }
   bool AccountSummary_Select(std::size_t row) { return summary_tab_.Select(row); }
   std::shared_ptr<LDGRAccountSummary> AccountSummary_Add() { return summary_tab_.Add(); }
@@ -346,7 +346,7 @@ class LDGRController {
   bool AccountSummary_Rename(std::string_view name) { return summary_tab_.Rename(name); }
   bool AccountSummary_Remove() { return summary_tab_.Remove(); }
 
-  // --- app/account_summary_sheet.h ---------------------------------------------------------------
+  // --- app/views/account_summary_sheet.h --------------------------------------------------------
   [[nodiscard]] const AccountSummarySheetState& SummarySheet() const noexcept {
     return summary_sheet_.State();
   }
@@ -356,7 +356,7 @@ class LDGRController {
   bool AccountSummarySheet_OK() { return summary_sheet_.OK(); }
   void AccountSummarySheet_Cancel() { summary_sheet_.Cancel(); }
 
-  // --- app/registers.h ---------------------------------------------------------------------------
+  // --- app/views/registers.h --------------------------------------------------------------------
   [[nodiscard]] LDGRAccountTableViewData& entryDataSource() noexcept { return registers_.Entry(); }
   [[nodiscard]] LDGRAccountTableViewData& reconcileDataSource() noexcept {
     return registers_.Reconcile();
@@ -381,7 +381,7 @@ class LDGRController {
   }
   void currentTableDataSource_DoubleClick() { Entry_Edit(); }
 
-  // --- registers/entry_speaker.h, app/amount_fields.h --------------------------------------------
+  // --- registers/entry_speaker.h, app/entries/amount_fields.h -----------------------------------
   void SpeakEntry(const LDGRAccountEntry* selected) { speaker_.SpeakEntry(selected); }
   void StartSpeakingEntries() { speaker_.StartSpeakingEntries(); }
   void SpeakEntries() { speaker_.SpeakEntries(); }
@@ -390,7 +390,7 @@ class LDGRController {
   [[nodiscard]] bool IsReadingEntries() const noexcept { return speaker_.IsReading(); }
   [[nodiscard]] AmountFields& amountFields() noexcept { return amount_fields_; }
 
-  // --- app/entry_editing.h -----------------------------------------------------------------------
+  // --- app/entries/entry_editing.h --------------------------------------------------------------
   bool Entry_Debit() { return editing_.New(EntryKind::Debit); }
   bool Entry_Deposit() { return editing_.New(EntryKind::Deposit); }
   bool Entry_Transfer() { return editing_.New(EntryKind::Transfer); }
@@ -477,7 +477,7 @@ class LDGRController {
     return editing_.OKThenNew(editing_.Transfer(), EntryKind::Transfer);
   }
 
-  // --- app/export_commands.h ---------------------------------------------------------------------
+  // --- app/exchange/export_commands.h -----------------------------------------------------------
   void export_MenuItem(std::int32_t tag) { export_.export_MenuItem(tag); }
   WriteResult ExportQIF() { return export_.ExportQIF(); }
   WriteResult ExportText() { return export_.ExportText(); }
@@ -495,7 +495,7 @@ class LDGRController {
     return export_.TextAccessory();
   }
 
-  // --- app/qif_import_command.h, app/qif_import_controller.h -------------------------------------
+  // --- app/exchange/qif_import_command.h, app/exchange/qif_import_controller.h ------------------
   bool QIFImport_MenuItem() { return QIFImport(); }
   bool QIFImport() { return import_command_.QIFImport(); }
   [[nodiscard]] EncodingMenu& ImportEncodings() noexcept { return import_command_.Encodings(); }
@@ -505,7 +505,7 @@ class LDGRController {
     return import_;
   }
 
-  // --- app/transfer_links.h ----------------------------------------------------------------------
+  // --- app/entries/transfer_links.h -------------------------------------------------------------
   [[nodiscard]] std::shared_ptr<LDGRAccountEntry> Transfer_LinkedEntry(
       const LDGRAccountEntry* entry) const {
     return links_.Transfer_LinkedEntry(entry);
@@ -513,7 +513,7 @@ class LDGRController {
   void Account_SyncTransfers(LDGRAccount& account) { links_.Account_SyncTransfers(account); }
   void Accounts_SyncTransfers() { links_.Accounts_SyncTransfers(); }
 
-  // --- app/entry_removal.h -----------------------------------------------------------------------
+  // --- app/entries/entry_removal.h --------------------------------------------------------------
   void EntryRemoveConfirm_Begin() { removal_.EntryRemoveConfirm_Begin(); }
   [[nodiscard]] const EntryRemoveSheetState& EntryRemoveSheet() const noexcept {
     return removal_.Confirm();
@@ -529,7 +529,7 @@ class LDGRController {
   void TransferEntryRemoveConfirm_Cancel() { removal_.TransferEntryRemoveConfirm_Cancel(); }
   void Entry_Delete() { removal_.Entry_Delete(); }
 
-  // --- app/schedules_tab.h -----------------------------------------------------------------------
+  // --- app/schedules/schedules_tab.h ------------------------------------------------------------
   [[nodiscard]] LDGRScheduleTableViewData& scheduleDataSource() noexcept {
     return schedules_.Rows();
   }
@@ -551,7 +551,7 @@ class LDGRController {
   bool Schedule_CommitNext() { return schedules_.Schedule_CommitNext(); }
   bool Schedule_SkipNext() { return schedules_.Schedule_SkipNext(); }
 
-  // --- app/schedule_editing.h --------------------------------------------------------------------
+  // --- app/schedules/schedule_editing.h ---------------------------------------------------------
   bool Schedule_Debit() { return schedule_editing_.New(EntryKind::Debit); }
   bool Schedule_Deposit() { return schedule_editing_.New(EntryKind::Deposit); }
   bool Schedule_Transfer() { return schedule_editing_.New(EntryKind::Transfer); }
@@ -566,7 +566,7 @@ class LDGRController {
   bool ScheduleSheet_OK() { return schedule_editing_.OK(); }
   void ScheduleSheet_Cancel() { schedule_editing_.Cancel(); }
 
-  // --- app/schedule_reminder.h -------------------------------------------------------------------
+  // --- app/schedules/schedule_reminder.h --------------------------------------------------------
   [[nodiscard]] const ScheduleReminderState& ScheduleReminderSheet() const noexcept {
     return reminder_.State();
   }
@@ -584,12 +584,12 @@ class LDGRController {
   void ScheduleReminderSheet_Later() { reminder_.Later(); }
   void ScheduleReminderSheet_Dismiss() { reminder_.Dismiss(); }
 
-  // --- app/entry_reveal.h ------------------------------------------------------------------------
+  // --- app/entries/entry_reveal.h ---------------------------------------------------------------
   [[nodiscard]] const HiddenEntryState& HiddenEntry() const noexcept { return reveal_.State(); }
   void ShowHiddenEntry() { reveal_.ShowHiddenEntry(); }
   bool ShowOtherHalf() { return reveal_.ShowOtherHalf(); }
 
-  // --- app/schedule_commit.h ---------------------------------------------------------------------
+  // --- app/schedules/schedule_commit.h ----------------------------------------------------------
   [[nodiscard]] std::vector<DueOccurrence> Schedules_Due(DateNumber through) const {
     return schedule_commit_.Due(through);
   }
@@ -606,7 +606,7 @@ class LDGRController {
     return schedule_commit_.SkipAll(occurrences);
   }
 
-  // --- app/balance_field.h, app/reconcile_tab.h --------------------------------------------------
+  // --- app/views/balance_field.h, app/views/reconcile_tab.h -------------------------------------
   void AccountBalance_PopUp_Populate(std::int32_t mode) {
     balance_field_.AccountBalance_PopUp_Populate(mode);
   }
@@ -618,10 +618,10 @@ class LDGRController {
   }
   bool currentTableDataSource_Cleared_Key() { return reconcile_tab_.TurnClearedOverAndMoveOn(); }
 
-  // --- app/backups_list.h ------------------------------------------------------------------------
+  // --- app/shell/backups_list.h -----------------------------------------------------------------
   [[nodiscard]] std::vector<BackupRow> Backups() { return backups_.Rows(); }
 
-  // --- app/printing.h ----------------------------------------------------------------------------
+  // --- app/shell/printing.h ---------------------------------------------------------------------
   [[nodiscard]] PrintKind Print_KindShown() const noexcept { return printing_.KindShown(); }
   [[nodiscard]] bool Print_IsPossible(PrintKind kind) const { return printing_.CanPrint(kind); }
   [[nodiscard]] std::optional<Pages> Print_Pages(PrintKind kind, const PrintOptions& options,
@@ -629,7 +629,7 @@ class LDGRController {
     return printing_.MakePages(kind, options, metric);
   }
 
-  // --- app/refresh.h -----------------------------------------------------------------------------
+  // --- app/face/refresh.h -----------------------------------------------------------------------
   void AccountBalance_Field_Update() { refresh_.AccountBalance_Field_Update(); }
   void ReconcileTab_UpdateBalances() { refresh_.ReconcileTab_UpdateBalances(); }
   void AccountsList_Redraw() { refresh_.AccountsList_Redraw(); }

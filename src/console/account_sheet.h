@@ -3,7 +3,7 @@
 #include <cstdint>
 #include <string_view>
 
-#include "app/account_edit_sheet_state.h"
+#include "app/accounts/account_edit_sheet_state.h"
 #include "console/command.h"
 #include "console/console.h"
 

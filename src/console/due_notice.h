@@ -1,7 +1,7 @@
 #pragma once
 
 #include "app/controller.h"
-#include "app/front_end.h"
+#include "app/face/front_end.h"
 #include "platform/terminal.h"
 
 namespace tallyfold::console {

@@ -4,8 +4,8 @@
 #include <string>
 #include <string_view>
 
-#include "app/entry_sheet_state.h"
-#include "app/transfer_sheet_state.h"
+#include "app/entries/entry_sheet_state.h"
+#include "app/entries/transfer_sheet_state.h"
 #include "console/command.h"
 #include "console/console.h"
 

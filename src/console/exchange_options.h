@@ -5,8 +5,8 @@
 #include <utility>
 #include <vector>
 
-#include "app/qif_import_controller.h"
-#include "app/qif_import_state.h"
+#include "app/exchange/qif_import_controller.h"
+#include "app/exchange/qif_import_state.h"
 #include "console/command.h"
 #include "console/console.h"
 

@@ -1,5 +1,5 @@
 #include "app/controller.h"
-#include "app/preference_texts.h"
+#include "app/shell/preference_texts.h"
 #include "console/all_commands.h"
 #include "console/command_error.h"
 #include "console/console.h"

@@ -2,7 +2,7 @@
 
 #include <optional>
 
-#include "app/application.h"
+#include "app/shell/application.h"
 #include "console/all_commands.h"
 #include "console/command.h"
 #include "console/command_error.h"

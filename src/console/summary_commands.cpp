@@ -7,8 +7,8 @@
 #include <utility>
 #include <vector>
 
-#include "app/blank_text.h"
 #include "app/controller.h"
+#include "app/face/blank_text.h"
 #include "console/all_commands.h"
 #include "console/command_error.h"
 #include "console/console.h"

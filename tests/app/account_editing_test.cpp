@@ -1,4 +1,4 @@
-#include "app/account_editing.h"
+#include "app/accounts/account_editing.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "app/account_selection.h"
+#include "app/accounts/account_selection.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "app/entry_defaults.h"
+#include "app/entries/entry_defaults.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "app/entry_sheet.h"
+#include "app/entries/entry_sheet.h"
 
 #include <gtest/gtest.h>
 

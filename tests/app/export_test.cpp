@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "app/export_commands.h"
+#include "app/exchange/export_commands.h"
 #include "app/test_application.h"
 #include "exchange/export_options.h"
 

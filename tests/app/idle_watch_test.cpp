@@ -1,8 +1,8 @@
-#include "app/idle_watch.h"
+#include "app/shell/idle_watch.h"
 
 #include <gtest/gtest.h>
 
-#include "app/application.h"
+#include "app/shell/application.h"
 #include "fakes/fake_ambient.h"
 #include "fakes/fake_run_loop.h"
 

@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "app/qif_import_command.h"
+#include "app/exchange/qif_import_command.h"
 #include "app/test_application.h"
 
 namespace tallyfold {

@@ -1,4 +1,4 @@
-#include "app/printing.h"
+#include "app/shell/printing.h"
 
 #include <gtest/gtest.h>
 

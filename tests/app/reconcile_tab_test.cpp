@@ -1,4 +1,4 @@
-#include "app/reconcile_tab.h"
+#include "app/views/reconcile_tab.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "app/registers.h"
+#include "app/views/registers.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "app/schedule_commit.h"
+#include "app/schedules/schedule_commit.h"
 
 #include <gtest/gtest.h>
 

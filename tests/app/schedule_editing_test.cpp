@@ -1,4 +1,4 @@
-#include "app/schedule_editing.h"
+#include "app/schedules/schedule_editing.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "app/schedule_reminder.h"
+#include "app/schedules/schedule_reminder.h"
 
 #include <gtest/gtest.h>
 

@@ -1,10 +1,10 @@
 #include <gtest/gtest.h>
 
-#include "app/completion.h"
-#include "app/entry_suggestion.h"
+#include "app/entries/completion.h"
+#include "app/entries/entry_suggestion.h"
+#include "app/face/text_editing.h"
+#include "app/shell/update_check.h"
 #include "app/test_application.h"
-#include "app/text_editing.h"
-#include "app/update_check.h"
 
 namespace tallyfold {
 namespace {

@@ -1,4 +1,4 @@
-#include "app/tabs.h"
+#include "app/shell/tabs.h"
 
 #include <gtest/gtest.h>
 

@@ -1,0 +1,275 @@
+#include "app/accounts/account_editing.h"
+
+#include <algorithm>
+#include <cmath>
+#include <cstddef>
+#include <string_view>
+#include <unordered_set>
+#include <utility>
+#include <vector>
+
+#include "app/face/blank_text.h"
+#include "model/account_entry.h"
+#include "model/account_schedule.h"
+#include "model/entry_type.h"
+#include "platform/ambient.h"
+
+namespace tallyfold {
+namespace {
+
+using TypeRow = AccountEditSheetState::TypeRow;
+
+bool CanBeStored(const AccountEditSheetState::Typed& typed) {
+  const auto has_name = [](const TypeRow& row) { return !IsBlank(row.name); };
+  return !IsBlank(typed.name) && typed.password == typed.password_again && typed.starting_balance &&
+         std::isfinite(*typed.starting_balance) && typed.starting_check_number &&
+         *typed.starting_check_number >= 0 &&
+         std::all_of(typed.types.begin(), typed.types.end(), has_name);
+}
+
+std::int32_t RowOfType(const std::vector<TypeRow>& rows,
+                       const std::shared_ptr<LDGRAccountEntryType>& type) {
+  if (type == nullptr) return -1;
+  const auto row = std::find_if(rows.begin(), rows.end(), [&type](const TypeRow& each) {
+    return each.number == type->GetNumber();
+  });
+  return row == rows.end() ? -1 : static_cast<std::int32_t>(row - rows.begin());
+}
+
+// Numbered by their rows.
+EntryTypeList TypesOfRows(const std::vector<TypeRow>& rows) {
+  EntryTypeList types;
+  for (const TypeRow& row : rows) {
+    auto type = std::make_shared<LDGRAccountEntryType>();
+    type->SetNumber(static_cast<std::int32_t>(types.size()));
+    type->SetName(row.name);
+    type->SetIsCheck(row.is_check);
+    type->SetIsDeposit(row.is_deposit);
+    types.push_back(std::move(type));
+  }
+  return types;
+}
+
+std::unordered_set<std::int32_t> TypesInUse(const LDGRAccount& account) {
+  std::unordered_set<std::int32_t> numbers;
+  for (const auto& entry : account.GetEntries()) numbers.insert(entry->GetType());
+  for (const auto& schedule : account.GetSchedules()) numbers.insert(schedule->GetType());
+  return numbers;
+}
+
+std::shared_ptr<LDGRAccountEntryType> TypeOfRow(const EntryTypeList& types_of_rows,
+                                                std::int32_t row) {
+  const bool is_row = row >= 0 && static_cast<std::size_t>(row) < types_of_rows.size();
+  return is_row ? types_of_rows[static_cast<std::size_t>(row)] : nullptr;
+}
+
+}  // namespace
+
+bool AccountEditing::Account_Add() {
+  if (!sheets_.IsFree()) return false;
+  auto account = std::make_shared<LDGRAccount>();
+  account->SetName(NewAccountName());
+  account->SetStartingBalance(0.0);
+  account->SetNumber(host_.HighestAccountNumber() + 1);
+  account->SetPassword("");
+  return Begin(std::move(account), true);
+}
+
+bool AccountEditing::Account_Edit() {
+  auto account = host_.SelectedAccount();
+  return account != nullptr && sheets_.IsFree() && Begin(std::move(account), false);
+}
+
+std::string AccountEditing::NewAccountName() const {
+  std::unordered_set<std::string_view> names;
+  for (const auto& account : host_.Accounts()) names.insert(account->GetName());
+  const std::string stem = LocalizedText("Tallyfold") + ' ';
+  for (std::size_t number = host_.Accounts().size() + 1;; ++number) {
+    std::string name = stem + std::to_string(number);
+    if (!names.contains(name)) return name;
+  }
+}
+
+bool AccountEditing::Begin(std::shared_ptr<LDGRAccount> account, bool is_new) {
+  edit_account_ = std::move(account);
+  AccountEditSheet_Populate();
+  state_.is_new = is_new;
+  return AccountEditSheet_Open();
+}
+
+bool AccountEditing::AccountEditSheet_Open() {
+  state_.is_open = sheets_.Open(Sheet::AccountEdit);
+  front_end_.Changed(Area::AccountEditSheet);
+  return state_.is_open;
+}
+
+void AccountEditing::AccountEditSheet_Populate() {
+  state_ = AccountEditSheetState();
+  state_.security_note = LocalizedText(
+      "A password hides the account from others who use this computer.  It does not encrypt the "
+      "accounts file.");
+  const LDGRAccount& account = *edit_account_;
+  auto& typed = state_.typed;
+  typed.name = account.GetName();
+  typed.starting_balance = account.GetStartingBalance();
+  typed.starting_check_number = account.GetStartingCheckNumber();
+  typed.password = account.GetPassword();
+  typed.password_again = account.GetPassword();
+  for (const auto& type : account.GetTypes()) {
+    typed.types.push_back(
+        {type->GetNumber(), type->GetName(), type->GetIsCheck(), type->GetIsDeposit()});
+  }
+  typed.default_debit_type = RowOfType(typed.types, account.GetDefaultDebitType());
+  typed.default_deposit_type = RowOfType(typed.types, account.GetDefaultDepositType());
+  typed.descriptions_style = account.GetPreference_Descriptions_Style();
+  typed.descriptions_count = account.GetPreference_Descriptions_SomeSelection();
+  typed.to_froms_style = account.GetPreference_ToFrom_Style();
+  typed.to_froms_count = account.GetPreference_ToFrom_SomeSelection();
+  typed.debit_descriptions = account.DebitDescriptions_Specific();
+  typed.deposit_descriptions = account.DepositDescriptions_Specific();
+  typed.transfer_descriptions = account.TransferDescriptions_Specific();
+  typed.tos = account.Tos_Specific();
+  typed.froms = account.Froms_Specific();
+  state_.ok_is_enabled = CanBeStored(typed);
+}
+
+void AccountEditing::Read(AccountEditSheetState::Typed typed) {
+  state_.typed = std::move(typed);
+  state_.ok_is_enabled = state_.is_open && CanBeStored(state_.typed);
+  front_end_.Changed(Area::AccountEditSheet);
+}
+
+bool AccountEditing::ImportTypesFrom(const LDGRAccount& other) {
+  if (!state_.is_open || other.IsLocked()) return false;
+  auto& rows = state_.typed.types;
+  LDGRAccount scratch;
+  scratch.SetTypes(TypesOfRows(rows));
+  scratch.importTypesFromAccount(other);
+  const auto rows_before = static_cast<std::int32_t>(rows.size());
+  for (const auto& type : scratch.GetTypes()) {
+    if (type->GetNumber() < rows_before) continue;
+    rows.push_back({-1, type->GetName(), type->GetIsCheck(), type->GetIsDeposit()});
+  }
+  front_end_.Changed(Area::AccountEditSheet);
+  return true;
+}
+
+bool AccountEditing::ImportDescriptionsFrom(const LDGRAccount& other) {
+  if (!state_.is_open || other.IsLocked()) return false;
+  auto& typed = state_.typed;
+  LDGRAccount scratch;
+  scratch.SetPreferredDebitDescriptions(typed.debit_descriptions);
+  scratch.SetPreferredDepositDescriptions(typed.deposit_descriptions);
+  scratch.SetPreferredTransferDescriptions(typed.transfer_descriptions);
+  scratch.importDescriptionsFromAccount(other);
+  typed.debit_descriptions = scratch.DebitDescriptions_Specific();
+  typed.deposit_descriptions = scratch.DepositDescriptions_Specific();
+  typed.transfer_descriptions = scratch.TransferDescriptions_Specific();
+  front_end_.Changed(Area::AccountEditSheet);
+  return true;
+}
+
+bool AccountEditing::ImportToFromsFrom(const LDGRAccount& other) {
+  if (!state_.is_open || other.IsLocked()) return false;
+  auto& typed = state_.typed;
+  LDGRAccount scratch;
+  scratch.SetPreferredTos(typed.tos);
+  scratch.SetPreferredFroms(typed.froms);
+  scratch.importToFromsFromAccount(other);
+  typed.tos = scratch.Tos_Specific();
+  typed.froms = scratch.Froms_Specific();
+  front_end_.Changed(Area::AccountEditSheet);
+  return true;
+}
+
+bool AccountEditing::AccountEditSheet_OK() {
+  if (!state_.is_open || !front_end_.EndEditing(Sheet::AccountEdit) || !state_.ok_is_enabled) {
+    return false;
+  }
+  const auto account = edit_account_;
+  const bool is_new = state_.is_new;
+  const bool is_renamed = account->GetName() != state_.typed.name;
+  SaveValues();
+  Close();
+  if (is_new) host_.AddAccount(account);
+  if (is_renamed && !is_new) links_.Accounts_SyncTransfers();
+  refresh_.AccountsChanged();
+  if (is_new) {
+    host_.Account_Select(account);
+  } else {
+    host_.SetMainWindowTitleForAccount(account.get());
+  }
+  return true;
+}
+
+void AccountEditing::SaveValues() {
+  LDGRAccount& account = *edit_account_;
+  const auto& typed = state_.typed;
+  account.SetName(typed.name);
+  account.SetStartingBalance(*typed.starting_balance);
+  account.SetStartingCheckNumber(*typed.starting_check_number);
+  SaveTypes();
+  account.SetPreference_Descriptions_Style(typed.descriptions_style);
+  account.SetPreference_Descriptions_SomeSelection(typed.descriptions_count);
+  account.SetPreference_ToFrom_Style(typed.to_froms_style);
+  account.SetPreference_ToFrom_SomeSelection(typed.to_froms_count);
+  account.SetPreferredDebitDescriptions(typed.debit_descriptions);
+  account.SetPreferredDepositDescriptions(typed.deposit_descriptions);
+  account.SetPreferredTransferDescriptions(typed.transfer_descriptions);
+  account.SetPreferredTos(typed.tos);
+  account.SetPreferredFroms(typed.froms);
+  if (account.GetPassword() != typed.password) {
+    account.SetPassword(typed.password);
+    // Whoever sets a password knows it.
+    account.setAuthenticated(true);
+  }
+}
+
+void AccountEditing::SaveTypes() {
+  LDGRAccount& account = *edit_account_;
+  const auto& typed = state_.typed;
+  EntryTypeList of_rows;
+  for (const TypeRow& row : typed.types) {
+    std::shared_ptr<LDGRAccountEntryType> type;
+    for (const auto& each : account.GetTypes()) {
+      if (row.number >= 0 && each->GetNumber() == row.number) type = each;
+    }
+    if (type == nullptr) {
+      type = std::make_shared<LDGRAccountEntryType>();
+      type->SetNumber(account.NextAvailableTypeNumber());
+      account.AddType(type);
+    }
+    type->SetName(row.name);
+    type->SetIsCheck(row.is_check);
+    type->SetIsDeposit(row.is_deposit);
+    of_rows.push_back(std::move(type));
+  }
+
+  // A type that entries still refer to is taken out of use; one that nothing refers to is gone.
+  const auto in_use = TypesInUse(account);
+  const EntryTypeList before = account.GetTypes();
+  for (const auto& type : before) {
+    const bool is_kept = std::find(of_rows.begin(), of_rows.end(), type) != of_rows.end();
+    if (!is_kept && in_use.contains(type->GetNumber())) account.DeactivateType(type);
+  }
+  EntryTypeList sorted = of_rows;
+  std::stable_sort(sorted.begin(), sorted.end(),
+                   [](const auto& a, const auto& b) { return a->NameIsGreaterThan(*b) < 0; });
+  account.SetTypes(std::move(sorted));
+  account.SetDefaultDebitType(TypeOfRow(of_rows, typed.default_debit_type));
+  account.SetDefaultDepositType(TypeOfRow(of_rows, typed.default_deposit_type));
+  account.NoteChange();
+}
+
+void AccountEditing::AccountEditSheet_Cancel() {
+  if (state_.is_open) Close();
+}
+
+void AccountEditing::Close() {
+  edit_account_ = nullptr;
+  state_ = AccountEditSheetState();
+  front_end_.Changed(Area::AccountEditSheet);
+  sheets_.Close(Sheet::AccountEdit);
+}
+
+}  // namespace tallyfold

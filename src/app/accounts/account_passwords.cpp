@@ -1,0 +1,54 @@
+#include "app/accounts/account_passwords.h"
+
+#include <utility>
+
+#include "platform/ambient.h"
+
+namespace tallyfold {
+
+void AccountPasswords::Account_Authenticate(const std::shared_ptr<LDGRAccount>& account) {
+  if (account == nullptr || authenticating_account_ != nullptr || !sheets_.IsFree()) return;
+  authenticating_account_ = account;
+  if (account->HasPassword() && !account->IsAuthenticated()) AccountAuthenticationSheet_Open();
+}
+
+void AccountPasswords::AccountAuthenticationSheet_Open() {
+  sheet_.Open(LocalizedText("The Account") + " \"" + authenticating_account_->GetName() + "\" " +
+              LocalizedText("is protected by a password."));
+}
+
+void AccountPasswords::Account_Lock(const std::shared_ptr<LDGRAccount>& account) {
+  if (account == nullptr) return;
+  account->setAuthenticated(false);
+  if (account == host_.SelectedAccount()) host_.Account_Deselect();
+}
+
+void AccountPasswords::ValidatePassword(std::string typed) {
+  if (!State().is_open) return;
+  sheet_.ValidatePassword(std::move(typed), authenticating_account_->GetPassword());
+}
+
+bool AccountPasswords::AccountAuthenticationSheet_OK() {
+  if (!State().is_open) return false;
+  const auto account = authenticating_account_;
+  if (!account->Authenticate(State().typed)) {
+    sheet_.DisableOK();
+    return false;
+  }
+  AccountAuthenticationSheet_Close();
+  host_.Account_Select(account);
+  return true;
+}
+
+void AccountPasswords::AccountAuthenticationSheet_Cancel() {
+  if (!State().is_open) return;
+  AccountAuthenticationSheet_Close();
+  host_.Account_Select(host_.SelectedAccount());
+}
+
+void AccountPasswords::AccountAuthenticationSheet_Close() {
+  sheet_.Close();
+  authenticating_account_ = nullptr;
+}
+
+}  // namespace tallyfold

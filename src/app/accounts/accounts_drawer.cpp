@@ -1,0 +1,70 @@
+#include "app/accounts/accounts_drawer.h"
+
+#include <algorithm>
+
+#include "platform/ambient.h"
+#include "storage/preferences.h"
+
+namespace tallyfold {
+
+AccountsDrawer::AccountsDrawer(Host& host, Refresh& refresh, FrontEnd& front_end)
+    : host_(host), refresh_(refresh), front_end_(front_end) {}
+
+void AccountsDrawer::ToggleAccountsDrawer() {
+  SetOpen(!state_.is_open);
+  host_.Preferences().SetShowAccountsDrawer(state_.is_open);
+}
+
+void AccountsDrawer::drawerDidClose() {
+  SetOpen(false);
+}
+
+void AccountsDrawer::SetOpen(bool is_open) {
+  state_.is_open = is_open;
+  state_.menu_item_title = LocalizedText(is_open ? "Hide Accounts" : "Show Accounts");
+  front_end_.Changed(Area::AccountsDrawer);
+}
+
+std::vector<AccountRow> AccountsDrawer::Rows() const {
+  std::vector<AccountRow> rows;
+  if (!host_.IsUnlocked()) return rows;
+  const auto selected = host_.SelectedAccount();
+  for (const auto& account : host_.Accounts()) {
+    rows.push_back({account, account->GetBalance(), account->IsLocked(), account == selected});
+  }
+
+  const auto& preferences = host_.Preferences();
+  const bool by_balance = preferences.GetAccountListSortKey() == kBalanceColumn;
+  const bool is_descending = preferences.GetAccountListSortDescending();
+  const auto comes_before = [by_balance](const AccountRow& a, const AccountRow& b) {
+    return by_balance ? a.balance < b.balance : a.account->NameIsGreaterThan(*b.account) < 0;
+  };
+  std::stable_sort(rows.begin(), rows.end(), [&](const AccountRow& a, const AccountRow& b) {
+    return is_descending ? comes_before(b, a) : comes_before(a, b);
+  });
+  return rows;
+}
+
+void AccountsDrawer::ClickedTableColumn(std::string_view column) {
+  if (column != kNameColumn && column != kBalanceColumn) return;
+  auto& preferences = host_.Preferences();
+  const bool was_sorted_by = preferences.GetAccountListSortKey() == column;
+  preferences.SetAccountListSortDescending(was_sorted_by &&
+                                           !preferences.GetAccountListSortDescending());
+  preferences.SetAccountListSortKey(column);
+  refresh_.AccountsList_Redraw();
+}
+
+void AccountsDrawer::Table_Action(std::size_t row) {
+  const auto rows = Rows();
+  if (row < rows.size()) host_.Account_Select(rows[row].account);
+}
+
+void AccountsDrawer::Table_DoubleClick(std::size_t row) {
+  const auto rows = Rows();
+  if (row >= rows.size()) return;
+  if (!rows[row].is_selected) host_.Account_Select(rows[row].account);
+  if (host_.SelectedAccount() == rows[row].account) host_.Account_Edit();
+}
+
+}  // namespace tallyfold

@@ -1,0 +1,80 @@
+#pragma once
+
+#include <cstddef>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "app/face/front_end.h"
+#include "app/face/refresh.h"
+#include "model/account.h"
+
+namespace tallyfold {
+
+class LDGRPreferences;
+
+// A row of the accounts list.
+struct AccountRow {
+  std::shared_ptr<LDGRAccount> account;
+  // 0.0 for a locked account.
+  double balance = 0.0;
+  bool is_locked = false;
+  bool is_selected = false;
+};
+
+struct AccountsDrawerState {
+  bool is_open = false;
+  // Of the menu item that opens and closes the drawer.
+  std::string menu_item_title;
+};
+
+// The drawer with the list of accounts. The list is a sorted copy: the order of the file stays.
+class AccountsDrawer {
+ public:
+  // Identifiers of the list's columns, under which the preferences remember the order.
+  static constexpr std::string_view kNameColumn = "accounts";
+  static constexpr std::string_view kBalanceColumn = "balance";
+
+  class Host {
+   public:
+    virtual ~Host() = default;
+    [[nodiscard]] virtual const AccountList& Accounts() const = 0;
+    [[nodiscard]] virtual std::shared_ptr<LDGRAccount> SelectedAccount() const = 0;
+    [[nodiscard]] virtual LDGRPreferences& Preferences() = 0;
+    [[nodiscard]] virtual bool IsUnlocked() const = 0;
+    virtual void Account_Select(const std::shared_ptr<LDGRAccount>& account) = 0;
+    virtual bool Account_Edit() = 0;
+  };
+
+  AccountsDrawer(Host& host, Refresh& refresh, FrontEnd& front_end);
+  AccountsDrawer(const AccountsDrawer&) = delete;
+  AccountsDrawer& operator=(const AccountsDrawer&) = delete;
+
+  [[nodiscard]] const AccountsDrawerState& State() const noexcept { return state_; }
+  // Starts with the drawer closed.
+  void SetUp() { SetOpen(false); }
+  // Opens or closes the drawer and remembers it in the preferences.
+  void ToggleAccountsDrawer();
+  // The drawer was closed, by whatever means; the preference stays.
+  void drawerDidClose();
+
+  // The accounts in the order the preferences want; none while the application is locked.
+  [[nodiscard]] std::vector<AccountRow> Rows() const;
+  // The column is sorted by from here on, in the other direction when it already was. Any other
+  // identifier does nothing.
+  void ClickedTableColumn(std::string_view column);
+  // Selects the account of that row of Rows(); one beyond them does nothing.
+  void Table_Action(std::size_t row);
+  void Table_DoubleClick(std::size_t row);
+
+ private:
+  void SetOpen(bool is_open);
+
+  Host& host_;
+  Refresh& refresh_;
+  FrontEnd& front_end_;
+  AccountsDrawerState state_;
+};
+
+}  // namespace tallyfold

@@ -1,0 +1,26 @@
+#include "app/entries/edit_sheet.h"
+
+#include "model/day_field.h"
+#include "storage/preferences.h"
+
+namespace tallyfold {
+
+bool LimitDay(DateNumber& date) noexcept {
+  const std::int32_t year = date / 10000;
+  const std::int32_t month = date / 100 % 100;
+  DayField field;
+  field.day = date % 100;
+  if (year < 1 || year > 9999 || month < 1 || month > 12 || field.day < 1) return false;
+  TweakDayFieldForMonthAndYear(field, month, year);
+  date = year * 10000 + month * 100 + field.day;
+  return true;
+}
+
+SheetField FirstField(const LDGRPreferences& preferences, bool is_new) noexcept {
+  const std::int32_t field = is_new ? preferences.GetSelectWhichFieldFirstWhenAddingEntries()
+                                    : preferences.GetSelectWhichFieldFirstWhenChangingEntries();
+  const auto last = static_cast<std::int32_t>(SheetField::Type);
+  return field >= 0 && field <= last ? static_cast<SheetField>(field) : SheetField::Date;
+}
+
+}  // namespace tallyfold

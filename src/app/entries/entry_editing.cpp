@@ -1,0 +1,158 @@
+#include "app/entries/entry_editing.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "model/account_entry.h"
+#include "platform/ambient.h"
+
+namespace tallyfold {
+
+EntryEditing::EntryEditing(Host& host, const TransferLinks& links, SheetSlot& sheets,
+                           Refresh& refresh, FrontEnd& front_end)
+    : host_(host),
+      sheets_(sheets),
+      refresh_(refresh),
+      front_end_(front_end),
+      debit_(EntrySheet::Kind::Debit, front_end),
+      deposit_(EntrySheet::Kind::Deposit, front_end),
+      transfer_(host, links, front_end) {}
+
+bool EntryEditing::New(EntryKind kind) {
+  const auto account = host_.SelectedAccount();
+  if (account == nullptr || !sheets_.IsFree()) return false;
+  return Begin({NewEntryWithDefaults(kind, *account, host_.Preferences()), true, account});
+}
+
+bool EntryEditing::Entry_Edit() {
+  const auto account = host_.SelectedAccount();
+  const auto entry = host_.SelectedEntry();
+  if (account == nullptr || entry == nullptr || !sheets_.IsFree()) return false;
+  return SheetForEntry(*entry) != nullptr && Begin({entry, false, account});
+}
+
+bool EntryEditing::EditOwned(EditedEntry edited) {
+  const bool has_sheet = edited.entry != nullptr && !edited.account.expired() &&
+                         (edited.entry->IsDebit() || edited.entry->IsDeposit());
+  return has_sheet && sheets_.IsFree() && Begin(std::move(edited));
+}
+
+bool EntryEditing::Begin(EditedEntry edited) {
+  edited_ = std::move(edited);
+  EditSheet* sheet = SheetForEntry(*edited_.entry);
+  Populate(*sheet);
+  return Open(*sheet);
+}
+
+EditSheet* EntryEditing::SheetForEntry(const LDGRAccountEntry& entry) noexcept {
+  if (entry.IsDebit()) return &debit_;
+  if (entry.IsDeposit()) return &deposit_;
+  if (entry.IsTransfer()) return &transfer_;
+  return nullptr;
+}
+
+bool EntryEditing::IsFor(const EditSheet& sheet) noexcept {
+  return edited_.entry != nullptr && !edited_.account.expired() &&
+         SheetForEntry(*edited_.entry) == &sheet;
+}
+
+void EntryEditing::Populate(EditSheet& sheet) {
+  if (IsFor(sheet)) sheet.Populate(edited_, *edited_.account.lock(), host_.Preferences());
+}
+
+bool EntryEditing::Open(EditSheet& sheet) {
+  if (!IsFor(sheet) || !sheets_.Open(sheet.Which())) return false;
+  sheet.SetOpen(true);
+  front_end_.Changed(sheet.StateArea());
+  return true;
+}
+
+void EntryEditing::SaveValuesToEditEntry(EditSheet& sheet) {
+  if (IsFor(sheet)) sheet.SaveValuesToEditEntry(edited_, *edited_.account.lock());
+}
+
+void EntryEditing::Close(EditSheet& sheet) {
+  sheet.SetOpen(false);
+  sheets_.Close(sheet.Which());
+}
+
+bool EntryEditing::OK(EditSheet& sheet) {
+  if (sheets_.Current() != sheet.Which() || !front_end_.EndEditing(sheet.Which())) return false;
+  std::string problem = CheckTarget();
+  if (problem.empty()) problem = sheet.CheckTyped();
+  const bool is_refused = !problem.empty();
+  sheet.SetProblem(std::move(problem));
+  if (is_refused) {
+    front_end_.Changed(sheet.StateArea());
+    return false;
+  }
+
+  const auto account = edited_.account.lock();
+  const auto entry = edited_.entry;
+  SaveValuesToEditEntry(sheet);
+  if (sheet.Which() == Sheet::Transfer) {
+    account->setLastTransferAccount(entry->GetTransferAccount());
+    account->setIsLastTransferOrigin(entry->IsTransferOrigin());
+  }
+  Close(sheet);
+  if (edited_.owner != nullptr) {
+    edited_.owner->TakeEdited(*entry);
+    return true;
+  }
+  if (edited_.is_new) account->AddEntry(entry);
+  account->NoteChange();
+  refresh_.EntrySaved(entry, edited_.is_new);
+  return true;
+}
+
+std::string EntryEditing::CheckTarget() const {
+  const auto account = edited_.account.lock();
+  if (account == nullptr || account != host_.SelectedAccount()) {
+    return LocalizedText("The account is no longer selected.");
+  }
+  if (edited_.owner != nullptr) return edited_.owner->CheckEdited(*edited_.entry);
+  const auto& entries = account->GetEntries();
+  if (!edited_.is_new &&
+      std::find(entries.begin(), entries.end(), edited_.entry) == entries.end()) {
+    return LocalizedText("The entry has been removed.");
+  }
+  return "";
+}
+
+void EntryEditing::Cancel(EditSheet& sheet) {
+  if (sheets_.Current() != sheet.Which()) return;
+  Close(sheet);
+  if (edited_.is_new) edited_.entry = nullptr;
+}
+
+void EntryEditing::TurnClearedOver(const std::shared_ptr<LDGRAccountEntry>& entry) {
+  const auto account = host_.SelectedAccount();
+  if (account == nullptr || entry == nullptr) return;
+  entry->SetCleared(!entry->GetCleared());
+  account->NoteChange();
+  refresh_.EntryMarked();
+}
+
+EntrySheet* EntryEditing::OpenEntrySheet() noexcept {
+  if (sheets_.Current() == Sheet::Debit) return &debit_;
+  return sheets_.Current() == Sheet::Deposit ? &deposit_ : nullptr;
+}
+
+void EntryEditing::SuggestForDescription() {
+  const auto account = edited_.account.lock();
+  if (auto* sheet = OpenEntrySheet(); sheet != nullptr && account != nullptr) {
+    sheet->SuggestForDescription(edited_, *account);
+  }
+}
+
+void EntryEditing::DropSuggestion() {
+  if (auto* sheet = OpenEntrySheet()) sheet->DropSuggestion();
+}
+
+void EntryEditing::CheckNumber_Button() {
+  const auto account = edited_.account.lock();
+  if (account == nullptr || sheets_.Current() != Sheet::Debit) return;
+  debit_.CheckNumber_Button(SuggestedCheckNumber(*account, host_.Preferences()));
+}
+
+}  // namespace tallyfold

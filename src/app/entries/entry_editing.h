@@ -1,0 +1,105 @@
+#pragma once
+
+#include <memory>
+
+#include "app/entries/edited_entry.h"
+#include "app/entries/entry_defaults.h"
+#include "app/entries/entry_sheet.h"
+#include "app/entries/transfer_links.h"
+#include "app/entries/transfer_sheet.h"
+#include "app/face/front_end.h"
+#include "app/face/refresh.h"
+#include "app/face/sheet_slot.h"
+#include "model/account.h"
+
+namespace tallyfold {
+
+class LDGRPreferences;
+
+// Adds entries to the selected account and changes them, through the debit, the deposit and the
+// transfer sheet. The account changes at OK alone, all at once or not at all.
+class EntryEditing {
+ public:
+  class Host : public TransferSheet::Host {
+   public:
+    // Null when no account is selected.
+    [[nodiscard]] virtual std::shared_ptr<LDGRAccount> SelectedAccount() const = 0;
+    // The entry of the selected row of the current register, or null.
+    [[nodiscard]] virtual std::shared_ptr<LDGRAccountEntry> SelectedEntry() const = 0;
+    [[nodiscard]] virtual const LDGRPreferences& Preferences() const = 0;
+  };
+
+  EntryEditing(Host& host, const TransferLinks& links, SheetSlot& sheets, Refresh& refresh,
+               FrontEnd& front_end);
+  EntryEditing(const EntryEditing&) = delete;
+  EntryEditing& operator=(const EntryEditing&) = delete;
+
+  [[nodiscard]] EntrySheet& Debit() noexcept { return debit_; }
+  [[nodiscard]] const EntrySheet& Debit() const noexcept { return debit_; }
+  [[nodiscard]] EntrySheet& Deposit() noexcept { return deposit_; }
+  [[nodiscard]] const EntrySheet& Deposit() const noexcept { return deposit_; }
+  [[nodiscard]] TransferSheet& Transfer() noexcept { return transfer_; }
+  [[nodiscard]] const TransferSheet& Transfer() const noexcept { return transfer_; }
+  // What the last sheet was opened for; its entry is null before the first.
+  [[nodiscard]] const EditedEntry& Edited() const noexcept { return edited_; }
+
+  // Opens the sheet for a new entry with its defaults. False, and nothing changes, when no account
+  // is selected or a sheet is open.
+  bool New(EntryKind kind);
+  // Opens the sheet for the selected entry. False when none is selected, when it is of no kind,
+  // when no account is selected or a sheet is open.
+  bool Entry_Edit();
+  // Opens the sheet for an entry that belongs to no account yet but to an owner, who takes what is
+  // typed in the account's place. Only debits and deposits; else false, as for Entry_Edit().
+  bool EditOwned(EditedEntry edited);
+
+  // Turns the cleared mark of an entry of the selected account over. Null does nothing.
+  void TurnClearedOver(const std::shared_ptr<LDGRAccountEntry>& entry);
+
+  // The steps of which the others are made. Populate fills the sheet from the edited entry, Open
+  // shows it, SaveValuesToEditEntry writes what was typed into the entry, which CheckTyped() must
+  // have passed. Nothing where there is no edited entry of the sheet's kind whose account is there.
+  void Populate(EditSheet& sheet);
+  bool Open(EditSheet& sheet);
+  void SaveValuesToEditEntry(EditSheet& sheet);
+
+  // Writes the sheet into its entry and the entry into the account, and closes the sheet. False
+  // when the sheet is not open or when it stays open because what was typed cannot be stored: the
+  // sheet's state then says why, unless a field of the front end has refused its text.
+  bool OK(EditSheet& sheet);
+  // Closes the sheet; the account stays as it was.
+  void Cancel(EditSheet& sheet);
+  // OK and then the sheet for a new entry; a refused OK ends it there, and so does an owner.
+  bool OKThenNew(EditSheet& sheet, EntryKind kind) {
+    return OK(sheet) && edited_.owner == nullptr && New(kind);
+  }
+
+  // The description of the debit or deposit sheet, whichever is open, was typed or chosen, or
+  // editing in it begins anew.
+  void SuggestForDescription();
+  void DropSuggestion();
+
+  // The check box of the debit sheet was ticked or unticked.
+  void CheckNumber_Button();
+
+ private:
+  bool Begin(EditedEntry edited);
+  void Close(EditSheet& sheet);
+  // The debit or the deposit sheet, whichever is open, or null.
+  [[nodiscard]] EntrySheet* OpenEntrySheet() noexcept;
+  [[nodiscard]] bool IsFor(const EditSheet& sheet) noexcept;
+  [[nodiscard]] EditSheet* SheetForEntry(const LDGRAccountEntry& entry) noexcept;
+  // Why the edited entry cannot be stored any more; "" when it can.
+  [[nodiscard]] std::string CheckTarget() const;
+
+  Host& host_;
+  SheetSlot& sheets_;
+  Refresh& refresh_;
+  FrontEnd& front_end_;
+  EntrySheet debit_;
+  EntrySheet deposit_;
+  TransferSheet transfer_;
+  EditedEntry edited_;
+};
+
+}  // namespace tallyfold

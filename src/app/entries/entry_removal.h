@@ -1,0 +1,71 @@
+#pragma once
+
+#include <memory>
+
+#include "app/entries/entry_remove_sheet_state.h"
+#include "app/entries/transfer_links.h"
+#include "app/face/front_end.h"
+#include "app/face/refresh.h"
+#include "app/face/sheet_slot.h"
+#include "model/account.h"
+
+namespace tallyfold {
+
+class LDGRPreferences;
+
+// Removes the selected entry, after the questions that apply.
+class EntryRemoval {
+ public:
+  class Host {
+   public:
+    virtual ~Host() = default;
+    // Null when no account is selected.
+    [[nodiscard]] virtual std::shared_ptr<LDGRAccount> SelectedAccount() const = 0;
+    // The entry of the selected row of the current register, or null.
+    [[nodiscard]] virtual std::shared_ptr<LDGRAccountEntry> SelectedEntry() const = 0;
+    [[nodiscard]] virtual const LDGRPreferences& Preferences() const = 0;
+  };
+
+  EntryRemoval(Host& host, const TransferLinks& links, SheetSlot& sheets, Refresh& refresh,
+               FrontEnd& front_end) noexcept
+      : host_(host), links_(links), sheets_(sheets), refresh_(refresh), front_end_(front_end) {}
+  EntryRemoval(const EntryRemoval&) = delete;
+  EntryRemoval& operator=(const EntryRemoval&) = delete;
+
+  [[nodiscard]] const EntryRemoveSheetState& Confirm() const noexcept { return confirm_; }
+  [[nodiscard]] const TransferEntryRemoveSheetState& Transfer() const noexcept { return transfer_; }
+
+  // Asks whether the selected entry is to be removed, or removes it at once where the user wants no
+  // question. Nothing without a selected entry, and nothing while a sheet is open.
+  void EntryRemoveConfirm_Begin();
+  void EntryRemoveConfirm_OK();
+  void EntryRemoveConfirm_Cancel();
+
+  // Asks what becomes of the other half of the transfer that is selected.
+  void TransferEntryRemoveConfirm_Begin();
+  // The other half stays in its account as an ordinary entry.
+  void TransferEntryRemoveConfirm_Yes();
+  // The other half is removed too.
+  void TransferEntryRemoveConfirm_No();
+  void TransferEntryRemoveConfirm_Cancel();
+
+  // Removes the selected entry without a question and leaves another half as it is.
+  void Entry_Delete();
+
+ private:
+  void AskForOtherHalfOrDelete();
+  void CloseConfirm();
+  // False when the sheet was not open.
+  bool CloseTransfer();
+  void Delete(const std::shared_ptr<LDGRAccountEntry>& entry);
+
+  Host& host_;
+  const TransferLinks& links_;
+  SheetSlot& sheets_;
+  Refresh& refresh_;
+  FrontEnd& front_end_;
+  EntryRemoveSheetState confirm_;
+  TransferEntryRemoveSheetState transfer_;
+};
+
+}  // namespace tallyfold

@@ -1,0 +1,61 @@
+#include "app/entries/entry_reveal.h"
+
+#include <string_view>
+
+#include "model/text.h"
+#include "platform/ambient.h"
+
+namespace tallyfold {
+namespace {
+
+std::string_view FormatFor(EntryReveal::Reason reason) {
+  switch (reason) {
+    case EntryReveal::Reason::Added:
+      return "Added; hidden by the filter '%@'";
+    case EntryReveal::Reason::Changed:
+      return "Changed; hidden by the filter '%@'";
+    case EntryReveal::Reason::Sought:
+      break;
+  }
+  return "Hidden by the filter '%@'";
+}
+
+}  // namespace
+
+void EntryReveal::TellIfHidden(const std::shared_ptr<LDGRAccountEntry>& entry, Reason reason) {
+  Forget();
+  const auto filter = host_.CurrentFilter();
+  if (entry == nullptr || filter == nullptr || !filter->Filter({entry}).empty()) return;
+  hidden_ = entry;
+  state_.text = MessageWithText(LocalizedText(FormatFor(reason)), filter->GetName());
+  front_end_.Changed(Area::HiddenEntry);
+}
+
+void EntryReveal::Forget() {
+  if (state_.text.empty()) return;
+  state_.text.clear();
+  hidden_.reset();
+  front_end_.Changed(Area::HiddenEntry);
+}
+
+void EntryReveal::ShowHiddenEntry() {
+  const auto entry = hidden_.lock();
+  Forget();
+  if (entry == nullptr) return;
+  host_.ShowAllEntries();
+  host_.SelectEntry(entry);
+}
+
+bool EntryReveal::ShowOtherHalf() {
+  const auto entry = host_.SelectedEntry();
+  const auto half = links_.Transfer_LinkedEntry(entry.get());
+  if (half == nullptr || host_.SheetIsOpen()) return false;
+  const auto account = host_.AccountWithNumber(entry->GetTransferAccount());
+  host_.Account_Select(account);
+  if (host_.SelectedAccount() != account) return false;
+  host_.SelectEntry(half);
+  TellIfHidden(half, Reason::Sought);
+  return true;
+}
+
+}  // namespace tallyfold

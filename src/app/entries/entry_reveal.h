@@ -1,0 +1,70 @@
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <string>
+
+#include "app/entries/transfer_links.h"
+#include "app/face/front_end.h"
+#include "filters/filter.h"
+#include "model/account.h"
+
+namespace tallyfold {
+
+// Shown while an entry that the user would look for is not in the register: "" for none.
+struct HiddenEntryState {
+  // "Added; hidden by the filter 'This Month'"
+  std::string text;
+};
+
+// Finds entries that are not in front of the user: one that the current register's filter hides,
+// and the other half of a transfer.
+class EntryReveal {
+ public:
+  // Why an entry is looked for.
+  enum class Reason : std::uint8_t { Added, Changed, Sought };
+
+  class Host {
+   public:
+    virtual ~Host() = default;
+    [[nodiscard]] virtual std::shared_ptr<LDGRAccount> AccountWithNumber(
+        std::int32_t number) const = 0;
+    // Null when no account is selected.
+    [[nodiscard]] virtual std::shared_ptr<LDGRAccount> SelectedAccount() const = 0;
+    [[nodiscard]] virtual std::shared_ptr<LDGRAccountEntry> SelectedEntry() const = 0;
+    [[nodiscard]] virtual bool SheetIsOpen() const = 0;
+    // The filter of the current register of the selected account.
+    [[nodiscard]] virtual std::shared_ptr<LDGRFilter> CurrentFilter() const = 0;
+    // Shows a register, if another tab is showing, with every entry in it.
+    virtual void ShowAllEntries() = 0;
+    virtual void SelectEntry(const std::shared_ptr<LDGRAccountEntry>& entry) = 0;
+    virtual void Account_Select(const std::shared_ptr<LDGRAccount>& account) = 0;
+  };
+
+  EntryReveal(Host& host, const TransferLinks& links, FrontEnd& front_end) noexcept
+      : host_(host), links_(links), front_end_(front_end) {}
+  EntryReveal(const EntryReveal&) = delete;
+  EntryReveal& operator=(const EntryReveal&) = delete;
+
+  [[nodiscard]] const HiddenEntryState& State() const noexcept { return state_; }
+
+  // Tells when the filter hides that entry of the selected account.
+  void TellIfHidden(const std::shared_ptr<LDGRAccountEntry>& entry, Reason reason);
+  // Nothing is hidden that the user would look for.
+  void Forget();
+  // Takes the filter away and selects the entry. Nothing when none is hidden.
+  void ShowHiddenEntry();
+
+  // Selects the account that has the other half of the selected transfer, and the other half in
+  // it. False when there is none, or its account first asks for its password.
+  bool ShowOtherHalf();
+
+ private:
+  Host& host_;
+  const TransferLinks& links_;
+  FrontEnd& front_end_;
+  HiddenEntryState state_;
+  std::weak_ptr<LDGRAccountEntry> hidden_;
+};
+
+}  // namespace tallyfold

@@ -1,0 +1,237 @@
+#include "app/entries/entry_sheet.h"
+
+#include <algorithm>
+#include <cmath>
+#include <memory>
+
+#include "model/account.h"
+#include "model/account_entry.h"
+#include "model/amounts.h"
+#include "model/entry_type.h"
+#include "platform/ambient.h"
+
+namespace tallyfold {
+namespace {
+
+constexpr std::int32_t kNoType = -1;
+constexpr std::int32_t kNoCheckNumber = -1;
+
+bool IsUsed(const SplitRow& row) {
+  return !row.description.empty() || !row.to.empty() || row.amount != 0.0;
+}
+
+}  // namespace
+
+void EntrySheet::Populate(const EditedEntry& edited, const LDGRAccount& account,
+                          const LDGRPreferences& preferences) {
+  const LDGRAccountEntry& entry = *edited.entry;
+  const bool is_debit = kind_ == Kind::Debit;
+  state_ = EntrySheetState();
+  state_.is_new = edited.is_new;
+  state_.first_field = FirstField(preferences, edited.is_new);
+  state_.descriptions = is_debit ? account.GetPreferredDebitDescriptions()
+                                 : account.GetPreferredDepositDescriptions();
+  state_.to_froms = is_debit ? account.GetPreferredTos() : account.GetPreferredFroms();
+
+  auto& typed = state_.typed;
+  typed.date = entry.GetDate();
+  // Adding 0.0 keeps a negative zero off the screen.
+  typed.amount = (is_debit ? -entry.GetAmount() : entry.GetAmount()) + 0.0;
+  typed.check = is_debit && entry.IsCheck();
+  if (typed.check) typed.check_number = entry.GetCheckNumber();
+  state_.check_number_is_enabled = typed.check;
+  typed.description = entry.GetDescription();
+  typed.to_from = entry.GetToFrom();
+  typed.cleared = entry.GetCleared();
+  typed.tax_deductible = entry.GetTaxDeductible();
+  typed.notes = entry.GetNotes();
+  PopulateTypes(edited, account);
+  PopulateSplit(edited);
+  front_end_.Changed(StateArea());
+}
+
+void EntrySheet::PopulateTypes(const EditedEntry& edited, const LDGRAccount& account) {
+  auto& items = state_.type_items;
+  for (const auto& type :
+       kind_ == Kind::Debit ? account.GetDebitTypes() : account.GetDepositTypes()) {
+    items.push_back({type->GetName(), type->GetNumber()});
+  }
+  for (const auto& type : edited.more_types) {
+    if (type->GetIsDeposit() == (kind_ == Kind::Deposit)) {
+      items.push_back({type->GetName(), type->GetNumber()});
+    }
+  }
+  type_count_ = static_cast<std::int32_t>(items.size());
+
+  const std::int32_t number = edited.entry->GetType();
+  const auto has_number = [number](const PopUpItem& item) { return item.tag == number; };
+  if (number != kNoType && std::none_of(items.begin(), items.end(), has_number)) {
+    if (const auto type = account.AccountEntryTypeForNumber(number)) {
+      items.push_back({type->GetName(), number});
+    }
+  }
+  if (!items.empty()) items.push_back({"", 0, true});
+  items.push_back({LocalizedText("None"), kNoType});
+
+  const auto selected = std::find_if(items.begin(), items.end(), [number](const PopUpItem& item) {
+    return !item.is_separator && item.tag == number;
+  });
+  state_.typed.type =
+      selected == items.end() ? kNoItem : static_cast<std::int32_t>(selected - items.begin());
+}
+
+void EntrySheet::PopulateSplit(const EditedEntry& edited) {
+  if (const auto& split = edited.entry->GetSplit()) {
+    for (std::size_t i = 0; i < LDGRAccountEntrySplit::kLines; ++i) {
+      state_.typed.split[i] = {split->GetDescription(i), split->GetToFrom(i), split->GetAmount(i)};
+    }
+  }
+  Split_UpdateTotal();
+  EnableFieldsForSplit(IsSplit());
+}
+
+std::string EntrySheet::CheckTyped() {
+  auto& typed = state_.typed;
+  if (!LimitDay(typed.date)) return LocalizedText("The date does not exist.");
+  const auto has_amount = [](const SplitRow& row) { return std::isfinite(row.amount); };
+  if (!std::isfinite(typed.amount) ||
+      !std::all_of(typed.split.begin(), typed.split.end(), has_amount)) {
+    return LocalizedText("The amount is not a number.");
+  }
+  if (typed.check && typed.check_number.value_or(0) < 0) {
+    return LocalizedText("The check number must not be negative.");
+  }
+  return "";
+}
+
+void EntrySheet::SaveValuesToEditEntry(const EditedEntry& edited, LDGRAccount& /*account*/) {
+  const auto& typed = state_.typed;
+  LDGRAccountEntry& entry = *edited.entry;
+  entry.SetDate(typed.date);
+  SaveType(edited);
+  SaveCheck(edited);
+  entry.SetAmount(kind_ == Kind::Debit ? -typed.amount : typed.amount);
+  entry.SetDescription(typed.description);
+  entry.SetToFrom(typed.to_from);
+  entry.SetCleared(typed.cleared);
+  entry.SetTaxDeductible(typed.tax_deductible);
+  entry.SetNotes(typed.notes);
+  SaveSplit(edited);
+}
+
+void EntrySheet::SaveType(const EditedEntry& edited) const {
+  const std::int32_t index = state_.typed.type;
+  const auto count = static_cast<std::int32_t>(state_.type_items.size());
+  if (index < 0) return;
+  if (index < type_count_) {
+    edited.entry->SetType(state_.type_items[static_cast<std::size_t>(index)].tag);
+  } else if (index == count - 1) {
+    edited.entry->SetType(kNoType);
+  }
+}
+
+void EntrySheet::SaveCheck(const EditedEntry& edited) const {
+  if (kind_ == Kind::Deposit) return edited.entry->SetIsCheck(false);
+  const auto& typed = state_.typed;
+  edited.entry->SetIsCheck(typed.check);
+  // An empty number field reads as 0.
+  edited.entry->SetCheckNumber(typed.check ? typed.check_number.value_or(0) : kNoCheckNumber);
+}
+
+void EntrySheet::SaveSplit(const EditedEntry& edited) const {
+  if (!IsSplit()) return edited.entry->SetSplit(nullptr);
+  auto split = std::make_shared<LDGRAccountEntrySplit>();
+  for (std::size_t i = 0; i < LDGRAccountEntrySplit::kLines; ++i) {
+    const SplitRow& row = state_.typed.split[i];
+    split->SetDescription(row.description, i);
+    split->SetToFrom(row.to, i);
+    split->SetAmount(row.amount, i);
+  }
+  // The total goes in with its own sign also for a debit: with a split, the entry's amount comes
+  // from the split.
+  edited.entry->SetAmount(split->GetTotal());
+  edited.entry->SetToFrom(LocalizedText("Split"));
+  edited.entry->SetSplit(std::move(split));
+}
+
+void EntrySheet::CheckNumber_Button(std::int32_t suggested) {
+  auto& typed = state_.typed;
+  state_.check_number_is_enabled = typed.check;
+  if (typed.check && !typed.check_number) typed.check_number = suggested;
+  front_end_.Changed(StateArea());
+}
+
+void EntrySheet::SuggestForDescription(const EditedEntry& edited, const LDGRAccount& account) {
+  state_.suggestion =
+      SuggestionFor(account, kind_ == Kind::Debit, state_.typed.description, edited.entry.get());
+  front_end_.Changed(StateArea());
+}
+
+void EntrySheet::DropSuggestion() {
+  state_.suggestion.reset();
+  front_end_.Changed(StateArea());
+}
+
+void EntrySheet::TakeSuggestion() {
+  if (!state_.suggestion) return;
+  auto& typed = state_.typed;
+  const auto& items = state_.type_items;
+  const bool has_no_type =
+      typed.type == kNoItem || typed.type == static_cast<std::int32_t>(items.size()) - 1;
+  for (std::int32_t i = 0; has_no_type && i < type_count_; ++i) {
+    if (items[static_cast<std::size_t>(i)].tag == state_.suggestion->type) typed.type = i;
+  }
+  if (typed.to_from.empty() && state_.to_from_is_enabled) {
+    typed.to_from = state_.suggestion->to_from;
+  }
+  if (typed.amount == 0.0 && state_.amount_is_enabled) typed.amount = state_.suggestion->amount;
+  DropSuggestion();
+}
+
+bool EntrySheet::IsSplit() const noexcept {
+  return std::any_of(state_.typed.split.begin(), state_.typed.split.end(), IsUsed);
+}
+
+void EntrySheet::ClearSplit() {
+  state_.typed.amount = 0.0;
+  Split_ClearSplit();
+}
+
+void EntrySheet::Split_ClearSplit() {
+  auto& typed = state_.typed;
+  typed.split = SplitRows();
+  typed.selected_split_row = 0;
+  typed.to_from.clear();
+  EnableFieldsForSplit(false);
+  Split_UpdateTotal();
+  front_end_.Changed(StateArea());
+}
+
+void EntrySheet::Split_UpdateTotal() {
+  double total = 0.0;
+  // Each as it will be stored, so that the total shown is the total kept.
+  for (const SplitRow& row : state_.typed.split) total += RoundedAmount(row.amount);
+  state_.split_total = total;
+}
+
+void EntrySheet::Split_Table_Field() {
+  const bool was_split = !state_.to_from_is_enabled;
+  const bool is_split = IsSplit();
+  auto& typed = state_.typed;
+  Split_UpdateTotal();
+  if (is_split) {
+    typed.amount = state_.split_total;
+    typed.to_from = LocalizedText("Split");
+  } else if (was_split) {
+    typed.to_from.clear();
+  }
+  EnableFieldsForSplit(is_split);
+  front_end_.Changed(StateArea());
+}
+
+void EntrySheet::EnableFieldsForSplit(bool is_split) noexcept {
+  state_.amount_is_enabled = !is_split;
+  state_.to_from_is_enabled = !is_split;
+}
+
+}  // namespace tallyfold

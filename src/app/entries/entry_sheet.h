@@ -1,0 +1,76 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+#include "app/entries/edit_sheet.h"
+#include "app/entries/entry_sheet_state.h"
+
+namespace tallyfold {
+
+// The debit sheet and the deposit sheet: one class, two objects.
+//
+// A debit's amount is stored negative and shown positive. While the split table holds any line, the
+// amount shows the lines' total, to/from reads "Split", and both are disabled.
+class EntrySheet final : public EditSheet {
+ public:
+  enum class Kind : std::uint8_t { Debit, Deposit };
+
+  EntrySheet(Kind kind, FrontEnd& front_end) noexcept : kind_(kind), front_end_(front_end) {}
+  EntrySheet(const EntrySheet&) = delete;
+  EntrySheet& operator=(const EntrySheet&) = delete;
+
+  [[nodiscard]] const EntrySheetState& State() const noexcept { return state_; }
+  // Takes over what the user typed.
+  void Read(EntrySheetState::Typed typed) { state_.typed = std::move(typed); }
+
+  [[nodiscard]] Sheet Which() const noexcept override {
+    return kind_ == Kind::Debit ? Sheet::Debit : Sheet::Deposit;
+  }
+  [[nodiscard]] Area StateArea() const noexcept override {
+    return kind_ == Kind::Debit ? Area::DebitSheet : Area::DepositSheet;
+  }
+  void Populate(const EditedEntry& edited, const LDGRAccount& account,
+                const LDGRPreferences& preferences) override;
+  [[nodiscard]] std::string CheckTyped() override;
+  void SaveValuesToEditEntry(const EditedEntry& edited, LDGRAccount& account) override;
+  void SetOpen(bool is_open) noexcept override { state_.is_open = is_open; }
+  void SetProblem(std::string problem) override { state_.problem = std::move(problem); }
+
+  // The check box was ticked or unticked. An empty number field of a ticked box is filled with
+  // `suggested`.
+  void CheckNumber_Button(std::int32_t suggested);
+
+  // The description was typed or chosen: offers what an earlier entry has with it.
+  void SuggestForDescription(const EditedEntry& edited, const LDGRAccount& account);
+  void DropSuggestion();
+  // Puts what is suggested into those of the fields that are empty and enabled.
+  void TakeSuggestion();
+
+  // Whether any row of the split table has a text or an amount other than 0.
+  [[nodiscard]] bool IsSplit() const noexcept;
+  // Empties the split table and to/from, and sets the amount to 0.
+  void ClearSplit();
+  // The same, but leaves the amount as it is.
+  void Split_ClearSplit();
+  // Sums the rows into the total field.
+  void Split_UpdateTotal();
+  // A row of the split table was edited.
+  void Split_Table_Field();
+
+ private:
+  void PopulateTypes(const EditedEntry& edited, const LDGRAccount& account);
+  void PopulateSplit(const EditedEntry& edited);
+  void SaveType(const EditedEntry& edited) const;
+  void SaveCheck(const EditedEntry& edited) const;
+  void SaveSplit(const EditedEntry& edited) const;
+  void EnableFieldsForSplit(bool is_split) noexcept;
+
+  const Kind kind_;
+  FrontEnd& front_end_;
+  EntrySheetState state_;
+  // How many of the type items are the account's types.
+  std::int32_t type_count_ = 0;
+};
+
+}  // namespace tallyfold

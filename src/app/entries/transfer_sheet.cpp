@@ -1,0 +1,88 @@
+#include "app/entries/transfer_sheet.h"
+
+#include <algorithm>
+#include <cmath>
+#include <cstddef>
+
+#include "model/account_entry.h"
+#include "platform/ambient.h"
+
+namespace tallyfold {
+namespace {
+
+constexpr std::int32_t kNoAccount = -1;
+
+const PopUpItem* SelectedItem(const std::vector<PopUpItem>& items, std::int32_t index) {
+  if (index < 0 || static_cast<std::size_t>(index) >= items.size()) return nullptr;
+  return &items[static_cast<std::size_t>(index)];
+}
+
+}  // namespace
+
+void TransferSheet::Populate(const EditedEntry& edited, const LDGRAccount& account,
+                             const LDGRPreferences& preferences) {
+  const LDGRAccountEntry& entry = *edited.entry;
+  state_ = TransferSheetState();
+  state_.is_new = edited.is_new;
+  state_.first_field = FirstField(preferences, edited.is_new);
+  state_.descriptions = account.GetPreferredTransferDescriptions();
+  state_.direction_items = {{LocalizedText("Transfer To"), kTransferToTag},
+                            {LocalizedText("Transfer From"), kTransferFromTag}};
+
+  auto& typed = state_.typed;
+  typed.date = entry.GetDate();
+  typed.direction = IndexOfItemTagged(state_.direction_items,
+                                      entry.IsTransferOrigin() ? kTransferToTag : kTransferFromTag);
+  // Adding 0.0 keeps a negative zero off the screen.
+  typed.amount = (entry.IsTransferOrigin() ? -entry.GetAmount() : entry.GetAmount()) + 0.0;
+  typed.description = entry.GetDescription();
+  typed.cleared = entry.GetCleared();
+  typed.tax_deductible = entry.GetTaxDeductible();
+  typed.notes = entry.GetNotes();
+  PopulateAccounts(edited, account);
+  front_end_.Changed(StateArea());
+}
+
+void TransferSheet::PopulateAccounts(const EditedEntry& edited, const LDGRAccount& account) {
+  auto& items = state_.account_items;
+  for (const auto& other : host_.Accounts()) {
+    if (other.get() != &account) items.push_back({other->GetName(), other->GetNumber()});
+  }
+  const std::int32_t number = edited.entry->GetTransferAccount();
+  state_.typed.account = IndexOfItemTagged(items, number);
+  if (state_.typed.account != kNoItem) return;
+  // An old transfer whose other account is gone keeps that account's name through the sheet.
+  if (!edited.is_new) items.insert(items.begin(), {edited.entry->GetToFrom(), number});
+  if (!items.empty()) state_.typed.account = 0;
+}
+
+std::string TransferSheet::CheckTyped() {
+  auto& typed = state_.typed;
+  if (!LimitDay(typed.date)) return LocalizedText("The date does not exist.");
+  if (!std::isfinite(typed.amount)) return LocalizedText("The amount is not a number.");
+  if (!state_.account_items.empty() &&
+      SelectedItem(state_.account_items, typed.account) == nullptr) {
+    return LocalizedText("No account is chosen.");
+  }
+  return "";
+}
+
+void TransferSheet::SaveValuesToEditEntry(const EditedEntry& edited, LDGRAccount& account) {
+  const auto& typed = state_.typed;
+  LDGRAccountEntry& entry = *edited.entry;
+  entry.SetDate(typed.date);
+  if (const auto* direction = SelectedItem(state_.direction_items, typed.direction)) {
+    const bool is_origin = direction->tag == kTransferToTag;
+    entry.SetIsTransferOrigin(is_origin);
+    entry.SetAmount(is_origin ? -typed.amount : typed.amount);
+  }
+  entry.SetDescription(typed.description);
+  entry.SetCleared(typed.cleared);
+  entry.SetTaxDeductible(typed.tax_deductible);
+  entry.SetNotes(typed.notes);
+  const auto* chosen = SelectedItem(state_.account_items, typed.account);
+  links_.Link(account, entry, edited.is_new, chosen != nullptr ? chosen->tag : kNoAccount,
+              chosen != nullptr ? std::string_view(chosen->title) : std::string_view());
+}
+
+}  // namespace tallyfold

@@ -1,0 +1,50 @@
+#pragma once
+
+#include <string>
+
+#include "app/entries/edit_sheet.h"
+#include "app/entries/transfer_links.h"
+#include "app/entries/transfer_sheet_state.h"
+#include "model/account.h"
+
+namespace tallyfold {
+
+// The transfer sheet. The first-field preference's to/from is its account pop-up, its type the
+// direction pop-up.
+class TransferSheet final : public EditSheet {
+ public:
+  class Host {
+   public:
+    virtual ~Host() = default;
+    [[nodiscard]] virtual const AccountList& Accounts() const = 0;
+  };
+
+  TransferSheet(const Host& host, const TransferLinks& links, FrontEnd& front_end) noexcept
+      : host_(host), links_(links), front_end_(front_end) {}
+  TransferSheet(const TransferSheet&) = delete;
+  TransferSheet& operator=(const TransferSheet&) = delete;
+
+  [[nodiscard]] const TransferSheetState& State() const noexcept { return state_; }
+  // Takes over what the user typed.
+  void Read(TransferSheetState::Typed typed) { state_.typed = std::move(typed); }
+
+  [[nodiscard]] Sheet Which() const noexcept override { return Sheet::Transfer; }
+  [[nodiscard]] Area StateArea() const noexcept override { return Area::TransferSheet; }
+  void Populate(const EditedEntry& edited, const LDGRAccount& account,
+                const LDGRPreferences& preferences) override;
+  [[nodiscard]] std::string CheckTyped() override;
+  // Also brings the other half in line, in the other account.
+  void SaveValuesToEditEntry(const EditedEntry& edited, LDGRAccount& account) override;
+  void SetOpen(bool is_open) noexcept override { state_.is_open = is_open; }
+  void SetProblem(std::string problem) override { state_.problem = std::move(problem); }
+
+ private:
+  void PopulateAccounts(const EditedEntry& edited, const LDGRAccount& account);
+
+  const Host& host_;
+  const TransferLinks& links_;
+  FrontEnd& front_end_;
+  TransferSheetState state_;
+};
+
+}  // namespace tallyfold

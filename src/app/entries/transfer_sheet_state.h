@@ -1,0 +1,49 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+#include "app/entries/entry_sheet_state.h"
+#include "app/face/pop_up_item.h"
+#include "model/date_number.h"
+
+namespace tallyfold {
+
+// Tags of the transfer sheet's direction items.
+inline constexpr std::int32_t kTransferToTag = 1;    // money leaves the selected account
+inline constexpr std::int32_t kTransferFromTag = 0;  // money comes into it
+
+// What the transfer sheet shows.
+struct TransferSheetState {
+  // Typed by the user: a front end reads these from its fields before each operation.
+  struct Typed {
+    DateNumber date = kNullDate;
+    // Index into direction_items, or kNoItem.
+    std::int32_t direction = kNoItem;
+    // Index into account_items, or kNoItem.
+    std::int32_t account = kNoItem;
+    // Positive in either direction.
+    double amount = 0.0;
+    std::string description;
+    bool cleared = false;
+    bool tax_deductible = false;
+    std::string notes;
+  };
+  Typed typed;
+
+  // Decided by the program.
+  bool is_open = false;
+  bool is_new = false;
+  std::vector<PopUpItem> direction_items;
+  // The other accounts; the tag is the account's number. An entry whose other account is gone adds
+  // an item that keeps its name.
+  std::vector<PopUpItem> account_items;
+  SheetField first_field = SheetField::Date;
+  // Former texts of the account, offered to complete what is typed.
+  std::vector<std::string> descriptions;
+  // Why the last OK was refused, in the user's words; "" when it was not.
+  std::string problem;
+};
+
+}  // namespace tallyfold

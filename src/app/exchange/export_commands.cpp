@@ -1,0 +1,159 @@
+#include "app/exchange/export_commands.h"
+
+#include "exchange/export_options.h"
+#include "platform/ambient.h"
+#include "platform/file_system.h"
+#include "platform/text_encodings.h"
+#include "storage/preferences.h"
+
+namespace tallyfold {
+
+void ExportCommands::export_MenuItem(std::int32_t tag) {
+  if (tag == kQifItem) ExportQIF();
+  if (tag == kTextItem) ExportText();
+}
+
+std::shared_ptr<LDGRAccount> ExportCommands::AccountToWrite() {
+  host_.StopSpeech();
+  return host_.IsUnlocked() ? host_.SelectedAccount() : nullptr;
+}
+
+// --- QIF ----------------------------------------------------------------------------------------
+
+WriteResult ExportCommands::ExportQIF() {
+  const auto account = AccountToWrite();
+  if (account == nullptr) return WriteResult::NotAsked;
+  PrepareQIFAccessory(*account);
+  const auto path = panels_.Save({.title = LocalizedText("Export QIF"),
+                                  .name = LocalizedText("Tallyfold QIF Export") + ".qif",
+                                  .name_label = LocalizedText("Export as:"),
+                                  .button = LocalizedText("Export"),
+                                  .accessory = PanelAccessory::QifExport,
+                                  .check = this});
+  if (!path) return WriteResult::Cancelled;
+  LDGRPreferences& preferences = host_.Preferences();
+  preferences.setQIFExportDateFormat(qif_.exportDateFormat());
+  preferences.setQIFExportAccount(qif_.exportAccount());
+  preferences.setQIFExportEncoding(static_cast<std::int32_t>(qif_.encoding()));
+  return Write(*path, QIFText(*account, qif_.exportAccount()), preferences.GetQIFExportEncoding());
+}
+
+void ExportCommands::PrepareQIFAccessory(const LDGRAccount& account) {
+  const LDGRPreferences& preferences = host_.Preferences();
+  qif_.populateDateFormats();
+  qif_.populateEncodingMenu(encodings_);
+  qif_.populateExportAccountsButton(&host_.Accounts());
+
+  std::int32_t scope = preferences.GetQIFExportAccount();
+  const auto stored = scope >= 0 ? host_.AccountWithNumber(scope) : nullptr;
+  const bool is_gone = scope >= 0 && (stored == nullptr || !stored->IsAuthenticated());
+  if (is_gone || scope == LDGRQIFExportAccessoryView::kCurrentAccount) scope = account.GetNumber();
+  qif_.setExportAccount(scope);
+  qif_.setExportDateFormat(preferences.GetQIFExportDateFormat());
+  qif_.setEncoding(static_cast<std::uint32_t>(preferences.GetQIFExportEncoding()));
+}
+
+std::string ExportCommands::QIFText(const LDGRAccount& current, std::int32_t scope) const {
+  ExportOptions options;
+  options.date_format = qif_.exportDateFormat();
+  if (scope == LDGRQIFExportAccessoryView::kAllAccounts) {
+    std::string text;
+    for (const auto& account : host_.Accounts()) {
+      if (account->IsAuthenticated()) text += account->asQIFStringWithOptions(options);
+    }
+    return text;
+  }
+  if (scope == LDGRQIFExportAccessoryView::kShownEntries) {
+    options.export_filter = ShownFilter(current);
+    return current.asQIFStringWithOptions(options);
+  }
+  const auto account = scope >= 0 ? host_.AccountWithNumber(scope) : nullptr;
+  return account != nullptr ? account->asQIFStringWithOptions(options)
+                            : current.asQIFStringWithOptions(options);
+}
+
+// --- Text ---------------------------------------------------------------------------------------
+
+WriteResult ExportCommands::ExportText() {
+  const auto account = AccountToWrite();
+  if (account == nullptr) return WriteResult::NotAsked;
+  text_.exportTypes_Populate();
+  text_.encodingPopUp_Populate(encodings_);
+  text_.setExportType(account->textExport_ExportType());
+  text_.setEncoding(static_cast<std::uint32_t>(account->textExport_Encoding()));
+  const auto path = panels_.Save({.title = LocalizedText("Export Text"),
+                                  .name = account->GetName() + ".txt",
+                                  .name_label = LocalizedText("Export as:"),
+                                  .button = LocalizedText("Export"),
+                                  .accessory = PanelAccessory::TextExport,
+                                  .check = this});
+  if (!path) return WriteResult::Cancelled;
+  account->setTextExport_ExportType(text_.exportType());
+  account->setTextExport_Encoding(static_cast<std::int32_t>(text_.encoding()));
+  ExportOptions options;
+  if (text_.exportType() == LDGRExportAccessoryManager::kShownEntries) {
+    options.export_filter = ShownFilter(*account);
+  }
+  return Write(*path, account->asTabDelimitedStringWithOptions(options),
+               account->textExport_Encoding());
+}
+
+// --- Both ---------------------------------------------------------------------------------------
+
+std::shared_ptr<const LDGRFilter> ExportCommands::ShownFilter(const LDGRAccount& account) const {
+  return host_.ShownRegister() == RegisterKind::Entry ? account.entryFilter()
+                                                      : account.reconcileFilter();
+}
+
+WriteResult ExportCommands::Write(const std::string& path, const std::string& text,
+                                  std::int32_t encoding) {
+  auto bytes = encodings_.Encode(text, static_cast<TextEncoding>(encoding));
+  if (!bytes) {
+    bytes =
+        encodings_.Encode(text, static_cast<TextEncoding>(CurrentLocale().DefaultTextEncoding()));
+  }
+  const std::string& content = bytes ? *bytes : text;
+  return files_.WriteAtomically(path, NewFileMode::ByUmask, content) ? WriteResult::Written
+                                                                     : WriteResult::Failed;
+}
+
+// --- The accounts file --------------------------------------------------------------------------
+
+WriteResult ExportCommands::SaveAs() {
+  if (!host_.IsUnlocked() || host_.SelectedAccount() == nullptr) return WriteResult::NotAsked;
+  const auto path = panels_.Save({.title = LocalizedText("Save As..."),
+                                  .name = "Accounts.plist",
+                                  .name_label = LocalizedText("Save As:"),
+                                  .check = this});
+  if (!path) return WriteResult::Cancelled;
+  return host_.Accounts_SaveToFilePath(*path) ? WriteResult::Written : WriteResult::Failed;
+}
+
+bool ExportCommands::Save() {
+  const bool accounts_are_saved = host_.Accounts_Save();
+  return host_.Preferences_Save() && accounts_are_saved;
+}
+
+std::optional<std::string> ExportCommands::userEnteredFilename(const std::string& folder,
+                                                               const std::string& name,
+                                                               bool confirmed) {
+  if (!confirmed) return name;
+  const std::string path = folder + '/' + name;
+  const auto refuse = [this](const std::string& why) {
+    alerts_.Run({"Error", why, {"OK"}});
+    return std::nullopt;
+  };
+  if (files_.Exists(path)) {
+    const std::size_t answer =
+        alerts_.Run({"File Already Exists",
+                     "The selected filename already exists at the specified path",
+                     {"OK", "Overwrite"}});
+    if (answer == 0) return std::nullopt;
+    if (files_.IsWritable(path)) return name;
+    return refuse("Unable to write file using the specified path and filename");
+  }
+  if (files_.IsWritable(folder)) return name;
+  return refuse("Unable to write file at the specified path");
+}
+
+}  // namespace tallyfold

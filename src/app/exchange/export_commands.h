@@ -1,0 +1,98 @@
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <optional>
+#include <string>
+
+#include "app/exchange/export_accessory_manager.h"
+#include "app/exchange/qif_export_accessory_view.h"
+#include "filters/register_search.h"
+#include "model/account.h"
+#include "platform/alerts.h"
+#include "platform/file_panels.h"
+
+namespace tallyfold {
+
+class FileSystem;
+class LDGRPreferences;
+class TextEncodings;
+
+// What became of a command that asks for a file and writes it.
+enum class WriteResult : std::uint8_t {
+  NotAsked,   // there was nothing to write
+  Cancelled,  // the panel was given up; nothing has changed
+  Written,
+  Failed,  // the file is as it was before
+};
+
+// The commands that write files of the user's choice: the exports, Save As, and Save.
+class ExportCommands final : private FileNameCheck {
+ public:
+  class Host {
+   public:
+    virtual ~Host() = default;
+    // Null when no account is selected.
+    [[nodiscard]] virtual std::shared_ptr<LDGRAccount> SelectedAccount() const = 0;
+    [[nodiscard]] virtual const AccountList& Accounts() const = 0;
+    [[nodiscard]] virtual std::shared_ptr<LDGRAccount> AccountWithNumber(
+        std::int32_t number) const = 0;
+    [[nodiscard]] virtual LDGRPreferences& Preferences() = 0;
+    // A locked application writes nothing.
+    [[nodiscard]] virtual bool IsUnlocked() const = 0;
+    [[nodiscard]] virtual RegisterKind ShownRegister() const = 0;
+    virtual bool Accounts_Save() = 0;
+    virtual bool Accounts_SaveToFilePath(const std::string& path) = 0;
+    virtual bool Preferences_Save() = 0;
+    virtual void StopSpeech() = 0;
+  };
+
+  // All must outlive this.
+  ExportCommands(Host& host, FileSystem& files, const TextEncodings& encodings, FilePanels& panels,
+                 Alerts& alerts) noexcept
+      : host_(host), files_(files), encodings_(encodings), panels_(panels), alerts_(alerts) {}
+  ExportCommands(const ExportCommands&) = delete;
+  ExportCommands& operator=(const ExportCommands&) = delete;
+
+  // Tags of the items of the export menu; any other does nothing.
+  static constexpr std::int32_t kQifItem = 1;
+  static constexpr std::int32_t kTextItem = 2;
+  void export_MenuItem(std::int32_t tag);
+
+  // Each asks for a file, remembers what was chosen beside its name (for the application and for
+  // the selected account) and writes it. Nothing is reported to the user.
+  WriteResult ExportQIF();
+  WriteResult ExportText();
+  // The whole accounts file under another name.
+  WriteResult SaveAs();
+  // The accounts and then the preferences into their own files. False when either failed.
+  bool Save();
+
+  // What the panels of the two exports show beside the name.
+  [[nodiscard]] LDGRQIFExportAccessoryView& QIFAccessory() noexcept { return qif_; }
+  [[nodiscard]] LDGRExportAccessoryManager& TextAccessory() noexcept { return text_; }
+
+  // A name that stands for a file already is taken when the user chooses to overwrite a file that
+  // can be written, any other when its folder can be. Else the user is told and asked again; a name
+  // that is not yet confirmed is fine.
+  [[nodiscard]] std::optional<std::string> userEnteredFilename(const std::string& folder,
+                                                               const std::string& name,
+                                                               bool confirmed) override;
+
+ private:
+  [[nodiscard]] std::shared_ptr<LDGRAccount> AccountToWrite();
+  void PrepareQIFAccessory(const LDGRAccount& account);
+  [[nodiscard]] std::shared_ptr<const LDGRFilter> ShownFilter(const LDGRAccount& account) const;
+  [[nodiscard]] std::string QIFText(const LDGRAccount& current, std::int32_t scope) const;
+  WriteResult Write(const std::string& path, const std::string& text, std::int32_t encoding);
+
+  Host& host_;
+  FileSystem& files_;
+  const TextEncodings& encodings_;
+  FilePanels& panels_;
+  Alerts& alerts_;
+  LDGRQIFExportAccessoryView qif_;
+  LDGRExportAccessoryManager text_;
+};
+
+}  // namespace tallyfold

@@ -1,0 +1,33 @@
+#include "app/exchange/qif_export_accessory_view.h"
+
+#include "app/exchange/qif_date_items.h"
+#include "platform/ambient.h"
+
+namespace tallyfold {
+
+void LDGRQIFExportAccessoryView::populateDateFormats() {
+  formats_ = QifDateItems();
+}
+
+void LDGRQIFExportAccessoryView::populateExportAccountsButton(const AccountList* accounts) {
+  if (accounts == nullptr) return;
+  accounts_ = {{LocalizedText("Current Filter Results"), kShownEntries}, {"", 0, true}};
+  for (const auto& account : *accounts) {
+    PopUpItem item{account->GetName(), account->GetNumber()};
+    if (!account->IsAuthenticated()) {
+      item.title += " (" + LocalizedText("Locked") + ")";
+      item.image = "locked";
+      item.is_enabled = false;
+    }
+    accounts_.push_back(std::move(item));
+  }
+  accounts_.push_back({"", 0, true});
+  accounts_.push_back({LocalizedText("All Accounts"), kAllAccounts});
+  account_ = kNoItem;
+}
+
+std::int32_t LDGRQIFExportAccessoryView::exportAccount() const noexcept {
+  return account_ == kNoItem ? kCurrentAccount : accounts_[static_cast<std::size_t>(account_)].tag;
+}
+
+}  // namespace tallyfold

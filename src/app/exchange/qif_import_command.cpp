@@ -1,0 +1,35 @@
+#include "app/exchange/qif_import_command.h"
+
+#include "platform/ambient.h"
+
+namespace tallyfold {
+
+bool QifImportCommand::QIFImport() {
+  host_.StopSpeech();
+  const auto account = host_.SelectedAccount();
+  if (account == nullptr || !host_.IsUnlocked() || host_.SheetIsOpen() || import_.IsRunning()) {
+    return false;
+  }
+  until_next_tick_ = idle_.Pause();
+  menu_.Populate(encodings_);
+  menu_.setEncoding(account->GetQIFImportEncoding());
+  const auto path = panels_.Open({.title = LocalizedText("Import"),
+                                  .button = LocalizedText("Import"),
+                                  .accessory = PanelAccessory::QifImport});
+  if (path) {
+    account->SetQIFImportEncoding(menu_.encoding());
+    import_.ImportOptions_InitWithFile(*path, menu_.encoding());
+    if (import_.Run()) return true;
+  }
+  Ended();
+  return false;
+}
+
+void QifImportCommand::Ended() {
+  refresh_.ImportEnded();
+  host_.RefreshSummaryIfShowing();
+  refresh_.AccountsList_Redraw();
+  idle_.Resume(until_next_tick_);
+}
+
+}  // namespace tallyfold

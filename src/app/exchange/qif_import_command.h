@@ -1,0 +1,68 @@
+#pragma once
+
+#include <chrono>
+#include <cstdint>
+#include <memory>
+#include <optional>
+#include <string>
+
+#include "app/exchange/encoding_menu.h"
+#include "app/exchange/qif_import_controller.h"
+#include "app/face/refresh.h"
+#include "app/shell/idle_watch.h"
+#include "model/account.h"
+#include "platform/file_panels.h"
+
+namespace tallyfold {
+
+class TextEncodings;
+
+// The command that imports a file into the selected account: asks for the file, runs the import and
+// brings everything up to date behind it. Schedules are not looked after meanwhile.
+class QifImportCommand {
+ public:
+  class Host {
+   public:
+    virtual ~Host() = default;
+    // Null when no account is selected.
+    [[nodiscard]] virtual std::shared_ptr<LDGRAccount> SelectedAccount() const = 0;
+    // A locked application imports nothing.
+    [[nodiscard]] virtual bool IsUnlocked() const = 0;
+    [[nodiscard]] virtual bool SheetIsOpen() const = 0;
+    virtual void RefreshSummaryIfShowing() = 0;
+    virtual void StopSpeech() = 0;
+  };
+
+  // All must outlive this.
+  QifImportCommand(Host& host, LDGRQIFImportController& import, const TextEncodings& encodings,
+                   FilePanels& panels, IdleWatch& idle, Refresh& refresh) noexcept
+      : host_(host),
+        import_(import),
+        encodings_(encodings),
+        panels_(panels),
+        idle_(idle),
+        refresh_(refresh) {}
+  QifImportCommand(const QifImportCommand&) = delete;
+  QifImportCommand& operator=(const QifImportCommand&) = delete;
+
+  // Leaves the options sheet open for the chosen file. False when there is no account, a sheet is
+  // open, an import runs, or the panel was given up.
+  bool QIFImport();
+  // The import that was started is over, or the panel was given up.
+  void Ended();
+
+  // What the panel shows beside the files.
+  [[nodiscard]] EncodingMenu& Encodings() noexcept { return menu_; }
+
+ private:
+  Host& host_;
+  LDGRQIFImportController& import_;
+  const TextEncodings& encodings_;
+  FilePanels& panels_;
+  IdleWatch& idle_;
+  Refresh& refresh_;
+  EncodingMenu menu_;
+  std::chrono::milliseconds until_next_tick_ = IdleWatch::kInterval;
+};
+
+}  // namespace tallyfold

@@ -1,0 +1,198 @@
+// The review of an import, from what was read to what is committed.
+
+#include "app/exchange/qif_import_controller.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "model/date_number.h"
+#include "platform/ambient.h"
+#include "registers/register_look.h"
+#include "storage/preferences.h"
+
+namespace tallyfold {
+
+const QifAccount* LDGRQIFImportController::ChosenAccount(const QifResult& result) const {
+  const std::int32_t index = options_.typed.account;
+  const bool is_account = index >= 0 && static_cast<std::size_t>(index) < result.accounts.size();
+  return is_account ? &result.accounts[static_cast<std::size_t>(index)] : nullptr;
+}
+
+void LDGRQIFImportController::Import_Init(const QifResult& result) {
+  const QifAccount* account = ChosenAccount(result);
+  const QifEntryList& chosen = account == nullptr ? result.entries : *account->entries;
+  review_ = QifReview(result, chosen, *account_);
+  first_number_ = review_.entries().empty() ? 0 : review_.entries().front()->GetNumber();
+  edit_entry_ = nullptr;
+  review_state_ = {};
+  QifHints& hints = review_state_.hints;
+  hints = HintsFor(import_, chosen, TodaysDateNumber());
+  hints.elsewhere = result.entries.size() - std::min(result.entries.size(), chosen.size());
+  if (account != nullptr && account->source != account->name) hints.source = account->source;
+  rows_.SetAccountPreferences(
+      host_.Preferences().GetPreferencesForAccountNumber(account_->GetNumber()));
+  rows_.SetDateFormat(RegisterDateFormat(host_.Preferences()));
+  rows_.SetEntries(review_.entries());
+  rows_.SelectRow(0);
+  EntriesChanged();
+}
+
+void LDGRQIFImportController::Import_Run() {
+  stage_ = Stage::Review;
+  review_state_.is_open = true;
+  front_end_.Changed(Area::ImportReview);
+}
+
+void LDGRQIFImportController::CloseReview() {
+  review_state_.is_open = false;
+  rows_.SetEntries({});
+  edit_entry_ = nullptr;
+  front_end_.Changed(Area::ImportReview);
+}
+
+std::shared_ptr<LDGRQIFImportEntry> LDGRQIFImportController::EntryAtPlace(
+    std::int32_t place) const {
+  // Removing leaves the others in the order of their places.
+  const auto& all = review_.entries();
+  const auto found = std::partition_point(all.begin(), all.end(),
+                                          [&](const auto& each) { return PlaceOf(*each) < place; });
+  return found != all.end() && PlaceOf(**found) == place ? *found : nullptr;
+}
+
+void LDGRQIFImportController::Import_DoNotImportPotentialDuplicates() {
+  if (!IsReviewing()) return;
+  review_.Import_DoNotImportPotentialDuplicates(*account_);
+  EntriesChanged();
+}
+
+// --- Commands -----------------------------------------------------------------------------------
+
+void LDGRQIFImportController::SelectEntry(const std::shared_ptr<LDGRQIFImportEntry>& entry) {
+  rows_.SelectRow(rows_.EntryToRow(entry.get()).value_or(TableView::kNoRow));
+  UpdateButtons();
+  rows_.Redraw();
+}
+
+void LDGRQIFImportController::ClickedTableColumn(std::string_view identifier) {
+  rows_.ClickedTableColumn(identifier);
+  rows_.Redraw();
+}
+
+void LDGRQIFImportController::ImportEntry_Import() {
+  Import_CheckBox(rows_.GetSelectedEntry());
+}
+
+void LDGRQIFImportController::ImportEntry_Resolve() {
+  Cleared_CheckBox(rows_.GetSelectedEntry());
+}
+
+void LDGRQIFImportController::Import_CheckBox(const std::shared_ptr<LDGRQIFImportEntry>& entry) {
+  if (!IsReviewing() || entry == nullptr) return;
+  review_.Toggle(entry);
+  EntriesChanged();
+}
+
+void LDGRQIFImportController::Cleared_CheckBox(const std::shared_ptr<LDGRQIFImportEntry>& entry) {
+  if (!IsReviewing() || entry == nullptr) return;
+  entry->SetCleared(!entry->GetCleared());
+  EntriesChanged();
+}
+
+void LDGRQIFImportController::ImportEntry_ImportAll() {
+  if (!IsReviewing()) return;
+  review_.ToggleAll();
+  EntriesChanged();
+}
+
+void LDGRQIFImportController::ImportEntry_Remove() {
+  const auto entry = rows_.GetSelectedEntry();
+  if (!IsReviewing() || !sheets_.IsFree() || entry == nullptr) return;
+  review_.Remove(entry.get());
+  rows_.RemoveEntry(entry.get());
+  EntriesChanged();
+}
+
+bool LDGRQIFImportController::ImportEntry_Change() {
+  const auto& entry = rows_.GetSelectedEntry();
+  if (!IsReviewing() || entry == nullptr || !sheets_.IsFree()) return false;
+  edit_entry_ = entry;
+  return host_.EditOwned({entry, false, account_, this, review_.types()});
+}
+
+std::string LDGRQIFImportController::CheckEdited(const LDGRAccountEntry& entry) const {
+  const bool is_here = IsReviewing() && edit_entry_.get() == &entry;
+  return is_here ? "" : LocalizedText("The entry has been removed.");
+}
+
+void LDGRQIFImportController::TakeEdited(LDGRAccountEntry& entry) {
+  const std::int32_t number = entry.GetType();
+  const auto& made = review_.types();
+  const auto found =
+      std::ranges::find(made, number, [](const auto& each) { return each->GetNumber(); });
+  edit_entry_->SetActualType(found != made.end() ? *found
+                                                 : account_->AccountEntryTypeForNumber(number));
+  review_.ForgetMatches();
+  rows_.SortAgain();
+  EntriesChanged();
+}
+
+void LDGRQIFImportController::SpeakEntry() {
+  if (const auto& entry = rows_.GetSelectedEntry()) host_.Speak(entry->asSpeakableString());
+}
+
+// --- What is shown ------------------------------------------------------------------------------
+
+void LDGRQIFImportController::EntriesChanged() {
+  UpdateButtons();
+  rows_.Redraw();
+  ImportTotal_Field_Update();
+}
+
+void LDGRQIFImportController::UpdateButtons() {
+  const bool is_selected = rows_.GetSelectedEntry() != nullptr;
+  review_state_.can_import = review_state_.can_change = review_state_.can_remove =
+      review_state_.can_resolve = is_selected;
+  review_state_.can_import_all = !review_.entries().empty();
+}
+
+void LDGRQIFImportController::ImportTotal_Field_Update() {
+  review_state_.total = review_.Total();
+  review_state_.total_text = RegisterAmountText(review_state_.total, host_.Preferences());
+  review_state_.entry_count = review_.entries().size();
+  review_state_.marked_count = review_.MarkedCount();
+  front_end_.Changed(Area::ImportReview);
+}
+
+// --- The end ------------------------------------------------------------------------------------
+
+bool LDGRQIFImportController::import_OK_Button() {
+  return IsReviewing() && host_.ConfirmImport(review_.MarkedCount()) && Import_OK();
+}
+
+bool LDGRQIFImportController::Import_OK() {
+  if (!IsReviewing() || !sheets_.IsFree()) return false;
+  if (account_ != host_.SelectedAccount()) {
+    review_state_.account_is_gone = true;
+    front_end_.Changed(Area::ImportReview);
+    return false;
+  }
+  CloseReview();
+  review_.Commit(*account_, account_->GetQIFImportAllTypes());
+  StageEnded(kConfirmed);
+  return true;
+}
+
+void LDGRQIFImportController::import_Cancel_Button() {
+  if (!IsReviewing() || !sheets_.IsFree()) return;
+  CloseReview();
+  StageEnded(kCancelled);
+}
+
+bool LDGRQIFImportController::import_GoBack_Button() {
+  if (!IsReviewing() || !sheets_.IsFree()) return false;
+  CloseReview();
+  StageEnded(kGoBack);
+  return true;
+}
+
+}  // namespace tallyfold

@@ -1,0 +1,179 @@
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "app/entries/edited_entry.h"
+#include "app/exchange/qif_import_state.h"
+#include "app/exchange/qif_import_table_data.h"
+#include "app/face/front_end.h"
+#include "app/face/sheet_slot.h"
+#include "exchange/qif_import.h"
+#include "exchange/qif_review.h"
+#include "model/account.h"
+
+namespace tallyfold {
+
+class FileSystem;
+class LDGRPreferences;
+class TextEncodings;
+
+// An import from its options to its end: the options sheet, then the review, which may go back to
+// the sheet. The account gets the options at OK of the sheet, entries and types at OK of the review
+// and nothing before.
+//
+// Both stages are modal: while one is there, a front end offers no command but those listed here.
+class LDGRQIFImportController final : private EntryOwner {
+ public:
+  class Host {
+   public:
+    virtual ~Host() = default;
+    // Null when no account is selected.
+    [[nodiscard]] virtual std::shared_ptr<LDGRAccount> SelectedAccount() const = 0;
+    [[nodiscard]] virtual LDGRPreferences& Preferences() = 0;
+    // Opens the debit or deposit sheet for an entry of the review.
+    virtual bool EditOwned(EditedEntry edited) = 0;
+    // Asks whether that many entries are to be imported.
+    [[nodiscard]] virtual bool ConfirmImport(std::size_t count) = 0;
+    virtual void Speak(std::string text) = 0;
+    // The last stage is over, whether or not the account has changed.
+    virtual void ImportEnded() = 0;
+  };
+
+  // How a stage ends.
+  static constexpr std::int32_t kCancelled = 0;
+  static constexpr std::int32_t kConfirmed = 1;
+  static constexpr std::int32_t kGoBack = 2;
+
+  // All must outlive this.
+  LDGRQIFImportController(Host& host, const FileSystem& files, const TextEncodings& encodings,
+                          SheetSlot& sheets, FrontEnd& front_end) noexcept
+      : host_(host),
+        files_(files),
+        encodings_(encodings),
+        sheets_(sheets),
+        front_end_(front_end),
+        rows_(front_end) {}
+  LDGRQIFImportController(const LDGRQIFImportController&) = delete;
+  LDGRQIFImportController& operator=(const LDGRQIFImportController&) = delete;
+
+  // Reads the file for the selected account and fills the options sheet. To be followed by Run().
+  void ImportOptions_InitWithFile(const std::string& path, std::int32_t encoding);
+  // Starts with the options sheet. False when there is no account or another sheet is open.
+  bool Run();
+  [[nodiscard]] bool IsRunning() const noexcept { return stage_ != Stage::None; }
+
+  // --- The options sheet ------------------------------------------------------------------------
+  [[nodiscard]] const QifImportOptionsState& Options() const noexcept { return options_; }
+  void ImportOptions_Populate();
+  // Takes over what the user typed.
+  void ImportOptions_Read(QifImportOptionsState::Typed typed) { options_.typed = std::move(typed); }
+  // The pop-ups by what they are for: the lines of the file.
+  enum class SwapPopUp : std::uint8_t { Categories, Payees, Memos };
+  // A destination (see QifOptions) was picked in one of them. The pop-up that had it takes the one
+  // that is left free. Anything else is ignored.
+  void ImportOptions_SwapOptions(SwapPopUp changed, std::int32_t destination);
+  // Stores what was chosen in the account and goes on with the review. False when the sheet is not
+  // open, or stays open because a field refuses its text.
+  bool ImportOptions_OK();
+  void ImportOptions_Cancel();
+
+  // --- The review -------------------------------------------------------------------------------
+  [[nodiscard]] bool IsReviewing() const noexcept { return review_state_.is_open; }
+  [[nodiscard]] const QifImportReviewState& Review() const noexcept { return review_state_; }
+  [[nodiscard]] LDGRQIFImportTableViewDataSource& tableDataSource() noexcept { return rows_; }
+  [[nodiscard]] const LDGRQIFImportTableViewDataSource& tableDataSource() const noexcept {
+    return rows_;
+  }
+  [[nodiscard]] const QifImportEntryList& entries() const noexcept { return review_.entries(); }
+  [[nodiscard]] QifImportEntryList entriesToImport() const { return review_.entriesToImport(); }
+  [[nodiscard]] const std::vector<std::string>& accountNames() const noexcept {
+    return account_names_;
+  }
+  // New types that the import may add to the account.
+  [[nodiscard]] const EntryTypeList& types() const noexcept { return review_.types(); }
+  // The one whose sheet was opened last; null before the first.
+  [[nodiscard]] const std::shared_ptr<LDGRQIFImportEntry>& editEntry() const noexcept {
+    return edit_entry_;
+  }
+  // What the entry repeats in the account, or comes near to; none for none.
+  [[nodiscard]] std::optional<QifMatch> MatchOf(const LDGRQIFImportEntry& entry) const {
+    return review_.MatchOf(entry);
+  }
+  // The entry's place in the file, from 1 on, which it keeps whatever is removed or sorted.
+  [[nodiscard]] std::int32_t PlaceOf(const LDGRQIFImportEntry& entry) const noexcept {
+    return entry.GetNumber() - first_number_ + 1;
+  }
+  // Null for none.
+  [[nodiscard]] std::shared_ptr<LDGRQIFImportEntry> EntryAtPlace(std::int32_t place) const;
+
+  // Builds the review from what was read.
+  void Import_Init(const QifResult& result);
+  void Import_DoNotImportPotentialDuplicates();
+  void ImportTotal_Field_Update();
+
+  void SelectEntry(const std::shared_ptr<LDGRQIFImportEntry>& entry);
+  void ClickedTableColumn(std::string_view identifier);
+
+  // Each acts on the selected entry and does nothing without one.
+  void ImportEntry_Import();   // in or out of the import
+  bool ImportEntry_Change();   // opens the sheet for it; false when it cannot
+  void ImportEntry_Remove();   // out of the review
+  void ImportEntry_Resolve();  // its cleared mark
+  void SpeakEntry();
+  // The check boxes of the table.
+  void Import_CheckBox(const std::shared_ptr<LDGRQIFImportEntry>& entry);
+  void Cleared_CheckBox(const std::shared_ptr<LDGRQIFImportEntry>& entry);
+  // All of them in, or all out when all are in.
+  void ImportEntry_ImportAll();
+
+  // Asks, then Import_OK().
+  bool import_OK_Button();
+  // Adds the marked entries and the types they need to the account. False, and the review stays,
+  // when the account is no longer selected or a sheet is open.
+  bool Import_OK();
+  void import_Cancel_Button();
+  // Back to the options sheet; what was changed in the review is lost. False when there is no
+  // review, or a sheet is open.
+  bool import_GoBack_Button();
+
+ private:
+  enum class Stage : std::uint8_t { None, Options, Review };
+
+  bool ImportOptions_Run();
+  void Import_Run();
+  // The stage that runs is over; the next one begins, the one before, or none.
+  void StageEnded(std::int32_t result);
+  void CloseReview();
+  void StoreOptions();
+  void PassOptionsToParser();
+  // Null for all entries.
+  [[nodiscard]] const QifAccount* ChosenAccount(const QifResult& result) const;
+  void UpdateButtons();
+  void EntriesChanged();
+
+  [[nodiscard]] std::string CheckEdited(const LDGRAccountEntry& entry) const override;
+  void TakeEdited(LDGRAccountEntry& entry) override;
+
+  Host& host_;
+  const FileSystem& files_;
+  const TextEncodings& encodings_;
+  SheetSlot& sheets_;
+  FrontEnd& front_end_;
+
+  Stage stage_ = Stage::None;
+  std::shared_ptr<LDGRAccount> account_;
+  LDGRQIFImport import_;
+  std::vector<std::string> account_names_;
+  QifImportOptionsState options_;
+  QifReview review_;
+  std::int32_t first_number_ = 0;
+  QifImportReviewState review_state_;
+  LDGRQIFImportTableViewDataSource rows_;
+  std::shared_ptr<LDGRQIFImportEntry> edit_entry_;
+};
+
+}  // namespace tallyfold

@@ -1,0 +1,157 @@
+// The options sheet of an import, and how its stages follow one another.
+
+#include <array>
+#include <filesystem>
+#include <utility>
+
+#include "app/exchange/qif_date_items.h"
+#include "app/exchange/qif_import_controller.h"
+#include "exchange/qif_date_formats.h"
+#include "platform/ambient.h"
+
+namespace tallyfold {
+namespace {
+
+bool IsDestination(std::int32_t value) noexcept {
+  return value >= QifOptions::kType && value <= QifOptions::kDescription;
+}
+
+bool IsPermutation(std::int32_t a, std::int32_t b, std::int32_t c) noexcept {
+  return IsDestination(a) && IsDestination(b) && IsDestination(c) && a != b && b != c && a != c;
+}
+
+}  // namespace
+
+void LDGRQIFImportController::ImportOptions_InitWithFile(const std::string& path,
+                                                         std::int32_t encoding) {
+  account_ = host_.SelectedAccount();
+  import_ = LDGRQIFImport::importWithContentsOfFile(path, encoding, files_, encodings_);
+  account_names_ = import_.AccountNames();
+  options_ = {};
+  options_.title =
+      LocalizedText("Importing From:") + "  " + std::filesystem::path(path).filename().string();
+  ImportOptions_Populate();
+}
+
+void LDGRQIFImportController::ImportOptions_Populate() {
+  if (account_ == nullptr) return;
+  options_.account_items.clear();
+  for (std::size_t i = 0; i < account_names_.size(); ++i) {
+    options_.account_items.push_back({account_names_[i], static_cast<std::int32_t>(i)});
+  }
+  options_.account_items.push_back(
+      {LocalizedText("All Entries"), static_cast<std::int32_t>(account_names_.size())});
+  options_.date_format_items = QifDateItems();
+  options_.swap_items = {{LocalizedText("Type"), QifOptions::kType},
+                         {LocalizedText("To/From"), QifOptions::kToFrom},
+                         {LocalizedText("Description"), QifOptions::kDescription}};
+
+  auto& typed = options_.typed;
+  typed.account = 0;
+  typed.date_format =
+      IndexOfItemTagged(options_.date_format_items, account_->GetQIFImportDateFormat());
+  if (typed.date_format == kNoItem) typed.date_format = 0;
+  typed.decimal_separator = account_->GetQIFImportDecimalSeparator();
+  typed.thousands_separator = account_->GetQIFImportThousandsSeparator();
+  typed.zero_amounts_as_deposits = account_->GetQIFImportZeroAmountsAsDeposits();
+  typed.all_types = account_->GetQIFImportAllTypes();
+  typed.split_line_items = account_->GetQIFImportSplitLineItems();
+
+  const std::int32_t type = account_->GetQIFImport_SwapOptions_Type();
+  const std::int32_t to_from = account_->GetQIFImport_SwapOptions_ToFrom();
+  const std::int32_t description = account_->GetQIFImport_SwapOptions_Description();
+  // A file may hold anything; the pop-ups never show the same destination twice.
+  if (IsPermutation(type, to_from, description)) {
+    options_.swap_type = type;
+    options_.swap_to_from = to_from;
+    options_.swap_description = description;
+  }
+  front_end_.Changed(Area::ImportOptionsSheet);
+}
+
+void LDGRQIFImportController::ImportOptions_SwapOptions(SwapPopUp changed,
+                                                        std::int32_t destination) {
+  if (!IsDestination(destination)) return;
+  const std::array pop_ups = {&options_.swap_type, &options_.swap_to_from,
+                              &options_.swap_description};
+  std::int32_t& picked = *pop_ups[static_cast<std::size_t>(changed)];
+  for (std::int32_t* const other : pop_ups) {
+    if (*other == destination) *other = picked;
+  }
+  picked = destination;
+  front_end_.Changed(Area::ImportOptionsSheet);
+}
+
+// --- Stages -------------------------------------------------------------------------------------
+
+bool LDGRQIFImportController::Run() {
+  return stage_ == Stage::None && account_ != nullptr && ImportOptions_Run();
+}
+
+bool LDGRQIFImportController::ImportOptions_Run() {
+  if (!sheets_.Open(Sheet::ImportOptions)) return false;
+  stage_ = Stage::Options;
+  options_.is_open = true;
+  front_end_.Changed(Area::ImportOptionsSheet);
+  return true;
+}
+
+bool LDGRQIFImportController::ImportOptions_OK() {
+  if (stage_ != Stage::Options || !front_end_.EndEditing(Sheet::ImportOptions)) return false;
+  StoreOptions();
+  PassOptionsToParser();
+  Import_Init(import_.Parse());
+  StageEnded(kConfirmed);
+  return true;
+}
+
+void LDGRQIFImportController::ImportOptions_Cancel() {
+  if (stage_ == Stage::Options) StageEnded(kCancelled);
+}
+
+void LDGRQIFImportController::StageEnded(std::int32_t result) {
+  const Stage ended = std::exchange(stage_, Stage::None);
+  if (ended == Stage::Options) {
+    options_.is_open = false;
+    sheets_.Close(Sheet::ImportOptions);
+    if (result == kConfirmed) return Import_Run();
+  } else if (result == kGoBack && ImportOptions_Run()) {
+    return;
+  }
+  account_ = nullptr;
+  import_ = {};
+  review_ = {};
+  host_.ImportEnded();
+}
+
+void LDGRQIFImportController::StoreOptions() {
+  const auto& typed = options_.typed;
+  const auto& formats = options_.date_format_items;
+  const bool has_format =
+      typed.date_format >= 0 && static_cast<std::size_t>(typed.date_format) < formats.size();
+  if (has_format) {
+    account_->SetQIFImportDateFormat(formats[static_cast<std::size_t>(typed.date_format)].tag);
+  }
+  account_->SetQIFImportDecimalSeparator(typed.decimal_separator);
+  account_->SetQIFImportThousandsSeparator(typed.thousands_separator);
+  account_->SetQIFImportZeroAmountsAsDeposits(typed.zero_amounts_as_deposits);
+  account_->SetQIFImportAllTypes(typed.all_types);
+  account_->SetQIFImportSplitLineItems(typed.split_line_items);
+  account_->SetQIFImport_SwapOptions_Type(options_.swap_type);
+  account_->SetQIFImport_SwapOptions_ToFrom(options_.swap_to_from);
+  account_->SetQIFImport_SwapOptions_Description(options_.swap_description);
+}
+
+void LDGRQIFImportController::PassOptionsToParser() {
+  import_.SetDateFormat(QifDateFormatForTag(account_->GetQIFImportDateFormat()));
+  import_.SetDecimalSeparator(account_->GetQIFImportDecimalSeparator());
+  import_.SetThousandsSeparator(account_->GetQIFImportThousandsSeparator());
+  import_.SetImportZeroAmountsAsDeposits(account_->GetQIFImportZeroAmountsAsDeposits());
+  import_.SetImportAllTypes(account_->GetQIFImportAllTypes());
+  import_.SetImportSplitLineItems(account_->GetQIFImportSplitLineItems());
+  import_.SetSwapOptions_Type(account_->GetQIFImport_SwapOptions_Type());
+  import_.SetSwapOptions_ToFrom(account_->GetQIFImport_SwapOptions_ToFrom());
+  import_.SetSwapOptions_Description(account_->GetQIFImport_SwapOptions_Description());
+}
+
+}  // namespace tallyfold

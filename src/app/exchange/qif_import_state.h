@@ -1,0 +1,64 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <string>
+#include <vector>
+
+#include "app/face/pop_up_item.h"
+#include "exchange/qif_hints.h"
+#include "exchange/qif_import.h"
+
+namespace tallyfold {
+
+// What the options sheet of an import shows.
+struct QifImportOptionsState {
+  // Typed by the user.
+  struct Typed {
+    // Index into account_items, or kNoItem.
+    std::int32_t account = kNoItem;
+    // Index into date_format_items, or kNoItem.
+    std::int32_t date_format = kNoItem;
+    std::string decimal_separator;
+    std::string thousands_separator;
+    bool zero_amounts_as_deposits = true;
+    bool all_types = false;
+    bool split_line_items = true;
+  };
+  Typed typed;
+
+  // Decided by the program.
+  bool is_open = false;
+  std::string title;
+  // The accounts of the file, the tag being their position, and "All Entries".
+  std::vector<PopUpItem> account_items;
+  std::vector<PopUpItem> date_format_items;
+  // Where categories, payees and memos may go, and where each goes: tags of the items, never two
+  // the same. They change by ImportOptions_SwapOptions() alone.
+  std::vector<PopUpItem> swap_items;
+  std::int32_t swap_type = QifOptions::kType;
+  std::int32_t swap_to_from = QifOptions::kToFrom;
+  std::int32_t swap_description = QifOptions::kDescription;
+};
+
+// What the review of an import shows beside its table. All of it is decided by the program.
+struct QifImportReviewState {
+  bool is_open = false;
+  // The sum of the entries marked for import, and as the preferences want amounts.
+  double total = 0.0;
+  std::string total_text;
+  std::size_t entry_count = 0;
+  std::size_t marked_count = 0;
+  // For the selected entry.
+  bool can_import = false;
+  bool can_change = false;
+  bool can_remove = false;
+  bool can_resolve = false;
+  // For all of them.
+  bool can_import_all = false;
+  // The last OK was refused because the account of the import is no longer selected.
+  bool account_is_gone = false;
+  QifHints hints;
+};
+
+}  // namespace tallyfold

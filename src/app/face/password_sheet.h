@@ -1,0 +1,41 @@
+#pragma once
+
+#include <string>
+
+#include "app/face/front_end.h"
+#include "app/face/main_window.h"
+#include "app/face/password_sheet_state.h"
+#include "app/face/sheet_slot.h"
+
+namespace tallyfold {
+
+// A sheet that asks for a password: that of the application or that of an account.
+class PasswordSheet {
+ public:
+  PasswordSheet(Sheet which, Area area, SheetSlot& sheets, MainWindowSlot& window,
+                FrontEnd& front_end) noexcept
+      : which_(which), area_(area), sheets_(sheets), window_(window), front_end_(front_end) {}
+  PasswordSheet(const PasswordSheet&) = delete;
+  PasswordSheet& operator=(const PasswordSheet&) = delete;
+
+  [[nodiscard]] const PasswordSheetState& State() const noexcept { return state_; }
+
+  // Shows the sheet, its field empty and OK disabled. Nothing while a sheet is open.
+  void Open(std::string title);
+  // A keystroke: takes over the text; OK is enabled when it is the password.
+  void ValidatePassword(std::string typed, const std::string& password);
+  // The password was wrong after all.
+  void DisableOK();
+  // Hides the sheet and gives the focus back to where it was. Nothing when it is not open.
+  void Close();
+
+ private:
+  const Sheet which_;
+  const Area area_;
+  SheetSlot& sheets_;
+  MainWindowSlot& window_;
+  FrontEnd& front_end_;
+  PasswordSheetState state_;
+};
+
+}  // namespace tallyfold

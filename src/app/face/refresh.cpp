@@ -1,0 +1,78 @@
+#include "app/face/refresh.h"
+
+namespace tallyfold {
+
+void Refresh::EntrySaved(const std::shared_ptr<LDGRAccountEntry>& entry, bool is_new) {
+  EntriesSaved({entry}, is_new);
+}
+
+void Refresh::EntriesAdded(const EntryList& entries) {
+  EntriesSaved(entries, true);
+}
+
+void Refresh::EntriesSaved(const EntryList& entries, bool are_new) {
+  EntryButtons_Update();
+  if (host_.LiveUpdatingFilters()) {
+    host_.ReloadRegisters();
+    host_.Search_Cancel();
+  } else {
+    host_.TakeSavedEntries(entries);
+  }
+  Balances();
+  AccountsList_Redraw();
+  host_.SelectEntry(entries.back());
+  host_.TellIfHidden(entries.back(), are_new);
+  entryMenu_Types_Menu_Populate();
+}
+
+void Refresh::EntryRemoved() {
+  host_.ReloadRegisters();
+  Balances();
+  AccountsList_Redraw();
+  EntryButtons_Update();
+  entryMenu_Types_Menu_Populate();
+}
+
+void Refresh::ImportEnded() {
+  host_.ReloadRegisters();
+  host_.Search_Cancel();
+  Balances();
+  EntryButtons_Update();
+  entryMenu_Types_Menu_Populate();
+}
+
+void Refresh::EntryMarked() {
+  host_.RedrawRegisters();
+  Balances();
+  AccountsList_Redraw();
+}
+
+void Refresh::SchedulesChanged() {
+  host_.ReloadSchedules();
+  front_end_.Changed(Area::Schedules);
+  front_end_.Changed(Area::ScheduleButtons);
+}
+
+void Refresh::AccountsChanged() {
+  AccountsList_Redraw();
+  front_end_.Changed(Area::SelectedAccount);
+  Account_Menu_Show_Menu_Populate();
+  host_.RedrawRegisters();
+  SchedulesChanged();
+  Balances();
+  entryMenu_Types_Menu_Populate();
+}
+
+void Refresh::Locked() {
+  AccountsList_Redraw();
+  host_.RedrawRegisters();
+  SchedulesChanged();
+}
+
+void Refresh::Balances() {
+  front_end_.Changed(Area::Summary);
+  AccountBalance_Field_Update();
+  ReconcileTab_UpdateBalances();
+}
+
+}  // namespace tallyfold

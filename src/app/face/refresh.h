@@ -1,0 +1,71 @@
+#pragma once
+
+#include <memory>
+
+#include "app/face/front_end.h"
+#include "model/account_entry.h"
+
+namespace tallyfold {
+
+// What is brought up to date after a change of entries: the one place that knows it all, so that
+// no operation forgets a part.
+class Refresh {
+ public:
+  class Host {
+   public:
+    virtual ~Host() = default;
+    // Whether a saved entry is filtered again at once.
+    [[nodiscard]] virtual bool LiveUpdatingFilters() const = 0;
+    // Gives both registers the selected account's filtered entries again.
+    virtual void ReloadRegisters() = 0;
+    // Shows saved entries in the registers without filtering the others again.
+    virtual void TakeSavedEntries(const EntryList& entries) = 0;
+    // Gives the schedule list the selected account's schedules again.
+    virtual void ReloadSchedules() = 0;
+    // Draws the rows of both registers anew.
+    virtual void RedrawRegisters() = 0;
+    virtual void Search_Cancel() = 0;
+    // Selects the entry in the current register.
+    virtual void SelectEntry(const std::shared_ptr<LDGRAccountEntry>& entry) = 0;
+    // Tells the user when the current register's filter hides the entry.
+    virtual void TellIfHidden(const std::shared_ptr<LDGRAccountEntry>& entry, bool is_new) = 0;
+  };
+
+  Refresh(Host& host, FrontEnd& front_end) noexcept : host_(host), front_end_(front_end) {}
+  Refresh(const Refresh&) = delete;
+  Refresh& operator=(const Refresh&) = delete;
+
+  // After OK in an entry sheet: `entry` was added (`is_new`) or changed.
+  void EntrySaved(const std::shared_ptr<LDGRAccountEntry>& entry, bool is_new);
+  // After entries were added at once: the last one is selected. There is at least one.
+  void EntriesAdded(const EntryList& entries);
+  // After entries were removed.
+  void EntryRemoved();
+  // After an import, whether it added anything or not; all but the list of accounts.
+  void ImportEnded();
+  // After something of an entry changed in place that no filter follows at once.
+  void EntryMarked();
+  // After scheduled entries were committed, skipped or changed.
+  void SchedulesChanged();
+  // After names, numbers or types of accounts changed.
+  void AccountsChanged();
+
+  // After the application was locked: what was shown is no longer.
+  void Locked();
+
+  void EntryButtons_Update() { front_end_.Changed(Area::EntryButtons); }
+  void AccountBalance_Field_Update() { front_end_.Changed(Area::Balance); }
+  void ReconcileTab_UpdateBalances() { front_end_.Changed(Area::ReconcileBalances); }
+  void AccountsList_Redraw() { front_end_.Changed(Area::Accounts); }
+  void Account_Menu_Show_Menu_Populate() { front_end_.Changed(Area::AccountMenu); }
+  void entryMenu_Types_Menu_Populate() { front_end_.Changed(Area::EntryTypeMenu); }
+
+ private:
+  void Balances();
+  void EntriesSaved(const EntryList& entries, bool are_new);
+
+  Host& host_;
+  FrontEnd& front_end_;
+};
+
+}  // namespace tallyfold

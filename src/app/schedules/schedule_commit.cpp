@@ -1,0 +1,120 @@
+#include "app/schedules/schedule_commit.h"
+
+#include <algorithm>
+#include <unordered_set>
+#include <utility>
+
+#include "app/entries/entry_defaults.h"
+#include "model/account_entry.h"
+
+namespace tallyfold {
+namespace {
+
+bool IsCommitted(const DueOccurrence& occurrence) {
+  return occurrence.schedule->DateIsCommitted(occurrence.entry->GetDate());
+}
+
+}  // namespace
+
+DateNumber NextDayToCommit(const LDGRAccountSchedule& schedule) {
+  const DateNumber next = schedule.NextEntryDate();
+  if (next != -1) return next;
+  for (const OccurrenceAhead& occurrence : schedule.NextOccurrences(1)) {
+    if (occurrence.date) return *occurrence.date;
+  }
+  return -1;
+}
+
+std::vector<DueOccurrence> ScheduleCommit::Due(DateNumber through) const {
+  std::vector<DueOccurrence> due;
+  const auto account = host_.SelectedAccount();
+  if (account == nullptr) return due;
+  const CivilTime day = DateNumberToNSCalendarDate(through);
+  for (const auto& schedule : account->GetSchedules()) {
+    DateNumber former = kNullDate;
+    for (auto& entry : schedule->EvaluateForDate(day)) {
+      // A rule may name a day twice.
+      if (std::exchange(former, entry->GetDate()) == entry->GetDate()) continue;
+      due.push_back({schedule, std::move(entry)});
+    }
+  }
+  std::stable_sort(due.begin(), due.end(), [](const DueOccurrence& a, const DueOccurrence& b) {
+    return a.entry->GetDate() < b.entry->GetDate();
+  });
+  return due;
+}
+
+bool ScheduleCommit::CommitAll(const std::vector<DueOccurrence>& occurrences) {
+  const auto account = AccountFor(occurrences);
+  if (account == nullptr) return false;
+  EntryList entries;
+  entries.reserve(occurrences.size());
+  for (const DueOccurrence& occurrence : occurrences) {
+    if (IsCommitted(occurrence)) continue;
+    entries.push_back(Add(*account, occurrence));
+  }
+  account->NoteChange();
+  refresh_.EntriesAdded(entries);
+  refresh_.SchedulesChanged();
+  return true;
+}
+
+std::shared_ptr<LDGRAccountEntry> ScheduleCommit::Add(LDGRAccount& account,
+                                                      const DueOccurrence& occurrence) const {
+  const auto& edited = occurrence.edited;
+  const bool has_typed_check_number =
+      edited != nullptr && edited->GetCheckNumber() > 0 &&
+      edited->GetCheckNumber() != occurrence.entry->GetCheckNumber();
+  // A copy, so that the occurrence itself never gets into an account.
+  auto entry =
+      edited != nullptr ? edited : LDGRAccountEntry::entryWithEntry(occurrence.entry.get());
+  entry->SetNumber(account.NextAvailableNumber());
+  if (entry->IsCheck() && !has_typed_check_number) {
+    entry->SetCheckNumber(SuggestedCheckNumber(account, host_.Preferences()));
+  }
+  if (entry->IsTransfer()) LinkTransfer(account, *entry);
+  account.AddEntry(entry);
+  occurrence.schedule->CommitEntry(occurrence.entry.get());
+  return entry;
+}
+
+bool ScheduleCommit::SkipAll(const std::vector<DueOccurrence>& occurrences) {
+  const auto account = AccountFor(occurrences);
+  if (account == nullptr) return false;
+  for (const DueOccurrence& occurrence : occurrences) {
+    if (IsCommitted(occurrence)) continue;
+    occurrence.schedule->AddCommittedDate(occurrence.entry->GetDate());
+  }
+  account->NoteChange();
+  refresh_.SchedulesChanged();
+  return true;
+}
+
+std::shared_ptr<LDGRAccount> ScheduleCommit::AccountFor(
+    const std::vector<DueOccurrence>& occurrences) const {
+  auto account = host_.SelectedAccount();
+  if (account == nullptr || occurrences.empty()) return nullptr;
+  const auto& list = account->GetSchedules();
+  const std::unordered_set<std::shared_ptr<LDGRAccountSchedule>> schedules(list.begin(),
+                                                                           list.end());
+  const auto can_be_committed = [&schedules](const DueOccurrence& occurrence) {
+    return occurrence.entry != nullptr && schedules.contains(occurrence.schedule) &&
+           !IsCommitted(occurrence);
+  };
+  return std::ranges::all_of(occurrences, can_be_committed) ? account : nullptr;
+}
+
+void ScheduleCommit::LinkTransfer(LDGRAccount& account, LDGRAccountEntry& entry) const {
+  const auto other = host_.AccountWithNumber(entry.GetTransferAccount());
+  // The schedule's own numbers name no entry.
+  entry.SetTransferEntry(-1);
+  if (other.get() == &account) {
+    // Only a file names the account itself: both halves would be booked there.
+    entry.SetTransferAccount(-1);
+    return;
+  }
+  links_.Link(account, entry, true, entry.GetTransferAccount(),
+              other != nullptr ? other->GetName() : entry.GetToFrom());
+}
+
+}  // namespace tallyfold

@@ -1,0 +1,68 @@
+#pragma once
+
+#include <memory>
+#include <vector>
+
+#include "app/entries/transfer_links.h"
+#include "app/face/refresh.h"
+#include "app/schedules/due_occurrence.h"
+#include "model/account.h"
+#include "model/account_schedule.h"
+#include "model/date_number.h"
+
+namespace tallyfold {
+
+class LDGRPreferences;
+
+// The day of the next uncommitted occurrence, due or not: the one the schedule list shows, and that
+// of an entry which recurs only once. -1 for none.
+[[nodiscard]] DateNumber NextDayToCommit(const LDGRAccountSchedule& schedule);
+
+// Turns due occurrences of the selected account's scheduled entries into entries of its register.
+class ScheduleCommit {
+ public:
+  class Host {
+   public:
+    virtual ~Host() = default;
+    [[nodiscard]] virtual std::shared_ptr<LDGRAccount> AccountWithNumber(
+        std::int32_t number) const = 0;
+    // Null when no account is selected.
+    [[nodiscard]] virtual std::shared_ptr<LDGRAccount> SelectedAccount() const = 0;
+    [[nodiscard]] virtual const LDGRPreferences& Preferences() const = 0;
+  };
+
+  ScheduleCommit(const Host& host, const TransferLinks& links, Refresh& refresh) noexcept
+      : host_(host), links_(links), refresh_(refresh) {}
+  ScheduleCommit(const ScheduleCommit&) = delete;
+  ScheduleCommit& operator=(const ScheduleCommit&) = delete;
+
+  // Every occurrence due by `through`, by day and then in the order of the schedules; none without
+  // a selected account.
+  [[nodiscard]] std::vector<DueOccurrence> Due(DateNumber through) const;
+
+  // Adds the occurrence's entry, or the edited copy of it, to the account and marks the
+  // occurrence's own day as committed, whatever day the copy has. The entry gets a number of the
+  // account, a check without a number typed into the copy the next check number, and a transfer its
+  // other half. False, and nothing changes, when the schedule is no longer one of the selected
+  // account, or its occurrence has been committed or skipped meanwhile.
+  bool Commit(const DueOccurrence& occurrence) { return CommitAll({occurrence}); }
+  // The same for several, in their order; all of them or none. One that is there twice counts once.
+  bool CommitAll(const std::vector<DueOccurrence>& occurrences);
+  // Never offers the occurrence again. False as for Commit().
+  bool Skip(const DueOccurrence& occurrence) { return SkipAll({occurrence}); }
+  bool SkipAll(const std::vector<DueOccurrence>& occurrences);
+
+ private:
+  // Null when any of the occurrences can no longer be committed.
+  [[nodiscard]] std::shared_ptr<LDGRAccount> AccountFor(
+      const std::vector<DueOccurrence>& occurrences) const;
+  [[nodiscard]] std::shared_ptr<LDGRAccountEntry> Add(LDGRAccount& account,
+                                                      const DueOccurrence& occurrence) const;
+  void LinkTransfer(LDGRAccount& account, LDGRAccountEntry& entry) const;
+
+  const Host& host_;
+  const TransferLinks& links_;
+  Refresh& refresh_;
+};
+
+}  // namespace tallyfold

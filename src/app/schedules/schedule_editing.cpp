@@ -1,0 +1,259 @@
+#include "app/schedules/schedule_editing.h"
+
+#include <algorithm>
+#include <array>
+#include <string_view>
+#include <utility>
+
+#include "model/entry_type.h"
+#include "platform/ambient.h"
+
+namespace tallyfold {
+namespace {
+
+using Repeat = RepeatInterval;
+using Until = LDGRAccountSchedule::Until;
+
+constexpr std::int32_t kNoType = -1;
+
+// English keys in the order of the pop-ups.
+template <typename Type>
+struct Item {
+  Type type;
+  std::string_view title;
+};
+
+constexpr std::array kIntervals = {
+    Item<Repeat>{Repeat::Once, "Once"},
+    Item<Repeat>{Repeat::Daily, "Every Day"},
+    Item<Repeat>{Repeat::Weekly, "Every Week"},
+    Item<Repeat>{Repeat::TwoWeeks, "Every Two Weeks"},
+    Item<Repeat>{Repeat::Monthly, "Every Month"},
+    Item<Repeat>{Repeat::EndOfMonth, "Last Day of Every Month"},
+    Item<Repeat>{Repeat::ThreeMonths, "Every Three Months"},
+    Item<Repeat>{Repeat::EndOfQuarter, "End of Every Quarter"},
+    Item<Repeat>{Repeat::Yearly, "Every Year"},
+    Item<Repeat>{Repeat::EveryNDays, "Every ... Days"},
+    Item<Repeat>{Repeat::EveryNWeeks, "Every ... Weeks"},
+    Item<Repeat>{Repeat::EveryNMonths, "Every ... Months"},
+    Item<Repeat>{Repeat::EveryNQuarters, "Every ... Quarters"},
+    Item<Repeat>{Repeat::EveryNYears, "Every ... Years"},
+};
+
+constexpr std::array kUntils = {
+    Item<Until>{Until::Forever, "Forever"},
+    Item<Until>{Until::Count, "A Number of Times"},
+    Item<Until>{Until::Date, "Until a Date"},
+};
+
+template <typename Items>
+std::vector<PopUpItem> PopUpItems(const Items& items) {
+  std::vector<PopUpItem> result;
+  for (const auto& item : items) {
+    result.push_back({LocalizedText(item.title), static_cast<std::int32_t>(item.type)});
+  }
+  return result;
+}
+
+bool HasTag(const std::vector<PopUpItem>& items, std::int32_t tag) {
+  return std::ranges::any_of(
+      items, [tag](const PopUpItem& item) { return !item.is_separator && item.tag == tag; });
+}
+
+}  // namespace
+
+bool ScheduleEditing::New(EntryKind kind) {
+  const auto account = host_.SelectedAccount();
+  if (account == nullptr || !sheets_.IsFree()) return false;
+  ScheduleValues values;
+  values.kind = kind;
+  values.start = TodaysDateNumber();
+  values.repeat_interval_type = static_cast<std::int32_t>(Repeat::Monthly);
+  switch (kind) {
+    case EntryKind::Debit:
+      if (const auto& type = account->GetDefaultDebitType()) {
+        values.type = type->GetNumber();
+        values.is_check = type->GetIsCheck();
+      }
+      break;
+    case EntryKind::Deposit:
+      if (const auto& type = account->GetDefaultDepositType()) values.type = type->GetNumber();
+      break;
+    case EntryKind::Transfer:
+      values.transfer_account = account->lastTransferAccount();
+      values.is_transfer_origin = account->isLastTransferOrigin();
+      break;
+  }
+  return Begin(account, nullptr, std::move(values));
+}
+
+bool ScheduleEditing::Edit() {
+  const auto account = host_.SelectedAccount();
+  auto schedule = host_.SelectedSchedule();
+  if (account == nullptr || schedule == nullptr || !sheets_.IsFree()) return false;
+  if (!schedule->IsDebit() && !schedule->IsDeposit() && !schedule->IsTransfer()) return false;
+  ScheduleValues values = ValuesOf(*schedule);
+  return Begin(account, std::move(schedule), std::move(values));
+}
+
+bool ScheduleEditing::Begin(const std::shared_ptr<LDGRAccount>& account,
+                            std::shared_ptr<LDGRAccountSchedule> schedule, ScheduleValues values) {
+  account_ = account;
+  edited_ = std::move(schedule);
+  former_ = values;
+  state_ = ScheduleSheetState();
+  state_.is_new = edited_ == nullptr;
+  state_.typed = std::move(values);
+  Populate(*account);
+  if (state_.typed.kind == EntryKind::Transfer && state_.account_items.empty()) return false;
+  if (!sheets_.Open(Sheet::Schedule)) return false;
+  state_.is_open = true;
+  Update();
+  return true;
+}
+
+void ScheduleEditing::Populate(const LDGRAccount& account) {
+  state_.interval_items = PopUpItems(kIntervals);
+  state_.until_items = PopUpItems(kUntils);
+  switch (state_.typed.kind) {
+    case EntryKind::Debit:
+      state_.descriptions = account.GetPreferredDebitDescriptions();
+      state_.to_froms = account.GetPreferredTos();
+      break;
+    case EntryKind::Deposit:
+      state_.descriptions = account.GetPreferredDepositDescriptions();
+      state_.to_froms = account.GetPreferredFroms();
+      break;
+    case EntryKind::Transfer:
+      state_.descriptions = account.GetPreferredTransferDescriptions();
+      return PopulateAccounts(account);
+  }
+  PopulateTypes(account);
+}
+
+void ScheduleEditing::PopulateTypes(const LDGRAccount& account) {
+  auto& items = state_.type_items;
+  for (const auto& type : state_.typed.kind == EntryKind::Debit ? account.GetDebitTypes()
+                                                                : account.GetDepositTypes()) {
+    items.push_back({type->GetName(), type->GetNumber()});
+  }
+  const std::int32_t number = state_.typed.type;
+  if (number != kNoType && !HasTag(items, number)) {
+    if (const auto type = account.AccountEntryTypeForNumber(number)) {
+      items.push_back({type->GetName(), number});
+    }
+  }
+  if (!items.empty()) items.push_back({"", 0, true});
+  items.push_back({LocalizedText("None"), kNoType});
+}
+
+void ScheduleEditing::PopulateAccounts(const LDGRAccount& account) {
+  auto& items = state_.account_items;
+  for (const auto& other : host_.Accounts()) {
+    if (other.get() != &account) items.push_back({other->GetName(), other->GetNumber()});
+  }
+  auto& typed = state_.typed;
+  if (HasTag(items, typed.transfer_account)) return;
+  // One whose other account is gone keeps that account's name until another is chosen.
+  if (!state_.is_new) items.insert(items.begin(), {typed.to_from, typed.transfer_account});
+  if (!items.empty()) typed.transfer_account = items.front().tag;
+}
+
+void ScheduleEditing::Read(ScheduleValues typed) {
+  if (!state_.is_open) return;
+  typed.kind = state_.typed.kind;
+  const bool was_split = state_.typed.split != SplitRows();
+  // The word that stood for the lines goes with them.
+  if (was_split && typed.split == SplitRows() && typed.to_from == LocalizedText("Split")) {
+    typed.to_from.clear();
+  }
+  state_.typed = std::move(typed);
+  Update();
+}
+
+void ScheduleEditing::Update() {
+  const auto& typed = state_.typed;
+  const bool is_split = typed.kind != EntryKind::Transfer && typed.split != SplitRows();
+  state_.amount_is_enabled = !is_split;
+  state_.to_from_is_enabled = !is_split && typed.kind != EntryKind::Transfer;
+  state_.every_is_enabled = RepeatsEverySoMany(typed.repeat_interval_type);
+  state_.until_is_enabled = static_cast<Until>(typed.repeat_until_type) != Until::Forever;
+  state_.preceding_friday_is_enabled = MovesOffWeekend(typed.repeat_interval_type);
+
+  state_.dates.clear();
+  ScheduleValues values = typed;
+  // What cannot be stored in the end can be shown as far as it makes sense.
+  if (ProblemOf(values, &typed, TodaysDateNumber()).empty()) {
+    const auto schedule = edited_ != nullptr
+                              ? std::make_shared<LDGRAccountSchedule>(edited_->asDictionary())
+                              : std::make_shared<LDGRAccountSchedule>();
+    StoreValues(values, *schedule);
+    state_.dates = ScheduleDates(*schedule);
+  }
+  front_end_.Changed(Area::ScheduleSheet);
+}
+
+bool ScheduleEditing::OK() {
+  if (!state_.is_open || !front_end_.EndEditing(Sheet::Schedule)) return false;
+  state_.problem = CheckTarget();
+  if (state_.problem.empty()) {
+    state_.problem =
+        ProblemOf(state_.typed, state_.is_new ? nullptr : &former_, TodaysDateNumber());
+  }
+  if (state_.problem.empty()) state_.problem = CheckOtherAccount();
+  if (!state_.problem.empty()) {
+    front_end_.Changed(Area::ScheduleSheet);
+    return false;
+  }
+
+  const auto account = account_.lock();
+  const auto schedule = edited_ != nullptr ? edited_ : std::make_shared<LDGRAccountSchedule>();
+  StoreValues(state_.typed, *schedule);
+  if (edited_ == nullptr) {
+    schedule->SetNumber(account->NextAvailableScheduleNumber());
+    account->AddSchedule(schedule);
+  }
+  account->NoteChange();
+  Close();
+  refresh_.SchedulesChanged();
+  host_.SelectSchedule(schedule);
+  return true;
+}
+
+std::string ScheduleEditing::CheckTarget() const {
+  const auto account = account_.lock();
+  if (account == nullptr || account != host_.SelectedAccount()) {
+    return LocalizedText("The account is no longer selected.");
+  }
+  const auto& schedules = account->GetSchedules();
+  if (edited_ != nullptr && std::ranges::find(schedules, edited_) == schedules.end()) {
+    return LocalizedText("The scheduled entry has been removed.");
+  }
+  return "";
+}
+
+// Gives a transfer its other account's name.
+std::string ScheduleEditing::CheckOtherAccount() {
+  auto& typed = state_.typed;
+  if (typed.kind != EntryKind::Transfer) return "";
+  const auto other = host_.AccountWithNumber(typed.transfer_account);
+  if (other != nullptr && other != host_.SelectedAccount()) {
+    typed.to_from = other->GetName();
+    return "";
+  }
+  const bool is_kept = !state_.is_new && typed.transfer_account == former_.transfer_account;
+  return is_kept ? "" : LocalizedText("No account is chosen.");
+}
+
+void ScheduleEditing::Cancel() {
+  if (state_.is_open) Close();
+}
+
+void ScheduleEditing::Close() {
+  state_.is_open = false;
+  edited_ = nullptr;
+  front_end_.Changed(Area::ScheduleSheet);
+  sheets_.Close(Sheet::Schedule);
+}
+
+}  // namespace tallyfold

@@ -1,0 +1,75 @@
+#pragma once
+
+#include <memory>
+#include <string>
+
+#include "app/face/front_end.h"
+#include "app/face/refresh.h"
+#include "app/face/sheet_slot.h"
+#include "app/schedules/schedule_sheet_state.h"
+#include "model/account.h"
+#include "model/account_schedule.h"
+
+namespace tallyfold {
+
+// Adds scheduled entries to the selected account and changes them, through the schedule sheet. The
+// account changes at OK alone, all at once or not at all.
+class ScheduleEditing {
+ public:
+  class Host {
+   public:
+    virtual ~Host() = default;
+    [[nodiscard]] virtual const AccountList& Accounts() const = 0;
+    // The first with that number, or null.
+    [[nodiscard]] virtual std::shared_ptr<LDGRAccount> AccountWithNumber(
+        std::int32_t number) const = 0;
+    // Null when no account, or no schedule, is selected.
+    [[nodiscard]] virtual std::shared_ptr<LDGRAccount> SelectedAccount() const = 0;
+    [[nodiscard]] virtual std::shared_ptr<LDGRAccountSchedule> SelectedSchedule() const = 0;
+    virtual void SelectSchedule(const std::shared_ptr<LDGRAccountSchedule>& schedule) = 0;
+  };
+
+  ScheduleEditing(Host& host, SheetSlot& sheets, Refresh& refresh, FrontEnd& front_end) noexcept
+      : host_(host), sheets_(sheets), refresh_(refresh), front_end_(front_end) {}
+  ScheduleEditing(const ScheduleEditing&) = delete;
+  ScheduleEditing& operator=(const ScheduleEditing&) = delete;
+
+  [[nodiscard]] const ScheduleSheetState& State() const noexcept { return state_; }
+  // Opens the sheet for a new schedule. False, and nothing changes, when no account is selected or
+  // a sheet is open, and for a transfer when there is no other account.
+  bool New(EntryKind kind);
+  // Opens the sheet for the selected schedule. False when none is selected, when it is of no kind,
+  // or a sheet is open.
+  bool Edit();
+  // Takes over what the user typed, and brings the dates up to date.
+  void Read(ScheduleValues typed);
+  // Stores the schedule, selects it and closes the sheet. False when the sheet is not open or stays
+  // open; its state then says why, unless a field of the front end has refused its text.
+  bool OK();
+  // Closes the sheet; the account stays as it was.
+  void Cancel();
+
+ private:
+  bool Begin(const std::shared_ptr<LDGRAccount>& account,
+             std::shared_ptr<LDGRAccountSchedule> schedule, ScheduleValues values);
+  void Populate(const LDGRAccount& account);
+  void PopulateTypes(const LDGRAccount& account);
+  void PopulateAccounts(const LDGRAccount& account);
+  void Update();
+  [[nodiscard]] std::string CheckTarget() const;
+  [[nodiscard]] std::string CheckOtherAccount();
+  void Close();
+
+  Host& host_;
+  SheetSlot& sheets_;
+  Refresh& refresh_;
+  FrontEnd& front_end_;
+  ScheduleSheetState state_;
+  std::weak_ptr<LDGRAccount> account_;
+  // The schedule that is changed; null for a new one.
+  std::shared_ptr<LDGRAccountSchedule> edited_;
+  // What it held when the sheet opened.
+  ScheduleValues former_;
+};
+
+}  // namespace tallyfold

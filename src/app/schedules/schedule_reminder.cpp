@@ -1,0 +1,339 @@
+#include "app/schedules/schedule_reminder.h"
+
+#include <algorithm>
+#include <charconv>
+#include <cmath>
+#include <map>
+#include <tuple>
+#include <utility>
+
+#include "app/entries/edit_sheet.h"
+#include "app/schedules/schedule_values.h"
+#include "model/account_entry.h"
+#include "model/amounts.h"
+#include "model/calendar.h"
+#include "model/date_format.h"
+#include "model/text.h"
+#include "platform/ambient.h"
+#include "registers/register_look.h"
+#include "storage/preferences.h"
+
+namespace tallyfold {
+namespace {
+
+// The numbers of preferences; what they do not know is the first.
+LookAheadUnit UnitOf(std::int32_t number) noexcept {
+  const auto unit = static_cast<LookAheadUnit>(number);
+  return unit == LookAheadUnit::Weeks || unit == LookAheadUnit::Months ? unit : LookAheadUnit::Days;
+}
+
+ReminderBalanceMode BalanceModeOf(std::int32_t number) noexcept {
+  const auto mode = static_cast<ReminderBalanceMode>(number);
+  return mode == ReminderBalanceMode::Today || mode == ReminderBalanceMode::AfterMarked
+             ? mode
+             : ReminderBalanceMode::None;
+}
+
+CivilTime Today() {
+  return DateNumberToNSCalendarDate(TodaysDateNumber());
+}
+
+// What makes a row the same after the rows were filled anew.
+auto KeyOf(const ReminderRow& row) {
+  return std::tuple(row.schedule.get(), row.days.front(), row.days.back(), row.days.size());
+}
+
+}  // namespace
+
+// --- Opening and closing ------------------------------------------------------------------------
+
+void ScheduleReminder::OfferDueOccurrences(bool by_timer) {
+  if (!sheets_.IsFree()) return;
+  const std::vector<Due> due = DueOccurrences();
+  if (due.empty() || (by_timer && IsPutOff(due))) return;
+  Show();
+}
+
+bool ScheduleReminder::Open() {
+  if (host_.SelectedAccount() == nullptr || !sheets_.IsFree()) return false;
+  Show();
+  return true;
+}
+
+void ScheduleReminder::Show() {
+  const LDGRPreferences& preferences = host_.Preferences();
+  state_ = ScheduleReminderState();
+  state_.is_open = true;
+  state_.look_ahead = std::to_string(std::max(preferences.GetScheduleLookAhead(), 0));
+  state_.look_ahead_unit = UnitOf(preferences.GetScheduleLookAheadType());
+  state_.balance_mode = BalanceModeOf(preferences.GetScheduleReminderBalanceMode());
+  const auto item = [](std::string_view title, auto tag) {
+    return PopUpItem{LocalizedText(title), static_cast<std::int32_t>(tag)};
+  };
+  state_.unit_items = {item("Days", LookAheadUnit::Days), item("Weeks", LookAheadUnit::Weeks),
+                       item("Months", LookAheadUnit::Months)};
+  state_.balance_items = {item("No Balance", ReminderBalanceMode::None),
+                          item("Today's Balance", ReminderBalanceMode::Today),
+                          item("Balance after Committing", ReminderBalanceMode::AfterMarked)};
+  sheets_.Open(Sheet::ScheduleReminder);
+  Fill();
+}
+
+void ScheduleReminder::Later() {
+  if (!state_.is_open) return;
+  Close();
+  const auto account = host_.SelectedAccount();
+  std::erase_if(put_off_, [&account](const PutOff& other) {
+    return other.account.expired() || other.account.lock() == account;
+  });
+  std::vector<Due> left = DueOccurrences();
+  if (!left.empty()) put_off_.push_back({account, loop_.Now(), std::move(left)});
+}
+
+void ScheduleReminder::Dismiss() {
+  if (state_.is_open) Close();
+}
+
+void ScheduleReminder::Close() {
+  state_ = ScheduleReminderState();
+  front_end_.Changed(Area::ScheduleReminderSheet);
+  sheets_.Close(Sheet::ScheduleReminder);
+}
+
+bool ScheduleReminder::IsPutOff(const std::vector<Due>& due) {
+  const auto account = host_.SelectedAccount();
+  const auto found = std::ranges::find_if(
+      put_off_, [&account](const PutOff& each) { return each.account.lock() == account; });
+  if (found == put_off_.end()) return false;
+  const std::chrono::seconds interval(host_.Preferences().GetScheduleReminderInterval());
+  if (loop_.Now() - found->at >= interval) return false;
+  return std::ranges::all_of(due, [&left = found->left](const Due& now) {
+    const auto then = std::ranges::find(left, now.schedule, &Due::schedule);
+    return then != left.end() && std::ranges::includes(then->days, now.days);
+  });
+}
+
+// --- Rows ---------------------------------------------------------------------------------------
+
+DateNumber ScheduleReminder::LookAheadDate() {
+  const LDGRPreferences& preferences = host_.Preferences();
+  const std::int32_t count = std::clamp(preferences.GetScheduleLookAhead(), 0, kMostLookAhead);
+  switch (UnitOf(preferences.GetScheduleLookAheadType())) {
+    case LookAheadUnit::Weeks:
+      return NSCalendarDateToDateNumber(AddDays(Today(), std::int64_t{7} * count));
+    case LookAheadUnit::Months:
+      return NSCalendarDateToDateNumber(AddMonths(Today(), count));
+    case LookAheadUnit::Days:
+      break;
+  }
+  return NSCalendarDateToDateNumber(AddDays(Today(), count));
+}
+
+std::vector<ScheduleReminder::Due> ScheduleReminder::DueOccurrences() {
+  std::vector<Due> due;
+  const auto account = host_.SelectedAccount();
+  if (account == nullptr) return due;
+  const CivilTime through = DateNumberToNSCalendarDate(LookAheadDate());
+  for (const auto& schedule : account->GetSchedules()) {
+    std::vector<DateNumber> days = schedule->DueDates(through);
+    // A rule may name a day twice.
+    days.erase(std::unique(days.begin(), days.end()), days.end());
+    if (!days.empty()) due.push_back({schedule, std::move(days)});
+  }
+  return due;
+}
+
+void ScheduleReminder::Fill() {
+  std::map<decltype(KeyOf(ReminderRow())), ReminderRow::Typed> typed;
+  for (const ReminderRow& row : state_.rows) typed[KeyOf(row)] = row.typed;
+  state_.rows.clear();
+  state_.due = state_.ahead = 0;
+  if (const auto account = host_.SelectedAccount()) {
+    const DateNumber today = TodaysDateNumber();
+    for (const Due& due : DueOccurrences()) {
+      const auto first_ahead = std::ranges::upper_bound(due.days, today);
+      const bool folds = due.days.size() > kMostRowsOfSchedule;
+      AddRows(*account, {due.schedule, {due.days.begin(), first_ahead}}, false, folds);
+      AddRows(*account, {due.schedule, {first_ahead, due.days.end()}}, true, folds);
+    }
+  }
+  std::ranges::stable_sort(state_.rows, {},
+                           [](const ReminderRow& row) { return row.days.front(); });
+  for (ReminderRow& row : state_.rows) {
+    const auto known = typed.find(KeyOf(row));
+    if (known != typed.end()) row.typed = known->second;
+  }
+  UpdateBalance();
+}
+
+void ScheduleReminder::AddRows(const LDGRAccount& account, const Due& due, bool is_ahead,
+                               bool folds) {
+  (is_ahead ? state_.ahead : state_.due) += due.days.size();
+  const std::string format = RegisterDateFormat(host_.Preferences());
+  const auto text = [&format](DateNumber day) {
+    return FormatDate(DateNumberToNSCalendarDate(day), format);
+  };
+  ReminderRow row;
+  row.schedule = due.schedule;
+  row.is_ahead = is_ahead;
+  row.amount_is_enabled = due.schedule->GetSplit() == nullptr;
+  row.type = TypeTextOfEntry(&account, *due.schedule);
+  row.description = due.schedule->GetDescription();
+  row.to_from = due.schedule->GetToFrom();
+  row.typed.is_marked = !is_ahead;
+  row.goes_out = GoesOut(*due.schedule);
+  // Adding 0.0 keeps a negative zero off the screen.
+  row.typed.amount = (row.goes_out ? -due.schedule->GetAmount() : due.schedule->GetAmount()) + 0.0;
+  if (folds && due.days.size() > 1) {
+    row.days = due.days;
+    row.typed.date = due.days.front();
+    row.date_is_enabled = false;
+    row.days_text = LocalizedText("%@ from %@ to %@");
+    for (const std::string& part :
+         {std::to_string(due.days.size()), text(due.days.front()), text(due.days.back())}) {
+      row.days_text = MessageWithText(row.days_text, part);
+    }
+    state_.rows.push_back(std::move(row));
+    return;
+  }
+  for (const DateNumber day : due.days) {
+    row.days = {day};
+    row.typed.date = day;
+    row.days_text = text(day);
+    state_.rows.push_back(row);
+  }
+}
+
+void ScheduleReminder::UpdateBalance() {
+  state_.balance.reset();
+  state_.balance_text.clear();
+  if (const auto balance = Balance()) {
+    state_.balance = RoundNearZeroValue(*balance);
+    state_.balance_text = RegisterAmountText(*balance, host_.Preferences());
+  }
+  front_end_.Changed(Area::ScheduleReminderSheet);
+}
+
+std::optional<double> ScheduleReminder::Balance() const {
+  const auto account = host_.SelectedAccount();
+  if (account == nullptr || state_.balance_mode == ReminderBalanceMode::None) return std::nullopt;
+  if (state_.balance_mode == ReminderBalanceMode::Today) return account->GetTodaysBalance();
+  double balance = account->GetBalance();
+  for (const ReminderRow& row : state_.rows) {
+    const auto count = static_cast<double>(row.days.size());
+    if (row.typed.is_marked) balance += count * RoundedAmount(row.SignedAmount());
+  }
+  return balance;
+}
+
+void ScheduleReminder::Read(const std::vector<ReminderRow::Typed>& rows) {
+  for (std::size_t i = 0; i < std::min(rows.size(), state_.rows.size()); ++i) {
+    ReminderRow& row = state_.rows[i];
+    row.typed.is_marked = rows[i].is_marked;
+    if (row.date_is_enabled) row.typed.date = rows[i].date;
+    if (row.amount_is_enabled) row.typed.amount = rows[i].amount;
+  }
+  UpdateBalance();
+}
+
+void ScheduleReminder::MarkAll(bool is_marked) {
+  for (ReminderRow& row : state_.rows) row.typed.is_marked = is_marked;
+  UpdateBalance();
+}
+
+bool ScheduleReminder::LookAhead(std::string_view text) {
+  if (!state_.is_open) return false;
+  state_.look_ahead = text;
+  std::int32_t count = 0;
+  const char* const end = text.data() + text.size();
+  const auto [rest, error] = std::from_chars(text.data(), end, count);
+  if (error != std::errc() || rest != end || count < 0 || count > kMostLookAhead) return false;
+  host_.Preferences().SetScheduleLookAhead(count);
+  Fill();
+  return true;
+}
+
+void ScheduleReminder::LookAheadType(std::int32_t tag) {
+  if (!state_.is_open) return;
+  state_.look_ahead_unit = UnitOf(tag);
+  host_.Preferences().SetScheduleLookAheadType(static_cast<std::int32_t>(state_.look_ahead_unit));
+  Fill();
+}
+
+void ScheduleReminder::BalanceModeChosen(std::int32_t tag) {
+  if (!state_.is_open) return;
+  state_.balance_mode = BalanceModeOf(tag);
+  host_.Preferences().SetScheduleReminderBalanceMode(
+      static_cast<std::int32_t>(state_.balance_mode));
+  UpdateBalance();
+}
+
+// --- Committing and skipping --------------------------------------------------------------------
+
+std::vector<DueOccurrence> ScheduleReminder::MarkedOccurrences(bool all) {
+  std::vector<DueOccurrence> occurrences;
+  for (const ReminderRow& row : state_.rows) {
+    if (!all && !row.typed.is_marked) continue;
+    DateNumber date = row.typed.date;
+    if (row.date_is_enabled && !LimitDay(date)) {
+      Refuse(LocalizedText("The date does not exist."));
+      return {};
+    }
+    if (!std::isfinite(row.typed.amount)) {
+      Refuse(LocalizedText("The amount is not a number."));
+      return {};
+    }
+    const bool has_own_date = row.date_is_enabled && date != row.days.front();
+    const bool has_own_amount =
+        row.amount_is_enabled && RoundedAmount(row.SignedAmount()) != row.schedule->GetAmount();
+    for (const DateNumber day : row.days) {
+      DueOccurrence occurrence{row.schedule, row.schedule->EntryForDate(day)};
+      if (has_own_date || has_own_amount) {
+        occurrence.edited = LDGRAccountEntry::entryWithEntry(occurrence.entry.get());
+        if (has_own_date) occurrence.edited->SetDate(date);
+        if (has_own_amount) occurrence.edited->SetAmount(row.SignedAmount());
+      }
+      occurrences.push_back(std::move(occurrence));
+    }
+  }
+  if (occurrences.empty()) Refuse(LocalizedText("Nothing is marked."));
+  std::ranges::stable_sort(
+      occurrences, {}, [](const DueOccurrence& occurrence) { return occurrence.entry->GetDate(); });
+  return occurrences;
+}
+
+bool ScheduleReminder::Refuse(std::string problem) {
+  state_.problem = std::move(problem);
+  front_end_.Changed(Area::ScheduleReminderSheet);
+  return false;
+}
+
+bool ScheduleReminder::Commit(bool all) {
+  if (!state_.is_open || !front_end_.EndEditing(Sheet::ScheduleReminder)) return false;
+  const std::vector<DueOccurrence> occurrences = MarkedOccurrences(all);
+  if (occurrences.empty()) return false;
+  if (!commit_.CommitAll(occurrences)) {
+    Fill();
+    return Refuse(LocalizedText(
+        "Nothing was committed: some of it has been committed or skipped meanwhile."));
+  }
+  Later();
+  return true;
+}
+
+bool ScheduleReminder::SkipMarked() {
+  if (!state_.is_open || !front_end_.EndEditing(Sheet::ScheduleReminder)) return false;
+  const std::vector<DueOccurrence> occurrences = MarkedOccurrences(false);
+  if (occurrences.empty()) return false;
+  const bool skipped = commit_.SkipAll(occurrences);
+  Fill();
+  if (!skipped) {
+    return Refuse(
+        LocalizedText("Nothing was skipped: some of it has been committed or skipped meanwhile."));
+  }
+  state_.problem.clear();
+  if (state_.rows.empty()) Later();
+  return true;
+}
+
+}  // namespace tallyfold

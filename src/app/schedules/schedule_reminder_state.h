@@ -1,0 +1,87 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "app/face/pop_up_item.h"
+#include "model/account_schedule.h"
+#include "model/date_number.h"
+
+namespace tallyfold {
+
+// In what the look-ahead is counted. The numbers are those of the preferences and the tags of the
+// pop-up's items.
+enum class LookAheadUnit : std::int32_t { Days = 0, Weeks = 1, Months = 2 };
+inline constexpr std::int32_t kMostLookAhead = 9999;
+
+// Which balance the reminder shows, likewise.
+enum class ReminderBalanceMode : std::int32_t { None = 0, Today = 1, AfterMarked = 2 };
+
+// A row of the reminder: an occurrence, or many of one schedule folded into one.
+struct ReminderRow {
+  // Typed by the user.
+  struct Typed {
+    // Whether it is committed, or skipped, with the next click.
+    bool is_marked = false;
+    // Of the entry that is made; only of a single occurrence.
+    DateNumber date = kNullDate;
+    // Of each entry that is made, without the minus of what leaves the account, as in the sheets of
+    // entries.
+    double amount = 0.0;
+
+    friend bool operator==(const Typed&, const Typed&) = default;
+  };
+  Typed typed;
+
+  // Decided by the program.
+  std::shared_ptr<LDGRAccountSchedule> schedule;
+  // The days of the occurrences, ascending.
+  std::vector<DateNumber> days;
+  // "03/07/04"; of a folded row "52 from 01/01/04 to 02/21/04".
+  std::string days_text;
+  // Of days after today: such rows are not marked at first.
+  bool is_ahead = false;
+  bool date_is_enabled = true;
+  // Not of a split, whose lines make the amount.
+  bool amount_is_enabled = true;
+  // Whether the amount leaves the account: a debit, or a transfer from here.
+  bool goes_out = false;
+  std::string type;
+  std::string description;
+  std::string to_from;
+
+  // The typed amount as it is stored and shown.
+  [[nodiscard]] double SignedAmount() const noexcept {
+    // Adding 0.0 keeps a negative zero off the screen.
+    return (goes_out ? -typed.amount : typed.amount) + 0.0;
+  }
+};
+
+// What the reminder of scheduled entries shows.
+struct ScheduleReminderState {
+  // By the first day of each.
+  std::vector<ReminderRow> rows;
+  // As typed; what is no number from 0 to kMostLookAhead changes nothing.
+  std::string look_ahead;
+  LookAheadUnit look_ahead_unit = LookAheadUnit::Days;
+  ReminderBalanceMode balance_mode = ReminderBalanceMode::None;
+
+  // Decided by the program.
+  bool is_open = false;
+  std::vector<PopUpItem> unit_items;
+  std::vector<PopUpItem> balance_items;
+  // How many occurrences are due by today, and how many come after that.
+  std::size_t due = 0;
+  std::size_t ahead = 0;
+  // The balance, and as the preferences want it written; none and "" where none is shown.
+  std::optional<double> balance;
+  std::string balance_text;
+  // Why the last operation was refused, in the user's words; "" when it was not.
+  std::string problem;
+};
+
+}  // namespace tallyfold

@@ -1,0 +1,181 @@
+#include "app/schedules/schedule_values.h"
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <memory>
+#include <string_view>
+
+#include "app/entries/edit_sheet.h"
+#include "model/entry_split.h"
+#include "platform/ambient.h"
+
+namespace tallyfold {
+namespace {
+
+using Repeat = RepeatInterval;
+using Until = LDGRAccountSchedule::Until;
+
+constexpr std::int32_t kNoCheckNumber = -1;
+
+constexpr std::array kEverySoMany = {Repeat::EveryNDays, Repeat::EveryNWeeks, Repeat::EveryNMonths,
+                                     Repeat::EveryNYears, Repeat::EveryNQuarters};
+constexpr std::array kNeverMoved = {Repeat::Once, Repeat::Daily, Repeat::Weekly, Repeat::TwoWeeks,
+                                    Repeat::EveryNWeeks};
+constexpr std::array kOthers = {Repeat::Monthly, Repeat::Yearly, Repeat::EndOfMonth,
+                                Repeat::ThreeMonths, Repeat::EndOfQuarter};
+
+template <typename Intervals>
+bool Has(const Intervals& intervals, std::int32_t type) noexcept {
+  return std::ranges::find(intervals, static_cast<Repeat>(type)) != intervals.end();
+}
+
+bool IsInterval(std::int32_t type) noexcept {
+  return Has(kEverySoMany, type) || Has(kNeverMoved, type) || Has(kOthers, type);
+}
+
+bool HasSplit(const ScheduleValues& values) {
+  return values.kind != EntryKind::Transfer && values.split != SplitRows();
+}
+
+bool HasFiniteAmounts(const ScheduleValues& values) {
+  return std::isfinite(values.amount) &&
+         std::all_of(values.split.begin(), values.split.end(),
+                     [](const SplitRow& row) { return std::isfinite(row.amount); });
+}
+
+void StoreKind(const ScheduleValues& values, LDGRAccountSchedule& schedule) {
+  switch (values.kind) {
+    case EntryKind::Debit:
+      schedule.SetIsDebit(true);
+      schedule.SetIsCheck(values.is_check);
+      if (!values.is_check) schedule.SetCheckNumber(kNoCheckNumber);
+      schedule.SetAmount(-values.amount);
+      break;
+    case EntryKind::Deposit:
+      schedule.SetIsDeposit(true);
+      schedule.SetAmount(values.amount);
+      break;
+    case EntryKind::Transfer:
+      schedule.SetIsTransfer(true);
+      schedule.SetIsTransferOrigin(values.is_transfer_origin);
+      schedule.SetTransferAccount(values.transfer_account);
+      schedule.SetAmount(values.is_transfer_origin ? -values.amount : values.amount);
+      break;
+  }
+}
+
+// As the entry sheets store a split.
+void StoreSplit(const SplitRows& rows, LDGRAccountSchedule& schedule) {
+  auto split = std::make_shared<LDGRAccountEntrySplit>();
+  for (std::size_t i = 0; i < rows.size(); ++i) {
+    split->SetDescription(rows[i].description, i);
+    split->SetToFrom(rows[i].to, i);
+    split->SetAmount(rows[i].amount, i);
+  }
+  schedule.SetAmount(split->GetTotal());
+  schedule.SetToFrom(LocalizedText("Split"));
+  schedule.SetSplit(std::move(split));
+}
+
+std::string ProblemOfUntil(const ScheduleValues& values, const ScheduleValues* former,
+                           DateNumber today) {
+  switch (static_cast<Until>(values.repeat_until_type)) {
+    case Until::Forever:
+      return "";
+    case Until::Count:
+      return values.repeat_until < 1
+                 ? LocalizedText("The number of times it repeats must be at least 1.")
+                 : "";
+    case Until::Date:
+      break;
+    default:
+      return LocalizedText("It is not said when it ends.");
+  }
+  DateNumber until = values.repeat_until;
+  if (!LimitDay(until)) return LocalizedText("The date on which it ends does not exist.");
+  if (until < values.start) return LocalizedText("It ends before it begins.");
+  const bool was_so = former != nullptr && former->repeat_until_type == values.repeat_until_type &&
+                      former->repeat_until == values.repeat_until;
+  if (until < today && !was_so) {
+    return LocalizedText("The date on which it ends lies in the past.");
+  }
+  return "";
+}
+
+}  // namespace
+
+bool GoesOut(const LDGRAccountSchedule& schedule) {
+  return schedule.IsDebit() || (schedule.IsTransfer() && schedule.IsTransferOrigin());
+}
+
+ScheduleValues ValuesOf(const LDGRAccountSchedule& schedule) {
+  ScheduleValues values;
+  values.kind = schedule.IsDebit()     ? EntryKind::Debit
+                : schedule.IsDeposit() ? EntryKind::Deposit
+                                       : EntryKind::Transfer;
+  values.start = schedule.GetDate();
+  // Adding 0.0 keeps a negative zero off the screen.
+  values.amount = (GoesOut(schedule) ? -schedule.GetAmount() : schedule.GetAmount()) + 0.0;
+  if (const auto& split = schedule.GetSplit()) {
+    for (std::size_t i = 0; i < values.split.size(); ++i) {
+      values.split[i] = {split->GetDescription(i), split->GetToFrom(i), split->GetAmount(i)};
+    }
+  }
+  values.description = schedule.GetDescription();
+  values.to_from = schedule.GetToFrom();
+  values.type = schedule.GetType();
+  values.is_check = schedule.IsCheck();
+  values.tax_deductible = schedule.GetTaxDeductible();
+  values.notes = schedule.GetNotes();
+  values.transfer_account = schedule.GetTransferAccount();
+  values.is_transfer_origin = schedule.IsTransferOrigin();
+  values.repeat_interval_type = schedule.GetRepeatIntervalType();
+  values.repeat_interval = schedule.GetRepeatInterval();
+  values.repeat_until_type = schedule.GetRepeatUntilType();
+  values.repeat_until = schedule.GetRepeatUntil();
+  values.use_preceding_friday = schedule.GetUsePrecedingFriday();
+  return values;
+}
+
+void StoreValues(const ScheduleValues& values, LDGRAccountSchedule& schedule) {
+  StoreKind(values, schedule);
+  schedule.SetDate(values.start);
+  schedule.SetDescription(values.description);
+  schedule.SetToFrom(values.to_from);
+  schedule.SetTaxDeductible(values.tax_deductible);
+  schedule.SetNotes(values.notes);
+  if (values.kind != EntryKind::Transfer) schedule.SetType(values.type);
+  if (HasSplit(values)) {
+    StoreSplit(values.split, schedule);
+  } else {
+    schedule.SetSplit(nullptr);
+  }
+  schedule.SetRepeatIntervalType(values.repeat_interval_type);
+  schedule.SetRepeatInterval(values.repeat_interval);
+  schedule.SetRepeatUntilType(values.repeat_until_type);
+  schedule.SetRepeatUntil(values.repeat_until);
+  schedule.SetUsePrecedingFriday(values.use_preceding_friday);
+}
+
+bool MovesOffWeekend(std::int32_t repeat_interval_type) noexcept {
+  return IsInterval(repeat_interval_type) && !Has(kNeverMoved, repeat_interval_type);
+}
+
+bool RepeatsEverySoMany(std::int32_t repeat_interval_type) noexcept {
+  return Has(kEverySoMany, repeat_interval_type);
+}
+
+std::string ProblemOf(ScheduleValues& values, const ScheduleValues* former, DateNumber today) {
+  if (!LimitDay(values.start)) return LocalizedText("The date does not exist.");
+  if (!HasFiniteAmounts(values)) return LocalizedText("The amount is not a number.");
+  if (!IsInterval(values.repeat_interval_type)) {
+    return LocalizedText("It is not said how often it repeats.");
+  }
+  if (RepeatsEverySoMany(values.repeat_interval_type) && values.repeat_interval < 1) {
+    return LocalizedText("The interval must be at least 1.");
+  }
+  return ProblemOfUntil(values, former, today);
+}
+
+}  // namespace tallyfold

@@ -1,0 +1,106 @@
+#include "app/schedules/schedules_tab.h"
+
+#include <utility>
+#include <vector>
+
+#include "platform/ambient.h"
+#include "registers/register_look.h"
+#include "storage/preferences.h"
+
+namespace tallyfold {
+
+SchedulesTab::SchedulesTab(Host& host, ScheduleCommit& commit, SheetSlot& sheets, Refresh& refresh,
+                           FrontEnd& front_end)
+    : host_(host),
+      commit_(commit),
+      sheets_(sheets),
+      refresh_(refresh),
+      front_end_(front_end),
+      table_(DefaultScheduleColumns(), this),
+      rows_(host, table_) {}
+
+void SchedulesTab::ShowAccount(const std::shared_ptr<LDGRAccount>& account) {
+  rows_.ShowAccount(account,
+                    account != nullptr
+                        ? host_.Preferences().GetPreferencesForAccountNumber(account->GetNumber())
+                        : nullptr);
+}
+
+void SchedulesTab::UpdateDateFormat() {
+  rows_.SetDateFormat(RegisterDateFormat(host_.Preferences()));
+}
+
+bool SchedulesTab::IsReady() const {
+  return rows_.SelectedSchedule() != nullptr && host_.SelectedAccount() != nullptr &&
+         sheets_.IsFree();
+}
+
+void SchedulesTab::ScheduleRemoveConfirm_Begin() {
+  if (!IsReady()) return;
+  if (!host_.Preferences().GetScheduleRemoveConfirm()) return Schedule_Delete();
+  confirm_ = {true,
+              LocalizedText("Are you sure you would like to remove the selected scheduled entry?")};
+  front_end_.Changed(Area::ScheduleRemoveSheet);
+  sheets_.Open(Sheet::ScheduleRemoveConfirm);
+}
+
+void SchedulesTab::ScheduleRemoveConfirm_OK() {
+  if (!confirm_.is_open) return;
+  CloseConfirm();
+  Schedule_Delete();
+}
+
+void SchedulesTab::ScheduleRemoveConfirm_Cancel() {
+  if (confirm_.is_open) CloseConfirm();
+}
+
+void SchedulesTab::CloseConfirm() {
+  confirm_ = {};
+  front_end_.Changed(Area::ScheduleRemoveSheet);
+  sheets_.Close(Sheet::ScheduleRemoveConfirm);
+}
+
+void SchedulesTab::Schedule_Delete() {
+  if (!IsReady()) return;
+  host_.SelectedAccount()->RemoveSchedule(rows_.SelectedSchedule().get());
+  refresh_.SchedulesChanged();
+}
+
+bool SchedulesTab::Schedule_Duplicate() {
+  if (!IsReady()) return false;
+  const auto account = host_.SelectedAccount();
+  const auto original = rows_.SelectedSchedule();
+  plist::Dictionary dictionary = original->asDictionary();
+  if (static_cast<RepeatInterval>(original->GetRepeatIntervalType()) == RepeatInterval::Once) {
+    dictionary.Set("committedDates", plist::Array());
+  }
+  const auto copy = std::make_shared<LDGRAccountSchedule>(dictionary);
+  copy->SetNumber(account->NextAvailableScheduleNumber());
+  account->AddSchedule(copy);
+  refresh_.SchedulesChanged();
+  rows_.SelectSchedule(copy.get());
+  return true;
+}
+
+DueOccurrence SchedulesTab::NextOccurrence() const {
+  if (!IsReady()) return {};
+  const auto schedule = rows_.SelectedSchedule();
+  const DateNumber next = NextDayToCommit(*schedule);
+  if (next == -1) return {};
+  return {schedule, schedule->EntryForDate(next)};
+}
+
+bool SchedulesTab::Schedule_CommitNext() {
+  return commit_.Commit(NextOccurrence());
+}
+
+bool SchedulesTab::Schedule_SkipNext() {
+  return commit_.Skip(NextOccurrence());
+}
+
+void SchedulesTab::TableChanged(const TableView& /*table*/, TableView::Change change) {
+  front_end_.Changed(Area::Schedules);
+  if (change == TableView::Change::SelectedRow) front_end_.Changed(Area::ScheduleButtons);
+}
+
+}  // namespace tallyfold

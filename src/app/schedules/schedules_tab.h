@@ -1,0 +1,84 @@
+#pragma once
+
+#include <memory>
+#include <string>
+
+#include "app/face/front_end.h"
+#include "app/face/refresh.h"
+#include "app/face/sheet_slot.h"
+#include "app/schedules/schedule_commit.h"
+#include "model/account.h"
+#include "model/account_schedule.h"
+#include "registers/schedule_table_view_data.h"
+#include "registers/table_view.h"
+
+namespace tallyfold {
+
+class LDGRPreferences;
+
+// The question before a scheduled entry is removed, answered with OK or Cancel.
+struct ScheduleRemoveSheetState {
+  // Decided by the program.
+  bool is_open = false;
+  std::string question;
+};
+
+// The schedule list, and what is done with its selected schedule. Each operation does nothing, and
+// those that tell return false, without a selected schedule and while a sheet is open.
+class SchedulesTab final : private TableView::Observer {
+ public:
+  class Host : public LDGRScheduleTableViewData::Host {
+   public:
+    // Null when no account is selected.
+    [[nodiscard]] virtual std::shared_ptr<LDGRAccount> SelectedAccount() const = 0;
+    [[nodiscard]] virtual LDGRPreferences& Preferences() = 0;
+  };
+
+  SchedulesTab(Host& host, ScheduleCommit& commit, SheetSlot& sheets, Refresh& refresh,
+               FrontEnd& front_end);
+  SchedulesTab(const SchedulesTab&) = delete;
+  SchedulesTab& operator=(const SchedulesTab&) = delete;
+  ~SchedulesTab() override = default;
+
+  [[nodiscard]] LDGRScheduleTableViewData& Rows() noexcept { return rows_; }
+  [[nodiscard]] const LDGRScheduleTableViewData& Rows() const noexcept { return rows_; }
+  [[nodiscard]] const TableView& Table() const noexcept { return table_; }
+  // Shows that account's schedules as its view preferences tell; null shows none.
+  void ShowAccount(const std::shared_ptr<LDGRAccount>& account);
+  // Writes dates as the preferences want them now.
+  void UpdateDateFormat();
+
+  // Asks whether the selected schedule is to be removed, or removes it at once where the user wants
+  // no question.
+  void ScheduleRemoveConfirm_Begin();
+  [[nodiscard]] const ScheduleRemoveSheetState& Confirm() const noexcept { return confirm_; }
+  void ScheduleRemoveConfirm_OK();
+  void ScheduleRemoveConfirm_Cancel();
+  // Removes the selected schedule without a question. What was committed of it stays.
+  void Schedule_Delete();
+
+  // Adds a copy, which is then selected. What is committed of the schedule counts as committed of
+  // the copy, so that nothing is offered twice; only what recurs once falls due again.
+  bool Schedule_Duplicate();
+  // Commits, or skips, the next occurrence, whether or not it is due. False when there is none.
+  bool Schedule_CommitNext();
+  bool Schedule_SkipNext();
+
+ private:
+  void TableChanged(const TableView& table, TableView::Change change) override;
+  [[nodiscard]] bool IsReady() const;
+  // Its schedule is null when there is none.
+  [[nodiscard]] DueOccurrence NextOccurrence() const;
+  void CloseConfirm();
+
+  Host& host_;
+  ScheduleCommit& commit_;
+  SheetSlot& sheets_;
+  Refresh& refresh_;
+  FrontEnd& front_end_;
+  TableView table_;
+  LDGRScheduleTableViewData rows_;
+  ScheduleRemoveSheetState confirm_;
+};
+
+}  // namespace tallyfold

@@ -1,0 +1,42 @@
+#include "app/shell/application_lock.h"
+
+#include <chrono>
+
+namespace tallyfold {
+
+bool ApplicationLock::authenticate(std::optional<std::string_view> password) {
+  if (!password) return false;
+  if (*password == accounts_.password()) accounts_.setAuthenticated(true);
+  return accounts_.authenticated();
+}
+
+void ApplicationLock::lock() {
+  if (!authenticated() || !sheets_.IsFree()) return;
+  host_.Accounts_Save();
+  host_.Preferences_Save();
+  host_.Account_Deselect();
+  accounts_.setAuthenticated(false);
+  refresh_.Locked();
+  authentication_Begin();
+}
+
+void ApplicationLock::WaitAtLaunch() {
+  init_state_ = kWaitingForPassword;
+  authentication_Begin();
+}
+
+bool ApplicationLock::OK() {
+  if (!State().is_open || !authenticate(State().typed)) return false;
+  authenticationSheet_Close();
+  init_state_ = 0;
+  post_load_.Start(std::chrono::milliseconds(0), [this] { host_.Accounts_PostLoad(); });
+  return true;
+}
+
+void ApplicationLock::Cancel() {
+  if (!State().is_open) return;
+  authenticationSheet_Close();
+  host_.Quit();
+}
+
+}  // namespace tallyfold

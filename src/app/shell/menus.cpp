@@ -1,0 +1,87 @@
+#include "app/shell/menus.h"
+
+#include "app/schedules/schedule_commit.h"
+#include "model/entry_type.h"
+
+namespace tallyfold {
+namespace {
+
+bool CanTake(const LDGRAccountEntry* entry, const LDGRAccountEntryType& type) {
+  if (entry == nullptr || type.GetIsTransfer()) return false;
+  return type.GetIsDeposit() ? entry->IsDeposit() && !entry->IsDebit() : entry->IsDebit();
+}
+
+void AddTypes(const EntryTypeList& types, const LDGRAccountEntry* entry,
+              std::vector<MenuItem>& items) {
+  for (const auto& type : types) {
+    const bool can_take = CanTake(entry, *type);
+    items.push_back({type->GetName(), type->GetNumber(), can_take,
+                     can_take && entry->GetType() == type->GetNumber()});
+  }
+}
+
+}  // namespace
+
+CommandsState Menus::Commands() const {
+  CommandsState state;
+  if (!host_.IsUnlocked() || !sheets_.IsFree() || host_.ModalWindowIsUp()) return state;
+  state.add_account = true;
+  state.lock = host_.HasPassword();
+  const auto account = host_.SelectedAccount();
+  if (account == nullptr) return state;
+  state.edit_account = state.remove_account = state.add_entry = true;
+  state.export_account = state.import_file = state.save_as = true;
+  state.lock_account = account->HasPassword();
+  state.add_schedule = state.show_reminder = true;
+  if (const auto schedule = host_.SelectedSchedule()) {
+    state.edit_schedule = true;
+    state.commit_schedule = NextDayToCommit(*schedule) != -1;
+  }
+  const auto entry = host_.SelectedEntry();
+  if (entry == nullptr) return state;
+  state.edit_entry = entry->IsDebit() || entry->IsDeposit() || entry->IsTransfer();
+  state.remove_entry = true;
+  state.show_other_half = links_.Transfer_LinkedEntry(entry.get()) != nullptr;
+  return state;
+}
+
+std::vector<MenuItem> Menus::AccountMenu() const {
+  std::vector<MenuItem> items;
+  if (!host_.IsUnlocked()) return items;
+  const auto selected = host_.SelectedAccount();
+  for (const auto& account : host_.Accounts()) {
+    items.push_back({account->GetName(), account->GetNumber(), true, account == selected});
+  }
+  return items;
+}
+
+void Menus::Account_Menu_Show_MenuItem(std::int32_t tag) {
+  if (const auto account = host_.AccountWithNumber(tag)) host_.Account_Select(account);
+}
+
+std::vector<MenuItem> Menus::EntryTypeMenu() const {
+  std::vector<MenuItem> items;
+  const auto account = host_.SelectedAccount();
+  if (account == nullptr) return items;
+  const auto entry = host_.SelectedEntry();
+  AddTypes(account->GetDebitTypes(), entry.get(), items);
+  std::vector<MenuItem> deposit_items;
+  AddTypes(account->GetDepositTypes(), entry.get(), deposit_items);
+  if (!items.empty() && !deposit_items.empty()) items.push_back({"", 0, false, false, true});
+  items.insert(items.end(), deposit_items.begin(), deposit_items.end());
+  return items;
+}
+
+void Menus::entryMenu_Types_MenuItem(std::int32_t tag) {
+  const auto account = host_.SelectedAccount();
+  const auto entry = host_.SelectedEntry();
+  if (account == nullptr || entry == nullptr) return;
+  const auto type = account->AccountEntryTypeForNumber(tag);
+  if (type == nullptr || !CanTake(entry.get(), *type)) return;
+  entry->SetType(tag);
+  account->NoteChange();
+  refresh_.EntryMarked();
+  refresh_.entryMenu_Types_Menu_Populate();
+}
+
+}  // namespace tallyfold

@@ -1,0 +1,86 @@
+#include "app/shell/preferences_sheet.h"
+
+#include <chrono>
+#include <utility>
+
+#include "app/shell/preference_texts.h"
+#include "platform/ambient.h"
+
+namespace tallyfold {
+
+bool PreferencesSheet::Open() {
+  if (!host_.IsUnlocked() || !sheets_.Open(Sheet::Preferences)) return false;
+  state_ = PreferencesSheetState();
+  state_.settings = std::make_shared<LDGRPreferences>(host_.Preferences().asDictionary());
+  state_.settings->SetBalanceMode(host_.BalanceMode());
+  state_.password = host_.Password();
+  state_.password_again = host_.Password();
+  state_.is_open = true;
+  state_.tab = kFirstTab;
+  state_.ok_is_enabled = true;
+  state_.security_note = LocalizedText(
+      "A password hides your accounts from others who use this computer.  It does not encrypt the "
+      "accounts file.");
+  front_end_.Changed(Area::PreferencesSheet);
+  return true;
+}
+
+bool PreferencesSheet::SetField(std::string_view name, std::string_view text) {
+  if (!state_.is_open || !SetPreferenceText(*state_.settings, name, text)) return false;
+  front_end_.Changed(Area::PreferencesSheet);
+  return true;
+}
+
+bool PreferencesSheet::SelectTab(std::string_view tab) {
+  if (!state_.is_open) return false;
+  if (state_.tab == kSecurityTab && tab != kSecurityTab && state_.passwords_differ) {
+    focus_.Start(std::chrono::milliseconds(0), [this] { host_.FocusPasswordField(); });
+    return false;
+  }
+  state_.tab = tab;
+  front_end_.Changed(Area::PreferencesSheet);
+  return true;
+}
+
+void PreferencesSheet::PasswordValidate(std::string password, std::string password_again) {
+  if (!state_.is_open) return;
+  state_.password = std::move(password);
+  state_.password_again = std::move(password_again);
+  state_.passwords_differ = state_.password != state_.password_again;
+  state_.ok_is_enabled = !state_.passwords_differ;
+  front_end_.Changed(Area::PreferencesSheet);
+}
+
+void PreferencesSheet::DefaultAppearanceSettings() {
+  if (!state_.is_open) return;
+  state_.settings->DefaultAppearanceSettings();
+  front_end_.Changed(Area::PreferencesSheet);
+}
+
+bool PreferencesSheet::OK() {
+  if (!state_.is_open || !front_end_.EndEditing(Sheet::Preferences) || !state_.ok_is_enabled) {
+    return false;
+  }
+  LDGRPreferences& in_force = host_.Preferences();
+  for (const auto& field : LDGRPreferences::Fields()) {
+    // Only the version cannot be set, and both have the same.
+    static_cast<void>(in_force.SetFieldValue(field.key, state_.settings->FieldValue(field.key)));
+  }
+  if (state_.password != host_.Password()) host_.SetPassword(state_.password);
+  Close();
+  host_.PreferencesChanged();
+  return true;
+}
+
+void PreferencesSheet::Cancel() {
+  if (state_.is_open) Close();
+}
+
+void PreferencesSheet::Close() {
+  focus_.Cancel();
+  state_ = PreferencesSheetState();
+  front_end_.Changed(Area::PreferencesSheet);
+  sheets_.Close(Sheet::Preferences);
+}
+
+}  // namespace tallyfold

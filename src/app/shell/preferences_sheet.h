@@ -1,0 +1,90 @@
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <string_view>
+
+#include "app/face/front_end.h"
+#include "app/face/sheet_slot.h"
+#include "platform/run_loop.h"
+#include "storage/preferences.h"
+
+namespace tallyfold {
+
+// What the preferences sheet shows.
+struct PreferencesSheetState {
+  // Typed by the user. The settings are an edit copy, changed through its setters; null while the
+  // sheet is closed.
+  std::shared_ptr<LDGRPreferences> settings;
+  std::string password;
+  std::string password_again;
+
+  // Decided by the program.
+  bool is_open = false;
+  // Identifier of the tab that is showing; that of the passwords is PreferencesSheet::kSecurityTab.
+  std::string tab;
+  bool ok_is_enabled = false;
+  bool passwords_differ = false;
+  // What a password does and what not.
+  std::string security_note;
+};
+
+// The preferences sheet: every setting and the application password.
+class PreferencesSheet {
+ public:
+  static constexpr std::string_view kFirstTab = "general";
+  static constexpr std::string_view kSecurityTab = "security";
+
+  class Host {
+   public:
+    virtual ~Host() = default;
+    [[nodiscard]] virtual LDGRPreferences& Preferences() = 0;
+    // The window's, which the preferences learn only when they are saved.
+    [[nodiscard]] virtual std::int32_t BalanceMode() = 0;
+    [[nodiscard]] virtual bool IsUnlocked() const = 0;
+    [[nodiscard]] virtual const std::string& Password() const = 0;
+    virtual void SetPassword(const std::string& password) = 0;
+    // Shows everything anew by the preferences.
+    virtual void PreferencesChanged() = 0;
+    // The sheet's password field takes the focus.
+    virtual void FocusPasswordField() = 0;
+  };
+
+  PreferencesSheet(Host& host, SheetSlot& sheets, RunLoop& loop, FrontEnd& front_end) noexcept
+      : host_(host), sheets_(sheets), front_end_(front_end), focus_(loop) {}
+  PreferencesSheet(const PreferencesSheet&) = delete;
+  PreferencesSheet& operator=(const PreferencesSheet&) = delete;
+
+  [[nodiscard]] const PreferencesSheetState& State() const noexcept { return state_; }
+
+  // False while a sheet is open or the application is locked.
+  bool Open();
+  // Types into the field of that setting (see app/shell/preference_texts.h). False when it refuses
+  // the text, or the sheet is not open.
+  bool SetField(std::string_view name, std::string_view text);
+  // Whether the other tab shows now. Refused on the security tab while the two passwords differ;
+  // the password field then takes the focus after the current event.
+  bool SelectTab(std::string_view tab);
+  // A keystroke in either password field: takes over both texts.
+  void PasswordValidate(std::string password, std::string password_again);
+  // Resets what the appearance page resets, in the edit copy.
+  void DefaultAppearanceSettings();
+
+  // Puts the settings and the password in force. False while the passwords differ or a field
+  // refuses its text.
+  bool OK();
+  // Closes the sheet; nothing has changed.
+  void Cancel();
+
+ private:
+  void Close();
+
+  Host& host_;
+  SheetSlot& sheets_;
+  FrontEnd& front_end_;
+  PreferencesSheetState state_;
+  DelayedCall focus_;
+};
+
+}  // namespace tallyfold

@@ -1,0 +1,65 @@
+#include "app/shell/printing.h"
+
+#include "printing/reconcile_document.h"
+#include "printing/register_document.h"
+#include "printing/schedule_document.h"
+#include "printing/summary_document.h"
+#include "registers/register_look.h"
+#include "summaries/account_summary.h"
+#include "summaries/summary_layout.h"
+
+namespace tallyfold {
+
+PrintKind Printing::KindShown() const noexcept {
+  switch (host_.SelectedTab()) {
+    case Tab::Entry:
+      return PrintKind::Register;
+    case Tab::Reconcile:
+      return PrintKind::Reconcile;
+    case Tab::Schedule:
+      return PrintKind::Schedules;
+    case Tab::Summary:
+      return PrintKind::Summary;
+  }
+  return PrintKind::Register;
+}
+
+bool Printing::CanPrint(PrintKind kind) const {
+  const auto account = host_.SelectedAccount();
+  return account != nullptr && host_.IsUnlocked() && !account->IsLocked() &&
+         (kind != PrintKind::Summary || account->selectedAccountSummary() != nullptr);
+}
+
+std::optional<Pages> Printing::MakePages(PrintKind kind, const PrintOptions& options,
+                                         const TextMetric& metric) {
+  if (!CanPrint(kind)) return std::nullopt;
+  return Pages(MakeDocument(kind, options), options.paper, options.orientation, metric);
+}
+
+PrintDocument Printing::MakeDocument(PrintKind kind, const PrintOptions& options) {
+  const auto account = host_.SelectedAccount();
+  const LDGRPreferences& preferences = host_.Preferences();
+  RegisterPrintOptions details{
+      .splits = options.splits, .notes = options.notes, .today = TodaysDateNumber()};
+  switch (kind) {
+    case PrintKind::Reconcile:
+      return ReconcileDocument(account, preferences, details);
+    case PrintKind::Schedules:
+      return ScheduleDocument(*account, preferences, details);
+    case PrintKind::Summary: {
+      LDGRAccountSummary& summary = *account->selectedAccountSummary();
+      summary.Refresh();
+      return SummaryDocument(*account, LayOutSummary(summary, RegisterDateFormat(preferences)),
+                             preferences, details.today);
+    }
+    case PrintKind::Register:
+      break;
+  }
+  details.filter =
+      host_.CurrentRegisterKind() == RegisterKind::Reconcile
+          ? FilterInWords(account->reconcileFilterType(), account->reconcileFilterData())
+          : FilterInWords(account->entryFilterType(), account->entryFilterData());
+  return RegisterDocument(*host_.CurrentRegister(), preferences, details);
+}
+
+}  // namespace tallyfold

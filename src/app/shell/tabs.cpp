@@ -1,0 +1,114 @@
+#include "app/shell/tabs.h"
+
+#include <array>
+#include <cstddef>
+
+#include "filters/filter_types.h"
+
+namespace tallyfold {
+namespace {
+
+constexpr std::array<std::string_view, 4> kIdentifiers = {"entry", "reconcile", "schedule",
+                                                          "summary"};
+
+}  // namespace
+
+std::string_view TabIdentifier(Tab tab) noexcept {
+  return kIdentifiers[static_cast<std::size_t>(tab)];
+}
+
+std::optional<Tab> TabWithIdentifier(std::string_view identifier) noexcept {
+  for (std::size_t i = 0; i < kIdentifiers.size(); ++i) {
+    if (kIdentifiers[i] == identifier) return static_cast<Tab>(i);
+  }
+  return std::nullopt;
+}
+
+RegisterKind Tabs::ShownRegister() const noexcept {
+  switch (state_.mirrored) {
+    case Tab::Entry:
+      return RegisterKind::Entry;
+    case Tab::Reconcile:
+      return RegisterKind::Reconcile;
+    default:
+      return RegisterKind::Other;
+  }
+}
+
+void Tabs::Select(Tab tab) {
+  if (state_.selected == tab) return;
+  willSelectTabViewItem(TabIdentifier(tab));
+  state_.selected = tab;
+  front_end_.Changed(Area::Tabs);
+}
+
+void Tabs::willSelectTabViewItem(std::string_view identifier) {
+  if (const auto tab = TabWithIdentifier(identifier)) {
+    // What the enter operations set up belongs to the register that is showing from here on.
+    state_.mirrored = *tab;
+    switch (*tab) {
+      case Tab::Entry:
+        EntryTab_Enter();
+        break;
+      case Tab::Reconcile:
+        ReconcileTab_Enter();
+        break;
+      case Tab::Schedule:
+        ScheduleTab_Enter();
+        break;
+      case Tab::Summary:
+        AccountSummaryTab_Enter();
+        break;
+    }
+  }
+  host_.StopSpeech();
+}
+
+void Tabs::entry_MenuItem() {
+  Select(Tab::Entry);
+  state_.entry_item_is_checked = true;
+  state_.reconcile_item_is_checked = false;
+  front_end_.Changed(Area::Tabs);
+}
+
+void Tabs::reconcile_MenuItem() {
+  Select(Tab::Reconcile);
+  state_.entry_item_is_checked = false;
+  state_.reconcile_item_is_checked = true;
+  front_end_.Changed(Area::Tabs);
+}
+
+void Tabs::EntryTab_Enter() {
+  host_.CancelDelayedSearch();
+  refresh_.AccountBalance_Field_Update();
+  host_.SetCurrentRegister(RegisterKind::Entry);
+  const auto account = host_.SelectedAccount();
+  if (account == nullptr) return ShowFilter(nullptr, filter_type::kNone);
+  host_.GiveCurrentRegister(account->entryFilteredEntries());
+  ShowFilter(account->entryFilter(), account->entryFilterType());
+}
+
+void Tabs::ReconcileTab_Enter() {
+  host_.CancelDelayedSearch();
+  refresh_.ReconcileTab_UpdateBalances();
+  host_.SetCurrentRegister(RegisterKind::Reconcile);
+  const auto account = host_.SelectedAccount();
+  if (account == nullptr) return ShowFilter(nullptr, filter_type::kNone);
+  host_.GiveCurrentRegister(account->reconcileFilteredEntries());
+  ShowFilter(account->reconcileFilter(), account->reconcileFilterType());
+}
+
+void Tabs::ShowFilter(const std::shared_ptr<LDGRFilter>& filter, std::int32_t type) {
+  host_.PopulateForFilter(filter.get());
+  host_.PopulateForFilterType(type);
+}
+
+void Tabs::ScheduleTab_Enter() {
+  refresh_.SchedulesChanged();
+}
+
+void Tabs::AccountSummaryTab_Enter() {
+  host_.ShowSummary(host_.SelectedAccount().get());
+}
+
+}  // namespace tallyfold

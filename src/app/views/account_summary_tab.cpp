@@ -1,0 +1,126 @@
+#include "app/views/account_summary_tab.h"
+
+#include <algorithm>
+#include <unordered_set>
+#include <utility>
+
+#include "app/face/blank_text.h"
+#include "model/text.h"
+#include "platform/ambient.h"
+#include "registers/register_look.h"
+
+namespace tallyfold {
+namespace {
+
+AccountSummaryList SummariesByName(const LDGRAccount& account) {
+  AccountSummaryList summaries = account.accountSummaries();
+  std::stable_sort(summaries.begin(), summaries.end(),
+                   [](const auto& a, const auto& b) { return a->NameIsGreaterThan(*b) < 0; });
+  return summaries;
+}
+
+// The name, with the next free number behind it where the account has a summary of that name.
+std::string UnusedName(const LDGRAccount& account, const std::string& stem) {
+  std::unordered_set<std::string_view> names;
+  for (const auto& summary : account.accountSummaries()) names.insert(summary->name());
+  std::string name = stem;
+  for (std::size_t number = 2; names.contains(name); ++number) {
+    name = stem + ' ' + std::to_string(number);
+  }
+  return name;
+}
+
+}  // namespace
+
+void AccountSummaryTab::Show() {
+  source_.reset();
+  state_ = AccountSummaryTabState();
+  front_end_.Changed(Area::Summary);
+}
+
+const AccountSummaryTabState& AccountSummaryTab::State() {
+  const auto account = host_.SelectedAccount();
+  Source source{account.get(), account != nullptr ? account->Revision() : 0, TodaysDateNumber(),
+                RegisterDateFormat(host_.Preferences())};
+  if (source_ == source) return state_;
+  source_ = std::move(source);
+  state_ = AccountSummaryTabState();
+  if (account == nullptr) return state_;
+
+  state_.summaries = SummariesByName(*account);
+  const auto& selected = account->selectedAccountSummary();
+  const auto row = std::find(state_.summaries.begin(), state_.summaries.end(), selected);
+  if (row == state_.summaries.end()) return state_;
+  state_.selected_row = static_cast<std::int32_t>(row - state_.summaries.begin());
+  selected->Refresh();
+  state_.layout = LayOutSummary(*selected, source_->date_format);
+  return state_;
+}
+
+bool AccountSummaryTab::Select(std::size_t row) {
+  const auto account = AccountToChange();
+  if (account == nullptr || row >= account->accountSummaries().size()) return false;
+  account->selectAccountSummary(SummariesByName(*account)[row].get());
+  Show();
+  return true;
+}
+
+std::shared_ptr<LDGRAccountSummary> AccountSummaryTab::Add() {
+  const auto account = AccountToChange();
+  if (account == nullptr) return nullptr;
+  auto summary = std::make_shared<LDGRAccountSummary>();
+  const std::string name = UnusedName(*account, summary->name());
+  return AddAndSelect(*account, std::move(summary), name);
+}
+
+std::shared_ptr<LDGRAccountSummary> AccountSummaryTab::Duplicate() {
+  const auto account = AccountToChange();
+  if (account == nullptr || account->selectedAccountSummary() == nullptr) return nullptr;
+  const LDGRAccountSummary& original = *account->selectedAccountSummary();
+  const std::string stem = MessageWithText(LocalizedText("%@ Copy"), original.name());
+  return AddAndSelect(
+      *account,
+      std::make_shared<LDGRAccountSummary>(original.optionsAsDictionary().DeepCopy(), nullptr),
+      UnusedName(*account, stem));
+}
+
+std::shared_ptr<LDGRAccountSummary> AccountSummaryTab::AddAndSelect(
+    LDGRAccount& account, std::shared_ptr<LDGRAccountSummary> summary, const std::string& name) {
+  summary->setName(name);
+  account.addAccountSummary(summary);
+  account.selectAccountSummary(summary.get());
+  Show();
+  return summary;
+}
+
+bool AccountSummaryTab::Rename(std::string_view name) {
+  const auto account = AccountToChange();
+  if (account == nullptr || account->selectedAccountSummary() == nullptr || IsBlank(name)) {
+    return false;
+  }
+  account->selectedAccountSummary()->setName(name);
+  Show();
+  return true;
+}
+
+bool AccountSummaryTab::Remove() {
+  const auto account = AccountToChange();
+  if (account == nullptr || account->selectedAccountSummary() == nullptr) return false;
+  if (account->accountSummaries().size() <= 1) {
+    alerts_.Run({LocalizedText("Remove Summary"),
+                 LocalizedText("This is the only summary of the account.  It cannot be removed."),
+                 {LocalizedText("OK")}});
+    return false;
+  }
+  // Held, because the account lets go of it.
+  const auto summary = account->selectedAccountSummary();
+  account->removeAccountSummary(summary.get());
+  Show();
+  return true;
+}
+
+std::shared_ptr<LDGRAccount> AccountSummaryTab::AccountToChange() const {
+  return sheets_.IsFree() ? host_.SelectedAccount() : nullptr;
+}
+
+}  // namespace tallyfold

@@ -1,0 +1,94 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+
+#include "app/face/front_end.h"
+#include "app/face/pop_up_item.h"
+#include "app/face/sheet_slot.h"
+#include "model/account.h"
+#include "platform/alerts.h"
+#include "summaries/account_summary.h"
+#include "summaries/summary_layout.h"
+
+namespace tallyfold {
+
+class LDGRPreferences;
+
+// What the summary tab shows. All of it is decided by the program.
+struct AccountSummaryTabState {
+  // The selected account's summaries by name; empty when no account is selected.
+  AccountSummaryList summaries;
+  // Row of the summary that is shown; kNoItem for none.
+  std::int32_t selected_row = kNoItem;
+  // That summary, computed from the entries as they are now.
+  SummaryLayout layout;
+};
+
+// The summary tab: the selected account's summaries, and what is done with them.
+class AccountSummaryTab {
+ public:
+  class Host {
+   public:
+    virtual ~Host() = default;
+    // Null when no account is selected.
+    [[nodiscard]] virtual std::shared_ptr<LDGRAccount> SelectedAccount() const = 0;
+    [[nodiscard]] virtual const LDGRPreferences& Preferences() const = 0;
+  };
+
+  AccountSummaryTab(const Host& host, Alerts& alerts, const SheetSlot& sheets,
+                    FrontEnd& front_end) noexcept
+      : host_(host), alerts_(alerts), sheets_(sheets), front_end_(front_end) {}
+  AccountSummaryTab(const AccountSummaryTab&) = delete;
+  AccountSummaryTab& operator=(const AccountSummaryTab&) = delete;
+
+  // The selected account is another one, or its summary is to be shown.
+  void Show();
+  // Computes the summary when it, the account or the day has changed since it was asked for last.
+  [[nodiscard]] const AccountSummaryTabState& State();
+
+  // Each shows what it leaves selected. All do nothing and return false or null without a selected
+  // account and while a sheet is open.
+
+  // False for a row that there is not.
+  bool Select(std::size_t row);
+  // A new summary with a name of its own, which is then selected.
+  std::shared_ptr<LDGRAccountSummary> Add();
+  // A copy of the selected summary under a name of its own, which is then selected; null also when
+  // none is selected.
+  std::shared_ptr<LDGRAccountSummary> Duplicate();
+  // False also for a name of nothing but blanks.
+  bool Rename(std::string_view name);
+  // Removes the selected summary. The last one stays, and an alert says so.
+  bool Remove();
+
+ private:
+  // What the state was made from.
+  struct Source {
+    const LDGRAccount* account = nullptr;
+    std::uint64_t revision = 0;
+    DateNumber today = kNullDate;
+    std::string date_format;
+
+    friend bool operator==(const Source&, const Source&) = default;
+  };
+
+  // The account whose summaries can be changed now; null for none.
+  [[nodiscard]] std::shared_ptr<LDGRAccount> AccountToChange() const;
+  std::shared_ptr<LDGRAccountSummary> AddAndSelect(LDGRAccount& account,
+                                                   std::shared_ptr<LDGRAccountSummary> summary,
+                                                   const std::string& name);
+
+  const Host& host_;
+  Alerts& alerts_;
+  const SheetSlot& sheets_;
+  FrontEnd& front_end_;
+  AccountSummaryTabState state_;
+  std::optional<Source> source_;
+};
+
+}  // namespace tallyfold

@@ -1,0 +1,51 @@
+#include "app/views/reconcile_tab.h"
+
+#include <cmath>
+
+#include "model/amounts.h"
+#include "registers/account_table_view_data.h"
+
+namespace tallyfold {
+namespace {
+
+// Below this every cent is exact.
+constexpr double kGreatestBalance = 1e13;
+
+}  // namespace
+
+const ReconcileTabState& ReconcileTab::State() {
+  const auto account = host_.SelectedAccount();
+  if (account == nullptr) return state_ = ReconcileTabState();
+  if (!state_.is_enabled || account_.lock() != account || revision_ != account->Revision()) {
+    account_ = account;
+    revision_ = account->Revision();
+    state_ = ReconcileTabState();
+    state_.is_enabled = true;
+    state_.figures = ReconciliationOf(*account);
+    state_.explanation = ExplainDifference(*account, state_.figures);
+    if (state_.explanation) state_.explanation_text = ExplanationText(*state_.explanation);
+  }
+  // The preferences may want it in another way by now.
+  state_.difference = DifferenceText(state_.figures, host_.Preferences());
+  return state_;
+}
+
+bool ReconcileTab::StatementBalance_EndEditing(double balance) {
+  const auto account = host_.SelectedAccount();
+  if (account == nullptr || !(std::fabs(balance) < kGreatestBalance)) return false;
+  account->setStatementBalance(RoundedAmount(balance) + 0.0);
+  refresh_.ReconcileTab_UpdateBalances();
+  return true;
+}
+
+bool ReconcileTab::TurnClearedOverAndMoveOn() {
+  LDGRAccountTableViewData& rows = *host_.CurrentRegister();
+  const auto entry = rows.GetSelectedEntry();
+  if (entry == nullptr) return false;
+  host_.TurnClearedOver(entry);
+  const std::int32_t next = rows.EntryToRow(entry.get()).value_or(0) + 1;
+  if (rows.RowToEntry(next) != nullptr) rows.SelectRow(next);
+  return true;
+}
+
+}  // namespace tallyfold

@@ -1,0 +1,123 @@
+#include "app/views/registers.h"
+
+#include <algorithm>
+#include <iterator>
+#include <unordered_set>
+#include <utility>
+
+#include "filters/filter.h"
+#include "registers/register_look.h"
+#include "storage/preferences.h"
+
+namespace tallyfold {
+namespace {
+
+void Take(LDGRAccountTableViewData& shown, const EntryList& saved, const LDGRFilter& filter) {
+  EntryList entries = shown.GetEntries();
+  const std::unordered_set<std::shared_ptr<LDGRAccountEntry>> known(entries.begin(), entries.end());
+  EntryList unknown;
+  std::ranges::copy_if(saved, std::back_inserter(unknown),
+                       [&known](const auto& entry) { return !known.contains(entry); });
+  const EntryList passed = filter.Filter(unknown);
+  if (passed.empty() && unknown.size() == saved.size()) return;
+  entries.insert(entries.end(), passed.begin(), passed.end());
+  shown.Reload(std::move(entries));
+}
+
+}  // namespace
+
+LiveTable LiveTableOf(const TableView& table) {
+  LiveTable live;
+  for (const TableColumn& column : table.Columns()) {
+    live.columns.push_back({column.identifier, column.width});
+  }
+  live.selected_row = table.SelectedRow();
+  return live;
+}
+
+Registers::Registers(Host& host, FrontEnd& front_end)
+    : host_(host),
+      front_end_(front_end),
+      entry_table_(DefaultRegisterColumns(), this),
+      reconcile_table_(DefaultRegisterColumns(), this),
+      entry_(host),
+      reconcile_(host) {
+  entry_.SetTableView(&entry_table_);
+  entry_.SetTableIdentifier("entry");
+  reconcile_.SetTableView(&reconcile_table_);
+  reconcile_.SetTableIdentifier("reconcile");
+}
+
+void Registers::ShowAccount(const std::shared_ptr<LDGRAccount>& account) {
+  Show(account, account != nullptr
+                    ? host_.Preferences().GetPreferencesForAccountNumber(account->GetNumber())
+                    : nullptr);
+}
+
+void Registers::ShowColumnsOf(std::int32_t account_number) {
+  constexpr std::int32_t kNoAccount = -1;
+  Show(nullptr, account_number != kNoAccount
+                    ? host_.Preferences().GetPreferencesForAccountNumber(account_number)
+                    : nullptr);
+}
+
+void Registers::Show(const std::shared_ptr<LDGRAccount>& account,
+                     const std::shared_ptr<LDGRAccountPreferences>& view) {
+  for (auto* shown : {&entry_, &reconcile_}) {
+    shown->SetAccountPreferences(view);
+    shown->SetAccount(account);
+    shown->ReconfigureTable();
+    shown->Redraw();
+  }
+}
+
+void Registers::Reload() {
+  const auto& account = entry_.GetAccount();
+  if (account == nullptr) return;
+  entry_.Reload(account->entryFilteredEntries());
+  reconcile_.Reload(account->reconcileFilteredEntries());
+}
+
+void Registers::TakeSavedEntries(const EntryList& entries) {
+  const auto& account = entry_.GetAccount();
+  if (account == nullptr) return;
+  Take(entry_, entries, *account->entryFilter());
+  Take(reconcile_, entries, *account->reconcileFilter());
+}
+
+void Registers::Redraw() {
+  entry_.Redraw();
+  reconcile_.Redraw();
+}
+
+void Registers::UpdateDateFormat() {
+  const std::string format = RegisterDateFormat(host_.Preferences());
+  entry_.SetDateFormat(format);
+  reconcile_.SetDateFormat(format);
+}
+
+std::optional<LiveTable> Registers::TableShown(std::string_view identifier) const {
+  const TableView* table = identifier == "entry"       ? &entry_table_
+                           : identifier == "reconcile" ? &reconcile_table_
+                                                       : nullptr;
+  if (table == nullptr) return std::nullopt;
+  return LiveTableOf(*table);
+}
+
+void Registers::TableChanged(const TableView& /*table*/, TableView::Change change) {
+  switch (change) {
+    case TableView::Change::Columns:
+      return front_end_.Changed(Area::RegisterColumns);
+    case TableView::Change::Rows:
+      return front_end_.Changed(Area::Registers);
+    case TableView::Change::ScrolledRow:
+      return front_end_.Changed(Area::ScrolledRow);
+    case TableView::Change::SelectedRow:
+      front_end_.Changed(Area::SelectedEntry);
+      front_end_.Changed(Area::Balance);
+      front_end_.Changed(Area::EntryButtons);
+      break;
+  }
+}
+
+}  // namespace tallyfold

@@ -1,0 +1,82 @@
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <optional>
+#include <string_view>
+
+#include "app/face/front_end.h"
+#include "filters/register_search.h"
+#include "model/account.h"
+#include "model/account_entry.h"
+#include "registers/account_table_view_data.h"
+#include "registers/table_view.h"
+#include "storage/preferences_store.h"
+
+namespace tallyfold {
+
+class LDGRPreferences;
+
+// What is to be remembered of a table.
+[[nodiscard]] LiveTable LiveTableOf(const TableView& table);
+
+// The two registers of the main window, each with its table, and which of the two the commands for
+// registers act on.
+class Registers final : private TableView::Observer {
+ public:
+  class Host : public LDGRAccountTableViewData::Host {
+   public:
+    [[nodiscard]] virtual LDGRPreferences& Preferences() = 0;
+  };
+
+  Registers(Host& host, FrontEnd& front_end);
+  Registers(const Registers&) = delete;
+  Registers& operator=(const Registers&) = delete;
+  ~Registers() override = default;
+
+  [[nodiscard]] LDGRAccountTableViewData& Entry() noexcept { return entry_; }
+  [[nodiscard]] LDGRAccountTableViewData& Reconcile() noexcept { return reconcile_; }
+  [[nodiscard]] RegisterKind CurrentKind() const noexcept { return current_; }
+  // `kind` is one of the two registers.
+  void SetCurrent(RegisterKind kind) noexcept { current_ = kind; }
+  [[nodiscard]] LDGRAccountTableViewData& Current() noexcept { return Of(current_); }
+  [[nodiscard]] const LDGRAccountTableViewData& Current() const noexcept {
+    return current_ == RegisterKind::Reconcile ? reconcile_ : entry_;
+  }
+  // The register of that kind; the one for reconciling where neither is meant.
+  [[nodiscard]] LDGRAccountTableViewData& Of(RegisterKind kind) noexcept {
+    return kind == RegisterKind::Entry ? entry_ : reconcile_;
+  }
+
+  // Both show that account as its view preferences tell, without rows yet; null shows none.
+  void ShowAccount(const std::shared_ptr<LDGRAccount>& account);
+  // Both show no account yet, but the columns of the one of that number; -1 for none.
+  void ShowColumnsOf(std::int32_t account_number);
+  // Both take their account's filtered entries again.
+  void Reload();
+  // Both take up entries that were saved while filters do not follow at once: where one is shown it
+  // is sorted in anew, where the filter passes it, it is added; no other row comes or goes.
+  void TakeSavedEntries(const EntryList& entries);
+  // Both draw their rows anew.
+  void Redraw();
+  // Both write dates as the preferences want them now.
+  void UpdateDateFormat();
+
+  // "entry" and "reconcile"; none for any other.
+  [[nodiscard]] std::optional<LiveTable> TableShown(std::string_view identifier) const;
+
+ private:
+  void Show(const std::shared_ptr<LDGRAccount>& account,
+            const std::shared_ptr<LDGRAccountPreferences>& view);
+  void TableChanged(const TableView& table, TableView::Change change) override;
+
+  Host& host_;
+  FrontEnd& front_end_;
+  TableView entry_table_;
+  TableView reconcile_table_;
+  LDGRAccountTableViewData entry_;
+  LDGRAccountTableViewData reconcile_;
+  RegisterKind current_ = RegisterKind::Entry;
+};
+
+}  // namespace tallyfold
