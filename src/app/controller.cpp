@@ -1,9 +1,56 @@
 #include "app/controller.h"
 
-#include <algorithm>
+#include <utility>
 
+#include "app/accounts/account_editing.h"
+#include "app/accounts/account_passwords.h"
+#include "app/accounts/account_removal.h"
+#include "app/accounts/account_selection.h"
+#include "app/accounts/accounts_drawer.h"
+#include "app/desk.h"
+#include "app/entries/amount_fields.h"
+#include "app/entries/entry_editing.h"
+#include "app/entries/entry_removal.h"
+#include "app/entries/entry_reveal.h"
+#include "app/entries/transfer_links.h"
+#include "app/exchange/export_commands.h"
+#include "app/exchange/qif_import_command.h"
+#include "app/exchange/qif_import_controller.h"
+#include "app/face/front_end_slot.h"
+#include "app/face/main_window.h"
+#include "app/face/refresh.h"
+#include "app/face/sheet_slot.h"
+#include "app/schedules/schedule_commit.h"
+#include "app/schedules/schedule_editing.h"
+#include "app/schedules/schedule_reminder.h"
+#include "app/schedules/schedules_tab.h"
+#include "app/services.h"
+#include "app/shell/application.h"
+#include "app/shell/application_lock.h"
+#include "app/shell/backups_list.h"
+#include "app/shell/idle_watch.h"
+#include "app/shell/lifecycle.h"
+#include "app/shell/menus.h"
+#include "app/shell/modal_watch.h"
+#include "app/shell/preferences_sheet.h"
+#include "app/shell/printing.h"
+#include "app/shell/saving.h"
+#include "app/shell/tabs.h"
+#include "app/shell/text_editing.h"
+#include "app/shell/update_check.h"
+#include "app/views/account_summary_sheet.h"
+#include "app/views/account_summary_tab.h"
+#include "app/views/balance_field.h"
+#include "app/views/reconcile_tab.h"
+#include "app/views/registers.h"
 #include "filters/filter_types.h"
-#include "platform/ambient.h"
+#include "filters/register_search.h"
+#include "filters/standard_filters.h"
+#include "registers/entry_speaker.h"
+#include "storage/accounts_store.h"
+#include "storage/data_folder_lock.h"
+#include "storage/preferences_store.h"
+#include "storage/save_gate.h"
 
 namespace tallyfold {
 namespace {
@@ -12,324 +59,255 @@ LDGRController* shared_controller = nullptr;
 
 }  // namespace
 
-// One answer serves every component that asks the same question.
-struct LDGRController::Hosts final : AccountsStore::Host,
-                                     PreferencesStore::Host,
-                                     Refresh::Host,
-                                     TransferLinks::Host,
-                                     AccountSelection::Host,
-                                     AccountEditing::Host,
-                                     EntryEditing::Host,
-                                     EntryRemoval::Host,
-                                     EntryReveal::Host,
-                                     ScheduleCommit::Host,
-                                     ExportCommands::Host,
-                                     LDGRQIFImportController::Host,
-                                     QifImportCommand::Host,
-                                     SchedulesTab::Host,
-                                     ScheduleEditing::Host,
-                                     ScheduleReminder::Host,
-                                     BalanceField::Host,
-                                     ReconcileTab::Host,
-                                     AccountPasswords::Host,
-                                     AccountRemoval::Host,
-                                     AccountSummaryTab::Host,
-                                     AccountSummarySheet::Host,
-                                     ApplicationLock::Host,
-                                     PreferencesSheet::Host,
-                                     AccountsDrawer::Host,
-                                     Menus::Host,
-                                     RegisterSearch::Host,
-                                     Registers::Host,
-                                     EntrySpeaker::Host,
-                                     Tabs::Host,
-                                     Printing::Host,
-                                     IdleWatch::Host,
-                                     TextEditing::Host,
-                                     Lifecycle::Host {
-  explicit Hosts(LDGRController& controller) noexcept : app(controller) {}
+// The parts, each made of those it needs, and the answers to what they ask of those above them.
+struct LDGRController::Parts final : private AccountsStore::Host,
+                                     private PreferencesStore::Host,
+                                     private Refresh::Host,
+                                     private AccountSelection::Host,
+                                     private EntryReveal::Host,
+                                     private LDGRQIFImportController::Host,
+                                     private PreferencesSheet::Host,
+                                     private RegisterSearch::Host,
+                                     private EntrySpeaker::Host,
+                                     private IdleWatch::Host,
+                                     private Lifecycle::Host {
+  explicit Parts(const Services& services);
 
-  // --- Accounts and preferences ---
-  const AccountList& Accounts() const override { return app.accounts_.accounts(); }
-  std::shared_ptr<LDGRAccount> AccountWithNumber(std::int32_t number) const override {
-    return app.accounts_.AccountWithNumber(number);
-  }
-  std::int32_t HighestAccountNumber() const override {
-    return app.accounts_.HighestAccountNumber();
-  }
-  void AddAccount(const std::shared_ptr<LDGRAccount>& account) override {
-    app.accounts_.AddAccount(account);
-  }
-  void RemoveAccount(const LDGRAccount* account) override {
-    if (app.authenticatingAccount().get() == account) app.account_passwords_.Forget();
-    app.accounts_.RemoveAccount(account);
-  }
-  bool Account_Add() override { return app.Account_Add(); }
-  bool Account_Edit() override { return app.Account_Edit(); }
-  bool Accounts_Save() override { return app.Accounts_Save(); }
-  bool Accounts_SaveToFilePath(const std::string& path) override {
-    return app.Accounts_SaveToFilePath(path);
-  }
-  bool AccountsWantSaving() const override {
-    return app.authenticated() && app.selection_.HasPostLoaded() &&
-           app.accounts_.HasUnsavedChanges();
-  }
-  bool Preferences_Save() override { return app.Preferences_Save(); }
-  const LDGRPreferences& Preferences() const override { return app.preferences(); }
-  LDGRPreferences& Preferences() override { return app.preferences(); }
-  void Preferences_StoreAccountPrefs(LDGRAccount& account) override {
-    app.preferences_.Preferences_StoreAccountPrefs(&account);
-  }
-  bool LiveUpdatingFilters() const override { return app.preferences().GetLiveUpdatingFilters(); }
+  FrontEndSlot front_end;
+  MainWindowSlot window;
+  ModalWatch modal;
+  LDGRApplication application;
+  SheetSlot sheets{front_end};
+  SaveGate gate;
+  DataFolderLock data_lock;
+  AccountsStore accounts;
+  PreferencesStore preferences;
+  Desk desk{accounts};
+  Saving saving{accounts, preferences};
+  Refresh refresh;
+  EntrySpeaker speaker;
+  TransferLinks links{desk};
+  AccountSelection selection;
+  AccountEditing account_editing;
+  AccountPasswords account_passwords;
+  AccountRemoval account_removal;
+  AccountsDrawer drawer;
+  EntryEditing editing;
+  EntryRemoval removal;
+  EntryReveal reveal;
+  AmountFields amount_fields;
+  ScheduleCommit schedule_commit;
+  SchedulesTab schedules;
+  ScheduleEditing schedule_editing;
+  ScheduleReminder reminder;
+  Registers registers;
+  StandardFilters filters;
+  RegisterSearch search;
+  BalanceField balance_field;
+  ReconcileTab reconcile_tab;
+  AccountSummaryTab summary_tab;
+  AccountSummarySheet summary_sheet;
+  ApplicationLock lock;
+  BackupsList backups;
+  PreferencesSheet preferences_sheet;
+  UpdateCheck updates;
+  Menus menus;
+  Tabs tabs;
+  Printing printing;
+  IdleWatch idle;
+  TextEditing text_editing;
+  ExportCommands export_commands;
+  LDGRQIFImportController import;
+  QifImportCommand import_command;
+  // Last: what it brings up must be there.
+  Lifecycle lifecycle;
 
-  // --- Passwords ---
-  bool IsUnlocked() const override { return app.authenticated(); }
-  bool HasPassword() const override { return !app.password().empty(); }
-  const std::string& Password() const override { return app.password(); }
-  void SetPassword(const std::string& password) override { app.setPassword(password); }
+ private:
+  // --- Accounts and their selection ---
+  void ForgetSelectedAccount() override {
+    registers.ShowAccount(nullptr);
+    schedules.ShowAccount(nullptr);
+    selection.Forget();
+    account_passwords.Forget();
+    reveal.Forget();
+  }
+  bool Account_Add() override { return account_editing.Account_Add(); }
   void Account_Authenticate(const std::shared_ptr<LDGRAccount>& account) override {
-    app.Account_Authenticate(account);
-  }
-
-  // --- Selection ---
-  std::shared_ptr<LDGRAccount> SelectedAccount() const override {
-    return app.selection_.Selected();
+    account_passwords.Account_Authenticate(account);
   }
   void Account_Select(const std::shared_ptr<LDGRAccount>& account) override {
-    app.selection_.Account_Select(account);
+    selection.Account_Select(account);
   }
-  void ForgetSelectedAccount() override {
-    app.registers_.ShowAccount(nullptr);
-    app.schedules_.ShowAccount(nullptr);
-    app.selection_.Forget();
-    app.account_passwords_.Forget();
-    app.reveal_.Forget();
-  }
-  void Account_Deselect() override { app.selection_.Account_Deselect(); }
-  void Accounts_PostLoad() override { app.selection_.Accounts_PostLoad(); }
-  void SetMainWindowTitleForAccount(const LDGRAccount* account) override {
-    app.selection_.SetMainWindowTitleForAccount(account);
-  }
-  std::shared_ptr<LDGRAccountEntry> SelectedEntry() const override { return app.SelectedEntry(); }
-  void SelectEntry(const std::shared_ptr<LDGRAccountEntry>& entry) override {
-    app.SelectEntry(entry);
-  }
-
-  // --- What is shown ---
-  std::optional<LiveTable> TableShown(std::string_view identifier) override {
-    if (identifier == "schedule") return LiveTableOf(app.schedules_.Table());
-    return app.registers_.TableShown(identifier);
-  }
-  const LDGRAccount* AccountShown() override { return app.selection_.Selected().get(); }
-  std::int32_t BalanceMode() override {
-    return static_cast<std::int32_t>(app.balance_field_.Mode());
-  }
-  float AccountsDrawerWidth() override { return app.preferences().GetAccountsDrawerWidth(); }
-  std::int32_t AccountsDrawerPreferredEdge() override {
-    return app.preferences().GetAccountsDrawerPreferredEdge();
-  }
-  void ShowSummary(LDGRAccount* /*account*/) override { app.summary_tab_.Show(); }
+  void ShowSummary() override { summary_tab.Show(); }
   void ShowInTables(const std::shared_ptr<LDGRAccount>& account) override {
-    app.reveal_.Forget();
-    app.registers_.ShowAccount(account);
-    app.schedules_.ShowAccount(account);
-    app.front_end_.Changed(Area::Schedules);
-    app.refresh_.ReconcileTab_UpdateBalances();
+    reveal.Forget();
+    registers.ShowAccount(account);
+    schedules.ShowAccount(account);
+    front_end.Changed(Area::Schedules);
+    refresh.ReconcileTab_UpdateBalances();
   }
   void FillCurrentRegister() override {
-    const LDGRAccount& account = *app.selection_.Selected();
-    if (app.registers_.CurrentKind() == RegisterKind::Reconcile) {
-      GiveCurrentRegister(account.reconcileFilteredEntries());
-      PopulateForFilter(account.reconcileFilter().get());
-      PopulateForFilterType(account.reconcileFilterType());
-      app.refresh_.ReconcileTab_UpdateBalances();
+    tabs.FillCurrentRegister();
+    if (registers.CurrentKind() == RegisterKind::Reconcile) {
+      refresh.ReconcileTab_UpdateBalances();
     } else {
-      GiveCurrentRegister(account.entryFilteredEntries());
-      PopulateForFilter(account.entryFilter().get());
-      PopulateForFilterType(account.entryFilterType());
-      app.refresh_.AccountBalance_Field_Update();
+      refresh.AccountBalance_Field_Update();
     }
   }
-  RegisterKind ShownRegister() const override { return app.tabs_.ShownRegister(); }
-  void SetCurrentRegister(RegisterKind kind) override { app.registers_.SetCurrent(kind); }
-  LDGRAccountTableViewData* CurrentRegister() override { return &app.registers_.Current(); }
-  RegisterKind CurrentRegisterKind() const override { return app.registers_.CurrentKind(); }
-  Tab SelectedTab() const override { return app.tabs_.State().selected; }
-  void GiveCurrentRegister(EntryList entries) override {
-    app.reveal_.Forget();
-    app.registers_.Current().Reload(std::move(entries));
+  void ReplaceScheduleReminderTimer() override { idle.ReplaceScheduleReminderTimer(); }
+
+  // --- What is stored of the tables ---
+  std::optional<LiveTable> TableShown(std::string_view identifier) override {
+    if (identifier == "schedule") return LiveTableOf(schedules.Table());
+    return registers.TableShown(identifier);
   }
+  const LDGRAccount* AccountShown() override { return desk.SelectedAccount().get(); }
+  std::int32_t BalanceMode() override { return static_cast<std::int32_t>(balance_field.Mode()); }
+  float AccountsDrawerWidth() override { return desk.preferences().GetAccountsDrawerWidth(); }
+  std::int32_t AccountsDrawerPreferredEdge() override {
+    return desk.preferences().GetAccountsDrawerPreferredEdge();
+  }
+
+  // --- Rows of the registers ---
+  bool LiveUpdatingFilters() const override { return desk.preferences().GetLiveUpdatingFilters(); }
+  RegisterKind ShownRegister() const override { return tabs.ShownRegister(); }
+  LDGRAccountTableViewData* CurrentRegister() override { return &registers.Current(); }
   void ReloadShownRegister(EntryList entries) override {
-    app.reveal_.Forget();
-    app.registers_.Of(ShownRegister()).Reload(std::move(entries));
+    reveal.Forget();
+    registers.Of(ShownRegister()).Reload(std::move(entries));
   }
   void ReloadRegisters() override {
-    app.reveal_.Forget();
-    app.registers_.Reload();
+    reveal.Forget();
+    registers.Reload();
   }
-  void TakeSavedEntries(const EntryList& entries) override {
-    app.registers_.TakeSavedEntries(entries);
+  void TakeSavedEntries(const EntryList& entries) override { registers.TakeSavedEntries(entries); }
+  void RedrawRegisters() override { registers.Redraw(); }
+  void ReloadSchedules() override { schedules.Rows().Reload(); }
+  void SelectEntry(const std::shared_ptr<LDGRAccountEntry>& entry) override {
+    desk.SelectEntry(entry);
   }
-  void ReloadSchedules() override { app.schedules_.Rows().Reload(); }
-  void RedrawRegisters() override { app.registers_.Redraw(); }
   // No account is loaded yet: the registers show the columns of the one that is going to be shown.
   void SetUpRegisters() override {
-    app.amount_fields_.SetSpeak(app.preferences().GetSpeakEntryAmounts());
-    app.AccountBalance_PopUp_Populate(app.preferences().GetBalanceMode());
-    app.registers_.UpdateDateFormat();
-    app.schedules_.UpdateDateFormat();
-    app.registers_.ShowColumnsOf(app.preferences().GetSelectedAccountNumber());
+    amount_fields.SetSpeak(desk.preferences().GetSpeakEntryAmounts());
+    balance_field.AccountBalance_PopUp_Populate(desk.preferences().GetBalanceMode());
+    registers.UpdateDateFormat();
+    schedules.UpdateDateFormat();
+    registers.ShowColumnsOf(desk.preferences().GetSelectedAccountNumber());
   }
 
-  // --- Schedules and balances ---
-  std::shared_ptr<LDGRAccountSchedule> SelectedSchedule() const override {
-    return app.SelectedSchedule();
-  }
-  void SelectSchedule(const std::shared_ptr<LDGRAccountSchedule>& schedule) override {
-    app.SelectSchedule(schedule);
-  }
-  double TotalOfEntryRows() const override { return app.registers_.Entry().TotalOfRows(); }
-  std::shared_ptr<LDGRAccountEntry> SelectedEntryRow() const override {
-    return app.registers_.Entry().GetSelectedEntry();
-  }
-  void TurnClearedOver(const std::shared_ptr<LDGRAccountEntry>& entry) override {
-    app.editing_.TurnClearedOver(entry);
-  }
-
-  // --- Entries out of sight ---
+  // --- Entries out of sight, and the search ---
   void TellIfHidden(const std::shared_ptr<LDGRAccountEntry>& entry, bool is_new) override {
     using Reason = EntryReveal::Reason;
-    app.reveal_.TellIfHidden(entry, is_new ? Reason::Added : Reason::Changed);
+    reveal.TellIfHidden(entry, is_new ? Reason::Added : Reason::Changed);
   }
   std::shared_ptr<LDGRFilter> CurrentFilter() const override {
-    const auto& account = app.selection_.Selected();
+    const auto account = desk.SelectedAccount();
     if (account == nullptr) return nullptr;
-    return app.registers_.CurrentKind() == RegisterKind::Reconcile ? account->reconcileFilter()
-                                                                   : account->entryFilter();
+    return registers.CurrentKind() == RegisterKind::Reconcile ? account->reconcileFilter()
+                                                              : account->entryFilter();
   }
   void ShowAllEntries() override {
-    const bool is_reconcile = app.registers_.CurrentKind() == RegisterKind::Reconcile;
-    app.tabs_.Select(is_reconcile ? Tab::Reconcile : Tab::Entry);
-    app.search_.Filter_Select(filter_type::kGeneral);
+    const bool is_reconcile = registers.CurrentKind() == RegisterKind::Reconcile;
+    tabs.Select(is_reconcile ? Tab::Reconcile : Tab::Entry);
+    search.Filter_Select(filter_type::kGeneral);
   }
+  void Search_Cancel() override { search.Search_Cancel(); }
+  void SearchStateChanged() override { front_end.Changed(Area::Search); }
+  void FocusSearchField() override { window->FocusSearchField(); }
+  void UpdateEntryDependentButtons() override { refresh.EntryButtons_Update(); }
+  void UpdateBalanceField() override { refresh.AccountBalance_Field_Update(); }
 
-  // --- Search ---
-  void Search_Cancel() override { app.search_.Search_Cancel(); }
-  void CancelDelayedSearch() override { app.search_.CancelDelayedSearch(); }
-  void PopulateForFilter(const LDGRFilter* filter) override {
-    app.search_.PopulateForFilter(filter);
+  // --- The idle watch ---
+  double LastEventTimestamp() const override { return application.lastEventTimestamp(); }
+  bool SheetIsOpen() const override { return !sheets.IsFree(); }
+  bool ModalWindowIsUp() const override { return modal.IsUp(); }
+  bool AccountsWantSaving() const override {
+    return desk.IsUnlocked() && selection.HasPostLoaded() && accounts.HasUnsavedChanges();
   }
-  void PopulateForFilterType(std::int32_t type) override {
-    app.search_.PopulateForFilterType(type);
-  }
-  void SearchStateChanged() override { app.front_end_.Changed(Area::Search); }
-  void FocusAccountsTable() override { app.window_->FocusAccountsTable(); }
-  void FocusSearchField() override { app.window_->FocusSearchField(); }
-  void UpdateEntryDependentButtons() override { app.refresh_.EntryButtons_Update(); }
-  void UpdateBalanceField() override { app.refresh_.AccountBalance_Field_Update(); }
-
-  // --- Sheets ---
-  bool SheetIsOpen() const override { return !app.sheets_.IsFree(); }
-  void DebitSheet_Split_Table_Field() override { app.DebitSheet_Split_Table_Field(); }
-  void DepositSheet_Split_Table_Field() override { app.DepositSheet_Split_Table_Field(); }
-  void SuggestForDescription() override { app.editing_.SuggestForDescription(); }
-  void DropSuggestion() override { app.editing_.DropSuggestion(); }
-  void ObserveTextEditing() override { app.text_editing_.Observe(); }
-
-  // --- Import ---
-  bool EditOwned(EditedEntry edited) override { return app.editing_.EditOwned(std::move(edited)); }
-  bool ConfirmImport(std::size_t count) override {
-    return app.modal_.Run({LocalizedText("Import"),
-                           LocalizedText("Entries to import:") + ' ' + std::to_string(count),
-                           {LocalizedText("OK"), LocalizedText("Cancel")}}) == 0;
-  }
-  void Speak(std::string text) override { app.speaker_.SpeakText(std::move(text)); }
-  void ImportEnded() override { app.import_command_.Ended(); }
-  void RefreshSummaryIfShowing() override {
-    if (app.tabs_.State().selected == Tab::Summary) ShowSummary(app.selection_.Selected().get());
-  }
-
-  // --- The main window ---
-  void CloseMainWindow() override { app.window_->Close(); }
-  void FocusPasswordField() override { app.window_->FocusPasswordField(); }
-  bool ModalWindowIsUp() const override { return app.modal_.IsUp() || app.import_.IsRunning(); }
-  void PreferencesChanged() override {
-    app.window_->updateTableFonts();
-    app.window_->UpdateTableRowHeights();
-    app.AccountBalance_PopUp_Populate(app.preferences().GetBalanceMode());
-    app.amount_fields_.SetSpeak(app.preferences().GetSpeakEntryAmounts());
-    app.registers_.UpdateDateFormat();
-    app.schedules_.UpdateDateFormat();
-    if (app.preferences().GetShowAccountsDrawer() != app.drawer_.State().is_open) {
-      app.ToggleAccountsDrawer();
-    }
-    app.front_end_.Changed(Area::Preferences);
-    app.refresh_.AccountsChanged();
-  }
-
-  // --- Services ---
-  void StopSpeech() override { app.speaker_.StopSpeech(); }
-  bool RegisterWindowIsMain() const override { return app.window_->IsMain(); }
-  float PauseBetweenSpokenEntries() const override {
-    return app.preferences().GetPauseBetweenSpokenEntries();
-  }
-  double LastEventTimestamp() const override { return app.application_.lastEventTimestamp(); }
-  void ReplaceScheduleReminderTimer() override { app.idle_.ReplaceScheduleReminderTimer(); }
+  bool Accounts_Save() override { return saving.Accounts_Save(); }
   bool SchedulesCanBeEvaluated() const override {
-    return app.authenticated() && app.selection_.Selected() != nullptr;
+    return desk.IsUnlocked() && desk.SelectedAccount() != nullptr;
   }
-  void OfferDueOccurrences(bool by_timer) override { app.reminder_.OfferDueOccurrences(by_timer); }
-  void Quit() override { app.Quit(); }
+  void OfferDueOccurrences(bool by_timer) override { reminder.OfferDueOccurrences(by_timer); }
 
-  LDGRController& app;
+  // --- Speech ---
+  void StopSpeech() override { speaker.StopSpeech(); }
+  bool RegisterWindowIsMain() const override { return window->IsMain(); }
+  float PauseBetweenSpokenEntries() const override {
+    return desk.preferences().GetPauseBetweenSpokenEntries();
+  }
+
+  // --- The rest ---
+  void ImportEnded() override { import_command.Ended(); }
+  void CloseMainWindow() override { window->Close(); }
+  void PreferencesChanged() override {
+    window->updateTableFonts();
+    window->UpdateTableRowHeights();
+    balance_field.AccountBalance_PopUp_Populate(desk.preferences().GetBalanceMode());
+    amount_fields.SetSpeak(desk.preferences().GetSpeakEntryAmounts());
+    registers.UpdateDateFormat();
+    schedules.UpdateDateFormat();
+    if (desk.preferences().GetShowAccountsDrawer() != drawer.State().is_open) {
+      drawer.ToggleAccountsDrawer();
+    }
+    front_end.Changed(Area::Preferences);
+    refresh.AccountsChanged();
+  }
 };
 
+LDGRController::Parts::Parts(const Services& services)
+    : modal(services.alerts, services.panels),
+      application(services.notifications),
+      data_lock(services.files, modal, services.host),
+      accounts({services.files, modal, services.host, services.processes}, gate, data_lock, *this),
+      preferences({services.files, services.host, services.processes}, gate, *this),
+      refresh(*this, front_end),
+      speaker(services.loop, services.speech, *this),
+      selection(*this, desk, preferences, window, refresh, front_end),
+      account_editing(desk, accounts, selection, links, sheets, refresh, front_end),
+      account_passwords(desk, selection, sheets, window, front_end),
+      account_removal(desk, accounts, selection, account_passwords, modal, sheets, refresh),
+      drawer(desk, selection, account_editing, refresh, front_end),
+      editing(desk, links, sheets, refresh, front_end),
+      removal(desk, links, sheets, refresh, front_end),
+      reveal(*this, desk, sheets, links, front_end),
+      amount_fields(services.loop, services.field_speech),
+      schedule_commit(desk, links, refresh),
+      schedules(desk, schedule_commit, sheets, refresh, front_end),
+      schedule_editing(desk, sheets, refresh, front_end),
+      reminder(desk, schedule_commit, sheets, services.loop, front_end),
+      registers(desk, front_end),
+      search(services.loop, *this),
+      balance_field(desk, registers, front_end),
+      reconcile_tab(desk, registers, editing, refresh),
+      summary_tab(desk, modal, sheets, front_end),
+      summary_sheet(desk, summary_tab, sheets, front_end),
+      lock(accounts, saving, selection, services.host, sheets, window, refresh, services.loop,
+           front_end),
+      backups(accounts, lock, selection),
+      preferences_sheet(*this, desk, accounts, balance_field, window, sheets, services.loop,
+                        front_end),
+      updates(services.host, services.updates, front_end),
+      menus(desk, accounts, modal, selection, links, sheets, refresh),
+      tabs(desk, registers, search, summary_tab, speaker, reveal, refresh, front_end),
+      printing(desk, tabs, registers),
+      idle(services.loop, *this),
+      text_editing(services.notifications,
+                   {editing, search, lock, account_passwords, preferences_sheet, reminder}),
+      export_commands(desk, saving, tabs, speaker, services.files, services.encodings, modal,
+                      modal),
+      import(*this, desk, editing, speaker, modal, services.files, services.encodings, sheets,
+             front_end),
+      import_command(desk, sheets, tabs, summary_tab, speaker, import, services.encodings, modal,
+                     idle, refresh),
+      lifecycle(*this,
+                {data_lock, window, updates, preferences, accounts, services.notifications, drawer,
+                 idle, lock, selection, refresh, services.host, saving, text_editing, speaker}) {
+  filters.Filters_Init();
+}
+
 LDGRController::LDGRController(const Services& services)
-    : hosts_(std::make_unique<Hosts>(*this)),
-      modal_(services.alerts, services.panels),
-      application_(services.notifications),
-      data_lock_(services.files, modal_, services.host),
-      accounts_({services.files, modal_, services.host, services.processes}, gate_, data_lock_,
-                *hosts_),
-      preferences_({services.files, services.host, services.processes}, gate_, *hosts_),
-      refresh_(*hosts_, front_end_),
-      links_(*hosts_),
-      selection_(*hosts_, refresh_, front_end_),
-      account_editing_(*hosts_, links_, sheets_, refresh_, front_end_),
-      editing_(*hosts_, links_, sheets_, refresh_, front_end_),
-      removal_(*hosts_, links_, sheets_, refresh_, front_end_),
-      reveal_(*hosts_, links_, front_end_),
-      schedule_commit_(*hosts_, links_, refresh_),
-      export_(*hosts_, services.files, services.encodings, modal_, modal_),
-      import_(*hosts_, services.files, services.encodings, sheets_, front_end_),
-      schedules_(*hosts_, schedule_commit_, sheets_, refresh_, front_end_),
-      schedule_editing_(*hosts_, sheets_, refresh_, front_end_),
-      reminder_(*hosts_, schedule_commit_, sheets_, services.loop, front_end_),
-      balance_field_(*hosts_, front_end_),
-      reconcile_tab_(*hosts_, refresh_),
-      backups_(accounts_),
-      account_passwords_(*hosts_, sheets_, window_, front_end_),
-      account_removal_(*hosts_, modal_, sheets_, refresh_),
-      summary_tab_(*hosts_, modal_, sheets_, front_end_),
-      summary_sheet_(*hosts_, sheets_, front_end_),
-      lock_(accounts_, *hosts_, sheets_, window_, refresh_, services.loop, front_end_),
-      preferences_sheet_(*hosts_, sheets_, services.loop, front_end_),
-      updates_(services.host, services.updates, front_end_),
-      drawer_(*hosts_, refresh_, front_end_),
-      menus_(*hosts_, links_, sheets_, refresh_),
-      search_(services.loop, *hosts_),
-      registers_(*hosts_, front_end_),
-      speaker_(services.loop, services.speech, *hosts_),
-      amount_fields_(services.loop, services.field_speech),
-      tabs_(*hosts_, refresh_, front_end_),
-      printing_(*hosts_),
-      idle_(services.loop, *hosts_),
-      import_command_(*hosts_, import_, services.encodings, modal_, idle_, refresh_),
-      text_editing_(services.notifications, *hosts_),
-      lifecycle_(*hosts_,
-                 {data_lock_, window_, updates_, preferences_, accounts_, services.notifications,
-                  drawer_, idle_, lock_, selection_, refresh_, services.host}) {
-  Filters_Init();
+    : parts_(std::make_unique<Parts>(services)) {
   shared_controller = this;
 }
 
@@ -341,64 +319,180 @@ LDGRController* LDGRController::sharedController() noexcept {
   return shared_controller;
 }
 
-void LDGRController::CancelOpenSheet() {
-  switch (OpenSheet()) {
-    case Sheet::None:
-    case Sheet::Authentication:
-    case Sheet::AccountAuthentication:
-      return;
-    case Sheet::Debit:
-      return DebitSheet_Cancel();
-    case Sheet::Deposit:
-      return DepositSheet_Cancel();
-    case Sheet::Transfer:
-      return TransferSheet_Cancel();
-    case Sheet::EntryRemoveConfirm:
-      return EntryRemoveConfirm_Cancel();
-    case Sheet::TransferEntryRemoveConfirm:
-      return TransferEntryRemoveConfirm_Cancel();
-    case Sheet::Schedule:
-      return ScheduleSheet_Cancel();
-    case Sheet::ScheduleRemoveConfirm:
-      return ScheduleRemoveConfirm_Cancel();
-    case Sheet::ScheduleReminder:
-      return ScheduleReminderSheet_Later();
-    case Sheet::AccountEdit:
-      return AccountEditSheet_Cancel();
-    case Sheet::AccountSummary:
-      return AccountSummarySheet_Cancel();
-    case Sheet::Preferences:
-      return PreferencesSheet_Cancel();
-    case Sheet::ImportOptions:
-      return import_.ImportOptions_Cancel();
-  }
+void LDGRController::SetFrontEnd(FrontEnd* front_end) noexcept {
+  parts_->front_end.Set(front_end);
 }
 
-void LDGRController::controlTextDidChange(TypedField field, std::string_view text) {
-  const auto& preferences = preferences_sheet_.State();
-  switch (field) {
-    case TypedField::Search:
-      return Search_Field(text);
-    case TypedField::Password:
-      return authenticationSheet_ValidatePassword(std::string(text));
-    case TypedField::AccountPassword:
-      return accountAuthenticationSheet_ValidatePassword(std::string(text));
-    case TypedField::PreferencesPassword:
-      return preferencesSheet_PasswordValidate(std::string(text), preferences.password_again);
-    case TypedField::PreferencesPasswordAgain:
-      return preferencesSheet_PasswordValidate(preferences.password, std::string(text));
-    case TypedField::ReminderLookAhead:
-      scheduleReminderSheet_LookAhead(text);
-      return;
-  }
+void LDGRController::SetMainWindow(MainWindow* window) noexcept {
+  parts_->window.Set(window);
 }
 
-AccountsStore::RestoreResult LDGRController::Accounts_RestoreBackup(const std::string& name) {
-  const auto result = accounts_.Accounts_RestoreBackup(name);
-  if (result != AccountsStore::RestoreResult::Restored) return result;
-  // The backup has the password of its time.
-  authenticated() ? Accounts_PostLoad() : authentication_Begin();
-  return result;
+Desk& LDGRController::desk() noexcept {
+  return parts_->desk;
+}
+
+LDGRApplication& LDGRController::application() noexcept {
+  return parts_->application;
+}
+
+Lifecycle& LDGRController::lifecycle() noexcept {
+  return parts_->lifecycle;
+}
+
+ApplicationLock& LDGRController::applicationLock() noexcept {
+  return parts_->lock;
+}
+
+Saving& LDGRController::saving() noexcept {
+  return parts_->saving;
+}
+
+BackupsList& LDGRController::backups() noexcept {
+  return parts_->backups;
+}
+
+IdleWatch& LDGRController::idleWatch() noexcept {
+  return parts_->idle;
+}
+
+SheetSlot& LDGRController::sheets() noexcept {
+  return parts_->sheets;
+}
+
+Tabs& LDGRController::tabs() noexcept {
+  return parts_->tabs;
+}
+
+Menus& LDGRController::menus() noexcept {
+  return parts_->menus;
+}
+
+TextEditing& LDGRController::textEditing() noexcept {
+  return parts_->text_editing;
+}
+
+PreferencesSheet& LDGRController::preferencesSheet() noexcept {
+  return parts_->preferences_sheet;
+}
+
+UpdateCheck& LDGRController::updates() noexcept {
+  return parts_->updates;
+}
+
+Printing& LDGRController::printing() noexcept {
+  return parts_->printing;
+}
+
+AccountSelection& LDGRController::selection() noexcept {
+  return parts_->selection;
+}
+
+AccountEditing& LDGRController::accountSheet() noexcept {
+  return parts_->account_editing;
+}
+
+AccountRemoval& LDGRController::accountRemoval() noexcept {
+  return parts_->account_removal;
+}
+
+AccountPasswords& LDGRController::accountPasswords() noexcept {
+  return parts_->account_passwords;
+}
+
+AccountsDrawer& LDGRController::accountsDrawer() noexcept {
+  return parts_->drawer;
+}
+
+EntryEditing& LDGRController::entries() noexcept {
+  return parts_->editing;
+}
+
+EntryRemoval& LDGRController::entryRemoval() noexcept {
+  return parts_->removal;
+}
+
+EntryReveal& LDGRController::entryReveal() noexcept {
+  return parts_->reveal;
+}
+
+TransferLinks& LDGRController::transferLinks() noexcept {
+  return parts_->links;
+}
+
+AmountFields& LDGRController::amountFields() noexcept {
+  return parts_->amount_fields;
+}
+
+SchedulesTab& LDGRController::schedules() noexcept {
+  return parts_->schedules;
+}
+
+ScheduleEditing& LDGRController::scheduleSheet() noexcept {
+  return parts_->schedule_editing;
+}
+
+ScheduleReminder& LDGRController::reminder() noexcept {
+  return parts_->reminder;
+}
+
+ScheduleCommit& LDGRController::scheduleCommit() noexcept {
+  return parts_->schedule_commit;
+}
+
+Registers& LDGRController::registers() noexcept {
+  return parts_->registers;
+}
+
+RegisterSearch& LDGRController::search() noexcept {
+  return parts_->search;
+}
+
+StandardFilters& LDGRController::filters() noexcept {
+  return parts_->filters;
+}
+
+EntrySpeaker& LDGRController::speaker() noexcept {
+  return parts_->speaker;
+}
+
+BalanceField& LDGRController::balanceField() noexcept {
+  return parts_->balance_field;
+}
+
+ReconcileTab& LDGRController::reconcileTab() noexcept {
+  return parts_->reconcile_tab;
+}
+
+AccountSummaryTab& LDGRController::summaries() noexcept {
+  return parts_->summary_tab;
+}
+
+AccountSummarySheet& LDGRController::summarySheet() noexcept {
+  return parts_->summary_sheet;
+}
+
+ExportCommands& LDGRController::exports() noexcept {
+  return parts_->export_commands;
+}
+
+QifImportCommand& LDGRController::importCommand() noexcept {
+  return parts_->import_command;
+}
+
+LDGRQIFImportController& LDGRController::sharedQIFImportController() noexcept {
+  return parts_->import;
+}
+
+Refresh& LDGRController::refresh() noexcept {
+  return parts_->refresh;
+}
+
+AccountsStore& LDGRController::accountsStore() noexcept {
+  return parts_->accounts;
+}
+
+PreferencesStore& LDGRController::preferencesStore() noexcept {
+  return parts_->preferences;
 }
 
 }  // namespace tallyfold

@@ -1,4 +1,9 @@
+#include "app/accounts/account_editing.h"
+#include "app/accounts/account_removal.h"
+#include "app/accounts/account_selection.h"
 #include "app/controller.h"
+#include "app/desk.h"
+#include "app/face/sheet_slot.h"
 #include "console/account_sheet.h"
 #include "console/all_commands.h"
 #include "console/command_error.h"
@@ -20,7 +25,7 @@ Table AccountTable() {
 }
 
 void AddRow(Table& table, const Console& console, const LDGRAccount& account) {
-  const bool is_selected = console.controller.SelectedAccount().get() == &account;
+  const bool is_selected = console.controller.desk().SelectedAccount().get() == &account;
   const bool is_locked = account.IsLocked();
   table.Add({WriteNumber(account.GetNumber()), account.GetName(),
              is_locked ? "" : WriteAmount(account.GetBalance()),
@@ -37,26 +42,27 @@ void ShowAccount(Console& console, const LDGRAccount& account) {
 
 void ListAccounts(Console& console, const Arguments& /*arguments*/) {
   Table table = AccountTable();
-  for (const auto& account : console.controller.accounts()) AddRow(table, console, *account);
+  for (const auto& account : console.controller.desk().accounts()) AddRow(table, console, *account);
   console.printer.Show(table);
 }
 
 void AddAccount(Console& console, const Arguments& arguments) {
   // A first launch has opened the sheet already.
   LDGRController& controller = console.controller;
-  if (controller.OpenSheet() != Sheet::AccountEdit && !controller.Account_Add()) {
+  if (controller.sheets().Current() != Sheet::AccountEdit &&
+      !controller.accountSheet().Account_Add()) {
     throw CommandError("no account can be added now");
   }
-  AccountEditSheetState::Typed typed = controller.AccountEditSheet().typed;
+  AccountEditSheetState::Typed typed = controller.accountSheet().State().typed;
   TypeAccountFields(arguments, typed);
   FinishAccountSheet(console, std::move(typed));
-  ShowAccount(console, *controller.accounts().back());
+  ShowAccount(console, *controller.desk().accounts().back());
 }
 
 void RenameAccount(Console& console, const Arguments& arguments) {
   const auto account = SelectedAccount(console);
   OpenAccountSheet(console);
-  AccountEditSheetState::Typed typed = console.controller.AccountEditSheet().typed;
+  AccountEditSheetState::Typed typed = console.controller.accountSheet().State().typed;
   typed.name = arguments.WordAt(0);
   FinishAccountSheet(console, std::move(typed));
   ShowAccount(console, *account);
@@ -64,7 +70,7 @@ void RenameAccount(Console& console, const Arguments& arguments) {
 
 void RemoveAccount(Console& console, const Arguments& /*arguments*/) {
   const auto account = SelectedAccount(console);
-  if (console.controller.Account_Remove()) {
+  if (console.controller.accountRemoval().Account_Remove()) {
     return console.printer.Confirm("Removed " + account->GetName() + ".");
   }
   if (console.questions.AsksPerson()) return console.printer.Confirm("Nothing was removed.");
@@ -73,7 +79,7 @@ void RemoveAccount(Console& console, const Arguments& /*arguments*/) {
 
 void SelectAccount(Console& console, const Arguments& arguments) {
   const auto account = AccountNamed(console, arguments.WordAt(0));
-  console.controller.Account_Select(account);
+  console.controller.selection().Account_Select(account);
   RequireSelected(console, account);
   console.printer.Confirm("Selected " + account->GetName() + ".");
 }

@@ -5,6 +5,7 @@
 #include <string>
 #include <utility>
 
+#include "app/accounts/account_editing.h"
 #include "app/controller.h"
 #include "console/command_error.h"
 #include "console/words.h"
@@ -27,7 +28,8 @@ std::string ProblemOf(const Typed& typed) {
 }  // namespace
 
 void OpenAccountSheet(const Console& console) {
-  if (!console.controller.Account_Edit()) throw CommandError("the account cannot be changed now");
+  if (!console.controller.accountSheet().Account_Edit())
+    throw CommandError("the account cannot be changed now");
 }
 
 void TypeAccountFields(const Arguments& arguments, Typed& typed) {
@@ -40,8 +42,9 @@ void TypeAccountFields(const Arguments& arguments, Typed& typed) {
 
 void FinishAccountSheet(const Console& console, Typed typed) {
   std::string problem = ProblemOf(typed);
-  console.controller.AccountEditSheet_Read(std::move(typed));
-  if (!console.controller.AccountEditSheet_OK()) throw CommandError(std::move(problem));
+  console.controller.accountSheet().Read(std::move(typed));
+  if (!console.controller.accountSheet().AccountEditSheet_OK())
+    throw CommandError(std::move(problem));
 }
 
 std::size_t TypeRowNamed(const Typed& typed, std::string_view word) {

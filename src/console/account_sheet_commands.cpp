@@ -4,6 +4,7 @@
 #include <utility>
 #include <vector>
 
+#include "app/accounts/account_editing.h"
 #include "app/controller.h"
 #include "console/account_sheet.h"
 #include "console/all_commands.h"
@@ -49,7 +50,7 @@ std::string StyleText(std::int32_t style, std::int32_t count) {
 void ShowSheet(Console& console, const Arguments& /*arguments*/) {
   const auto account = SelectedAccount(console);
   OpenAccountSheet(console);
-  const Typed& typed = console.controller.AccountEditSheet().typed;
+  const Typed& typed = console.controller.accountSheet().State().typed;
   Table table({{"field"}, {"value"}});
   table.Add({"number", WriteNumber(account->GetNumber())});
   table.Add({"name", typed.name});
@@ -130,11 +131,11 @@ void TypePasswords(Console& console, const Arguments& arguments, Typed& typed) {
 }
 
 void ImportFrom(Console& console, const Arguments& arguments, std::string_view option,
-                bool (LDGRController::*import)(const LDGRAccount&)) {
+                bool (AccountEditing::*import)(const LDGRAccount&)) {
   const auto name = arguments.Text(option);
   if (!name) return;
   const auto other = AccountNamed(console, *name);
-  if (!(console.controller.*import)(*other)) {
+  if (!(console.controller.accountSheet().*import)(*other)) {
     throw CommandError(std::string(option) + ": " + other->GetName() + " is locked");
   }
 }
@@ -143,11 +144,10 @@ void EditAccount(Console& console, const Arguments& arguments) {
   static_cast<void>(SelectedAccount(console));
   OpenAccountSheet(console);
   LDGRController& controller = console.controller;
-  ImportFrom(console, arguments, "typesfrom", &LDGRController::AccountEditSheet_ImportTypesFrom);
-  ImportFrom(console, arguments, "descriptionsfrom",
-             &LDGRController::AccountEditSheet_ImportDescriptionsFrom);
-  ImportFrom(console, arguments, "payeesfrom", &LDGRController::AccountEditSheet_ImportToFromsFrom);
-  Typed typed = controller.AccountEditSheet().typed;
+  ImportFrom(console, arguments, "typesfrom", &AccountEditing::ImportTypesFrom);
+  ImportFrom(console, arguments, "descriptionsfrom", &AccountEditing::ImportDescriptionsFrom);
+  ImportFrom(console, arguments, "payeesfrom", &AccountEditing::ImportToFromsFrom);
+  Typed typed = controller.accountSheet().State().typed;
   TypeAccountFields(arguments, typed);
   TypePasswords(console, arguments, typed);
   TypeStyle(arguments, "descriptions", typed.descriptions_style, typed.descriptions_count);

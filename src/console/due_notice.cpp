@@ -2,6 +2,8 @@
 
 #include <string>
 
+#include "app/schedules/schedule_reminder.h"
+
 namespace tallyfold::console {
 namespace {
 
@@ -22,7 +24,7 @@ DueNotice::~DueNotice() {
 
 void DueNotice::Changed(Area area) {
   if (area != Area::ScheduleReminderSheet || is_paused_ || !terminal_.ReadsFromPerson()) return;
-  const ScheduleReminderState& reminder = controller_.ScheduleReminderSheet();
+  const ScheduleReminderState& reminder = controller_.reminder().State();
   if (!reminder.is_open) return;
   const std::string what = reminder.due > 0
                                ? Counted(reminder.due, reminder.due == 1 ? "is due" : "are due")

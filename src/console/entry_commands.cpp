@@ -3,6 +3,11 @@
 #include <vector>
 
 #include "app/controller.h"
+#include "app/entries/entry_editing.h"
+#include "app/entries/entry_removal.h"
+#include "app/entries/entry_reveal.h"
+#include "app/exchange/qif_import_controller.h"
+#include "app/face/sheet_slot.h"
 #include "console/all_commands.h"
 #include "console/command_error.h"
 #include "console/console.h"
@@ -24,20 +29,21 @@ namespace {
 
 void FinishDebitSheet(Console& console, const Arguments& arguments) {
   TypeIntoDebitSheet(console, arguments);
-  if (!console.controller.DebitSheet_OK()) RefuseToStore(console.controller.DebitSheet().problem);
+  if (!console.controller.entries().Debit().OK())
+    RefuseToStore(console.controller.entries().Debit().State().problem);
 }
 
 void FinishDepositSheet(Console& console, const Arguments& arguments) {
   TypeIntoDepositSheet(console, arguments);
-  if (!console.controller.DepositSheet_OK()) {
-    RefuseToStore(console.controller.DepositSheet().problem);
+  if (!console.controller.entries().Deposit().OK()) {
+    RefuseToStore(console.controller.entries().Deposit().State().problem);
   }
 }
 
 void FinishTransferSheet(Console& console, const Arguments& arguments) {
   TypeIntoTransferSheet(console, arguments);
-  if (!console.controller.TransferSheet_OK()) {
-    RefuseToStore(console.controller.TransferSheet().problem);
+  if (!console.controller.entries().Transfer().OK()) {
+    RefuseToStore(console.controller.entries().Transfer().State().problem);
   }
 }
 
@@ -49,39 +55,39 @@ void RequireAmount(const Arguments& arguments, std::string_view expected) {
 }
 
 void TellOfHiddenEntry(const Console& console) {
-  const std::string& hidden = console.controller.HiddenEntry().text;
+  const std::string& hidden = console.controller.entryReveal().State().text;
   if (!hidden.empty()) console.printer.Note(hidden);
 }
 
-void AddEntry(Console& console, const Arguments& arguments, bool (LDGRController::*begin)(),
+void AddEntry(Console& console, const Arguments& arguments, EntryKind kind,
               void (*finish)(Console&, const Arguments&)) {
   const auto account = SelectedAccount(console);
-  if (!(console.controller.*begin)()) throw CommandError("no entry can be added now");
+  if (!console.controller.entries().New(kind)) throw CommandError("no entry can be added now");
   finish(console, arguments);
   // Not the selected one: a filter may hide what was added.
-  ShowChangedEntries(console, *account, {console.controller.editEntry()});
+  ShowChangedEntries(console, *account, {console.controller.entries().Edited().entry});
   TellOfHiddenEntry(console);
 }
 
 void AddDebit(Console& console, const Arguments& arguments) {
   RequireAmount(arguments, "amount= or split=");
-  AddEntry(console, arguments, &LDGRController::Entry_Debit, FinishDebitSheet);
+  AddEntry(console, arguments, EntryKind::Debit, FinishDebitSheet);
 }
 
 void AddDeposit(Console& console, const Arguments& arguments) {
   RequireAmount(arguments, "amount= or split=");
-  AddEntry(console, arguments, &LDGRController::Entry_Deposit, FinishDepositSheet);
+  AddEntry(console, arguments, EntryKind::Deposit, FinishDepositSheet);
 }
 
 void AddTransfer(Console& console, const Arguments& arguments) {
   RequireAmount(arguments, "amount=");
   if (!arguments.Has("to") && !arguments.Has("from")) throw CommandError("expected to= or from=");
-  AddEntry(console, arguments, &LDGRController::Entry_Transfer, FinishTransferSheet);
+  AddEntry(console, arguments, EntryKind::Transfer, FinishTransferSheet);
 }
 
 // Types into the sheet that is open and confirms it.
 void FinishOpenSheet(Console& console, const Arguments& arguments) {
-  switch (console.controller.OpenSheet()) {
+  switch (console.controller.sheets().Current()) {
     case Sheet::Debit:
       FinishDebitSheet(console, arguments);
       break;
@@ -110,7 +116,7 @@ void EditEntry(Console& console, const Arguments& arguments) {
   }
   const auto account = SelectedAccount(console);
   const auto entry = SelectEntryNamed(console, arguments.WordAt(0));
-  if (!controller.Entry_Edit()) {
+  if (!controller.entries().Entry_Edit()) {
     throw CommandError("entry " + arguments.WordAt(0) + " is of no kind and cannot be edited");
   }
   FinishOpenSheet(console, arguments);
@@ -127,28 +133,28 @@ std::size_t Ask(Console& console, const std::string& question, std::span<const s
 bool ConfirmRemoval(Console& console) {
   static const std::string kButtons[] = {"OK", "Cancel"};
   LDGRController& controller = console.controller;
-  if (controller.OpenSheet() != Sheet::EntryRemoveConfirm) return true;
-  if (Ask(console, controller.EntryRemoveSheet().question, kButtons, 1) == 0) {
-    controller.EntryRemoveConfirm_OK();
+  if (controller.sheets().Current() != Sheet::EntryRemoveConfirm) return true;
+  if (Ask(console, controller.entryRemoval().Confirm().question, kButtons, 1) == 0) {
+    controller.entryRemoval().EntryRemoveConfirm_OK();
     return true;
   }
-  controller.EntryRemoveConfirm_Cancel();
+  controller.entryRemoval().EntryRemoveConfirm_Cancel();
   return false;
 }
 
 bool ConfirmTransferRemoval(Console& console) {
   static const std::string kButtons[] = {"Yes", "No", "Cancel"};
   LDGRController& controller = console.controller;
-  if (controller.OpenSheet() != Sheet::TransferEntryRemoveConfirm) return true;
-  switch (Ask(console, controller.TransferEntryRemoveSheet().question, kButtons, 2)) {
+  if (controller.sheets().Current() != Sheet::TransferEntryRemoveConfirm) return true;
+  switch (Ask(console, controller.entryRemoval().Transfer().question, kButtons, 2)) {
     case 0:
-      controller.TransferEntryRemoveConfirm_Yes();
+      controller.entryRemoval().TransferEntryRemoveConfirm_Yes();
       return true;
     case 1:
-      controller.TransferEntryRemoveConfirm_No();
+      controller.entryRemoval().TransferEntryRemoveConfirm_No();
       return true;
     default:
-      controller.TransferEntryRemoveConfirm_Cancel();
+      controller.entryRemoval().TransferEntryRemoveConfirm_Cancel();
       return false;
   }
 }
@@ -162,7 +168,7 @@ void GiveUp(Console& console, const std::string& answers) {
 void RemoveEntry(Console& console, const Arguments& arguments) {
   const auto entry = SelectEntryNamed(console, arguments.WordAt(0));
   LDGRController& controller = console.controller;
-  controller.EntryRemoveConfirm_Begin();
+  controller.entryRemoval().EntryRemoveConfirm_Begin();
   if (!ConfirmRemoval(console)) {
     return GiveUp(console, "answer OK before the command removes the entry");
   }
@@ -183,7 +189,7 @@ void ClearEntries(Console& console, const Arguments& arguments) {
   }
   for (const auto& entry : entries) {
     if (entry->GetCleared() == cleared) continue;
-    console.controller.currentTableDataSource_Cleared_CheckBox(entry);
+    console.controller.entries().TurnClearedOver(entry);
   }
   ShowChangedEntries(console, *account, entries, OtherHalf::Unchanged);
 }

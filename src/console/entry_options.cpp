@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "app/controller.h"
+#include "app/entries/entry_editing.h"
 #include "console/command_error.h"
 #include "console/lookup.h"
 #include "console/values.h"
@@ -90,32 +91,22 @@ std::int32_t TypeItem(const std::vector<PopUpItem>& items, std::string_view name
   return ItemTitled(items, name, "type");
 }
 
-// The operations of the debit sheet and the deposit sheet, which are twins.
-struct EntrySheetOperations {
-  const EntrySheetState& (LDGRController::*state)() const;
-  void (LDGRController::*read)(EntrySheetState::Typed);
-  void (LDGRController::*clear_split)();
-  void (LDGRController::*split_field)();
-};
-
-void TypeSplit(LDGRController& controller, const EntrySheetOperations& sheet,
-               const Arguments& arguments) {
+void TypeSplit(EntrySheet& sheet, const Arguments& arguments) {
   const bool clears = arguments.AllTexts("split") == std::vector<std::string>{"none"};
   if (clears && !arguments.Has("amount")) {
     throw CommandError("amount: expected one, as the lines that made it up go");
   }
   const SplitRows rows = clears ? SplitRows() : ReadSplit(arguments);
-  (controller.*sheet.clear_split)();
-  EntrySheetState::Typed typed = (controller.*sheet.state)().typed;
+  sheet.ClearSplit();
+  EntrySheetState::Typed typed = sheet.State().typed;
   typed.split = rows;
-  (controller.*sheet.read)(std::move(typed));
-  (controller.*sheet.split_field)();
+  sheet.Read(std::move(typed));
+  sheet.Split_Table_Field();
 }
 
-void TypeIntoEntrySheet(LDGRController& controller, const EntrySheetOperations& sheet,
-                        const Arguments& arguments, std::string_view to_from) {
-  if (arguments.Has("split")) TypeSplit(controller, sheet, arguments);
-  const EntrySheetState& state = (controller.*sheet.state)();
+void TypeIntoEntrySheet(EntrySheet& sheet, const Arguments& arguments, std::string_view to_from) {
+  if (arguments.Has("split")) TypeSplit(sheet, arguments);
+  const EntrySheetState& state = sheet.State();
   if (!state.amount_is_enabled && arguments.Has("amount")) {
     throw CommandError("amount: the amount of a split is the sum of its lines");
   }
@@ -126,18 +117,18 @@ void TypeIntoEntrySheet(LDGRController& controller, const EntrySheetOperations& 
   TypeCommonFields(typed, arguments);
   Set(typed.to_from, arguments.Text(to_from));
   if (const auto type = arguments.Text("type")) typed.type = TypeItem(state.type_items, *type);
-  (controller.*sheet.read)(std::move(typed));
+  sheet.Read(std::move(typed));
 }
 
 void TypeCheck(LDGRController& controller, std::string_view text) {
-  EntrySheetState::Typed typed = controller.DebitSheet().typed;
+  EntrySheetState::Typed typed = controller.entries().Debit().State().typed;
   typed.check_number.reset();
   typed.check = text != "no";
   if (typed.check && text != "next") {
     typed.check_number = ReadNumber(text, "check", 0, std::numeric_limits<std::int32_t>::max() - 1);
   }
-  controller.DebitSheet_Read(std::move(typed));
-  controller.debitSheet_CheckNumber_Button();
+  controller.entries().Debit().Read(std::move(typed));
+  controller.entries().CheckNumber_Button();
 }
 
 std::size_t EndOfField(std::string_view text) {
@@ -174,20 +165,14 @@ std::span<const Option> EditOptions() {
 void TypeIntoDebitSheet(Console& console, const Arguments& arguments) {
   constexpr std::string_view kMissing[] = {"from"};
   Refuse(arguments, kMissing, "a debit");
-  constexpr EntrySheetOperations kSheet = {
-      &LDGRController::DebitSheet, &LDGRController::DebitSheet_Read,
-      &LDGRController::DebitSheet_ClearSplit, &LDGRController::DebitSheet_Split_Table_Field};
-  TypeIntoEntrySheet(console.controller, kSheet, arguments, "to");
+  TypeIntoEntrySheet(console.controller.entries().Debit(), arguments, "to");
   if (const auto check = arguments.Text("check")) TypeCheck(console.controller, *check);
 }
 
 void TypeIntoDepositSheet(Console& console, const Arguments& arguments) {
   constexpr std::string_view kMissing[] = {"to", "check"};
   Refuse(arguments, kMissing, "a deposit");
-  constexpr EntrySheetOperations kSheet = {
-      &LDGRController::DepositSheet, &LDGRController::DepositSheet_Read,
-      &LDGRController::DepositSheet_ClearSplit, &LDGRController::DepositSheet_Split_Table_Field};
-  TypeIntoEntrySheet(console.controller, kSheet, arguments, "from");
+  TypeIntoEntrySheet(console.controller.entries().Deposit(), arguments, "from");
 }
 
 void TypeIntoTransferSheet(Console& console, const Arguments& arguments) {
@@ -197,7 +182,7 @@ void TypeIntoTransferSheet(Console& console, const Arguments& arguments) {
   const auto from = arguments.Text("from");
   if (to && from) throw CommandError("expected to= or from=, not both");
 
-  const TransferSheetState& state = console.controller.TransferSheet();
+  const TransferSheetState& state = console.controller.entries().Transfer().State();
   TransferSheetState::Typed typed = state.typed;
   TypeCommonFields(typed, arguments);
   const auto item_tagged = [](const std::vector<PopUpItem>& items, std::int32_t tag) {
@@ -214,7 +199,7 @@ void TypeIntoTransferSheet(Console& console, const Arguments& arguments) {
     }
     typed.direction = item_tagged(state.direction_items, to ? kTransferToTag : kTransferFromTag);
   }
-  console.controller.TransferSheet_Read(std::move(typed));
+  console.controller.entries().Transfer().Read(std::move(typed));
 }
 
 std::int32_t ItemTitled(const std::vector<PopUpItem>& items, std::string_view name,

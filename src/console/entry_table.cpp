@@ -4,6 +4,8 @@
 #include <utility>
 
 #include "app/controller.h"
+#include "app/desk.h"
+#include "app/entries/transfer_links.h"
 #include "console/printer.h"
 #include "console/register_order.h"
 #include "console/values.h"
@@ -83,8 +85,9 @@ void ShowChangedEntries(const Console& console, const LDGRAccount& account,
   for (const auto& entry : entries) {
     AddChangedEntry(table, console, account, *entry);
     if (other_half == OtherHalf::Unchanged) continue;
-    const auto linked = console.controller.Transfer_LinkedEntry(entry.get());
-    const auto other_account = console.controller.AccountWithNumber(entry->GetTransferAccount());
+    const auto linked = console.controller.transferLinks().Transfer_LinkedEntry(entry.get());
+    const auto other_account =
+        console.controller.desk().AccountWithNumber(entry->GetTransferAccount());
     if (linked == nullptr || other_account == nullptr) continue;
     AddChangedEntry(table, console, *other_account, *linked);
   }

@@ -5,6 +5,7 @@
 #include <string>
 
 #include "app/controller.h"
+#include "app/exchange/qif_import_controller.h"
 #include "console/command_error.h"
 #include "console/entry_options.h"
 #include "console/values.h"

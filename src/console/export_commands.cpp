@@ -1,3 +1,5 @@
+#include "app/exchange/export_commands.h"
+
 #include <string>
 
 #include "app/controller.h"
@@ -15,12 +17,12 @@ namespace {
 
 // Runs an operation that asks for a file, and answers its panel.
 void WriteFile(Console& console, const std::string& typed_path, std::function<void()> choose,
-               WriteResult (LDGRController::*operation)()) {
+               WriteResult (ExportCommands::*operation)()) {
   const std::string path = AbsolutePath(console.files, typed_path);
   if (console.files.IsFolder(path)) throw CommandError(path + " is a folder");
   static_cast<void>(SelectedAccount(console));
   console.panels.Expect(path, std::move(choose));
-  const WriteResult result = (console.controller.*operation)();
+  const WriteResult result = (console.controller.exports().*operation)();
   if (const std::string problem = console.panels.TakeProblem(); !problem.empty()) {
     throw CommandError(problem);
   }
@@ -40,7 +42,7 @@ std::int32_t QifScope(const Console& console, const std::string& word) {
 
 void ExportQif(Console& console, const Arguments& arguments) {
   const auto choose = [&] {
-    auto& panel = console.controller.sharedQIFExportAccessoryView();
+    auto& panel = console.controller.exports().sharedQIFExportAccessoryView();
     if (const auto scope = arguments.Text("scope")) {
       panel.setExportAccount(QifScope(console, *scope));
     }
@@ -53,12 +55,12 @@ void ExportQif(Console& console, const Arguments& arguments) {
           static_cast<std::uint32_t>(EncodingNamed(panel.encodings().items(), *encoding)));
     }
   };
-  WriteFile(console, arguments.WordAt(0), choose, &LDGRController::ExportQIF);
+  WriteFile(console, arguments.WordAt(0), choose, &ExportCommands::ExportQIF);
 }
 
 void ExportText(Console& console, const Arguments& arguments) {
   const auto choose = [&] {
-    auto& panel = console.controller.exportAccessoryManager();
+    auto& panel = console.controller.exports().exportAccessoryManager();
     if (const auto scope = arguments.Text("scope")) {
       if (*scope != "shown" && *scope != "all") {
         throw CommandError("scope: expected shown or all, not " + Quoted(*scope));
@@ -71,11 +73,11 @@ void ExportText(Console& console, const Arguments& arguments) {
           static_cast<std::uint32_t>(EncodingNamed(panel.encodings().items(), *encoding)));
     }
   };
-  WriteFile(console, arguments.WordAt(0), choose, &LDGRController::ExportText);
+  WriteFile(console, arguments.WordAt(0), choose, &ExportCommands::ExportText);
 }
 
 void SaveAs(Console& console, const Arguments& arguments) {
-  WriteFile(console, arguments.WordAt(0), nullptr, &LDGRController::SaveAs);
+  WriteFile(console, arguments.WordAt(0), nullptr, &ExportCommands::SaveAs);
 }
 
 constexpr Option kQifOptions[] = {

@@ -11,6 +11,7 @@
 #include "console/table.h"
 #include "console/values.h"
 #include "filters/filter_types.h"
+#include "filters/register_search.h"
 #include "model/account.h"
 #include "model/text.h"
 
@@ -68,8 +69,8 @@ void ChooseFilter(Console& console, const Arguments& arguments) {
   if (has_text && !TakesText(type)) {
     throw CommandError("filter: " + Quoted(type.name) + " takes no text");
   }
-  console.controller.Filter_Select(type.number);
-  if (has_text) console.controller.Search_Field(arguments.WordAt(1));
+  console.controller.search().Filter_Select(type.number);
+  if (has_text) console.controller.search().Search_Field(arguments.WordAt(1));
   ShowFilter(console);
 }
 
@@ -80,14 +81,14 @@ void Search(Console& console, const Arguments& arguments) {
     throw CommandError("search: the filter in force, " + Quoted(type->name) +
                        ", takes no text; choose one that does, as in 'filter General'");
   }
-  console.controller.Search_Field(arguments.WordAt(0));
+  console.controller.search().Search_Field(arguments.WordAt(0));
   ShowFilter(console);
 }
 
 void CancelSearch(Console& console, const Arguments& /*arguments*/) {
   static_cast<void>(SelectedAccount(console));
   RequireShownRegister(console, "search cancel");
-  console.controller.Search_Cancel();
+  console.controller.search().Search_Cancel();
   ShowFilter(console);
 }
 

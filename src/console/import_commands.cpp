@@ -1,6 +1,8 @@
 #include <string>
 
 #include "app/controller.h"
+#include "app/exchange/qif_import_command.h"
+#include "app/exchange/qif_import_controller.h"
 #include "console/all_commands.h"
 #include "console/command_error.h"
 #include "console/console.h"
@@ -32,11 +34,11 @@ void Import(Console& console, const Arguments& arguments) {
   if (!console.files.Exists(path)) throw CommandError("there is no file " + path);
   console.panels.Expect(path, [&] {
     if (const auto encoding = arguments.Text("encoding")) {
-      auto& menu = controller.ImportEncodings();
+      auto& menu = controller.importCommand().Encodings();
       menu.setEncoding(EncodingNamed(menu.items(), *encoding));
     }
   });
-  const bool has_begun = controller.QIFImport();
+  const bool has_begun = controller.importCommand().QIFImport();
   if (const std::string problem = console.panels.TakeProblem(); !problem.empty()) {
     throw CommandError(problem);
   }

@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "app/controller.h"
+#include "app/desk.h"
 #include "console/command_error.h"
 #include "console/words.h"
 #include "model/account.h"
@@ -61,9 +62,9 @@ std::shared_ptr<Record> Named(const std::vector<std::shared_ptr<Record>>& rows,
 }  // namespace
 
 std::shared_ptr<LDGRAccount> SelectedAccount(const Console& console) {
-  auto account = console.controller.SelectedAccount();
+  auto account = console.controller.desk().SelectedAccount();
   if (account == nullptr) {
-    throw CommandError(console.controller.accounts().empty()
+    throw CommandError(console.controller.desk().accounts().empty()
                            ? "there is no account; account add makes one"
                            : "no account is selected; select NUMBER|NAME selects one");
   }
@@ -72,9 +73,9 @@ std::shared_ptr<LDGRAccount> SelectedAccount(const Console& console) {
 
 std::shared_ptr<LDGRAccount> AccountNamed(const Console& console, std::string_view word) {
   if (const auto number = NumberOf<std::int32_t>(word)) {
-    if (auto account = console.controller.AccountWithNumber(*number)) return account;
+    if (auto account = console.controller.desk().AccountWithNumber(*number)) return account;
   }
-  const auto& accounts = console.controller.accounts();
+  const auto& accounts = console.controller.desk().accounts();
   std::vector<std::shared_ptr<LDGRAccount>> alike;
   for (const bool exactly : {true, false}) {
     alike.clear();
@@ -100,8 +101,8 @@ std::shared_ptr<LDGRAccountEntry> EntryNamed(const Console& console, std::string
 
 std::shared_ptr<LDGRAccountEntry> SelectEntryNamed(const Console& console, std::string_view word) {
   auto entry = EntryNamed(console, word);
-  console.controller.SelectEntry(entry);
-  if (console.controller.SelectedEntry() == entry) return entry;
+  console.controller.desk().SelectEntry(entry);
+  if (console.controller.desk().SelectedEntry() == entry) return entry;
   throw CommandError("the filter in force hides entry " + std::string(word) + "; see 'filter'");
 }
 

@@ -1,7 +1,12 @@
 #include <optional>
 #include <string>
 
+#include "app/accounts/account_editing.h"
+#include "app/accounts/account_passwords.h"
+#include "app/accounts/account_selection.h"
 #include "app/controller.h"
+#include "app/shell/application_lock.h"
+#include "app/shell/preferences_sheet.h"
 #include "console/all_commands.h"
 #include "console/command_error.h"
 #include "console/console.h"
@@ -30,9 +35,9 @@ void SetPassword(Console& console, const Arguments& arguments) {
   const auto password = NewPassword(console, arguments);
   if (!password) return;
   LDGRController& controller = console.controller;
-  if (!controller.PreferencesSheet_Open()) throw CommandError("the password cannot be set now");
-  controller.preferencesSheet_PasswordValidate(*password, *password);
-  if (!controller.PreferencesSheet_OK()) throw CommandError("the password was not taken");
+  if (!controller.preferencesSheet().Open()) throw CommandError("the password cannot be set now");
+  controller.preferencesSheet().PasswordValidate(*password, *password);
+  if (!controller.preferencesSheet().OK()) throw CommandError("the password was not taken");
   console.printer.Confirm(password->empty() ? "No password protects the application."
                                             : "The password protects the application.");
 }
@@ -42,12 +47,14 @@ void SetAccountPassword(Console& console, const Arguments& arguments) {
   const auto password = NewPassword(console, arguments);
   if (!password) return;
   LDGRController& controller = console.controller;
-  if (!controller.Account_Edit()) throw CommandError("the account cannot be changed now");
-  AccountEditSheetState::Typed typed = controller.AccountEditSheet().typed;
+  if (!controller.accountSheet().Account_Edit())
+    throw CommandError("the account cannot be changed now");
+  AccountEditSheetState::Typed typed = controller.accountSheet().State().typed;
   typed.password = *password;
   typed.password_again = *password;
-  controller.AccountEditSheet_Read(std::move(typed));
-  if (!controller.AccountEditSheet_OK()) throw CommandError("the password was not taken");
+  controller.accountSheet().Read(std::move(typed));
+  if (!controller.accountSheet().AccountEditSheet_OK())
+    throw CommandError("the password was not taken");
   console.printer.Confirm(password->empty() ? "No password protects the account."
                                             : "The password protects the account.");
 }
@@ -56,11 +63,12 @@ void Lock(Console& console, const Arguments& arguments) {
   if (const auto name = arguments.Text("account")) {
     const auto account = AccountNamed(console, *name);
     if (!account->HasPassword()) throw CommandError(account->GetName() + " has no password");
-    console.controller.Account_Lock(account);
+    console.controller.accountPasswords().Account_Lock(account);
     return console.printer.Confirm("Locked " + account->GetName() + ".");
   }
-  if (console.controller.password().empty()) throw CommandError("the application has no password");
-  console.controller.lock();
+  if (console.controller.applicationLock().password().empty())
+    throw CommandError("the application has no password");
+  console.controller.applicationLock().lock();
   console.printer.Confirm("Saved and locked.");
 }
 
@@ -70,18 +78,19 @@ void Unlock(Console& console, const Arguments& arguments) {
     throw CommandError("expected unlock PASSWORD");
   }
   if (const auto name = arguments.Text("account")) {
-    if (!controller.authenticated()) throw CommandError("the application itself is locked");
+    if (!controller.applicationLock().authenticated())
+      throw CommandError("the application itself is locked");
     const auto account = AccountNamed(console, *name);
     if (!account->IsLocked()) throw CommandError(account->GetName() + " is not locked");
     // What the launch asked for may be another account.
-    controller.AccountAuthenticationSheet_Cancel();
-    controller.Account_Select(account);
-  } else if (controller.authenticated()) {
+    controller.accountPasswords().AccountAuthenticationSheet_Cancel();
+    controller.selection().Account_Select(account);
+  } else if (controller.applicationLock().authenticated()) {
     throw CommandError("the application is not locked; account= unlocks an account");
   }
   if (arguments.WordCount() == 0) return ServePasswordSheet(console);
   if (GivePassword(console, arguments.WordAt(0))) return;
-  controller.AccountAuthenticationSheet_Cancel();
+  controller.accountPasswords().AccountAuthenticationSheet_Cancel();
   throw CommandError("the password is wrong");
 }
 

@@ -2,7 +2,11 @@
 
 #include <optional>
 
+#include "app/accounts/account_passwords.h"
 #include "app/controller.h"
+#include "app/desk.h"
+#include "app/face/sheet_slot.h"
+#include "app/shell/application_lock.h"
 #include "console/command_error.h"
 #include "console/printer.h"
 #include "console/questions.h"
@@ -13,22 +17,23 @@ namespace tallyfold::console {
 namespace {
 
 void CancelPasswordSheet(LDGRController& controller) {
-  if (controller.OpenSheet() == Sheet::Authentication) controller.authenticationSheet_Cancel();
-  controller.AccountAuthenticationSheet_Cancel();
+  if (controller.sheets().Current() == Sheet::Authentication) controller.applicationLock().Cancel();
+  controller.accountPasswords().AccountAuthenticationSheet_Cancel();
 }
 
 }  // namespace
 
 bool GivePassword(Console& console, const std::string& password) {
   LDGRController& controller = console.controller;
-  switch (controller.OpenSheet()) {
+  switch (controller.sheets().Current()) {
     case Sheet::Authentication:
-      controller.authenticationSheet_ValidatePassword(password);
-      return controller.authenticationSheet().ok_is_enabled && controller.authenticationSheet_OK();
+      controller.applicationLock().ValidatePassword(password);
+      return controller.applicationLock().State().ok_is_enabled &&
+             controller.applicationLock().OK();
     case Sheet::AccountAuthentication:
-      controller.accountAuthenticationSheet_ValidatePassword(password);
-      return controller.AccountAuthenticationSheet().ok_is_enabled &&
-             controller.AccountAuthenticationSheet_OK();
+      controller.accountPasswords().ValidatePassword(password);
+      return controller.accountPasswords().State().ok_is_enabled &&
+             controller.accountPasswords().AccountAuthenticationSheet_OK();
     default:
       return false;
   }
@@ -37,12 +42,13 @@ bool GivePassword(Console& console, const std::string& password) {
 void ServePasswordSheet(Console& console) {
   LDGRController& controller = console.controller;
   if (!console.questions.AsksPerson()) {
-    if (controller.OpenSheet() == Sheet::AccountAuthentication) CancelPasswordSheet(controller);
+    if (controller.sheets().Current() == Sheet::AccountAuthentication)
+      CancelPasswordSheet(controller);
     return;
   }
-  while (controller.OpenSheet() == Sheet::Authentication ||
-         controller.OpenSheet() == Sheet::AccountAuthentication) {
-    const std::string title = controller.AccountAuthenticationSheet().title;
+  while (controller.sheets().Current() == Sheet::Authentication ||
+         controller.sheets().Current() == Sheet::AccountAuthentication) {
+    const std::string title = controller.accountPasswords().State().title;
     const auto typed =
         console.questions.AskSecret(title.empty() ? "Password: " : title + " Password: ");
     if (!typed || typed->empty()) return CancelPasswordSheet(controller);
@@ -52,7 +58,7 @@ void ServePasswordSheet(Console& console) {
 
 void RequireSelected(Console& console, const std::shared_ptr<LDGRAccount>& account) {
   ServePasswordSheet(console);
-  if (console.controller.SelectedAccount() == account) return;
+  if (console.controller.desk().SelectedAccount() == account) return;
   throw CommandError(account->GetName() + " is locked; unlock PASSWORD account=" +
                      WriteNumber(account->GetNumber()) + " opens it");
 }

@@ -1,5 +1,8 @@
 #include "app/controller.h"
+#include "app/desk.h"
 #include "app/shell/preference_texts.h"
+#include "app/shell/preferences_sheet.h"
+#include "app/shell/update_check.h"
 #include "console/all_commands.h"
 #include "console/command_error.h"
 #include "console/console.h"
@@ -16,7 +19,7 @@ Table PreferenceTable() {
 }
 
 void AddRow(Table& table, const Console& console, std::string_view name) {
-  table.Add({std::string(name), PreferenceText(console.controller.preferences(), name),
+  table.Add({std::string(name), PreferenceText(console.controller.desk().preferences(), name),
              ExpectedOfPreference(name)});
 }
 
@@ -29,12 +32,12 @@ void ListPreferences(Console& console, const Arguments& /*arguments*/) {
 }
 
 void OpenSheet(const Console& console) {
-  if (console.controller.PreferencesSheet_Open()) return;
+  if (console.controller.preferencesSheet().Open()) return;
   throw CommandError("the preferences cannot be changed now");
 }
 
 void PressOK(const Console& console) {
-  if (!console.controller.PreferencesSheet_OK()) {
+  if (!console.controller.preferencesSheet().OK()) {
     throw CommandError("the preferences were not taken");
   }
 }
@@ -46,7 +49,7 @@ void SetPreference(Console& console, const Arguments& arguments) {
     throw CommandError("there is no preference " + Quoted(name) + "; preferences lists them");
   }
   OpenSheet(console);
-  if (!console.controller.PreferencesSheet_SetField(name, arguments.WordAt(1))) {
+  if (!console.controller.preferencesSheet().SetField(name, arguments.WordAt(1))) {
     throw CommandError(name + ": expected " + expected + ", not " + Quoted(arguments.WordAt(1)));
   }
   PressOK(console);
@@ -57,7 +60,7 @@ void SetPreference(Console& console, const Arguments& arguments) {
 
 void ResetAppearance(Console& console, const Arguments& /*arguments*/) {
   OpenSheet(console);
-  console.controller.PreferencesSheet_DefaultAppearanceSettings();
+  console.controller.preferencesSheet().DefaultAppearanceSettings();
   PressOK(console);
   console.printer.Confirm("Dates, amounts, debits and deposits look as they first did.");
 }
@@ -86,12 +89,13 @@ void CheckForUpdates(Console& console, const Arguments& arguments) {
     throw CommandError("expected updates [again]");
   }
   // What was learnt is told until somebody asks again.
-  if (arguments.WordCount() > 0 || controller.Updates().status == UpdateState::Status::NotChecked) {
-    controller.CheckForUpdates();
+  if (arguments.WordCount() > 0 ||
+      controller.updates().State().status == UpdateState::Status::NotChecked) {
+    controller.updates().CheckForUpdates();
   }
   Table table({{"version"}, {"latest"}, {"state"}});
-  table.Add({console.host.BundleVersion(), controller.Updates().latest_version,
-             StatusText(controller.Updates().status)});
+  table.Add({console.host.BundleVersion(), controller.updates().State().latest_version,
+             StatusText(controller.updates().State().status)});
   console.printer.Show(table);
 }
 

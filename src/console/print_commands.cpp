@@ -3,6 +3,7 @@
 #include <string_view>
 
 #include "app/controller.h"
+#include "app/shell/printing.h"
 #include "console/all_commands.h"
 #include "console/command_error.h"
 #include "console/console.h"
@@ -60,7 +61,7 @@ void Print(Console& console, const Arguments& arguments) {
   const PrintOptions options = ReadOptions(arguments);
   const auto account = SelectedAccount(console);
   const FixedPitchMetric metric;
-  const auto pages = console.controller.Print_Pages(kind, options, metric);
+  const auto pages = console.controller.printing().MakePages(kind, options, metric);
   if (!pages) {
     throw CommandError(account->IsLocked() ? account->GetName() + " is locked"
                                            : "there is nothing of that kind to print");

@@ -5,6 +5,9 @@
 #include <string_view>
 
 #include "app/controller.h"
+#include "app/desk.h"
+#include "app/views/balance_field.h"
+#include "app/views/reconcile_tab.h"
 #include "console/all_commands.h"
 #include "console/command_error.h"
 #include "console/console.h"
@@ -42,9 +45,9 @@ std::int32_t ModeNamed(std::string_view word) {
 void ShowBalance(Console& console, const Arguments& arguments) {
   (void)SelectedAccount(console);
   if (arguments.WordCount() > 0) {
-    console.controller.AccountBalance_PopUp(ModeNamed(arguments.WordAt(0)));
+    console.controller.balanceField().AccountBalance_PopUp(ModeNamed(arguments.WordAt(0)));
   }
-  const BalanceFieldState field = console.controller.AccountBalance_Field();
+  const BalanceFieldState field = console.controller.balanceField().State();
   const auto mode = static_cast<std::size_t>(field.mode);
   Table table({{"mode"}, {"shows"}, {"amount", Column::Align::Right}});
   table.Add({std::string(kModes[mode]), field.mode_items[mode].title,
@@ -72,7 +75,7 @@ void ShowFigures(const Console& console, const ReconcileTabState& state) {
 
 void ShowReconciliation(const Console& console) {
   const auto account = SelectedAccount(console);
-  const ReconcileTabState& state = console.controller.ReconcileTab_Figures();
+  const ReconcileTabState& state = console.controller.reconcileTab().State();
   ShowFigures(console, state);
   if (!state.explanation) return;
   Table explanation({{"explanation"}});
@@ -90,7 +93,7 @@ void Reconcile(Console& console, const Arguments& /*arguments*/) {
 void SetStatement(Console& console, const Arguments& arguments) {
   (void)SelectedAccount(console);
   const double amount = ReadAmount(arguments.WordAt(0), "statement");
-  if (!console.controller.ReconcileTab_StatementBalance_EndEditing(amount)) {
+  if (!console.controller.reconcileTab().StatementBalance_EndEditing(amount)) {
     throw CommandError("the statement balance was not taken");
   }
   ShowReconciliation(console);
@@ -98,8 +101,8 @@ void SetStatement(Console& console, const Arguments& arguments) {
 
 void TurnMarkOver(Console& console, const Arguments& /*arguments*/) {
   const auto account = SelectedAccount(console);
-  const auto entry = console.controller.SelectedEntry();
-  if (!console.controller.currentTableDataSource_Cleared_Key()) {
+  const auto entry = console.controller.desk().SelectedEntry();
+  if (!console.controller.reconcileTab().TurnClearedOverAndMoveOn()) {
     throw CommandError("no row is selected; select entry ENTRY selects one");
   }
   ShowChangedEntries(console, *account, {entry}, OtherHalf::Unchanged);

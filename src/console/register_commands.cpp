@@ -2,6 +2,7 @@
 #include <unordered_set>
 
 #include "app/controller.h"
+#include "app/views/registers.h"
 #include "console/all_commands.h"
 #include "console/command_error.h"
 #include "console/console.h"
@@ -107,7 +108,7 @@ std::string ColumnNamed(std::string_view word) {
 }
 
 void ShowColumns(const Console& console) {
-  const auto& rows = console.controller.currentTableDataSource();
+  const auto& rows = console.controller.registers().Current();
   const std::string& table_identifier = rows.GetTableIdentifier();
   const auto& views = rows.GetAccountPreferences();
   Table table({{"column"}, {"title"}, {"sorted"}});
@@ -129,14 +130,14 @@ void ListColumns(Console& console, const Arguments& /*arguments*/) {
 
 void HideColumn(Console& console, const Arguments& arguments) {
   static_cast<void>(SelectedAccount(console));
-  console.controller.currentTableDataSource().HideTableColumnWithIdentifier(
+  console.controller.registers().Current().HideTableColumnWithIdentifier(
       ColumnNamed(arguments.WordAt(0)));
   ShowColumns(console);
 }
 
 void ShowColumn(Console& console, const Arguments& arguments) {
   static_cast<void>(SelectedAccount(console));
-  console.controller.currentTableDataSource().ShowTableColumnWithIdentifier(
+  console.controller.registers().Current().ShowTableColumnWithIdentifier(
       ColumnNamed(arguments.WordAt(0)));
   ShowColumns(console);
 }
@@ -145,7 +146,7 @@ void Sort(Console& console, const Arguments& arguments) {
   static_cast<void>(SelectedAccount(console));
   const std::string column = ColumnNamed(arguments.WordAt(0));
   if (!SortKeyOfColumn(column)) throw CommandError("sort: " + column + " cannot be sorted by");
-  console.controller.currentTableDataSource().ClickedTableColumn(column);
+  console.controller.registers().Current().ClickedTableColumn(column);
   ShowColumns(console);
 }
 

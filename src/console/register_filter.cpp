@@ -1,6 +1,8 @@
 #include "console/register_filter.h"
 
 #include "app/controller.h"
+#include "app/shell/tabs.h"
+#include "app/views/registers.h"
 #include "console/command_error.h"
 #include "console/lookup.h"
 #include "model/account.h"
@@ -9,7 +11,7 @@ namespace tallyfold::console {
 
 RegisterFilter FilterInForce(const Console& console) {
   const auto account = SelectedAccount(console);
-  if (console.controller.CurrentRegisterKind() == RegisterKind::Reconcile) {
+  if (console.controller.registers().CurrentKind() == RegisterKind::Reconcile) {
     return {account->reconcileFilterType(),
             std::string(account->reconcileFilterData().StringValue()), account->reconcileFilter()};
   }
@@ -18,7 +20,7 @@ RegisterFilter FilterInForce(const Console& console) {
 }
 
 void RequireShownRegister(const Console& console, std::string_view command) {
-  if (console.controller.ShownRegister() != RegisterKind::Other) return;
+  if (console.controller.tabs().ShownRegister() != RegisterKind::Other) return;
   throw CommandError(std::string(command) + ": the tab of the window shows no register; see 'tab'");
 }
 

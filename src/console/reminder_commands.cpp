@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "app/controller.h"
+#include "app/schedules/schedule_reminder.h"
 #include "console/all_commands.h"
 #include "console/command_error.h"
 #include "console/console.h"
@@ -29,7 +30,7 @@ std::string DatesOf(const ReminderRow& row) {
 }
 
 void Show(const Console& console) {
-  const ScheduleReminderState& state = console.controller.ScheduleReminderSheet();
+  const ScheduleReminderState& state = console.controller.reminder().State();
   Table rows({{"row", Column::Align::Right},
               {"marked"},
               {"schedule", Column::Align::Right},
@@ -62,10 +63,10 @@ void Show(const Console& console) {
 const ScheduleReminderState& Reminder(Console& console) {
   (void)SelectedAccount(console);
   LDGRController& controller = console.controller;
-  if (!controller.ScheduleReminderSheet().is_open && !controller.ScheduleReminderSheet_Open()) {
+  if (!controller.reminder().State().is_open && !controller.reminder().Open()) {
     throw CommandError("the reminder cannot be shown now");
   }
-  return controller.ScheduleReminderSheet();
+  return controller.reminder().State();
 }
 
 void Remind(Console& console, const Arguments& /*arguments*/) {
@@ -90,14 +91,14 @@ void MarkRows(Console& console, const Arguments& arguments) {
   const ScheduleReminderState& state = Reminder(console);
   const bool is_marked = arguments.YesNo("marked").value_or(true);
   if (arguments.WordCount() == 1 && arguments.WordAt(0) == "all") {
-    console.controller.ScheduleReminderSheet_MarkAll(is_marked);
+    console.controller.reminder().MarkAll(is_marked);
     return Show(console);
   }
   std::vector<ReminderRow::Typed> typed = TypedRows(state);
   for (std::size_t i = 0; i < arguments.WordCount(); ++i) {
     typed[RowNamed(state, arguments.WordAt(i))].is_marked = is_marked;
   }
-  console.controller.ScheduleReminderSheet_Read(typed);
+  console.controller.reminder().Read(typed);
   Show(console);
 }
 
@@ -114,7 +115,7 @@ void EditRow(Console& console, const Arguments& arguments) {
   std::vector<ReminderRow::Typed> typed = TypedRows(state);
   if (const auto date = arguments.Date("date")) typed[index].date = *date;
   if (const auto amount = arguments.Amount("amount")) typed[index].amount = *amount;
-  console.controller.ScheduleReminderSheet_Read(typed);
+  console.controller.reminder().Read(typed);
   Show(console);
 }
 
@@ -132,8 +133,8 @@ void LookAhead(Console& console, const Arguments& arguments) {
     tag = static_cast<std::int32_t>(named - std::begin(kUnits));
   }
   const std::int32_t count = ReadNumber(arguments.WordAt(0), "ahead", 0, kMostLookAhead);
-  (void)controller.scheduleReminderSheet_LookAhead(std::to_string(count));
-  controller.scheduleReminderSheet_LookAheadType(tag);
+  (void)controller.reminder().LookAhead(std::to_string(count));
+  controller.reminder().LookAheadType(tag);
   Show(console);
 }
 
@@ -144,13 +145,13 @@ void ChooseBalance(Console& console, const Arguments& arguments) {
   if (named == std::end(kModes)) {
     throw CommandError("expected none, today or after, not " + Quoted(arguments.WordAt(0)));
   }
-  console.controller.scheduleReminderSheet_BalanceMode(
+  console.controller.reminder().BalanceModeChosen(
       static_cast<std::int32_t>(named - std::begin(kModes)));
   Show(console);
 }
 
 [[noreturn]] void Refuse(const Console& console) {
-  throw CommandError(console.controller.ScheduleReminderSheet().problem);
+  throw CommandError(console.controller.reminder().State().problem);
 }
 
 bool MeansAll(const Arguments& arguments) {
@@ -166,8 +167,7 @@ void Commit(Console& console, const Arguments& arguments) {
   (void)Reminder(console);
   LDGRController& controller = console.controller;
   const std::size_t before = account->GetEntries().size();
-  if (all ? !controller.ScheduleReminderSheet_CommitAll()
-          : !controller.ScheduleReminderSheet_Commit()) {
+  if (all ? !controller.reminder().CommitAll() : !controller.reminder().CommitMarked()) {
     Refuse(console);
   }
   const EntryList& entries = account->GetEntries();
@@ -177,14 +177,14 @@ void Commit(Console& console, const Arguments& arguments) {
 
 void Skip(Console& console, const Arguments& /*arguments*/) {
   (void)Reminder(console);
-  if (!console.controller.ScheduleReminderSheet_Skip()) Refuse(console);
-  if (console.controller.ScheduleReminderSheet().is_open) return Show(console);
+  if (!console.controller.reminder().SkipMarked()) Refuse(console);
+  if (console.controller.reminder().State().is_open) return Show(console);
   console.printer.Confirm("Nothing is left.");
 }
 
 void Later(Console& console, const Arguments& /*arguments*/) {
   (void)Reminder(console);
-  console.controller.ScheduleReminderSheet_Later();
+  console.controller.reminder().Later();
   console.printer.Confirm("What is left is offered again later.");
 }
 

@@ -7,6 +7,7 @@
 #include <utility>
 
 #include "app/controller.h"
+#include "app/exchange/qif_import_controller.h"
 #include "console/command_error.h"
 #include "console/entry_table.h"
 #include "console/printer.h"

@@ -5,6 +5,11 @@
 #include <vector>
 
 #include "app/controller.h"
+#include "app/desk.h"
+#include "app/face/sheet_slot.h"
+#include "app/schedules/schedule_commit.h"
+#include "app/schedules/schedule_editing.h"
+#include "app/schedules/schedules_tab.h"
 #include "console/all_commands.h"
 #include "console/command_error.h"
 #include "console/console.h"
@@ -77,7 +82,7 @@ void ShowSchedules(Console& console, const Arguments& /*arguments*/) {
                {"description"},
                {"to/from"},
                {"amount", Column::Align::Right}});
-  for (const auto& schedule : console.controller.scheduleDataSource().Schedules()) {
+  for (const auto& schedule : console.controller.schedules().Rows().Schedules()) {
     const ScheduleRow row = RowOfSchedule(*account, schedule, "%Y-%m-%d", TodaysDateNumber());
     table.Add({WriteNumber(schedule->GetNumber()), row.next_date, row.repeats, row.until,
                WriteNumber(static_cast<std::int64_t>(row.overdue)), row.type, row.description,
@@ -98,11 +103,11 @@ void ShowDates(Console& console, const Arguments& arguments) {
 void FinishScheduleSheet(Console& console, const Arguments& arguments) {
   const auto account = SelectedAccount(console);
   TypeIntoScheduleSheet(console, arguments);
-  if (!console.controller.ScheduleSheet_OK()) {
-    const std::string& problem = console.controller.ScheduleSheet().problem;
+  if (!console.controller.scheduleSheet().OK()) {
+    const std::string& problem = console.controller.scheduleSheet().State().problem;
     throw CommandError(problem.empty() ? "the schedule cannot be stored" : problem);
   }
-  ShowSchedule(console, *account, *console.controller.SelectedSchedule());
+  ShowSchedule(console, *account, *console.controller.desk().SelectedSchedule());
 }
 
 void AddSchedule(Console& console, const Arguments& arguments) {
@@ -120,9 +125,9 @@ void AddSchedule(Console& console, const Arguments& arguments) {
     throw CommandError("expected either to= or from=");
   }
   LDGRController& controller = console.controller;
-  const bool is_open = kind == "debit"     ? controller.Schedule_Debit()
-                       : kind == "deposit" ? controller.Schedule_Deposit()
-                                           : controller.Schedule_Transfer();
+  const bool is_open = kind == "debit"     ? controller.scheduleSheet().New(EntryKind::Debit)
+                       : kind == "deposit" ? controller.scheduleSheet().New(EntryKind::Deposit)
+                                           : controller.scheduleSheet().New(EntryKind::Transfer);
   if (!is_open) {
     throw CommandError(kind == "transfer" ? "a transfer needs another account"
                                           : "no schedule can be added now");
@@ -133,13 +138,13 @@ void AddSchedule(Console& console, const Arguments& arguments) {
 // Selects the schedule that the first word names.
 std::shared_ptr<LDGRAccountSchedule> Select(Console& console, const Arguments& arguments) {
   auto schedule = ScheduleNamed(console, arguments.WordAt(0));
-  console.controller.SelectSchedule(schedule);
+  console.controller.desk().SelectSchedule(schedule);
   return schedule;
 }
 
 void EditSchedule(Console& console, const Arguments& arguments) {
   (void)Select(console, arguments);
-  if (!console.controller.Schedule_Edit()) {
+  if (!console.controller.scheduleSheet().Edit()) {
     throw CommandError("schedule " + arguments.WordAt(0) + " is of no kind and cannot be edited");
   }
   FinishScheduleSheet(console, arguments);
@@ -148,22 +153,23 @@ void EditSchedule(Console& console, const Arguments& arguments) {
 void DuplicateSchedule(Console& console, const Arguments& arguments) {
   const auto account = SelectedAccount(console);
   (void)Select(console, arguments);
-  if (!console.controller.Schedule_Duplicate()) throw CommandError("it cannot be duplicated now");
-  ShowSchedule(console, *account, *console.controller.SelectedSchedule());
+  if (!console.controller.schedules().Schedule_Duplicate())
+    throw CommandError("it cannot be duplicated now");
+  ShowSchedule(console, *account, *console.controller.desk().SelectedSchedule());
 }
 
 void RemoveSchedule(Console& console, const Arguments& arguments) {
   static const std::string kButtons[] = {"OK", "Cancel"};
   (void)Select(console, arguments);
   LDGRController& controller = console.controller;
-  controller.ScheduleRemoveConfirm_Begin();
-  if (controller.OpenSheet() == Sheet::ScheduleRemoveConfirm) {
-    if (console.questions.Ask(controller.ScheduleRemoveSheet().question, "", kButtons, 1) != 0) {
-      controller.ScheduleRemoveConfirm_Cancel();
+  controller.schedules().ScheduleRemoveConfirm_Begin();
+  if (controller.sheets().Current() == Sheet::ScheduleRemoveConfirm) {
+    if (console.questions.Ask(controller.schedules().Confirm().question, "", kButtons, 1) != 0) {
+      controller.schedules().ScheduleRemoveConfirm_Cancel();
       if (console.questions.AsksPerson()) return console.printer.Confirm("Nothing was removed.");
       throw CommandError("nothing was removed; answer OK before the command removes the schedule");
     }
-    controller.ScheduleRemoveConfirm_OK();
+    controller.schedules().ScheduleRemoveConfirm_OK();
   }
   console.printer.Confirm("Removed schedule " + arguments.WordAt(0) + ".");
 }
@@ -172,7 +178,8 @@ void RemoveSchedule(Console& console, const Arguments& arguments) {
 
 std::vector<DueOccurrence> DueOccurrences(const Console& console, const Arguments& arguments) {
   (void)SelectedAccount(console);
-  return console.controller.Schedules_Due(arguments.Date("through").value_or(TodaysDateNumber()));
+  return console.controller.scheduleCommit().Due(
+      arguments.Date("through").value_or(TodaysDateNumber()));
 }
 
 void ListDue(Console& console, const Arguments& arguments) {
@@ -199,7 +206,7 @@ std::vector<DueOccurrence> NamedOccurrences(const Console& console, const Argume
   const auto date = arguments.Date("date");
   if (date && arguments.Has("through")) throw CommandError("expected date= or through=, not both");
   std::vector<DueOccurrence> due =
-      date ? console.controller.Schedules_Due(*date) : DueOccurrences(console, arguments);
+      date ? console.controller.scheduleCommit().Due(*date) : DueOccurrences(console, arguments);
   std::erase_if(due, [&](const DueOccurrence& occurrence) {
     return (schedule != nullptr && occurrence.schedule != schedule) ||
            (date && occurrence.entry->GetDate() != *date);
@@ -228,8 +235,8 @@ void CommitDue(Console& console, const Arguments& arguments) {
   const auto account = SelectedAccount(console);
   const std::size_t before = account->GetEntries().size();
   if (MeansNext(console, arguments)) {
-    if (!console.controller.Schedule_CommitNext()) RefuseNext(arguments);
-  } else if (!console.controller.Schedules_CommitAll(NamedOccurrences(console, arguments))) {
+    if (!console.controller.schedules().Schedule_CommitNext()) RefuseNext(arguments);
+  } else if (!console.controller.scheduleCommit().CommitAll(NamedOccurrences(console, arguments))) {
     throw CommandError("nothing was committed");
   }
   const EntryList& entries = account->GetEntries();
@@ -240,10 +247,11 @@ void CommitDue(Console& console, const Arguments& arguments) {
 void SkipDue(Console& console, const Arguments& arguments) {
   std::size_t count = 1;
   if (MeansNext(console, arguments)) {
-    if (!console.controller.Schedule_SkipNext()) RefuseNext(arguments);
+    if (!console.controller.schedules().Schedule_SkipNext()) RefuseNext(arguments);
   } else {
     const auto due = NamedOccurrences(console, arguments);
-    if (!console.controller.Schedules_SkipAll(due)) throw CommandError("nothing was skipped");
+    if (!console.controller.scheduleCommit().SkipAll(due))
+      throw CommandError("nothing was skipped");
     count = due.size();
   }
   console.printer.Confirm("Skipped " + WriteNumber(static_cast<std::int64_t>(count)) + ".");

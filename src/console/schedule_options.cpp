@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "app/controller.h"
+#include "app/schedules/schedule_editing.h"
 #include "console/command_error.h"
 #include "console/entry_options.h"
 #include "console/lookup.h"
@@ -72,7 +73,7 @@ void TypeOtherAccount(const Console& console, const Arguments& arguments, Schedu
 
 // The options that depend on the kind.
 void TypeKindOptions(const Console& console, const Arguments& arguments, ScheduleValues& typed) {
-  const auto& items = console.controller.ScheduleSheet().type_items;
+  const auto& items = console.controller.scheduleSheet().State().type_items;
   switch (typed.kind) {
     case EntryKind::Debit:
       Refuse(arguments, "from", "debit");
@@ -111,7 +112,7 @@ std::span<const Option> ScheduleOptions() {
 }
 
 void TypeIntoScheduleSheet(Console& console, const Arguments& arguments) {
-  ScheduleValues typed = console.controller.ScheduleSheet().typed;
+  ScheduleValues typed = console.controller.scheduleSheet().State().typed;
   Set(typed.start, arguments.Date("start"));
   if (const auto repeat = arguments.Text("repeat")) {
     const Interval interval = ReadInterval(*repeat);
@@ -129,7 +130,7 @@ void TypeIntoScheduleSheet(Console& console, const Arguments& arguments) {
   Set(typed.notes, arguments.Text("notes"));
   TypeAmount(arguments, typed);
   TypeKindOptions(console, arguments, typed);
-  console.controller.ScheduleSheet_Read(std::move(typed));
+  console.controller.scheduleSheet().Read(std::move(typed));
 }
 
 }  // namespace tallyfold::console

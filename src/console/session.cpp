@@ -2,13 +2,22 @@
 
 #include <optional>
 
+#include "app/desk.h"
+#include "app/exchange/qif_import_controller.h"
+#include "app/face/sheet_slot.h"
+#include "app/schedules/schedule_reminder.h"
+#include "app/services.h"
 #include "app/shell/application.h"
+#include "app/shell/application_lock.h"
+#include "app/shell/lifecycle.h"
 #include "console/all_commands.h"
 #include "console/command.h"
 #include "console/command_error.h"
 #include "console/password_sheets.h"
 #include "console/table.h"
 #include "platform/terminal.h"
+#include "storage/accounts_store.h"
+#include "storage/preferences_store.h"
 
 namespace tallyfold::console {
 namespace {
@@ -30,9 +39,9 @@ Session::Session(const ConsoleServices& services)
       panels_(services.files, questions_),
       host_(services.version),
       printer_(services.terminal),
-      controller_({services.files, questions_, panels_, services.processes, spoken_,
-                   services.speech, services.loop, services.notifications, host_,
-                   services.encodings, services.updates}),
+      controller_(Services{services.files, questions_, panels_, services.processes, spoken_,
+                           services.speech, services.loop, services.notifications, host_,
+                           services.encodings, services.updates}),
       due_notice_(controller_, terminal_),
       console_{controller_, printer_,       questions_,     panels_, host_,
                log_,        services.files, services.loop,  spoken_, skip_delays_,
@@ -99,7 +108,7 @@ std::string Session::RunCommand(std::span<const Word> words) {
   } catch (const CommandError& failure) {
     error = failure.what();
   }
-  if (command->needs != Needs::Reminder) controller_.CancelOpenSheet();
+  if (command->needs != Needs::Reminder) controller_.sheets().CancelOpen();
   skip_delays_(kSkippedDelays);
   questions_.ForgetAnswers();
   const std::string complaint = questions_.TakeComplaint();
@@ -108,20 +117,20 @@ std::string Session::RunCommand(std::span<const Word> words) {
 
 void Session::CancelSheets(const Command& command) {
   const bool stays = command.needs == Needs::Reminder
-                         ? controller_.OpenSheet() == Sheet::ScheduleReminder
+                         ? controller_.sheets().Current() == Sheet::ScheduleReminder
                          : command.needs != Needs::Unlocked;
-  if (!stays) controller_.CancelOpenSheet();
+  if (!stays) controller_.sheets().CancelOpen();
 }
 
 bool Session::Launch(const Command& first) {
   is_launched_ = true;
-  controller_.awakeFromNib();
-  if (!controller_.applicationDidFinishLaunching()) return false;
+  controller_.lifecycle().awakeFromNib();
+  if (!controller_.lifecycle().applicationDidFinishLaunching()) return false;
   // Whoever has just typed a command is not to be held up; what is due is told when he is idle.
-  controller_.ScheduleReminderSheet_Dismiss();
+  controller_.reminder().Dismiss();
   TellWhatWasSetAside();
-  if (first.needs == Needs::Unlocked && controller_.authenticated() &&
-      controller_.accounts().empty()) {
+  if (first.needs == Needs::Unlocked && controller_.applicationLock().authenticated() &&
+      controller_.desk().accounts().empty()) {
     printer_.Confirm("There is no account yet; account add makes one.");
   }
   return true;
@@ -133,7 +142,7 @@ bool Session::Unlock() {
   if (host_.IsEnding()) return false;
   // The sheet of the account that was shown last may come up only now.
   ServePasswordSheet(console_);
-  if (controller_.authenticated()) return true;
+  if (controller_.applicationLock().authenticated()) return true;
   throw CommandError("the application is locked; unlock PASSWORD opens it");
 }
 
@@ -149,13 +158,13 @@ void Session::TellWhatWasSetAside() {
 bool Session::ShutDown() {
   // Whoever never gave a command that works on the data has touched nothing.
   if (!is_launched_) return true;
-  controller_.CancelOpenSheet();
+  controller_.sheets().CancelOpen();
   if (controller_.sharedQIFImportController().IsReviewing()) {
     printer_.Note("The import under review was not committed.");
     controller_.sharedQIFImportController().import_Cancel_Button();
   }
-  controller_.applicationWillTerminate();
-  if (!controller_.authenticated()) return true;
+  controller_.lifecycle().applicationWillTerminate();
+  if (!controller_.applicationLock().authenticated()) return true;
   const bool accounts_saved = !controller_.accountsStore().HasUnsavedChanges();
   const bool preferences_saved = !controller_.preferencesStore().HasUnsavedChanges();
   if (!accounts_saved) printer_.Note("error: the accounts could not be saved");

@@ -3,6 +3,7 @@
 #include <cmath>
 
 #include "app/controller.h"
+#include "app/desk.h"
 #include "console/all_commands.h"
 #include "console/command_error.h"
 #include "console/console.h"
@@ -14,6 +15,7 @@
 #include "console/table.h"
 #include "console/values.h"
 #include "platform/run_loop.h"
+#include "registers/entry_speaker.h"
 #include "storage/preferences.h"
 
 namespace tallyfold::console {
@@ -23,7 +25,7 @@ namespace {
 std::chrono::milliseconds LongestStep(const Console& console) {
   constexpr double kWithoutPause = 4.0;
   constexpr double kLongestPause = 86400.0;
-  const double pause = console.controller.preferences().GetPauseBetweenSpokenEntries();
+  const double pause = console.controller.desk().preferences().GetPauseBetweenSpokenEntries();
   const double seconds = kWithoutPause + (pause > 0.0 ? std::min(pause, kLongestPause) : 0.0);
   return std::chrono::milliseconds(std::llround(seconds * 1000.0));
 }
@@ -32,7 +34,7 @@ std::chrono::milliseconds LongestStep(const Console& console) {
 void Listen(Console& console) {
   constexpr std::chrono::milliseconds kBetweenLooks{100};
   if (console.questions.AsksPerson()) return;
-  while (console.spoken.IsBusy() || console.controller.IsReadingEntries()) {
+  while (console.spoken.IsBusy() || console.controller.speaker().IsReading()) {
     if (!console.wait(kBetweenLooks)) return;
   }
 }
@@ -45,7 +47,7 @@ void ReadOn(Console& console) {
     told = console.spoken.size();
     console.skip_delays(step);
     if (console.spoken.IsBusy()) return Listen(console);
-  } while (console.controller.IsReadingEntries() && console.spoken.size() > told);
+  } while (console.controller.speaker().IsReading() && console.spoken.size() > told);
 }
 
 void ShowUnheard(Console& console, std::chrono::milliseconds start) {
@@ -62,11 +64,11 @@ void ShowUnheard(Console& console, std::chrono::milliseconds start) {
 void Speak(Console& console, const Arguments& arguments) {
   static_cast<void>(SelectedAccount(console));
   const std::string what = arguments.WordCount() == 0 ? "entry" : arguments.WordAt(0);
-  if (what == "stop") return console.controller.StopSpeech();
+  if (what == "stop") return console.controller.speaker().StopSpeech();
   if (what != "entry" && what != "from" && what != "all") {
     throw CommandError("speak: expected entry, from, all or stop, not " + Quoted(what));
   }
-  const auto selected = console.controller.SelectedEntry();
+  const auto selected = console.controller.desk().SelectedEntry();
   if (what != "all" && selected == nullptr) {
     throw CommandError("speak: no entry is selected; see 'select entry'");
   }
@@ -74,11 +76,11 @@ void Speak(Console& console, const Arguments& arguments) {
   const auto start = console.loop.Now();
   static_cast<void>(console.spoken.Take());
   if (what == "entry") {
-    console.controller.SpeakEntry(selected.get());
+    console.controller.speaker().SpeakEntry(selected.get());
   } else if (what == "from") {
-    console.controller.StartSpeakingEntries();
+    console.controller.speaker().StartSpeakingEntries();
   } else {
-    console.controller.SpeakEntries();
+    console.controller.speaker().SpeakEntries();
   }
   ReadOn(console);
   ShowUnheard(console, start);

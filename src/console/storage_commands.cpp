@@ -2,6 +2,8 @@
 #include <string>
 
 #include "app/controller.h"
+#include "app/exchange/export_commands.h"
+#include "app/shell/backups_list.h"
 #include "console/all_commands.h"
 #include "console/command_error.h"
 #include "console/console.h"
@@ -10,12 +12,13 @@
 #include "console/table.h"
 #include "console/values.h"
 #include "platform/ambient.h"
+#include "storage/accounts_store.h"
 
 namespace tallyfold::console {
 namespace {
 
 void Save(Console& console, const Arguments& /*arguments*/) {
-  if (!console.controller.Save()) {
+  if (!console.controller.exports().Save()) {
     const bool accounts_are_saved = !console.controller.accountsStore().HasUnsavedChanges();
     throw CommandError(accounts_are_saved ? "the preferences could not be saved"
                                           : "the accounts could not be saved");
@@ -29,7 +32,7 @@ void ListBackups(Console& console, const Arguments& /*arguments*/) {
   const auto count = [](std::size_t number) {
     return WriteNumber(static_cast<std::int64_t>(number));
   };
-  for (const BackupRow& backup : console.controller.Backups()) {
+  for (const BackupRow& backup : console.controller.backups().Rows()) {
     const CivilTime made = CurrentClock().LocalTime(backup.made);
     const auto& contents = backup.contents;
     table.Add({backup.name, WriteDate(NSCalendarDateToDateNumber(made)),
@@ -41,7 +44,7 @@ void ListBackups(Console& console, const Arguments& /*arguments*/) {
 
 void Restore(Console& console, const Arguments& arguments) {
   const std::string& name = arguments.WordAt(0);
-  switch (console.controller.Accounts_RestoreBackup(name)) {
+  switch (console.controller.backups().Accounts_RestoreBackup(name)) {
     case AccountsStore::RestoreResult::Restored:
       console.printer.Confirm("Restored " + name + ".");
       break;

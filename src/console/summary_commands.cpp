@@ -9,6 +9,8 @@
 
 #include "app/controller.h"
 #include "app/face/blank_text.h"
+#include "app/views/account_summary_sheet.h"
+#include "app/views/account_summary_tab.h"
 #include "console/all_commands.h"
 #include "console/command_error.h"
 #include "console/console.h"
@@ -43,7 +45,7 @@ std::optional<std::int32_t> WholeNumber(std::string_view text) {
 // Row of a summary: its number in the list, its exact name, or a name that only one has when case
 // is ignored.
 std::size_t SummaryNamed(const Console& console, std::string_view word) {
-  const AccountSummaryList& rows = console.controller.Summaries().summaries;
+  const AccountSummaryList& rows = console.controller.summaries().State().summaries;
   if (const auto number = WholeNumber(word)) {
     if (*number >= 1 && static_cast<std::size_t>(*number) <= rows.size()) {
       return static_cast<std::size_t>(*number) - 1;
@@ -68,7 +70,7 @@ std::size_t SummaryNamed(const Console& console, std::string_view word) {
 LDGRAccountSummary& ChosenSummary(Console& console, const Arguments& arguments) {
   const auto account = SelectedAccount(console);
   if (arguments.WordCount() > 0) {
-    (void)console.controller.AccountSummary_Select(SummaryNamed(console, arguments.WordAt(0)));
+    (void)console.controller.summaries().Select(SummaryNamed(console, arguments.WordAt(0)));
   }
   const auto& summary = account->selectedAccountSummary();
   if (summary == nullptr) throw CommandError("the account has no summary; summary add makes one");
@@ -97,7 +99,7 @@ std::int32_t ReadChoice(const Choices& from, std::string_view text, std::string_
 enum class Rows { All, Selected };
 
 void ListSummaries(const Console& console, Rows rows) {
-  const AccountSummaryTabState& state = console.controller.Summaries();
+  const AccountSummaryTabState& state = console.controller.summaries().State();
   Table table({{"number", Column::Align::Right}, {"name"}, {"range"}, {"periods"}, {"selected"}});
   for (std::size_t row = 0; row < state.summaries.size(); ++row) {
     const LDGRAccountSummary& summary = *state.summaries[row];
@@ -176,7 +178,7 @@ void ShowTotalsAndBlocks(const Console& console, const SummaryLayout& layout) {
 void ShowSummary(Console& console, const Arguments& arguments) {
   const LDGRAccountSummary& summary = ChosenSummary(console, arguments);
   // Asked for first, because that is what brings the summary up to date.
-  (void)console.controller.Summaries();
+  (void)console.controller.summaries().State();
   const SummaryLayout layout = LayOutSummary(summary, kDateFormat);
   ShowHead(console, layout.head);
   ShowPeriods(console, layout);
@@ -221,7 +223,7 @@ constexpr MarkOption kMarkOptions[] = {
 
 void ShowOptions(Console& console, const Arguments& arguments) {
   const LDGRAccountSummary& summary = ChosenSummary(console, arguments);
-  (void)console.controller.Summaries();
+  (void)console.controller.summaries().State();
   Table table({{"option"}, {"value"}});
   table.Add({"name", summary.name()});
   table.Add({"range", ChoiceText(choices::kDateRanges, summary.dateRangeStyle())});
@@ -295,10 +297,10 @@ void SetOptions(Console& console, const Arguments& arguments) {
   ReadOptions(arguments, scratch);
   (void)ChosenSummary(console, arguments);
   LDGRController& controller = console.controller;
-  if (!controller.AccountSummarySheet_Open()) throw CommandError("the summary cannot be changed");
-  ReadOptions(arguments, *controller.SummarySheet().options);
-  controller.AccountSummarySheet_OptionsChanged();
-  if (!controller.AccountSummarySheet_OK()) throw CommandError("the summary cannot be changed");
+  if (!controller.summarySheet().Open()) throw CommandError("the summary cannot be changed");
+  ReadOptions(arguments, *controller.summarySheet().State().options);
+  controller.summarySheet().OptionsChanged();
+  if (!controller.summarySheet().OK()) throw CommandError("the summary cannot be changed");
   ShowOptions(console, arguments);
 }
 
@@ -314,14 +316,14 @@ void AddSummary(Console& console, const Arguments& arguments) {
   (void)SelectedAccount(console);
   RequireName(arguments);
   LDGRController& controller = console.controller;
-  if (controller.AccountSummary_Add() == nullptr) throw CommandError("no summary can be added");
-  if (arguments.WordCount() > 0) (void)controller.AccountSummary_Rename(arguments.WordAt(0));
+  if (controller.summaries().Add() == nullptr) throw CommandError("no summary can be added");
+  if (arguments.WordCount() > 0) (void)controller.summaries().Rename(arguments.WordAt(0));
   ListSummaries(console, Rows::Selected);
 }
 
 void DuplicateSummary(Console& console, const Arguments& arguments) {
   (void)ChosenSummary(console, arguments);
-  if (console.controller.AccountSummary_Duplicate() == nullptr) {
+  if (console.controller.summaries().Duplicate() == nullptr) {
     throw CommandError("the summary cannot be copied");
   }
   ListSummaries(console, Rows::Selected);
@@ -330,7 +332,7 @@ void DuplicateSummary(Console& console, const Arguments& arguments) {
 void RenameSummary(Console& console, const Arguments& arguments) {
   (void)SelectedAccount(console);
   RequireName(arguments);
-  if (!console.controller.AccountSummary_Rename(arguments.WordAt(0))) {
+  if (!console.controller.summaries().Rename(arguments.WordAt(0))) {
     throw CommandError("the summary cannot be renamed");
   }
   ListSummaries(console, Rows::Selected);
@@ -338,7 +340,7 @@ void RenameSummary(Console& console, const Arguments& arguments) {
 
 void RemoveSummary(Console& console, const Arguments& arguments) {
   (void)ChosenSummary(console, arguments);
-  if (!console.controller.AccountSummary_Remove()) throw CommandError("nothing was removed");
+  if (!console.controller.summaries().Remove()) throw CommandError("nothing was removed");
   ListSummaries(console, Rows::Selected);
 }
 

@@ -2,6 +2,7 @@
 #include <cstdint>
 #include <utility>
 
+#include "app/accounts/account_editing.h"
 #include "app/controller.h"
 #include "console/account_sheet.h"
 #include "console/all_commands.h"
@@ -81,7 +82,7 @@ void TypeDefault(const Arguments& arguments, AccountEditSheetState::Typed& typed
 void AddType(Console& console, const Arguments& arguments) {
   (void)SelectedAccount(console);
   OpenAccountSheet(console);
-  AccountEditSheetState::Typed typed = console.controller.AccountEditSheet().typed;
+  AccountEditSheetState::Typed typed = console.controller.accountSheet().State().typed;
   typed.types.push_back({.name = arguments.WordAt(0)});
   TypeIntoRow(arguments, typed, typed.types.size() - 1);
   TypeDefault(arguments, typed, typed.types.size() - 1);
@@ -92,7 +93,7 @@ void AddType(Console& console, const Arguments& arguments) {
 void EditType(Console& console, const Arguments& arguments) {
   (void)SelectedAccount(console);
   OpenAccountSheet(console);
-  AccountEditSheetState::Typed typed = console.controller.AccountEditSheet().typed;
+  AccountEditSheetState::Typed typed = console.controller.accountSheet().State().typed;
   const std::size_t row = TypeRowNamed(typed, arguments.WordAt(0));
   TypeIntoRow(arguments, typed, row);
   TypeDefault(arguments, typed, row);
@@ -103,7 +104,7 @@ void EditType(Console& console, const Arguments& arguments) {
 void RemoveType(Console& console, const Arguments& arguments) {
   (void)SelectedAccount(console);
   OpenAccountSheet(console);
-  AccountEditSheetState::Typed typed = console.controller.AccountEditSheet().typed;
+  AccountEditSheetState::Typed typed = console.controller.accountSheet().State().typed;
   const std::size_t row = TypeRowNamed(typed, arguments.WordAt(0));
   typed.types.erase(typed.types.begin() + static_cast<std::ptrdiff_t>(row));
   for (auto* index : {&typed.default_debit_type, &typed.default_deposit_type}) {

@@ -1,4 +1,8 @@
 #include "app/controller.h"
+#include "app/desk.h"
+#include "app/entries/entry_reveal.h"
+#include "app/entries/transfer_links.h"
+#include "app/shell/tabs.h"
 #include "console/all_commands.h"
 #include "console/command_error.h"
 #include "console/console.h"
@@ -22,11 +26,11 @@ void ShowTabs(Console& console, const Arguments& arguments) {
       throw CommandError("expected entry, reconcile, schedule or summary, not " +
                          Quoted(arguments.WordAt(0)));
     }
-    controller.SelectTab(*tab);
+    controller.tabs().Select(*tab);
   }
   Table table({{"tab"}, {"state"}});
   for (const Tab tab : kTabs) {
-    const bool is_selected = controller.TabViews().selected == tab;
+    const bool is_selected = controller.tabs().State().selected == tab;
     table.Add({std::string(TabIdentifier(tab)), is_selected ? "selected" : ""});
   }
   console.printer.Show(table);
@@ -34,7 +38,7 @@ void ShowTabs(Console& console, const Arguments& arguments) {
 
 void ShowSelectedEntry(Console& console) {
   const auto account = SelectedAccount(console);
-  if (const auto entry = console.controller.SelectedEntry()) {
+  if (const auto entry = console.controller.desk().SelectedEntry()) {
     ShowChangedEntries(console, *account, {entry}, OtherHalf::Unchanged);
   }
 }
@@ -42,13 +46,13 @@ void ShowSelectedEntry(Console& console) {
 void ShowOtherHalf(Console& console, const Arguments& arguments) {
   LDGRController& controller = console.controller;
   const auto entry = SelectEntryNamed(console, arguments.WordAt(0));
-  const auto half = controller.Transfer_LinkedEntry(entry.get());
+  const auto half = controller.transferLinks().Transfer_LinkedEntry(entry.get());
   if (half == nullptr) throw CommandError("entry " + arguments.WordAt(0) + " has no other half");
-  if (!controller.ShowOtherHalf()) {
-    RequireSelected(console, controller.AccountWithNumber(entry->GetTransferAccount()));
-    controller.SelectEntry(half);
+  if (!controller.entryReveal().ShowOtherHalf()) {
+    RequireSelected(console, controller.desk().AccountWithNumber(entry->GetTransferAccount()));
+    controller.desk().SelectEntry(half);
   }
-  if (const std::string& hidden = controller.HiddenEntry().text; !hidden.empty()) {
+  if (const std::string& hidden = controller.entryReveal().State().text; !hidden.empty()) {
     console.printer.Note(hidden);
   }
   ShowSelectedEntry(console);
@@ -56,8 +60,9 @@ void ShowOtherHalf(Console& console, const Arguments& arguments) {
 
 void Reveal(Console& console, const Arguments& /*arguments*/) {
   LDGRController& controller = console.controller;
-  if (controller.HiddenEntry().text.empty()) throw CommandError("no filter hides the last entry");
-  controller.ShowHiddenEntry();
+  if (controller.entryReveal().State().text.empty())
+    throw CommandError("no filter hides the last entry");
+  controller.entryReveal().ShowHiddenEntry();
   ShowSelectedEntry(console);
 }
 

@@ -4,6 +4,12 @@
 
 #include <functional>
 
+#include "app/accounts/account_removal.h"
+#include "app/accounts/account_selection.h"
+#include "app/accounts/accounts_drawer.h"
+#include "app/desk.h"
+#include "app/entries/entry_editing.h"
+#include "app/shell/menus.h"
 #include "app/test_application.h"
 #include "model/entry_type.h"
 
@@ -14,11 +20,11 @@ using Texts = std::vector<std::string>;
 using Typed = AccountEditSheetState::Typed;
 
 bool Edit(TestApplication& test, const std::function<void(Typed&)>& change) {
-  if (!test.app.Account_Edit()) return false;
-  Typed typed = test.app.AccountEditSheet().typed;
+  if (!test.app.accountSheet().Account_Edit()) return false;
+  Typed typed = test.app.accountSheet().State().typed;
   change(typed);
-  test.app.AccountEditSheet_Read(typed);
-  return test.app.AccountEditSheet_OK();
+  test.app.accountSheet().Read(typed);
+  return test.app.accountSheet().AccountEditSheet_OK();
 }
 
 Texts TypeNames(const EntryTypeList& types) {
@@ -53,10 +59,10 @@ TEST(AccountSheet, CannotBeStoredUntilEverythingIsRight) {
     const auto account = test.AddAccount("A");
     const auto revision = account->Revision();
     EXPECT_EQ(Edit(test, c.change), c.is_right) << c.what;
-    EXPECT_EQ(test.app.AccountEditSheet().is_open, !c.is_right) << c.what;
+    EXPECT_EQ(test.app.accountSheet().State().is_open, !c.is_right) << c.what;
     if (c.is_right) continue;
-    EXPECT_FALSE(test.app.AccountEditSheet().ok_is_enabled) << c.what;
-    test.app.AccountEditSheet_Cancel();
+    EXPECT_FALSE(test.app.accountSheet().State().ok_is_enabled) << c.what;
+    test.app.accountSheet().AccountEditSheet_Cancel();
     EXPECT_EQ(account->Revision(), revision) << c.what;
   }
 }
@@ -74,8 +80,8 @@ TEST(AccountSheet, WritesIntoTheAccountItself) {
     t.types.push_back({-1, "Autos", true, false});
     t.default_debit_type = static_cast<std::int32_t>(t.types.size()) - 1;
   }));
-  EXPECT_EQ(test.app.accounts().front(), account);
-  EXPECT_EQ(test.app.WindowTitle(), "Tallyfold:  House");
+  EXPECT_EQ(test.app.desk().accounts().front(), account);
+  EXPECT_EQ(test.app.selection().WindowTitle(), "Tallyfold:  House");
   EXPECT_EQ(account->GetStartingBalance(), 12.35);
   EXPECT_EQ(account->GetPassword(), "key");
   EXPECT_TRUE(account->IsAuthenticated());
@@ -107,7 +113,7 @@ TEST(AccountRemoval, UnlinksWhatPointsThere) {
   const auto a = test.AddAccount("A");
   const auto b = test.AddAccount("B");
   const auto c = test.AddAccount("C");
-  app.Account_Select(a);
+  app.selection().Account_Select(a);
   const auto half = test.AddTransferTo(*b, 5.0);
   const auto other_half = test.AddTransferTo(*c, 6.0);
   auto schedule = std::make_shared<LDGRAccountSchedule>();
@@ -116,19 +122,19 @@ TEST(AccountRemoval, UnlinksWhatPointsThere) {
   schedule->SetTransferEntry(9);
   a->AddSchedule(schedule);
   a->setLastTransferAccount(2);
-  app.preferences().GetPreferencesForAccountNumber(2);
-  app.Account_Select(b);
-  EXPECT_FALSE(app.Account_Remove());  // the first button is the safe one
+  app.desk().preferences().GetPreferencesForAccountNumber(2);
+  app.selection().Account_Select(b);
+  EXPECT_FALSE(app.accountRemoval().Account_Remove());  // the first button is the safe one
   test.alerts.Answer("Remove");
-  EXPECT_TRUE(app.Account_Remove());
-  EXPECT_EQ(app.accounts(), (AccountList{a, c}));
-  EXPECT_EQ(app.SelectedAccount(), c);
+  EXPECT_TRUE(app.accountRemoval().Account_Remove());
+  EXPECT_EQ(app.desk().accounts(), (AccountList{a, c}));
+  EXPECT_EQ(app.desk().SelectedAccount(), c);
   EXPECT_EQ(Line(*half), "#1 20040307 transfer -5.00 to 'B' origin");
   EXPECT_EQ(other_half->GetTransferAccount(), 3);
   EXPECT_EQ(schedule->GetTransferAccount(), -1);
   EXPECT_EQ(schedule->GetTransferEntry(), -1);
   EXPECT_EQ(a->lastTransferAccount(), -1);
-  for (const auto& each : app.preferences().GetAccountPreferences()) {
+  for (const auto& each : app.desk().preferences().GetAccountPreferences()) {
     EXPECT_NE(each->GetAccountNumber(), 2);
   }
 }
@@ -141,7 +147,7 @@ TEST(AccountsDrawer, ListsASortedCopy) {
   const auto a = test.AddAccount("A");
   const auto c = test.AddAccount("C");
   c->SetStartingBalance(5.0);
-  const AccountList in_file = app.accounts();
+  const AccountList in_file = app.desk().accounts();
   struct Case {
     const char* column;
     AccountList order;
@@ -151,63 +157,63 @@ TEST(AccountsDrawer, ListsASortedCopy) {
       {"accounts", {a, b, c}},
   };
   for (const Case& each : cases) {
-    if (*each.column != 0) app.accountsDrawer_Accounts_Table_ClickedTableColumn(each.column);
+    if (*each.column != 0) app.accountsDrawer().ClickedTableColumn(each.column);
     AccountList order;
     for (const auto& row : app.accountsDrawer().Rows()) order.push_back(row.account);
     EXPECT_EQ(order, each.order) << each.column;
   }
-  EXPECT_EQ(app.accounts(), in_file);
+  EXPECT_EQ(app.desk().accounts(), in_file);
 
-  app.accountsDrawer_Accounts_Table_Action(0);
-  EXPECT_EQ(app.SelectedAccount(), a);
+  app.accountsDrawer().Table_Action(0);
+  EXPECT_EQ(app.desk().SelectedAccount(), a);
   EXPECT_TRUE(app.accountsDrawer().Rows()[0].is_selected);
-  app.accountsDrawer_Accounts_Table_Action(3);
-  EXPECT_EQ(app.SelectedAccount(), a);
-  app.accountsDrawer_Accounts_Table_DoubleClick(1);
-  EXPECT_EQ(app.AccountEditSheet().typed.name, "b");
+  app.accountsDrawer().Table_Action(3);
+  EXPECT_EQ(app.desk().SelectedAccount(), a);
+  app.accountsDrawer().Table_DoubleClick(1);
+  EXPECT_EQ(app.accountSheet().State().typed.name, "b");
 }
 
 TEST(Menus, FollowTheSelection) {
   TestApplication test;
   auto& app = test.app;
-  EXPECT_EQ(app.Commands(), (CommandsState{.add_account = true}));
+  EXPECT_EQ(app.menus().Commands(), (CommandsState{.add_account = true}));
   const auto a = test.AddAccount("A");
   const auto b = test.AddAccount("B");
-  EXPECT_EQ(app.AccountMenu(),
+  EXPECT_EQ(app.menus().AccountMenu(),
             (std::vector<MenuItem>{{"A", 1, true, false}, {"B", 2, true, true}}));
-  app.Account_Menu_Show_MenuItem(1);
-  app.Account_Menu_Show_MenuItem(77);
-  EXPECT_EQ(app.SelectedAccount(), a);
-  EXPECT_EQ(app.Commands(), (CommandsState{.add_account = true,
-                                           .edit_account = true,
-                                           .remove_account = true,
-                                           .add_entry = true,
-                                           .export_account = true,
-                                           .import_file = true,
-                                           .save_as = true,
-                                           .add_schedule = true,
-                                           .show_reminder = true}));
+  app.menus().Account_Menu_Show_MenuItem(1);
+  app.menus().Account_Menu_Show_MenuItem(77);
+  EXPECT_EQ(app.desk().SelectedAccount(), a);
+  EXPECT_EQ(app.menus().Commands(), (CommandsState{.add_account = true,
+                                                   .edit_account = true,
+                                                   .remove_account = true,
+                                                   .add_entry = true,
+                                                   .export_account = true,
+                                                   .import_file = true,
+                                                   .save_as = true,
+                                                   .add_schedule = true,
+                                                   .show_reminder = true}));
 
   const auto entry = test.AddDebit(1.0);
-  const auto items = app.EntryTypeMenu();
+  const auto items = app.menus().EntryTypeMenu();
   ASSERT_EQ(items.size(), 7U);
   EXPECT_TRUE(items[0].is_enabled);
   EXPECT_TRUE(items[3].is_separator);
   EXPECT_FALSE(items[4].is_enabled);
   const auto revision = a->Revision();
-  app.entryMenu_Types_MenuItem(items[4].tag);  // a deposit type
-  app.entryMenu_Types_MenuItem(77);
+  app.menus().entryMenu_Types_MenuItem(items[4].tag);  // a deposit type
+  app.menus().entryMenu_Types_MenuItem(77);
   EXPECT_EQ(entry->GetType(), -1);
   EXPECT_EQ(a->Revision(), revision);
-  app.entryMenu_Types_MenuItem(items[1].tag);
+  app.menus().entryMenu_Types_MenuItem(items[1].tag);
   EXPECT_EQ(entry->GetType(), items[1].tag);
   EXPECT_GT(a->Revision(), revision);
-  EXPECT_TRUE(app.EntryTypeMenu()[1].is_checked);
+  EXPECT_TRUE(app.menus().EntryTypeMenu()[1].is_checked);
 
-  app.SelectEntry(test.AddTransferTo(*b, 1.0));
-  EXPECT_TRUE(app.Commands().show_other_half);
-  app.Entry_Edit();
-  EXPECT_EQ(app.Commands(), CommandsState());
+  app.desk().SelectEntry(test.AddTransferTo(*b, 1.0));
+  EXPECT_TRUE(app.menus().Commands().show_other_half);
+  app.entries().Entry_Edit();
+  EXPECT_EQ(app.menus().Commands(), CommandsState());
 }
 
 }  // namespace

@@ -4,8 +4,11 @@
 
 #include <algorithm>
 
+#include "app/accounts/account_editing.h"
+#include "app/desk.h"
 #include "app/test_application.h"
 #include "model/current_account.h"
+#include "storage/accounts_store.h"
 
 namespace tallyfold {
 namespace {
@@ -16,19 +19,19 @@ TEST(AccountSelection, SetsTheCurrentAccountTheTitleAndThePreference) {
   const auto a = test.AddAccount("A");
   const auto b = test.AddAccount("B");
   EXPECT_EQ(CurrentAccount(), b.get());
-  EXPECT_EQ(app.WindowTitle(), "Tallyfold:  B");
+  EXPECT_EQ(app.selection().WindowTitle(), "Tallyfold:  B");
   const auto entry = test.AddDebit(1.0);
 
-  app.Account_Select(a);
+  app.selection().Account_Select(a);
   EXPECT_EQ(CurrentAccount(), a.get());
-  EXPECT_EQ(app.preferences().GetSelectedAccountNumber(), 1);
-  EXPECT_EQ(app.SelectedEntry(), nullptr);
+  EXPECT_EQ(app.desk().preferences().GetSelectedAccountNumber(), 1);
+  EXPECT_EQ(app.desk().SelectedEntry(), nullptr);
 
   test.front_end.changed.clear();
-  app.Account_Select(nullptr);
+  app.selection().Account_Select(nullptr);
   EXPECT_EQ(CurrentAccount(), nullptr);
-  EXPECT_EQ(app.WindowTitle(), "Tallyfold:  No Account Selected");
-  EXPECT_EQ(app.preferences().GetSelectedAccountNumber(), 1);
+  EXPECT_EQ(app.selection().WindowTitle(), "Tallyfold:  No Account Selected");
+  EXPECT_EQ(app.desk().preferences().GetSelectedAccountNumber(), 1);
   const auto& changed = test.front_end.changed;
   for (const Area area : {Area::SelectedAccount, Area::Registers, Area::Balance, Area::EntryButtons,
                           Area::EntryTypeMenu, Area::Schedules, Area::Summary}) {
@@ -41,10 +44,10 @@ TEST(AccountSelection, AfterLoadingShowsTheRememberedAccountOrTheFirst) {
   const auto a = test.AddAccount("A");
   const auto b = test.AddAccount("B");
   for (const auto& [number, account] : {std::pair{2, b}, {1, a}, {77, a}, {-1, a}}) {
-    test.app.Account_Deselect();
-    test.app.preferences().SetSelectedAccountNumber(number);
-    test.app.Accounts_PostLoad();
-    EXPECT_EQ(test.app.SelectedAccount(), account) << number;
+    test.app.selection().Account_Deselect();
+    test.app.desk().preferences().SetSelectedAccountNumber(number);
+    test.app.selection().Accounts_PostLoad();
+    EXPECT_EQ(test.app.desk().SelectedAccount(), account) << number;
   }
 }
 
@@ -53,9 +56,9 @@ TEST(AccountSelection, EndsWithTheAccountsItIsAbout) {
     TestApplication test;
     test.AddAccount("A");
     EXPECT_EQ(LDGRController::sharedController(), &test.app);
-    EXPECT_TRUE(test.app.Accounts_Load());
+    EXPECT_TRUE(test.app.accountsStore().Accounts_Load());
     EXPECT_EQ(CurrentAccount(), nullptr);
-    EXPECT_EQ(test.app.SelectedAccount(), nullptr);
+    EXPECT_EQ(test.app.desk().SelectedAccount(), nullptr);
     test.AddAccount("B");
   }
   EXPECT_EQ(CurrentAccount(), nullptr);
@@ -75,10 +78,10 @@ TEST(NewAccounts, GetANameAndANumberNoOtherHas) {
   for (const Case& c : cases) {
     TestApplication test;
     for (const auto& name : c.names) test.AddAccount(name);
-    test.app.Account_Add();
-    EXPECT_EQ(test.app.AccountEditSheet().typed.name, c.expected);
-    test.app.AccountEditSheet_Cancel();
-    EXPECT_EQ(test.app.accounts().size(), c.names.size());
+    test.app.accountSheet().Account_Add();
+    EXPECT_EQ(test.app.accountSheet().State().typed.name, c.expected);
+    test.app.accountSheet().AccountEditSheet_Cancel();
+    EXPECT_EQ(test.app.desk().accounts().size(), c.names.size());
   }
 }
 

@@ -5,6 +5,13 @@
 #include <functional>
 #include <limits>
 
+#include "app/accounts/account_editing.h"
+#include "app/accounts/account_selection.h"
+#include "app/desk.h"
+#include "app/entries/entry_editing.h"
+#include "app/entries/entry_removal.h"
+#include "app/face/sheet_slot.h"
+#include "app/shell/tabs.h"
 #include "app/test_application.h"
 #include "model/entry_type.h"
 
@@ -60,14 +67,17 @@ TEST(EntrySheets, WriteWhatWasTypedIntoTheEntry) {
     TestApplication test;
     const auto account = test.AddAccount("Bank");
     auto& app = test.app;
-    ASSERT_TRUE(c.is_debit ? app.Entry_Debit() : app.Entry_Deposit()) << c.what;
-    Typed typed = c.is_debit ? app.DebitSheet().typed : app.DepositSheet().typed;
+    ASSERT_TRUE(c.is_debit ? app.entries().New(EntryKind::Debit)
+                           : app.entries().New(EntryKind::Deposit))
+        << c.what;
+    Typed typed =
+        c.is_debit ? app.entries().Debit().State().typed : app.entries().Deposit().State().typed;
     c.type(typed);
-    c.is_debit ? app.DebitSheet_Read(typed) : app.DepositSheet_Read(typed);
-    EXPECT_TRUE(c.is_debit ? app.DebitSheet_OK() : app.DepositSheet_OK()) << c.what;
+    c.is_debit ? app.entries().Debit().Read(typed) : app.entries().Deposit().Read(typed);
+    EXPECT_TRUE(c.is_debit ? app.entries().Debit().OK() : app.entries().Deposit().OK()) << c.what;
     EXPECT_EQ(Lines(*account), std::vector<std::string>{c.line}) << c.what;
-    EXPECT_EQ(app.SelectedEntry(), account->GetEntries().front()) << c.what;
-    EXPECT_EQ(app.OpenSheet(), Sheet::None) << c.what;
+    EXPECT_EQ(app.desk().SelectedEntry(), account->GetEntries().front()) << c.what;
+    EXPECT_EQ(app.sheets().Current(), Sheet::None) << c.what;
   }
 }
 
@@ -88,9 +98,11 @@ TEST(EntrySheets, StayOpenAndChangeNothingWhenAValueCannotBeStored) {
        "The check number must not be negative."},
       {"a field that refuses its text",
        [](TestApplication& test, Typed&) { test.front_end.refuses = true; }, ""},
-      {"an entry removed meanwhile", [](TestApplication& test, Typed&) { test.app.Entry_Delete(); },
+      {"an entry removed meanwhile",
+       [](TestApplication& test, Typed&) { test.app.entryRemoval().Entry_Delete(); },
        "The entry has been removed."},
-      {"another account", [](TestApplication& test, Typed&) { test.app.Account_Deselect(); },
+      {"another account",
+       [](TestApplication& test, Typed&) { test.app.selection().Account_Deselect(); },
        "The account is no longer selected."},
   };
   for (const Case& c : cases) {
@@ -99,17 +111,17 @@ TEST(EntrySheets, StayOpenAndChangeNothingWhenAValueCannotBeStored) {
     const auto entry = test.AddDebit(5.0, "Food");
     const std::string before = Line(*entry);
     auto& app = test.app;
-    ASSERT_TRUE(app.Entry_Edit()) << c.what;
-    Typed typed = app.DebitSheet().typed;
+    ASSERT_TRUE(app.entries().Entry_Edit()) << c.what;
+    Typed typed = app.entries().Debit().State().typed;
     typed.description = "Changed";
     c.type(test, typed);
-    app.DebitSheet_Read(typed);
-    EXPECT_FALSE(app.DebitSheet_Deposit()) << c.what;
-    EXPECT_EQ(app.DebitSheet().problem, c.problem) << c.what;
-    EXPECT_EQ(app.OpenSheet(), Sheet::Debit) << c.what;
+    app.entries().Debit().Read(typed);
+    EXPECT_FALSE(app.entries().Debit().OKThenNew(EntryKind::Deposit)) << c.what;
+    EXPECT_EQ(app.entries().Debit().State().problem, c.problem) << c.what;
+    EXPECT_EQ(app.sheets().Current(), Sheet::Debit) << c.what;
     EXPECT_EQ(Line(*entry), before) << c.what;
-    app.DebitSheet_Cancel();
-    EXPECT_EQ(app.OpenSheet(), Sheet::None) << c.what;
+    app.entries().Debit().Cancel();
+    EXPECT_EQ(app.sheets().Current(), Sheet::None) << c.what;
     EXPECT_EQ(Line(*entry), before) << c.what;
   }
 }
@@ -163,11 +175,13 @@ TEST(EntrySheets, ShowAnOldEntryAsItIsAndKeepIt) {
     if (c.is_split) entry->SetSplit(split);
     account->AddEntry(entry);
     const std::string before = Line(*entry);
-    test.app.EntryTab_Enter();
-    test.app.SelectEntry(entry);
-    ASSERT_TRUE(test.app.Entry_Edit());
-    EXPECT_EQ(Shown(c.is_debit ? test.app.DebitSheet() : test.app.DepositSheet()), c.shown);
-    EXPECT_TRUE(c.is_debit ? test.app.DebitSheet_OK() : test.app.DepositSheet_OK());
+    test.app.tabs().EntryTab_Enter();
+    test.app.desk().SelectEntry(entry);
+    ASSERT_TRUE(test.app.entries().Entry_Edit());
+    EXPECT_EQ(Shown(c.is_debit ? test.app.entries().Debit().State()
+                               : test.app.entries().Deposit().State()),
+              c.shown);
+    EXPECT_TRUE(c.is_debit ? test.app.entries().Debit().OK() : test.app.entries().Deposit().OK());
     EXPECT_EQ(Line(*entry), before);
   }
 }
@@ -176,18 +190,18 @@ TEST(EntrySheets, KeepTheSplitTableAndItsFieldsTogether) {
   TestApplication test;
   test.AddAccount("Bank");
   auto& app = test.app;
-  const auto& state = app.DepositSheet();
+  const auto& state = app.entries().Deposit().State();
   const auto edit = [&app, &state](std::size_t row, const SplitRow& value) {
     Typed typed = state.typed;
     typed.split[row] = value;
-    app.DepositSheet_Read(typed);
-    app.DepositSheet_Split_Table_Field();
+    app.entries().Deposit().Read(typed);
+    app.entries().Deposit().Split_Table_Field();
   };
-  app.Entry_Deposit();
-  EXPECT_FALSE(app.DepositSheet_IsSplit());
+  app.entries().New(EntryKind::Deposit);
+  EXPECT_FALSE(app.entries().Deposit().IsSplit());
   edit(2, {"Pay", "", 100.0});
   edit(3, {"", "Bonus", 50.0});
-  EXPECT_TRUE(app.DepositSheet_IsSplit());
+  EXPECT_TRUE(app.entries().Deposit().IsSplit());
   EXPECT_EQ(state.split_total, 150.0);
   EXPECT_EQ(state.typed.amount, 150.0);
   EXPECT_EQ(state.typed.to_from, "Split");
@@ -201,8 +215,8 @@ TEST(EntrySheets, KeepTheSplitTableAndItsFieldsTogether) {
 
   for (const bool with_amount : {true, false}) {
     edit(9, {"Pay", "", 20.0});
-    with_amount ? app.DepositSheet_ClearSplit() : app.DepositSheet_Split_ClearSplit();
-    EXPECT_FALSE(app.DepositSheet_IsSplit());
+    with_amount ? app.entries().Deposit().ClearSplit() : app.entries().Deposit().Split_ClearSplit();
+    EXPECT_FALSE(app.entries().Deposit().IsSplit());
     EXPECT_EQ(state.typed.amount, with_amount ? 0.0 : 20.0);
     EXPECT_EQ(state.typed.to_from, "");
     EXPECT_EQ(state.typed.selected_split_row, 0);
@@ -211,11 +225,11 @@ TEST(EntrySheets, KeepTheSplitTableAndItsFieldsTogether) {
   }
 
   edit(0, {"Pay", "", 20.0});
-  app.DepositSheet_OK();
-  app.Entry_Edit();
-  app.DepositSheet_ClearSplit();
-  app.DepositSheet_OK();
-  EXPECT_EQ(app.SelectedEntry()->GetSplit(), nullptr);
+  app.entries().Deposit().OK();
+  app.entries().Entry_Edit();
+  app.entries().Deposit().ClearSplit();
+  app.entries().Deposit().OK();
+  EXPECT_EQ(app.desk().SelectedEntry()->GetSplit(), nullptr);
 }
 
 TEST(EntrySheets, FillTheCheckNumberWhenTheBoxIsTicked) {
@@ -228,16 +242,16 @@ TEST(EntrySheets, FillTheCheckNumberWhenTheBoxIsTicked) {
     TestApplication test;
     auto& app = test.app;
     test.AddAccount("Bank")->SetStartingCheckNumber(501);
-    app.preferences().SetNumberChecksAutomatically(c.automatic);
-    app.Entry_Debit();
-    Typed typed = app.DebitSheet().typed;
+    app.desk().preferences().SetNumberChecksAutomatically(c.automatic);
+    app.entries().New(EntryKind::Debit);
+    Typed typed = app.entries().Debit().State().typed;
     typed.check_number = c.typed;
     for (const bool ticked : {true, false}) {
       typed.check = ticked;
-      app.DebitSheet_Read(typed);
-      app.debitSheet_CheckNumber_Button();
-      EXPECT_EQ(app.DebitSheet().check_number_is_enabled, ticked);
-      typed = app.DebitSheet().typed;
+      app.entries().Debit().Read(typed);
+      app.entries().CheckNumber_Button();
+      EXPECT_EQ(app.entries().Debit().State().check_number_is_enabled, ticked);
+      typed = app.entries().Debit().State().typed;
       EXPECT_EQ(typed.check_number, c.expected);
     }
   }
@@ -252,53 +266,53 @@ TEST(EntrySheets, FocusTheFieldThatThePreferencesName) {
       {0, Field::Date}, {1, Field::Amount}, {2, Field::Description}, {3, Field::ToFrom},
       {4, Field::Type}, {5, Field::Date},   {-1, Field::Date}};
   for (const auto& [preference, field] : cases) {
-    app.preferences().SetSelectWhichFieldFirstWhenAddingEntries(preference);
-    app.Entry_Transfer();
-    EXPECT_EQ(app.TransferSheet().first_field, field) << preference;
-    app.TransferSheet_Cancel();
+    app.desk().preferences().SetSelectWhichFieldFirstWhenAddingEntries(preference);
+    app.entries().New(EntryKind::Transfer);
+    EXPECT_EQ(app.entries().Transfer().State().first_field, field) << preference;
+    app.entries().Transfer().Cancel();
   }
-  app.SelectEntry(test.AddDebit(1.0));
-  app.Entry_Edit();
-  EXPECT_EQ(app.DebitSheet().first_field, Field::Amount);  // when an entry is changed
+  app.desk().SelectEntry(test.AddDebit(1.0));
+  app.entries().Entry_Edit();
+  EXPECT_EQ(app.entries().Debit().State().first_field, Field::Amount);  // when an entry is changed
 }
 
 TEST(EntrySheets, OpenOneAtATimeAndOnlyForAnAccount) {
   TestApplication test;
   auto& app = test.app;
-  EXPECT_FALSE(app.Entry_Debit());
+  EXPECT_FALSE(app.entries().New(EntryKind::Debit));
   const auto account = test.AddAccount("Bank");
-  EXPECT_FALSE(app.Entry_Edit());  // nothing is selected
-  EXPECT_FALSE(app.DebitSheet_OK());
+  EXPECT_FALSE(app.entries().Entry_Edit());  // nothing is selected
+  EXPECT_FALSE(app.entries().Debit().OK());
 
-  ASSERT_TRUE(app.Entry_Debit());
-  EXPECT_EQ(app.OpenSheet(), Sheet::Debit);
-  EXPECT_FALSE(app.Entry_Deposit());
-  EXPECT_FALSE(app.Account_Add());
-  EXPECT_FALSE(app.DepositSheet_OK());
-  app.DepositSheet_Cancel();
-  EXPECT_EQ(app.OpenSheet(), Sheet::Debit);
-  app.DebitSheet_Cancel();
+  ASSERT_TRUE(app.entries().New(EntryKind::Debit));
+  EXPECT_EQ(app.sheets().Current(), Sheet::Debit);
+  EXPECT_FALSE(app.entries().New(EntryKind::Deposit));
+  EXPECT_FALSE(app.accountSheet().Account_Add());
+  EXPECT_FALSE(app.entries().Deposit().OK());
+  app.entries().Deposit().Cancel();
+  EXPECT_EQ(app.sheets().Current(), Sheet::Debit);
+  app.entries().Debit().Cancel();
   EXPECT_TRUE(account->GetEntries().empty());
   EXPECT_EQ(account->GetNumberCount(), 1);  // the number given to the cancelled entry
 
   const auto of_no_kind = std::make_shared<LDGRAccountEntry>();
   account->AddEntry(of_no_kind);
-  app.EntryTab_Enter();
-  app.SelectEntry(of_no_kind);
-  EXPECT_EQ(app.SelectedEntry(), of_no_kind);
-  EXPECT_FALSE(app.Entry_Edit());
+  app.tabs().EntryTab_Enter();
+  app.desk().SelectEntry(of_no_kind);
+  EXPECT_EQ(app.desk().SelectedEntry(), of_no_kind);
+  EXPECT_FALSE(app.entries().Entry_Edit());
 }
 
 TEST(EntrySheets, StartTheNextEntryAtOnce) {
   TestApplication test;
   const auto account = test.AddAccount("Bank");
   auto& app = test.app;
-  app.Entry_Debit();
-  EXPECT_TRUE(app.DebitSheet_Deposit());
-  EXPECT_EQ(app.OpenSheet(), Sheet::Deposit);
-  EXPECT_TRUE(app.DepositSheet_Transfer());
-  EXPECT_TRUE(app.TransferSheet_Debit());
-  EXPECT_TRUE(app.DebitSheet().is_open);
+  app.entries().New(EntryKind::Debit);
+  EXPECT_TRUE(app.entries().Debit().OKThenNew(EntryKind::Deposit));
+  EXPECT_EQ(app.sheets().Current(), Sheet::Deposit);
+  EXPECT_TRUE(app.entries().Deposit().OKThenNew(EntryKind::Transfer));
+  EXPECT_TRUE(app.entries().Transfer().OKThenNew(EntryKind::Debit));
+  EXPECT_TRUE(app.entries().Debit().State().is_open);
   EXPECT_EQ(account->GetEntries().size(), 3U);
 }
 

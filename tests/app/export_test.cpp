@@ -4,7 +4,10 @@
 #include <string>
 #include <vector>
 
+#include "app/accounts/account_selection.h"
+#include "app/desk.h"
 #include "app/exchange/export_commands.h"
+#include "app/shell/tabs.h"
 #include "app/test_application.h"
 #include "exchange/export_options.h"
 
@@ -46,20 +49,20 @@ TEST_F(ExportTest, ProposesWhatWasChosenTheLastTime) {
                         {99, own},
                         {-3, QifPanel::kCurrentAccount}};
   for (const Case& each : cases) {
-    app.preferences().setQIFExportAccount(each.stored);
+    app.desk().preferences().setQIFExportAccount(each.stored);
     panels.while_up = [&] {
-      const QifPanel& panel = app.sharedQIFExportAccessoryView();
+      const QifPanel& panel = app.exports().sharedQIFExportAccessoryView();
       EXPECT_EQ(panel.exportAccount(), each.proposed) << each.stored;
       EXPECT_EQ(panel.exportDateFormat(), "%m/%d/%y");
       EXPECT_EQ(panel.encoding(), 4U);
     };
-    EXPECT_EQ(app.ExportQIF(), WriteResult::Cancelled);
-    EXPECT_EQ(app.preferences().GetQIFExportAccount(), each.stored);
+    EXPECT_EQ(app.exports().ExportQIF(), WriteResult::Cancelled);
+    EXPECT_EQ(app.desk().preferences().GetQIFExportAccount(), each.stored);
   }
-  EXPECT_EQ(Titles(app.sharedQIFExportAccessoryView().exportAccounts()),
+  EXPECT_EQ(Titles(app.exports().sharedQIFExportAccessoryView().exportAccounts()),
             (std::vector<std::string>{"Current Filter Results", "-", "Checking", "Secret (Locked)",
                                       "Cash", "-", "All Accounts"}));
-  const PopUpItem& item = app.sharedQIFExportAccessoryView().exportAccounts()[3];
+  const PopUpItem& item = app.exports().sharedQIFExportAccessoryView().exportAccounts()[3];
   EXPECT_TRUE(!item.is_enabled && item.image == "locked");
   const auto& request = panels.SaveRequests().front();
   EXPECT_EQ(request.title + '|' + request.name + '|' + request.name_label + request.button,
@@ -91,18 +94,18 @@ TEST_F(ExportTest, WritesTheScopeThatIsChosen) {
       {-10, Tab::Entry, first->asQIFStringWithOptions(all) + current->asQIFStringWithOptions(all)},
   };
   for (const Case& each : cases) {
-    app.SelectTab(each.tab);
+    app.tabs().Select(each.tab);
     panels.while_up = [&] {
-      app.sharedQIFExportAccessoryView().setExportAccount(each.scope);
-      app.sharedQIFExportAccessoryView().setExportDateFormat("%Y/%m/%d");
-      app.sharedQIFExportAccessoryView().setExportDateFormat("%e");  // none of them
+      app.exports().sharedQIFExportAccessoryView().setExportAccount(each.scope);
+      app.exports().sharedQIFExportAccessoryView().setExportDateFormat("%Y/%m/%d");
+      app.exports().sharedQIFExportAccessoryView().setExportDateFormat("%e");  // none of them
     };
     alerts.Answer("Overwrite");
     panels.Answer("/home/user/out.qif");
-    app.export_MenuItem(1);
+    app.exports().export_MenuItem(1);
     EXPECT_EQ(files.Content("/home/user/out.qif"), each.text) << each.scope;
-    EXPECT_EQ(app.preferences().GetQIFExportAccount(), each.scope);
-    EXPECT_EQ(app.preferences().GetQIFExportDateFormat(), "%Y/%m/%d");
+    EXPECT_EQ(app.desk().preferences().GetQIFExportAccount(), each.scope);
+    EXPECT_EQ(app.desk().preferences().GetQIFExportDateFormat(), "%Y/%m/%d");
   }
 }
 
@@ -117,11 +120,11 @@ TEST_F(ExportTest, WritesTextInTheChosenEncodingWhateverItLacks) {
     files.Remove("/home/user/out.txt");
     current->GetEntries()[0]->SetDescription("Tür");
     panels.while_up = [&, wanted = encoding] {
-      app.exportAccessoryManager().setExportType(7);  // there is none: all entries
-      app.exportAccessoryManager().setEncoding(wanted);
+      app.exports().exportAccessoryManager().setExportType(7);  // there is none: all entries
+      app.exports().exportAccessoryManager().setEncoding(wanted);
     };
     panels.Answer("/home/user/out.txt");
-    EXPECT_EQ(app.ExportText(), WriteResult::Written);
+    EXPECT_EQ(app.exports().ExportText(), WriteResult::Written);
     const std::string text = files.Content("/home/user/out.txt").value_or("");
     EXPECT_NE(text.find('\t' + written + '\t'), std::string::npos) << encoding;
     EXPECT_NE(text.find("Starting Balance"), std::string::npos);
@@ -132,25 +135,25 @@ TEST_F(ExportTest, WritesTextInTheChosenEncodingWhateverItLacks) {
 }
 
 TEST_F(ExportTest, DoesNothingWithoutAnAccountOrForOtherMenuItems) {
-  app.export_MenuItem(3);
-  app.Account_Deselect();
-  app.export_MenuItem(1);
-  EXPECT_EQ(app.ExportText(), WriteResult::NotAsked);
-  EXPECT_EQ(app.SaveAs(), WriteResult::NotAsked);
+  app.exports().export_MenuItem(3);
+  app.selection().Account_Deselect();
+  app.exports().export_MenuItem(1);
+  EXPECT_EQ(app.exports().ExportText(), WriteResult::NotAsked);
+  EXPECT_EQ(app.exports().SaveAs(), WriteResult::NotAsked);
   EXPECT_TRUE(panels.SaveRequests().empty());
   EXPECT_EQ(speech.Heard().back(), "(stop)");
 }
 
 TEST_F(ExportTest, SavesTheAccountsElsewhereAndTellsFailures) {
   panels.Answer("/home/user/Accounts.plist");
-  EXPECT_EQ(app.SaveAs(), WriteResult::Written);
+  EXPECT_EQ(app.exports().SaveAs(), WriteResult::Written);
   EXPECT_EQ(panels.SaveRequests().back().name_label, "Save As:");
   panels.Answer("/home/user/out.qif");
   files.FailAtStep(1, FakeFileSystem::Failing::ForEverAfter);
-  EXPECT_EQ(app.ExportQIF(), WriteResult::Failed);
-  EXPECT_FALSE(app.Save());
+  EXPECT_EQ(app.exports().ExportQIF(), WriteResult::Failed);
+  EXPECT_FALSE(app.exports().Save());
   files.StopFailing();
-  EXPECT_TRUE(app.Save());
+  EXPECT_TRUE(app.exports().Save());
 }
 
 TEST_F(ExportTest, TakesANameThatIsFreeOrMayBeOverwritten) {
@@ -176,7 +179,7 @@ TEST_F(ExportTest, TakesANameThatIsFreeOrMayBeOverwritten) {
   for (const Case& each : cases) {
     if (*each.answer != '\0') alerts.Answer(each.answer);
     const std::size_t before = alerts.Requests().size();
-    EXPECT_EQ(app.userEnteredFilename(each.folder, each.name, each.confirmed).has_value(),
+    EXPECT_EQ(app.exports().userEnteredFilename(each.folder, each.name, each.confirmed).has_value(),
               each.accepted)
         << each.name;
     const bool has_asked = alerts.Requests().size() > before;

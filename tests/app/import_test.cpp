@@ -4,8 +4,17 @@
 #include <string>
 #include <vector>
 
+#include "app/accounts/account_selection.h"
+#include "app/desk.h"
+#include "app/entries/entry_editing.h"
 #include "app/exchange/qif_import_command.h"
+#include "app/exchange/qif_import_controller.h"
+#include "app/face/sheet_slot.h"
+#include "app/shell/idle_watch.h"
+#include "app/shell/lifecycle.h"
+#include "app/shell/menus.h"
 #include "app/test_application.h"
+#include "app/views/registers.h"
 
 namespace tallyfold {
 namespace {
@@ -25,7 +34,7 @@ struct ImportTest : testing::Test, TestApplication {
   }
   void Begin() {
     panels.Answer("/home/user/bank.qif");
-    ASSERT_TRUE(app.QIFImport());
+    ASSERT_TRUE(app.importCommand().QIFImport());
   }
   void BeginReview() {
     Begin();
@@ -43,33 +52,34 @@ struct ImportTest : testing::Test, TestApplication {
 };
 
 TEST_F(ImportTest, AsksForTheFileAndStopsTheTimerMeanwhile) {
-  app.awakeFromNib();
-  ASSERT_TRUE(app.applicationDidFinishLaunching());
-  app.Account_Select(app.accounts().empty() ? AddAccount("Other") : app.accounts()[0]);
+  app.lifecycle().awakeFromNib();
+  ASSERT_TRUE(app.lifecycle().applicationDidFinishLaunching());
+  app.selection().Account_Select(app.desk().accounts().empty() ? AddAccount("Other")
+                                                               : app.desk().accounts()[0]);
   loop.AdvanceBy(seconds(4));
   panels.while_up = [&] {
-    EXPECT_FALSE(app.scheduleReminderTimer().IsValid());
-    app.ImportEncodings().setEncoding(5);
+    EXPECT_FALSE(app.idleWatch().scheduleReminderTimer().IsValid());
+    app.importCommand().Encodings().setEncoding(5);
   };
-  EXPECT_FALSE(app.QIFImport());  // given up
-  EXPECT_EQ(app.SelectedAccount()->GetQIFImportEncoding(), 4);
-  EXPECT_EQ(*app.scheduleReminderTimer().NextFiring() - loop.Now(), seconds(15));
+  EXPECT_FALSE(app.importCommand().QIFImport());  // given up
+  EXPECT_EQ(app.desk().SelectedAccount()->GetQIFImportEncoding(), 4);
+  EXPECT_EQ(*app.idleWatch().scheduleReminderTimer().NextFiring() - loop.Now(), seconds(15));
 
   Begin();
-  EXPECT_EQ(app.SelectedAccount()->GetQIFImportEncoding(), 5);
+  EXPECT_EQ(app.desk().SelectedAccount()->GetQIFImportEncoding(), 5);
   EXPECT_EQ(panels.OpenRequests().back().title + panels.OpenRequests().back().button,
             "ImportImport");
   EXPECT_EQ(import.Options().title, "Importing From:  bank.qif");
-  EXPECT_EQ(app.OpenSheet(), Sheet::ImportOptions);
-  EXPECT_FALSE(app.QIFImport());
-  EXPECT_EQ(app.Commands(), CommandsState());
+  EXPECT_EQ(app.sheets().Current(), Sheet::ImportOptions);
+  EXPECT_FALSE(app.importCommand().QIFImport());
+  EXPECT_EQ(app.menus().Commands(), CommandsState());
   EXPECT_TRUE(import.ImportOptions_OK());
-  EXPECT_EQ(app.Commands(), CommandsState());
+  EXPECT_EQ(app.menus().Commands(), CommandsState());
   loop.AdvanceBy(seconds(100));
-  EXPECT_FALSE(app.scheduleReminderTimer().IsValid());
+  EXPECT_FALSE(app.idleWatch().scheduleReminderTimer().IsValid());
   import.import_Cancel_Button();
-  EXPECT_EQ(*app.scheduleReminderTimer().NextFiring() - loop.Now(), seconds(15));
-  EXPECT_TRUE(app.Commands().import_file);
+  EXPECT_EQ(*app.idleWatch().scheduleReminderTimer().NextFiring() - loop.Now(), seconds(15));
+  EXPECT_TRUE(app.menus().Commands().import_file);
 }
 
 TEST_F(ImportTest, KeepsTheSwapPopUpsAPermutation) {
@@ -119,7 +129,7 @@ TEST_F(ImportTest, StoresTheOptionsAtOnceAndReadsAnewWhenItGoesBack) {
 
   import.ImportEntry_Remove();
   EXPECT_TRUE(import.import_GoBack_Button());
-  EXPECT_EQ(app.OpenSheet(), Sheet::ImportOptions);
+  EXPECT_EQ(app.sheets().Current(), Sheet::ImportOptions);
   typed.date_format = 0;
   import.ImportOptions_Read(typed);
   EXPECT_TRUE(import.ImportOptions_OK());
@@ -134,21 +144,22 @@ TEST_F(ImportTest, EditsAnEntryThroughTheSheetsWithoutTouchingTheAccount) {
   BeginReview();
   import.SelectEntry(import.entries()[1]);
   ASSERT_TRUE(import.ImportEntry_Change());
-  ASSERT_EQ(app.OpenSheet(), Sheet::Debit);
+  ASSERT_EQ(app.sheets().Current(), Sheet::Debit);
   // The new type of the file is offered before "None".
-  const auto& items = app.DebitSheet().type_items;
+  const auto& items = app.entries().Debit().State().type_items;
   ASSERT_NE(IndexOf(items, "Food"), kNoItem);
   EXPECT_EQ(IndexOf(items, "Present"), kNoItem);
   EXPECT_FALSE(import.import_GoBack_Button());
   EXPECT_FALSE(import.Import_OK());
-  auto typed = app.DebitSheet().typed;
+  auto typed = app.entries().Debit().State().typed;
   typed.date = 20040117;
   typed.amount = 5;
   typed.description = "Tea";
   typed.type = IndexOf(items, "Debit Card");
-  app.DebitSheet_Read(typed);
-  EXPECT_FALSE(app.DebitSheet_Deposit());  // nothing new is begun in the account
-  EXPECT_EQ(app.OpenSheet(), Sheet::None);
+  app.entries().Debit().Read(typed);
+  EXPECT_FALSE(
+      app.entries().Debit().OKThenNew(EntryKind::Deposit));  // nothing new is begun in the account
+  EXPECT_EQ(app.sheets().Current(), Sheet::None);
   EXPECT_EQ(Lines(*account), before);
   EXPECT_EQ(import.entries()[1]->GetActualType()->GetName(), "Debit Card");
   // It repeats an entry now. Nothing but the user marks it, though.
@@ -159,7 +170,7 @@ TEST_F(ImportTest, EditsAnEntryThroughTheSheetsWithoutTouchingTheAccount) {
   EXPECT_EQ(match->in_account, 1U);
 
   ASSERT_TRUE(import.ImportEntry_Change());
-  app.DebitSheet_Cancel();
+  app.entries().Debit().Cancel();
   EXPECT_EQ(import.Review().total, 2.0);
 }
 
@@ -171,14 +182,14 @@ TEST_F(ImportTest, CommitsAfterAQuestionAndShowsWhatCame) {
             (std::variant<std::string, double>("Gift")));
   alerts.Answer("Cancel");
   EXPECT_FALSE(import.import_OK_Button());
-  app.Account_Deselect();
+  app.selection().Account_Deselect();
   EXPECT_FALSE(import.Import_OK());
   EXPECT_TRUE(import.Review().account_is_gone);
-  app.Account_Select(account);
+  app.selection().Account_Select(account);
   EXPECT_TRUE(import.import_OK_Button());
   EXPECT_FALSE(import.IsRunning());
   EXPECT_EQ(account->GetEntries().size(), 3U);
-  EXPECT_EQ(app.entryDataSource().GetEntries().size(), 3U);
+  EXPECT_EQ(app.registers().Entry().GetEntries().size(), 3U);
   EXPECT_NE(account->DepositEntryTypeForName("Present"), nullptr);
   EXPECT_TRUE(import.entries().empty());
 }
@@ -189,11 +200,11 @@ TEST_F(ImportTest, IgnoresItsCommandsWhereThereIsNothingToDo) {
   import.ImportEntry_Resolve();
   import.ImportOptions_Cancel();
   EXPECT_FALSE(import.ImportOptions_OK() || import.Import_OK() || import.ImportEntry_Change());
-  app.Account_Deselect();
-  EXPECT_FALSE(app.QIFImport());
-  app.Account_Select(account);
+  app.selection().Account_Deselect();
+  EXPECT_FALSE(app.importCommand().QIFImport());
+  app.selection().Account_Select(account);
   panels.Answer("/home/user/none.qif");
-  ASSERT_TRUE(app.QIFImport());
+  ASSERT_TRUE(app.importCommand().QIFImport());
   ASSERT_TRUE(import.ImportOptions_OK());
   EXPECT_TRUE(import.Review().hints.is_unreadable);
   import.ImportEntry_ImportAll();

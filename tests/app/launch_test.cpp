@@ -2,7 +2,21 @@
 
 #include <functional>
 
+#include "app/accounts/account_editing.h"
+#include "app/accounts/account_selection.h"
+#include "app/accounts/accounts_drawer.h"
+#include "app/desk.h"
+#include "app/entries/entry_editing.h"
+#include "app/face/sheet_slot.h"
+#include "app/shell/application.h"
+#include "app/shell/application_lock.h"
+#include "app/shell/idle_watch.h"
+#include "app/shell/lifecycle.h"
+#include "app/shell/saving.h"
 #include "app/test_application.h"
+#include "app/views/registers.h"
+#include "storage/accounts_store.h"
+#include "storage/preferences_store.h"
 
 namespace tallyfold {
 namespace {
@@ -41,7 +55,7 @@ class LaunchLog final : public FrontEnd, public MainWindow {
   void SetUpControls() override { Note("controls"); }
   void Internationalize() override {
     Note("texts");
-    first_column = test_.app.entryDataSource().VisibleTableColumns().front().identifier;
+    first_column = test_.app.registers().Entry().VisibleTableColumns().front().identifier;
   }
   void SetTabViewImages() override { Note("tab images"); }
   void Show() override { Note("window"); }
@@ -53,7 +67,7 @@ class LaunchLog final : public FrontEnd, public MainWindow {
     if (area == Area::AccountsDrawer) {
       Note(test_.app.accountsDrawer().State().is_open ? "drawer open" : "drawer");
     } else if (area == Area::WindowTitle) {
-      Note(test_.app.WindowTitle());
+      Note(test_.app.selection().WindowTitle());
     } else if (area == Area::Sheet) {
       Note("sheet");
     } else if (area == Area::Updates) {
@@ -75,7 +89,7 @@ class LaunchLog final : public FrontEnd, public MainWindow {
     if (test_.app.preferencesStore().HasPreferences()) line += " P";
     if (test_.speech.Heard().size() > stops) line += "O";
     if (test_.app.accountsStore().HasAccountList()) line += "A";
-    if (test_.app.scheduleReminderTimer().IsValid()) line += "T";
+    if (test_.app.idleWatch().scheduleReminderTimer().IsValid()) line += "T";
     if (lines.empty() || lines.back() != line) lines.push_back(std::move(line));
   }
 
@@ -111,7 +125,7 @@ TEST(Launch, RunsItsStepsInOrder) {
                        "</dict></array>"
                        "<key>checkForUpdates</key><true/></dict></plist>");
     LaunchLog log(test);
-    EXPECT_TRUE(test.app.applicationDidFinishLaunching());
+    EXPECT_TRUE(test.app.lifecycle().applicationDidFinishLaunching());
     Texts expected = {"date picker", "bezels",    "fonts P",        "row heights P",
                       "controls P",  "rows P",    "texts P",        "tab images PO",
                       "window PO",   "drawer PO", "drawer open PO", "rows POA"};
@@ -120,7 +134,7 @@ TEST(Launch, RunsItsStepsInOrder) {
     // The registers have the columns of the remembered account before any account is there.
     EXPECT_EQ(log.first_column, "amount") << c.what;
     EXPECT_EQ(log.last_area, Area::EntryTypeMenu) << c.what;
-    EXPECT_EQ(test.app.initState(), c.password.empty() ? 0 : 2) << c.what;
+    EXPECT_EQ(test.app.applicationLock().initState(), c.password.empty() ? 0 : 2) << c.what;
     // The observations are in place.
     test.notifications.Post(kWillPowerOffNotification);
     EXPECT_EQ(test.host.Requests(), Texts{"flush defaults"}) << c.what;
@@ -154,13 +168,13 @@ TEST(Launch, StopsWithoutAWriteWhereTheProgramEnds) {
     c.prepare(test);
     LaunchLog log(test);
     test.files.ForgetChanges();
-    EXPECT_FALSE(test.app.applicationDidFinishLaunching()) << c.what;
+    EXPECT_FALSE(test.app.lifecycle().applicationDidFinishLaunching()) << c.what;
     EXPECT_EQ(test.host.Requests(), c.requests) << c.what;
     // Neither the closing window nor a power-off writes any more.
-    test.app.windowWillClose();
-    test.app.workspaceWillPowerOffNotification();
-    test.app.Accounts_Save();
-    test.app.Preferences_Save();
+    test.app.lifecycle().windowWillClose();
+    test.app.lifecycle().workspaceWillPowerOffNotification();
+    test.app.saving().Accounts_Save();
+    test.app.saving().Preferences_Save();
     for (const auto& change : test.files.Changes()) {
       EXPECT_FALSE(change.starts_with("write")) << c.what << ": " << change;
     }
@@ -169,9 +183,9 @@ TEST(Launch, StopsWithoutAWriteWhereTheProgramEnds) {
 
 TEST(Launch, WithoutAccountsAsksForTheFirst) {
   TestApplication test(false);
-  EXPECT_TRUE(test.app.applicationDidFinishLaunching());
-  EXPECT_EQ(test.app.OpenSheet(), Sheet::AccountEdit);
-  EXPECT_EQ(test.app.AccountEditSheet().typed.name, "Tallyfold 1");
+  EXPECT_TRUE(test.app.lifecycle().applicationDidFinishLaunching());
+  EXPECT_EQ(test.app.sheets().Current(), Sheet::AccountEdit);
+  EXPECT_EQ(test.app.accountSheet().State().typed.name, "Tallyfold 1");
 }
 
 TEST(ShutDown, SavesUnlessLocked) {
@@ -181,11 +195,12 @@ TEST(ShutDown, SavesUnlessLocked) {
     bool saves;
   } const cases[] = {
       {"unlocked", [](TestApplication&) {}, true},
-      {"with a sheet open", [](TestApplication& t) { t.app.Entry_Debit(); }, true},
+      {"with a sheet open", [](TestApplication& t) { t.app.entries().New(EntryKind::Debit); },
+       true},
       {"locked",
        [](TestApplication& t) {
-         t.app.setPassword("secret");
-         t.app.lock();
+         t.app.applicationLock().setPassword("secret");
+         t.app.applicationLock().lock();
          t.files.ForgetChanges();
        },
        false},
@@ -195,8 +210,8 @@ TEST(ShutDown, SavesUnlessLocked) {
       TestApplication test;
       const auto account = test.AddAccount("A");
       c.prepare(test);
-      power_off ? test.app.workspaceWillPowerOffNotification()
-                : test.app.applicationWillTerminate();
+      power_off ? test.app.lifecycle().workspaceWillPowerOffNotification()
+                : test.app.lifecycle().applicationWillTerminate();
       EXPECT_EQ(test.host.Requests().back(), "flush defaults");
       Texts written;
       for (const auto& change : test.files.Changes()) {
@@ -214,17 +229,17 @@ TEST(ShutDown, SavesUnlessLocked) {
 TEST(MainWindow, EndsTheApplicationWhenItClosesAndIsRedrawnWhenItComesBack) {
   TestApplication test;
   LaunchLog log(test);
-  test.app.ToggleAccountsDrawer();
-  test.app.applicationWillBecomeActive();
-  test.app.applicationWillResignActive();
-  test.app.windowWillClose();
+  test.app.accountsDrawer().ToggleAccountsDrawer();
+  test.app.lifecycle().applicationWillBecomeActive();
+  test.app.lifecycle().applicationWillResignActive();
+  test.app.lifecycle().windowWillClose();
   EXPECT_EQ(log.lines, (Texts{"drawer open PA", "texts PA", "redraw PA", "drawer PA"}));
   EXPECT_EQ(test.host.Requests(), Texts{"terminate"});
   EXPECT_EQ(test.speech.Heard(), Texts{"(stop)"});
-  EXPECT_TRUE(test.app.applicationShouldTerminate());
-  EXPECT_TRUE(test.app.applicationShouldTerminateAfterLastWindowClosed());
+  EXPECT_TRUE(test.app.lifecycle().applicationShouldTerminate());
+  EXPECT_TRUE(test.app.lifecycle().applicationShouldTerminateAfterLastWindowClosed());
   // Closing the drawer with the window is not the user's wish to see it closed.
-  EXPECT_TRUE(test.app.preferences().GetShowAccountsDrawer());
+  EXPECT_TRUE(test.app.desk().preferences().GetShowAccountsDrawer());
   EXPECT_EQ(test.app.accountsDrawer().State().menu_item_title, "Show Accounts");
 }
 

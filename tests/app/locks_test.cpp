@@ -4,6 +4,18 @@
 #include <functional>
 #include <utility>
 
+#include "app/accounts/account_editing.h"
+#include "app/accounts/account_passwords.h"
+#include "app/accounts/account_selection.h"
+#include "app/accounts/accounts_drawer.h"
+#include "app/desk.h"
+#include "app/entries/entry_editing.h"
+#include "app/face/sheet_slot.h"
+#include "app/shell/application_lock.h"
+#include "app/shell/menus.h"
+#include "app/shell/preferences_sheet.h"
+#include "app/shell/saving.h"
+#include "app/shell/text_editing.h"
 #include "app/test_application.h"
 
 namespace tallyfold {
@@ -16,47 +28,49 @@ TEST(ApplicationLock, SavesThenClearsTheScreenThenAsks) {
   test.AddAccount("A");
   const auto b = test.AddAccount("B");
   auto& app = test.app;
-  app.setPassword("Secret");
-  app.setPassword(std::nullopt);
-  EXPECT_EQ(app.password(), "Secret");
-  EXPECT_FALSE(app.authenticate(std::nullopt));
-  EXPECT_TRUE(app.authenticate("wrong"));  // it is not locked yet
-  app.lock();
+  app.applicationLock().setPassword("Secret");
+  app.applicationLock().setPassword(std::nullopt);
+  EXPECT_EQ(app.applicationLock().password(), "Secret");
+  EXPECT_FALSE(app.applicationLock().authenticate(std::nullopt));
+  EXPECT_TRUE(app.applicationLock().authenticate("wrong"));  // it is not locked yet
+  app.applicationLock().lock();
   EXPECT_GE(test.files.Changes().size(), 2U);
-  EXPECT_FALSE(app.authenticated());
-  EXPECT_EQ(app.SelectedAccount(), nullptr);
-  EXPECT_EQ(app.WindowTitle(), "Tallyfold:  No Account Selected");
-  EXPECT_EQ(app.OpenSheet(), Sheet::Authentication);
+  EXPECT_FALSE(app.applicationLock().authenticated());
+  EXPECT_EQ(app.desk().SelectedAccount(), nullptr);
+  EXPECT_EQ(app.selection().WindowTitle(), "Tallyfold:  No Account Selected");
+  EXPECT_EQ(app.sheets().Current(), Sheet::Authentication);
   EXPECT_TRUE(app.accountsDrawer().Rows().empty());
-  EXPECT_TRUE(app.AccountMenu().empty());
-  EXPECT_EQ(app.Commands(), CommandsState());
+  EXPECT_TRUE(app.menus().AccountMenu().empty());
+  EXPECT_EQ(app.menus().Commands(), CommandsState());
 
   // Nothing gets past it or writes.
   test.files.ForgetChanges();
-  app.lock();
-  app.Account_Select(b);
-  EXPECT_EQ(app.SelectedAccount(), nullptr);
-  EXPECT_FALSE(app.Entry_Debit() || app.Account_Add() || app.PreferencesSheet_Open());
-  EXPECT_FALSE(app.authenticate("wrong") || app.Accounts_Save() || app.Preferences_Save());
-  EXPECT_FALSE(app.Accounts_SaveToFilePath("/home/user/copy"));
-  app.CancelOpenSheet();
-  EXPECT_EQ(app.OpenSheet(), Sheet::Authentication);
+  app.applicationLock().lock();
+  app.selection().Account_Select(b);
+  EXPECT_EQ(app.desk().SelectedAccount(), nullptr);
+  EXPECT_FALSE(app.entries().New(EntryKind::Debit) || app.accountSheet().Account_Add() ||
+               app.preferencesSheet().Open());
+  EXPECT_FALSE(app.applicationLock().authenticate("wrong") || app.saving().Accounts_Save() ||
+               app.saving().Preferences_Save());
+  EXPECT_FALSE(app.saving().Accounts_SaveToFilePath("/home/user/copy"));
+  app.sheets().CancelOpen();
+  EXPECT_EQ(app.sheets().Current(), Sheet::Authentication);
   EXPECT_TRUE(test.files.Changes().empty());
 
   for (const auto& [typed, is_right] :
        {std::pair{"", false}, {"secret", false}, {"Secret ", false}, {"Secret", true}}) {
-    app.authenticationSheet_ValidatePassword(typed);
-    EXPECT_EQ(app.authenticationSheet().ok_is_enabled, is_right) << typed;
+    app.applicationLock().ValidatePassword(typed);
+    EXPECT_EQ(app.applicationLock().State().ok_is_enabled, is_right) << typed;
     if (is_right) break;
-    EXPECT_FALSE(app.authenticationSheet_OK()) << typed;
+    EXPECT_FALSE(app.applicationLock().OK()) << typed;
   }
   // The preference counts, not what was shown before.
-  app.preferences().SetSelectedAccountNumber(1);
-  EXPECT_TRUE(app.authenticationSheet_OK());
-  EXPECT_EQ(app.OpenSheet(), Sheet::None);
-  EXPECT_EQ(app.SelectedAccount(), nullptr);  // only after the current event
+  app.desk().preferences().SetSelectedAccountNumber(1);
+  EXPECT_TRUE(app.applicationLock().OK());
+  EXPECT_EQ(app.sheets().Current(), Sheet::None);
+  EXPECT_EQ(app.desk().SelectedAccount(), nullptr);  // only after the current event
   test.loop.FinishEvent();
-  EXPECT_EQ(app.SelectedAccount()->GetName(), "A");
+  EXPECT_EQ(app.desk().SelectedAccount()->GetName(), "A");
 }
 
 // Notes what a password sheet does to the window, and which sheet is open meanwhile.
@@ -78,7 +92,7 @@ struct SheetLog final : FrontEnd, MainWindow {
     if (area == Area::Sheet) Note("sheet");
   }
   void Note(std::string line) {
-    if (app.OpenSheet() != Sheet::None) line += " (open)";
+    if (app.sheets().Current() != Sheet::None) line += " (open)";
     lines.push_back(std::move(line));
   }
 
@@ -93,30 +107,30 @@ TEST(PasswordSheets, TakeTheFocusAndGiveItBack) {
   auto& app = test.app;
   const auto account = test.AddAccount("A");
   SheetLog log(app);
-  app.setPassword("x");
-  app.lock();
+  app.applicationLock().setPassword("x");
+  app.applicationLock().lock();
   EXPECT_EQ(std::exchange(log.lines, {}), opening);
-  app.authenticationSheet_ValidatePassword("x");
-  app.authenticationSheet_OK();
+  app.applicationLock().ValidatePassword("x");
+  app.applicationLock().OK();
   EXPECT_EQ(std::exchange(log.lines, {}), closing);
   test.loop.FinishEvent();
   EXPECT_EQ(std::exchange(log.lines, {}), Texts{"accounts table"});
 
   account->SetPassword("y");
-  app.Account_Lock(account);
-  app.Account_Select(account);
+  app.accountPasswords().Account_Lock(account);
+  app.selection().Account_Select(account);
   EXPECT_EQ(std::exchange(log.lines, {}), opening);
-  app.accountAuthenticationSheet_Cancel_Button();
+  app.accountPasswords().AccountAuthenticationSheet_Cancel();
   EXPECT_EQ(log.lines, closing);
 }
 
 TEST(ApplicationLock, EndsTheProgramWhenItIsCancelled) {
   TestApplication test;
-  test.app.setPassword("x");
-  test.app.lock();
-  test.app.authenticationSheet_Cancel();
+  test.app.applicationLock().setPassword("x");
+  test.app.applicationLock().lock();
+  test.app.applicationLock().Cancel();
   EXPECT_EQ(test.host.Requests(), Texts{"terminate"});
-  EXPECT_FALSE(test.app.authenticated());
+  EXPECT_FALSE(test.app.applicationLock().authenticated());
 }
 
 // Three accounts, of which the first two have passwords and are locked, the third is selected.
@@ -136,65 +150,64 @@ struct LockedAccounts : TestApplication {
 TEST(AccountPasswords, AreAskedForAndLeaveTheSelectionUntilGiven) {
   LockedAccounts test;
   auto& app = test.app;
-  app.Account_Select(test.a);
-  EXPECT_EQ(app.AccountAuthenticationSheet().title,
-            "The Account \"A\" is protected by a password.");
-  EXPECT_EQ(app.SelectedAccount(), test.c);
-  app.AccountAuthenticationSheet_Cancel();
-  EXPECT_EQ(app.SelectedAccount(), test.c);
+  app.selection().Account_Select(test.a);
+  EXPECT_EQ(app.accountPasswords().State().title, "The Account \"A\" is protected by a password.");
+  EXPECT_EQ(app.desk().SelectedAccount(), test.c);
+  app.accountPasswords().AccountAuthenticationSheet_Cancel();
+  EXPECT_EQ(app.desk().SelectedAccount(), test.c);
 
-  app.Account_Select(test.b);
-  EXPECT_EQ(app.authenticatingAccount(), test.b);
+  app.selection().Account_Select(test.b);
+  EXPECT_EQ(app.accountPasswords().authenticatingAccount(), test.b);
   for (const auto& [typed, is_right] : {std::pair{"Key", false}, {"key", true}}) {
-    app.accountAuthenticationSheet_ValidatePassword(typed);
-    EXPECT_EQ(app.AccountAuthenticationSheet().ok_is_enabled, is_right);
-    EXPECT_EQ(app.accountAuthenticationSheet_OK_Button(), is_right);
-    EXPECT_EQ(app.SelectedAccount(), is_right ? test.b : test.c);
+    app.accountPasswords().ValidatePassword(typed);
+    EXPECT_EQ(app.accountPasswords().State().ok_is_enabled, is_right);
+    EXPECT_EQ(app.accountPasswords().AccountAuthenticationSheet_OK(), is_right);
+    EXPECT_EQ(app.desk().SelectedAccount(), is_right ? test.b : test.c);
   }
 
-  app.Account_Lock(test.b);
-  app.Account_Lock(nullptr);
-  EXPECT_EQ(app.SelectedAccount(), nullptr);
-  app.Account_Select(test.a);
-  app.AccountAuthenticationSheet_Cancel();
-  EXPECT_EQ(app.SelectedAccount(), nullptr);
+  app.accountPasswords().Account_Lock(test.b);
+  app.accountPasswords().Account_Lock(nullptr);
+  EXPECT_EQ(app.desk().SelectedAccount(), nullptr);
+  app.selection().Account_Select(test.a);
+  app.accountPasswords().AccountAuthenticationSheet_Cancel();
+  EXPECT_EQ(app.desk().SelectedAccount(), nullptr);
 }
 
 TEST(AccountPasswords, AskedForWithoutNeedBlockFurtherOnesUntilASheetCloses) {
   LockedAccounts test;
   auto& app = test.app;
-  app.Account_Authenticate(nullptr);
-  EXPECT_EQ(app.authenticatingAccount(), nullptr);
-  app.Account_Authenticate(test.c);
-  EXPECT_EQ(app.authenticatingAccount(), test.c);
-  EXPECT_EQ(app.OpenSheet(), Sheet::None);
-  app.Account_Select(test.a);
-  EXPECT_EQ(app.OpenSheet(), Sheet::None);
-  EXPECT_EQ(app.SelectedAccount(), test.c);
-  app.AccountAuthenticationSheet_Close();
-  app.Account_Select(test.a);
-  EXPECT_EQ(app.OpenSheet(), Sheet::AccountAuthentication);
+  app.accountPasswords().Account_Authenticate(nullptr);
+  EXPECT_EQ(app.accountPasswords().authenticatingAccount(), nullptr);
+  app.accountPasswords().Account_Authenticate(test.c);
+  EXPECT_EQ(app.accountPasswords().authenticatingAccount(), test.c);
+  EXPECT_EQ(app.sheets().Current(), Sheet::None);
+  app.selection().Account_Select(test.a);
+  EXPECT_EQ(app.sheets().Current(), Sheet::None);
+  EXPECT_EQ(app.desk().SelectedAccount(), test.c);
+  app.accountPasswords().AccountAuthenticationSheet_Close();
+  app.selection().Account_Select(test.a);
+  EXPECT_EQ(app.sheets().Current(), Sheet::AccountAuthentication);
 }
 
 TEST(TypedFields, GoWhereTheyBelong) {
   LockedAccounts test;
   auto& app = test.app;
-  using Field = LDGRController::TypedField;
-  app.controlTextDidChange(Field::Search, "food");
+  using Field = TextEditing::TypedField;
+  app.textEditing().controlTextDidChange(Field::Search, "food");
   EXPECT_EQ(test.c->entryFilterData().StringValue(), "food");
-  app.Account_Select(test.a);
-  app.controlTextDidChange(Field::AccountPassword, "key");
-  EXPECT_TRUE(app.AccountAuthenticationSheet().ok_is_enabled);
-  app.AccountAuthenticationSheet_Cancel();
-  app.PreferencesSheet_Open();
-  app.controlTextDidChange(Field::PreferencesPassword, "x");
-  EXPECT_TRUE(app.preferencesSheet().passwords_differ);
-  app.controlTextDidChange(Field::PreferencesPasswordAgain, "x");
-  EXPECT_FALSE(app.preferencesSheet().passwords_differ);
-  app.PreferencesSheet_OK();
-  app.lock();
-  app.controlTextDidChange(Field::Password, "x");
-  EXPECT_TRUE(app.authenticationSheet().ok_is_enabled);
+  app.selection().Account_Select(test.a);
+  app.textEditing().controlTextDidChange(Field::AccountPassword, "key");
+  EXPECT_TRUE(app.accountPasswords().State().ok_is_enabled);
+  app.accountPasswords().AccountAuthenticationSheet_Cancel();
+  app.preferencesSheet().Open();
+  app.textEditing().controlTextDidChange(Field::PreferencesPassword, "x");
+  EXPECT_TRUE(app.preferencesSheet().State().passwords_differ);
+  app.textEditing().controlTextDidChange(Field::PreferencesPasswordAgain, "x");
+  EXPECT_FALSE(app.preferencesSheet().State().passwords_differ);
+  app.preferencesSheet().OK();
+  app.applicationLock().lock();
+  app.textEditing().controlTextDidChange(Field::Password, "x");
+  EXPECT_TRUE(app.applicationLock().State().ok_is_enabled);
 }
 
 TEST(PreferencesSheet, PutsItsCopyInForceAtOKAlone) {
@@ -202,22 +215,22 @@ TEST(PreferencesSheet, PutsItsCopyInForceAtOKAlone) {
   auto& app = test.app;
   test.AddAccount("A");
   for (const bool ok : {false, true}) {
-    ASSERT_TRUE(app.PreferencesSheet_Open());
-    EXPECT_FALSE(app.PreferencesSheet_Open());
-    app.PreferencesSheet_SetField("backupInterval", "30");
-    app.PreferencesSheet_DefaultAppearanceSettings();
-    app.preferencesSheet_PasswordValidate("x", "x");
+    ASSERT_TRUE(app.preferencesSheet().Open());
+    EXPECT_FALSE(app.preferencesSheet().Open());
+    app.preferencesSheet().SetField("backupInterval", "30");
+    app.preferencesSheet().DefaultAppearanceSettings();
+    app.preferencesSheet().PasswordValidate("x", "x");
     test.front_end.refuses = true;
-    EXPECT_FALSE(app.PreferencesSheet_OK());
+    EXPECT_FALSE(app.preferencesSheet().OK());
     test.front_end.refuses = false;
-    ok ? void(app.PreferencesSheet_OK()) : app.PreferencesSheet_Cancel();
-    EXPECT_EQ(app.preferences().GetBackupInterval(), ok ? 30 : 7);
-    EXPECT_EQ(app.preferences().GetDebitColor_Red(), ok ? 0.0F : 1.0F);
-    EXPECT_EQ(app.password(), ok ? "x" : "");
+    ok ? void(app.preferencesSheet().OK()) : app.preferencesSheet().Cancel();
+    EXPECT_EQ(app.desk().preferences().GetBackupInterval(), ok ? 30 : 7);
+    EXPECT_EQ(app.desk().preferences().GetDebitColor_Red(), ok ? 0.0F : 1.0F);
+    EXPECT_EQ(app.applicationLock().password(), ok ? "x" : "");
   }
-  EXPECT_EQ(app.preferences().GetSelectedAccountNumber(), 1);
+  EXPECT_EQ(app.desk().preferences().GetSelectedAccountNumber(), 1);
   EXPECT_TRUE(app.accountsDrawer().State().is_open);
-  EXPECT_TRUE(app.authenticated());
+  EXPECT_TRUE(app.applicationLock().authenticated());
 }
 
 TEST(PreferencesSheet, KeepsItsSecurityTabWhileThePasswordsDiffer) {
@@ -228,17 +241,17 @@ TEST(PreferencesSheet, KeepsItsSecurityTabWhileThePasswordsDiffer) {
   TestApplication test;
   auto& app = test.app;
   app.SetMainWindow(&window);
-  app.PreferencesSheet_Open();
-  EXPECT_TRUE(app.PreferencesSheet_SelectTab("security"));
-  app.preferencesSheet_PasswordValidate("x", "");
-  EXPECT_FALSE(app.PreferencesSheet_SelectTab("general"));
-  EXPECT_EQ(app.preferencesSheet().tab, "security");
+  app.preferencesSheet().Open();
+  EXPECT_TRUE(app.preferencesSheet().SelectTab("security"));
+  app.preferencesSheet().PasswordValidate("x", "");
+  EXPECT_FALSE(app.preferencesSheet().SelectTab("general"));
+  EXPECT_EQ(app.preferencesSheet().State().tab, "security");
   EXPECT_EQ(window.focused, 0);
   test.loop.FinishEvent();
   EXPECT_EQ(window.focused, 1);
-  EXPECT_FALSE(app.PreferencesSheet_OK());
-  app.preferencesSheet_PasswordValidate("x", "x");
-  EXPECT_TRUE(app.PreferencesSheet_SelectTab("general"));
+  EXPECT_FALSE(app.preferencesSheet().OK());
+  app.preferencesSheet().PasswordValidate("x", "x");
+  EXPECT_TRUE(app.preferencesSheet().SelectTab("general"));
 }
 
 }  // namespace

@@ -2,7 +2,10 @@
 
 #include <gtest/gtest.h>
 
+#include "app/shell/application_lock.h"
+#include "app/shell/tabs.h"
 #include "app/test_application.h"
+#include "filters/register_search.h"
 #include "printing/plain_text.h"
 
 namespace tallyfold {
@@ -13,8 +16,8 @@ std::string Printed(LDGRController& app, PrintKind kind) {
   const FixedPitchMetric metric;
   PrintOptions options;
   options.paper = PlainTextPaper();
-  const auto pages = app.Print_Pages(kind, options, metric);
-  EXPECT_EQ(pages.has_value(), app.Print_IsPossible(kind));
+  const auto pages = app.printing().MakePages(kind, options, metric);
+  EXPECT_EQ(pages.has_value(), app.printing().CanPrint(kind));
   return pages ? pages->PageAt(0).runs.at(1).text : "nothing";
 }
 
@@ -31,15 +34,15 @@ TEST(Printing, PrintsWhatTheTabShowsOfTheSelectedAccount) {
                      {Tab::Schedule, "Scheduled Entries"},
                      {Tab::Summary, "Custom..."}};
   for (const Case& c : cases) {
-    test.app.SelectTab(c.tab);
-    EXPECT_EQ(Printed(test.app, test.app.Print_KindShown()), c.head);
+    test.app.tabs().Select(c.tab);
+    EXPECT_EQ(Printed(test.app, test.app.printing().KindShown()), c.head);
   }
 
   // The register used last goes on being printed, with the filter it has.
-  test.app.SelectTab(Tab::Reconcile);
+  test.app.tabs().Select(Tab::Reconcile);
   account->setReconcileFilterType(81);
-  test.app.Search();
-  test.app.SelectTab(Tab::Summary);
+  test.app.search().Search();
+  test.app.tabs().Select(Tab::Summary);
   EXPECT_EQ(Printed(test.app, PrintKind::Register), "Register: Unresolved");
 
   account->setSelectedAccountSummary(nullptr);
@@ -48,8 +51,8 @@ TEST(Printing, PrintsWhatTheTabShowsOfTheSelectedAccount) {
   account->setAuthenticated(false);
   EXPECT_EQ(Printed(test.app, PrintKind::Register), "nothing");
   account->setAuthenticated(true);
-  test.app.setPassword("secret");
-  test.app.lock();
+  test.app.applicationLock().setPassword("secret");
+  test.app.applicationLock().lock();
   EXPECT_EQ(Printed(test.app, PrintKind::Reconcile), "nothing");
 }
 

@@ -5,23 +5,31 @@
 #include <algorithm>
 #include <limits>
 
+#include "app/desk.h"
+#include "app/entries/entry_editing.h"
+#include "app/entries/transfer_links.h"
+#include "app/shell/saving.h"
+#include "app/shell/tabs.h"
 #include "app/test_application.h"
+#include "app/views/balance_field.h"
+#include "app/views/registers.h"
+#include "filters/register_search.h"
 
 namespace tallyfold {
 namespace {
 
 TEST(BalanceField, ShowsTheBalanceOfItsMode) {
   TestApplication test;
-  test.app.AccountBalance_PopUp_Populate(2);
-  EXPECT_EQ(test.app.AccountBalance_Field().text, "");
+  test.app.balanceField().AccountBalance_PopUp_Populate(2);
+  EXPECT_EQ(test.app.balanceField().State().text, "");
   const auto account = test.AddAccount("A");
   account->SetStartingBalance(100.0);
   const auto food = test.AddDebit(30.0, "Food");
   food->SetCleared(true);
   const auto rent = test.AddDebit(50.0, "Rent");
   rent->SetDate(20040401);
-  test.app.Search_Field("Food");
-  test.app.Search();
+  test.app.search().Search_Field("Food");
+  test.app.search().Search();
   struct Case {
     std::int32_t chosen;
     std::int32_t mode;
@@ -31,41 +39,41 @@ TEST(BalanceField, ShowsTheBalanceOfItsMode) {
       {4, 4, "-$30.00"}, {5, 5, ""},       {6, 0, "$20.00"}, {-1, 0, "$20.00"},
   };
   for (const Case& c : cases) {
-    test.app.AccountBalance_PopUp(c.chosen);
-    const BalanceFieldState state = test.app.AccountBalance_Field();
+    test.app.balanceField().AccountBalance_PopUp(c.chosen);
+    const BalanceFieldState state = test.app.balanceField().State();
     EXPECT_EQ(static_cast<std::int32_t>(state.mode), c.mode);
     EXPECT_EQ(state.text, c.text) << c.chosen;
     EXPECT_EQ(state.mode_items.size(), 6U);
   }
-  test.app.AccountBalance_PopUp(5);
+  test.app.balanceField().AccountBalance_PopUp(5);
   test.front_end.changed.clear();
-  test.app.SelectEntry(food);
+  test.app.desk().SelectEntry(food);
   EXPECT_TRUE(std::ranges::find(test.front_end.changed, Area::Balance) !=
               test.front_end.changed.end());
-  EXPECT_EQ(test.app.AccountBalance_Field().text, "$70.00");
+  EXPECT_EQ(test.app.balanceField().State().text, "$70.00");
   // The mode is kept with the preferences.
-  EXPECT_TRUE(test.app.Preferences_Save());
-  EXPECT_EQ(test.app.preferences().GetBalanceMode(), 5);
+  EXPECT_TRUE(test.app.saving().Preferences_Save());
+  EXPECT_EQ(test.app.desk().preferences().GetBalanceMode(), 5);
 }
 
 TEST(ReconcileTab, StoresTheStatementBalanceAndShowsWhatIsMissing) {
   TestApplication test;
-  EXPECT_FALSE(test.app.ReconcileTab_StatementBalance_EndEditing(1.0));
-  EXPECT_FALSE(test.app.ReconcileTab_Figures().is_enabled);
+  EXPECT_FALSE(test.app.reconcileTab().StatementBalance_EndEditing(1.0));
+  EXPECT_FALSE(test.app.reconcileTab().State().is_enabled);
   const auto account = test.AddAccount("A");
-  EXPECT_EQ(test.app.ReconcileTab_Figures().difference, "Balanced");
+  EXPECT_EQ(test.app.reconcileTab().State().difference, "Balanced");
   const auto food = test.AddDebit(30.0);
-  EXPECT_TRUE(test.app.ReconcileTab_StatementBalance_EndEditing(-30.004));
+  EXPECT_TRUE(test.app.reconcileTab().StatementBalance_EndEditing(-30.004));
   EXPECT_EQ(account->statementBalance(), -30.0);
   const double inf = std::numeric_limits<double>::infinity();
   for (const double bad : {inf, inf - inf, 1e13}) {
-    EXPECT_FALSE(test.app.ReconcileTab_StatementBalance_EndEditing(bad));
+    EXPECT_FALSE(test.app.reconcileTab().StatementBalance_EndEditing(bad));
   }
-  EXPECT_EQ(test.app.ReconcileTab_Figures().difference, "-$30.00");
-  EXPECT_EQ(test.app.ReconcileTab_Figures().explanation->entries, EntryList{food});
-  test.app.currentTableDataSource_Cleared_CheckBox(food);
-  EXPECT_EQ(test.app.ReconcileTab_Figures().difference, "Balanced");
-  EXPECT_FALSE(test.app.ReconcileTab_Figures().explanation);
+  EXPECT_EQ(test.app.reconcileTab().State().difference, "-$30.00");
+  EXPECT_EQ(test.app.reconcileTab().State().explanation->entries, EntryList{food});
+  test.app.entries().TurnClearedOver(food);
+  EXPECT_EQ(test.app.reconcileTab().State().difference, "Balanced");
+  EXPECT_FALSE(test.app.reconcileTab().State().explanation);
 }
 
 TEST(ClearedMarks, AreTurnedOverByKeyRowByRowAndApartForTheHalvesOfATransfer) {
@@ -76,21 +84,21 @@ TEST(ClearedMarks, AreTurnedOverByKeyRowByRowAndApartForTheHalvesOfATransfer) {
   const auto half = test.AddTransferTo(*other, 2.0);
   const auto last = test.AddDebit(3.0);
   account->setReconcileFilterType(81);  // unresolved entries
-  test.app.SelectTab(Tab::Reconcile);
-  auto& rows = test.app.reconcileDataSource();
+  test.app.tabs().Select(Tab::Reconcile);
+  auto& rows = test.app.registers().Reconcile();
   rows.SelectRow(0);
-  ASSERT_EQ(test.app.SelectedEntry(), first);
-  for (int i = 0; i < 3; ++i) EXPECT_TRUE(test.app.currentTableDataSource_Cleared_Key());
+  ASSERT_EQ(test.app.desk().SelectedEntry(), first);
+  for (int i = 0; i < 3; ++i) EXPECT_TRUE(test.app.reconcileTab().TurnClearedOverAndMoveOn());
   EXPECT_TRUE(first->GetCleared() && half->GetCleared() && last->GetCleared());
-  EXPECT_FALSE(test.app.Transfer_LinkedEntry(half.get())->GetCleared());
+  EXPECT_FALSE(test.app.transferLinks().Transfer_LinkedEntry(half.get())->GetCleared());
   // Nothing left the filter yet; the last row stays selected, and its mark goes over again.
   EXPECT_EQ(rows.GetEntries().size(), 3U);
-  EXPECT_TRUE(test.app.currentTableDataSource_Cleared_Key());
+  EXPECT_TRUE(test.app.reconcileTab().TurnClearedOverAndMoveOn());
   EXPECT_FALSE(last->GetCleared());
-  test.app.ReconcileTab_Enter();
+  test.app.tabs().ReconcileTab_Enter();
   EXPECT_EQ(rows.GetEntries(), EntryList{last});
-  test.app.SelectEntry(nullptr);
-  EXPECT_FALSE(test.app.currentTableDataSource_Cleared_Key());
+  test.app.desk().SelectEntry(nullptr);
+  EXPECT_FALSE(test.app.reconcileTab().TurnClearedOverAndMoveOn());
 }
 
 }  // namespace

@@ -5,7 +5,21 @@
 #include <chrono>
 #include <functional>
 
+#include "app/accounts/account_editing.h"
+#include "app/accounts/account_selection.h"
+#include "app/desk.h"
+#include "app/entries/amount_fields.h"
+#include "app/entries/entry_editing.h"
+#include "app/entries/entry_removal.h"
+#include "app/entries/entry_reveal.h"
+#include "app/shell/application.h"
+#include "app/shell/application_lock.h"
+#include "app/shell/lifecycle.h"
+#include "app/shell/preferences_sheet.h"
+#include "app/shell/tabs.h"
 #include "app/test_application.h"
+#include "filters/register_search.h"
+#include "registers/entry_speaker.h"
 
 namespace tallyfold {
 namespace {
@@ -20,12 +34,12 @@ Texts Descriptions(const LDGRAccountTableViewData& shown) {
 
 // Adds an entry of that day through its sheet.
 void Add(TestApplication& test, DateNumber date, const std::string& description) {
-  test.app.Entry_Debit();
-  auto typed = test.app.DebitSheet().typed;
+  test.app.entries().New(EntryKind::Debit);
+  auto typed = test.app.entries().Debit().State().typed;
   typed.date = date;
   typed.description = description;
-  test.app.DebitSheet_Read(typed);
-  test.app.DebitSheet_OK();
+  test.app.entries().Debit().Read(typed);
+  test.app.entries().Debit().OK();
 }
 
 TEST(Registers, FollowTheEntriesOfTheSelectedAccount) {
@@ -34,44 +48,44 @@ TEST(Registers, FollowTheEntriesOfTheSelectedAccount) {
   const auto a = test.AddAccount("A");
   Add(test, 20040302, "second");
   Add(test, 20040301, "first");
-  EXPECT_EQ(Descriptions(app.entryDataSource()), (Texts{"first", "second"}));
-  EXPECT_EQ(Descriptions(app.reconcileDataSource()), (Texts{"first", "second"}));
-  EXPECT_EQ(app.SelectedEntry()->GetDescription(), "first");
+  EXPECT_EQ(Descriptions(app.registers().Entry()), (Texts{"first", "second"}));
+  EXPECT_EQ(Descriptions(app.registers().Reconcile()), (Texts{"first", "second"}));
+  EXPECT_EQ(app.desk().SelectedEntry()->GetDescription(), "first");
 
-  app.Entry_Delete();
-  EXPECT_EQ(Descriptions(app.entryDataSource()), Texts{"second"});
+  app.entryRemoval().Entry_Delete();
+  EXPECT_EQ(Descriptions(app.registers().Entry()), Texts{"second"});
   const auto b = test.AddAccount("B");
-  EXPECT_TRUE(app.entryDataSource().GetEntries().empty());
-  app.Account_Select(a);
-  EXPECT_EQ(Descriptions(app.entryDataSource()), Texts{"second"});
-  app.setPassword("x");
-  app.lock();
-  EXPECT_EQ(app.entryDataSource().numberOfRowsInTableView(), 0U);
-  EXPECT_EQ(app.entryDataSource().GetAccount(), nullptr);
+  EXPECT_TRUE(app.registers().Entry().GetEntries().empty());
+  app.selection().Account_Select(a);
+  EXPECT_EQ(Descriptions(app.registers().Entry()), Texts{"second"});
+  app.applicationLock().setPassword("x");
+  app.applicationLock().lock();
+  EXPECT_EQ(app.registers().Entry().numberOfRowsInTableView(), 0U);
+  EXPECT_EQ(app.registers().Entry().GetAccount(), nullptr);
 }
 
 TEST(Registers, LeaveOtherRowsAloneWhenFiltersDoNotFollow) {
   TestApplication test;
   auto& app = test.app;
   test.AddAccount("A");
-  app.preferences().SetLiveUpdatingFilters(false);
-  app.Filter_Select(31);  // this month
+  app.desk().preferences().SetLiveUpdatingFilters(false);
+  app.search().Filter_Select(31);  // this month
   Add(test, 20040302, "stays");
   Add(test, 20040201, "hidden");
   Add(test, 20040301, "fits");
-  EXPECT_EQ(Descriptions(app.entryDataSource()), (Texts{"fits", "stays"}));
+  EXPECT_EQ(Descriptions(app.registers().Entry()), (Texts{"fits", "stays"}));
 
   // A row that no longer passes stays until the register is filtered again.
-  app.Entry_Edit();
-  auto typed = app.DebitSheet().typed;
+  app.entries().Entry_Edit();
+  auto typed = app.entries().Debit().State().typed;
   typed.date = 20040202;
-  app.DebitSheet_Read(typed);
-  app.DebitSheet_OK();
-  EXPECT_EQ(Descriptions(app.entryDataSource()), (Texts{"fits", "stays"}));
-  EXPECT_EQ(app.HiddenEntry().text, "Changed; hidden by the filter 'This Month'");
-  app.Search();
-  EXPECT_EQ(Descriptions(app.entryDataSource()), Texts{"stays"});
-  EXPECT_EQ(app.HiddenEntry().text, "");
+  app.entries().Debit().Read(typed);
+  app.entries().Debit().OK();
+  EXPECT_EQ(Descriptions(app.registers().Entry()), (Texts{"fits", "stays"}));
+  EXPECT_EQ(app.entryReveal().State().text, "Changed; hidden by the filter 'This Month'");
+  app.search().Search();
+  EXPECT_EQ(Descriptions(app.registers().Entry()), Texts{"stays"});
+  EXPECT_EQ(app.entryReveal().State().text, "");
 }
 
 TEST(Registers, KeepARowWhoseMarkNoLongerPasses) {
@@ -79,17 +93,17 @@ TEST(Registers, KeepARowWhoseMarkNoLongerPasses) {
   auto& app = test.app;
   const auto account = test.AddAccount("A");
   Add(test, 20040302, "x");
-  app.SelectTab(Tab::Reconcile);
-  app.Filter_Select(81);  // unresolved
-  const auto entry = app.reconcileDataSource().RowToEntry(0);
+  app.tabs().Select(Tab::Reconcile);
+  app.search().Filter_Select(81);  // unresolved
+  const auto entry = app.registers().Reconcile().RowToEntry(0);
   const auto revision = account->Revision();
-  app.currentTableDataSource_Cleared_CheckBox(entry);
+  app.entries().TurnClearedOver(entry);
   EXPECT_TRUE(entry->GetCleared());
   EXPECT_GT(account->Revision(), revision);
-  EXPECT_EQ(app.reconcileDataSource().GetEntries().size(), 1U);
+  EXPECT_EQ(app.registers().Reconcile().GetEntries().size(), 1U);
   EXPECT_EQ(account->entryFilterType(), 0);
-  app.Search();
-  EXPECT_TRUE(app.reconcileDataSource().GetEntries().empty());
+  app.search().Search();
+  EXPECT_TRUE(app.registers().Reconcile().GetEntries().empty());
 }
 
 TEST(Registers, RememberHowEachAccountWasShown) {
@@ -97,14 +111,14 @@ TEST(Registers, RememberHowEachAccountWasShown) {
   auto& app = test.app;
   const auto a = test.AddAccount("A");
   const auto b = test.AddAccount("B");
-  app.Account_Select(a);
-  app.entryDataSource().HideTableColumnWithIdentifier("check");
-  app.entryDataSource().GetTableView()->MoveColumn(0, 3);
-  const auto columns = app.entryDataSource().VisibleTableColumns();
-  app.Account_Select(b);
-  EXPECT_NE(app.entryDataSource().VisibleTableColumns(), columns);
-  app.Account_Select(a);
-  EXPECT_EQ(app.entryDataSource().VisibleTableColumns(), columns);
+  app.selection().Account_Select(a);
+  app.registers().Entry().HideTableColumnWithIdentifier("check");
+  app.registers().Entry().GetTableView()->MoveColumn(0, 3);
+  const auto columns = app.registers().Entry().VisibleTableColumns();
+  app.selection().Account_Select(b);
+  EXPECT_NE(app.registers().Entry().VisibleTableColumns(), columns);
+  app.selection().Account_Select(a);
+  EXPECT_EQ(app.registers().Entry().VisibleTableColumns(), columns);
 }
 
 TEST(Reading, EndsWithTheUsersInputAndTheWindow) {
@@ -115,20 +129,20 @@ TEST(Reading, EndsWithTheUsersInputAndTheWindow) {
   TestApplication test(false);
   auto& app = test.app;
   app.SetMainWindow(&window);
-  ASSERT_TRUE(app.applicationDidFinishLaunching());
-  app.AccountEditSheet_OK();
+  ASSERT_TRUE(app.lifecycle().applicationDidFinishLaunching());
+  app.accountSheet().AccountEditSheet_OK();
   for (int i = 0; i < 3; ++i) Add(test, 20040301 + i, "x");
 
-  app.SpeakEntries();
-  EXPECT_TRUE(app.IsReadingEntries());
+  app.speaker().SpeakEntries();
+  EXPECT_TRUE(app.speaker().IsReading());
   app.application().sendEvent(EventType::KeyDown);
-  EXPECT_FALSE(app.IsReadingEntries());
-  app.SpeakEntries();
-  app.SelectTab(Tab::Reconcile);
-  EXPECT_FALSE(app.IsReadingEntries());
+  EXPECT_FALSE(app.speaker().IsReading());
+  app.speaker().SpeakEntries();
+  app.tabs().Select(Tab::Reconcile);
+  EXPECT_FALSE(app.speaker().IsReading());
   window.is_main = false;
-  app.SpeakEntries();
-  EXPECT_FALSE(app.IsReadingEntries());
+  app.speaker().SpeakEntries();
+  EXPECT_FALSE(app.speaker().IsReading());
 }
 
 TEST(AmountFields, EchoDigitsWhereTheUserWantsIt) {
@@ -136,9 +150,9 @@ TEST(AmountFields, EchoDigitsWhereTheUserWantsIt) {
   auto& app = test.app;
   EXPECT_TRUE(app.amountFields().debit.textView({}, "1"));
   EXPECT_TRUE(test.field_speech.Heard().empty());
-  app.PreferencesSheet_Open();
-  app.preferencesSheet().settings->SetSpeakEntryAmounts(true);
-  app.PreferencesSheet_OK();
+  app.preferencesSheet().Open();
+  app.preferencesSheet().State().settings->SetSpeakEntryAmounts(true);
+  app.preferencesSheet().OK();
   for (const char* digit : {"1", "2"}) {  // each key is heard to its end
     app.application().sendEvent(EventType::KeyDown);
     EXPECT_TRUE(app.amountFields().debit.textView({}, digit));

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include "app/accounts/account_selection.h"
 #include "app/test_application.h"
 
 namespace tallyfold {
@@ -29,18 +30,18 @@ TEST(DueOccurrences, ComeByDayAndAreCommittedOnce) {
   check->SetIsCheck(true);
   check->SetCheckNumber(7);
 
-  const auto due = test.app.Schedules_Due(20040307);
+  const auto due = test.app.scheduleCommit().Due(20040307);
   ASSERT_EQ(due.size(), 3U);
   EXPECT_EQ(due[1].entry->GetDate(), 20040215);
-  for (const auto& occurrence : due) EXPECT_TRUE(test.app.Schedule_CommitOccurrence(occurrence));
+  for (const auto& occurrence : due) EXPECT_TRUE(test.app.scheduleCommit().Commit(occurrence));
   EXPECT_EQ(Lines(*account),
             (Texts{"#1 20040201 debit -10.00", "#2 20040215 debit -10.00 check=101",
                    "#3 20040301 debit -10.00"}));
   for (const auto& occurrence : due) {
-    EXPECT_FALSE(test.app.Schedule_CommitOccurrence(occurrence));
-    EXPECT_FALSE(test.app.Schedule_SkipOccurrence(occurrence));
+    EXPECT_FALSE(test.app.scheduleCommit().Commit(occurrence));
+    EXPECT_FALSE(test.app.scheduleCommit().Skip(occurrence));
   }
-  EXPECT_TRUE(test.app.Schedules_Due(20040307).empty());
+  EXPECT_TRUE(test.app.scheduleCommit().Due(20040307).empty());
   EXPECT_EQ(rent->GetCommittedDates(), (std::vector<DateNumber>{20040201, 20040301}));
 }
 
@@ -49,12 +50,12 @@ TEST(DueOccurrences, AreCommittedOnTheirOwnDayWhateverTheEditedCopySays) {
   const auto account = test.AddAccount("A");
   const auto schedule = AddMonthly(*account, 20040229);
   schedule->SetIsCheck(true);
-  const auto due = test.app.Schedules_Due(20040307);
+  const auto due = test.app.scheduleCommit().Due(20040307);
   ASSERT_EQ(due.size(), 1U);
   auto edited = LDGRAccountEntry::entryWithEntry(due[0].entry.get());
   edited->SetDate(20040305);
   edited->SetCheckNumber(55);
-  EXPECT_TRUE(test.app.Schedule_CommitOccurrence({due[0].schedule, due[0].entry, edited}));
+  EXPECT_TRUE(test.app.scheduleCommit().Commit({due[0].schedule, due[0].entry, edited}));
   EXPECT_EQ(Lines(*account), Texts{"#1 20040305 debit -10.00 check=55"});
   EXPECT_EQ(schedule->GetCommittedDates(), std::vector<DateNumber>{20040229});
 }
@@ -63,7 +64,7 @@ TEST(DueOccurrences, OfTransfersMakeBothHalves) {
   TestApplication test;
   const auto a = test.AddAccount("A");
   const auto b = test.AddAccount("B");
-  test.app.Account_Select(a);
+  test.app.selection().Account_Select(a);
   const auto schedule = AddMonthly(*a, 20040301);
   schedule->SetIsDebit(false);
   schedule->SetIsTransfer(true);
@@ -89,9 +90,9 @@ TEST(DueOccurrences, OfTransfersMakeBothHalves) {
     schedule->SetTransferAccount(c.account);
     schedule->SetToFrom("Gone");
     schedule->SetDate(c.start);
-    const auto due = test.app.Schedules_Due(20040307);
+    const auto due = test.app.scheduleCommit().Due(20040307);
     ASSERT_EQ(due.size(), 1U);
-    EXPECT_TRUE(test.app.Schedule_CommitOccurrence(due[0]));
+    EXPECT_TRUE(test.app.scheduleCommit().Commit(due[0]));
     EXPECT_EQ(Lines(*a), c.a);
     EXPECT_EQ(Lines(*b), c.b);
   }
@@ -99,17 +100,17 @@ TEST(DueOccurrences, OfTransfersMakeBothHalves) {
 
 TEST(DueOccurrences, CanBeSkippedAndGoWithTheirSchedule) {
   TestApplication test;
-  EXPECT_TRUE(test.app.Schedules_Due(20040307).empty());
+  EXPECT_TRUE(test.app.scheduleCommit().Due(20040307).empty());
   const auto account = test.AddAccount("A");
   const auto schedule = AddMonthly(*account, 20040101);
-  const auto due = test.app.Schedules_Due(20040307);
+  const auto due = test.app.scheduleCommit().Due(20040307);
   ASSERT_EQ(due.size(), 3U);
   const auto revision = account->Revision();
-  EXPECT_TRUE(test.app.Schedule_SkipOccurrence(due[0]));
+  EXPECT_TRUE(test.app.scheduleCommit().Skip(due[0]));
   EXPECT_GT(account->Revision(), revision);
-  EXPECT_EQ(test.app.Schedules_Due(20040307).size(), 2U);
+  EXPECT_EQ(test.app.scheduleCommit().Due(20040307).size(), 2U);
   account->RemoveSchedule(schedule.get());
-  EXPECT_FALSE(test.app.Schedule_CommitOccurrence(due[1]));
+  EXPECT_FALSE(test.app.scheduleCommit().Commit(due[1]));
   EXPECT_TRUE(account->GetEntries().empty());
 }
 

@@ -4,7 +4,11 @@
 
 #include <limits>
 
+#include "app/desk.h"
+#include "app/schedules/schedules_tab.h"
+#include "app/shell/menus.h"
 #include "app/test_application.h"
+#include "storage/preferences_store.h"
 
 namespace tallyfold {
 namespace {
@@ -27,15 +31,16 @@ ScheduleValues Values(EntryKind kind) {
 
 // The problem of the sheet; "" when the schedule was added.
 std::string Add(LDGRController& app, const ScheduleValues& values) {
-  const bool is_open = values.kind == EntryKind::Debit     ? app.Schedule_Debit()
-                       : values.kind == EntryKind::Deposit ? app.Schedule_Deposit()
-                                                           : app.Schedule_Transfer();
+  const bool is_open = values.kind == EntryKind::Debit ? app.scheduleSheet().New(EntryKind::Debit)
+                       : values.kind == EntryKind::Deposit
+                           ? app.scheduleSheet().New(EntryKind::Deposit)
+                           : app.scheduleSheet().New(EntryKind::Transfer);
   if (!is_open) return "no sheet";
-  app.ScheduleSheet_Read(values);
-  const bool is_added = app.ScheduleSheet_OK();
-  std::string problem = app.ScheduleSheet().problem;
+  app.scheduleSheet().Read(values);
+  const bool is_added = app.scheduleSheet().OK();
+  std::string problem = app.scheduleSheet().State().problem;
   EXPECT_EQ(is_added, problem.empty());
-  app.ScheduleSheet_Cancel();
+  app.scheduleSheet().Cancel();
   return problem;
 }
 
@@ -66,12 +71,12 @@ TEST(ScheduleSheet, StoresSchedulesAsTheirEntriesWillBe) {
   };
   for (const Case& c : cases) {
     EXPECT_EQ(Add(test.app, c.values), "") << c.line;
-    const auto schedule = test.app.SelectedSchedule();
+    const auto schedule = test.app.desk().SelectedSchedule();
     ASSERT_NE(schedule, nullptr) << c.line;
     EXPECT_EQ(Line(*schedule), c.line);
     // Opened and closed again, the sheet changes nothing.
-    EXPECT_TRUE(test.app.Schedule_Edit());
-    EXPECT_TRUE(test.app.ScheduleSheet_OK());
+    EXPECT_TRUE(test.app.scheduleSheet().Edit());
+    EXPECT_TRUE(test.app.scheduleSheet().OK());
     EXPECT_EQ(Line(*schedule), c.line);
     EXPECT_EQ(schedule->GetRepeatUntil(), 6);
   }
@@ -139,20 +144,20 @@ TEST(ScheduleSheet, RefusesWhatNoEntryCouldFollow) {
   ended.repeat_until = 20040601;
   EXPECT_EQ(Add(test.app, ended), "");
   test.ambient.clock.SetLocal({2004, 7, 1, 12, 0, 0});
-  EXPECT_TRUE(test.app.Schedule_Edit());
+  EXPECT_TRUE(test.app.scheduleSheet().Edit());
   ended.notes = "moved out";
-  test.app.ScheduleSheet_Read(ended);
-  EXPECT_TRUE(test.app.ScheduleSheet_OK());
+  test.app.scheduleSheet().Read(ended);
+  EXPECT_TRUE(test.app.scheduleSheet().OK());
 }
 
 TEST(ScheduleSheet, ShowsTheNextDatesOfWhatIsTyped) {
   TestApplication test;
   test.AddAccount("Joint");
-  ASSERT_TRUE(test.app.Schedule_Debit());
+  ASSERT_TRUE(test.app.scheduleSheet().New(EntryKind::Debit));
   const auto dates = [&](ScheduleValues values) {
-    test.app.ScheduleSheet_Read(std::move(values));
+    test.app.scheduleSheet().Read(std::move(values));
     Texts texts;
-    for (const ScheduleDateLine& line : test.app.ScheduleSheet().dates) {
+    for (const ScheduleDateLine& line : test.app.scheduleSheet().State().dates) {
       texts.push_back(line.text + (line.note.empty() ? "" : "; " + line.note));
     }
     return texts;
@@ -177,49 +182,52 @@ TEST(ScheduleSheet, ShowsTheNextDatesOfWhatIsTyped) {
 TEST(ScheduleList, RemovesDuplicatesAndGoesOnWithTheSelectedOne) {
   TestApplication test;
   const auto joint = test.AddAccount("Joint");
-  EXPECT_FALSE(test.app.Schedule_CommitNext() || test.app.Schedule_Duplicate());
+  EXPECT_FALSE(test.app.schedules().Schedule_CommitNext() ||
+               test.app.schedules().Schedule_Duplicate());
   ScheduleValues values = Values(EntryKind::Debit);
   values.repeat_until = 3;
   EXPECT_EQ(Add(test.app, values), "");
-  const auto rent = test.app.SelectedSchedule();
-  EXPECT_TRUE(test.app.Schedule_CommitNext());
-  EXPECT_TRUE(test.app.Schedule_SkipNext());
+  const auto rent = test.app.desk().SelectedSchedule();
+  EXPECT_TRUE(test.app.schedules().Schedule_CommitNext());
+  EXPECT_TRUE(test.app.schedules().Schedule_SkipNext());
   EXPECT_EQ(Lines(*joint), Texts{"#1 20040401 debit -12.35 type=1 'Rent' to 'Owner'"});
-  EXPECT_TRUE(test.app.Schedule_Duplicate());
-  const auto copy = test.app.SelectedSchedule();
+  EXPECT_TRUE(test.app.schedules().Schedule_Duplicate());
+  const auto copy = test.app.desk().SelectedSchedule();
   EXPECT_NE(copy, rent);
   EXPECT_EQ(copy->GetNumber(), 1);
   EXPECT_EQ(copy->NextEntryDate(), 20040601);
-  EXPECT_TRUE(test.app.Schedule_CommitNext());
-  EXPECT_FALSE(test.app.Schedule_CommitNext() || test.app.Schedule_SkipNext());
-  EXPECT_FALSE(test.app.Commands().commit_schedule);
+  EXPECT_TRUE(test.app.schedules().Schedule_CommitNext());
+  EXPECT_FALSE(test.app.schedules().Schedule_CommitNext() ||
+               test.app.schedules().Schedule_SkipNext());
+  EXPECT_FALSE(test.app.menus().Commands().commit_schedule);
   EXPECT_EQ(rent->NextEntryDate(), 20040601);
   EXPECT_EQ(joint->GetEntries().size(), 2U);
 
-  test.app.ScheduleRemoveConfirm_Begin();
-  EXPECT_EQ(test.app.ScheduleRemoveSheet().question,
+  test.app.schedules().ScheduleRemoveConfirm_Begin();
+  EXPECT_EQ(test.app.schedules().Confirm().question,
             "Are you sure you would like to remove the selected scheduled entry?");
-  test.app.ScheduleRemoveConfirm_Cancel();
+  test.app.schedules().ScheduleRemoveConfirm_Cancel();
   EXPECT_EQ(joint->GetSchedules().size(), 2U);
-  test.app.ScheduleRemoveConfirm_Begin();
-  test.app.ScheduleRemoveConfirm_OK();
+  test.app.schedules().ScheduleRemoveConfirm_Begin();
+  test.app.schedules().ScheduleRemoveConfirm_OK();
   EXPECT_EQ(joint->GetSchedules(), ScheduleList{rent});
-  test.app.preferences().SetScheduleRemoveConfirm(false);
-  test.app.SelectSchedule(rent);
-  test.app.ScheduleRemoveConfirm_Begin();
+  test.app.desk().preferences().SetScheduleRemoveConfirm(false);
+  test.app.desk().SelectSchedule(rent);
+  test.app.schedules().ScheduleRemoveConfirm_Begin();
   EXPECT_TRUE(joint->GetSchedules().empty());
 
-  test.app.Preferences_StoreAccountPrefs(joint.get());
-  const auto views = test.app.preferences().GetPreferencesForAccountNumber(joint->GetNumber());
+  test.app.preferencesStore().Preferences_StoreAccountPrefs(joint.get());
+  const auto views =
+      test.app.desk().preferences().GetPreferencesForAccountNumber(joint->GetNumber());
   EXPECT_EQ(views->GetColumnsForTableIdentifier("schedule")->size(), 8U);
 
   // What recurs once falls due again as a copy.
   values.repeat_interval_type = 0;
   EXPECT_EQ(Add(test.app, values), "");
-  EXPECT_TRUE(test.app.Schedule_CommitNext());
-  EXPECT_FALSE(test.app.Schedule_CommitNext());
-  EXPECT_TRUE(test.app.Schedule_Duplicate());
-  EXPECT_TRUE(test.app.Schedule_CommitNext());
+  EXPECT_TRUE(test.app.schedules().Schedule_CommitNext());
+  EXPECT_FALSE(test.app.schedules().Schedule_CommitNext());
+  EXPECT_TRUE(test.app.schedules().Schedule_Duplicate());
+  EXPECT_TRUE(test.app.schedules().Schedule_CommitNext());
 }
 
 }  // namespace

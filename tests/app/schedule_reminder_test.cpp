@@ -4,6 +4,14 @@
 
 #include <limits>
 
+#include "app/accounts/account_selection.h"
+#include "app/desk.h"
+#include "app/entries/entry_editing.h"
+#include "app/face/sheet_slot.h"
+#include "app/shell/application.h"
+#include "app/shell/application_lock.h"
+#include "app/shell/idle_watch.h"
+#include "app/shell/text_editing.h"
 #include "app/test_application.h"
 
 namespace tallyfold {
@@ -26,13 +34,13 @@ std::shared_ptr<LDGRAccountSchedule> AddSchedule(LDGRAccount& account, DateNumbe
 
 // An account with a rent due on the 1st, on 7 March 2004.
 struct ReminderTest : TestApplication {
-  ReminderTest() { app.preferences().SetScheduleLookAhead(0); }
+  ReminderTest() { app.desk().preferences().SetScheduleLookAhead(0); }
 
-  [[nodiscard]] bool IsOpen() const { return app.ScheduleReminderSheet().is_open; }
+  [[nodiscard]] bool IsOpen() { return app.reminder().State().is_open; }
   // The marked rows behind "+", the others behind "-".
-  [[nodiscard]] Texts Rows() const {
+  [[nodiscard]] Texts Rows() {
     Texts rows;
-    for (const ReminderRow& row : app.ScheduleReminderSheet().rows) {
+    for (const ReminderRow& row : app.reminder().State().rows) {
       rows.push_back((row.typed.is_marked ? "+" : "-") + std::to_string(row.schedule->GetNumber()) +
                      " " + row.days_text);
     }
@@ -40,9 +48,9 @@ struct ReminderTest : TestApplication {
   }
   void Type(std::size_t row, ReminderRow::Typed typed) {
     std::vector<ReminderRow::Typed> rows;
-    for (const ReminderRow& each : app.ScheduleReminderSheet().rows) rows.push_back(each.typed);
+    for (const ReminderRow& each : app.reminder().State().rows) rows.push_back(each.typed);
     rows[row] = typed;
-    app.ScheduleReminderSheet_Read(rows);
+    app.reminder().Read(rows);
   }
 
   std::shared_ptr<LDGRAccount> account = AddAccount("A");
@@ -57,56 +65,56 @@ TEST(ScheduleReminder, OpensWhenTheUserIsIdleAndNothingElseIsUp) {
   test.app.application().sendEvent(EventType::KeyDown);
   test.loop.AdvanceBy(seconds(14));
   EXPECT_FALSE(test.IsOpen());
-  test.app.Entry_Debit();
+  test.app.entries().New(EntryKind::Debit);
   test.loop.AdvanceBy(seconds(30));
-  EXPECT_EQ(test.app.OpenSheet(), Sheet::Debit);
-  test.app.DebitSheet_Cancel();
-  test.app.Account_Deselect();
-  test.app.Schedules_Evaluate();
+  EXPECT_EQ(test.app.sheets().Current(), Sheet::Debit);
+  test.app.entries().Debit().Cancel();
+  test.app.selection().Account_Deselect();
+  test.app.idleWatch().Schedules_Evaluate();
   EXPECT_FALSE(test.IsOpen());
-  test.app.Account_Select(test.account);
+  test.app.selection().Account_Select(test.account);
   test.loop.AdvanceBy(seconds(15));
-  EXPECT_EQ(test.app.OpenSheet(), Sheet::ScheduleReminder);
+  EXPECT_EQ(test.app.sheets().Current(), Sheet::ScheduleReminder);
   EXPECT_EQ(test.Rows(), Texts{"+0 03/01/04"});
   test.loop.AdvanceBy(seconds(3600));
   EXPECT_TRUE(test.account->GetEntries().empty());  // nothing is committed unasked
 
-  test.app.ScheduleReminderSheet_Dismiss();
-  test.app.setPassword("secret");
-  test.app.lock();
-  test.app.authentication_Begin();
+  test.app.reminder().Dismiss();
+  test.app.applicationLock().setPassword("secret");
+  test.app.applicationLock().lock();
+  test.app.applicationLock().authentication_Begin();
   test.loop.AdvanceBy(seconds(60));
-  test.app.Schedules_Evaluate();
-  EXPECT_EQ(test.app.OpenSheet(), Sheet::Authentication);
+  test.app.idleWatch().Schedules_Evaluate();
+  EXPECT_EQ(test.app.sheets().Current(), Sheet::Authentication);
 }
 
 TEST(ScheduleReminder, RestsAfterLaterUntilTheIntervalIsOverOrMoreFallsDue) {
   ReminderTest test;
-  test.app.preferences().SetScheduleReminderInterval(60);
+  test.app.desk().preferences().SetScheduleReminderInterval(60);
   AddSchedule(*test.account, 20040301, 4);
   const auto opens = [&test](int after) {
     test.loop.AdvanceBy(seconds(after));
     return test.IsOpen();
   };
   EXPECT_TRUE(opens(15));
-  test.app.ScheduleReminderSheet_Later();
+  test.app.reminder().Later();
   EXPECT_FALSE(opens(45));
   EXPECT_TRUE(opens(15));
-  test.app.ScheduleReminderSheet_Later();
+  test.app.reminder().Later();
   EXPECT_FALSE(opens(15));
-  test.app.Schedules_Evaluate();  // not the timer's
+  test.app.idleWatch().Schedules_Evaluate();  // not the timer's
   EXPECT_TRUE(test.IsOpen());
-  test.app.ScheduleReminderSheet_Later();
+  test.app.reminder().Later();
   AddSchedule(*test.account, 20040307, 4);
   EXPECT_TRUE(opens(15));
   EXPECT_EQ(test.Rows(), (Texts{"+0 03/01/04", "+1 03/07/04"}));
   // Another account is reminded by itself.
-  test.app.ScheduleReminderSheet_Later();
+  test.app.reminder().Later();
   const auto other = test.AddAccount("B");
   AddSchedule(*other, 20040301, 4);
   EXPECT_TRUE(opens(15));
-  test.app.ScheduleReminderSheet_Later();
-  test.app.Account_Select(test.account);
+  test.app.reminder().Later();
+  test.app.selection().Account_Select(test.account);
   EXPECT_FALSE(opens(15));
   EXPECT_TRUE(opens(30));
 }
@@ -128,25 +136,25 @@ TEST(ScheduleReminder, LooksAheadAndFoldsWhatIsTooMuch) {
       {"10000", 1, false, 3, 7}, {"1", 2, true, 4, 32},  // 8 March to 7 April, and 1 April
       {"2", 2, true, 5, 63},  // 61 days to come folded into one, two rents
   };
-  test.app.ScheduleReminderSheet_Open();
+  test.app.reminder().Open();
   for (const Case& c : cases) {
-    test.app.scheduleReminderSheet_LookAheadType(c.unit);
-    EXPECT_EQ(test.app.scheduleReminderSheet_LookAhead(c.text), c.is_taken) << c.text;
+    test.app.reminder().LookAheadType(c.unit);
+    EXPECT_EQ(test.app.reminder().LookAhead(c.text), c.is_taken) << c.text;
     EXPECT_EQ(test.Rows().size(), c.rows) << c.text;
-    EXPECT_EQ(test.app.ScheduleReminderSheet().ahead, c.ahead) << c.text;
+    EXPECT_EQ(test.app.reminder().State().ahead, c.ahead) << c.text;
   }
   EXPECT_EQ(test.Rows()[2], "-1 61 from 03/08/04 to 05/07/04");
-  EXPECT_EQ(test.app.preferences().GetScheduleLookAhead(), 2);
+  EXPECT_EQ(test.app.desk().preferences().GetScheduleLookAhead(), 2);
 
   // One day more is one too many.
-  test.app.scheduleReminderSheet_LookAheadType(0);
-  test.app.controlTextDidChange(LDGRController::TypedField::ReminderLookAhead, "0");
-  test.app.ScheduleReminderSheet_Later();
+  test.app.reminder().LookAheadType(0);
+  test.app.textEditing().controlTextDidChange(TextEditing::TypedField::ReminderLookAhead, "0");
+  test.app.reminder().Later();
   test.ambient.clock.SetLocal({2004, 3, 8, 12, 0, 0});
-  test.app.ScheduleReminderSheet_Open();
+  test.app.reminder().Open();
   EXPECT_EQ(test.Rows(), (Texts{"+1 51 from 01/18/04 to 03/08/04", "+0 03/01/04"}));
   test.Type(0, {true, 20200101, 2.5});  // its days stay
-  EXPECT_TRUE(test.app.ScheduleReminderSheet_Commit());
+  EXPECT_TRUE(test.app.reminder().CommitMarked());
   EXPECT_EQ(test.account->GetEntries().size(), 52U);
   EXPECT_EQ(Line(*test.account->GetEntries().front()), "#1 20040118 debit -2.50");
   EXPECT_EQ(Line(*test.account->GetEntries().back()), "#52 20040308 debit -2.50");
@@ -156,40 +164,40 @@ TEST(ScheduleReminder, CommitsAndSkipsWhatIsMarkedAsItWasEdited) {
   ReminderTest test;
   const auto rent = AddSchedule(*test.account, 20040101, 4);
   auto& app = test.app;
-  app.ScheduleReminderSheet_Open();
-  EXPECT_EQ(app.ScheduleReminderSheet().balance_text, "-$30.00");
-  app.ScheduleReminderSheet_MarkAll(false);
-  EXPECT_FALSE(app.ScheduleReminderSheet_Commit());
-  EXPECT_EQ(app.ScheduleReminderSheet().problem, "Nothing is marked.");
+  app.reminder().Open();
+  EXPECT_EQ(app.reminder().State().balance_text, "-$30.00");
+  app.reminder().MarkAll(false);
+  EXPECT_FALSE(app.reminder().CommitMarked());
+  EXPECT_EQ(app.reminder().State().problem, "Nothing is marked.");
   test.Type(1, {true, 20040200, 12.0});
-  EXPECT_FALSE(app.ScheduleReminderSheet_Commit());
-  EXPECT_EQ(app.ScheduleReminderSheet().problem, "The date does not exist.");
+  EXPECT_FALSE(app.reminder().CommitMarked());
+  EXPECT_EQ(app.reminder().State().problem, "The date does not exist.");
   test.Type(1, {true, 20040203, std::numeric_limits<double>::quiet_NaN()});
-  EXPECT_FALSE(app.ScheduleReminderSheet_Commit());
-  EXPECT_EQ(app.ScheduleReminderSheet().problem, "The amount is not a number.");
+  EXPECT_FALSE(app.reminder().CommitMarked());
+  EXPECT_EQ(app.reminder().State().problem, "The amount is not a number.");
   test.Type(1, {true, 20040203, 12.0});
-  EXPECT_EQ(app.ScheduleReminderSheet().balance_text, "-$12.00");
+  EXPECT_EQ(app.reminder().State().balance_text, "-$12.00");
   EXPECT_TRUE(test.account->GetEntries().empty());
-  EXPECT_TRUE(app.ScheduleReminderSheet_Commit());
+  EXPECT_TRUE(app.reminder().CommitMarked());
   EXPECT_FALSE(test.IsOpen());
   EXPECT_EQ(Lines(*test.account), Texts{"#1 20040203 debit -12.00"});
   EXPECT_EQ(rent->GetCommittedDates(), std::vector<DateNumber>{20040201});
 
-  app.ScheduleReminderSheet_Open();
+  app.reminder().Open();
   EXPECT_EQ(test.Rows(), (Texts{"+0 01/01/04", "+0 03/01/04"}));
   test.Type(0, {false, 20040101, 10.0});
-  EXPECT_TRUE(app.ScheduleReminderSheet_Skip());
+  EXPECT_TRUE(app.reminder().SkipMarked());
   EXPECT_EQ(test.Rows(), Texts{"-0 01/01/04"});
   // Committed behind its back: all or nothing.
   const auto yearly = AddSchedule(*test.account, 20040304, 5);
-  app.ScheduleReminderSheet_Later();
-  app.ScheduleReminderSheet_Open();
+  app.reminder().Later();
+  app.reminder().Open();
   yearly->AddCommittedDate(20040304);
-  EXPECT_FALSE(app.ScheduleReminderSheet_CommitAll());
-  EXPECT_NE(app.ScheduleReminderSheet().problem.find("meanwhile"), std::string::npos);
+  EXPECT_FALSE(app.reminder().CommitAll());
+  EXPECT_NE(app.reminder().State().problem.find("meanwhile"), std::string::npos);
   EXPECT_EQ(test.account->GetEntries().size(), 1U);
   EXPECT_EQ(test.Rows(), Texts{"+0 01/01/04"});
-  EXPECT_TRUE(app.ScheduleReminderSheet_Skip());
+  EXPECT_TRUE(app.reminder().SkipMarked());
   EXPECT_FALSE(test.IsOpen());  // nothing is left
 }
 

@@ -1,8 +1,12 @@
 #include <gtest/gtest.h>
 
+#include "app/accounts/account_editing.h"
+#include "app/desk.h"
 #include "app/entries/completion.h"
+#include "app/entries/entry_editing.h"
 #include "app/entries/entry_suggestion.h"
-#include "app/face/text_editing.h"
+#include "app/shell/lifecycle.h"
+#include "app/shell/text_editing.h"
 #include "app/shell/update_check.h"
 #include "app/test_application.h"
 
@@ -50,47 +54,48 @@ TEST(Suggestions, FillTheEmptyFieldsFromTheLastEntryOfThatDescription) {
       {"", 0.0, "", 0.0, "", "None"},
   };
   for (const Case& c : cases) {
-    app.Entry_Debit();
-    auto typed = app.DebitSheet().typed;
+    app.entries().New(EntryKind::Debit);
+    auto typed = app.entries().Debit().State().typed;
     typed.description = c.description;
     typed.amount = c.amount;
     typed.to_from = c.to_from;
-    app.DebitSheet_Read(typed);
-    app.DebitSheet_Description_Field();
-    app.DebitSheet_TakeSuggestion();
-    const auto& state = app.DebitSheet();
+    app.entries().Debit().Read(typed);
+    app.entries().SuggestForDescription();
+    app.entries().Debit().TakeSuggestion();
+    const auto& state = app.entries().Debit().State();
     EXPECT_EQ(state.typed.amount, c.expected_amount) << c.description;
     EXPECT_EQ(state.typed.to_from, c.expected_to_from) << c.description;
     EXPECT_EQ(state.type_items[static_cast<std::size_t>(state.typed.type)].title, c.expected_type)
         << c.description;
     EXPECT_FALSE(state.suggestion.has_value());
-    app.DebitSheet_Cancel();
+    app.entries().Debit().Cancel();
   }
   // A deposit is another matter, and an entry is no suggestion for itself.
-  EXPECT_FALSE(SuggestionFor(*app.SelectedAccount(), false, "Food", nullptr));
-  EXPECT_EQ(SuggestionFor(*app.SelectedAccount(), true, "Food", app.SelectedEntry().get()),
-            (EntrySuggestion{1, "Shop", 8.0}));
+  EXPECT_FALSE(SuggestionFor(*app.desk().SelectedAccount(), false, "Food", nullptr));
+  EXPECT_EQ(
+      SuggestionFor(*app.desk().SelectedAccount(), true, "Food", app.desk().SelectedEntry().get()),
+      (EntrySuggestion{1, "Shop", 8.0}));
 }
 
 TEST(TextEditing, HasItsConsequencesWhenAFieldIsLeft) {
   TestApplication test(false);
   auto& app = test.app;
-  ASSERT_TRUE(app.applicationDidFinishLaunching());
-  app.AccountEditSheet_OK();
+  ASSERT_TRUE(app.lifecycle().applicationDidFinishLaunching());
+  app.accountSheet().AccountEditSheet_OK();
   test.AddDebit(4.0, "Food");
-  app.Entry_Debit();
-  auto typed = app.DebitSheet().typed;
+  app.entries().New(EntryKind::Debit);
+  auto typed = app.entries().Debit().State().typed;
   typed.description = "Food";
   typed.split[0].amount = 2.0;
-  app.DebitSheet_Read(typed);
+  app.entries().Debit().Read(typed);
   test.notifications.Post(kTextDidEndEditing, &text_field::kDescription);
-  EXPECT_TRUE(app.DebitSheet().suggestion.has_value());
+  EXPECT_TRUE(app.entries().Debit().State().suggestion.has_value());
   test.notifications.Post(kTextDidBeginEditing, &text_field::kDescription);
-  EXPECT_FALSE(app.DebitSheet().suggestion.has_value());
+  EXPECT_FALSE(app.entries().Debit().State().suggestion.has_value());
   test.notifications.Post(kTextDidEndEditing, &text_field::kDepositSplit);
-  EXPECT_EQ(app.DebitSheet().split_total, 0.0);
+  EXPECT_EQ(app.entries().Debit().State().split_total, 0.0);
   test.notifications.Post(kTextDidEndEditing, &text_field::kDebitSplit);
-  EXPECT_EQ(app.DebitSheet().split_total, 2.0);
+  EXPECT_EQ(app.entries().Debit().State().split_total, 2.0);
 }
 
 TEST(Versions, AreComparedNumberByNumber) {

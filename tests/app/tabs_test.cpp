@@ -2,110 +2,124 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+
+#include "app/accounts/account_selection.h"
 #include "app/test_application.h"
+#include "app/views/registers.h"
 #include "filters/filter_types.h"
+#include "filters/register_search.h"
 
 namespace tallyfold {
 namespace {
 
-using Texts = std::vector<std::string>;
-
-struct TabsTest : Tabs::Host, Refresh::Host, FrontEnd {
-  std::shared_ptr<LDGRAccount> SelectedAccount() const override { return account; }
-  void CancelDelayedSearch() override { log.emplace_back("cancel search"); }
-  void SetCurrentRegister(RegisterKind kind) override {
-    log.emplace_back(kind == RegisterKind::Entry ? "entries" : "reconcile");
-  }
-  void GiveCurrentRegister(EntryList entries) override {
-    log.push_back("rows " + std::to_string(entries.size()));
-  }
-  void PopulateForFilter(const LDGRFilter* filter) override {
-    log.push_back(filter != nullptr ? filter->GetName() : "no filter");
-  }
-  void PopulateForFilterType(std::int32_t type) override {
-    log.push_back("type " + std::to_string(type));
-  }
-  void ShowSummary(LDGRAccount* shown) override {
-    log.emplace_back(shown != nullptr ? "summary" : "no summary");
-  }
-  void StopSpeech() override { log.emplace_back("silence"); }
-  bool LiveUpdatingFilters() const override { return true; }
-  void ReloadRegisters() override {}
-  void TakeSavedEntries(const EntryList&) override {}
-  void ReloadSchedules() override {}
-  void RedrawRegisters() override {}
-  void Search_Cancel() override {}
-  void SelectEntry(const std::shared_ptr<LDGRAccountEntry>&) override {}
-  void TellIfHidden(const std::shared_ptr<LDGRAccountEntry>&, bool) override {}
-  void Changed(Area area) override {
-    if (area == Area::Balance) log.emplace_back("balance");
-    if (area == Area::ReconcileBalances) log.emplace_back("figures");
-    if (area == Area::Schedules) log.emplace_back("schedules");
-  }
-
-  FakeAmbient ambient;
-  std::shared_ptr<LDGRAccount> account;
-  Texts log;
-  Refresh refresh{*this, *this};
-  Tabs tabs{*this, refresh, *this};
-};
-
 TEST(Tabs, DoWhatEnteringEachIsFor) {
-  auto account = std::make_shared<LDGRAccount>();
-  account->AddEntry(std::make_shared<LDGRAccountEntry>());
-  account->setReconcileFilterType(81);
+  using Areas = std::vector<Area>;
+  constexpr std::int32_t kUnresolved = 81;
   struct Case {
     const char* identifier;
     bool with_account;
     RegisterKind shown;
-    Texts log;
+    RegisterKind current;
+    std::size_t rows;
+    std::int32_t filter;
+    Areas told;
   } const cases[] = {
       {"entry",
        true,
        RegisterKind::Entry,
-       {"cancel search", "balance", "entries", "rows 1", "General", "type 0", "silence"}},
+       RegisterKind::Entry,
+       1,
+       filter_type::kGeneral,
+       {Area::Balance}},
       {"entry",
        false,
        RegisterKind::Entry,
-       {"cancel search", "balance", "entries", "no filter", "type -9999", "silence"}},
+       RegisterKind::Entry,
+       0,
+       filter_type::kNone,
+       {Area::Balance}},
       {"reconcile",
        true,
        RegisterKind::Reconcile,
-       {"cancel search", "figures", "reconcile", "rows 1", "Unresolved", "type 81", "silence"}},
+       RegisterKind::Reconcile,
+       1,
+       kUnresolved,
+       {Area::ReconcileBalances}},
       {"reconcile",
        false,
        RegisterKind::Reconcile,
-       {"cancel search", "figures", "reconcile", "no filter", "type -9999", "silence"}},
-      {"schedule", true, RegisterKind::Other, {"schedules", "silence"}},
-      {"summary", true, RegisterKind::Other, {"summary", "silence"}},
-      {"summary", false, RegisterKind::Other, {"no summary", "silence"}},
-      {"security", true, RegisterKind::Entry, {"silence"}},
+       RegisterKind::Reconcile,
+       0,
+       filter_type::kNone,
+       {Area::ReconcileBalances}},
+      {"schedule",
+       true,
+       RegisterKind::Other,
+       RegisterKind::Entry,
+       1,
+       filter_type::kGeneral,
+       {Area::Schedules}},
+      {"summary",
+       true,
+       RegisterKind::Other,
+       RegisterKind::Entry,
+       1,
+       filter_type::kGeneral,
+       {Area::Summary}},
+      {"summary",
+       false,
+       RegisterKind::Other,
+       RegisterKind::Entry,
+       0,
+       filter_type::kNone,
+       {Area::Summary}},
+      {"security", true, RegisterKind::Entry, RegisterKind::Entry, 1, filter_type::kGeneral, {}},
   };
   for (const Case& c : cases) {
-    TabsTest test;
-    if (c.with_account) test.account = account;
-    test.tabs.willSelectTabViewItem(c.identifier);
-    EXPECT_EQ(test.log, c.log) << c.identifier;
-    EXPECT_EQ(test.tabs.ShownRegister(), c.shown) << c.identifier;
+    SCOPED_TRACE(c.identifier);
+    TestApplication test;
+    auto& app = test.app;
+    test.AddAccount("A")->setReconcileFilterType(kUnresolved);
+    test.AddDebit(1.0);
+    app.tabs().EntryTab_Enter();
+    if (!c.with_account) app.selection().Account_Deselect();
+    test.front_end.changed.clear();
+    const std::size_t heard = test.speech.Heard().size();
+
+    app.tabs().willSelectTabViewItem(c.identifier);
+    EXPECT_EQ(app.tabs().ShownRegister(), c.shown);
+    EXPECT_EQ(app.registers().CurrentKind(), c.current);
+    EXPECT_EQ(app.registers().Current().GetEntries().size(), c.rows);
+    if (c.shown != RegisterKind::Other) {
+      EXPECT_EQ(app.search().State().menu_type, c.filter);
+    }
+    const auto& changed = test.front_end.changed;
+    for (const Area area :
+         {Area::Balance, Area::ReconcileBalances, Area::Schedules, Area::Summary}) {
+      EXPECT_EQ(std::ranges::count(changed, area) > 0, std::ranges::count(c.told, area) > 0)
+          << static_cast<int>(area);
+    }
+    EXPECT_GT(test.speech.Heard().size(), heard);
   }
 }
 
 TEST(Tabs, MarkTheMenuItemOfTheRegisterThatWasChosen) {
   TestApplication test;
   auto& app = test.app;
-  app.reconcile_MenuItem();
-  EXPECT_EQ(app.TabViews(), (TabsState{Tab::Reconcile, Tab::Reconcile, false, true}));
-  app.SelectTab(Tab::Schedule);
-  EXPECT_EQ(app.TabViews(), (TabsState{Tab::Schedule, Tab::Schedule, false, true}));
-  app.entry_MenuItem();
-  EXPECT_EQ(app.TabViews(), (TabsState{Tab::Entry, Tab::Entry, true, false}));
+  app.tabs().reconcile_MenuItem();
+  EXPECT_EQ(app.tabs().State(), (TabsState{Tab::Reconcile, Tab::Reconcile, false, true}));
+  app.tabs().Select(Tab::Schedule);
+  EXPECT_EQ(app.tabs().State(), (TabsState{Tab::Schedule, Tab::Schedule, false, true}));
+  app.tabs().entry_MenuItem();
+  EXPECT_EQ(app.tabs().State(), (TabsState{Tab::Entry, Tab::Entry, true, false}));
 }
 
 TEST(Tabs, DropASearchThatHasNotRun) {
   TestApplication test;
   test.AddAccount("A");
-  test.app.Search_Field("food");
-  test.app.SelectTab(Tab::Reconcile);
+  test.app.search().Search_Field("food");
+  test.app.tabs().Select(Tab::Reconcile);
   test.front_end.changed.clear();
   test.loop.AdvanceBy(std::chrono::seconds(1));
   EXPECT_TRUE(test.front_end.changed.empty());

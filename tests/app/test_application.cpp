@@ -1,49 +1,54 @@
 #include "app/test_application.h"
 
+#include "app/accounts/account_editing.h"
+#include "app/entries/entry_editing.h"
+#include "app/services.h"
 #include "model/amounts.h"
+#include "storage/accounts_store.h"
+#include "storage/preferences_store.h"
 
 namespace tallyfold {
 
 TestApplication::TestApplication(bool is_loaded)
-    : app({files, alerts, panels, processes, speech, field_speech, loop, notifications, host,
-           encodings}) {
+    : app(Services{files, alerts, panels, processes, speech, field_speech, loop, notifications,
+                   host, encodings}) {
   ambient.clock.SetLocal({2004, 3, 7, 12, 0, 0});
   app.SetFrontEnd(&front_end);
   if (!is_loaded) return;
-  app.Preferences_Init();
-  static_cast<void>(app.Accounts_Load());
+  app.preferencesStore().Preferences_Init();
+  static_cast<void>(app.accountsStore().Accounts_Load());
 }
 
 std::shared_ptr<LDGRAccount> TestApplication::AddAccount(const std::string& name) {
-  app.Account_Add();
-  auto typed = app.AccountEditSheet().typed;
+  app.accountSheet().Account_Add();
+  auto typed = app.accountSheet().State().typed;
   typed.name = name;
-  app.AccountEditSheet_Read(typed);
-  app.AccountEditSheet_OK();
-  return app.accounts().back();
+  app.accountSheet().Read(typed);
+  app.accountSheet().AccountEditSheet_OK();
+  return app.desk().accounts().back();
 }
 
 std::shared_ptr<LDGRAccountEntry> TestApplication::AddDebit(double amount,
                                                             const std::string& description) {
-  app.Entry_Debit();
-  auto typed = app.DebitSheet().typed;
+  app.entries().New(EntryKind::Debit);
+  auto typed = app.entries().Debit().State().typed;
   typed.amount = amount;
   typed.description = description;
-  app.DebitSheet_Read(typed);
-  app.DebitSheet_OK();
-  return app.SelectedEntry();
+  app.entries().Debit().Read(typed);
+  app.entries().Debit().OK();
+  return app.desk().SelectedEntry();
 }
 
 std::shared_ptr<LDGRAccountEntry> TestApplication::AddTransferTo(const LDGRAccount& other,
                                                                  double amount) {
-  app.Entry_Transfer();
-  auto typed = app.TransferSheet().typed;
-  typed.direction = IndexOf(app.TransferSheet().direction_items, "Transfer To");
-  typed.account = IndexOf(app.TransferSheet().account_items, other.GetName());
+  app.entries().New(EntryKind::Transfer);
+  auto typed = app.entries().Transfer().State().typed;
+  typed.direction = IndexOf(app.entries().Transfer().State().direction_items, "Transfer To");
+  typed.account = IndexOf(app.entries().Transfer().State().account_items, other.GetName());
   typed.amount = amount;
-  app.TransferSheet_Read(typed);
-  app.TransferSheet_OK();
-  return app.SelectedEntry();
+  app.entries().Transfer().Read(typed);
+  app.entries().Transfer().OK();
+  return app.desk().SelectedEntry();
 }
 
 std::string Line(const LDGRAccountEntry& entry) {

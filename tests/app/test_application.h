@@ -5,11 +5,15 @@
 #include <vector>
 
 #include "app/controller.h"
+#include "app/desk.h"
+#include "app/face/front_end.h"
+#include "app/face/pop_up_item.h"
 #include "fakes/fake_ambient.h"
 #include "fakes/fake_file_system.h"
 #include "fakes/fake_run_loop.h"
 #include "fakes/fake_services.h"
 #include "model/account_entry.h"
+#include "platform/notification_center.h"
 #include "system/iconv_encodings.h"
 
 namespace tallyfold {

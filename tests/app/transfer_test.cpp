@@ -2,6 +2,14 @@
 
 #include <functional>
 
+#include "app/accounts/account_passwords.h"
+#include "app/accounts/account_selection.h"
+#include "app/desk.h"
+#include "app/entries/entry_editing.h"
+#include "app/entries/entry_removal.h"
+#include "app/entries/entry_reveal.h"
+#include "app/entries/transfer_links.h"
+#include "app/face/sheet_slot.h"
 #include "app/test_application.h"
 
 namespace tallyfold {
@@ -12,25 +20,25 @@ using Texts = std::vector<std::string>;
 // Accounts A, B and C with the numbers 1, 2 and 3; A is selected.
 struct ThreeAccounts : TestApplication {
   ThreeAccounts() : a(AddAccount("A")), b(AddAccount("B")), c(AddAccount("C")) {
-    app.Account_Select(a);
+    app.selection().Account_Select(a);
   }
 
   // Edits the selected transfer in its sheet.
   bool Edit(const std::function<void(TransferSheetState::Typed&)>& change) {
-    if (!app.Entry_Edit()) return false;
-    auto typed = app.TransferSheet().typed;
+    if (!app.entries().Entry_Edit()) return false;
+    auto typed = app.entries().Transfer().State().typed;
     change(typed);
-    app.TransferSheet_Read(typed);
-    return app.TransferSheet_OK();
+    app.entries().Transfer().Read(typed);
+    return app.entries().Transfer().OK();
   }
   bool EditAccount(const std::string& name) {
     return Edit([this, &name](auto& typed) {
-      typed.account = IndexOf(app.TransferSheet().account_items, name);
+      typed.account = IndexOf(app.entries().Transfer().State().account_items, name);
     });
   }
   void Select(const std::shared_ptr<LDGRAccount>& account, std::size_t row) {
-    app.Account_Select(account);
-    app.SelectEntry(account->GetEntries().at(row));
+    app.selection().Account_Select(account);
+    app.desk().SelectEntry(account->GetEntries().at(row));
   }
 
   std::shared_ptr<LDGRAccount> a;
@@ -96,12 +104,12 @@ TEST(Transfers, KeepBothHalvesInLine) {
       {"an account that goes while the sheet is open",
        [](auto& t) {
          t.AddTransferTo(*t.b, 9.5);
-         t.app.Entry_Edit();
-         auto typed = t.app.TransferSheet().typed;
+         t.app.entries().Entry_Edit();
+         auto typed = t.app.entries().Transfer().State().typed;
          typed.account = 1;
-         t.app.TransferSheet_Read(typed);
+         t.app.entries().Transfer().Read(typed);
          t.c->SetNumber(99);
-         t.app.TransferSheet_OK();
+         t.app.entries().Transfer().OK();
        },
        {"#1 20040307 transfer -9.50 to 'C' ->3#1 origin"},
        {},
@@ -120,20 +128,20 @@ TEST(Transfers, OfferTheOtherAccountsAndRememberTheChoice) {
   ThreeAccounts test;
   auto& app = test.app;
   test.AddTransferTo(*test.c, 1.0);
-  app.Entry_Transfer();
-  const auto& state = app.TransferSheet();
+  app.entries().New(EntryKind::Transfer);
+  const auto& state = app.entries().Transfer().State();
   EXPECT_EQ(state.account_items, (std::vector<PopUpItem>{{"B", 2}, {"C", 3}}));
   EXPECT_EQ(state.typed.account, 1);
   auto typed = state.typed;
   typed.account = 7;
-  app.TransferSheet_Read(typed);
-  EXPECT_FALSE(app.TransferSheet_OK());
+  app.entries().Transfer().Read(typed);
+  EXPECT_FALSE(app.entries().Transfer().OK());
   EXPECT_EQ(state.problem, "No account is chosen.");
-  app.TransferSheet_Cancel();
+  app.entries().Transfer().Cancel();
 
   // The last account is gone: the first is offered.
   test.a->setLastTransferAccount(77);
-  app.Entry_Transfer();
+  app.entries().New(EntryKind::Transfer);
   EXPECT_EQ(state.typed.account, 0);
   EXPECT_EQ(state.account_items.size(), 2U);
 }
@@ -141,16 +149,16 @@ TEST(Transfers, OfferTheOtherAccountsAndRememberTheChoice) {
 TEST(Transfers, WithoutAnotherAccountHaveNoOtherHalf) {
   TestApplication test;
   const auto account = test.AddAccount("A");
-  test.app.Entry_Transfer();
-  EXPECT_TRUE(test.app.TransferSheet_OK());
+  test.app.entries().New(EntryKind::Transfer);
+  EXPECT_TRUE(test.app.entries().Transfer().OK());
   EXPECT_EQ(Lines(*account), Texts{"#1 20040307 transfer 0.00 origin"});
 }
 
 TEST(TransferLinks, LeadToTheOtherHalfOrNowhere) {
   ThreeAccounts test;
   const auto half = test.AddTransferTo(*test.b, 9.5);
-  EXPECT_EQ(test.app.Transfer_LinkedEntry(half.get()), test.b->GetEntries()[0]);
-  EXPECT_EQ(test.app.Transfer_LinkedEntry(nullptr), nullptr);
+  EXPECT_EQ(test.app.transferLinks().Transfer_LinkedEntry(half.get()), test.b->GetEntries()[0]);
+  EXPECT_EQ(test.app.transferLinks().Transfer_LinkedEntry(nullptr), nullptr);
 
   const std::function<void()> breaks[] = {
       [&half] { half->SetIsTransfer(false); },
@@ -165,7 +173,7 @@ TEST(TransferLinks, LeadToTheOtherHalfOrNowhere) {
   };
   for (const auto& break_link : breaks) {
     break_link();
-    EXPECT_EQ(test.app.Transfer_LinkedEntry(half.get()), nullptr) << Line(*half);
+    EXPECT_EQ(test.app.transferLinks().Transfer_LinkedEntry(half.get()), nullptr) << Line(*half);
     half->SetIsTransfer(true);
     half->SetTransferAccount(2);
     half->SetTransferEntry(1);
@@ -174,14 +182,14 @@ TEST(TransferLinks, LeadToTheOtherHalfOrNowhere) {
 
 TEST(Removals, DoNothingWithoutASelectedEntry) {
   ThreeAccounts test;
-  test.app.EntryRemoveConfirm_Begin();
-  EXPECT_EQ(test.app.OpenSheet(), Sheet::None);
+  test.app.entryRemoval().EntryRemoveConfirm_Begin();
+  EXPECT_EQ(test.app.sheets().Current(), Sheet::None);
   test.AddDebit(1.0);
-  test.app.SelectEntry(nullptr);
-  test.app.EntryRemoveConfirm_Begin();
-  test.app.EntryRemoveConfirm_OK();
-  test.app.TransferEntryRemoveConfirm_No();
-  test.app.Entry_Delete();
+  test.app.desk().SelectEntry(nullptr);
+  test.app.entryRemoval().EntryRemoveConfirm_Begin();
+  test.app.entryRemoval().EntryRemoveConfirm_OK();
+  test.app.entryRemoval().TransferEntryRemoveConfirm_No();
+  test.app.entryRemoval().Entry_Delete();
   EXPECT_EQ(test.a->GetEntries().size(), 1U);
 }
 
@@ -191,22 +199,22 @@ TEST(OtherHalves, AreShownInTheirAccount) {
   const auto half = test.AddTransferTo(*test.b, 9.5);
   test.b->setEntryFilterType(13);
   test.b->setEntryFilterData("wanted");
-  EXPECT_TRUE(app.ShowOtherHalf());
-  EXPECT_EQ(app.SelectedAccount(), test.b);
-  EXPECT_EQ(app.SelectedEntry(), nullptr);
-  EXPECT_EQ(app.HiddenEntry().text, "Hidden by the filter 'Notes'");
-  app.ShowHiddenEntry();
-  EXPECT_EQ(app.SelectedEntry(), test.b->GetEntries()[0]);
-  EXPECT_TRUE(app.ShowOtherHalf());
-  EXPECT_EQ(app.SelectedEntry(), half);
-  EXPECT_EQ(app.HiddenEntry().text, "");
+  EXPECT_TRUE(app.entryReveal().ShowOtherHalf());
+  EXPECT_EQ(app.desk().SelectedAccount(), test.b);
+  EXPECT_EQ(app.desk().SelectedEntry(), nullptr);
+  EXPECT_EQ(app.entryReveal().State().text, "Hidden by the filter 'Notes'");
+  app.entryReveal().ShowHiddenEntry();
+  EXPECT_EQ(app.desk().SelectedEntry(), test.b->GetEntries()[0]);
+  EXPECT_TRUE(app.entryReveal().ShowOtherHalf());
+  EXPECT_EQ(app.desk().SelectedEntry(), half);
+  EXPECT_EQ(app.entryReveal().State().text, "");
 
   test.b->SetPassword("key");
   test.b->setAuthenticated(false);
-  EXPECT_FALSE(app.ShowOtherHalf());
-  EXPECT_EQ(app.OpenSheet(), Sheet::AccountAuthentication);
-  app.AccountAuthenticationSheet_Cancel();
-  EXPECT_FALSE(app.ShowOtherHalf());  // coming back has selected no entry
+  EXPECT_FALSE(app.entryReveal().ShowOtherHalf());
+  EXPECT_EQ(app.sheets().Current(), Sheet::AccountAuthentication);
+  app.accountPasswords().AccountAuthenticationSheet_Cancel();
+  EXPECT_FALSE(app.entryReveal().ShowOtherHalf());  // coming back has selected no entry
 }
 
 }  // namespace

@@ -10,6 +10,7 @@
 #include <random>
 
 #include "app/controller.h"
+#include "app/desk.h"
 #include "console/session.h"
 #include "console/values.h"
 #include "fakes/fake_ambient.h"
@@ -101,7 +102,7 @@ class MonthRun final : private Terminal {
     int Rename(int folder, const std::string& from, const std::string& to,
                unsigned flags) override {
       const bool is_save = to == "Accounts.plist";
-      if (is_save) run.Note("P" + Entries(LDGRController::sharedController()->accounts()));
+      if (is_save) run.Note("P" + Entries(LDGRController::sharedController()->desk().accounts()));
       const int result = SteppingCalls::Rename(folder, from, to, flags);
       run.Step();
       if (is_save && result == 0) run.Note("S");

@@ -70,21 +70,21 @@ bool AccountEditing::Account_Add() {
   auto account = std::make_shared<LDGRAccount>();
   account->SetName(NewAccountName());
   account->SetStartingBalance(0.0);
-  account->SetNumber(host_.HighestAccountNumber() + 1);
+  account->SetNumber(accounts_.HighestAccountNumber() + 1);
   account->SetPassword("");
   return Begin(std::move(account), true);
 }
 
 bool AccountEditing::Account_Edit() {
-  auto account = host_.SelectedAccount();
+  auto account = desk_.SelectedAccount();
   return account != nullptr && sheets_.IsFree() && Begin(std::move(account), false);
 }
 
 std::string AccountEditing::NewAccountName() const {
   std::unordered_set<std::string_view> names;
-  for (const auto& account : host_.Accounts()) names.insert(account->GetName());
+  for (const auto& account : desk_.accounts()) names.insert(account->GetName());
   const std::string stem = LocalizedText("Tallyfold") + ' ';
-  for (std::size_t number = host_.Accounts().size() + 1;; ++number) {
+  for (std::size_t number = desk_.accounts().size() + 1;; ++number) {
     std::string name = stem + std::to_string(number);
     if (!names.contains(name)) return name;
   }
@@ -98,7 +98,7 @@ bool AccountEditing::Begin(std::shared_ptr<LDGRAccount> account, bool is_new) {
 }
 
 bool AccountEditing::AccountEditSheet_Open() {
-  state_.is_open = sheets_.Open(Sheet::AccountEdit);
+  state_.is_open = sheets_.Open(Sheet::AccountEdit, [this] { AccountEditSheet_Cancel(); });
   front_end_.Changed(Area::AccountEditSheet);
   return state_.is_open;
 }
@@ -191,13 +191,13 @@ bool AccountEditing::AccountEditSheet_OK() {
   const bool is_renamed = account->GetName() != state_.typed.name;
   SaveValues();
   Close();
-  if (is_new) host_.AddAccount(account);
+  if (is_new) accounts_.AddAccount(account);
   if (is_renamed && !is_new) links_.Accounts_SyncTransfers();
   refresh_.AccountsChanged();
   if (is_new) {
-    host_.Account_Select(account);
+    selection_.Account_Select(account);
   } else {
-    host_.SetMainWindowTitleForAccount(account.get());
+    selection_.SetMainWindowTitleForAccount(account.get());
   }
   return true;
 }

@@ -5,11 +5,14 @@
 #include <string>
 
 #include "app/accounts/account_edit_sheet_state.h"
+#include "app/accounts/account_selection.h"
+#include "app/desk.h"
 #include "app/entries/transfer_links.h"
 #include "app/face/front_end.h"
 #include "app/face/refresh.h"
 #include "app/face/sheet_slot.h"
 #include "model/account.h"
+#include "storage/accounts_store.h"
 
 namespace tallyfold {
 
@@ -17,22 +20,16 @@ namespace tallyfold {
 // shows; OK writes it into the account itself, whose object stays the same.
 class AccountEditing {
  public:
-  class Host {
-   public:
-    virtual ~Host() = default;
-    [[nodiscard]] virtual const AccountList& Accounts() const = 0;
-    [[nodiscard]] virtual std::int32_t HighestAccountNumber() const = 0;
-    // Null when no account is selected.
-    [[nodiscard]] virtual std::shared_ptr<LDGRAccount> SelectedAccount() const = 0;
-    virtual void AddAccount(const std::shared_ptr<LDGRAccount>& account) = 0;
-    virtual void Account_Select(const std::shared_ptr<LDGRAccount>& account) = 0;
-    // The selected account's name has changed.
-    virtual void SetMainWindowTitleForAccount(const LDGRAccount* account) = 0;
-  };
-
-  AccountEditing(Host& host, const TransferLinks& links, SheetSlot& sheets, Refresh& refresh,
+  AccountEditing(Desk& desk, AccountsStore& accounts, AccountSelection& selection,
+                 const TransferLinks& links, SheetSlot& sheets, Refresh& refresh,
                  FrontEnd& front_end) noexcept
-      : host_(host), links_(links), sheets_(sheets), refresh_(refresh), front_end_(front_end) {}
+      : desk_(desk),
+        accounts_(accounts),
+        selection_(selection),
+        links_(links),
+        sheets_(sheets),
+        refresh_(refresh),
+        front_end_(front_end) {}
   AccountEditing(const AccountEditing&) = delete;
   AccountEditing& operator=(const AccountEditing&) = delete;
 
@@ -71,7 +68,9 @@ class AccountEditing {
   void SaveValues();
   void SaveTypes();
 
-  Host& host_;
+  Desk& desk_;
+  AccountsStore& accounts_;
+  AccountSelection& selection_;
   const TransferLinks& links_;
   SheetSlot& sheets_;
   Refresh& refresh_;

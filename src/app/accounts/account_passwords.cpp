@@ -20,7 +20,7 @@ void AccountPasswords::AccountAuthenticationSheet_Open() {
 void AccountPasswords::Account_Lock(const std::shared_ptr<LDGRAccount>& account) {
   if (account == nullptr) return;
   account->setAuthenticated(false);
-  if (account == host_.SelectedAccount()) host_.Account_Deselect();
+  if (account == desk_.SelectedAccount()) selection_.Account_Deselect();
 }
 
 void AccountPasswords::ValidatePassword(std::string typed) {
@@ -36,14 +36,14 @@ bool AccountPasswords::AccountAuthenticationSheet_OK() {
     return false;
   }
   AccountAuthenticationSheet_Close();
-  host_.Account_Select(account);
+  selection_.Account_Select(account);
   return true;
 }
 
 void AccountPasswords::AccountAuthenticationSheet_Cancel() {
   if (!State().is_open) return;
   AccountAuthenticationSheet_Close();
-  host_.Account_Select(host_.SelectedAccount());
+  selection_.Account_Select(desk_.SelectedAccount());
 }
 
 void AccountPasswords::AccountAuthenticationSheet_Close() {

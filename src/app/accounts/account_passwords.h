@@ -3,6 +3,8 @@
 #include <memory>
 #include <string>
 
+#include "app/accounts/account_selection.h"
+#include "app/desk.h"
 #include "app/face/front_end.h"
 #include "app/face/main_window.h"
 #include "app/face/password_sheet.h"
@@ -14,18 +16,10 @@ namespace tallyfold {
 // The passwords of single accounts.
 class AccountPasswords {
  public:
-  class Host {
-   public:
-    virtual ~Host() = default;
-    // Null when no account is selected.
-    [[nodiscard]] virtual std::shared_ptr<LDGRAccount> SelectedAccount() const = 0;
-    virtual void Account_Select(const std::shared_ptr<LDGRAccount>& account) = 0;
-    virtual void Account_Deselect() = 0;
-  };
-
-  AccountPasswords(Host& host, SheetSlot& sheets, MainWindowSlot& window,
-                   FrontEnd& front_end) noexcept
-      : host_(host),
+  AccountPasswords(Desk& desk, AccountSelection& selection, SheetSlot& sheets,
+                   MainWindowSlot& window, FrontEnd& front_end) noexcept
+      : desk_(desk),
+        selection_(selection),
         sheets_(sheets),
         sheet_(Sheet::AccountAuthentication, Area::AccountAuthenticationSheet, sheets, window,
                front_end) {}
@@ -60,7 +54,8 @@ class AccountPasswords {
  private:
   void AccountAuthenticationSheet_Open();
 
-  Host& host_;
+  Desk& desk_;
+  AccountSelection& selection_;
   SheetSlot& sheets_;
   PasswordSheet sheet_;
   std::shared_ptr<LDGRAccount> authenticating_account_;

@@ -29,22 +29,23 @@ bool Unlink(LDGRAccountEntry& entry, std::int32_t account) {
 }  // namespace
 
 bool AccountRemoval::Account_Remove() {
-  const auto account = host_.SelectedAccount();
+  const auto account = desk_.SelectedAccount();
   if (account == nullptr || !sheets_.IsFree() || !UserAgrees(*account)) return false;
 
-  const AccountList before = host_.Accounts();
+  const AccountList before = desk_.accounts();
   const auto place = std::find(before.begin(), before.end(), account) - before.begin();
   // Before the account goes, so that its view is not stored again when the next one is shown.
-  host_.Account_Deselect();
+  selection_.Account_Deselect();
   UnlinkOthers(*account);
-  host_.RemoveAccount(account.get());
-  host_.Preferences().RemovePreferencesForAccountNumber(account->GetNumber());
+  if (passwords_.authenticatingAccount() == account) passwords_.Forget();
+  accounts_.RemoveAccount(account.get());
+  desk_.preferences().RemovePreferencesForAccountNumber(account->GetNumber());
   refresh_.AccountsChanged();
 
-  const AccountList& left = host_.Accounts();
+  const AccountList& left = desk_.accounts();
   if (!left.empty()) {
     const auto next = std::min(static_cast<std::size_t>(place), left.size() - 1);
-    host_.Account_Select(left[next]);
+    selection_.Account_Select(left[next]);
   }
   return true;
 }
@@ -71,7 +72,7 @@ bool AccountRemoval::UserAgrees(const LDGRAccount& account) const {
 
 std::size_t AccountRemoval::LinkedEntries(const LDGRAccount& account) const {
   std::size_t linked = 0;
-  for (const auto& other : host_.Accounts()) {
+  for (const auto& other : desk_.accounts()) {
     if (other.get() == &account) continue;
     for (const auto& entry : other->GetEntries()) {
       if (entry->IsTransfer() && entry->GetTransferAccount() == account.GetNumber()) ++linked;
@@ -82,7 +83,7 @@ std::size_t AccountRemoval::LinkedEntries(const LDGRAccount& account) const {
 
 void AccountRemoval::UnlinkOthers(const LDGRAccount& account) const {
   const std::int32_t number = account.GetNumber();
-  for (const auto& other : host_.Accounts()) {
+  for (const auto& other : desk_.accounts()) {
     if (other.get() == &account) continue;
     bool changed = false;
     for (const auto& entry : other->GetEntries()) changed |= Unlink(*entry, number);

@@ -3,32 +3,30 @@
 #include <cstddef>
 #include <memory>
 
+#include "app/accounts/account_passwords.h"
+#include "app/accounts/account_selection.h"
+#include "app/desk.h"
 #include "app/face/refresh.h"
 #include "app/face/sheet_slot.h"
 #include "model/account.h"
 #include "platform/alerts.h"
+#include "storage/accounts_store.h"
 
 namespace tallyfold {
-
-class LDGRPreferences;
 
 // Removes the selected account with everything in it, after one question.
 class AccountRemoval {
  public:
-  class Host {
-   public:
-    virtual ~Host() = default;
-    [[nodiscard]] virtual const AccountList& Accounts() const = 0;
-    // Null when no account is selected.
-    [[nodiscard]] virtual std::shared_ptr<LDGRAccount> SelectedAccount() const = 0;
-    [[nodiscard]] virtual LDGRPreferences& Preferences() = 0;
-    virtual void RemoveAccount(const LDGRAccount* account) = 0;
-    virtual void Account_Select(const std::shared_ptr<LDGRAccount>& account) = 0;
-    virtual void Account_Deselect() = 0;
-  };
-
-  AccountRemoval(Host& host, Alerts& alerts, const SheetSlot& sheets, Refresh& refresh) noexcept
-      : host_(host), alerts_(alerts), sheets_(sheets), refresh_(refresh) {}
+  AccountRemoval(Desk& desk, AccountsStore& accounts, AccountSelection& selection,
+                 AccountPasswords& passwords, Alerts& alerts, const SheetSlot& sheets,
+                 Refresh& refresh) noexcept
+      : desk_(desk),
+        accounts_(accounts),
+        selection_(selection),
+        passwords_(passwords),
+        alerts_(alerts),
+        sheets_(sheets),
+        refresh_(refresh) {}
   AccountRemoval(const AccountRemoval&) = delete;
   AccountRemoval& operator=(const AccountRemoval&) = delete;
 
@@ -43,7 +41,10 @@ class AccountRemoval {
   [[nodiscard]] std::size_t LinkedEntries(const LDGRAccount& account) const;
   void UnlinkOthers(const LDGRAccount& account) const;
 
-  Host& host_;
+  Desk& desk_;
+  AccountsStore& accounts_;
+  AccountSelection& selection_;
+  AccountPasswords& passwords_;
   Alerts& alerts_;
   const SheetSlot& sheets_;
   Refresh& refresh_;

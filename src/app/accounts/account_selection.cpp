@@ -11,8 +11,9 @@ AccountSelection::~AccountSelection() {
 }
 
 void AccountSelection::ClearSelected() noexcept {
-  if (selected_ != nullptr && CurrentAccount() == selected_.get()) SetCurrentAccount(nullptr);
-  selected_ = nullptr;
+  const auto selected = desk_.SelectedAccount();
+  if (selected != nullptr && CurrentAccount() == selected.get()) SetCurrentAccount(nullptr);
+  desk_.SetSelectedAccount(nullptr);
 }
 
 void AccountSelection::Forget() noexcept {
@@ -21,14 +22,14 @@ void AccountSelection::Forget() noexcept {
 }
 
 void AccountSelection::Accounts_PostLoad() {
-  if (!host_.IsUnlocked()) return;
+  if (!desk_.IsUnlocked()) return;
   has_post_loaded_ = true;
-  if (host_.Accounts().empty()) {
+  if (desk_.accounts().empty()) {
     host_.Account_Add();
   } else {
     refresh_.AccountsList_Redraw();
-    auto account = host_.AccountWithNumber(host_.Preferences().GetSelectedAccountNumber());
-    if (account == nullptr) account = host_.Accounts().front();
+    auto account = desk_.AccountWithNumber(desk_.preferences().GetSelectedAccountNumber());
+    if (account == nullptr) account = desk_.accounts().front();
     Account_Select(account);
   }
   refresh_.AccountBalance_Field_Update();
@@ -37,7 +38,7 @@ void AccountSelection::Accounts_PostLoad() {
 
 void AccountSelection::Account_Select(const std::shared_ptr<LDGRAccount>& account) {
   host_.StopSpeech();
-  if (account == nullptr || !host_.IsUnlocked()) {
+  if (account == nullptr || !desk_.IsUnlocked()) {
     Account_Deselect();
   } else if (account->IsAuthenticated()) {
     Select(account);
@@ -50,25 +51,27 @@ void AccountSelection::Account_Select(const std::shared_ptr<LDGRAccount>& accoun
 }
 
 void AccountSelection::Select(const std::shared_ptr<LDGRAccount>& account) {
-  if (selected_ != nullptr) host_.Preferences_StoreAccountPrefs(*selected_);
-  selected_ = account;
+  if (const auto former = desk_.SelectedAccount()) {
+    preferences_.Preferences_StoreAccountPrefs(former.get());
+  }
+  desk_.SetSelectedAccount(account);
   SetCurrentAccount(account.get());
-  host_.ShowSummary(account.get());
+  host_.ShowSummary();
   front_end_.Changed(Area::SelectedAccount);
   SetMainWindowTitleForAccount(account.get());
-  host_.Preferences().SetSelectedAccountNumber(account->GetNumber());
+  desk_.preferences().SetSelectedAccountNumber(account->GetNumber());
   host_.ShowInTables(account);
   refresh_.EntryButtons_Update();
   front_end_.Changed(Area::ScheduleButtons);
   host_.FillCurrentRegister();
   refresh_.AccountsList_Redraw();
-  host_.FocusAccountsTable();
+  window_->FocusAccountsTable();
 }
 
 void AccountSelection::Account_Deselect() {
   ClearSelected();
   refresh_.AccountsList_Redraw();
-  host_.ShowSummary(nullptr);
+  host_.ShowSummary();
   refresh_.EntryButtons_Update();
   front_end_.Changed(Area::ScheduleButtons);
   front_end_.Changed(Area::SelectedAccount);

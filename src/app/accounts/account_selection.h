@@ -3,9 +3,12 @@
 #include <memory>
 #include <string>
 
+#include "app/desk.h"
 #include "app/face/front_end.h"
+#include "app/face/main_window.h"
 #include "app/face/refresh.h"
 #include "model/account.h"
+#include "storage/preferences_store.h"
 
 namespace tallyfold {
 
@@ -18,40 +21,35 @@ class AccountSelection {
   class Host {
    public:
     virtual ~Host() = default;
-    [[nodiscard]] virtual const AccountList& Accounts() const = 0;
-    // The first with that number, or null.
-    [[nodiscard]] virtual std::shared_ptr<LDGRAccount> AccountWithNumber(
-        std::int32_t number) const = 0;
-    [[nodiscard]] virtual LDGRPreferences& Preferences() = 0;
-    // False while the application waits for its password.
-    [[nodiscard]] virtual bool IsUnlocked() const = 0;
-
     virtual void StopSpeech() = 0;
     // Asks for the password of a locked account.
     virtual void Account_Authenticate(const std::shared_ptr<LDGRAccount>& account) = 0;
     // The first account of an empty list is made by the user.
     virtual bool Account_Add() = 0;
-    virtual void Preferences_StoreAccountPrefs(LDGRAccount& account) = 0;
-    // The account's summary is shown; null empties the summary view and its list.
-    virtual void ShowSummary(LDGRAccount* account) = 0;
+    // The summary of the account that is selected now is shown; none empties the summary view and
+    // its list.
+    virtual void ShowSummary() = 0;
     // The registers and the schedule list show the account as its view preferences tell; null
     // empties them.
     virtual void ShowInTables(const std::shared_ptr<LDGRAccount>& account) = 0;
     // Gives the current register the selected account's filtered entries and sets up its filter.
     virtual void FillCurrentRegister() = 0;
-    virtual void FocusAccountsTable() = 0;
     // The reminder of scheduled entries counts anew from now.
     virtual void ReplaceScheduleReminderTimer() = 0;
   };
 
-  AccountSelection(Host& host, Refresh& refresh, FrontEnd& front_end) noexcept
-      : host_(host), refresh_(refresh), front_end_(front_end) {}
+  AccountSelection(Host& host, Desk& desk, PreferencesStore& preferences, MainWindowSlot& window,
+                   Refresh& refresh, FrontEnd& front_end) noexcept
+      : host_(host),
+        desk_(desk),
+        preferences_(preferences),
+        window_(window),
+        refresh_(refresh),
+        front_end_(front_end) {}
   AccountSelection(const AccountSelection&) = delete;
   AccountSelection& operator=(const AccountSelection&) = delete;
   ~AccountSelection();
 
-  // Null when no account is selected.
-  [[nodiscard]] const std::shared_ptr<LDGRAccount>& Selected() const noexcept { return selected_; }
   // The title of the main window.
   [[nodiscard]] const std::string& WindowTitle() const noexcept { return window_title_; }
 
@@ -75,9 +73,11 @@ class AccountSelection {
   void Select(const std::shared_ptr<LDGRAccount>& account);
 
   Host& host_;
+  Desk& desk_;
+  PreferencesStore& preferences_;
+  MainWindowSlot& window_;
   Refresh& refresh_;
   FrontEnd& front_end_;
-  std::shared_ptr<LDGRAccount> selected_;
   std::string window_title_;
   bool has_post_loaded_ = false;
 };

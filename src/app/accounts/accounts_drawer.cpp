@@ -7,12 +7,17 @@
 
 namespace tallyfold {
 
-AccountsDrawer::AccountsDrawer(Host& host, Refresh& refresh, FrontEnd& front_end)
-    : host_(host), refresh_(refresh), front_end_(front_end) {}
+AccountsDrawer::AccountsDrawer(Desk& desk, AccountSelection& selection, AccountEditing& editing,
+                               Refresh& refresh, FrontEnd& front_end)
+    : desk_(desk),
+      selection_(selection),
+      editing_(editing),
+      refresh_(refresh),
+      front_end_(front_end) {}
 
 void AccountsDrawer::ToggleAccountsDrawer() {
   SetOpen(!state_.is_open);
-  host_.Preferences().SetShowAccountsDrawer(state_.is_open);
+  desk_.preferences().SetShowAccountsDrawer(state_.is_open);
 }
 
 void AccountsDrawer::drawerDidClose() {
@@ -27,13 +32,13 @@ void AccountsDrawer::SetOpen(bool is_open) {
 
 std::vector<AccountRow> AccountsDrawer::Rows() const {
   std::vector<AccountRow> rows;
-  if (!host_.IsUnlocked()) return rows;
-  const auto selected = host_.SelectedAccount();
-  for (const auto& account : host_.Accounts()) {
+  if (!desk_.IsUnlocked()) return rows;
+  const auto selected = desk_.SelectedAccount();
+  for (const auto& account : desk_.accounts()) {
     rows.push_back({account, account->GetBalance(), account->IsLocked(), account == selected});
   }
 
-  const auto& preferences = host_.Preferences();
+  const auto& preferences = desk_.preferences();
   const bool by_balance = preferences.GetAccountListSortKey() == kBalanceColumn;
   const bool is_descending = preferences.GetAccountListSortDescending();
   const auto comes_before = [by_balance](const AccountRow& a, const AccountRow& b) {
@@ -47,7 +52,7 @@ std::vector<AccountRow> AccountsDrawer::Rows() const {
 
 void AccountsDrawer::ClickedTableColumn(std::string_view column) {
   if (column != kNameColumn && column != kBalanceColumn) return;
-  auto& preferences = host_.Preferences();
+  auto& preferences = desk_.preferences();
   const bool was_sorted_by = preferences.GetAccountListSortKey() == column;
   preferences.SetAccountListSortDescending(was_sorted_by &&
                                            !preferences.GetAccountListSortDescending());
@@ -57,14 +62,14 @@ void AccountsDrawer::ClickedTableColumn(std::string_view column) {
 
 void AccountsDrawer::Table_Action(std::size_t row) {
   const auto rows = Rows();
-  if (row < rows.size()) host_.Account_Select(rows[row].account);
+  if (row < rows.size()) selection_.Account_Select(rows[row].account);
 }
 
 void AccountsDrawer::Table_DoubleClick(std::size_t row) {
   const auto rows = Rows();
   if (row >= rows.size()) return;
-  if (!rows[row].is_selected) host_.Account_Select(rows[row].account);
-  if (host_.SelectedAccount() == rows[row].account) host_.Account_Edit();
+  if (!rows[row].is_selected) selection_.Account_Select(rows[row].account);
+  if (desk_.SelectedAccount() == rows[row].account) editing_.Account_Edit();
 }
 
 }  // namespace tallyfold

@@ -6,13 +6,14 @@
 #include <string_view>
 #include <vector>
 
+#include "app/accounts/account_editing.h"
+#include "app/accounts/account_selection.h"
+#include "app/desk.h"
 #include "app/face/front_end.h"
 #include "app/face/refresh.h"
 #include "model/account.h"
 
 namespace tallyfold {
-
-class LDGRPreferences;
 
 // A row of the accounts list.
 struct AccountRow {
@@ -36,18 +37,8 @@ class AccountsDrawer {
   static constexpr std::string_view kNameColumn = "accounts";
   static constexpr std::string_view kBalanceColumn = "balance";
 
-  class Host {
-   public:
-    virtual ~Host() = default;
-    [[nodiscard]] virtual const AccountList& Accounts() const = 0;
-    [[nodiscard]] virtual std::shared_ptr<LDGRAccount> SelectedAccount() const = 0;
-    [[nodiscard]] virtual LDGRPreferences& Preferences() = 0;
-    [[nodiscard]] virtual bool IsUnlocked() const = 0;
-    virtual void Account_Select(const std::shared_ptr<LDGRAccount>& account) = 0;
-    virtual bool Account_Edit() = 0;
-  };
-
-  AccountsDrawer(Host& host, Refresh& refresh, FrontEnd& front_end);
+  AccountsDrawer(Desk& desk, AccountSelection& selection, AccountEditing& editing, Refresh& refresh,
+                 FrontEnd& front_end);
   AccountsDrawer(const AccountsDrawer&) = delete;
   AccountsDrawer& operator=(const AccountsDrawer&) = delete;
 
@@ -71,7 +62,9 @@ class AccountsDrawer {
  private:
   void SetOpen(bool is_open);
 
-  Host& host_;
+  Desk& desk_;
+  AccountSelection& selection_;
+  AccountEditing& editing_;
   Refresh& refresh_;
   FrontEnd& front_end_;
   AccountsDrawerState state_;

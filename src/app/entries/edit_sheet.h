@@ -3,6 +3,7 @@
 #include <string>
 
 #include "app/entries/edited_entry.h"
+#include "app/entries/entry_defaults.h"
 #include "app/entries/entry_sheet_state.h"
 #include "app/face/front_end.h"
 #include "model/date_number.h"
@@ -16,23 +17,58 @@ class LDGRPreferences;
 // writes the state back into it.
 class EditSheet {
  public:
+  // Who opens and closes the sheet and has the entry it is for.
+  class Keeper {
+   public:
+    virtual ~Keeper() = default;
+    virtual void Populate(EditSheet& sheet) = 0;
+    virtual bool Open(EditSheet& sheet) = 0;
+    virtual void SaveValuesToEditEntry(EditSheet& sheet) = 0;
+    virtual bool OK(EditSheet& sheet) = 0;
+    virtual bool OKThenNew(EditSheet& sheet, EntryKind kind) = 0;
+    virtual void Cancel(EditSheet& sheet) = 0;
+  };
+
+  // The keeper must outlive the sheet.
+  explicit EditSheet(Keeper& keeper) noexcept : keeper_(keeper) {}
+  EditSheet(const EditSheet&) = delete;
+  EditSheet& operator=(const EditSheet&) = delete;
   virtual ~EditSheet() = default;
 
+  // The steps of which the others are made: Populate fills the sheet from the edited entry, Open
+  // shows it, SaveValuesToEditEntry writes what was typed into the entry, which CheckTyped() must
+  // have passed. Nothing where there is no edited entry of the sheet's kind whose account is there.
+  void Populate() { keeper_.Populate(*this); }
+  bool Open() { return keeper_.Open(*this); }
+  void SaveValuesToEditEntry() { keeper_.SaveValuesToEditEntry(*this); }
+  // Writes the sheet into its entry and the entry into the account, and closes the sheet. False
+  // when the sheet is not open or when it stays open because what was typed cannot be stored: the
+  // sheet's state then says why, unless a field of the front end has refused its text.
+  bool OK() { return keeper_.OK(*this); }
+  // OK and then the sheet for a new entry; a refused OK ends it there, and so does an owner.
+  bool OKThenNew(EntryKind kind) { return keeper_.OKThenNew(*this, kind); }
+  // Closes the sheet; the account stays as it was.
+  void Cancel() { keeper_.Cancel(*this); }
+
+  // What follows is for the keeper.
   [[nodiscard]] virtual Sheet Which() const noexcept = 0;
   // The area that stands for the sheet's state.
   [[nodiscard]] virtual Area StateArea() const noexcept = 0;
   // Fills the state from the entry.
-  virtual void Populate(const EditedEntry& edited, const LDGRAccount& account,
-                        const LDGRPreferences& preferences) = 0;
+  virtual void Fill(const EditedEntry& edited, const LDGRAccount& account,
+                    const LDGRPreferences& preferences) = 0;
   // Limits the typed day to its month, then tells in the user's words what cannot be stored of
   // what was typed; "" when all of it can.
   [[nodiscard]] virtual std::string CheckTyped() = 0;
   // Writes the typed values into the entry, which is one of `account` or about to become one. To
   // be called only after CheckTyped() found nothing.
-  virtual void SaveValuesToEditEntry(const EditedEntry& edited, LDGRAccount& account) = 0;
+  virtual void Store(const EditedEntry& edited, LDGRAccount& account) = 0;
 
   virtual void SetOpen(bool is_open) noexcept = 0;
   virtual void SetProblem(std::string problem) = 0;
+
+ private:
+  Keeper& keeper_;
 };
 
 // Limits the day of `date` to its month, then tells whether it names a day of the years 1 to 9999.

@@ -8,25 +8,25 @@
 
 namespace tallyfold {
 
-EntryEditing::EntryEditing(Host& host, const TransferLinks& links, SheetSlot& sheets,
+EntryEditing::EntryEditing(Desk& desk, const TransferLinks& links, SheetSlot& sheets,
                            Refresh& refresh, FrontEnd& front_end)
-    : host_(host),
+    : desk_(desk),
       sheets_(sheets),
       refresh_(refresh),
       front_end_(front_end),
-      debit_(EntrySheet::Kind::Debit, front_end),
-      deposit_(EntrySheet::Kind::Deposit, front_end),
-      transfer_(host, links, front_end) {}
+      debit_(EntrySheet::Kind::Debit, *this, front_end),
+      deposit_(EntrySheet::Kind::Deposit, *this, front_end),
+      transfer_(*this, desk, links, front_end) {}
 
 bool EntryEditing::New(EntryKind kind) {
-  const auto account = host_.SelectedAccount();
+  const auto account = desk_.SelectedAccount();
   if (account == nullptr || !sheets_.IsFree()) return false;
-  return Begin({NewEntryWithDefaults(kind, *account, host_.Preferences()), true, account});
+  return Begin({NewEntryWithDefaults(kind, *account, desk_.preferences()), true, account});
 }
 
 bool EntryEditing::Entry_Edit() {
-  const auto account = host_.SelectedAccount();
-  const auto entry = host_.SelectedEntry();
+  const auto account = desk_.SelectedAccount();
+  const auto entry = desk_.SelectedEntry();
   if (account == nullptr || entry == nullptr || !sheets_.IsFree()) return false;
   return SheetForEntry(*entry) != nullptr && Begin({entry, false, account});
 }
@@ -57,18 +57,18 @@ bool EntryEditing::IsFor(const EditSheet& sheet) noexcept {
 }
 
 void EntryEditing::Populate(EditSheet& sheet) {
-  if (IsFor(sheet)) sheet.Populate(edited_, *edited_.account.lock(), host_.Preferences());
+  if (IsFor(sheet)) sheet.Fill(edited_, *edited_.account.lock(), desk_.preferences());
 }
 
 bool EntryEditing::Open(EditSheet& sheet) {
-  if (!IsFor(sheet) || !sheets_.Open(sheet.Which())) return false;
+  if (!IsFor(sheet) || !sheets_.Open(sheet.Which(), [&sheet] { sheet.Cancel(); })) return false;
   sheet.SetOpen(true);
   front_end_.Changed(sheet.StateArea());
   return true;
 }
 
 void EntryEditing::SaveValuesToEditEntry(EditSheet& sheet) {
-  if (IsFor(sheet)) sheet.SaveValuesToEditEntry(edited_, *edited_.account.lock());
+  if (IsFor(sheet)) sheet.Store(edited_, *edited_.account.lock());
 }
 
 void EntryEditing::Close(EditSheet& sheet) {
@@ -107,7 +107,7 @@ bool EntryEditing::OK(EditSheet& sheet) {
 
 std::string EntryEditing::CheckTarget() const {
   const auto account = edited_.account.lock();
-  if (account == nullptr || account != host_.SelectedAccount()) {
+  if (account == nullptr || account != desk_.SelectedAccount()) {
     return LocalizedText("The account is no longer selected.");
   }
   if (edited_.owner != nullptr) return edited_.owner->CheckEdited(*edited_.entry);
@@ -126,7 +126,7 @@ void EntryEditing::Cancel(EditSheet& sheet) {
 }
 
 void EntryEditing::TurnClearedOver(const std::shared_ptr<LDGRAccountEntry>& entry) {
-  const auto account = host_.SelectedAccount();
+  const auto account = desk_.SelectedAccount();
   if (account == nullptr || entry == nullptr) return;
   entry->SetCleared(!entry->GetCleared());
   account->NoteChange();
@@ -152,7 +152,7 @@ void EntryEditing::DropSuggestion() {
 void EntryEditing::CheckNumber_Button() {
   const auto account = edited_.account.lock();
   if (account == nullptr || sheets_.Current() != Sheet::Debit) return;
-  debit_.CheckNumber_Button(SuggestedCheckNumber(*account, host_.Preferences()));
+  debit_.CheckNumber_Button(SuggestedCheckNumber(*account, desk_.preferences()));
 }
 
 }  // namespace tallyfold

@@ -2,6 +2,7 @@
 
 #include <memory>
 
+#include "app/desk.h"
 #include "app/entries/edited_entry.h"
 #include "app/entries/entry_defaults.h"
 #include "app/entries/entry_sheet.h"
@@ -14,22 +15,11 @@
 
 namespace tallyfold {
 
-class LDGRPreferences;
-
 // Adds entries to the selected account and changes them, through the debit, the deposit and the
 // transfer sheet. The account changes at OK alone, all at once or not at all.
-class EntryEditing {
+class EntryEditing final : private EditSheet::Keeper {
  public:
-  class Host : public TransferSheet::Host {
-   public:
-    // Null when no account is selected.
-    [[nodiscard]] virtual std::shared_ptr<LDGRAccount> SelectedAccount() const = 0;
-    // The entry of the selected row of the current register, or null.
-    [[nodiscard]] virtual std::shared_ptr<LDGRAccountEntry> SelectedEntry() const = 0;
-    [[nodiscard]] virtual const LDGRPreferences& Preferences() const = 0;
-  };
-
-  EntryEditing(Host& host, const TransferLinks& links, SheetSlot& sheets, Refresh& refresh,
+  EntryEditing(Desk& desk, const TransferLinks& links, SheetSlot& sheets, Refresh& refresh,
                FrontEnd& front_end);
   EntryEditing(const EntryEditing&) = delete;
   EntryEditing& operator=(const EntryEditing&) = delete;
@@ -56,24 +46,6 @@ class EntryEditing {
   // Turns the cleared mark of an entry of the selected account over. Null does nothing.
   void TurnClearedOver(const std::shared_ptr<LDGRAccountEntry>& entry);
 
-  // The steps of which the others are made. Populate fills the sheet from the edited entry, Open
-  // shows it, SaveValuesToEditEntry writes what was typed into the entry, which CheckTyped() must
-  // have passed. Nothing where there is no edited entry of the sheet's kind whose account is there.
-  void Populate(EditSheet& sheet);
-  bool Open(EditSheet& sheet);
-  void SaveValuesToEditEntry(EditSheet& sheet);
-
-  // Writes the sheet into its entry and the entry into the account, and closes the sheet. False
-  // when the sheet is not open or when it stays open because what was typed cannot be stored: the
-  // sheet's state then says why, unless a field of the front end has refused its text.
-  bool OK(EditSheet& sheet);
-  // Closes the sheet; the account stays as it was.
-  void Cancel(EditSheet& sheet);
-  // OK and then the sheet for a new entry; a refused OK ends it there, and so does an owner.
-  bool OKThenNew(EditSheet& sheet, EntryKind kind) {
-    return OK(sheet) && edited_.owner == nullptr && New(kind);
-  }
-
   // The description of the debit or deposit sheet, whichever is open, was typed or chosen, or
   // editing in it begins anew.
   void SuggestForDescription();
@@ -83,6 +55,15 @@ class EntryEditing {
   void CheckNumber_Button();
 
  private:
+  void Populate(EditSheet& sheet) override;
+  bool Open(EditSheet& sheet) override;
+  void SaveValuesToEditEntry(EditSheet& sheet) override;
+  bool OK(EditSheet& sheet) override;
+  bool OKThenNew(EditSheet& sheet, EntryKind kind) override {
+    return OK(sheet) && edited_.owner == nullptr && New(kind);
+  }
+  void Cancel(EditSheet& sheet) override;
+
   bool Begin(EditedEntry edited);
   void Close(EditSheet& sheet);
   // The debit or the deposit sheet, whichever is open, or null.
@@ -92,7 +73,7 @@ class EntryEditing {
   // Why the edited entry cannot be stored any more; "" when it can.
   [[nodiscard]] std::string CheckTarget() const;
 
-  Host& host_;
+  Desk& desk_;
   SheetSlot& sheets_;
   Refresh& refresh_;
   FrontEnd& front_end_;

@@ -8,15 +8,15 @@
 namespace tallyfold {
 
 void EntryRemoval::EntryRemoveConfirm_Begin() {
-  const auto account = host_.SelectedAccount();
-  if (account == nullptr || account->GetEntries().empty() || host_.SelectedEntry() == nullptr ||
+  const auto account = desk_.SelectedAccount();
+  if (account == nullptr || account->GetEntries().empty() || desk_.SelectedEntry() == nullptr ||
       !sheets_.IsFree()) {
     return;
   }
-  if (!host_.Preferences().GetEntryRemoveConfirm()) return AskForOtherHalfOrDelete();
+  if (!desk_.preferences().GetEntryRemoveConfirm()) return AskForOtherHalfOrDelete();
   confirm_ = {true, LocalizedText("Are you sure you would like to remove the selected entry?")};
   front_end_.Changed(Area::EntryRemoveSheet);
-  sheets_.Open(Sheet::EntryRemoveConfirm);
+  sheets_.Open(Sheet::EntryRemoveConfirm, [this] { EntryRemoveConfirm_Cancel(); });
 }
 
 void EntryRemoval::EntryRemoveConfirm_OK() {
@@ -36,7 +36,7 @@ void EntryRemoval::CloseConfirm() {
 }
 
 void EntryRemoval::AskForOtherHalfOrDelete() {
-  if (links_.Transfer_LinkedEntry(host_.SelectedEntry().get()) != nullptr) {
+  if (links_.Transfer_LinkedEntry(desk_.SelectedEntry().get()) != nullptr) {
     TransferEntryRemoveConfirm_Begin();
   } else {
     Entry_Delete();
@@ -44,20 +44,20 @@ void EntryRemoval::AskForOtherHalfOrDelete() {
 }
 
 void EntryRemoval::TransferEntryRemoveConfirm_Begin() {
-  const auto entry = host_.SelectedEntry();
+  const auto entry = desk_.SelectedEntry();
   if (links_.Transfer_LinkedEntry(entry.get()) == nullptr || !sheets_.IsFree()) return;
   transfer_ = {true, MessageWithText(LocalizedText("The other half of this transfer is in the "
                                                    "account \"%@\".  Would you like to keep it "
                                                    "there as an ordinary entry?"),
                                      entry->GetToFrom())};
   front_end_.Changed(Area::TransferEntryRemoveSheet);
-  sheets_.Open(Sheet::TransferEntryRemoveConfirm);
+  sheets_.Open(Sheet::TransferEntryRemoveConfirm, [this] { TransferEntryRemoveConfirm_Cancel(); });
 }
 
 void EntryRemoval::TransferEntryRemoveConfirm_Yes() {
   if (!CloseTransfer()) return;
-  const auto account = host_.SelectedAccount();
-  const auto entry = host_.SelectedEntry();
+  const auto account = desk_.SelectedAccount();
+  const auto entry = desk_.SelectedEntry();
   if (account == nullptr || entry == nullptr) return;
   links_.UnlinkOtherHalf(*account, *entry);
   Delete(entry);
@@ -65,8 +65,8 @@ void EntryRemoval::TransferEntryRemoveConfirm_Yes() {
 
 void EntryRemoval::TransferEntryRemoveConfirm_No() {
   if (!CloseTransfer()) return;
-  const auto account = host_.SelectedAccount();
-  const auto entry = host_.SelectedEntry();
+  const auto account = desk_.SelectedAccount();
+  const auto entry = desk_.SelectedEntry();
   if (account == nullptr || entry == nullptr) return;
   links_.RemoveOtherHalf(*account, *entry);
   Delete(entry);
@@ -85,11 +85,11 @@ bool EntryRemoval::CloseTransfer() {
 }
 
 void EntryRemoval::Entry_Delete() {
-  Delete(host_.SelectedEntry());
+  Delete(desk_.SelectedEntry());
 }
 
 void EntryRemoval::Delete(const std::shared_ptr<LDGRAccountEntry>& entry) {
-  const auto account = host_.SelectedAccount();
+  const auto account = desk_.SelectedAccount();
   if (account == nullptr || entry == nullptr) return;
   account->RemoveEntry(entry.get());
   refresh_.EntryRemoved();

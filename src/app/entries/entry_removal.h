@@ -2,6 +2,7 @@
 
 #include <memory>
 
+#include "app/desk.h"
 #include "app/entries/entry_remove_sheet_state.h"
 #include "app/entries/transfer_links.h"
 #include "app/face/front_end.h"
@@ -11,24 +12,12 @@
 
 namespace tallyfold {
 
-class LDGRPreferences;
-
 // Removes the selected entry, after the questions that apply.
 class EntryRemoval {
  public:
-  class Host {
-   public:
-    virtual ~Host() = default;
-    // Null when no account is selected.
-    [[nodiscard]] virtual std::shared_ptr<LDGRAccount> SelectedAccount() const = 0;
-    // The entry of the selected row of the current register, or null.
-    [[nodiscard]] virtual std::shared_ptr<LDGRAccountEntry> SelectedEntry() const = 0;
-    [[nodiscard]] virtual const LDGRPreferences& Preferences() const = 0;
-  };
-
-  EntryRemoval(Host& host, const TransferLinks& links, SheetSlot& sheets, Refresh& refresh,
+  EntryRemoval(Desk& desk, const TransferLinks& links, SheetSlot& sheets, Refresh& refresh,
                FrontEnd& front_end) noexcept
-      : host_(host), links_(links), sheets_(sheets), refresh_(refresh), front_end_(front_end) {}
+      : desk_(desk), links_(links), sheets_(sheets), refresh_(refresh), front_end_(front_end) {}
   EntryRemoval(const EntryRemoval&) = delete;
   EntryRemoval& operator=(const EntryRemoval&) = delete;
 
@@ -59,7 +48,7 @@ class EntryRemoval {
   bool CloseTransfer();
   void Delete(const std::shared_ptr<LDGRAccountEntry>& entry);
 
-  Host& host_;
+  Desk& desk_;
   const TransferLinks& links_;
   SheetSlot& sheets_;
   Refresh& refresh_;

@@ -43,17 +43,17 @@ void EntryReveal::ShowHiddenEntry() {
   Forget();
   if (entry == nullptr) return;
   host_.ShowAllEntries();
-  host_.SelectEntry(entry);
+  desk_.SelectEntry(entry);
 }
 
 bool EntryReveal::ShowOtherHalf() {
-  const auto entry = host_.SelectedEntry();
+  const auto entry = desk_.SelectedEntry();
   const auto half = links_.Transfer_LinkedEntry(entry.get());
-  if (half == nullptr || host_.SheetIsOpen()) return false;
-  const auto account = host_.AccountWithNumber(entry->GetTransferAccount());
+  if (half == nullptr || !sheets_.IsFree()) return false;
+  const auto account = desk_.AccountWithNumber(entry->GetTransferAccount());
   host_.Account_Select(account);
-  if (host_.SelectedAccount() != account) return false;
-  host_.SelectEntry(half);
+  if (desk_.SelectedAccount() != account) return false;
+  desk_.SelectEntry(half);
   TellIfHidden(half, Reason::Sought);
   return true;
 }

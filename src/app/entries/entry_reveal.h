@@ -4,8 +4,10 @@
 #include <memory>
 #include <string>
 
+#include "app/desk.h"
 #include "app/entries/transfer_links.h"
 #include "app/face/front_end.h"
+#include "app/face/sheet_slot.h"
 #include "filters/filter.h"
 #include "model/account.h"
 
@@ -27,22 +29,16 @@ class EntryReveal {
   class Host {
    public:
     virtual ~Host() = default;
-    [[nodiscard]] virtual std::shared_ptr<LDGRAccount> AccountWithNumber(
-        std::int32_t number) const = 0;
-    // Null when no account is selected.
-    [[nodiscard]] virtual std::shared_ptr<LDGRAccount> SelectedAccount() const = 0;
-    [[nodiscard]] virtual std::shared_ptr<LDGRAccountEntry> SelectedEntry() const = 0;
-    [[nodiscard]] virtual bool SheetIsOpen() const = 0;
     // The filter of the current register of the selected account.
     [[nodiscard]] virtual std::shared_ptr<LDGRFilter> CurrentFilter() const = 0;
     // Shows a register, if another tab is showing, with every entry in it.
     virtual void ShowAllEntries() = 0;
-    virtual void SelectEntry(const std::shared_ptr<LDGRAccountEntry>& entry) = 0;
     virtual void Account_Select(const std::shared_ptr<LDGRAccount>& account) = 0;
   };
 
-  EntryReveal(Host& host, const TransferLinks& links, FrontEnd& front_end) noexcept
-      : host_(host), links_(links), front_end_(front_end) {}
+  EntryReveal(Host& host, Desk& desk, const SheetSlot& sheets, const TransferLinks& links,
+              FrontEnd& front_end) noexcept
+      : host_(host), desk_(desk), sheets_(sheets), links_(links), front_end_(front_end) {}
   EntryReveal(const EntryReveal&) = delete;
   EntryReveal& operator=(const EntryReveal&) = delete;
 
@@ -61,6 +57,8 @@ class EntryReveal {
 
  private:
   Host& host_;
+  Desk& desk_;
+  const SheetSlot& sheets_;
   const TransferLinks& links_;
   FrontEnd& front_end_;
   HiddenEntryState state_;

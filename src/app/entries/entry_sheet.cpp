@@ -22,8 +22,8 @@ bool IsUsed(const SplitRow& row) {
 
 }  // namespace
 
-void EntrySheet::Populate(const EditedEntry& edited, const LDGRAccount& account,
-                          const LDGRPreferences& preferences) {
+void EntrySheet::Fill(const EditedEntry& edited, const LDGRAccount& account,
+                      const LDGRPreferences& preferences) {
   const LDGRAccountEntry& entry = *edited.entry;
   const bool is_debit = kind_ == Kind::Debit;
   state_ = EntrySheetState();
@@ -104,7 +104,7 @@ std::string EntrySheet::CheckTyped() {
   return "";
 }
 
-void EntrySheet::SaveValuesToEditEntry(const EditedEntry& edited, LDGRAccount& /*account*/) {
+void EntrySheet::Store(const EditedEntry& edited, LDGRAccount& /*account*/) {
   const auto& typed = state_.typed;
   LDGRAccountEntry& entry = *edited.entry;
   entry.SetDate(typed.date);

@@ -16,9 +16,8 @@ class EntrySheet final : public EditSheet {
  public:
   enum class Kind : std::uint8_t { Debit, Deposit };
 
-  EntrySheet(Kind kind, FrontEnd& front_end) noexcept : kind_(kind), front_end_(front_end) {}
-  EntrySheet(const EntrySheet&) = delete;
-  EntrySheet& operator=(const EntrySheet&) = delete;
+  EntrySheet(Kind kind, Keeper& keeper, FrontEnd& front_end) noexcept
+      : EditSheet(keeper), kind_(kind), front_end_(front_end) {}
 
   [[nodiscard]] const EntrySheetState& State() const noexcept { return state_; }
   // Takes over what the user typed.
@@ -30,10 +29,10 @@ class EntrySheet final : public EditSheet {
   [[nodiscard]] Area StateArea() const noexcept override {
     return kind_ == Kind::Debit ? Area::DebitSheet : Area::DepositSheet;
   }
-  void Populate(const EditedEntry& edited, const LDGRAccount& account,
-                const LDGRPreferences& preferences) override;
+  void Fill(const EditedEntry& edited, const LDGRAccount& account,
+            const LDGRPreferences& preferences) override;
   [[nodiscard]] std::string CheckTyped() override;
-  void SaveValuesToEditEntry(const EditedEntry& edited, LDGRAccount& account) override;
+  void Store(const EditedEntry& edited, LDGRAccount& account) override;
   void SetOpen(bool is_open) noexcept override { state_.is_open = is_open; }
   void SetProblem(std::string problem) override { state_.problem = std::move(problem); }
 

@@ -28,14 +28,14 @@ void FillOtherHalf(const LDGRAccount& account, const LDGRAccountEntry& entry,
 
 std::shared_ptr<LDGRAccountEntry> TransferLinks::Transfer_LinkedEntry(
     const LDGRAccountEntry* entry) const {
-  const auto account = host_.SelectedAccount();
+  const auto account = desk_.SelectedAccount();
   if (entry == nullptr || account == nullptr || !entry->IsTransfer()) return nullptr;
   return OtherHalf(*account, *entry);
 }
 
 std::shared_ptr<LDGRAccountEntry> TransferLinks::OtherHalf(const LDGRAccount& account,
                                                            const LDGRAccountEntry& entry) const {
-  const auto other = host_.AccountWithNumber(entry.GetTransferAccount());
+  const auto other = desk_.AccountWithNumber(entry.GetTransferAccount());
   if (other == nullptr) return nullptr;
   const std::int32_t number = entry.GetTransferEntry();
   std::shared_ptr<LDGRAccountEntry> first;
@@ -49,7 +49,7 @@ std::shared_ptr<LDGRAccountEntry> TransferLinks::OtherHalf(const LDGRAccount& ac
 
 void TransferLinks::Link(LDGRAccount& account, LDGRAccountEntry& entry, bool is_new,
                          std::int32_t other, std::string_view name) const {
-  const auto target = host_.AccountWithNumber(other);
+  const auto target = desk_.AccountWithNumber(other);
   std::shared_ptr<LDGRAccountEntry> half;
   if (target == nullptr) {
     RemoveOtherHalf(account, entry);
@@ -79,21 +79,21 @@ void TransferLinks::UnlinkOtherHalf(const LDGRAccount& account,
   if (half == nullptr) return;
   half->SetTransferEntry(kNotLinked);
   half->SetTransferAccount(kNotLinked);
-  host_.AccountWithNumber(entry.GetTransferAccount())->NoteChange();
+  desk_.AccountWithNumber(entry.GetTransferAccount())->NoteChange();
 }
 
 void TransferLinks::RemoveOtherHalf(const LDGRAccount& account,
                                     const LDGRAccountEntry& entry) const {
   const auto half = OtherHalf(account, entry);
   if (half == nullptr) return;
-  host_.AccountWithNumber(entry.GetTransferAccount())->RemoveEntry(half.get());
+  desk_.AccountWithNumber(entry.GetTransferAccount())->RemoveEntry(half.get());
 }
 
 void TransferLinks::Account_SyncTransfers(LDGRAccount& account) const {
   bool changed = false;
   for (const auto& entry : account.GetEntries()) {
     if (!entry->IsTransfer()) continue;
-    const auto other = host_.AccountWithNumber(entry->GetTransferAccount());
+    const auto other = desk_.AccountWithNumber(entry->GetTransferAccount());
     if (other == nullptr || entry->GetToFrom() == other->GetName()) continue;
     entry->SetToFrom(other->GetName());
     changed = true;
@@ -102,7 +102,7 @@ void TransferLinks::Account_SyncTransfers(LDGRAccount& account) const {
 }
 
 void TransferLinks::Accounts_SyncTransfers() const {
-  for (const auto& account : host_.Accounts()) Account_SyncTransfers(*account);
+  for (const auto& account : desk_.accounts()) Account_SyncTransfers(*account);
 }
 
 }  // namespace tallyfold

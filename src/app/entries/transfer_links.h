@@ -4,6 +4,7 @@
 #include <memory>
 #include <string_view>
 
+#include "app/desk.h"
 #include "model/account.h"
 #include "model/account_entry.h"
 
@@ -14,17 +15,7 @@ namespace tallyfold {
 // a half that moved to another account has none (-1), and accounts go.
 class TransferLinks {
  public:
-  class Host {
-   public:
-    virtual ~Host() = default;
-    [[nodiscard]] virtual const AccountList& Accounts() const = 0;
-    // The first with that number, or null.
-    [[nodiscard]] virtual std::shared_ptr<LDGRAccount> AccountWithNumber(
-        std::int32_t number) const = 0;
-    [[nodiscard]] virtual std::shared_ptr<LDGRAccount> SelectedAccount() const = 0;
-  };
-
-  explicit TransferLinks(const Host& host) noexcept : host_(host) {}
+  explicit TransferLinks(const Desk& desk) noexcept : desk_(desk) {}
   TransferLinks(const TransferLinks&) = delete;
   TransferLinks& operator=(const TransferLinks&) = delete;
 
@@ -54,7 +45,7 @@ class TransferLinks {
   void Accounts_SyncTransfers() const;
 
  private:
-  const Host& host_;
+  const Desk& desk_;
 };
 
 }  // namespace tallyfold

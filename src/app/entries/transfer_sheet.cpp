@@ -19,8 +19,8 @@ const PopUpItem* SelectedItem(const std::vector<PopUpItem>& items, std::int32_t 
 
 }  // namespace
 
-void TransferSheet::Populate(const EditedEntry& edited, const LDGRAccount& account,
-                             const LDGRPreferences& preferences) {
+void TransferSheet::Fill(const EditedEntry& edited, const LDGRAccount& account,
+                         const LDGRPreferences& preferences) {
   const LDGRAccountEntry& entry = *edited.entry;
   state_ = TransferSheetState();
   state_.is_new = edited.is_new;
@@ -45,7 +45,7 @@ void TransferSheet::Populate(const EditedEntry& edited, const LDGRAccount& accou
 
 void TransferSheet::PopulateAccounts(const EditedEntry& edited, const LDGRAccount& account) {
   auto& items = state_.account_items;
-  for (const auto& other : host_.Accounts()) {
+  for (const auto& other : desk_.accounts()) {
     if (other.get() != &account) items.push_back({other->GetName(), other->GetNumber()});
   }
   const std::int32_t number = edited.entry->GetTransferAccount();
@@ -67,7 +67,7 @@ std::string TransferSheet::CheckTyped() {
   return "";
 }
 
-void TransferSheet::SaveValuesToEditEntry(const EditedEntry& edited, LDGRAccount& account) {
+void TransferSheet::Store(const EditedEntry& edited, LDGRAccount& account) {
   const auto& typed = state_.typed;
   LDGRAccountEntry& entry = *edited.entry;
   entry.SetDate(typed.date);

@@ -2,6 +2,7 @@
 
 #include <string>
 
+#include "app/desk.h"
 #include "app/entries/edit_sheet.h"
 #include "app/entries/transfer_links.h"
 #include "app/entries/transfer_sheet_state.h"
@@ -13,16 +14,9 @@ namespace tallyfold {
 // direction pop-up.
 class TransferSheet final : public EditSheet {
  public:
-  class Host {
-   public:
-    virtual ~Host() = default;
-    [[nodiscard]] virtual const AccountList& Accounts() const = 0;
-  };
-
-  TransferSheet(const Host& host, const TransferLinks& links, FrontEnd& front_end) noexcept
-      : host_(host), links_(links), front_end_(front_end) {}
-  TransferSheet(const TransferSheet&) = delete;
-  TransferSheet& operator=(const TransferSheet&) = delete;
+  TransferSheet(Keeper& keeper, const Desk& desk, const TransferLinks& links,
+                FrontEnd& front_end) noexcept
+      : EditSheet(keeper), desk_(desk), links_(links), front_end_(front_end) {}
 
   [[nodiscard]] const TransferSheetState& State() const noexcept { return state_; }
   // Takes over what the user typed.
@@ -30,18 +24,18 @@ class TransferSheet final : public EditSheet {
 
   [[nodiscard]] Sheet Which() const noexcept override { return Sheet::Transfer; }
   [[nodiscard]] Area StateArea() const noexcept override { return Area::TransferSheet; }
-  void Populate(const EditedEntry& edited, const LDGRAccount& account,
-                const LDGRPreferences& preferences) override;
+  void Fill(const EditedEntry& edited, const LDGRAccount& account,
+            const LDGRPreferences& preferences) override;
   [[nodiscard]] std::string CheckTyped() override;
   // Also brings the other half in line, in the other account.
-  void SaveValuesToEditEntry(const EditedEntry& edited, LDGRAccount& account) override;
+  void Store(const EditedEntry& edited, LDGRAccount& account) override;
   void SetOpen(bool is_open) noexcept override { state_.is_open = is_open; }
   void SetProblem(std::string problem) override { state_.problem = std::move(problem); }
 
  private:
   void PopulateAccounts(const EditedEntry& edited, const LDGRAccount& account);
 
-  const Host& host_;
+  const Desk& desk_;
   const TransferLinks& links_;
   FrontEnd& front_end_;
   TransferSheetState state_;

@@ -14,8 +14,8 @@ void ExportCommands::export_MenuItem(std::int32_t tag) {
 }
 
 std::shared_ptr<LDGRAccount> ExportCommands::AccountToWrite() {
-  host_.StopSpeech();
-  return host_.IsUnlocked() ? host_.SelectedAccount() : nullptr;
+  speaker_.StopSpeech();
+  return desk_.IsUnlocked() ? desk_.SelectedAccount() : nullptr;
 }
 
 // --- QIF ----------------------------------------------------------------------------------------
@@ -31,7 +31,7 @@ WriteResult ExportCommands::ExportQIF() {
                                   .accessory = PanelAccessory::QifExport,
                                   .check = this});
   if (!path) return WriteResult::Cancelled;
-  LDGRPreferences& preferences = host_.Preferences();
+  LDGRPreferences& preferences = desk_.preferences();
   preferences.setQIFExportDateFormat(qif_.exportDateFormat());
   preferences.setQIFExportAccount(qif_.exportAccount());
   preferences.setQIFExportEncoding(static_cast<std::int32_t>(qif_.encoding()));
@@ -39,13 +39,13 @@ WriteResult ExportCommands::ExportQIF() {
 }
 
 void ExportCommands::PrepareQIFAccessory(const LDGRAccount& account) {
-  const LDGRPreferences& preferences = host_.Preferences();
+  const LDGRPreferences& preferences = desk_.preferences();
   qif_.populateDateFormats();
   qif_.populateEncodingMenu(encodings_);
-  qif_.populateExportAccountsButton(&host_.Accounts());
+  qif_.populateExportAccountsButton(&desk_.accounts());
 
   std::int32_t scope = preferences.GetQIFExportAccount();
-  const auto stored = scope >= 0 ? host_.AccountWithNumber(scope) : nullptr;
+  const auto stored = scope >= 0 ? desk_.AccountWithNumber(scope) : nullptr;
   const bool is_gone = scope >= 0 && (stored == nullptr || !stored->IsAuthenticated());
   if (is_gone || scope == LDGRQIFExportAccessoryView::kCurrentAccount) scope = account.GetNumber();
   qif_.setExportAccount(scope);
@@ -58,7 +58,7 @@ std::string ExportCommands::QIFText(const LDGRAccount& current, std::int32_t sco
   options.date_format = qif_.exportDateFormat();
   if (scope == LDGRQIFExportAccessoryView::kAllAccounts) {
     std::string text;
-    for (const auto& account : host_.Accounts()) {
+    for (const auto& account : desk_.accounts()) {
       if (account->IsAuthenticated()) text += account->asQIFStringWithOptions(options);
     }
     return text;
@@ -67,7 +67,7 @@ std::string ExportCommands::QIFText(const LDGRAccount& current, std::int32_t sco
     options.export_filter = ShownFilter(current);
     return current.asQIFStringWithOptions(options);
   }
-  const auto account = scope >= 0 ? host_.AccountWithNumber(scope) : nullptr;
+  const auto account = scope >= 0 ? desk_.AccountWithNumber(scope) : nullptr;
   return account != nullptr ? account->asQIFStringWithOptions(options)
                             : current.asQIFStringWithOptions(options);
 }
@@ -101,7 +101,7 @@ WriteResult ExportCommands::ExportText() {
 // --- Both ---------------------------------------------------------------------------------------
 
 std::shared_ptr<const LDGRFilter> ExportCommands::ShownFilter(const LDGRAccount& account) const {
-  return host_.ShownRegister() == RegisterKind::Entry ? account.entryFilter()
+  return tabs_.ShownRegister() == RegisterKind::Entry ? account.entryFilter()
                                                       : account.reconcileFilter();
 }
 
@@ -120,18 +120,18 @@ WriteResult ExportCommands::Write(const std::string& path, const std::string& te
 // --- The accounts file --------------------------------------------------------------------------
 
 WriteResult ExportCommands::SaveAs() {
-  if (!host_.IsUnlocked() || host_.SelectedAccount() == nullptr) return WriteResult::NotAsked;
+  if (!desk_.IsUnlocked() || desk_.SelectedAccount() == nullptr) return WriteResult::NotAsked;
   const auto path = panels_.Save({.title = LocalizedText("Save As..."),
                                   .name = "Accounts.plist",
                                   .name_label = LocalizedText("Save As:"),
                                   .check = this});
   if (!path) return WriteResult::Cancelled;
-  return host_.Accounts_SaveToFilePath(*path) ? WriteResult::Written : WriteResult::Failed;
+  return saving_.Accounts_SaveToFilePath(*path) ? WriteResult::Written : WriteResult::Failed;
 }
 
 bool ExportCommands::Save() {
-  const bool accounts_are_saved = host_.Accounts_Save();
-  return host_.Preferences_Save() && accounts_are_saved;
+  const bool accounts_are_saved = saving_.Accounts_Save();
+  return saving_.Preferences_Save() && accounts_are_saved;
 }
 
 std::optional<std::string> ExportCommands::userEnteredFilename(const std::string& folder,

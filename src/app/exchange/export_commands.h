@@ -5,17 +5,20 @@
 #include <optional>
 #include <string>
 
+#include "app/desk.h"
 #include "app/exchange/export_accessory_manager.h"
 #include "app/exchange/qif_export_accessory_view.h"
+#include "app/shell/saving.h"
+#include "app/shell/tabs.h"
 #include "filters/register_search.h"
 #include "model/account.h"
 #include "platform/alerts.h"
 #include "platform/file_panels.h"
+#include "registers/entry_speaker.h"
 
 namespace tallyfold {
 
 class FileSystem;
-class LDGRPreferences;
 class TextEncodings;
 
 // What became of a command that asks for a file and writes it.
@@ -29,28 +32,18 @@ enum class WriteResult : std::uint8_t {
 // The commands that write files of the user's choice: the exports, Save As, and Save.
 class ExportCommands final : private FileNameCheck {
  public:
-  class Host {
-   public:
-    virtual ~Host() = default;
-    // Null when no account is selected.
-    [[nodiscard]] virtual std::shared_ptr<LDGRAccount> SelectedAccount() const = 0;
-    [[nodiscard]] virtual const AccountList& Accounts() const = 0;
-    [[nodiscard]] virtual std::shared_ptr<LDGRAccount> AccountWithNumber(
-        std::int32_t number) const = 0;
-    [[nodiscard]] virtual LDGRPreferences& Preferences() = 0;
-    // A locked application writes nothing.
-    [[nodiscard]] virtual bool IsUnlocked() const = 0;
-    [[nodiscard]] virtual RegisterKind ShownRegister() const = 0;
-    virtual bool Accounts_Save() = 0;
-    virtual bool Accounts_SaveToFilePath(const std::string& path) = 0;
-    virtual bool Preferences_Save() = 0;
-    virtual void StopSpeech() = 0;
-  };
-
   // All must outlive this.
-  ExportCommands(Host& host, FileSystem& files, const TextEncodings& encodings, FilePanels& panels,
+  ExportCommands(Desk& desk, Saving& saving, const Tabs& tabs, EntrySpeaker& speaker,
+                 FileSystem& files, const TextEncodings& encodings, FilePanels& panels,
                  Alerts& alerts) noexcept
-      : host_(host), files_(files), encodings_(encodings), panels_(panels), alerts_(alerts) {}
+      : desk_(desk),
+        saving_(saving),
+        tabs_(tabs),
+        speaker_(speaker),
+        files_(files),
+        encodings_(encodings),
+        panels_(panels),
+        alerts_(alerts) {}
   ExportCommands(const ExportCommands&) = delete;
   ExportCommands& operator=(const ExportCommands&) = delete;
 
@@ -69,8 +62,8 @@ class ExportCommands final : private FileNameCheck {
   bool Save();
 
   // What the panels of the two exports show beside the name.
-  [[nodiscard]] LDGRQIFExportAccessoryView& QIFAccessory() noexcept { return qif_; }
-  [[nodiscard]] LDGRExportAccessoryManager& TextAccessory() noexcept { return text_; }
+  [[nodiscard]] LDGRQIFExportAccessoryView& sharedQIFExportAccessoryView() noexcept { return qif_; }
+  [[nodiscard]] LDGRExportAccessoryManager& exportAccessoryManager() noexcept { return text_; }
 
   // A name that stands for a file already is taken when the user chooses to overwrite a file that
   // can be written, any other when its folder can be. Else the user is told and asked again; a name
@@ -86,7 +79,10 @@ class ExportCommands final : private FileNameCheck {
   [[nodiscard]] std::string QIFText(const LDGRAccount& current, std::int32_t scope) const;
   WriteResult Write(const std::string& path, const std::string& text, std::int32_t encoding);
 
-  Host& host_;
+  Desk& desk_;
+  Saving& saving_;
+  const Tabs& tabs_;
+  EntrySpeaker& speaker_;
   FileSystem& files_;
   const TextEncodings& encodings_;
   FilePanels& panels_;

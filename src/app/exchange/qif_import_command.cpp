@@ -5,9 +5,9 @@
 namespace tallyfold {
 
 bool QifImportCommand::QIFImport() {
-  host_.StopSpeech();
-  const auto account = host_.SelectedAccount();
-  if (account == nullptr || !host_.IsUnlocked() || host_.SheetIsOpen() || import_.IsRunning()) {
+  speaker_.StopSpeech();
+  const auto account = desk_.SelectedAccount();
+  if (account == nullptr || !desk_.IsUnlocked() || !sheets_.IsFree() || import_.IsRunning()) {
     return false;
   }
   until_next_tick_ = idle_.Pause();
@@ -27,7 +27,7 @@ bool QifImportCommand::QIFImport() {
 
 void QifImportCommand::Ended() {
   refresh_.ImportEnded();
-  host_.RefreshSummaryIfShowing();
+  if (tabs_.State().selected == Tab::Summary) summary_.Show();
   refresh_.AccountsList_Redraw();
   idle_.Resume(until_next_tick_);
 }

@@ -6,12 +6,17 @@
 #include <optional>
 #include <string>
 
+#include "app/desk.h"
 #include "app/exchange/encoding_menu.h"
 #include "app/exchange/qif_import_controller.h"
 #include "app/face/refresh.h"
+#include "app/face/sheet_slot.h"
 #include "app/shell/idle_watch.h"
+#include "app/shell/tabs.h"
+#include "app/views/account_summary_tab.h"
 #include "model/account.h"
 #include "platform/file_panels.h"
+#include "registers/entry_speaker.h"
 
 namespace tallyfold {
 
@@ -21,22 +26,16 @@ class TextEncodings;
 // brings everything up to date behind it. Schedules are not looked after meanwhile.
 class QifImportCommand {
  public:
-  class Host {
-   public:
-    virtual ~Host() = default;
-    // Null when no account is selected.
-    [[nodiscard]] virtual std::shared_ptr<LDGRAccount> SelectedAccount() const = 0;
-    // A locked application imports nothing.
-    [[nodiscard]] virtual bool IsUnlocked() const = 0;
-    [[nodiscard]] virtual bool SheetIsOpen() const = 0;
-    virtual void RefreshSummaryIfShowing() = 0;
-    virtual void StopSpeech() = 0;
-  };
-
   // All must outlive this.
-  QifImportCommand(Host& host, LDGRQIFImportController& import, const TextEncodings& encodings,
+  QifImportCommand(Desk& desk, const SheetSlot& sheets, const Tabs& tabs,
+                   AccountSummaryTab& summary, EntrySpeaker& speaker,
+                   LDGRQIFImportController& import, const TextEncodings& encodings,
                    FilePanels& panels, IdleWatch& idle, Refresh& refresh) noexcept
-      : host_(host),
+      : desk_(desk),
+        sheets_(sheets),
+        tabs_(tabs),
+        summary_(summary),
+        speaker_(speaker),
         import_(import),
         encodings_(encodings),
         panels_(panels),
@@ -55,7 +54,11 @@ class QifImportCommand {
   [[nodiscard]] EncodingMenu& Encodings() noexcept { return menu_; }
 
  private:
-  Host& host_;
+  Desk& desk_;
+  const SheetSlot& sheets_;
+  const Tabs& tabs_;
+  AccountSummaryTab& summary_;
+  EntrySpeaker& speaker_;
   LDGRQIFImportController& import_;
   const TextEncodings& encodings_;
   FilePanels& panels_;

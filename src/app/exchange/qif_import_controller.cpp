@@ -30,8 +30,8 @@ void LDGRQIFImportController::Import_Init(const QifResult& result) {
   hints.elsewhere = result.entries.size() - std::min(result.entries.size(), chosen.size());
   if (account != nullptr && account->source != account->name) hints.source = account->source;
   rows_.SetAccountPreferences(
-      host_.Preferences().GetPreferencesForAccountNumber(account_->GetNumber()));
-  rows_.SetDateFormat(RegisterDateFormat(host_.Preferences()));
+      desk_.preferences().GetPreferencesForAccountNumber(account_->GetNumber()));
+  rows_.SetDateFormat(RegisterDateFormat(desk_.preferences()));
   rows_.SetEntries(review_.entries());
   rows_.SelectRow(0);
   EntriesChanged();
@@ -39,6 +39,7 @@ void LDGRQIFImportController::Import_Init(const QifResult& result) {
 
 void LDGRQIFImportController::Import_Run() {
   stage_ = Stage::Review;
+  up_.emplace(modal_);
   review_state_.is_open = true;
   front_end_.Changed(Area::ImportReview);
 }
@@ -116,7 +117,7 @@ bool LDGRQIFImportController::ImportEntry_Change() {
   const auto& entry = rows_.GetSelectedEntry();
   if (!IsReviewing() || entry == nullptr || !sheets_.IsFree()) return false;
   edit_entry_ = entry;
-  return host_.EditOwned({entry, false, account_, this, review_.types()});
+  return editing_.EditOwned({entry, false, account_, this, review_.types()});
 }
 
 std::string LDGRQIFImportController::CheckEdited(const LDGRAccountEntry& entry) const {
@@ -137,7 +138,7 @@ void LDGRQIFImportController::TakeEdited(LDGRAccountEntry& entry) {
 }
 
 void LDGRQIFImportController::SpeakEntry() {
-  if (const auto& entry = rows_.GetSelectedEntry()) host_.Speak(entry->asSpeakableString());
+  if (const auto& entry = rows_.GetSelectedEntry()) speaker_.SpeakText(entry->asSpeakableString());
 }
 
 // --- What is shown ------------------------------------------------------------------------------
@@ -157,7 +158,7 @@ void LDGRQIFImportController::UpdateButtons() {
 
 void LDGRQIFImportController::ImportTotal_Field_Update() {
   review_state_.total = review_.Total();
-  review_state_.total_text = RegisterAmountText(review_state_.total, host_.Preferences());
+  review_state_.total_text = RegisterAmountText(review_state_.total, desk_.preferences());
   review_state_.entry_count = review_.entries().size();
   review_state_.marked_count = review_.MarkedCount();
   front_end_.Changed(Area::ImportReview);
@@ -165,13 +166,19 @@ void LDGRQIFImportController::ImportTotal_Field_Update() {
 
 // --- The end ------------------------------------------------------------------------------------
 
+bool LDGRQIFImportController::UserAgrees(std::size_t count) const {
+  return modal_.Run({LocalizedText("Import"),
+                     LocalizedText("Entries to import:") + ' ' + std::to_string(count),
+                     {LocalizedText("OK"), LocalizedText("Cancel")}}) == 0;
+}
+
 bool LDGRQIFImportController::import_OK_Button() {
-  return IsReviewing() && host_.ConfirmImport(review_.MarkedCount()) && Import_OK();
+  return IsReviewing() && UserAgrees(review_.MarkedCount()) && Import_OK();
 }
 
 bool LDGRQIFImportController::Import_OK() {
   if (!IsReviewing() || !sheets_.IsFree()) return false;
-  if (account_ != host_.SelectedAccount()) {
+  if (account_ != desk_.SelectedAccount()) {
     review_state_.account_is_gone = true;
     front_end_.Changed(Area::ImportReview);
     return false;

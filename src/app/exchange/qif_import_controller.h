@@ -6,14 +6,18 @@
 #include <string>
 #include <vector>
 
+#include "app/desk.h"
 #include "app/entries/edited_entry.h"
+#include "app/entries/entry_editing.h"
 #include "app/exchange/qif_import_state.h"
 #include "app/exchange/qif_import_table_data.h"
 #include "app/face/front_end.h"
 #include "app/face/sheet_slot.h"
+#include "app/shell/modal_watch.h"
 #include "exchange/qif_import.h"
 #include "exchange/qif_review.h"
 #include "model/account.h"
+#include "registers/entry_speaker.h"
 
 namespace tallyfold {
 
@@ -31,14 +35,6 @@ class LDGRQIFImportController final : private EntryOwner {
   class Host {
    public:
     virtual ~Host() = default;
-    // Null when no account is selected.
-    [[nodiscard]] virtual std::shared_ptr<LDGRAccount> SelectedAccount() const = 0;
-    [[nodiscard]] virtual LDGRPreferences& Preferences() = 0;
-    // Opens the debit or deposit sheet for an entry of the review.
-    virtual bool EditOwned(EditedEntry edited) = 0;
-    // Asks whether that many entries are to be imported.
-    [[nodiscard]] virtual bool ConfirmImport(std::size_t count) = 0;
-    virtual void Speak(std::string text) = 0;
     // The last stage is over, whether or not the account has changed.
     virtual void ImportEnded() = 0;
   };
@@ -49,9 +45,15 @@ class LDGRQIFImportController final : private EntryOwner {
   static constexpr std::int32_t kGoBack = 2;
 
   // All must outlive this.
-  LDGRQIFImportController(Host& host, const FileSystem& files, const TextEncodings& encodings,
-                          SheetSlot& sheets, FrontEnd& front_end) noexcept
+  LDGRQIFImportController(Host& host, Desk& desk, EntryEditing& editing, EntrySpeaker& speaker,
+                          ModalWatch& modal, const FileSystem& files,
+                          const TextEncodings& encodings, SheetSlot& sheets,
+                          FrontEnd& front_end) noexcept
       : host_(host),
+        desk_(desk),
+        editing_(editing),
+        speaker_(speaker),
+        modal_(modal),
         files_(files),
         encodings_(encodings),
         sheets_(sheets),
@@ -152,6 +154,7 @@ class LDGRQIFImportController final : private EntryOwner {
   void PassOptionsToParser();
   // Null for all entries.
   [[nodiscard]] const QifAccount* ChosenAccount(const QifResult& result) const;
+  [[nodiscard]] bool UserAgrees(std::size_t count) const;
   void UpdateButtons();
   void EntriesChanged();
 
@@ -159,12 +162,18 @@ class LDGRQIFImportController final : private EntryOwner {
   void TakeEdited(LDGRAccountEntry& entry) override;
 
   Host& host_;
+  Desk& desk_;
+  EntryEditing& editing_;
+  EntrySpeaker& speaker_;
+  ModalWatch& modal_;
   const FileSystem& files_;
   const TextEncodings& encodings_;
   SheetSlot& sheets_;
   FrontEnd& front_end_;
 
   Stage stage_ = Stage::None;
+  // There while a stage is.
+  std::optional<ModalWatch::Up> up_;
   std::shared_ptr<LDGRAccount> account_;
   LDGRQIFImport import_;
   std::vector<std::string> account_names_;

@@ -24,7 +24,7 @@ bool IsPermutation(std::int32_t a, std::int32_t b, std::int32_t c) noexcept {
 
 void LDGRQIFImportController::ImportOptions_InitWithFile(const std::string& path,
                                                          std::int32_t encoding) {
-  account_ = host_.SelectedAccount();
+  account_ = desk_.SelectedAccount();
   import_ = LDGRQIFImport::importWithContentsOfFile(path, encoding, files_, encodings_);
   account_names_ = import_.AccountNames();
   options_ = {};
@@ -89,8 +89,9 @@ bool LDGRQIFImportController::Run() {
 }
 
 bool LDGRQIFImportController::ImportOptions_Run() {
-  if (!sheets_.Open(Sheet::ImportOptions)) return false;
+  if (!sheets_.Open(Sheet::ImportOptions, [this] { ImportOptions_Cancel(); })) return false;
   stage_ = Stage::Options;
+  up_.emplace(modal_);
   options_.is_open = true;
   front_end_.Changed(Area::ImportOptionsSheet);
   return true;
@@ -111,6 +112,7 @@ void LDGRQIFImportController::ImportOptions_Cancel() {
 
 void LDGRQIFImportController::StageEnded(std::int32_t result) {
   const Stage ended = std::exchange(stage_, Stage::None);
+  up_.reset();
   if (ended == Stage::Options) {
     options_.is_open = false;
     sheets_.Close(Sheet::ImportOptions);

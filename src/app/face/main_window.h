@@ -62,7 +62,7 @@ class MainWindowSlot {
  public:
   // Null for none. It must outlive its stay here.
   void Set(MainWindow* window) noexcept { window_ = window != nullptr ? window : &quiet_; }
-  MainWindow* operator->() noexcept { return window_; }
+  MainWindow* operator->() const noexcept { return window_; }
 
   MainWindowSlot() = default;
   MainWindowSlot(const MainWindowSlot&) = delete;

@@ -13,7 +13,7 @@ void PasswordSheet::Open(std::string title) {
   state_.title = std::move(title);
   state_.is_open = true;
   front_end_.Changed(area_);
-  sheets_.Open(which_);
+  sheets_.Open(which_, nullptr);
 }
 
 void PasswordSheet::ValidatePassword(std::string typed, const std::string& password) {

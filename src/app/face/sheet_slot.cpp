@@ -1,10 +1,13 @@
 #include "app/face/sheet_slot.h"
 
+#include <utility>
+
 namespace tallyfold {
 
-bool SheetSlot::Open(Sheet sheet) {
+bool SheetSlot::Open(Sheet sheet, std::function<void()> cancel) {
   if (!IsFree()) return false;
   current_ = sheet;
+  cancel_ = std::move(cancel);
   front_end_.Changed(Area::Sheet);
   return true;
 }
@@ -12,7 +15,13 @@ bool SheetSlot::Open(Sheet sheet) {
 void SheetSlot::Close(Sheet sheet) {
   if (current_ != sheet) return;
   current_ = Sheet::None;
+  cancel_ = nullptr;
   front_end_.Changed(Area::Sheet);
+}
+
+void SheetSlot::CancelOpen() {
+  // Closing takes the function away that does it.
+  if (const auto cancel = cancel_) cancel();
 }
 
 }  // namespace tallyfold

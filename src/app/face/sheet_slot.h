@@ -1,5 +1,7 @@
 #pragma once
 
+#include <functional>
+
 #include "app/face/front_end.h"
 
 namespace tallyfold {
@@ -13,14 +15,18 @@ class SheetSlot {
 
   [[nodiscard]] Sheet Current() const noexcept { return current_; }
   [[nodiscard]] bool IsFree() const noexcept { return current_ == Sheet::None; }
-  // False, and nothing changes, while any sheet is open.
-  bool Open(Sheet sheet);
+  // False, and nothing changes, while any sheet is open. `cancel` closes the sheet as its Cancel
+  // button does; null for one that cannot be put away, such as one that asks for a password.
+  bool Open(Sheet sheet, std::function<void()> cancel);
   // Does nothing when another sheet or none is open.
   void Close(Sheet sheet);
+  // Cancels the sheet that is open, where that can be done.
+  void CancelOpen();
 
  private:
   FrontEnd& front_end_;
   Sheet current_ = Sheet::None;
+  std::function<void()> cancel_;
 };
 
 }  // namespace tallyfold

@@ -27,7 +27,7 @@ DateNumber NextDayToCommit(const LDGRAccountSchedule& schedule) {
 
 std::vector<DueOccurrence> ScheduleCommit::Due(DateNumber through) const {
   std::vector<DueOccurrence> due;
-  const auto account = host_.SelectedAccount();
+  const auto account = desk_.SelectedAccount();
   if (account == nullptr) return due;
   const CivilTime day = DateNumberToNSCalendarDate(through);
   for (const auto& schedule : account->GetSchedules()) {
@@ -70,7 +70,7 @@ std::shared_ptr<LDGRAccountEntry> ScheduleCommit::Add(LDGRAccount& account,
       edited != nullptr ? edited : LDGRAccountEntry::entryWithEntry(occurrence.entry.get());
   entry->SetNumber(account.NextAvailableNumber());
   if (entry->IsCheck() && !has_typed_check_number) {
-    entry->SetCheckNumber(SuggestedCheckNumber(account, host_.Preferences()));
+    entry->SetCheckNumber(SuggestedCheckNumber(account, desk_.preferences()));
   }
   if (entry->IsTransfer()) LinkTransfer(account, *entry);
   account.AddEntry(entry);
@@ -92,7 +92,7 @@ bool ScheduleCommit::SkipAll(const std::vector<DueOccurrence>& occurrences) {
 
 std::shared_ptr<LDGRAccount> ScheduleCommit::AccountFor(
     const std::vector<DueOccurrence>& occurrences) const {
-  auto account = host_.SelectedAccount();
+  auto account = desk_.SelectedAccount();
   if (account == nullptr || occurrences.empty()) return nullptr;
   const auto& list = account->GetSchedules();
   const std::unordered_set<std::shared_ptr<LDGRAccountSchedule>> schedules(list.begin(),
@@ -105,7 +105,7 @@ std::shared_ptr<LDGRAccount> ScheduleCommit::AccountFor(
 }
 
 void ScheduleCommit::LinkTransfer(LDGRAccount& account, LDGRAccountEntry& entry) const {
-  const auto other = host_.AccountWithNumber(entry.GetTransferAccount());
+  const auto other = desk_.AccountWithNumber(entry.GetTransferAccount());
   // The schedule's own numbers name no entry.
   entry.SetTransferEntry(-1);
   if (other.get() == &account) {

@@ -3,6 +3,7 @@
 #include <memory>
 #include <vector>
 
+#include "app/desk.h"
 #include "app/entries/transfer_links.h"
 #include "app/face/refresh.h"
 #include "app/schedules/due_occurrence.h"
@@ -12,8 +13,6 @@
 
 namespace tallyfold {
 
-class LDGRPreferences;
-
 // The day of the next uncommitted occurrence, due or not: the one the schedule list shows, and that
 // of an entry which recurs only once. -1 for none.
 [[nodiscard]] DateNumber NextDayToCommit(const LDGRAccountSchedule& schedule);
@@ -21,18 +20,8 @@ class LDGRPreferences;
 // Turns due occurrences of the selected account's scheduled entries into entries of its register.
 class ScheduleCommit {
  public:
-  class Host {
-   public:
-    virtual ~Host() = default;
-    [[nodiscard]] virtual std::shared_ptr<LDGRAccount> AccountWithNumber(
-        std::int32_t number) const = 0;
-    // Null when no account is selected.
-    [[nodiscard]] virtual std::shared_ptr<LDGRAccount> SelectedAccount() const = 0;
-    [[nodiscard]] virtual const LDGRPreferences& Preferences() const = 0;
-  };
-
-  ScheduleCommit(const Host& host, const TransferLinks& links, Refresh& refresh) noexcept
-      : host_(host), links_(links), refresh_(refresh) {}
+  ScheduleCommit(const Desk& desk, const TransferLinks& links, Refresh& refresh) noexcept
+      : desk_(desk), links_(links), refresh_(refresh) {}
   ScheduleCommit(const ScheduleCommit&) = delete;
   ScheduleCommit& operator=(const ScheduleCommit&) = delete;
 
@@ -60,7 +49,7 @@ class ScheduleCommit {
                                                       const DueOccurrence& occurrence) const;
   void LinkTransfer(LDGRAccount& account, LDGRAccountEntry& entry) const;
 
-  const Host& host_;
+  const Desk& desk_;
   const TransferLinks& links_;
   Refresh& refresh_;
 };

@@ -63,7 +63,7 @@ bool HasTag(const std::vector<PopUpItem>& items, std::int32_t tag) {
 }  // namespace
 
 bool ScheduleEditing::New(EntryKind kind) {
-  const auto account = host_.SelectedAccount();
+  const auto account = desk_.SelectedAccount();
   if (account == nullptr || !sheets_.IsFree()) return false;
   ScheduleValues values;
   values.kind = kind;
@@ -88,8 +88,8 @@ bool ScheduleEditing::New(EntryKind kind) {
 }
 
 bool ScheduleEditing::Edit() {
-  const auto account = host_.SelectedAccount();
-  auto schedule = host_.SelectedSchedule();
+  const auto account = desk_.SelectedAccount();
+  auto schedule = desk_.SelectedSchedule();
   if (account == nullptr || schedule == nullptr || !sheets_.IsFree()) return false;
   if (!schedule->IsDebit() && !schedule->IsDeposit() && !schedule->IsTransfer()) return false;
   ScheduleValues values = ValuesOf(*schedule);
@@ -106,7 +106,7 @@ bool ScheduleEditing::Begin(const std::shared_ptr<LDGRAccount>& account,
   state_.typed = std::move(values);
   Populate(*account);
   if (state_.typed.kind == EntryKind::Transfer && state_.account_items.empty()) return false;
-  if (!sheets_.Open(Sheet::Schedule)) return false;
+  if (!sheets_.Open(Sheet::Schedule, [this] { Cancel(); })) return false;
   state_.is_open = true;
   Update();
   return true;
@@ -149,7 +149,7 @@ void ScheduleEditing::PopulateTypes(const LDGRAccount& account) {
 
 void ScheduleEditing::PopulateAccounts(const LDGRAccount& account) {
   auto& items = state_.account_items;
-  for (const auto& other : host_.Accounts()) {
+  for (const auto& other : desk_.accounts()) {
     if (other.get() != &account) items.push_back({other->GetName(), other->GetNumber()});
   }
   auto& typed = state_.typed;
@@ -216,13 +216,13 @@ bool ScheduleEditing::OK() {
   account->NoteChange();
   Close();
   refresh_.SchedulesChanged();
-  host_.SelectSchedule(schedule);
+  desk_.SelectSchedule(schedule);
   return true;
 }
 
 std::string ScheduleEditing::CheckTarget() const {
   const auto account = account_.lock();
-  if (account == nullptr || account != host_.SelectedAccount()) {
+  if (account == nullptr || account != desk_.SelectedAccount()) {
     return LocalizedText("The account is no longer selected.");
   }
   const auto& schedules = account->GetSchedules();
@@ -236,8 +236,8 @@ std::string ScheduleEditing::CheckTarget() const {
 std::string ScheduleEditing::CheckOtherAccount() {
   auto& typed = state_.typed;
   if (typed.kind != EntryKind::Transfer) return "";
-  const auto other = host_.AccountWithNumber(typed.transfer_account);
-  if (other != nullptr && other != host_.SelectedAccount()) {
+  const auto other = desk_.AccountWithNumber(typed.transfer_account);
+  if (other != nullptr && other != desk_.SelectedAccount()) {
     typed.to_from = other->GetName();
     return "";
   }

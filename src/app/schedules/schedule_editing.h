@@ -3,6 +3,7 @@
 #include <memory>
 #include <string>
 
+#include "app/desk.h"
 #include "app/face/front_end.h"
 #include "app/face/refresh.h"
 #include "app/face/sheet_slot.h"
@@ -16,21 +17,8 @@ namespace tallyfold {
 // account changes at OK alone, all at once or not at all.
 class ScheduleEditing {
  public:
-  class Host {
-   public:
-    virtual ~Host() = default;
-    [[nodiscard]] virtual const AccountList& Accounts() const = 0;
-    // The first with that number, or null.
-    [[nodiscard]] virtual std::shared_ptr<LDGRAccount> AccountWithNumber(
-        std::int32_t number) const = 0;
-    // Null when no account, or no schedule, is selected.
-    [[nodiscard]] virtual std::shared_ptr<LDGRAccount> SelectedAccount() const = 0;
-    [[nodiscard]] virtual std::shared_ptr<LDGRAccountSchedule> SelectedSchedule() const = 0;
-    virtual void SelectSchedule(const std::shared_ptr<LDGRAccountSchedule>& schedule) = 0;
-  };
-
-  ScheduleEditing(Host& host, SheetSlot& sheets, Refresh& refresh, FrontEnd& front_end) noexcept
-      : host_(host), sheets_(sheets), refresh_(refresh), front_end_(front_end) {}
+  ScheduleEditing(Desk& desk, SheetSlot& sheets, Refresh& refresh, FrontEnd& front_end) noexcept
+      : desk_(desk), sheets_(sheets), refresh_(refresh), front_end_(front_end) {}
   ScheduleEditing(const ScheduleEditing&) = delete;
   ScheduleEditing& operator=(const ScheduleEditing&) = delete;
 
@@ -60,7 +48,7 @@ class ScheduleEditing {
   [[nodiscard]] std::string CheckOtherAccount();
   void Close();
 
-  Host& host_;
+  Desk& desk_;
   SheetSlot& sheets_;
   Refresh& refresh_;
   FrontEnd& front_end_;

@@ -55,13 +55,13 @@ void ScheduleReminder::OfferDueOccurrences(bool by_timer) {
 }
 
 bool ScheduleReminder::Open() {
-  if (host_.SelectedAccount() == nullptr || !sheets_.IsFree()) return false;
+  if (desk_.SelectedAccount() == nullptr || !sheets_.IsFree()) return false;
   Show();
   return true;
 }
 
 void ScheduleReminder::Show() {
-  const LDGRPreferences& preferences = host_.Preferences();
+  const LDGRPreferences& preferences = desk_.preferences();
   state_ = ScheduleReminderState();
   state_.is_open = true;
   state_.look_ahead = std::to_string(std::max(preferences.GetScheduleLookAhead(), 0));
@@ -75,14 +75,14 @@ void ScheduleReminder::Show() {
   state_.balance_items = {item("No Balance", ReminderBalanceMode::None),
                           item("Today's Balance", ReminderBalanceMode::Today),
                           item("Balance after Committing", ReminderBalanceMode::AfterMarked)};
-  sheets_.Open(Sheet::ScheduleReminder);
+  sheets_.Open(Sheet::ScheduleReminder, [this] { Later(); });
   Fill();
 }
 
 void ScheduleReminder::Later() {
   if (!state_.is_open) return;
   Close();
-  const auto account = host_.SelectedAccount();
+  const auto account = desk_.SelectedAccount();
   std::erase_if(put_off_, [&account](const PutOff& other) {
     return other.account.expired() || other.account.lock() == account;
   });
@@ -101,11 +101,11 @@ void ScheduleReminder::Close() {
 }
 
 bool ScheduleReminder::IsPutOff(const std::vector<Due>& due) {
-  const auto account = host_.SelectedAccount();
+  const auto account = desk_.SelectedAccount();
   const auto found = std::ranges::find_if(
       put_off_, [&account](const PutOff& each) { return each.account.lock() == account; });
   if (found == put_off_.end()) return false;
-  const std::chrono::seconds interval(host_.Preferences().GetScheduleReminderInterval());
+  const std::chrono::seconds interval(desk_.preferences().GetScheduleReminderInterval());
   if (loop_.Now() - found->at >= interval) return false;
   return std::ranges::all_of(due, [&left = found->left](const Due& now) {
     const auto then = std::ranges::find(left, now.schedule, &Due::schedule);
@@ -116,7 +116,7 @@ bool ScheduleReminder::IsPutOff(const std::vector<Due>& due) {
 // --- Rows ---------------------------------------------------------------------------------------
 
 DateNumber ScheduleReminder::LookAheadDate() {
-  const LDGRPreferences& preferences = host_.Preferences();
+  const LDGRPreferences& preferences = desk_.preferences();
   const std::int32_t count = std::clamp(preferences.GetScheduleLookAhead(), 0, kMostLookAhead);
   switch (UnitOf(preferences.GetScheduleLookAheadType())) {
     case LookAheadUnit::Weeks:
@@ -131,7 +131,7 @@ DateNumber ScheduleReminder::LookAheadDate() {
 
 std::vector<ScheduleReminder::Due> ScheduleReminder::DueOccurrences() {
   std::vector<Due> due;
-  const auto account = host_.SelectedAccount();
+  const auto account = desk_.SelectedAccount();
   if (account == nullptr) return due;
   const CivilTime through = DateNumberToNSCalendarDate(LookAheadDate());
   for (const auto& schedule : account->GetSchedules()) {
@@ -148,7 +148,7 @@ void ScheduleReminder::Fill() {
   for (const ReminderRow& row : state_.rows) typed[KeyOf(row)] = row.typed;
   state_.rows.clear();
   state_.due = state_.ahead = 0;
-  if (const auto account = host_.SelectedAccount()) {
+  if (const auto account = desk_.SelectedAccount()) {
     const DateNumber today = TodaysDateNumber();
     for (const Due& due : DueOccurrences()) {
       const auto first_ahead = std::ranges::upper_bound(due.days, today);
@@ -169,7 +169,7 @@ void ScheduleReminder::Fill() {
 void ScheduleReminder::AddRows(const LDGRAccount& account, const Due& due, bool is_ahead,
                                bool folds) {
   (is_ahead ? state_.ahead : state_.due) += due.days.size();
-  const std::string format = RegisterDateFormat(host_.Preferences());
+  const std::string format = RegisterDateFormat(desk_.preferences());
   const auto text = [&format](DateNumber day) {
     return FormatDate(DateNumberToNSCalendarDate(day), format);
   };
@@ -209,13 +209,13 @@ void ScheduleReminder::UpdateBalance() {
   state_.balance_text.clear();
   if (const auto balance = Balance()) {
     state_.balance = RoundNearZeroValue(*balance);
-    state_.balance_text = RegisterAmountText(*balance, host_.Preferences());
+    state_.balance_text = RegisterAmountText(*balance, desk_.preferences());
   }
   front_end_.Changed(Area::ScheduleReminderSheet);
 }
 
 std::optional<double> ScheduleReminder::Balance() const {
-  const auto account = host_.SelectedAccount();
+  const auto account = desk_.SelectedAccount();
   if (account == nullptr || state_.balance_mode == ReminderBalanceMode::None) return std::nullopt;
   if (state_.balance_mode == ReminderBalanceMode::Today) return account->GetTodaysBalance();
   double balance = account->GetBalance();
@@ -248,7 +248,7 @@ bool ScheduleReminder::LookAhead(std::string_view text) {
   const char* const end = text.data() + text.size();
   const auto [rest, error] = std::from_chars(text.data(), end, count);
   if (error != std::errc() || rest != end || count < 0 || count > kMostLookAhead) return false;
-  host_.Preferences().SetScheduleLookAhead(count);
+  desk_.preferences().SetScheduleLookAhead(count);
   Fill();
   return true;
 }
@@ -256,14 +256,14 @@ bool ScheduleReminder::LookAhead(std::string_view text) {
 void ScheduleReminder::LookAheadType(std::int32_t tag) {
   if (!state_.is_open) return;
   state_.look_ahead_unit = UnitOf(tag);
-  host_.Preferences().SetScheduleLookAheadType(static_cast<std::int32_t>(state_.look_ahead_unit));
+  desk_.preferences().SetScheduleLookAheadType(static_cast<std::int32_t>(state_.look_ahead_unit));
   Fill();
 }
 
 void ScheduleReminder::BalanceModeChosen(std::int32_t tag) {
   if (!state_.is_open) return;
   state_.balance_mode = BalanceModeOf(tag);
-  host_.Preferences().SetScheduleReminderBalanceMode(
+  desk_.preferences().SetScheduleReminderBalanceMode(
       static_cast<std::int32_t>(state_.balance_mode));
   UpdateBalance();
 }

@@ -8,6 +8,7 @@
 #include <string_view>
 #include <vector>
 
+#include "app/desk.h"
 #include "app/face/front_end.h"
 #include "app/face/sheet_slot.h"
 #include "app/schedules/due_occurrence.h"
@@ -18,8 +19,6 @@
 
 namespace tallyfold {
 
-class LDGRPreferences;
-
 // The reminder: a sheet with the occurrences of the selected account's scheduled entries that are
 // due by the look-ahead date, to be committed, skipped or left for later. Nothing is ever committed
 // that was not asked for.
@@ -29,18 +28,10 @@ class ScheduleReminder {
   // due into one row, those to come into another.
   static constexpr std::size_t kMostRowsOfSchedule = 50;
 
-  class Host {
-   public:
-    virtual ~Host() = default;
-    // Null when no account is selected.
-    [[nodiscard]] virtual std::shared_ptr<LDGRAccount> SelectedAccount() const = 0;
-    [[nodiscard]] virtual LDGRPreferences& Preferences() = 0;
-  };
-
   // Everything must outlive the reminder.
-  ScheduleReminder(Host& host, ScheduleCommit& commit, SheetSlot& sheets, const RunLoop& loop,
+  ScheduleReminder(Desk& desk, ScheduleCommit& commit, SheetSlot& sheets, const RunLoop& loop,
                    FrontEnd& front_end) noexcept
-      : host_(host), commit_(commit), sheets_(sheets), loop_(loop), front_end_(front_end) {}
+      : desk_(desk), commit_(commit), sheets_(sheets), loop_(loop), front_end_(front_end) {}
   ScheduleReminder(const ScheduleReminder&) = delete;
   ScheduleReminder& operator=(const ScheduleReminder&) = delete;
 
@@ -104,7 +95,7 @@ class ScheduleReminder {
   bool Refuse(std::string problem);
   void Close();
 
-  Host& host_;
+  Desk& desk_;
   ScheduleCommit& commit_;
   SheetSlot& sheets_;
   const RunLoop& loop_;

@@ -9,39 +9,45 @@
 
 namespace tallyfold {
 
-SchedulesTab::SchedulesTab(Host& host, ScheduleCommit& commit, SheetSlot& sheets, Refresh& refresh,
+SchedulesTab::SchedulesTab(Desk& desk, ScheduleCommit& commit, SheetSlot& sheets, Refresh& refresh,
                            FrontEnd& front_end)
-    : host_(host),
+    : desk_(desk),
       commit_(commit),
       sheets_(sheets),
       refresh_(refresh),
       front_end_(front_end),
       table_(DefaultScheduleColumns(), this),
-      rows_(host, table_) {}
+      rows_(desk, table_) {
+  desk_.SetSchedules(&rows_);
+}
+
+SchedulesTab::~SchedulesTab() {
+  desk_.SetSchedules(nullptr);
+}
 
 void SchedulesTab::ShowAccount(const std::shared_ptr<LDGRAccount>& account) {
   rows_.ShowAccount(account,
                     account != nullptr
-                        ? host_.Preferences().GetPreferencesForAccountNumber(account->GetNumber())
+                        ? desk_.preferences().GetPreferencesForAccountNumber(account->GetNumber())
                         : nullptr);
 }
 
 void SchedulesTab::UpdateDateFormat() {
-  rows_.SetDateFormat(RegisterDateFormat(host_.Preferences()));
+  rows_.SetDateFormat(RegisterDateFormat(desk_.preferences()));
 }
 
 bool SchedulesTab::IsReady() const {
-  return rows_.SelectedSchedule() != nullptr && host_.SelectedAccount() != nullptr &&
+  return rows_.SelectedSchedule() != nullptr && desk_.SelectedAccount() != nullptr &&
          sheets_.IsFree();
 }
 
 void SchedulesTab::ScheduleRemoveConfirm_Begin() {
   if (!IsReady()) return;
-  if (!host_.Preferences().GetScheduleRemoveConfirm()) return Schedule_Delete();
+  if (!desk_.preferences().GetScheduleRemoveConfirm()) return Schedule_Delete();
   confirm_ = {true,
               LocalizedText("Are you sure you would like to remove the selected scheduled entry?")};
   front_end_.Changed(Area::ScheduleRemoveSheet);
-  sheets_.Open(Sheet::ScheduleRemoveConfirm);
+  sheets_.Open(Sheet::ScheduleRemoveConfirm, [this] { ScheduleRemoveConfirm_Cancel(); });
 }
 
 void SchedulesTab::ScheduleRemoveConfirm_OK() {
@@ -62,13 +68,13 @@ void SchedulesTab::CloseConfirm() {
 
 void SchedulesTab::Schedule_Delete() {
   if (!IsReady()) return;
-  host_.SelectedAccount()->RemoveSchedule(rows_.SelectedSchedule().get());
+  desk_.SelectedAccount()->RemoveSchedule(rows_.SelectedSchedule().get());
   refresh_.SchedulesChanged();
 }
 
 bool SchedulesTab::Schedule_Duplicate() {
   if (!IsReady()) return false;
-  const auto account = host_.SelectedAccount();
+  const auto account = desk_.SelectedAccount();
   const auto original = rows_.SelectedSchedule();
   plist::Dictionary dictionary = original->asDictionary();
   if (static_cast<RepeatInterval>(original->GetRepeatIntervalType()) == RepeatInterval::Once) {

@@ -3,6 +3,7 @@
 #include <memory>
 #include <string>
 
+#include "app/desk.h"
 #include "app/face/front_end.h"
 #include "app/face/refresh.h"
 #include "app/face/sheet_slot.h"
@@ -27,18 +28,11 @@ struct ScheduleRemoveSheetState {
 // those that tell return false, without a selected schedule and while a sheet is open.
 class SchedulesTab final : private TableView::Observer {
  public:
-  class Host : public LDGRScheduleTableViewData::Host {
-   public:
-    // Null when no account is selected.
-    [[nodiscard]] virtual std::shared_ptr<LDGRAccount> SelectedAccount() const = 0;
-    [[nodiscard]] virtual LDGRPreferences& Preferences() = 0;
-  };
-
-  SchedulesTab(Host& host, ScheduleCommit& commit, SheetSlot& sheets, Refresh& refresh,
+  SchedulesTab(Desk& desk, ScheduleCommit& commit, SheetSlot& sheets, Refresh& refresh,
                FrontEnd& front_end);
   SchedulesTab(const SchedulesTab&) = delete;
   SchedulesTab& operator=(const SchedulesTab&) = delete;
-  ~SchedulesTab() override = default;
+  ~SchedulesTab() override;
 
   [[nodiscard]] LDGRScheduleTableViewData& Rows() noexcept { return rows_; }
   [[nodiscard]] const LDGRScheduleTableViewData& Rows() const noexcept { return rows_; }
@@ -71,7 +65,7 @@ class SchedulesTab final : private TableView::Observer {
   [[nodiscard]] DueOccurrence NextOccurrence() const;
   void CloseConfirm();
 
-  Host& host_;
+  Desk& desk_;
   ScheduleCommit& commit_;
   SheetSlot& sheets_;
   Refresh& refresh_;

@@ -12,9 +12,9 @@ bool ApplicationLock::authenticate(std::optional<std::string_view> password) {
 
 void ApplicationLock::lock() {
   if (!authenticated() || !sheets_.IsFree()) return;
-  host_.Accounts_Save();
-  host_.Preferences_Save();
-  host_.Account_Deselect();
+  saving_.Accounts_Save();
+  saving_.Preferences_Save();
+  selection_.Account_Deselect();
   accounts_.setAuthenticated(false);
   refresh_.Locked();
   authentication_Begin();
@@ -29,14 +29,14 @@ bool ApplicationLock::OK() {
   if (!State().is_open || !authenticate(State().typed)) return false;
   authenticationSheet_Close();
   init_state_ = 0;
-  post_load_.Start(std::chrono::milliseconds(0), [this] { host_.Accounts_PostLoad(); });
+  post_load_.Start(std::chrono::milliseconds(0), [this] { selection_.Accounts_PostLoad(); });
   return true;
 }
 
 void ApplicationLock::Cancel() {
   if (!State().is_open) return;
   authenticationSheet_Close();
-  host_.Quit();
+  application_.Terminate();
 }
 
 }  // namespace tallyfold

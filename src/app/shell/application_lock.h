@@ -6,11 +6,14 @@
 #include <string_view>
 #include <utility>
 
+#include "app/accounts/account_selection.h"
 #include "app/face/front_end.h"
 #include "app/face/main_window.h"
 #include "app/face/password_sheet.h"
 #include "app/face/refresh.h"
 #include "app/face/sheet_slot.h"
+#include "app/shell/saving.h"
+#include "platform/application_host.h"
 #include "platform/run_loop.h"
 #include "storage/accounts_store.h"
 
@@ -23,21 +26,13 @@ class ApplicationLock {
   // Of initState().
   static constexpr std::int32_t kWaitingForPassword = 2;
 
-  class Host {
-   public:
-    virtual ~Host() = default;
-    virtual bool Accounts_Save() = 0;
-    virtual bool Preferences_Save() = 0;
-    virtual void Account_Deselect() = 0;
-    virtual void Accounts_PostLoad() = 0;
-    // Asks for the end of the program.
-    virtual void Quit() = 0;
-  };
-
-  ApplicationLock(AccountsStore& accounts, Host& host, SheetSlot& sheets, MainWindowSlot& window,
+  ApplicationLock(AccountsStore& accounts, Saving& saving, AccountSelection& selection,
+                  ApplicationHost& application, SheetSlot& sheets, MainWindowSlot& window,
                   Refresh& refresh, RunLoop& loop, FrontEnd& front_end) noexcept
       : accounts_(accounts),
-        host_(host),
+        saving_(saving),
+        selection_(selection),
+        application_(application),
         sheets_(sheets),
         refresh_(refresh),
         sheet_(Sheet::Authentication, Area::AuthenticationSheet, sheets, window, front_end),
@@ -77,7 +72,9 @@ class ApplicationLock {
 
  private:
   AccountsStore& accounts_;
-  Host& host_;
+  Saving& saving_;
+  AccountSelection& selection_;
+  ApplicationHost& application_;
   SheetSlot& sheets_;
   Refresh& refresh_;
   PasswordSheet sheet_;

@@ -2,6 +2,9 @@
 
 #include <utility>
 
+#include "app/accounts/account_selection.h"
+#include "app/shell/application_lock.h"
+
 namespace tallyfold {
 
 std::vector<BackupRow> BackupsList::Rows() {
@@ -15,6 +18,14 @@ std::vector<BackupRow> BackupsList::Rows() {
     rows.push_back({std::move(backup.name), backup.made, known->second.contents});
   }
   return rows;
+}
+
+AccountsStore::RestoreResult BackupsList::Accounts_RestoreBackup(const std::string& name) {
+  const auto result = store_.Accounts_RestoreBackup(name);
+  if (result != AccountsStore::RestoreResult::Restored) return result;
+  // The backup has the password of its time.
+  lock_.authenticated() ? selection_.Accounts_PostLoad() : lock_.authentication_Begin();
+  return result;
 }
 
 }  // namespace tallyfold

@@ -25,7 +25,7 @@ bool Lifecycle::applicationDidFinishLaunching() {
 
   power_off_ = parts_.notifications.Observe(
       kWillPowerOffNotification, [this](const void*) { workspaceWillPowerOffNotification(); });
-  host_.ObserveTextEditing();
+  parts_.text_editing.Observe();
   user_input_ = parts_.notifications.Observe(
       kUserInputNotification, [this](const void*) { parts_.idle.userInputNotification(); });
 

@@ -8,9 +8,12 @@
 #include "app/face/refresh.h"
 #include "app/shell/application_lock.h"
 #include "app/shell/idle_watch.h"
+#include "app/shell/saving.h"
+#include "app/shell/text_editing.h"
 #include "app/shell/update_check.h"
 #include "platform/application_host.h"
 #include "platform/notification_center.h"
+#include "registers/entry_speaker.h"
 #include "storage/accounts_store.h"
 #include "storage/data_folder_lock.h"
 #include "storage/preferences_store.h"
@@ -29,9 +32,6 @@ class Lifecycle {
     // Gives the registers their view preferences and the account that is going to be shown, and
     // fills the pop-up of the balance.
     virtual void SetUpRegisters() = 0;
-    // The fields of the sheets tell from here on when editing in them begins and ends.
-    virtual void ObserveTextEditing() = 0;
-    virtual void StopSpeech() = 0;
   };
 
   // What the launch brings up, in the order in which it does.
@@ -48,6 +48,9 @@ class Lifecycle {
     AccountSelection& selection;
     Refresh& refresh;
     ApplicationHost& application;
+    Saving& saving;
+    TextEditing& text_editing;
+    EntrySpeaker& speaker;
   };
 
   Lifecycle(Host& host, const Parts& parts) noexcept : host_(host), parts_(parts) {}
@@ -71,7 +74,7 @@ class Lifecycle {
   void workspaceWillPowerOffNotification() { applicationWillTerminate(); }
 
   void applicationWillBecomeActive();
-  void applicationWillResignActive() { host_.StopSpeech(); }
+  void applicationWillResignActive() { parts_.speaker.StopSpeech(); }
   // The main window closes: so does the application.
   void windowWillClose();
   void Quit() { parts_.application.Terminate(); }

@@ -24,20 +24,20 @@ void AddTypes(const EntryTypeList& types, const LDGRAccountEntry* entry,
 
 CommandsState Menus::Commands() const {
   CommandsState state;
-  if (!host_.IsUnlocked() || !sheets_.IsFree() || host_.ModalWindowIsUp()) return state;
+  if (!desk_.IsUnlocked() || !sheets_.IsFree() || modal_.IsUp()) return state;
   state.add_account = true;
-  state.lock = host_.HasPassword();
-  const auto account = host_.SelectedAccount();
+  state.lock = !accounts_.password().empty();
+  const auto account = desk_.SelectedAccount();
   if (account == nullptr) return state;
   state.edit_account = state.remove_account = state.add_entry = true;
   state.export_account = state.import_file = state.save_as = true;
   state.lock_account = account->HasPassword();
   state.add_schedule = state.show_reminder = true;
-  if (const auto schedule = host_.SelectedSchedule()) {
+  if (const auto schedule = desk_.SelectedSchedule()) {
     state.edit_schedule = true;
     state.commit_schedule = NextDayToCommit(*schedule) != -1;
   }
-  const auto entry = host_.SelectedEntry();
+  const auto entry = desk_.SelectedEntry();
   if (entry == nullptr) return state;
   state.edit_entry = entry->IsDebit() || entry->IsDeposit() || entry->IsTransfer();
   state.remove_entry = true;
@@ -47,23 +47,23 @@ CommandsState Menus::Commands() const {
 
 std::vector<MenuItem> Menus::AccountMenu() const {
   std::vector<MenuItem> items;
-  if (!host_.IsUnlocked()) return items;
-  const auto selected = host_.SelectedAccount();
-  for (const auto& account : host_.Accounts()) {
+  if (!desk_.IsUnlocked()) return items;
+  const auto selected = desk_.SelectedAccount();
+  for (const auto& account : desk_.accounts()) {
     items.push_back({account->GetName(), account->GetNumber(), true, account == selected});
   }
   return items;
 }
 
 void Menus::Account_Menu_Show_MenuItem(std::int32_t tag) {
-  if (const auto account = host_.AccountWithNumber(tag)) host_.Account_Select(account);
+  if (const auto account = desk_.AccountWithNumber(tag)) selection_.Account_Select(account);
 }
 
 std::vector<MenuItem> Menus::EntryTypeMenu() const {
   std::vector<MenuItem> items;
-  const auto account = host_.SelectedAccount();
+  const auto account = desk_.SelectedAccount();
   if (account == nullptr) return items;
-  const auto entry = host_.SelectedEntry();
+  const auto entry = desk_.SelectedEntry();
   AddTypes(account->GetDebitTypes(), entry.get(), items);
   std::vector<MenuItem> deposit_items;
   AddTypes(account->GetDepositTypes(), entry.get(), deposit_items);
@@ -73,8 +73,8 @@ std::vector<MenuItem> Menus::EntryTypeMenu() const {
 }
 
 void Menus::entryMenu_Types_MenuItem(std::int32_t tag) {
-  const auto account = host_.SelectedAccount();
-  const auto entry = host_.SelectedEntry();
+  const auto account = desk_.SelectedAccount();
+  const auto entry = desk_.SelectedEntry();
   if (account == nullptr || entry == nullptr) return;
   const auto type = account->AccountEntryTypeForNumber(tag);
   if (type == nullptr || !CanTake(entry.get(), *type)) return;

@@ -5,9 +5,12 @@
 #include <string>
 #include <vector>
 
+#include "app/accounts/account_selection.h"
+#include "app/desk.h"
 #include "app/entries/transfer_links.h"
 #include "app/face/refresh.h"
 #include "app/face/sheet_slot.h"
+#include "app/shell/modal_watch.h"
 #include "model/account.h"
 #include "model/account_entry.h"
 
@@ -53,25 +56,16 @@ struct CommandsState {
 // The menus whose items depend on the accounts.
 class Menus {
  public:
-  class Host {
-   public:
-    virtual ~Host() = default;
-    [[nodiscard]] virtual const AccountList& Accounts() const = 0;
-    [[nodiscard]] virtual std::shared_ptr<LDGRAccount> AccountWithNumber(
-        std::int32_t number) const = 0;
-    // Null when no account is selected.
-    [[nodiscard]] virtual std::shared_ptr<LDGRAccount> SelectedAccount() const = 0;
-    // Null when no entry is selected.
-    [[nodiscard]] virtual std::shared_ptr<LDGRAccountEntry> SelectedEntry() const = 0;
-    [[nodiscard]] virtual std::shared_ptr<LDGRAccountSchedule> SelectedSchedule() const = 0;
-    [[nodiscard]] virtual bool IsUnlocked() const = 0;
-    [[nodiscard]] virtual bool HasPassword() const = 0;
-    [[nodiscard]] virtual bool ModalWindowIsUp() const = 0;
-    virtual void Account_Select(const std::shared_ptr<LDGRAccount>& account) = 0;
-  };
-
-  Menus(Host& host, const TransferLinks& links, const SheetSlot& sheets, Refresh& refresh) noexcept
-      : host_(host), links_(links), sheets_(sheets), refresh_(refresh) {}
+  Menus(Desk& desk, const AccountsStore& accounts, const ModalWatch& modal,
+        AccountSelection& selection, const TransferLinks& links, const SheetSlot& sheets,
+        Refresh& refresh) noexcept
+      : desk_(desk),
+        accounts_(accounts),
+        modal_(modal),
+        selection_(selection),
+        links_(links),
+        sheets_(sheets),
+        refresh_(refresh) {}
   Menus(const Menus&) = delete;
   Menus& operator=(const Menus&) = delete;
 
@@ -91,7 +85,10 @@ class Menus {
   void entryMenu_Types_MenuItem(std::int32_t tag);
 
  private:
-  Host& host_;
+  Desk& desk_;
+  const AccountsStore& accounts_;
+  const ModalWatch& modal_;
+  AccountSelection& selection_;
   const TransferLinks& links_;
   const SheetSlot& sheets_;
   Refresh& refresh_;

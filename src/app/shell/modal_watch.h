@@ -19,6 +19,17 @@ class ModalWatch final : public Alerts, public FilePanels {
   ModalWatch& operator=(const ModalWatch&) = delete;
 
   [[nodiscard]] bool IsUp() const noexcept { return depth_ > 0; }
+  // Something modal of our own is up for as long as this lives.
+  class Up {
+   public:
+    explicit Up(ModalWatch& watch) noexcept : watch_(watch) { ++watch_.depth_; }
+    ~Up() { --watch_.depth_; }
+    Up(const Up&) = delete;
+    Up& operator=(const Up&) = delete;
+
+   private:
+    ModalWatch& watch_;
+  };
 
   std::size_t Run(const AlertRequest& request) override;
   [[nodiscard]] std::optional<std::string> Save(const FilePanelRequest& request) override;

@@ -9,12 +9,12 @@
 namespace tallyfold {
 
 bool PreferencesSheet::Open() {
-  if (!host_.IsUnlocked() || !sheets_.Open(Sheet::Preferences)) return false;
+  if (!desk_.IsUnlocked() || !sheets_.Open(Sheet::Preferences, [this] { Cancel(); })) return false;
   state_ = PreferencesSheetState();
-  state_.settings = std::make_shared<LDGRPreferences>(host_.Preferences().asDictionary());
-  state_.settings->SetBalanceMode(host_.BalanceMode());
-  state_.password = host_.Password();
-  state_.password_again = host_.Password();
+  state_.settings = std::make_shared<LDGRPreferences>(desk_.preferences().asDictionary());
+  state_.settings->SetBalanceMode(static_cast<std::int32_t>(balance_.Mode()));
+  state_.password = accounts_.password();
+  state_.password_again = accounts_.password();
   state_.is_open = true;
   state_.tab = kFirstTab;
   state_.ok_is_enabled = true;
@@ -34,7 +34,7 @@ bool PreferencesSheet::SetField(std::string_view name, std::string_view text) {
 bool PreferencesSheet::SelectTab(std::string_view tab) {
   if (!state_.is_open) return false;
   if (state_.tab == kSecurityTab && tab != kSecurityTab && state_.passwords_differ) {
-    focus_.Start(std::chrono::milliseconds(0), [this] { host_.FocusPasswordField(); });
+    focus_.Start(std::chrono::milliseconds(0), [this] { window_->FocusPasswordField(); });
     return false;
   }
   state_.tab = tab;
@@ -61,12 +61,12 @@ bool PreferencesSheet::OK() {
   if (!state_.is_open || !front_end_.EndEditing(Sheet::Preferences) || !state_.ok_is_enabled) {
     return false;
   }
-  LDGRPreferences& in_force = host_.Preferences();
+  LDGRPreferences& in_force = desk_.preferences();
   for (const auto& field : LDGRPreferences::Fields()) {
     // Only the version cannot be set, and both have the same.
     static_cast<void>(in_force.SetFieldValue(field.key, state_.settings->FieldValue(field.key)));
   }
-  if (state_.password != host_.Password()) host_.SetPassword(state_.password);
+  if (state_.password != accounts_.password()) accounts_.setPassword(state_.password);
   Close();
   host_.PreferencesChanged();
   return true;

@@ -5,9 +5,13 @@
 #include <string>
 #include <string_view>
 
+#include "app/desk.h"
 #include "app/face/front_end.h"
+#include "app/face/main_window.h"
 #include "app/face/sheet_slot.h"
+#include "app/views/balance_field.h"
 #include "platform/run_loop.h"
+#include "storage/accounts_store.h"
 #include "storage/preferences.h"
 
 namespace tallyfold {
@@ -39,20 +43,21 @@ class PreferencesSheet {
   class Host {
    public:
     virtual ~Host() = default;
-    [[nodiscard]] virtual LDGRPreferences& Preferences() = 0;
-    // The window's, which the preferences learn only when they are saved.
-    [[nodiscard]] virtual std::int32_t BalanceMode() = 0;
-    [[nodiscard]] virtual bool IsUnlocked() const = 0;
-    [[nodiscard]] virtual const std::string& Password() const = 0;
-    virtual void SetPassword(const std::string& password) = 0;
     // Shows everything anew by the preferences.
     virtual void PreferencesChanged() = 0;
-    // The sheet's password field takes the focus.
-    virtual void FocusPasswordField() = 0;
   };
 
-  PreferencesSheet(Host& host, SheetSlot& sheets, RunLoop& loop, FrontEnd& front_end) noexcept
-      : host_(host), sheets_(sheets), front_end_(front_end), focus_(loop) {}
+  PreferencesSheet(Host& host, Desk& desk, AccountsStore& accounts, const BalanceField& balance,
+                   MainWindowSlot& window, SheetSlot& sheets, RunLoop& loop,
+                   FrontEnd& front_end) noexcept
+      : host_(host),
+        desk_(desk),
+        accounts_(accounts),
+        balance_(balance),
+        window_(window),
+        sheets_(sheets),
+        front_end_(front_end),
+        focus_(loop) {}
   PreferencesSheet(const PreferencesSheet&) = delete;
   PreferencesSheet& operator=(const PreferencesSheet&) = delete;
 
@@ -81,6 +86,10 @@ class PreferencesSheet {
   void Close();
 
   Host& host_;
+  Desk& desk_;
+  AccountsStore& accounts_;
+  const BalanceField& balance_;
+  MainWindowSlot& window_;
   SheetSlot& sheets_;
   FrontEnd& front_end_;
   PreferencesSheetState state_;

@@ -11,7 +11,7 @@
 namespace tallyfold {
 
 PrintKind Printing::KindShown() const noexcept {
-  switch (host_.SelectedTab()) {
+  switch (tabs_.State().selected) {
     case Tab::Entry:
       return PrintKind::Register;
     case Tab::Reconcile:
@@ -25,8 +25,8 @@ PrintKind Printing::KindShown() const noexcept {
 }
 
 bool Printing::CanPrint(PrintKind kind) const {
-  const auto account = host_.SelectedAccount();
-  return account != nullptr && host_.IsUnlocked() && !account->IsLocked() &&
+  const auto account = desk_.SelectedAccount();
+  return account != nullptr && desk_.IsUnlocked() && !account->IsLocked() &&
          (kind != PrintKind::Summary || account->selectedAccountSummary() != nullptr);
 }
 
@@ -37,8 +37,8 @@ std::optional<Pages> Printing::MakePages(PrintKind kind, const PrintOptions& opt
 }
 
 PrintDocument Printing::MakeDocument(PrintKind kind, const PrintOptions& options) {
-  const auto account = host_.SelectedAccount();
-  const LDGRPreferences& preferences = host_.Preferences();
+  const auto account = desk_.SelectedAccount();
+  const LDGRPreferences& preferences = desk_.preferences();
   RegisterPrintOptions details{
       .splits = options.splits, .notes = options.notes, .today = TodaysDateNumber()};
   switch (kind) {
@@ -56,10 +56,10 @@ PrintDocument Printing::MakeDocument(PrintKind kind, const PrintOptions& options
       break;
   }
   details.filter =
-      host_.CurrentRegisterKind() == RegisterKind::Reconcile
+      registers_.CurrentKind() == RegisterKind::Reconcile
           ? FilterInWords(account->reconcileFilterType(), account->reconcileFilterData())
           : FilterInWords(account->entryFilterType(), account->entryFilterData());
-  return RegisterDocument(*host_.CurrentRegister(), preferences, details);
+  return RegisterDocument(registers_.Current(), preferences, details);
 }
 
 }  // namespace tallyfold

@@ -4,7 +4,9 @@
 #include <memory>
 #include <optional>
 
+#include "app/desk.h"
 #include "app/shell/tabs.h"
+#include "app/views/registers.h"
 #include "filters/register_search.h"
 #include "model/account.h"
 #include "printing/document.h"
@@ -35,19 +37,8 @@ struct PrintOptions {
 // a screen, and keeps the account as it is meanwhile.
 class Printing {
  public:
-  class Host {
-   public:
-    virtual ~Host() = default;
-    // Null when no account is selected.
-    [[nodiscard]] virtual std::shared_ptr<LDGRAccount> SelectedAccount() const = 0;
-    [[nodiscard]] virtual bool IsUnlocked() const = 0;
-    [[nodiscard]] virtual const LDGRPreferences& Preferences() const = 0;
-    [[nodiscard]] virtual Tab SelectedTab() const = 0;
-    [[nodiscard]] virtual LDGRAccountTableViewData* CurrentRegister() = 0;
-    [[nodiscard]] virtual RegisterKind CurrentRegisterKind() const = 0;
-  };
-
-  explicit Printing(Host& host) noexcept : host_(host) {}
+  explicit Printing(Desk& desk, const Tabs& tabs, Registers& registers) noexcept
+      : desk_(desk), tabs_(tabs), registers_(registers) {}
   Printing(const Printing&) = delete;
   Printing& operator=(const Printing&) = delete;
 
@@ -64,7 +55,9 @@ class Printing {
  private:
   [[nodiscard]] PrintDocument MakeDocument(PrintKind kind, const PrintOptions& options);
 
-  Host& host_;
+  Desk& desk_;
+  const Tabs& tabs_;
+  Registers& registers_;
 };
 
 }  // namespace tallyfold

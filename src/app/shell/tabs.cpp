@@ -61,7 +61,7 @@ void Tabs::willSelectTabViewItem(std::string_view identifier) {
         break;
     }
   }
-  host_.StopSpeech();
+  speaker_.StopSpeech();
 }
 
 void Tabs::entry_MenuItem() {
@@ -79,28 +79,39 @@ void Tabs::reconcile_MenuItem() {
 }
 
 void Tabs::EntryTab_Enter() {
-  host_.CancelDelayedSearch();
+  search_.CancelDelayedSearch();
   refresh_.AccountBalance_Field_Update();
-  host_.SetCurrentRegister(RegisterKind::Entry);
-  const auto account = host_.SelectedAccount();
-  if (account == nullptr) return ShowFilter(nullptr, filter_type::kNone);
-  host_.GiveCurrentRegister(account->entryFilteredEntries());
-  ShowFilter(account->entryFilter(), account->entryFilterType());
+  registers_.SetCurrent(RegisterKind::Entry);
+  FillCurrentRegister();
 }
 
 void Tabs::ReconcileTab_Enter() {
-  host_.CancelDelayedSearch();
+  search_.CancelDelayedSearch();
   refresh_.ReconcileTab_UpdateBalances();
-  host_.SetCurrentRegister(RegisterKind::Reconcile);
-  const auto account = host_.SelectedAccount();
-  if (account == nullptr) return ShowFilter(nullptr, filter_type::kNone);
-  host_.GiveCurrentRegister(account->reconcileFilteredEntries());
-  ShowFilter(account->reconcileFilter(), account->reconcileFilterType());
+  registers_.SetCurrent(RegisterKind::Reconcile);
+  FillCurrentRegister();
+}
+
+void Tabs::FillCurrentRegister() {
+  const auto account = desk_.SelectedAccount();
+  const bool is_reconcile = registers_.CurrentKind() == RegisterKind::Reconcile;
+  if (account == nullptr) {
+    ShowFilter(nullptr, filter_type::kNone);
+  } else {
+    reveal_.Forget();
+    registers_.Current().Reload(is_reconcile ? account->reconcileFilteredEntries()
+                                             : account->entryFilteredEntries());
+    if (is_reconcile) {
+      ShowFilter(account->reconcileFilter(), account->reconcileFilterType());
+    } else {
+      ShowFilter(account->entryFilter(), account->entryFilterType());
+    }
+  }
 }
 
 void Tabs::ShowFilter(const std::shared_ptr<LDGRFilter>& filter, std::int32_t type) {
-  host_.PopulateForFilter(filter.get());
-  host_.PopulateForFilterType(type);
+  search_.PopulateForFilter(filter.get());
+  search_.PopulateForFilterType(type);
 }
 
 void Tabs::ScheduleTab_Enter() {
@@ -108,7 +119,7 @@ void Tabs::ScheduleTab_Enter() {
 }
 
 void Tabs::AccountSummaryTab_Enter() {
-  host_.ShowSummary(host_.SelectedAccount().get());
+  summary_.Show();
 }
 
 }  // namespace tallyfold

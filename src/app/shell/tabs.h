@@ -5,11 +5,16 @@
 #include <optional>
 #include <string_view>
 
+#include "app/desk.h"
+#include "app/entries/entry_reveal.h"
 #include "app/face/front_end.h"
 #include "app/face/refresh.h"
+#include "app/views/account_summary_tab.h"
+#include "app/views/registers.h"
 #include "filters/filter.h"
 #include "filters/register_search.h"
 #include "model/account.h"
+#include "registers/entry_speaker.h"
 
 namespace tallyfold {
 
@@ -34,23 +39,16 @@ struct TabsState {
 // Which tab is showing, and what entering each does.
 class Tabs {
  public:
-  class Host {
-   public:
-    virtual ~Host() = default;
-    // Null when no account is selected.
-    [[nodiscard]] virtual std::shared_ptr<LDGRAccount> SelectedAccount() const = 0;
-    virtual void CancelDelayedSearch() = 0;
-    // The commands for registers act on that one from here on.
-    virtual void SetCurrentRegister(RegisterKind kind) = 0;
-    virtual void GiveCurrentRegister(EntryList entries) = 0;
-    virtual void PopulateForFilter(const LDGRFilter* filter) = 0;
-    virtual void PopulateForFilterType(std::int32_t type) = 0;
-    virtual void ShowSummary(LDGRAccount* account) = 0;
-    virtual void StopSpeech() = 0;
-  };
-
-  Tabs(Host& host, Refresh& refresh, FrontEnd& front_end) noexcept
-      : host_(host), refresh_(refresh), front_end_(front_end) {}
+  Tabs(Desk& desk, Registers& registers, RegisterSearch& search, AccountSummaryTab& summary,
+       EntrySpeaker& speaker, EntryReveal& reveal, Refresh& refresh, FrontEnd& front_end) noexcept
+      : desk_(desk),
+        registers_(registers),
+        search_(search),
+        summary_(summary),
+        speaker_(speaker),
+        reveal_(reveal),
+        refresh_(refresh),
+        front_end_(front_end) {}
   Tabs(const Tabs&) = delete;
   Tabs& operator=(const Tabs&) = delete;
 
@@ -71,11 +69,18 @@ class Tabs {
   void ReconcileTab_Enter();
   void ScheduleTab_Enter();
   void AccountSummaryTab_Enter();
+  // Gives the current register the selected account's filtered entries and sets up its filter.
+  void FillCurrentRegister();
 
  private:
   void ShowFilter(const std::shared_ptr<LDGRFilter>& filter, std::int32_t type);
 
-  Host& host_;
+  Desk& desk_;
+  Registers& registers_;
+  RegisterSearch& search_;
+  AccountSummaryTab& summary_;
+  EntrySpeaker& speaker_;
+  EntryReveal& reveal_;
   Refresh& refresh_;
   FrontEnd& front_end_;
   TabsState state_;

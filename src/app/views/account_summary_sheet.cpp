@@ -20,9 +20,9 @@ std::vector<PopUpItem> Items(const Choices& from) {
 }  // namespace
 
 bool AccountSummarySheet::Open() {
-  const auto account = host_.SelectedAccount();
+  const auto account = desk_.SelectedAccount();
   if (account == nullptr || account->selectedAccountSummary() == nullptr ||
-      !sheets_.Open(Sheet::AccountSummary)) {
+      !sheets_.Open(Sheet::AccountSummary, [this] { Cancel(); })) {
     return false;
   }
   account_ = account;
@@ -57,7 +57,7 @@ void AccountSummarySheet::OptionsChanged() {
   // The copy belongs to the account only while it is computed: no edit is a change of the account.
   options.setAccount(account_.get());
   options.Refresh();
-  state_.result = LayOutSummary(options, RegisterDateFormat(host_.Preferences()));
+  state_.result = LayOutSummary(options, RegisterDateFormat(desk_.preferences()));
   options.setAccount(nullptr);
   front_end_.Changed(Area::AccountSummarySheet);
 }
@@ -69,7 +69,7 @@ bool AccountSummarySheet::OK() {
   const plist::Dictionary options = state_.options->optionsAsDictionary();
   if (!(options == summary_->optionsAsDictionary())) summary_->setOptionsFromDictionary(options);
   Close();
-  host_.ShowSummary(host_.SelectedAccount().get());
+  tab_.Show();
   return true;
 }
 

@@ -3,16 +3,16 @@
 #include <memory>
 #include <vector>
 
+#include "app/desk.h"
 #include "app/face/front_end.h"
 #include "app/face/pop_up_item.h"
 #include "app/face/sheet_slot.h"
+#include "app/views/account_summary_tab.h"
 #include "model/account.h"
 #include "summaries/account_summary.h"
 #include "summaries/summary_layout.h"
 
 namespace tallyfold {
-
-class LDGRPreferences;
 
 // What the options sheet of a summary shows.
 struct AccountSummarySheetState {
@@ -41,17 +41,9 @@ struct AccountSummarySheetState {
 // The options sheet of the selected account's selected summary.
 class AccountSummarySheet {
  public:
-  class Host {
-   public:
-    virtual ~Host() = default;
-    // Null when no account is selected.
-    [[nodiscard]] virtual std::shared_ptr<LDGRAccount> SelectedAccount() const = 0;
-    [[nodiscard]] virtual const LDGRPreferences& Preferences() const = 0;
-    virtual void ShowSummary(LDGRAccount* account) = 0;
-  };
-
-  AccountSummarySheet(Host& host, SheetSlot& sheets, FrontEnd& front_end) noexcept
-      : host_(host), sheets_(sheets), front_end_(front_end) {}
+  AccountSummarySheet(Desk& desk, AccountSummaryTab& tab, SheetSlot& sheets,
+                      FrontEnd& front_end) noexcept
+      : desk_(desk), tab_(tab), sheets_(sheets), front_end_(front_end) {}
   AccountSummarySheet(const AccountSummarySheet&) = delete;
   AccountSummarySheet& operator=(const AccountSummarySheet&) = delete;
 
@@ -72,7 +64,8 @@ class AccountSummarySheet {
  private:
   void Close();
 
-  Host& host_;
+  Desk& desk_;
+  AccountSummaryTab& tab_;
   SheetSlot& sheets_;
   FrontEnd& front_end_;
   AccountSummarySheetState state_;

@@ -39,9 +39,9 @@ void AccountSummaryTab::Show() {
 }
 
 const AccountSummaryTabState& AccountSummaryTab::State() {
-  const auto account = host_.SelectedAccount();
+  const auto account = desk_.SelectedAccount();
   Source source{account.get(), account != nullptr ? account->Revision() : 0, TodaysDateNumber(),
-                RegisterDateFormat(host_.Preferences())};
+                RegisterDateFormat(desk_.preferences())};
   if (source_ == source) return state_;
   source_ = std::move(source);
   state_ = AccountSummaryTabState();
@@ -120,7 +120,7 @@ bool AccountSummaryTab::Remove() {
 }
 
 std::shared_ptr<LDGRAccount> AccountSummaryTab::AccountToChange() const {
-  return sheets_.IsFree() ? host_.SelectedAccount() : nullptr;
+  return sheets_.IsFree() ? desk_.SelectedAccount() : nullptr;
 }
 
 }  // namespace tallyfold

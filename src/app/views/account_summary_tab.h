@@ -7,6 +7,7 @@
 #include <string>
 #include <string_view>
 
+#include "app/desk.h"
 #include "app/face/front_end.h"
 #include "app/face/pop_up_item.h"
 #include "app/face/sheet_slot.h"
@@ -16,8 +17,6 @@
 #include "summaries/summary_layout.h"
 
 namespace tallyfold {
-
-class LDGRPreferences;
 
 // What the summary tab shows. All of it is decided by the program.
 struct AccountSummaryTabState {
@@ -32,17 +31,9 @@ struct AccountSummaryTabState {
 // The summary tab: the selected account's summaries, and what is done with them.
 class AccountSummaryTab {
  public:
-  class Host {
-   public:
-    virtual ~Host() = default;
-    // Null when no account is selected.
-    [[nodiscard]] virtual std::shared_ptr<LDGRAccount> SelectedAccount() const = 0;
-    [[nodiscard]] virtual const LDGRPreferences& Preferences() const = 0;
-  };
-
-  AccountSummaryTab(const Host& host, Alerts& alerts, const SheetSlot& sheets,
+  AccountSummaryTab(Desk& desk, Alerts& alerts, const SheetSlot& sheets,
                     FrontEnd& front_end) noexcept
-      : host_(host), alerts_(alerts), sheets_(sheets), front_end_(front_end) {}
+      : desk_(desk), alerts_(alerts), sheets_(sheets), front_end_(front_end) {}
   AccountSummaryTab(const AccountSummaryTab&) = delete;
   AccountSummaryTab& operator=(const AccountSummaryTab&) = delete;
 
@@ -83,7 +74,7 @@ class AccountSummaryTab {
                                                    std::shared_ptr<LDGRAccountSummary> summary,
                                                    const std::string& name);
 
-  const Host& host_;
+  Desk& desk_;
   Alerts& alerts_;
   const SheetSlot& sheets_;
   FrontEnd& front_end_;

@@ -31,12 +31,12 @@ BalanceFieldState BalanceField::State() const {
   }
   state.mode = mode_;
   state.amount = Amount();
-  if (state.amount) state.text = RegisterAmountText(*state.amount, host_.Preferences());
+  if (state.amount) state.text = RegisterAmountText(*state.amount, desk_.preferences());
   return state;
 }
 
 std::optional<double> BalanceField::Amount() const {
-  const auto account = host_.SelectedAccount();
+  const auto account = desk_.SelectedAccount();
   if (account == nullptr) return std::nullopt;
   switch (mode_) {
     case BalanceMode::Balance:
@@ -48,11 +48,11 @@ std::optional<double> BalanceField::Amount() const {
     case BalanceMode::Unresolved:
       return RoundNearZeroValue(account->GetUnresolvedBalance());
     case BalanceMode::ShownEntries:
-      return RoundNearZeroValue(host_.TotalOfEntryRows());
+      return RoundNearZeroValue(registers_.Entry().TotalOfRows());
     case BalanceMode::SelectedEntry:
       break;
   }
-  const auto entry = host_.SelectedEntryRow();
+  const auto entry = registers_.Entry().GetSelectedEntry();
   if (entry == nullptr) return std::nullopt;
   return RoundNearZeroValue(account->GetRunningBalanceAtEntry(entry.get()));
 }

@@ -6,14 +6,14 @@
 #include <string>
 #include <vector>
 
+#include "app/desk.h"
 #include "app/face/front_end.h"
 #include "app/face/pop_up_item.h"
+#include "app/views/registers.h"
 #include "model/account.h"
 #include "model/account_entry.h"
 
 namespace tallyfold {
-
-class LDGRPreferences;
 
 // What the balance field below the register shows. The numbers are those of the preferences and
 // the tags of the pop-up's items.
@@ -38,19 +38,8 @@ struct BalanceFieldState {
 // The balance field of the Entries tab and the pop-up that says what it shows.
 class BalanceField {
  public:
-  class Host {
-   public:
-    virtual ~Host() = default;
-    // Null when no account is selected.
-    [[nodiscard]] virtual std::shared_ptr<LDGRAccount> SelectedAccount() const = 0;
-    [[nodiscard]] virtual const LDGRPreferences& Preferences() const = 0;
-    // Of the Entries register: the sum of its rows, and the entry of its selected row or null.
-    [[nodiscard]] virtual double TotalOfEntryRows() const = 0;
-    [[nodiscard]] virtual std::shared_ptr<LDGRAccountEntry> SelectedEntryRow() const = 0;
-  };
-
-  BalanceField(const Host& host, FrontEnd& front_end) noexcept
-      : host_(host), front_end_(front_end) {}
+  BalanceField(const Desk& desk, Registers& registers, FrontEnd& front_end) noexcept
+      : desk_(desk), registers_(registers), front_end_(front_end) {}
   BalanceField(const BalanceField&) = delete;
   BalanceField& operator=(const BalanceField&) = delete;
 
@@ -66,7 +55,8 @@ class BalanceField {
  private:
   [[nodiscard]] std::optional<double> Amount() const;
 
-  const Host& host_;
+  const Desk& desk_;
+  Registers& registers_;
   FrontEnd& front_end_;
   BalanceMode mode_ = BalanceMode::Balance;
 };

@@ -14,7 +14,7 @@ constexpr double kGreatestBalance = 1e13;
 }  // namespace
 
 const ReconcileTabState& ReconcileTab::State() {
-  const auto account = host_.SelectedAccount();
+  const auto account = desk_.SelectedAccount();
   if (account == nullptr) return state_ = ReconcileTabState();
   if (!state_.is_enabled || account_.lock() != account || revision_ != account->Revision()) {
     account_ = account;
@@ -26,12 +26,12 @@ const ReconcileTabState& ReconcileTab::State() {
     if (state_.explanation) state_.explanation_text = ExplanationText(*state_.explanation);
   }
   // The preferences may want it in another way by now.
-  state_.difference = DifferenceText(state_.figures, host_.Preferences());
+  state_.difference = DifferenceText(state_.figures, desk_.preferences());
   return state_;
 }
 
 bool ReconcileTab::StatementBalance_EndEditing(double balance) {
-  const auto account = host_.SelectedAccount();
+  const auto account = desk_.SelectedAccount();
   if (account == nullptr || !(std::fabs(balance) < kGreatestBalance)) return false;
   account->setStatementBalance(RoundedAmount(balance) + 0.0);
   refresh_.ReconcileTab_UpdateBalances();
@@ -39,10 +39,10 @@ bool ReconcileTab::StatementBalance_EndEditing(double balance) {
 }
 
 bool ReconcileTab::TurnClearedOverAndMoveOn() {
-  LDGRAccountTableViewData& rows = *host_.CurrentRegister();
+  LDGRAccountTableViewData& rows = registers_.Current();
   const auto entry = rows.GetSelectedEntry();
   if (entry == nullptr) return false;
-  host_.TurnClearedOver(entry);
+  editing_.TurnClearedOver(entry);
   const std::int32_t next = rows.EntryToRow(entry.get()).value_or(0) + 1;
   if (rows.RowToEntry(next) != nullptr) rows.SelectRow(next);
   return true;

@@ -5,7 +5,10 @@
 #include <optional>
 #include <string>
 
+#include "app/desk.h"
+#include "app/entries/entry_editing.h"
 #include "app/face/refresh.h"
+#include "app/views/registers.h"
 #include "model/account.h"
 #include "model/account_entry.h"
 #include "registers/difference_explanation.h"
@@ -14,7 +17,6 @@
 namespace tallyfold {
 
 class LDGRAccountTableViewData;
-class LDGRPreferences;
 
 // The figures of the Reconcile tab.
 struct ReconcileTabState {
@@ -31,17 +33,8 @@ struct ReconcileTabState {
 // Reconciling the selected account with a statement of its bank.
 class ReconcileTab {
  public:
-  class Host {
-   public:
-    virtual ~Host() = default;
-    // Null when no account is selected.
-    [[nodiscard]] virtual std::shared_ptr<LDGRAccount> SelectedAccount() const = 0;
-    [[nodiscard]] virtual const LDGRPreferences& Preferences() const = 0;
-    [[nodiscard]] virtual LDGRAccountTableViewData* CurrentRegister() = 0;
-    virtual void TurnClearedOver(const std::shared_ptr<LDGRAccountEntry>& entry) = 0;
-  };
-
-  ReconcileTab(Host& host, Refresh& refresh) noexcept : host_(host), refresh_(refresh) {}
+  ReconcileTab(Desk& desk, Registers& registers, EntryEditing& editing, Refresh& refresh) noexcept
+      : desk_(desk), registers_(registers), editing_(editing), refresh_(refresh) {}
   ReconcileTab(const ReconcileTab&) = delete;
   ReconcileTab& operator=(const ReconcileTab&) = delete;
 
@@ -58,7 +51,9 @@ class ReconcileTab {
   bool TurnClearedOverAndMoveOn();
 
  private:
-  Host& host_;
+  Desk& desk_;
+  Registers& registers_;
+  EntryEditing& editing_;
   Refresh& refresh_;
   // What the state was computed for.
   std::weak_ptr<LDGRAccount> account_;

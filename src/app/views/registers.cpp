@@ -35,29 +35,39 @@ LiveTable LiveTableOf(const TableView& table) {
   return live;
 }
 
-Registers::Registers(Host& host, FrontEnd& front_end)
-    : host_(host),
+Registers::Registers(Desk& desk, FrontEnd& front_end)
+    : desk_(desk),
       front_end_(front_end),
       entry_table_(DefaultRegisterColumns(), this),
       reconcile_table_(DefaultRegisterColumns(), this),
-      entry_(host),
-      reconcile_(host) {
+      entry_(desk),
+      reconcile_(desk) {
   entry_.SetTableView(&entry_table_);
   entry_.SetTableIdentifier("entry");
   reconcile_.SetTableView(&reconcile_table_);
   reconcile_.SetTableIdentifier("reconcile");
+  SetCurrent(current_);
+}
+
+Registers::~Registers() {
+  desk_.SetCurrentRegister(nullptr);
+}
+
+void Registers::SetCurrent(RegisterKind kind) noexcept {
+  current_ = kind;
+  desk_.SetCurrentRegister(&Current());
 }
 
 void Registers::ShowAccount(const std::shared_ptr<LDGRAccount>& account) {
   Show(account, account != nullptr
-                    ? host_.Preferences().GetPreferencesForAccountNumber(account->GetNumber())
+                    ? desk_.preferences().GetPreferencesForAccountNumber(account->GetNumber())
                     : nullptr);
 }
 
 void Registers::ShowColumnsOf(std::int32_t account_number) {
   constexpr std::int32_t kNoAccount = -1;
   Show(nullptr, account_number != kNoAccount
-                    ? host_.Preferences().GetPreferencesForAccountNumber(account_number)
+                    ? desk_.preferences().GetPreferencesForAccountNumber(account_number)
                     : nullptr);
 }
 
@@ -91,7 +101,7 @@ void Registers::Redraw() {
 }
 
 void Registers::UpdateDateFormat() {
-  const std::string format = RegisterDateFormat(host_.Preferences());
+  const std::string format = RegisterDateFormat(desk_.preferences());
   entry_.SetDateFormat(format);
   reconcile_.SetDateFormat(format);
 }

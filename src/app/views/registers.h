@@ -5,6 +5,7 @@
 #include <optional>
 #include <string_view>
 
+#include "app/desk.h"
 #include "app/face/front_end.h"
 #include "filters/register_search.h"
 #include "model/account.h"
@@ -24,21 +25,16 @@ class LDGRPreferences;
 // registers act on.
 class Registers final : private TableView::Observer {
  public:
-  class Host : public LDGRAccountTableViewData::Host {
-   public:
-    [[nodiscard]] virtual LDGRPreferences& Preferences() = 0;
-  };
-
-  Registers(Host& host, FrontEnd& front_end);
+  Registers(Desk& desk, FrontEnd& front_end);
   Registers(const Registers&) = delete;
   Registers& operator=(const Registers&) = delete;
-  ~Registers() override = default;
+  ~Registers() override;
 
   [[nodiscard]] LDGRAccountTableViewData& Entry() noexcept { return entry_; }
   [[nodiscard]] LDGRAccountTableViewData& Reconcile() noexcept { return reconcile_; }
   [[nodiscard]] RegisterKind CurrentKind() const noexcept { return current_; }
   // `kind` is one of the two registers.
-  void SetCurrent(RegisterKind kind) noexcept { current_ = kind; }
+  void SetCurrent(RegisterKind kind) noexcept;
   [[nodiscard]] LDGRAccountTableViewData& Current() noexcept { return Of(current_); }
   [[nodiscard]] const LDGRAccountTableViewData& Current() const noexcept {
     return current_ == RegisterKind::Reconcile ? reconcile_ : entry_;
@@ -70,7 +66,7 @@ class Registers final : private TableView::Observer {
             const std::shared_ptr<LDGRAccountPreferences>& view);
   void TableChanged(const TableView& table, TableView::Change change) override;
 
-  Host& host_;
+  Desk& desk_;
   FrontEnd& front_end_;
   TableView entry_table_;
   TableView reconcile_table_;

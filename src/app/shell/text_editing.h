@@ -1,11 +1,19 @@
 #pragma once
 
 #include <array>
+#include <cstdint>
 #include <string_view>
 
 #include "platform/notification_center.h"
 
 namespace tallyfold {
+
+class AccountPasswords;
+class ApplicationLock;
+class EntryEditing;
+class PreferencesSheet;
+class RegisterSearch;
+class ScheduleReminder;
 
 // Posted by a front end when the user begins or ends editing in one of the fields of text_field,
 // with the address of the field's token as the object.
@@ -18,33 +26,46 @@ inline constexpr char kDebitSplit = 'p';   // any cell of the debit sheet's spli
 inline constexpr char kDepositSplit = 'r';
 }  // namespace text_field
 
-// Follows the editing in fields whose end or beginning has consequences in the entry sheets.
+// Follows the editing in fields whose beginning, end or every key has consequences elsewhere.
 class TextEditing {
  public:
-  class Host {
-   public:
-    virtual ~Host() = default;
-    virtual void DebitSheet_Split_Table_Field() = 0;
-    virtual void DepositSheet_Split_Table_Field() = 0;
-    // Offers what an earlier entry of the typed description has.
-    virtual void SuggestForDescription() = 0;
-    virtual void DropSuggestion() = 0;
+  // The fields that are followed key by key.
+  enum class TypedField : std::uint8_t {
+    Search,
+    Password,
+    AccountPassword,
+    PreferencesPassword,
+    PreferencesPasswordAgain,
+    ReminderLookAhead,
   };
 
-  // Both must outlive the component.
-  TextEditing(NotificationCenter& notifications, Host& host) noexcept
-      : notifications_(notifications), host_(host) {}
+  // Whose fields these are.
+  struct Parts {
+    EntryEditing& entries;
+    RegisterSearch& search;
+    ApplicationLock& lock;
+    AccountPasswords& account_passwords;
+    PreferencesSheet& preferences;
+    ScheduleReminder& reminder;
+  };
+
+  // All must outlive this.
+  TextEditing(NotificationCenter& notifications, const Parts& parts) noexcept
+      : notifications_(notifications), parts_(parts) {}
   TextEditing(const TextEditing&) = delete;
   TextEditing& operator=(const TextEditing&) = delete;
 
+  // Listens from here on.
   void Observe();
   // `field` is the address of a token; any other does nothing.
   void textDidBeginEditing(const void* field);
   void textDidEndEditing(const void* field);
+  // The text of that field is `text` now.
+  void controlTextDidChange(TypedField field, std::string_view text);
 
  private:
   NotificationCenter& notifications_;
-  Host& host_;
+  Parts parts_;
   std::array<NotificationCenter::Observation, 4> observations_;
 };
 
