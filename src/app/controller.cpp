@@ -288,7 +288,7 @@ LDGRController::Parts::Parts(const Services& services)
       preferences_sheet(*this, desk, accounts, balance_field, window, sheets, services.loop,
                         front_end),
       updates(services.host, services.updates, front_end),
-      menus(desk, accounts, modal, selection, links, sheets, refresh),
+      menus(desk, modal, selection, sheets, refresh),
       tabs(desk, registers, search, summary_tab, speaker, reveal, refresh, front_end),
       printing(desk, tabs, registers),
       idle(services.loop, *this),

@@ -72,14 +72,14 @@ TEST_F(ImportTest, AsksForTheFileAndStopsTheTimerMeanwhile) {
   EXPECT_EQ(import.Options().title, "Importing From:  bank.qif");
   EXPECT_EQ(app.sheets().Current(), Sheet::ImportOptions);
   EXPECT_FALSE(app.importCommand().QIFImport());
-  EXPECT_EQ(app.menus().Commands(), CommandsState());
+  EXPECT_FALSE(app.menus().AreOn());
   EXPECT_TRUE(import.ImportOptions_OK());
-  EXPECT_EQ(app.menus().Commands(), CommandsState());
+  EXPECT_FALSE(app.menus().AreOn());
   loop.AdvanceBy(seconds(100));
   EXPECT_FALSE(app.idleWatch().scheduleReminderTimer().IsValid());
   import.import_Cancel_Button();
   EXPECT_EQ(*app.idleWatch().scheduleReminderTimer().NextFiring() - loop.Now(), seconds(15));
-  EXPECT_TRUE(app.menus().Commands().import_file);
+  EXPECT_TRUE(app.menus().AreOn());
 }
 
 TEST_F(ImportTest, KeepsTheSwapPopUpsAPermutation) {

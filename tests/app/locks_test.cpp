@@ -41,7 +41,7 @@ TEST(ApplicationLock, SavesThenClearsTheScreenThenAsks) {
   EXPECT_EQ(app.sheets().Current(), Sheet::Authentication);
   EXPECT_TRUE(app.accountsDrawer().Rows().empty());
   EXPECT_TRUE(app.menus().AccountMenu().empty());
-  EXPECT_EQ(app.menus().Commands(), CommandsState());
+  EXPECT_FALSE(app.menus().AreOn());
 
   // Nothing gets past it or writes.
   test.files.ForgetChanges();

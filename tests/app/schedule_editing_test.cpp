@@ -4,6 +4,7 @@
 
 #include <limits>
 
+#include "app/commands/command.h"
 #include "app/desk.h"
 #include "app/schedules/schedules_tab.h"
 #include "app/shell/menus.h"
@@ -199,7 +200,7 @@ TEST(ScheduleList, RemovesDuplicatesAndGoesOnWithTheSelectedOne) {
   EXPECT_TRUE(test.app.schedules().Schedule_CommitNext());
   EXPECT_FALSE(test.app.schedules().Schedule_CommitNext() ||
                test.app.schedules().Schedule_SkipNext());
-  EXPECT_FALSE(test.app.menus().Commands().commit_schedule);
+  EXPECT_FALSE(CommandNamed("Schedule_CommitNext")->can(test.app));
   EXPECT_EQ(rent->NextEntryDate(), 20040601);
   EXPECT_EQ(joint->GetEntries().size(), 2U);
 

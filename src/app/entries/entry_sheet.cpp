@@ -193,11 +193,13 @@ bool EntrySheet::IsSplit() const noexcept {
 }
 
 void EntrySheet::ClearSplit() {
+  if (!state_.is_open) return;
   state_.typed.amount = 0.0;
   Split_ClearSplit();
 }
 
 void EntrySheet::Split_ClearSplit() {
+  if (!state_.is_open) return;
   auto& typed = state_.typed;
   typed.split = SplitRows();
   typed.selected_split_row = 0;
@@ -215,6 +217,7 @@ void EntrySheet::Split_UpdateTotal() {
 }
 
 void EntrySheet::Split_Table_Field() {
+  if (!state_.is_open) return;
   const bool was_split = !state_.to_from_is_enabled;
   const bool is_split = IsSplit();
   auto& typed = state_.typed;

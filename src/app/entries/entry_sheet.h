@@ -48,6 +48,7 @@ class EntrySheet final : public EditSheet {
 
   // Whether any row of the split table has a text or an amount other than 0.
   [[nodiscard]] bool IsSplit() const noexcept;
+  // These do nothing while the sheet is closed.
   // Empties the split table and to/from, and sets the amount to 0.
   void ClearSplit();
   // The same, but leaves the amount as it is.

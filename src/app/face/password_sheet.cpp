@@ -25,6 +25,7 @@ void PasswordSheet::ValidatePassword(std::string typed, const std::string& passw
 }
 
 void PasswordSheet::DisableOK() {
+  if (!state_.ok_is_enabled) return;
   state_.ok_is_enabled = false;
   front_end_.Changed(area_);
 }

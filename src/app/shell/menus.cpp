@@ -1,6 +1,5 @@
 #include "app/shell/menus.h"
 
-#include "app/schedules/schedule_commit.h"
 #include "model/entry_type.h"
 
 namespace tallyfold {
@@ -22,27 +21,8 @@ void AddTypes(const EntryTypeList& types, const LDGRAccountEntry* entry,
 
 }  // namespace
 
-CommandsState Menus::Commands() const {
-  CommandsState state;
-  if (!desk_.IsUnlocked() || !sheets_.IsFree() || modal_.IsUp()) return state;
-  state.add_account = true;
-  state.lock = !accounts_.password().empty();
-  const auto account = desk_.SelectedAccount();
-  if (account == nullptr) return state;
-  state.edit_account = state.remove_account = state.add_entry = true;
-  state.export_account = state.import_file = state.save_as = true;
-  state.lock_account = account->HasPassword();
-  state.add_schedule = state.show_reminder = true;
-  if (const auto schedule = desk_.SelectedSchedule()) {
-    state.edit_schedule = true;
-    state.commit_schedule = NextDayToCommit(*schedule) != -1;
-  }
-  const auto entry = desk_.SelectedEntry();
-  if (entry == nullptr) return state;
-  state.edit_entry = entry->IsDebit() || entry->IsDeposit() || entry->IsTransfer();
-  state.remove_entry = true;
-  state.show_other_half = links_.Transfer_LinkedEntry(entry.get()) != nullptr;
-  return state;
+bool Menus::AreOn() const noexcept {
+  return desk_.IsUnlocked() && sheets_.IsFree() && !modal_.IsUp();
 }
 
 std::vector<MenuItem> Menus::AccountMenu() const {

@@ -7,7 +7,6 @@
 
 #include "app/accounts/account_selection.h"
 #include "app/desk.h"
-#include "app/entries/transfer_links.h"
 #include "app/face/refresh.h"
 #include "app/face/sheet_slot.h"
 #include "app/shell/modal_watch.h"
@@ -27,49 +26,17 @@ struct MenuItem {
   friend bool operator==(const MenuItem&, const MenuItem&) = default;
 };
 
-// Which commands make sense now. All are off while a sheet or a modal window is open.
-struct CommandsState {
-  bool add_account = false;
-  bool lock = false;
-  // For the selected account.
-  bool edit_account = false;
-  bool remove_account = false;
-  bool lock_account = false;
-  bool add_entry = false;
-  bool export_account = false;
-  bool import_file = false;
-  bool save_as = false;
-  // For the selected entry.
-  bool edit_entry = false;
-  bool remove_entry = false;
-  bool show_other_half = false;
-  // For the selected account, and for its selected scheduled entry: edit, duplicate and remove it;
-  // commit or skip the next occurrence.
-  bool add_schedule = false;
-  bool edit_schedule = false;
-  bool commit_schedule = false;
-  bool show_reminder = false;
-
-  friend bool operator==(const CommandsState&, const CommandsState&) = default;
-};
-
 // The menus whose items depend on the accounts.
 class Menus {
  public:
-  Menus(Desk& desk, const AccountsStore& accounts, const ModalWatch& modal,
-        AccountSelection& selection, const TransferLinks& links, const SheetSlot& sheets,
+  Menus(Desk& desk, const ModalWatch& modal, AccountSelection& selection, const SheetSlot& sheets,
         Refresh& refresh) noexcept
-      : desk_(desk),
-        accounts_(accounts),
-        modal_(modal),
-        selection_(selection),
-        links_(links),
-        sheets_(sheets),
-        refresh_(refresh) {}
+      : desk_(desk), modal_(modal), selection_(selection), sheets_(sheets), refresh_(refresh) {}
   Menus(const Menus&) = delete;
   Menus& operator=(const Menus&) = delete;
 
-  [[nodiscard]] CommandsState Commands() const;
+  // False while the application is locked, and while a sheet or something modal is up.
+  [[nodiscard]] bool AreOn() const noexcept;
 
   // Every account in the order of the file, its number as tag, the selected one checked; none while
   // the application is locked.
@@ -86,10 +53,8 @@ class Menus {
 
  private:
   Desk& desk_;
-  const AccountsStore& accounts_;
   const ModalWatch& modal_;
   AccountSelection& selection_;
-  const TransferLinks& links_;
   const SheetSlot& sheets_;
   Refresh& refresh_;
 };

@@ -68,6 +68,7 @@ void UpdateCheck::Finish(UpdateState::Status status, std::string latest_version,
 }
 
 void UpdateCheck::CloseWindow() {
+  if (!state_.window_is_open) return;
   state_.window_is_open = false;
   front_end_.Changed(Area::Updates);
 }

@@ -1,0 +1,154 @@
+#include "app/accounts/account_selection.h"
+#include "app/commands/command_tables.h"
+#include "app/controller.h"
+#include "app/desk.h"
+#include "app/exchange/export_commands.h"
+#include "app/exchange/qif_import_command.h"
+#include "app/exchange/qif_import_controller.h"
+#include "app/shell/application_lock.h"
+#include "app/shell/idle_watch.h"
+#include "app/shell/lifecycle.h"
+#include "app/shell/preferences_sheet.h"
+#include "app/shell/update_check.h"
+
+namespace tallyfold::command_tables {
+namespace {
+
+bool HasPassword(LDGRController& app) {
+  return IsFree(app) && !app.applicationLock().password().empty();
+}
+bool Always(LDGRController& /*app*/) {
+  return true;
+}
+bool UpdateWindowIsOpen(LDGRController& app) {
+  return app.updates().State().window_is_open;
+}
+bool Asks(LDGRController& app) {
+  return app.applicationLock().State().is_open;
+}
+bool PasswordIsRight(LDGRController& app) {
+  return Asks(app) && app.applicationLock().State().ok_is_enabled;
+}
+bool PreferencesAreOpen(LDGRController& app) {
+  return app.preferencesSheet().State().is_open;
+}
+bool PreferencesCanBeStored(LDGRController& app) {
+  return PreferencesAreOpen(app) && app.preferencesSheet().State().ok_is_enabled;
+}
+bool ImportOptionsAreOpen(LDGRController& app) {
+  return app.sharedQIFImportController().Options().is_open;
+}
+bool IsReviewing(LDGRController& app) {
+  return app.sharedQIFImportController().IsReviewing() && app.sheets().IsFree();
+}
+bool HasReviewedEntry(LDGRController& app) {
+  return IsReviewing(app) &&
+         app.sharedQIFImportController().tableDataSource().GetSelectedEntry() != nullptr;
+}
+
+constexpr Command kCommands[] = {
+    {.name = "QIFImport",
+     .title = "Import...",
+     .shortcut = "Ctrl+I",
+     .menu = Menu::File,
+     .controls = "QIFImport_MenuItem",
+     .can = HasAccount,
+     .run = [](LDGRController& app) { static_cast<void>(app.importCommand().QIFImport()); }},
+    {.name = "ExportQIF",
+     .title = "Export QIF...",
+     .menu = Menu::File,
+     .can = HasAccount,
+     .run = [](LDGRController& app) { app.exports().ExportQIF(); }},
+    {.name = "ExportText",
+     .title = "Export Text...",
+     .menu = Menu::File,
+     .can = HasAccount,
+     .run = [](LDGRController& app) { app.exports().ExportText(); }},
+    {.name = "Save",
+     .title = "Save",
+     .shortcut = "Ctrl+S",
+     .menu = Menu::File,
+     .can = IsFree,
+     .run = [](LDGRController& app) { app.exports().Save(); }},
+    {.name = "SaveAs",
+     .title = "Save As...",
+     .shortcut = "Ctrl+Shift+S",
+     .menu = Menu::File,
+     .can = HasAccount,
+     .run = [](LDGRController& app) { app.exports().SaveAs(); }},
+    {.name = "lock",
+     .title = "Lock",
+     .shortcut = "Ctrl+L",
+     .menu = Menu::File,
+     .controls = "lock_MenuItem",
+     .can = HasPassword,
+     .run = [](LDGRController& app) { app.applicationLock().lock(); }},
+    {.name = "Quit",
+     .title = "Quit",
+     .shortcut = "Ctrl+Q",
+     .menu = Menu::File,
+     .controls = "quit_MenuItem",
+     .can = Always,
+     .run = [](LDGRController& app) { app.lifecycle().Quit(); }},
+    {.name = "PreferencesSheet_Open",
+     .title = "Preferences...",
+     .shortcut = "Ctrl+,",
+     .menu = Menu::Edit,
+     .can = IsFree,
+     .run = [](LDGRController& app) { app.preferencesSheet().Open(); }},
+    {.name = "CheckForUpdates",
+     .title = "Check for Updates...",
+     .menu = Menu::Help,
+     .can = IsFree,
+     .run = [](LDGRController& app) { app.updates().CheckForUpdates(); }},
+    {.name = "UpdateWindow_Close",
+     .can = UpdateWindowIsOpen,
+     .run = [](LDGRController& app) { app.updates().CloseWindow(); }},
+    {.name = "authenticationSheet_OK",
+     .can = PasswordIsRight,
+     .run = [](LDGRController& app) { app.applicationLock().OK(); }},
+    {.name = "authenticationSheet_Cancel",
+     .can = Asks,
+     .run = [](LDGRController& app) { app.applicationLock().Cancel(); }},
+    {.name = "PreferencesSheet_OK",
+     .can = PreferencesCanBeStored,
+     .run = [](LDGRController& app) { app.preferencesSheet().OK(); }},
+    {.name = "PreferencesSheet_Cancel",
+     .can = PreferencesAreOpen,
+     .run = [](LDGRController& app) { app.preferencesSheet().Cancel(); }},
+    {.name = "ImportOptions_OK",
+     .can = ImportOptionsAreOpen,
+     .run = [](LDGRController& app) { app.sharedQIFImportController().ImportOptions_OK(); }},
+    {.name = "ImportOptions_Cancel",
+     .can = ImportOptionsAreOpen,
+     .run = [](LDGRController& app) { app.sharedQIFImportController().ImportOptions_Cancel(); }},
+    {.name = "ImportEntry_Import",
+     .can = HasReviewedEntry,
+     .run = [](LDGRController& app) { app.sharedQIFImportController().ImportEntry_Import(); }},
+    {.name = "ImportEntry_Change",
+     .can = HasReviewedEntry,
+     .run = [](LDGRController& app) { app.sharedQIFImportController().ImportEntry_Change(); }},
+    {.name = "ImportEntry_Remove",
+     .can = HasReviewedEntry,
+     .run = [](LDGRController& app) { app.sharedQIFImportController().ImportEntry_Remove(); }},
+    {.name = "ImportEntry_Resolve",
+     .can = HasReviewedEntry,
+     .run = [](LDGRController& app) { app.sharedQIFImportController().ImportEntry_Resolve(); }},
+    {.name = "import_OK_Button",
+     .can = IsReviewing,
+     .run = [](LDGRController& app) { app.sharedQIFImportController().import_OK_Button(); }},
+    {.name = "import_Cancel_Button",
+     .can = IsReviewing,
+     .run = [](LDGRController& app) { app.sharedQIFImportController().import_Cancel_Button(); }},
+    {.name = "import_GoBack_Button",
+     .can = IsReviewing,
+     .run = [](LDGRController& app) { app.sharedQIFImportController().import_GoBack_Button(); }},
+};
+
+}  // namespace
+
+std::span<const Command> File() {
+  return kCommands;
+}
+
+}  // namespace tallyfold::command_tables
