@@ -192,7 +192,10 @@ bool AccountEditing::AccountEditSheet_OK() {
   SaveValues();
   Close();
   if (is_new) accounts_.AddAccount(account);
-  if (is_renamed && !is_new) links_.Accounts_SyncTransfers();
+  if (is_renamed && !is_new) {
+    links_.Accounts_SyncTransfers();
+    links_.Schedules_SyncTransfers();
+  }
   refresh_.AccountsChanged();
   if (is_new) {
     selection_.Account_Select(account);

@@ -40,6 +40,7 @@ void TransferSheet::Fill(const EditedEntry& edited, const LDGRAccount& account,
   typed.tax_deductible = entry.GetTaxDeductible();
   typed.notes = entry.GetNotes();
   PopulateAccounts(edited, account);
+  if (!edited.is_new) state_.note = links_.NoteOnOtherHalf(account, entry);
   front_end_.Changed(StateArea());
 }
 
@@ -72,6 +73,7 @@ void TransferSheet::Store(const EditedEntry& edited, LDGRAccount& account) {
   LDGRAccountEntry& entry = *edited.entry;
   entry.SetDate(typed.date);
   if (const auto* direction = SelectedItem(state_.direction_items, typed.direction)) {
+  const auto half = edited.is_new ? nullptr : links_.OtherHalf(account, entry);
     const bool is_origin = direction->tag == kTransferToTag;
     entry.SetIsTransferOrigin(is_origin);
     entry.SetAmount(is_origin ? -typed.amount : typed.amount);
@@ -81,8 +83,13 @@ void TransferSheet::Store(const EditedEntry& edited, LDGRAccount& account) {
   entry.SetTaxDeductible(typed.tax_deductible);
   entry.SetNotes(typed.notes);
   const auto* chosen = SelectedItem(state_.account_items, typed.account);
-  links_.Link(account, entry, edited.is_new, chosen != nullptr ? chosen->tag : kNoAccount,
-              chosen != nullptr ? std::string_view(chosen->title) : std::string_view());
+  const std::int32_t other = chosen != nullptr ? chosen->tag : kNoAccount;
+  const auto name = chosen != nullptr ? std::string_view(chosen->title) : std::string_view();
+  if (edited.is_new) {
+    links_.LinkNew(account, entry, other, name);
+  } else {
+    links_.Relink(account, entry, half, other, name);
+  }
 }
 
 }  // namespace tallyfold
