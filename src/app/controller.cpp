@@ -218,7 +218,14 @@ struct LDGRController::Parts final : private AccountsStore::Host,
   void UpdateBalanceField() override { refresh.AccountBalance_Field_Update(); }
 
   // --- The idle watch ---
-  double LastEventTimestamp() const override { return application.lastEventTimestamp(); }
+  std::optional<std::chrono::milliseconds> TimeSinceLastEvent() const override {
+    return application.TimeSinceLastEvent();
+  }
+  void DayChanged() override {
+    filters.Filters_DateFilters_Update();
+    refresh.DayChanged();
+    reminder.DayChanged();
+  }
   bool SheetIsOpen() const override { return !sheets.IsFree(); }
   bool ModalWindowIsUp() const override { return modal.IsUp(); }
   bool AccountsWantSaving() const override {
@@ -257,7 +264,7 @@ struct LDGRController::Parts final : private AccountsStore::Host,
 
 LDGRController::Parts::Parts(const Services& services)
     : modal(services.alerts, services.panels),
-      application(services.notifications),
+      application(services.notifications, services.loop),
       data_lock(services.files, modal, services.host),
       accounts({services.files, modal, services.host, services.processes}, gate, data_lock, *this),
       preferences({services.files, services.host, services.processes}, gate, *this),
