@@ -127,6 +127,7 @@ struct LDGRController::Parts final : private AccountsStore::Host,
   void ForgetSelectedAccount() override {
     registers.ShowAccount(nullptr);
     schedules.ShowAccount(nullptr);
+    search.Clear();
     selection.Forget();
     account_passwords.Forget();
     reveal.Forget();
@@ -154,6 +155,7 @@ struct LDGRController::Parts final : private AccountsStore::Host,
       refresh.AccountBalance_Field_Update();
     }
   }
+  void ClearSearch() override { search.Clear(); }
   void ReplaceScheduleReminderTimer() override { idle.ReplaceScheduleReminderTimer(); }
 
   // --- What is stored of the tables ---
@@ -199,6 +201,9 @@ struct LDGRController::Parts final : private AccountsStore::Host,
   void TellIfHidden(const std::shared_ptr<LDGRAccountEntry>& entry, bool is_new) override {
     using Reason = EntryReveal::Reason;
     reveal.TellIfHidden(entry, is_new ? Reason::Added : Reason::Changed);
+  }
+  bool IsShown(const LDGRAccountEntry* entry) const override {
+    return registers.Current().EntryToRow(entry).has_value();
   }
   std::shared_ptr<LDGRFilter> CurrentFilter() const override {
     const auto account = desk.SelectedAccount();
@@ -272,7 +277,7 @@ LDGRController::Parts::Parts(const Services& services)
       speaker(services.loop, services.speech, *this),
       selection(*this, desk, preferences, window, refresh, front_end),
       account_editing(desk, accounts, selection, links, sheets, refresh, front_end),
-      account_passwords(desk, selection, sheets, window, front_end),
+      account_passwords(desk, selection, preferences, sheets, window, refresh, front_end),
       account_removal(desk, accounts, selection, account_passwords, modal, sheets, refresh),
       drawer(desk, selection, account_editing, refresh, front_end),
       editing(desk, links, sheets, refresh, front_end),
