@@ -26,6 +26,7 @@ void EntryRemoval::EntryRemoveConfirm_Begin() {
   const Asked asked = Selected();
   if (!sheets_.IsFree() || !IsThere(asked)) return;
   confirm_.note = links_.NoteOnOtherHalf(*asked.account, *asked.entry);
+  front_end_.Changed(Area::EntryRemoveSheet);
   if (!desk_.preferences().GetEntryRemoveConfirm()) return AskForOtherHalfOrDelete(asked);
   asked_ = asked;
   confirm_.is_open = true;
