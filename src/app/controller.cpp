@@ -127,6 +127,7 @@ struct LDGRController::Parts final : private AccountsStore::Host,
   void ForgetSelectedAccount() override {
     registers.ShowAccount(nullptr);
     schedules.ShowAccount(nullptr);
+    search.Clear();
     selection.Forget();
     account_passwords.Forget();
     reveal.Forget();
@@ -154,6 +155,7 @@ struct LDGRController::Parts final : private AccountsStore::Host,
       refresh.AccountBalance_Field_Update();
     }
   }
+  void ClearSearch() override { search.Clear(); }
   void ReplaceScheduleReminderTimer() override { idle.ReplaceScheduleReminderTimer(); }
 
   // --- What is stored of the tables ---
@@ -200,6 +202,9 @@ struct LDGRController::Parts final : private AccountsStore::Host,
     using Reason = EntryReveal::Reason;
     reveal.TellIfHidden(entry, is_new ? Reason::Added : Reason::Changed);
   }
+  bool IsShown(const LDGRAccountEntry* entry) const override {
+    return registers.Current().EntryToRow(entry).has_value();
+  }
   std::shared_ptr<LDGRFilter> CurrentFilter() const override {
     const auto account = desk.SelectedAccount();
     if (account == nullptr) return nullptr;
@@ -218,7 +223,14 @@ struct LDGRController::Parts final : private AccountsStore::Host,
   void UpdateBalanceField() override { refresh.AccountBalance_Field_Update(); }
 
   // --- The idle watch ---
-  double LastEventTimestamp() const override { return application.lastEventTimestamp(); }
+  std::optional<std::chrono::milliseconds> TimeSinceLastEvent() const override {
+    return application.TimeSinceLastEvent();
+  }
+  void DayChanged() override {
+    filters.Filters_DateFilters_Update();
+    refresh.DayChanged();
+    reminder.DayChanged();
+  }
   bool SheetIsOpen() const override { return !sheets.IsFree(); }
   bool ModalWindowIsUp() const override { return modal.IsUp(); }
   bool AccountsWantSaving() const override {
@@ -257,7 +269,7 @@ struct LDGRController::Parts final : private AccountsStore::Host,
 
 LDGRController::Parts::Parts(const Services& services)
     : modal(services.alerts, services.panels),
-      application(services.notifications),
+      application(services.notifications, services.loop),
       data_lock(services.files, modal, services.host),
       accounts({services.files, modal, services.host, services.processes}, gate, data_lock, *this),
       preferences({services.files, services.host, services.processes}, gate, *this),
@@ -265,7 +277,7 @@ LDGRController::Parts::Parts(const Services& services)
       speaker(services.loop, services.speech, *this),
       selection(*this, desk, preferences, window, refresh, front_end),
       account_editing(desk, accounts, selection, links, sheets, refresh, front_end),
-      account_passwords(desk, selection, sheets, window, front_end),
+      account_passwords(desk, selection, preferences, sheets, window, refresh, front_end),
       account_removal(desk, accounts, selection, account_passwords, modal, sheets, refresh),
       drawer(desk, selection, account_editing, refresh, front_end),
       editing(desk, links, sheets, refresh, front_end),

@@ -22,6 +22,10 @@
 namespace tallyfold::console {
 namespace {
 
+void TellIfAny(const Console& console, const std::string& note) {
+  if (!note.empty()) console.printer.Note(note);
+}
+
 // What a sheet that stays open tells; `problem` is its own text.
 [[noreturn]] void RefuseToStore(const std::string& problem) {
   throw CommandError(problem.empty() ? "the entry cannot be stored" : problem);
@@ -45,6 +49,7 @@ void FinishTransferSheet(Console& console, const Arguments& arguments) {
   if (!console.controller.entries().Transfer().OK()) {
     RefuseToStore(console.controller.entries().Transfer().State().problem);
   }
+  TellIfAny(console, console.controller.entries().Transfer().State().note);
 }
 
 // A new entry of nothing at all is a slip.
@@ -55,8 +60,7 @@ void RequireAmount(const Arguments& arguments, std::string_view expected) {
 }
 
 void TellOfHiddenEntry(const Console& console) {
-  const std::string& hidden = console.controller.entryReveal().State().text;
-  if (!hidden.empty()) console.printer.Note(hidden);
+  TellIfAny(console, console.controller.entryReveal().State().text);
 }
 
 void AddEntry(Console& console, const Arguments& arguments, EntryKind kind,
@@ -178,6 +182,7 @@ void RemoveEntry(Console& console, const Arguments& arguments) {
                   "removes it too");
   }
   console.printer.Confirm("Removed entry " + arguments.WordAt(0) + ".");
+  TellIfAny(console, controller.entryRemoval().Confirm().note);
 }
 
 void ClearEntries(Console& console, const Arguments& arguments) {

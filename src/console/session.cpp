@@ -16,6 +16,7 @@
 #include "console/password_sheets.h"
 #include "console/table.h"
 #include "platform/terminal.h"
+#include "storage/account_numbers.h"
 #include "storage/accounts_store.h"
 #include "storage/preferences_store.h"
 
@@ -129,6 +130,7 @@ bool Session::Launch(const Command& first) {
   // Whoever has just typed a command is not to be held up; what is due is told when he is idle.
   controller_.reminder().Dismiss();
   TellWhatWasSetAside();
+  TellSharedNumbers();
   if (first.needs == Needs::Unlocked && controller_.applicationLock().authenticated() &&
       controller_.desk().accounts().empty()) {
     printer_.Confirm("There is no account yet; account add makes one.");
@@ -142,6 +144,7 @@ bool Session::Unlock() {
   if (host_.IsEnding()) return false;
   // The sheet of the account that was shown last may come up only now.
   ServePasswordSheet(console_);
+  TellSharedNumbers();
   if (controller_.applicationLock().authenticated()) return true;
   throw CommandError("the application is locked; unlock PASSWORD opens it");
 }
@@ -152,6 +155,15 @@ void Session::TellWhatWasSetAside() {
     if (!*set_aside) continue;
     printer_.Note((*set_aside)->path + " was not read in whole: " + (*set_aside)->reason +
                   " Before it is saved over, a copy is kept as " + (*set_aside)->kept_path);
+  }
+}
+
+void Session::TellSharedNumbers() {
+  // Names of accounts are not told to whoever has not unlocked them.
+  if (has_told_shared_numbers_ || !controller_.applicationLock().authenticated()) return;
+  has_told_shared_numbers_ = true;
+  for (const auto& note : NotesOnSharedAccountNumbers(controller_.desk().accounts())) {
+    printer_.Note(note);
   }
 }
 

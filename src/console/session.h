@@ -47,6 +47,8 @@ class Session {
   // Sheets that the command has no business with.
   void CancelSheets(const Command& command);
   void TellWhatWasSetAside();
+  // Once a run.
+  void TellSharedNumbers();
   // Whether everything is on the disk.
   bool ShutDown();
   void ReportError(std::string_view error);
@@ -66,6 +68,7 @@ class Session {
   Console console_;
   std::size_t line_number_ = 0;
   bool is_launched_ = false;
+  bool has_told_shared_numbers_ = false;
 };
 
 }  // namespace tallyfold::console

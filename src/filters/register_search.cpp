@@ -102,6 +102,12 @@ void RegisterSearch::PopulateForFilterType(std::int32_t type) {
   host_.SearchStateChanged();
 }
 
+void RegisterSearch::Clear() {
+  search_.Cancel();
+  state_ = {};
+  host_.SearchStateChanged();
+}
+
 void RegisterSearch::PopulateForFilter(const LDGRFilter* filter) {
   if (SearchFieldState* const field = ShownField()) {
     *field = FieldFor(filter);

@@ -75,6 +75,9 @@ class RegisterSearch {
 
   // Marks the menu's item of that type and no other.
   void PopulateForFilterType(std::int32_t type);
+  // No account is selected: empties and disables both fields, marks nothing in the menu and drops a
+  // search that has not run.
+  void Clear();
   // Sets up the field and label of the register that is showing; null empties and disables them.
   void PopulateForFilter(const LDGRFilter* filter);
 

@@ -94,8 +94,8 @@ void LDGRAccountTableViewData::Reload(EntryList entries) {
   // In the order of the account the figures are computed fastest.
   static_cast<void>(UpToDateFigures());
   SortByColumnIdentifier(SortColumn(), layout_.SortsDescending());
-  if (awaited_row_ && !entries_.empty()) {
-    SelectRow(*std::exchange(awaited_row_, std::nullopt));
+  if (const auto awaited = std::exchange(awaited_row_, std::nullopt)) {
+    SelectRow(*awaited);
   } else {
     SelectEntry(selected.get());
   }

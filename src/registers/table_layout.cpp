@@ -15,6 +15,16 @@ std::string_view IdentifierOf(const plist::Value& column) {
   return column.DictionaryValue().Get("identifier").StringValue();
 }
 
+// None where the table's own width stays.
+std::optional<std::int32_t> WidthOf(const plist::Value& column) {
+  const plist::Dictionary stored = column.DictionaryValue();
+  const plist::Value& width = stored.Get("width");
+  // A text counts by the number it begins with.
+  const bool is_number = width.IsNumber() || width.StringValue().find_first_of("0123456789") == 0;
+  if (!is_number || width.IntegerValue() < 0) return std::nullopt;
+  return width.IntegerValue();
+}
+
 }  // namespace
 
 void TableLayout::SetIdentifier(std::optional<std::string_view> identifier) {
@@ -66,10 +76,8 @@ void TableLayout::PlaceStoredColumns() const {
   if (!columns) return;
   for (const plist::Value& column : *columns) {
     const auto index = table_view_->ColumnWithIdentifier(IdentifierOf(column));
-    const plist::Value width = column.DictionaryValue().Get("width");
-    if (index && width.IsNumber() && width.IntegerValue() > -1) {
-      table_view_->SetColumnWidth(*index, width.IntegerValue());
-    }
+    const auto width = WidthOf(column);
+    if (index && width) table_view_->SetColumnWidth(*index, *width);
   }
   std::size_t place = 0;
   for (const plist::Value& column : *columns) {
@@ -86,10 +94,7 @@ void TableLayout::HideStoredColumns() const {
     const plist::Dictionary stored = column.DictionaryValue();
     const auto index = table_view_->ColumnWithIdentifier(IdentifierOf(column));
     if (!index) continue;
-    if (const plist::Value& width = stored.Get("width");
-        width.IsNumber() && width.IntegerValue() > -1) {
-      table_view_->SetColumnWidth(*index, width.IntegerValue());
-    }
+    if (const auto width = WidthOf(column)) table_view_->SetColumnWidth(*index, *width);
     const std::int32_t place = stored.Get("lastIndex").IntegerValue();
     table_view_->HideColumn(*index, static_cast<std::size_t>(std::max(place, 0)));
   }
@@ -132,7 +137,12 @@ bool TableLayout::ShowColumn(std::string_view identifier) {
   plist::Array others;
   if (const auto hidden = preferences_->GetHiddenColumnsForTableIdentifier(table_identifier_)) {
     for (const plist::Value& column : *hidden) {
-      if (IdentifierOf(column) != identifier) others.Append(column);
+      if (IdentifierOf(column) == identifier) continue;
+      plist::Dictionary other = column.DictionaryValue();
+      if (const auto place = table_view_->PlaceOfHiddenColumn(IdentifierOf(column))) {
+        other.Set("lastIndex", static_cast<std::int32_t>(*place));
+      }
+      others.Append(std::move(other));
     }
   }
   preferences_->SetHiddenColumns(others, table_identifier_);

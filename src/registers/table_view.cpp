@@ -54,14 +54,35 @@ bool TableView::HideColumn(std::size_t index, std::size_t place) {
   return true;
 }
 
-bool TableView::ShowColumn(std::string_view identifier) {
-  const auto found = std::ranges::find_if(hidden_, [identifier](const HiddenColumn& hidden) {
+std::vector<TableView::HiddenColumn>::const_iterator TableView::FindHidden(
+    std::string_view identifier) const {
+  return std::ranges::find_if(hidden_, [identifier](const HiddenColumn& hidden) {
     return hidden.column.identifier == identifier;
   });
+}
+
+std::optional<std::size_t> TableView::PlaceOfHiddenColumn(std::string_view identifier) const {
+  const auto found = FindHidden(identifier);
+  if (found == hidden_.end()) return std::nullopt;
+  return found->place;
+}
+
+bool TableView::ShowColumn(std::string_view identifier) {
+  const auto found = FindHidden(identifier);
   if (found == hidden_.end()) return false;
-  const std::size_t place = std::min(found->place, columns_.size());
-  columns_.insert(Place(columns_, place), std::move(found->column));
+  const auto index = found - hidden_.begin();
+  HiddenColumn shown = std::move(hidden_[static_cast<std::size_t>(index)]);
   hidden_.erase(found);
+  // Those hidden later now count this one, and it no more counts those of them before it.
+  for (auto later = hidden_.begin() + index; later != hidden_.end(); ++later) {
+    if (later->place >= shown.place) {
+      ++later->place;
+    } else {
+      --shown.place;
+    }
+  }
+  const std::size_t place = std::min(shown.place, columns_.size());
+  columns_.insert(Place(columns_, place), std::move(shown.column));
   Tell(Change::Columns);
   return true;
 }

@@ -68,10 +68,13 @@ class TableView {
   // An index beyond the last column, here and below, changes nothing; as a target it is the last.
   void MoveColumn(std::size_t from, std::size_t to);
   void SetColumnWidth(std::size_t index, double width);
-  // Hides a column, which comes back at `place`. False, and nothing changed, for the only column
-  // that is left.
+  // Hides a column, whose place was `place` before: an index among the columns shown then. False,
+  // and nothing changed, for the only column that is left.
   bool HideColumn(std::size_t index, std::size_t place);
-  // False when there is no such hidden column.
+  // The place of a hidden column as if those hidden after it were still hidden later.
+  [[nodiscard]] std::optional<std::size_t> PlaceOfHiddenColumn(std::string_view identifier) const;
+  // The column comes back to its place, in whatever order columns were hidden and are shown. False
+  // when there is no such hidden column.
   bool ShowColumn(std::string_view identifier);
 
   // --- The sort indicator -----------------------------------------------------------------------
@@ -98,11 +101,14 @@ class TableView {
     std::size_t place;
   };
 
+  [[nodiscard]] std::vector<HiddenColumn>::const_iterator FindHidden(
+      std::string_view identifier) const;
   void Tell(Change change);
 
   Observer* observer_;
   const TableDataSource* source_ = nullptr;
   std::vector<TableColumn> columns_;
+  // In the order in which they were hidden; a place counts those that were hidden later.
   std::vector<HiddenColumn> hidden_;
   std::string highlighted_;
   std::string image_;

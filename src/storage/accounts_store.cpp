@@ -1,12 +1,12 @@
 #include "storage/accounts_store.h"
 
 #include <algorithm>
-#include <limits>
 #include <utility>
 
 #include "model/text.h"
 #include "platform/ambient.h"
 #include "plist/writer.h"
+#include "storage/account_numbers.h"
 #include "storage/backup_names.h"
 #include "storage/preferences.h"
 #include "storage/refusal_watch.h"
@@ -143,7 +143,6 @@ void AccountsStore::TakeAccounts(const plist::Value& stored) {
   }
   const RefusalWatch watch;
   plist::Array dictionaries = stored.ArrayValue();
-  std::int32_t highest = 0;
   for (std::size_t i = 0; i < dictionaries.size(); ++i) {
     if (!dictionaries.At(i).IsDictionary()) {
       Log("Invalid theDictionary supplied to LDGRAccount:initWithDictionary");
@@ -151,14 +150,9 @@ void AccountsStore::TakeAccounts(const plist::Value& stored) {
     }
     auto account = LDGRAccount::accountByConsuming(
         LDGRAccount::UpdateAccountDictionary(dictionaries.Take(i).DictionaryValue()));
-    if (account->GetNumber() < 0) {
-      // The last number there is can only be given twice.
-      const bool is_last = highest == std::numeric_limits<std::int32_t>::max();
-      account->SetNumber(is_last ? highest : highest + 1);
-    }
-    highest = std::max(highest, account->GetNumber());
     accounts_->push_back(std::move(account));
   }
+  NumberAccountsOfFile(*accounts_);
   if (watch.HeardRefusal()) {
     file_.NotTakenInWhole("Some of the file is not in the form that Tallyfold writes.");
   }

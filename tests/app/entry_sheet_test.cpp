@@ -33,8 +33,8 @@ TEST(EntrySheets, WriteWhatWasTypedIntoTheEntry) {
     std::function<void(Typed&)> type;
     const char* line;
   } const cases[] = {
-      {"a negative amount turns round", true, [](Typed& t) { t.amount = -3.0; },
-       "#1 20040307 debit 3.00"},
+      {"a negative line of a split", true, [](Typed& t) { t.split[0].amount = -3.0; },
+       "#1 20040307 debit -3.00 to 'Split' split(,,-3.00)"},
       {"the last type", true, [](Typed& t) { t.type = 2; }, "#1 20040307 debit 0.00 type=2"},
       {"the separator", true, [](Typed& t) { t.type = 3; }, "#1 20040307 debit 0.00"},
       {"no type", true, [](Typed& t) { t.type = 4; }, "#1 20040307 debit 0.00"},
@@ -91,6 +91,8 @@ TEST(EntrySheets, StayOpenAndChangeNothingWhenAValueCannotBeStored) {
       {"a negative date", [](auto&, Typed& t) { t.date = -20040101; }, "The date does not exist."},
       {"no amount", [](auto&, Typed& t) { t.amount = std::numeric_limits<double>::quiet_NaN(); },
        "The amount is not a number."},
+      {"a negative amount", [](auto&, Typed& t) { t.amount = -3.0; },
+       "The amount must not be negative."},
       {"an endless amount in the split",
        [](auto&, Typed& t) { t.split[2].amount = std::numeric_limits<double>::infinity(); },
        "The amount is not a number."},
@@ -136,6 +138,45 @@ std::string Shown(const EntrySheetState& s) {
               : ' ' + s.type_items.at(static_cast<std::size_t>(s.typed.type)).title;
   line += s.amount_is_enabled && s.to_from_is_enabled ? "" : " split";
   return line + " of " + testing::PrintToString(Titles(s.type_items));
+}
+
+TEST(EntrySheets, KeepAStoredAmountOfTheWrongSignButTakeNoOther) {
+  TestApplication test;
+  auto& app = test.app;
+  const auto other = test.AddAccount("Other");
+  const auto account = test.AddAccount("Bank");
+  test.AddTransferTo(*other, 1.0);
+  test.AddDebit(1.0);
+  app.entries().New(EntryKind::Deposit);
+  app.entries().Deposit().OK();
+  for (const auto& entry : account->GetEntries()) {
+    entry->SetAmount(entry->IsDeposit() ? -5.0 : 5.0);
+    const std::string before = Line(*entry);
+    for (const double change : {0.0, 1.0}) {
+      app.desk().SelectEntry(entry);
+      app.entries().Entry_Edit();
+      bool is_taken = false;
+      if (entry->IsTransfer()) {
+        auto typed = app.entries().Transfer().State().typed;
+        typed.amount += change;
+        app.entries().Transfer().Read(typed);
+        is_taken = app.entries().Transfer().OK();
+      } else if (entry->IsDebit()) {
+        auto typed = app.entries().Debit().State().typed;
+        typed.amount += change;
+        app.entries().Debit().Read(typed);
+        is_taken = app.entries().Debit().OK();
+      } else {
+        auto typed = app.entries().Deposit().State().typed;
+        typed.amount += change;
+        app.entries().Deposit().Read(typed);
+        is_taken = app.entries().Deposit().OK();
+      }
+      EXPECT_EQ(is_taken, change == 0.0) << before;
+      EXPECT_EQ(Line(*entry), before);
+      app.sheets().CancelOpen();
+    }
+  }
 }
 
 TEST(EntrySheets, ShowAnOldEntryAsItIsAndKeepIt) {

@@ -91,6 +91,7 @@ TEST_F(ExportTest, WritesTheScopeThatIsChosen) {
       {-1, Tab::Reconcile, filtered(current->reconcileFilter())},
       {-1, Tab::Schedule, filtered(current->reconcileFilter())},
       {first->GetNumber(), Tab::Entry, first->asQIFStringWithOptions(all)},
+      {locked->GetNumber(), Tab::Entry, current->asQIFStringWithOptions(all)},
       {-10, Tab::Entry, first->asQIFStringWithOptions(all) + current->asQIFStringWithOptions(all)},
   };
   for (const Case& each : cases) {
@@ -104,7 +105,9 @@ TEST_F(ExportTest, WritesTheScopeThatIsChosen) {
     panels.Answer("/home/user/out.qif");
     app.exports().export_MenuItem(1);
     EXPECT_EQ(files.Content("/home/user/out.qif"), each.text) << each.scope;
-    EXPECT_EQ(app.desk().preferences().GetQIFExportAccount(), each.scope);
+    const bool is_refused = each.scope == locked->GetNumber();
+    EXPECT_EQ(app.desk().preferences().GetQIFExportAccount(),
+              is_refused ? QifPanel::kCurrentAccount : each.scope);
     EXPECT_EQ(app.desk().preferences().GetQIFExportDateFormat(), "%Y/%m/%d");
   }
 }

@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <utility>
+
 #include "app/shell/application.h"
 #include "fakes/fake_ambient.h"
 #include "fakes/fake_run_loop.h"
@@ -20,7 +22,10 @@ struct IdleTest : IdleWatch::Host {
     watch.ReplaceScheduleReminderTimer();
   }
 
-  double LastEventTimestamp() const override { return application.lastEventTimestamp(); }
+  std::optional<std::chrono::milliseconds> TimeSinceLastEvent() const override {
+    return application.TimeSinceLastEvent();
+  }
+  void DayChanged() override { Note("new day"); }
   bool SheetIsOpen() const override { return sheet; }
   bool ModalWindowIsUp() const override { return modal; }
   bool AccountsWantSaving() const override { return wants_saving; }
@@ -37,7 +42,7 @@ struct IdleTest : IdleWatch::Host {
   FakeAmbient ambient;
   FakeRunLoop loop{&ambient.clock};
   NotificationCenter notifications;
-  LDGRApplication application{notifications};
+  LDGRApplication application{notifications, loop};
   bool sheet = false;
   bool modal = false;
   bool wants_saving = false;
@@ -50,7 +55,8 @@ struct IdleTest : IdleWatch::Host {
 TEST(Events, AreInputOrMereActivity) {
   FakeAmbient ambient;
   NotificationCenter notifications;
-  LDGRApplication application(notifications);
+  FakeRunLoop loop;
+  LDGRApplication application(notifications, loop);
   Texts heard;
   const auto mouse = notifications.Observe(kMouseDownNotification, [&](const void* object) {
     EXPECT_EQ(object, &application);
@@ -130,6 +136,36 @@ TEST(IdleWatch, SavesWhatChangedAtTheFirstIdleTick) {
   test.application.sendEvent(EventType::KeyUp);
   test.loop.AdvanceBy(seconds(16));
   EXPECT_EQ(test.log, (Texts{"30 save", "30 offer"}));
+}
+
+TEST(IdleWatch, GoesOnWhenTheWallClockIsSetBack) {
+  IdleTest test;
+  test.application.sendEvent(EventType::KeyDown);
+  test.ambient.clock.SetLocal({2004, 3, 7, 8, 0, 0});
+  test.wants_saving = true;
+  test.loop.AdvanceBy(seconds(15));
+  EXPECT_EQ(test.log, (Texts{"0 silence", "15 save", "15 offer"}));
+}
+
+TEST(IdleWatch, AnnouncesEachNewDayOnceAtATickOrAfterInput) {
+  IdleTest test;
+  test.sheet = true;  // a new day waits for nothing
+  test.ambient.clock.SetLocal({2004, 3, 7, 23, 59, 50});
+  test.loop.AdvanceBy(seconds(60));
+  EXPECT_EQ(std::exchange(test.log, {}), Texts{"15 new day"});
+
+  test.ambient.clock.SetLocal({2004, 3, 8, 23, 59, 59});
+  test.loop.AdvanceBy(seconds(2));
+  test.application.sendEvent(EventType::KeyDown);
+  test.application.sendEvent(EventType::KeyDown);
+  EXPECT_EQ(std::exchange(test.log, {}), (Texts{"62 silence", "62 silence"}));
+  test.loop.FinishEvent();
+  EXPECT_EQ(std::exchange(test.log, {}), Texts{"62 new day"});
+
+  // Also a day that comes once more, because the clock was put right.
+  test.ambient.clock.SetLocal({2004, 3, 8, 12, 0, 0});
+  test.loop.AdvanceBy(seconds(30));
+  EXPECT_EQ(test.log, Texts{"77 new day"});
 }
 
 }  // namespace

@@ -2,10 +2,12 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <chrono>
 #include <functional>
 
 #include "app/accounts/account_editing.h"
+#include "app/accounts/account_passwords.h"
 #include "app/accounts/account_selection.h"
 #include "app/desk.h"
 #include "app/entries/amount_fields.h"
@@ -18,7 +20,9 @@
 #include "app/shell/preferences_sheet.h"
 #include "app/shell/tabs.h"
 #include "app/test_application.h"
+#include "app/views/balance_field.h"
 #include "filters/register_search.h"
+#include "filters/standard_filters.h"
 #include "registers/entry_speaker.h"
 
 namespace tallyfold {
@@ -82,10 +86,11 @@ TEST(Registers, LeaveOtherRowsAloneWhenFiltersDoNotFollow) {
   app.entries().Debit().Read(typed);
   app.entries().Debit().OK();
   EXPECT_EQ(Descriptions(app.registers().Entry()), (Texts{"fits", "stays"}));
-  EXPECT_EQ(app.entryReveal().State().text, "Changed; hidden by the filter 'This Month'");
+  EXPECT_EQ(app.entryReveal().State().text, "");
   app.search().Search();
   EXPECT_EQ(Descriptions(app.registers().Entry()), Texts{"stays"});
-  EXPECT_EQ(app.entryReveal().State().text, "");
+  Add(test, 20040203, "hidden too");
+  EXPECT_EQ(app.entryReveal().State().text, "Added; hidden by the filter 'This Month'");
 }
 
 TEST(Registers, KeepARowWhoseMarkNoLongerPasses) {
@@ -106,6 +111,30 @@ TEST(Registers, KeepARowWhoseMarkNoLongerPasses) {
   EXPECT_TRUE(app.registers().Reconcile().GetEntries().empty());
 }
 
+TEST(Registers, FollowTheDay) {
+  TestApplication test;
+  auto& app = test.app;
+  const auto account = test.AddAccount("A");
+  app.balanceField().AccountBalance_PopUp(1);  // today's
+  Add(test, 20040307, "today");
+  const auto tomorrow = test.AddDebit(2.0);
+  tomorrow->SetDate(20040308);
+  app.search().Filter_Select(21);  // today
+  EXPECT_EQ(app.registers().Entry().GetEntries(), EntryList{account->GetEntries()[0]});
+  EXPECT_EQ(app.balanceField().State().amount, 0.0);
+  const auto filter = app.filters().Filters()[6]->asDictionary();
+  test.ambient.clock.SetLocal({2004, 3, 7, 23, 59, 59});
+  test.front_end.changed.clear();
+  test.loop.AdvanceBy(std::chrono::seconds(15));
+  EXPECT_EQ(app.registers().Entry().GetEntries(), EntryList{tomorrow});
+  EXPECT_EQ(app.balanceField().State().amount, -2.0);
+  EXPECT_NE(app.filters().Filters()[6]->asDictionary(), filter);
+  for (const Area area : {Area::Registers, Area::Balance, Area::ReconcileBalances, Area::Summary,
+                          Area::Accounts, Area::Schedules}) {
+    EXPECT_TRUE(std::ranges::count(test.front_end.changed, area)) << static_cast<int>(area);
+  }
+}
+
 TEST(Registers, RememberHowEachAccountWasShown) {
   TestApplication test;
   auto& app = test.app;
@@ -119,6 +148,96 @@ TEST(Registers, RememberHowEachAccountWasShown) {
   EXPECT_NE(app.registers().Entry().VisibleTableColumns(), columns);
   app.selection().Account_Select(a);
   EXPECT_EQ(app.registers().Entry().VisibleTableColumns(), columns);
+}
+
+TEST(Selections, AreAnnouncedWithAllThatFollowsThem) {
+  using Areas = std::vector<Area>;
+  TestApplication test;
+  auto& app = test.app;
+  const auto a = test.AddAccount("A");
+  const auto b = test.AddAccount("B");
+  a->SetPassword("key");
+  const auto transfer = test.AddTransferTo(*a, 1.0);
+  test.AddDebit(1.0);
+  const auto open = [&app](EntryKind kind) { EXPECT_TRUE(app.entries().New(kind)); };
+  struct Case {
+    const char* what;
+    std::function<void()> prepare;
+    std::function<void()> act;
+    Areas announced;
+  } const cases[] = {
+      {"another row",
+       [] {},
+       [&] { app.desk().SelectEntry(transfer); },
+       {Area::SelectedEntry, Area::EntryButtons, Area::EntryTypeMenu, Area::Balance}},
+      {"another tab",
+       [] {},
+       [&] { app.tabs().Select(Tab::Reconcile); },
+       {Area::SelectedEntry, Area::EntryButtons, Area::EntryTypeMenu, Area::Tabs}},
+      {"a debit given up",
+       [&] { open(EntryKind::Debit); },
+       [&] { app.entries().Debit().Cancel(); },
+       {Area::DebitSheet, Area::Sheet}},
+      {"a deposit added",
+       [&] { open(EntryKind::Deposit); },
+       [&] { app.entries().Deposit().OK(); },
+       {Area::DepositSheet, Area::Sheet}},
+      {"a transfer given up",
+       [&] { open(EntryKind::Transfer); },
+       [&] { app.entries().Transfer().Cancel(); },
+       {Area::TransferSheet, Area::Sheet}},
+      {"another account locked",
+       [] {},
+       [&] { app.accountPasswords().Account_Lock(a); },
+       {Area::Accounts, Area::AccountMenu}},
+      {"the selected account locked",
+       [] {},
+       [&] { app.accountPasswords().Account_Lock(b); },
+       {Area::Search, Area::SelectedAccount, Area::EntryTypeMenu}},
+  };
+  for (const Case& c : cases) {
+    c.prepare();
+    test.front_end.changed.clear();
+    c.act();
+    for (const Area area : c.announced) {
+      EXPECT_TRUE(std::ranges::count(test.front_end.changed, area))
+          << c.what << ' ' << static_cast<int>(area);
+    }
+  }
+}
+
+TEST(Deselection, ShowsNothingOfTheAccountAnyMore) {
+  const std::function<void(TestApplication&, const std::shared_ptr<LDGRAccount>&)> ways[] = {
+      [](auto& test, const auto&) { test.app.selection().Account_Deselect(); },
+      [](auto& test, const auto&) { test.app.applicationLock().lock(); },
+      [](auto& test, const auto& account) { test.app.accountPasswords().Account_Lock(account); },
+  };
+  for (const auto& deselect : ways) {
+    TestApplication test;
+    auto& app = test.app;
+    app.applicationLock().setPassword("x");
+    const auto account = test.AddAccount("A");
+    account->SetPassword("y");
+    account->setReconcileFilterData("secret");
+    for (int i = 0; i < 3; ++i) Add(test, 20040301 + i, "secret");
+    app.tabs().Select(Tab::Reconcile);
+    app.tabs().Select(Tab::Entry);
+    app.search().Search_Field("secret");
+    app.registers().Entry().GetTableView()->SetColumnWidth(0, 77);
+    app.speaker().SpeakEntries();
+    EXPECT_TRUE(app.speaker().IsReading());
+    deselect(test, account);
+    EXPECT_FALSE(app.speaker().IsReading());
+    EXPECT_EQ(app.search().State().entry, SearchFieldState());
+    EXPECT_EQ(app.search().State().reconcile, SearchFieldState());
+    const auto columns =
+        app.desk().preferences().GetPreferencesForAccountNumber(1)->GetColumnsForTableIdentifier(
+            "entry");
+    const bool is_stored = columns && columns->size() > 0;
+    EXPECT_EQ(is_stored, &deselect != &ways[0]);
+    if (!is_stored) continue;
+    EXPECT_EQ((*columns->begin()).DictionaryValue().Get("width").IntegerValue(), 77);
+  }
 }
 
 TEST(Reading, EndsWithTheUsersInputAndTheWindow) {

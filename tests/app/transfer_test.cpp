@@ -46,6 +46,17 @@ struct ThreeAccounts : TestApplication {
   std::shared_ptr<LDGRAccount> c;
 };
 
+// Two transfers of 1.00 and 2.00 from B to C whose halves all lack numbers.
+void MakeTwoWithoutNumbers(ThreeAccounts& test) {
+  for (const double amount : {1.0, 2.0}) {
+    test.app.selection().Account_Select(test.a);
+    test.AddTransferTo(*test.b, amount);
+    test.EditAccount("C");
+    test.Select(test.c, test.c->GetEntries().size() - 1);
+    test.EditAccount("B");
+  }
+}
+
 TEST(Transfers, KeepBothHalvesInLine) {
   struct Case {
     const char* what;
@@ -92,6 +103,32 @@ TEST(Transfers, KeepBothHalvesInLine) {
        {"#1 20040307 transfer -1.00 to 'B' ->2#1 origin"},
        {"#1 0 debit 0.00", "#1 20040307 transfer 1.00 to 'A' ->1#1"},
        {}},
+      {"halves that both lack numbers are told apart by the amount before the edit, equals in "
+       "order",
+       [](auto& t) {
+         MakeTwoWithoutNumbers(t);
+         t.Select(t.c, 1);
+         t.Edit([](auto& typed) { typed.amount = 1.0; });
+         t.Edit([](auto& typed) { typed.amount = 7.0; });
+       },
+       {},
+       {"#-1 20040307 transfer -7.00 to 'C' ->3#-1 origin",
+        "#-1 20040307 transfer -1.00 to 'C' ->3#-1 origin"},
+       {"#-1 20040307 transfer 1.00 to 'B' ->2#-1", "#-1 20040307 transfer 7.00 to 'B' ->2#-1"}},
+      {"and so they move on and are removed",
+       [](auto& t) {
+         MakeTwoWithoutNumbers(t);
+         t.Select(t.c, 1);
+         t.EditAccount("A");
+         t.AddTransferTo(*t.b, 3.0);
+         t.Edit([](auto& typed) { typed.amount = 4.0; });
+         t.app.entryRemoval().EntryRemoveConfirm_Begin();
+         t.app.entryRemoval().EntryRemoveConfirm_OK();
+         t.app.entryRemoval().TransferEntryRemoveConfirm_No();
+       },
+       {"#-1 20040307 transfer -2.00 to 'C' ->3#-1 origin"},
+       {"#-1 20040307 transfer -1.00 to 'C' ->3#-1 origin"},
+       {"#-1 20040307 transfer 1.00 to 'B' ->2#-1", "#-1 20040307 transfer 2.00 to 'A' ->1#-1"}},
       {"a missing other half is not made again",
        [](auto& t) {
          t.AddTransferTo(*t.b, 9.5);
@@ -178,6 +215,122 @@ TEST(TransferLinks, LeadToTheOtherHalfOrNowhere) {
     half->SetTransferAccount(2);
     half->SetTransferEntry(1);
   }
+}
+
+TEST(TransferLinks, ChooseAmongEntriesOfOneNumber) {
+  // An entry of B; `entry` and `account` are what it points to, both 0 for an ordinary entry.
+  struct Half {
+    std::int32_t number;
+    std::int32_t entry;
+    std::int32_t account;
+    double amount;
+    DateNumber date;
+    const char* description;
+  };
+  struct Case {
+    const char* what;
+    std::int32_t wanted;  // of the transfer #5 in A: -10.00 on 20040307, "Rent"
+    std::vector<Half> halves;
+    std::int32_t expected;  // index, or -1 for none
+    bool is_ambiguous = false;
+  } const cases[] = {
+      {"one that points back, whatever it holds",
+       3,
+       {{3, 0, 0, 10.0, 20040307, "Rent"}, {3, 5, 1, 99.0, 20010101, ""}},
+       1},
+      {"also without a number", -1, {{-1, 4, 1, 10, 20040307, "Rent"}, {-1, 5, 1, 9, 0, ""}}, 1},
+      {"none that points back: the first of the number",
+       3,
+       {{3, 6, 1, 10, 20040307, "Rent"}, {3, 5, 3, 10, 20040307, "Rent"}},
+       0},
+      {"but no stranger without one", -1, {{-1, 6, 1, 10, 20040307, "Rent"}}, -1},
+      {"the mirrored amount before all else",
+       -1,
+       {{-1, 5, 1, -10, 20040307, "Rent"}, {-1, 5, 1, 10, 20010101, ""}},
+       1},
+      {"then the date",
+       3,
+       {{3, 5, 1, 10, 20040306, "Rent"},
+        {3, 5, 1, 10, 20040307, ""},
+        {3, 5, 1, 9, 20040307, "Rent"}},
+       1},
+      {"then the description, where no date is the same",
+       3,
+       {{3, 5, 1, 10, 20040306, ""}, {3, 5, 1, 10, 20040305, "Rent"}},
+       1},
+      {"of equals the first",
+       -1,
+       {{-1, 5, 1, 9, 0, ""}, {-1, 5, 1, 10, 20040307, "Rent"}, {-1, 5, 1, 10, 20040307, "Rent"}},
+       1},
+      {"no mirrored amount",
+       -1,
+       {{-1, 5, 1, 9, 20040307, "Rent"}, {-1, 5, 1, -10, 20040307, "Rent"}},
+       -1,
+       true},
+  };
+  for (const Case& c : cases) {
+    ThreeAccounts test;
+    const auto entry = std::make_shared<LDGRAccountEntry>();
+    const auto fill = [](LDGRAccountEntry& half, const Half& values) {
+      half.SetNumber(values.number);
+      half.SetIsTransfer(values.account != 0);
+      half.SetTransferEntry(values.entry);
+      half.SetTransferAccount(values.account);
+      half.SetAmount(values.amount);
+      half.SetDate(values.date);
+      half.SetDescription(values.description);
+    };
+    fill(*entry, {5, c.wanted, 2, -10.0, 20040307, "Rent"});
+    test.a->AddEntry(entry);
+    for (const Half& values : c.halves) {
+      test.b->AddEntry(std::make_shared<LDGRAccountEntry>());
+      fill(*test.b->GetEntries().back(), values);
+    }
+    const auto& entries = test.b->GetEntries();
+    const auto half = test.app.transferLinks().Transfer_LinkedEntry(entry.get());
+    EXPECT_EQ(half, c.expected < 0 ? nullptr : entries[static_cast<std::size_t>(c.expected)])
+        << c.what;
+
+    const Texts before = Lines(*test.b);
+    test.Select(test.a, 0);
+    test.app.entries().Entry_Edit();
+    EXPECT_EQ(!test.app.entries().Transfer().State().note.empty(), c.is_ambiguous) << c.what;
+    test.app.entries().Transfer().OK();
+    EXPECT_EQ(Lines(*test.b) == before, half == nullptr) << c.what;
+    if (!c.is_ambiguous) continue;
+    test.app.desk().preferences().SetEntryRemoveConfirm(false);
+    test.app.entryRemoval().EntryRemoveConfirm_Begin();
+    EXPECT_TRUE(test.a->GetEntries().empty());
+    EXPECT_EQ(Lines(*test.b), before);
+    EXPECT_EQ(test.app.entryRemoval().Confirm().note,
+              "Several entries of the account \"B\" could be the other half of this transfer, and "
+              "none has its amount; they stay as they are.");
+  }
+}
+
+TEST(Removals, RemoveWhatTheyAskedAbout) {
+  ThreeAccounts test;
+  auto& app = test.app;
+  const auto stays = test.AddDebit(1.0);
+  test.AddTransferTo(*test.b, 9.5);
+  app.entryRemoval().EntryRemoveConfirm_Begin();
+  app.desk().SelectEntry(stays);
+  app.entryRemoval().EntryRemoveConfirm_OK();
+  EXPECT_EQ(app.sheets().Current(), Sheet::TransferEntryRemoveConfirm);
+  app.desk().SelectEntry(stays);
+  app.entryRemoval().TransferEntryRemoveConfirm_No();
+  EXPECT_EQ(test.a->GetEntries(), EntryList{stays});
+  EXPECT_TRUE(test.b->GetEntries().empty());
+
+  app.entryRemoval().EntryRemoveConfirm_Begin();
+  test.a->RemoveEntry(stays.get());
+  test.a->AddEntry(std::make_shared<LDGRAccountEntry>());
+  app.selection().Account_Select(test.b);
+  app.selection().Account_Select(test.a);
+  app.desk().SelectEntry(test.a->GetEntries()[0]);
+  app.entryRemoval().EntryRemoveConfirm_OK();
+  EXPECT_EQ(test.a->GetEntries().size(), 1U);
+  EXPECT_EQ(app.sheets().Current(), Sheet::None);
 }
 
 TEST(Removals, DoNothingWithoutASelectedEntry) {

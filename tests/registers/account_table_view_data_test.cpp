@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -207,6 +208,14 @@ TEST_F(RegisterRowsTest, StartWithTheStoredRow) {
     rows_.Reload(account_->GetEntries());
     EXPECT_EQ(Rows(), c.rows) << c.stored;
   }
+  // Without rows to choose from it is not kept for later ones; what is stored stays.
+  rows_.SetEntries({});
+  preferences_->SetSelectedColumn("date", false, 1, "entry");
+  rows_.ReconfigureTable();
+  rows_.Reload({});
+  rows_.Reload(account_->GetEntries());
+  EXPECT_EQ(Rows(), "2 3 1 ");
+  EXPECT_EQ(preferences_->GetSelectedRowForTableIdentifier("entry"), 1);
   // With rows already there, at once.
   preferences_->SetSelectedColumn("date", false, 2, "entry");
   rows_.ReconfigureTable();
@@ -232,14 +241,53 @@ TEST_F(RegisterRowsTest, TakeTheStoredLayout) {
   plist::Array columns;
   for (const plist::Value& column :
        {Column("amount", 120), Column("cleared", -1), Column("gone", 50), Column("date", 0),
-        Column("type", "wide"), plist::Value("no dictionary")}) {
+        Column("type", "wide"), Column("check", "66.5 points"), Column("balance", "-9"),
+        plist::Value("no dictionary")}) {
     columns.Append(column);
   }
   preferences_->SetColumns(columns, "entry");
   rows_.ReconfigureTable();
   EXPECT_EQ(Columns(),
-            "amount:120 cleared:60 date:0 type:110 check:60 description:200 toFrom:150 "
-            "balance:90 ");
+            "amount:120 cleared:60 date:0 type:110 check:66 balance:90 description:200 "
+            "toFrom:150 ");
+}
+
+TEST_F(RegisterRowsTest, ShowHiddenColumnsAtTheirPlacesInAnyOrder) {
+  const auto names = [](const LDGRAccountTableViewData& rows) {
+    std::string text;
+    for (const TableColumn& column : rows.VisibleTableColumns()) text += column.identifier + " ";
+    return text;
+  };
+  rows_.ReconfigureTable();
+  const std::string all = names(rows_);
+  std::vector<std::string> hidden = {"check", "date", "toFrom", "type"};
+  do {
+    std::vector<std::string> shown = hidden;
+    std::ranges::sort(shown);
+    do {
+      for (const auto& column : hidden) rows_.HideTableColumnWithIdentifier(column);
+      // Half of them come back after the next launch.
+      for (const auto& column : {shown[0], shown[1]}) rows_.ShowTableColumnWithIdentifier(column);
+      plist::Array columns;
+      for (const TableColumn& column : rows_.VisibleTableColumns()) {
+        columns.Append(Column(column.identifier, column.width));
+      }
+      preferences_->SetColumns(columns, "entry");
+      TableView other_table(DefaultRegisterColumns());
+      LDGRAccountTableViewData other(host_);
+      other.SetTableView(&other_table);
+      other.SetTableIdentifier("entry");
+      other.SetAccountPreferences(
+          std::make_shared<LDGRAccountPreferences>(preferences_->asDictionary().DeepCopy()));
+      other.ReconfigureTable();
+      for (const auto& column : {shown[2], shown[3]}) {
+        rows_.ShowTableColumnWithIdentifier(column);
+        other.ShowTableColumnWithIdentifier(column);
+      }
+      ASSERT_EQ(names(rows_), all);
+      ASSERT_EQ(names(other), all);
+    } while (std::ranges::next_permutation(shown).found);
+  } while (std::ranges::next_permutation(hidden).found);
 }
 
 TEST_F(RegisterRowsTest, HideColumnsAndBringThemBackToTheirPlace) {

@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include "storage/account_numbers.h"
 #include "storage/accounts_store_fixture.h"
 
 namespace tallyfold {
@@ -100,7 +101,11 @@ TEST(AccountsLoading, NumbersAccountsThatHaveNoNumber) {
   } const cases[] = {
       {{0, -1, 0, -1}, {0, 1, 0, 2}},
       {{-5, 3, -5}, {1, 3, 4}},
-      {{2147483647, -1}, {2147483647, 2147483647}},
+      // A later account keeps the number it came with.
+      {{-1, -1, 1}, {3, 2, 1}},
+      // Where no higher number is left, the least free one.
+      {{-1, 2147483647, -1, 2, -1}, {1, 2147483647, 3, 2, 4}},
+      {{-1, 1, 2147483647}, {2, 1, 2147483647}},
       // Beyond 32 bits: the low ones.
       {{4294967297, 4294967295, -1}, {1, 2, 3}},
   };
@@ -116,6 +121,20 @@ TEST(AccountsLoading, NumbersAccountsThatHaveNoNumber) {
     for (const auto& account : f.store.accounts()) numbers.push_back(account->GetNumber());
     EXPECT_EQ(numbers, c.numbers);
   }
+}
+
+TEST(AccountsLoading, LeavesSharedNumbersAndTellsOfThem) {
+  AccountsStoreFixture f;
+  std::string content;
+  for (const auto& [name, number] : {std::pair{"A", 3}, {"B %@", 4}, {"C", 3}, {"D", 3}}) {
+    content += "<dict><key>version</key><integer>7</integer><key>name</key><string>" +
+               std::string(name) + "</string><key>number</key><integer>" + std::to_string(number) +
+               "</integer></dict>";
+  }
+  EXPECT_TRUE(f.LoadFile(Accounts(content)));
+  EXPECT_EQ(NotesOnSharedAccountNumbers(f.store.accounts()),
+            Lines{"The account number 3 is that of \"A\", \"C\" and \"D\".  Transfers and view "
+                  "settings with that number go to the first."});
 }
 
 TEST(AccountsLoading, AsksOrRefusesByTheVersionsOfAccounts) {

@@ -13,6 +13,7 @@
 #include "model/account_schedule.h"
 #include "model/entry_type.h"
 #include "platform/ambient.h"
+#include "storage/account_numbers.h"
 
 namespace tallyfold {
 namespace {
@@ -70,7 +71,7 @@ bool AccountEditing::Account_Add() {
   auto account = std::make_shared<LDGRAccount>();
   account->SetName(NewAccountName());
   account->SetStartingBalance(0.0);
-  account->SetNumber(accounts_.HighestAccountNumber() + 1);
+  account->SetNumber(FreeAccountNumbers(desk_.accounts()).Take());
   account->SetPassword("");
   return Begin(std::move(account), true);
 }
@@ -192,7 +193,10 @@ bool AccountEditing::AccountEditSheet_OK() {
   SaveValues();
   Close();
   if (is_new) accounts_.AddAccount(account);
-  if (is_renamed && !is_new) links_.Accounts_SyncTransfers();
+  if (is_renamed && !is_new) {
+    links_.Accounts_SyncTransfers();
+    links_.Schedules_SyncTransfers();
+  }
   refresh_.AccountsChanged();
   if (is_new) {
     selection_.Account_Select(account);

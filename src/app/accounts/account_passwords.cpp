@@ -19,8 +19,12 @@ void AccountPasswords::AccountAuthenticationSheet_Open() {
 
 void AccountPasswords::Account_Lock(const std::shared_ptr<LDGRAccount>& account) {
   if (account == nullptr) return;
+  const bool is_selected = account == desk_.SelectedAccount();
+  if (is_selected) preferences_.Preferences_StoreAccountPrefs(account.get());
   account->setAuthenticated(false);
-  if (account == desk_.SelectedAccount()) selection_.Account_Deselect();
+  if (is_selected) return selection_.Account_Deselect();
+  refresh_.AccountsList_Redraw();
+  refresh_.Account_Menu_Show_Menu_Populate();
 }
 
 void AccountPasswords::ValidatePassword(std::string typed) {

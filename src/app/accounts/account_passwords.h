@@ -8,19 +8,24 @@
 #include "app/face/front_end.h"
 #include "app/face/main_window.h"
 #include "app/face/password_sheet.h"
+#include "app/face/refresh.h"
 #include "app/face/sheet_slot.h"
 #include "model/account.h"
+#include "storage/preferences_store.h"
 
 namespace tallyfold {
 
 // The passwords of single accounts.
 class AccountPasswords {
  public:
-  AccountPasswords(Desk& desk, AccountSelection& selection, SheetSlot& sheets,
-                   MainWindowSlot& window, FrontEnd& front_end) noexcept
+  AccountPasswords(Desk& desk, AccountSelection& selection, PreferencesStore& preferences,
+                   SheetSlot& sheets, MainWindowSlot& window, Refresh& refresh,
+                   FrontEnd& front_end) noexcept
       : desk_(desk),
         selection_(selection),
+        preferences_(preferences),
         sheets_(sheets),
+        refresh_(refresh),
         sheet_(Sheet::AccountAuthentication, Area::AccountAuthenticationSheet, sheets, window,
                front_end) {}
   AccountPasswords(const AccountPasswords&) = delete;
@@ -56,7 +61,9 @@ class AccountPasswords {
 
   Desk& desk_;
   AccountSelection& selection_;
+  PreferencesStore& preferences_;
   SheetSlot& sheets_;
+  Refresh& refresh_;
   PasswordSheet sheet_;
   std::shared_ptr<LDGRAccount> authenticating_account_;
 };

@@ -69,6 +69,7 @@ void AccountSelection::Select(const std::shared_ptr<LDGRAccount>& account) {
 }
 
 void AccountSelection::Account_Deselect() {
+  host_.StopSpeech();
   ClearSelected();
   refresh_.AccountsList_Redraw();
   host_.ShowSummary();
@@ -77,6 +78,7 @@ void AccountSelection::Account_Deselect() {
   front_end_.Changed(Area::SelectedAccount);
   SetMainWindowTitleForAccount(nullptr);
   host_.ShowInTables(nullptr);
+  host_.ClearSearch();
   refresh_.AccountBalance_Field_Update();
   refresh_.ReconcileTab_UpdateBalances();
   refresh_.Account_Menu_Show_Menu_Populate();

@@ -34,6 +34,8 @@ class AccountSelection {
     virtual void ShowInTables(const std::shared_ptr<LDGRAccount>& account) = 0;
     // Gives the current register the selected account's filtered entries and sets up its filter.
     virtual void FillCurrentRegister() = 0;
+    // Empties and disables the search fields.
+    virtual void ClearSearch() = 0;
     // The reminder of scheduled entries counts anew from now.
     virtual void ReplaceScheduleReminderTimer() = 0;
   };
@@ -62,6 +64,7 @@ class AccountSelection {
   // Selects an account whose password has been given or that has none; asks for the password of
   // any other. Null deselects. Nothing is selected while the application is locked.
   void Account_Select(const std::shared_ptr<LDGRAccount>& account);
+  // Also ends speech, which would go on reading what is shown no more.
   void Account_Deselect();
   // Titles the window after the account, or after there being none.
   void SetMainWindowTitleForAccount(const LDGRAccount* account);

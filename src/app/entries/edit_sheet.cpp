@@ -1,6 +1,10 @@
 #include "app/entries/edit_sheet.h"
 
+#include <cmath>
+
+#include "model/amounts.h"
 #include "model/day_field.h"
+#include "platform/ambient.h"
 #include "storage/preferences.h"
 
 namespace tallyfold {
@@ -14,6 +18,14 @@ bool LimitDay(DateNumber& date) noexcept {
   TweakDayFieldForMonthAndYear(field, month, year);
   date = year * 10000 + month * 100 + field.day;
   return true;
+}
+
+std::string ProblemOfAmount(double typed, double opened) {
+  if (!std::isfinite(typed)) return LocalizedText("The amount is not a number.");
+  if (typed < 0.0 && RoundedAmount(typed) != RoundedAmount(opened)) {
+    return LocalizedText("The amount must not be negative.");
+  }
+  return "";
 }
 
 SheetField FirstField(const LDGRPreferences& preferences, bool is_new) noexcept {

@@ -74,6 +74,11 @@ class EditSheet {
 // Limits the day of `date` to its month, then tells whether it names a day of the years 1 to 9999.
 [[nodiscard]] bool LimitDay(DateNumber& date) noexcept;
 
+// Why the amount field of a sheet cannot be stored, in the user's words: an amount is 0 or more,
+// for the kind of the entry gives the sign. One that was stored with another sign may stay as the
+// field opened with it. "" when it can.
+[[nodiscard]] std::string ProblemOfAmount(double typed, double opened);
+
 // The field that the preferences give the focus when a sheet opens.
 [[nodiscard]] SheetField FirstField(const LDGRPreferences& preferences, bool is_new) noexcept;
 

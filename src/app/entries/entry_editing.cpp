@@ -73,6 +73,7 @@ void EntryEditing::SaveValuesToEditEntry(EditSheet& sheet) {
 
 void EntryEditing::Close(EditSheet& sheet) {
   sheet.SetOpen(false);
+  front_end_.Changed(sheet.StateArea());
   sheets_.Close(sheet.Which());
 }
 

@@ -1,5 +1,8 @@
 #include "app/entries/entry_removal.h"
 
+#include <algorithm>
+#include <utility>
+
 #include "model/account_entry.h"
 #include "model/text.h"
 #include "platform/ambient.h"
@@ -7,91 +10,109 @@
 
 namespace tallyfold {
 
+EntryRemoval::Asked EntryRemoval::Selected() const {
+  return {desk_.SelectedAccount(), desk_.SelectedEntry()};
+}
+
+bool EntryRemoval::IsThere(const Asked& asked) const {
+  if (asked.account == nullptr || asked.entry == nullptr || asked.account->IsLocked()) return false;
+  const auto& accounts = desk_.accounts();
+  const auto& entries = asked.account->GetEntries();
+  return std::find(accounts.begin(), accounts.end(), asked.account) != accounts.end() &&
+         std::find(entries.begin(), entries.end(), asked.entry) != entries.end();
+}
+
 void EntryRemoval::EntryRemoveConfirm_Begin() {
-  const auto account = desk_.SelectedAccount();
-  if (account == nullptr || account->GetEntries().empty() || desk_.SelectedEntry() == nullptr ||
-      !sheets_.IsFree()) {
-    return;
-  }
-  if (!desk_.preferences().GetEntryRemoveConfirm()) return AskForOtherHalfOrDelete();
-  confirm_ = {true, LocalizedText("Are you sure you would like to remove the selected entry?")};
+  const Asked asked = Selected();
+  if (!sheets_.IsFree() || !IsThere(asked)) return;
+  confirm_.note = links_.NoteOnOtherHalf(*asked.account, *asked.entry);
+  front_end_.Changed(Area::EntryRemoveSheet);
+  if (!desk_.preferences().GetEntryRemoveConfirm()) return AskForOtherHalfOrDelete(asked);
+  asked_ = asked;
+  confirm_.is_open = true;
+  confirm_.question = LocalizedText("Are you sure you would like to remove the selected entry?");
   front_end_.Changed(Area::EntryRemoveSheet);
   sheets_.Open(Sheet::EntryRemoveConfirm, [this] { EntryRemoveConfirm_Cancel(); });
 }
 
 void EntryRemoval::EntryRemoveConfirm_OK() {
   if (!confirm_.is_open) return;
+  const Asked asked = std::exchange(asked_, {});
   CloseConfirm();
-  AskForOtherHalfOrDelete();
+  if (IsThere(asked)) AskForOtherHalfOrDelete(asked);
 }
 
 void EntryRemoval::EntryRemoveConfirm_Cancel() {
-  if (confirm_.is_open) CloseConfirm();
+  if (!confirm_.is_open) return;
+  asked_ = {};
+  confirm_.note.clear();
+  CloseConfirm();
 }
 
 void EntryRemoval::CloseConfirm() {
-  confirm_ = {};
+  confirm_.is_open = false;
+  confirm_.question.clear();
   front_end_.Changed(Area::EntryRemoveSheet);
   sheets_.Close(Sheet::EntryRemoveConfirm);
 }
 
-void EntryRemoval::AskForOtherHalfOrDelete() {
-  if (links_.Transfer_LinkedEntry(desk_.SelectedEntry().get()) != nullptr) {
-    TransferEntryRemoveConfirm_Begin();
+void EntryRemoval::AskForOtherHalfOrDelete(const Asked& asked) {
+  if (asked.entry->IsTransfer() && links_.OtherHalf(*asked.account, *asked.entry) != nullptr) {
+    AskForOtherHalf(asked);
   } else {
-    Entry_Delete();
+    Delete(asked);
   }
 }
 
 void EntryRemoval::TransferEntryRemoveConfirm_Begin() {
-  const auto entry = desk_.SelectedEntry();
-  if (links_.Transfer_LinkedEntry(entry.get()) == nullptr || !sheets_.IsFree()) return;
+  const Asked asked = Selected();
+  if (links_.Transfer_LinkedEntry(asked.entry.get()) == nullptr || !sheets_.IsFree()) return;
+  AskForOtherHalf(asked);
+}
+
+void EntryRemoval::AskForOtherHalf(const Asked& asked) {
+  asked_ = asked;
   transfer_ = {true, MessageWithText(LocalizedText("The other half of this transfer is in the "
                                                    "account \"%@\".  Would you like to keep it "
                                                    "there as an ordinary entry?"),
-                                     entry->GetToFrom())};
+                                     asked.entry->GetToFrom())};
   front_end_.Changed(Area::TransferEntryRemoveSheet);
   sheets_.Open(Sheet::TransferEntryRemoveConfirm, [this] { TransferEntryRemoveConfirm_Cancel(); });
 }
 
 void EntryRemoval::TransferEntryRemoveConfirm_Yes() {
-  if (!CloseTransfer()) return;
-  const auto account = desk_.SelectedAccount();
-  const auto entry = desk_.SelectedEntry();
-  if (account == nullptr || entry == nullptr) return;
-  links_.UnlinkOtherHalf(*account, *entry);
-  Delete(entry);
+  const Asked asked = CloseTransfer();
+  if (!IsThere(asked)) return;
+  links_.UnlinkOtherHalf(*asked.account, *asked.entry);
+  Delete(asked);
 }
 
 void EntryRemoval::TransferEntryRemoveConfirm_No() {
-  if (!CloseTransfer()) return;
-  const auto account = desk_.SelectedAccount();
-  const auto entry = desk_.SelectedEntry();
-  if (account == nullptr || entry == nullptr) return;
-  links_.RemoveOtherHalf(*account, *entry);
-  Delete(entry);
+  const Asked asked = CloseTransfer();
+  if (!IsThere(asked)) return;
+  links_.RemoveOtherHalf(*asked.account, *asked.entry);
+  Delete(asked);
 }
 
 void EntryRemoval::TransferEntryRemoveConfirm_Cancel() {
   CloseTransfer();
 }
 
-bool EntryRemoval::CloseTransfer() {
-  if (!transfer_.is_open) return false;
+EntryRemoval::Asked EntryRemoval::CloseTransfer() {
+  if (!transfer_.is_open) return {};
   transfer_ = {};
   front_end_.Changed(Area::TransferEntryRemoveSheet);
   sheets_.Close(Sheet::TransferEntryRemoveConfirm);
-  return true;
+  return std::exchange(asked_, {});
 }
 
 void EntryRemoval::Entry_Delete() {
-  Delete(desk_.SelectedEntry());
+  Delete(Selected());
 }
 
-void EntryRemoval::Delete(const std::shared_ptr<LDGRAccountEntry>& entry) {
-  const auto account = desk_.SelectedAccount();
-  if (account == nullptr || entry == nullptr) return;
-  account->RemoveEntry(entry.get());
+void EntryRemoval::Delete(const Asked& asked) {
+  if (asked.account == nullptr || asked.entry == nullptr) return;
+  asked.account->RemoveEntry(asked.entry.get());
   refresh_.EntryRemoved();
 }
 

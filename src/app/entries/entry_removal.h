@@ -12,7 +12,8 @@
 
 namespace tallyfold {
 
-// Removes the selected entry, after the questions that apply.
+// Removes the selected entry, after the questions that apply. What is asked about is what the
+// answer removes, whatever is selected by then.
 class EntryRemoval {
  public:
   EntryRemoval(Desk& desk, const TransferLinks& links, SheetSlot& sheets, Refresh& refresh,
@@ -42,11 +43,21 @@ class EntryRemoval {
   void Entry_Delete();
 
  private:
-  void AskForOtherHalfOrDelete();
+  // What a sheet asks about.
+  struct Asked {
+    std::shared_ptr<LDGRAccount> account;
+    std::shared_ptr<LDGRAccountEntry> entry;
+  };
+
+  [[nodiscard]] Asked Selected() const;
+  // Whether it is still there to be removed.
+  [[nodiscard]] bool IsThere(const Asked& asked) const;
+  void AskForOtherHalfOrDelete(const Asked& asked);
+  void AskForOtherHalf(const Asked& asked);
   void CloseConfirm();
-  // False when the sheet was not open.
-  bool CloseTransfer();
-  void Delete(const std::shared_ptr<LDGRAccountEntry>& entry);
+  // What the sheet asked about; nothing when it was not open.
+  Asked CloseTransfer();
+  void Delete(const Asked& asked);
 
   Desk& desk_;
   const TransferLinks& links_;
@@ -55,6 +66,7 @@ class EntryRemoval {
   FrontEnd& front_end_;
   EntryRemoveSheetState confirm_;
   TransferEntryRemoveSheetState transfer_;
+  Asked asked_;
 };
 
 }  // namespace tallyfold

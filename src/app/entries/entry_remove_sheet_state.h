@@ -9,6 +9,9 @@ struct EntryRemoveSheetState {
   // Decided by the program.
   bool is_open = false;
   std::string question;
+  // What becomes of another half that cannot be told from others; "" for nothing to tell. Stays
+  // after the answer, for there may be no question.
+  std::string note;
 };
 
 // The question what becomes of the other half of a transfer whose one half is removed, answered

@@ -25,7 +25,7 @@ std::string_view FormatFor(EntryReveal::Reason reason) {
 void EntryReveal::TellIfHidden(const std::shared_ptr<LDGRAccountEntry>& entry, Reason reason) {
   Forget();
   const auto filter = host_.CurrentFilter();
-  if (entry == nullptr || filter == nullptr || !filter->Filter({entry}).empty()) return;
+  if (entry == nullptr || filter == nullptr || host_.IsShown(entry.get())) return;
   hidden_ = entry;
   state_.text = MessageWithText(LocalizedText(FormatFor(reason)), filter->GetName());
   front_end_.Changed(Area::HiddenEntry);

@@ -29,6 +29,8 @@ class EntryReveal {
   class Host {
    public:
     virtual ~Host() = default;
+    // Whether it is a row of the current register.
+    [[nodiscard]] virtual bool IsShown(const LDGRAccountEntry* entry) const = 0;
     // The filter of the current register of the selected account.
     [[nodiscard]] virtual std::shared_ptr<LDGRFilter> CurrentFilter() const = 0;
     // Shows a register, if another tab is showing, with every entry in it.
@@ -44,7 +46,8 @@ class EntryReveal {
 
   [[nodiscard]] const HiddenEntryState& State() const noexcept { return state_; }
 
-  // Tells when the filter hides that entry of the selected account.
+  // Tells when that entry of the selected account is not shown. One that the filter would hide but
+  // that is still in its row is not missed.
   void TellIfHidden(const std::shared_ptr<LDGRAccountEntry>& entry, Reason reason);
   // Nothing is hidden that the user would look for.
   void Forget();

@@ -47,6 +47,7 @@ void EntrySheet::Fill(const EditedEntry& edited, const LDGRAccount& account,
   typed.notes = entry.GetNotes();
   PopulateTypes(edited, account);
   PopulateSplit(edited);
+  opened_amount_ = IsSplit() ? 0.0 : typed.amount;
   front_end_.Changed(StateArea());
 }
 
@@ -94,9 +95,14 @@ std::string EntrySheet::CheckTyped() {
   auto& typed = state_.typed;
   if (!LimitDay(typed.date)) return LocalizedText("The date does not exist.");
   const auto has_amount = [](const SplitRow& row) { return std::isfinite(row.amount); };
-  if (!std::isfinite(typed.amount) ||
-      !std::all_of(typed.split.begin(), typed.split.end(), has_amount)) {
+  if (!std::all_of(typed.split.begin(), typed.split.end(), has_amount)) {
     return LocalizedText("The amount is not a number.");
+  }
+  // The sum of a split's lines takes the field's place, with whatever sign.
+  if (!IsSplit()) {
+    if (auto problem = ProblemOfAmount(typed.amount, opened_amount_); !problem.empty()) {
+      return problem;
+    }
   }
   if (typed.check && typed.check_number.value_or(0) < 0) {
     return LocalizedText("The check number must not be negative.");

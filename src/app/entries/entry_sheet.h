@@ -69,6 +69,8 @@ class EntrySheet final : public EditSheet {
   const Kind kind_;
   FrontEnd& front_end_;
   EntrySheetState state_;
+  // What the amount field opened with; 0 where a split's lines made it up.
+  double opened_amount_ = 0.0;
   // How many of the type items are the account's types.
   std::int32_t type_count_ = 0;
 };

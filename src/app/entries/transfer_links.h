@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <memory>
+#include <string>
 #include <string_view>
 
 #include "app/desk.h"
@@ -19,21 +20,45 @@ class TransferLinks {
   TransferLinks(const TransferLinks&) = delete;
   TransferLinks& operator=(const TransferLinks&) = delete;
 
+  // What is known of a transfer's other half.
+  struct Search {
+    // Null where the account or the entry that the transfer names is missing, or cannot be told.
+    std::shared_ptr<LDGRAccountEntry> half;
+    // Several entries point back and none of them mirrors the amount.
+    bool is_ambiguous = false;
+  };
+
   // The other half of a transfer of the selected account; null for null, for an entry that is no
-  // transfer, and where the account or the entry that it names is missing.
+  // transfer, and where it is missing or cannot be told.
   [[nodiscard]] std::shared_ptr<LDGRAccountEntry> Transfer_LinkedEntry(
       const LDGRAccountEntry* entry) const;
-  // The same for an entry of `account`. Among several entries of the wanted number the one that
-  // points back is meant, else the first; of entries without a number only one that points back.
+  // Looks for the other half of an entry of `account`, which must still hold the values that the
+  // other half was last brought in line with. Of the entries with the wanted number the one that
+  // points back is meant, whatever it holds. Several are narrowed by the mirrored amount, then by
+  // date and description, and of equals the first is meant. Where none points back it is the first
+  // of that number; of entries without a number only one that points back.
+  [[nodiscard]] Search FindOtherHalf(const LDGRAccount& account,
+                                     const LDGRAccountEntry& entry) const;
   [[nodiscard]] std::shared_ptr<LDGRAccountEntry> OtherHalf(const LDGRAccount& account,
-                                                            const LDGRAccountEntry& entry) const;
+                                                            const LDGRAccountEntry& entry) const {
+    return FindOtherHalf(account, entry).half;
+  }
+  // What the user is told where the other half cannot be told from others; "" where it can.
+  [[nodiscard]] std::string NoteOnOtherHalf(const LDGRAccount& account,
+                                            const LDGRAccountEntry& entry) const;
 
-  // Makes `entry`, a transfer of `account` whose own values are final, a transfer with the account
-  // numbered `other`, which the user knows as `name`, and brings the other half in line: it is made
-  // for a new entry, kept where the account stays the same, and replaced by a new one, which gets
-  // no number, where the account changes. An account that does not exist has no other half.
-  void Link(LDGRAccount& account, LDGRAccountEntry& entry, bool is_new, std::int32_t other,
-            std::string_view name) const;
+  // Both make `entry`, a transfer of `account` whose own values are final, a transfer with the
+  // account numbered `other`, which the user knows as `name`. An account that does not exist has no
+  // other half.
+  // For a new entry, whose other half is made.
+  void LinkNew(LDGRAccount& account, LDGRAccountEntry& entry, std::int32_t other,
+               std::string_view name) const;
+  // For one that was changed; `half` is what OtherHalf() gave before. It is kept and brought in
+  // line where the account stays the same, and replaced by a new one, which gets no number, where
+  // the account changes.
+  void Relink(LDGRAccount& account, LDGRAccountEntry& entry,
+              const std::shared_ptr<LDGRAccountEntry>& half, std::int32_t other,
+              std::string_view name) const;
 
   // Makes the other half of an entry of `account` an ordinary entry that stays where it is.
   void UnlinkOtherHalf(const LDGRAccount& account, const LDGRAccountEntry& entry) const;
@@ -43,8 +68,15 @@ class TransferLinks {
   // Gives every transfer of the account the present name of the account it names.
   void Account_SyncTransfers(LDGRAccount& account) const;
   void Accounts_SyncTransfers() const;
+  // The same for the scheduled transfers of every account.
+  void Schedules_SyncTransfers() const;
 
  private:
+  // Gives `entry` the present name of the account it names. False when it has it or names none.
+  bool Rename(LDGRAccountEntry& entry) const;
+  // Null stands for an other half that is not there.
+  void Remove(std::int32_t account, const LDGRAccountEntry* half) const;
+
   const Desk& desk_;
 };
 

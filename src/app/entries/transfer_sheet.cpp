@@ -1,7 +1,6 @@
 #include "app/entries/transfer_sheet.h"
 
 #include <algorithm>
-#include <cmath>
 #include <cstddef>
 
 #include "model/account_entry.h"
@@ -35,11 +34,13 @@ void TransferSheet::Fill(const EditedEntry& edited, const LDGRAccount& account,
                                       entry.IsTransferOrigin() ? kTransferToTag : kTransferFromTag);
   // Adding 0.0 keeps a negative zero off the screen.
   typed.amount = (entry.IsTransferOrigin() ? -entry.GetAmount() : entry.GetAmount()) + 0.0;
+  opened_amount_ = typed.amount;
   typed.description = entry.GetDescription();
   typed.cleared = entry.GetCleared();
   typed.tax_deductible = entry.GetTaxDeductible();
   typed.notes = entry.GetNotes();
   PopulateAccounts(edited, account);
+  if (!edited.is_new) state_.note = links_.NoteOnOtherHalf(account, entry);
   front_end_.Changed(StateArea());
 }
 
@@ -59,7 +60,9 @@ void TransferSheet::PopulateAccounts(const EditedEntry& edited, const LDGRAccoun
 std::string TransferSheet::CheckTyped() {
   auto& typed = state_.typed;
   if (!LimitDay(typed.date)) return LocalizedText("The date does not exist.");
-  if (!std::isfinite(typed.amount)) return LocalizedText("The amount is not a number.");
+  if (auto problem = ProblemOfAmount(typed.amount, opened_amount_); !problem.empty()) {
+    return problem;
+  }
   if (!state_.account_items.empty() &&
       SelectedItem(state_.account_items, typed.account) == nullptr) {
     return LocalizedText("No account is chosen.");
@@ -70,6 +73,7 @@ std::string TransferSheet::CheckTyped() {
 void TransferSheet::Store(const EditedEntry& edited, LDGRAccount& account) {
   const auto& typed = state_.typed;
   LDGRAccountEntry& entry = *edited.entry;
+  const auto half = edited.is_new ? nullptr : links_.OtherHalf(account, entry);
   entry.SetDate(typed.date);
   if (const auto* direction = SelectedItem(state_.direction_items, typed.direction)) {
     const bool is_origin = direction->tag == kTransferToTag;
@@ -81,8 +85,13 @@ void TransferSheet::Store(const EditedEntry& edited, LDGRAccount& account) {
   entry.SetTaxDeductible(typed.tax_deductible);
   entry.SetNotes(typed.notes);
   const auto* chosen = SelectedItem(state_.account_items, typed.account);
-  links_.Link(account, entry, edited.is_new, chosen != nullptr ? chosen->tag : kNoAccount,
-              chosen != nullptr ? std::string_view(chosen->title) : std::string_view());
+  const std::int32_t other = chosen != nullptr ? chosen->tag : kNoAccount;
+  const auto name = chosen != nullptr ? std::string_view(chosen->title) : std::string_view();
+  if (edited.is_new) {
+    links_.LinkNew(account, entry, other, name);
+  } else {
+    links_.Relink(account, entry, half, other, name);
+  }
 }
 
 }  // namespace tallyfold

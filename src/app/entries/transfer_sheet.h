@@ -39,6 +39,7 @@ class TransferSheet final : public EditSheet {
   const TransferLinks& links_;
   FrontEnd& front_end_;
   TransferSheetState state_;
+  double opened_amount_ = 0.0;
 };
 
 }  // namespace tallyfold

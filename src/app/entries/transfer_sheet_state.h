@@ -42,6 +42,8 @@ struct TransferSheetState {
   SheetField first_field = SheetField::Date;
   // Former texts of the account, offered to complete what is typed.
   std::vector<std::string> descriptions;
+  // What becomes of an other half that cannot be told from others; "" for nothing to tell.
+  std::string note;
   // Why the last OK was refused, in the user's words; "" when it was not.
   std::string problem;
 };

@@ -68,8 +68,8 @@ std::string ExportCommands::QIFText(const LDGRAccount& current, std::int32_t sco
     return current.asQIFStringWithOptions(options);
   }
   const auto account = scope >= 0 ? desk_.AccountWithNumber(scope) : nullptr;
-  return account != nullptr ? account->asQIFStringWithOptions(options)
-                            : current.asQIFStringWithOptions(options);
+  return account != nullptr && account->IsAuthenticated() ? account->asQIFStringWithOptions(options)
+                                                          : current.asQIFStringWithOptions(options);
 }
 
 // --- Text ---------------------------------------------------------------------------------------

@@ -26,6 +26,13 @@ void LDGRQIFExportAccessoryView::populateExportAccountsButton(const AccountList*
   account_ = kNoItem;
 }
 
+void LDGRQIFExportAccessoryView::setExportAccount(std::int32_t tag) noexcept {
+  const std::int32_t index = IndexOfItemTagged(accounts_, tag);
+  const bool can_be_chosen =
+      index != kNoItem && accounts_[static_cast<std::size_t>(index)].is_enabled;
+  account_ = can_be_chosen ? index : kNoItem;
+}
+
 std::int32_t LDGRQIFExportAccessoryView::exportAccount() const noexcept {
   return account_ == kNoItem ? kCurrentAccount : accounts_[static_cast<std::size_t>(account_)].tag;
 }

@@ -50,8 +50,8 @@ class LDGRQIFExportAccessoryView {
   [[nodiscard]] const std::vector<PopUpItem>& exportAccounts() const noexcept { return accounts_; }
   // The tag of the chosen item; kCurrentAccount when none is chosen.
   [[nodiscard]] std::int32_t exportAccount() const noexcept;
-  // A tag that is not offered leaves none chosen.
-  void setExportAccount(std::int32_t tag) noexcept { account_ = IndexOfItemTagged(accounts_, tag); }
+  // A tag that is not offered, and that of a locked account, leaves none chosen.
+  void setExportAccount(std::int32_t tag) noexcept;
 
   [[nodiscard]] const std::vector<PopUpItem>& dateFormats() const noexcept { return formats_; }
   // In calendar-date letters.

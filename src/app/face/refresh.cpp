@@ -63,6 +63,14 @@ void Refresh::AccountsChanged() {
   entryMenu_Types_Menu_Populate();
 }
 
+void Refresh::DayChanged() {
+  host_.ReloadRegisters();
+  Balances();
+  AccountsList_Redraw();
+  EntryButtons_Update();
+  SchedulesChanged();
+}
+
 void Refresh::Locked() {
   AccountsList_Redraw();
   host_.RedrawRegisters();

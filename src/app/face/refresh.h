@@ -50,6 +50,9 @@ class Refresh {
   // After names, numbers or types of accounts changed.
   void AccountsChanged();
 
+  // After midnight: filters, balances, schedules and the look of rows go by today.
+  void DayChanged();
+
   // After the application was locked: what was shown is no longer.
   void Locked();
 

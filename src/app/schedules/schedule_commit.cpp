@@ -113,8 +113,8 @@ void ScheduleCommit::LinkTransfer(LDGRAccount& account, LDGRAccountEntry& entry)
     entry.SetTransferAccount(-1);
     return;
   }
-  links_.Link(account, entry, true, entry.GetTransferAccount(),
-              other != nullptr ? other->GetName() : entry.GetToFrom());
+  links_.LinkNew(account, entry, entry.GetTransferAccount(),
+                 other != nullptr ? other->GetName() : entry.GetToFrom());
 }
 
 }  // namespace tallyfold

@@ -268,6 +268,10 @@ void ScheduleReminder::BalanceModeChosen(std::int32_t tag) {
   UpdateBalance();
 }
 
+void ScheduleReminder::DayChanged() {
+  if (state_.is_open) Fill();
+}
+
 // --- Committing and skipping --------------------------------------------------------------------
 
 std::vector<DueOccurrence> ScheduleReminder::MarkedOccurrences(bool all) {

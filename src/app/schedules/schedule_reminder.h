@@ -53,6 +53,8 @@ class ScheduleReminder {
   bool LookAhead(std::string_view text);
   void LookAheadType(std::int32_t tag);
   void BalanceModeChosen(std::int32_t tag);
+  // Today is another day: what is due is looked for anew, and rows that stay keep what was typed.
+  void DayChanged();
 
   // Commits what is marked, or everything, and closes the sheet. False, and nothing is committed,
   // when nothing is marked, when a date or an amount will not do, or when something has been

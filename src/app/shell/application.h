@@ -1,9 +1,12 @@
 #pragma once
 
+#include <chrono>
 #include <cstdint>
+#include <optional>
 #include <string_view>
 
 #include "platform/notification_center.h"
+#include "platform/run_loop.h"
 
 namespace tallyfold {
 
@@ -33,9 +36,9 @@ enum class EventType : std::uint8_t {
 // Sees every event of the windows before it is handled.
 class LDGRApplication {
  public:
-  // The center must outlive the application.
-  explicit LDGRApplication(NotificationCenter& notifications) noexcept
-      : notifications_(notifications) {}
+  // Both must outlive the application.
+  LDGRApplication(NotificationCenter& notifications, const RunLoop& loop) noexcept
+      : notifications_(notifications), loop_(loop) {}
   LDGRApplication(const LDGRApplication&) = delete;
   LDGRApplication& operator=(const LDGRApplication&) = delete;
 
@@ -44,13 +47,14 @@ class LDGRApplication {
   // When the last event of any kind passed, in seconds since 1970-01-01 00:00 UTC; 0 before the
   // first.
   [[nodiscard]] double lastEventTimestamp() const noexcept { return last_event_timestamp_; }
+  // How long ago that is, whatever became of the wall clock meanwhile; none before the first event.
+  [[nodiscard]] std::optional<std::chrono::milliseconds> TimeSinceLastEvent() const;
 
  private:
   NotificationCenter& notifications_;
+  const RunLoop& loop_;
+  std::optional<std::chrono::milliseconds> last_event_;  // on the loop's time
   double last_event_timestamp_ = 0.0;
 };
-
-// The moment of the clock in force, in the unit of lastEventTimestamp().
-[[nodiscard]] double SecondsSince1970();
 
 }  // namespace tallyfold

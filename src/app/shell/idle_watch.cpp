@@ -2,11 +2,10 @@
 
 #include <algorithm>
 
-#include "app/shell/application.h"
-
 namespace tallyfold {
 
 void IdleWatch::ReplaceScheduleReminderTimer() {
+  if (day_ == kNullDate) day_ = TodaysDateNumber();
   timer_.Start(kInterval, [this] { Evaluate(true); });
 }
 
@@ -26,15 +25,26 @@ void IdleWatch::userInputNotification() {
   const auto earliest = loop_.Now() + kInterval;
   const auto next = timer_.NextFiring();
   if (next && *next < earliest) timer_.SetNextFiring(earliest);
+  // The input still belongs to what is shown; rows must not move under it.
+  if (TodaysDateNumber() != day_) {
+    new_day_.Start(std::chrono::milliseconds(0), [this] { AnnounceNewDay(); });
+  }
+}
+
+void IdleWatch::AnnounceNewDay() {
+  const DateNumber today = TodaysDateNumber();
+  if (day_ == kNullDate || today == day_) return;
+  day_ = today;
+  host_.DayChanged();
 }
 
 bool IdleWatch::MustWait(bool by_timer) const {
-  const double idle = SecondsSince1970() - host_.LastEventTimestamp();
-  return (by_timer && idle < std::chrono::duration<double>(kInterval).count()) ||
-         host_.SheetIsOpen() || host_.ModalWindowIsUp();
+  const auto idle = host_.TimeSinceLastEvent();
+  return (by_timer && idle && *idle < kInterval) || host_.SheetIsOpen() || host_.ModalWindowIsUp();
 }
 
 void IdleWatch::Evaluate(bool by_timer) {
+  AnnounceNewDay();
   if (MustWait(by_timer)) return ReplaceScheduleReminderTimer();
   if (by_timer && host_.AccountsWantSaving()) host_.Accounts_Save();
   if (host_.SchedulesCanBeEvaluated()) host_.OfferDueOccurrences(by_timer);

@@ -53,9 +53,16 @@ Registers::~Registers() {
   desk_.SetCurrentRegister(nullptr);
 }
 
-void Registers::SetCurrent(RegisterKind kind) noexcept {
+void Registers::SetCurrent(RegisterKind kind) {
   current_ = kind;
   desk_.SetCurrentRegister(&Current());
+  SelectedEntryChanged();
+}
+
+void Registers::SelectedEntryChanged() {
+  front_end_.Changed(Area::SelectedEntry);
+  front_end_.Changed(Area::EntryButtons);
+  front_end_.Changed(Area::EntryTypeMenu);
 }
 
 void Registers::ShowAccount(const std::shared_ptr<LDGRAccount>& account) {
@@ -123,9 +130,8 @@ void Registers::TableChanged(const TableView& /*table*/, TableView::Change chang
     case TableView::Change::ScrolledRow:
       return front_end_.Changed(Area::ScrolledRow);
     case TableView::Change::SelectedRow:
-      front_end_.Changed(Area::SelectedEntry);
+      SelectedEntryChanged();
       front_end_.Changed(Area::Balance);
-      front_end_.Changed(Area::EntryButtons);
       break;
   }
 }

@@ -33,8 +33,8 @@ class Registers final : private TableView::Observer {
   [[nodiscard]] LDGRAccountTableViewData& Entry() noexcept { return entry_; }
   [[nodiscard]] LDGRAccountTableViewData& Reconcile() noexcept { return reconcile_; }
   [[nodiscard]] RegisterKind CurrentKind() const noexcept { return current_; }
-  // `kind` is one of the two registers.
-  void SetCurrent(RegisterKind kind) noexcept;
+  // `kind` is one of the two registers. Its selected entry is the selected one from here on.
+  void SetCurrent(RegisterKind kind);
   [[nodiscard]] LDGRAccountTableViewData& Current() noexcept { return Of(current_); }
   [[nodiscard]] const LDGRAccountTableViewData& Current() const noexcept {
     return current_ == RegisterKind::Reconcile ? reconcile_ : entry_;
@@ -64,6 +64,7 @@ class Registers final : private TableView::Observer {
  private:
   void Show(const std::shared_ptr<LDGRAccount>& account,
             const std::shared_ptr<LDGRAccountPreferences>& view);
+  void SelectedEntryChanged();
   void TableChanged(const TableView& table, TableView::Change change) override;
 
   Desk& desk_;
