@@ -16,7 +16,7 @@
 #include "app/exchange/export_commands.h"
 #include "app/exchange/qif_import_command.h"
 #include "app/exchange/qif_import_controller.h"
-#include "app/face/front_end_slot.h"
+#include "app/face/announcer.h"
 #include "app/face/main_window.h"
 #include "app/face/refresh.h"
 #include "app/face/sheet_slot.h"
@@ -73,11 +73,11 @@ struct LDGRController::Parts final : private AccountsStore::Host,
                                      private Lifecycle::Host {
   explicit Parts(const Services& services);
 
-  FrontEndSlot front_end;
+  Announcer announcer;
   MainWindowSlot window;
   ModalWatch modal;
   LDGRApplication application;
-  SheetSlot sheets{front_end};
+  SheetSlot sheets{announcer};
   SaveGate gate;
   DataFolderLock data_lock;
   AccountsStore accounts;
@@ -144,7 +144,7 @@ struct LDGRController::Parts final : private AccountsStore::Host,
     reveal.Forget();
     registers.ShowAccount(account);
     schedules.ShowAccount(account);
-    front_end.Changed(Area::Schedules);
+    announcer.Changed(Area::Schedules);
     refresh.ReconcileTab_UpdateBalances();
   }
   void FillCurrentRegister() override {
@@ -216,8 +216,12 @@ struct LDGRController::Parts final : private AccountsStore::Host,
     tabs.Select(is_reconcile ? Tab::Reconcile : Tab::Entry);
     search.Filter_Select(filter_type::kGeneral);
   }
+  void AsOne(const std::function<void()>& steps) override {
+    const Announcer::Operation operation(announcer);
+    steps();
+  }
   void Search_Cancel() override { search.Search_Cancel(); }
-  void SearchStateChanged() override { front_end.Changed(Area::Search); }
+  void SearchStateChanged() override { announcer.Changed(Area::Search); }
   void FocusSearchField() override { window->FocusSearchField(); }
   void UpdateEntryDependentButtons() override { refresh.EntryButtons_Update(); }
   void UpdateBalanceField() override { refresh.AccountBalance_Field_Update(); }
@@ -262,46 +266,47 @@ struct LDGRController::Parts final : private AccountsStore::Host,
     if (desk.preferences().GetShowAccountsDrawer() != drawer.State().is_open) {
       drawer.ToggleAccountsDrawer();
     }
-    front_end.Changed(Area::Preferences);
+    announcer.Changed(Area::Preferences);
     refresh.AccountsChanged();
   }
 };
 
 LDGRController::Parts::Parts(const Services& services)
-    : modal(services.alerts, services.panels),
+    : modal(services.alerts, services.panels, announcer),
       application(services.notifications, services.loop),
       data_lock(services.files, modal, services.host),
       accounts({services.files, modal, services.host, services.processes}, gate, data_lock, *this),
       preferences({services.files, services.host, services.processes}, gate, *this),
-      refresh(*this, front_end),
+      refresh(*this, announcer),
       speaker(services.loop, services.speech, *this),
-      selection(*this, desk, preferences, window, refresh, front_end),
-      account_editing(desk, accounts, selection, links, sheets, refresh, front_end),
-      account_passwords(desk, selection, preferences, sheets, window, refresh, front_end),
-      account_removal(desk, accounts, selection, account_passwords, modal, sheets, refresh),
-      drawer(desk, selection, account_editing, refresh, front_end),
-      editing(desk, links, sheets, refresh, front_end),
-      removal(desk, links, sheets, refresh, front_end),
-      reveal(*this, desk, sheets, links, front_end),
+      selection(*this, desk, preferences, window, refresh, announcer),
+      account_editing(desk, accounts, selection, links, sheets, refresh, announcer),
+      account_passwords(desk, selection, preferences, sheets, window, refresh, announcer),
+      account_removal(desk, accounts, selection, account_passwords, modal, sheets, refresh,
+                      announcer),
+      drawer(desk, selection, account_editing, refresh, announcer),
+      editing(desk, links, sheets, refresh, announcer),
+      removal(desk, links, sheets, refresh, announcer),
+      reveal(*this, desk, sheets, links, announcer),
       amount_fields(services.loop, services.field_speech),
-      schedule_commit(desk, links, refresh),
-      schedules(desk, schedule_commit, sheets, refresh, front_end),
-      schedule_editing(desk, sheets, refresh, front_end),
-      reminder(desk, schedule_commit, sheets, services.loop, front_end),
-      registers(desk, front_end),
+      schedule_commit(desk, links, refresh, announcer),
+      schedules(desk, schedule_commit, sheets, refresh, announcer),
+      schedule_editing(desk, sheets, refresh, announcer),
+      reminder(desk, schedule_commit, sheets, services.loop, announcer),
+      registers(desk, announcer),
       search(services.loop, *this),
-      balance_field(desk, registers, front_end),
-      reconcile_tab(desk, registers, editing, refresh),
-      summary_tab(desk, modal, sheets, front_end),
-      summary_sheet(desk, summary_tab, sheets, front_end),
+      balance_field(desk, registers, announcer),
+      reconcile_tab(desk, registers, editing, refresh, announcer),
+      summary_tab(desk, modal, sheets, announcer),
+      summary_sheet(desk, summary_tab, sheets, announcer),
       lock(accounts, saving, selection, services.host, sheets, window, refresh, services.loop,
-           front_end),
+           announcer),
       backups(accounts, lock, selection),
       preferences_sheet(*this, desk, accounts, balance_field, window, sheets, services.loop,
-                        front_end),
-      updates(services.host, services.updates, front_end),
-      menus(desk, modal, selection, sheets, refresh),
-      tabs(desk, registers, search, summary_tab, speaker, reveal, refresh, front_end),
+                        announcer),
+      updates(services.host, services.updates, announcer),
+      menus(desk, modal, selection, sheets, refresh, announcer),
+      tabs(desk, registers, search, summary_tab, speaker, reveal, refresh, announcer),
       printing(desk, tabs, registers),
       idle(services.loop, *this),
       text_editing(services.notifications,
@@ -309,9 +314,9 @@ LDGRController::Parts::Parts(const Services& services)
       export_commands(desk, saving, tabs, speaker, services.files, services.encodings, modal,
                       modal),
       import(*this, desk, editing, speaker, modal, services.files, services.encodings, sheets,
-             front_end),
+             announcer),
       import_command(desk, sheets, tabs, summary_tab, speaker, import, services.encodings, modal,
-                     idle, refresh),
+                     idle, refresh, announcer),
       lifecycle(*this,
                 {data_lock, window, updates, preferences, accounts, services.notifications, drawer,
                  idle, lock, selection, refresh, services.host, saving, text_editing, speaker}) {
@@ -332,7 +337,7 @@ LDGRController* LDGRController::sharedController() noexcept {
 }
 
 void LDGRController::SetFrontEnd(FrontEnd* front_end) noexcept {
-  parts_->front_end.Set(front_end);
+  parts_->announcer.Set(front_end);
 }
 
 void LDGRController::SetMainWindow(MainWindow* window) noexcept {

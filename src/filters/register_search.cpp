@@ -46,55 +46,61 @@ void RegisterSearch::Search_Field(std::optional<std::string_view> text) {
 }
 
 void RegisterSearch::Search() {
-  const LDGRAccount* const account = CurrentAccount();
-  if (account == nullptr) return;
-  const bool shows_entries = host_.ShownRegister() == RegisterKind::Entry;
-  host_.ReloadShownRegister(shows_entries ? account->entryFilteredEntries()
-                                          : account->reconcileFilteredEntries());
-  host_.UpdateEntryDependentButtons();
-  if (shows_entries) host_.UpdateBalanceField();
+  host_.AsOne([this] {
+    const LDGRAccount* const account = CurrentAccount();
+    if (account == nullptr) return;
+    const bool shows_entries = host_.ShownRegister() == RegisterKind::Entry;
+    host_.ReloadShownRegister(shows_entries ? account->entryFilteredEntries()
+                                            : account->reconcileFilteredEntries());
+    host_.UpdateEntryDependentButtons();
+    if (shows_entries) host_.UpdateBalanceField();
+  });
 }
 
 void RegisterSearch::Search_Cancel() {
-  const LDGRAccount* const account = CurrentAccount();
-  if (account == nullptr) return;
-  switch (host_.ShownRegister()) {
-    case RegisterKind::Entry:
-      return Filter_Select(TakesText(account->entryFilter().get()) ? account->entryFilterType()
-                                                                   : filter_type::kGeneral);
-    case RegisterKind::Reconcile:
-      return Filter_Select(TakesText(account->reconcileFilter().get())
-                               ? account->reconcileFilterType()
-                               : filter_type::kGeneral);
-    case RegisterKind::Other:
-      return;
-  }
+  host_.AsOne([this] {
+    const LDGRAccount* const account = CurrentAccount();
+    if (account == nullptr) return;
+    switch (host_.ShownRegister()) {
+      case RegisterKind::Entry:
+        return Filter_Select(TakesText(account->entryFilter().get()) ? account->entryFilterType()
+                                                                     : filter_type::kGeneral);
+      case RegisterKind::Reconcile:
+        return Filter_Select(TakesText(account->reconcileFilter().get())
+                                 ? account->reconcileFilterType()
+                                 : filter_type::kGeneral);
+      case RegisterKind::Other:
+        return;
+    }
+  });
 }
 
 void RegisterSearch::Filter_Select(std::int32_t type) {
-  host_.StopSpeech();
-  LDGRAccount* const account = CurrentAccount();
-  std::shared_ptr<LDGRFilter> filter;
-  if (account != nullptr) {
-    switch (host_.ShownRegister()) {
-      case RegisterKind::Entry:
-        account->setEntryFilterType(type);
-        account->setEntryFilterData("");
-        filter = account->entryFilter();
-        host_.ReloadShownRegister(account->entryFilteredEntries());
-        break;
-      case RegisterKind::Reconcile:
-        account->setReconcileFilterType(type);
-        account->setReconcileFilterData("");
-        filter = account->reconcileFilter();
-        host_.ReloadShownRegister(account->reconcileFilteredEntries());
-        break;
-      case RegisterKind::Other:
-        break;
+  host_.AsOne([this, type] {
+    host_.StopSpeech();
+    LDGRAccount* const account = CurrentAccount();
+    std::shared_ptr<LDGRFilter> filter;
+    if (account != nullptr) {
+      switch (host_.ShownRegister()) {
+        case RegisterKind::Entry:
+          account->setEntryFilterType(type);
+          account->setEntryFilterData("");
+          filter = account->entryFilter();
+          host_.ReloadShownRegister(account->entryFilteredEntries());
+          break;
+        case RegisterKind::Reconcile:
+          account->setReconcileFilterType(type);
+          account->setReconcileFilterData("");
+          filter = account->reconcileFilter();
+          host_.ReloadShownRegister(account->reconcileFilteredEntries());
+          break;
+        case RegisterKind::Other:
+          break;
+      }
     }
-  }
-  PopulateForFilterType(type);
-  PopulateForFilter(filter.get());
+    PopulateForFilterType(type);
+    PopulateForFilter(filter.get());
+  });
 }
 
 void RegisterSearch::PopulateForFilterType(std::int32_t type) {
@@ -109,13 +115,15 @@ void RegisterSearch::Clear() {
 }
 
 void RegisterSearch::PopulateForFilter(const LDGRFilter* filter) {
-  if (SearchFieldState* const field = ShownField()) {
-    *field = FieldFor(filter);
-    host_.SearchStateChanged();
-    if (field->is_enabled) host_.FocusSearchField();
-  }
-  host_.UpdateEntryDependentButtons();
-  if (host_.ShownRegister() == RegisterKind::Entry) host_.UpdateBalanceField();
+  host_.AsOne([this, filter] {
+    if (SearchFieldState* const field = ShownField()) {
+      *field = FieldFor(filter);
+      host_.SearchStateChanged();
+      if (field->is_enabled) host_.FocusSearchField();
+    }
+    host_.UpdateEntryDependentButtons();
+    if (host_.ShownRegister() == RegisterKind::Entry) host_.UpdateBalanceField();
+  });
 }
 
 SearchFieldState* RegisterSearch::ShownField() noexcept {

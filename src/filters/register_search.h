@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -48,6 +49,8 @@ class RegisterSearch {
     virtual void UpdateEntryDependentButtons() = 0;
     virtual void UpdateBalanceField() = 0;
     virtual void StopSpeech() = 0;
+    // Runs the steps, which change several things, as one operation.
+    virtual void AsOne(const std::function<void()>& steps) = 0;
     // The search field of the register that is showing takes the keyboard focus.
     virtual void FocusSearchField() = 0;
     virtual void SearchStateChanged() = 0;

@@ -7,11 +7,14 @@
 #include <tuple>
 
 #include "app/accounts/account_editing.h"
+#include "app/accounts/account_passwords.h"
 #include "app/accounts/account_selection.h"
+#include "app/accounts/accounts_drawer.h"
 #include "app/commands/command.h"
 #include "app/commands/command_tables.h"
 #include "app/entries/entry_editing.h"
 #include "app/entries/entry_removal.h"
+#include "app/entries/entry_reveal.h"
 #include "app/exchange/qif_import_command.h"
 #include "app/exchange/qif_import_controller.h"
 #include "app/schedules/schedule_editing.h"
@@ -24,6 +27,11 @@
 #include "app/shell/update_check.h"
 #include "app/test_application.h"
 #include "app/views/account_summary_sheet.h"
+#include "app/views/account_summary_tab.h"
+#include "app/views/balance_field.h"
+#include "app/views/reconcile_tab.h"
+#include "app/views/registers.h"
+#include "filters/register_search.h"
 #include "model/account.h"
 #include "storage/preferences.h"
 
@@ -233,6 +241,95 @@ TEST(Commands, CanRunExactlyWhenRunningThemDoesSomething) {
       command->run(test.app);
       test.loop.AdvanceBy(std::chrono::seconds(3));
       EXPECT_EQ(Traces(test) != before, can) << command->name << ": " << state.name;
+    }
+  }
+}
+
+// What the outside sees of each area whose state can be compared at little cost.
+std::vector<std::pair<Area, std::string>> Seen(TestApplication& test) {
+  auto& app = test.app;
+  const auto flag = [](bool value) { return std::string(value ? "1" : "0"); };
+  const auto address = [](const auto& pointer) {
+    return std::to_string(reinterpret_cast<std::uintptr_t>(pointer.get()));
+  };
+  std::string accounts;
+  for (const AccountRow& row : app.accountsDrawer().Rows()) {
+    accounts += row.account->GetName() + flag(row.is_locked) + flag(row.is_selected) +
+                std::to_string(row.balance) + ' ';
+  }
+  std::string rows;
+  for (const auto* shown : {&app.registers().Entry(), &app.registers().Reconcile()}) {
+    for (const auto& entry : shown->GetEntries()) rows += Line(*entry) + '\n';
+  }
+  std::string schedules;
+  for (std::size_t row = 0; row < app.schedules().Rows().numberOfRowsInTableView(); ++row) {
+    schedules += std::to_string(row);
+  }
+  const auto& tabs = app.tabs().State();
+  const auto figures = app.reconcileTab().State().figures;
+  const auto& summaries = app.summaries().State();
+  std::string summary = std::to_string(summaries.selected_row);
+  for (const auto& each : summaries.summaries) summary += each->name();
+  const auto& search = app.search().State();
+  const auto account = app.desk().SelectedAccount();
+  return {
+      {Area::Accounts, accounts},
+      {Area::SelectedAccount, address(account)},
+      {Area::WindowTitle, app.selection().WindowTitle()},
+      {Area::AccountMenu, std::to_string(app.menus().AccountMenu().size()) + address(account)},
+      {Area::Registers, rows},
+      {Area::SelectedEntry, address(app.desk().SelectedEntry())},
+      {Area::HiddenEntry, app.entryReveal().State().text},
+      {Area::Schedules, schedules},
+      {Area::Balance, app.balanceField().State().text},
+      {Area::ReconcileBalances,
+       std::to_string(figures.resolved_balance) + " " + std::to_string(figures.unresolved_sum)},
+      {Area::Summary, summary},
+      {Area::Tabs, std::to_string(static_cast<int>(tabs.selected)) +
+                       flag(tabs.entry_item_is_checked) + flag(tabs.reconcile_item_is_checked)},
+      {Area::AccountsDrawer, flag(app.accountsDrawer().State().is_open)},
+      {Area::Search, search.entry.text + flag(search.entry.is_enabled) + search.reconcile.text +
+                         std::to_string(search.menu_type)},
+      {Area::Updates, flag(app.updates().State().window_is_open)},
+      {Area::Sheet, std::to_string(static_cast<int>(app.sheets().Current()))},
+      {Area::DebitSheet, flag(app.entries().Debit().State().is_open)},
+      {Area::DepositSheet, flag(app.entries().Deposit().State().is_open)},
+      {Area::TransferSheet, flag(app.entries().Transfer().State().is_open)},
+      {Area::EntryRemoveSheet, flag(app.entryRemoval().Confirm().is_open)},
+      {Area::TransferEntryRemoveSheet, flag(app.entryRemoval().Transfer().is_open)},
+      {Area::ScheduleSheet, flag(app.scheduleSheet().State().is_open)},
+      {Area::ScheduleRemoveSheet, flag(app.schedules().Confirm().is_open)},
+      {Area::ScheduleReminderSheet, flag(app.reminder().State().is_open)},
+      {Area::AccountEditSheet, flag(app.accountSheet().State().is_open)},
+      {Area::AccountSummarySheet, flag(app.summarySheet().State().is_open)},
+      {Area::AuthenticationSheet, flag(app.applicationLock().State().is_open)},
+      {Area::AccountAuthenticationSheet, flag(app.accountPasswords().State().is_open)},
+      {Area::PreferencesSheet, flag(app.preferencesSheet().State().is_open)},
+      {Area::ImportOptionsSheet, flag(app.sharedQIFImportController().Options().is_open)},
+      {Area::ImportReview, flag(app.sharedQIFImportController().IsReviewing())},
+  };
+}
+
+TEST(Commands, AnnounceWhatTheyChangeAndNothingTwice) {
+  for (const State& state : kStates) {
+    for (const Command* command : Commands()) {
+      TestApplication test;
+      state.reach(test);
+      if (!command->can(test.app)) continue;
+      const auto before = Seen(test);
+      const std::size_t alerts = test.alerts.Requests().size();
+      test.front_end.changed.clear();
+      command->run(test.app);
+      const auto told = test.front_end.changed;
+      const auto after = Seen(test);
+      for (std::size_t i = 0; i < before.size(); ++i) {
+        const auto times = std::ranges::count(told, before[i].first);
+        const std::string where = std::string(command->name) + ": " + state.name + ", area " +
+                                  std::to_string(static_cast<int>(before[i].first));
+        EXPECT_TRUE(before[i].second == after[i].second || times > 0) << where;
+        // What is told before a question may be told again after it.
+        EXPECT_LE(times, test.alerts.Requests().size() > alerts ? 2 : 1) << where;
+      }
     }
   }
 }

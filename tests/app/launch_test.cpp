@@ -104,8 +104,8 @@ TEST(Launch, RunsItsStepsInOrder) {
   } const cases[] = {
       {"unlocked",
        "",
-       {"Tallyfold:  Two POAT", "rows POAT", "search field POAT", "update window POAT",
-        "updates POAT"}},
+       {"search field POAT", "Tallyfold:  Two POAT", "rows POAT", "search field POAT",
+        "update window POAT", "updates POAT"}},
       {"locked",
        "secret",
        {"sheet POAT", "search field POAT", "update window POAT", "updates POAT"}},

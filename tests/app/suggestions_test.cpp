@@ -5,6 +5,7 @@
 #include "app/entries/completion.h"
 #include "app/entries/entry_editing.h"
 #include "app/entries/entry_suggestion.h"
+#include "app/face/announcer.h"
 #include "app/shell/lifecycle.h"
 #include "app/shell/text_editing.h"
 #include "app/shell/update_check.h"
@@ -115,7 +116,7 @@ TEST(Versions, AreComparedNumberByNumber) {
 
 TEST(UpdateCheck, TellsInTheBackgroundOnlyOfANewerVersion) {
   FakeHost host;
-  TestFrontEnd front_end;
+  Announcer announcer;
   using Status = UpdateState::Status;
   struct Service final : UpdateService {
     void FetchLatestVersion(const std::string& asked, Answer to) override {
@@ -137,7 +138,7 @@ TEST(UpdateCheck, TellsInTheBackgroundOnlyOfANewerVersion) {
                      {"<html>", Status::NoAnswer, false}};
   for (const Case& c : cases) {
     for (const bool by_user : {false, true}) {
-      UpdateCheck check(host, &service, front_end);
+      UpdateCheck check(host, &service, announcer);
       check.SetAddress("https://updates.example/latest");
       by_user ? check.CheckForUpdates() : check.CheckForUpdates_Auto();
       EXPECT_EQ(check.State().status, Status::Checking);
@@ -147,7 +148,7 @@ TEST(UpdateCheck, TellsInTheBackgroundOnlyOfANewerVersion) {
     }
   }
   EXPECT_EQ(service.answer, nullptr);  // a check that goes wants no answer any more
-  UpdateCheck without_address(host, &service, front_end);
+  UpdateCheck without_address(host, &service, announcer);
   without_address.CheckForUpdates();
   EXPECT_EQ(without_address.State().status, Status::NoAddress);
 }

@@ -67,6 +67,7 @@ std::shared_ptr<LDGRAccountEntryType> TypeOfRow(const EntryTypeList& types_of_ro
 }  // namespace
 
 bool AccountEditing::Account_Add() {
+  const Announcer::Operation operation(announcer_);
   if (!sheets_.IsFree()) return false;
   auto account = std::make_shared<LDGRAccount>();
   account->SetName(NewAccountName());
@@ -77,6 +78,7 @@ bool AccountEditing::Account_Add() {
 }
 
 bool AccountEditing::Account_Edit() {
+  const Announcer::Operation operation(announcer_);
   auto account = desk_.SelectedAccount();
   return account != nullptr && sheets_.IsFree() && Begin(std::move(account), false);
 }
@@ -100,7 +102,7 @@ bool AccountEditing::Begin(std::shared_ptr<LDGRAccount> account, bool is_new) {
 
 bool AccountEditing::AccountEditSheet_Open() {
   state_.is_open = sheets_.Open(Sheet::AccountEdit, [this] { AccountEditSheet_Cancel(); });
-  front_end_.Changed(Area::AccountEditSheet);
+  announcer_.Changed(Area::AccountEditSheet);
   return state_.is_open;
 }
 
@@ -137,7 +139,7 @@ void AccountEditing::AccountEditSheet_Populate() {
 void AccountEditing::Read(AccountEditSheetState::Typed typed) {
   state_.typed = std::move(typed);
   state_.ok_is_enabled = state_.is_open && CanBeStored(state_.typed);
-  front_end_.Changed(Area::AccountEditSheet);
+  announcer_.Changed(Area::AccountEditSheet);
 }
 
 bool AccountEditing::ImportTypesFrom(const LDGRAccount& other) {
@@ -151,7 +153,7 @@ bool AccountEditing::ImportTypesFrom(const LDGRAccount& other) {
     if (type->GetNumber() < rows_before) continue;
     rows.push_back({-1, type->GetName(), type->GetIsCheck(), type->GetIsDeposit()});
   }
-  front_end_.Changed(Area::AccountEditSheet);
+  announcer_.Changed(Area::AccountEditSheet);
   return true;
 }
 
@@ -166,7 +168,7 @@ bool AccountEditing::ImportDescriptionsFrom(const LDGRAccount& other) {
   typed.debit_descriptions = scratch.DebitDescriptions_Specific();
   typed.deposit_descriptions = scratch.DepositDescriptions_Specific();
   typed.transfer_descriptions = scratch.TransferDescriptions_Specific();
-  front_end_.Changed(Area::AccountEditSheet);
+  announcer_.Changed(Area::AccountEditSheet);
   return true;
 }
 
@@ -179,12 +181,13 @@ bool AccountEditing::ImportToFromsFrom(const LDGRAccount& other) {
   scratch.importToFromsFromAccount(other);
   typed.tos = scratch.Tos_Specific();
   typed.froms = scratch.Froms_Specific();
-  front_end_.Changed(Area::AccountEditSheet);
+  announcer_.Changed(Area::AccountEditSheet);
   return true;
 }
 
 bool AccountEditing::AccountEditSheet_OK() {
-  if (!state_.is_open || !front_end_.EndEditing(Sheet::AccountEdit) || !state_.ok_is_enabled) {
+  const Announcer::Operation operation(announcer_);
+  if (!state_.is_open || !announcer_.EndEditing(Sheet::AccountEdit) || !state_.ok_is_enabled) {
     return false;
   }
   const auto account = edit_account_;
@@ -266,13 +269,14 @@ void AccountEditing::SaveTypes() {
 }
 
 void AccountEditing::AccountEditSheet_Cancel() {
+  const Announcer::Operation operation(announcer_);
   if (state_.is_open) Close();
 }
 
 void AccountEditing::Close() {
   edit_account_ = nullptr;
   state_ = AccountEditSheetState();
-  front_end_.Changed(Area::AccountEditSheet);
+  announcer_.Changed(Area::AccountEditSheet);
   sheets_.Close(Sheet::AccountEdit);
 }
 

@@ -8,7 +8,7 @@
 #include "app/accounts/account_selection.h"
 #include "app/desk.h"
 #include "app/entries/transfer_links.h"
-#include "app/face/front_end.h"
+#include "app/face/announcer.h"
 #include "app/face/refresh.h"
 #include "app/face/sheet_slot.h"
 #include "model/account.h"
@@ -22,14 +22,14 @@ class AccountEditing {
  public:
   AccountEditing(Desk& desk, AccountsStore& accounts, AccountSelection& selection,
                  const TransferLinks& links, SheetSlot& sheets, Refresh& refresh,
-                 FrontEnd& front_end) noexcept
+                 Announcer& announcer) noexcept
       : desk_(desk),
         accounts_(accounts),
         selection_(selection),
         links_(links),
         sheets_(sheets),
         refresh_(refresh),
-        front_end_(front_end) {}
+        announcer_(announcer) {}
   AccountEditing(const AccountEditing&) = delete;
   AccountEditing& operator=(const AccountEditing&) = delete;
 
@@ -74,7 +74,7 @@ class AccountEditing {
   const TransferLinks& links_;
   SheetSlot& sheets_;
   Refresh& refresh_;
-  FrontEnd& front_end_;
+  Announcer& announcer_;
   AccountEditSheetState state_;
   std::shared_ptr<LDGRAccount> edit_account_;
 };

@@ -18,6 +18,7 @@ void AccountPasswords::AccountAuthenticationSheet_Open() {
 }
 
 void AccountPasswords::Account_Lock(const std::shared_ptr<LDGRAccount>& account) {
+  const Announcer::Operation operation(announcer_);
   if (account == nullptr) return;
   const bool is_selected = account == desk_.SelectedAccount();
   if (is_selected) preferences_.Preferences_StoreAccountPrefs(account.get());
@@ -33,6 +34,7 @@ void AccountPasswords::ValidatePassword(std::string typed) {
 }
 
 bool AccountPasswords::AccountAuthenticationSheet_OK() {
+  const Announcer::Operation operation(announcer_);
   if (!State().is_open) return false;
   const auto account = authenticating_account_;
   if (!account->Authenticate(State().typed)) {
@@ -45,6 +47,7 @@ bool AccountPasswords::AccountAuthenticationSheet_OK() {
 }
 
 void AccountPasswords::AccountAuthenticationSheet_Cancel() {
+  const Announcer::Operation operation(announcer_);
   if (!State().is_open) return;
   AccountAuthenticationSheet_Close();
   selection_.Account_Select(desk_.SelectedAccount());

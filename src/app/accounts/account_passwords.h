@@ -5,6 +5,7 @@
 
 #include "app/accounts/account_selection.h"
 #include "app/desk.h"
+#include "app/face/announcer.h"
 #include "app/face/front_end.h"
 #include "app/face/main_window.h"
 #include "app/face/password_sheet.h"
@@ -20,14 +21,15 @@ class AccountPasswords {
  public:
   AccountPasswords(Desk& desk, AccountSelection& selection, PreferencesStore& preferences,
                    SheetSlot& sheets, MainWindowSlot& window, Refresh& refresh,
-                   FrontEnd& front_end) noexcept
+                   Announcer& announcer) noexcept
       : desk_(desk),
         selection_(selection),
         preferences_(preferences),
         sheets_(sheets),
         refresh_(refresh),
+        announcer_(announcer),
         sheet_(Sheet::AccountAuthentication, Area::AccountAuthenticationSheet, sheets, window,
-               front_end) {}
+               announcer) {}
   AccountPasswords(const AccountPasswords&) = delete;
   AccountPasswords& operator=(const AccountPasswords&) = delete;
 
@@ -64,6 +66,7 @@ class AccountPasswords {
   PreferencesStore& preferences_;
   SheetSlot& sheets_;
   Refresh& refresh_;
+  Announcer& announcer_;
   PasswordSheet sheet_;
   std::shared_ptr<LDGRAccount> authenticating_account_;
 };

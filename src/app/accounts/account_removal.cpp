@@ -29,6 +29,7 @@ bool Unlink(LDGRAccountEntry& entry, std::int32_t account) {
 }  // namespace
 
 bool AccountRemoval::Account_Remove() {
+  const Announcer::Operation operation(announcer_);
   const auto account = desk_.SelectedAccount();
   if (account == nullptr || !sheets_.IsFree() || !UserAgrees(*account)) return false;
 

@@ -6,6 +6,7 @@
 #include "app/accounts/account_passwords.h"
 #include "app/accounts/account_selection.h"
 #include "app/desk.h"
+#include "app/face/announcer.h"
 #include "app/face/refresh.h"
 #include "app/face/sheet_slot.h"
 #include "model/account.h"
@@ -19,14 +20,15 @@ class AccountRemoval {
  public:
   AccountRemoval(Desk& desk, AccountsStore& accounts, AccountSelection& selection,
                  AccountPasswords& passwords, Alerts& alerts, const SheetSlot& sheets,
-                 Refresh& refresh) noexcept
+                 Refresh& refresh, Announcer& announcer) noexcept
       : desk_(desk),
         accounts_(accounts),
         selection_(selection),
         passwords_(passwords),
         alerts_(alerts),
         sheets_(sheets),
-        refresh_(refresh) {}
+        refresh_(refresh),
+        announcer_(announcer) {}
   AccountRemoval(const AccountRemoval&) = delete;
   AccountRemoval& operator=(const AccountRemoval&) = delete;
 
@@ -48,6 +50,7 @@ class AccountRemoval {
   Alerts& alerts_;
   const SheetSlot& sheets_;
   Refresh& refresh_;
+  Announcer& announcer_;
 };
 
 }  // namespace tallyfold

@@ -22,6 +22,7 @@ void AccountSelection::Forget() noexcept {
 }
 
 void AccountSelection::Accounts_PostLoad() {
+  const Announcer::Operation operation(announcer_);
   if (!desk_.IsUnlocked()) return;
   has_post_loaded_ = true;
   if (desk_.accounts().empty()) {
@@ -37,6 +38,7 @@ void AccountSelection::Accounts_PostLoad() {
 }
 
 void AccountSelection::Account_Select(const std::shared_ptr<LDGRAccount>& account) {
+  const Announcer::Operation operation(announcer_);
   host_.StopSpeech();
   if (account == nullptr || !desk_.IsUnlocked()) {
     Account_Deselect();
@@ -57,25 +59,26 @@ void AccountSelection::Select(const std::shared_ptr<LDGRAccount>& account) {
   desk_.SetSelectedAccount(account);
   SetCurrentAccount(account.get());
   host_.ShowSummary();
-  front_end_.Changed(Area::SelectedAccount);
+  announcer_.Changed(Area::SelectedAccount);
   SetMainWindowTitleForAccount(account.get());
   desk_.preferences().SetSelectedAccountNumber(account->GetNumber());
   host_.ShowInTables(account);
   refresh_.EntryButtons_Update();
-  front_end_.Changed(Area::ScheduleButtons);
+  announcer_.Changed(Area::ScheduleButtons);
   host_.FillCurrentRegister();
   refresh_.AccountsList_Redraw();
   window_->FocusAccountsTable();
 }
 
 void AccountSelection::Account_Deselect() {
+  const Announcer::Operation operation(announcer_);
   host_.StopSpeech();
   ClearSelected();
   refresh_.AccountsList_Redraw();
   host_.ShowSummary();
   refresh_.EntryButtons_Update();
-  front_end_.Changed(Area::ScheduleButtons);
-  front_end_.Changed(Area::SelectedAccount);
+  announcer_.Changed(Area::ScheduleButtons);
+  announcer_.Changed(Area::SelectedAccount);
   SetMainWindowTitleForAccount(nullptr);
   host_.ShowInTables(nullptr);
   host_.ClearSearch();
@@ -89,7 +92,7 @@ void AccountSelection::SetMainWindowTitleForAccount(const LDGRAccount* account) 
   const std::string subject =
       account != nullptr ? account->GetName() : LocalizedText("No Account Selected");
   window_title_ = LocalizedText("Tallyfold") + ":  " + subject;
-  front_end_.Changed(Area::WindowTitle);
+  announcer_.Changed(Area::WindowTitle);
 }
 
 }  // namespace tallyfold

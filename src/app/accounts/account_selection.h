@@ -4,7 +4,7 @@
 #include <string>
 
 #include "app/desk.h"
-#include "app/face/front_end.h"
+#include "app/face/announcer.h"
 #include "app/face/main_window.h"
 #include "app/face/refresh.h"
 #include "model/account.h"
@@ -41,13 +41,13 @@ class AccountSelection {
   };
 
   AccountSelection(Host& host, Desk& desk, PreferencesStore& preferences, MainWindowSlot& window,
-                   Refresh& refresh, FrontEnd& front_end) noexcept
+                   Refresh& refresh, Announcer& announcer) noexcept
       : host_(host),
         desk_(desk),
         preferences_(preferences),
         window_(window),
         refresh_(refresh),
-        front_end_(front_end) {}
+        announcer_(announcer) {}
   AccountSelection(const AccountSelection&) = delete;
   AccountSelection& operator=(const AccountSelection&) = delete;
   ~AccountSelection();
@@ -80,7 +80,7 @@ class AccountSelection {
   PreferencesStore& preferences_;
   MainWindowSlot& window_;
   Refresh& refresh_;
-  FrontEnd& front_end_;
+  Announcer& announcer_;
   std::string window_title_;
   bool has_post_loaded_ = false;
 };

@@ -8,12 +8,12 @@
 namespace tallyfold {
 
 AccountsDrawer::AccountsDrawer(Desk& desk, AccountSelection& selection, AccountEditing& editing,
-                               Refresh& refresh, FrontEnd& front_end)
+                               Refresh& refresh, Announcer& announcer)
     : desk_(desk),
       selection_(selection),
       editing_(editing),
       refresh_(refresh),
-      front_end_(front_end) {}
+      announcer_(announcer) {}
 
 void AccountsDrawer::ToggleAccountsDrawer() {
   SetOpen(!state_.is_open);
@@ -27,7 +27,7 @@ void AccountsDrawer::drawerDidClose() {
 void AccountsDrawer::SetOpen(bool is_open) {
   state_.is_open = is_open;
   state_.menu_item_title = LocalizedText(is_open ? "Hide Accounts" : "Show Accounts");
-  front_end_.Changed(Area::AccountsDrawer);
+  announcer_.Changed(Area::AccountsDrawer);
 }
 
 std::vector<AccountRow> AccountsDrawer::Rows() const {

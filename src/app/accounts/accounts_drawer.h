@@ -9,7 +9,7 @@
 #include "app/accounts/account_editing.h"
 #include "app/accounts/account_selection.h"
 #include "app/desk.h"
-#include "app/face/front_end.h"
+#include "app/face/announcer.h"
 #include "app/face/refresh.h"
 #include "model/account.h"
 
@@ -38,7 +38,7 @@ class AccountsDrawer {
   static constexpr std::string_view kBalanceColumn = "balance";
 
   AccountsDrawer(Desk& desk, AccountSelection& selection, AccountEditing& editing, Refresh& refresh,
-                 FrontEnd& front_end);
+                 Announcer& announcer);
   AccountsDrawer(const AccountsDrawer&) = delete;
   AccountsDrawer& operator=(const AccountsDrawer&) = delete;
 
@@ -66,7 +66,7 @@ class AccountsDrawer {
   AccountSelection& selection_;
   AccountEditing& editing_;
   Refresh& refresh_;
-  FrontEnd& front_end_;
+  Announcer& announcer_;
   AccountsDrawerState state_;
 };
 

@@ -9,22 +9,24 @@
 namespace tallyfold {
 
 EntryEditing::EntryEditing(Desk& desk, const TransferLinks& links, SheetSlot& sheets,
-                           Refresh& refresh, FrontEnd& front_end)
+                           Refresh& refresh, Announcer& announcer)
     : desk_(desk),
       sheets_(sheets),
       refresh_(refresh),
-      front_end_(front_end),
-      debit_(EntrySheet::Kind::Debit, *this, front_end),
-      deposit_(EntrySheet::Kind::Deposit, *this, front_end),
-      transfer_(*this, desk, links, front_end) {}
+      announcer_(announcer),
+      debit_(EntrySheet::Kind::Debit, *this, announcer),
+      deposit_(EntrySheet::Kind::Deposit, *this, announcer),
+      transfer_(*this, desk, links, announcer) {}
 
 bool EntryEditing::New(EntryKind kind) {
+  const Announcer::Operation operation(announcer_);
   const auto account = desk_.SelectedAccount();
   if (account == nullptr || !sheets_.IsFree()) return false;
   return Begin({NewEntryWithDefaults(kind, *account, desk_.preferences()), true, account});
 }
 
 bool EntryEditing::Entry_Edit() {
+  const Announcer::Operation operation(announcer_);
   const auto account = desk_.SelectedAccount();
   const auto entry = desk_.SelectedEntry();
   if (account == nullptr || entry == nullptr || !sheets_.IsFree()) return false;
@@ -32,6 +34,7 @@ bool EntryEditing::Entry_Edit() {
 }
 
 bool EntryEditing::EditOwned(EditedEntry edited) {
+  const Announcer::Operation operation(announcer_);
   const bool has_sheet = edited.entry != nullptr && !edited.account.expired() &&
                          (edited.entry->IsDebit() || edited.entry->IsDeposit());
   return has_sheet && sheets_.IsFree() && Begin(std::move(edited));
@@ -61,9 +64,10 @@ void EntryEditing::Populate(EditSheet& sheet) {
 }
 
 bool EntryEditing::Open(EditSheet& sheet) {
+  const Announcer::Operation operation(announcer_);
   if (!IsFor(sheet) || !sheets_.Open(sheet.Which(), [&sheet] { sheet.Cancel(); })) return false;
   sheet.SetOpen(true);
-  front_end_.Changed(sheet.StateArea());
+  announcer_.Changed(sheet.StateArea());
   return true;
 }
 
@@ -73,18 +77,19 @@ void EntryEditing::SaveValuesToEditEntry(EditSheet& sheet) {
 
 void EntryEditing::Close(EditSheet& sheet) {
   sheet.SetOpen(false);
-  front_end_.Changed(sheet.StateArea());
+  announcer_.Changed(sheet.StateArea());
   sheets_.Close(sheet.Which());
 }
 
 bool EntryEditing::OK(EditSheet& sheet) {
-  if (sheets_.Current() != sheet.Which() || !front_end_.EndEditing(sheet.Which())) return false;
+  const Announcer::Operation operation(announcer_);
+  if (sheets_.Current() != sheet.Which() || !announcer_.EndEditing(sheet.Which())) return false;
   std::string problem = CheckTarget();
   if (problem.empty()) problem = sheet.CheckTyped();
   const bool is_refused = !problem.empty();
   sheet.SetProblem(std::move(problem));
   if (is_refused) {
-    front_end_.Changed(sheet.StateArea());
+    announcer_.Changed(sheet.StateArea());
     return false;
   }
 
@@ -120,13 +125,20 @@ std::string EntryEditing::CheckTarget() const {
   return "";
 }
 
+bool EntryEditing::OKThenNew(EditSheet& sheet, EntryKind kind) {
+  const Announcer::Operation operation(announcer_);
+  return OK(sheet) && edited_.owner == nullptr && New(kind);
+}
+
 void EntryEditing::Cancel(EditSheet& sheet) {
+  const Announcer::Operation operation(announcer_);
   if (sheets_.Current() != sheet.Which()) return;
   Close(sheet);
   if (edited_.is_new) edited_.entry = nullptr;
 }
 
 void EntryEditing::TurnClearedOver(const std::shared_ptr<LDGRAccountEntry>& entry) {
+  const Announcer::Operation operation(announcer_);
   const auto account = desk_.SelectedAccount();
   if (account == nullptr || entry == nullptr) return;
   entry->SetCleared(!entry->GetCleared());

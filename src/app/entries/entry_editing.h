@@ -8,7 +8,7 @@
 #include "app/entries/entry_sheet.h"
 #include "app/entries/transfer_links.h"
 #include "app/entries/transfer_sheet.h"
-#include "app/face/front_end.h"
+#include "app/face/announcer.h"
 #include "app/face/refresh.h"
 #include "app/face/sheet_slot.h"
 #include "model/account.h"
@@ -20,7 +20,7 @@ namespace tallyfold {
 class EntryEditing final : private EditSheet::Keeper {
  public:
   EntryEditing(Desk& desk, const TransferLinks& links, SheetSlot& sheets, Refresh& refresh,
-               FrontEnd& front_end);
+               Announcer& announcer);
   EntryEditing(const EntryEditing&) = delete;
   EntryEditing& operator=(const EntryEditing&) = delete;
 
@@ -59,9 +59,7 @@ class EntryEditing final : private EditSheet::Keeper {
   bool Open(EditSheet& sheet) override;
   void SaveValuesToEditEntry(EditSheet& sheet) override;
   bool OK(EditSheet& sheet) override;
-  bool OKThenNew(EditSheet& sheet, EntryKind kind) override {
-    return OK(sheet) && edited_.owner == nullptr && New(kind);
-  }
+  bool OKThenNew(EditSheet& sheet, EntryKind kind) override;
   void Cancel(EditSheet& sheet) override;
 
   bool Begin(EditedEntry edited);
@@ -76,7 +74,7 @@ class EntryEditing final : private EditSheet::Keeper {
   Desk& desk_;
   SheetSlot& sheets_;
   Refresh& refresh_;
-  FrontEnd& front_end_;
+  Announcer& announcer_;
   EntrySheet debit_;
   EntrySheet deposit_;
   TransferSheet transfer_;

@@ -23,19 +23,21 @@ bool EntryRemoval::IsThere(const Asked& asked) const {
 }
 
 void EntryRemoval::EntryRemoveConfirm_Begin() {
+  const Announcer::Operation operation(announcer_);
   const Asked asked = Selected();
   if (!sheets_.IsFree() || !IsThere(asked)) return;
   confirm_.note = links_.NoteOnOtherHalf(*asked.account, *asked.entry);
-  front_end_.Changed(Area::EntryRemoveSheet);
+  announcer_.Changed(Area::EntryRemoveSheet);
   if (!desk_.preferences().GetEntryRemoveConfirm()) return AskForOtherHalfOrDelete(asked);
   asked_ = asked;
   confirm_.is_open = true;
   confirm_.question = LocalizedText("Are you sure you would like to remove the selected entry?");
-  front_end_.Changed(Area::EntryRemoveSheet);
+  announcer_.Changed(Area::EntryRemoveSheet);
   sheets_.Open(Sheet::EntryRemoveConfirm, [this] { EntryRemoveConfirm_Cancel(); });
 }
 
 void EntryRemoval::EntryRemoveConfirm_OK() {
+  const Announcer::Operation operation(announcer_);
   if (!confirm_.is_open) return;
   const Asked asked = std::exchange(asked_, {});
   CloseConfirm();
@@ -43,6 +45,7 @@ void EntryRemoval::EntryRemoveConfirm_OK() {
 }
 
 void EntryRemoval::EntryRemoveConfirm_Cancel() {
+  const Announcer::Operation operation(announcer_);
   if (!confirm_.is_open) return;
   asked_ = {};
   confirm_.note.clear();
@@ -52,7 +55,7 @@ void EntryRemoval::EntryRemoveConfirm_Cancel() {
 void EntryRemoval::CloseConfirm() {
   confirm_.is_open = false;
   confirm_.question.clear();
-  front_end_.Changed(Area::EntryRemoveSheet);
+  announcer_.Changed(Area::EntryRemoveSheet);
   sheets_.Close(Sheet::EntryRemoveConfirm);
 }
 
@@ -65,6 +68,7 @@ void EntryRemoval::AskForOtherHalfOrDelete(const Asked& asked) {
 }
 
 void EntryRemoval::TransferEntryRemoveConfirm_Begin() {
+  const Announcer::Operation operation(announcer_);
   const Asked asked = Selected();
   if (links_.Transfer_LinkedEntry(asked.entry.get()) == nullptr || !sheets_.IsFree()) return;
   AskForOtherHalf(asked);
@@ -76,11 +80,12 @@ void EntryRemoval::AskForOtherHalf(const Asked& asked) {
                                                    "account \"%@\".  Would you like to keep it "
                                                    "there as an ordinary entry?"),
                                      asked.entry->GetToFrom())};
-  front_end_.Changed(Area::TransferEntryRemoveSheet);
+  announcer_.Changed(Area::TransferEntryRemoveSheet);
   sheets_.Open(Sheet::TransferEntryRemoveConfirm, [this] { TransferEntryRemoveConfirm_Cancel(); });
 }
 
 void EntryRemoval::TransferEntryRemoveConfirm_Yes() {
+  const Announcer::Operation operation(announcer_);
   const Asked asked = CloseTransfer();
   if (!IsThere(asked)) return;
   links_.UnlinkOtherHalf(*asked.account, *asked.entry);
@@ -88,6 +93,7 @@ void EntryRemoval::TransferEntryRemoveConfirm_Yes() {
 }
 
 void EntryRemoval::TransferEntryRemoveConfirm_No() {
+  const Announcer::Operation operation(announcer_);
   const Asked asked = CloseTransfer();
   if (!IsThere(asked)) return;
   links_.RemoveOtherHalf(*asked.account, *asked.entry);
@@ -95,13 +101,14 @@ void EntryRemoval::TransferEntryRemoveConfirm_No() {
 }
 
 void EntryRemoval::TransferEntryRemoveConfirm_Cancel() {
+  const Announcer::Operation operation(announcer_);
   CloseTransfer();
 }
 
 EntryRemoval::Asked EntryRemoval::CloseTransfer() {
   if (!transfer_.is_open) return {};
   transfer_ = {};
-  front_end_.Changed(Area::TransferEntryRemoveSheet);
+  announcer_.Changed(Area::TransferEntryRemoveSheet);
   sheets_.Close(Sheet::TransferEntryRemoveConfirm);
   return std::exchange(asked_, {});
 }

@@ -5,7 +5,7 @@
 #include "app/desk.h"
 #include "app/entries/entry_remove_sheet_state.h"
 #include "app/entries/transfer_links.h"
-#include "app/face/front_end.h"
+#include "app/face/announcer.h"
 #include "app/face/refresh.h"
 #include "app/face/sheet_slot.h"
 #include "model/account.h"
@@ -17,8 +17,8 @@ namespace tallyfold {
 class EntryRemoval {
  public:
   EntryRemoval(Desk& desk, const TransferLinks& links, SheetSlot& sheets, Refresh& refresh,
-               FrontEnd& front_end) noexcept
-      : desk_(desk), links_(links), sheets_(sheets), refresh_(refresh), front_end_(front_end) {}
+               Announcer& announcer) noexcept
+      : desk_(desk), links_(links), sheets_(sheets), refresh_(refresh), announcer_(announcer) {}
   EntryRemoval(const EntryRemoval&) = delete;
   EntryRemoval& operator=(const EntryRemoval&) = delete;
 
@@ -63,7 +63,7 @@ class EntryRemoval {
   const TransferLinks& links_;
   SheetSlot& sheets_;
   Refresh& refresh_;
-  FrontEnd& front_end_;
+  Announcer& announcer_;
   EntryRemoveSheetState confirm_;
   TransferEntryRemoveSheetState transfer_;
   Asked asked_;

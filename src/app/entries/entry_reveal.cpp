@@ -23,22 +23,24 @@ std::string_view FormatFor(EntryReveal::Reason reason) {
 }  // namespace
 
 void EntryReveal::TellIfHidden(const std::shared_ptr<LDGRAccountEntry>& entry, Reason reason) {
+  const Announcer::Operation operation(announcer_);
   Forget();
   const auto filter = host_.CurrentFilter();
   if (entry == nullptr || filter == nullptr || host_.IsShown(entry.get())) return;
   hidden_ = entry;
   state_.text = MessageWithText(LocalizedText(FormatFor(reason)), filter->GetName());
-  front_end_.Changed(Area::HiddenEntry);
+  announcer_.Changed(Area::HiddenEntry);
 }
 
 void EntryReveal::Forget() {
   if (state_.text.empty()) return;
   state_.text.clear();
   hidden_.reset();
-  front_end_.Changed(Area::HiddenEntry);
+  announcer_.Changed(Area::HiddenEntry);
 }
 
 void EntryReveal::ShowHiddenEntry() {
+  const Announcer::Operation operation(announcer_);
   const auto entry = hidden_.lock();
   Forget();
   if (entry == nullptr) return;
@@ -47,6 +49,7 @@ void EntryReveal::ShowHiddenEntry() {
 }
 
 bool EntryReveal::ShowOtherHalf() {
+  const Announcer::Operation operation(announcer_);
   const auto entry = desk_.SelectedEntry();
   const auto half = links_.Transfer_LinkedEntry(entry.get());
   if (half == nullptr || !sheets_.IsFree()) return false;

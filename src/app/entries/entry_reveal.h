@@ -6,7 +6,7 @@
 
 #include "app/desk.h"
 #include "app/entries/transfer_links.h"
-#include "app/face/front_end.h"
+#include "app/face/announcer.h"
 #include "app/face/sheet_slot.h"
 #include "filters/filter.h"
 #include "model/account.h"
@@ -39,8 +39,8 @@ class EntryReveal {
   };
 
   EntryReveal(Host& host, Desk& desk, const SheetSlot& sheets, const TransferLinks& links,
-              FrontEnd& front_end) noexcept
-      : host_(host), desk_(desk), sheets_(sheets), links_(links), front_end_(front_end) {}
+              Announcer& announcer) noexcept
+      : host_(host), desk_(desk), sheets_(sheets), links_(links), announcer_(announcer) {}
   EntryReveal(const EntryReveal&) = delete;
   EntryReveal& operator=(const EntryReveal&) = delete;
 
@@ -63,7 +63,7 @@ class EntryReveal {
   Desk& desk_;
   const SheetSlot& sheets_;
   const TransferLinks& links_;
-  FrontEnd& front_end_;
+  Announcer& announcer_;
   HiddenEntryState state_;
   std::weak_ptr<LDGRAccountEntry> hidden_;
 };

@@ -48,7 +48,7 @@ void EntrySheet::Fill(const EditedEntry& edited, const LDGRAccount& account,
   PopulateTypes(edited, account);
   PopulateSplit(edited);
   opened_amount_ = IsSplit() ? 0.0 : typed.amount;
-  front_end_.Changed(StateArea());
+  announcer_.Changed(StateArea());
 }
 
 void EntrySheet::PopulateTypes(const EditedEntry& edited, const LDGRAccount& account) {
@@ -164,18 +164,18 @@ void EntrySheet::CheckNumber_Button(std::int32_t suggested) {
   auto& typed = state_.typed;
   state_.check_number_is_enabled = typed.check;
   if (typed.check && !typed.check_number) typed.check_number = suggested;
-  front_end_.Changed(StateArea());
+  announcer_.Changed(StateArea());
 }
 
 void EntrySheet::SuggestForDescription(const EditedEntry& edited, const LDGRAccount& account) {
   state_.suggestion =
       SuggestionFor(account, kind_ == Kind::Debit, state_.typed.description, edited.entry.get());
-  front_end_.Changed(StateArea());
+  announcer_.Changed(StateArea());
 }
 
 void EntrySheet::DropSuggestion() {
   state_.suggestion.reset();
-  front_end_.Changed(StateArea());
+  announcer_.Changed(StateArea());
 }
 
 void EntrySheet::TakeSuggestion() {
@@ -212,7 +212,7 @@ void EntrySheet::Split_ClearSplit() {
   typed.to_from.clear();
   EnableFieldsForSplit(false);
   Split_UpdateTotal();
-  front_end_.Changed(StateArea());
+  announcer_.Changed(StateArea());
 }
 
 void EntrySheet::Split_UpdateTotal() {
@@ -235,7 +235,7 @@ void EntrySheet::Split_Table_Field() {
     typed.to_from.clear();
   }
   EnableFieldsForSplit(is_split);
-  front_end_.Changed(StateArea());
+  announcer_.Changed(StateArea());
 }
 
 void EntrySheet::EnableFieldsForSplit(bool is_split) noexcept {

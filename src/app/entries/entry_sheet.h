@@ -5,6 +5,7 @@
 
 #include "app/entries/edit_sheet.h"
 #include "app/entries/entry_sheet_state.h"
+#include "app/face/announcer.h"
 
 namespace tallyfold {
 
@@ -16,8 +17,8 @@ class EntrySheet final : public EditSheet {
  public:
   enum class Kind : std::uint8_t { Debit, Deposit };
 
-  EntrySheet(Kind kind, Keeper& keeper, FrontEnd& front_end) noexcept
-      : EditSheet(keeper), kind_(kind), front_end_(front_end) {}
+  EntrySheet(Kind kind, Keeper& keeper, Announcer& announcer) noexcept
+      : EditSheet(keeper), kind_(kind), announcer_(announcer) {}
 
   [[nodiscard]] const EntrySheetState& State() const noexcept { return state_; }
   // Takes over what the user typed.
@@ -67,7 +68,7 @@ class EntrySheet final : public EditSheet {
   void EnableFieldsForSplit(bool is_split) noexcept;
 
   const Kind kind_;
-  FrontEnd& front_end_;
+  Announcer& announcer_;
   EntrySheetState state_;
   // What the amount field opened with; 0 where a split's lines made it up.
   double opened_amount_ = 0.0;

@@ -41,7 +41,7 @@ void TransferSheet::Fill(const EditedEntry& edited, const LDGRAccount& account,
   typed.notes = entry.GetNotes();
   PopulateAccounts(edited, account);
   if (!edited.is_new) state_.note = links_.NoteOnOtherHalf(account, entry);
-  front_end_.Changed(StateArea());
+  announcer_.Changed(StateArea());
 }
 
 void TransferSheet::PopulateAccounts(const EditedEntry& edited, const LDGRAccount& account) {

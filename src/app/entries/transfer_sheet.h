@@ -6,6 +6,7 @@
 #include "app/entries/edit_sheet.h"
 #include "app/entries/transfer_links.h"
 #include "app/entries/transfer_sheet_state.h"
+#include "app/face/announcer.h"
 #include "model/account.h"
 
 namespace tallyfold {
@@ -15,8 +16,8 @@ namespace tallyfold {
 class TransferSheet final : public EditSheet {
  public:
   TransferSheet(Keeper& keeper, const Desk& desk, const TransferLinks& links,
-                FrontEnd& front_end) noexcept
-      : EditSheet(keeper), desk_(desk), links_(links), front_end_(front_end) {}
+                Announcer& announcer) noexcept
+      : EditSheet(keeper), desk_(desk), links_(links), announcer_(announcer) {}
 
   [[nodiscard]] const TransferSheetState& State() const noexcept { return state_; }
   // Takes over what the user typed.
@@ -37,7 +38,7 @@ class TransferSheet final : public EditSheet {
 
   const Desk& desk_;
   const TransferLinks& links_;
-  FrontEnd& front_end_;
+  Announcer& announcer_;
   TransferSheetState state_;
   double opened_amount_ = 0.0;
 };

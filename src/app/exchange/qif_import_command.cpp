@@ -5,6 +5,7 @@
 namespace tallyfold {
 
 bool QifImportCommand::QIFImport() {
+  const Announcer::Operation operation(announcer_);
   speaker_.StopSpeech();
   const auto account = desk_.SelectedAccount();
   if (account == nullptr || !desk_.IsUnlocked() || !sheets_.IsFree() || import_.IsRunning()) {
@@ -26,6 +27,7 @@ bool QifImportCommand::QIFImport() {
 }
 
 void QifImportCommand::Ended() {
+  const Announcer::Operation operation(announcer_);
   refresh_.ImportEnded();
   if (tabs_.State().selected == Tab::Summary) summary_.Show();
   refresh_.AccountsList_Redraw();

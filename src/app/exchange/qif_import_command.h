@@ -9,6 +9,7 @@
 #include "app/desk.h"
 #include "app/exchange/encoding_menu.h"
 #include "app/exchange/qif_import_controller.h"
+#include "app/face/announcer.h"
 #include "app/face/refresh.h"
 #include "app/face/sheet_slot.h"
 #include "app/shell/idle_watch.h"
@@ -30,7 +31,8 @@ class QifImportCommand {
   QifImportCommand(Desk& desk, const SheetSlot& sheets, const Tabs& tabs,
                    AccountSummaryTab& summary, EntrySpeaker& speaker,
                    LDGRQIFImportController& import, const TextEncodings& encodings,
-                   FilePanels& panels, IdleWatch& idle, Refresh& refresh) noexcept
+                   FilePanels& panels, IdleWatch& idle, Refresh& refresh,
+                   Announcer& announcer) noexcept
       : desk_(desk),
         sheets_(sheets),
         tabs_(tabs),
@@ -40,7 +42,8 @@ class QifImportCommand {
         encodings_(encodings),
         panels_(panels),
         idle_(idle),
-        refresh_(refresh) {}
+        refresh_(refresh),
+        announcer_(announcer) {}
   QifImportCommand(const QifImportCommand&) = delete;
   QifImportCommand& operator=(const QifImportCommand&) = delete;
 
@@ -64,6 +67,7 @@ class QifImportCommand {
   FilePanels& panels_;
   IdleWatch& idle_;
   Refresh& refresh_;
+  Announcer& announcer_;
   EncodingMenu menu_;
   std::chrono::milliseconds until_next_tick_ = IdleWatch::kInterval;
 };

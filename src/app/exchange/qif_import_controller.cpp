@@ -19,6 +19,7 @@ const QifAccount* LDGRQIFImportController::ChosenAccount(const QifResult& result
 }
 
 void LDGRQIFImportController::Import_Init(const QifResult& result) {
+  const Announcer::Operation operation(announcer_);
   const QifAccount* account = ChosenAccount(result);
   const QifEntryList& chosen = account == nullptr ? result.entries : *account->entries;
   review_ = QifReview(result, chosen, *account_);
@@ -41,14 +42,14 @@ void LDGRQIFImportController::Import_Run() {
   stage_ = Stage::Review;
   up_.emplace(modal_);
   review_state_.is_open = true;
-  front_end_.Changed(Area::ImportReview);
+  announcer_.Changed(Area::ImportReview);
 }
 
 void LDGRQIFImportController::CloseReview() {
   review_state_.is_open = false;
   rows_.SetEntries({});
   edit_entry_ = nullptr;
-  front_end_.Changed(Area::ImportReview);
+  announcer_.Changed(Area::ImportReview);
 }
 
 std::shared_ptr<LDGRQIFImportEntry> LDGRQIFImportController::EntryAtPlace(
@@ -69,43 +70,51 @@ void LDGRQIFImportController::Import_DoNotImportPotentialDuplicates() {
 // --- Commands -----------------------------------------------------------------------------------
 
 void LDGRQIFImportController::SelectEntry(const std::shared_ptr<LDGRQIFImportEntry>& entry) {
+  const Announcer::Operation operation(announcer_);
   rows_.SelectRow(rows_.EntryToRow(entry.get()).value_or(TableView::kNoRow));
   UpdateButtons();
   rows_.Redraw();
 }
 
 void LDGRQIFImportController::ClickedTableColumn(std::string_view identifier) {
+  const Announcer::Operation operation(announcer_);
   rows_.ClickedTableColumn(identifier);
   rows_.Redraw();
 }
 
 void LDGRQIFImportController::ImportEntry_Import() {
+  const Announcer::Operation operation(announcer_);
   Import_CheckBox(rows_.GetSelectedEntry());
 }
 
 void LDGRQIFImportController::ImportEntry_Resolve() {
+  const Announcer::Operation operation(announcer_);
   Cleared_CheckBox(rows_.GetSelectedEntry());
 }
 
 void LDGRQIFImportController::Import_CheckBox(const std::shared_ptr<LDGRQIFImportEntry>& entry) {
+  const Announcer::Operation operation(announcer_);
   if (!IsReviewing() || entry == nullptr) return;
   review_.Toggle(entry);
   EntriesChanged();
 }
 
 void LDGRQIFImportController::Cleared_CheckBox(const std::shared_ptr<LDGRQIFImportEntry>& entry) {
+  const Announcer::Operation operation(announcer_);
   if (!IsReviewing() || entry == nullptr) return;
   entry->SetCleared(!entry->GetCleared());
   EntriesChanged();
 }
 
 void LDGRQIFImportController::ImportEntry_ImportAll() {
+  const Announcer::Operation operation(announcer_);
   if (!IsReviewing()) return;
   review_.ToggleAll();
   EntriesChanged();
 }
 
 void LDGRQIFImportController::ImportEntry_Remove() {
+  const Announcer::Operation operation(announcer_);
   const auto entry = rows_.GetSelectedEntry();
   if (!IsReviewing() || !sheets_.IsFree() || entry == nullptr) return;
   review_.Remove(entry.get());
@@ -161,7 +170,7 @@ void LDGRQIFImportController::ImportTotal_Field_Update() {
   review_state_.total_text = RegisterAmountText(review_state_.total, desk_.preferences());
   review_state_.entry_count = review_.entries().size();
   review_state_.marked_count = review_.MarkedCount();
-  front_end_.Changed(Area::ImportReview);
+  announcer_.Changed(Area::ImportReview);
 }
 
 // --- The end ------------------------------------------------------------------------------------
@@ -177,10 +186,11 @@ bool LDGRQIFImportController::import_OK_Button() {
 }
 
 bool LDGRQIFImportController::Import_OK() {
+  const Announcer::Operation operation(announcer_);
   if (!IsReviewing() || !sheets_.IsFree()) return false;
   if (account_ != desk_.SelectedAccount()) {
     review_state_.account_is_gone = true;
-    front_end_.Changed(Area::ImportReview);
+    announcer_.Changed(Area::ImportReview);
     return false;
   }
   CloseReview();
@@ -190,12 +200,14 @@ bool LDGRQIFImportController::Import_OK() {
 }
 
 void LDGRQIFImportController::import_Cancel_Button() {
+  const Announcer::Operation operation(announcer_);
   if (!IsReviewing() || !sheets_.IsFree()) return;
   CloseReview();
   StageEnded(kCancelled);
 }
 
 bool LDGRQIFImportController::import_GoBack_Button() {
+  const Announcer::Operation operation(announcer_);
   if (!IsReviewing() || !sheets_.IsFree()) return false;
   CloseReview();
   StageEnded(kGoBack);

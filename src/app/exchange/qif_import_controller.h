@@ -11,7 +11,7 @@
 #include "app/entries/entry_editing.h"
 #include "app/exchange/qif_import_state.h"
 #include "app/exchange/qif_import_table_data.h"
-#include "app/face/front_end.h"
+#include "app/face/announcer.h"
 #include "app/face/sheet_slot.h"
 #include "app/shell/modal_watch.h"
 #include "exchange/qif_import.h"
@@ -48,7 +48,7 @@ class LDGRQIFImportController final : private EntryOwner {
   LDGRQIFImportController(Host& host, Desk& desk, EntryEditing& editing, EntrySpeaker& speaker,
                           ModalWatch& modal, const FileSystem& files,
                           const TextEncodings& encodings, SheetSlot& sheets,
-                          FrontEnd& front_end) noexcept
+                          Announcer& announcer) noexcept
       : host_(host),
         desk_(desk),
         editing_(editing),
@@ -57,8 +57,8 @@ class LDGRQIFImportController final : private EntryOwner {
         files_(files),
         encodings_(encodings),
         sheets_(sheets),
-        front_end_(front_end),
-        rows_(front_end) {}
+        announcer_(announcer),
+        rows_(announcer) {}
   LDGRQIFImportController(const LDGRQIFImportController&) = delete;
   LDGRQIFImportController& operator=(const LDGRQIFImportController&) = delete;
 
@@ -169,7 +169,7 @@ class LDGRQIFImportController final : private EntryOwner {
   const FileSystem& files_;
   const TextEncodings& encodings_;
   SheetSlot& sheets_;
-  FrontEnd& front_end_;
+  Announcer& announcer_;
 
   Stage stage_ = Stage::None;
   // There while a stage is.

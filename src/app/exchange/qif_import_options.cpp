@@ -66,7 +66,7 @@ void LDGRQIFImportController::ImportOptions_Populate() {
     options_.swap_to_from = to_from;
     options_.swap_description = description;
   }
-  front_end_.Changed(Area::ImportOptionsSheet);
+  announcer_.Changed(Area::ImportOptionsSheet);
 }
 
 void LDGRQIFImportController::ImportOptions_SwapOptions(SwapPopUp changed,
@@ -79,12 +79,13 @@ void LDGRQIFImportController::ImportOptions_SwapOptions(SwapPopUp changed,
     if (*other == destination) *other = picked;
   }
   picked = destination;
-  front_end_.Changed(Area::ImportOptionsSheet);
+  announcer_.Changed(Area::ImportOptionsSheet);
 }
 
 // --- Stages -------------------------------------------------------------------------------------
 
 bool LDGRQIFImportController::Run() {
+  const Announcer::Operation operation(announcer_);
   return stage_ == Stage::None && account_ != nullptr && ImportOptions_Run();
 }
 
@@ -93,12 +94,13 @@ bool LDGRQIFImportController::ImportOptions_Run() {
   stage_ = Stage::Options;
   up_.emplace(modal_);
   options_.is_open = true;
-  front_end_.Changed(Area::ImportOptionsSheet);
+  announcer_.Changed(Area::ImportOptionsSheet);
   return true;
 }
 
 bool LDGRQIFImportController::ImportOptions_OK() {
-  if (stage_ != Stage::Options || !front_end_.EndEditing(Sheet::ImportOptions)) return false;
+  const Announcer::Operation operation(announcer_);
+  if (stage_ != Stage::Options || !announcer_.EndEditing(Sheet::ImportOptions)) return false;
   StoreOptions();
   PassOptionsToParser();
   Import_Init(import_.Parse());
@@ -107,6 +109,7 @@ bool LDGRQIFImportController::ImportOptions_OK() {
 }
 
 void LDGRQIFImportController::ImportOptions_Cancel() {
+  const Announcer::Operation operation(announcer_);
   if (stage_ == Stage::Options) StageEnded(kCancelled);
 }
 
@@ -115,6 +118,7 @@ void LDGRQIFImportController::StageEnded(std::int32_t result) {
   up_.reset();
   if (ended == Stage::Options) {
     options_.is_open = false;
+    announcer_.Changed(Area::ImportOptionsSheet);
     sheets_.Close(Sheet::ImportOptions);
     if (result == kConfirmed) return Import_Run();
   } else if (result == kGoBack && ImportOptions_Run()) {

@@ -8,6 +8,7 @@
 #include <string_view>
 #include <vector>
 
+#include "app/face/announcer.h"
 #include "app/face/front_end.h"
 #include "exchange/qif_import_entry.h"
 #include "registers/table_view.h"
@@ -20,7 +21,8 @@ namespace tallyfold {
 class LDGRQIFImportTableViewDataSource final : public TableDataSource {
  public:
   // The front end hears of Area::ImportReview when rows are to be drawn anew.
-  explicit LDGRQIFImportTableViewDataSource(FrontEnd& front_end) noexcept : front_end_(front_end) {}
+  explicit LDGRQIFImportTableViewDataSource(Announcer& announcer) noexcept
+      : announcer_(announcer) {}
   LDGRQIFImportTableViewDataSource(const LDGRQIFImportTableViewDataSource&) = delete;
   LDGRQIFImportTableViewDataSource& operator=(const LDGRQIFImportTableViewDataSource&) = delete;
 
@@ -42,7 +44,7 @@ class LDGRQIFImportTableViewDataSource final : public TableDataSource {
   void AddEntry(std::shared_ptr<LDGRQIFImportEntry> entry);
   // Then the entry that takes its place is selected, if it was.
   void RemoveEntry(const LDGRQIFImportEntry* entry);
-  void Redraw() { front_end_.Changed(Area::ImportReview); }
+  void Redraw() { announcer_.Changed(Area::ImportReview); }
 
   // Null when nothing is selected.
   [[nodiscard]] const std::shared_ptr<LDGRQIFImportEntry>& GetSelectedEntry() const noexcept {
@@ -70,7 +72,7 @@ class LDGRQIFImportTableViewDataSource final : public TableDataSource {
   [[nodiscard]] TableCell tableView(std::string_view column, std::size_t row) const override;
 
  private:
-  FrontEnd& front_end_;
+  Announcer& announcer_;
   QifImportEntryList entries_;
   std::shared_ptr<LDGRQIFImportEntry> selected_;
   std::shared_ptr<LDGRAccountPreferences> preferences_;

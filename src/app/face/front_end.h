@@ -71,8 +71,9 @@ class FrontEnd {
  public:
   virtual ~FrontEnd() = default;
 
-  // Called after the state of `area` has changed, often several times for one operation. It must
-  // not call operations.
+  // The state of `area` has changed: told once an operation, when everything it changes is as it
+  // will stay, and before a question to the user. States may be asked; a reference to one is good
+  // until the next operation. It must not call operations.
   virtual void Changed([[maybe_unused]] Area area) {}
   // Ends editing in the fields of an open sheet. False when a field refuses what was typed into
   // it; the operation that asked then changes nothing and the sheet stays open.

@@ -5,6 +5,7 @@
 namespace tallyfold {
 
 void PasswordSheet::Open(std::string title) {
+  const Announcer::Operation operation(announcer_);
   if (!sheets_.IsFree()) return;
   window_->BringToFront();
   window_->RememberFirstResponder();
@@ -12,7 +13,7 @@ void PasswordSheet::Open(std::string title) {
   state_ = PasswordSheetState();
   state_.title = std::move(title);
   state_.is_open = true;
-  front_end_.Changed(area_);
+  announcer_.Changed(area_);
   sheets_.Open(which_, nullptr);
 }
 
@@ -21,23 +22,26 @@ void PasswordSheet::ValidatePassword(std::string typed, const std::string& passw
   state_.typed = std::move(typed);
   state_.ok_is_enabled = state_.typed == password;
   if (state_.ok_is_enabled) state_.alert.clear();
-  front_end_.Changed(area_);
+  announcer_.Changed(area_);
 }
 
 void PasswordSheet::DisableOK() {
   if (!state_.ok_is_enabled) return;
   state_.ok_is_enabled = false;
-  front_end_.Changed(area_);
+  announcer_.Changed(area_);
 }
 
 void PasswordSheet::Close() {
+  const Announcer::Operation operation(announcer_);
   if (!state_.is_open) return;
   window_->SetContentsEnabled(true);
   // A password field refuses nothing, and the sheet closes in any case.
-  static_cast<void>(front_end_.EndEditing(which_));
+  static_cast<void>(announcer_.EndEditing(which_));
   state_ = PasswordSheetState();
-  front_end_.Changed(area_);
+  announcer_.Changed(area_);
   sheets_.Close(which_);
+  // The focus goes back to a window that the sheet has left.
+  announcer_.HandOver();
   window_->RestoreFirstResponder();
 }
 

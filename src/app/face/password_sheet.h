@@ -2,6 +2,7 @@
 
 #include <string>
 
+#include "app/face/announcer.h"
 #include "app/face/front_end.h"
 #include "app/face/main_window.h"
 #include "app/face/password_sheet_state.h"
@@ -13,8 +14,8 @@ namespace tallyfold {
 class PasswordSheet {
  public:
   PasswordSheet(Sheet which, Area area, SheetSlot& sheets, MainWindowSlot& window,
-                FrontEnd& front_end) noexcept
-      : which_(which), area_(area), sheets_(sheets), window_(window), front_end_(front_end) {}
+                Announcer& announcer) noexcept
+      : which_(which), area_(area), sheets_(sheets), window_(window), announcer_(announcer) {}
   PasswordSheet(const PasswordSheet&) = delete;
   PasswordSheet& operator=(const PasswordSheet&) = delete;
 
@@ -34,7 +35,7 @@ class PasswordSheet {
   const Area area_;
   SheetSlot& sheets_;
   MainWindowSlot& window_;
-  FrontEnd& front_end_;
+  Announcer& announcer_;
   PasswordSheetState state_;
 };
 

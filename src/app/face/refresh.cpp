@@ -11,6 +11,7 @@ void Refresh::EntriesAdded(const EntryList& entries) {
 }
 
 void Refresh::EntriesSaved(const EntryList& entries, bool are_new) {
+  const Announcer::Operation operation(announcer_);
   EntryButtons_Update();
   if (host_.LiveUpdatingFilters()) {
     host_.ReloadRegisters();
@@ -26,6 +27,7 @@ void Refresh::EntriesSaved(const EntryList& entries, bool are_new) {
 }
 
 void Refresh::EntryRemoved() {
+  const Announcer::Operation operation(announcer_);
   host_.ReloadRegisters();
   Balances();
   AccountsList_Redraw();
@@ -34,6 +36,7 @@ void Refresh::EntryRemoved() {
 }
 
 void Refresh::ImportEnded() {
+  const Announcer::Operation operation(announcer_);
   host_.ReloadRegisters();
   host_.Search_Cancel();
   Balances();
@@ -42,20 +45,23 @@ void Refresh::ImportEnded() {
 }
 
 void Refresh::EntryMarked() {
+  const Announcer::Operation operation(announcer_);
   host_.RedrawRegisters();
   Balances();
   AccountsList_Redraw();
 }
 
 void Refresh::SchedulesChanged() {
+  const Announcer::Operation operation(announcer_);
   host_.ReloadSchedules();
-  front_end_.Changed(Area::Schedules);
-  front_end_.Changed(Area::ScheduleButtons);
+  announcer_.Changed(Area::Schedules);
+  announcer_.Changed(Area::ScheduleButtons);
 }
 
 void Refresh::AccountsChanged() {
+  const Announcer::Operation operation(announcer_);
   AccountsList_Redraw();
-  front_end_.Changed(Area::SelectedAccount);
+  announcer_.Changed(Area::SelectedAccount);
   Account_Menu_Show_Menu_Populate();
   host_.RedrawRegisters();
   SchedulesChanged();
@@ -72,13 +78,14 @@ void Refresh::DayChanged() {
 }
 
 void Refresh::Locked() {
+  const Announcer::Operation operation(announcer_);
   AccountsList_Redraw();
   host_.RedrawRegisters();
   SchedulesChanged();
 }
 
 void Refresh::Balances() {
-  front_end_.Changed(Area::Summary);
+  announcer_.Changed(Area::Summary);
   AccountBalance_Field_Update();
   ReconcileTab_UpdateBalances();
 }

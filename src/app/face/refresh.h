@@ -2,6 +2,7 @@
 
 #include <memory>
 
+#include "app/face/announcer.h"
 #include "app/face/front_end.h"
 #include "model/account_entry.h"
 
@@ -31,7 +32,7 @@ class Refresh {
     virtual void TellIfHidden(const std::shared_ptr<LDGRAccountEntry>& entry, bool is_new) = 0;
   };
 
-  Refresh(Host& host, FrontEnd& front_end) noexcept : host_(host), front_end_(front_end) {}
+  Refresh(Host& host, Announcer& announcer) noexcept : host_(host), announcer_(announcer) {}
   Refresh(const Refresh&) = delete;
   Refresh& operator=(const Refresh&) = delete;
 
@@ -56,19 +57,19 @@ class Refresh {
   // After the application was locked: what was shown is no longer.
   void Locked();
 
-  void EntryButtons_Update() { front_end_.Changed(Area::EntryButtons); }
-  void AccountBalance_Field_Update() { front_end_.Changed(Area::Balance); }
-  void ReconcileTab_UpdateBalances() { front_end_.Changed(Area::ReconcileBalances); }
-  void AccountsList_Redraw() { front_end_.Changed(Area::Accounts); }
-  void Account_Menu_Show_Menu_Populate() { front_end_.Changed(Area::AccountMenu); }
-  void entryMenu_Types_Menu_Populate() { front_end_.Changed(Area::EntryTypeMenu); }
+  void EntryButtons_Update() { announcer_.Changed(Area::EntryButtons); }
+  void AccountBalance_Field_Update() { announcer_.Changed(Area::Balance); }
+  void ReconcileTab_UpdateBalances() { announcer_.Changed(Area::ReconcileBalances); }
+  void AccountsList_Redraw() { announcer_.Changed(Area::Accounts); }
+  void Account_Menu_Show_Menu_Populate() { announcer_.Changed(Area::AccountMenu); }
+  void entryMenu_Types_Menu_Populate() { announcer_.Changed(Area::EntryTypeMenu); }
 
  private:
   void Balances();
   void EntriesSaved(const EntryList& entries, bool are_new);
 
   Host& host_;
-  FrontEnd& front_end_;
+  Announcer& announcer_;
 };
 
 }  // namespace tallyfold

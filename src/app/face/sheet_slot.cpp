@@ -8,7 +8,7 @@ bool SheetSlot::Open(Sheet sheet, std::function<void()> cancel) {
   if (!IsFree()) return false;
   current_ = sheet;
   cancel_ = std::move(cancel);
-  front_end_.Changed(Area::Sheet);
+  announcer_.Changed(Area::Sheet);
   return true;
 }
 
@@ -16,7 +16,7 @@ void SheetSlot::Close(Sheet sheet) {
   if (current_ != sheet) return;
   current_ = Sheet::None;
   cancel_ = nullptr;
-  front_end_.Changed(Area::Sheet);
+  announcer_.Changed(Area::Sheet);
 }
 
 void SheetSlot::CancelOpen() {

@@ -2,6 +2,7 @@
 
 #include <functional>
 
+#include "app/face/announcer.h"
 #include "app/face/front_end.h"
 
 namespace tallyfold {
@@ -9,7 +10,7 @@ namespace tallyfold {
 // Which sheet is attached to the main window.
 class SheetSlot {
  public:
-  explicit SheetSlot(FrontEnd& front_end) noexcept : front_end_(front_end) {}
+  explicit SheetSlot(Announcer& announcer) noexcept : announcer_(announcer) {}
   SheetSlot(const SheetSlot&) = delete;
   SheetSlot& operator=(const SheetSlot&) = delete;
 
@@ -24,7 +25,7 @@ class SheetSlot {
   void CancelOpen();
 
  private:
-  FrontEnd& front_end_;
+  Announcer& announcer_;
   Sheet current_ = Sheet::None;
   std::function<void()> cancel_;
 };

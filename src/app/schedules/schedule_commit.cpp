@@ -45,6 +45,7 @@ std::vector<DueOccurrence> ScheduleCommit::Due(DateNumber through) const {
 }
 
 bool ScheduleCommit::CommitAll(const std::vector<DueOccurrence>& occurrences) {
+  const Announcer::Operation operation(announcer_);
   const auto account = AccountFor(occurrences);
   if (account == nullptr) return false;
   EntryList entries;
@@ -79,6 +80,7 @@ std::shared_ptr<LDGRAccountEntry> ScheduleCommit::Add(LDGRAccount& account,
 }
 
 bool ScheduleCommit::SkipAll(const std::vector<DueOccurrence>& occurrences) {
+  const Announcer::Operation operation(announcer_);
   const auto account = AccountFor(occurrences);
   if (account == nullptr) return false;
   for (const DueOccurrence& occurrence : occurrences) {

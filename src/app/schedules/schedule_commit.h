@@ -5,6 +5,7 @@
 
 #include "app/desk.h"
 #include "app/entries/transfer_links.h"
+#include "app/face/announcer.h"
 #include "app/face/refresh.h"
 #include "app/schedules/due_occurrence.h"
 #include "model/account.h"
@@ -20,8 +21,9 @@ namespace tallyfold {
 // Turns due occurrences of the selected account's scheduled entries into entries of its register.
 class ScheduleCommit {
  public:
-  ScheduleCommit(const Desk& desk, const TransferLinks& links, Refresh& refresh) noexcept
-      : desk_(desk), links_(links), refresh_(refresh) {}
+  ScheduleCommit(const Desk& desk, const TransferLinks& links, Refresh& refresh,
+                 Announcer& announcer) noexcept
+      : desk_(desk), links_(links), refresh_(refresh), announcer_(announcer) {}
   ScheduleCommit(const ScheduleCommit&) = delete;
   ScheduleCommit& operator=(const ScheduleCommit&) = delete;
 
@@ -52,6 +54,7 @@ class ScheduleCommit {
   const Desk& desk_;
   const TransferLinks& links_;
   Refresh& refresh_;
+  Announcer& announcer_;
 };
 
 }  // namespace tallyfold

@@ -63,6 +63,7 @@ bool HasTag(const std::vector<PopUpItem>& items, std::int32_t tag) {
 }  // namespace
 
 bool ScheduleEditing::New(EntryKind kind) {
+  const Announcer::Operation operation(announcer_);
   const auto account = desk_.SelectedAccount();
   if (account == nullptr || !sheets_.IsFree()) return false;
   ScheduleValues values;
@@ -88,6 +89,7 @@ bool ScheduleEditing::New(EntryKind kind) {
 }
 
 bool ScheduleEditing::Edit() {
+  const Announcer::Operation operation(announcer_);
   const auto account = desk_.SelectedAccount();
   auto schedule = desk_.SelectedSchedule();
   if (account == nullptr || schedule == nullptr || !sheets_.IsFree()) return false;
@@ -190,11 +192,12 @@ void ScheduleEditing::Update() {
     StoreValues(values, *schedule);
     state_.dates = ScheduleDates(*schedule);
   }
-  front_end_.Changed(Area::ScheduleSheet);
+  announcer_.Changed(Area::ScheduleSheet);
 }
 
 bool ScheduleEditing::OK() {
-  if (!state_.is_open || !front_end_.EndEditing(Sheet::Schedule)) return false;
+  const Announcer::Operation operation(announcer_);
+  if (!state_.is_open || !announcer_.EndEditing(Sheet::Schedule)) return false;
   state_.problem = CheckTarget();
   if (state_.problem.empty()) {
     state_.problem =
@@ -202,7 +205,7 @@ bool ScheduleEditing::OK() {
   }
   if (state_.problem.empty()) state_.problem = CheckOtherAccount();
   if (!state_.problem.empty()) {
-    front_end_.Changed(Area::ScheduleSheet);
+    announcer_.Changed(Area::ScheduleSheet);
     return false;
   }
 
@@ -246,13 +249,14 @@ std::string ScheduleEditing::CheckOtherAccount() {
 }
 
 void ScheduleEditing::Cancel() {
+  const Announcer::Operation operation(announcer_);
   if (state_.is_open) Close();
 }
 
 void ScheduleEditing::Close() {
   state_.is_open = false;
   edited_ = nullptr;
-  front_end_.Changed(Area::ScheduleSheet);
+  announcer_.Changed(Area::ScheduleSheet);
   sheets_.Close(Sheet::Schedule);
 }
 

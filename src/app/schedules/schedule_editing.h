@@ -4,7 +4,7 @@
 #include <string>
 
 #include "app/desk.h"
-#include "app/face/front_end.h"
+#include "app/face/announcer.h"
 #include "app/face/refresh.h"
 #include "app/face/sheet_slot.h"
 #include "app/schedules/schedule_sheet_state.h"
@@ -17,8 +17,8 @@ namespace tallyfold {
 // account changes at OK alone, all at once or not at all.
 class ScheduleEditing {
  public:
-  ScheduleEditing(Desk& desk, SheetSlot& sheets, Refresh& refresh, FrontEnd& front_end) noexcept
-      : desk_(desk), sheets_(sheets), refresh_(refresh), front_end_(front_end) {}
+  ScheduleEditing(Desk& desk, SheetSlot& sheets, Refresh& refresh, Announcer& announcer) noexcept
+      : desk_(desk), sheets_(sheets), refresh_(refresh), announcer_(announcer) {}
   ScheduleEditing(const ScheduleEditing&) = delete;
   ScheduleEditing& operator=(const ScheduleEditing&) = delete;
 
@@ -51,7 +51,7 @@ class ScheduleEditing {
   Desk& desk_;
   SheetSlot& sheets_;
   Refresh& refresh_;
-  FrontEnd& front_end_;
+  Announcer& announcer_;
   ScheduleSheetState state_;
   std::weak_ptr<LDGRAccount> account_;
   // The schedule that is changed; null for a new one.

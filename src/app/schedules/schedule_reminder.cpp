@@ -48,6 +48,7 @@ auto KeyOf(const ReminderRow& row) {
 // --- Opening and closing ------------------------------------------------------------------------
 
 void ScheduleReminder::OfferDueOccurrences(bool by_timer) {
+  const Announcer::Operation operation(announcer_);
   if (!sheets_.IsFree()) return;
   const std::vector<Due> due = DueOccurrences();
   if (due.empty() || (by_timer && IsPutOff(due))) return;
@@ -55,6 +56,7 @@ void ScheduleReminder::OfferDueOccurrences(bool by_timer) {
 }
 
 bool ScheduleReminder::Open() {
+  const Announcer::Operation operation(announcer_);
   if (desk_.SelectedAccount() == nullptr || !sheets_.IsFree()) return false;
   Show();
   return true;
@@ -80,6 +82,7 @@ void ScheduleReminder::Show() {
 }
 
 void ScheduleReminder::Later() {
+  const Announcer::Operation operation(announcer_);
   if (!state_.is_open) return;
   Close();
   const auto account = desk_.SelectedAccount();
@@ -91,12 +94,13 @@ void ScheduleReminder::Later() {
 }
 
 void ScheduleReminder::Dismiss() {
+  const Announcer::Operation operation(announcer_);
   if (state_.is_open) Close();
 }
 
 void ScheduleReminder::Close() {
   state_ = ScheduleReminderState();
-  front_end_.Changed(Area::ScheduleReminderSheet);
+  announcer_.Changed(Area::ScheduleReminderSheet);
   sheets_.Close(Sheet::ScheduleReminder);
 }
 
@@ -211,7 +215,7 @@ void ScheduleReminder::UpdateBalance() {
     state_.balance = RoundNearZeroValue(*balance);
     state_.balance_text = RegisterAmountText(*balance, desk_.preferences());
   }
-  front_end_.Changed(Area::ScheduleReminderSheet);
+  announcer_.Changed(Area::ScheduleReminderSheet);
 }
 
 std::optional<double> ScheduleReminder::Balance() const {
@@ -308,12 +312,13 @@ std::vector<DueOccurrence> ScheduleReminder::MarkedOccurrences(bool all) {
 
 bool ScheduleReminder::Refuse(std::string problem) {
   state_.problem = std::move(problem);
-  front_end_.Changed(Area::ScheduleReminderSheet);
+  announcer_.Changed(Area::ScheduleReminderSheet);
   return false;
 }
 
 bool ScheduleReminder::Commit(bool all) {
-  if (!state_.is_open || !front_end_.EndEditing(Sheet::ScheduleReminder)) return false;
+  const Announcer::Operation operation(announcer_);
+  if (!state_.is_open || !announcer_.EndEditing(Sheet::ScheduleReminder)) return false;
   const std::vector<DueOccurrence> occurrences = MarkedOccurrences(all);
   if (occurrences.empty()) return false;
   if (!commit_.CommitAll(occurrences)) {
@@ -326,7 +331,8 @@ bool ScheduleReminder::Commit(bool all) {
 }
 
 bool ScheduleReminder::SkipMarked() {
-  if (!state_.is_open || !front_end_.EndEditing(Sheet::ScheduleReminder)) return false;
+  const Announcer::Operation operation(announcer_);
+  if (!state_.is_open || !announcer_.EndEditing(Sheet::ScheduleReminder)) return false;
   const std::vector<DueOccurrence> occurrences = MarkedOccurrences(false);
   if (occurrences.empty()) return false;
   const bool skipped = commit_.SkipAll(occurrences);

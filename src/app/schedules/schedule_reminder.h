@@ -9,7 +9,7 @@
 #include <vector>
 
 #include "app/desk.h"
-#include "app/face/front_end.h"
+#include "app/face/announcer.h"
 #include "app/face/sheet_slot.h"
 #include "app/schedules/due_occurrence.h"
 #include "app/schedules/schedule_commit.h"
@@ -30,8 +30,8 @@ class ScheduleReminder {
 
   // Everything must outlive the reminder.
   ScheduleReminder(Desk& desk, ScheduleCommit& commit, SheetSlot& sheets, const RunLoop& loop,
-                   FrontEnd& front_end) noexcept
-      : desk_(desk), commit_(commit), sheets_(sheets), loop_(loop), front_end_(front_end) {}
+                   Announcer& announcer) noexcept
+      : desk_(desk), commit_(commit), sheets_(sheets), loop_(loop), announcer_(announcer) {}
   ScheduleReminder(const ScheduleReminder&) = delete;
   ScheduleReminder& operator=(const ScheduleReminder&) = delete;
 
@@ -101,7 +101,7 @@ class ScheduleReminder {
   ScheduleCommit& commit_;
   SheetSlot& sheets_;
   const RunLoop& loop_;
-  FrontEnd& front_end_;
+  Announcer& announcer_;
   ScheduleReminderState state_;
   std::vector<PutOff> put_off_;
 };

@@ -10,12 +10,12 @@
 namespace tallyfold {
 
 SchedulesTab::SchedulesTab(Desk& desk, ScheduleCommit& commit, SheetSlot& sheets, Refresh& refresh,
-                           FrontEnd& front_end)
+                           Announcer& announcer)
     : desk_(desk),
       commit_(commit),
       sheets_(sheets),
       refresh_(refresh),
-      front_end_(front_end),
+      announcer_(announcer),
       table_(DefaultScheduleColumns(), this),
       rows_(desk, table_) {
   desk_.SetSchedules(&rows_);
@@ -42,37 +42,42 @@ bool SchedulesTab::IsReady() const {
 }
 
 void SchedulesTab::ScheduleRemoveConfirm_Begin() {
+  const Announcer::Operation operation(announcer_);
   if (!IsReady()) return;
   if (!desk_.preferences().GetScheduleRemoveConfirm()) return Schedule_Delete();
   confirm_ = {true,
               LocalizedText("Are you sure you would like to remove the selected scheduled entry?")};
-  front_end_.Changed(Area::ScheduleRemoveSheet);
+  announcer_.Changed(Area::ScheduleRemoveSheet);
   sheets_.Open(Sheet::ScheduleRemoveConfirm, [this] { ScheduleRemoveConfirm_Cancel(); });
 }
 
 void SchedulesTab::ScheduleRemoveConfirm_OK() {
+  const Announcer::Operation operation(announcer_);
   if (!confirm_.is_open) return;
   CloseConfirm();
   Schedule_Delete();
 }
 
 void SchedulesTab::ScheduleRemoveConfirm_Cancel() {
+  const Announcer::Operation operation(announcer_);
   if (confirm_.is_open) CloseConfirm();
 }
 
 void SchedulesTab::CloseConfirm() {
   confirm_ = {};
-  front_end_.Changed(Area::ScheduleRemoveSheet);
+  announcer_.Changed(Area::ScheduleRemoveSheet);
   sheets_.Close(Sheet::ScheduleRemoveConfirm);
 }
 
 void SchedulesTab::Schedule_Delete() {
+  const Announcer::Operation operation(announcer_);
   if (!IsReady()) return;
   desk_.SelectedAccount()->RemoveSchedule(rows_.SelectedSchedule().get());
   refresh_.SchedulesChanged();
 }
 
 bool SchedulesTab::Schedule_Duplicate() {
+  const Announcer::Operation operation(announcer_);
   if (!IsReady()) return false;
   const auto account = desk_.SelectedAccount();
   const auto original = rows_.SelectedSchedule();
@@ -97,16 +102,18 @@ DueOccurrence SchedulesTab::NextOccurrence() const {
 }
 
 bool SchedulesTab::Schedule_CommitNext() {
+  const Announcer::Operation operation(announcer_);
   return commit_.Commit(NextOccurrence());
 }
 
 bool SchedulesTab::Schedule_SkipNext() {
+  const Announcer::Operation operation(announcer_);
   return commit_.Skip(NextOccurrence());
 }
 
 void SchedulesTab::TableChanged(const TableView& /*table*/, TableView::Change change) {
-  front_end_.Changed(Area::Schedules);
-  if (change == TableView::Change::SelectedRow) front_end_.Changed(Area::ScheduleButtons);
+  announcer_.Changed(Area::Schedules);
+  if (change == TableView::Change::SelectedRow) announcer_.Changed(Area::ScheduleButtons);
 }
 
 }  // namespace tallyfold

@@ -4,7 +4,7 @@
 #include <string>
 
 #include "app/desk.h"
-#include "app/face/front_end.h"
+#include "app/face/announcer.h"
 #include "app/face/refresh.h"
 #include "app/face/sheet_slot.h"
 #include "app/schedules/schedule_commit.h"
@@ -29,7 +29,7 @@ struct ScheduleRemoveSheetState {
 class SchedulesTab final : private TableView::Observer {
  public:
   SchedulesTab(Desk& desk, ScheduleCommit& commit, SheetSlot& sheets, Refresh& refresh,
-               FrontEnd& front_end);
+               Announcer& announcer);
   SchedulesTab(const SchedulesTab&) = delete;
   SchedulesTab& operator=(const SchedulesTab&) = delete;
   ~SchedulesTab() override;
@@ -69,7 +69,7 @@ class SchedulesTab final : private TableView::Observer {
   ScheduleCommit& commit_;
   SheetSlot& sheets_;
   Refresh& refresh_;
-  FrontEnd& front_end_;
+  Announcer& announcer_;
   TableView table_;
   LDGRScheduleTableViewData rows_;
   ScheduleRemoveSheetState confirm_;

@@ -11,6 +11,7 @@ bool ApplicationLock::authenticate(std::optional<std::string_view> password) {
 }
 
 void ApplicationLock::lock() {
+  const Announcer::Operation operation(announcer_);
   if (!authenticated() || !sheets_.IsFree()) return;
   saving_.Accounts_Save();
   saving_.Preferences_Save();
@@ -26,14 +27,18 @@ void ApplicationLock::WaitAtLaunch() {
 }
 
 bool ApplicationLock::OK() {
+  const Announcer::Operation operation(announcer_);
   if (!State().is_open || !authenticate(State().typed)) return false;
   authenticationSheet_Close();
   init_state_ = 0;
+  refresh_.AccountsList_Redraw();
+  refresh_.Account_Menu_Show_Menu_Populate();
   post_load_.Start(std::chrono::milliseconds(0), [this] { selection_.Accounts_PostLoad(); });
   return true;
 }
 
 void ApplicationLock::Cancel() {
+  const Announcer::Operation operation(announcer_);
   if (!State().is_open) return;
   authenticationSheet_Close();
   application_.Terminate();

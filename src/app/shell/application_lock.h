@@ -7,6 +7,7 @@
 #include <utility>
 
 #include "app/accounts/account_selection.h"
+#include "app/face/announcer.h"
 #include "app/face/front_end.h"
 #include "app/face/main_window.h"
 #include "app/face/password_sheet.h"
@@ -28,14 +29,15 @@ class ApplicationLock {
 
   ApplicationLock(AccountsStore& accounts, Saving& saving, AccountSelection& selection,
                   ApplicationHost& application, SheetSlot& sheets, MainWindowSlot& window,
-                  Refresh& refresh, RunLoop& loop, FrontEnd& front_end) noexcept
+                  Refresh& refresh, RunLoop& loop, Announcer& announcer) noexcept
       : accounts_(accounts),
         saving_(saving),
         selection_(selection),
         application_(application),
         sheets_(sheets),
         refresh_(refresh),
-        sheet_(Sheet::Authentication, Area::AuthenticationSheet, sheets, window, front_end),
+        announcer_(announcer),
+        sheet_(Sheet::Authentication, Area::AuthenticationSheet, sheets, window, announcer),
         post_load_(loop) {}
   ApplicationLock(const ApplicationLock&) = delete;
   ApplicationLock& operator=(const ApplicationLock&) = delete;
@@ -77,6 +79,7 @@ class ApplicationLock {
   ApplicationHost& application_;
   SheetSlot& sheets_;
   Refresh& refresh_;
+  Announcer& announcer_;
   PasswordSheet sheet_;
   std::int32_t init_state_ = 0;
   DelayedCall post_load_;

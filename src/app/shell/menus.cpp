@@ -53,6 +53,7 @@ std::vector<MenuItem> Menus::EntryTypeMenu() const {
 }
 
 void Menus::entryMenu_Types_MenuItem(std::int32_t tag) {
+  const Announcer::Operation operation(announcer_);
   const auto account = desk_.SelectedAccount();
   const auto entry = desk_.SelectedEntry();
   if (account == nullptr || entry == nullptr) return;

@@ -7,6 +7,7 @@
 
 #include "app/accounts/account_selection.h"
 #include "app/desk.h"
+#include "app/face/announcer.h"
 #include "app/face/refresh.h"
 #include "app/face/sheet_slot.h"
 #include "app/shell/modal_watch.h"
@@ -30,8 +31,13 @@ struct MenuItem {
 class Menus {
  public:
   Menus(Desk& desk, const ModalWatch& modal, AccountSelection& selection, const SheetSlot& sheets,
-        Refresh& refresh) noexcept
-      : desk_(desk), modal_(modal), selection_(selection), sheets_(sheets), refresh_(refresh) {}
+        Refresh& refresh, Announcer& announcer) noexcept
+      : desk_(desk),
+        modal_(modal),
+        selection_(selection),
+        sheets_(sheets),
+        refresh_(refresh),
+        announcer_(announcer) {}
   Menus(const Menus&) = delete;
   Menus& operator=(const Menus&) = delete;
 
@@ -57,6 +63,7 @@ class Menus {
   AccountSelection& selection_;
   const SheetSlot& sheets_;
   Refresh& refresh_;
+  Announcer& announcer_;
 };
 
 }  // namespace tallyfold

@@ -4,6 +4,7 @@
 #include <optional>
 #include <string>
 
+#include "app/face/announcer.h"
 #include "platform/alerts.h"
 #include "platform/file_panels.h"
 
@@ -13,8 +14,9 @@ namespace tallyfold {
 // makes up his mind.
 class ModalWatch final : public Alerts, public FilePanels {
  public:
-  // Both must outlive the watch.
-  ModalWatch(Alerts& alerts, FilePanels& panels) noexcept : alerts_(alerts), panels_(panels) {}
+  // All must outlive the watch. The announcer tells what has changed before the user is asked.
+  ModalWatch(Alerts& alerts, FilePanels& panels, Announcer& announcer) noexcept
+      : alerts_(alerts), panels_(panels), announcer_(announcer) {}
   ModalWatch(const ModalWatch&) = delete;
   ModalWatch& operator=(const ModalWatch&) = delete;
 
@@ -38,6 +40,7 @@ class ModalWatch final : public Alerts, public FilePanels {
  private:
   Alerts& alerts_;
   FilePanels& panels_;
+  Announcer& announcer_;
   int depth_ = 0;
 };
 

@@ -9,6 +9,7 @@
 namespace tallyfold {
 
 bool PreferencesSheet::Open() {
+  const Announcer::Operation operation(announcer_);
   if (!desk_.IsUnlocked() || !sheets_.Open(Sheet::Preferences, [this] { Cancel(); })) return false;
   state_ = PreferencesSheetState();
   state_.settings = std::make_shared<LDGRPreferences>(desk_.preferences().asDictionary());
@@ -21,13 +22,13 @@ bool PreferencesSheet::Open() {
   state_.security_note = LocalizedText(
       "A password hides your accounts from others who use this computer.  It does not encrypt the "
       "accounts file.");
-  front_end_.Changed(Area::PreferencesSheet);
+  announcer_.Changed(Area::PreferencesSheet);
   return true;
 }
 
 bool PreferencesSheet::SetField(std::string_view name, std::string_view text) {
   if (!state_.is_open || !SetPreferenceText(*state_.settings, name, text)) return false;
-  front_end_.Changed(Area::PreferencesSheet);
+  announcer_.Changed(Area::PreferencesSheet);
   return true;
 }
 
@@ -38,7 +39,7 @@ bool PreferencesSheet::SelectTab(std::string_view tab) {
     return false;
   }
   state_.tab = tab;
-  front_end_.Changed(Area::PreferencesSheet);
+  announcer_.Changed(Area::PreferencesSheet);
   return true;
 }
 
@@ -48,17 +49,18 @@ void PreferencesSheet::PasswordValidate(std::string password, std::string passwo
   state_.password_again = std::move(password_again);
   state_.passwords_differ = state_.password != state_.password_again;
   state_.ok_is_enabled = !state_.passwords_differ;
-  front_end_.Changed(Area::PreferencesSheet);
+  announcer_.Changed(Area::PreferencesSheet);
 }
 
 void PreferencesSheet::DefaultAppearanceSettings() {
   if (!state_.is_open) return;
   state_.settings->DefaultAppearanceSettings();
-  front_end_.Changed(Area::PreferencesSheet);
+  announcer_.Changed(Area::PreferencesSheet);
 }
 
 bool PreferencesSheet::OK() {
-  if (!state_.is_open || !front_end_.EndEditing(Sheet::Preferences) || !state_.ok_is_enabled) {
+  const Announcer::Operation operation(announcer_);
+  if (!state_.is_open || !announcer_.EndEditing(Sheet::Preferences) || !state_.ok_is_enabled) {
     return false;
   }
   LDGRPreferences& in_force = desk_.preferences();
@@ -73,13 +75,14 @@ bool PreferencesSheet::OK() {
 }
 
 void PreferencesSheet::Cancel() {
+  const Announcer::Operation operation(announcer_);
   if (state_.is_open) Close();
 }
 
 void PreferencesSheet::Close() {
   focus_.Cancel();
   state_ = PreferencesSheetState();
-  front_end_.Changed(Area::PreferencesSheet);
+  announcer_.Changed(Area::PreferencesSheet);
   sheets_.Close(Sheet::Preferences);
 }
 

@@ -6,7 +6,7 @@
 #include <string_view>
 
 #include "app/desk.h"
-#include "app/face/front_end.h"
+#include "app/face/announcer.h"
 #include "app/face/main_window.h"
 #include "app/face/sheet_slot.h"
 #include "app/views/balance_field.h"
@@ -49,14 +49,14 @@ class PreferencesSheet {
 
   PreferencesSheet(Host& host, Desk& desk, AccountsStore& accounts, const BalanceField& balance,
                    MainWindowSlot& window, SheetSlot& sheets, RunLoop& loop,
-                   FrontEnd& front_end) noexcept
+                   Announcer& announcer) noexcept
       : host_(host),
         desk_(desk),
         accounts_(accounts),
         balance_(balance),
         window_(window),
         sheets_(sheets),
-        front_end_(front_end),
+        announcer_(announcer),
         focus_(loop) {}
   PreferencesSheet(const PreferencesSheet&) = delete;
   PreferencesSheet& operator=(const PreferencesSheet&) = delete;
@@ -91,7 +91,7 @@ class PreferencesSheet {
   const BalanceField& balance_;
   MainWindowSlot& window_;
   SheetSlot& sheets_;
-  FrontEnd& front_end_;
+  Announcer& announcer_;
   PreferencesSheetState state_;
   DelayedCall focus_;
 };

@@ -36,13 +36,15 @@ RegisterKind Tabs::ShownRegister() const noexcept {
 }
 
 void Tabs::Select(Tab tab) {
+  const Announcer::Operation operation(announcer_);
   if (state_.selected == tab) return;
   willSelectTabViewItem(TabIdentifier(tab));
   state_.selected = tab;
-  front_end_.Changed(Area::Tabs);
+  announcer_.Changed(Area::Tabs);
 }
 
 void Tabs::willSelectTabViewItem(std::string_view identifier) {
+  const Announcer::Operation operation(announcer_);
   if (const auto tab = TabWithIdentifier(identifier)) {
     // What the enter operations set up belongs to the register that is showing from here on.
     state_.mirrored = *tab;
@@ -65,20 +67,23 @@ void Tabs::willSelectTabViewItem(std::string_view identifier) {
 }
 
 void Tabs::entry_MenuItem() {
+  const Announcer::Operation operation(announcer_);
   Select(Tab::Entry);
   state_.entry_item_is_checked = true;
   state_.reconcile_item_is_checked = false;
-  front_end_.Changed(Area::Tabs);
+  announcer_.Changed(Area::Tabs);
 }
 
 void Tabs::reconcile_MenuItem() {
+  const Announcer::Operation operation(announcer_);
   Select(Tab::Reconcile);
   state_.entry_item_is_checked = false;
   state_.reconcile_item_is_checked = true;
-  front_end_.Changed(Area::Tabs);
+  announcer_.Changed(Area::Tabs);
 }
 
 void Tabs::EntryTab_Enter() {
+  const Announcer::Operation operation(announcer_);
   search_.CancelDelayedSearch();
   refresh_.AccountBalance_Field_Update();
   registers_.SetCurrent(RegisterKind::Entry);
@@ -86,6 +91,7 @@ void Tabs::EntryTab_Enter() {
 }
 
 void Tabs::ReconcileTab_Enter() {
+  const Announcer::Operation operation(announcer_);
   search_.CancelDelayedSearch();
   refresh_.ReconcileTab_UpdateBalances();
   registers_.SetCurrent(RegisterKind::Reconcile);
@@ -93,6 +99,7 @@ void Tabs::ReconcileTab_Enter() {
 }
 
 void Tabs::FillCurrentRegister() {
+  const Announcer::Operation operation(announcer_);
   const auto account = desk_.SelectedAccount();
   const bool is_reconcile = registers_.CurrentKind() == RegisterKind::Reconcile;
   if (account == nullptr) {

@@ -7,7 +7,7 @@
 
 #include "app/desk.h"
 #include "app/entries/entry_reveal.h"
-#include "app/face/front_end.h"
+#include "app/face/announcer.h"
 #include "app/face/refresh.h"
 #include "app/views/account_summary_tab.h"
 #include "app/views/registers.h"
@@ -40,7 +40,7 @@ struct TabsState {
 class Tabs {
  public:
   Tabs(Desk& desk, Registers& registers, RegisterSearch& search, AccountSummaryTab& summary,
-       EntrySpeaker& speaker, EntryReveal& reveal, Refresh& refresh, FrontEnd& front_end) noexcept
+       EntrySpeaker& speaker, EntryReveal& reveal, Refresh& refresh, Announcer& announcer) noexcept
       : desk_(desk),
         registers_(registers),
         search_(search),
@@ -48,7 +48,7 @@ class Tabs {
         speaker_(speaker),
         reveal_(reveal),
         refresh_(refresh),
-        front_end_(front_end) {}
+        announcer_(announcer) {}
   Tabs(const Tabs&) = delete;
   Tabs& operator=(const Tabs&) = delete;
 
@@ -82,7 +82,7 @@ class Tabs {
   EntrySpeaker& speaker_;
   EntryReveal& reveal_;
   Refresh& refresh_;
-  FrontEnd& front_end_;
+  Announcer& announcer_;
   TabsState state_;
 };
 

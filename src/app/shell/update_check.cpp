@@ -49,7 +49,7 @@ void UpdateCheck::Begin(bool tell_all) {
     return Finish(UpdateState::Status::NoAddress, "", tell_all);
   }
   state_.status = UpdateState::Status::Checking;
-  front_end_.Changed(Area::Updates);
+  announcer_.Changed(Area::Updates);
   service_->FetchLatestVersion(address_, [this, tell_all](std::optional<std::string> version) {
     if (!version || !IsVersion(*version)) {
       return Finish(UpdateState::Status::NoAnswer, "", tell_all);
@@ -64,13 +64,13 @@ void UpdateCheck::Finish(UpdateState::Status status, std::string latest_version,
   state_.status = status;
   state_.latest_version = std::move(latest_version);
   if (tell_all || status == UpdateState::Status::NewerVersion) state_.window_is_open = true;
-  front_end_.Changed(Area::Updates);
+  announcer_.Changed(Area::Updates);
 }
 
 void UpdateCheck::CloseWindow() {
   if (!state_.window_is_open) return;
   state_.window_is_open = false;
-  front_end_.Changed(Area::Updates);
+  announcer_.Changed(Area::Updates);
 }
 
 }  // namespace tallyfold

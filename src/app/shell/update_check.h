@@ -5,7 +5,7 @@
 #include <string_view>
 #include <utility>
 
-#include "app/face/front_end.h"
+#include "app/face/announcer.h"
 #include "platform/application_host.h"
 #include "platform/update_service.h"
 
@@ -32,8 +32,8 @@ struct UpdateState {
 class UpdateCheck {
  public:
   // `service` is null where nobody can be asked; both must outlive the check.
-  UpdateCheck(ApplicationHost& host, UpdateService* service, FrontEnd& front_end) noexcept
-      : host_(host), service_(service), front_end_(front_end) {}
+  UpdateCheck(ApplicationHost& host, UpdateService* service, Announcer& announcer) noexcept
+      : host_(host), service_(service), announcer_(announcer) {}
   UpdateCheck(const UpdateCheck&) = delete;
   UpdateCheck& operator=(const UpdateCheck&) = delete;
   ~UpdateCheck();
@@ -54,7 +54,7 @@ class UpdateCheck {
 
   ApplicationHost& host_;
   UpdateService* service_;
-  FrontEnd& front_end_;
+  Announcer& announcer_;
   std::string address_;
   UpdateState state_;
 };

@@ -20,6 +20,7 @@ std::vector<PopUpItem> Items(const Choices& from) {
 }  // namespace
 
 bool AccountSummarySheet::Open() {
+  const Announcer::Operation operation(announcer_);
   const auto account = desk_.SelectedAccount();
   if (account == nullptr || account->selectedAccountSummary() == nullptr ||
       !sheets_.Open(Sheet::AccountSummary, [this] { Cancel(); })) {
@@ -59,11 +60,12 @@ void AccountSummarySheet::OptionsChanged() {
   options.Refresh();
   state_.result = LayOutSummary(options, RegisterDateFormat(desk_.preferences()));
   options.setAccount(nullptr);
-  front_end_.Changed(Area::AccountSummarySheet);
+  announcer_.Changed(Area::AccountSummarySheet);
 }
 
 bool AccountSummarySheet::OK() {
-  if (!state_.is_open || !front_end_.EndEditing(Sheet::AccountSummary)) return false;
+  const Announcer::Operation operation(announcer_);
+  if (!state_.is_open || !announcer_.EndEditing(Sheet::AccountSummary)) return false;
   OptionsChanged();
   if (!state_.ok_is_enabled) return false;
   const plist::Dictionary options = state_.options->optionsAsDictionary();
@@ -74,6 +76,7 @@ bool AccountSummarySheet::OK() {
 }
 
 void AccountSummarySheet::Cancel() {
+  const Announcer::Operation operation(announcer_);
   if (state_.is_open) Close();
 }
 
@@ -81,7 +84,7 @@ void AccountSummarySheet::Close() {
   state_ = AccountSummarySheetState();
   account_ = nullptr;
   summary_ = nullptr;
-  front_end_.Changed(Area::AccountSummarySheet);
+  announcer_.Changed(Area::AccountSummarySheet);
   sheets_.Close(Sheet::AccountSummary);
 }
 

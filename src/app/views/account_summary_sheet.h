@@ -4,7 +4,7 @@
 #include <vector>
 
 #include "app/desk.h"
-#include "app/face/front_end.h"
+#include "app/face/announcer.h"
 #include "app/face/pop_up_item.h"
 #include "app/face/sheet_slot.h"
 #include "app/views/account_summary_tab.h"
@@ -42,8 +42,8 @@ struct AccountSummarySheetState {
 class AccountSummarySheet {
  public:
   AccountSummarySheet(Desk& desk, AccountSummaryTab& tab, SheetSlot& sheets,
-                      FrontEnd& front_end) noexcept
-      : desk_(desk), tab_(tab), sheets_(sheets), front_end_(front_end) {}
+                      Announcer& announcer) noexcept
+      : desk_(desk), tab_(tab), sheets_(sheets), announcer_(announcer) {}
   AccountSummarySheet(const AccountSummarySheet&) = delete;
   AccountSummarySheet& operator=(const AccountSummarySheet&) = delete;
 
@@ -67,7 +67,7 @@ class AccountSummarySheet {
   Desk& desk_;
   AccountSummaryTab& tab_;
   SheetSlot& sheets_;
-  FrontEnd& front_end_;
+  Announcer& announcer_;
   AccountSummarySheetState state_;
   // Whose summary is edited, and which.
   std::shared_ptr<LDGRAccount> account_;

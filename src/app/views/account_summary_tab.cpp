@@ -35,7 +35,7 @@ std::string UnusedName(const LDGRAccount& account, const std::string& stem) {
 void AccountSummaryTab::Show() {
   source_.reset();
   state_ = AccountSummaryTabState();
-  front_end_.Changed(Area::Summary);
+  announcer_.Changed(Area::Summary);
 }
 
 const AccountSummaryTabState& AccountSummaryTab::State() {

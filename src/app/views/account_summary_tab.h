@@ -8,7 +8,7 @@
 #include <string_view>
 
 #include "app/desk.h"
-#include "app/face/front_end.h"
+#include "app/face/announcer.h"
 #include "app/face/pop_up_item.h"
 #include "app/face/sheet_slot.h"
 #include "model/account.h"
@@ -32,8 +32,8 @@ struct AccountSummaryTabState {
 class AccountSummaryTab {
  public:
   AccountSummaryTab(Desk& desk, Alerts& alerts, const SheetSlot& sheets,
-                    FrontEnd& front_end) noexcept
-      : desk_(desk), alerts_(alerts), sheets_(sheets), front_end_(front_end) {}
+                    Announcer& announcer) noexcept
+      : desk_(desk), alerts_(alerts), sheets_(sheets), announcer_(announcer) {}
   AccountSummaryTab(const AccountSummaryTab&) = delete;
   AccountSummaryTab& operator=(const AccountSummaryTab&) = delete;
 
@@ -77,7 +77,7 @@ class AccountSummaryTab {
   Desk& desk_;
   Alerts& alerts_;
   const SheetSlot& sheets_;
-  FrontEnd& front_end_;
+  Announcer& announcer_;
   AccountSummaryTabState state_;
   std::optional<Source> source_;
 };

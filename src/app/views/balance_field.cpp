@@ -21,7 +21,7 @@ constexpr std::array<std::string_view, 6> kTitles = {
 void BalanceField::AccountBalance_PopUp_Populate(std::int32_t mode) {
   const bool exists = mode >= 0 && mode < static_cast<std::int32_t>(kTitles.size());
   mode_ = exists ? static_cast<BalanceMode>(mode) : BalanceMode::Balance;
-  front_end_.Changed(Area::Balance);
+  announcer_.Changed(Area::Balance);
 }
 
 BalanceFieldState BalanceField::State() const {

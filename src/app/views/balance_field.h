@@ -7,7 +7,7 @@
 #include <vector>
 
 #include "app/desk.h"
-#include "app/face/front_end.h"
+#include "app/face/announcer.h"
 #include "app/face/pop_up_item.h"
 #include "app/views/registers.h"
 #include "model/account.h"
@@ -38,8 +38,8 @@ struct BalanceFieldState {
 // The balance field of the Entries tab and the pop-up that says what it shows.
 class BalanceField {
  public:
-  BalanceField(const Desk& desk, Registers& registers, FrontEnd& front_end) noexcept
-      : desk_(desk), registers_(registers), front_end_(front_end) {}
+  BalanceField(const Desk& desk, Registers& registers, Announcer& announcer) noexcept
+      : desk_(desk), registers_(registers), announcer_(announcer) {}
   BalanceField(const BalanceField&) = delete;
   BalanceField& operator=(const BalanceField&) = delete;
 
@@ -57,7 +57,7 @@ class BalanceField {
 
   const Desk& desk_;
   Registers& registers_;
-  FrontEnd& front_end_;
+  Announcer& announcer_;
   BalanceMode mode_ = BalanceMode::Balance;
 };
 

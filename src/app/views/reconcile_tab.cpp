@@ -31,6 +31,7 @@ const ReconcileTabState& ReconcileTab::State() {
 }
 
 bool ReconcileTab::StatementBalance_EndEditing(double balance) {
+  const Announcer::Operation operation(announcer_);
   const auto account = desk_.SelectedAccount();
   if (account == nullptr || !(std::fabs(balance) < kGreatestBalance)) return false;
   account->setStatementBalance(RoundedAmount(balance) + 0.0);
@@ -39,6 +40,7 @@ bool ReconcileTab::StatementBalance_EndEditing(double balance) {
 }
 
 bool ReconcileTab::TurnClearedOverAndMoveOn() {
+  const Announcer::Operation operation(announcer_);
   LDGRAccountTableViewData& rows = registers_.Current();
   const auto entry = rows.GetSelectedEntry();
   if (entry == nullptr) return false;

@@ -7,6 +7,7 @@
 
 #include "app/desk.h"
 #include "app/entries/entry_editing.h"
+#include "app/face/announcer.h"
 #include "app/face/refresh.h"
 #include "app/views/registers.h"
 #include "model/account.h"
@@ -33,8 +34,13 @@ struct ReconcileTabState {
 // Reconciling the selected account with a statement of its bank.
 class ReconcileTab {
  public:
-  ReconcileTab(Desk& desk, Registers& registers, EntryEditing& editing, Refresh& refresh) noexcept
-      : desk_(desk), registers_(registers), editing_(editing), refresh_(refresh) {}
+  ReconcileTab(Desk& desk, Registers& registers, EntryEditing& editing, Refresh& refresh,
+               Announcer& announcer) noexcept
+      : desk_(desk),
+        registers_(registers),
+        editing_(editing),
+        refresh_(refresh),
+        announcer_(announcer) {}
   ReconcileTab(const ReconcileTab&) = delete;
   ReconcileTab& operator=(const ReconcileTab&) = delete;
 
@@ -55,6 +61,7 @@ class ReconcileTab {
   Registers& registers_;
   EntryEditing& editing_;
   Refresh& refresh_;
+  Announcer& announcer_;
   // What the state was computed for.
   std::weak_ptr<LDGRAccount> account_;
   std::uint64_t revision_ = 0;

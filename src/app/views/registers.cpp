@@ -35,9 +35,9 @@ LiveTable LiveTableOf(const TableView& table) {
   return live;
 }
 
-Registers::Registers(Desk& desk, FrontEnd& front_end)
+Registers::Registers(Desk& desk, Announcer& announcer)
     : desk_(desk),
-      front_end_(front_end),
+      announcer_(announcer),
       entry_table_(DefaultRegisterColumns(), this),
       reconcile_table_(DefaultRegisterColumns(), this),
       entry_(desk),
@@ -60,9 +60,9 @@ void Registers::SetCurrent(RegisterKind kind) {
 }
 
 void Registers::SelectedEntryChanged() {
-  front_end_.Changed(Area::SelectedEntry);
-  front_end_.Changed(Area::EntryButtons);
-  front_end_.Changed(Area::EntryTypeMenu);
+  announcer_.Changed(Area::SelectedEntry);
+  announcer_.Changed(Area::EntryButtons);
+  announcer_.Changed(Area::EntryTypeMenu);
 }
 
 void Registers::ShowAccount(const std::shared_ptr<LDGRAccount>& account) {
@@ -124,14 +124,14 @@ std::optional<LiveTable> Registers::TableShown(std::string_view identifier) cons
 void Registers::TableChanged(const TableView& /*table*/, TableView::Change change) {
   switch (change) {
     case TableView::Change::Columns:
-      return front_end_.Changed(Area::RegisterColumns);
+      return announcer_.Changed(Area::RegisterColumns);
     case TableView::Change::Rows:
-      return front_end_.Changed(Area::Registers);
+      return announcer_.Changed(Area::Registers);
     case TableView::Change::ScrolledRow:
-      return front_end_.Changed(Area::ScrolledRow);
+      return announcer_.Changed(Area::ScrolledRow);
     case TableView::Change::SelectedRow:
       SelectedEntryChanged();
-      front_end_.Changed(Area::Balance);
+      announcer_.Changed(Area::Balance);
       break;
   }
 }

@@ -6,7 +6,7 @@
 #include <string_view>
 
 #include "app/desk.h"
-#include "app/face/front_end.h"
+#include "app/face/announcer.h"
 #include "filters/register_search.h"
 #include "model/account.h"
 #include "model/account_entry.h"
@@ -25,7 +25,7 @@ class LDGRPreferences;
 // registers act on.
 class Registers final : private TableView::Observer {
  public:
-  Registers(Desk& desk, FrontEnd& front_end);
+  Registers(Desk& desk, Announcer& announcer);
   Registers(const Registers&) = delete;
   Registers& operator=(const Registers&) = delete;
   ~Registers() override;
@@ -68,7 +68,7 @@ class Registers final : private TableView::Observer {
   void TableChanged(const TableView& table, TableView::Change change) override;
 
   Desk& desk_;
-  FrontEnd& front_end_;
+  Announcer& announcer_;
   TableView entry_table_;
   TableView reconcile_table_;
   LDGRAccountTableViewData entry_;
