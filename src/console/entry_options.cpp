@@ -129,6 +129,10 @@ void TypeCheck(LDGRController& controller, std::string_view text) {
   }
   controller.entries().Debit().Read(std::move(typed));
   controller.entries().CheckNumber_Button();
+  const EntrySheetState::Typed& numbered = controller.entries().Debit().State().typed;
+  if (numbered.check && !numbered.check_number) {
+    throw CommandError("check: there are no numbers left");
+  }
 }
 
 std::size_t EndOfField(std::string_view text) {

@@ -6,6 +6,7 @@
 #include "console/printer.h"
 #include "console/questions.h"
 #include "console/table.h"
+#include "console/values.h"
 
 namespace tallyfold::console {
 namespace {
@@ -51,8 +52,10 @@ void Answer(Console& console, const Arguments& arguments) {
 }
 
 void ShowLog(Console& console, const Arguments& /*arguments*/) {
-  Table table({{"line"}});
-  for (const std::string& line : console.log.Lines()) table.Add({line});
+  Table table({{"line"}, {"times", Column::Align::Right}});
+  for (const auto& [line, times] : console.log.Lines()) {
+    table.Add({line, WriteNumber(static_cast<std::int64_t>(times))});
+  }
   console.printer.Show(table);
 }
 

@@ -75,6 +75,7 @@ bool Session::RunLine(std::string_view text) {
     error = std::move(line.error);
     if (error.empty() && !line.words.empty()) {
       error = RunCommand(line.words);
+      log_.TellRepeats();
     } else if (is_launched_) {
       controller_.application().sendEvent(EventType::KeyDown);
     }

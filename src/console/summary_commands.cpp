@@ -156,6 +156,10 @@ void ShowPeriods(const Console& console, const SummaryLayout& layout) {
   }
   add(layout.total_title, layout.total, layout.total_count, "");
   console.printer.Show(table);
+  if (layout.left_out_periods.empty()) return;
+  Table note({{"Note"}});
+  note.Add({layout.left_out_periods});
+  console.printer.Show(note);
 }
 
 void ShowTotalsAndBlocks(const Console& console, const SummaryLayout& layout) {

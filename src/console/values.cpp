@@ -1,12 +1,12 @@
 #include "console/values.h"
 
-#include <algorithm>
 #include <charconv>
 #include <cstdlib>
 #include <system_error>
 
 #include "console/command_error.h"
 #include "console/words.h"
+#include "model/amount_input.h"
 #include "model/amounts.h"
 #include "model/date_format.h"
 #include "platform/ambient.h"
@@ -17,10 +17,6 @@ namespace {
 [[noreturn]] void Refuse(std::string_view what, std::string_view expected, std::string_view text) {
   throw CommandError(std::string(what) + ": expected " + std::string(expected) + ", not " +
                      Quoted(text));
-}
-
-bool IsDigit(char c) {
-  return c >= '0' && c <= '9';
 }
 
 std::string Padded(std::uint32_t value, std::size_t width) {
@@ -39,20 +35,11 @@ DateNumber ReadDate(std::string_view text, std::string_view what) {
 }
 
 double ReadAmount(std::string_view text, std::string_view what) {
-  std::string_view digits = text;
-  if (digits.starts_with('-') || digits.starts_with('+')) digits.remove_prefix(1);
-  const std::size_t point = std::min(digits.find('.'), digits.size());
-  const std::string_view whole = digits.substr(0, point);
-  const std::string_view cents = digits.substr(std::min(point + 1, digits.size()));
-  const bool are_digits = std::all_of(whole.begin(), whole.end(), IsDigit) &&
-                          std::all_of(cents.begin(), cents.end(), IsDigit);
-  if (!are_digits || whole.size() + cents.size() == 0 || cents.size() > 2) {
-    Refuse(what, "an amount such as 1234.50", text);
-  }
-  double amount = 0.0;
-  std::from_chars(digits.data(), digits.data() + digits.size(), amount);
-  if (!(amount < 1e13)) Refuse(what, "an amount below 10000000000000.00", text);
-  return text.starts_with('-') && amount != 0.0 ? -amount : amount;
+  if (const auto amount = ParsePlainOrUsersAmount(text)) return *amount;
+  std::string expected = "an amount such as 1234.50";
+  const std::string decimal = CurrentLocale().DecimalSeparator();
+  if (decimal != ".") expected += " or 1234" + decimal + "50";
+  Refuse(what, expected, text);
 }
 
 bool ReadYesNo(std::string_view text, std::string_view what) {

@@ -13,9 +13,8 @@ namespace tallyfold::console {
 
 // A day that exists: "2026-03-07", the user's short format ("03/07/26"; see ParseDay), or "today".
 [[nodiscard]] DateNumber ReadDate(std::string_view text, std::string_view what);
-// Digits with at most two decimals behind ".", a sign, and nothing else: neither a currency sign
-// nor thousands separators, whose meaning would depend on the reader. Below 10^13, so that every
-// cent is exact.
+// Plain ("1234.50") or with the user's separators (see ParsePlainOrUsersAmount). Below 10^13, so
+// that every cent is exact.
 [[nodiscard]] double ReadAmount(std::string_view text, std::string_view what);
 // yes or no (also y, n, true, false, on, off, 1, 0).
 [[nodiscard]] bool ReadYesNo(std::string_view text, std::string_view what);

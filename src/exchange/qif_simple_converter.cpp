@@ -34,7 +34,7 @@ std::shared_ptr<LDGRQIFImportEntry> QifSimpleConverter::EntryStringToLDGREntry(
   if (record.IsBlank()) return nullptr;
   auto entry = std::make_shared<LDGRQIFImportEntry>();
   if (const auto day = record.Value('D')) {
-    entry->SetDate(ParseDay(*day, options_.date_format).value_or(0));
+    entry->SetDate(ParseDay(*day, options_.date_format, ShortYears::ByFormat).value_or(0));
   }
   const double amount = LeadingAmount(record.Value('T').value_or(""));
   const bool is_deposit = amount == 0.0 ? options_.zero_amounts_as_deposits : amount > 0.0;

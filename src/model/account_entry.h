@@ -133,8 +133,9 @@ class LDGRAccountEntry {
   [[nodiscard]] int ClearedIsGreaterThan(const LDGRAccountEntry& other) const noexcept;
   [[nodiscard]] int ClearedIsGreaterThan_Reversed(const LDGRAccountEntry& other) const noexcept;
 
-  // The name by which the order of types compares this entry.
-  [[nodiscard]] std::string TypeNameInOrders() const;
+  // The name of the type in the current account; of a transfer without a type there "Transfer" in
+  // the user's language, of any other entry "".
+  [[nodiscard]] std::string TypeNameInCurrentAccount() const;
 
   // The sentences in which the entry is read aloud.
   [[nodiscard]] std::string asSpeakableString() const;

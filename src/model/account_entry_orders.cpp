@@ -31,12 +31,12 @@ int CompareChecks(const LDGRAccountEntry& a, const LDGRAccountEntry& b) noexcept
 
 int CompareTypeNames(const LDGRAccountEntry& a, const LDGRAccountEntry& b) {
   if (a.GetType() == b.GetType() && a.IsTransfer() == b.IsTransfer()) return 0;
-  return CompareIgnoringCase(a.TypeNameInOrders(), b.TypeNameInOrders());
+  return CompareIgnoringCase(a.TypeNameInCurrentAccount(), b.TypeNameInCurrentAccount());
 }
 
 }  // namespace
 
-std::string LDGRAccountEntry::TypeNameInOrders() const {
+std::string LDGRAccountEntry::TypeNameInCurrentAccount() const {
   if (const LDGRAccount* account = CurrentAccount()) {
     if (const auto type = account->AccountEntryTypeForNumber(type_)) return type->GetName();
   }

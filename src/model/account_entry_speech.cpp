@@ -4,10 +4,8 @@
 #include <string>
 #include <string_view>
 
-#include "model/account.h"
 #include "model/account_entry.h"
 #include "model/amounts.h"
-#include "model/current_account.h"
 #include "model/date_format.h"
 #include "platform/ambient.h"
 
@@ -18,16 +16,10 @@ void AppendSentence(std::string& speech, std::string_view label, std::string_vie
   speech.append(LocalizedText(label)).append(":  ").append(text).append(" .  ");
 }
 
-std::string TypeName(std::int32_t number) {
-  const LDGRAccount* account = CurrentAccount();
-  const auto type = account != nullptr ? account->AccountEntryTypeForNumber(number) : nullptr;
-  return type ? type->GetName() : std::string();
-}
-
 }  // namespace
 
 std::string LDGRAccountEntry::asSpeakableString() const {
-  return SpeakableString(type_ > -1 ? std::optional(TypeName(type_)) : std::nullopt);
+  return SpeakableString(type_ > -1 ? std::optional(TypeNameInCurrentAccount()) : std::nullopt);
 }
 
 std::string LDGRAccountEntry::SpeakableString(const std::optional<std::string>& type_name) const {

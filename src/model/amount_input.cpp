@@ -84,6 +84,13 @@ std::optional<std::string> TakeWholeDigits(Input& input, const GroupMark& mark) 
   return digits;
 }
 
+// Whether the only separator of the text is a "." with more digits behind it than decimals have.
+bool EndsInThousands(std::string_view text) {
+  const std::size_t point = text.find('.');
+  if (point != text.find_last_of(".,") || point == std::string_view::npos) return false;
+  return Input(text.substr(point + 1)).TakeDigits().size() > kDecimals;
+}
+
 }  // namespace
 
 std::optional<double> ParseAmount(std::string_view text) {
@@ -126,6 +133,15 @@ std::optional<double> ParseAmount(std::string_view text, std::string_view decima
   double amount = 0.0;
   std::from_chars(number.data(), number.data() + number.size(), amount);
   return negative && amount != 0.0 ? -amount : amount;
+}
+
+std::optional<double> ParsePlainOrUsersAmount(std::string_view text) {
+  const UserLocale& locale = CurrentLocale();
+  const std::string decimal = locale.DecimalSeparator();
+  const std::string thousands = locale.ThousandsSeparator();
+  if (decimal != "." && EndsInThousands(text)) return std::nullopt;
+  const auto plain = ParseAmount(text, ".", "");
+  return plain ? plain : ParseAmount(text, decimal, thousands);
 }
 
 }  // namespace tallyfold

@@ -18,5 +18,9 @@ namespace tallyfold {
 [[nodiscard]] std::optional<double> ParseAmount(std::string_view text,
                                                 std::string_view decimal_separator,
                                                 std::string_view thousands_separator);
+// With the user's separators or as programs write it, with "." before the decimals and no thousands
+// separated. None too for what can be meant both ways, such as 1.234 or 1.500 where the user's
+// decimals begin otherwise.
+[[nodiscard]] std::optional<double> ParsePlainOrUsersAmount(std::string_view text);
 
 }  // namespace tallyfold

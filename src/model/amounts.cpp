@@ -132,7 +132,6 @@ double RoundNearZeroValue(double value) noexcept {
 
 double TruncateValue(double value, std::int32_t places) noexcept {
   const std::int32_t scale = TruncatedToInteger(std::pow(10.0, places));
-  if (scale == 0) return 0.0;
   const std::int32_t scaled = TruncatedToInteger(scale * value);
   return static_cast<double>(static_cast<float>(scaled) / static_cast<float>(scale));
 }

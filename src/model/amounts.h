@@ -26,7 +26,8 @@ namespace tallyfold {
 
 // `value` cut toward zero to `places` decimals, computed in single precision, whose error the
 // result keeps (2.67 comes back as 2.6700000762939453): comparisons elsewhere count on it.
-// Intermediate values saturate at the 32-bit range; not-a-number and a scale of 0 give 0.
+// Intermediate values saturate at the 32-bit range, and not-a-number counts as 0; a negative
+// number of places gives not-a-number.
 [[nodiscard]] double TruncateValue(double value, std::int32_t places) noexcept;
 
 }  // namespace tallyfold

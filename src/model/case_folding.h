@@ -1,15 +1,19 @@
 #pragma once
 
+#include <string>
 #include <string_view>
 
 #include "plist/utf8.h"
 
 namespace tallyfold {
 
-// The lower-case form of one code point, each on its own (simple folding, as the Unicode tables
-// have it): Latin with Latin-1 and Latin Extended-A, Greek and Cyrillic. Everything else, and what
-// has no single code point as its form, comes back unchanged.
+// The form of one code point that all its cases share, each on its own (simple folding, as the
+// Unicode tables have it). What has no single code point as its form comes back unchanged, as does
+// any other value.
 [[nodiscard]] char32_t FoldCodePoint(char32_t code_point) noexcept;
+
+// The code points other than itself that fold to `folded`, a folded one.
+[[nodiscard]] std::u32string OtherCasesOf(char32_t folded);
 
 // Takes the next code point off the front of `text`, which must not be empty. A byte that begins
 // no valid UTF-8 sequence is taken alone and comes back as a value of its own beyond all code
@@ -22,9 +26,6 @@ namespace tallyfold {
   text.remove_prefix(first.is_valid ? first.size : 1);
   return code_point;
 }
-
-// Code points from here on are never changed by folding.
-inline constexpr char32_t kFoldingEnd = 0x0530;
 
 [[nodiscard]] inline bool IsAscii(char byte) noexcept {
   return static_cast<unsigned char>(byte) < 0x80;

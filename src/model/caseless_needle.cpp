@@ -1,24 +1,48 @@
 #include <algorithm>
 #include <cstddef>
 #include <cstdint>
+#include <cstring>
 #include <limits>
 #include <string>
 #include <string_view>
+#include <utility>
 
 #include "model/case_folding.h"
 #include "model/text.h"
+#include "plist/utf8.h"
 
 namespace tallyfold {
 namespace {
-
-// Long s is the only letter whose folded form ("s") takes fewer bytes than itself. Every other
-// letter takes as many, so that a text without it is as long wherever it occurs.
-constexpr std::string_view kLongS = "\xC5\xBF";
 
 constexpr std::size_t kLongestSkip = std::numeric_limits<std::uint8_t>::max();
 
 char UpperAscii(char letter) noexcept {
   return letter >= 'a' && letter <= 'z' ? static_cast<char>(letter - 'a' + 'A') : letter;
+}
+
+std::string Utf8(char32_t code_point) {
+  std::string text;
+  plist::AppendUtf8(text, code_point);
+  return text;
+}
+
+// Most of the time this is all that searching for a k or an s costs more than for other letters, so
+// it reads eight bytes at a time, at the end some of them once more.
+bool IsAsciiText(std::string_view text) noexcept {
+  constexpr std::size_t kStep = sizeof(std::uint64_t);
+  std::uint64_t bits = 0;
+  if (text.size() < kStep) {
+    for (const char byte : text) bits |= static_cast<unsigned char>(byte);
+  } else {
+    std::uint64_t bytes = 0;
+    for (std::size_t i = 0; i + kStep < text.size(); i += kStep) {
+      std::memcpy(&bytes, text.data() + i, kStep);
+      bits |= bytes;
+    }
+    std::memcpy(&bytes, text.data() + text.size() - kStep, kStep);
+    bits |= bytes;
+  }
+  return (bits & 0x8080'8080'8080'8080U) == 0;
 }
 
 // True when `folded` is what `field` begins with; leaves in `field` what comes after.
@@ -29,7 +53,8 @@ bool TakePrefix(std::string_view& field, std::string_view folded) noexcept {
   return true;
 }
 
-// Calls `visit` with each byte that may stand at each place of a folded text in a field.
+// Calls `visit` with each byte that may stand at each place of a folded text in a field where every
+// letter takes as many bytes as its folded form.
 template <typename Visit>
 void ForEachPossibleByte(std::string_view folded, Visit visit) {
   std::size_t place = 0;
@@ -37,16 +62,11 @@ void ForEachPossibleByte(std::string_view folded, Visit visit) {
     const std::string_view before = folded;
     const char32_t code_point = TakeCodePoint(folded);
     const std::size_t size = before.size() - folded.size();
-    for (std::size_t i = 0; i < size; ++i) {
-      visit(place + i, before[i]);
-      if (size == 1) visit(place, UpperAscii(before[i]));
-    }
-    if (size == 2) {
-      for (char32_t other = 0x80; other < kFoldingEnd; ++other) {
-        if (FoldCodePoint(other) != code_point) continue;
-        visit(place, static_cast<char>(0xC0U | other >> 6U));
-        visit(place + 1, static_cast<char>(0x80U | (other & 0x3FU)));
-      }
+    for (std::size_t i = 0; i < size; ++i) visit(place + i, before[i]);
+    for (const char32_t other : OtherCasesOf(code_point)) {
+      const std::string bytes = Utf8(other);
+      if (bytes.size() != size) continue;
+      for (std::size_t i = 0; i < size; ++i) visit(place + i, bytes[i]);
     }
     place += size;
   }
@@ -59,8 +79,26 @@ CaselessNeedle::CaselessNeedle(std::string_view text) : folded_(FoldCase(text)) 
   std::string_view rest = folded_;
   static_cast<void>(TakeCodePoint(rest));
   begins_with_invalid_byte_ = !IsAscii(folded_.front()) && folded_.size() - rest.size() == 1;
-  has_s_ = folded_.find('s') != std::string::npos;
+  NoteOtherSizes();
   PrepareSkips();
+}
+
+void CaselessNeedle::NoteOtherSizes() {
+  for (std::string_view rest = folded_; !rest.empty();) {
+    const std::size_t before = rest.size();
+    const char32_t code_point = TakeCodePoint(rest);
+    const std::size_t size = before - rest.size();
+    std::size_t least = size;
+    for (const char32_t other : OtherCasesOf(code_point)) {
+      std::string bytes = Utf8(other);
+      if (bytes.size() == size) continue;
+      least = std::min(least, bytes.size());
+      if (std::find(other_sizes_.begin(), other_sizes_.end(), bytes) == other_sizes_.end()) {
+        other_sizes_.push_back(std::move(bytes));
+      }
+    }
+    least_size_ += least;
+  }
 }
 
 // Horspool's table for bytes in either case, made from what may stand before the last place.
@@ -85,10 +123,9 @@ void CaselessNeedle::PrepareSkips() {
 }
 
 bool CaselessNeedle::OccursIn(std::string_view field) const noexcept {
-  if (folded_.empty() || field.size() < folded_.size()) return false;
-  if (begins_with_invalid_byte_ || (has_s_ && field.find(kLongS) != std::string_view::npos)) {
-    return OccursByCodePoints(field);
-  }
+  if (folded_.empty() || field.size() < least_size_) return false;
+  if (begins_with_invalid_byte_ || HoldsOtherSizes(field)) return OccursByCodePoints(field);
+  if (field.size() < folded_.size()) return false;
   if (folded_.size() > 1) return OccursBySkipping(field);
   const char lower = folded_.front();
   const char upper = UpperAscii(lower);
@@ -98,6 +135,14 @@ bool CaselessNeedle::OccursIn(std::string_view field) const noexcept {
 
 bool CaselessNeedle::Equals(std::string_view field) const noexcept {
   return TakePrefix(field, folded_) && field.empty();
+}
+
+// Most fields are ASCII, where no letter takes more than a byte; which costs least to see.
+bool CaselessNeedle::HoldsOtherSizes(std::string_view field) const noexcept {
+  if (other_sizes_.empty() || IsAsciiText(field)) return false;
+  return std::any_of(other_sizes_.begin(), other_sizes_.end(), [field](const std::string& other) {
+    return field.find(other) != std::string_view::npos;
+  });
 }
 
 // Whatever the field holds, in steps of a code point.

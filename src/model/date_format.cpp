@@ -9,6 +9,7 @@
 #include "model/calendar.h"
 #include "model/text.h"
 #include "platform/ambient.h"
+#include "platform/clock.h"
 
 namespace tallyfold {
 namespace {
@@ -141,10 +142,18 @@ bool SkipSeparator(std::string_view& text) noexcept {
   return text.size() < before;
 }
 
+int YearNearToday(int digits) {
+  const int first = CurrentClock().LocalNow().year - 79;
+  return first + ((digits - first) % 100 + 100) % 100;
+}
+
 // Reads a day part by part; every Take fails without a result on what does not fit.
 class DayReader {
  public:
-  explicit DayReader(std::string_view text) : rest_(text) { SkipSpace(rest_); }
+  DayReader(std::string_view text, ShortYears short_years)
+      : rest_(text), short_years_(short_years) {
+    SkipSpace(rest_);
+  }
 
   bool TakePart(char letter) {
     switch (letter) {
@@ -160,13 +169,16 @@ class DayReader {
         return TakeNumber(2, day_) > 0;
       case 'm':
         return TakeNumber(2, month_) > 0;
-      case 'y': {
+      case 'y':
+      case 'Y': {
         const std::size_t digits = TakeNumber(4, year_);
-        if (digits <= 2) year_ = YearOfTwoDigits(year_);
-        return digits == 1 || digits == 2 || digits == 4;
+        if (digits <= 2 && short_years_ == ShortYears::NearToday) {
+          year_ = YearNearToday(year_);
+        } else if (digits <= 2 && letter == 'y') {
+          year_ = YearOfTwoDigits(year_);
+        }
+        return digits != 0 && (digits != 3 || letter == 'Y');
       }
-      case 'Y':
-        return TakeNumber(4, year_) > 0;
       default:
         return false;  // no part of a day
     }
@@ -218,13 +230,15 @@ class DayReader {
   }
 
   std::string_view rest_;
+  ShortYears short_years_;
   int year_ = 0;
   int month_ = 0;
   int day_ = 0;
 };
 
-std::optional<DateNumber> ParseDayAs(std::string_view text, std::string_view format) {
-  DayReader reader(text);
+std::optional<DateNumber> ParseDayAs(std::string_view text, std::string_view format,
+                                     ShortYears short_years) {
+  DayReader reader(text, short_years);
   SkipSeparator(format);
   while (!format.empty()) {
     if (SkipSeparator(format)) {
@@ -252,10 +266,11 @@ std::string FormatDate(const CivilTime& time, std::string_view format) {
   return result;
 }
 
-std::optional<DateNumber> ParseDay(std::string_view text, std::string_view format) {
+std::optional<DateNumber> ParseDay(std::string_view text, std::string_view format,
+                                   ShortYears short_years) {
   SkipSpace(text);
   while (!text.empty() && IsSpace(text.back())) text.remove_suffix(1);
-  return ParseDayAs(text, BeginsWithFourDigitsAndHyphen(text) ? "%Y-%m-%d" : format);
+  return ParseDayAs(text, BeginsWithFourDigitsAndHyphen(text) ? "%Y-%m-%d" : format, short_years);
 }
 
 int YearOfTwoDigits(int digits) noexcept {

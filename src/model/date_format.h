@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -21,11 +22,20 @@ namespace tallyfold {
 // Fields out of range roll.
 [[nodiscard]] std::string FormatDate(const CivilTime& time, std::string_view format);
 
+// What one or two digits for a year mean.
+enum class ShortYears : std::uint8_t {
+  // Whatever the format: the year from 79 before this one to 20 after it that ends in them.
+  NearToday,
+  // For %y, 1969 to 2068; for %Y, the year itself.
+  ByFormat,
+};
+
 // The day typed as YYYY-MM-DD or as `format` has it, when it exists (years 1 to 9999). Names count
-// in any case, short or in full; one of / - . , and white space may stand for another. For %y, two
-// digits are 1969 to 2068 and four the year itself; for %Y all digits are the year itself. Nothing
-// may follow but white space. None for a format that does not name day, month and year.
-[[nodiscard]] std::optional<DateNumber> ParseDay(std::string_view text, std::string_view format);
+// in any case, short or in full; one of / - . , and white space may stand for another. Four digits
+// are the year itself, for %Y three too. Nothing may follow but white space. None for a format that
+// does not name day, month and year.
+[[nodiscard]] std::optional<DateNumber> ParseDay(std::string_view text, std::string_view format,
+                                                 ShortYears short_years = ShortYears::NearToday);
 
 // 69 to 99 are 19xx, 0 to 68 are 20xx.
 [[nodiscard]] int YearOfTwoDigits(int digits) noexcept;

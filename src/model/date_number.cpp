@@ -13,7 +13,7 @@ CivilTime DateNumberToNSCalendarDate(DateNumber number) noexcept {
   date.year = number / 10'000;
   date.month = number % 10'000 / 100;
   date.day = number % 100;
-  return date;
+  return Normalized(date);
 }
 
 DateNumber NSCalendarDateToDateNumber(const std::optional<CivilTime>& date) noexcept {

@@ -15,7 +15,7 @@ using DateNumber = std::int32_t;
 // The day that stands for a missing date.
 inline constexpr DateNumber kNullDate = 19700101;
 
-// Midnight of that day. A month or day out of range is passed on as it stands.
+// Midnight of that day. A month or day out of range rolls as a calendar does: 20040230 is 1 March.
 [[nodiscard]] CivilTime DateNumberToNSCalendarDate(DateNumber number) noexcept;
 
 // kNullDate for none. The fields of `date` must be in range; years that do not fit saturate.

@@ -120,7 +120,9 @@ bool LDGRAccountEntrySplit::GetEnabled(std::size_t index) const noexcept {
   return LineAt(index).enabled;
 }
 
+// What was read of one line stays where it is while another is stored.
 LDGRAccountEntrySplit::Line& LDGRAccountEntrySplit::MutableLine(std::size_t index) {
+  if (lines_.empty()) lines_.reserve(kLines);
   if (index >= lines_.size()) lines_.resize(index + 1);
   return lines_[index];
 }

@@ -43,7 +43,7 @@ class LDGRAccountEntrySplit {
   // An index above 9 changes nothing.
   void SetEnabled(bool enabled, std::size_t index);
 
-  // "", 0.0 and false for an index above 9.
+  // "", 0.0 and false for an index above 9. A text stays where it is until its own line changes.
   [[nodiscard]] const std::string& GetDescription(std::size_t index) const noexcept;
   [[nodiscard]] const std::string& GetToFrom(std::size_t index) const noexcept;
   [[nodiscard]] double GetAmount(std::size_t index) const noexcept;
@@ -64,7 +64,7 @@ class LDGRAccountEntrySplit {
   [[nodiscard]] Line& MutableLine(std::size_t index);
   [[nodiscard]] const Line& LineAt(std::size_t index) const noexcept;
 
-  // The first lines, as many as were ever used: of the ten most entries use two or three.
+  // The first lines, as many as were ever used.
   std::vector<Line> lines_;
   // Asked for far more often than amounts change: every balance adds up every entry.
   double total_ = 0.0;

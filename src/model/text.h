@@ -9,11 +9,11 @@
 
 namespace tallyfold {
 
-// Comparison and search without regard to case, for the whole program: simple folding to lower
-// case by code point over UTF-8 (Latin with Latin Extended-A, Greek, Cyrillic), then comparison by
-// code point. No locale, no normalisation. Invalid UTF-8 compares by its bytes.
+// Comparison and search without regard to case, for the whole program: Unicode's simple folding by
+// code point over UTF-8, then comparison by code point. No locale, no normalisation. Invalid UTF-8
+// compares by its bytes.
 
-// The text folded to lower case.
+// The text folded, which for most scripts means: in lower case.
 [[nodiscard]] std::string FoldCase(std::string_view text);
 // 1, 0 or -1.
 [[nodiscard]] int CompareIgnoringCase(std::string_view a, std::string_view b) noexcept;
@@ -34,18 +34,23 @@ class CaselessNeedle {
   [[nodiscard]] bool empty() const noexcept { return folded_.empty(); }
 
  private:
+  [[nodiscard]] bool HoldsOtherSizes(std::string_view field) const noexcept;
   [[nodiscard]] bool OccursByCodePoints(std::string_view field) const noexcept;
   [[nodiscard]] bool OccursBySkipping(std::string_view field) const noexcept;
+  void NoteOtherSizes();
   void PrepareSkips();
 
   std::string folded_;
+  // The cases of its letters that take more or fewer bytes than their folded form.
+  std::vector<std::string> other_sizes_;
+  // Of a field in which it can occur, in bytes.
+  std::size_t least_size_ = 0;
   // A stretch of a field as long as the text cannot be it, by the stretch's last byte, nor can the
   // stretches that begin less than so many bytes further on. 0 where this one may be it.
   std::array<std::uint8_t, 256> skips_{};
   // The same after a stretch whose last byte allowed it, but that was another text.
   std::size_t retry_skip_ = 1;
   bool begins_with_invalid_byte_ = false;
-  bool has_s_ = false;
 };
 
 // "Food", "Food and Rent", "Food, Rent and Travel"; "" for no items.

@@ -196,6 +196,11 @@ PrintDocument SummaryDocument(const LDGRAccount& account, const SummaryLayout& l
   document.tables.push_back(balances.Table(""));
 
   document.tables.push_back(PeriodTable(layout, preferences));
+  if (!layout.left_out_periods.empty()) {
+    Facts left_out;
+    left_out.Add(layout.left_out_periods, "");
+    document.tables.push_back(left_out.Table(""));
+  }
 
   Facts totals;
   for (const auto& total : layout.totals) totals.Add(total.title, figures.Amount(total.amount));

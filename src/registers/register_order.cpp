@@ -99,7 +99,7 @@ class TypeRanks {
   explicit TypeRanks(const EntryList& entries) {
     for (const auto& entry : entries) {
       const auto [kind, is_new] = ranks_.try_emplace(KindOf(*entry), 0);
-      if (is_new) names_.emplace_back(entry->TypeNameInOrders(), &kind->second);
+      if (is_new) names_.emplace_back(entry->TypeNameInCurrentAccount(), &kind->second);
     }
     std::sort(names_.begin(), names_.end(), [](const auto& a, const auto& b) {
       return CompareIgnoringCase(a.first, b.first) < 0;

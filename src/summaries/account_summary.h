@@ -12,6 +12,7 @@
 #include "model/field_table.h"
 #include "plist/output.h"
 #include "plist/value.h"
+#include "summaries/summary_periods.h"
 #include "summaries/summary_result.h"
 
 namespace tallyfold {
@@ -102,11 +103,12 @@ class LDGRAccountSummary {
 
   // Computes the summary of the account's entries: updates the date range, keeps what was counted
   // in entries(), and adds up each period. Empty without an account and for a range that ends
-  // before it starts. An entry of two kinds that are both shown counts once as each of them. A
-  // range of more than kMostPeriods periods goes without those that have no entries. One sweep over
-  // the entries, sorted by date, beside the filter.
+  // before it starts. An entry of two kinds that are both shown counts once as each of them. All
+  // days before the year 1 are one period. A range of more than kMostPeriods periods goes without
+  // those that have no entries. One sweep over the entries, sorted by date, beside the filter,
+  // which looks types up in the current account as every filter does.
   [[nodiscard]] SummaryResult Summary();
-  static constexpr std::int64_t kMostPeriods = 40'000;  // a century of days has 36,525
+  static constexpr std::int64_t kMostPeriods = 1'000'000;  // 2,700 years of days
 
   // The sums of those `entries` that are dated from `start` to `end`.
   [[nodiscard]] PeriodSubtotals SubtotalEntries(const EntryList& entries, DateNumber start,
@@ -136,6 +138,10 @@ class LDGRAccountSummary {
 
   // The account's entries that count in the range, by date.
   [[nodiscard]] EntryList EntriesToCount() const;
+  // What `entries`, all dated in the range, come to in each of its periods; in more than one, they
+  // come by date. Without balances.
+  [[nodiscard]] SummaryResult SubtotalPeriods(const EntryList& entries, SummaryPeriodStyle style,
+                                              DateNumber start, DateNumber end) const;
 
   [[nodiscard]] static std::span<const Field<LDGRAccountSummary>> Fields();
 

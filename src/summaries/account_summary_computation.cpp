@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <iterator>
-#include <limits>
 #include <string_view>
 #include <utility>
 #include <vector>
@@ -10,7 +9,6 @@
 #include "filters/date_ranges.h"
 #include "filters/filter.h"
 #include "model/account.h"
-#include "model/current_account.h"
 #include "model/entry_walk.h"
 #include "model/packed_sort.h"
 #include "platform/ambient.h"
@@ -58,15 +56,17 @@ void SortByDate(EntryList& entries) {
 // Adds up entries that come by date, and ends each period when an entry lies beyond it.
 class PeriodSweep {
  public:
-  PeriodSweep(const SummaryPeriods& periods, SummaryTally& tally,
-              std::vector<PeriodSubtotals>& subtotals)
-      : periods_(periods), tally_(tally), subtotals_(subtotals) {
-    leaves_out_empty_ = periods.MostPeriods() > LDGRAccountSummary::kMostPeriods;
+  PeriodSweep(const SummaryPeriods& periods, SummaryTally& tally, SummaryResult& result)
+      : periods_(periods),
+        tally_(tally),
+        subtotals_(result.subtotals),
+        leaves_out_empty_(periods.MostPeriods() > LDGRAccountSummary::kMostPeriods) {
+    result.leaves_out_empty_periods = leaves_out_empty_;
     if (!leaves_out_empty_) subtotals_.reserve(static_cast<std::size_t>(periods.MostPeriods()));
   }
 
   void Add(const LDGRAccountEntry& entry) {
-    while (!is_open_ || entry.GetDate() > last_date_) {
+    while (!is_open_ || entry.GetDate() > last_number_) {
       End();
       // Never back, though a day number that names no day can stand for an earlier day than its
       // place in the order.
@@ -88,27 +88,23 @@ class PeriodSweep {
   void Begin(std::int64_t day) {
     is_open_ = true;
     period_ = periods_.PeriodOf(day);
-    // The periods part the entries by their day numbers, and the last one takes the rest, so that
-    // an entry dated 30 February has a place too.
-    const bool is_last = period_.last == periods_.Range().last;
-    last_date_ =
-        is_last ? std::numeric_limits<DateNumber>::max() : DateNumberOfDayCount(period_.last);
+    last_number_ = periods_.LastNumberOf(period_);
     next_day_ = period_.last + 1;
   }
   void End() {
     if (!std::exchange(is_open_, false)) return;
     PeriodSubtotals& ended = subtotals_.emplace_back(tally_.EndPeriod());
-    ended.start_date = DateNumberOfDayCount(period_.first);
-    ended.end_date = DateNumberOfDayCount(period_.last);
+    ended.start_date = periods_.NumberOf(period_.first);
+    ended.end_date = periods_.NumberOf(period_.last);
   }
 
   const SummaryPeriods& periods_;
   SummaryTally& tally_;
   std::vector<PeriodSubtotals>& subtotals_;
-  bool leaves_out_empty_ = false;
+  bool leaves_out_empty_;
   bool is_open_ = false;
   DaySpan period_;
-  DateNumber last_date_ = 0;
+  DateNumber last_number_ = 0;
   std::int64_t next_day_ = periods_.Range().first;
 };
 
@@ -145,8 +141,6 @@ EntryList LDGRAccountSummary::EntriesToCount() const {
     filter.AddRuleForCategory(text->category, FilterLogic::KeepMatching, FilterQualifier::Contains,
                               filter_data_);
   }
-  // Filters look types up in the current account, which need not be the one summarised.
-  const ScopedCurrentAccount current(account_);
   entries = filter.Filter(std::move(entries));
   SortByDate(entries);
   return entries;
@@ -155,17 +149,8 @@ EntryList LDGRAccountSummary::EntriesToCount() const {
 SummaryResult LDGRAccountSummary::Summary() {
   updateDateRange();
   setEntries(EntriesToCount());
-
-  SummaryResult result;
-  const SummaryPeriods periods(static_cast<SummaryPeriodStyle>(subtotal_period_style_), start_date_,
-                               end_date_);
-  SummaryTally tally({subtotal_types_, subtotal_descriptions_, subtotal_to_froms_}, account_);
-  PeriodSweep sweep(periods, tally, result.subtotals);
-  WalkEntryTexts(entries_, [&sweep](const LDGRAccountEntry& entry) { sweep.Add(entry); });
-  sweep.Finish();
-  result.whole = tally.TakeWhole();
-  result.whole.start_date = start_date_;
-  result.whole.end_date = end_date_;
+  SummaryResult result = SubtotalPeriods(
+      entries_, static_cast<SummaryPeriodStyle>(subtotal_period_style_), start_date_, end_date_);
   if (account_ != nullptr) {
     result.start_balance = account_->GetRunningBalanceBeforeDate(start_date_);
     result.end_balance = account_->GetRunningBalanceThroughDate(end_date_);
@@ -175,14 +160,27 @@ SummaryResult LDGRAccountSummary::Summary() {
 
 PeriodSubtotals LDGRAccountSummary::SubtotalEntries(const EntryList& entries, DateNumber start,
                                                     DateNumber end) const {
+  EntryList dated;
+  std::copy_if(entries.begin(), entries.end(), std::back_inserter(dated),
+               [start, end](const auto& entry) {
+                 return start <= entry->GetDate() && entry->GetDate() <= end;
+               });
+  return SubtotalPeriods(dated, SummaryPeriodStyle::Whole, start, end).whole;
+}
+
+SummaryResult LDGRAccountSummary::SubtotalPeriods(const EntryList& entries,
+                                                  SummaryPeriodStyle style, DateNumber start,
+                                                  DateNumber end) const {
+  SummaryResult result;
+  const SummaryPeriods periods(style, start, end);
   SummaryTally tally({subtotal_types_, subtotal_descriptions_, subtotal_to_froms_}, account_);
-  for (const auto& entry : entries) {
-    if (start <= entry->GetDate() && entry->GetDate() <= end) tally.Add(*entry);
-  }
-  PeriodSubtotals period = tally.EndPeriod();
-  period.start_date = start;
-  period.end_date = end;
-  return period;
+  PeriodSweep sweep(periods, tally, result);
+  WalkEntryTexts(entries, [&sweep](const LDGRAccountEntry& entry) { sweep.Add(entry); });
+  sweep.Finish();
+  result.whole = tally.TakeWhole();
+  result.whole.start_date = start;
+  result.whole.end_date = end;
+  return result;
 }
 
 }  // namespace tallyfold

@@ -49,6 +49,9 @@ std::string Day(DateNumber day, std::string_view date_format) {
 
 std::string PeriodTitle(SummaryPeriodStyle style, const PeriodSubtotals& period,
                         std::string_view date_format) {
+  if (SummaryPeriods::IsCut(style) && period.start_date < SummaryPeriods::kFirstOfYear1) {
+    return LocalizedText("Before the year 1");
+  }
   const CivilTime first = DateNumberToNSCalendarDate(period.start_date);
   switch (style) {
     case SummaryPeriodStyle::Months:
@@ -66,18 +69,22 @@ std::string PeriodTitle(SummaryPeriodStyle style, const PeriodSubtotals& period,
   return title;
 }
 
-std::vector<PeriodLine> PeriodLines(const SummaryResult& result, SummaryPeriodStyle style,
-                                    std::string_view date_format) {
-  std::vector<PeriodLine> lines;
-  lines.reserve(result.subtotals.size());
+void LayOutPeriods(const SummaryResult& result, SummaryPeriodStyle style,
+                   std::string_view date_format, SummaryLayout& layout) {
+  const bool leaves_out_empty = result.subtotals.size() > SummaryLayout::kMostPeriods;
+  if (leaves_out_empty || result.leaves_out_empty_periods) {
+    layout.left_out_periods = LocalizedText("Periods without entries are not shown");
+  }
+  std::vector<PeriodLine>& lines = layout.periods;
+  if (!leaves_out_empty) lines.reserve(result.subtotals.size());
   double greatest = 0.0;
   for (const PeriodSubtotals& period : result.subtotals) {
+    if (leaves_out_empty && period.count == 0) continue;
     lines.push_back({PeriodTitle(style, period, date_format), period.start_date, period.end_date,
                      period.count, RoundedAmounts(period), 0.0});
     greatest = std::max(greatest, std::abs(lines.back().amounts.total));
   }
   for (PeriodLine& line : lines) line.bar = PartOf(line.amounts.total, greatest);
-  return lines;
 }
 
 bool ComesBefore(const BlockLine& a, const BlockLine& b) {
@@ -171,8 +178,8 @@ SummaryLayout LayOutSummary(const LDGRAccountSummary& summary, std::string_view 
   LayOutHead(summary, result, layout);
   layout.has_bars = summary.showStyle() == kWithBars;
   layout.period_columns = LocalizedTexts({"Period", "Debits", "Deposits", "Transfers", "Total"});
-  layout.periods = PeriodLines(
-      result, static_cast<SummaryPeriodStyle>(summary.subtotalPeriodStyle()), date_format);
+  LayOutPeriods(result, static_cast<SummaryPeriodStyle>(summary.subtotalPeriodStyle()), date_format,
+                layout);
   LayOutTotals(result.whole, layout);
   LayOutBlocks(summary, result.whole, layout);
   LayOutCheck(layout);

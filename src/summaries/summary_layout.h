@@ -86,6 +86,10 @@ struct SummaryLayout {
   // The titles of what a period line shows: period, debits, deposits, transfers, total.
   std::vector<std::string> period_columns;
   std::vector<PeriodLine> periods;
+  // Of more periods than these, those without entries have no line, which is said in words; "" for
+  // nothing to say.
+  static constexpr std::size_t kMostPeriods = 4000;
+  std::string left_out_periods;
   // The line below the periods: its title, how many entries there are, and their sums.
   std::string total_title;
   std::size_t total_count = 0;

@@ -1,6 +1,7 @@
 #include "summaries/summary_periods.h"
 
 #include <algorithm>
+#include <limits>
 
 #include "model/calendar.h"
 
@@ -12,7 +13,8 @@ DaySpan MonthsFrom(int year, int month, int count) noexcept {
   return {DayCount(year, month, 1), DayCount(year, month + count, 1) - 1};
 }
 
-std::int64_t ShortestPeriod(SummaryPeriodStyle style, std::int64_t whole) noexcept {
+// In days, of a style that cuts the range.
+std::int64_t ShortestPeriod(SummaryPeriodStyle style) noexcept {
   switch (style) {
     case SummaryPeriodStyle::Days:
       return 1;
@@ -22,17 +24,15 @@ std::int64_t ShortestPeriod(SummaryPeriodStyle style, std::int64_t whole) noexce
       return 28;
     case SummaryPeriodStyle::Quarters:
       return 90;
-    case SummaryPeriodStyle::Years:
-      return 365;
     default:
-      return whole;
+      return 365;
   }
 }
 
 }  // namespace
 
 SummaryPeriods::SummaryPeriods(SummaryPeriodStyle style, DateNumber start, DateNumber end) noexcept
-    : style_(style), range_{DayCountOf(start), DayCountOf(end)} {
+    : style_(style), start_(start), end_(end), range_{DayCountOf(start), DayCountOf(end)} {
   if (end < start) {
     range_.last = range_.first - 1;
   } else {
@@ -63,13 +63,33 @@ DaySpan SummaryPeriods::PeriodOf(std::int64_t day) const noexcept {
     default:
       break;
   }
+  if (IsCut(style_)) {
+    const std::int64_t year_1 = DayCount(1, 1, 1);
+    if (day < year_1) {
+      period = {range_.first, year_1 - 1};
+    } else {
+      period.first = std::max(period.first, year_1);
+    }
+  }
   return {std::max(period.first, range_.first), std::min(period.last, range_.last)};
+}
+
+DateNumber SummaryPeriods::NumberOf(std::int64_t day) const noexcept {
+  if (TimeFromDayCount(day).year >= 0) return DateNumberOfDayCount(day);
+  return day == range_.first ? start_ : end_;
+}
+
+DateNumber SummaryPeriods::LastNumberOf(const DaySpan& period) const noexcept {
+  // Every number has a place: that of 30 February too, and whatever comes after the last day.
+  if (period.last == range_.last) return std::numeric_limits<DateNumber>::max();
+  return period.last < DayCount(1, 1, 1) ? kFirstOfYear1 - 1 : DateNumberOfDayCount(period.last);
 }
 
 std::int64_t SummaryPeriods::MostPeriods() const noexcept {
   if (AreNone()) return 0;
-  const std::int64_t days = range_.last - range_.first + 1;
-  return days / ShortestPeriod(style_, days) + 2;
+  if (!IsCut(style_)) return 1;
+  const std::int64_t first = std::max(range_.first, DayCount(1, 1, 1));
+  return std::max<std::int64_t>(range_.last - first + 1, 0) / ShortestPeriod(style_) + 3;
 }
 
 }  // namespace tallyfold

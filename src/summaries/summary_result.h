@@ -51,6 +51,8 @@ struct PeriodSubtotals {
 struct SummaryResult {
   // One for each period, in the order of their days.
   std::vector<PeriodSubtotals> subtotals;
+  // Whether those without entries are missing there, being too many.
+  bool leaves_out_empty_periods = false;
   // The same of all periods together. Its days are those of the range.
   PeriodSubtotals whole;
   // The account's running balances before the first and through the last day of the range, which

@@ -41,6 +41,7 @@ pid_t WaitFor(pid_t pid, int options, int* status = nullptr) {
 bool ChildProcess::Start(const std::string& program, const std::vector<std::string>& arguments,
                          int output) {
   End();
+  has_failed_ = false;
   posix_spawn_file_actions_t files;
   ::posix_spawn_file_actions_init(&files);
   ::posix_spawn_file_actions_addopen(&files, STDIN_FILENO, "/dev/null", O_RDONLY, 0);
@@ -70,7 +71,11 @@ bool ChildProcess::Start(const std::string& program, const std::vector<std::stri
 }
 
 bool ChildProcess::IsRunning() {
-  if (pid_ != 0 && WaitFor(pid_, WNOHANG) != 0) pid_ = 0;
+  int status = 0;
+  if (pid_ != 0 && WaitFor(pid_, WNOHANG, &status) != 0) {
+    pid_ = 0;
+    has_failed_ = !WIFEXITED(status) || WEXITSTATUS(status) != 0;
+  }
   return pid_ != 0;
 }
 

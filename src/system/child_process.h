@@ -21,10 +21,15 @@ class ChildProcess {
   bool Start(const std::string& program, const std::vector<std::string>& arguments,
              int output = -1);
   [[nodiscard]] bool IsRunning();
+  // Whether the last one has ended by itself with another status than 0.
+  [[nodiscard]] bool HasFailed() { return !IsRunning() && has_failed_; }
   void End() noexcept;
+  // Leaves a running one to itself, and to the system what is left of it: for the end of ours.
+  void LetGo() noexcept { pid_ = 0; }
 
  private:
   pid_t pid_ = 0;  // 0: none
+  bool has_failed_ = false;
 };
 
 // Starts `program`, an absolute path, as a process that lives on by itself and leaves nothing for

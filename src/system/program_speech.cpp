@@ -30,34 +30,82 @@ std::string_view AsArgument(std::string_view text) {
 }  // namespace
 
 ProgramSpeech::ProgramSpeech(RunLoop& loop, std::vector<Voice> voices)
-    : voices_(std::move(voices)), watchdog_(loop) {}
+    : loop_(loop), voices_(std::move(voices)), look_(loop), watchdog_(loop) {}
 
 ProgramSpeech::ProgramSpeech(RunLoop& loop)
-    : ProgramSpeech(loop, {{"spd-say", {"--wait", "--"}}, {"espeak-ng", {"--"}}}) {}
+    : ProgramSpeech(loop, {{"spd-say", {"--wait", "--"}, {"--cancel"}}, {"espeak-ng", {"--"}}}) {}
+
+ProgramSpeech::~ProgramSpeech() {
+  Stop();
+  silencer_.LetGo();
+}
 
 void ProgramSpeech::Speak(std::string_view text) {
   Stop();
-  const std::string_view spoken = AsArgument(text);
-  if (spoken.empty()) return;
-  for (const Voice& voice : voices_) {
-    std::vector<std::string> arguments = voice.arguments;
-    arguments.emplace_back(spoken);
-    if (!running_.Start(voice.program, arguments)) continue;
-    const auto characters = spoken.size() - static_cast<std::size_t>(std::count_if(
-                                                spoken.begin(), spoken.end(), IsContinuation));
-    watchdog_.Start(std::max<milliseconds>(kShortestWatch, kWatchPerCharacter * characters),
-                    [this] { running_.End(); });
-    return;
-  }
+  text_ = AsArgument(text);
+  if (voice_ == voices_.size()) voice_ = 0;
+  GoOn();
 }
 
 void ProgramSpeech::Stop() {
   watchdog_.Cancel();
-  running_.End();
+  text_.clear();
+  if (std::exchange(has_started_, false) && speaker_.IsRunning()) {
+    speaker_.End();
+    const Voice& voice = voices_[voice_];
+    if (!voice.silencing.empty()) silencer_.Start(voice.program, voice.silencing);
+    silencing_end_ = loop_.Now() + kLongestSilencing;
+  }
+  GoOn();
 }
 
 bool ProgramSpeech::IsBusy() const {
-  return running_.IsRunning();
+  if (text_.empty()) return false;
+  if (!has_started_) return true;
+  return speaker_.IsRunning() || (HasFailedAtOnce() && voice_ + 1 < voices_.size());
+}
+
+bool ProgramSpeech::HasFailedAtOnce() const {
+  return speaker_.HasFailed() && loop_.Now() - start_ <= kFailsAtOnce;
+}
+
+// Starts the first voice from the one in use on that can be started.
+void ProgramSpeech::StartVoice() {
+  for (; voice_ < voices_.size(); ++voice_) {
+    std::vector<std::string> arguments = voices_[voice_].arguments;
+    arguments.push_back(text_);
+    if (!speaker_.Start(voices_[voice_].program, arguments)) continue;
+    has_started_ = true;
+    start_ = loop_.Now();
+    const auto characters =
+        std::count_if(text_.begin(), text_.end(), [](char byte) { return !IsContinuation(byte); });
+    watchdog_.Start(std::max<milliseconds>(kShortestWatch, kWatchPerCharacter * characters),
+                    [this] { Stop(); });
+    return;
+  }
+  text_.clear();
+}
+
+// A text that is started before its server has silenced the former one could be silenced with it.
+void ProgramSpeech::GoOn() {
+  look_.Cancel();
+  if (silencer_.IsRunning() && loop_.Now() < silencing_end_) {
+    return look_.Start(kBetweenLooks, [this] { GoOn(); });
+  }
+  silencer_.End();
+  if (text_.empty()) return;
+  if (!has_started_) StartVoice();
+  if (!has_started_) return;
+  if (speaker_.IsRunning()) {
+    if (loop_.Now() - start_ < kFailsAtOnce) look_.Start(kBetweenLooks, [this] { GoOn(); });
+    return;
+  }
+  const bool is_handed_over = HasFailedAtOnce();
+  watchdog_.Cancel();
+  has_started_ = false;
+  if (!is_handed_over) return text_.clear();
+  ++voice_;
+  GoOn();
 }
 
 }  // namespace tallyfold

@@ -53,9 +53,8 @@ TEST(Dates, AreReadInIsoFormOrTheUsersOwn) {
   }
 }
 
-TEST(Amounts, AreReadPlainWhateverTheLocale) {
-  const std::string plain = "!amount: expected an amount such as 1234.50, not ";
-  const std::string below = "!amount: expected an amount below 10000000000000.00, not ";
+TEST(Amounts, AreReadPlainOrAsTheUserWritesThem) {
+  const std::string plain = "!amount: expected an amount such as 1234.50 or 1234,50, not ";
   struct Case {
     std::string_view typed;
     std::string read;
@@ -69,20 +68,28 @@ TEST(Amounts, AreReadPlainWhateverTheLocale) {
       {"5.", "5.00"},
       {"0000000000000000000000000001", "1.00"},
       {"9999999999999.99", "9999999999999.99"},
-      {"10000000000000", below + "\"10000000000000\""},
+      {"10000000000000", plain + "\"10000000000000\""},
       {"1234567890123456789012345678901234567890",
-       below + "\"1234567890123456789012345678901234567890\""},
+       plain + "\"1234567890123456789012345678901234567890\""},
       {"", plain + "\"\""},
       {"-", plain + "\"-\""},
       {".", plain + "\".\""},
       {"1.005", plain + "\"1.005\""},
-      {"1,5", plain + "\"1,5\""},
+      {"1,5", "1.50"},
+      {"1.234,50", "1234.50"},
+      {"1.234.567", "1234567.00"},
+      {"-1.234,5 €", "-1234.50"},
+      {"1.234", plain + "\"1.234\""},
+      {"1.500", plain + "\"1.500\""},
+      {"1234.500", plain + "\"1234.500\""},
+      {"1,234", plain + "\"1,234\""},
       {"1,234.50", plain + "\"1,234.50\""},
-      {"$5", plain + "\"$5\""},
+      {"$5", "5.00"},
       {"--5", plain + "\"--5\""},
       {"1e3", plain + "\"1e3\""},
       {"nan", plain + "\"nan\""},
-      {"5 ", plain + "\"5 \""},
+      {"5 ", "5.00"},
+      {"5 5", plain + "\"5 5\""},
   };
   FakeAmbient ambient;
   ambient.locale.decimal_separator = ",";
@@ -90,6 +97,11 @@ TEST(Amounts, AreReadPlainWhateverTheLocale) {
   for (const Case& c : cases) {
     EXPECT_EQ(Answer([&] { return WriteAmount(ReadAmount(c.typed, "amount")); }), c.read);
   }
+  ambient.locale.decimal_separator = ".";
+  ambient.locale.thousands_separator = ",";
+  EXPECT_EQ(ReadAmount("1,234.50", "amount"), 1234.5);
+  EXPECT_EQ(Answer([] { return WriteAmount(ReadAmount("1.234", "amount")); }),
+            "!amount: expected an amount such as 1234.50, not \"1.234\"");
   EXPECT_EQ(WriteAmount(-0.001), "0.00");
 }
 

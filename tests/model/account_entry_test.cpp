@@ -212,6 +212,9 @@ TEST(Entries, SpeakWhatTheyHave) {
   EXPECT_EQ(LDGRAccountEntry(deposit).asSpeakableString(),
             "7 March 2004.  Deposit in the Amount of:  -12.35 .  Type:   .  From:  Corner Shop .  "
             "Resolved .  ");
+  deposit.Set("entryFlags", 4);
+  EXPECT_EQ(LDGRAccountEntry(deposit).asSpeakableString(),
+            "7 March 2004.  Transfer in the Amount of:  -12.35 .  Type:  Transfer .  Resolved .  ");
   EXPECT_EQ(LDGRAccountEntry(Dict({})).asSpeakableString(), "30 November -0001.  Unresolved .  ");
 }
 

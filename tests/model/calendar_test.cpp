@@ -116,8 +116,9 @@ TEST(DateNumbers, StandForMidnights) {
   EXPECT_EQ(NSCalendarDateToDateNumber(std::nullopt), 19700101);
   EXPECT_EQ(NSCalendarDateToDateNumber(CivilTime{2024, 3, 7, 23, 59, 59}), 20240307);
   EXPECT_EQ(dateWithDateNumber(19700101), (CivilTime{1970, 1, 1, 0, 0, 0}));
-  // A day that does not exist is passed on, and rolls where days are counted.
-  EXPECT_EQ(DateNumberToNSCalendarDate(20041399), (CivilTime{2004, 13, 99}));
+  EXPECT_EQ(dateWithDateNumber(20040230), (CivilTime{2004, 3, 1}));
+  EXPECT_EQ(DateNumberToNSCalendarDate(20041399), (CivilTime{2005, 4, 9}));
+  EXPECT_EQ(DateNumberToNSCalendarDate(0), (CivilTime{-1, 11, 30}));
   EXPECT_EQ(DateNumberOfDayCount(DayCountOf(20040230)), 20040301);
   EXPECT_EQ(NSCalendarDateToDateNumber(CivilTime{5'000'000, 1, 1}), 2'147'483'647);
   EXPECT_EQ(NSCalendarDateToDateNumber(CivilTime{-5'000'000, 1, 1}), -2'147'483'647 - 1);

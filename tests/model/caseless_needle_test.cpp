@@ -35,8 +35,15 @@ TEST(CaselessNeedles, OccurWhateverTheCase) {
       Case{"ÉTÉ", "été", true, true},
       Case{"ж", "Жук", true, false},
       Case{"STRASSE", "straße", false, false},
-      // A letter that folds to a shorter one.
+      Case{"ⴀꭰ", "xႠᎠ", true, false},
+      Case{"\U00010428", "\U00010400", true, true},
+      // Letters that fold to shorter and to longer ones.
       Case{"mission", "mi\u017F\u017Fion", true, true},
+      Case{"ok", "10 o\u212A", true, false},
+      Case{"gro\u00DF", "GRO\u1E9E", true, true},
+      Case{"\u2C65\u2C65", "\u023A\u023A", true, true},
+      Case{"\u023A!", "x\u2C65!", true, false},
+      Case{"\u2C65\u2C65", "\u023Axx", false, false},
       Case{"s", "\u017F", true, true},
       Case{"\u017Fa", "xSA", true, false},
       // Bytes in common are not letters in common.
@@ -59,8 +66,9 @@ TEST(CaselessNeedles, OccurWhateverTheCase) {
 
 // A text without invalid bytes occurs exactly where its folded form occurs in the folded field.
 TEST(CaselessNeedles, OccurWhereTheFoldedTextOccurs) {
-  constexpr std::array<std::string_view, 12> kLetters = {
-      "a", "A", "b", "s", "S", "\u017F", "é", "É", "\u00B5", "\u03BC", "Ж", "€"};
+  constexpr std::array<std::string_view, 18> kLetters = {
+      "a",      "A",      "b", "s", "S",      "\u017F", "k",      "\u212A", "é",
+      "\u00B5", "\u03BC", "Ж", "€", "\u023A", "\u2C65", "\u13A0", "\uAB70", "\U00010400"};
   std::mt19937 random(1);
   const auto text = [&](std::size_t longest) {
     std::string result;
@@ -81,11 +89,31 @@ TEST(CaselessNeedles, OccurWhereTheFoldedTextOccurs) {
   EXPECT_GT(occurrences, 500);
 }
 
-// The search counts on it.
-TEST(Folding, ChangesTheSizeOfLongSAlone) {
-  for (char32_t letter = 0x80; letter < kFoldingEnd; ++letter) {
-    EXPECT_EQ(FoldCodePoint(letter) < 0x80, letter == 0x017F) << static_cast<unsigned>(letter);
+TEST(Folding, GivesAllCasesOfALetterOneForm) {
+  const struct {
+    char32_t letter;
+    char32_t form;
+  } cases[] = {{0x0041, 0x0061},   {0x0061, 0x0061},   {0x00DF, 0x00DF},     {0x0130, 0x0130},
+               {0x0131, 0x0131},   {0x0149, 0x0149},   {0x017F, 0x0073},     {0x01C5, 0x01C6},
+               {0x0345, 0x03B9},   {0x03A2, 0x03A2},   {0x0531, 0x0561},     {0x10A0, 0x2D00},
+               {0x13A0, 0x13A0},   {0xAB70, 0x13A0},   {0x13F8, 0x13F0},     {0x1C88, 0xA64B},
+               {0x1E9E, 0x00DF},   {0x1F88, 0x1F80},   {0x1FBE, 0x03B9},     {0x1FD3, 0x0390},
+               {0x212B, 0x00E5},   {0x2160, 0x2170},   {0x24B6, 0x24D0},     {0xA7AE, 0x026A},
+               {0xFB05, 0xFB06},   {0xFF21, 0xFF41},   {0x10400, 0x10428},   {0x10427, 0x1044F},
+               {0x1E921, 0x1E943}, {0x1E9FF, 0x1E9FF}, {0x10FFFF, 0x10FFFF}, {0x110041, 0x110041}};
+  for (const auto& c : cases) {
+    EXPECT_EQ(FoldCodePoint(c.letter), c.form) << std::hex << static_cast<unsigned>(c.letter);
   }
+  std::size_t changed = 0;
+  std::size_t told = 0;
+  for (char32_t letter = 0; letter <= 0x10FFFF; ++letter) {
+    const char32_t form = FoldCodePoint(letter);
+    if (form != letter) ++changed;
+    ASSERT_EQ(FoldCodePoint(form), form) << std::hex << static_cast<unsigned>(letter);
+    if (letter < 0x20000) told += OtherCasesOf(letter).size();
+  }
+  EXPECT_EQ(changed, 1484U);  // in the Unicode tables
+  EXPECT_EQ(told, changed);
 }
 
 }  // namespace

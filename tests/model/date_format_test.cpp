@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <tuple>
+
 #include "fakes/fake_ambient.h"
 
 namespace tallyfold {
@@ -49,8 +51,9 @@ TEST(TypedDays, AreReadInTheUsersFormatOrAsYearMonthDay) {
                {"3/7/04", "%m/%d/%y", 20040307},
                {"03-07-2004", "%m/%d/%y", 20040307},
                {"3 7 04", "%m/%d/%y", 20040307},
-               {"3/7/68", "%1m/%e/%y", 20680307},
-               {"3/7/69", "%1m/%e/%y", 19690307},
+               {"3/7/24", "%1m/%e/%y", 20240307},
+               {"3/7/25", "%1m/%e/%y", 19250307},
+               {"3/7/00", "%1m/%e/%y", 20000307},
                {"3/7/4", "%m/%d/%y", 20040307},
                {"3/7/204", "%m/%d/%y", kNone},
                {"3/7/20045", "%m/%d/%y", kNone},
@@ -61,7 +64,10 @@ TEST(TypedDays, AreReadInTheUsersFormatOrAsYearMonthDay) {
                {"13/7/04", "%m/%d/%y", kNone},
                {"3/32/04", "%m/%d/%y", kNone},
                {"2/29/1900", "%m/%d/%y", kNone},
-               {"7.3.04", "%d.%m.%Y", 40307},
+               {"7.3.24", "%d.%m.%Y", 20240307},
+               {"7.3.25", "%d.%m.%Y", 19250307},
+               {"7.3.4", "%d.%m.%Y", 20040307},
+               {"7.3.204", "%d.%m.%Y", 2040307},
                {"7.3.2004", "%d.%m.%Y", 20040307},
                {"7.3.2004", "%d.%m.%Y.", 20040307},
                {"7. 3. 2004.", "%d.%m.%Y.", 20040307},
@@ -75,7 +81,13 @@ TEST(TypedDays, AreReadInTheUsersFormatOrAsYearMonthDay) {
                {"", "", kNone},
                {"3/7", "%m/%d", kNone},
                {"3/7/04 12", "%m/%d/%y %H", kNone}};
+  ambient.clock.SetLocal({2004, 12, 31});
   for (const auto& c : cases) EXPECT_EQ(ParseDay(c.text, c.format), c.day) << c.text << c.format;
+  for (const auto& [text, format, day] : {std::tuple{"3/7/68", "%m/%d/%y", 20680307},
+                                          {"3/7/69", "%m/%d/%y", 19690307},
+                                          {"3/7/4", "%m/%d/%Y", 40307}}) {
+    EXPECT_EQ(ParseDay(text, format, ShortYears::ByFormat), day) << text << format;
+  }
 }
 
 TEST(ShortestDateFormats, KeepTheOrderOfTheParts) {

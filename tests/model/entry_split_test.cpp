@@ -96,6 +96,17 @@ TEST(Splits, ChangeLineByLine) {
   EXPECT_EQ(split.GetTotal(), 1.10 + 2.2);  // line 9 counts, switched on or not
 }
 
+TEST(Splits, TakeTheTextOfOneLineIntoAnother) {
+  LDGRAccountEntrySplit split;
+  split.SetDescription("Milk", 0);
+  const std::string* const first = &split.GetDescription(0);
+  for (std::size_t line = 1; line < LDGRAccountEntrySplit::kLines; ++line) {
+    split.SetDescription(split.GetDescription(line - 1), line);
+    EXPECT_EQ(split.GetDescription(line), "Milk");
+    EXPECT_EQ(&split.GetDescription(0), first) << "moved while line " << line << " was set";
+  }
+}
+
 TEST(Splits, AreWrittenWholeAndCopiedWithoutStates) {
   LDGRAccountEntrySplit split;
   split.SetDescription("Milk", 1);

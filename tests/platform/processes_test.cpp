@@ -113,6 +113,62 @@ TEST(ProgramSpeech, ReplacesWhatIsSpoken) {
   EXPECT_FALSE(speech.IsBusy());
 }
 
+// Until a child has ended, which is still to be cleared away.
+void AwaitEndOfChild() {
+  siginfo_t info;
+  EXPECT_EQ(waitid(P_ALL, 0, &info, WEXITED | WNOWAIT), 0);
+}
+
+TEST(ProgramSpeech, HasTheServerSilentBeforeTheNextText) {
+  const NamedPipe pipe;
+  FakeRunLoop loop;
+  ProgramSpeech::Voice voice = VoiceInto(pipe, "exec sleep 600");
+  voice.silencing = {"-c", R"(printf silence > "$0")", pipe.path()};
+  ProgramSpeech speech(loop, {voice});
+  speech.Speak("first");
+  EXPECT_EQ(pipe.ReadAll(), "first");
+  speech.Speak("second");
+  EXPECT_TRUE(speech.IsBusy());
+  EXPECT_EQ(pipe.ReadAll(), "silence");
+  AwaitEndOfChild();
+  loop.AdvanceBy(ProgramSpeech::kBetweenLooks);
+  EXPECT_EQ(pipe.ReadAll(), "second");
+  speech.Stop();
+  EXPECT_FALSE(speech.IsBusy());
+  // A server that cannot be silenced is given up.
+  speech.Speak("third");
+  loop.AdvanceBy(ProgramSpeech::kLongestSilencing);
+  EXPECT_EQ(pipe.ReadAll(), "third");
+  speech.Stop();
+  EXPECT_EQ(pipe.ReadAll(), "silence");
+  AwaitEndOfChild();
+  loop.AdvanceBy(ProgramSpeech::kBetweenLooks);
+  EXPECT_TRUE(HasNoChildren());
+  EXPECT_EQ(loop.PendingCalls(), 0u);
+}
+
+TEST(ProgramSpeech, HandsOverWhatAVoiceFailsToSpeak) {
+  const NamedPipe failing;
+  const NamedPipe pipe;
+  FakeRunLoop loop;
+  ProgramSpeech speech(loop, {VoiceInto(failing, "exit 1"), VoiceInto(pipe, "exec sleep 600")});
+  speech.Speak("text");
+  EXPECT_EQ(failing.ReadAll(), "text");
+  AwaitEndOfChild();
+  EXPECT_TRUE(speech.IsBusy());
+  loop.AdvanceBy(ProgramSpeech::kBetweenLooks);
+  EXPECT_EQ(pipe.ReadAll(), "text");
+  speech.Speak("more");
+  EXPECT_EQ(pipe.ReadAll(), "more");
+
+  ProgramSpeech last(loop, {VoiceInto(failing, "exit 1")});
+  last.Speak("text");
+  EXPECT_EQ(failing.ReadAll(), "text");
+  speech.Stop();
+  AwaitEndOfChild();
+  EXPECT_FALSE(last.IsBusy());
+}
+
 TEST(ProgramSpeech, CutsWhatIsTooLongForAnArgument) {
   const NamedPipe pipe;
   FakeRunLoop loop;
@@ -151,10 +207,7 @@ TEST(ProgramUpdateService, AnswersWithTheFirstLineOrNone) {
       service.FetchLatestVersion("https://updates.example/$x",
                                  [&](const auto& answer) { answers.push_back(answer); });
     }
-    siginfo_t info;
-    if (ends) {
-      EXPECT_EQ(waitid(P_ALL, 0, &info, WEXITED | WNOWAIT), 0);
-    }
+    if (ends) AwaitEndOfChild();
     loop.AdvanceBy(ends ? ProgramUpdateService::kPause : ProgramUpdateService::kTimeLimit);
     EXPECT_EQ(answers.size(), 1u);
     EXPECT_EQ(loop.PendingCalls(), 0u);

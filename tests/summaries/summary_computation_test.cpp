@@ -6,6 +6,7 @@
 
 #include "fakes/fake_ambient.h"
 #include "model/account.h"
+#include "model/current_account.h"
 #include "summaries/account_summary.h"
 
 namespace tallyfold {
@@ -166,12 +167,40 @@ TEST_F(SummaryComputation, CutsTheRangeIntoThePeriodsOfTheCalendar) {
 TEST_F(SummaryComputation, NeedsBoundedWorkForAnyRange) {
   Add({{20040229, kDebit, -1}, {99991231, kDebit, -2}, {2147483646, kDebit, -4}});
   summary_.setSubtotalPeriodStyle(0);
-  EXPECT_EQ(Over(19500101, 20491231).subtotals.size(), 36525U) << "a century of days";
+  EXPECT_EQ(Over(1'01'01, 20041231).subtotals.size(), 731'946U) << "every day until then";
+  EXPECT_FALSE(summary_.Summary().leaves_out_empty_periods);
   EXPECT_EQ(Periods(Over(-2147483647 - 1, 2147483647)).substr(0, 31),
             "0229-0229:1 99991231-99991231:1");
   const SummaryResult all = Over(-2147483647 - 1, 2147483647);
   EXPECT_EQ(all.subtotals.size(), 3U);
+  EXPECT_TRUE(all.leaves_out_empty_periods);
   EXPECT_EQ(all.whole.total, -7.0);
+}
+
+TEST_F(SummaryComputation, HasOnePeriodForAllDaysBeforeTheYear1) {
+  Add({{0, kDebit, -1}, {1231, kDebit, -2}, {1'01'00, kDebit, -4}, {1'01'01, kDebit, -8}});
+  const struct {
+    std::int32_t style;
+    DateNumber start;
+    DateNumber end;
+    const char* periods;
+  } cases[] = {
+      {2, 0, 1'03'01, "0-1231:3 10101-10131:1 10201-10228:0 10301-10301:0"},
+      {1, 0, 1'01'08, "0-1231:3 10101-10106:1 10107-10108:0"},
+      {0, 1231, 1'01'01, "1231-1231:2 10101-10101:1"},
+      {0, 1'01'00, 1'01'01, "1231-1231:1 10101-10101:1"},
+      {4, -8870, 0, "-8870-0:1"},
+      {3, 1229, 1231, "1229-1231:1"},
+      {5, 0, 1'03'01, "0-10301:4"},
+  };
+  for (const auto& test : cases) {
+    summary_.setSubtotalPeriodStyle(test.style);
+    EXPECT_EQ(Periods(Over(test.start, test.end)), test.periods) << test.style << ' ' << test.start;
+  }
+  Add({{20040331, kDebit, -16}});
+  summary_.setDateRangeStyle(0);
+  summary_.setSubtotalPeriodStyle(2);
+  EXPECT_EQ(summary_.Summary().subtotals.size(), 1U + 2003 * 12 + 3);
 }
 
 TEST_F(SummaryComputation, CountsTheEntriesThatEveryRestrictionKeeps) {
@@ -219,11 +248,16 @@ TEST_F(SummaryComputation, CountsTheEntriesThatEveryRestrictionKeeps) {
   account_.GetEntries()[0]->SetType(account_.GetTypes().front()->GetNumber());
   account_.GetEntries()[1]->SetNotes("for renting");
   const plist::Dictionary defaults = summary_.optionsAsDictionary();
+  LDGRAccount selected;
+  const ScopedCurrentAccount current(&account_);
   for (const auto& test : cases) {
     summary_.setOptionsFromDictionary(defaults);
     test.set(summary_);
     EXPECT_EQ(Over(20040301, 20040331).whole.total, test.total) << &test - cases;
   }
+  text(1)(summary_);
+  const ScopedCurrentAccount other(&selected);
+  EXPECT_EQ(Over(20040301, 20040331).whole.total, 0) << "types are those of the selected account";
 }
 
 TEST_F(SummaryComputation, AddsThePeriodsUpAndKeepsTheBalancesOfTheWholeAccount) {
@@ -260,7 +294,10 @@ TEST_F(SummaryComputation, AddsThePeriodsUpAndKeepsTheBalancesOfTheWholeAccount)
   EXPECT_TRUE(unresolved.whole.types_subtotals.empty());
   EXPECT_EQ(summary_.entries().front()->GetDate(), 20040110) << "by date";
   EXPECT_EQ(Over(20040301, 20040301).whole.count, 2U) << "once as a debit, once as a transfer";
-  EXPECT_EQ(summary_.SubtotalEntries(account_.GetEntries(), 20040110, 20040120).total, 19.0);
+  const auto between = summary_.SubtotalEntries(account_.GetEntries(), 20040110, 20040120);
+  EXPECT_EQ(between.total, 19.0);
+  EXPECT_EQ(between.end_date, 20040120);
+  EXPECT_EQ(Text(between.descriptions_subtotals), "Lunch 1 -100;Pay 1 2000;");
   summary_.setAccount(nullptr);
   EXPECT_EQ(Over(20040101, 20040229).whole.count, 0U);
 }

@@ -116,6 +116,29 @@ TEST_F(SummaryLayoutTest, TitlesEachStyleOfPeriod) {
   }
 }
 
+TEST_F(SummaryLayoutTest, SkipsPeriodsWithoutEntriesWhereThereAreTooMany) {
+  Add(0, "", 5);
+  Add(20040301, "", 2);
+  const struct {
+    DateNumber start;
+    std::int32_t style;
+    std::size_t lines;
+    bool says_so;
+  } cases[] = {{0, 2, 2, true},          {0, 0, 2, true},
+               {20040301, 0, 33, false}, {16701201, 2, 4000, false},
+               {16701101, 2, 1, true},   {-2147483647, 0, 2, true}};
+  for (const auto& test : cases) {
+    summary_->setStartDate(test.start);
+    summary_->setEndDate(test.start == 20040301 ? 20040402 : 20040229 + 100);
+    summary_->setSubtotalPeriodStyle(test.style);
+    const SummaryLayout layout = Computed();
+    EXPECT_EQ(layout.periods.size(), test.lines) << test.start;
+    EXPECT_EQ(layout.left_out_periods.empty(), !test.says_so) << test.start;
+  }
+  summary_->setStartDate(0);
+  EXPECT_EQ(Computed().periods.front().title, "Before the year 1");
+}
+
 TEST_F(SummaryLayoutTest, HasAPlaceForAmountsThatAreNoNumbers) {
   Add(20040301, "x", std::numeric_limits<double>::quiet_NaN());
   Add(20040301, "y", std::numeric_limits<double>::infinity());

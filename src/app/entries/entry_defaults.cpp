@@ -24,7 +24,9 @@ void SetDebitDefaults(LDGRAccountEntry& entry, const LDGRAccount& account,
   entry.SetType(type ? type->GetNumber() : -1);
   const bool is_check = type && type->GetIsCheck();
   entry.SetIsCheck(is_check);
-  if (is_check) entry.SetCheckNumber(SuggestedCheckNumber(account, preferences));
+  if (is_check) {
+    entry.SetCheckNumber(SuggestedCheckNumber(account, preferences).value_or(0));
+  }
 }
 
 }  // namespace
@@ -66,9 +68,13 @@ std::shared_ptr<LDGRAccountEntry> NewEntryWithDefaults(EntryKind kind, LDGRAccou
   return entry;
 }
 
-std::int32_t SuggestedCheckNumber(const LDGRAccount& account, const LDGRPreferences& preferences) {
+std::optional<std::int32_t> SuggestedCheckNumber(const LDGRAccount& account,
+                                                 const LDGRPreferences& preferences) {
   if (!preferences.GetNumberChecksAutomatically()) return 0;
-  return account.NextAvailableCheckNumberAfterEntry(account.GetLastEnteredCheck().get());
+  const std::int32_t next =
+      account.NextAvailableCheckNumberAfterEntry(account.GetLastEnteredCheck().get());
+  if (next < 0) return std::nullopt;  // the account counts on from the highest number to the least
+  return next;
 }
 
 }  // namespace tallyfold

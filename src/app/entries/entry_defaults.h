@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <memory>
+#include <optional>
 
 namespace tallyfold {
 
@@ -17,8 +18,8 @@ enum class EntryKind : std::uint8_t { Debit, Deposit, Transfer };
     EntryKind kind, LDGRAccount& account, const LDGRPreferences& preferences);
 
 // The number a new check gets: the next free one after the last entered check, or 0 where the
-// user numbers checks himself.
-[[nodiscard]] std::int32_t SuggestedCheckNumber(const LDGRAccount& account,
-                                                const LDGRPreferences& preferences);
+// user numbers checks himself. None where no number is left.
+[[nodiscard]] std::optional<std::int32_t> SuggestedCheckNumber(const LDGRAccount& account,
+                                                               const LDGRPreferences& preferences);
 
 }  // namespace tallyfold

@@ -160,10 +160,13 @@ void EntrySheet::SaveSplit(const EditedEntry& edited) const {
   edited.entry->SetSplit(std::move(split));
 }
 
-void EntrySheet::CheckNumber_Button(std::int32_t suggested) {
+void EntrySheet::CheckNumber_Button(std::optional<std::int32_t> suggested) {
   auto& typed = state_.typed;
   state_.check_number_is_enabled = typed.check;
-  if (typed.check && !typed.check_number) typed.check_number = suggested;
+  if (typed.check && !typed.check_number) {
+    typed.check_number = suggested;
+    if (!suggested) state_.problem = LocalizedText("There are no check numbers left.");
+  }
   announcer_.Changed(StateArea());
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <string>
 
 #include "app/entries/edit_sheet.h"
@@ -38,8 +39,8 @@ class EntrySheet final : public EditSheet {
   void SetProblem(std::string problem) override { state_.problem = std::move(problem); }
 
   // The check box was ticked or unticked. An empty number field of a ticked box is filled with
-  // `suggested`.
-  void CheckNumber_Button(std::int32_t suggested);
+  // `suggested`; where that is none, the problem says that no number is left.
+  void CheckNumber_Button(std::optional<std::int32_t> suggested);
 
   // The description was typed or chosen: offers what an earlier entry has with it.
   void SuggestForDescription(const EditedEntry& edited, const LDGRAccount& account);

@@ -71,7 +71,7 @@ std::shared_ptr<LDGRAccountEntry> ScheduleCommit::Add(LDGRAccount& account,
       edited != nullptr ? edited : LDGRAccountEntry::entryWithEntry(occurrence.entry.get());
   entry->SetNumber(account.NextAvailableNumber());
   if (entry->IsCheck() && !has_typed_check_number) {
-    entry->SetCheckNumber(SuggestedCheckNumber(account, desk_.preferences()));
+    entry->SetCheckNumber(SuggestedCheckNumber(account, desk_.preferences()).value_or(0));
   }
   if (entry->IsTransfer()) LinkTransfer(account, *entry);
   account.AddEntry(entry);
