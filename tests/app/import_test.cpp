@@ -124,7 +124,7 @@ TEST_F(ImportTest, StoresTheOptionsAtOnceAndReadsAnewWhenItGoesBack) {
   EXPECT_EQ(account->GetQIFImportDecimalSeparator(), ",");
   EXPECT_EQ(account->GetQIFImportDateFormat(), 15);
   EXPECT_TRUE(account->GetQIFImportAllTypes() && !account->GetQIFImportSplitLineItems());
-  EXPECT_EQ(import.Review().hints.unreadable_dates, 3U);
+  EXPECT_EQ(import.Review().hints.CountOf(ImportDoubtKind::UnreadableDate), 3U);
   EXPECT_EQ(Marks(), "xxx");
 
   import.ImportEntry_Remove();
@@ -206,7 +206,7 @@ TEST_F(ImportTest, IgnoresItsCommandsWhereThereIsNothingToDo) {
   panels.Answer("/home/user/none.qif");
   ASSERT_TRUE(app.importCommand().QIFImport());
   ASSERT_TRUE(import.ImportOptions_OK());
-  EXPECT_TRUE(import.Review().hints.is_unreadable);
+  EXPECT_EQ(import.Review().hints.problem, ImportHints::Problem::Unreadable);
   import.ImportEntry_ImportAll();
   import.ImportEntry_Remove();
   EXPECT_TRUE(import.Import_OK());
