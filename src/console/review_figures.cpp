@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "app/controller.h"
+#include "app/exchange/qif_import_controller.h"
 #include "console/printer.h"
 #include "console/table.h"
 #include "console/values.h"

@@ -140,6 +140,36 @@ TEST_F(ImportTest, StoresTheOptionsAtOnceAndReadsAnewWhenItGoesBack) {
   EXPECT_EQ(account->GetTypes().size(), LDGRAccount::DefaultTypes().size());
 }
 
+TEST_F(ImportTest, ReadsTheFileAgainInAnotherEncodingAndTellsOfDatesThatCannotBeRead) {
+  files.AddFile("/home/user/bank.qif",
+                "!Account\nNOne\n^\n!Type:Bank\nD1/1/04\nT1\n^\n"
+                "!Account\nNTwo\n^\n!Type:Bank\nDnever\nT1\nMGrün\n^\n");
+  EXPECT_FALSE(import.ImportOptions_SetEncoding(4));
+  Begin();
+  auto typed = import.Options().typed;
+  typed.account = 1;
+  import.ImportOptions_Read(typed);
+  EXPECT_TRUE(import.ImportOptions_SetEncoding(5));
+  EXPECT_EQ(account->GetQIFImportEncoding(), 5);
+  ASSERT_TRUE(import.ImportOptions_OK());
+  ASSERT_EQ(import.entries().size(), 1U);
+  EXPECT_EQ(import.entries()[0]->GetDescription(), "GrÃ¼n");
+  alerts.Answer("Cancel");
+  EXPECT_FALSE(import.import_OK_Button());
+  EXPECT_EQ(alerts.Requests().back().message,
+            "Entries to import: 1\nWithout a date that can be read: 1");
+  import.ImportEntry_UnmarkUndated();
+  EXPECT_EQ(Marks(), ".");
+
+  ASSERT_TRUE(import.import_GoBack_Button());
+  EXPECT_TRUE(import.ImportOptions_SetEncoding(1));  // it is no such text, and read as UTF-8
+  EXPECT_NE(import.Options().refused_encoding, "");
+  files.Remove("/home/user/bank.qif");
+  EXPECT_FALSE(import.ImportOptions_SetEncoding(4));
+  ASSERT_TRUE(import.ImportOptions_OK());
+  EXPECT_EQ(import.entries()[0]->GetDescription(), "Grün");
+}
+
 TEST_F(ImportTest, EditsAnEntryThroughTheSheetsWithoutTouchingTheAccount) {
   BeginReview();
   import.SelectEntry(import.entries()[1]);

@@ -107,7 +107,7 @@ void LDGRQIFImportController::ImportEntry_ImportAll() {
 }
 
 void LDGRQIFImportController::ImportEntry_UnmarkUndated() {
-  if (!IsReviewing()) return;
+  if (!IsReviewing() || review_state_.marked_undated == 0) return;
   review_.UnmarkUndated();
   EntriesChanged();
 }
