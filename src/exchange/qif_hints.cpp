@@ -87,13 +87,15 @@ Problem ProblemOf(const LDGRQIFImport& import) {
 template <typename Choice, std::size_t size, typename Reads>
 void Narrow(std::vector<Choice>& choices, const std::array<Choice, size>& all, Reads reads,
             bool& has_hopeless) {
-  if (choices.empty()) return;
-  if (std::none_of(choices.begin(), choices.end(), reads) &&
-      std::none_of(all.begin(), all.end(), reads)) {
+  const auto fails = [&reads](const Choice& each) { return !reads(each); };
+  // As most values go.
+  if (std::none_of(choices.begin(), choices.end(), fails)) return;
+  if (std::all_of(choices.begin(), choices.end(), fails) &&
+      std::all_of(all.begin(), all.end(), fails)) {
     has_hopeless = true;
     return;
   }
-  std::erase_if(choices, [&](const Choice& each) { return !reads(each); });
+  std::erase_if(choices, fails);
 }
 
 void NarrowFormats(std::string_view day, ImportHints& hints) {
