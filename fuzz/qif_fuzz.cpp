@@ -59,7 +59,12 @@ void Review(const LDGRQIFImport& import, const QifEntryList& chosen, const QifRe
     const bool is_duplicate = match && match->reason != QifMatch::Reason::NearDate;
     Check(entry->GetImport() != is_duplicate);
   }
-  static_cast<void>(HintsFor(import, chosen, 20260101));
+  for (const ImportDoubt& doubt : HintsFor(import, chosen, 20260101).doubts) {
+    Check(doubt.count > 0 && doubt.rows.size() <= ImportDoubt::kMostRows);
+    for (const std::int32_t row : doubt.rows) {
+      Check(row >= 1 && static_cast<std::size_t>(row) <= chosen.size());
+    }
+  }
   review.ToggleAll();
   if (!review.entries().empty()) {
     review.Toggle(review.entries().front());

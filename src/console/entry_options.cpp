@@ -208,6 +208,8 @@ void TypeIntoTransferSheet(Console& console, const Arguments& arguments) {
 
 std::int32_t ItemTitled(const std::vector<PopUpItem>& items, std::string_view name,
                         std::string_view what) {
+  // Some titles come from files and may be of any length.
+  constexpr std::size_t kMostCharactersOfTitle = 60;
   for (const bool exactly : {true, false}) {
     std::int32_t found = kNoItem;
     for (std::size_t i = 0; i < items.size(); ++i) {
@@ -222,7 +224,7 @@ std::int32_t ItemTitled(const std::vector<PopUpItem>& items, std::string_view na
   for (const PopUpItem& item : items) {
     if (item.is_separator) continue;
     titles += titles.empty() ? "" : ", ";
-    titles += item.title;
+    titles += FirstCharacters(item.title, kMostCharactersOfTitle);
   }
   throw CommandError(std::string(what) + ": expected one of " + titles + ", not " + Quoted(name));
 }

@@ -85,7 +85,7 @@ std::int32_t EncodingNamed(const std::vector<PopUpItem>& items, std::string_view
 }
 
 ImportChoices ReadImportChoices(const QifImportOptionsState& shown, const Arguments& arguments) {
-  ImportChoices choices{shown.typed, {}};
+  ImportChoices choices{shown.typed, {}, {}};
   auto& typed = choices.typed;
   if (const auto account = arguments.Text("account")) {
     typed.account = AccountItem(shown.account_items, *account);
@@ -115,7 +115,11 @@ void ConfirmImportOptions(Console& console, const ImportChoices& choices) {
   for (const auto& [pop_up, destination] : choices.swaps) {
     import.ImportOptions_SwapOptions(pop_up, destination);
   }
+  const bool is_read = !choices.encoding || import.ImportOptions_SetEncoding(*choices.encoding);
   if (!import.ImportOptions_OK()) throw CommandError("the options cannot be taken now");
+  if (!is_read) {
+    throw CommandError("the file can no longer be read; the review shows what it held before");
+  }
 }
 
 }  // namespace tallyfold::console

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <string_view>
 #include <utility>
 #include <vector>
@@ -26,11 +27,14 @@ struct ImportChoices {
   QifImportOptionsState::Typed typed;
   // Destinations picked, pop-up by pop-up, in the order typed.
   std::vector<std::pair<LDGRQIFImportController::SwapPopUp, std::int32_t>> swaps;
+  // To read the file again in; none to leave the text as it was read.
+  std::optional<std::int32_t> encoding;
 };
 // `shown` is what the sheet shows before; options not given keep it.
 [[nodiscard]] ImportChoices ReadImportChoices(const QifImportOptionsState& shown,
                                               const Arguments& arguments);
-// Types the choices into the sheet, which is open, and confirms it.
+// Types the choices into the sheet, which is open, and confirms it. Throws CommandError, with the
+// review open all the same, when the file can no longer be read in another encoding.
 void ConfirmImportOptions(Console& console, const ImportChoices& choices);
 
 }  // namespace tallyfold::console

@@ -10,6 +10,7 @@
 #include "console/exchange_options.h"
 #include "console/lookup.h"
 #include "console/printer.h"
+#include "console/review_figures.h"
 #include "console/review_table.h"
 #include "console/table.h"
 #include "console/values.h"
@@ -50,7 +51,11 @@ void Import(Console& console, const Arguments& arguments) {
 
 void GoBack(Console& console, const Arguments& arguments) {
   auto& import = OpenReview(console);
-  const ImportChoices choices = ReadImportChoices(import.Options(), arguments);
+  ImportChoices choices = ReadImportChoices(import.Options(), arguments);
+  if (const auto encoding = arguments.Text("encoding")) {
+    choices.encoding =
+        EncodingNamed(console.controller.importCommand().Encodings().items(), *encoding);
+  }
   if (!import.import_GoBack_Button()) throw CommandError("the review cannot be left now");
   ConfirmImportOptions(console, choices);
   ShowReviewFigures(console);
@@ -101,6 +106,10 @@ void Mark(Console& console, const Arguments& arguments) {
 }
 
 void Unmark(Console& console, const Arguments& arguments) {
+  if (arguments.WordCount() == 1 && arguments.WordAt(0) == "undated") {
+    OpenReview(console).ImportEntry_UnmarkUndated();
+    return ShowReviewFigures(console);
+  }
   MarkEntries(console, arguments, false);
 }
 
@@ -125,6 +134,7 @@ void Commit(Console& console, const Arguments& /*arguments*/) {
   const auto account = SelectedAccount(console);
   const auto entry_count = account->GetEntries().size();
   const auto type_count = account->GetTypes().size();
+  const std::size_t undated = import.Review().marked_undated;
   if (!import.Import_OK()) throw CommandError("the account of the import is no longer selected");
   Table table({{"imported"}, {"count", Column::Align::Right}});
   const auto add = [&table](const char* what, std::size_t before, std::size_t now) {
@@ -132,6 +142,7 @@ void Commit(Console& console, const Arguments& /*arguments*/) {
   };
   add("entries", entry_count, account->GetEntries().size());
   add("types", type_count, account->GetTypes().size());
+  if (undated > 0) add("entries without a date that can be read", 0, undated);
   console.printer.Show(table);
 }
 
@@ -140,6 +151,8 @@ void Cancel(Console& console, const Arguments& /*arguments*/) {
   console.printer.Confirm("Nothing was imported.");
 }
 
+constexpr Option kEncoding = {
+    .name = "encoding", .value = "NAME", .help = "of the text, such as UTF-8 or its number, 4"};
 constexpr Option kAccount = {.name = "account",
                              .value = "NAME|all",
                              .help = "whose entries of the file; its first account at first"};
@@ -160,18 +173,8 @@ constexpr Option kTypes = {
 constexpr Option kSplits = {
     .name = "splits", .value = "yes|no", .help = "whether the lines of splits come in"};
 
-constexpr Option kImportOptions[] = {
-    {.name = "encoding", .value = "NAME", .help = "of the text, such as UTF-8 or its number, 4"},
-    kAccount,
-    kFormat,
-    kDecimal,
-    kThousands,
-    kSwap,
-    kZero,
-    kTypes,
-    kSplits};
-constexpr Option kBackOptions[] = {kAccount, kFormat, kDecimal, kThousands,
-                                   kSwap,    kZero,   kTypes,   kSplits};
+constexpr Option kImportOptions[] = {kEncoding, kAccount, kFormat, kDecimal, kThousands,
+                                     kSwap,     kZero,    kTypes,  kSplits};
 
 constexpr Command kCommands[] = {
     {.name = "import",
@@ -196,10 +199,10 @@ constexpr Command kCommands[] = {
      .run = Mark,
      .works_in_review = true},
     {.name = "unmark",
-     .words = "ROW...|all",
+     .words = "ROW...|all|undated",
      .least_words = 1,
      .most_words = 100,
-     .help = "leaves entries under review out of the import",
+     .help = "leaves entries under review out of the import; undated: those of no readable date",
      .example = "unmark 4",
      .run = Unmark,
      .works_in_review = true},
@@ -220,7 +223,7 @@ constexpr Command kCommands[] = {
      .run = Resolve,
      .works_in_review = true},
     {.name = "back",
-     .options = kBackOptions,
+     .options = kImportOptions,
      .help = "reads the file again with other options; what was done in the review is lost",
      .example = "back format=DD/MM/YY",
      .run = GoBack,

@@ -14,7 +14,5 @@ namespace tallyfold::console {
                                                                      std::string_view word);
 // Entries of the review, each with what it repeats in the account.
 void ShowReviewedEntries(const Console& console, const QifImportEntryList& entries);
-// Where the import comes from, what is marked, and what the rules will do to the file.
-void ShowReviewFigures(const Console& console);
 
 }  // namespace tallyfold::console

@@ -46,6 +46,11 @@ bool AreAlike(const LDGRAccountEntry& a, const LDGRAccountEntry& b, Reason reaso
   }
 }
 
+bool IsWithoutText(const LDGRAccountEntry& entry, Reason reason) {
+  return (reason == Reason::ToFrom && entry.GetToFrom().empty()) ||
+         (reason == Reason::Description && entry.GetDescription().empty());
+}
+
 std::int64_t DayOf(const LDGRAccountEntry& entry) {
   const CivilTime day = DateNumberToNSCalendarDate(entry.GetDate());
   return DayCount(day.year, day.month, day.day);
@@ -192,14 +197,20 @@ QifDuplicates::Alike QifDuplicates::FindAlike(std::uint32_t group, const LDGRAcc
 
 std::optional<QifMatch> QifDuplicates::Find(const LDGRAccountEntry& imported) const {
   const std::uint32_t group = GroupOf(imported);
+  std::optional<QifMatch> by_lack;
   for (const Reason reason : kReasons) {
     const Alike alike = FindAlike(group, imported, reason);
     if (alike.count == 0) continue;
+    const bool says_nothing = IsWithoutText(imported, reason);
+    if (says_nothing && by_lack) continue;
     const auto counted = in_file_.find(NumberOf(alike, reason));
-    return QifMatch{members_[alike.first], reason, alike.count,
-                    counted != in_file_.end() ? counted->second : 0};
+    QifMatch match{members_[alike.first], reason, alike.count,
+                   counted != in_file_.end() ? counted->second : 0};
+    if (!says_nothing) return match;
+    match.reason = Reason::AmountAndDate;
+    by_lack = std::move(match);
   }
-  return std::nullopt;
+  return by_lack;
 }
 
 void QifDuplicates::CountImported(const QifImportEntryList& imported) {

@@ -15,12 +15,19 @@ namespace tallyfold {
 
 // The entry of an account that an entry to be imported repeats, and by what.
 struct QifMatch {
-  enum class Reason : std::uint8_t { CheckNumber, ToFrom, Description, NearDate };
+  enum class Reason : std::uint8_t {
+    CheckNumber,
+    ToFrom,
+    Description,
+    AmountAndDate,  // beyond these only texts that both lack
+    NearDate
+  };
 
   std::shared_ptr<LDGRAccountEntry> entry;
   Reason reason = Reason::NearDate;
   // How many entries of the account match for that reason, and how many of those to be imported
-  // match the same ones for it, whatever else they match for: of three coffees in the file and two
+  // match the same ones for it, whatever else they match for (for AmountAndDate: for the first
+  // text that both lack): of three coffees in the file and two
   // in the account, one is new. Both are 0 for NearDate, in_file also before CountImported().
   std::uint32_t in_account = 0;
   std::uint32_t in_file = 0;

@@ -1,11 +1,13 @@
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <memory>
 #include <optional>
 #include <string>
 #include <vector>
 
+#include "exchange/import_hints.h"
 #include "model/date_number.h"
 
 namespace tallyfold {
@@ -19,10 +21,10 @@ struct QifSplitLine {
   std::string description;
 };
 
-struct QifEntry {
-  // Why split lines were left out.
-  enum class SplitLoss : std::uint8_t { None, MixedSigns, Uneven };
+// A file's split of more lines than this is left out whole, although an entry could hold one more.
+inline constexpr std::size_t kMostQifSplitLines = 9;
 
+struct QifEntry {
   std::optional<DateNumber> date;  // 0 when the text could not be read
   std::optional<double> amount;
   bool is_deposit = false;  // false as well when there is no amount
@@ -32,11 +34,8 @@ struct QifEntry {
   bool is_cleared = false;
   std::optional<std::int32_t> number;
   std::vector<QifSplitLine> splits;
-  // What of the record the rules leave out; for the hints before a commit.
-  bool has_unread_amount = false;  // became 0 although the text says nothing of the kind
-  bool has_text_number = false;    // became 0
-  bool has_lost_number = false;    // beyond 32 bits
-  SplitLoss split_loss = SplitLoss::None;
+  // What of the record may not be what its writer meant, as far as the record alone tells.
+  ImportDoubtSet doubts;
 };
 
 // Entries are shared between the list of all and the lists of accounts.

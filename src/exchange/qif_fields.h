@@ -24,6 +24,20 @@ namespace tallyfold {
 // whatever the text has: 69 to 99 are 19xx, 00 to 68 are 20xx. A four-digit year is literal.
 [[nodiscard]] DateNumber QifDay(std::string_view text, std::string_view format);
 
+struct QifDayReading {
+  DateNumber day = 0;  // as QifDay() has it
+  // The two-digit format left something out that stood in the text: more than two digits of a day
+  // or month, or another century.
+  bool is_reduced = false;
+};
+// An earlier day stands with a year of two digits in a format that takes all digits as the year.
+inline constexpr DateNumber kFirstDayOfYear100 = 1000101;
+[[nodiscard]] QifDayReading ReadQifDay(std::string_view text, std::string_view format);
+
+// The day in a value that stands exactly as the format has it, but for leading zeros and blanks
+// around it; a two-digit year is that of QifDay(). 0 for anything else.
+[[nodiscard]] DateNumber QifDayAsWritten(std::string_view text, std::string_view format);
+
 // The digits, points and minus signs of an amount after every thousands separator is removed and
 // every decimal separator has become a point. Empty separators are left alone.
 [[nodiscard]] std::string TweakAmountString(std::string_view text,

@@ -1,12 +1,14 @@
 #include "exchange/qif_import.h"
 
 #include <algorithm>
+#include <cmath>
 #include <functional>
 #include <limits>
 #include <memory>
 #include <set>
 #include <utility>
 
+#include "exchange/import_amounts.h"
 #include "exchange/qif_accounts.h"
 #include "exchange/qif_fields.h"
 #include "exchange/qif_record.h"
@@ -25,14 +27,29 @@ constexpr std::string_view kNextSection = "\r!";
 constexpr std::string_view kAutoSwitch = "!Option:AutoSwitch";
 constexpr std::string_view kAutoSwitchEnd = "!Clear:AutoSwitch\r";
 
+constexpr double kLargeAmount = 1e15;
+
 // Whether a cleaned amount that was read as 0 is one.
 bool SaysZero(std::string_view amount) {
   return amount.find('0') != std::string_view::npos &&
          amount.find_first_of("123456789") == std::string_view::npos;
 }
 
+// The value of an amount that was cleaned, and what is doubtful of how it stood.
+double ReadAmount(std::string_view value, std::string_view cleaned, const QifOptions& options,
+                  ImportDoubtSet& doubts) {
+  const double amount = LeadingAmount(cleaned);
+  if (amount == 0.0 && !SaysZero(cleaned)) {
+    doubts.Add(ImportDoubtKind::UnreadAmount);
+  } else {
+    LookAtAmount(value, {options.decimal_separator, options.thousands_separator}, doubts);
+  }
+  if (!(std::fabs(amount) < kLargeAmount)) doubts.Add(ImportDoubtKind::LargeAmount);
+  return amount;
+}
+
 std::vector<QifSplitLine> SplitLines(const QifRecord& record, const QifOptions& options,
-                                     QifEntry::SplitLoss& loss) {
+                                     ImportDoubtSet& doubts) {
   std::vector<std::string> amounts;
   bool has_positive = false;
   bool has_negative = false;
@@ -47,7 +64,7 @@ std::vector<QifSplitLine> SplitLines(const QifRecord& record, const QifOptions& 
   const auto& to_froms = record.split_to_froms();
   const auto& descriptions = record.split_descriptions();
   if (has_positive && has_negative) {
-    loss = QifEntry::SplitLoss::MixedSigns;
+    doubts.Add(ImportDoubtKind::MixedSplit);
     return {};
   }
   if (amounts.empty() && to_froms.empty() && descriptions.empty()) return {};
@@ -56,18 +73,33 @@ std::vector<QifSplitLine> SplitLines(const QifRecord& record, const QifOptions& 
     return list.size() == amounts.size() || (list.empty() && other.size() == amounts.size());
   };
   if (amounts.empty() || !fits(to_froms, descriptions) || !fits(descriptions, to_froms)) {
-    loss = QifEntry::SplitLoss::Uneven;
+    doubts.Add(ImportDoubtKind::UnevenSplit);
     return {};
   }
 
   std::vector<QifSplitLine> lines;
   lines.reserve(amounts.size());
   for (std::size_t i = 0; i < amounts.size(); ++i) {
+    static_cast<void>(ReadAmount(record.split_amounts()[i], amounts[i], options, doubts));
     lines.push_back({std::move(amounts[i]),
                      to_froms.empty() ? std::string() : std::string(to_froms[i]),
                      descriptions.empty() ? std::string() : std::string(descriptions[i])});
   }
   return lines;
+}
+
+void ReadDay(const QifRecord& record, const QifOptions& options, QifEntry& entry) {
+  const auto value = record.Value('D');
+  if (!value) return entry.doubts.Add(ImportDoubtKind::MissingDate);
+  const QifDayReading reading = ReadQifDay(*value, options.date_format);
+  entry.date = reading.day;
+  if (reading.day == 0) {
+    entry.doubts.Add(ImportDoubtKind::UnreadableDate);
+  } else if (reading.day < kFirstDayOfYear100) {
+    entry.doubts.Add(ImportDoubtKind::ShortYear);
+  } else if (reading.is_reduced) {
+    entry.doubts.Add(ImportDoubtKind::ReducedDate);
+  }
 }
 
 }  // namespace
@@ -107,6 +139,8 @@ const std::vector<std::string>& LDGRQIFImport::validListTypes() {
 void LDGRQIFImport::SetDataString(std::optional<std::string_view> text) {
   error_ = kNone;
   entry_types_list_.clear();
+  has_entry_types_list_ = false;
+  file_kind_ = ImportFileKind::Empty;
   left_out_accounts_ = 0;
   if (!text) {
     data_.clear();
@@ -114,12 +148,16 @@ void LDGRQIFImport::SetDataString(std::optional<std::string_view> text) {
     return;
   }
   if (text->starts_with(kByteOrderMark)) text->remove_prefix(kByteOrderMark.size());
+  file_kind_ = KindOfImportText(*text);
   std::string normal = '\r' + CleanText(*text);
   std::replace(normal.begin(), normal.end(), '\n', '\r');
 
   if (const std::size_t found = normal.find(kCategoryList); found != std::string::npos) {
     const std::size_t start = found + kCategoryList.size();
-    entry_types_list_ = normal.substr(start, normal.find(kNextSection, start) - start);
+    // Another header may follow at once, behind the line end of this one.
+    const std::size_t end = std::min(normal.find(kNextSection, start - 1), normal.size());
+    if (end > start) entry_types_list_ = normal.substr(start, end - start);
+    has_entry_types_list_ = true;
   }
   if (const std::size_t start = normal.find(kAutoSwitch); start != std::string::npos) {
     const std::size_t end = normal.find(kAutoSwitchEnd, start);
@@ -162,12 +200,11 @@ std::optional<QifEntry> LDGRQIFImport::EntryStringToEntry(std::string_view text)
   const QifRecord record(text);
   if (record.IsBlank()) return std::nullopt;
   QifEntry entry;
-  if (const auto day = record.Value('D')) entry.date = QifDay(*day, options_.date_format);
+  ReadDay(record, options_, entry);
   if (const auto value = record.Value('T')) {
     const std::string amount =
         TweakAmountString(*value, options_.decimal_separator, options_.thousands_separator);
-    entry.amount = LeadingAmount(amount);
-    entry.has_unread_amount = *entry.amount == 0.0 && !SaysZero(amount);
+    entry.amount = ReadAmount(*value, amount, options_, entry.doubts);
     entry.is_deposit =
         *entry.amount == 0.0 ? options_.zero_amounts_as_deposits : *entry.amount > 0.0;
   }
@@ -193,14 +230,19 @@ std::optional<QifEntry> LDGRQIFImport::EntryStringToEntry(std::string_view text)
   entry.is_cleared = record.Line('C').has_value();
   if (const auto value = record.Value('N')) {
     const std::int32_t number = LeadingInteger(*value);
-    entry.has_lost_number = number == std::numeric_limits<std::int32_t>::max();
-    if (!entry.has_lost_number) entry.number = number;
-    entry.has_text_number =
-        number == 0 && value->find_first_not_of(" \t0") != std::string_view::npos;
+    if (number != std::numeric_limits<std::int32_t>::max()) {
+      entry.number = number;
+    } else {
+      entry.doubts.Add(ImportDoubtKind::LostNumber);
+    }
+    if (number == 0 && value->find_first_not_of(" \t0") != std::string_view::npos) {
+      entry.doubts.Add(ImportDoubtKind::TextNumber);
+    }
   }
-  if (options_.split_line_items) {
-    entry.splits = SplitLines(record, options_, entry.split_loss);
+  if (record.IsRepeated('D') || record.IsRepeated('T')) {
+    entry.doubts.Add(ImportDoubtKind::SecondRecord);
   }
+  if (options_.split_line_items) entry.splits = SplitLines(record, options_, entry.doubts);
   return entry;
 }
 

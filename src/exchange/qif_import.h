@@ -8,12 +8,13 @@
 #include <unordered_map>
 #include <vector>
 
+#include "exchange/import_file_kind.h"
 #include "exchange/qif_entry.h"
+#include "platform/text_encodings.h"
 
 namespace tallyfold {
 
 class FileSystem;
-class TextEncodings;
 
 // What a QIF file is read with.
 struct QifOptions {
@@ -30,6 +31,15 @@ struct QifOptions {
   std::int32_t swap_type = kType;                // where L goes
   std::int32_t swap_to_from = kToFrom;           // where P goes
   std::int32_t swap_description = kDescription;  // where M goes
+};
+
+// How the bytes of a file became text.
+struct QifTextReading {
+  // What they were read as, which need not be what was asked for.
+  TextEncoding encoding = TextEncoding::Utf8;
+  // Bytes that are no text in it, each of which, or some together, became U+FFFD.
+  std::size_t replaced_bytes = 0;
+  bool is_picture = false;
 };
 
 // Reads the text of a QIF file. Tolerant by design: field codes are looked for at the start of any
@@ -50,8 +60,9 @@ class LDGRQIFImport {
   // None is kNoText.
   explicit LDGRQIFImport(std::optional<std::string_view> text) { SetDataString(text); }
   // Reads the file in `encoding`, or, when it is not text of that or has a byte-order mark of
-  // UTF-16 that `encoding` does not know, in the way of that mark, as UTF-8 or as Windows-1252. A
-  // mark of UTF-8 is dropped whatever the encoding. No path is kNoText; a file that cannot be read
+  // UTF-16 that `encoding` does not know, in the way of that mark, as UTF-8 (bytes that are none
+  // are replaced where characters of several bytes outnumber them) or as Windows-1252. A mark of
+  // UTF-8 is dropped whatever the encoding. No path is kNoText; a file that cannot be read
   // leaves the parser empty without an error.
   [[nodiscard]] static LDGRQIFImport importWithContentsOfFile(
       const std::optional<std::string>& path, std::int32_t encoding, const FileSystem& files,
@@ -97,7 +108,12 @@ class LDGRQIFImport {
 
   // How many accounts of the text have no list of a valid type and were dropped.
   [[nodiscard]] std::size_t LeftOutAccounts() const noexcept { return left_out_accounts_; }
-  // The text of the category list; "" without one.
+  // What the text seems to be.
+  [[nodiscard]] ImportFileKind FileKind() const noexcept { return file_kind_; }
+  // Of a text that was not read from a file, its defaults.
+  [[nodiscard]] const QifTextReading& Reading() const noexcept { return reading_; }
+  // Whether the text has a category list, be it an empty one, and its text; "" without one.
+  [[nodiscard]] bool HasEntryTypesList() const noexcept { return has_entry_types_list_; }
   [[nodiscard]] const std::string& entryTypesListString() const noexcept {
     return entry_types_list_;
   }
@@ -114,6 +130,9 @@ class LDGRQIFImport {
   QifOptions options_;
   std::string data_;
   std::string entry_types_list_;
+  bool has_entry_types_list_ = false;
+  ImportFileKind file_kind_ = ImportFileKind::Empty;
+  QifTextReading reading_;
   std::size_t left_out_accounts_ = 0;
   std::int32_t error_ = kNone;
 };

@@ -1,8 +1,11 @@
 // Reading a QIF file: the bytes, their encoding, the text.
 
+#include <algorithm>
 #include <cstddef>
+#include <optional>
 #include <string>
 #include <string_view>
+#include <utility>
 
 #include "exchange/qif_import.h"
 #include "platform/file_system.h"
@@ -12,9 +15,18 @@
 namespace tallyfold {
 namespace {
 
-// Windows-1252 gives five bytes no character. Each becomes U+FFFD, so that the rest can be read.
+// Windows-1252 gives five bytes no character.
+constexpr std::string_view kUnassigned = "\x81\x8D\x8F\x90\x9D";
+
+std::size_t UnassignedBytes(std::string_view bytes) {
+  const auto is_unassigned = [](char byte) {
+    return kUnassigned.find(byte) != std::string_view::npos;
+  };
+  return static_cast<std::size_t>(std::count_if(bytes.begin(), bytes.end(), is_unassigned));
+}
+
+// Each of those becomes U+FFFD, so that the rest can be read.
 std::string DecodedAsWindows1252(std::string_view bytes, const TextEncodings& encodings) {
-  constexpr std::string_view kUnassigned = "\x81\x8D\x8F\x90\x9D";
   // Stands for them on the way. A file's own one is a control character, of which none is kept.
   constexpr char kStandIn = '\x1A';
   std::string readable;
@@ -64,16 +76,42 @@ std::string_view WholeUnits(std::string_view bytes, TextEncoding encoding) {
   return bytes.substr(0, bytes.size() - bytes.size() % UnitSize(encoding));
 }
 
-// How text is read that is not of the encoding it was said to be of. Never fails.
-std::string DecodedByDefault(std::string_view bytes, const TextEncodings& encodings) {
-  if (HasUtf16Mark(bytes)) {
-    const std::string_view whole = WholeUnits(bytes, TextEncoding::Utf16);
-    if (auto text = encodings.Decode(whole, TextEncoding::Utf16)) return *std::move(text);
+struct Decoded {
+  std::string text;
+  QifTextReading reading;
+};
+
+// Text with some bytes that are none, when there is more to say for UTF-8 than against it.
+std::optional<Decoded> DecodedAsUtf8(std::string_view bytes) {
+  std::size_t long_characters = 0;
+  std::size_t bad_bytes = 0;
+  for (std::string_view rest = bytes; !rest.empty();) {
+    const plist::Utf8Character next = plist::FirstUtf8Character(rest);
+    if (!next.is_valid) {
+      bad_bytes += next.size;
+    } else if (next.size > 1) {
+      ++long_characters;
+    }
+    rest.remove_prefix(next.size);
   }
-  return plist::IsValidUtf8(bytes) ? std::string(bytes) : DecodedAsWindows1252(bytes, encodings);
+  if (bad_bytes > 0 && long_characters <= bad_bytes) return std::nullopt;
+  return Decoded{plist::ToValidUtf8(bytes), {TextEncoding::Utf8, bad_bytes}};
 }
 
-std::string Decoded(std::string_view bytes, TextEncoding encoding, const TextEncodings& encodings) {
+// How text is read that is not of the encoding it was said to be of. Never fails.
+Decoded DecodedByDefault(std::string_view bytes, const TextEncodings& encodings) {
+  if (HasUtf16Mark(bytes)) {
+    const std::string_view whole = WholeUnits(bytes, TextEncoding::Utf16);
+    if (auto text = encodings.Decode(whole, TextEncoding::Utf16)) {
+      return {*std::move(text), {TextEncoding::Utf16}};
+    }
+  }
+  if (auto decoded = DecodedAsUtf8(bytes)) return *std::move(decoded);
+  return {DecodedAsWindows1252(bytes, encodings),
+          {TextEncoding::Windows1252, UnassignedBytes(bytes)}};
+}
+
+Decoded DecodedAs(std::string_view bytes, TextEncoding encoding, const TextEncodings& encodings) {
   // In the encodings of bytes the mark would stay in front of the first line as letters.
   if (bytes.starts_with(kUtf8Mark)) bytes.remove_prefix(kUtf8Mark.size());
   const bool is_wide = UnitSize(encoding) > 1;
@@ -81,7 +119,7 @@ std::string Decoded(std::string_view bytes, TextEncoding encoding, const TextEnc
   // Text of bytes has no NUL, and its length tells that it was said to be wide in error.
   const bool has_nul = bytes.find('\0') != std::string_view::npos;
   const std::string_view whole = is_wide && has_nul ? WholeUnits(bytes, encoding) : bytes;
-  if (auto text = encodings.Decode(whole, encoding)) return *std::move(text);
+  if (auto text = encodings.Decode(whole, encoding)) return {*std::move(text), {encoding}};
   return DecodedByDefault(bytes, encodings);
 }
 
@@ -94,7 +132,11 @@ LDGRQIFImport LDGRQIFImport::importWithContentsOfFile(const std::optional<std::s
   if (!path) return LDGRQIFImport(std::nullopt);
   const auto contents = files.Read(*path);
   if (!contents) return {};
-  return LDGRQIFImport(Decoded(contents->view(), static_cast<TextEncoding>(encoding), encodings));
+  const auto decoded = DecodedAs(contents->view(), static_cast<TextEncoding>(encoding), encodings);
+  LDGRQIFImport import(decoded.text);
+  import.reading_ = decoded.reading;
+  import.reading_.is_picture = IsPicture(contents->view());
+  return import;
 }
 
 }  // namespace tallyfold

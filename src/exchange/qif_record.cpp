@@ -15,8 +15,13 @@ QifRecord::QifRecord(std::string_view text) {
     const std::string_view value = line.substr(1);
     const char code = line.front();
     if (code >= 'A' && code <= 'Z') {
-      std::string_view& first = lines_[static_cast<std::size_t>(code - 'A')];
-      if (first.data() == nullptr) first = value;
+      const auto letter = static_cast<std::size_t>(code - 'A');
+      std::string_view& first = lines_[letter];
+      if (first.data() == nullptr) {
+        first = value;
+      } else {
+        repeated_ |= 1U << letter;
+      }
     }
     if (code == 'S') split_to_froms_.push_back(value);
     if (code == 'E') split_descriptions_.push_back(value);

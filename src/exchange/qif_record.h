@@ -2,6 +2,7 @@
 
 #include <array>
 #include <cstddef>
+#include <cstdint>
 #include <optional>
 #include <string_view>
 #include <vector>
@@ -21,6 +22,11 @@ class QifRecord {
   // The same, but an empty value counts as none.
   [[nodiscard]] std::optional<std::string_view> Value(char code) const noexcept;
 
+  // Whether a further line has that code.
+  [[nodiscard]] bool IsRepeated(char code) const noexcept {
+    return (repeated_ >> static_cast<unsigned>(code - 'A') & 1U) != 0;
+  }
+
   // The values of all S, E and $ lines in order, empty ones included.
   [[nodiscard]] const std::vector<std::string_view>& split_to_froms() const noexcept {
     return split_to_froms_;
@@ -38,6 +44,7 @@ class QifRecord {
   std::vector<std::string_view> split_to_froms_;
   std::vector<std::string_view> split_descriptions_;
   std::vector<std::string_view> split_amounts_;
+  std::uint32_t repeated_ = 0;  // a bit for each capital letter
   bool is_blank_ = true;
 };
 

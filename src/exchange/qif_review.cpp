@@ -6,7 +6,6 @@
 
 #include "exchange/entry_type_index.h"
 #include "exchange/qif_fields.h"
-#include "exchange/qif_hints.h"
 #include "platform/ambient.h"
 
 namespace tallyfold {
@@ -104,6 +103,12 @@ QifImportEntryList QifReview::entriesToImport() const {
   return marked;
 }
 
+std::size_t QifReview::MarkedUndated() const noexcept {
+  return static_cast<std::size_t>(
+      std::count_if(entries_.begin(), entries_.end(),
+                    [](const auto& each) { return each->GetImport() && each->GetDate() == 0; }));
+}
+
 double QifReview::Total() const noexcept {
   double total = 0.0;
   for (const auto& entry : entries_) {
@@ -139,6 +144,12 @@ void QifReview::MarkAll() {
 void QifReview::ToggleAll() {
   if (marked_count_ != entries_.size()) return MarkAll();
   for (const auto& entry : entries_) SetMarked(entry, false);
+}
+
+void QifReview::UnmarkUndated() {
+  for (const auto& entry : entries_) {
+    if (entry->GetDate() == 0) SetMarked(entry, false);
+  }
 }
 
 void QifReview::Remove(const LDGRQIFImportEntry* entry) {

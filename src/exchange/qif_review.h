@@ -26,6 +26,8 @@ class QifReview {
   // In the order in which they were marked.
   [[nodiscard]] QifImportEntryList entriesToImport() const;
   [[nodiscard]] std::size_t MarkedCount() const noexcept { return marked_count_; }
+  // Of the marked entries those of day 0: they came without a date that could be read.
+  [[nodiscard]] std::size_t MarkedUndated() const noexcept;
   // Types that the account does not have yet, by name.
   [[nodiscard]] const EntryTypeList& types() const noexcept { return types_; }
   // The sum of the marked entries.
@@ -37,6 +39,8 @@ class QifReview {
   // Unmarks all when all are marked, else marks all in the order of the review.
   void ToggleAll();
   void MarkAll();
+  // Unmarks every entry of day 0.
+  void UnmarkUndated();
   // Takes the entry out of the review; nothing when it is not in it.
   void Remove(const LDGRQIFImportEntry* entry);
   // Unmarks every entry that the account seems to hold already.

@@ -6,7 +6,6 @@
 #include "exchange/qif_fields.h"
 #include "exchange/qif_record.h"
 #include "model/account.h"
-#include "model/date_format.h"
 
 namespace tallyfold {
 
@@ -34,10 +33,11 @@ std::shared_ptr<LDGRQIFImportEntry> QifSimpleConverter::EntryStringToLDGREntry(
   if (record.IsBlank()) return nullptr;
   auto entry = std::make_shared<LDGRQIFImportEntry>();
   if (const auto day = record.Value('D')) {
-    entry->SetDate(ParseDay(*day, options_.date_format, ShortYears::ByFormat).value_or(0));
+    entry->SetDate(QifDayAsWritten(*day, options_.date_format));
   }
-  const double amount = LeadingAmount(record.Value('T').value_or(""));
-  const bool is_deposit = amount == 0.0 ? options_.zero_amounts_as_deposits : amount > 0.0;
+  const auto value = record.Value('T');
+  const double amount = LeadingAmount(value.value_or(""));
+  const bool is_deposit = amount == 0.0 ? value && options_.zero_amounts_as_deposits : amount > 0.0;
   entry->SetAmount(amount);
   if (is_deposit) {
     entry->SetIsDeposit(true);

@@ -13,8 +13,8 @@ namespace tallyfold {
 class LDGRAccount;
 
 // The parser's simple way: entries made straight from the records, days and amounts read as they
-// stand, P to to/from and M to description whatever the swap options say, types looked up or made
-// on the way.
+// stand (see QifDayAsWritten), P to to/from and M to description whatever the swap options say,
+// types looked up or made on the way.
 class QifSimpleConverter {
  public:
   // New types are numbered and looked up in `account`, which must outlive the converter.

@@ -71,6 +71,15 @@ std::string StringsToEnglishList(const std::vector<std::string>& items) {
   return list.append(" ").append(LocalizedText("and")).append(" ").append(items.back());
 }
 
+std::string FirstCharacters(std::string_view text, std::size_t count) {
+  std::string_view rest = text;
+  for (; count > 0 && !rest.empty(); --count) {
+    rest.remove_prefix(plist::FirstUtf8Character(rest).size);
+  }
+  if (rest.empty()) return std::string(text);
+  return std::string(text.substr(0, text.size() - rest.size())) + "\u2026";
+}
+
 std::string MessageWithText(std::string_view format, std::string_view text) {
   std::string message(format);
   const std::size_t place = message.find("%@");

@@ -56,6 +56,9 @@ class CaselessNeedle {
 // "Food", "Food and Rent", "Food, Rent and Travel"; "" for no items.
 [[nodiscard]] std::string StringsToEnglishList(const std::vector<std::string>& items);
 
+// The first characters of the text and an ellipsis, or the whole text when it has no more.
+[[nodiscard]] std::string FirstCharacters(std::string_view text, std::size_t count);
+
 // `format` with its first "%@" replaced by `text`.
 [[nodiscard]] std::string MessageWithText(std::string_view format, std::string_view text);
 

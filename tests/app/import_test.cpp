@@ -124,7 +124,7 @@ TEST_F(ImportTest, StoresTheOptionsAtOnceAndReadsAnewWhenItGoesBack) {
   EXPECT_EQ(account->GetQIFImportDecimalSeparator(), ",");
   EXPECT_EQ(account->GetQIFImportDateFormat(), 15);
   EXPECT_TRUE(account->GetQIFImportAllTypes() && !account->GetQIFImportSplitLineItems());
-  EXPECT_EQ(import.Review().hints.unreadable_dates, 3U);
+  EXPECT_EQ(import.Review().hints.CountOf(ImportDoubtKind::UnreadableDate), 3U);
   EXPECT_EQ(Marks(), "xxx");
 
   import.ImportEntry_Remove();
@@ -138,6 +138,36 @@ TEST_F(ImportTest, StoresTheOptionsAtOnceAndReadsAnewWhenItGoesBack) {
   import.import_Cancel_Button();
   EXPECT_EQ(Lines(*account), before);
   EXPECT_EQ(account->GetTypes().size(), LDGRAccount::DefaultTypes().size());
+}
+
+TEST_F(ImportTest, ReadsTheFileAgainInAnotherEncodingAndTellsOfDatesThatCannotBeRead) {
+  files.AddFile("/home/user/bank.qif",
+                "!Account\nNOne\n^\n!Type:Bank\nD1/1/04\nT1\n^\n"
+                "!Account\nNTwo\n^\n!Type:Bank\nDnever\nT1\nMGrün\n^\n");
+  EXPECT_FALSE(import.ImportOptions_SetEncoding(4));
+  Begin();
+  auto typed = import.Options().typed;
+  typed.account = 1;
+  import.ImportOptions_Read(typed);
+  EXPECT_TRUE(import.ImportOptions_SetEncoding(5));
+  EXPECT_EQ(account->GetQIFImportEncoding(), 5);
+  ASSERT_TRUE(import.ImportOptions_OK());
+  ASSERT_EQ(import.entries().size(), 1U);
+  EXPECT_EQ(import.entries()[0]->GetDescription(), "GrÃ¼n");
+  alerts.Answer("Cancel");
+  EXPECT_FALSE(import.import_OK_Button());
+  EXPECT_EQ(alerts.Requests().back().message,
+            "Entries to import: 1\nWithout a date that can be read: 1");
+  import.ImportEntry_UnmarkUndated();
+  EXPECT_EQ(Marks(), ".");
+
+  ASSERT_TRUE(import.import_GoBack_Button());
+  EXPECT_TRUE(import.ImportOptions_SetEncoding(1));  // it is no such text, and read as UTF-8
+  EXPECT_NE(import.Options().refused_encoding, "");
+  files.Remove("/home/user/bank.qif");
+  EXPECT_FALSE(import.ImportOptions_SetEncoding(4));
+  ASSERT_TRUE(import.ImportOptions_OK());
+  EXPECT_EQ(import.entries()[0]->GetDescription(), "Grün");
 }
 
 TEST_F(ImportTest, EditsAnEntryThroughTheSheetsWithoutTouchingTheAccount) {
@@ -206,7 +236,7 @@ TEST_F(ImportTest, IgnoresItsCommandsWhereThereIsNothingToDo) {
   panels.Answer("/home/user/none.qif");
   ASSERT_TRUE(app.importCommand().QIFImport());
   ASSERT_TRUE(import.ImportOptions_OK());
-  EXPECT_TRUE(import.Review().hints.is_unreadable);
+  EXPECT_EQ(import.Review().hints.problem, ImportHints::Problem::Unreadable);
   import.ImportEntry_ImportAll();
   import.ImportEntry_Remove();
   EXPECT_TRUE(import.Import_OK());

@@ -223,6 +223,8 @@ TEST(QifFiles, AreDecodedAsToldElseByWhatTheyLookLike) {
     std::string bytes;
     TextEncoding told;
     std::string payee;
+    TextEncoding read;
+    std::size_t replaced = 0;
   };
   const auto file = [](std::string_view payee) {
     return "!Type:Bank\nP" + std::string(payee) + "\n^\n";
@@ -235,23 +237,35 @@ TEST(QifFiles, AreDecodedAsToldElseByWhatTheyLookLike) {
   };
   const std::string mark = "\xFF\xFE";
   const Case cases[] = {
-      {"as told", file("T\xFCr"), TextEncoding::Latin1, "Tür"},
-      {"UTF-8 though told otherwise", file("Tür"), TextEncoding::Ascii, "Tür"},
-      {"no UTF-8", file("T\xFCr"), TextEncoding::Utf8, "Tür"},
-      {"bytes without a character", file("T\xFCr\x81\x9D!"), TextEncoding::Utf8,
-       "Tür\uFFFD\uFFFD!"},
-      {"the same for Windows-1252", file("\x90 T\xFCr"), TextEncoding::Windows1252, "\uFFFD Tür"},
-      {"by its mark", wide(mark, false), TextEncoding::Utf8, "Łódź"},
-      {"by its mark before what would do", wide(mark, false), TextEncoding::Latin1, "Łódź"},
-      {"of odd length", wide(mark, true), TextEncoding::MacRoman, "Łódź"},
-      {"of odd length as told", wide(mark, true), TextEncoding::Utf16, "Łódź"},
-      {"of odd length without a mark", wide("", true), TextEncoding::Utf16LittleEndian, "Łódź"},
-      {"of odd length but not wide", file("Uneven"), TextEncoding::Utf16, "Uneven"},
-      {"mark of UTF-8 for Latin 1", "\xEF\xBB\xBFPDoor\n^", TextEncoding::Latin1, "Door"},
-      {"mark of UTF-8 for Mac", "\xEF\xBB\xBFPDoor\n^", TextEncoding::MacRoman, "Door"},
-      {"no such encoding", file("Tür"), static_cast<TextEncoding>(99), "Tür"},
+      {"as told", file("T\xFCr"), TextEncoding::Latin1, "Tür", TextEncoding::Latin1},
+      {"UTF-8 though told otherwise", file("Tür"), TextEncoding::Ascii, "Tür", TextEncoding::Utf8},
+      {"no UTF-8", file("T\xFCr"), TextEncoding::Utf8, "Tür", TextEncoding::Windows1252},
+      {"bytes without a character", file("T\xFCr\x81\x9D!"), TextEncoding::Utf8, "Tür\uFFFD\uFFFD!",
+       TextEncoding::Windows1252, 2},
+      {"the same for Windows-1252", file("\x90 T\xFCr"), TextEncoding::Windows1252, "\uFFFD Tür",
+       TextEncoding::Windows1252, 1},
+      {"more characters than bad bytes", file("Tür für \xFC"), TextEncoding::Utf8, "Tür für \uFFFD",
+       TextEncoding::Utf8, 1},
+      {"as many of them", file("Tür \xFC"), TextEncoding::Utf8, "TÃ¼r ü",
+       TextEncoding::Windows1252},
+      {"a character cut short", file("Łódź \xE2\x82"), TextEncoding::Utf8, "Łódź \uFFFD",
+       TextEncoding::Utf8, 2},
+      {"by its mark", wide(mark, false), TextEncoding::Utf8, "Łódź", TextEncoding::Utf16},
+      {"by its mark before what would do", wide(mark, false), TextEncoding::Latin1, "Łódź",
+       TextEncoding::Utf16},
+      {"of odd length", wide(mark, true), TextEncoding::MacRoman, "Łódź", TextEncoding::Utf16},
+      {"of odd length as told", wide(mark, true), TextEncoding::Utf16, "Łódź", TextEncoding::Utf16},
+      {"of odd length without a mark", wide("", true), TextEncoding::Utf16LittleEndian, "Łódź",
+       TextEncoding::Utf16LittleEndian},
+      {"of odd length but not wide", file("Uneven"), TextEncoding::Utf16, "Uneven",
+       TextEncoding::Utf8},
+      {"mark of UTF-8 for Latin 1", "\xEF\xBB\xBFPDoor\n^", TextEncoding::Latin1, "Door",
+       TextEncoding::Latin1},
+      {"mark of UTF-8 for Mac", "\xEF\xBB\xBFPDoor\n^", TextEncoding::MacRoman, "Door",
+       TextEncoding::MacRoman},
+      {"no such encoding", file("Tür"), static_cast<TextEncoding>(99), "Tür", TextEncoding::Utf8},
       {"NUL and other control characters", file(std::string("D\0o\x1Ao\x01r", 7)),
-       TextEncoding::Utf8, "Door"},
+       TextEncoding::Utf8, "Door", TextEncoding::Utf8},
   };
   const IconvEncodings encodings;
   FakeFileSystem files;
@@ -260,6 +274,8 @@ TEST(QifFiles, AreDecodedAsToldElseByWhatTheyLookLike) {
     const auto import = LDGRQIFImport::importWithContentsOfFile(
         "/a.qif", static_cast<std::int32_t>(each.told), files, encodings);
     EXPECT_EQ(Told(import.Entries()), "debit P" + each.payee + "\n") << each.name;
+    EXPECT_EQ(import.Reading().encoding, each.read) << each.name;
+    EXPECT_EQ(import.Reading().replaced_bytes, each.replaced) << each.name;
   }
 }
 
@@ -300,72 +316,6 @@ TEST(QifFiles, OfBadSizesAndShapesAreReadWhole) {
     LDGRAccount account;
     EXPECT_EQ(QifReview(result, result.entries, account).entries().size(), each.entries);
     static_cast<void>(HintsFor(import, result.entries, 20040307));
-  }
-}
-
-std::string Titles(const std::vector<QifDateFormat>& formats) {
-  std::string titles;
-  for (const QifDateFormat& each : formats) titles += QifDateFormatTitle(each.format) + ' ';
-  return titles;
-}
-
-TEST(QifHints, TellWhatTheRulesWillDo) {
-  QifOptions options;
-  options.date_format = "%m/%d/%Y";
-  const std::string digits(400, '9');
-  std::string ten_lines;
-  for (int i = 0; i < 10; ++i) ten_lines += "Sa\n$1\n";
-  LDGRQIFImport import(
-      "!Account\nNBroker\n^\n!Type:Invst\nT9\n^\n!Account\nNBank\n^\n!Type:Bank\n"
-      "D2/3/2004\nNATM\n^\nD31/3/2004\n^\nD4/3/2004\nSa\n$1\nSb\n$-1\n^\nN0\nSa\n^\n" +
-      ten_lines + "^\n!Type:Memorized\nT1\n^\n!Type:Memorized\nT1\n^\n!Type:Cash\nT" + digits +
-      "\nN2147483647\n^\nTabc\n^\nT-\n^\nT--5\n^\nT-0.00\n^\nT5\n");
-  import.SetOptions(options);
-  const QifHints hints = HintsFor(import, import.Entries(), 20040307);
-  EXPECT_EQ(hints.first_date, 20040203);
-  EXPECT_EQ(hints.last_date, 20040403);
-  EXPECT_EQ(hints.after_today, 1U);
-  EXPECT_EQ(hints.missing_dates, 7U);
-  EXPECT_EQ(hints.unreadable_dates, 1U);
-  EXPECT_EQ(hints.unread_amounts, 4U);
-  EXPECT_EQ(hints.text_numbers, 1U);
-  EXPECT_EQ(hints.lost_numbers, 1U);
-  EXPECT_EQ(hints.long_splits, 1U);
-  EXPECT_EQ(hints.mixed_splits, 1U);
-  EXPECT_EQ(hints.uneven_splits, 1U);
-  EXPECT_EQ(hints.left_out_accounts, 1U);
-  EXPECT_EQ(hints.left_out_lists, std::vector<std::string>{"Memorized"});
-  EXPECT_EQ(hints.unended_lists, 1U);
-  EXPECT_EQ(Titles(hints.fitting_formats), "DD/MM/YY YY/DD/MM YY/MM/DD DD/MM/YYYY ");
-  EXPECT_TRUE(HintsFor(LDGRQIFImport(), {}, 20040307).is_unreadable);
-}
-
-TEST(QifHints, TellOfYearsOfTwoDigitsInAFormatOfFour) {
-  LDGRQIFImport import("D2/13/74\n^\nD2/3/05\n^\n");
-  import.SetDateFormat("%m/%d/%Y");
-  const QifHints hints = HintsFor(import, import.Entries(), 20050307);
-  EXPECT_EQ(hints.short_years, 2U);
-  EXPECT_EQ(Titles(hints.fitting_formats), "MM/DD/YY ");
-}
-
-TEST(QifHints, NameCategoryListsThatWereNotRead) {
-  struct Case {
-    std::string_view text;
-    std::vector<std::string> left_out;
-    std::size_t unended;
-  };
-  const Case cases[] = {
-      {"!Type:Cat\nNa\n^\n!Type:Bank\n", {}, 0},
-      {"!Type:Cat \nNa\n^\n!Type:Bank\n", {"Cat"}, 0},
-      {"!Type:Cat\nNa\n^\n!Type:Cat\nNb\n^\n", {"Cat"}, 0},
-      {"!Type:Cat\nNa\n^\nNb\n!Type:Bank\n", {}, 1},
-      {"!Type:Cat\nNa\n^\n!Type:Cat", {"Cat"}, 0},
-  };
-  for (const Case& each : cases) {
-    const LDGRQIFImport import(each.text);
-    const QifHints hints = HintsFor(import, import.Entries(), 20050307);
-    EXPECT_EQ(hints.left_out_lists, each.left_out) << each.text;
-    EXPECT_EQ(hints.unended_lists, each.unended) << each.text;
   }
 }
 
@@ -410,6 +360,34 @@ TEST(QifSimpleConverters, MakeEntriesAndTheTypesTheyLack) {
   ASSERT_EQ(converter.types().size(), 2U);
   EXPECT_EQ(converter.types()[0]->GetNumber(), 6);
   EXPECT_EQ(converter.DepositTypeWithName("Food")->GetNumber(), 7);
+}
+
+TEST(QifSimpleConverters, ReadDaysAsWrittenAndTakeNoAmountForADebitOfNothing) {
+  struct Case {
+    std::string_view record;
+    std::string_view format;
+    DateNumber day;
+    bool is_debit;
+  };
+  const Case cases[] = {
+      {"\rD1/2/04\rT0", "%m/%d/%y", 20040102, false},
+      {"\rD 01/02/69 \rT-0.5", "%m/%d/%y", 19690102, true},
+      {"\rD2004-01-02", "%m/%d/%y", 0, true},
+      {"\rD1/2/2004\rT", "%m/%d/%y", 0, true},
+      {"\rD1/ 2'04", "%m/%d/%y", 0, true},
+      {"\rD010204", "%m/%d/%y", 0, true},
+      {"\rD1/2/04x", "%m/%d/%y", 0, true},
+      {"\rD2004/2/1", "%Y/%d/%m", 20040102, true},
+      {"\rD30/2/2004", "%d/%m/%Y", 0, true},
+  };
+  for (const Case& each : cases) {
+    LDGRAccount account;
+    QifOptions options;
+    options.date_format = each.format;
+    const auto entry = QifSimpleConverter(options, account).EntryStringToLDGREntry(each.record);
+    EXPECT_EQ(entry->GetDate(), each.day) << each.record;
+    EXPECT_EQ(entry->IsDebit(), each.is_debit) << each.record;
+  }
 }
 
 }  // namespace

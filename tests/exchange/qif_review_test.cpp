@@ -111,6 +111,27 @@ TEST(QifReviews, CountWhatIsAlikeInTheAccountAndInTheFile) {
   }
 }
 
+// Two texts that both lack still make a duplicate, but are no reason to name.
+TEST(QifReviews, NameNoTextThatBothLackAsTheReason) {
+  struct Case {
+    std::string_view to_from;
+    std::string_view description;
+    QifMatch::Reason reason;
+  };
+  for (const Case& each : {Case{"x", "", QifMatch::Reason::AmountAndDate},
+                           Case{"", "Bread", QifMatch::Reason::Description},
+                           Case{"Shop", "", QifMatch::Reason::ToFrom}}) {
+    LDGRAccount account;
+    Add(account, -5, true, false, each.to_from, each.description);
+    const std::string_view payee = each.to_from == "x" ? "y" : each.to_from;
+    const QifReview review = Review(
+        "D1/2/04\nT-5\nP" + std::string(payee) + "\nM" + std::string(each.description) + "\n^",
+        account);
+    EXPECT_EQ(review.MarkedCount(), 0U);
+    EXPECT_EQ(review.MatchOf(*review.entries()[0])->reason, each.reason) << each.to_from;
+  }
+}
+
 TEST(QifReviews, HintAtEntriesOfTheSameAmountWithinFourDays) {
   LDGRAccount account;
   Add(account, -5, true, false, "x", "y");
@@ -180,6 +201,16 @@ TEST(QifReviews, AddMarkedEntriesInTheOrderOfMarkingAndTheTypesTheyNeed) {
     EXPECT_EQ(descriptions, each.descriptions) << each.name;
     EXPECT_EQ(NamesOf(account.GetTypes()), each.new_types) << each.name;
   }
+}
+
+TEST(QifReviews, UnmarkWhatHasNoDateThatCouldBeRead) {
+  LDGRAccount account;
+  QifReview review = Review("D1/2/04\nT1\n^\nDnever\nT2\n^\nT3\n^", account);
+  EXPECT_EQ(review.MarkedUndated(), 2U);
+  review.entries()[2]->SetDate(20040102);
+  review.UnmarkUndated();
+  EXPECT_EQ(review.MarkedUndated(), 0U);
+  EXPECT_EQ(review.Total(), 4.0);
 }
 
 TEST(QifReviews, ToggleAllAtOnceAndForgetRemovedEntries) {

@@ -46,6 +46,10 @@ bool HasReviewedEntry(LDGRController& app) {
          app.sharedQIFImportController().tableDataSource().GetSelectedEntry() != nullptr;
 }
 
+bool HasMarkedUndated(LDGRController& app) {
+  return IsReviewing(app) && app.sharedQIFImportController().Review().marked_undated > 0;
+}
+
 constexpr Command kCommands[] = {
     {.name = "QIFImport",
      .title = "Import...",
@@ -134,6 +138,10 @@ constexpr Command kCommands[] = {
     {.name = "ImportEntry_Resolve",
      .can = HasReviewedEntry,
      .run = [](LDGRController& app) { app.sharedQIFImportController().ImportEntry_Resolve(); }},
+    {.name = "ImportEntry_UnmarkUndated",
+     .can = HasMarkedUndated,
+     .run =
+         [](LDGRController& app) { app.sharedQIFImportController().ImportEntry_UnmarkUndated(); }},
     {.name = "import_OK_Button",
      .can = IsReviewing,
      .run = [](LDGRController& app) { app.sharedQIFImportController().import_OK_Button(); }},

@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "exchange/qif_hints.h"
 #include "model/date_number.h"
 #include "platform/ambient.h"
 #include "registers/register_look.h"
@@ -26,7 +27,7 @@ void LDGRQIFImportController::Import_Init(const QifResult& result) {
   first_number_ = review_.entries().empty() ? 0 : review_.entries().front()->GetNumber();
   edit_entry_ = nullptr;
   review_state_ = {};
-  QifHints& hints = review_state_.hints;
+  ImportHints& hints = review_state_.hints;
   hints = HintsFor(import_, chosen, TodaysDateNumber());
   hints.elsewhere = result.entries.size() - std::min(result.entries.size(), chosen.size());
   if (account != nullptr && account->source != account->name) hints.source = account->source;
@@ -113,6 +114,13 @@ void LDGRQIFImportController::ImportEntry_ImportAll() {
   EntriesChanged();
 }
 
+void LDGRQIFImportController::ImportEntry_UnmarkUndated() {
+  const Announcer::Operation operation(announcer_);
+  if (!IsReviewing() || review_state_.marked_undated == 0) return;
+  review_.UnmarkUndated();
+  EntriesChanged();
+}
+
 void LDGRQIFImportController::ImportEntry_Remove() {
   const Announcer::Operation operation(announcer_);
   const auto entry = rows_.GetSelectedEntry();
@@ -170,19 +178,26 @@ void LDGRQIFImportController::ImportTotal_Field_Update() {
   review_state_.total_text = RegisterAmountText(review_state_.total, desk_.preferences());
   review_state_.entry_count = review_.entries().size();
   review_state_.marked_count = review_.MarkedCount();
+  review_state_.marked_undated = review_.MarkedUndated();
   announcer_.Changed(Area::ImportReview);
 }
 
 // --- The end ------------------------------------------------------------------------------------
 
-bool LDGRQIFImportController::UserAgrees(std::size_t count) const {
+bool LDGRQIFImportController::UserAgrees() const {
+  std::string text =
+      LocalizedText("Entries to import:") + ' ' + std::to_string(review_state_.marked_count);
+  if (review_state_.marked_undated > 0) {
+    text += '\n' + LocalizedText("Without a date that can be read:") + ' ' +
+            std::to_string(review_state_.marked_undated);
+  }
   return modal_.Run({LocalizedText("Import"),
-                     LocalizedText("Entries to import:") + ' ' + std::to_string(count),
+                     std::move(text),
                      {LocalizedText("OK"), LocalizedText("Cancel")}}) == 0;
 }
 
 bool LDGRQIFImportController::import_OK_Button() {
-  return IsReviewing() && UserAgrees(review_.MarkedCount()) && Import_OK();
+  return IsReviewing() && UserAgrees() && Import_OK();
 }
 
 bool LDGRQIFImportController::Import_OK() {

@@ -78,6 +78,10 @@ class LDGRQIFImportController final : private EntryOwner {
   // A destination (see QifOptions) was picked in one of them. The pop-up that had it takes the one
   // that is left free. Anything else is ignored.
   void ImportOptions_SwapOptions(SwapPopUp changed, std::int32_t destination);
+  // Reads the file again in another encoding, which the account remembers. The account of the file
+  // that is chosen keeps its place. False, and nothing has changed, when the sheet is not open or
+  // the file can no longer be read.
+  bool ImportOptions_SetEncoding(std::int32_t encoding);
   // Stores what was chosen in the account and goes on with the review. False when the sheet is not
   // open, or stays open because a field refuses its text.
   bool ImportOptions_OK();
@@ -132,6 +136,9 @@ class LDGRQIFImportController final : private EntryOwner {
   // All of them in, or all out when all are in.
   void ImportEntry_ImportAll();
 
+  // All out that have no date that could be read.
+  void ImportEntry_UnmarkUndated();
+
   // Asks, then Import_OK().
   bool import_OK_Button();
   // Adds the marked entries and the types they need to the account. False, and the review stays,
@@ -152,9 +159,10 @@ class LDGRQIFImportController final : private EntryOwner {
   void CloseReview();
   void StoreOptions();
   void PassOptionsToParser();
+  void TakeText(LDGRQIFImport import, std::int32_t encoding);
   // Null for all entries.
   [[nodiscard]] const QifAccount* ChosenAccount(const QifResult& result) const;
-  [[nodiscard]] bool UserAgrees(std::size_t count) const;
+  [[nodiscard]] bool UserAgrees() const;
   void UpdateButtons();
   void EntriesChanged();
 
@@ -175,6 +183,7 @@ class LDGRQIFImportController final : private EntryOwner {
   // There while a stage is.
   std::optional<ModalWatch::Up> up_;
   std::shared_ptr<LDGRAccount> account_;
+  std::string path_;
   LDGRQIFImport import_;
   std::vector<std::string> account_names_;
   QifImportOptionsState options_;

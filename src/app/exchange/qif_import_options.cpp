@@ -8,6 +8,8 @@
 #include "app/exchange/qif_import_controller.h"
 #include "exchange/qif_date_formats.h"
 #include "platform/ambient.h"
+#include "platform/file_system.h"
+#include "platform/text_encodings.h"
 
 namespace tallyfold {
 namespace {
@@ -25,22 +27,47 @@ bool IsPermutation(std::int32_t a, std::int32_t b, std::int32_t c) noexcept {
 void LDGRQIFImportController::ImportOptions_InitWithFile(const std::string& path,
                                                          std::int32_t encoding) {
   account_ = desk_.SelectedAccount();
-  import_ = LDGRQIFImport::importWithContentsOfFile(path, encoding, files_, encodings_);
-  account_names_ = import_.AccountNames();
+  path_ = path;
   options_ = {};
+  TakeText(LDGRQIFImport::importWithContentsOfFile(path, encoding, files_, encodings_), encoding);
   options_.title =
       LocalizedText("Importing From:") + "  " + std::filesystem::path(path).filename().string();
   ImportOptions_Populate();
 }
 
-void LDGRQIFImportController::ImportOptions_Populate() {
-  if (account_ == nullptr) return;
+void LDGRQIFImportController::TakeText(LDGRQIFImport import, std::int32_t encoding) {
+  import_ = std::move(import);
+  const auto chosen = static_cast<TextEncoding>(encoding);
+  const TextEncoding read = import_.Reading().encoding;
+  options_.encoding = encodings_.Name(read);
+  options_.refused_encoding = read == chosen ? "" : encodings_.Name(chosen);
+  account_names_ = import_.AccountNames();
   options_.account_items.clear();
   for (std::size_t i = 0; i < account_names_.size(); ++i) {
     options_.account_items.push_back({account_names_[i], static_cast<std::int32_t>(i)});
   }
   options_.account_items.push_back(
       {LocalizedText("All Entries"), static_cast<std::int32_t>(account_names_.size())});
+}
+
+bool LDGRQIFImportController::ImportOptions_SetEncoding(std::int32_t encoding) {
+  if (stage_ != Stage::Options || !files_.Exists(path_)) return false;
+  auto again = LDGRQIFImport::importWithContentsOfFile(path_, encoding, files_, encodings_);
+  const bool is_gone = again.GetError() == LDGRQIFImport::kNone && again.dataString().empty();
+  if (is_gone) return false;
+  const auto accounts_before = static_cast<std::int32_t>(account_names_.size());
+  TakeText(std::move(again), encoding);
+  const auto accounts = static_cast<std::int32_t>(account_names_.size());
+  // In the wrong encoding a file may have had no accounts to choose from.
+  const bool was_all = options_.typed.account == accounts_before && accounts_before > 0;
+  if (was_all || options_.typed.account > accounts) options_.typed.account = accounts;
+  account_->SetQIFImportEncoding(encoding);
+  announcer_.Changed(Area::ImportOptionsSheet);
+  return true;
+}
+
+void LDGRQIFImportController::ImportOptions_Populate() {
+  if (account_ == nullptr) return;
   options_.date_format_items = QifDateItems();
   options_.swap_items = {{LocalizedText("Type"), QifOptions::kType},
                          {LocalizedText("To/From"), QifOptions::kToFrom},

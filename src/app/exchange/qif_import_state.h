@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "app/face/pop_up_item.h"
-#include "exchange/qif_hints.h"
+#include "exchange/import_hints.h"
 #include "exchange/qif_import.h"
 
 namespace tallyfold {
@@ -30,6 +30,10 @@ struct QifImportOptionsState {
   // Decided by the program.
   bool is_open = false;
   std::string title;
+  // The name of the encoding that the file was read in, and of the one that was chosen where the
+  // file is no text of that; else "".
+  std::string encoding;
+  std::string refused_encoding;
   // The accounts of the file, the tag being their position, and "All Entries".
   std::vector<PopUpItem> account_items;
   std::vector<PopUpItem> date_format_items;
@@ -49,6 +53,8 @@ struct QifImportReviewState {
   std::string total_text;
   std::size_t entry_count = 0;
   std::size_t marked_count = 0;
+  // Of the marked ones, those without a date that could be read.
+  std::size_t marked_undated = 0;
   // For the selected entry.
   bool can_import = false;
   bool can_change = false;
@@ -58,7 +64,7 @@ struct QifImportReviewState {
   bool can_import_all = false;
   // The last OK was refused because the account of the import is no longer selected.
   bool account_is_gone = false;
-  QifHints hints;
+  ImportHints hints;
 };
 
 }  // namespace tallyfold
