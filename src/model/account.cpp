@@ -2,12 +2,15 @@
 
 #include <algorithm>
 
+#include "model/account_lists.h"
 #include "model/entry_walk.h"
 #include "platform/ambient.h"
 #include "platform/clock.h"
 
 namespace tallyfold {
 namespace {
+
+constexpr ChangeKinds kEntryKinds = ChangeKind::Money | ChangeKind::Marks | ChangeKind::Texts;
 
 // Removes the element that is `record`; false when there is none.
 template <typename List, typename Record>
@@ -54,17 +57,17 @@ void LDGRAccount::SetName(std::optional<std::string_view> name) {
 void LDGRAccount::SetEntries(EntryList entries) {
   std::erase(entries, nullptr);
   entries_ = std::move(entries);
-  NoteChange();
+  NoteChange(kEntryKinds);
 }
 
 void LDGRAccount::AddEntry(std::shared_ptr<LDGRAccountEntry> entry) {
   if (!entry) return;
   entries_.push_back(std::move(entry));
-  NoteChange();
+  NoteChange(kEntryKinds);
 }
 
 void LDGRAccount::RemoveEntry(const LDGRAccountEntry* entry) {
-  if (RemoveRecord(entries_, entry)) NoteChange();
+  if (RemoveRecord(entries_, entry)) NoteChange(kEntryKinds);
 }
 
 std::shared_ptr<LDGRAccountEntry> LDGRAccount::GetEntryWithNumber(std::int32_t number) const {
@@ -74,17 +77,17 @@ std::shared_ptr<LDGRAccountEntry> LDGRAccount::GetEntryWithNumber(std::int32_t n
 void LDGRAccount::SetSchedules(ScheduleList schedules) {
   std::erase(schedules, nullptr);
   schedules_ = std::move(schedules);
-  NoteChange();
+  NoteChange(ChangeKind::Schedules);
 }
 
 void LDGRAccount::AddSchedule(std::shared_ptr<LDGRAccountSchedule> schedule) {
   if (!schedule) return;
   schedules_.push_back(std::move(schedule));
-  NoteChange();
+  NoteChange(ChangeKind::Schedules);
 }
 
 void LDGRAccount::RemoveSchedule(const LDGRAccountSchedule* schedule) {
-  if (RemoveRecord(schedules_, schedule)) NoteChange();
+  if (RemoveRecord(schedules_, schedule)) NoteChange(ChangeKind::Schedules);
 }
 
 std::shared_ptr<LDGRAccountSchedule> LDGRAccount::ScheduleForNumber(std::int32_t number) const {
@@ -163,6 +166,13 @@ void LDGRAccount::setReconcileFilterData(const plist::Value& data) {
   if (data == reconcile_filter_data_) return;
   reconcile_filter_data_ = data.DeepCopy();
   NoteSetting();
+}
+
+void AccountLists::SelectSummaryOfList(LDGRAccount& account) noexcept {
+  const AccountSummaryList& list = account.account_summaries_;
+  auto& selected = account.selected_account_summary_;
+  if (std::find(list.begin(), list.end(), selected) != list.end()) return;
+  selected = list.empty() ? nullptr : list.front();
 }
 
 }  // namespace tallyfold

@@ -11,6 +11,7 @@
 
 #include "model/account_entry.h"
 #include "model/account_options.h"
+#include "model/account_part.h"
 #include "model/account_schedule.h"
 #include "model/date_number.h"
 #include "model/entry_type.h"
@@ -58,6 +59,24 @@ class LDGRAccount : public AccountOptions {
   // The whole dictionary, Begin and End included.
   void WriteTo(plist::Output& output) const;
   [[nodiscard]] plist::Dictionary asDictionary() const;
+
+  // --- Images -------------------------------------------------------------------------------
+  // A part of the account, kept aside and put back later; see AccountPart. Types are kept as the
+  // objects they are: what is inside them has images of its own.
+
+  // Holds that part of this account and nothing else of use. `part` is not Records.
+  [[nodiscard]] std::unique_ptr<LDGRAccount> ImageOf(AccountPart part) const;
+  // The account gets what `image` holds, and `image` what the account held. An account left without
+  // a password is authenticated. Notes no change.
+  void ExchangePart(AccountPart part, LDGRAccount& image) noexcept;
+  // In what the two would be stored differently.
+  [[nodiscard]] ChangeKinds DifferenceIn(AccountPart part, const LDGRAccount& image) const noexcept;
+  // How much memory that part takes, in bytes, roughly.
+  [[nodiscard]] std::size_t MemorySizeOf(AccountPart part) const noexcept;
+  // The keys of that part as a dictionary of their own, Begin and End included.
+  void WritePart(AccountPart part, plist::Output& output) const;
+  // Reads such a dictionary; what it lacks stays as it is. Notes no change.
+  void ReadPart(AccountPart part, const plist::Dictionary& dictionary);
 
   // --- Upgrade of older dictionary forms ------------------------------------------------------
 
@@ -375,6 +394,12 @@ class LDGRAccount : public AccountOptions {
   [[nodiscard]] int BalanceIsGreaterThan_Reversed(const LDGRAccount& other) const noexcept;
 
  private:
+  friend class AccountLists;
+
+  // An account with nothing in it, to hold an image.
+  struct Bare {};
+  explicit LDGRAccount(Bare) {}
+
   // How each stored key is written and read (account_dictionary.cpp).
   struct StoredKey;
   void Read(const plist::Dictionary& dictionary, bool consume);

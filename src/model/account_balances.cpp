@@ -80,7 +80,7 @@ void LDGRAccount::SetStartingBalance(double balance) noexcept {
   const double rounded = RoundedAmount(balance);
   if (rounded == starting_balance_) return;
   starting_balance_ = rounded;
-  NoteChange();
+  NoteChange(ChangeKind::Money | ChangeKind::Options);
 }
 
 }  // namespace tallyfold

@@ -214,14 +214,14 @@ void LDGRAccount::importDescriptionsFromAccount(const LDGRAccount& other) {
   for (TextList LDGRAccount::*list :
        {&LDGRAccount::preferred_debit_descriptions_, &LDGRAccount::preferred_deposit_descriptions_,
         &LDGRAccount::preferred_transfer_descriptions_}) {
-    if (AppendMissing(this->*list, other.*list)) NoteChange();
+    if (AppendMissing(this->*list, other.*list)) NoteChange(ChangeKind::Options);
   }
 }
 
 void LDGRAccount::importToFromsFromAccount(const LDGRAccount& other) {
   for (TextList LDGRAccount::*list :
        {&LDGRAccount::preferred_tos_, &LDGRAccount::preferred_froms_}) {
-    if (AppendMissing(this->*list, other.*list)) NoteChange();
+    if (AppendMissing(this->*list, other.*list)) NoteChange(ChangeKind::Options);
   }
 }
 

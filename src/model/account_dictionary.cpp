@@ -1,9 +1,6 @@
 #include <algorithm>
-#include <utility>
-#include <variant>
 
-#include "model/account.h"
-#include "model/field_table.h"
+#include "model/account_keys.h"
 #include "model/text.h"
 #include "platform/ambient.h"
 
@@ -49,24 +46,9 @@ void ReadRecords(std::vector<std::shared_ptr<Record>>& list, plist::Array array,
 
 }  // namespace
 
-// One key of the dictionary form: stored as it stands in a member, or in a way of its own. The
-// table gives the order of keys in the file, and so of what is read and logged.
-struct LDGRAccount::StoredKey {
-  struct Special {
-    std::string_view key;
-    // Logged when the key is missing or its value is not acceptable; "%@" stands for the key.
-    std::string_view missing;
-    std::string_view wrong;
-    bool (*accepts)(const plist::Value& value);
-    void (*write)(const LDGRAccount& account, plist::Output& output);
-    void (*read)(LDGRAccount& account, const plist::Value& value, bool consume,
-                 std::string_view wrong);
-    // True when there is nothing to store; without it there always is.
-    bool (*is_absent)(const LDGRAccount& account) = nullptr;
-  };
-  using Entry = std::variant<Field<LDGRAccount>, Special>;
-
-  static const Entry kTable[];
+// The entries of the table.
+struct LDGRAccount::StoredKey::Make {
+  static const StoredKey kTable[];
 
   static constexpr Entry Plain(std::string_view key, Field<LDGRAccount>::Member member,
                                std::string_view missing = kMissing,
@@ -85,7 +67,8 @@ struct LDGRAccount::StoredKey {
         [](const LDGRAccount& account, plist::Output& output) { output.Integer(account.*member); },
         [](LDGRAccount& account, const plist::Value& value, bool, std::string_view) {
           account.*member = value.IntegerValue();
-        }};
+        },
+        KeepingOf<member>()};
   }
 
   template <auto member>
@@ -101,7 +84,8 @@ struct LDGRAccount::StoredKey {
                    [](LDGRAccount& account, const plist::Value& value, bool consume,
                       std::string_view message) {
                      ReadRecords(account.*member, value.ArrayValue(), consume, message);
-                   }};
+                   },
+                   KeepingOf<member>()};
   }
 
   template <std::shared_ptr<LDGRAccountEntryType> LDGRAccount::*member>
@@ -116,7 +100,8 @@ struct LDGRAccount::StoredKey {
                    },
                    [](LDGRAccount& account, const plist::Value& value, bool, std::string_view) {
                      account.*member = account.AccountEntryTypeForNumber(value.IntegerValue());
-                   }};
+                   },
+                   KeepingOf<member>()};
   }
 
   template <TextList LDGRAccount::*member>
@@ -141,7 +126,8 @@ struct LDGRAccount::StoredKey {
               Log(wrong);
             }
           }
-        }};
+        },
+        KeepingOf<member>()};
   }
 
   template <plist::Value LDGRAccount::*member>
@@ -155,6 +141,7 @@ struct LDGRAccount::StoredKey {
         [](LDGRAccount& account, const plist::Value& value, bool, std::string_view) {
           account.*member = value.DeepCopy();
         },
+        KeepingOf<member>(),
         [](const LDGRAccount& account) { return (account.*member).IsNone(); }};
   }
 
@@ -169,7 +156,8 @@ struct LDGRAccount::StoredKey {
                    },
                    [](LDGRAccount& account, const plist::Value& value, bool, std::string_view) {
                      account.SetStartingBalance(value.DoubleValue());
-                   }};
+                   },
+                   KeepingOf<&LDGRAccount::starting_balance_>()};
   }
 
   static constexpr Entry ActiveTypes() {
@@ -185,7 +173,8 @@ struct LDGRAccount::StoredKey {
           EntryTypeList types;
           ReadRecords(types, value.ArrayValue(), consume, wrong);
           account.SetTypes(std::move(types));
-        }};
+        },
+        KeepingOf<&LDGRAccount::types_>()};
   }
 
   static constexpr Entry Summaries() {
@@ -199,7 +188,8 @@ struct LDGRAccount::StoredKey {
         },
         [](LDGRAccount& account, const plist::Value& value, bool, std::string_view wrong) {
           account.ReadAccountSummaries(value.ArrayValue(), wrong);
-        }};
+        },
+        KeepingOf<&LDGRAccount::account_summaries_>()};
   }
 
   static constexpr Entry SelectedSummary() {
@@ -218,78 +208,93 @@ struct LDGRAccount::StoredKey {
                      if (index >= 0) {
                        account.selectAccountSummaryAtIndex(static_cast<std::size_t>(index));
                      }
-                   }};
+                   },
+                   KeepingOf<&LDGRAccount::selected_account_summary_>()};
   }
 };
 
-constinit const LDGRAccount::StoredKey::Entry LDGRAccount::StoredKey::kTable[] = {
-    Plain("name", &LDGRAccount::name_,
-          "Account does not have a name in LDGRAccount:initWithDictionary",
-          "Account name is in the wrong format in LDGRAccount:initWithDictionary"),
-    Unchecked<&LDGRAccount::number_>(
+constinit const LDGRAccount::StoredKey LDGRAccount::StoredKey::Make::kTable[] = {
+    {Plain("name", &LDGRAccount::name_,
+           "Account does not have a name in LDGRAccount:initWithDictionary",
+           "Account name is in the wrong format in LDGRAccount:initWithDictionary")},
+    {Unchecked<&LDGRAccount::number_>(
         "number",
-        "Account does not have an identification number in LDGRAccount:initWithDictionary"),
-    Unchecked<&LDGRAccount::version_>(
-        "version", "Account does not have a version in LDGRAccount:initWithDictionary"),
-    Records<&LDGRAccount::entries_>(
-        "entries", "Account does not have entries in LDGRAccount:initWithDictionary",
-        "Account entries are in the wrong format in LDGRAccount:initWithDictionary"),
-    Records<&LDGRAccount::schedules_>(
-        "schedules", "Account does not have schedules in LDGRAccount:initWithDictionary",
-        "Account schedules are in the wrong format in LDGRAccount:initWithDictionary"),
-    Plain("startingCheckNumber", &LDGRAccount::starting_check_number_,
-          "Account does not have a starting check number in LDGRAccount:initWithDictionary",
-          "Account starting check number is in the wrong format in "
-          "LDGRAccount:initWithDictionary"),
-    Plain("numberCount", &LDGRAccount::number_count_),
-    StartingBalance(),
-    Plain("password", &LDGRAccount::password_,
-          "Account does not have a password in LDGRAccount:initWithDictionary",
-          "Account password is in the wrong format in LDGRAccount:initWithDictionary"),
-    ActiveTypes(),
-    Records<&LDGRAccount::inactive_types_>(
-        "inactiveTypes", "No inactiveTypes defined for LDGRAccount.",
-        "inactiveTypes are in the wrong format for LDGRAccount."),
-    TypeNumber<&LDGRAccount::default_debit_type_>("defaultDebitType"),
-    TypeNumber<&LDGRAccount::default_deposit_type_>("defaultDepositType"),
-    Plain("preference_Descriptions_Style", &LDGRAccount::preference_descriptions_style_),
-    Plain("preference_ToFrom_Style", &LDGRAccount::preference_to_from_style_),
-    Plain("preference_Descriptions_SomeSelection",
-          &LDGRAccount::preference_descriptions_some_selection_),
-    Plain("preference_ToFrom_SomeSelection", &LDGRAccount::preference_to_from_some_selection_),
-    Texts<&LDGRAccount::preferred_debit_descriptions_>("preferredDebitDescriptions"),
-    Texts<&LDGRAccount::preferred_deposit_descriptions_>("preferredDepositDescriptions"),
-    Texts<&LDGRAccount::preferred_transfer_descriptions_>("preferredTransferDescriptions"),
-    Texts<&LDGRAccount::preferred_tos_>("preferredTos"),
-    Texts<&LDGRAccount::preferred_froms_>("preferredFroms"),
-    Plain("statementBalance", &LDGRAccount::statement_balance_,
-          "Account does not have a statementBalance in LDGRAccount:initWithDictionary",
-          "Account statementBalance is in the wrong format in LDGRAccount:initWithDictionary"),
-    Summaries(),
-    SelectedSummary(),
-    Plain("entryFilterType", &LDGRAccount::entry_filter_type_),
-    Plain("reconcileFilterType", &LDGRAccount::reconcile_filter_type_),
-    AnyKind<&LDGRAccount::entry_filter_data_>("entryFilterData"),
-    AnyKind<&LDGRAccount::reconcile_filter_data_>("reconcileFilterData"),
-    Plain("QIFImportEncoding", &LDGRAccount::qif_import_encoding_),
-    Plain("QIFImportDateFormat", &LDGRAccount::qif_import_date_format_),
-    Plain("QIFImportDecimalSeparator", &LDGRAccount::qif_import_decimal_separator_,
-          "No %@ defined in LDGRAccount:initWithDictionary",
-          "%@ is in the wrong format in LDGRAccount:initWithDictionary"),
-    Plain("QIFImportThousandsSeparator", &LDGRAccount::qif_import_thousands_separator_,
-          "No %@ defined in LDGRAccount:initWithDictionary",
-          "%@ is in the wrong format in LDGRAccount:initWithDictionary"),
-    Plain("QIFImportZeroAmountsAsDeposits", &LDGRAccount::qif_import_zero_amounts_as_deposits_),
-    Plain("QIFImportAllTypes", &LDGRAccount::qif_import_all_types_),
-    Plain("QIFImportSplitLineItems", &LDGRAccount::qif_import_split_line_items_),
-    Plain("QIFImport_SwapOptions_ToFrom", &LDGRAccount::qif_import_swap_to_from_),
-    Plain("QIFImport_SwapOptions_Type", &LDGRAccount::qif_import_swap_type_),
-    Plain("QIFImport_SwapOptions_Description", &LDGRAccount::qif_import_swap_description_),
-    Plain("textExport_ExportType", &LDGRAccount::text_export_export_type_),
-    Plain("textExport_Encoding", &LDGRAccount::text_export_encoding_),
-    Plain("lastTransferAccount", &LDGRAccount::last_transfer_account_),
-    Plain("isLastTransferOrigin", &LDGRAccount::is_last_transfer_origin_),
+        "Account does not have an identification number in LDGRAccount:initWithDictionary")},
+    {Unchecked<&LDGRAccount::version_>(
+        "version", "Account does not have a version in LDGRAccount:initWithDictionary")},
+    {Records<&LDGRAccount::entries_>(
+         "entries", "Account does not have entries in LDGRAccount:initWithDictionary",
+         "Account entries are in the wrong format in LDGRAccount:initWithDictionary"),
+     AccountPart::Records},
+    {Records<&LDGRAccount::schedules_>(
+         "schedules", "Account does not have schedules in LDGRAccount:initWithDictionary",
+         "Account schedules are in the wrong format in LDGRAccount:initWithDictionary"),
+     AccountPart::Records},
+    {Plain("startingCheckNumber", &LDGRAccount::starting_check_number_,
+           "Account does not have a starting check number in LDGRAccount:initWithDictionary",
+           "Account starting check number is in the wrong format in "
+           "LDGRAccount:initWithDictionary")},
+    {Plain("numberCount", &LDGRAccount::number_count_), AccountPart::Records},
+    {StartingBalance()},
+    {Plain("password", &LDGRAccount::password_,
+           "Account does not have a password in LDGRAccount:initWithDictionary",
+           "Account password is in the wrong format in LDGRAccount:initWithDictionary")},
+    {ActiveTypes(), AccountPart::Types},
+    {Records<&LDGRAccount::inactive_types_>(
+         "inactiveTypes", "No inactiveTypes defined for LDGRAccount.",
+         "inactiveTypes are in the wrong format for LDGRAccount."),
+     AccountPart::Types},
+    {TypeNumber<&LDGRAccount::default_debit_type_>("defaultDebitType"), AccountPart::Types},
+    {TypeNumber<&LDGRAccount::default_deposit_type_>("defaultDepositType"), AccountPart::Types},
+    {Plain("preference_Descriptions_Style", &LDGRAccount::preference_descriptions_style_)},
+    {Plain("preference_ToFrom_Style", &LDGRAccount::preference_to_from_style_)},
+    {Plain("preference_Descriptions_SomeSelection",
+           &LDGRAccount::preference_descriptions_some_selection_)},
+    {Plain("preference_ToFrom_SomeSelection", &LDGRAccount::preference_to_from_some_selection_)},
+    {Texts<&LDGRAccount::preferred_debit_descriptions_>("preferredDebitDescriptions")},
+    {Texts<&LDGRAccount::preferred_deposit_descriptions_>("preferredDepositDescriptions")},
+    {Texts<&LDGRAccount::preferred_transfer_descriptions_>("preferredTransferDescriptions")},
+    {Texts<&LDGRAccount::preferred_tos_>("preferredTos")},
+    {Texts<&LDGRAccount::preferred_froms_>("preferredFroms")},
+    {Plain("statementBalance", &LDGRAccount::statement_balance_,
+           "Account does not have a statementBalance in LDGRAccount:initWithDictionary",
+           "Account statementBalance is in the wrong format in LDGRAccount:initWithDictionary")},
+    {Summaries(), AccountPart::Records},
+    {SelectedSummary(), AccountPart::Settings},
+    {Plain("entryFilterType", &LDGRAccount::entry_filter_type_), AccountPart::Settings},
+    {Plain("reconcileFilterType", &LDGRAccount::reconcile_filter_type_), AccountPart::Settings},
+    {AnyKind<&LDGRAccount::entry_filter_data_>("entryFilterData"), AccountPart::Settings},
+    {AnyKind<&LDGRAccount::reconcile_filter_data_>("reconcileFilterData"), AccountPart::Settings},
+    {Plain("QIFImportEncoding", &LDGRAccount::qif_import_encoding_), AccountPart::Settings},
+    {Plain("QIFImportDateFormat", &LDGRAccount::qif_import_date_format_), AccountPart::Settings},
+    {Plain("QIFImportDecimalSeparator", &LDGRAccount::qif_import_decimal_separator_,
+           "No %@ defined in LDGRAccount:initWithDictionary",
+           "%@ is in the wrong format in LDGRAccount:initWithDictionary"),
+     AccountPart::Settings},
+    {Plain("QIFImportThousandsSeparator", &LDGRAccount::qif_import_thousands_separator_,
+           "No %@ defined in LDGRAccount:initWithDictionary",
+           "%@ is in the wrong format in LDGRAccount:initWithDictionary"),
+     AccountPart::Settings},
+    {Plain("QIFImportZeroAmountsAsDeposits", &LDGRAccount::qif_import_zero_amounts_as_deposits_),
+     AccountPart::Settings},
+    {Plain("QIFImportAllTypes", &LDGRAccount::qif_import_all_types_), AccountPart::Settings},
+    {Plain("QIFImportSplitLineItems", &LDGRAccount::qif_import_split_line_items_),
+     AccountPart::Settings},
+    {Plain("QIFImport_SwapOptions_ToFrom", &LDGRAccount::qif_import_swap_to_from_),
+     AccountPart::Settings},
+    {Plain("QIFImport_SwapOptions_Type", &LDGRAccount::qif_import_swap_type_),
+     AccountPart::Settings},
+    {Plain("QIFImport_SwapOptions_Description", &LDGRAccount::qif_import_swap_description_),
+     AccountPart::Settings},
+    {Plain("textExport_ExportType", &LDGRAccount::text_export_export_type_), AccountPart::Settings},
+    {Plain("textExport_Encoding", &LDGRAccount::text_export_encoding_), AccountPart::Settings},
+    {Plain("lastTransferAccount", &LDGRAccount::last_transfer_account_)},
+    {Plain("isLastTransferOrigin", &LDGRAccount::is_last_transfer_origin_)},
 };
+
+std::span<const LDGRAccount::StoredKey> LDGRAccount::StoredKey::Table() {
+  return Make::kTable;
+}
 
 LDGRAccount::LDGRAccount(const std::optional<plist::Dictionary>& dictionary) : LDGRAccount() {
   if (!dictionary) {
@@ -305,21 +310,36 @@ std::shared_ptr<LDGRAccount> LDGRAccount::accountByConsuming(const plist::Dictio
   return account;
 }
 
+void LDGRAccount::StoredKey::Read(const Entry& entry, LDGRAccount& account,
+                                  const plist::Dictionary& dictionary, bool consume) {
+  if (const auto* field = std::get_if<Field<LDGRAccount>>(&entry)) {
+    return ReadField(account, *field, dictionary);
+  }
+  const auto& special = std::get<Special>(entry);
+  const plist::Value& value = dictionary.Get(special.key);
+  if (value.IsNone()) {
+    LogForKey(special.missing, special.key);
+  } else if (!special.accepts(value)) {
+    LogForKey(special.wrong, special.key);
+  } else {
+    special.read(account, value, consume, MessageWithText(special.wrong, special.key));
+  }
+}
+
+void LDGRAccount::StoredKey::Write(const Entry& entry, const LDGRAccount& account,
+                                   plist::Output& output) {
+  if (const auto* field = std::get_if<Field<LDGRAccount>>(&entry)) {
+    return WriteField(account, *field, output);
+  }
+  const auto& special = std::get<Special>(entry);
+  if (special.is_absent != nullptr && special.is_absent(account)) return;
+  output.Key(special.key);
+  special.write(account, output);
+}
+
 void LDGRAccount::Read(const plist::Dictionary& dictionary, bool consume) {
-  for (const StoredKey::Entry& entry : StoredKey::kTable) {
-    if (const auto* field = std::get_if<Field<LDGRAccount>>(&entry)) {
-      ReadField(*this, *field, dictionary);
-      continue;
-    }
-    const auto& special = std::get<StoredKey::Special>(entry);
-    const plist::Value& value = dictionary.Get(special.key);
-    if (value.IsNone()) {
-      LogForKey(special.missing, special.key);
-    } else if (!special.accepts(value)) {
-      LogForKey(special.wrong, special.key);
-    } else {
-      special.read(*this, value, consume, MessageWithText(special.wrong, special.key));
-    }
+  for (const StoredKey& key : StoredKey::Table()) {
+    StoredKey::Read(key.entry, *this, dictionary, consume);
   }
   SetPassword(std::string(password_));
   ForgetChanges();
@@ -327,16 +347,7 @@ void LDGRAccount::Read(const plist::Dictionary& dictionary, bool consume) {
 
 void LDGRAccount::WriteTo(plist::Output& output) const {
   output.BeginDictionary();
-  for (const StoredKey::Entry& entry : StoredKey::kTable) {
-    if (const auto* field = std::get_if<Field<LDGRAccount>>(&entry)) {
-      WriteField(*this, *field, output);
-      continue;
-    }
-    const auto& special = std::get<StoredKey::Special>(entry);
-    if (special.is_absent != nullptr && special.is_absent(*this)) continue;
-    output.Key(special.key);
-    special.write(*this, output);
-  }
+  for (const StoredKey& key : StoredKey::Table()) StoredKey::Write(key.entry, *this, output);
   output.EndDictionary();
 }
 

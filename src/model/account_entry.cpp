@@ -57,6 +57,13 @@ struct LDGRAccountEntry::Keys {
       {"transferAccount", &Entry::transfer_account_, kSilent, kWrong},
   }};
 
+  // What a change of each field changes; of the flags see DifferenceFrom().
+  static constexpr std::array<ChangeKind, kSplit> kKinds{
+      ChangeKind::Money, ChangeKind::Money, ChangeKind::Money, ChangeKind::Money,
+      ChangeKind::Texts, ChangeKind::Money, ChangeKind::Texts, ChangeKind::Texts,
+      ChangeKind::Marks, ChangeKind::Texts, ChangeKind::Texts, ChangeKind::Texts,
+  };
+
   using Values = std::array<const plist::Value*, kCount>;
 
   // The values of all keys, none for those that are missing. Keys nearly always come in the order
@@ -125,6 +132,38 @@ std::shared_ptr<LDGRAccountEntry> LDGRAccountEntry::entryWithEntry(const LDGRAcc
   blank->transfer_entry_ = 0;
   blank->transfer_account_ = 0;
   return blank;
+}
+
+std::shared_ptr<LDGRAccountEntry> LDGRAccountEntry::Image() const {
+  auto image = std::make_shared<LDGRAccountEntry>();
+  CopyTo(*image);
+  return image;
+}
+
+void LDGRAccountEntry::CopyTo(LDGRAccountEntry& image) const {
+  for (const auto& field : Keys::kFields) CopyField(*this, image, field);
+  image.split_ = LDGRAccountEntrySplit::ImageOf(split_.get());
+}
+
+void LDGRAccountEntry::ExchangeWith(LDGRAccountEntry& image) noexcept {
+  for (const auto& field : Keys::kFields) ExchangeField(*this, image, field);
+  split_.swap(image.split_);
+}
+
+ChangeKinds LDGRAccountEntry::DifferenceFrom(const LDGRAccountEntry& image) const noexcept {
+  ChangeKinds kinds = LDGRAccountEntrySplit::Difference(split_.get(), image.split_.get());
+  for (std::size_t index = 0; index < Keys::kFields.size(); ++index) {
+    if (!FieldDiffers(*this, image, Keys::kFields[index])) continue;
+    const bool only_tax =
+        index == Keys::kEntryFlags && (entry_flags_ ^ image.entry_flags_) == kTaxDeductible;
+    kinds |= only_tax ? ChangeKind::Marks : Keys::kKinds[index];
+  }
+  return kinds;
+}
+
+std::size_t LDGRAccountEntry::MemorySize() const noexcept {
+  return sizeof(*this) + description_.size() + to_from_.size() + notes_.size() +
+         (split_ ? split_->MemorySize() : 0);
 }
 
 void LDGRAccountEntry::WriteTo(plist::Output& output) const {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <memory>
 #include <optional>
@@ -8,6 +9,7 @@
 #include <utility>
 #include <vector>
 
+#include "model/change_kinds.h"
 #include "model/date_number.h"
 #include "model/entry_split.h"
 #include "plist/output.h"
@@ -39,6 +41,17 @@ class LDGRAccountEntry {
   // than -1. Of a subclass the copy has what an entry has.
   [[nodiscard]] static std::shared_ptr<LDGRAccountEntry> entryWithEntry(
       const LDGRAccountEntry* entry);
+
+  // Images: what the entry holds, kept aside and put back into the very same object, because rows
+  // and links hold the object. Unlike the dictionary form an image leaves nothing out. Of a
+  // subclass it holds what an entry has; the subclass has images of its own.
+  [[nodiscard]] std::shared_ptr<LDGRAccountEntry> Image() const;
+  // The entry gets what `image` holds, and `image` what the entry held.
+  void ExchangeWith(LDGRAccountEntry& image) noexcept;
+  // In what the two would be stored differently.
+  [[nodiscard]] ChangeKinds DifferenceFrom(const LDGRAccountEntry& image) const noexcept;
+  // How much memory it takes, in bytes, roughly.
+  [[nodiscard]] std::size_t MemorySize() const noexcept;
 
   // The whole dictionary, Begin and End included; a subclass adds its keys at the end.
   void WriteTo(plist::Output& output) const;
@@ -141,6 +154,9 @@ class LDGRAccountEntry {
   [[nodiscard]] std::string asSpeakableString() const;
 
  protected:
+  // `image` becomes an image of this.
+  void CopyTo(LDGRAccountEntry& image) const;
+
   // The sentences with the name of a type that is found elsewhere; none speaks no type.
   [[nodiscard]] std::string SpeakableString(const std::optional<std::string>& type_name) const;
 

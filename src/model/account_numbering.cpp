@@ -26,7 +26,7 @@ std::int32_t Highest(const List& list) noexcept {
 
 std::int32_t LDGRAccount::NextAvailableNumber() noexcept {
   number_count_ = Next(number_count_);
-  NoteChange();
+  NoteSetting();
   return number_count_;
 }
 

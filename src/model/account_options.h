@@ -4,45 +4,10 @@
 #include <optional>
 #include <string>
 #include <string_view>
-#include <utility>
+
+#include "model/change_count.h"
 
 namespace tallyfold {
-
-// Tells whether a record has changed.
-class ChangeCount {
- public:
-  // Counts changes of what is stored, from 0 for a new or freshly read account. Every change
-  // through the account counts by itself; whoever changes an entry, type, schedule or summary in
-  // place calls NoteChange(). The order of the entries and whether the account is authenticated do
-  // not count.
-  [[nodiscard]] std::uint64_t Revision() const noexcept { return revision_; }
-  // As Revision(), but settings of the account (names, filters, choices of imports and exports) do
-  // not count: as long as it stays, so do all balances.
-  [[nodiscard]] std::uint64_t LedgerRevision() const noexcept { return ledger_revision_; }
-  void NoteChange() noexcept {
-    ++revision_;
-    ++ledger_revision_;
-  }
-
- protected:
-  ChangeCount() = default;
-  ~ChangeCount() = default;
-
-  template <typename T>
-  void Change(T& member, T value) noexcept {
-    if (member == value) return;
-    member = std::move(value);
-    ++revision_;
-  }
-  // What has been read so far was there before.
-  void ForgetChanges() noexcept { revision_ = ledger_revision_ = 0; }
-  // A change of something that no balance depends on.
-  void NoteSetting() noexcept { ++revision_; }
-
- private:
-  std::uint64_t revision_ = 0;
-  std::uint64_t ledger_revision_ = 0;
-};
 
 // What an account remembers of the last statement, import, export and transfer, to propose it the
 // next time. All of it is stored with the account.

@@ -68,6 +68,34 @@ LDGRAccountSchedule::LDGRAccountSchedule(const std::optional<plist::Dictionary>&
   committed_dates_ = CommittedDates(Keys::ReadCommittedDates(*dictionary));
 }
 
+std::shared_ptr<LDGRAccountSchedule> LDGRAccountSchedule::Image() const {
+  auto image = std::make_shared<LDGRAccountSchedule>();
+  CopyTo(*image);
+  for (const auto& field : Keys::kFields) CopyField(*this, *image, field);
+  image->committed_dates_ = committed_dates_;
+  return image;
+}
+
+void LDGRAccountSchedule::ExchangeWith(LDGRAccountSchedule& image) noexcept {
+  LDGRAccountEntry::ExchangeWith(image);
+  for (const auto& field : Keys::kFields) ExchangeField(*this, image, field);
+  std::swap(committed_dates_, image.committed_dates_);
+  first_uncommitted_.reset();
+  image.first_uncommitted_.reset();
+}
+
+bool LDGRAccountSchedule::DiffersFrom(const LDGRAccountSchedule& image) const noexcept {
+  return !DifferenceFrom(image).IsEmpty() ||
+         std::any_of(Keys::kFields.begin(), Keys::kFields.end(),
+                     [&](const auto& field) { return FieldDiffers(*this, image, field); }) ||
+         committed_dates_.days() != image.committed_dates_.days();
+}
+
+std::size_t LDGRAccountSchedule::MemorySize() const noexcept {
+  return LDGRAccountEntry::MemorySize() + sizeof(*this) - sizeof(LDGRAccountEntry) +
+         committed_dates_.size() * sizeof(DateNumber);
+}
+
 void LDGRAccountSchedule::WriteOwnKeys(plist::Output& output) const {
   for (const auto& field : Keys::kFields) WriteField(*this, field, output);
   output.Key(Keys::kCommittedDates);

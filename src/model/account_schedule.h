@@ -24,6 +24,13 @@ class LDGRAccountSchedule final : public LDGRAccountEntry {
   LDGRAccountSchedule() = default;
   explicit LDGRAccountSchedule(const std::optional<plist::Dictionary>& dictionary);
 
+  // As those of an entry (see there), with what a schedule adds.
+  [[nodiscard]] std::shared_ptr<LDGRAccountSchedule> Image() const;
+  void ExchangeWith(LDGRAccountSchedule& image) noexcept;
+  // Whether the two would be stored differently.
+  [[nodiscard]] bool DiffersFrom(const LDGRAccountSchedule& image) const noexcept;
+  [[nodiscard]] std::size_t MemorySize() const noexcept;
+
   void SetRepeatIntervalType(std::int32_t type) noexcept { interval_type_ = type; }
   [[nodiscard]] std::int32_t GetRepeatIntervalType() const noexcept { return interval_type_; }
   // The N of the every-N types. With 0 or less the start is the only candidate.

@@ -75,14 +75,14 @@ void LDGRAccount::SetTypes(EntryTypeList types) {
   std::stable_sort(types.begin(), types.end(), ComesBefore);
   types_ = std::move(types);
   DropForeignDefaultTypes();
-  NoteChange();
+  NoteChange(ChangeKind::Types);
 }
 
 void LDGRAccount::SetInactiveTypes(EntryTypeList types) {
   std::erase(types, nullptr);
   inactive_types_ = std::move(types);
   DropForeignDefaultTypes();
-  NoteChange();
+  NoteChange(ChangeKind::Types);
 }
 
 void LDGRAccount::DropForeignDefaultTypes() noexcept {
@@ -97,7 +97,7 @@ void LDGRAccount::AddType(std::shared_ptr<LDGRAccountEntryType> type) {
   if (!type) return;
   const auto place = std::upper_bound(types_.begin(), types_.end(), type, ComesBefore);
   types_.insert(place, std::move(type));
-  NoteChange();
+  NoteChange(ChangeKind::Types);
 }
 
 EntryTypeList LDGRAccount::GetTransferTypes() const {
@@ -143,7 +143,7 @@ void LDGRAccount::DeactivateType(std::shared_ptr<LDGRAccountEntryType> type) {
   if (std::find(inactive_types_.begin(), inactive_types_.end(), type) == inactive_types_.end()) {
     inactive_types_.push_back(std::move(type));
   }
-  NoteChange();
+  NoteChange(ChangeKind::Types);
 }
 
 void LDGRAccount::SetDefaultDebitType(std::shared_ptr<LDGRAccountEntryType> type) noexcept {

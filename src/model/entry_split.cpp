@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "model/amounts.h"
+#include "model/field_table.h"
 #include "platform/ambient.h"
 
 namespace tallyfold {
@@ -57,6 +58,39 @@ std::shared_ptr<LDGRAccountEntrySplit> LDGRAccountEntrySplit::splitWithSplit(
     const LDGRAccountEntrySplit* split) {
   if (split == nullptr) return nullptr;
   return std::make_shared<LDGRAccountEntrySplit>(split->asDictionary());
+}
+
+std::shared_ptr<LDGRAccountEntrySplit> LDGRAccountEntrySplit::ImageOf(
+    const LDGRAccountEntrySplit* split) {
+  if (split == nullptr) return nullptr;
+  auto image = std::make_shared<LDGRAccountEntrySplit>();
+  image->lines_ = split->lines_;
+  image->total_ = split->total_;
+  return image;
+}
+
+ChangeKinds LDGRAccountEntrySplit::Difference(const LDGRAccountEntrySplit* a,
+                                              const LDGRAccountEntrySplit* b) noexcept {
+  // Of an entry's parts the split alone decides which amount counts.
+  if (a == nullptr || b == nullptr) {
+    return a == b ? ChangeKinds() : ChangeKind::Money | ChangeKind::Texts;
+  }
+  ChangeKinds kinds;
+  for (std::size_t i = 0; i < kLines; ++i) {
+    const Line& line = a->LineAt(i);
+    const Line& other = b->LineAt(i);
+    if (StoredDiffers(line.amount, other.amount)) kinds |= ChangeKind::Money;
+    if (line.description != other.description || line.to_from != other.to_from) {
+      kinds |= ChangeKind::Texts;
+    }
+  }
+  return kinds;
+}
+
+std::size_t LDGRAccountEntrySplit::MemorySize() const noexcept {
+  std::size_t size = sizeof(*this) + lines_.capacity() * sizeof(Line);
+  for (const Line& line : lines_) size += line.description.size() + line.to_from.size();
+  return size;
 }
 
 void LDGRAccountEntrySplit::WriteTo(plist::Output& output) const {

@@ -8,6 +8,7 @@
 #include <string_view>
 #include <vector>
 
+#include "model/change_kinds.h"
 #include "plist/output.h"
 #include "plist/value.h"
 
@@ -31,6 +32,15 @@ class LDGRAccountEntrySplit {
   // A copy of its own without the states; null for null.
   [[nodiscard]] static std::shared_ptr<LDGRAccountEntrySplit> splitWithSplit(
       const LDGRAccountEntrySplit* split);
+
+  // A copy of its own with the states; null for null.
+  [[nodiscard]] static std::shared_ptr<LDGRAccountEntrySplit> ImageOf(
+      const LDGRAccountEntrySplit* split);
+  // In what the stored lines of the two differ; a null one has no lines.
+  [[nodiscard]] static ChangeKinds Difference(const LDGRAccountEntrySplit* a,
+                                              const LDGRAccountEntrySplit* b) noexcept;
+  // How much memory it takes, in bytes, roughly.
+  [[nodiscard]] std::size_t MemorySize() const noexcept;
 
   void WriteTo(plist::Output& output) const;
   [[nodiscard]] plist::Dictionary asDictionary() const;

@@ -1,5 +1,8 @@
 #include "model/entry_type.h"
 
+#include <tuple>
+#include <utility>
+
 #include "model/text.h"
 
 namespace tallyfold {
@@ -38,6 +41,28 @@ void LDGRAccountEntryType::SetName(std::optional<std::string_view> name) {
 
 int LDGRAccountEntryType::NameIsGreaterThan(const LDGRAccountEntryType& other) const noexcept {
   return CompareIgnoringCase(name_, other.name_);
+}
+
+std::shared_ptr<LDGRAccountEntryType> LDGRAccountEntryType::Image() const {
+  auto image = std::make_shared<LDGRAccountEntryType>();
+  image->name_ = name_;
+  std::tie(image->number_, image->is_check_, image->is_deposit_, image->is_transfer_) =
+      std::tie(number_, is_check_, is_deposit_, is_transfer_);
+  return image;
+}
+
+void LDGRAccountEntryType::ExchangeWith(LDGRAccountEntryType& image) noexcept {
+  name_.swap(image.name_);
+  std::swap(number_, image.number_);
+  std::swap(is_check_, image.is_check_);
+  std::swap(is_deposit_, image.is_deposit_);
+  std::swap(is_transfer_, image.is_transfer_);
+}
+
+bool LDGRAccountEntryType::EqualsImage(const LDGRAccountEntryType& image) const noexcept {
+  return std::tie(name_, number_, is_check_, is_deposit_, is_transfer_) ==
+         std::tie(image.name_, image.number_, image.is_check_, image.is_deposit_,
+                  image.is_transfer_);
 }
 
 }  // namespace tallyfold

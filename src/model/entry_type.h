@@ -37,6 +37,13 @@ class LDGRAccountEntryType {
   void SetNumber(std::int32_t number) noexcept { number_ = number; }
   [[nodiscard]] std::int32_t GetNumber() const noexcept { return number_; }
 
+  // Images: what the type holds, kept aside and put back into the very same object.
+  [[nodiscard]] std::shared_ptr<LDGRAccountEntryType> Image() const;
+  // The type gets what `image` holds, and `image` what the type held.
+  void ExchangeWith(LDGRAccountEntryType& image) noexcept;
+  // Whether the two are equal in everything, stored or not.
+  [[nodiscard]] bool EqualsImage(const LDGRAccountEntryType& image) const noexcept;
+
   // 1, 0 or -1, ignoring case.
   [[nodiscard]] int NameIsGreaterThan(const LDGRAccountEntryType& other) const noexcept;
 

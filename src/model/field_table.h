@@ -1,10 +1,12 @@
 #pragma once
 
+#include <bit>
 #include <cstdint>
 #include <span>
 #include <string>
 #include <string_view>
 #include <type_traits>
+#include <utility>
 #include <variant>
 
 #include "model/text.h"
@@ -79,6 +81,34 @@ void ReadField(Record& record, const Field<Record>& field, const plist::Value& v
 template <typename Record>
 void ReadField(Record& record, const Field<Record>& field, const plist::Dictionary& dictionary) {
   ReadField(record, field, dictionary.Get(field.key));
+}
+
+template <typename Record>
+void CopyField(const Record& from, Record& to, const Field<Record>& field) {
+  std::visit([&](auto member) { to.*member = from.*member; }, field.member);
+}
+
+template <typename Record>
+void ExchangeField(Record& a, Record& b, const Field<Record>& field) noexcept {
+  std::visit([&](auto member) { std::swap(a.*member, b.*member); }, field.member);
+}
+
+// Whether the two would be written differently; not-a-number equals itself.
+template <typename T>
+[[nodiscard]] bool StoredDiffers(const T& a, const T& b) noexcept {
+  if constexpr (std::is_same_v<T, double>) {
+    return std::bit_cast<std::uint64_t>(a) != std::bit_cast<std::uint64_t>(b);
+  } else if constexpr (std::is_same_v<T, float>) {
+    return std::bit_cast<std::uint32_t>(a) != std::bit_cast<std::uint32_t>(b);
+  } else {
+    return !(a == b);
+  }
+}
+
+template <typename Record>
+[[nodiscard]] bool FieldDiffers(const Record& a, const Record& b,
+                                const Field<Record>& field) noexcept {
+  return std::visit([&](auto member) { return StoredDiffers(a.*member, b.*member); }, field.member);
 }
 
 }  // namespace tallyfold

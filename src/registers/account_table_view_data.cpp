@@ -247,15 +247,15 @@ double LDGRAccountTableViewData::TotalOfRows() const {
 
 std::vector<double> LDGRAccountTableViewData::BalancesOfRows() const {
   if (account_ == nullptr) return std::vector<double>(entries_.size(), 0.0);
-  if (account_balances_.revision != account_->LedgerRevision()) {
-    account_balances_ = {account_->LedgerRevision(),
+  if (account_balances_.revision != account_->MoneyRevision()) {
+    account_balances_ = {account_->MoneyRevision(),
                          {account_->GetEntries(), account_->GetStartingBalance()}};
   }
   return account_balances_.table.Of(entries_);
 }
 
 const LDGRAccountTableViewData::Figures& LDGRAccountTableViewData::UpToDateFigures() const {
-  const std::uint64_t revision = account_ != nullptr ? account_->LedgerRevision() : 0;
+  const std::uint64_t revision = account_ != nullptr ? account_->MoneyRevision() : 0;
   if (figures_.are_known && figures_.revision == revision) return figures_;
   figures_.balances = BalancesOfRows();
   figures_.total = 0.0;

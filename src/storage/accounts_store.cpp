@@ -75,17 +75,27 @@ const AccountList& AccountsStore::accounts() const noexcept {
 }
 
 void AccountsStore::AddAccount(std::shared_ptr<LDGRAccount> account) {
+  InsertAccount(accounts().size(), std::move(account));
+}
+
+void AccountsStore::InsertAccount(std::size_t place, std::shared_ptr<LDGRAccount> account) {
   if (!account) return;
   if (!accounts_) accounts_.emplace();
-  accounts_->push_back(std::move(account));
-  ++list_revision_;
+  place = std::min(place, accounts_->size());
+  accounts_->insert(accounts_->begin() + static_cast<std::ptrdiff_t>(place), std::move(account));
+  list_changes_.NoteChange();
+}
+
+void AccountsStore::ReserveAccounts(std::size_t more) {
+  if (!accounts_) accounts_.emplace();
+  accounts_->reserve(accounts_->size() + more);
 }
 
 void AccountsStore::RemoveAccount(const LDGRAccount* account) {
   if (!accounts_) return;
   const auto removed =
       std::erase_if(*accounts_, [account](const auto& each) { return each.get() == account; });
-  if (removed != 0) ++list_revision_;
+  if (removed != 0) list_changes_.NoteChange();
 }
 
 std::shared_ptr<LDGRAccount> AccountsStore::AccountWithNumber(std::int32_t number) const {
@@ -109,7 +119,13 @@ const std::string& AccountsStore::password() const noexcept {
 void AccountsStore::setPassword(std::optional<std::string_view> password) {
   if (!password || password_ == password) return;
   password_ = std::string(*password);
-  ++list_revision_;
+  list_changes_.NoteChange();
+}
+
+void AccountsStore::ExchangePassword(std::string& password) noexcept {
+  if (!password_) password_.emplace();
+  password_->swap(password);
+  list_changes_.NoteChange();
 }
 
 // --- Loading ------------------------------------------------------------------------------------
@@ -313,7 +329,7 @@ void AccountsStore::WriteTo(plist::Output& output) const {
 // --- Changes ------------------------------------------------------------------------------------
 
 AccountsStore::Snapshot AccountsStore::CurrentSnapshot() const {
-  Snapshot snapshot{list_revision_, {}};
+  Snapshot snapshot{list_changes_.Revision(), {}};
   snapshot.account_revisions.reserve(accounts().size());
   for (const auto& account : accounts()) {
     snapshot.account_revisions.push_back(account->Revision());

@@ -71,8 +71,20 @@ class AccountsStore {
   [[nodiscard]] const AccountList& accounts() const noexcept;
   // Appends, and makes the list when there is none. Null is ignored.
   void AddAccount(std::shared_ptr<LDGRAccount> account);
+  // The same at a place of the list, 0 before the first; beyond the end it appends.
+  void InsertAccount(std::size_t place, std::shared_ptr<LDGRAccount> account);
   // Removes this very object; nothing when it is not here.
   void RemoveAccount(const LDGRAccount* account);
+  // Makes room, so that as many accounts can be inserted without taking memory.
+  void ReserveAccounts(std::size_t more);
+  // Counts changes of the list itself and of the application password; see ChangeCount.
+  [[nodiscard]] const ChangeCount::Revisions& ListRevisions() const noexcept {
+    return list_changes_.PresentRevisions();
+  }
+  // Says that list and password are again as they were at `revisions`.
+  void ReturnTo(const ChangeCount::Revisions& revisions) noexcept {
+    list_changes_.ReturnTo(revisions);
+  }
   // The first with that number, or null.
   [[nodiscard]] std::shared_ptr<LDGRAccount> AccountWithNumber(std::int32_t number) const;
   // 0 when there are none or all are negative.
@@ -82,6 +94,8 @@ class AccountsStore {
   [[nodiscard]] const std::string& password() const noexcept;
   // None leaves it as it is.
   void setPassword(std::optional<std::string_view> password);
+  // The password becomes `password`, which gets what the password was.
+  void ExchangePassword(std::string& password) noexcept;
   // Whether the password has been given, or none is needed.
   [[nodiscard]] bool authenticated() const noexcept { return authenticated_; }
   void setAuthenticated(bool authenticated) noexcept { authenticated_ = authenticated; }
@@ -160,8 +174,8 @@ class AccountsStore {
   std::optional<AccountList> accounts_;
   std::optional<std::string> password_;
   bool authenticated_ = false;
-  // Counts changes of the list itself and of the password.
-  std::uint64_t list_revision_ = 0;
+  struct ListChanges : ChangeCount {};
+  ListChanges list_changes_;
   Snapshot saved_;
   bool save_failed_ = false;
 };

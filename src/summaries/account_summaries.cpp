@@ -58,7 +58,7 @@ void LDGRAccount::addAccountSummary(std::shared_ptr<LDGRAccountSummary> summary)
   summary->setAccount(this);
   account_summaries_.push_back(std::move(summary));
   if (!selected_account_summary_) selected_account_summary_ = account_summaries_.back();
-  NoteChange();
+  NoteChange(ChangeKind::Summaries);
 }
 
 void LDGRAccount::removeAccountSummary(const LDGRAccountSummary* summary) {
@@ -70,7 +70,7 @@ void LDGRAccount::removeAccountSummary(const LDGRAccountSummary* summary) {
   if (was_selected) {
     selected_account_summary_ = account_summaries_.empty() ? nullptr : account_summaries_.front();
   }
-  NoteChange();
+  NoteChange(ChangeKind::Summaries);
 }
 
 void LDGRAccount::selectAccountSummary(const LDGRAccountSummary* summary) {

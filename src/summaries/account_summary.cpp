@@ -95,7 +95,7 @@ int LDGRAccountSummary::NameIsGreaterThan(const LDGRAccountSummary& other) const
 }
 
 void LDGRAccountSummary::NoteChange() noexcept {
-  if (account_ != nullptr) account_->NoteChange();
+  if (account_ != nullptr) account_->NoteChange(ChangeKind::Summaries);
 }
 
 }  // namespace tallyfold

@@ -128,6 +128,8 @@ class LDGRAccountSummary {
   [[nodiscard]] int NameIsGreaterThan(const LDGRAccountSummary& other) const noexcept;
 
  private:
+  friend class SummaryRecords;
+
   template <typename T>
   void Change(T& member, T value) noexcept {
     if (member == value) return;

@@ -1,0 +1,23 @@
+#include "ledger/ledger.h"
+
+namespace tallyfold {
+
+void Ledger::RemoveListener(const LedgerListener& listener) noexcept {
+  std::erase(listeners_, &listener);
+}
+
+void Ledger::Note(const ChangeSet& set) noexcept {
+  for (const AccountChanges& changes : set.accounts) changes.account->NoteChange(changes.kinds);
+}
+
+void Ledger::Announce(const ChangeSet& set) {
+  struct Announcing {
+    explicit Announcing(bool& flag) : is_announcing(flag) { is_announcing = true; }
+    ~Announcing() { is_announcing = false; }
+    bool& is_announcing;
+  } announcing(is_announcing_);
+  // A listener that goes meanwhile is not called.
+  for (std::size_t i = 0; i < listeners_.size(); ++i) listeners_[i]->LedgerChanged(set);
+}
+
+}  // namespace tallyfold

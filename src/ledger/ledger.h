@@ -1,0 +1,60 @@
+#pragma once
+
+#include <vector>
+
+#include "ledger/change_set.h"
+#include "ledger/entry_places.h"
+#include "ledger/history.h"
+#include "storage/accounts_store.h"
+
+namespace tallyfold {
+
+class Change;
+
+// Hears of every change of the accounts, of undone and redone ones too.
+class LedgerListener {
+ public:
+  virtual ~LedgerListener() = default;
+  // All is changed and noted. States may be asked, nothing may be changed.
+  virtual void LedgerChanged(const ChangeSet& set) = 0;
+};
+
+// The one door for changes of what the accounts file holds: who wants to change something opens a
+// Change (see ledger/change.h), who wants to know what changed listens here.
+class Ledger {
+ public:
+  // `accounts` outlives the ledger.
+  explicit Ledger(AccountsStore& accounts) noexcept : accounts_(accounts) {}
+  Ledger(const Ledger&) = delete;
+  Ledger& operator=(const Ledger&) = delete;
+
+  [[nodiscard]] AccountsStore& accounts() noexcept { return accounts_; }
+  [[nodiscard]] const AccountsStore& accounts() const noexcept { return accounts_; }
+  [[nodiscard]] History& history() noexcept { return history_; }
+  [[nodiscard]] const History& history() const noexcept { return history_; }
+
+  // In the order in which they were added. A listener is removed before it ends.
+  void AddListener(LedgerListener& listener) { listeners_.push_back(&listener); }
+  void RemoveListener(const LedgerListener& listener) noexcept;
+
+  // A change is open, or listeners are hearing of one.
+  [[nodiscard]] bool IsBusy() const noexcept { return open_ != nullptr || is_announcing_; }
+
+ private:
+  friend class Change;
+  friend class History;
+
+  // Each account in the set notes once what changed in it.
+  static void Note(const ChangeSet& set) noexcept;
+  void Announce(const ChangeSet& set);
+
+  AccountsStore& accounts_;
+  History history_{*this};
+  EntryPlaces places_;
+  std::vector<LedgerListener*> listeners_;
+  // The innermost.
+  Change* open_ = nullptr;
+  bool is_announcing_ = false;
+};
+
+}  // namespace tallyfold

@@ -1,0 +1,46 @@
+#pragma once
+
+#include <cstdint>
+#include <memory>
+
+#include "model/account.h"
+
+namespace tallyfold {
+
+// The lists of an account, for the one who changes them by place, keeps what belongs to them in
+// order, and notes the changes itself (src/ledger). Nobody else changes lists behind the account's
+// back.
+class AccountLists {
+ public:
+  [[nodiscard]] static EntryList& Entries(LDGRAccount& account) noexcept {
+    return account.entries_;
+  }
+  [[nodiscard]] static ScheduleList& Schedules(LDGRAccount& account) noexcept {
+    return account.schedules_;
+  }
+  [[nodiscard]] static AccountSummaryList& Summaries(LDGRAccount& account) noexcept {
+    return account.account_summaries_;
+  }
+
+  // What an account holds besides its stored parts, or must not lose by their exchange.
+  struct Bearings {
+    ChangeCount::Revisions revisions;
+    std::int32_t number_count = 0;
+    bool authenticated = false;
+    std::shared_ptr<LDGRAccountSummary> selected_summary;
+  };
+  [[nodiscard]] static Bearings BearingsOf(const LDGRAccount& account) {
+    return {account.PresentRevisions(), account.number_count_, account.authenticated_,
+            account.selected_account_summary_};
+  }
+  static void ReturnTo(LDGRAccount& account, const Bearings& bearings) noexcept {
+    account.ReturnTo(bearings.revisions);
+    account.number_count_ = bearings.number_count;
+    account.authenticated_ = bearings.authenticated;
+    account.selected_account_summary_ = bearings.selected_summary;
+  }
+  // The selected summary is one of the list, the first unless it is already.
+  static void SelectSummaryOfList(LDGRAccount& account) noexcept;
+};
+
+}  // namespace tallyfold
