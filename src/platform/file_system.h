@@ -45,10 +45,63 @@ struct FileIdentity {
   friend bool operator==(const FileIdentity&, const FileIdentity&) = default;
 };
 
+// Whether both are the same file, whatever has been written to it in between.
+[[nodiscard]] inline bool AreSameFile(const FileIdentity& a, const FileIdentity& b) noexcept {
+  return a.device == b.device && a.inode == b.inode;
+}
+
 // Permission of a file that WriteAtomically makes new; an existing file keeps its own.
 enum class NewFileMode : std::uint8_t {
   Private,  // readable and writable by the owner alone
   ByUmask,  // what the process's file mode mask leaves
+};
+
+// What an atomic write replaces. Whatever comes to stand at its path meanwhile is not destroyed:
+// the write fails instead.
+struct WriteTerms {
+  enum class Replaces : std::uint8_t {
+    Anything,  // the file that stands there when the write begins
+    Nothing,   // a new file is made; one that stands there stays
+    Known,     // the file that `known` tells, or one whose content is known
+  };
+
+  NewFileMode mode = NewFileMode::Private;
+  Replaces replaces = Replaces::Anything;
+  FileIdentity known = {};
+  // Asked for a file that is not `known`, which is how file systems look that number their files
+  // anew. Null knows none.
+  std::function<bool(std::string_view content)> is_known_content = nullptr;
+};
+
+// Where an operation on a file stopped.
+enum class FileStep : std::uint8_t {
+  OpenFolder,
+  LookAtFile,  // the one that is to be replaced
+  ReadSource,  // of a copy
+  MakeFile,
+  SetPermission,
+  Write,
+  Sync,
+  PutInPlace,
+  SyncFolder,
+};
+
+struct FileFailure {
+  FileStep step = FileStep::Write;
+  // The system's, in words.
+  std::string reason;
+};
+
+// What became of a write. True when it was done.
+struct [[nodiscard]] WriteReport {
+  std::optional<FileFailure> failure;
+  // It failed because there is a file that it was not to replace.
+  bool found_another = false;
+  // Of the new file, where that stands in its place: always when the write was done, and when all
+  // but making that durable was.
+  std::optional<FileIdentity> in_place;
+
+  explicit operator bool() const noexcept { return !failure; }
 };
 
 // Held as long as the object lives; the system frees it when the process dies.
@@ -89,12 +142,15 @@ class FileSystem {
 
   // Makes or replaces `path` whole and durably: afterwards, also after a crash at any point, it
   // holds either its old content or all of what `produce` appended. A symbolic link is followed
-  // to its target. False leaves the old file as it was and nothing beside it.
-  [[nodiscard]] virtual bool WriteAtomically(const std::string& path, NewFileMode mode,
-                                             const Producer& produce) = 0;
-  // Writes the content of `from` to `to` as WriteAtomically does; the copy is a new file with a
-  // creation time of its own. False when `from` is no regular file or on any failure.
-  [[nodiscard]] virtual bool Copy(const std::string& from, const std::string& to) = 0;
+  // to its target. A failure leaves the old file as it was and nothing beside it, unless the
+  // report says that the new file is in place.
+  virtual WriteReport WriteAtomically(const std::string& path, const WriteTerms& terms,
+                                      const Producer& produce) = 0;
+  // Writes the content of the regular file `from` to `to` as WriteAtomically does, replacing
+  // nothing; the copy is a new file with a creation time of its own.
+  virtual WriteReport Copy(const std::string& from, const std::string& to) = 0;
+  // Removes a file, and the name of a link. True when it is gone.
+  virtual bool Remove(const std::string& path) = 0;
   // One folder; its parent must exist. True when it was made.
   [[nodiscard]] virtual bool CreateFolder(const std::string& path) = 0;
   // Adds permission bits to those the file or folder has. Missing files and failures are ignored.
@@ -109,9 +165,12 @@ class FileSystem {
   [[nodiscard]] virtual LockResult LockFolder(const std::string& folder,
                                               std::unique_ptr<FolderLock>& lock) = 0;
 
-  [[nodiscard]] bool WriteAtomically(const std::string& path, NewFileMode mode,
-                                     std::string_view content) {
-    return WriteAtomically(path, mode, [content](ByteSink& sink) { sink.Append(content); });
+  WriteReport WriteAtomically(const std::string& path, const WriteTerms& terms,
+                              std::string_view content) {
+    return WriteAtomically(path, terms, [content](ByteSink& sink) { sink.Append(content); });
+  }
+  WriteReport WriteAtomically(const std::string& path, NewFileMode mode, std::string_view content) {
+    return WriteAtomically(path, WriteTerms{.mode = mode}, content);
   }
 };
 

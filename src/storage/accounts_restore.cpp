@@ -1,9 +1,12 @@
+#include <algorithm>
+#include <cstddef>
 #include <utility>
 
 #include "model/text.h"
 #include "platform/ambient.h"
 #include "plist/reader.h"
 #include "storage/accounts_store.h"
+#include "storage/backup_names.h"
 #include "storage/compressed_file.h"
 
 namespace tallyfold {
@@ -15,10 +18,26 @@ constexpr std::size_t kGreatestBackup = std::size_t{2} << 30;
 
 }  // namespace
 
+std::vector<BackupFile> AccountsStore::Backups() const {
+  const FileSystem& files = services_.files;
+  std::vector<BackupFile> backups = BackupsNewestFirst(files, paths_.backup_folder);
+  const auto first_kept = static_cast<std::ptrdiff_t>(backups.size());
+  for (BackupFile& file : BackupsNewestFirst(files, paths_.data_folder)) {
+    if (IsKeptCopyName(file.name, FileName(paths_.accounts_file))) {
+      backups.push_back(std::move(file));
+    }
+  }
+  std::inplace_merge(backups.begin(), backups.begin() + first_kept, backups.end(), IsNewer);
+  return backups;
+}
+
 std::optional<AccountsStore::Backup> AccountsStore::ReadBackup(const std::string& name) const {
   // A name, not a path out of the folder.
   if (name.find('/') != std::string::npos) return std::nullopt;
-  const auto file = services_.files.Read(paths_.backup_folder + '/' + name);
+  auto file = services_.files.Read(paths_.backup_folder + '/' + name);
+  if (!file && IsKeptCopyName(name, FileName(paths_.accounts_file))) {
+    file = services_.files.Read(paths_.data_folder + '/' + name);
+  }
   if (!file) return std::nullopt;
   Backup backup;
   if (IsCompressed(file->view())) {
@@ -66,8 +85,14 @@ AccountsStore::RestoreResult AccountsStore::Accounts_RestoreBackup(const std::st
        {LocalizedText("Cancel"), LocalizedText("Restore")}});
   if (answer != kRestore) return RestoreResult::Declined;
 
-  if (!Accounts_Save() || !file_.KeepCopy() ||
+  restore_failure_.reset();
+  if (!Accounts_Save()) {
+    restore_failure_ = save_failure_;
+    return RestoreResult::Failed;
+  }
+  if (!file_.KeepCopy() ||
       !file_.Replace([&backup](ByteSink& sink) { sink.Append(backup->content); })) {
+    restore_failure_ = file_.Failure();
     return RestoreResult::Failed;
   }
   return Accounts_Load() ? RestoreResult::Restored : RestoreResult::Ended;

@@ -8,6 +8,7 @@
 #include "plist/writer.h"
 #include "storage/account_numbers.h"
 #include "storage/backup_names.h"
+#include "storage/own_files.h"
 #include "storage/preferences.h"
 #include "storage/refusal_watch.h"
 
@@ -147,7 +148,7 @@ bool AccountsStore::Accounts_Load() {
     TakePassword(dictionary->Get(kPassword));
   }
   saved_ = CurrentSnapshot();
-  save_failed_ = false;
+  save_failure_.reset();
   return true;
 }
 
@@ -243,7 +244,7 @@ void AccountsStore::Accounts_Backup(const plist::Dictionary& dictionary) {
   const plist::Value& version = dictionary.Get(kAppVersion);
   std::string name;
   if (version.IsString() && version.StringValue() == running_version) {
-    const auto backups = Backups();
+    const auto backups = BackupsNewestFirst(files, paths_.backup_folder);
     const auto newest = backups.empty() ? std::nullopt : std::optional(backups.front().made);
     const std::int32_t interval = LDGRPreferences::sharedPreferences().GetBackupInterval();
     if (!BackupIsDue(newest, CurrentClock().Now(), interval)) return;
@@ -251,15 +252,10 @@ void AccountsStore::Accounts_Backup(const plist::Dictionary& dictionary) {
   } else {
     name = AccountsBackupNameBefore(today, running_version);
   }
-  name = UniqueAccountsBackupName(BackupNames(files, paths_.backup_folder), name);
-  if (!MakeBackup(files, services_.processes, paths_.accounts_file,
-                  paths_.backup_folder + '/' + name)) {
+  const auto unique = [&name](const auto& taken) { return UniqueAccountsBackupName(taken, name); };
+  if (!MakeBackup(files, services_.processes, paths_.accounts_file, paths_.backup_folder, unique)) {
     Log("Backup operation was unsuccessful in LDGRController:Accounts_Backup.");
   }
-}
-
-std::vector<BackupFile> AccountsStore::Backups() const {
-  return BackupsNewestFirst(services_.files, paths_.backup_folder);
 }
 
 // --- Saving -------------------------------------------------------------------------------------
@@ -269,7 +265,7 @@ bool AccountsStore::Accounts_Save() {
   if (!EnsureFolder(services_.files, paths_.data_folder,
                     "~/Library/Tallyfold/ exists, but it's a file instead of a folder.  Tallyfold "
                     "is unable to save your Accounts")) {
-    save_failed_ = true;
+    save_failure_ = FolderFailure(true);
     return false;
   }
   lock_.AcquireLate();
@@ -278,24 +274,26 @@ bool AccountsStore::Accounts_Save() {
 
 bool AccountsStore::Accounts_SaveToFilePath(const std::optional<std::string>& path) {
   if (!path || !accounts_ || !gate_.IsOpen()) return false;
-  const bool written = WriteFile(*path);
-  if (*path == paths_.accounts_file) {
-    save_failed_ = !written;
-    if (written) saved_ = CurrentSnapshot();
+  const bool is_accounts_file = LeadsTo(services_.files, *path, paths_.accounts_file);
+  const auto failure = WriteFile(*path, is_accounts_file);
+  if (is_accounts_file) {
+    save_failure_ = failure;
+    if (!failure) saved_ = CurrentSnapshot();
   }
-  return written;
+  return !failure;
 }
 
-bool AccountsStore::WriteFile(const std::string& path) {
+std::optional<SaveFailure> AccountsStore::WriteFile(const std::string& path,
+                                                    bool is_accounts_file) {
   FileSystem& files = services_.files;
   const std::string parent = ParentFolder(path);
   if (!files.IsFolder(parent)) {
-    Log(MessageWithText(files.Exists(parent)
-                            ? "%@ exists, but it's a file instead of a folder.  Tallyfold is "
-                              "unable to save your Accounts."
-                            : "%@ does not exist.  Tallyfold is unable to save your Accounts.",
+    const bool is_file = files.Exists(parent);
+    Log(MessageWithText(is_file ? "%@ exists, but it's a file instead of a folder.  Tallyfold is "
+                                  "unable to save your Accounts."
+                                : "%@ does not exist.  Tallyfold is unable to save your Accounts.",
                         parent));
-    return false;
+    return FolderFailure(is_file);
   }
   files.AddPermissions(parent, kOwnerAll);
   files.AddPermissions(path, kOwnerAll);
@@ -304,11 +302,14 @@ bool AccountsStore::WriteFile(const std::string& path) {
     WriteTo(writer);
     writer.Finish();
   };
-  const bool written = path == paths_.accounts_file
-                           ? file_.Replace(produce)
-                           : files.WriteAtomically(path, NewFileMode::Private, produce);
-  if (written) files.SetCustomBadgeIconForFilePath(path, "accountsfilebadge");
-  return written;
+  if (is_accounts_file) {
+    if (!file_.Replace(produce)) return file_.Failure();
+  } else if (const WriteReport report = files.WriteAtomically(path, WriteTerms{}, produce);
+             !report) {
+    return SaveFailureOf(*report.failure);
+  }
+  files.SetCustomBadgeIconForFilePath(path, "accountsfilebadge");
+  return std::nullopt;
 }
 
 void AccountsStore::WriteTo(plist::Output& output) const {
@@ -338,7 +339,7 @@ AccountsStore::Snapshot AccountsStore::CurrentSnapshot() const {
 }
 
 bool AccountsStore::HasUnsavedChanges() const {
-  return accounts_ && (save_failed_ || saved_ != CurrentSnapshot());
+  return accounts_ && (save_failure_ || saved_ != CurrentSnapshot());
 }
 
 }  // namespace tallyfold

@@ -108,7 +108,8 @@ class AccountsStore {
   [[nodiscard]] bool Accounts_Load();
   // Both false when nothing was written, for whatever reason.
   bool Accounts_Save();
-  // To any file in the same form; none does nothing.
+  // To any file in the same form; none does nothing. A path that leads to the accounts file,
+  // however it is written, is a save to that.
   bool Accounts_SaveToFilePath(const std::optional<std::string>& path);
   // Copies the file as it stands on the disk into the backup folder when a backup is due for a file
   // of this content.
@@ -119,9 +120,13 @@ class AccountsStore {
   // False when the program ends because the user does not want older accounts upgraded.
   [[nodiscard]] bool Accounts_HandleWillBeUpgradedByTallyfold(
       const std::optional<plist::Dictionary>& dictionary);
-  // Puts the backup of that name in the place of the accounts file and loads it, after asking the
-  // user. What there was before is saved, and kept beside the file.
+  // Puts the backup or kept copy of that name in the place of the accounts file and loads it, after
+  // asking the user. What there was before is saved, and kept beside the file.
   [[nodiscard]] RestoreResult Accounts_RestoreBackup(const std::string& name);
+  // Why that failed the last time; none where it did not, and for a locked application.
+  [[nodiscard]] const std::optional<SaveFailure>& RestoreFailure() const noexcept {
+    return restore_failure_;
+  }
   // Data of older versions lies where it always has: there is nothing to move.
   void Legacy_Setup() noexcept {}
 
@@ -130,6 +135,8 @@ class AccountsStore {
   // True when an account, the list of accounts or the password differs from what was last loaded
   // or saved, or the last save to the accounts file failed.
   [[nodiscard]] bool HasUnsavedChanges() const;
+  // Why the last save to the accounts file failed; none when it did not.
+  [[nodiscard]] const std::optional<SaveFailure>& Failure() const noexcept { return save_failure_; }
   // Set when the file that was loaded could not be used in whole.
   [[nodiscard]] const std::optional<FileSetAside>& SetAside() const noexcept {
     return file_.SetAside();
@@ -138,8 +145,17 @@ class AccountsStore {
   [[nodiscard]] const std::vector<std::string>& KeptCopies() const noexcept {
     return file_.KeptCopies();
   }
+  // What kept copies hold that someone else had written, of this run and of the one before.
+  [[nodiscard]] const std::vector<std::string>& CopiesOfOthers() const noexcept {
+    return file_.CopiesOfOthers();
+  }
+  [[nodiscard]] const std::vector<std::string>& EarlierCopiesOfOthers() const noexcept {
+    return file_.EarlierCopiesOfOthers();
+  }
+  // The backups and the kept copies of the accounts file, the newest first.
   [[nodiscard]] std::vector<BackupFile> Backups() const;
-  // Reads the backup of that name. None for one that Accounts_RestoreBackup() finds unreadable.
+  // Reads the backup or kept copy of that name. None for one that Accounts_RestoreBackup() finds
+  // unreadable.
   [[nodiscard]] std::optional<BackupContents> ContentsOfBackup(const std::string& name) const;
 
  private:
@@ -161,7 +177,9 @@ class AccountsStore {
   void TakeAccounts(const plist::Value& stored);
   void TakePassword(const plist::Value& password);
   void WriteTo(plist::Output& output) const;
-  [[nodiscard]] bool WriteFile(const std::string& path);
+  // None when it is written.
+  [[nodiscard]] std::optional<SaveFailure> WriteFile(const std::string& path,
+                                                     bool is_accounts_file);
   [[nodiscard]] Snapshot CurrentSnapshot() const;
   void EndProgram();
 
@@ -177,7 +195,8 @@ class AccountsStore {
   struct ListChanges : ChangeCount {};
   ListChanges list_changes_;
   Snapshot saved_;
-  bool save_failed_ = false;
+  std::optional<SaveFailure> save_failure_;
+  std::optional<SaveFailure> restore_failure_;
 };
 
 }  // namespace tallyfold

@@ -7,6 +7,8 @@ namespace tallyfold {
 
 namespace {
 
+constexpr std::string_view kKept = ".kept-";
+
 std::string Padded(int number, std::size_t digits) {
   std::string text = std::to_string(number);
   if (text.size() < digits) text.insert(0, digits - text.size(), '0');
@@ -53,11 +55,18 @@ std::string KeptCopyName(const std::vector<std::string>& listing, std::string_vi
                          const CivilTime& time) {
   const std::string date = Padded(time.year, 4) + Padded(time.month, 2) + Padded(time.day, 2);
   const std::string hour = Padded(time.hour, 2) + Padded(time.minute, 2) + Padded(time.second, 2);
-  return UniqueBackupName(listing, std::string(file_name) + ".kept-" + date + '-' + hour);
+  return UniqueBackupName(listing, std::string(file_name).append(kKept) + date + '-' + hour);
+}
+
+bool IsKeptCopyName(std::string_view name, std::string_view file_name) {
+  if (!name.starts_with(file_name)) return false;
+  name.remove_prefix(file_name.size());
+  return name.starts_with(kKept);
 }
 
 bool BackupIsDue(const std::optional<Instant>& newest, Instant now, int interval) {
-  return !newest || std::chrono::floor<std::chrono::days>(now - *newest).count() >= interval;
+  return !newest ||
+         std::chrono::duration_cast<std::chrono::days>(now - *newest).count() >= interval;
 }
 
 }  // namespace tallyfold

@@ -33,8 +33,11 @@ namespace tallyfold {
 [[nodiscard]] std::string KeptCopyName(const std::vector<std::string>& listing,
                                        std::string_view file_name, const CivilTime& time);
 
+// Whether a file beside the one named `file_name` is a copy that was kept of it.
+[[nodiscard]] bool IsKeptCopyName(std::string_view name, std::string_view file_name);
+
 // True when a newest backup made at `newest` (none: there is none yet) no longer serves for
-// `interval` whole days.
+// `interval` whole days. One that is dated less than a day ahead is 0 days old.
 [[nodiscard]] bool BackupIsDue(const std::optional<Instant>& newest, Instant now, int interval);
 
 }  // namespace tallyfold

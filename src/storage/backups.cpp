@@ -1,13 +1,14 @@
 #include "storage/backups.h"
 
 #include <algorithm>
-#include <tuple>
 #include <utility>
 
 namespace tallyfold {
 
 namespace {
 constexpr const char* kCompress = "/usr/bin/compress";
+// Tried in a folder that cannot be listed.
+constexpr int kMostNames = 1000;
 constexpr const char* kUncompress = "/usr/bin/uncompress";
 }  // namespace
 
@@ -24,15 +25,23 @@ std::vector<BackupFile> BackupsNewestFirst(const FileSystem& files, const std::s
       backups.push_back({std::move(name), *made});
     }
   }
-  std::sort(backups.begin(), backups.end(), [](const BackupFile& a, const BackupFile& b) {
-    return std::tie(b.made, b.name) < std::tie(a.made, a.name);
-  });
+  std::sort(backups.begin(), backups.end(), IsNewer);
   return backups;
 }
 
 bool MakeBackup(FileSystem& files, ProcessLauncher& processes, const std::string& from,
-                const std::string& to) {
-  if (!files.Copy(from, to)) return false;
+                const std::string& folder,
+                const std::function<std::string(const std::vector<std::string>& taken)>& name) {
+  std::vector<std::string> taken = BackupNames(files, folder);
+  std::string to;
+  for (int tries = 1;; ++tries) {
+    std::string tried = name(taken);
+    to = folder + '/' + tried;
+    const WriteReport report = files.Copy(from, to);
+    if (report) break;
+    if (!report.found_another || tries == kMostNames) return false;
+    taken.push_back(std::move(tried));
+  }
   if (files.Exists(kCompress) && files.Exists(kUncompress)) processes.Launch(kCompress, {to});
   return true;
 }

@@ -24,6 +24,10 @@ std::string FileName(const std::string& path) {
   return path.substr(path.rfind('/') + 1);
 }
 
+std::string KeptNotePath(const std::string& path) {
+  return path + ".kept";
+}
+
 bool EnsureFolder(FileSystem& files, const std::string& path, std::string_view line_for_file) {
   if (files.Exists(path)) {
     if (files.IsFolder(path)) return true;

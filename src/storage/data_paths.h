@@ -24,6 +24,9 @@ struct DataPaths {
 // "c" of "/a/b/c".
 [[nodiscard]] std::string FileName(const std::string& path);
 
+// Where copies that were kept of the file at `path` are noted for the next run.
+[[nodiscard]] std::string KeptNotePath(const std::string& path);
+
 // Makes the folder where nothing stands at `path`, and those above it that are missing. False when
 // a file stands there: then `line_for_file` is logged. A folder that cannot be made is not
 // reported; what is done in it next will fail.

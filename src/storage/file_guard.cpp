@@ -1,5 +1,7 @@
 #include "storage/file_guard.h"
 
+#include <algorithm>
+#include <new>
 #include <utility>
 
 #include "model/text.h"
@@ -10,11 +12,52 @@
 
 namespace tallyfold {
 
+namespace {
+
+// How often a file that changes while it is being replaced is kept, and the write begun again.
+constexpr int kMostTries = 5;
+// Names tried for a copy in a folder that cannot be listed.
+constexpr int kMostNames = 1000;
+
+// Sums up what it passes on.
+class SummingSink final : public ByteSink {
+ public:
+  explicit SummingSink(ByteSink& sink) : sink_(sink) {}
+  void Append(std::string_view bytes) override {
+    checksum_.Append(bytes);
+    sink_.Append(bytes);
+  }
+  [[nodiscard]] const ContentChecksum& checksum() const { return checksum_; }
+
+ private:
+  ByteSink& sink_;
+  ContentChecksum checksum_;
+};
+
+std::vector<std::string> LinesOf(std::string_view text) {
+  std::vector<std::string> lines;
+  while (!text.empty()) {
+    const std::size_t end = std::min(text.find('\n'), text.size());
+    if (end > 0) lines.emplace_back(text.substr(0, end));
+    text.remove_prefix(std::min(end + 1, text.size()));
+  }
+  return lines;
+}
+
+}  // namespace
+
 FileGuard::FileGuard(FileSystem& files, std::string path) : files_(files), path_(std::move(path)) {}
+
+// --- Reading ------------------------------------------------------------------------------------
 
 std::optional<plist::Dictionary> FileGuard::Read() {
   set_aside_.reset();
   must_keep_ = false;
+  known_content_.reset();
+  if (const auto note = files_.Read(KeptNotePath(path_))) {
+    earlier_copies_of_others_ = LinesOf(note->view());
+    note_is_old_ = true;
+  }
   // Taken before reading: a change during the read then shows as one since.
   known_ = files_.Identity(path_);
   std::optional<FileContents> contents = files_.Read(path_);
@@ -22,6 +65,7 @@ std::optional<plist::Dictionary> FileGuard::Read() {
     if (known_) NotTakenInWhole("The file cannot be read.");
     return std::nullopt;
   }
+  known_content_.emplace(contents->view());
   plist::ReadResult result = plist::Read(contents->view());
   contents.reset();
   if (!result.ok) {
@@ -42,48 +86,150 @@ void FileGuard::NotTakenInWhole(std::string_view reason) {
 
 void FileGuard::SetAsideFor(std::string reason) {
   if (set_aside_) return;
-  set_aside_ = FileSetAside{path_, NewKeptPath(), std::move(reason)};
+  const std::string folder = ParentFolder(path_);
+  set_aside_ = FileSetAside{
+      path_,
+      folder + '/' + KeptCopyName(files_.List(folder), FileName(path_), CurrentClock().LocalNow()),
+      std::move(reason)};
   must_keep_ = true;
 }
 
+// --- Replacing ----------------------------------------------------------------------------------
+
 bool FileGuard::Replace(const FileSystem::Producer& produce) {
-  if (!KeepWhatIsNotOurs()) return false;
-  if (!files_.WriteAtomically(path_, NewFileMode::Private, produce)) return false;
-  known_ = files_.Identity(path_);
+  failure_.reset();
+  try {
+    for (int tries = 1;; ++tries) {
+      if (!KeepWhatIsNotOurs()) return false;
+      const WriteReport report = WriteOnce(produce);
+      if (report) break;
+      // What came in between is looked at, and kept, like what came before.
+      if (!report.found_another || tries == kMostTries) {
+        return Fail(SaveFailureOf(*report.failure));
+      }
+    }
+  } catch (const std::bad_alloc&) {
+    return Fail({LocalizedText("writing the new file"), LocalizedText("there is no memory left")});
+  }
+  NoteForNextRun();
   return true;
+}
+
+WriteReport FileGuard::WriteOnce(const FileSystem::Producer& produce) {
+  WriteTerms terms;
+  if (known_) {
+    terms.replaces = WriteTerms::Replaces::Known;
+    terms.known = *known_;
+    terms.is_known_content = [this](std::string_view content) {
+      return known_content_ == ContentChecksum(content);
+    };
+  } else {
+    terms.replaces = WriteTerms::Replaces::Nothing;
+  }
+  ContentChecksum written;
+  WriteReport report = files_.WriteAtomically(path_, terms, [&](ByteSink& sink) {
+    SummingSink summing(sink);
+    produce(summing);
+    written = summing.checksum();
+  });
+  if (report.in_place) {
+    known_ = report.in_place;
+    known_content_ = written;
+    must_keep_ = false;
+  }
+  return report;
 }
 
 bool FileGuard::KeepWhatIsNotOurs() {
   const auto present = files_.Identity(path_);
-  if (!present || (present == known_ && !must_keep_)) return true;
-  std::string kept_path = NewKeptPath();
-  if (must_keep_) {
-    // The place named at launch, unless something has taken it since.
-    if (files_.Exists(set_aside_->kept_path)) set_aside_->kept_path = kept_path;
-    kept_path = set_aside_->kept_path;
+  if (!present) {
+    // What was set aside has been taken away by its owner.
+    known_.reset();
+    must_keep_ = false;
+    return true;
   }
-  if (!CopyTo(kept_path)) return false;
-  must_keep_ = false;
+  if (present != known_ && !HoldsKnownContent()) return KeepOther(*present);
   known_ = present;
+  if (!must_keep_) return true;
+  // The place named at launch, unless something has taken it since.
+  const auto kept = CopyToFreeName(set_aside_->kept_path);
+  if (!kept) {
+    failure_->step = LocalizedText("keeping a copy of the file that was not read in whole");
+    return false;
+  }
+  set_aside_->kept_path = *kept;
+  must_keep_ = false;
   return true;
+}
+
+bool FileGuard::KeepOther(const FileIdentity& present) {
+  const auto kept = CopyToFreeName(must_keep_ ? set_aside_->kept_path : "");
+  if (!kept) {
+    failure_->step = LocalizedText("keeping a copy of the file that someone else changed");
+    return false;
+  }
+  if (must_keep_) set_aside_->kept_path = *kept;
+  must_keep_ = false;
+  copies_of_others_.push_back(*kept);
+  note_is_old_ = true;
+  known_ = present;
+  const auto content = files_.Read(*kept);
+  known_content_.reset();
+  if (content) known_content_.emplace(content->view());
+  return true;
+}
+
+bool FileGuard::HoldsKnownContent() const {
+  if (!known_content_) return false;
+  const auto contents = files_.Read(path_);
+  return contents && known_content_ == ContentChecksum(contents->view());
 }
 
 std::optional<std::string> FileGuard::KeepCopy() {
-  std::string kept_path = NewKeptPath();
-  if (!CopyTo(kept_path)) return std::nullopt;
+  failure_.reset();
+  return CopyToFreeName("");
+}
+
+std::optional<std::string> FileGuard::CopyToFreeName(const std::string& wanted_path) {
+  const std::string folder = ParentFolder(path_);
+  std::string kept_path = wanted_path;
+  std::vector<std::string> names;
+  for (int tries = 0;; ++tries) {
+    if (kept_path.empty()) {
+      if (tries <= 1) {
+        const auto listed = files_.List(folder);
+        names.insert(names.end(), listed.begin(), listed.end());
+      }
+      kept_path = folder + '/' + KeptCopyName(names, FileName(path_), CurrentClock().LocalNow());
+    }
+    const WriteReport report = files_.Copy(path_, kept_path);
+    if (report) break;
+    if (!report.found_another || tries == kMostNames) {
+      Fail(SaveFailureOf(*report.failure));
+      return std::nullopt;
+    }
+    names.push_back(FileName(std::exchange(kept_path, {})));
+  }
+  kept_copies_.push_back(kept_path);
   return kept_path;
 }
 
-bool FileGuard::CopyTo(const std::string& kept_path) {
-  if (!files_.Copy(path_, kept_path)) return false;
-  kept_copies_.push_back(kept_path);
-  return true;
+// The note is a courtesy: where it cannot be written, the copies are there all the same.
+void FileGuard::NoteForNextRun() {
+  if (!note_is_old_) return;
+  const std::string note = KeptNotePath(path_);
+  if (copies_of_others_.empty()) {
+    note_is_old_ = !files_.Remove(note);
+    return;
+  }
+  std::string lines;
+  for (const std::string& copy : copies_of_others_) lines += copy + '\n';
+  note_is_old_ = !files_.WriteAtomically(note, NewFileMode::Private, lines);
 }
 
-std::string FileGuard::NewKeptPath() const {
-  const std::string folder = ParentFolder(path_);
-  return folder + '/' +
-         KeptCopyName(files_.List(folder), FileName(path_), CurrentClock().LocalNow());
+bool FileGuard::Fail(SaveFailure failure) {
+  failure_ = std::move(failure);
+  return false;
 }
 
 }  // namespace tallyfold

@@ -7,6 +7,8 @@
 
 #include "platform/file_system.h"
 #include "plist/value.h"
+#include "storage/content_checksum.h"
+#include "storage/save_failure.h"
 
 namespace tallyfold {
 
@@ -22,7 +24,8 @@ struct FileSetAside {
 
 // One data file of the program, so written that nothing in it is lost which this program did not
 // take in: before a file that was not taken in whole, or that someone else changed since, is
-// replaced, a copy of it is kept beside it as "<name>.kept-YYYYMMDD-HHMMSS".
+// replaced, a copy of it is kept beside it as "<name>.kept-YYYYMMDD-HHMMSS". Copies of what someone
+// else wrote are told in this run and, by the file "<name>.kept", in the next one.
 class FileGuard {
  public:
   FileGuard(FileSystem& files, std::string path);
@@ -36,8 +39,10 @@ class FileGuard {
   void NotTakenInWhole(std::string_view reason);
 
   // Replaces the file atomically. False when a copy that must be kept cannot be made, or the write
-  // fails: the file is as it was.
+  // fails: the file is as it was, or at worst new but not durable, and Failure() says why.
   [[nodiscard]] bool Replace(const FileSystem::Producer& produce);
+  // Why the last call of Replace() or KeepCopy() failed; none when it did not.
+  [[nodiscard]] const std::optional<SaveFailure>& Failure() const noexcept { return failure_; }
 
   // Keeps a copy now; none when it cannot be made.
   std::optional<std::string> KeepCopy();
@@ -47,21 +52,40 @@ class FileGuard {
   [[nodiscard]] const std::optional<FileSetAside>& SetAside() const noexcept { return set_aside_; }
   // The copies kept so far, in order.
   [[nodiscard]] const std::vector<std::string>& KeptCopies() const noexcept { return kept_copies_; }
+  // Those of them that hold what someone else had written. The front ends say so at once.
+  [[nodiscard]] const std::vector<std::string>& CopiesOfOthers() const noexcept {
+    return copies_of_others_;
+  }
+  // Such copies of the run before, for the front ends to say at launch. Stays for the whole run.
+  [[nodiscard]] const std::vector<std::string>& EarlierCopiesOfOthers() const noexcept {
+    return earlier_copies_of_others_;
+  }
 
  private:
-  [[nodiscard]] std::string NewKeptPath() const;
-  [[nodiscard]] bool CopyTo(const std::string& kept_path);
+  [[nodiscard]] std::optional<std::string> CopyToFreeName(const std::string& wanted_path);
   [[nodiscard]] bool KeepWhatIsNotOurs();
+  [[nodiscard]] bool KeepOther(const FileIdentity& present);
+  [[nodiscard]] bool HoldsKnownContent() const;
+  [[nodiscard]] WriteReport WriteOnce(const FileSystem::Producer& produce);
   void SetAsideFor(std::string reason);
+  void NoteForNextRun();
+  bool Fail(SaveFailure failure);
 
   FileSystem& files_;
   std::string path_;
-  // Of the file whose content is the one in memory; none when there was no file.
+  // Of the file whose content is the one in memory, or kept; none when there was no file.
   std::optional<FileIdentity> known_;
+  // Of its content; none for one that cannot be read.
+  std::optional<ContentChecksum> known_content_;
   std::optional<FileSetAside> set_aside_;
   // The file set aside has not been copied yet.
   bool must_keep_ = false;
   std::vector<std::string> kept_copies_;
+  std::vector<std::string> copies_of_others_;
+  std::vector<std::string> earlier_copies_of_others_;
+  // The note holds something else than copies_of_others_.
+  bool note_is_old_ = false;
+  std::optional<SaveFailure> failure_;
 };
 
 }  // namespace tallyfold

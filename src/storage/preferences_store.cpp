@@ -49,7 +49,7 @@ void PreferencesStore::Preferences_Init() {
   preferences_ = Build();
   LDGRPreferences::SetSharedPreferences(preferences_);
   saved_ = preferences_->asDictionary();
-  save_failed_ = false;
+  save_failure_.reset();
   Preferences_StoreAccountPrefs(host_.AccountShown());
 }
 
@@ -79,10 +79,11 @@ void PreferencesStore::Preferences_Backup(const plist::Dictionary& dictionary) {
   const std::string running_version = services_.application.BundleVersion();
   const plist::Value& version = dictionary.Get(kAppVersion);
   if (version.IsString() && version.StringValue() == running_version) return;
-  const std::string name = UniqueBackupName(BackupNames(files, paths_.preferences_backup_folder),
-                                            PreferencesBackupNameBefore(running_version));
+  const auto unique = [&running_version](const auto& taken) {
+    return UniqueBackupName(taken, PreferencesBackupNameBefore(running_version));
+  };
   if (!MakeBackup(files, services_.processes, paths_.preferences_file,
-                  paths_.preferences_backup_folder + '/' + name)) {
+                  paths_.preferences_backup_folder, unique)) {
     Log("Backup operation was unsuccessful in LDGRController:Preferences_Backup.");
   }
 }
@@ -106,27 +107,30 @@ bool PreferencesStore::Preferences_Save() {
   preferences_->SetAccountsDrawerWidth(host_.AccountsDrawerWidth());
   preferences_->SetAccountsDrawerPreferredEdge(host_.AccountsDrawerPreferredEdge());
   const plist::Dictionary dictionary = preferences_->asDictionary();
-  save_failed_ = !Write(dictionary);
-  if (!save_failed_) saved_ = dictionary;
-  return !save_failed_;
+  save_failure_ = Write(dictionary);
+  if (save_failure_) return false;
+  saved_ = dictionary;
+  return true;
 }
 
-bool PreferencesStore::Write(const plist::Dictionary& dictionary) {
+std::optional<SaveFailure> PreferencesStore::Write(const plist::Dictionary& dictionary) {
   FileSystem& files = services_.files;
   if (!EnsureFolder(files, paths_.preferences_folder,
                     "~/Library/Preferences/Quorva exists, but it's a file!  Please move the file "
                     "to allow Tallyfold to save your preferences.")) {
-    return false;
+    return FolderFailure(true);
   }
   plist::Dictionary file = dictionary.ShallowCopy();
   file.Set(kAppVersion, services_.application.BundleVersion());
-  const bool written = file_.Replace([&file](ByteSink& sink) { sink.Append(plist::ToXml(file)); });
-  if (written) files.SetCustomBadgeIconForFilePath(paths_.preferences_file, "prefsfilebadge");
-  return written;
+  if (!file_.Replace([&file](ByteSink& sink) { sink.Append(plist::ToXml(file)); })) {
+    return file_.Failure();
+  }
+  files.SetCustomBadgeIconForFilePath(paths_.preferences_file, "prefsfilebadge");
+  return std::nullopt;
 }
 
 bool PreferencesStore::HasUnsavedChanges() const {
-  return preferences_ && (save_failed_ || saved_ != preferences_->asDictionary());
+  return preferences_ && (save_failure_ || saved_ != preferences_->asDictionary());
 }
 
 }  // namespace tallyfold

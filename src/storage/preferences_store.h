@@ -77,14 +77,24 @@ class PreferencesStore {
 
   // True when the preferences differ from what was last read or saved, or the last save failed.
   [[nodiscard]] bool HasUnsavedChanges() const;
+  // Why the last save failed; none when it did not.
+  [[nodiscard]] const std::optional<SaveFailure>& Failure() const noexcept { return save_failure_; }
   // Set when the file could not be used in whole.
   [[nodiscard]] const std::optional<FileSetAside>& SetAside() const noexcept {
     return file_.SetAside();
   }
+  // What kept copies hold that someone else had written, of this run and of the one before.
+  [[nodiscard]] const std::vector<std::string>& CopiesOfOthers() const noexcept {
+    return file_.CopiesOfOthers();
+  }
+  [[nodiscard]] const std::vector<std::string>& EarlierCopiesOfOthers() const noexcept {
+    return file_.EarlierCopiesOfOthers();
+  }
 
  private:
   [[nodiscard]] std::shared_ptr<LDGRPreferences> Build();
-  [[nodiscard]] bool Write(const plist::Dictionary& dictionary);
+  // None when it is written.
+  [[nodiscard]] std::optional<SaveFailure> Write(const plist::Dictionary& dictionary);
 
   Services services_;
   SaveGate& gate_;
@@ -94,7 +104,7 @@ class PreferencesStore {
   std::shared_ptr<LDGRPreferences> preferences_;
   // As last read or saved.
   plist::Dictionary saved_;
-  bool save_failed_ = false;
+  std::optional<SaveFailure> save_failure_;
 };
 
 }  // namespace tallyfold

@@ -24,14 +24,15 @@ class FileCalls {
   virtual int Close(int file_or_folder);
   // `flags` are those of renameat2.
   virtual int Rename(int folder, const std::string& from, const std::string& to, unsigned flags);
+  virtual int Link(int folder, const std::string& from, const std::string& to);
   virtual int Remove(int folder, const std::string& name);
 };
 
-// As FileSystem::WriteAtomically says. A file that is not there yet gets `new_mode` exactly, or
-// what the process's file mode mask leaves when there is none. `produce` gives up the write by
-// returning false.
-[[nodiscard]] bool WriteFileAtomically(FileCalls& calls, const std::string& path,
-                                       std::optional<mode_t> new_mode,
-                                       const std::function<bool(ByteSink&)>& produce);
+// As FileSystem::WriteAtomically says, but that a file which is not there yet gets `new_mode`
+// exactly, or what the process's file mode mask leaves when there is none. `produce` gives up the
+// write by returning false, with errno set.
+WriteReport WriteFileAtomically(FileCalls& calls, const std::string& path, const WriteTerms& terms,
+                                std::optional<mode_t> new_mode,
+                                const std::function<bool(ByteSink&)>& produce);
 
 }  // namespace tallyfold

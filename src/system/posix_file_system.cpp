@@ -8,67 +8,18 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
-#include <algorithm>
 #include <chrono>
-#include <cstdint>
 #include <cstdlib>
 #include <new>
 #include <string_view>
+#include <system_error>
 #include <utility>
 
 #include "system/descriptor.h"
+#include "system/regular_file.h"
 
 namespace tallyfold {
 namespace {
-
-struct RegularFile {
-  Descriptor descriptor;
-  struct stat status = {};
-};
-
-std::optional<RegularFile> OpenRegularFile(const std::string& path) {
-  // Opening a pipe nobody writes to would wait for a writer.
-  RegularFile file;
-  file.descriptor = Descriptor(::open(path.c_str(), O_RDONLY | O_NONBLOCK | O_NOCTTY | O_CLOEXEC));
-  if (!file.descriptor.IsOpen() || ::fstat(file.descriptor.number(), &file.status) != 0 ||
-      !S_ISREG(file.status.st_mode)) {
-    return std::nullopt;
-  }
-  return file;
-}
-
-// The number of bytes read, less than `size` only at the end of the file; none on failure.
-std::optional<std::size_t> ReadUpTo(const Descriptor& file, char* bytes, std::size_t size) {
-  std::size_t done = 0;
-  while (done < size) {
-    const ssize_t count = ::read(file.number(), bytes + done, size - done);
-    if (count == 0) break;
-    if (count > 0) {
-      done += static_cast<std::size_t>(count);
-    } else if (errno != EINTR) {
-      return std::nullopt;
-    }
-  }
-  return done;
-}
-
-std::optional<FileContents> ReadAll(const RegularFile& file) {
-  // One byte more than the file should have shows the end without another allocation.
-  std::size_t capacity = static_cast<std::size_t>(file.status.st_size) + 1;
-  auto bytes = std::make_unique_for_overwrite<char[]>(capacity);
-  std::size_t size = 0;
-  for (;;) {
-    const auto count = ReadUpTo(file.descriptor, bytes.get() + size, capacity - size);
-    if (!count) return std::nullopt;
-    size += *count;
-    if (size < capacity) return FileContents(std::move(bytes), size);
-    // It has grown since it was opened, or is of those that do not tell their size.
-    capacity = std::max<std::size_t>(capacity * 2, 4096);
-    auto larger = std::make_unique_for_overwrite<char[]>(capacity);
-    std::copy_n(bytes.get(), size, larger.get());
-    bytes = std::move(larger);
-  }
-}
 
 class HeldLock final : public FolderLock {
  public:
@@ -110,7 +61,7 @@ bool PosixFileSystem::IsWritable(const std::string& path) const {
 }
 
 std::optional<FileContents> PosixFileSystem::Read(const std::string& path) const {
-  const auto file = OpenRegularFile(path);
+  const auto file = OpenRegularFile(AT_FDCWD, path, true);
   if (!file) return std::nullopt;
   try {
     return ReadAll(*file);
@@ -122,13 +73,7 @@ std::optional<FileContents> PosixFileSystem::Read(const std::string& path) const
 std::optional<FileIdentity> PosixFileSystem::Identity(const std::string& path) const {
   struct stat status = {};
   if (::stat(path.c_str(), &status) != 0) return std::nullopt;
-  FileIdentity identity;
-  identity.device = status.st_dev;
-  identity.inode = status.st_ino;
-  identity.size = static_cast<std::uint64_t>(status.st_size);
-  identity.modified_nanoseconds =
-      std::int64_t{status.st_mtim.tv_sec} * 1'000'000'000 + status.st_mtim.tv_nsec;
-  return identity;
+  return IdentityOf(status);
 }
 
 std::optional<Instant> PosixFileSystem::CreationTime(const std::string& path) const {
@@ -156,19 +101,23 @@ std::vector<std::string> PosixFileSystem::List(const std::string& folder) const 
   return names;
 }
 
-bool PosixFileSystem::WriteAtomically(const std::string& path, NewFileMode mode,
-                                      const Producer& produce) {
+WriteReport PosixFileSystem::WriteAtomically(const std::string& path, const WriteTerms& terms,
+                                             const Producer& produce) {
   std::optional<mode_t> new_mode;
-  if (mode == NewFileMode::Private) new_mode = 0600;
-  return WriteFileAtomically(*calls_, path, new_mode, [&produce](ByteSink& sink) {
+  if (terms.mode == NewFileMode::Private) new_mode = 0600;
+  return WriteFileAtomically(*calls_, path, terms, new_mode, [&produce](ByteSink& sink) {
     produce(sink);
     return true;
   });
 }
 
-bool PosixFileSystem::Copy(const std::string& from, const std::string& to) {
-  const auto file = OpenRegularFile(from);
-  if (!file) return false;
+WriteReport PosixFileSystem::Copy(const std::string& from, const std::string& to) {
+  const auto file = OpenRegularFile(AT_FDCWD, from, true);
+  if (!file) {
+    WriteReport report;
+    report.failure = FileFailure{FileStep::ReadSource, std::generic_category().message(errno)};
+    return report;
+  }
   const auto produce = [&file](ByteSink& sink) {
     constexpr std::size_t kBlock = std::size_t{256} * 1024;
     const auto block = std::make_unique_for_overwrite<char[]>(kBlock);
@@ -179,7 +128,12 @@ bool PosixFileSystem::Copy(const std::string& from, const std::string& to) {
       if (*count < kBlock) return true;
     }
   };
-  return WriteFileAtomically(*calls_, to, file->status.st_mode & 0777, produce);
+  return WriteFileAtomically(*calls_, to, {.replaces = WriteTerms::Replaces::Nothing},
+                             file->status.st_mode & 0777, produce);
+}
+
+bool PosixFileSystem::Remove(const std::string& path) {
+  return ::unlink(path.c_str()) == 0 || errno == ENOENT;
 }
 
 bool PosixFileSystem::CreateFolder(const std::string& path) {

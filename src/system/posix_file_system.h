@@ -27,10 +27,11 @@ class PosixFileSystem final : public FileSystem {
   [[nodiscard]] std::optional<FileIdentity> Identity(const std::string& path) const override;
   [[nodiscard]] std::optional<Instant> CreationTime(const std::string& path) const override;
   [[nodiscard]] std::vector<std::string> List(const std::string& folder) const override;
-  [[nodiscard]] bool WriteAtomically(const std::string& path, NewFileMode mode,
-                                     const Producer& produce) override;
-  // A new copy has the permission of `from`.
-  [[nodiscard]] bool Copy(const std::string& from, const std::string& to) override;
+  WriteReport WriteAtomically(const std::string& path, const WriteTerms& terms,
+                              const Producer& produce) override;
+  // The copy has the permission of `from`.
+  WriteReport Copy(const std::string& from, const std::string& to) override;
+  bool Remove(const std::string& path) override;
   [[nodiscard]] bool CreateFolder(const std::string& path) override;
   void AddPermissions(const std::string& path, unsigned bits) override;
   // Files have no icons of their own here.

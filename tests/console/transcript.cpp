@@ -74,14 +74,17 @@ class TranscriptFiles final : public FileSystem {
     const auto made = made_.find(path);
     return made == made_.end() ? files_.CreationTime(path) : made->second;
   }
-  bool Copy(const std::string& from, const std::string& to) override {
-    NoteMade(to);
-    return to != failing_ && files_.Copy(from, to);
+  WriteReport Copy(const std::string& from, const std::string& to) override {
+    if (to == failing_) return DiskIsFull();
+    WriteReport report = files_.Copy(from, to);
+    if (report) NoteMade(to);
+    return report;
   }
-  bool WriteAtomically(const std::string& path, NewFileMode mode,
-                       const Producer& produce) override {
-    return path != failing_ && files_.WriteAtomically(path, mode, produce);
+  WriteReport WriteAtomically(const std::string& path, const WriteTerms& terms,
+                              const Producer& produce) override {
+    return path == failing_ ? DiskIsFull() : files_.WriteAtomically(path, terms, produce);
   }
+  bool Remove(const std::string& path) override { return files_.Remove(path); }
 
   bool Exists(const std::string& path) const override { return files_.Exists(path); }
   bool IsFolder(const std::string& path) const override { return files_.IsFolder(path); }
@@ -111,6 +114,12 @@ class TranscriptFiles final : public FileSystem {
   }
 
  private:
+  static WriteReport DiskIsFull() {
+    WriteReport report;
+    report.failure = FileFailure{FileStep::Write, "No space left on device"};
+    return report;
+  }
+
   PosixFileSystem files_;
   std::string home_;
   std::string failing_;

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <charconv>
+#include <utility>
 
 #include "platform/ambient.h"
 
@@ -18,6 +19,23 @@ std::string Octal(unsigned bits) {
   digits.resize(static_cast<std::size_t>(
       std::to_chars(digits.data(), digits.data() + digits.size(), bits, 8).ptr - digits.data()));
   return digits;
+}
+
+FileIdentity IdentityOf(std::uint64_t inode, std::size_t size, std::int64_t modified) {
+  return {1, inode, size, modified};
+}
+
+WriteReport Failed(FileStep step) {
+  WriteReport report;
+  report.failure = FileFailure{step, "Input/output error"};
+  return report;
+}
+
+WriteReport FoundAnother() {
+  WriteReport report;
+  report.failure = FileFailure{FileStep::PutInPlace, "File exists"};
+  report.found_another = true;
+  return report;
 }
 
 class StringSink final : public ByteSink {
@@ -74,7 +92,7 @@ std::optional<FileContents> FakeFileSystem::Read(const std::string& path) const 
 std::optional<FileIdentity> FakeFileSystem::Identity(const std::string& path) const {
   const Node* node = Find(path);
   if (node == nullptr) return std::nullopt;
-  return FileIdentity{1, node->inode, node->content.size(), node->modified};
+  return IdentityOf(node->inode, node->content.size(), node->modified);
 }
 
 std::optional<Instant> FakeFileSystem::CreationTime(const std::string& path) const {
@@ -98,21 +116,31 @@ std::vector<std::string> FakeFileSystem::List(const std::string& folder) const {
   return names;
 }
 
-bool FakeFileSystem::WriteAtomically(const std::string& path, NewFileMode mode,
-                                     const Producer& produce) {
+WriteReport FakeFileSystem::WriteAtomically(const std::string& path, const WriteTerms& terms,
+                                            const Producer& produce) {
   StringSink sink;
   produce(sink);
-  if (!Write(path, mode == NewFileMode::Private ? 0600 : 0644, std::move(sink.content))) {
-    return false;
-  }
-  changes_.push_back("write " + path);
-  return true;
+  WriteReport report =
+      Write(path, terms, terms.mode == NewFileMode::Private ? 0600 : 0644, std::move(sink.content));
+  if (report) changes_.push_back("write " + path);
+  return report;
 }
 
-bool FakeFileSystem::Copy(const std::string& from, const std::string& to) {
+WriteReport FakeFileSystem::Copy(const std::string& from, const std::string& to) {
   const auto source = Read(from);
-  if (!source || !Write(to, Mode(from), std::string(source->view()))) return false;
-  changes_.push_back("copy " + from + ' ' + to);
+  if (!source) return Failed(FileStep::ReadSource);
+  WriteReport report = Write(to, {.replaces = WriteTerms::Replaces::Nothing}, Mode(from),
+                             std::string(source->view()));
+  if (report) changes_.push_back("copy " + from + ' ' + to);
+  return report;
+}
+
+bool FakeFileSystem::Remove(const std::string& path) {
+  const Node* node = Find(path);
+  if (node == nullptr) return true;
+  if (failing_paths_.contains(path) || node->kind == Kind::Folder) return false;
+  nodes_.erase(path);
+  changes_.push_back("remove " + path);
   return true;
 }
 
@@ -170,12 +198,6 @@ void FakeFileSystem::AddPipe(const std::string& path) {
   nodes_[path] = MakeNode(Kind::Pipe, "", 0644);
 }
 
-void FakeFileSystem::Remove(const std::string& path) {
-  std::erase_if(nodes_, [inside = path + '/', &path](const auto& node) {
-    return node.first == path || node.first.starts_with(inside);
-  });
-}
-
 void FakeFileSystem::SetCreationTime(const std::string& path, Instant time) {
   nodes_.at(path).created = time;
 }
@@ -226,39 +248,61 @@ FakeFileSystem::Node FakeFileSystem::MakeNode(Kind kind, std::string_view conten
   return node;
 }
 
-bool FakeFileSystem::Write(const std::string& path, unsigned new_mode, std::string content) {
-  const Node* old = Find(path);
-  if (failing_paths_.contains(path) || !IsFolder(FolderOf(path)) ||
-      (old != nullptr && old->kind != Kind::File)) {
-    return false;
+bool FakeFileSystem::IsReplacedBy(const WriteTerms& terms, const Node& node) const {
+  switch (terms.replaces) {
+    case WriteTerms::Replaces::Nothing:
+      return false;
+    case WriteTerms::Replaces::Anything:
+      return true;
+    case WriteTerms::Replaces::Known:
+      return IdentityOf(node.inode, node.content.size(), node.modified) == terms.known ||
+             (terms.is_known_content && terms.is_known_content(node.content));
   }
-  if (!StepSucceeds()) return false;
+  return false;
+}
+
+WriteReport FakeFileSystem::Write(const std::string& path, const WriteTerms& terms,
+                                  unsigned new_mode, std::string content) {
+  const Node* old = Find(path);
+  if (failing_paths_.contains(path) || !IsFolder(FolderOf(path))) return Failed(FileStep::MakeFile);
+  if (old != nullptr && old->kind != Kind::File) return Failed(FileStep::LookAtFile);
+  if (old != nullptr && terms.replaces == WriteTerms::Replaces::Nothing) return FoundAnother();
+  if (!StepSucceeds()) return Failed(FileStep::MakeFile);
   const std::string folder = FolderOf(path);
   const std::string temporary =
       (folder == "/" ? folder : folder + '/') + std::string(kTemporaryPrefix) + "fake";
   nodes_[temporary] = MakeNode(Kind::File, "", old != nullptr ? old->mode : new_mode);
   nodes_[temporary].content = std::move(content);
-
-  const bool written = StepSucceeds() && StepSucceeds();  // write, sync
-  if (!written || !StepSucceeds()) {
+  const auto give_up = [this, &temporary](WriteReport report) {
     if (StepSucceeds()) nodes_.erase(temporary);
-    return false;
-  }
+    return report;
+  };
+
+  if (!StepSucceeds()) return give_up(Failed(FileStep::Write));
+  if (!StepSucceeds()) return give_up(Failed(FileStep::Sync));
+  if (while_writing_) std::exchange(while_writing_, nullptr)();
+  old = Find(path);
+  if (old != nullptr && !IsReplacedBy(terms, *old)) return give_up(FoundAnother());
+  if (!StepSucceeds()) return give_up(Failed(FileStep::PutInPlace));
   std::optional<Node> replaced;
   if (old != nullptr) replaced = *old;
   auto node = nodes_.extract(temporary);
   nodes_[path] = std::move(node.mapped());
-  if (StepSucceeds()) return true;
-
-  // The folder could not be synced: back to what was there, if that can be done.
-  if (StepSucceeds()) {
-    if (replaced) {
-      nodes_[path] = *std::move(replaced);
-    } else {
-      nodes_.erase(path);
+  WriteReport report;
+  if (!StepSucceeds()) {
+    report = Failed(FileStep::SyncFolder);
+    // Back to what was there, if that can be done.
+    if ((!replaced || has_exchange_) && StepSucceeds()) {
+      if (replaced) {
+        nodes_[path] = *std::move(replaced);
+      } else {
+        nodes_.erase(path);
+      }
+      return report;
     }
   }
-  return false;
+  report.in_place = Identity(path);
+  return report;
 }
 
 }  // namespace tallyfold

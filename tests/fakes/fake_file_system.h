@@ -2,11 +2,13 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <functional>
 #include <map>
 #include <optional>
 #include <set>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "platform/file_system.h"
@@ -29,9 +31,10 @@ class FakeFileSystem final : public FileSystem {
   [[nodiscard]] std::optional<FileIdentity> Identity(const std::string& path) const override;
   [[nodiscard]] std::optional<Instant> CreationTime(const std::string& path) const override;
   [[nodiscard]] std::vector<std::string> List(const std::string& folder) const override;
-  [[nodiscard]] bool WriteAtomically(const std::string& path, NewFileMode mode,
-                                     const Producer& produce) override;
-  [[nodiscard]] bool Copy(const std::string& from, const std::string& to) override;
+  WriteReport WriteAtomically(const std::string& path, const WriteTerms& terms,
+                              const Producer& produce) override;
+  WriteReport Copy(const std::string& from, const std::string& to) override;
+  bool Remove(const std::string& path) override;
   [[nodiscard]] bool CreateFolder(const std::string& path) override;
   void AddPermissions(const std::string& path, unsigned bits) override;
   void SetCustomBadgeIconForFilePath(const std::string& path, const std::string& resource) override;
@@ -44,17 +47,22 @@ class FakeFileSystem final : public FileSystem {
   void AddFolder(const std::string& path);
   // Something that exists and is neither a file nor a folder, such as a pipe.
   void AddPipe(const std::string& path);
-  void Remove(const std::string& path);
   void SetCreationTime(const std::string& path, Instant time);
   // As if another running copy had locked it.
   void LockByOther(const std::string& folder) { locked_by_other_.insert(folder); }
+
+  // What happens once, in the middle of the next write: its content is on the disk, and not yet in
+  // its place.
+  void WhileWriting(std::function<void()> happens) { while_writing_ = std::move(happens); }
+  // File systems differ in whether two names of files can be exchanged.
+  void HasExchange(bool has) { has_exchange_ = has; }
 
   // None when there is no file at `path`.
   [[nodiscard]] std::optional<std::string> Content(const std::string& path) const;
   // 0 when there is nothing at `path`.
   [[nodiscard]] unsigned Mode(const std::string& path) const;
   // Every change that was made, in order: "folder PATH", "write PATH", "copy FROM TO",
-  // "permissions PATH OCTAL", "badge PATH RESOURCE".
+  // "remove PATH", "permissions PATH OCTAL", "badge PATH RESOURCE".
   [[nodiscard]] const std::vector<std::string>& Changes() const { return changes_; }
   void ForgetChanges() { changes_.clear(); }
 
@@ -85,7 +93,9 @@ class FakeFileSystem final : public FileSystem {
   [[nodiscard]] const Node* Find(const std::string& path) const;
   [[nodiscard]] bool StepSucceeds() const;
   [[nodiscard]] Node MakeNode(Kind kind, std::string_view content, unsigned mode);
-  [[nodiscard]] bool Write(const std::string& path, unsigned new_mode, std::string content);
+  [[nodiscard]] WriteReport Write(const std::string& path, const WriteTerms& terms,
+                                  unsigned new_mode, std::string content);
+  [[nodiscard]] bool IsReplacedBy(const WriteTerms& terms, const Node& node) const;
 
   // By path, so that the nodes of a folder follow it.
   std::map<std::string, Node> nodes_;
@@ -95,6 +105,8 @@ class FakeFileSystem final : public FileSystem {
   // Shared with the locks given out, which may outlive this.
   std::shared_ptr<std::set<std::string>> locked_;
   std::vector<std::string> changes_;
+  std::function<void()> while_writing_;
+  bool has_exchange_ = true;
 
   // Reading is a step too, and reading is const.
   mutable std::size_t steps_ = 0;

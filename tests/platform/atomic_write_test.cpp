@@ -3,12 +3,15 @@
 #include <errno.h>
 #include <gtest/gtest.h>
 #include <sys/stat.h>
+#include <unistd.h>
 
 #include <filesystem>
 #include <fstream>
+#include <functional>
 #include <memory>
 #include <stdexcept>
 #include <string>
+#include <utility>
 
 #include "fakes/temporary_folder.h"
 #include "system/posix_file_system.h"
@@ -97,8 +100,8 @@ std::size_t FileCount(const std::string& folder) {
 // More than the writer gathers before it writes, in pieces smaller and larger than that.
 const std::string kNew = std::string(100'000, 'x') + std::string(700'000, 'y') + "end";
 
-bool WriteNew(FileCalls& calls, const std::string& path) {
-  return WriteFileAtomically(calls, path, 0600, [](ByteSink& sink) {
+WriteReport WriteNew(FileCalls& calls, const std::string& path) {
+  return WriteFileAtomically(calls, path, {}, 0600, [](ByteSink& sink) {
     sink.Append(std::string_view(kNew).substr(0, 100'000));
     sink.Append(std::string_view(kNew).substr(100'000, 700'000));
     sink.Append("");
@@ -114,7 +117,7 @@ int FailAtEveryStep(FaultyCalls::Failing failing, bool replaces) {
     const std::string path = folder / "Accounts.plist";
     if (replaces) Put(path, "old");
     FaultyCalls calls(step, failing);
-    const bool written = WriteNew(calls, path);
+    const bool written{WriteNew(calls, path)};
     if (!calls.HasFailed()) {
       EXPECT_TRUE(written);
       EXPECT_TRUE(Content(path) == kNew);
@@ -146,35 +149,182 @@ TEST(AtomicWrite, LeavesOldOrNewWhereverItFails) {
   EXPECT_EQ(FailAtEveryStep(FaultyCalls::Failing::ForEverAfter, false), 11);
 }
 
-// Of file systems that have no exchange of names.
-class NoExchange final : public FileCalls {
+// Lets something happen to the file just before the new one is put in its place, and knows as much
+// of renaming as some file system does.
+class MeddledCalls final : public FileCalls {
  public:
+  enum class Knows { Exchange, LinksOnly, NeitherOfThem };
+  MeddledCalls(Knows knows, std::function<void()> meddle)
+      : knows_(knows), meddle_(std::move(meddle)) {}
+
   int Rename(int folder, const std::string& from, const std::string& to, unsigned flags) override {
-    if (flags == 0) return FileCalls::Rename(folder, from, to, flags);
+    if (meddle_) std::exchange(meddle_, nullptr)();
+    if (flags == 0 || knows_ == Knows::Exchange) {
+      if (++renames_ != failing_rename) return FileCalls::Rename(folder, from, to, flags);
+      errno = EIO;
+      return -1;
+    }
     errno = EINVAL;
+    return -1;
+  }
+  int Link(int folder, const std::string& from, const std::string& to) override {
+    if (knows_ == Knows::LinksOnly) return FileCalls::Link(folder, from, to);
+    errno = EPERM;
+    return -1;
+  }
+  int Sync(int file_or_folder) override {
+    errno = EIO;
+    return ++syncs_ == failing_sync ? -1 : FileCalls::Sync(file_or_folder);
+  }
+
+  int failing_rename = 0;
+  int failing_sync = 0;
+
+ private:
+  Knows knows_;
+  std::function<void()> meddle_;
+  int renames_ = 0;
+  int syncs_ = 0;
+};
+
+using Knows = MeddledCalls::Knows;
+using Replaces = WriteTerms::Replaces;
+
+TEST(AtomicWrite, DestroysNothingThatCameInMeanwhile) {
+  enum class Meddling { None, SwapIn, WriteInto, TouchOnly, PutThere, TakeAway };
+  const struct {
+    const char* name;
+    bool is_there;
+    Replaces replaces;
+    Meddling meddling;
+    bool written;
+  } cases[] = {
+      {"known", true, Replaces::Known, Meddling::None, true},
+      {"another swapped in", true, Replaces::Known, Meddling::SwapIn, false},
+      {"changed where it is", true, Replaces::Known, Meddling::WriteInto, false},
+      {"the same content anew", true, Replaces::Known, Meddling::TouchOnly, true},
+      {"taken away", true, Replaces::Known, Meddling::TakeAway, true},
+      {"one where none is to be", true, Replaces::Nothing, Meddling::None, false},
+      {"one where none was", false, Replaces::Nothing, Meddling::PutThere, false},
+      {"still none", false, Replaces::Nothing, Meddling::None, true},
+      {"another than was to be replaced", true, Replaces::Anything, Meddling::SwapIn, false},
+      {"more of what is to be replaced", true, Replaces::Anything, Meddling::WriteInto, true},
+      {"one where none was seen", false, Replaces::Anything, Meddling::PutThere, false},
+  };
+  for (const auto& c : cases) {
+    for (const Knows knows : {Knows::Exchange, Knows::LinksOnly, Knows::NeitherOfThem}) {
+      SCOPED_TRACE(c.name + std::string(" ") + std::to_string(static_cast<int>(knows)));
+      const TemporaryFolder folder;
+      const std::string path = folder / "file";
+      PosixFileSystem files;
+      if (c.is_there) Put(path, "old");
+      MeddledCalls calls(knows, [&] {
+        if (c.meddling == Meddling::TakeAway) fs::remove(path);
+        if (c.meddling == Meddling::WriteInto) std::ofstream(path, std::ios::app) << "er";
+        if (c.meddling == Meddling::SwapIn || c.meddling == Meddling::TouchOnly) {
+          Put(folder / "other", c.meddling == Meddling::SwapIn ? "theirs" : "old");
+          fs::rename(folder / "other", path);
+        }
+        if (c.meddling == Meddling::PutThere) Put(path, "theirs");
+      });
+      WriteTerms terms;
+      terms.replaces = c.replaces;
+      terms.known = files.Identity(path).value_or(FileIdentity{});
+      terms.is_known_content = [](std::string_view content) { return content == "old"; };
+      const WriteReport report = WriteFileAtomically(
+          calls, path, terms, 0600, [](ByteSink& sink) { return sink.Append("new"), true; });
+      EXPECT_EQ(!report.failure, c.written);
+      EXPECT_EQ(report.found_another, !c.written);
+      EXPECT_EQ(Content(path) == "new", c.written);
+      EXPECT_EQ(report.in_place, c.written ? files.Identity(path) : std::nullopt);
+      if (c.meddling == Meddling::SwapIn) {
+        EXPECT_EQ(Content(path), "theirs");
+      }
+      EXPECT_EQ(FileCount(folder.path()), 1u);
+    }
+  }
+}
+
+TEST(AtomicWrite, SparesWhatCameInWhereThereIsNoWayBack) {
+  const TemporaryFolder folder;
+  const std::string path = folder / "file";
+  PosixFileSystem files;
+  Put(path, "old");
+  WriteTerms terms;
+  terms.replaces = Replaces::Known;
+  terms.known = *files.Identity(path);
+  MeddledCalls calls(Knows::Exchange, [&] {
+    Put(folder / "other", "theirs");
+    fs::rename(folder / "other", path);
+  });
+  calls.failing_rename = 2;
+  const WriteReport report =
+      WriteFileAtomically(calls, path, terms, 0600, [](ByteSink&) { return true; });
+  EXPECT_TRUE(report.found_another);
+  EXPECT_EQ(report.in_place, files.Identity(path));
+  files.RemoveTemporaries(folder.path());
+  for (const std::string& name : files.List(folder.path())) {
+    EXPECT_TRUE(name == "file" ||
+                (name.starts_with("file.kept-") && Content(folder / name.c_str()) == "theirs"))
+        << name;
+  }
+  EXPECT_EQ(FileCount(folder.path()), 2u);
+}
+
+TEST(AtomicWrite, TellsTheFileThatIsInPlaceAndWhereItFailed) {
+  for (const bool replaces : {false, true}) {
+    for (const Knows knows : {Knows::Exchange, Knows::NeitherOfThem}) {
+      const TemporaryFolder folder;
+      const std::string path = folder / "file";
+      if (replaces) Put(path, "old");
+      MeddledCalls calls(knows, nullptr);
+      calls.failing_sync = 2;  // the folder's
+      const WriteReport report = WriteNew(calls, path);
+      ASSERT_TRUE(report.failure);
+      EXPECT_EQ(report.failure->step, FileStep::SyncFolder);
+      EXPECT_EQ(report.failure->reason, "Input/output error");
+      const bool stays = replaces && knows == Knows::NeitherOfThem;
+      EXPECT_EQ(Content(path) == kNew, stays);
+      EXPECT_EQ(report.in_place, stays ? PosixFileSystem().Identity(path) : std::nullopt);
+    }
+  }
+}
+
+// The real calls, but for giving files away.
+class NoGifts final : public FileCalls {
+ public:
+  int ChangeOwner(int, uid_t, gid_t) override {
+    errno = EPERM;
     return -1;
   }
 };
 
-TEST(AtomicWrite, DoesWithoutAnExchangeOfNames) {
+TEST(AtomicWrite, GivesAnotherGroupNoPermission) {
   const TemporaryFolder folder;
-  NoExchange calls;
-  Put(folder / "file", "old");
-  EXPECT_TRUE(WriteNew(calls, folder / "file"));
-  EXPECT_TRUE(Content(folder / "file") == kNew);
-  EXPECT_EQ(FileCount(folder.path()), 1u);
+  const std::string path = folder / "file";
+  Put(path, "old");
+  if (chown(path.c_str(), static_cast<uid_t>(-1), 12345) != 0) {
+    GTEST_SKIP() << "needs a user who may give files away";
+  }
+  ASSERT_EQ(chmod(path.c_str(), 0664), 0);
+  FileCalls calls;
+  EXPECT_TRUE(WriteNew(calls, path));
+  EXPECT_EQ(Mode(path), 0664u);
+  NoGifts no_gifts;
+  EXPECT_TRUE(WriteNew(no_gifts, path));
+  EXPECT_EQ(Mode(path), 0604u);
 }
 
 TEST(AtomicWrite, LeavesNothingBehindAProducerThatGivesUp) {
   const TemporaryFolder folder;
   FileCalls calls;
   Put(folder / "file", "old");
-  EXPECT_FALSE(WriteFileAtomically(calls, folder / "file", 0600, [](ByteSink& sink) {
+  EXPECT_FALSE(WriteFileAtomically(calls, folder / "file", {}, 0600, [](ByteSink& sink) {
     sink.Append("half");
     return false;
   }));
   EXPECT_THROW(static_cast<void>(WriteFileAtomically(
-                   calls, folder / "file", 0600,
+                   calls, folder / "file", {}, 0600,
                    [](ByteSink&) -> bool { throw std::runtime_error("out of memory"); })),
                std::runtime_error);
   EXPECT_EQ(Content(folder / "file"), "old");

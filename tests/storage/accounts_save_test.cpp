@@ -1,6 +1,16 @@
 #include <gtest/gtest.h>
 
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <functional>
+#include <map>
+#include <new>
+
+#include "fakes/temporary_folder.h"
 #include "storage/accounts_store_fixture.h"
+#include "storage/own_files.h"
+#include "system/posix_file_system.h"
 
 namespace tallyfold {
 namespace {
@@ -139,6 +149,194 @@ TEST(AccountsSaving, KeepsACopyOfAFileThatSomeoneElseChanged) {
   f.files.StopFailingOn(kept + "_1");
   EXPECT_TRUE(f.store.Accounts_Save());
   EXPECT_EQ(f.files.Content(kept + "_1"), "came after the save");
+}
+
+TEST(AccountsSaving, KeepsACopyOnlyOfWhatItDidNotWrite) {
+  const std::string old = FileOf("<key>accounts</key><array/>");
+  const std::string kept = kFile + ".kept-20070305-120000";
+  struct {
+    const char* name;
+    std::string content;
+    std::function<void(AccountsStoreFixture&)> happens;  // between load and save
+    std::map<std::string, std::string> kept;
+    std::size_t of_others;
+  } const cases[] = {
+      {"nothing happens", old, [](auto&) {}, {}, 0},
+      {"the file is numbered anew", old, [&](auto& f) { f.files.AddFile(kFile, old); }, {}, 0},
+      {"the file is numbered anew during the save",
+       old,
+       [&](auto& f) { f.files.WhileWriting([&] { f.files.AddFile(kFile, old); }); },
+       {},
+       0},
+      {"another one is swapped in",
+       old,
+       [](auto& f) { f.files.WhileWriting([&] { f.files.AddFile(kFile, "theirs"); }); },
+       {{kept, "theirs"}},
+       1},
+      {"and one where none was",
+       "",
+       [](auto& f) { f.files.WhileWriting([&] { f.files.AddFile(kFile, "theirs"); }); },
+       {{kept, "theirs"}},
+       1},
+      {"one where none was before",
+       "",
+       [](auto& f) { f.files.AddFile(kFile, "theirs"); },
+       {{kept, "theirs"}},
+       1},
+      {"a changed one is swapped for another",
+       old,
+       [](auto& f) {
+         f.files.AddFile(kFile, "first");
+         f.files.WhileWriting([&] { f.files.AddFile(kFile, "second"); });
+       },
+       {{kept, "first"}, {kept + "_1", "second"}},
+       2},
+      {"the folder cannot be listed",
+       old,
+       [&](auto& f) {
+         f.files.AddFile(kFile, "theirs");
+         f.files.AddFile(kept, "earlier");
+         f.files.FailOn(kData);
+       },
+       {{kept, "earlier"}, {kept + "_1", "theirs"}},
+       1},
+      {"a file set aside", "no list", [](auto&) {}, {{kept, "no list"}}, 0},
+      {"a file set aside and taken away", "no list", [](auto& f) { f.files.Remove(kFile); }, {}, 0},
+      {"a file set aside and changed",
+       "no list",
+       [](auto& f) { f.files.AddFile(kFile, "theirs"); },
+       {{kept, "theirs"}},
+       1},
+      {"a folder without exchange that is not synced",
+       old,
+       [](auto& f) {
+         f.files.HasExchange(false);
+         f.files.FailAtStep(5, FakeFileSystem::Failing::Once);
+         EXPECT_FALSE(f.store.Accounts_Save());
+         EXPECT_EQ(f.store.Failure()->Text(),
+                   "bringing the folder to the disk: Input/output error");
+       },
+       {},
+       0},
+  };
+  for (const auto& c : cases) {
+    SCOPED_TRACE(c.name);
+    AccountsStoreFixture f;
+    if (!c.content.empty()) f.files.AddFile(kFile, c.content);
+    EXPECT_TRUE(f.store.Accounts_Load());
+    c.happens(f);
+    // The second save finds its own file.
+    EXPECT_TRUE(f.store.Accounts_Save() && f.store.Accounts_Save());
+    EXPECT_FALSE(f.store.HasUnsavedChanges() || f.store.Failure());
+    f.files.StopFailingOn(kData);
+    std::map<std::string, std::string> found;
+    for (const std::string& name : f.files.List(kData)) {
+      if (name.find(".kept-") != std::string::npos) {
+        found[kData + '/' + name] = *f.files.Content(kData + '/' + name);
+      }
+    }
+    EXPECT_EQ(found, c.kept);
+    EXPECT_EQ(f.store.CopiesOfOthers().size(), c.of_others);
+
+    // The next run tells them, until it has saved.
+    AccountsStore next({f.files, f.alerts, f.application, f.processes}, f.gate, f.lock, f);
+    EXPECT_TRUE(next.Accounts_Load());
+    EXPECT_EQ(next.EarlierCopiesOfOthers(), f.store.CopiesOfOthers());
+    EXPECT_TRUE(next.Accounts_Save());
+    EXPECT_FALSE(f.files.Exists(kFile + ".kept"));
+  }
+}
+
+TEST(AccountsSaving, SaysWhyItFailed) {
+  const std::string kept = kFile + ".kept-20070305-120000";
+  struct {
+    std::string content;  // "no list" is set aside
+    std::function<void(AccountsStoreFixture&)> happens;
+    std::string text;
+  } const cases[] = {
+      {"", [](auto& f) { f.files.AddFile(kData, ""); },
+       "opening the folder: a file stands in its place"},
+      {"", [](auto& f) { f.files.FailAtStep(3, FakeFileSystem::Failing::Once); },
+       "making the new file: Input/output error"},
+      {"no list", [&](auto& f) { f.files.FailOn(kept); },
+       "keeping a copy of the file that was not read in whole: Input/output error"},
+      {"no list",
+       [&](auto& f) {
+         f.files.AddFile(kFile, "theirs");
+         f.files.FailOn(kept);
+       },
+       "keeping a copy of the file that someone else changed: Input/output error"},
+      {FileOf("<key>accounts</key><array/>"),
+       [](auto& f) { f.files.FailAtStep(2, FakeFileSystem::Failing::Once); },
+       "writing the new file: Input/output error"},
+      {FileOf("<key>accounts</key><array/>"),
+       [](auto& f) { f.files.FailAtStep(4, FakeFileSystem::Failing::ForEverAfter); },
+       "putting the new file in its place: Input/output error"},
+      {FileOf("<key>accounts</key><array/>"),
+       [](auto& f) { f.files.WhileWriting([] { throw std::bad_alloc(); }); },
+       "writing the new file: there is no memory left"},
+  };
+  for (const auto& c : cases) {
+    SCOPED_TRACE(c.text);
+    AccountsStoreFixture f;
+    if (!c.content.empty()) f.files.AddFile(kFile, c.content);
+    EXPECT_TRUE(f.store.Accounts_Load());
+    c.happens(f);
+    EXPECT_FALSE(f.store.Accounts_Save());
+    ASSERT_TRUE(f.store.Failure());
+    EXPECT_EQ(f.store.Failure()->Text(), c.text);
+    EXPECT_TRUE(f.store.HasUnsavedChanges());
+  }
+}
+
+TEST(AccountsSaving, KnowsTheAccountsFileHoweverItsPathIsWritten) {
+  const TemporaryFolder home;
+  const std::string former_home = std::getenv("HOME") != nullptr ? std::getenv("HOME") : "/";
+  setenv("HOME", home.path().c_str(), 1);
+  PosixFileSystem files;
+  const DataPaths paths(home.path());
+  std::filesystem::create_directories(paths.backup_folder);
+  std::filesystem::create_directories(paths.preferences_folder);
+  std::filesystem::create_directory_symlink(paths.data_folder, home / "linked");
+  struct {
+    std::string path;
+    bool is_own;
+  } const cases[] = {
+      {paths.accounts_file, true},
+      {paths.data_folder + "/./Accounts.plist", true},
+      {paths.data_folder + "//Accounts.plist", true},
+      {paths.backup_folder + "/../Accounts.plist", true},
+      {home / "linked/Accounts.plist", true},
+      {home / "link", true},
+      {home / "Accounts.plist", false},
+      {paths.data_folder + "/other.plist", false},
+  };
+  for (const auto& c : cases) {
+    for (const bool is_there : {true, false}) {
+      SCOPED_TRACE(c.path + (is_there ? "" : " (missing)"));
+      std::filesystem::remove(paths.accounts_file);
+      if (is_there) std::ofstream(paths.accounts_file) << "no list";
+      std::filesystem::remove(home / "link");
+      std::filesystem::create_symlink(paths.accounts_file, home / "link");
+      AccountsStoreFixture f;
+      AccountsStore store({files, f.alerts, f.application, f.processes}, f.gate, f.lock, f);
+      EXPECT_TRUE(store.Accounts_Load());
+      // A link to nothing is followed; what it leads to was made by somebody then.
+      const bool is_own = c.is_own && (is_there || c.path != home / "link");
+      EXPECT_EQ(IsOwnFile(files, paths, c.path), is_own);
+      EXPECT_TRUE(store.Accounts_SaveToFilePath(c.path));
+      EXPECT_EQ(store.KeptCopies().size(), is_own && is_there ? 1U : 0U);
+    }
+  }
+  for (const std::string& own :
+       {paths.accounts_file + ".kept-20070305-120000", paths.accounts_file + ".kept",
+        paths.backup_folder + "/b", paths.preferences_file, paths.preferences_file + ".kept-1"}) {
+    std::ofstream(own) << "x";
+    std::filesystem::create_hard_link(own, home / "hard link");
+    EXPECT_TRUE(IsOwnFile(files, paths, own) && IsOwnFile(files, paths, home / "hard link")) << own;
+    std::filesystem::remove(home / "hard link");
+  }
+  setenv("HOME", former_home.c_str(), 1);
 }
 
 TEST(AccountsSaving, FailingAtAnyStepLeavesTheOldFileOrTheNewOne) {

@@ -64,7 +64,10 @@ TEST(Backups, AreDueAfterTheIntervalInWholeDays) {
       {now - days{8}, 7, true},
       {now, 0, true},
       {now, -1, true},
-      {now + milliseconds{1}, 0, false},
+      {now + milliseconds{1}, 0, true},
+      {now + days{1} - milliseconds{1}, 0, true},
+      {now + days{1}, 0, false},
+      {now + milliseconds{1}, 1, false},
       {now + days{400}, 7, false},
   };
   for (const auto& c : cases) {

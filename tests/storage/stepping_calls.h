@@ -34,6 +34,9 @@ class SteppingCalls : public FileCalls {
   int Rename(int folder, const std::string& from, const std::string& to, unsigned flags) override {
     return step_(), FileCalls::Rename(folder, from, to, flags);
   }
+  int Link(int folder, const std::string& from, const std::string& to) override {
+    return step_(), FileCalls::Link(folder, from, to);
+  }
   int Remove(int folder, const std::string& name) override {
     return step_(), FileCalls::Remove(folder, name);
   }
