@@ -4,6 +4,7 @@
 #include "platform/ambient.h"
 #include "platform/file_system.h"
 #include "platform/text_encodings.h"
+#include "storage/own_files.h"
 #include "storage/preferences.h"
 
 namespace tallyfold {
@@ -112,6 +113,7 @@ WriteResult ExportCommands::Write(const std::string& path, const std::string& te
     bytes =
         encodings_.Encode(text, static_cast<TextEncoding>(CurrentLocale().DefaultTextEncoding()));
   }
+  if (IsOwn(path)) return WriteResult::Failed;
   const std::string& content = bytes ? *bytes : text;
   return files_.WriteAtomically(path, NewFileMode::ByUmask, content) ? WriteResult::Written
                                                                      : WriteResult::Failed;
@@ -126,12 +128,17 @@ WriteResult ExportCommands::SaveAs() {
                                   .name_label = LocalizedText("Save As:"),
                                   .check = this});
   if (!path) return WriteResult::Cancelled;
+  if (IsOwn(*path)) return WriteResult::Failed;
   return saving_.Accounts_SaveToFilePath(*path) ? WriteResult::Written : WriteResult::Failed;
 }
 
 bool ExportCommands::Save() {
   const bool accounts_are_saved = saving_.Accounts_Save();
   return saving_.Preferences_Save() && accounts_are_saved;
+}
+
+bool ExportCommands::IsOwn(const std::string& path) const {
+  return IsOwnFile(files_, DataPaths(files_.HomeFolder()), path);
 }
 
 std::optional<std::string> ExportCommands::userEnteredFilename(const std::string& folder,
@@ -149,10 +156,10 @@ std::optional<std::string> ExportCommands::userEnteredFilename(const std::string
                      "The selected filename already exists at the specified path",
                      {"OK", "Overwrite"}});
     if (answer == 0) return std::nullopt;
-    if (files_.IsWritable(path)) return name;
+    if (files_.IsWritable(path) && !IsOwn(path)) return name;
     return refuse("Unable to write file using the specified path and filename");
   }
-  if (files_.IsWritable(folder)) return name;
+  if (files_.IsWritable(folder) && !IsOwn(path)) return name;
   return refuse("Unable to write file at the specified path");
 }
 

@@ -66,7 +66,8 @@ class ExportCommands final : private FileNameCheck {
   [[nodiscard]] LDGRExportAccessoryManager& exportAccessoryManager() noexcept { return text_; }
 
   // A name that stands for a file already is taken when the user chooses to overwrite a file that
-  // can be written, any other when its folder can be. Else the user is told and asked again; a name
+  // can be written, any other when its folder can be; the program's own files count as such that
+  // cannot. Else the user is told and asked again; a name
   // that is not yet confirmed is fine.
   [[nodiscard]] std::optional<std::string> userEnteredFilename(const std::string& folder,
                                                                const std::string& name,
@@ -77,6 +78,8 @@ class ExportCommands final : private FileNameCheck {
   void PrepareQIFAccessory(const LDGRAccount& account);
   [[nodiscard]] std::shared_ptr<const LDGRFilter> ShownFilter(const LDGRAccount& account) const;
   [[nodiscard]] std::string QIFText(const LDGRAccount& current, std::int32_t scope) const;
+  // The program's own files are not to be replaced, whatever the panel allowed.
+  [[nodiscard]] bool IsOwn(const std::string& path) const;
   WriteResult Write(const std::string& path, const std::string& text, std::int32_t encoding);
 
   Desk& desk_;
