@@ -9,6 +9,7 @@
 #include "system/poll_run_loop.h"
 #include "system/posix_file_system.h"
 #include "system/posix_terminal.h"
+#include "system/process_limits.h"
 #include "system/program_speech.h"
 #include "system/program_update_service.h"
 #include "system/standard_streams.h"
@@ -38,6 +39,10 @@ bool RunFor(PollRunLoop& loop, const TerminationSignals& signals, std::chrono::m
 
 int main() {
   OpenMissingStandardStreams();
+  SurviveFileSizeLimit();
+#ifdef NDEBUG
+  KeepMemoryPrivate();
+#endif
 
   SystemClock clock;
   SystemLocale locale;

@@ -3,6 +3,7 @@
 #include <errno.h>
 #include <fcntl.h>
 #include <stdio.h>
+#include <sys/random.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -10,7 +11,6 @@
 #include <charconv>
 #include <cstdint>
 #include <new>
-#include <random>
 #include <string_view>
 #include <system_error>
 #include <utility>
@@ -101,9 +101,13 @@ std::optional<Place> FollowLinks(std::string path) {
 }
 
 std::string TemporaryName() {
-  static std::random_device random;
+  std::uint64_t value = 0;
+  // Needs no descriptor, which may be what has run out. Where it fails, names are tried in a row.
+  if (::getrandom(&value, sizeof value, GRND_NONBLOCK) != sizeof value) {
+    static std::uint64_t last = 0;
+    value = ++last;
+  }
   std::array<char, 16> digits{};
-  const std::uint64_t value = (std::uint64_t{random()} << 32) | random();
   const auto end = std::to_chars(digits.data(), digits.data() + digits.size(), value, 16).ptr;
   return std::string(kTemporaryPrefix) + std::string(digits.data(), end);
 }

@@ -52,12 +52,13 @@ bool ChildProcess::Start(const std::string& program, const std::vector<std::stri
   }
   ::posix_spawn_file_actions_addopen(&files, STDERR_FILENO, "/dev/null", O_WRONLY, 0);
 
-  // What a program does on a broken pipe is its own affair, whatever we do.
+  // What a program does on a broken pipe, or a file too large, is its own affair, whatever we do.
   posix_spawnattr_t attributes;
   ::posix_spawnattr_init(&attributes);
   sigset_t signals;
   ::sigemptyset(&signals);
   ::sigaddset(&signals, SIGPIPE);
+  ::sigaddset(&signals, SIGXFSZ);
   ::posix_spawnattr_setsigdefault(&attributes, &signals);
   ::posix_spawnattr_setflags(&attributes, POSIX_SPAWN_SETSIGDEF);
 
@@ -101,6 +102,7 @@ bool StartDetached(const std::string& program, const std::vector<std::string>& a
     const pid_t grandchild = ::fork();
     if (grandchild != 0) ::_exit(grandchild < 0 ? 1 : 0);
     ::signal(SIGPIPE, SIG_DFL);
+    ::signal(SIGXFSZ, SIG_DFL);
     if (::dup2(null.number(), STDIN_FILENO) >= 0 && ::dup2(null.number(), STDOUT_FILENO) >= 0) {
       ::execv(vector[0], vector.data());
     }

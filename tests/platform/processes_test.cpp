@@ -1,9 +1,13 @@
 #include <errno.h>
 #include <gtest/gtest.h>
+#include <sys/prctl.h>
+#include <sys/resource.h>
 #include <sys/stat.h>
 #include <sys/wait.h>
+#include <unistd.h>
 
 #include <fstream>
+#include <functional>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -12,6 +16,8 @@
 #include "fakes/fake_run_loop.h"
 #include "fakes/temporary_folder.h"
 #include "platform/notification_center.h"
+#include "system/posix_file_system.h"
+#include "system/process_limits.h"
 #include "system/program_speech.h"
 #include "system/program_update_service.h"
 #include "system/system_process_launcher.h"
@@ -34,6 +40,37 @@ class NamedPipe {
  private:
   TemporaryFolder folder_;
 };
+
+// Whether a process of its own, in which that is run, finds it true.
+bool InOwnProcess(const std::function<bool()>& run) {
+  const pid_t child = fork();
+  if (child == 0) _exit(run() ? 0 : 1);
+  int status = -1;
+  waitpid(child, &status, 0);
+  return WIFEXITED(status) && WEXITSTATUS(status) == 0;
+}
+
+TEST(ProcessLimits, LetAFileThatMayNotGrowFailAlone) {
+  const TemporaryFolder folder;
+  std::ofstream(folder / "file") << "old";
+  EXPECT_TRUE(InOwnProcess([&] {
+    SurviveFileSizeLimit();
+    const struct rlimit limit = {1000, 1000};
+    setrlimit(RLIMIT_FSIZE, &limit);
+    PosixFileSystem files;
+    const auto report = files.WriteAtomically(folder / "file", {}, std::string(5000, 'x'));
+    return report.failure && report.failure->step == FileStep::Write &&
+           report.failure->reason == "File too large" &&
+           files.Read(folder / "file")->view() == "old";
+  }));
+}
+
+TEST(ProcessLimits, LetNobodySeeTheMemory) {
+  EXPECT_TRUE(InOwnProcess([] {
+    KeepMemoryPrivate();
+    return prctl(PR_GET_DUMPABLE) == 0;
+  }));
+}
 
 bool HasNoChildren() {
   return waitpid(-1, nullptr, WNOHANG) == -1 && errno == ECHILD;
