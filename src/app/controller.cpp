@@ -165,6 +165,7 @@ struct LDGRController::Parts final : private AccountsStore::Host,
   }
   const LDGRAccount* AccountShown() override { return desk.SelectedAccount().get(); }
   std::int32_t BalanceMode() override { return static_cast<std::int32_t>(balance_field.Mode()); }
+  bool AccountsHoldUnsavedTypes() override { return accounts.HoldsUnsavedTypes(); }
   float AccountsDrawerWidth() override { return desk.preferences().GetAccountsDrawerWidth(); }
   std::int32_t AccountsDrawerPreferredEdge() override {
     return desk.preferences().GetAccountsDrawerPreferredEdge();

@@ -78,11 +78,17 @@ void RenumberDuplicates(plist::Dictionary& account) {
   }
 }
 
+void TakeHandedOver(plist::Dictionary& account, std::string_view key) {
+  const plist::Value& types = TypeHandOver().Get(key);
+  if (!types.IsNone()) NoteTypesWereTaken();
+  account.Set(key, types.DeepCopy());
+}
+
 // Version 3: types belong to accounts, kinds of entries are one word of flags.
 void TakeTypesAndMakeFlags(plist::Dictionary& account) {
-  if (!account.Has("types")) account.Set("types", TypeHandOver().Get("types").DeepCopy());
+  if (!account.Has("types")) TakeHandedOver(account, "types");
   if (!account.Has("inactiveTypes")) {
-    account.Set("inactiveTypes", TypeHandOver().Get("inactiveTypes").DeepCopy());
+    TakeHandedOver(account, "inactiveTypes");
     if (!account.Has("inactiveTypes")) {
       Log(MessageWithText(
           "No inactiveTypes found while upgrading account %@.  This could cause inconsistent "

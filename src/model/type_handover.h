@@ -1,5 +1,7 @@
 #pragma once
 
+#include <cstdint>
+
 #include "plist/value.h"
 
 namespace tallyfold {
@@ -9,5 +11,9 @@ namespace tallyfold {
 // account without types of its own takes copies. Preferences are therefore upgraded first. One
 // dictionary for the whole process, empty at the start.
 [[nodiscard]] plist::Dictionary& TypeHandOver();
+
+// How often in this process an account has taken types from there.
+[[nodiscard]] std::uint64_t TimesTypesWereTaken() noexcept;
+void NoteTypesWereTaken() noexcept;
 
 }  // namespace tallyfold

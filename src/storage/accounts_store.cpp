@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "model/text.h"
+#include "model/type_handover.h"
 #include "platform/ambient.h"
 #include "plist/writer.h"
 #include "storage/account_numbers.h"
@@ -133,10 +134,22 @@ void AccountsStore::ExchangePassword(std::string& password) noexcept {
 
 bool AccountsStore::Accounts_Load() {
   const SaveGate::Hold hold(gate_);
+  try {
+    return Load();
+  } catch (...) {
+    // Accounts that are here in part only must not replace the whole.
+    gate_.CloseForGood();
+    save_failure_ = SaveFailure{LocalizedText("reading the accounts"), MemoryFailure().reason};
+    throw;
+  }
+}
+
+bool AccountsStore::Load() {
   accounts_.emplace();
   host_.ForgetSelectedAccount();
   password_.emplace();
   authenticated_ = true;
+  holds_unsaved_types_ = false;
   services_.files.AddPermissions(paths_.data_folder, kOwnerAll);
   services_.files.AddPermissions(paths_.accounts_file, kOwnerAll);
 
@@ -144,7 +157,9 @@ bool AccountsStore::Accounts_Load() {
     if (!Accounts_HandleModifiedByNewerTallyfold(dictionary)) return false;
     if (!Accounts_HandleWillBeUpgradedByTallyfold(dictionary)) return false;
     Accounts_Backup(*dictionary);
+    const std::uint64_t types_taken = TimesTypesWereTaken();
     TakeAccounts(dictionary->Take(kAccounts));
+    holds_unsaved_types_ = TimesTypesWereTaken() != types_taken;
     TakePassword(dictionary->Get(kPassword));
   }
   saved_ = CurrentSnapshot();
@@ -278,7 +293,10 @@ bool AccountsStore::Accounts_SaveToFilePath(const std::optional<std::string>& pa
   const auto failure = WriteFile(*path, is_accounts_file);
   if (is_accounts_file) {
     save_failure_ = failure;
-    if (!failure) saved_ = CurrentSnapshot();
+    if (!failure) {
+      saved_ = CurrentSnapshot();
+      holds_unsaved_types_ = false;
+    }
   }
   return !failure;
 }

@@ -137,6 +137,9 @@ class AccountsStore {
   [[nodiscard]] bool HasUnsavedChanges() const;
   // Why the last save to the accounts file failed; none when it did not.
   [[nodiscard]] const std::optional<SaveFailure>& Failure() const noexcept { return save_failure_; }
+  // An account was loaded from an old file with entry types that only the old preferences hold, and
+  // has not been saved to the accounts file since.
+  [[nodiscard]] bool HoldsUnsavedTypes() const noexcept { return holds_unsaved_types_; }
   // Set when the file that was loaded could not be used in whole.
   [[nodiscard]] const std::optional<FileSetAside>& SetAside() const noexcept {
     return file_.SetAside();
@@ -174,6 +177,7 @@ class AccountsStore {
   // None for one that is missing or holds no accounts that this version can read.
   [[nodiscard]] std::optional<Backup> ReadBackup(const std::string& name) const;
   [[nodiscard]] static bool HasNewerAccount(const std::optional<plist::Dictionary>& dictionary);
+  [[nodiscard]] bool Load();
   void TakeAccounts(const plist::Value& stored);
   void TakePassword(const plist::Value& password);
   void WriteTo(plist::Output& output) const;
@@ -195,6 +199,7 @@ class AccountsStore {
   struct ListChanges : ChangeCount {};
   ListChanges list_changes_;
   Snapshot saved_;
+  bool holds_unsaved_types_ = false;
   std::optional<SaveFailure> save_failure_;
   std::optional<SaveFailure> restore_failure_;
 };

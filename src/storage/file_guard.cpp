@@ -109,7 +109,7 @@ bool FileGuard::Replace(const FileSystem::Producer& produce) {
       }
     }
   } catch (const std::bad_alloc&) {
-    return Fail({LocalizedText("writing the new file"), LocalizedText("there is no memory left")});
+    return Fail(MemoryFailure());
   }
   NoteForNextRun();
   return true;

@@ -33,6 +33,12 @@ Field<LDGRPreferences> Of(std::string_view key, Field<LDGRPreferences>::Member m
   return {key, member, kMissing, kWrong};
 }
 
+// -1 for none.
+std::int32_t StoredVersion(const plist::Dictionary& dictionary) {
+  const plist::Value& stored = dictionary.Get(kVersion);
+  return stored.IsNone() ? -1 : stored.IntegerValue();
+}
+
 void HandOverTypes(const plist::Dictionary& dictionary) {
   for (const std::string_view key : {"types", "inactiveTypes"}) {
     if (const plist::Value& types = dictionary.Get(key); !types.IsNone()) {
@@ -166,11 +172,15 @@ plist::Dictionary LDGRPreferences::asDictionary() const {
   return builder.Take().DictionaryValue();
 }
 
+bool LDGRPreferences::HandsOverTypes(const plist::Dictionary& dictionary) {
+  return StoredVersion(dictionary) < 1 &&
+         (dictionary.Has("types") || dictionary.Has("inactiveTypes"));
+}
+
 plist::Dictionary LDGRPreferences::UpdatePreferencesDictionary(
     const plist::Dictionary& dictionary) {
   plist::Dictionary updated = dictionary.DeepCopy();
-  const plist::Value& stored = dictionary.Get(kVersion);
-  const std::int32_t version = stored.IsNone() ? -1 : stored.IntegerValue();
+  const std::int32_t version = StoredVersion(dictionary);
   if (version < 2) {
     if (version < 0) updated.Set(kDateFormat, 0);
     if (version < 1) HandOverTypes(updated);

@@ -1,6 +1,7 @@
 #include "storage/preferences_store.h"
 
 #include <array>
+#include <new>
 
 #include "model/account.h"
 #include "platform/ambient.h"
@@ -54,9 +55,11 @@ void PreferencesStore::Preferences_Init() {
 }
 
 std::shared_ptr<LDGRPreferences> PreferencesStore::Build() {
+  file_hands_over_types_ = false;
   const auto dictionary = file_.Read();
   if (!dictionary) return std::make_shared<LDGRPreferences>();
   Preferences_Backup(*dictionary);
+  file_hands_over_types_ = LDGRPreferences::HandsOverTypes(*dictionary);
   const RefusalWatch watch;
   auto preferences =
       std::make_shared<LDGRPreferences>(LDGRPreferences::UpdatePreferencesDictionary(*dictionary));
@@ -106,11 +109,14 @@ bool PreferencesStore::Preferences_Save() {
   preferences_->SetBalanceMode(host_.BalanceMode());
   preferences_->SetAccountsDrawerWidth(host_.AccountsDrawerWidth());
   preferences_->SetAccountsDrawerPreferredEdge(host_.AccountsDrawerPreferredEdge());
-  const plist::Dictionary dictionary = preferences_->asDictionary();
-  save_failure_ = Write(dictionary);
-  if (save_failure_) return false;
-  saved_ = dictionary;
-  return true;
+  try {
+    const plist::Dictionary dictionary = preferences_->asDictionary();
+    save_failure_ = Write(dictionary);
+    if (!save_failure_) saved_ = dictionary;
+  } catch (const std::bad_alloc&) {
+    save_failure_ = MemoryFailure();
+  }
+  return !save_failure_;
 }
 
 std::optional<SaveFailure> PreferencesStore::Write(const plist::Dictionary& dictionary) {
@@ -120,11 +126,16 @@ std::optional<SaveFailure> PreferencesStore::Write(const plist::Dictionary& dict
                     "to allow Tallyfold to save your preferences.")) {
     return FolderFailure(true);
   }
+  if (file_hands_over_types_ && host_.AccountsHoldUnsavedTypes()) {
+    return SaveFailure{LocalizedText("replacing the old preferences"),
+                       LocalizedText("the accounts that took their types from them are not saved")};
+  }
   plist::Dictionary file = dictionary.ShallowCopy();
   file.Set(kAppVersion, services_.application.BundleVersion());
   if (!file_.Replace([&file](ByteSink& sink) { sink.Append(plist::ToXml(file)); })) {
     return file_.Failure();
   }
+  file_hands_over_types_ = false;
   files.SetCustomBadgeIconForFilePath(paths_.preferences_file, "prefsfilebadge");
   return std::nullopt;
 }

@@ -48,6 +48,8 @@ class PreferencesStore {
     [[nodiscard]] virtual std::int32_t BalanceMode() = 0;
     [[nodiscard]] virtual float AccountsDrawerWidth() = 0;
     [[nodiscard]] virtual std::int32_t AccountsDrawerPreferredEdge() = 0;
+    // Whether an account has taken entry types from old preferences that are in no file but those.
+    [[nodiscard]] virtual bool AccountsHoldUnsavedTypes() = 0;
   };
 
   struct Services {
@@ -68,7 +70,8 @@ class PreferencesStore {
 
   // Reads the file, or starts with defaults where there is none or it cannot be read.
   void Preferences_Init();
-  // False when nothing was written, for whatever reason.
+  // False when nothing was written, for whatever reason. Old preferences that hold entry types stay
+  // as they are until the accounts that took these have been saved.
   bool Preferences_Save();
   // Copies the file as it stands on the disk into the backup folder when another version wrote it.
   void Preferences_Backup(const plist::Dictionary& dictionary);
@@ -101,6 +104,8 @@ class PreferencesStore {
   Host& host_;
   DataPaths paths_;
   FileGuard file_;
+  // The file is an old one with entry types.
+  bool file_hands_over_types_ = false;
   std::shared_ptr<LDGRPreferences> preferences_;
   // As last read or saved.
   plist::Dictionary saved_;

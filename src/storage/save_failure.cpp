@@ -36,6 +36,10 @@ SaveFailure SaveFailureOf(const FileFailure& failure) {
   return {LocalizedText(StepKey(failure.step)), failure.reason};
 }
 
+SaveFailure MemoryFailure() {
+  return {LocalizedText(StepKey(FileStep::Write)), LocalizedText("there is no memory left")};
+}
+
 SaveFailure FolderFailure(bool a_file_stands_there) {
   return {LocalizedText(StepKey(FileStep::OpenFolder)),
           LocalizedText(a_file_stands_there ? "a file stands in its place" : "it does not exist")};

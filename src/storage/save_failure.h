@@ -18,6 +18,9 @@ struct SaveFailure {
 
 [[nodiscard]] SaveFailure SaveFailureOf(const FileFailure& failure);
 
+// There was no memory to write a file.
+[[nodiscard]] SaveFailure MemoryFailure();
+
 // The folder that a file is to be saved in is missing, or a file stands there.
 [[nodiscard]] SaveFailure FolderFailure(bool a_file_stands_there);
 

@@ -162,6 +162,13 @@ TEST_F(ExportTest, SavesTheAccountsElsewhereAndTellsFailures) {
 TEST_F(ExportTest, TakesANameThatIsFreeOrMayBeOverwritten) {
   files.AddFile("/home/user/old", "x");
   files.AddFile("/home/user/fixed", "x", 0400);
+  const std::string data = "/home/user/Library/Tallyfold";
+  const std::string backups = data + "/Backups";
+  const std::string preferences = "/home/user/Library/Preferences/Quorva";
+  files.AddFile(data + "/Accounts.plist", "x");
+  files.AddFile(data + "/Accounts.plist.kept-20070305-120000", "x");
+  files.AddFile(backups + "/b", "x");
+  files.AddFolder(preferences);
   struct Case {
     const char* folder;
     const char* name;
@@ -178,6 +185,15 @@ TEST_F(ExportTest, TakesANameThatIsFreeOrMayBeOverwritten) {
       {"/home/user", "fixed", true, "Overwrite", false,
        "Unable to write file using the specified path and filename"},
       {"/nowhere", "new", true, "", false, "Unable to write file at the specified path"},
+      {data.c_str(), "Accounts.plist", true, "Overwrite", false,
+       "Unable to write file using the specified path and filename"},
+      {data.c_str(), "Accounts.plist.kept-20070305-120000", true, "Overwrite", false,
+       "Unable to write file using the specified path and filename"},
+      {backups.c_str(), "b", true, "Overwrite", false,
+       "Unable to write file using the specified path and filename"},
+      {preferences.c_str(), "Tallyfold Preferences", true, "", false,
+       "Unable to write file at the specified path"},
+      {preferences.c_str(), "other", true, "", true, ""},
   };
   for (const Case& each : cases) {
     if (*each.answer != '\0') alerts.Answer(each.answer);

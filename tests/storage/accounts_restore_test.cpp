@@ -84,6 +84,29 @@ TEST(AccountsRestoring, PutsABackupInPlaceAndKeepsWhatWasThere) {
   }
 }
 
+TEST(AccountsRestoring, KnowsKeptCopiesBesideBackups) {
+  AccountsStoreFixture f;
+  EXPECT_TRUE(f.LoadFile(FileOf("<key>accounts</key><array/>")));
+  const std::string kept = "Accounts.plist.kept-20070305-115959";
+  const std::string others[] = {"Accounts.plist.kept", "Accounts.plist.bak", "x" + kept};
+  for (const std::string& name : others) f.files.AddFile(kData + '/' + name, kOne);
+  f.files.AddFile(kData + '/' + kept, kOne);
+  f.files.SetCreationTime(kData + '/' + kept, CurrentClock().Now() - std::chrono::hours(1));
+  f.files.AddFile(kBackups + "/newer", kOne);
+  f.files.AddFile(kBackups + "/older", kOne);
+  f.files.SetCreationTime(kBackups + "/older", CurrentClock().Now() - std::chrono::hours(2));
+  std::string listed;
+  for (const BackupFile& backup : f.store.Backups()) listed += backup.name + ' ';
+  EXPECT_EQ(listed, "newer Accounts_3_5_2007_Before_2.0 " + kept + " older ");
+  for (const std::string& name : others) {
+    EXPECT_EQ(f.store.Accounts_RestoreBackup(name), Result::Unreadable) << name;
+  }
+  EXPECT_EQ(f.store.ContentsOfBackup(kept)->accounts, 1U);
+  f.alerts.Answer("Restore");
+  EXPECT_EQ(f.store.Accounts_RestoreBackup(kept), Result::Restored);
+  EXPECT_EQ(f.store.accounts().size(), 1U);
+}
+
 TEST(AccountsRestoring, ChangesNothingWhenWhatIsThereCannotBeKept) {
   AccountsStoreFixture f;
   EXPECT_TRUE(f.LoadFile(FileOf("<key>accounts</key><array/>")));
@@ -91,6 +114,8 @@ TEST(AccountsRestoring, ChangesNothingWhenWhatIsThereCannotBeKept) {
   f.files.FailOn(kFile + ".kept-20070305-120000");
   f.alerts.Answer("Restore");
   EXPECT_EQ(f.store.Accounts_RestoreBackup("b"), Result::Failed);
+  EXPECT_EQ(f.store.RestoreFailure()->Text(), "making the new file: Input/output error");
+  EXPECT_FALSE(f.store.Failure());  // of a save
   EXPECT_TRUE(f.store.accounts().empty());
   f.store.setAuthenticated(false);
   EXPECT_EQ(f.store.Accounts_RestoreBackup("b"), Result::Failed);

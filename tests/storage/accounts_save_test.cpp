@@ -8,6 +8,7 @@
 #include <new>
 
 #include "fakes/temporary_folder.h"
+#include "model/type_handover.h"
 #include "storage/accounts_store_fixture.h"
 #include "storage/own_files.h"
 #include "system/posix_file_system.h"
@@ -245,6 +246,27 @@ TEST(AccountsSaving, KeepsACopyOnlyOfWhatItDidNotWrite) {
     EXPECT_TRUE(next.Accounts_Save());
     EXPECT_FALSE(f.files.Exists(kFile + ".kept"));
   }
+}
+
+TEST(AccountsSaving, KnowsOfTypesThatOnlyOldPreferencesHold) {
+  const std::string old_account = FileOf(
+      "<key>accounts</key><array><dict><key>version</key><integer>2</integer></dict></array>");
+  for (const bool hands_over : {false, true}) {
+    AccountsStoreFixture f;
+    TypeHandOver().Clear();
+    if (hands_over) TypeHandOver().Set("types", plist::Array());
+    f.alerts.Answer("Update");
+    EXPECT_TRUE(f.LoadFile(old_account));
+    EXPECT_EQ(f.store.HoldsUnsavedTypes(), hands_over);
+    f.files.FailOn(kFile);
+    EXPECT_FALSE(f.store.Accounts_Save());
+    EXPECT_TRUE(f.store.Accounts_SaveToFilePath("/home/user/copy.plist"));
+    EXPECT_EQ(f.store.HoldsUnsavedTypes(), hands_over);
+    f.files.StopFailingOn(kFile);
+    EXPECT_TRUE(f.store.Accounts_Save());
+    EXPECT_FALSE(f.store.HoldsUnsavedTypes());
+  }
+  TypeHandOver().Clear();
 }
 
 TEST(AccountsSaving, SaysWhyItFailed) {

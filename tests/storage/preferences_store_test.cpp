@@ -8,6 +8,7 @@
 #include "fakes/fake_file_system.h"
 #include "fakes/fake_services.h"
 #include "model/account.h"
+#include "model/type_handover.h"
 #include "plist/reader.h"
 #include "plist/writer.h"
 
@@ -32,6 +33,8 @@ struct Fixture : PreferencesStore::Host {
   [[nodiscard]] float AccountsDrawerWidth() override { return 150.5F; }
   [[nodiscard]] std::int32_t AccountsDrawerPreferredEdge() override { return 0; }
 
+  [[nodiscard]] bool AccountsHoldUnsavedTypes() override { return types_are_unsaved; }
+
   [[nodiscard]] plist::Dictionary Saved() const {
     return plist::Read(files.Content(kFile).value_or("")).value.DictionaryValue();
   }
@@ -43,6 +46,7 @@ struct Fixture : PreferencesStore::Host {
   SaveGate gate;
   std::map<std::string, LiveTable, std::less<>> tables;
   std::shared_ptr<LDGRAccount> shown;
+  bool types_are_unsaved = false;
   PreferencesStore store{{files, application, processes}, gate, *this};
 };
 
@@ -132,6 +136,36 @@ TEST(PreferencesStore, ReadsOrSetsAsideWhatIsThere) {
       EXPECT_TRUE(f.store.SetAside()->reason.starts_with(c.reason));
       EXPECT_EQ(f.files.Content(kFile + ".kept-20070305-120000"), c.content);
     }
+  }
+}
+
+TEST(PreferencesStore, LeavesOldPreferencesUntilTheirTypesAreSavedWithTheAccounts) {
+  const std::string types = "<key>types</key><array/>";
+  struct {
+    std::string content;
+    bool types_are_unsaved;
+    bool is_saved;
+  } const cases[] = {
+      {types, true, false},
+      {types, false, true},
+      {"<key>inactiveTypes</key><array/>", true, false},
+      {"", true, true},
+      {types + "<key>version</key><integer>1</integer>", true, true},
+  };
+  for (const auto& c : cases) {
+    Fixture f;
+    const std::string content = "<plist><dict>" + c.content + "</dict></plist>";
+    f.files.AddFile(kFile, content);
+    f.store.Preferences_Init();
+    f.types_are_unsaved = c.types_are_unsaved;
+    EXPECT_EQ(f.store.Preferences_Save(), c.is_saved) << content;
+    EXPECT_EQ(f.files.Content(kFile) != content, c.is_saved);
+    EXPECT_EQ(f.store.HasUnsavedChanges() && f.store.Failure(), !c.is_saved);
+    f.types_are_unsaved = false;
+    EXPECT_TRUE(f.store.Preferences_Save() && !f.store.Failure());
+    f.types_are_unsaved = true;
+    EXPECT_TRUE(f.store.Preferences_Save());
+    TypeHandOver().Clear();
   }
 }
 
