@@ -14,6 +14,7 @@
 #include "console/password_sheets.h"
 #include "console/printer.h"
 #include "console/questions.h"
+#include "console/save_notes.h"
 #include "model/account.h"
 
 namespace tallyfold::console {
@@ -66,9 +67,15 @@ void Lock(Console& console, const Arguments& arguments) {
     console.controller.accountPasswords().Account_Lock(account);
     return console.printer.Confirm("Locked " + account->GetName() + ".");
   }
-  if (console.controller.applicationLock().password().empty())
-    throw CommandError("the application has no password");
-  console.controller.applicationLock().lock();
+  ApplicationLock& lock = console.controller.applicationLock();
+  if (lock.password().empty()) throw CommandError("the application has no password");
+  lock.lock();
+  if (lock.authenticated()) throw CommandError("the application cannot be locked now");
+  const std::string unsaved = UnsavedText(console.controller);
+  if (!unsaved.empty()) {
+    throw CommandError("locked, but " + unsaved +
+                       "; what is not saved stays in memory and is there again after unlock");
+  }
   console.printer.Confirm("Saved and locked.");
 }
 

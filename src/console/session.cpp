@@ -1,6 +1,8 @@
 #include "console/session.h"
 
+#include <new>
 #include <optional>
+#include <stdexcept>
 
 #include "app/desk.h"
 #include "app/exchange/qif_import_controller.h"
@@ -43,6 +45,7 @@ Session::Session(const ConsoleServices& services)
       controller_(Services{services.files, questions_, panels_, services.processes, spoken_,
                            services.speech, services.loop, services.notifications, host_,
                            services.encodings, services.updates}),
+      kept_notes_(controller_, printer_),
       due_notice_(controller_, terminal_),
       console_{controller_, printer_,       questions_,     panels_, host_,
                log_,        services.files, services.loop,  spoken_, skip_delays_,
@@ -65,6 +68,8 @@ int Session::Run() {
 
 bool Session::RunLine(std::string_view text) {
   ++line_number_;
+  // What was saved while nobody typed.
+  kept_notes_.TellNew();
   std::string error;
   bool may_fail = terminal_.ReadsFromPerson();
   if (text.size() > Terminal::kLongestLine) {
@@ -80,6 +85,7 @@ bool Session::RunLine(std::string_view text) {
       controller_.application().sendEvent(EventType::KeyDown);
     }
   }
+  kept_notes_.TellNew();
   if (error.empty()) return true;
   ReportError(error);
   return may_fail;
@@ -109,7 +115,13 @@ std::string Session::RunCommand(std::span<const Word> words) {
     command->run(console_, arguments);
   } catch (const CommandError& failure) {
     error = failure.what();
+  } catch (const std::bad_alloc&) {
+    error = "there is not enough memory for this";
+  } catch (const std::runtime_error& failure) {
+    // The system has run out of something else.
+    error = failure.what();
   }
+  static_cast<void>(panels_.TakeProblem());
   if (command->needs != Needs::Reminder) controller_.sheets().CancelOpen();
   skip_delays_(kSkippedDelays);
   questions_.ForgetAnswers();
@@ -127,10 +139,17 @@ void Session::CancelSheets(const Command& command) {
 bool Session::Launch(const Command& first) {
   is_launched_ = true;
   controller_.lifecycle().awakeFromNib();
-  if (!controller_.lifecycle().applicationDidFinishLaunching()) return false;
+  try {
+    if (!controller_.lifecycle().applicationDidFinishLaunching()) return false;
+  } catch (...) {
+    // There is nothing whole to go on with, nor to save.
+    host_.EndProcess(1);
+    throw;
+  }
   // Whoever has just typed a command is not to be held up; what is due is told when he is idle.
   controller_.reminder().Dismiss();
   TellWhatWasSetAside();
+  kept_notes_.TellEarlier();
   TellSharedNumbers();
   if (first.needs == Needs::Unlocked && controller_.applicationLock().authenticated() &&
       controller_.desk().accounts().empty()) {
@@ -177,12 +196,11 @@ bool Session::ShutDown() {
     controller_.sharedQIFImportController().import_Cancel_Button();
   }
   controller_.lifecycle().applicationWillTerminate();
-  if (!controller_.applicationLock().authenticated()) return true;
-  const bool accounts_saved = !controller_.accountsStore().HasUnsavedChanges();
-  const bool preferences_saved = !controller_.preferencesStore().HasUnsavedChanges();
-  if (!accounts_saved) printer_.Note("error: the accounts could not be saved");
-  if (!preferences_saved) printer_.Note("error: the preferences could not be saved");
-  return accounts_saved && preferences_saved;
+  kept_notes_.TellNew();
+  const auto unsaved = controller_.applicationLock().authenticated() ? UnsavedTexts(controller_)
+                                                                     : LostTexts(controller_);
+  for (const std::string& text : unsaved) printer_.Note("error: " + text);
+  return unsaved.empty();
 }
 
 void Session::ReportError(std::string_view error) {

@@ -14,6 +14,7 @@
 #include "console/due_notice.h"
 #include "console/printer.h"
 #include "console/questions.h"
+#include "console/save_notes.h"
 #include "console/spoken_text.h"
 #include "console/words.h"
 #include "platform/ambient.h"
@@ -64,6 +65,7 @@ class Session {
   ConsoleHost host_;
   Printer printer_;
   LDGRController controller_;
+  KeptNotes kept_notes_;
   DueNotice due_notice_;
   Console console_;
   std::size_t line_number_ = 0;

@@ -9,6 +9,7 @@
 #include "console/console.h"
 #include "console/printer.h"
 #include "console/questions.h"
+#include "console/save_notes.h"
 #include "console/table.h"
 #include "console/values.h"
 #include "platform/ambient.h"
@@ -18,11 +19,7 @@ namespace tallyfold::console {
 namespace {
 
 void Save(Console& console, const Arguments& /*arguments*/) {
-  if (!console.controller.exports().Save()) {
-    const bool accounts_are_saved = !console.controller.accountsStore().HasUnsavedChanges();
-    throw CommandError(accounts_are_saved ? "the preferences could not be saved"
-                                          : "the accounts could not be saved");
-  }
+  if (!console.controller.exports().Save()) throw CommandError(UnsavedText(console.controller));
   console.printer.Confirm("Saved.");
 }
 
@@ -55,7 +52,8 @@ void Restore(Console& console, const Arguments& arguments) {
       throw CommandError("there is no backup " + Quoted(name) +
                          " that can be read; backup list shows them");
     case AccountsStore::RestoreResult::Failed:
-      throw CommandError("nothing was restored; the accounts of now could not be kept");
+      throw CommandError("nothing was restored; the accounts of now could not be kept" +
+                         ReasonOf(console.controller.accountsStore().RestoreFailure()));
     case AccountsStore::RestoreResult::Ended:
       break;
   }
@@ -67,14 +65,16 @@ constexpr Command kCommands[] = {
      .example = "save",
      .run = Save},
     {.name = "backup list",
-     .help = "lists the backups of the accounts file and what they hold, the newest first",
+     .help =
+         "lists the backups and kept copies of the accounts and what they hold, the newest first",
      .example = "backup list",
      .run = ListBackups},
     {.name = "backup restore",
      .words = "BACKUP",
      .least_words = 1,
      .most_words = 1,
-     .help = "puts a backup in the place of the accounts, which are kept, after a question",
+     .help = "puts a backup or kept copy in the place of the accounts, which are kept, after a "
+             "question",
      .example = "backup restore Accounts_3_2_2026_1.0.0",
      .run = Restore},
 };

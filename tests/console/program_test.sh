@@ -38,6 +38,12 @@ check 'status where nobody reads on' 0 "$(
   cat "$HOME/status")"
 check 'entries where nobody read on' 7 "$(entries)"
 
+check 'status where files may not grow' 1 "$(
+  printf 'select Cash\ndebit amount=5\n' | (ulimit -f 1; status_of))"
+check 'message where files may not grow' 'error: the accounts could not be saved: writing the new file: File too large' \
+  "$(head -n 1 "$HOME/errors")"
+check 'entries where files may not grow' 7 "$(entries)"
+
 # A copy that runs, and has added an entry, once `started` has returned.
 mkfifo "$HOME/in" "$HOME/out"
 started() {

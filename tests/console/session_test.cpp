@@ -5,6 +5,8 @@
 #include <chrono>
 #include <deque>
 #include <functional>
+#include <new>
+#include <stdexcept>
 #include <string>
 
 #include "console/command_error.h"
@@ -29,6 +31,7 @@ class FakeTerminal final : public Terminal {
   bool WritesToPerson() const override { return thinks != nullptr; }
   std::optional<std::string> ReadLine(std::string_view /*prompt*/) override {
     if (thinks) thinks();
+    if (before_line) before_line(lines.size());
     if (lines.empty()) return std::nullopt;
     const std::string line = lines.front();
     lines.pop_front();
@@ -44,6 +47,8 @@ class FakeTerminal final : public Terminal {
   std::string written;
   // A person's time before each line; none where no person types.
   std::function<void()> thinks;
+  // Called with the number of lines that are left, whoever types them.
+  std::function<void(std::size_t)> before_line;
 };
 
 // The computer a session runs on.
@@ -112,13 +117,103 @@ TEST(Sessions, LetAScriptHearAReadingToItsEnd) {
 TEST(Sessions, SayWhatCouldNotBeSavedAtTheEnd) {
   Computer computer;
   EXPECT_EQ(computer.Run({"account add name=Cash"}), 0);
-  computer.files.FailOn("/home/user/Library/Tallyfold/Accounts.plist");
-  computer.files.FailOn("/home/user/Library/Preferences/Quorva/Tallyfold Preferences");
+  computer.terminal.before_line = [&](std::size_t left) {
+    if (left > 0) return;
+    computer.files.FailOn("/home/user/Library/Tallyfold/Accounts.plist");
+    computer.files.FailOn("/home/user/Library/Preferences/Quorva/Tallyfold Preferences");
+  };
   EXPECT_EQ(computer.Run({"account add name=More"}), 1);
+  const std::string why = "making the new file: Input/output error\n";
   EXPECT_TRUE(
-      computer.terminal.written.ends_with("!error: the accounts could not be saved\n"
-                                          "!error: the preferences could not be saved\n"))
+      computer.terminal.written.ends_with("!error: the accounts could not be saved: " + why +
+                                          "!error: the preferences could not be saved: " + why))
       << computer.terminal.written;
+}
+
+TEST(Sessions, KeepInMemoryWhatCouldNotBeSavedAtALock) {
+  Computer computer;
+  EXPECT_EQ(computer.Run({"account add name=Cash", "password x"}), 0);
+  computer.terminal.before_line = [&](std::size_t left) {
+    if (left == 5) computer.files.FailOn("/home/user/Library/Tallyfold/Accounts.plist");
+  };
+  const std::string why = "making the new file: Input/output error";
+  EXPECT_EQ(computer.Run(
+                {"unlock x", "debit amount=1", "- lock", "unlock x", "show 1", "- lock", "quit"}),
+            1);
+  const std::string& written = computer.terminal.written;
+  EXPECT_NE(written.find("!error: line 3: locked, but the accounts could not be saved: " + why +
+                         "; what is not saved stays in memory"),
+            std::string::npos)
+      << written;
+  EXPECT_NE(written.find("amount\t-1.00"), std::string::npos) << written;
+  EXPECT_TRUE(
+      written.ends_with("!error: what changed in the accounts since they were saved is "
+                        "lost, since a locked application writes nothing: " +
+                        why + '\n'))
+      << written;
+  computer.terminal.before_line = nullptr;
+  computer.files.StopFailingOn("/home/user/Library/Tallyfold/Accounts.plist");
+  EXPECT_EQ(computer.Run({"unlock x", "debit amount=1", "lock", "quit"}), 0);
+  EXPECT_EQ(computer.Run({"quit"}), 0);
+}
+
+TEST(Sessions, TellWhatTheyKeptOfOthersAtOnceAndAtTheNextStart) {
+  Computer computer;
+  const std::string file = "/home/user/Library/Tallyfold/Accounts.plist";
+  EXPECT_EQ(computer.Run({"account add name=Cash"}), 0);
+  computer.terminal.before_line = [&](std::size_t left) {
+    if (left == 2) computer.files.AddFile(file, "theirs");
+  };
+  EXPECT_EQ(computer.Run({"accounts", "save", "accounts"}), 0);
+  computer.terminal.before_line = nullptr;
+  std::string kept;
+  for (const std::string& name : computer.files.List("/home/user/Library/Tallyfold")) {
+    if (name.find(".kept-") != std::string::npos) kept = "/home/user/Library/Tallyfold/" + name;
+  }
+  EXPECT_EQ(computer.files.Content(kept), "theirs");
+  const std::string told = '!' + file +
+                           " had been changed by someone else before it was saved; what it held "
+                           "is kept as " +
+                           kept + '\n';
+  EXPECT_NE(computer.terminal.written.find(told), std::string::npos) << computer.terminal.written;
+  const std::string told_later = "!When " + file +
+                                 " was saved the last time, someone else had changed it; what it "
+                                 "held is kept as " +
+                                 kept + '\n';
+  for (const bool is_next : {true, false}) {
+    EXPECT_EQ(computer.Run({"accounts"}), 0);
+    EXPECT_EQ(computer.terminal.written.find(told_later) == 0, is_next)
+        << computer.terminal.written;
+  }
+}
+
+TEST(Sessions, EndACommandForWhichThereIsNoMemoryAndGoOn) {
+  Computer computer;
+  EXPECT_EQ(computer.Run({"account add name=Cash"}), 0);
+  computer.terminal.before_line = [&](std::size_t left) {
+    if (left == 3) computer.files.WhileWriting([] { throw std::bad_alloc(); });
+    if (left == 2) {
+      computer.files.WhileWriting([] { throw std::runtime_error("Too many open files"); });
+    }
+  };
+  const std::string save = "saveas /home/user/copy";
+  EXPECT_EQ(computer.Run({"select Cash", "- " + save, "- " + save, save}), 0);
+  EXPECT_EQ(computer.terminal.written,
+            "!error: line 2: there is not enough memory for this\n"
+            "!error: line 3: Too many open files\n");
+  EXPECT_TRUE(computer.files.Content("/home/user/copy"));
+}
+
+TEST(Sessions, SaveNothingWhenTheLaunchRunsOutOfMemory) {
+  Computer computer;
+  EXPECT_EQ(computer.Run({"account add name=Cash"}), 0);
+  const std::string file = "/home/user/Library/Tallyfold/Accounts.plist";
+  const auto before = computer.files.Content(file);
+  // The launch makes the first backup.
+  computer.files.WhileWriting([] { throw std::bad_alloc(); });
+  EXPECT_EQ(computer.Run({"- accounts", "account add name=More"}), 1);
+  EXPECT_EQ(computer.terminal.written, "!error: line 1: there is not enough memory for this\n");
+  EXPECT_EQ(computer.files.Content(file), before);
 }
 
 TEST(Sessions, TellAPersonOnceWhatHasFallenDue) {

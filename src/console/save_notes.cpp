@@ -1,0 +1,85 @@
+#include "console/save_notes.h"
+
+#include "app/controller.h"
+#include "console/printer.h"
+#include "storage/accounts_store.h"
+#include "storage/preferences_store.h"
+
+namespace tallyfold::console {
+namespace {
+
+// The file of which a copy was kept.
+std::string OriginalOf(const std::string& copy) {
+  return copy.substr(0, copy.rfind(".kept-"));
+}
+
+}  // namespace
+
+std::vector<std::string> UnsavedTexts(LDGRController& controller) {
+  const AccountsStore& accounts = controller.accountsStore();
+  const PreferencesStore& preferences = controller.preferencesStore();
+  std::vector<std::string> texts;
+  if (accounts.HasUnsavedChanges()) {
+    texts.push_back("the accounts could not be saved" + ReasonOf(accounts.Failure()));
+  }
+  // They change by themselves with what is shown: only a save that failed counts.
+  if (preferences.Failure()) {
+    texts.push_back("the preferences could not be saved" + ReasonOf(preferences.Failure()));
+  }
+  return texts;
+}
+
+std::string UnsavedText(LDGRController& controller) {
+  std::string joined;
+  for (const std::string& text : UnsavedTexts(controller)) {
+    joined += (joined.empty() ? "" : ", and ") + text;
+  }
+  return joined;
+}
+
+std::string ReasonOf(const std::optional<SaveFailure>& failure) {
+  return failure ? ": " + failure->Text() : std::string();
+}
+
+std::vector<std::string> LostTexts(LDGRController& controller) {
+  const std::string ending = " is lost, since a locked application writes nothing";
+  const AccountsStore& accounts = controller.accountsStore();
+  const PreferencesStore& preferences = controller.preferencesStore();
+  std::vector<std::string> texts;
+  if (accounts.HasUnsavedChanges()) {
+    texts.push_back("what changed in the accounts since they were saved" + ending +
+                    ReasonOf(accounts.Failure()));
+  }
+  if (preferences.Failure()) {
+    texts.push_back("what changed in the preferences since they were saved" + ending +
+                    ReasonOf(preferences.Failure()));
+  }
+  return texts;
+}
+
+void KeptNotes::TellEarlier() {
+  for (const auto* copies : {&controller_.accountsStore().EarlierCopiesOfOthers(),
+                             &controller_.preferencesStore().EarlierCopiesOfOthers()}) {
+    for (const std::string& copy : *copies) {
+      printer_.Note("When " + OriginalOf(copy) +
+                    " was saved the last time, someone else had changed it; what it held is kept "
+                    "as " +
+                    copy);
+    }
+  }
+}
+
+void KeptNotes::TellNew() {
+  const auto tell = [this](const std::vector<std::string>& copies, std::size_t& told) {
+    for (; told < copies.size(); ++told) {
+      printer_.Note(OriginalOf(copies[told]) +
+                    " had been changed by someone else before it was saved; what it held is kept "
+                    "as " +
+                    copies[told]);
+    }
+  };
+  tell(controller_.accountsStore().CopiesOfOthers(), accounts_told_);
+  tell(controller_.preferencesStore().CopiesOfOthers(), preferences_told_);
+}
+
+}  // namespace tallyfold::console

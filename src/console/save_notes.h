@@ -1,0 +1,48 @@
+#pragma once
+
+#include <cstddef>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "storage/save_failure.h"
+
+namespace tallyfold {
+class LDGRController;
+}
+
+namespace tallyfold::console {
+
+class Printer;
+
+// What a save that was just tried has left unsaved, and why: "the accounts could not be saved:
+// writing the new file: No space left on device". Empty when everything is on the disk.
+[[nodiscard]] std::vector<std::string> UnsavedTexts(LDGRController& controller);
+// The same in one line.
+[[nodiscard]] std::string UnsavedText(LDGRController& controller);
+// ": " and the reason; "" for none.
+[[nodiscard]] std::string ReasonOf(const std::optional<SaveFailure>& failure);
+
+// What the end of a locked application, which writes nothing, loses.
+[[nodiscard]] std::vector<std::string> LostTexts(LDGRController& controller);
+
+// Tells of copies that were kept of what someone else had written into the program's files.
+class KeptNotes {
+ public:
+  // Both must outlive this.
+  KeptNotes(LDGRController& controller, Printer& printer) noexcept
+      : controller_(controller), printer_(printer) {}
+
+  // Those of the run before.
+  void TellEarlier();
+  // Those that have not been told yet.
+  void TellNew();
+
+ private:
+  LDGRController& controller_;
+  Printer& printer_;
+  std::size_t accounts_told_ = 0;
+  std::size_t preferences_told_ = 0;
+};
+
+}  // namespace tallyfold::console
