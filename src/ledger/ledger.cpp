@@ -10,6 +10,14 @@ void Ledger::Note(const ChangeSet& set) noexcept {
   for (const AccountChanges& changes : set.accounts) changes.account->NoteChange(changes.kinds);
 }
 
+void Ledger::Record(const ChangeSet& set,
+                    const std::vector<RecoveryRecord::Carried>& carried) noexcept {
+  if (journal_ == nullptr || set.IsEmpty()) return;
+  journal_->Write([&](std::size_t most_bytes) {
+    return RecoveryRecord::Write(accounts_.accounts(), places_, set, carried, most_bytes);
+  });
+}
+
 void Ledger::Announce(const ChangeSet& set) {
   struct Announcing {
     explicit Announcing(bool& flag) : is_announcing(flag) { is_announcing = true; }
