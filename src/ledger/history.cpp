@@ -101,6 +101,7 @@ bool History::Carry(Steps& from, Steps& to, Way way) {
 void History::Clear() noexcept {
   done_.clear();
   undone_.clear();
+  ledger_.places_.Forget();
 }
 
 void History::MakeRoom(std::size_t parts, std::size_t companions, bool is_undoable) {

@@ -13,9 +13,11 @@ void Ledger::Note(const ChangeSet& set) noexcept {
 void Ledger::Record(const ChangeSet& set,
                     const std::vector<RecoveryRecord::Carried>& carried) noexcept {
   if (journal_ == nullptr || set.IsEmpty()) return;
-  journal_->Write([&](std::size_t most_bytes) {
+  const auto make = [&](std::size_t most_bytes) {
     return RecoveryRecord::Write(accounts_.accounts(), places_, set, carried, most_bytes);
-  });
+  };
+  // A reference to it needs no memory.
+  journal_->Write(std::ref(make));
 }
 
 void Ledger::Announce(const ChangeSet& set) {

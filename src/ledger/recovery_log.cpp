@@ -44,6 +44,11 @@ void RecoveryLog::Replay() {
     found_.outcome = Outcome::OtherFormat;
     return;
   }
+  const auto& records = contents->records;
+  if (std::all_of(records.begin(), records.end(), [](const auto& each) { return each.is_save; })) {
+    pending_ = Pending::Remove;
+    return;
+  }
   const std::optional<std::size_t> first = FirstLacking(*contents);
   if (!first) {
     found_.outcome = Outcome::OtherContent;
@@ -132,7 +137,12 @@ void RecoveryLog::LoseProtection() noexcept {
 }
 
 void RecoveryLog::Write(const MakeRecord& make) noexcept {
-  if (is_replaying_ || !writes_ || in_use_ || !is_protected_) return;
+  if (is_replaying_) return;
+  if (!writes_ || in_use_) {
+    holds_changes_ = false;
+    return;
+  }
+  if (!is_protected_) return;
   try {
     WriteOrSave(make);
   } catch (const std::exception&) {

@@ -69,9 +69,9 @@ class RecoveryLog final : private LedgerJournal, private AccountsStore::SaveWitn
   void Settle();
 
   [[nodiscard]] Protection protection() const noexcept;
-  // The log holds changes that the accounts file lacks: should the program end now without a save,
-  // they come back at the next launch.
-  [[nodiscard]] bool HoldsChanges() const noexcept { return holds_changes_; }
+  // The accounts file lacks changes and the log holds them all: should the program end now without
+  // a save, they come back at the next launch.
+  [[nodiscard]] bool HoldsChanges() const noexcept { return holds_changes_ && is_protected_; }
 
  private:
   // What is to become of the file that was found.

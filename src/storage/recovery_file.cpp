@@ -128,7 +128,8 @@ bool RecoveryFile::Begin(const std::optional<ContentMark>& builds_on) {
 }
 
 bool RecoveryFile::AppendRecord(char kind, std::string_view payload) {
-  if (!CutTorn()) return false;
+  // Without a header it is not ours to go on with.
+  if (size_ == 0 || !CutTorn()) return false;
   const std::string framed = Framed(kind, payload);
   if (file_->Append(framed)) {
     size_ += framed.size();

@@ -18,6 +18,7 @@ const std::string kLog = kFile + ".recovery";
 // One run of the program over files that outlive it.
 struct Launch : AccountsStore::Host {
   explicit Launch(FakeFileSystem& its_files, bool settles = true) : files(its_files) {
+    alerts.Answer("Update");
     EXPECT_TRUE(store.Accounts_Load());
     log.Replay();
     if (settles) log.Settle();
@@ -182,6 +183,13 @@ TEST_F(RecoveryTest, LosesNothingWhereverASaveStops) {
       {"a file", [](FakeFileSystem&) {}, [](Launch& run) { run.AddEntry(1); }},
       {"no file", [](FakeFileSystem& its) { its.Remove(kFile); }, kChanges[0]},
       {"no folder", [](FakeFileSystem& its) { its.Remove(kData); }, kChanges[0]},
+      {"an older file",
+       [](FakeFileSystem& its) {
+         std::string content = *its.Content(kFile);
+         content.replace(content.find("<integer>7<"), 11, "<integer>6<");
+         its.AddFile(kFile, content);
+       },
+       kChanges[2]},
       {"a password", [](FakeFileSystem&) {}, kChanges[5]},
       {"an account that will be locked", [](FakeFileSystem&) {}, kChanges[6]},
       {"an undone step", [](FakeFileSystem&) {},
@@ -314,6 +322,7 @@ TEST_F(RecoveryTest, MakesOneStepOrderedWhereAnyChangeWas) {
   EXPECT_TRUE(second->IsLocked()) << "the password is the one to be given";
   EXPECT_EQ(run.ledger.history().WhyNotUndo(), History::Refusal::Locked);
   second->Authenticate("own");
+  EXPECT_TRUE(run.store.HasUnsavedChanges());
   ASSERT_EQ(run.ledger.history().UndoLines().size(), 1U);
   EXPECT_EQ(run.ledger.history().UndoLines()[0].ordered_in, run.store.accounts());
   EXPECT_TRUE(run.ledger.history().Undo());
