@@ -130,6 +130,7 @@ struct LDGRController::Parts final : private AccountsStore::Host,
  private:
   // --- Accounts and their selection ---
   void ForgetSelectedAccount() override {
+    ledger.history().Clear();
     registers.ShowAccount(nullptr);
     schedules.ShowAccount(nullptr);
     search.Clear();

@@ -12,6 +12,7 @@ std::span<const Subject> AllSubjects() {
       {"Filters", FilterCommands()},
       {"Speech", SpeechCommands()},
       {"Entries", EntryCommands()},
+      {"Undo", UndoCommands()},
       {"Reconciling", ReconcileCommands()},
       {"Schedules", ScheduleCommands()},
       {"Reminder", ReminderCommands()},

@@ -28,6 +28,7 @@ namespace tallyfold::console {
 [[nodiscard]] std::span<const Command> StorageCommands();
 [[nodiscard]] std::span<const Command> SummaryCommands();
 [[nodiscard]] std::span<const Command> TypeCommands();
+[[nodiscard]] std::span<const Command> UndoCommands();
 [[nodiscard]] std::span<const Command> WindowCommands();
 
 }  // namespace tallyfold::console

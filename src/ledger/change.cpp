@@ -63,6 +63,19 @@ void Change::Touch(const AccountPointer& account) {
   touched_.push_back({account, AccountLists::BearingsOf(*account)});
 }
 
+void Change::CarryOut(std::unique_ptr<StepPart> part) {
+  MakeRoomForOne(parts_);
+  part->MakeRoom(Way::Forward);
+  parts_.push_back(std::move(part));
+  parts_.back()->Exchange(Way::Forward);
+}
+
+void Change::AlsoOrderedIn(const AccountPointer& account) {
+  if (std::find(ordered_in_.begin(), ordered_in_.end(), account) == ordered_in_.end()) {
+    ordered_in_.push_back(account);
+  }
+}
+
 bool Change::WasRemoved(const void* record) const noexcept {
   for (const Change* change = this; change != nullptr; change = change->outer_) {
     if (change->removed_.contains(record)) return true;
@@ -107,10 +120,8 @@ bool Change::RemoveRecord(const AccountPointer& account, const Record* record) {
   Touch(account);
   auto part = std::make_unique<ListPart<Record>>(account, false);
   part->rows().push_back({*place, list[*place]});
-  MakeRoomForOne(parts_);
   removed_.insert(record);
-  parts_.push_back(std::move(part));
-  parts_.back()->Exchange(Way::Forward);
+  CarryOut(std::move(part));
   return true;
 }
 
@@ -126,10 +137,8 @@ bool Change::Remove(const AccountPointer& account, const EntryList& entries) {
     if (wanted.contains(list[place].get())) part->rows().push_back({place, list[place]});
   }
   const bool all_there = part->rows().size() == wanted.size();
-  MakeRoomForOne(parts_);
   removed_.insert(wanted.begin(), wanted.end());
-  parts_.push_back(std::move(part));
-  parts_.back()->Exchange(Way::Forward);
+  CarryOut(std::move(part));
   return all_there;
 }
 
@@ -227,11 +236,7 @@ void Change::AddAccount(const AccountPointer& account) {
   if (!account) return;
   AccountsStore& store = ledger_.accounts();
   Touch(account);
-  auto part = std::make_unique<AccountListPart>(store, account, store.accounts().size(), true);
-  MakeRoomForOne(parts_);
-  part->MakeRoom(Way::Forward);
-  parts_.push_back(std::move(part));
-  parts_.back()->Exchange(Way::Forward);
+  CarryOut(std::make_unique<AccountListPart>(store, account, store.accounts().size(), true));
 }
 
 bool Change::RemoveAccount(const AccountPointer& account) {
@@ -241,9 +246,7 @@ bool Change::RemoveAccount(const AccountPointer& account) {
   if (!account || found == list.end()) return false;
   Touch(account);
   const auto place = static_cast<std::size_t>(found - list.begin());
-  MakeRoomForOne(parts_);
-  parts_.push_back(std::make_unique<AccountListPart>(store, account, place, false));
-  parts_.back()->Exchange(Way::Forward);
+  CarryOut(std::make_unique<AccountListPart>(store, account, place, false));
   return true;
 }
 
@@ -264,7 +267,7 @@ ChangeSet Change::Close() {
     End();
     return {};
   }
-  DropIdleEdits();
+  TidyEdits();
   ChangeSet named;
   if (undoable_ == Undoable::Yes) {
     named.name = name_;
@@ -289,21 +292,28 @@ ChangeSet Change::Close() {
   History& history = ledger_.history();
   history.MakeRoom(parts_.size(), companions_.size(), undoable_ == Undoable::Yes);
 
+  std::vector<RecoveryRecord::Carried> carried;
+  if (ledger_.journal_ != nullptr) {
+    for (const auto& part : parts_) carried.push_back({part.get(), Way::Forward});
+  }
+
   // From here on nothing fails.
   for (auto& part : parts_) {
     if (!part->IsSetting()) parts.push_back(std::move(part));
   }
   step->companions = std::move(companions_);
+  Ledger::Note(set);
+  // While the parts are still there, which the history may forget.
+  ledger_.Record(set, carried);
   if (!parts.empty() && !set.IsEmpty()) history.Take(std::move(step), undoable_ == Undoable::Yes);
   End();
-  Ledger::Note(set);
   if (!set.IsEmpty()) ledger_.Announce(set);
   return set;
 }
 
 void Change::HandOn() {
   Change& outer = *outer_;
-  DropIdleEdits();
+  TidyEdits();
   // All that can fail comes first. What it leaves with the outer change is true in any case.
   const std::size_t parts = outer.parts_.size() + parts_.size();
   if (parts > outer.parts_.capacity()) outer.parts_.reserve(std::max(parts, parts * 2));
@@ -337,7 +347,8 @@ void Change::HandOn() {
   }
 }
 
-void Change::DropIdleEdits() noexcept {
+void Change::TidyEdits() noexcept {
+  for (const auto& part : parts_) part->Tidy();
   std::erase_if(parts_, [](const auto& part) { return part->ChangedNothing(); });
 }
 

@@ -108,6 +108,9 @@ class [[nodiscard]] Change {
   ChangeSet Close();
 
  private:
+  friend class RecoveryLog;
+  friend class RecoveryRecord;
+
   enum class Undoable : bool { No, Yes };
   struct Touched {
     std::shared_ptr<LDGRAccount> account;
@@ -117,6 +120,9 @@ class [[nodiscard]] Change {
          Undoable undoable);
 
   void Touch(const std::shared_ptr<LDGRAccount>& account);
+  // Does what the part says on its way forward; nothing when it throws.
+  void CarryOut(std::unique_ptr<StepPart> part);
+  void AlsoOrderedIn(const std::shared_ptr<LDGRAccount>& account);
   template <typename Record>
   void AddRecord(const std::shared_ptr<LDGRAccount>& account, std::shared_ptr<Record> record);
   template <typename Record>
@@ -128,7 +134,8 @@ class [[nodiscard]] Change {
   void EditOnce(std::uintptr_t subject, Arguments&&... arguments);
   [[nodiscard]] bool WasRemoved(const void* record) const noexcept;
   void HandOn();
-  void DropIdleEdits() noexcept;
+  // Forgets edits that changed nothing.
+  void TidyEdits() noexcept;
   void RollBack() noexcept;
   void End() noexcept;
 

@@ -82,13 +82,18 @@ bool History::Carry(Steps& from, Steps& to, Way way) {
   // All that can fail comes first.
   ChangeSet set = WhatComesOf(step, way);
   InOrderOf(way, step.parts, [way](const auto& part) { part->MakeRoom(way); });
-  to.reserve(to.size() + 1);
+  if (to.size() == to.capacity()) to.reserve(to.size() * 2 + 8);
+  std::vector<RecoveryRecord::Carried> carried;
+  if (ledger_.journal_ != nullptr) {
+    InOrderOf(way, step.parts, [&](const auto& part) { carried.push_back({part.get(), way}); });
+  }
 
   InOrderOf(way, step.parts, [way](const auto& part) { part->Exchange(way); });
   InOrderOf(way, step.companions, [way](const auto& companion) { companion->Follow(way); });
   to.push_back(std::move(from.back()));
   from.pop_back();
   ledger_.Note(set);
+  ledger_.Record(set, carried);
   ledger_.Announce(set);
   return true;
 }
@@ -96,6 +101,7 @@ bool History::Carry(Steps& from, Steps& to, Way way) {
 void History::Clear() noexcept {
   done_.clear();
   undone_.clear();
+  ledger_.places_.Forget();
 }
 
 void History::MakeRoom(std::size_t parts, std::size_t companions, bool is_undoable) {

@@ -45,6 +45,25 @@ void TypesEdit::Tell(ChangeSetBuilder& builder, Way /*way*/) const {
   if (!ChangedNothing()) builder.Changed(account_, ChangeKind::Types);
 }
 
+std::unique_ptr<LDGRAccount> TypesEdit::Image() const {
+  const auto image_of = [this](const std::shared_ptr<LDGRAccountEntryType>& type) {
+    const auto found = std::find_if(types_.begin(), types_.end(),
+                                    [&type](const Type& each) { return each.type == type; });
+    return found != types_.end() ? found->image : type;
+  };
+  const auto images_of = [&image_of](const EntryTypeList& types) {
+    EntryTypeList images;
+    for (const auto& type : types) images.push_back(image_of(type));
+    return images;
+  };
+  auto image = lists_->ImageOf(AccountPart::Types);
+  image->SetInactiveTypes(images_of(lists_->GetInactiveTypes()));
+  image->SetTypes(images_of(lists_->GetTypes()));
+  image->SetDefaultDebitType(image_of(lists_->GetDefaultDebitType()));
+  image->SetDefaultDepositType(image_of(lists_->GetDefaultDepositType()));
+  return image;
+}
+
 bool TypesEdit::ChangedNothing() const {
   return account_->DifferenceIn(AccountPart::Types, *lists_).IsEmpty() &&
          std::all_of(types_.begin(), types_.end(),

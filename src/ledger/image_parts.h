@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "ledger/change_set_builder.h"
+#include "ledger/part_visitor.h"
 #include "ledger/record_traits.h"
 #include "ledger/step_part.h"
 #include "model/account.h"
@@ -38,11 +39,14 @@ class EditPart final : public StepPart {
 
   [[nodiscard]] const std::shared_ptr<LDGRAccount>& account() const noexcept { return account_; }
   [[nodiscard]] const std::shared_ptr<Record>& record() const noexcept { return record_; }
+  // What would be put back.
+  [[nodiscard]] const Record& image() const noexcept { return *image_; }
 
   void Exchange(Way /*way*/) noexcept override { Traits::Exchange(*record_, *image_); }
   void Tell(ChangeSetBuilder& builder, Way /*way*/) const override {
     builder.Changed(account_, record_, Traits::Difference(*record_, *image_));
   }
+  void Accept(PartVisitor& visitor, Way /*way*/) const override { visitor.Visit(*this); }
   [[nodiscard]] std::uintptr_t Subject() const noexcept override {
     return SubjectOf(record_.get());
   }
@@ -66,9 +70,12 @@ class AccountPartEdit final : public StepPart {
 
   [[nodiscard]] const std::shared_ptr<LDGRAccount>& account() const noexcept { return account_; }
   [[nodiscard]] AccountPart part() const noexcept { return part_; }
+  // What would be put back.
+  [[nodiscard]] const LDGRAccount& image() const noexcept { return *image_; }
 
   void Exchange(Way way) noexcept override;
   void Tell(ChangeSetBuilder& builder, Way way) const override;
+  void Accept(PartVisitor& visitor, Way /*way*/) const override { visitor.Visit(*this); }
   [[nodiscard]] std::uintptr_t Subject() const noexcept override {
     return SubjectOf(account_.get(), part_);
   }
@@ -88,9 +95,13 @@ class TypesEdit final : public StepPart {
   explicit TypesEdit(std::shared_ptr<LDGRAccount> account);
 
   [[nodiscard]] const std::shared_ptr<LDGRAccount>& account() const noexcept { return account_; }
+  // An account with the types that would be put back, and nothing else.
+  [[nodiscard]] std::unique_ptr<LDGRAccount> Image() const;
 
   void Exchange(Way way) noexcept override;
+  void Tidy() noexcept override { AccountLists::SortTypes(*account_); }
   void Tell(ChangeSetBuilder& builder, Way way) const override;
+  void Accept(PartVisitor& visitor, Way /*way*/) const override { visitor.Visit(*this); }
   [[nodiscard]] std::uintptr_t Subject() const noexcept override {
     return SubjectOf(account_.get(), AccountPart::Types);
   }
@@ -118,11 +129,13 @@ class AccountListPart final : public StepPart {
 
   [[nodiscard]] const std::shared_ptr<LDGRAccount>& account() const noexcept { return account_; }
   [[nodiscard]] std::size_t place() const noexcept { return place_; }
-  [[nodiscard]] bool Inserts() const noexcept { return inserts_; }
 
   void MakeRoom(Way way) override;
   void Exchange(Way way) noexcept override;
   void Tell(ChangeSetBuilder& builder, Way way) const override;
+  void Accept(PartVisitor& visitor, Way way) const override {
+    visitor.Visit(*this, inserts_ == (way == Way::Forward));
+  }
   [[nodiscard]] std::size_t MemorySize() const override;
 
  private:
@@ -137,8 +150,13 @@ class PasswordEdit final : public StepPart {
  public:
   explicit PasswordEdit(AccountsStore& accounts);
 
+  // What would be put back, and what there is.
+  [[nodiscard]] const std::string& image() const noexcept { return image_; }
+  [[nodiscard]] const std::string& present() const noexcept { return accounts_.password(); }
+
   void Exchange(Way way) noexcept override;
   void Tell(ChangeSetBuilder& builder, Way way) const override;
+  void Accept(PartVisitor& visitor, Way /*way*/) const override { visitor.Visit(*this); }
   [[nodiscard]] std::uintptr_t Subject() const noexcept override { return SubjectOf(&accounts_); }
   [[nodiscard]] bool ChangedNothing() const override;
   [[nodiscard]] bool IsSetting() const noexcept override { return true; }

@@ -10,6 +10,16 @@ void Ledger::Note(const ChangeSet& set) noexcept {
   for (const AccountChanges& changes : set.accounts) changes.account->NoteChange(changes.kinds);
 }
 
+void Ledger::Record(const ChangeSet& set,
+                    const std::vector<RecoveryRecord::Carried>& carried) noexcept {
+  if (journal_ == nullptr || set.IsEmpty()) return;
+  const auto make = [&](std::size_t most_bytes) {
+    return RecoveryRecord::Write(accounts_.accounts(), places_, set, carried, most_bytes);
+  };
+  // A reference to it needs no memory.
+  journal_->Write(std::ref(make));
+}
+
 void Ledger::Announce(const ChangeSet& set) {
   struct Announcing {
     explicit Announcing(bool& flag) : is_announcing(flag) { is_announcing = true; }

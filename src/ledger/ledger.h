@@ -1,10 +1,15 @@
 #pragma once
 
+#include <cstddef>
+#include <functional>
+#include <optional>
+#include <string>
 #include <vector>
 
 #include "ledger/change_set.h"
 #include "ledger/entry_places.h"
 #include "ledger/history.h"
+#include "ledger/recovery_record.h"
 #include "storage/accounts_store.h"
 
 namespace tallyfold {
@@ -17,6 +22,16 @@ class LedgerListener {
   virtual ~LedgerListener() = default;
   // All is changed and noted. States may be asked, nothing may be changed.
   virtual void LedgerChanged(const ChangeSet& set) = 0;
+};
+
+// Keeps a record of every change before anybody hears of it.
+class LedgerJournal {
+ public:
+  virtual ~LedgerJournal() = default;
+  // `make` makes the record, as long as it has at most so many bytes; none when it would be longer.
+  // Nothing is thrown: whatever comes of it, the change stands.
+  using MakeRecord = std::function<std::optional<std::string>(std::size_t most_bytes)>;
+  virtual void Write(const MakeRecord& make) noexcept = 0;
 };
 
 // The one door for changes of what the accounts file holds: who wants to change something opens a
@@ -36,6 +51,8 @@ class Ledger {
   // In the order in which they were added. A listener is removed before it ends.
   void AddListener(LedgerListener& listener) { listeners_.push_back(&listener); }
   void RemoveListener(const LedgerListener& listener) noexcept;
+  // Null for none. It outlives the ledger or is taken away.
+  void SetJournal(LedgerJournal* journal) noexcept { journal_ = journal; }
 
   // A change is open, or listeners are hearing of one.
   [[nodiscard]] bool IsBusy() const noexcept { return open_ != nullptr || is_announcing_; }
@@ -46,12 +63,14 @@ class Ledger {
 
   // Each account in the set notes once what changed in it.
   static void Note(const ChangeSet& set) noexcept;
+  void Record(const ChangeSet& set, const std::vector<RecoveryRecord::Carried>& carried) noexcept;
   void Announce(const ChangeSet& set);
 
   AccountsStore& accounts_;
   History history_{*this};
   EntryPlaces places_;
   std::vector<LedgerListener*> listeners_;
+  LedgerJournal* journal_ = nullptr;
   // The innermost.
   Change* open_ = nullptr;
   bool is_announcing_ = false;

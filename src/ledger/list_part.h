@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "ledger/change_set_builder.h"
+#include "ledger/part_visitor.h"
 #include "ledger/record_traits.h"
 #include "ledger/step_part.h"
 
@@ -57,6 +58,10 @@ class ListPart final : public StepPart {
         builder.Went(account_, row.record);
       }
     }
+  }
+
+  void Accept(PartVisitor& visitor, Way way) const override {
+    visitor.Visit(*this, InsertsOn(way));
   }
 
   [[nodiscard]] std::size_t MemorySize() const override {

@@ -2,6 +2,7 @@
 
 #include <cstddef>
 #include <memory>
+#include <string_view>
 #include <vector>
 
 #include "ledger/change_set.h"
@@ -35,6 +36,18 @@ struct RecordTraits<LDGRAccountEntry> {
   static std::size_t MemorySize(const LDGRAccountEntry& entry) noexcept {
     return entry.MemorySize();
   }
+  // The key of the list in the dictionary form of an account, and the form of a record.
+  static constexpr std::string_view kKey = "entries";
+  static void Write(const LDGRAccountEntry& record, plist::Output& output) {
+    record.WriteTo(output);
+  }
+  // The form by which a record is known again.
+  static void WriteToCompare(const LDGRAccountEntry& record, plist::Output& output) {
+    record.WriteTo(output);
+  }
+  static std::shared_ptr<LDGRAccountEntry> Make(const plist::Dictionary& form) {
+    return std::make_shared<LDGRAccountEntry>(form);
+  }
 };
 
 template <>
@@ -59,6 +72,18 @@ struct RecordTraits<LDGRAccountSchedule> {
   static void SetOwner(LDGRAccountSchedule& /*schedule*/, LDGRAccount* /*account*/) noexcept {}
   static std::size_t MemorySize(const LDGRAccountSchedule& schedule) noexcept {
     return schedule.MemorySize();
+  }
+  // The key of the list in the dictionary form of an account, and the form of a record.
+  static constexpr std::string_view kKey = "schedules";
+  static void Write(const LDGRAccountSchedule& record, plist::Output& output) {
+    record.WriteTo(output);
+  }
+  // The form by which a record is known again.
+  static void WriteToCompare(const LDGRAccountSchedule& record, plist::Output& output) {
+    record.WriteTo(output);
+  }
+  static std::shared_ptr<LDGRAccountSchedule> Make(const plist::Dictionary& form) {
+    return std::make_shared<LDGRAccountSchedule>(form);
   }
 };
 
@@ -86,6 +111,18 @@ struct RecordTraits<LDGRAccountSummary> {
   }
   static std::size_t MemorySize(const LDGRAccountSummary& summary) noexcept {
     return SummaryRecords::MemorySize(summary);
+  }
+  // The key of the list in the dictionary form of an account, and the form of a record.
+  static constexpr std::string_view kKey = "accountSummaries";
+  static void Write(const LDGRAccountSummary& record, plist::Output& output) {
+    SummaryRecords::Write(record, output);
+  }
+  // The form by which a record is known again.
+  static void WriteToCompare(const LDGRAccountSummary& record, plist::Output& output) {
+    SummaryRecords::WriteWithoutDays(record, output);
+  }
+  static std::shared_ptr<LDGRAccountSummary> Make(const plist::Dictionary& form) {
+    return SummaryRecords::Make(form);
   }
 };
 

@@ -6,6 +6,7 @@
 namespace tallyfold {
 
 class ChangeSetBuilder;
+class PartVisitor;
 
 // Which way a part is carried out: as it was ordered, or back again.
 enum class Way : std::uint8_t { Forward, Back };
@@ -24,9 +25,13 @@ class StepPart {
   // memory.
   virtual void MakeRoom(Way /*way*/) {}
   virtual void Exchange(Way way) noexcept = 0;
+  // Puts in order what setters left out of it; called once, when the change ends.
+  virtual void Tidy() noexcept {}
   // Says what Exchange() that way changes; called before it. For a part just carried out, what it
   // changed.
   virtual void Tell(ChangeSetBuilder& builder, Way way) const = 0;
+  // Shows itself as what it is.
+  virtual void Accept(PartVisitor& visitor, Way way) const = 0;
   // What an edit keeps an image of, as a number of its own; 0 for what is no edit.
   [[nodiscard]] virtual std::uintptr_t Subject() const noexcept { return 0; }
   // An edit after which all is as it was.

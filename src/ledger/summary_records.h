@@ -26,6 +26,8 @@ class SummaryRecords {
   [[nodiscard]] static std::size_t MemorySize(const LDGRAccountSummary& summary) noexcept;
 
   static void Write(const LDGRAccountSummary& summary, plist::Output& output);
+  // The same without the days, which may move by merely looking at the summary.
+  static void WriteWithoutDays(const LDGRAccountSummary& summary, plist::Output& output);
   [[nodiscard]] static std::shared_ptr<LDGRAccountSummary> Make(const plist::Dictionary& options);
 };
 

@@ -39,6 +39,12 @@ class AccountLists {
     account.authenticated_ = bearings.authenticated;
     account.selected_account_summary_ = bearings.selected_summary;
   }
+  // Active types are kept sorted by name, also when names change.
+  static void SortTypes(LDGRAccount& account) noexcept;
+  // Raises the count of entry numbers to `count`, never lowers it.
+  static void CountUpTo(LDGRAccount& account, std::int32_t count) noexcept {
+    if (count > account.number_count_) account.number_count_ = count;
+  }
   // The selected summary is one of the list, the first unless it is already.
   static void SelectSummaryOfList(LDGRAccount& account) noexcept;
 };

@@ -2,6 +2,7 @@
 #include <iterator>
 
 #include "model/account.h"
+#include "model/account_lists.h"
 #include "platform/ambient.h"
 
 namespace tallyfold {
@@ -76,6 +77,10 @@ void LDGRAccount::SetTypes(EntryTypeList types) {
   types_ = std::move(types);
   DropForeignDefaultTypes();
   NoteChange(ChangeKind::Types);
+}
+
+void AccountLists::SortTypes(LDGRAccount& account) noexcept {
+  std::stable_sort(account.types_.begin(), account.types_.end(), ComesBefore);
 }
 
 void LDGRAccount::SetInactiveTypes(EntryTypeList types) {

@@ -116,6 +116,13 @@ enum class LockResult : std::uint8_t {
   Unavailable,  // the folder is missing or cannot be locked
 };
 
+class AppendedFile;  // platform/appended_file.h
+
+enum class AppendedFileStart : std::uint8_t {
+  Existing,  // the file that is there
+  New,       // a new one, readable and writable by the owner alone, where nothing is yet
+};
+
 // Files and folders. Paths are absolute. No operation throws; failures come back as none or false.
 class FileSystem {
  public:
@@ -164,6 +171,11 @@ class FileSystem {
   // `lock` is set when the result is Held.
   [[nodiscard]] virtual LockResult LockFolder(const std::string& folder,
                                               std::unique_ptr<FolderLock>& lock) = 0;
+
+  // Opens and locks a regular file that grows by records; links are not followed. `file` is set
+  // when the result is Held; Unavailable also where there is no such file, or none can be made.
+  [[nodiscard]] virtual LockResult OpenAppended(const std::string& path, AppendedFileStart start,
+                                                std::unique_ptr<AppendedFile>& file) = 0;
 
   WriteReport WriteAtomically(const std::string& path, const WriteTerms& terms,
                               std::string_view content) {

@@ -153,7 +153,9 @@ bool AccountsStore::Load() {
   services_.files.AddPermissions(paths_.data_folder, kOwnerAll);
   services_.files.AddPermissions(paths_.accounts_file, kOwnerAll);
 
-  if (std::optional<plist::Dictionary> dictionary = file_.Read()) {
+  std::optional<plist::Dictionary> dictionary = file_.Read();
+  file_content_ = file_.ContentRead();
+  if (dictionary) {
     if (!Accounts_HandleModifiedByNewerTallyfold(dictionary)) return false;
     if (!Accounts_HandleWillBeUpgradedByTallyfold(dictionary)) return false;
     Accounts_Backup(*dictionary);
@@ -275,8 +277,7 @@ void AccountsStore::Accounts_Backup(const plist::Dictionary& dictionary) {
 
 // --- Saving -------------------------------------------------------------------------------------
 
-bool AccountsStore::Accounts_Save() {
-  if (!gate_.IsOpen() || !accounts_) return false;
+bool AccountsStore::PrepareDataFolder() {
   if (!EnsureFolder(services_.files, paths_.data_folder,
                     "~/Library/Tallyfold/ exists, but it's a file instead of a folder.  Tallyfold "
                     "is unable to save your Accounts")) {
@@ -284,6 +285,12 @@ bool AccountsStore::Accounts_Save() {
     return false;
   }
   lock_.AcquireLate();
+  return true;
+}
+
+bool AccountsStore::Accounts_Save() {
+  if (!gate_.IsOpen() || !accounts_) return false;
+  if (!PrepareDataFolder()) return false;
   return Accounts_SaveToFilePath(paths_.accounts_file);
 }
 
@@ -296,6 +303,7 @@ bool AccountsStore::Accounts_SaveToFilePath(const std::optional<std::string>& pa
     if (!failure) {
       saved_ = CurrentSnapshot();
       holds_unsaved_types_ = false;
+      if (witness_ != nullptr) witness_->Replaced();
     }
   }
   return !failure;
@@ -315,13 +323,21 @@ std::optional<SaveFailure> AccountsStore::WriteFile(const std::string& path,
   }
   files.AddPermissions(parent, kOwnerAll);
   files.AddPermissions(path, kOwnerAll);
-  const auto produce = [this](ByteSink& sink) {
-    plist::XmlWriter writer([&sink](std::string_view block) { sink.Append(block); });
+  ContentMark content;
+  const auto produce = [&](ByteSink& sink) {
+    ContentMarker marker;
+    plist::XmlWriter writer([&](std::string_view block) {
+      sink.Append(block);
+      marker.Add(block);
+    });
     WriteTo(writer);
     writer.Finish();
+    content = marker.Mark();
+    if (is_accounts_file && witness_ != nullptr) witness_->WillReplace(content);
   };
   if (is_accounts_file) {
     if (!file_.Replace(produce)) return file_.Failure();
+    file_content_ = content;
   } else if (const WriteReport report = files.WriteAtomically(path, WriteTerms{}, produce);
              !report) {
     return SaveFailureOf(*report.failure);

@@ -15,6 +15,7 @@
 #include "plist/output.h"
 #include "plist/value.h"
 #include "storage/backups.h"
+#include "storage/content_mark.h"
 #include "storage/data_folder_lock.h"
 #include "storage/data_paths.h"
 #include "storage/file_guard.h"
@@ -43,6 +44,16 @@ class AccountsStore {
     Unreadable,  // the backup is missing or holds no accounts that this version can read
     Failed,      // the application is locked, or what there is could not be saved and kept
     Ended,       // the program ends, as when Accounts_Load() returns false
+  };
+
+  // Is told of saves to the accounts file, not of those to any other.
+  class SaveWitness {
+   public:
+    virtual ~SaveWitness() = default;
+    // The file is about to be replaced by one of that content, which may still fail.
+    virtual void WillReplace(const ContentMark& content) = 0;
+    // It was, and holds all that is in memory.
+    virtual void Replaced() = 0;
   };
 
   // How much a backup holds.
@@ -108,6 +119,16 @@ class AccountsStore {
   [[nodiscard]] bool Accounts_Load();
   // Both false when nothing was written, for whatever reason.
   bool Accounts_Save();
+  // Makes the folder of the accounts file and takes the lock on it, as a save does first. False
+  // when that folder cannot be.
+  bool PrepareDataFolder();
+  // None for none. It outlives the store or is taken away.
+  void SetSaveWitness(SaveWitness* witness) noexcept { witness_ = witness; }
+  // The content of the accounts file as it was last loaded or saved; none when there was no file,
+  // the empty mark when it could not be read.
+  [[nodiscard]] const std::optional<ContentMark>& FileContent() const noexcept {
+    return file_content_;
+  }
   // To any file in the same form; none does nothing. A path that leads to the accounts file,
   // however it is written, is a save to that.
   bool Accounts_SaveToFilePath(const std::optional<std::string>& path);
@@ -202,6 +223,8 @@ class AccountsStore {
   bool holds_unsaved_types_ = false;
   std::optional<SaveFailure> save_failure_;
   std::optional<SaveFailure> restore_failure_;
+  std::optional<ContentMark> file_content_;
+  SaveWitness* witness_ = nullptr;
 };
 
 }  // namespace tallyfold

@@ -61,6 +61,8 @@ std::optional<plist::Dictionary> FileGuard::Read() {
   // Taken before reading: a change during the read then shows as one since.
   known_ = files_.Identity(path_);
   std::optional<FileContents> contents = files_.Read(path_);
+  content_.reset();
+  if (known_) content_ = contents ? MarkOf(contents->view()) : ContentMark();
   if (!contents) {
     if (known_) NotTakenInWhole("The file cannot be read.");
     return std::nullopt;

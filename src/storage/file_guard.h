@@ -8,6 +8,7 @@
 #include "platform/file_system.h"
 #include "plist/value.h"
 #include "storage/content_checksum.h"
+#include "storage/content_mark.h"
 #include "storage/save_failure.h"
 
 namespace tallyfold {
@@ -35,6 +36,9 @@ class FileGuard {
   // The file as a property-list dictionary; none when it is missing or holds something else. From
   // here on the file counts as known and, unless it cannot be read, as taken in whole.
   [[nodiscard]] std::optional<plist::Dictionary> Read();
+  // What stood in the file when it was read; none when there was none, the empty mark when it could
+  // not be read.
+  [[nodiscard]] const std::optional<ContentMark>& ContentRead() const noexcept { return content_; }
   // Says that what was read is not all in memory. `reason` is a key of the localizer.
   void NotTakenInWhole(std::string_view reason);
 
@@ -77,6 +81,7 @@ class FileGuard {
   std::optional<FileIdentity> known_;
   // Of its content; none for one that cannot be read.
   std::optional<ContentChecksum> known_content_;
+  std::optional<ContentMark> content_;
   std::optional<FileSetAside> set_aside_;
   // The file set aside has not been copied yet.
   bool must_keep_ = false;

@@ -38,6 +38,13 @@ void SummaryRecords::Write(const LDGRAccountSummary& summary, plist::Output& out
   summary.WriteTo(output);
 }
 
+void SummaryRecords::WriteWithoutDays(const LDGRAccountSummary& summary, plist::Output& output) {
+  const auto image = Image(summary);
+  image->setStartDate(0);
+  image->setEndDate(0);
+  image->WriteTo(output);
+}
+
 std::shared_ptr<LDGRAccountSummary> SummaryRecords::Make(const plist::Dictionary& options) {
   return std::make_shared<LDGRAccountSummary>(options, nullptr);
 }

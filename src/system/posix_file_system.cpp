@@ -16,6 +16,7 @@
 #include <utility>
 
 #include "system/descriptor.h"
+#include "system/posix_appended_file.h"
 #include "system/regular_file.h"
 
 namespace tallyfold {
@@ -156,6 +157,11 @@ void PosixFileSystem::RemoveTemporaries(const std::string& folder) {
   for (const std::string& name : List(folder)) {
     if (name.starts_with(kTemporaryPrefix)) ::unlink((folder + '/' + name).c_str());
   }
+}
+
+LockResult PosixFileSystem::OpenAppended(const std::string& path, AppendedFileStart start,
+                                         std::unique_ptr<AppendedFile>& file) {
+  return OpenPosixAppendedFile(path, start, file);
 }
 
 LockResult PosixFileSystem::LockFolder(const std::string& folder,

@@ -39,6 +39,8 @@ class PosixFileSystem final : public FileSystem {
   void RemoveTemporaries(const std::string& folder) override;
   [[nodiscard]] LockResult LockFolder(const std::string& folder,
                                       std::unique_ptr<FolderLock>& lock) override;
+  [[nodiscard]] LockResult OpenAppended(const std::string& path, AppendedFileStart start,
+                                        std::unique_ptr<AppendedFile>& file) override;
 
  private:
   std::unique_ptr<FileCalls> calls_;

@@ -18,6 +18,7 @@
 #include "fakes/fake_ambient.h"
 #include "fakes/fake_services.h"
 #include "fakes/temporary_folder.h"
+#include "platform/appended_file.h"
 #include "platform/notification_center.h"
 #include "platform/terminal.h"
 #include "system/iconv_encodings.h"
@@ -111,6 +112,10 @@ class TranscriptFiles final : public FileSystem {
   void RemoveTemporaries(const std::string& folder) override { files_.RemoveTemporaries(folder); }
   LockResult LockFolder(const std::string& folder, std::unique_ptr<FolderLock>& lock) override {
     return files_.LockFolder(folder, lock);
+  }
+  LockResult OpenAppended(const std::string& path, AppendedFileStart start,
+                          std::unique_ptr<AppendedFile>& file) override {
+    return files_.OpenAppended(path, start, file);
   }
 
  private:

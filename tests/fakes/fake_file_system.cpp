@@ -59,6 +59,70 @@ class FakeFileSystem::Lock final : public FolderLock {
   std::string folder_;
 };
 
+// Each makes the change that it reports to have made, and nothing when it fails.
+class FakeFileSystem::Appended final : public AppendedFile {
+ public:
+  Appended(FakeFileSystem& files, std::string path)
+      : files_(files), lock_(files.locked_, path), path_(std::move(path)) {}
+
+  std::optional<FileContents> Read() const override { return files_.Read(path_); }
+  bool Append(std::string_view bytes) override {
+    Node* node = Find();
+    if (node == nullptr) return false;
+    const bool written = files_.StepSucceeds();
+    node->content += bytes.substr(0, written ? bytes.size() : bytes.size() / 2);
+    return written && files_.StepSucceeds();
+  }
+  bool CutTo(std::uint64_t size) override {
+    Node* node = Find();
+    if (node == nullptr || !files_.StepSucceeds()) return false;
+    node->content.resize(static_cast<std::size_t>(size));
+    return true;
+  }
+  bool Remove() override {
+    return Find() != nullptr && files_.StepSucceeds() && files_.nodes_.erase(path_) != 0;
+  }
+  bool RenameTo(const std::string& path) override {
+    if (Find() == nullptr || files_.Exists(path) || !files_.StepSucceeds()) return false;
+    auto node = files_.nodes_.extract(path_);
+    node.key() = path;
+    files_.nodes_.insert(std::move(node));
+    path_ = path;
+    return true;
+  }
+
+ private:
+  // Null when the file cannot be written.
+  [[nodiscard]] Node* Find() {
+    const auto found = files_.nodes_.find(path_);
+    const bool fails = found == files_.nodes_.end() || files_.failing_paths_.contains(path_);
+    return fails ? nullptr : &found->second;
+  }
+
+  FakeFileSystem& files_;
+  Lock lock_;
+  std::string path_;
+};
+
+LockResult FakeFileSystem::OpenAppended(const std::string& path, AppendedFileStart start,
+                                        std::unique_ptr<AppendedFile>& file) {
+  const Node* node = Find(path);
+  if (start == AppendedFileStart::New) {
+    if (node != nullptr || failing_paths_.contains(path) || !IsWritable(FolderOf(path)) ||
+        !StepSucceeds()) {
+      return LockResult::Unavailable;
+    }
+    nodes_[path] = MakeNode(Kind::File, "", 0600);
+  } else if (node == nullptr || node->kind != Kind::File) {
+    return LockResult::Unavailable;
+  }
+  if (locked_by_other_.contains(path) || !locked_->insert(path).second) {
+    return LockResult::HeldByOther;
+  }
+  file = std::make_unique<Appended>(*this, path);
+  return LockResult::Held;
+}
+
 FakeFileSystem::FakeFileSystem() : locked_(std::make_shared<std::set<std::string>>()) {
   nodes_["/"] = MakeNode(Kind::Folder, "", 0755);
   AddFolder(HomeFolder());

@@ -11,6 +11,7 @@
 #include <utility>
 #include <vector>
 
+#include "platform/appended_file.h"
 #include "platform/file_system.h"
 
 namespace tallyfold {
@@ -41,6 +42,8 @@ class FakeFileSystem final : public FileSystem {
   void RemoveTemporaries(const std::string& folder) override;
   [[nodiscard]] LockResult LockFolder(const std::string& folder,
                                       std::unique_ptr<FolderLock>& lock) override;
+  [[nodiscard]] LockResult OpenAppended(const std::string& path, AppendedFileStart start,
+                                        std::unique_ptr<AppendedFile>& file) override;
 
   // What a test puts there, behind the back of the code under test. Missing folders are made.
   void AddFile(const std::string& path, std::string_view content, unsigned mode = 0600);
@@ -48,8 +51,8 @@ class FakeFileSystem final : public FileSystem {
   // Something that exists and is neither a file nor a folder, such as a pipe.
   void AddPipe(const std::string& path);
   void SetCreationTime(const std::string& path, Instant time);
-  // As if another running copy had locked it.
-  void LockByOther(const std::string& folder) { locked_by_other_.insert(folder); }
+  // As if another running copy had locked it; a folder, or a file that is appended to.
+  void LockByOther(const std::string& path) { locked_by_other_.insert(path); }
 
   // What happens once, in the middle of the next write: its content is on the disk, and not yet in
   // its place.
@@ -72,7 +75,8 @@ class FakeFileSystem final : public FileSystem {
   void StopFailingOn(const std::string& path) { failing_paths_.erase(path); }
   // The `step`th step from now fails (1 is the next one). A read is one step, making a folder
   // another; an atomic write has these: make the temporary file, write, sync, rename, sync the
-  // folder, and after a failure remove what was made.
+  // folder, and after a failure remove what was made. Of a file that is appended to each operation
+  // is a step, and appending two: write (which leaves half of it when it fails) and sync.
   void FailAtStep(std::size_t step, Failing failing);
   void StopFailing();
   // The number of steps taken since the last call of FailAtStep or StopFailing.
@@ -89,6 +93,7 @@ class FakeFileSystem final : public FileSystem {
     Instant created{};
   };
   class Lock;
+  class Appended;
 
   [[nodiscard]] const Node* Find(const std::string& path) const;
   [[nodiscard]] bool StepSucceeds() const;

@@ -11,19 +11,32 @@ bool has_failed = false;
 
 }  // namespace
 
-void* operator new(std::size_t size) {
+// All forms, so that whatever is taken by one of ours is given back by one of ours.
+void* operator new(std::size_t size, const std::nothrow_t& /*nothrow*/) noexcept {
   if (successes_left == 0) {
     has_failed = true;
-    throw std::bad_alloc();
+    return nullptr;
   }
   if (successes_left > 0) --successes_left;
-  if (void* memory = std::malloc(size == 0 ? 1 : size)) return memory;
+  return std::malloc(size == 0 ? 1 : size);
+}
+void* operator new(std::size_t size) {
+  if (void* memory = operator new(size, std::nothrow)) return memory;
   throw std::bad_alloc();
+}
+void* operator new[](std::size_t size) {
+  return operator new(size);
 }
 void operator delete(void* memory) noexcept {
   std::free(memory);
 }
 void operator delete(void* memory, std::size_t /*size*/) noexcept {
+  std::free(memory);
+}
+void operator delete[](void* memory) noexcept {
+  std::free(memory);
+}
+void operator delete[](void* memory, std::size_t /*size*/) noexcept {
   std::free(memory);
 }
 

@@ -1,6 +1,8 @@
 #include <fcntl.h>
 #include <gtest/gtest.h>
+#include <stdio.h>
 #include <sys/stat.h>
+#include <unistd.h>
 
 #include <algorithm>
 #include <memory>
@@ -9,6 +11,7 @@
 
 #include "fakes/fake_file_system.h"
 #include "fakes/temporary_folder.h"
+#include "platform/appended_file.h"
 #include "system/posix_file_system.h"
 #include "system/system_clock.h"
 
@@ -142,6 +145,57 @@ TYPED_TEST(FileSystems, LockAFolderOnce) {
   EXPECT_EQ(SortedList(files, root), std::vector<std::string>{});
   first.reset();
   EXPECT_EQ(files.LockFolder(root, second), LockResult::Held);
+}
+
+TYPED_TEST(FileSystems, AppendToAFileThatNobodyElseHas) {
+  FileSystem& files = this->its_.files;
+  const std::string path = this->its_.root + "/log";
+  std::unique_ptr<AppendedFile> file;
+  std::unique_ptr<AppendedFile> other;
+  EXPECT_EQ(files.OpenAppended(path, AppendedFileStart::Existing, file), LockResult::Unavailable);
+  EXPECT_EQ(files.OpenAppended(this->its_.root + "/missing/log", AppendedFileStart::New, file),
+            LockResult::Unavailable);
+  ASSERT_EQ(files.OpenAppended(path, AppendedFileStart::New, file), LockResult::Held);
+  EXPECT_EQ(files.OpenAppended(path, AppendedFileStart::New, other), LockResult::Unavailable);
+  EXPECT_EQ(files.OpenAppended(path, AppendedFileStart::Existing, other), LockResult::HeldByOther);
+  EXPECT_TRUE(file->Append("one"));
+  EXPECT_TRUE(file->Append("two"));
+  EXPECT_TRUE(file->CutTo(4));
+  EXPECT_TRUE(file->Append("x"));
+  EXPECT_EQ(file->Read()->view(), "onetx");
+  file.reset();
+  ASSERT_EQ(files.OpenAppended(path, AppendedFileStart::Existing, file), LockResult::Held);
+  EXPECT_TRUE(file->Append("!"));
+  ASSERT_TRUE(files.WriteAtomically(path + "-2", NewFileMode::Private, "mine"));
+  EXPECT_FALSE(file->RenameTo(path + "-2")) << "that name is taken";
+  EXPECT_TRUE(file->RenameTo(path + "-3"));
+  EXPECT_EQ(Text(files, path + "-2"), "mine");
+  EXPECT_EQ(Text(files, path + "-3"), "onetx!");
+  EXPECT_TRUE(file->Remove());
+  EXPECT_FALSE(file->Remove());
+  EXPECT_EQ(SortedList(files, this->its_.root), std::vector<std::string>{"log-2"});
+}
+
+TEST(PosixFileSystem, AppendsToNothingButItsOwnPrivateFile) {
+  const TemporaryFolder folder;
+  PosixFileSystem files;
+  ASSERT_TRUE(files.WriteAtomically(folder / "target", NewFileMode::Private, "text"));
+  ASSERT_EQ(symlink((folder / "target").c_str(), (folder / "link").c_str()), 0);
+  ASSERT_EQ(mkfifo((folder / "pipe").c_str(), 0600), 0);
+  std::unique_ptr<AppendedFile> file;
+  for (const char* name : {"link", "pipe", ""}) {
+    for (const auto start : {AppendedFileStart::Existing, AppendedFileStart::New}) {
+      EXPECT_EQ(files.OpenAppended(folder / name, start, file), LockResult::Unavailable) << name;
+    }
+  }
+  ASSERT_EQ(files.OpenAppended(folder / "log", AppendedFileStart::New, file), LockResult::Held);
+  struct stat status = {};
+  ASSERT_EQ(stat((folder / "log").c_str(), &status), 0);
+  EXPECT_EQ(status.st_mode & 07777, 0600u);
+  // Someone else's file under its name is left alone.
+  ASSERT_EQ(rename((folder / "target").c_str(), (folder / "log").c_str()), 0);
+  EXPECT_FALSE(file->Remove());
+  EXPECT_TRUE(files.Exists(folder / "log"));
 }
 
 TEST(PosixFileSystem, AddsPermissionsToThoseThereAre) {
