@@ -33,6 +33,7 @@
 #include "app/shell/modal_watch.h"
 #include "app/shell/preferences_sheet.h"
 #include "app/shell/printing.h"
+#include "app/shell/recovery.h"
 #include "app/shell/saving.h"
 #include "app/shell/tabs.h"
 #include "app/shell/text_editing.h"
@@ -90,6 +91,7 @@ struct LDGRController::Parts final : private AccountsStore::Host,
   Refresh refresh;
   EntrySpeaker speaker;
   Ledger ledger{accounts};
+  Recovery recovery;
   TransferLinks links{accounts};
   AccountSelection selection;
   AccountEditing account_editing;
@@ -162,6 +164,7 @@ struct LDGRController::Parts final : private AccountsStore::Host,
     }
   }
   void ClearSearch() override { search.Clear(); }
+  void SettleRecovery() override { recovery.Settle(); }
   void ReplaceScheduleReminderTimer() override { idle.ReplaceScheduleReminderTimer(); }
 
   // --- What is stored of the tables ---
@@ -290,6 +293,7 @@ LDGRController::Parts::Parts(const Services& services)
       preferences({services.files, services.host, services.processes}, gate, *this),
       refresh(*this, announcer),
       speaker(services.loop, services.speech, *this),
+      recovery(services.files, ledger, announcer),
       selection(*this, desk, preferences, window, refresh, announcer),
       account_editing(desk, ledger, accounts, selection, links, sheets, refresh, announcer),
       account_passwords(desk, selection, preferences, sheets, window, refresh, announcer),
@@ -329,9 +333,9 @@ LDGRController::Parts::Parts(const Services& services)
              sheets, announcer),
       import_command(desk, ledger, sheets, tabs, summary_tab, speaker, import, services.encodings,
                      modal, idle, refresh, announcer),
-      lifecycle(*this,
-                {data_lock, window, updates, preferences, accounts, services.notifications, drawer,
-                 idle, lock, selection, refresh, services.host, saving, text_editing, speaker}) {
+      lifecycle(*this, {data_lock, window, updates, preferences, accounts, services.notifications,
+                        drawer, idle, lock, selection, refresh, services.host, saving, text_editing,
+                        speaker, recovery}) {
   filters.Filters_Init();
 }
 
@@ -362,6 +366,10 @@ Desk& LDGRController::desk() noexcept {
 
 Ledger& LDGRController::ledger() noexcept {
   return parts_->ledger;
+}
+
+Recovery& LDGRController::recovery() noexcept {
+  return parts_->recovery;
 }
 
 Undo& LDGRController::undo() noexcept {

@@ -34,6 +34,7 @@ class PreferencesSheet;
 class PreferencesStore;
 class Printing;
 class QifImportCommand;
+class Recovery;
 class ReconcileTab;
 class Refresh;
 class RegisterSearch;
@@ -77,6 +78,7 @@ class LDGRController {
   // The door for changes of the accounts, and what has gone through it.
   [[nodiscard]] Ledger& ledger() noexcept;
   [[nodiscard]] Undo& undo() noexcept;
+  [[nodiscard]] Recovery& recovery() noexcept;
 
   // Launch, end, locks and the frame around the tabs.
   [[nodiscard]] LDGRApplication& application() noexcept;

@@ -73,8 +73,10 @@ void Lock(Console& console, const Arguments& arguments) {
   if (lock.authenticated()) throw CommandError("the application cannot be locked now");
   const std::string unsaved = UnsavedText(console.controller);
   if (!unsaved.empty()) {
+    const std::string held = HeldText(console.controller);
     throw CommandError("locked, but " + unsaved +
-                       "; what is not saved stays in memory and is there again after unlock");
+                       "; what is not saved stays in memory and is there again after unlock" +
+                       (held.empty() ? "" : "; " + held));
   }
   console.printer.Confirm("Saved and locked.");
 }

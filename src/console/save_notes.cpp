@@ -1,6 +1,7 @@
 #include "console/save_notes.h"
 
 #include "app/controller.h"
+#include "app/shell/recovery.h"
 #include "console/printer.h"
 #include "storage/accounts_store.h"
 #include "storage/preferences_store.h"
@@ -46,7 +47,7 @@ std::vector<std::string> LostTexts(LDGRController& controller) {
   const AccountsStore& accounts = controller.accountsStore();
   const PreferencesStore& preferences = controller.preferencesStore();
   std::vector<std::string> texts;
-  if (accounts.HasUnsavedChanges()) {
+  if (accounts.HasUnsavedChanges() && !controller.recovery().HoldsChanges()) {
     texts.push_back("what changed in the accounts since they were saved" + ending +
                     ReasonOf(accounts.Failure()));
   }
@@ -55,6 +56,13 @@ std::vector<std::string> LostTexts(LDGRController& controller) {
                     ReasonOf(preferences.Failure()));
   }
   return texts;
+}
+
+std::string HeldText(LDGRController& controller) {
+  if (!controller.accountsStore().HasUnsavedChanges() || !controller.recovery().HoldsChanges()) {
+    return "";
+  }
+  return "what changed in the accounts since they were saved comes back at the next launch";
 }
 
 void KeptNotes::TellEarlier() {

@@ -25,6 +25,8 @@ class Printer;
 
 // What the end of a locked application, which writes nothing, loses.
 [[nodiscard]] std::vector<std::string> LostTexts(LDGRController& controller);
+// What is not in the accounts file but in the log of an interrupted session; "" for nothing.
+[[nodiscard]] std::string HeldText(LDGRController& controller);
 
 // Tells of copies that were kept of what someone else had written into the program's files.
 class KeptNotes {

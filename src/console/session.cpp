@@ -12,6 +12,7 @@
 #include "app/shell/application.h"
 #include "app/shell/application_lock.h"
 #include "app/shell/lifecycle.h"
+#include "app/shell/recovery.h"
 #include "console/all_commands.h"
 #include "console/command.h"
 #include "console/command_error.h"
@@ -138,6 +139,8 @@ void Session::CancelSheets(const Command& command) {
 
 bool Session::Launch(const Command& first) {
   is_launched_ = true;
+  // A script commits by its saves alone; who types may be interrupted at any time.
+  if (!terminal_.ReadsFromPerson()) controller_.recovery().WriteNothing();
   controller_.lifecycle().awakeFromNib();
   try {
     if (!controller_.lifecycle().applicationDidFinishLaunching()) return false;
@@ -150,7 +153,7 @@ bool Session::Launch(const Command& first) {
   controller_.reminder().Dismiss();
   TellWhatWasSetAside();
   kept_notes_.TellEarlier();
-  TellSharedNumbers();
+  TellWhatWasFound();
   if (first.needs == Needs::Unlocked && controller_.applicationLock().authenticated() &&
       controller_.desk().accounts().empty()) {
     printer_.Confirm("There is no account yet; account add makes one.");
@@ -164,7 +167,7 @@ bool Session::Unlock() {
   if (host_.IsEnding()) return false;
   // The sheet of the account that was shown last may come up only now.
   ServePasswordSheet(console_);
-  TellSharedNumbers();
+  TellWhatWasFound();
   if (controller_.applicationLock().authenticated()) return true;
   throw CommandError("the application is locked; unlock PASSWORD opens it");
 }
@@ -178,7 +181,10 @@ void Session::TellWhatWasSetAside() {
   }
 }
 
-void Session::TellSharedNumbers() {
+void Session::TellWhatWasFound() {
+  const std::string& recovered = controller_.recovery().Notice();
+  if (!recovered.empty()) printer_.Note(recovered);
+  controller_.recovery().CloseNotice();
   // Names of accounts are not told to whoever has not unlocked them.
   if (has_told_shared_numbers_ || !controller_.applicationLock().authenticated()) return;
   has_told_shared_numbers_ = true;
@@ -200,6 +206,7 @@ bool Session::ShutDown() {
   const auto unsaved = controller_.applicationLock().authenticated() ? UnsavedTexts(controller_)
                                                                      : LostTexts(controller_);
   for (const std::string& text : unsaved) printer_.Note("error: " + text);
+  if (const std::string held = HeldText(controller_); !held.empty()) printer_.Note(held);
   return unsaved.empty();
 }
 

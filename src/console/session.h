@@ -49,7 +49,7 @@ class Session {
   void CancelSheets(const Command& command);
   void TellWhatWasSetAside();
   // Once a run.
-  void TellSharedNumbers();
+  void TellWhatWasFound();
   // Whether everything is on the disk.
   bool ShutDown();
   void ReportError(std::string_view error);

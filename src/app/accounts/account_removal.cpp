@@ -84,12 +84,13 @@ bool AccountRemoval::UserAgrees(const LDGRAccount& account) const {
       StringsToEnglishList(
           {Counted(account.GetEntries().size(), "entry", "entries"),
            Counted(account.GetSchedules().size(), "scheduled entry", "scheduled entries")}) +
-      ".  ";
+      ".";
   if (const std::size_t linked = LinkedEntries(account); linked > 0) {
-    message += LocalizedText(
+    message += "  " +
+               LocalizedText(
                    "In other accounts, the other halves of its transfers stay as "
                    "ordinary entries:") +
-               ' ' + std::to_string(linked) + ".  ";
+               ' ' + std::to_string(linked) + ".";
   }
   const AlertRequest request = {LocalizedText("Remove Account?"),
                                 std::move(message),

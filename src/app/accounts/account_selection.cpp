@@ -25,6 +25,7 @@ void AccountSelection::Accounts_PostLoad() {
   const Announcer::Operation operation(announcer_);
   if (!desk_.IsUnlocked()) return;
   has_post_loaded_ = true;
+  host_.SettleRecovery();
   if (desk_.accounts().empty()) {
     host_.Account_Add();
   } else {

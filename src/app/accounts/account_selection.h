@@ -36,6 +36,8 @@ class AccountSelection {
     virtual void FillCurrentRegister() = 0;
     // Empties and disables the search fields.
     virtual void ClearSearch() = 0;
+    // The accounts come before the user: what was found of an interrupted session is settled.
+    virtual void SettleRecovery() = 0;
     // The reminder of scheduled entries counts anew from now.
     virtual void ReplaceScheduleReminderTimer() = 0;
   };

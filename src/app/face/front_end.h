@@ -22,7 +22,8 @@ enum class Area : std::uint8_t {
   Balance,            // the balance below the register
   ReconcileBalances,  // the figures of the reconcile tab
   EntryTypeMenu,
-  History,  // what can be undone and redone
+  History,   // what can be undone and redone
+  Recovery,  // what came back after an interruption, and what would be lost now
   Summary,
   Tabs,
   AccountsDrawer,

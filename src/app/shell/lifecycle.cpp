@@ -36,6 +36,7 @@ bool Lifecycle::applicationDidFinishLaunching() {
     parts_.drawer.ToggleAccountsDrawer();
   }
   if (!parts_.accounts.Accounts_Load()) return false;
+  parts_.recovery.Replay();
   parts_.idle.ReplaceScheduleReminderTimer();
   if (parts_.lock.authenticated()) {
     parts_.selection.Accounts_PostLoad();

@@ -8,6 +8,7 @@
 #include "app/face/refresh.h"
 #include "app/shell/application_lock.h"
 #include "app/shell/idle_watch.h"
+#include "app/shell/recovery.h"
 #include "app/shell/saving.h"
 #include "app/shell/text_editing.h"
 #include "app/shell/update_check.h"
@@ -51,6 +52,7 @@ class Lifecycle {
     Saving& saving;
     TextEditing& text_editing;
     EntrySpeaker& speaker;
+    Recovery& recovery;
   };
 
   Lifecycle(Host& host, const Parts& parts) noexcept : host_(host), parts_(parts) {}

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <utility>
 
-#include "model/text.h"
+#include "app/face/message.h"
 #include "platform/ambient.h"
 
 namespace tallyfold {
@@ -12,7 +12,7 @@ namespace {
 std::string Title(std::string_view verb, std::string_view verb_with_name,
                   const std::vector<UndoLine>& lines, bool can) {
   if (!can || lines.empty()) return LocalizedText(verb);
-  return MessageWithText(LocalizedText(verb_with_name), lines.front().name);
+  return Message(verb_with_name, {lines.front().name});
 }
 
 template <typename List>
@@ -57,11 +57,11 @@ bool Undo::CanRedo() const {
 }
 
 std::string Undo::UndoTitle() const {
-  return Title("Undo", "Undo %@", UndoLines(), CanUndo());
+  return Title("Undo", "Undo {1}", UndoLines(), CanUndo());
 }
 
 std::string Undo::RedoTitle() const {
-  return Title("Redo", "Redo %@", RedoLines(), CanRedo());
+  return Title("Redo", "Redo {1}", RedoLines(), CanRedo());
 }
 
 std::vector<UndoLine> Undo::UndoLines() const {

@@ -1,0 +1,21 @@
+#pragma once
+
+#include <cstddef>
+#include <initializer_list>
+#include <string>
+#include <string_view>
+
+namespace tallyfold {
+
+// A sentence for the user. `key` is the English sentence, which is looked up; the values stand at
+// its places "{1}", "{2}" and so on, which a translation may put in another order and name more
+// than once. A place without a value stays as it is; values may hold braces.
+[[nodiscard]] std::string Message(std::string_view key, std::initializer_list<std::string> values);
+
+// The key for so many: one for 1, many for any other number.
+[[nodiscard]] constexpr std::string_view Plural(std::string_view one, std::string_view many,
+                                                std::size_t count) noexcept {
+  return count == 1 ? one : many;
+}
+
+}  // namespace tallyfold
