@@ -4,14 +4,17 @@
 
 #include "model/account.h"
 #include "model/field_table.h"
+#include "model/stored_numbers.h"
 #include "model/text.h"
 #include "platform/ambient.h"
+#include "plist/read_report.h"
 
 namespace tallyfold {
 namespace {
 
 constexpr std::string_view kMissing = "No %@ defined for LDGRAccount.";
 constexpr std::string_view kWrong = "%@ is in wrong format for LDGRAccount.";
+constexpr std::int32_t kNoType = -1;
 
 bool IsAnything(const plist::Value&) {
   return true;
@@ -30,19 +33,32 @@ void WriteRecords(const List& list, plist::Output& output) {
   output.EndArray();
 }
 
-// Replaces the list by records made of the dictionaries in the array; `wrong` is logged for each
-// element that is none. With `consume` each element is freed as soon as it is read.
+// How the value of a key is to be read.
+struct Reading {
+  std::string_view key;
+  // Logged for each element of a list that is of a wrong kind; "%@" stands for the key.
+  std::string_view wrong;
+  // Whether the elements of a list are freed as soon as they are read.
+  bool consume;
+
+  void SkipElement() const {
+    LogForKey(wrong, key);
+    plist::ReportNotTaken(plist::NotTaken::Skipped, key);
+  }
+};
+
+// Replaces the list by records made of the dictionaries in the array; other elements are skipped.
 template <typename Record>
-void ReadRecords(std::vector<std::shared_ptr<Record>>& list, plist::Array array, bool consume,
-                 std::string_view wrong) {
+void ReadRecords(std::vector<std::shared_ptr<Record>>& list, plist::Array array,
+                 const Reading& reading) {
   list.clear();
   list.reserve(array.size());
   for (std::size_t i = 0; i < array.size(); ++i) {
-    const plist::Value element = consume ? array.Take(i) : array.At(i);
+    const plist::Value element = reading.consume ? array.Take(i) : array.At(i);
     if (element.IsDictionary()) {
       list.push_back(std::make_shared<Record>(element.DictionaryValue()));
     } else {
-      Log(wrong);
+      reading.SkipElement();
     }
   }
 }
@@ -59,14 +75,15 @@ struct LDGRAccount::StoredKey {
     std::string_view wrong;
     bool (*accepts)(const plist::Value& value);
     void (*write)(const LDGRAccount& account, plist::Output& output);
-    void (*read)(LDGRAccount& account, const plist::Value& value, bool consume,
-                 std::string_view wrong);
+    void (*read)(LDGRAccount& account, const plist::Value& value, const Reading& reading);
     // True when there is nothing to store; without it there always is.
     bool (*is_absent)(const LDGRAccount& account) = nullptr;
   };
   using Entry = std::variant<Field<LDGRAccount>, Special>;
 
   static const Entry kTable[];
+
+  static bool IsKnown(std::string_view key);
 
   static constexpr Entry Plain(std::string_view key, Field<LDGRAccount>::Member member,
                                std::string_view missing = kMissing,
@@ -83,8 +100,8 @@ struct LDGRAccount::StoredKey {
         {},
         IsAnything,
         [](const LDGRAccount& account, plist::Output& output) { output.Integer(account.*member); },
-        [](LDGRAccount& account, const plist::Value& value, bool, std::string_view) {
-          account.*member = value.IntegerValue();
+        [](LDGRAccount& account, const plist::Value& value, const Reading& reading) {
+          account.*member = LooseInteger(value, reading.key);
         }};
   }
 
@@ -98,9 +115,8 @@ struct LDGRAccount::StoredKey {
                    [](const LDGRAccount& account, plist::Output& output) {
                      WriteRecords(account.*member, output);
                    },
-                   [](LDGRAccount& account, const plist::Value& value, bool consume,
-                      std::string_view message) {
-                     ReadRecords(account.*member, value.ArrayValue(), consume, message);
+                   [](LDGRAccount& account, const plist::Value& value, const Reading& reading) {
+                     ReadRecords(account.*member, value.ArrayValue(), reading);
                    }};
   }
 
@@ -112,36 +128,39 @@ struct LDGRAccount::StoredKey {
                    IsNumber,
                    [](const LDGRAccount& account, plist::Output& output) {
                      const auto& type = account.*member;
-                     output.Integer(type ? type->GetNumber() : -1);
+                     output.Integer(type ? type->GetNumber() : kNoType);
                    },
-                   [](LDGRAccount& account, const plist::Value& value, bool, std::string_view) {
-                     account.*member = account.AccountEntryTypeForNumber(value.IntegerValue());
+                   [](LDGRAccount& account, const plist::Value& value, const Reading& reading) {
+                     const std::int32_t number = StoredInteger(value, reading.key);
+                     account.*member = account.AccountEntryTypeForNumber(number);
+                     if (account.*member == nullptr && number != kNoType) {
+                       plist::ReportNotTaken(plist::NotTaken::OutOfRange, reading.key);
+                     }
                    }};
   }
 
   template <TextList LDGRAccount::*member>
   static constexpr Entry Texts(std::string_view key) {
-    return Special{
-        key,
-        kMissing,
-        kWrong,
-        IsArray,
-        [](const LDGRAccount& account, plist::Output& output) {
-          output.BeginArray();
-          for (const std::string& text : account.*member) output.String(text);
-          output.EndArray();
-        },
-        [](LDGRAccount& account, const plist::Value& value, bool, std::string_view wrong) {
-          TextList& texts = account.*member;
-          texts.clear();
-          for (const plist::Value& element : value.ArrayValue()) {
-            if (element.IsString()) {
-              texts.emplace_back(element.StringValue());
-            } else {
-              Log(wrong);
-            }
-          }
-        }};
+    return Special{key,
+                   kMissing,
+                   kWrong,
+                   IsArray,
+                   [](const LDGRAccount& account, plist::Output& output) {
+                     output.BeginArray();
+                     for (const std::string& text : account.*member) output.String(text);
+                     output.EndArray();
+                   },
+                   [](LDGRAccount& account, const plist::Value& value, const Reading& reading) {
+                     TextList& texts = account.*member;
+                     texts.clear();
+                     for (const plist::Value& element : value.ArrayValue()) {
+                       if (element.IsString()) {
+                         texts.emplace_back(element.StringValue());
+                       } else {
+                         reading.SkipElement();
+                       }
+                     }
+                   }};
   }
 
   template <plist::Value LDGRAccount::*member>
@@ -152,7 +171,7 @@ struct LDGRAccount::StoredKey {
         {},
         IsAnything,
         [](const LDGRAccount& account, plist::Output& output) { output.Write(account.*member); },
-        [](LDGRAccount& account, const plist::Value& value, bool, std::string_view) {
+        [](LDGRAccount& account, const plist::Value& value, const Reading&) {
           account.*member = value.DeepCopy();
         },
         [](const LDGRAccount& account) { return (account.*member).IsNone(); }};
@@ -167,39 +186,38 @@ struct LDGRAccount::StoredKey {
                    [](const LDGRAccount& account, plist::Output& output) {
                      output.Real(account.starting_balance_);
                    },
-                   [](LDGRAccount& account, const plist::Value& value, bool, std::string_view) {
-                     account.SetStartingBalance(value.DoubleValue());
+                   [](LDGRAccount& account, const plist::Value& value, const Reading& reading) {
+                     account.SetStartingBalance(StoredReal(value, reading.key));
                    }};
   }
 
   static constexpr Entry ActiveTypes() {
-    return Special{
-        "types",
-        "No types defined for LDGRAccount.",
-        "types are in the wrong format for LDGRAccount.",
-        IsArray,
-        [](const LDGRAccount& account, plist::Output& output) {
-          WriteRecords(account.types_, output);
-        },
-        [](LDGRAccount& account, const plist::Value& value, bool consume, std::string_view wrong) {
-          EntryTypeList types;
-          ReadRecords(types, value.ArrayValue(), consume, wrong);
-          account.SetTypes(std::move(types));
-        }};
+    return Special{"types",
+                   "No types defined for LDGRAccount.",
+                   "types are in the wrong format for LDGRAccount.",
+                   IsArray,
+                   [](const LDGRAccount& account, plist::Output& output) {
+                     WriteRecords(account.Types(), output);
+                   },
+                   [](LDGRAccount& account, const plist::Value& value, const Reading& reading) {
+                     EntryTypeList types;
+                     ReadRecords(types, value.ArrayValue(), reading);
+                     account.SetTypes(std::move(types));
+                   }};
   }
 
   static constexpr Entry Summaries() {
-    return Special{
-        "accountSummaries",
-        "Account does not have any account summaries in LDGRAccount:initWithDictionary",
-        "Account Summaries are in the wrong format in LDGRAccount:initWithDictionary",
-        IsArray,
-        [](const LDGRAccount& account, plist::Output& output) {
-          account.WriteAccountSummaries(output);
-        },
-        [](LDGRAccount& account, const plist::Value& value, bool, std::string_view wrong) {
-          account.ReadAccountSummaries(value.ArrayValue(), wrong);
-        }};
+    return Special{"accountSummaries",
+                   "Account does not have any account summaries in LDGRAccount:initWithDictionary",
+                   "Account Summaries are in the wrong format in LDGRAccount:initWithDictionary",
+                   IsArray,
+                   [](const LDGRAccount& account, plist::Output& output) {
+                     account.WriteAccountSummaries(output);
+                   },
+                   [](LDGRAccount& account, const plist::Value& value, const Reading& reading) {
+                     account.ReadAccountSummaries(value.ArrayValue(),
+                                                  [&reading] { reading.SkipElement(); });
+                   }};
   }
 
   static constexpr Entry SelectedSummary() {
@@ -208,15 +226,18 @@ struct LDGRAccount::StoredKey {
                    kWrong,
                    IsNumber,
                    [](const LDGRAccount& account, plist::Output& output) {
-                     const auto& list = account.account_summaries_;
+                     const auto& list = account.accountSummaries();
                      const auto found =
-                         std::find(list.begin(), list.end(), account.selected_account_summary_);
+                         std::find(list.begin(), list.end(), account.selectedAccountSummary());
                      output.Integer(found != list.end() ? found - list.begin() : 0);
                    },
-                   [](LDGRAccount& account, const plist::Value& value, bool, std::string_view) {
-                     const std::int32_t index = value.IntegerValue();
-                     if (index >= 0) {
+                   [](LDGRAccount& account, const plist::Value& value, const Reading& reading) {
+                     const std::int32_t index = StoredInteger(value, reading.key);
+                     const auto count = account.accountSummaries().size();
+                     if (index >= 0 && static_cast<std::size_t>(index) < count) {
                        account.selectAccountSummaryAtIndex(static_cast<std::size_t>(index));
+                     } else if (index != 0) {
+                       plist::ReportNotTaken(plist::NotTaken::OutOfRange, reading.key);
                      }
                    }};
   }
@@ -291,6 +312,12 @@ constinit const LDGRAccount::StoredKey::Entry LDGRAccount::StoredKey::kTable[] =
     Plain("isLastTransferOrigin", &LDGRAccount::is_last_transfer_origin_),
 };
 
+bool LDGRAccount::StoredKey::IsKnown(std::string_view key) {
+  return std::any_of(std::begin(kTable), std::end(kTable), [key](const Entry& entry) {
+    return std::visit([key](const auto& known) { return known.key == key; }, entry);
+  });
+}
+
 LDGRAccount::LDGRAccount(const std::optional<plist::Dictionary>& dictionary) : LDGRAccount() {
   if (!dictionary) {
     Log("Invalid theDictionary supplied to LDGRAccount:initWithDictionary");
@@ -306,21 +333,26 @@ std::shared_ptr<LDGRAccount> LDGRAccount::accountByConsuming(const plist::Dictio
 }
 
 void LDGRAccount::Read(const plist::Dictionary& dictionary, bool consume) {
+  std::size_t met = 0;
   for (const StoredKey::Entry& entry : StoredKey::kTable) {
     if (const auto* field = std::get_if<Field<LDGRAccount>>(&entry)) {
-      ReadField(*this, *field, dictionary);
+      if (ReadField(*this, *field, dictionary)) ++met;
       continue;
     }
     const auto& special = std::get<StoredKey::Special>(entry);
     const plist::Value& value = dictionary.Get(special.key);
     if (value.IsNone()) {
       LogForKey(special.missing, special.key);
-    } else if (!special.accepts(value)) {
-      LogForKey(special.wrong, special.key);
+      continue;
+    }
+    ++met;
+    if (special.accepts(value)) {
+      special.read(*this, value, {special.key, special.wrong, consume});
     } else {
-      special.read(*this, value, consume, MessageWithText(special.wrong, special.key));
+      RefuseForKey(special.wrong, special.key);
     }
   }
+  plist::ReportUnknownKeys(dictionary, met, StoredKey::IsKnown);
   SetPassword(std::string(password_));
   ForgetChanges();
 }

@@ -46,6 +46,8 @@ class LDGRPreferences {
   // The whole dictionary, Begin and End included.
   void WriteTo(plist::Output& output) const;
   [[nodiscard]] plist::Dictionary asDictionary() const;
+  // True when UpdatePreferencesDictionary() changes what the dictionary says.
+  [[nodiscard]] static bool IsOfOlderVersion(const plist::Dictionary& dictionary);
   // A copy of a dictionary of any version, brought to the current form. Entry types that old
   // versions kept here are handed over to the accounts (see model/type_handover.h).
   [[nodiscard]] static plist::Dictionary UpdatePreferencesDictionary(

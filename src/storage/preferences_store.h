@@ -71,7 +71,8 @@ class PreferencesStore {
   // False when nothing was written, for whatever reason.
   bool Preferences_Save();
   // Copies the file as it stands on the disk into the backup folder when another version wrote it.
-  void Preferences_Backup(const plist::Dictionary& dictionary);
+  // True when a backup was made.
+  bool Preferences_Backup(const plist::Dictionary& dictionary);
   // Takes over columns and selected row of the tables shown. Null does nothing.
   void Preferences_StoreAccountPrefs(const LDGRAccount* account);
 
