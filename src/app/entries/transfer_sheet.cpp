@@ -4,7 +4,6 @@
 #include <cstddef>
 
 #include "model/account_entry.h"
-#include "model/amounts.h"
 #include "platform/ambient.h"
 
 namespace tallyfold {
