@@ -12,7 +12,6 @@
 #include "app/entries/entry_editing.h"
 #include "app/entries/entry_removal.h"
 #include "app/entries/entry_reveal.h"
-#include "app/entries/transfer_links.h"
 #include "app/exchange/export_commands.h"
 #include "app/exchange/qif_import_command.h"
 #include "app/exchange/qif_import_controller.h"
@@ -37,6 +36,7 @@
 #include "app/shell/saving.h"
 #include "app/shell/tabs.h"
 #include "app/shell/text_editing.h"
+#include "app/shell/undo.h"
 #include "app/shell/update_check.h"
 #include "app/views/account_summary_sheet.h"
 #include "app/views/account_summary_tab.h"
@@ -46,6 +46,9 @@
 #include "filters/filter_types.h"
 #include "filters/register_search.h"
 #include "filters/standard_filters.h"
+#include "ledger/change.h"
+#include "ledger/ledger.h"
+#include "ledger/transfer_links.h"
 #include "registers/entry_speaker.h"
 #include "storage/accounts_store.h"
 #include "storage/data_folder_lock.h"
@@ -86,7 +89,8 @@ struct LDGRController::Parts final : private AccountsStore::Host,
   Saving saving{accounts, preferences};
   Refresh refresh;
   EntrySpeaker speaker;
-  TransferLinks links{desk};
+  Ledger ledger{accounts};
+  TransferLinks links{accounts};
   AccountSelection selection;
   AccountEditing account_editing;
   AccountPasswords account_passwords;
@@ -113,6 +117,7 @@ struct LDGRController::Parts final : private AccountsStore::Host,
   UpdateCheck updates;
   Menus menus;
   Tabs tabs;
+  Undo undo;
   Printing printing;
   IdleWatch idle;
   TextEditing text_editing;
@@ -219,7 +224,11 @@ struct LDGRController::Parts final : private AccountsStore::Host,
   }
   void AsOne(const std::function<void()>& steps) override {
     const Announcer::Operation operation(announcer);
+    // A filter is no step to be undone, but part of what the file holds.
+    Change change(ledger);
+    if (const auto account = desk.SelectedAccount()) change.EditSettings(account);
     steps();
+    change.Close();
   }
   void Search_Cancel() override { search.Search_Cancel(); }
   void SearchStateChanged() override { announcer.Changed(Area::Search); }
@@ -281,43 +290,44 @@ LDGRController::Parts::Parts(const Services& services)
       refresh(*this, announcer),
       speaker(services.loop, services.speech, *this),
       selection(*this, desk, preferences, window, refresh, announcer),
-      account_editing(desk, accounts, selection, links, sheets, refresh, announcer),
+      account_editing(desk, ledger, accounts, selection, links, sheets, refresh, announcer),
       account_passwords(desk, selection, preferences, sheets, window, refresh, announcer),
-      account_removal(desk, accounts, selection, account_passwords, modal, sheets, refresh,
+      account_removal(desk, ledger, selection, account_passwords, modal, sheets, refresh,
                       announcer),
       drawer(desk, selection, account_editing, refresh, announcer),
-      editing(desk, links, sheets, refresh, announcer),
-      removal(desk, links, sheets, refresh, announcer),
+      editing(desk, ledger, links, sheets, refresh, announcer),
+      removal(desk, ledger, links, sheets, refresh, announcer),
       reveal(*this, desk, sheets, links, announcer),
       amount_fields(services.loop, services.field_speech),
-      schedule_commit(desk, links, refresh, announcer),
-      schedules(desk, schedule_commit, sheets, refresh, announcer),
-      schedule_editing(desk, sheets, refresh, announcer),
+      schedule_commit(desk, ledger, links, refresh, announcer),
+      schedules(desk, ledger, schedule_commit, sheets, refresh, announcer),
+      schedule_editing(desk, ledger, sheets, refresh, announcer),
       reminder(desk, schedule_commit, sheets, services.loop, announcer),
       registers(desk, announcer),
       search(services.loop, *this),
       balance_field(desk, registers, announcer),
-      reconcile_tab(desk, registers, editing, refresh, announcer),
-      summary_tab(desk, modal, sheets, announcer),
-      summary_sheet(desk, summary_tab, sheets, announcer),
+      reconcile_tab(desk, ledger, registers, editing, refresh, announcer),
+      summary_tab(desk, ledger, modal, sheets, announcer),
+      summary_sheet(desk, ledger, summary_tab, sheets, announcer),
       lock(accounts, saving, selection, services.host, sheets, window, refresh, services.loop,
            announcer),
       backups(accounts, lock, selection),
-      preferences_sheet(*this, desk, accounts, balance_field, window, sheets, services.loop,
+      preferences_sheet(*this, desk, ledger, accounts, balance_field, window, sheets, services.loop,
                         announcer),
       updates(services.host, services.updates, announcer),
-      menus(desk, modal, selection, sheets, refresh, announcer),
+      menus(desk, ledger, modal, selection, sheets, refresh, announcer),
       tabs(desk, registers, search, summary_tab, speaker, reveal, refresh, announcer),
+      undo(ledger, desk, sheets, modal, selection, tabs, refresh, announcer),
       printing(desk, tabs, registers),
       idle(services.loop, *this),
       text_editing(services.notifications,
                    {editing, search, lock, account_passwords, preferences_sheet, reminder}),
-      export_commands(desk, saving, tabs, speaker, services.files, services.encodings, modal,
-                      modal),
-      import(*this, desk, editing, speaker, modal, services.files, services.encodings, sheets,
-             announcer),
-      import_command(desk, sheets, tabs, summary_tab, speaker, import, services.encodings, modal,
-                     idle, refresh, announcer),
+      export_commands(desk, ledger, saving, tabs, speaker, services.files, services.encodings,
+                      modal, modal),
+      import(*this, desk, ledger, editing, speaker, modal, services.files, services.encodings,
+             sheets, announcer),
+      import_command(desk, ledger, sheets, tabs, summary_tab, speaker, import, services.encodings,
+                     modal, idle, refresh, announcer),
       lifecycle(*this,
                 {data_lock, window, updates, preferences, accounts, services.notifications, drawer,
                  idle, lock, selection, refresh, services.host, saving, text_editing, speaker}) {
@@ -347,6 +357,14 @@ void LDGRController::SetMainWindow(MainWindow* window) noexcept {
 
 Desk& LDGRController::desk() noexcept {
   return parts_->desk;
+}
+
+Ledger& LDGRController::ledger() noexcept {
+  return parts_->ledger;
+}
+
+Undo& LDGRController::undo() noexcept {
+  return parts_->undo;
 }
 
 LDGRApplication& LDGRController::application() noexcept {

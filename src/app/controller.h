@@ -26,6 +26,7 @@ class FrontEnd;
 class IdleWatch;
 class LDGRApplication;
 class LDGRQIFImportController;
+class Ledger;
 class Lifecycle;
 class MainWindow;
 class Menus;
@@ -47,6 +48,7 @@ class StandardFilters;
 class Tabs;
 class TextEditing;
 class TransferLinks;
+class Undo;
 class UpdateCheck;
 struct Services;
 
@@ -71,6 +73,10 @@ class LDGRController {
 
   // What nearly every part asks: the accounts, the preferences and what is selected.
   [[nodiscard]] Desk& desk() noexcept;
+
+  // The door for changes of the accounts, and what has gone through it.
+  [[nodiscard]] Ledger& ledger() noexcept;
+  [[nodiscard]] Undo& undo() noexcept;
 
   // Launch, end, locks and the frame around the tabs.
   [[nodiscard]] LDGRApplication& application() noexcept;

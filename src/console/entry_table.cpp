@@ -5,10 +5,10 @@
 
 #include "app/controller.h"
 #include "app/desk.h"
-#include "app/entries/transfer_links.h"
 #include "console/printer.h"
 #include "console/register_order.h"
 #include "console/values.h"
+#include "ledger/transfer_links.h"
 #include "model/account.h"
 #include "registers/register_look.h"
 

@@ -1,7 +1,6 @@
 #include "app/controller.h"
 #include "app/desk.h"
 #include "app/entries/entry_reveal.h"
-#include "app/entries/transfer_links.h"
 #include "app/shell/tabs.h"
 #include "console/all_commands.h"
 #include "console/command_error.h"
@@ -11,6 +10,7 @@
 #include "console/password_sheets.h"
 #include "console/printer.h"
 #include "console/table.h"
+#include "ledger/transfer_links.h"
 #include "model/account.h"
 
 namespace tallyfold::console {

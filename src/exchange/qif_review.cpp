@@ -6,6 +6,7 @@
 
 #include "exchange/entry_type_index.h"
 #include "exchange/qif_fields.h"
+#include "ledger/change.h"
 #include "platform/ambient.h"
 
 namespace tallyfold {
@@ -180,22 +181,26 @@ std::optional<QifMatch> QifReview::MatchOf(const LDGRQIFImportEntry& entry) cons
   return near_->Find(entry);
 }
 
-void QifReview::Commit(LDGRAccount& account, bool with_all_types) {
+void QifReview::Commit(Change& change, const std::shared_ptr<LDGRAccount>& account,
+                       bool with_all_types) {
   std::unordered_set<std::int32_t> used;
+  EntryList added;
+  added.reserve(marked_count_);
   for (const auto& entry : entriesToImport()) {
-    entry->SetNumber(account.NextAvailableNumber());
+    entry->SetNumber(change.NextNumber(account));
     used.insert(entry->GetType());
-    account.AddEntry(LDGRAccountEntry::entryWithEntry(entry.get()));
+    added.push_back(LDGRAccountEntry::entryWithEntry(entry.get()));
   }
+  change.Add(account, added);
   // With nothing marked all new types are added.
   const bool prune = !with_all_types && !used.empty();
-  EntryTypeList types = account.GetTypes();
+  EntryTypeList types = account->GetTypes();
   const std::size_t before = types.size();
   for (const auto& type : types_) {
     if (!prune || used.contains(type->GetNumber())) types.push_back(type);
   }
   // Also sorts them.
-  if (types.size() != before) account.SetTypes(std::move(types));
+  if (types.size() != before) change.EditTypes(account).SetTypes(std::move(types));
 }
 
 }  // namespace tallyfold

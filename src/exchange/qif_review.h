@@ -12,6 +12,8 @@
 
 namespace tallyfold {
 
+class Change;
+
 // The entries of an import between reading and committing. The account is only looked at until
 // Commit().
 class QifReview {
@@ -58,7 +60,7 @@ class QifReview {
 
   // Adds copies of the marked entries, each with the account's next number, and the new types: all
   // of them when `with_all_types` or when nothing is marked, else those that marked entries use.
-  void Commit(LDGRAccount& account, bool with_all_types);
+  void Commit(Change& change, const std::shared_ptr<LDGRAccount>& account, bool with_all_types);
 
  private:
   void MakeTypes(const std::vector<QifType>& read, const LDGRAccount& account);

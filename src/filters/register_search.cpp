@@ -36,11 +36,13 @@ SearchFieldState FieldFor(const LDGRFilter* filter) {
 void RegisterSearch::Search_Field(std::optional<std::string_view> text) {
   LDGRAccount* const account = CurrentAccount();
   if (account == nullptr || !text) return;
-  if (host_.ShownRegister() == RegisterKind::Entry) {
-    account->setEntryFilterData(*text);
-  } else {
-    account->setReconcileFilterData(*text);
-  }
+  host_.AsOne([this, account, &text] {
+    if (host_.ShownRegister() == RegisterKind::Entry) {
+      account->setEntryFilterData(*text);
+    } else {
+      account->setReconcileFilterData(*text);
+    }
+  });
   if (SearchFieldState* const field = ShownField()) field->text = *text;
   search_.Start(kSearchDelay, [this] { Search(); });
 }

@@ -257,6 +257,12 @@ std::shared_ptr<LDGRAccountPreferences> LDGRPreferences::GetPreferencesForAccoun
   return made;
 }
 
+void LDGRPreferences::SetPreferencesForAccount(
+    std::shared_ptr<LDGRAccountPreferences> preferences) {
+  RemovePreferencesForAccountNumber(preferences->GetAccountNumber());
+  account_preferences_.push_back(std::move(preferences));
+}
+
 void LDGRPreferences::RemovePreferencesForAccountNumber(std::int32_t number) {
   std::erase_if(account_preferences_, [number](const auto& preferences) {
     return preferences->GetAccountNumber() == number;

@@ -78,6 +78,8 @@ class LDGRPreferences {
   // Those of one account; made and kept when there are none yet. Never null.
   std::shared_ptr<LDGRAccountPreferences> GetPreferencesForAccountNumber(std::int32_t number);
   void RemovePreferencesForAccountNumber(std::int32_t number);
+  // Makes these the ones of their account.
+  void SetPreferencesForAccount(std::shared_ptr<LDGRAccountPreferences> preferences);
 
   // --- The settings ---------------------------------------------------------------------------
 

@@ -63,7 +63,10 @@ TEST(NewEntries, TakeTheirDefaultsFromPreferencesAndAccount) {
     account.setIsLastTransferOrigin(false);
     preferences.SetDefaultDateWhenAddingEntries(c.date_preference);
     preferences.SetNumberChecksAutomatically(c.numbers_checks);
-    EXPECT_EQ(Line(*NewEntryWithDefaults(c.kind, account, preferences)), c.line) << c.what;
+    EXPECT_EQ(
+        Line(*NewEntryWithDefaults(c.kind, account.NextAvailableNumber(), account, preferences)),
+        c.line)
+        << c.what;
   }
 }
 

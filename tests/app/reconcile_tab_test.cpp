@@ -7,13 +7,13 @@
 
 #include "app/desk.h"
 #include "app/entries/entry_editing.h"
-#include "app/entries/transfer_links.h"
 #include "app/shell/saving.h"
 #include "app/shell/tabs.h"
 #include "app/test_application.h"
 #include "app/views/balance_field.h"
 #include "app/views/registers.h"
 #include "filters/register_search.h"
+#include "ledger/transfer_links.h"
 
 namespace tallyfold {
 namespace {

@@ -8,9 +8,9 @@
 #include "app/entries/entry_editing.h"
 #include "app/entries/entry_removal.h"
 #include "app/entries/entry_reveal.h"
-#include "app/entries/transfer_links.h"
 #include "app/face/sheet_slot.h"
 #include "app/test_application.h"
+#include "ledger/transfer_links.h"
 
 namespace tallyfold {
 namespace {

@@ -7,6 +7,7 @@
 #include <string>
 #include <vector>
 
+#include "exchange/commit_review.h"
 #include "exchange/export_options.h"
 #include "exchange/exported_entries.h"
 #include "exchange/qif_date_formats.h"
@@ -243,7 +244,7 @@ TEST_F(AccountExport, IsReadBackWithinWhatTheFormatCarries) {
       const QifResult result = import.Parse();
       LDGRAccount other;
       AddType(other, 20, "Groceries");
-      QifReview(result, result.entries, other).Commit(other, false);
+      CommitReview(QifReview(result, result.entries, other), other, false);
       bool carried = other.GetEntries().size() == 1;
       if (carried) {
         changed->SetNumber(other.GetEntries()[0]->GetNumber());
@@ -295,7 +296,7 @@ TEST_F(AccountExport, IsReadBackFromFilesInEveryEncodingAndDateFormat) {
       LDGRAccount other;
       AddType(other, 20, "Essen & Trinken");
       AddType(other, 21, "Lohn", true);
-      QifReview(result, result.entries, other).Commit(other, false);
+      CommitReview(QifReview(result, result.entries, other), other, false);
       ASSERT_EQ(other.GetEntries().size(), account_.GetEntries().size());
       for (std::size_t i = 0; i < other.GetEntries().size(); ++i) {
         auto& read = *other.GetEntries()[i];

@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "exchange/commit_review.h"
 #include "exchange/qif_import.h"
 #include "fakes/fake_ambient.h"
 
@@ -192,7 +193,7 @@ TEST(QifReviews, AddMarkedEntriesInTheOrderOfMarkingAndTheTypesTheyNeed) {
         account);
     for (const std::size_t index : each.toggled) review.Toggle(review.entries()[index]);
     const std::int32_t last = account.GetNumberCount();
-    review.Commit(account, each.all_types);
+    CommitReview(std::move(review), account, each.all_types);
     std::string descriptions;
     for (const auto& entry : account.GetEntries()) {
       descriptions += entry->GetDescription();

@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "app/face/blank_text.h"
+#include "ledger/change.h"
 #include "model/account_entry.h"
 #include "model/account_schedule.h"
 #include "model/amounts.h"
@@ -193,13 +194,19 @@ bool AccountEditing::AccountEditSheet_OK() {
   const auto account = edit_account_;
   const bool is_new = state_.is_new;
   const bool is_renamed = account->GetName() != state_.typed.name;
-  SaveValues();
-  Close();
-  if (is_new) accounts_.AddAccount(account);
-  if (is_renamed && !is_new) {
-    links_.Accounts_SyncTransfers();
-    links_.Schedules_SyncTransfers();
+  Change change(ledger_, is_new ? "New Account" : "Edit Account", account);
+  if (!is_new) {
+    change.EditOptions(account);
+    change.EditTypes(account);
   }
+  SaveValues();
+  if (is_new) change.AddAccount(account);
+  if (is_renamed && !is_new) {
+    links_.Accounts_SyncTransfers(change);
+    links_.Schedules_SyncTransfers(change);
+  }
+  change.Close();
+  Close();
   refresh_.AccountsChanged();
   if (is_new) {
     selection_.Account_Select(account);
@@ -265,7 +272,6 @@ void AccountEditing::SaveTypes() {
   account.SetTypes(std::move(sorted));
   account.SetDefaultDebitType(TypeOfRow(of_rows, typed.default_debit_type));
   account.SetDefaultDepositType(TypeOfRow(of_rows, typed.default_deposit_type));
-  account.NoteChange();
 }
 
 void AccountEditing::AccountEditSheet_Cancel() {

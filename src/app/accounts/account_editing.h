@@ -7,10 +7,11 @@
 #include "app/accounts/account_edit_sheet_state.h"
 #include "app/accounts/account_selection.h"
 #include "app/desk.h"
-#include "app/entries/transfer_links.h"
 #include "app/face/announcer.h"
 #include "app/face/refresh.h"
 #include "app/face/sheet_slot.h"
+#include "ledger/ledger.h"
+#include "ledger/transfer_links.h"
 #include "model/account.h"
 #include "storage/accounts_store.h"
 
@@ -20,10 +21,11 @@ namespace tallyfold {
 // shows; OK writes it into the account itself, whose object stays the same.
 class AccountEditing {
  public:
-  AccountEditing(Desk& desk, AccountsStore& accounts, AccountSelection& selection,
+  AccountEditing(Desk& desk, Ledger& ledger, AccountsStore& accounts, AccountSelection& selection,
                  const TransferLinks& links, SheetSlot& sheets, Refresh& refresh,
                  Announcer& announcer) noexcept
       : desk_(desk),
+        ledger_(ledger),
         accounts_(accounts),
         selection_(selection),
         links_(links),
@@ -69,6 +71,7 @@ class AccountEditing {
   void SaveTypes();
 
   Desk& desk_;
+  Ledger& ledger_;
   AccountsStore& accounts_;
   AccountSelection& selection_;
   const TransferLinks& links_;

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <string>
 
+#include "ledger/change.h"
 #include "model/account_entry.h"
 #include "model/account_schedule.h"
 #include "model/text.h"
@@ -19,12 +20,36 @@ std::string Counted(std::size_t count, std::string_view one, std::string_view ma
   return std::to_string(count) + ' ' + LocalizedText(count == 1 ? one : many);
 }
 
-bool Unlink(LDGRAccountEntry& entry, std::int32_t account) {
-  if (entry.GetTransferAccount() != account) return false;
-  entry.SetTransferAccount(kNotLinked);
-  entry.SetTransferEntry(kNotLinked);
-  return true;
+template <typename Record>
+void Unlink(Change& change, const std::shared_ptr<LDGRAccount>& account,
+            const std::shared_ptr<Record>& record, std::int32_t removed) {
+  if (record->GetTransferAccount() != removed) return;
+  change.Edit(account, record).SetTransferAccount(kNotLinked);
+  record->SetTransferEntry(kNotLinked);
 }
+
+// The view preferences of a removed account, which come back with it.
+class ViewOfAccount final : public StepCompanion {
+ public:
+  ViewOfAccount(LDGRPreferences& preferences, std::int32_t account)
+      : preferences_(preferences),
+        account_(account),
+        view_(preferences.GetPreferencesForAccountNumber(account)) {
+    preferences_.RemovePreferencesForAccountNumber(account_);
+  }
+  void Follow(Way way) noexcept override {
+    if (way == Way::Forward) {
+      preferences_.RemovePreferencesForAccountNumber(account_);
+    } else {
+      preferences_.SetPreferencesForAccount(view_);
+    }
+  }
+
+ private:
+  LDGRPreferences& preferences_;
+  const std::int32_t account_;
+  const std::shared_ptr<LDGRAccountPreferences> view_;
+};
 
 }  // namespace
 
@@ -37,10 +62,12 @@ bool AccountRemoval::Account_Remove() {
   const auto place = std::find(before.begin(), before.end(), account) - before.begin();
   // Before the account goes, so that its view is not stored again when the next one is shown.
   selection_.Account_Deselect();
-  UnlinkOthers(*account);
   if (passwords_.authenticatingAccount() == account) passwords_.Forget();
-  accounts_.RemoveAccount(account.get());
-  desk_.preferences().RemovePreferencesForAccountNumber(account->GetNumber());
+  Change change(ledger_, "Remove Account", account);
+  UnlinkOthers(change, *account);
+  change.RemoveAccount(account);
+  change.Attach(std::make_unique<ViewOfAccount>(desk_.preferences(), account->GetNumber()));
+  change.Close();
   refresh_.AccountsChanged();
 
   const AccountList& left = desk_.accounts();
@@ -64,7 +91,6 @@ bool AccountRemoval::UserAgrees(const LDGRAccount& account) const {
                    "ordinary entries:") +
                ' ' + std::to_string(linked) + ".  ";
   }
-  message += LocalizedText("Removing it cannot be undone.");
   const AlertRequest request = {LocalizedText("Remove Account?"),
                                 std::move(message),
                                 {LocalizedText("Cancel"), LocalizedText("Remove")}};
@@ -82,15 +108,15 @@ std::size_t AccountRemoval::LinkedEntries(const LDGRAccount& account) const {
   return linked;
 }
 
-void AccountRemoval::UnlinkOthers(const LDGRAccount& account) const {
+void AccountRemoval::UnlinkOthers(Change& change, const LDGRAccount& account) const {
   const std::int32_t number = account.GetNumber();
   for (const auto& other : desk_.accounts()) {
     if (other.get() == &account) continue;
-    bool changed = false;
-    for (const auto& entry : other->GetEntries()) changed |= Unlink(*entry, number);
-    for (const auto& schedule : other->GetSchedules()) changed |= Unlink(*schedule, number);
-    if (changed) other->NoteChange();
-    if (other->lastTransferAccount() == number) other->setLastTransferAccount(kNotLinked);
+    for (const auto& entry : other->GetEntries()) Unlink(change, other, entry, number);
+    for (const auto& schedule : other->GetSchedules()) Unlink(change, other, schedule, number);
+    if (other->lastTransferAccount() == number) {
+      change.EditOptions(other).setLastTransferAccount(kNotLinked);
+    }
   }
 }
 

@@ -9,20 +9,23 @@
 #include "app/face/announcer.h"
 #include "app/face/refresh.h"
 #include "app/face/sheet_slot.h"
+#include "ledger/ledger.h"
 #include "model/account.h"
 #include "platform/alerts.h"
 #include "storage/accounts_store.h"
 
 namespace tallyfold {
 
+class Change;
+
 // Removes the selected account with everything in it, after one question.
 class AccountRemoval {
  public:
-  AccountRemoval(Desk& desk, AccountsStore& accounts, AccountSelection& selection,
+  AccountRemoval(Desk& desk, Ledger& ledger, AccountSelection& selection,
                  AccountPasswords& passwords, Alerts& alerts, const SheetSlot& sheets,
                  Refresh& refresh, Announcer& announcer) noexcept
       : desk_(desk),
-        accounts_(accounts),
+        ledger_(ledger),
         selection_(selection),
         passwords_(passwords),
         alerts_(alerts),
@@ -41,10 +44,10 @@ class AccountRemoval {
   [[nodiscard]] bool UserAgrees(const LDGRAccount& account) const;
   // How many entries of other accounts are linked to the account.
   [[nodiscard]] std::size_t LinkedEntries(const LDGRAccount& account) const;
-  void UnlinkOthers(const LDGRAccount& account) const;
+  void UnlinkOthers(Change& change, const LDGRAccount& account) const;
 
   Desk& desk_;
-  AccountsStore& accounts_;
+  Ledger& ledger_;
   AccountSelection& selection_;
   AccountPasswords& passwords_;
   Alerts& alerts_;

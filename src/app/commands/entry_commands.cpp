@@ -4,9 +4,9 @@
 #include "app/entries/entry_editing.h"
 #include "app/entries/entry_removal.h"
 #include "app/entries/entry_reveal.h"
-#include "app/entries/transfer_links.h"
 #include "app/shell/tabs.h"
 #include "app/views/reconcile_tab.h"
+#include "ledger/transfer_links.h"
 #include "registers/entry_speaker.h"
 
 namespace tallyfold::command_tables {

@@ -9,6 +9,7 @@
 #include "app/shell/idle_watch.h"
 #include "app/shell/lifecycle.h"
 #include "app/shell/preferences_sheet.h"
+#include "app/shell/undo.h"
 #include "app/shell/update_check.h"
 
 namespace tallyfold::command_tables {
@@ -94,6 +95,19 @@ constexpr Command kCommands[] = {
      .controls = "quit_MenuItem",
      .can = Always,
      .run = [](LDGRController& app) { app.lifecycle().Quit(); }},
+    // The titles with the name of the step are the undo's.
+    {.name = "Undo",
+     .title = "Undo",
+     .shortcut = "Ctrl+Z",
+     .menu = Menu::Edit,
+     .can = [](LDGRController& app) { return app.undo().CanUndo(); },
+     .run = [](LDGRController& app) { app.undo().UndoStep(); }},
+    {.name = "Redo",
+     .title = "Redo",
+     .shortcut = "Ctrl+Shift+Z",
+     .menu = Menu::Edit,
+     .can = [](LDGRController& app) { return app.undo().CanRedo(); },
+     .run = [](LDGRController& app) { app.undo().RedoStep(); }},
     {.name = "PreferencesSheet_Open",
      .title = "Preferences...",
      .shortcut = "Ctrl+,",

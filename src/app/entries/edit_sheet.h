@@ -10,6 +10,7 @@
 
 namespace tallyfold {
 
+class Change;
 class LDGRAccount;
 class LDGRPreferences;
 
@@ -63,6 +64,11 @@ class EditSheet {
   // Writes the typed values into the entry, which is one of `account` or about to become one. To
   // be called only after CheckTyped() found nothing.
   virtual void Store(const EditedEntry& edited, LDGRAccount& account) = 0;
+
+  // The same as part of a change, in which what follows for other records is done too.
+  virtual void StoreIn(Change& /*change*/, const EditedEntry& edited, LDGRAccount& account) {
+    Store(edited, account);
+  }
 
   virtual void SetOpen(bool is_open) noexcept = 0;
   virtual void SetProblem(std::string problem) = 0;

@@ -31,7 +31,8 @@ void SetDebitDefaults(LDGRAccountEntry& entry, const LDGRAccount& account,
 
 }  // namespace
 
-std::shared_ptr<LDGRAccountEntry> NewEntryWithDefaults(EntryKind kind, LDGRAccount& account,
+std::shared_ptr<LDGRAccountEntry> NewEntryWithDefaults(EntryKind kind, std::int32_t number,
+                                                       const LDGRAccount& account,
                                                        const LDGRPreferences& preferences) {
   auto entry = std::make_shared<LDGRAccountEntry>();
   entry->SetDate(DefaultDate(account, preferences));
@@ -48,7 +49,7 @@ std::shared_ptr<LDGRAccountEntry> NewEntryWithDefaults(EntryKind kind, LDGRAccou
       entry->SetIsTransfer(true);
       break;
   }
-  entry->SetNumber(account.NextAvailableNumber());
+  entry->SetNumber(number);
   switch (kind) {
     case EntryKind::Debit:
       SetDebitDefaults(*entry, account, preferences);

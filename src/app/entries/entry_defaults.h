@@ -12,10 +12,10 @@ class LDGRPreferences;
 
 enum class EntryKind : std::uint8_t { Debit, Deposit, Transfer };
 
-// A new entry of that kind as its sheet first shows it, in no account yet. It takes an entry
-// number of the account, which is not given back when the sheet is cancelled.
+// A new entry of that kind and number as its sheet first shows it, in no account yet.
 [[nodiscard]] std::shared_ptr<LDGRAccountEntry> NewEntryWithDefaults(
-    EntryKind kind, LDGRAccount& account, const LDGRPreferences& preferences);
+    EntryKind kind, std::int32_t number, const LDGRAccount& account,
+    const LDGRPreferences& preferences);
 
 // The number a new check gets: the next free one after the last entered check, or 0 where the
 // user numbers checks himself. None where no number is left.

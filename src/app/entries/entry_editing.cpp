@@ -3,14 +3,25 @@
 #include <algorithm>
 #include <utility>
 
+#include "ledger/change.h"
 #include "model/account_entry.h"
 #include "platform/ambient.h"
 
 namespace tallyfold {
+namespace {
 
-EntryEditing::EntryEditing(Desk& desk, const TransferLinks& links, SheetSlot& sheets,
-                           Refresh& refresh, Announcer& announcer)
+std::string_view NameOfStep(Sheet sheet, bool is_new) {
+  if (!is_new) return "Edit Entry";
+  if (sheet == Sheet::Debit) return "New Debit";
+  return sheet == Sheet::Deposit ? "New Deposit" : "New Transfer";
+}
+
+}  // namespace
+
+EntryEditing::EntryEditing(Desk& desk, Ledger& ledger, const TransferLinks& links,
+                           SheetSlot& sheets, Refresh& refresh, Announcer& announcer)
     : desk_(desk),
+      ledger_(ledger),
       sheets_(sheets),
       refresh_(refresh),
       announcer_(announcer),
@@ -22,7 +33,11 @@ bool EntryEditing::New(EntryKind kind) {
   const Announcer::Operation operation(announcer_);
   const auto account = desk_.SelectedAccount();
   if (account == nullptr || !sheets_.IsFree()) return false;
-  return Begin({NewEntryWithDefaults(kind, *account, desk_.preferences()), true, account});
+  // The number is taken for good, whether or not the sheet is confirmed.
+  Change change(ledger_);
+  const std::int32_t number = change.NextNumber(account);
+  change.Close();
+  return Begin({NewEntryWithDefaults(kind, number, *account, desk_.preferences()), true, account});
 }
 
 bool EntryEditing::Entry_Edit() {
@@ -72,7 +87,14 @@ bool EntryEditing::Open(EditSheet& sheet) {
 }
 
 void EntryEditing::SaveValuesToEditEntry(EditSheet& sheet) {
-  if (IsFor(sheet)) sheet.Store(edited_, *edited_.account.lock());
+  if (!IsFor(sheet)) return;
+  if (!edited_.is_new && !before_saving_) before_saving_ = edited_.entry->Image();
+  sheet.Store(edited_, *edited_.account.lock());
+}
+
+void EntryEditing::TakeSavedBack() {
+  if (before_saving_ != nullptr) edited_.entry->ExchangeWith(*before_saving_);
+  before_saving_ = nullptr;
 }
 
 void EntryEditing::Close(EditSheet& sheet) {
@@ -95,18 +117,23 @@ bool EntryEditing::OK(EditSheet& sheet) {
 
   const auto account = edited_.account.lock();
   const auto entry = edited_.entry;
-  SaveValuesToEditEntry(sheet);
-  if (sheet.Which() == Sheet::Transfer) {
-    account->setLastTransferAccount(entry->GetTransferAccount());
-    account->setIsLastTransferOrigin(entry->IsTransferOrigin());
-  }
-  Close(sheet);
+  TakeSavedBack();
   if (edited_.owner != nullptr) {
+    sheet.Store(edited_, *account);
+    Close(sheet);
     edited_.owner->TakeEdited(*entry);
     return true;
   }
-  if (edited_.is_new) account->AddEntry(entry);
-  account->NoteChange();
+  Change change(ledger_, NameOfStep(sheet.Which(), edited_.is_new), account);
+  if (!edited_.is_new) change.Edit(account, entry);
+  sheet.StoreIn(change, edited_, *account);
+  if (edited_.is_new) change.Add(account, entry);
+  if (sheet.Which() == Sheet::Transfer) {
+    change.EditOptions(account).setLastTransferAccount(entry->GetTransferAccount());
+    account->setIsLastTransferOrigin(entry->IsTransferOrigin());
+  }
+  change.Close();
+  Close(sheet);
   refresh_.EntrySaved(entry, edited_.is_new);
   return true;
 }
@@ -133,6 +160,7 @@ bool EntryEditing::OKThenNew(EditSheet& sheet, EntryKind kind) {
 void EntryEditing::Cancel(EditSheet& sheet) {
   const Announcer::Operation operation(announcer_);
   if (sheets_.Current() != sheet.Which()) return;
+  TakeSavedBack();
   Close(sheet);
   if (edited_.is_new) edited_.entry = nullptr;
 }
@@ -141,8 +169,9 @@ void EntryEditing::TurnClearedOver(const std::shared_ptr<LDGRAccountEntry>& entr
   const Announcer::Operation operation(announcer_);
   const auto account = desk_.SelectedAccount();
   if (account == nullptr || entry == nullptr) return;
-  entry->SetCleared(!entry->GetCleared());
-  account->NoteChange();
+  Change change(ledger_, entry->GetCleared() ? "Unresolve Entry" : "Resolve Entry", account);
+  change.Edit(account, entry).SetCleared(!entry->GetCleared());
+  change.Close();
   refresh_.EntryMarked();
 }
 

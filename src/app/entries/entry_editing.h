@@ -6,11 +6,12 @@
 #include "app/entries/edited_entry.h"
 #include "app/entries/entry_defaults.h"
 #include "app/entries/entry_sheet.h"
-#include "app/entries/transfer_links.h"
 #include "app/entries/transfer_sheet.h"
 #include "app/face/announcer.h"
 #include "app/face/refresh.h"
 #include "app/face/sheet_slot.h"
+#include "ledger/ledger.h"
+#include "ledger/transfer_links.h"
 #include "model/account.h"
 
 namespace tallyfold {
@@ -19,8 +20,8 @@ namespace tallyfold {
 // transfer sheet. The account changes at OK alone, all at once or not at all.
 class EntryEditing final : private EditSheet::Keeper {
  public:
-  EntryEditing(Desk& desk, const TransferLinks& links, SheetSlot& sheets, Refresh& refresh,
-               Announcer& announcer);
+  EntryEditing(Desk& desk, Ledger& ledger, const TransferLinks& links, SheetSlot& sheets,
+               Refresh& refresh, Announcer& announcer);
   EntryEditing(const EntryEditing&) = delete;
   EntryEditing& operator=(const EntryEditing&) = delete;
 
@@ -62,6 +63,8 @@ class EntryEditing final : private EditSheet::Keeper {
   bool OKThenNew(EditSheet& sheet, EntryKind kind) override;
   void Cancel(EditSheet& sheet) override;
 
+  // Undoes SaveValuesToEditEntry().
+  void TakeSavedBack();
   bool Begin(EditedEntry edited);
   void Close(EditSheet& sheet);
   // The debit or the deposit sheet, whichever is open, or null.
@@ -72,6 +75,7 @@ class EntryEditing final : private EditSheet::Keeper {
   [[nodiscard]] std::string CheckTarget() const;
 
   Desk& desk_;
+  Ledger& ledger_;
   SheetSlot& sheets_;
   Refresh& refresh_;
   Announcer& announcer_;
@@ -79,6 +83,8 @@ class EntryEditing final : private EditSheet::Keeper {
   EntrySheet deposit_;
   TransferSheet transfer_;
   EditedEntry edited_;
+  // What an entry of the account held before a sheet was written into it without OK.
+  std::shared_ptr<LDGRAccountEntry> before_saving_;
 };
 
 }  // namespace tallyfold

@@ -3,12 +3,18 @@
 #include <algorithm>
 #include <utility>
 
+#include "ledger/change.h"
 #include "model/account_entry.h"
 #include "model/text.h"
 #include "platform/ambient.h"
 #include "storage/preferences.h"
 
 namespace tallyfold {
+namespace {
+
+constexpr std::string_view kRemoveEntry = "Remove Entry";
+
+}  // namespace
 
 EntryRemoval::Asked EntryRemoval::Selected() const {
   return {desk_.SelectedAccount(), desk_.SelectedEntry()};
@@ -88,16 +94,22 @@ void EntryRemoval::TransferEntryRemoveConfirm_Yes() {
   const Announcer::Operation operation(announcer_);
   const Asked asked = CloseTransfer();
   if (!IsThere(asked)) return;
-  links_.UnlinkOtherHalf(*asked.account, *asked.entry);
-  Delete(asked);
+  Change change(ledger_, kRemoveEntry, asked.account);
+  links_.UnlinkOtherHalf(change, *asked.account, *asked.entry);
+  change.Remove(asked.account, asked.entry.get());
+  change.Close();
+  refresh_.EntryRemoved();
 }
 
 void EntryRemoval::TransferEntryRemoveConfirm_No() {
   const Announcer::Operation operation(announcer_);
   const Asked asked = CloseTransfer();
   if (!IsThere(asked)) return;
-  links_.RemoveOtherHalf(*asked.account, *asked.entry);
-  Delete(asked);
+  Change change(ledger_, kRemoveEntry, asked.account);
+  links_.RemoveOtherHalf(change, *asked.account, *asked.entry);
+  change.Remove(asked.account, asked.entry.get());
+  change.Close();
+  refresh_.EntryRemoved();
 }
 
 void EntryRemoval::TransferEntryRemoveConfirm_Cancel() {
@@ -119,7 +131,9 @@ void EntryRemoval::Entry_Delete() {
 
 void EntryRemoval::Delete(const Asked& asked) {
   if (asked.account == nullptr || asked.entry == nullptr) return;
-  asked.account->RemoveEntry(asked.entry.get());
+  Change change(ledger_, kRemoveEntry, asked.account);
+  change.Remove(asked.account, asked.entry.get());
+  change.Close();
   refresh_.EntryRemoved();
 }
 

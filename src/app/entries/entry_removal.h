@@ -4,10 +4,11 @@
 
 #include "app/desk.h"
 #include "app/entries/entry_remove_sheet_state.h"
-#include "app/entries/transfer_links.h"
 #include "app/face/announcer.h"
 #include "app/face/refresh.h"
 #include "app/face/sheet_slot.h"
+#include "ledger/ledger.h"
+#include "ledger/transfer_links.h"
 #include "model/account.h"
 
 namespace tallyfold {
@@ -16,9 +17,14 @@ namespace tallyfold {
 // answer removes, whatever is selected by then.
 class EntryRemoval {
  public:
-  EntryRemoval(Desk& desk, const TransferLinks& links, SheetSlot& sheets, Refresh& refresh,
-               Announcer& announcer) noexcept
-      : desk_(desk), links_(links), sheets_(sheets), refresh_(refresh), announcer_(announcer) {}
+  EntryRemoval(Desk& desk, Ledger& ledger, const TransferLinks& links, SheetSlot& sheets,
+               Refresh& refresh, Announcer& announcer) noexcept
+      : desk_(desk),
+        ledger_(ledger),
+        links_(links),
+        sheets_(sheets),
+        refresh_(refresh),
+        announcer_(announcer) {}
   EntryRemoval(const EntryRemoval&) = delete;
   EntryRemoval& operator=(const EntryRemoval&) = delete;
 
@@ -60,6 +66,7 @@ class EntryRemoval {
   void Delete(const Asked& asked);
 
   Desk& desk_;
+  Ledger& ledger_;
   const TransferLinks& links_;
   SheetSlot& sheets_;
   Refresh& refresh_;

@@ -5,10 +5,10 @@
 #include <string>
 
 #include "app/desk.h"
-#include "app/entries/transfer_links.h"
 #include "app/face/announcer.h"
 #include "app/face/sheet_slot.h"
 #include "filters/filter.h"
+#include "ledger/transfer_links.h"
 #include "model/account.h"
 
 namespace tallyfold {

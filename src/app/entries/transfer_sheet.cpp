@@ -70,10 +70,9 @@ std::string TransferSheet::CheckTyped() {
   return "";
 }
 
-void TransferSheet::Store(const EditedEntry& edited, LDGRAccount& account) {
+void TransferSheet::Store(const EditedEntry& edited, LDGRAccount& /*account*/) {
   const auto& typed = state_.typed;
   LDGRAccountEntry& entry = *edited.entry;
-  const auto half = edited.is_new ? nullptr : links_.OtherHalf(account, entry);
   entry.SetDate(typed.date);
   if (const auto* direction = SelectedItem(state_.direction_items, typed.direction)) {
     const bool is_origin = direction->tag == kTransferToTag;
@@ -84,13 +83,19 @@ void TransferSheet::Store(const EditedEntry& edited, LDGRAccount& account) {
   entry.SetCleared(typed.cleared);
   entry.SetTaxDeductible(typed.tax_deductible);
   entry.SetNotes(typed.notes);
-  const auto* chosen = SelectedItem(state_.account_items, typed.account);
+}
+
+void TransferSheet::StoreIn(Change& change, const EditedEntry& edited, LDGRAccount& account) {
+  LDGRAccountEntry& entry = *edited.entry;
+  const auto half = edited.is_new ? nullptr : links_.OtherHalf(account, entry);
+  Store(edited, account);
+  const auto* chosen = SelectedItem(state_.account_items, state_.typed.account);
   const std::int32_t other = chosen != nullptr ? chosen->tag : kNoAccount;
   const auto name = chosen != nullptr ? std::string_view(chosen->title) : std::string_view();
   if (edited.is_new) {
-    links_.LinkNew(account, entry, other, name);
+    links_.LinkNew(change, account, entry, other, name);
   } else {
-    links_.Relink(account, entry, half, other, name);
+    links_.Relink(change, account, entry, half, other, name);
   }
 }
 

@@ -4,9 +4,9 @@
 
 #include "app/desk.h"
 #include "app/entries/edit_sheet.h"
-#include "app/entries/transfer_links.h"
 #include "app/entries/transfer_sheet_state.h"
 #include "app/face/announcer.h"
+#include "ledger/transfer_links.h"
 #include "model/account.h"
 
 namespace tallyfold {
@@ -30,6 +30,7 @@ class TransferSheet final : public EditSheet {
   [[nodiscard]] std::string CheckTyped() override;
   // Also brings the other half in line, in the other account.
   void Store(const EditedEntry& edited, LDGRAccount& account) override;
+  void StoreIn(Change& change, const EditedEntry& edited, LDGRAccount& account) override;
   void SetOpen(bool is_open) noexcept override { state_.is_open = is_open; }
   void SetProblem(std::string problem) override { state_.problem = std::move(problem); }
 

@@ -1,6 +1,7 @@
 #include "app/exchange/export_commands.h"
 
 #include "exchange/export_options.h"
+#include "ledger/change.h"
 #include "platform/ambient.h"
 #include "platform/file_system.h"
 #include "platform/text_encodings.h"
@@ -89,8 +90,10 @@ WriteResult ExportCommands::ExportText() {
                                   .accessory = PanelAccessory::TextExport,
                                   .check = this});
   if (!path) return WriteResult::Cancelled;
-  account->setTextExport_ExportType(text_.exportType());
+  Change change(ledger_);
+  change.EditSettings(account).setTextExport_ExportType(text_.exportType());
   account->setTextExport_Encoding(static_cast<std::int32_t>(text_.encoding()));
+  change.Close();
   ExportOptions options;
   if (text_.exportType() == LDGRExportAccessoryManager::kShownEntries) {
     options.export_filter = ShownFilter(*account);

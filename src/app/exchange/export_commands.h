@@ -11,6 +11,7 @@
 #include "app/shell/saving.h"
 #include "app/shell/tabs.h"
 #include "filters/register_search.h"
+#include "ledger/ledger.h"
 #include "model/account.h"
 #include "platform/alerts.h"
 #include "platform/file_panels.h"
@@ -33,10 +34,11 @@ enum class WriteResult : std::uint8_t {
 class ExportCommands final : private FileNameCheck {
  public:
   // All must outlive this.
-  ExportCommands(Desk& desk, Saving& saving, const Tabs& tabs, EntrySpeaker& speaker,
-                 FileSystem& files, const TextEncodings& encodings, FilePanels& panels,
-                 Alerts& alerts) noexcept
+  ExportCommands(Desk& desk, Ledger& ledger, Saving& saving, const Tabs& tabs,
+                 EntrySpeaker& speaker, FileSystem& files, const TextEncodings& encodings,
+                 FilePanels& panels, Alerts& alerts) noexcept
       : desk_(desk),
+        ledger_(ledger),
         saving_(saving),
         tabs_(tabs),
         speaker_(speaker),
@@ -83,6 +85,7 @@ class ExportCommands final : private FileNameCheck {
   WriteResult Write(const std::string& path, const std::string& text, std::int32_t encoding);
 
   Desk& desk_;
+  Ledger& ledger_;
   Saving& saving_;
   const Tabs& tabs_;
   EntrySpeaker& speaker_;

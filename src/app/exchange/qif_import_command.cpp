@@ -1,5 +1,6 @@
 #include "app/exchange/qif_import_command.h"
 
+#include "ledger/change.h"
 #include "platform/ambient.h"
 
 namespace tallyfold {
@@ -18,7 +19,9 @@ bool QifImportCommand::QIFImport() {
                                   .button = LocalizedText("Import"),
                                   .accessory = PanelAccessory::QifImport});
   if (path) {
-    account->SetQIFImportEncoding(menu_.encoding());
+    Change change(ledger_);
+    change.EditSettings(account).SetQIFImportEncoding(menu_.encoding());
+    change.Close();
     import_.ImportOptions_InitWithFile(*path, menu_.encoding());
     if (import_.Run()) return true;
   }

@@ -15,6 +15,7 @@
 #include "app/shell/idle_watch.h"
 #include "app/shell/tabs.h"
 #include "app/views/account_summary_tab.h"
+#include "ledger/ledger.h"
 #include "model/account.h"
 #include "platform/file_panels.h"
 #include "registers/entry_speaker.h"
@@ -28,12 +29,13 @@ class TextEncodings;
 class QifImportCommand {
  public:
   // All must outlive this.
-  QifImportCommand(Desk& desk, const SheetSlot& sheets, const Tabs& tabs,
+  QifImportCommand(Desk& desk, Ledger& ledger, const SheetSlot& sheets, const Tabs& tabs,
                    AccountSummaryTab& summary, EntrySpeaker& speaker,
                    LDGRQIFImportController& import, const TextEncodings& encodings,
                    FilePanels& panels, IdleWatch& idle, Refresh& refresh,
                    Announcer& announcer) noexcept
       : desk_(desk),
+        ledger_(ledger),
         sheets_(sheets),
         tabs_(tabs),
         summary_(summary),
@@ -58,6 +60,7 @@ class QifImportCommand {
 
  private:
   Desk& desk_;
+  Ledger& ledger_;
   const SheetSlot& sheets_;
   const Tabs& tabs_;
   AccountSummaryTab& summary_;

@@ -6,6 +6,7 @@
 #include <utility>
 
 #include "exchange/qif_hints.h"
+#include "ledger/change.h"
 #include "model/date_number.h"
 #include "platform/ambient.h"
 #include "registers/register_look.h"
@@ -209,7 +210,9 @@ bool LDGRQIFImportController::Import_OK() {
     return false;
   }
   CloseReview();
-  review_.Commit(*account_, account_->GetQIFImportAllTypes());
+  Change change(ledger_, "Import", account_);
+  review_.Commit(change, account_, account_->GetQIFImportAllTypes());
+  change.Close();
   StageEnded(kConfirmed);
   return true;
 }

@@ -16,6 +16,7 @@
 #include "app/shell/modal_watch.h"
 #include "exchange/qif_import.h"
 #include "exchange/qif_review.h"
+#include "ledger/ledger.h"
 #include "model/account.h"
 #include "registers/entry_speaker.h"
 
@@ -45,12 +46,13 @@ class LDGRQIFImportController final : private EntryOwner {
   static constexpr std::int32_t kGoBack = 2;
 
   // All must outlive this.
-  LDGRQIFImportController(Host& host, Desk& desk, EntryEditing& editing, EntrySpeaker& speaker,
-                          ModalWatch& modal, const FileSystem& files,
+  LDGRQIFImportController(Host& host, Desk& desk, Ledger& ledger, EntryEditing& editing,
+                          EntrySpeaker& speaker, ModalWatch& modal, const FileSystem& files,
                           const TextEncodings& encodings, SheetSlot& sheets,
                           Announcer& announcer) noexcept
       : host_(host),
         desk_(desk),
+        ledger_(ledger),
         editing_(editing),
         speaker_(speaker),
         modal_(modal),
@@ -171,6 +173,7 @@ class LDGRQIFImportController final : private EntryOwner {
 
   Host& host_;
   Desk& desk_;
+  Ledger& ledger_;
   EntryEditing& editing_;
   EntrySpeaker& speaker_;
   ModalWatch& modal_;

@@ -7,6 +7,7 @@
 #include "app/exchange/qif_date_items.h"
 #include "app/exchange/qif_import_controller.h"
 #include "exchange/qif_date_formats.h"
+#include "ledger/change.h"
 #include "platform/ambient.h"
 #include "platform/file_system.h"
 #include "platform/text_encodings.h"
@@ -61,7 +62,9 @@ bool LDGRQIFImportController::ImportOptions_SetEncoding(std::int32_t encoding) {
   // In the wrong encoding a file may have had no accounts to choose from.
   const bool was_all = options_.typed.account == accounts_before && accounts_before > 0;
   if (was_all || options_.typed.account > accounts) options_.typed.account = accounts;
-  account_->SetQIFImportEncoding(encoding);
+  Change change(ledger_);
+  change.EditSettings(account_).SetQIFImportEncoding(encoding);
+  change.Close();
   announcer_.Changed(Area::ImportOptionsSheet);
   return true;
 }
@@ -158,6 +161,8 @@ void LDGRQIFImportController::StageEnded(std::int32_t result) {
 }
 
 void LDGRQIFImportController::StoreOptions() {
+  Change change(ledger_);
+  change.EditSettings(account_);
   const auto& typed = options_.typed;
   const auto& formats = options_.date_format_items;
   const bool has_format =
@@ -173,6 +178,7 @@ void LDGRQIFImportController::StoreOptions() {
   account_->SetQIFImport_SwapOptions_Type(options_.swap_type);
   account_->SetQIFImport_SwapOptions_ToFrom(options_.swap_to_from);
   account_->SetQIFImport_SwapOptions_Description(options_.swap_description);
+  change.Close();
 }
 
 void LDGRQIFImportController::PassOptionsToParser() {

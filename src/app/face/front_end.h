@@ -22,6 +22,7 @@ enum class Area : std::uint8_t {
   Balance,            // the balance below the register
   ReconcileBalances,  // the figures of the reconcile tab
   EntryTypeMenu,
+  History,  // what can be undone and redone
   Summary,
   Tabs,
   AccountsDrawer,

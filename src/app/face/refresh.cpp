@@ -77,6 +77,19 @@ void Refresh::DayChanged() {
   SchedulesChanged();
 }
 
+void Refresh::StepTaken() {
+  const Announcer::Operation operation(announcer_);
+  host_.ReloadRegisters();
+  if (host_.LiveUpdatingFilters()) host_.Search_Cancel();
+  AccountsChanged();
+  EntryButtons_Update();
+}
+
+void Refresh::ShowEntry(const std::shared_ptr<LDGRAccountEntry>& entry) {
+  host_.SelectEntry(entry);
+  host_.TellIfHidden(entry, false);
+}
+
 void Refresh::Locked() {
   const Announcer::Operation operation(announcer_);
   AccountsList_Redraw();

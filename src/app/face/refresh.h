@@ -54,6 +54,10 @@ class Refresh {
   // After midnight: filters, balances, schedules and the look of rows go by today.
   void DayChanged();
 
+  // After a step was undone or redone, whatever it changed.
+  void StepTaken();
+  // The entry comes before the user: selected, or told of where the filter hides it.
+  void ShowEntry(const std::shared_ptr<LDGRAccountEntry>& entry);
   // After the application was locked: what was shown is no longer.
   void Locked();
 

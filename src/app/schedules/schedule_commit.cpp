@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "app/entries/entry_defaults.h"
+#include "ledger/change.h"
 #include "model/account_entry.h"
 
 namespace tallyfold {
@@ -48,19 +49,21 @@ bool ScheduleCommit::CommitAll(const std::vector<DueOccurrence>& occurrences) {
   const Announcer::Operation operation(announcer_);
   const auto account = AccountFor(occurrences);
   if (account == nullptr) return false;
+  Change change(ledger_, "Commit Scheduled Entries", account);
   EntryList entries;
   entries.reserve(occurrences.size());
   for (const DueOccurrence& occurrence : occurrences) {
     if (IsCommitted(occurrence)) continue;
-    entries.push_back(Add(*account, occurrence));
+    entries.push_back(Add(change, account, occurrence));
   }
-  account->NoteChange();
+  change.Close();
   refresh_.EntriesAdded(entries);
   refresh_.SchedulesChanged();
   return true;
 }
 
-std::shared_ptr<LDGRAccountEntry> ScheduleCommit::Add(LDGRAccount& account,
+std::shared_ptr<LDGRAccountEntry> ScheduleCommit::Add(Change& change,
+                                                      const std::shared_ptr<LDGRAccount>& account,
                                                       const DueOccurrence& occurrence) const {
   const auto& edited = occurrence.edited;
   const bool has_typed_check_number =
@@ -69,13 +72,13 @@ std::shared_ptr<LDGRAccountEntry> ScheduleCommit::Add(LDGRAccount& account,
   // A copy, so that the occurrence itself never gets into an account.
   auto entry =
       edited != nullptr ? edited : LDGRAccountEntry::entryWithEntry(occurrence.entry.get());
-  entry->SetNumber(account.NextAvailableNumber());
+  entry->SetNumber(change.NextNumber(account));
   if (entry->IsCheck() && !has_typed_check_number) {
-    entry->SetCheckNumber(SuggestedCheckNumber(account, desk_.preferences()).value_or(0));
+    entry->SetCheckNumber(SuggestedCheckNumber(*account, desk_.preferences()).value_or(0));
   }
-  if (entry->IsTransfer()) LinkTransfer(account, *entry);
-  account.AddEntry(entry);
-  occurrence.schedule->CommitEntry(occurrence.entry.get());
+  if (entry->IsTransfer()) LinkTransfer(change, *account, *entry);
+  change.Add(account, entry);
+  change.Edit(account, occurrence.schedule).CommitEntry(occurrence.entry.get());
   return entry;
 }
 
@@ -83,11 +86,12 @@ bool ScheduleCommit::SkipAll(const std::vector<DueOccurrence>& occurrences) {
   const Announcer::Operation operation(announcer_);
   const auto account = AccountFor(occurrences);
   if (account == nullptr) return false;
+  Change change(ledger_, "Skip Scheduled Entries", account);
   for (const DueOccurrence& occurrence : occurrences) {
     if (IsCommitted(occurrence)) continue;
-    occurrence.schedule->AddCommittedDate(occurrence.entry->GetDate());
+    change.Edit(account, occurrence.schedule).AddCommittedDate(occurrence.entry->GetDate());
   }
-  account->NoteChange();
+  change.Close();
   refresh_.SchedulesChanged();
   return true;
 }
@@ -106,7 +110,8 @@ std::shared_ptr<LDGRAccount> ScheduleCommit::AccountFor(
   return std::ranges::all_of(occurrences, can_be_committed) ? account : nullptr;
 }
 
-void ScheduleCommit::LinkTransfer(LDGRAccount& account, LDGRAccountEntry& entry) const {
+void ScheduleCommit::LinkTransfer(Change& change, LDGRAccount& account,
+                                  LDGRAccountEntry& entry) const {
   const auto other = desk_.AccountWithNumber(entry.GetTransferAccount());
   // The schedule's own numbers name no entry.
   entry.SetTransferEntry(-1);
@@ -115,7 +120,7 @@ void ScheduleCommit::LinkTransfer(LDGRAccount& account, LDGRAccountEntry& entry)
     entry.SetTransferAccount(-1);
     return;
   }
-  links_.LinkNew(account, entry, entry.GetTransferAccount(),
+  links_.LinkNew(change, account, entry, entry.GetTransferAccount(),
                  other != nullptr ? other->GetName() : entry.GetToFrom());
 }
 

@@ -4,15 +4,18 @@
 #include <vector>
 
 #include "app/desk.h"
-#include "app/entries/transfer_links.h"
 #include "app/face/announcer.h"
 #include "app/face/refresh.h"
 #include "app/schedules/due_occurrence.h"
+#include "ledger/ledger.h"
+#include "ledger/transfer_links.h"
 #include "model/account.h"
 #include "model/account_schedule.h"
 #include "model/date_number.h"
 
 namespace tallyfold {
+
+class Change;
 
 // The day of the next uncommitted occurrence, due or not: the one the schedule list shows, and that
 // of an entry which recurs only once. -1 for none.
@@ -21,9 +24,9 @@ namespace tallyfold {
 // Turns due occurrences of the selected account's scheduled entries into entries of its register.
 class ScheduleCommit {
  public:
-  ScheduleCommit(const Desk& desk, const TransferLinks& links, Refresh& refresh,
+  ScheduleCommit(const Desk& desk, Ledger& ledger, const TransferLinks& links, Refresh& refresh,
                  Announcer& announcer) noexcept
-      : desk_(desk), links_(links), refresh_(refresh), announcer_(announcer) {}
+      : desk_(desk), ledger_(ledger), links_(links), refresh_(refresh), announcer_(announcer) {}
   ScheduleCommit(const ScheduleCommit&) = delete;
   ScheduleCommit& operator=(const ScheduleCommit&) = delete;
 
@@ -47,11 +50,13 @@ class ScheduleCommit {
   // Null when any of the occurrences can no longer be committed.
   [[nodiscard]] std::shared_ptr<LDGRAccount> AccountFor(
       const std::vector<DueOccurrence>& occurrences) const;
-  [[nodiscard]] std::shared_ptr<LDGRAccountEntry> Add(LDGRAccount& account,
+  [[nodiscard]] std::shared_ptr<LDGRAccountEntry> Add(Change& change,
+                                                      const std::shared_ptr<LDGRAccount>& account,
                                                       const DueOccurrence& occurrence) const;
-  void LinkTransfer(LDGRAccount& account, LDGRAccountEntry& entry) const;
+  void LinkTransfer(Change& change, LDGRAccount& account, LDGRAccountEntry& entry) const;
 
   const Desk& desk_;
+  Ledger& ledger_;
   const TransferLinks& links_;
   Refresh& refresh_;
   Announcer& announcer_;

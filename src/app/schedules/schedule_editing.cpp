@@ -5,6 +5,7 @@
 #include <string_view>
 #include <utility>
 
+#include "ledger/change.h"
 #include "model/entry_type.h"
 #include "platform/ambient.h"
 
@@ -211,12 +212,14 @@ bool ScheduleEditing::OK() {
 
   const auto account = account_.lock();
   const auto schedule = edited_ != nullptr ? edited_ : std::make_shared<LDGRAccountSchedule>();
+  Change change(ledger_, edited_ != nullptr ? "Edit Schedule" : "New Schedule", account);
+  if (edited_ != nullptr) change.Edit(account, edited_);
   StoreValues(state_.typed, *schedule);
   if (edited_ == nullptr) {
     schedule->SetNumber(account->NextAvailableScheduleNumber());
-    account->AddSchedule(schedule);
+    change.Add(account, schedule);
   }
-  account->NoteChange();
+  change.Close();
   Close();
   refresh_.SchedulesChanged();
   desk_.SelectSchedule(schedule);

@@ -8,6 +8,7 @@
 #include "app/face/refresh.h"
 #include "app/face/sheet_slot.h"
 #include "app/schedules/schedule_sheet_state.h"
+#include "ledger/ledger.h"
 #include "model/account.h"
 #include "model/account_schedule.h"
 
@@ -17,8 +18,9 @@ namespace tallyfold {
 // account changes at OK alone, all at once or not at all.
 class ScheduleEditing {
  public:
-  ScheduleEditing(Desk& desk, SheetSlot& sheets, Refresh& refresh, Announcer& announcer) noexcept
-      : desk_(desk), sheets_(sheets), refresh_(refresh), announcer_(announcer) {}
+  ScheduleEditing(Desk& desk, Ledger& ledger, SheetSlot& sheets, Refresh& refresh,
+                  Announcer& announcer) noexcept
+      : desk_(desk), ledger_(ledger), sheets_(sheets), refresh_(refresh), announcer_(announcer) {}
   ScheduleEditing(const ScheduleEditing&) = delete;
   ScheduleEditing& operator=(const ScheduleEditing&) = delete;
 
@@ -49,6 +51,7 @@ class ScheduleEditing {
   void Close();
 
   Desk& desk_;
+  Ledger& ledger_;
   SheetSlot& sheets_;
   Refresh& refresh_;
   Announcer& announcer_;

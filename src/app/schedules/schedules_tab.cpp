@@ -3,15 +3,17 @@
 #include <utility>
 #include <vector>
 
+#include "ledger/change.h"
 #include "platform/ambient.h"
 #include "registers/register_look.h"
 #include "storage/preferences.h"
 
 namespace tallyfold {
 
-SchedulesTab::SchedulesTab(Desk& desk, ScheduleCommit& commit, SheetSlot& sheets, Refresh& refresh,
-                           Announcer& announcer)
+SchedulesTab::SchedulesTab(Desk& desk, Ledger& ledger, ScheduleCommit& commit, SheetSlot& sheets,
+                           Refresh& refresh, Announcer& announcer)
     : desk_(desk),
+      ledger_(ledger),
       commit_(commit),
       sheets_(sheets),
       refresh_(refresh),
@@ -72,7 +74,10 @@ void SchedulesTab::CloseConfirm() {
 void SchedulesTab::Schedule_Delete() {
   const Announcer::Operation operation(announcer_);
   if (!IsReady()) return;
-  desk_.SelectedAccount()->RemoveSchedule(rows_.SelectedSchedule().get());
+  const auto account = desk_.SelectedAccount();
+  Change change(ledger_, "Remove Schedule", account);
+  change.Remove(account, rows_.SelectedSchedule().get());
+  change.Close();
   refresh_.SchedulesChanged();
 }
 
@@ -87,7 +92,9 @@ bool SchedulesTab::Schedule_Duplicate() {
   }
   const auto copy = std::make_shared<LDGRAccountSchedule>(dictionary);
   copy->SetNumber(account->NextAvailableScheduleNumber());
-  account->AddSchedule(copy);
+  Change change(ledger_, "Duplicate Schedule", account);
+  change.Add(account, copy);
+  change.Close();
   refresh_.SchedulesChanged();
   rows_.SelectSchedule(copy.get());
   return true;

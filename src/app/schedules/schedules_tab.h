@@ -8,6 +8,7 @@
 #include "app/face/refresh.h"
 #include "app/face/sheet_slot.h"
 #include "app/schedules/schedule_commit.h"
+#include "ledger/ledger.h"
 #include "model/account.h"
 #include "model/account_schedule.h"
 #include "registers/schedule_table_view_data.h"
@@ -28,8 +29,8 @@ struct ScheduleRemoveSheetState {
 // those that tell return false, without a selected schedule and while a sheet is open.
 class SchedulesTab final : private TableView::Observer {
  public:
-  SchedulesTab(Desk& desk, ScheduleCommit& commit, SheetSlot& sheets, Refresh& refresh,
-               Announcer& announcer);
+  SchedulesTab(Desk& desk, Ledger& ledger, ScheduleCommit& commit, SheetSlot& sheets,
+               Refresh& refresh, Announcer& announcer);
   SchedulesTab(const SchedulesTab&) = delete;
   SchedulesTab& operator=(const SchedulesTab&) = delete;
   ~SchedulesTab() override;
@@ -66,6 +67,7 @@ class SchedulesTab final : private TableView::Observer {
   void CloseConfirm();
 
   Desk& desk_;
+  Ledger& ledger_;
   ScheduleCommit& commit_;
   SheetSlot& sheets_;
   Refresh& refresh_;

@@ -1,5 +1,6 @@
 #include "app/shell/menus.h"
 
+#include "ledger/change.h"
 #include "model/entry_type.h"
 
 namespace tallyfold {
@@ -59,8 +60,9 @@ void Menus::entryMenu_Types_MenuItem(std::int32_t tag) {
   if (account == nullptr || entry == nullptr) return;
   const auto type = account->AccountEntryTypeForNumber(tag);
   if (type == nullptr || !CanTake(entry.get(), *type)) return;
-  entry->SetType(tag);
-  account->NoteChange();
+  Change change(ledger_, "Change Type", account);
+  change.Edit(account, entry).SetType(tag);
+  change.Close();
   refresh_.EntryMarked();
   refresh_.entryMenu_Types_Menu_Populate();
 }

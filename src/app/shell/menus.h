@@ -11,6 +11,7 @@
 #include "app/face/refresh.h"
 #include "app/face/sheet_slot.h"
 #include "app/shell/modal_watch.h"
+#include "ledger/ledger.h"
 #include "model/account.h"
 #include "model/account_entry.h"
 
@@ -30,9 +31,10 @@ struct MenuItem {
 // The menus whose items depend on the accounts.
 class Menus {
  public:
-  Menus(Desk& desk, const ModalWatch& modal, AccountSelection& selection, const SheetSlot& sheets,
-        Refresh& refresh, Announcer& announcer) noexcept
+  Menus(Desk& desk, Ledger& ledger, const ModalWatch& modal, AccountSelection& selection,
+        const SheetSlot& sheets, Refresh& refresh, Announcer& announcer) noexcept
       : desk_(desk),
+        ledger_(ledger),
         modal_(modal),
         selection_(selection),
         sheets_(sheets),
@@ -59,6 +61,7 @@ class Menus {
 
  private:
   Desk& desk_;
+  Ledger& ledger_;
   const ModalWatch& modal_;
   AccountSelection& selection_;
   const SheetSlot& sheets_;

@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "app/shell/preference_texts.h"
+#include "ledger/change.h"
 #include "platform/ambient.h"
 
 namespace tallyfold {
@@ -68,7 +69,12 @@ bool PreferencesSheet::OK() {
     // Only the version cannot be set, and both have the same.
     static_cast<void>(in_force.SetFieldValue(field.key, state_.settings->FieldValue(field.key)));
   }
-  if (state_.password != accounts_.password()) accounts_.setPassword(state_.password);
+  if (state_.password != accounts_.password()) {
+    Change change(ledger_);
+    change.EditPassword();
+    accounts_.setPassword(state_.password);
+    change.Close();
+  }
   Close();
   host_.PreferencesChanged();
   return true;

@@ -10,6 +10,7 @@
 #include "app/face/main_window.h"
 #include "app/face/sheet_slot.h"
 #include "app/views/balance_field.h"
+#include "ledger/ledger.h"
 #include "platform/run_loop.h"
 #include "storage/accounts_store.h"
 #include "storage/preferences.h"
@@ -47,11 +48,12 @@ class PreferencesSheet {
     virtual void PreferencesChanged() = 0;
   };
 
-  PreferencesSheet(Host& host, Desk& desk, AccountsStore& accounts, const BalanceField& balance,
-                   MainWindowSlot& window, SheetSlot& sheets, RunLoop& loop,
-                   Announcer& announcer) noexcept
+  PreferencesSheet(Host& host, Desk& desk, Ledger& ledger, AccountsStore& accounts,
+                   const BalanceField& balance, MainWindowSlot& window, SheetSlot& sheets,
+                   RunLoop& loop, Announcer& announcer) noexcept
       : host_(host),
         desk_(desk),
+        ledger_(ledger),
         accounts_(accounts),
         balance_(balance),
         window_(window),
@@ -87,6 +89,7 @@ class PreferencesSheet {
 
   Host& host_;
   Desk& desk_;
+  Ledger& ledger_;
   AccountsStore& accounts_;
   const BalanceField& balance_;
   MainWindowSlot& window_;

@@ -1,6 +1,7 @@
 #include "app/views/account_summary_sheet.h"
 
 #include "app/face/blank_text.h"
+#include "ledger/change.h"
 #include "platform/ambient.h"
 #include "registers/register_look.h"
 #include "summaries/summary_choices.h"
@@ -69,7 +70,11 @@ bool AccountSummarySheet::OK() {
   OptionsChanged();
   if (!state_.ok_is_enabled) return false;
   const plist::Dictionary options = state_.options->optionsAsDictionary();
-  if (!(options == summary_->optionsAsDictionary())) summary_->setOptionsFromDictionary(options);
+  Change change(ledger_, "Summary Options", account_);
+  if (!(options == summary_->optionsAsDictionary())) {
+    change.Edit(account_, summary_).setOptionsFromDictionary(options);
+  }
+  change.Close();
   Close();
   tab_.Show();
   return true;

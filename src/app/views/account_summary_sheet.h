@@ -8,6 +8,7 @@
 #include "app/face/pop_up_item.h"
 #include "app/face/sheet_slot.h"
 #include "app/views/account_summary_tab.h"
+#include "ledger/ledger.h"
 #include "model/account.h"
 #include "summaries/account_summary.h"
 #include "summaries/summary_layout.h"
@@ -41,9 +42,9 @@ struct AccountSummarySheetState {
 // The options sheet of the selected account's selected summary.
 class AccountSummarySheet {
  public:
-  AccountSummarySheet(Desk& desk, AccountSummaryTab& tab, SheetSlot& sheets,
+  AccountSummarySheet(Desk& desk, Ledger& ledger, AccountSummaryTab& tab, SheetSlot& sheets,
                       Announcer& announcer) noexcept
-      : desk_(desk), tab_(tab), sheets_(sheets), announcer_(announcer) {}
+      : desk_(desk), ledger_(ledger), tab_(tab), sheets_(sheets), announcer_(announcer) {}
   AccountSummarySheet(const AccountSummarySheet&) = delete;
   AccountSummarySheet& operator=(const AccountSummarySheet&) = delete;
 
@@ -65,6 +66,7 @@ class AccountSummarySheet {
   void Close();
 
   Desk& desk_;
+  Ledger& ledger_;
   AccountSummaryTab& tab_;
   SheetSlot& sheets_;
   Announcer& announcer_;

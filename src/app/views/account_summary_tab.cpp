@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "app/face/blank_text.h"
+#include "ledger/change.h"
 #include "model/text.h"
 #include "platform/ambient.h"
 #include "registers/register_look.h"
@@ -60,7 +61,9 @@ const AccountSummaryTabState& AccountSummaryTab::State() {
 bool AccountSummaryTab::Select(std::size_t row) {
   const auto account = AccountToChange();
   if (account == nullptr || row >= account->accountSummaries().size()) return false;
-  account->selectAccountSummary(SummariesByName(*account)[row].get());
+  Change change(ledger_);
+  change.EditSettings(account).selectAccountSummary(SummariesByName(*account)[row].get());
+  change.Close();
   Show();
   return true;
 }
@@ -70,7 +73,7 @@ std::shared_ptr<LDGRAccountSummary> AccountSummaryTab::Add() {
   if (account == nullptr) return nullptr;
   auto summary = std::make_shared<LDGRAccountSummary>();
   const std::string name = UnusedName(*account, summary->name());
-  return AddAndSelect(*account, std::move(summary), name);
+  return AddAndSelect("New Summary", account, std::move(summary), name);
 }
 
 std::shared_ptr<LDGRAccountSummary> AccountSummaryTab::Duplicate() {
@@ -79,16 +82,19 @@ std::shared_ptr<LDGRAccountSummary> AccountSummaryTab::Duplicate() {
   const LDGRAccountSummary& original = *account->selectedAccountSummary();
   const std::string stem = MessageWithText(LocalizedText("%@ Copy"), original.name());
   return AddAndSelect(
-      *account,
+      "Duplicate Summary", account,
       std::make_shared<LDGRAccountSummary>(original.optionsAsDictionary().DeepCopy(), nullptr),
       UnusedName(*account, stem));
 }
 
 std::shared_ptr<LDGRAccountSummary> AccountSummaryTab::AddAndSelect(
-    LDGRAccount& account, std::shared_ptr<LDGRAccountSummary> summary, const std::string& name) {
+    std::string_view step, const std::shared_ptr<LDGRAccount>& account,
+    std::shared_ptr<LDGRAccountSummary> summary, const std::string& name) {
   summary->setName(name);
-  account.addAccountSummary(summary);
-  account.selectAccountSummary(summary.get());
+  Change change(ledger_, step, account);
+  change.Add(account, summary);
+  change.EditSettings(account).selectAccountSummary(summary.get());
+  change.Close();
   Show();
   return summary;
 }
@@ -98,7 +104,9 @@ bool AccountSummaryTab::Rename(std::string_view name) {
   if (account == nullptr || account->selectedAccountSummary() == nullptr || IsBlank(name)) {
     return false;
   }
-  account->selectedAccountSummary()->setName(name);
+  Change change(ledger_, "Rename Summary", account);
+  change.Edit(account, account->selectedAccountSummary()).setName(name);
+  change.Close();
   Show();
   return true;
 }
@@ -114,7 +122,9 @@ bool AccountSummaryTab::Remove() {
   }
   // Held, because the account lets go of it.
   const auto summary = account->selectedAccountSummary();
-  account->removeAccountSummary(summary.get());
+  Change change(ledger_, "Remove Summary", account);
+  change.Remove(account, summary.get());
+  change.Close();
   Show();
   return true;
 }

@@ -11,6 +11,7 @@
 #include "app/face/announcer.h"
 #include "app/face/pop_up_item.h"
 #include "app/face/sheet_slot.h"
+#include "ledger/ledger.h"
 #include "model/account.h"
 #include "platform/alerts.h"
 #include "summaries/account_summary.h"
@@ -31,9 +32,9 @@ struct AccountSummaryTabState {
 // The summary tab: the selected account's summaries, and what is done with them.
 class AccountSummaryTab {
  public:
-  AccountSummaryTab(Desk& desk, Alerts& alerts, const SheetSlot& sheets,
+  AccountSummaryTab(Desk& desk, Ledger& ledger, Alerts& alerts, const SheetSlot& sheets,
                     Announcer& announcer) noexcept
-      : desk_(desk), alerts_(alerts), sheets_(sheets), announcer_(announcer) {}
+      : desk_(desk), ledger_(ledger), alerts_(alerts), sheets_(sheets), announcer_(announcer) {}
   AccountSummaryTab(const AccountSummaryTab&) = delete;
   AccountSummaryTab& operator=(const AccountSummaryTab&) = delete;
 
@@ -70,11 +71,13 @@ class AccountSummaryTab {
 
   // The account whose summaries can be changed now; null for none.
   [[nodiscard]] std::shared_ptr<LDGRAccount> AccountToChange() const;
-  std::shared_ptr<LDGRAccountSummary> AddAndSelect(LDGRAccount& account,
+  std::shared_ptr<LDGRAccountSummary> AddAndSelect(std::string_view step,
+                                                   const std::shared_ptr<LDGRAccount>& account,
                                                    std::shared_ptr<LDGRAccountSummary> summary,
                                                    const std::string& name);
 
   Desk& desk_;
+  Ledger& ledger_;
   Alerts& alerts_;
   const SheetSlot& sheets_;
   Announcer& announcer_;

@@ -2,6 +2,7 @@
 
 #include <cmath>
 
+#include "ledger/change.h"
 #include "model/amounts.h"
 #include "registers/account_table_view_data.h"
 
@@ -34,7 +35,9 @@ bool ReconcileTab::StatementBalance_EndEditing(double balance) {
   const Announcer::Operation operation(announcer_);
   const auto account = desk_.SelectedAccount();
   if (account == nullptr || !(std::fabs(balance) < kGreatestBalance)) return false;
-  account->setStatementBalance(RoundedAmount(balance) + 0.0);
+  Change change(ledger_, "Statement Balance", account);
+  change.EditOptions(account).setStatementBalance(RoundedAmount(balance) + 0.0);
+  change.Close();
   refresh_.ReconcileTab_UpdateBalances();
   return true;
 }

@@ -10,6 +10,7 @@
 #include "app/face/announcer.h"
 #include "app/face/refresh.h"
 #include "app/views/registers.h"
+#include "ledger/ledger.h"
 #include "model/account.h"
 #include "model/account_entry.h"
 #include "registers/difference_explanation.h"
@@ -34,9 +35,10 @@ struct ReconcileTabState {
 // Reconciling the selected account with a statement of its bank.
 class ReconcileTab {
  public:
-  ReconcileTab(Desk& desk, Registers& registers, EntryEditing& editing, Refresh& refresh,
-               Announcer& announcer) noexcept
+  ReconcileTab(Desk& desk, Ledger& ledger, Registers& registers, EntryEditing& editing,
+               Refresh& refresh, Announcer& announcer) noexcept
       : desk_(desk),
+        ledger_(ledger),
         registers_(registers),
         editing_(editing),
         refresh_(refresh),
@@ -58,6 +60,7 @@ class ReconcileTab {
 
  private:
   Desk& desk_;
+  Ledger& ledger_;
   Registers& registers_;
   EntryEditing& editing_;
   Refresh& refresh_;

@@ -5,18 +5,21 @@
 #include <string>
 #include <string_view>
 
-#include "app/desk.h"
 #include "model/account.h"
 #include "model/account_entry.h"
+#include "storage/accounts_store.h"
 
 namespace tallyfold {
+
+class Change;
 
 // Keeps the two halves of each transfer together. A half names the other by the numbers of its
 // account and of its entry there. Both need not be unique or exist: old files repeat entry numbers,
 // a half that moved to another account has none (-1), and accounts go.
 class TransferLinks {
  public:
-  explicit TransferLinks(const Desk& desk) noexcept : desk_(desk) {}
+  // The store must outlive the links.
+  explicit TransferLinks(const AccountsStore& store) noexcept : store_(store) {}
   TransferLinks(const TransferLinks&) = delete;
   TransferLinks& operator=(const TransferLinks&) = delete;
 
@@ -51,33 +54,35 @@ class TransferLinks {
   // account numbered `other`, which the user knows as `name`. An account that does not exist has no
   // other half.
   // For a new entry, whose other half is made.
-  void LinkNew(LDGRAccount& account, LDGRAccountEntry& entry, std::int32_t other,
+  void LinkNew(Change& change, LDGRAccount& account, LDGRAccountEntry& entry, std::int32_t other,
                std::string_view name) const;
   // For one that was changed; `half` is what OtherHalf() gave before. It is kept and brought in
   // line where the account stays the same, and replaced by a new one, which gets no number, where
   // the account changes.
-  void Relink(LDGRAccount& account, LDGRAccountEntry& entry,
+  void Relink(Change& change, LDGRAccount& account, LDGRAccountEntry& entry,
               const std::shared_ptr<LDGRAccountEntry>& half, std::int32_t other,
               std::string_view name) const;
 
   // Makes the other half of an entry of `account` an ordinary entry that stays where it is.
-  void UnlinkOtherHalf(const LDGRAccount& account, const LDGRAccountEntry& entry) const;
+  void UnlinkOtherHalf(Change& change, const LDGRAccount& account,
+                       const LDGRAccountEntry& entry) const;
   // Removes the other half of an entry of `account` from its account.
-  void RemoveOtherHalf(const LDGRAccount& account, const LDGRAccountEntry& entry) const;
+  void RemoveOtherHalf(Change& change, const LDGRAccount& account,
+                       const LDGRAccountEntry& entry) const;
 
   // Gives every transfer of the account the present name of the account it names.
-  void Account_SyncTransfers(LDGRAccount& account) const;
-  void Accounts_SyncTransfers() const;
+  void Account_SyncTransfers(Change& change, const std::shared_ptr<LDGRAccount>& account) const;
+  void Accounts_SyncTransfers(Change& change) const;
   // The same for the scheduled transfers of every account.
-  void Schedules_SyncTransfers() const;
+  void Schedules_SyncTransfers(Change& change) const;
 
  private:
-  // Gives `entry` the present name of the account it names. False when it has it or names none.
-  bool Rename(LDGRAccountEntry& entry) const;
+  // The present name of the account that `entry` names; null when it has it or names none.
+  [[nodiscard]] const std::string* NewName(const LDGRAccountEntry& entry) const;
   // Null stands for an other half that is not there.
-  void Remove(std::int32_t account, const LDGRAccountEntry* half) const;
+  void Remove(Change& change, std::int32_t account, const LDGRAccountEntry* half) const;
 
-  const Desk& desk_;
+  const AccountsStore& store_;
 };
 
 }  // namespace tallyfold

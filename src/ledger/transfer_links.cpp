@@ -1,10 +1,12 @@
-#include "app/entries/transfer_links.h"
+#include "ledger/transfer_links.h"
 
 #include <algorithm>
 #include <utility>
 
+#include "ledger/change.h"
 #include "model/account_schedule.h"
 #include "model/amounts.h"
+#include "model/current_account.h"
 #include "model/text.h"
 #include "platform/ambient.h"
 
@@ -48,14 +50,14 @@ void Join(const LDGRAccount& account, LDGRAccountEntry& entry, LDGRAccountEntry&
 
 std::shared_ptr<LDGRAccountEntry> TransferLinks::Transfer_LinkedEntry(
     const LDGRAccountEntry* entry) const {
-  const auto account = desk_.SelectedAccount();
+  const auto account = CurrentAccount();
   if (entry == nullptr || account == nullptr || !entry->IsTransfer()) return nullptr;
   return OtherHalf(*account, *entry);
 }
 
 TransferLinks::Search TransferLinks::FindOtherHalf(const LDGRAccount& account,
                                                    const LDGRAccountEntry& entry) const {
-  const auto other = desk_.AccountWithNumber(entry.GetTransferAccount());
+  const auto other = store_.AccountWithNumber(entry.GetTransferAccount());
   if (other == nullptr) return {};
   const std::int32_t number = entry.GetTransferEntry();
   EntryList pointing_back;
@@ -82,82 +84,81 @@ std::string TransferLinks::NoteOnOtherHalf(const LDGRAccount& account,
   return MessageWithText(
       LocalizedText("Several entries of the account \"%@\" could be the other half of this "
                     "transfer, and none has its amount; they stay as they are."),
-      desk_.AccountWithNumber(entry.GetTransferAccount())->GetName());
+      store_.AccountWithNumber(entry.GetTransferAccount())->GetName());
 }
 
-void TransferLinks::LinkNew(LDGRAccount& account, LDGRAccountEntry& entry, std::int32_t other,
-                            std::string_view name) const {
+void TransferLinks::LinkNew(Change& change, LDGRAccount& account, LDGRAccountEntry& entry,
+                            std::int32_t other, std::string_view name) const {
   entry.SetTransferAccount(other);
   entry.SetToFrom(name);
-  const auto target = desk_.AccountWithNumber(other);
+  const auto target = store_.AccountWithNumber(other);
   if (target == nullptr) return;
   auto half = std::make_shared<LDGRAccountEntry>();
-  half->SetNumber(target->NextAvailableNumber());
+  half->SetNumber(change.NextNumber(target));
   Join(account, entry, *half);
-  target->AddEntry(std::move(half));
+  change.Add(target, std::move(half));
 }
 
-void TransferLinks::Relink(LDGRAccount& account, LDGRAccountEntry& entry,
+void TransferLinks::Relink(Change& change, LDGRAccount& account, LDGRAccountEntry& entry,
                            const std::shared_ptr<LDGRAccountEntry>& half, std::int32_t other,
                            std::string_view name) const {
-  const auto target = desk_.AccountWithNumber(other);
+  const auto target = store_.AccountWithNumber(other);
   auto kept = half;
   if (target == nullptr || other != entry.GetTransferAccount()) {
-    Remove(entry.GetTransferAccount(), half.get());
+    Remove(change, entry.GetTransferAccount(), half.get());
     kept = nullptr;
     if (target != nullptr) {
       kept = std::make_shared<LDGRAccountEntry>();
-      target->AddEntry(kept);
+      change.Add(target, kept);
     }
   }
   entry.SetTransferAccount(other);
   entry.SetToFrom(name);
   if (kept == nullptr) return;
-  Join(account, entry, *kept);
-  target->NoteChange();
+  Join(account, entry, change.Edit(target, kept));
 }
 
-void TransferLinks::UnlinkOtherHalf(const LDGRAccount& account,
+void TransferLinks::UnlinkOtherHalf(Change& change, const LDGRAccount& account,
                                     const LDGRAccountEntry& entry) const {
   const auto half = OtherHalf(account, entry);
   if (half == nullptr) return;
+  change.Edit(store_.AccountWithNumber(entry.GetTransferAccount()), half);
   half->SetTransferEntry(kNotLinked);
   half->SetTransferAccount(kNotLinked);
-  desk_.AccountWithNumber(entry.GetTransferAccount())->NoteChange();
 }
 
-void TransferLinks::RemoveOtherHalf(const LDGRAccount& account,
+void TransferLinks::RemoveOtherHalf(Change& change, const LDGRAccount& account,
                                     const LDGRAccountEntry& entry) const {
-  Remove(entry.GetTransferAccount(), OtherHalf(account, entry).get());
+  Remove(change, entry.GetTransferAccount(), OtherHalf(account, entry).get());
 }
 
-void TransferLinks::Remove(std::int32_t account, const LDGRAccountEntry* half) const {
-  if (half != nullptr) desk_.AccountWithNumber(account)->RemoveEntry(half);
+void TransferLinks::Remove(Change& change, std::int32_t account,
+                           const LDGRAccountEntry* half) const {
+  if (half != nullptr) change.Remove(store_.AccountWithNumber(account), half);
 }
 
-bool TransferLinks::Rename(LDGRAccountEntry& entry) const {
-  if (!entry.IsTransfer()) return false;
-  const auto other = desk_.AccountWithNumber(entry.GetTransferAccount());
-  if (other == nullptr || entry.GetToFrom() == other->GetName()) return false;
-  entry.SetToFrom(other->GetName());
-  return true;
+const std::string* TransferLinks::NewName(const LDGRAccountEntry& entry) const {
+  if (!entry.IsTransfer()) return nullptr;
+  const auto other = store_.AccountWithNumber(entry.GetTransferAccount());
+  return other == nullptr || entry.GetToFrom() == other->GetName() ? nullptr : &other->GetName();
 }
 
-void TransferLinks::Account_SyncTransfers(LDGRAccount& account) const {
-  bool changed = false;
-  for (const auto& entry : account.GetEntries()) changed |= Rename(*entry);
-  if (changed) account.NoteChange();
+void TransferLinks::Account_SyncTransfers(Change& change,
+                                          const std::shared_ptr<LDGRAccount>& account) const {
+  for (const auto& entry : account->GetEntries()) {
+    if (const auto* name = NewName(*entry)) change.Edit(account, entry).SetToFrom(*name);
+  }
 }
 
-void TransferLinks::Accounts_SyncTransfers() const {
-  for (const auto& account : desk_.accounts()) Account_SyncTransfers(*account);
+void TransferLinks::Accounts_SyncTransfers(Change& change) const {
+  for (const auto& account : store_.accounts()) Account_SyncTransfers(change, account);
 }
 
-void TransferLinks::Schedules_SyncTransfers() const {
-  for (const auto& account : desk_.accounts()) {
-    bool changed = false;
-    for (const auto& schedule : account->GetSchedules()) changed |= Rename(*schedule);
-    if (changed) account->NoteChange();
+void TransferLinks::Schedules_SyncTransfers(Change& change) const {
+  for (const auto& account : store_.accounts()) {
+    for (const auto& schedule : account->GetSchedules()) {
+      if (const auto* name = NewName(*schedule)) change.Edit(account, schedule).SetToFrom(*name);
+    }
   }
 }
 
