@@ -2,6 +2,7 @@
 // of an old record, the lists of texts for completion.
 
 #include <benchmark/benchmark.h>
+#include <malloc.h>
 
 #include <algorithm>
 #include <chrono>
@@ -71,6 +72,33 @@ BENCHMARK(AllRunningBalances)
     ->Arg(100'000)
     ->UseManualTime()
     ->Unit(benchmark::kMillisecond);
+
+// Accounts that hold next to nothing, of which a small file may have many: what each costs to read
+// and to keep. Limits: 10 microseconds, 1 KB.
+void AccountsWithoutEntries(benchmark::State& state) {
+  constexpr std::size_t kAccounts = 10'000;
+  SystemClock clock;
+  const ScopedAmbient ambient({.clock = &clock});
+  std::size_t bytes = 0;
+  for (auto _ : state) {
+    AccountList accounts;
+    accounts.reserve(kAccounts);
+    plist::Dictionary record;
+    record.Set("version", 7);
+    record.Set("number", 1);
+    const std::size_t before = mallinfo2().uordblks;
+    state.SetIterationTime(SecondsFor([&] {
+      while (accounts.size() < kAccounts) {
+        accounts.push_back(LDGRAccount::accountByConsuming(record));
+      }
+    }));
+    bytes = mallinfo2().uordblks - before;
+  }
+  state.counters["bytes_each"] = static_cast<double>(bytes) / kAccounts;
+  state.counters["per_second"] =
+      benchmark::Counter(kAccounts, benchmark::Counter::kIsIterationInvariantRate);
+}
+BENCHMARK(AccountsWithoutEntries)->UseManualTime()->Unit(benchmark::kMillisecond);
 
 enum class Numbers { Distinct, InPairs, AllTheSame };
 

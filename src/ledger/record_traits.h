@@ -89,7 +89,7 @@ struct RecordTraits<LDGRAccountSchedule> {
 
 template <>
 struct RecordTraits<LDGRAccountSummary> {
-  static AccountSummaryList& ListOf(LDGRAccount& account) noexcept {
+  static AccountSummaryList& ListOf(LDGRAccount& account) {
     return AccountLists::Summaries(account);
   }
   static RecordChanges<AccountSummaryList>& ChangesOf(AccountChanges& changes) noexcept {

@@ -42,9 +42,7 @@ EntryList EntriesOfKind(const EntryList& entries,
 
 }  // namespace
 
-LDGRAccount::LDGRAccount() : types_(DefaultTypes()) {
-  TakeAccountSummaries(DefaultAccountSummaries());
-}
+LDGRAccount::LDGRAccount() = default;
 
 LDGRAccount::~LDGRAccount() {
   TakeAccountSummaries({});

@@ -2,6 +2,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
@@ -197,7 +198,7 @@ class LDGRAccount : public AccountOptions {
   // --- Entry types --------------------------------------------------------------------------
 
   // The active types, and those taken out of use that old entries still refer to.
-  [[nodiscard]] const EntryTypeList& GetTypes() const noexcept { return types_; }
+  [[nodiscard]] const EntryTypeList& GetTypes() const { return Types(); }
   [[nodiscard]] const EntryTypeList& GetInactiveTypes() const noexcept { return inactive_types_; }
   // Replace a list; a default type that is in neither list afterwards becomes none. The active
   // types are kept sorted by name.
@@ -336,7 +337,8 @@ class LDGRAccount : public AccountOptions {
 
   // --- Summaries (src/summaries) --------------------------------------------------------------
 
-  [[nodiscard]] const AccountSummaryList& accountSummaries() const noexcept {
+  [[nodiscard]] const AccountSummaryList& accountSummaries() const {
+    MakeMissingSummaries();
     return account_summaries_;
   }
   // Appends, and selects it when none was selected; null is ignored.
@@ -344,7 +346,8 @@ class LDGRAccount : public AccountOptions {
   // Removing the selected one selects the first.
   void removeAccountSummary(const LDGRAccountSummary* summary);
   // Null when there is none.
-  [[nodiscard]] const std::shared_ptr<LDGRAccountSummary>& selectedAccountSummary() const noexcept {
+  [[nodiscard]] const std::shared_ptr<LDGRAccountSummary>& selectedAccountSummary() const {
+    MakeMissingSummaries();
     return selected_account_summary_;
   }
   // A summary or an index that is not in the list changes nothing.
@@ -406,9 +409,21 @@ class LDGRAccount : public AccountOptions {
 
   // The dictionary forms of the summaries, by whom they are known (src/summaries).
   void WriteAccountSummaries(plist::Output& output) const;
-  void ReadAccountSummaries(const plist::Array& array, std::string_view wrong);
+  // Calls `skip_element` for each element that is no dictionary.
+  void ReadAccountSummaries(const plist::Array& array, const std::function<void()>& skip_element);
   // Replaces the list, makes it belong to this account and selects its first.
   void TakeAccountSummaries(AccountSummaryList summaries);
+
+  // The types and summaries of a new account are made when they are first asked for: they cost more
+  // than the rest of it, and a file that is read mostly has its own.
+  [[nodiscard]] EntryTypeList& Types() const {
+    if (!types_) types_ = DefaultTypes();
+    return *types_;
+  }
+  void MakeMissingSummaries() const {
+    if (!has_summaries_) MakeDefaultSummaries();
+  }
+  void MakeDefaultSummaries() const;
 
   // Forgets default types that are in neither list of types.
   void DropForeignDefaultTypes() noexcept;
@@ -417,7 +432,7 @@ class LDGRAccount : public AccountOptions {
   std::int32_t version_ = kCurrentVersion;
   std::string name_;
   EntryList entries_;
-  EntryTypeList types_;
+  mutable std::optional<EntryTypeList> types_;
   EntryTypeList inactive_types_;
   std::int32_t starting_check_number_ = 1;
   double starting_balance_ = 0.0;
@@ -437,8 +452,9 @@ class LDGRAccount : public AccountOptions {
   TextList preferred_transfer_descriptions_;
   TextList preferred_tos_;
   TextList preferred_froms_;
-  AccountSummaryList account_summaries_;
-  std::shared_ptr<LDGRAccountSummary> selected_account_summary_;
+  mutable bool has_summaries_ = false;
+  mutable AccountSummaryList account_summaries_;
+  mutable std::shared_ptr<LDGRAccountSummary> selected_account_summary_;
   std::int32_t entry_filter_type_ = 0;
   plist::Value entry_filter_data_ = "";
   std::int32_t reconcile_filter_type_ = 0;

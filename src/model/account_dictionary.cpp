@@ -1,14 +1,17 @@
 #include <algorithm>
 
 #include "model/account_keys.h"
+#include "model/stored_numbers.h"
 #include "model/text.h"
 #include "platform/ambient.h"
+#include "plist/read_report.h"
 
 namespace tallyfold {
 namespace {
 
 constexpr std::string_view kMissing = "No %@ defined for LDGRAccount.";
 constexpr std::string_view kWrong = "%@ is in wrong format for LDGRAccount.";
+constexpr std::int32_t kNoType = -1;
 
 bool IsAnything(const plist::Value&) {
   return true;
@@ -27,19 +30,18 @@ void WriteRecords(const List& list, plist::Output& output) {
   output.EndArray();
 }
 
-// Replaces the list by records made of the dictionaries in the array; `wrong` is logged for each
-// element that is none. With `consume` each element is freed as soon as it is read.
-template <typename Record>
-void ReadRecords(std::vector<std::shared_ptr<Record>>& list, plist::Array array, bool consume,
-                 std::string_view wrong) {
+// Replaces the list by records made of the dictionaries in the array; other elements are skipped.
+template <typename Record, typename Reading>
+void ReadRecords(std::vector<std::shared_ptr<Record>>& list, plist::Array array,
+                 const Reading& reading) {
   list.clear();
   list.reserve(array.size());
   for (std::size_t i = 0; i < array.size(); ++i) {
-    const plist::Value element = consume ? array.Take(i) : array.At(i);
+    const plist::Value element = reading.consume ? array.Take(i) : array.At(i);
     if (element.IsDictionary()) {
       list.push_back(std::make_shared<Record>(element.DictionaryValue()));
     } else {
-      Log(wrong);
+      reading.SkipElement();
     }
   }
 }
@@ -65,8 +67,8 @@ struct LDGRAccount::StoredKey::Make {
         {},
         IsAnything,
         [](const LDGRAccount& account, plist::Output& output) { output.Integer(account.*member); },
-        [](LDGRAccount& account, const plist::Value& value, bool, std::string_view) {
-          account.*member = value.IntegerValue();
+        [](LDGRAccount& account, const plist::Value& value, const Reading& reading) {
+          account.*member = LooseInteger(value, reading.key);
         },
         KeepingOf<member>()};
   }
@@ -81,9 +83,8 @@ struct LDGRAccount::StoredKey::Make {
                    [](const LDGRAccount& account, plist::Output& output) {
                      WriteRecords(account.*member, output);
                    },
-                   [](LDGRAccount& account, const plist::Value& value, bool consume,
-                      std::string_view message) {
-                     ReadRecords(account.*member, value.ArrayValue(), consume, message);
+                   [](LDGRAccount& account, const plist::Value& value, const Reading& reading) {
+                     ReadRecords(account.*member, value.ArrayValue(), reading);
                    },
                    KeepingOf<member>()};
   }
@@ -96,38 +97,41 @@ struct LDGRAccount::StoredKey::Make {
                    IsNumber,
                    [](const LDGRAccount& account, plist::Output& output) {
                      const auto& type = account.*member;
-                     output.Integer(type ? type->GetNumber() : -1);
+                     output.Integer(type ? type->GetNumber() : kNoType);
                    },
-                   [](LDGRAccount& account, const plist::Value& value, bool, std::string_view) {
-                     account.*member = account.AccountEntryTypeForNumber(value.IntegerValue());
+                   [](LDGRAccount& account, const plist::Value& value, const Reading& reading) {
+                     const std::int32_t number = StoredInteger(value, reading.key);
+                     account.*member = account.AccountEntryTypeForNumber(number);
+                     if (account.*member == nullptr && number != kNoType) {
+                       plist::ReportNotTaken(plist::NotTaken::OutOfRange, reading.key);
+                     }
                    },
                    KeepingOf<member>()};
   }
 
   template <TextList LDGRAccount::*member>
   static constexpr Entry Texts(std::string_view key) {
-    return Special{
-        key,
-        kMissing,
-        kWrong,
-        IsArray,
-        [](const LDGRAccount& account, plist::Output& output) {
-          output.BeginArray();
-          for (const std::string& text : account.*member) output.String(text);
-          output.EndArray();
-        },
-        [](LDGRAccount& account, const plist::Value& value, bool, std::string_view wrong) {
-          TextList& texts = account.*member;
-          texts.clear();
-          for (const plist::Value& element : value.ArrayValue()) {
-            if (element.IsString()) {
-              texts.emplace_back(element.StringValue());
-            } else {
-              Log(wrong);
-            }
-          }
-        },
-        KeepingOf<member>()};
+    return Special{key,
+                   kMissing,
+                   kWrong,
+                   IsArray,
+                   [](const LDGRAccount& account, plist::Output& output) {
+                     output.BeginArray();
+                     for (const std::string& text : account.*member) output.String(text);
+                     output.EndArray();
+                   },
+                   [](LDGRAccount& account, const plist::Value& value, const Reading& reading) {
+                     TextList& texts = account.*member;
+                     texts.clear();
+                     for (const plist::Value& element : value.ArrayValue()) {
+                       if (element.IsString()) {
+                         texts.emplace_back(element.StringValue());
+                       } else {
+                         reading.SkipElement();
+                       }
+                     }
+                   },
+                   KeepingOf<member>()};
   }
 
   template <plist::Value LDGRAccount::*member>
@@ -138,7 +142,7 @@ struct LDGRAccount::StoredKey::Make {
         {},
         IsAnything,
         [](const LDGRAccount& account, plist::Output& output) { output.Write(account.*member); },
-        [](LDGRAccount& account, const plist::Value& value, bool, std::string_view) {
+        [](LDGRAccount& account, const plist::Value& value, const Reading&) {
           account.*member = value.DeepCopy();
         },
         KeepingOf<member>(),
@@ -154,62 +158,64 @@ struct LDGRAccount::StoredKey::Make {
                    [](const LDGRAccount& account, plist::Output& output) {
                      output.Real(account.starting_balance_);
                    },
-                   [](LDGRAccount& account, const plist::Value& value, bool, std::string_view) {
-                     account.SetStartingBalance(value.DoubleValue());
+                   [](LDGRAccount& account, const plist::Value& value, const Reading& reading) {
+                     account.SetStartingBalance(StoredReal(value, reading.key));
                    },
                    KeepingOf<&LDGRAccount::starting_balance_>()};
   }
 
   static constexpr Entry ActiveTypes() {
-    return Special{
-        "types",
-        "No types defined for LDGRAccount.",
-        "types are in the wrong format for LDGRAccount.",
-        IsArray,
-        [](const LDGRAccount& account, plist::Output& output) {
-          WriteRecords(account.types_, output);
-        },
-        [](LDGRAccount& account, const plist::Value& value, bool consume, std::string_view wrong) {
-          EntryTypeList types;
-          ReadRecords(types, value.ArrayValue(), consume, wrong);
-          account.SetTypes(std::move(types));
-        },
-        KeepingOf<&LDGRAccount::types_>()};
+    return Special{"types",
+                   "No types defined for LDGRAccount.",
+                   "types are in the wrong format for LDGRAccount.",
+                   IsArray,
+                   [](const LDGRAccount& account, plist::Output& output) {
+                     WriteRecords(account.Types(), output);
+                   },
+                   [](LDGRAccount& account, const plist::Value& value, const Reading& reading) {
+                     EntryTypeList types;
+                     ReadRecords(types, value.ArrayValue(), reading);
+                     account.SetTypes(std::move(types));
+                   },
+                   KeepingOf<&LDGRAccount::types_, &LDGRAccount::GetTypes>()};
   }
 
   static constexpr Entry Summaries() {
-    return Special{
-        "accountSummaries",
-        "Account does not have any account summaries in LDGRAccount:initWithDictionary",
-        "Account Summaries are in the wrong format in LDGRAccount:initWithDictionary",
-        IsArray,
-        [](const LDGRAccount& account, plist::Output& output) {
-          account.WriteAccountSummaries(output);
-        },
-        [](LDGRAccount& account, const plist::Value& value, bool, std::string_view wrong) {
-          account.ReadAccountSummaries(value.ArrayValue(), wrong);
-        },
-        KeepingOf<&LDGRAccount::account_summaries_>()};
+    return Special{"accountSummaries",
+                   "Account does not have any account summaries in LDGRAccount:initWithDictionary",
+                   "Account Summaries are in the wrong format in LDGRAccount:initWithDictionary",
+                   IsArray,
+                   [](const LDGRAccount& account, plist::Output& output) {
+                     account.WriteAccountSummaries(output);
+                   },
+                   [](LDGRAccount& account, const plist::Value& value, const Reading& reading) {
+                     account.ReadAccountSummaries(value.ArrayValue(),
+                                                  [&reading] { reading.SkipElement(); });
+                   },
+                   KeepingOf<&LDGRAccount::account_summaries_, &LDGRAccount::accountSummaries>()};
   }
 
   static constexpr Entry SelectedSummary() {
-    return Special{"selectedAccountSummary",
-                   kMissing,
-                   kWrong,
-                   IsNumber,
-                   [](const LDGRAccount& account, plist::Output& output) {
-                     const auto& list = account.account_summaries_;
-                     const auto found =
-                         std::find(list.begin(), list.end(), account.selected_account_summary_);
-                     output.Integer(found != list.end() ? found - list.begin() : 0);
-                   },
-                   [](LDGRAccount& account, const plist::Value& value, bool, std::string_view) {
-                     const std::int32_t index = value.IntegerValue();
-                     if (index >= 0) {
-                       account.selectAccountSummaryAtIndex(static_cast<std::size_t>(index));
-                     }
-                   },
-                   KeepingOf<&LDGRAccount::selected_account_summary_>()};
+    return Special{
+        "selectedAccountSummary",
+        kMissing,
+        kWrong,
+        IsNumber,
+        [](const LDGRAccount& account, plist::Output& output) {
+          const auto& list = account.accountSummaries();
+          const auto found = std::find(list.begin(), list.end(), account.selectedAccountSummary());
+          output.Integer(found != list.end() ? found - list.begin() : 0);
+        },
+        [](LDGRAccount& account, const plist::Value& value, const Reading& reading) {
+          const std::int32_t index = StoredInteger(value, reading.key);
+          const auto count = account.accountSummaries().size();
+          if (index >= 0 && static_cast<std::size_t>(index) < count) {
+            account.selectAccountSummaryAtIndex(static_cast<std::size_t>(index));
+          } else if (index != 0) {
+            plist::ReportNotTaken(plist::NotTaken::OutOfRange, reading.key);
+          }
+        },
+        KeepingOf<&LDGRAccount::selected_account_summary_, &LDGRAccount::selectedAccountSummary>()};
   }
 };
 
@@ -296,6 +302,13 @@ std::span<const LDGRAccount::StoredKey> LDGRAccount::StoredKey::Table() {
   return Make::kTable;
 }
 
+bool LDGRAccount::StoredKey::IsKnown(std::string_view key) {
+  const auto table = Table();
+  return std::any_of(table.begin(), table.end(), [key](const StoredKey& stored) {
+    return std::visit([key](const auto& known) { return known.key == key; }, stored.entry);
+  });
+}
+
 LDGRAccount::LDGRAccount(const std::optional<plist::Dictionary>& dictionary) : LDGRAccount() {
   if (!dictionary) {
     Log("Invalid theDictionary supplied to LDGRAccount:initWithDictionary");
@@ -310,7 +323,7 @@ std::shared_ptr<LDGRAccount> LDGRAccount::accountByConsuming(const plist::Dictio
   return account;
 }
 
-void LDGRAccount::StoredKey::Read(const Entry& entry, LDGRAccount& account,
+bool LDGRAccount::StoredKey::Read(const Entry& entry, LDGRAccount& account,
                                   const plist::Dictionary& dictionary, bool consume) {
   if (const auto* field = std::get_if<Field<LDGRAccount>>(&entry)) {
     return ReadField(account, *field, dictionary);
@@ -319,11 +332,14 @@ void LDGRAccount::StoredKey::Read(const Entry& entry, LDGRAccount& account,
   const plist::Value& value = dictionary.Get(special.key);
   if (value.IsNone()) {
     LogForKey(special.missing, special.key);
-  } else if (!special.accepts(value)) {
-    LogForKey(special.wrong, special.key);
-  } else {
-    special.read(account, value, consume, MessageWithText(special.wrong, special.key));
+    return false;
   }
+  if (special.accepts(value)) {
+    special.read(account, value, {special.key, special.wrong, consume});
+  } else {
+    RefuseForKey(special.wrong, special.key);
+  }
+  return true;
 }
 
 void LDGRAccount::StoredKey::Write(const Entry& entry, const LDGRAccount& account,
@@ -338,9 +354,11 @@ void LDGRAccount::StoredKey::Write(const Entry& entry, const LDGRAccount& accoun
 }
 
 void LDGRAccount::Read(const plist::Dictionary& dictionary, bool consume) {
+  std::size_t met = 0;
   for (const StoredKey& key : StoredKey::Table()) {
-    StoredKey::Read(key.entry, *this, dictionary, consume);
+    if (StoredKey::Read(key.entry, *this, dictionary, consume)) ++met;
   }
+  plist::ReportUnknownKeys(dictionary, met, StoredKey::IsKnown);
   SetPassword(std::string(password_));
   ForgetChanges();
 }

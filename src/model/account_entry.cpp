@@ -1,10 +1,12 @@
 #include "model/account_entry.h"
 
+#include <algorithm>
 #include <array>
 #include <cstddef>
 
 #include "model/amounts.h"
 #include "model/field_table.h"
+#include "plist/read_report.h"
 
 namespace tallyfold {
 namespace {
@@ -64,25 +66,37 @@ struct LDGRAccountEntry::Keys {
       ChangeKind::Marks, ChangeKind::Texts, ChangeKind::Texts, ChangeKind::Texts,
   };
 
+  // Of old records; the upgrade reads them and leaves them where they are.
+  static constexpr std::array<std::string_view, 2> kOldKeys{"isDebit", "isCheck"};
+
   using Values = std::array<const plist::Value*, kCount>;
 
-  // The values of all keys, none for those that are missing. Keys nearly always come in the order
-  // in which they are written, so each is first looked for behind the one before it: an entry
-  // costs one pass over its dictionary.
-  static Values Find(const plist::Dictionary& dictionary) {
+  static bool Contains(std::span<const std::string_view> keys, std::string_view key) {
+    return std::find(keys.begin(), keys.end(), key) != keys.end();
+  }
+
+  // The values of all keys, none for those that are missing; other keys than these and `own_keys`
+  // are told. Keys nearly always come in the order in which they are written, so each is first
+  // looked for behind the one before it: an entry costs one pass over its dictionary.
+  static Values Find(const plist::Dictionary& dictionary,
+                     std::span<const std::string_view> own_keys) {
     static const plist::Value none;
     Values values;
     values.fill(&none);
     std::size_t next = 0;
     for (const plist::DictionaryItem& item : dictionary) {
       const std::string_view key = item.key();
-      for (std::size_t tries = 0; tries < kCount; ++tries) {
+      std::size_t tries = 0;
+      for (; tries < kCount; ++tries) {
         const std::size_t index = next;
         next = next + 1 == kCount ? 0 : next + 1;
         if (key == (index == kSplit ? kSplitKey : kFields[index].key)) {
           values[index] = &item.value();
           break;
         }
+      }
+      if (tries == kCount && !Contains(own_keys, key) && !Contains(kOldKeys, key)) {
+        plist::ReportNotTaken(plist::NotTaken::UnknownKey, key);
       }
     }
     return values;
@@ -93,17 +107,21 @@ struct LDGRAccountEntry::Keys {
   }
 };
 
-LDGRAccountEntry::LDGRAccountEntry(const std::optional<plist::Dictionary>& dictionary) {
+LDGRAccountEntry::LDGRAccountEntry(const std::optional<plist::Dictionary>& dictionary,
+                                   std::span<const std::string_view> own_keys) {
   if (!dictionary) return;
-  const Keys::Values values = Keys::Find(*dictionary);
+  const Keys::Values values = Keys::Find(*dictionary, own_keys);
   for (const Keys::Index index :
        {Keys::kDate, Keys::kNumber, Keys::kCheckNumber, Keys::kEntryFlags}) {
     Keys::Read(*this, values, index);
   }
-  // A link without the flag of a transfer does not count.
-  if (IsTransfer()) {
-    Keys::Read(*this, values, Keys::kTransferEntry);
-    Keys::Read(*this, values, Keys::kTransferAccount);
+  for (const Keys::Index index : {Keys::kTransferEntry, Keys::kTransferAccount}) {
+    if (IsTransfer()) {
+      Keys::Read(*this, values, index);
+    } else if (!values[index]->IsNone()) {
+      // A link without the flag of a transfer does not count.
+      plist::ReportNotTaken(plist::NotTaken::Skipped, Keys::kFields[index].key);
+    }
   }
   for (const Keys::Index index : {Keys::kDescription, Keys::kType, Keys::kAmount, Keys::kToFrom,
                                   Keys::kCleared, Keys::kNotes}) {
@@ -113,7 +131,7 @@ LDGRAccountEntry::LDGRAccountEntry(const std::optional<plist::Dictionary>& dicti
   if (split.IsDictionary()) {
     split_ = std::make_shared<LDGRAccountEntrySplit>(split.DictionaryValue());
   } else if (!split.IsNone()) {
-    Log(kWrong);
+    RefuseForKey(kWrong, Keys::kSplitKey);
   }
 }
 

@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <memory>
 #include <optional>
+#include <span>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -32,7 +33,8 @@ class LDGRAccountEntry {
 
   LDGRAccountEntry() = default;
   // Each missing key or value of a wrong kind is logged and keeps its default.
-  explicit LDGRAccountEntry(const std::optional<plist::Dictionary>& dictionary);
+  explicit LDGRAccountEntry(const std::optional<plist::Dictionary>& dictionary)
+      : LDGRAccountEntry(dictionary, {}) {}
   LDGRAccountEntry(const LDGRAccountEntry&) = delete;
   LDGRAccountEntry& operator=(const LDGRAccountEntry&) = delete;
   virtual ~LDGRAccountEntry() = default;
@@ -160,6 +162,9 @@ class LDGRAccountEntry {
   // The sentences with the name of a type that is found elsewhere; none speaks no type.
   [[nodiscard]] std::string SpeakableString(const std::optional<std::string>& type_name) const;
 
+  // For a subclass with keys of its own, which it reads itself.
+  LDGRAccountEntry(const std::optional<plist::Dictionary>& dictionary,
+                   std::span<const std::string_view> own_keys);
   // Keys that a subclass adds to the dictionary form.
   virtual void WriteOwnKeys(plist::Output& output) const;
 

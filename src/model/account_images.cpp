@@ -64,7 +64,8 @@ ChangeKinds LDGRAccount::DifferenceIn(AccountPart part, const LDGRAccount& image
 
 std::size_t LDGRAccount::MemorySizeOf(AccountPart part) const noexcept {
   if (part == AccountPart::Types) {
-    return sizeof(*this) + (types_.size() + inactive_types_.size()) * sizeof(types_[0]);
+    const std::size_t types = (types_ ? types_->size() : 0) + inactive_types_.size();
+    return sizeof(*this) + types * sizeof(EntryTypeList::value_type);
   }
   std::size_t size = sizeof(*this);
   for (const TextList* texts :

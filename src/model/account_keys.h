@@ -7,6 +7,7 @@
 
 #include "model/account.h"
 #include "model/field_table.h"
+#include "plist/read_report.h"
 
 namespace tallyfold {
 
@@ -27,6 +28,28 @@ struct LDGRAccount::StoredKey {
             }};
   }
 
+  // For a member that is made when it is first asked for: an image never lacks it.
+  template <auto member, auto getter>
+  static constexpr Keeping KeepingOf() {
+    Keeping keeping = KeepingOf<member>();
+    keeping.copy = [](const LDGRAccount& from, LDGRAccount& to) { to.*member = (from.*getter)(); };
+    return keeping;
+  }
+
+  // How the value of a key is to be read.
+  struct Reading {
+    std::string_view key;
+    // Logged for each element of a list that is of a wrong kind; "%@" stands for the key.
+    std::string_view wrong;
+    // Whether the elements of a list are freed as soon as they are read.
+    bool consume;
+
+    void SkipElement() const {
+      LogForKey(wrong, key);
+      plist::ReportNotTaken(plist::NotTaken::Skipped, key);
+    }
+  };
+
   struct Special {
     std::string_view key;
     // Logged when the key is missing or its value is not acceptable; "%@" stands for the key.
@@ -34,8 +57,7 @@ struct LDGRAccount::StoredKey {
     std::string_view wrong;
     bool (*accepts)(const plist::Value& value);
     void (*write)(const LDGRAccount& account, plist::Output& output);
-    void (*read)(LDGRAccount& account, const plist::Value& value, bool consume,
-                 std::string_view wrong);
+    void (*read)(LDGRAccount& account, const plist::Value& value, const Reading& reading);
     // How the member is kept in an image and put back.
     Keeping keeping;
     // True when there is nothing to store; without it there always is.
@@ -60,8 +82,11 @@ struct LDGRAccount::StoredKey {
     }
   }
 
+  [[nodiscard]] static bool IsKnown(std::string_view key);
+
   static void Write(const Entry& entry, const LDGRAccount& account, plist::Output& output);
-  static void Read(const Entry& entry, LDGRAccount& account, const plist::Dictionary& dictionary,
+  // True when there is a value, also one of a wrong kind.
+  static bool Read(const Entry& entry, LDGRAccount& account, const plist::Dictionary& dictionary,
                    bool consume);
 };
 

@@ -18,7 +18,8 @@ class AccountLists {
   [[nodiscard]] static ScheduleList& Schedules(LDGRAccount& account) noexcept {
     return account.schedules_;
   }
-  [[nodiscard]] static AccountSummaryList& Summaries(LDGRAccount& account) noexcept {
+  [[nodiscard]] static AccountSummaryList& Summaries(LDGRAccount& account) {
+    account.MakeMissingSummaries();
     return account.account_summaries_;
   }
 
@@ -31,7 +32,7 @@ class AccountLists {
   };
   [[nodiscard]] static Bearings BearingsOf(const LDGRAccount& account) {
     return {account.PresentRevisions(), account.number_count_, account.authenticated_,
-            account.selected_account_summary_};
+            account.selectedAccountSummary()};
   }
   static void ReturnTo(LDGRAccount& account, const Bearings& bearings) noexcept {
     account.ReturnTo(bearings.revisions);

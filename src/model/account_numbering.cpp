@@ -35,7 +35,7 @@ std::int32_t LDGRAccount::NextAvailableScheduleNumber() const noexcept {
 }
 
 std::int32_t LDGRAccount::NextAvailableTypeNumber() const noexcept {
-  return Next(std::max(Highest(types_), Highest(inactive_types_)));
+  return Next(std::max(Highest(Types()), Highest(inactive_types_)));
 }
 
 std::int32_t LDGRAccount::HighestCheckNumber() const noexcept {

@@ -8,6 +8,7 @@
 
 #include "model/calendar.h"
 #include "model/field_table.h"
+#include "model/stored_numbers.h"
 
 namespace tallyfold {
 namespace {
@@ -40,21 +41,31 @@ struct LDGRAccountSchedule::Keys {
       {"usePrecedingFriday", &Schedule::use_preceding_friday_, kMissing, kWrong},
   }};
   static constexpr std::string_view kCommittedDates = "committedDates";
+  static constexpr auto kNames = [] {
+    std::array<std::string_view, kFields.size() + 1> names{};
+    for (std::size_t i = 0; i < kFields.size(); ++i) names[i] = kFields[i].key;
+    names.back() = kCommittedDates;
+    return names;
+  }();
 
   static std::vector<DateNumber> ReadCommittedDates(const plist::Dictionary& dictionary) {
     std::vector<DateNumber> days;
     const plist::Value& value = dictionary.Get(kCommittedDates);
+    if (value.IsNone()) {
+      LogForKey(kMissing, kCommittedDates);
+      return days;
+    }
     if (!value.IsArray()) {
-      LogForKey(value.IsNone() ? kMissing : kWrong, kCommittedDates);
+      RefuseForKey(kWrong, kCommittedDates);
       return days;
     }
     const plist::Array elements = value.ArrayValue();
     days.reserve(elements.size());
     for (const plist::Value& element : elements) {
       if (element.IsNumber()) {
-        days.push_back(element.IntegerValue());
+        days.push_back(StoredInteger(element, kCommittedDates));
       } else {
-        LogForKey(kWrong, kCommittedDates);
+        RefuseForKey(kWrong, kCommittedDates);
       }
     }
     return days;
@@ -62,7 +73,7 @@ struct LDGRAccountSchedule::Keys {
 };
 
 LDGRAccountSchedule::LDGRAccountSchedule(const std::optional<plist::Dictionary>& dictionary)
-    : LDGRAccountEntry(dictionary) {
+    : LDGRAccountEntry(dictionary, Keys::kNames) {
   if (!dictionary) return;
   for (const auto& field : Keys::kFields) ReadField(*this, field, *dictionary);
   committed_dates_ = CommittedDates(Keys::ReadCommittedDates(*dictionary));

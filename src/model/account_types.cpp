@@ -94,45 +94,45 @@ void LDGRAccount::DropForeignDefaultTypes() noexcept {
   for (TypePointer* type :
        {&default_debit_type_, &default_deposit_type_, &default_transfer_type_}) {
     const auto is_it = [type](const Type& candidate) { return &candidate == type->get(); };
-    if (!FirstOf(types_, inactive_types_, is_it)) type->reset();
+    if (*type && !FirstOf(Types(), inactive_types_, is_it)) type->reset();
   }
 }
 
 void LDGRAccount::AddType(std::shared_ptr<LDGRAccountEntryType> type) {
   if (!type) return;
-  const auto place = std::upper_bound(types_.begin(), types_.end(), type, ComesBefore);
-  types_.insert(place, std::move(type));
+  const auto place = std::upper_bound(Types().begin(), Types().end(), type, ComesBefore);
+  Types().insert(place, std::move(type));
   NoteChange(ChangeKind::Types);
 }
 
 EntryTypeList LDGRAccount::GetTransferTypes() const {
-  return Select(types_, [](const Type& type) { return type.GetIsTransfer(); });
+  return Select(Types(), [](const Type& type) { return type.GetIsTransfer(); });
 }
 
 EntryTypeList LDGRAccount::GetDepositTypes() const {
-  return Select(types_, [](const Type& type) { return type.GetIsDeposit(); });
+  return Select(Types(), [](const Type& type) { return type.GetIsDeposit(); });
 }
 
 EntryTypeList LDGRAccount::GetDebitTypes() const {
-  return Select(types_, IsDebit);
+  return Select(Types(), IsDebit);
 }
 
 std::shared_ptr<LDGRAccountEntryType> LDGRAccount::AccountEntryTypeForNumber(
     std::int32_t number) const {
-  return FirstOf(types_, inactive_types_,
+  return FirstOf(Types(), inactive_types_,
                  [number](const Type& type) { return type.GetNumber() == number; });
 }
 
 std::shared_ptr<LDGRAccountEntryType> LDGRAccount::DepositEntryTypeForName(
     std::string_view name) const {
-  return FirstOf(types_, inactive_types_, [name](const Type& type) {
+  return FirstOf(Types(), inactive_types_, [name](const Type& type) {
     return type.GetIsDeposit() && type.GetName() == name;
   });
 }
 
 std::shared_ptr<LDGRAccountEntryType> LDGRAccount::DebitEntryTypeForName(
     std::string_view name) const {
-  return FirstOf(types_, inactive_types_, [name](const Type& type) {
+  return FirstOf(Types(), inactive_types_, [name](const Type& type) {
     return !type.GetIsDeposit() && type.GetName() == name;
   });
 }
@@ -144,7 +144,7 @@ void LDGRAccount::DeactivateType(std::shared_ptr<LDGRAccountEntryType> type) {
   } else if (type == default_deposit_type_) {
     default_deposit_type_.reset();
   }
-  std::erase(types_, type);
+  std::erase(Types(), type);
   if (std::find(inactive_types_.begin(), inactive_types_.end(), type) == inactive_types_.end()) {
     inactive_types_.push_back(std::move(type));
   }
@@ -161,10 +161,10 @@ void LDGRAccount::SetDefaultDepositType(std::shared_ptr<LDGRAccountEntryType> ty
 
 void LDGRAccount::importTypesFromAccount(const LDGRAccount& other) {
   // A copy, because the other account may be this one.
-  const EntryTypeList candidates = other.types_;
+  const EntryTypeList candidates = other.Types();
   for (const TypePointer& type : candidates) {
     const bool is_here =
-        std::any_of(types_.begin(), types_.end(), [&type](const TypePointer& here) {
+        std::any_of(Types().begin(), Types().end(), [&type](const TypePointer& here) {
           return here->GetName() == type->GetName() &&
                  here->GetIsDeposit() == type->GetIsDeposit() &&
                  here->GetIsTransfer() == type->GetIsTransfer();

@@ -8,17 +8,20 @@
 #include "model/account.h"
 #include "model/amounts.h"
 #include "model/date_number.h"
+#include "model/stored_numbers.h"
 #include "model/text.h"
 #include "model/type_handover.h"
 #include "platform/ambient.h"
 #include "platform/clock.h"
+#include "plist/read_report.h"
 
 // Account records have had seven forms. A step brings a record from the form before it to its own;
 // an old record goes through its step and all later ones. Up to version 2 entries had booleans for
 // their kind, up to version 6 days were counts of seconds since 1970 in UTC.
 //
-// Values are taken as numbers whatever their kind: files of these ages were never checked. Numbers
-// count on with wrap-around, because a file may hold the highest there is.
+// Values are taken as numbers whatever their kind: files of these ages were never checked. What is
+// so replaced by something else is told to the read report. Numbers count on with wrap-around,
+// because a file may hold the highest there is.
 
 namespace tallyfold {
 namespace {
@@ -40,6 +43,10 @@ std::vector<plist::Dictionary> DictionariesOf(const plist::Array& array) {
   return result;
 }
 
+bool HasEntries(const plist::Dictionary& account) {
+  return account.Get("entries").IsArray();
+}
+
 // The entries; none, and a line in the log in the name of `operation`, without an array of them.
 std::vector<plist::Dictionary> EntriesOf(const plist::Dictionary& account,
                                          std::string_view operation) {
@@ -53,8 +60,12 @@ std::vector<plist::Dictionary> EntriesOf(const plist::Dictionary& account,
                            : std::vector<plist::Dictionary>();
 }
 
+std::int32_t Number(const plist::Dictionary& record, std::string_view key) {
+  return LooseInteger(record.Get(key), key);
+}
+
 std::int32_t NumberOf(const plist::Dictionary& record) {
-  return record.Get("number").IntegerValue();
+  return Number(record, "number");
 }
 
 std::int32_t HighestNumber(const std::vector<plist::Dictionary>& entries, std::int32_t start) {
@@ -99,13 +110,13 @@ void TakeTypesAndMakeFlags(plist::Dictionary& account) {
   auto entries = EntriesOf(account, kUpdate);
   const plist::Key flags("entryFlags");  // one text for all entries
   for (auto& entry : entries) {
-    const bool is_debit = entry.Get("isDebit").BooleanValue();
-    const bool is_check = entry.Get("isCheck").BooleanValue();
+    const bool is_debit = LooseBoolean(entry.Get("isDebit"), "isDebit");
+    const bool is_check = LooseBoolean(entry.Get("isCheck"), "isCheck");
     entry.Set(flags,
               std::int32_t{is_debit ? LDGRAccountEntry::kDebit : LDGRAccountEntry::kDeposit} |
                   std::int32_t{is_check ? LDGRAccountEntry::kCheck : 0});
   }
-  account.Set("numberCount", HighestNumber(entries, 0));
+  if (HasEntries(account)) account.Set("numberCount", HighestNumber(entries, 0));
 }
 
 // Version 4: an entry that is no transfer has its number to itself. Each is compared with what the
@@ -113,10 +124,11 @@ void TakeTypesAndMakeFlags(plist::Dictionary& account) {
 // one of a number keeps it. Transfers are known by their numbers in other accounts and keep them.
 void RenumberNonTransfers(plist::Dictionary& account) {
   auto entries = EntriesOf(account, kInit);
+  if (!HasEntries(account)) return;
   std::unordered_map<std::int32_t, std::int32_t> counts;
   for (const auto& entry : entries) ++counts[NumberOf(entry)];
 
-  std::int32_t next = Sum(HighestNumber(entries, account.Get("numberCount").IntegerValue()), 1);
+  std::int32_t next = Sum(HighestNumber(entries, Number(account, "numberCount")), 1);
   for (auto& entry : entries) {
     if ((entry.Get("entryFlags").IntegerValue() & LDGRAccountEntry::kTransfer) != 0) continue;
     std::int32_t& count = counts[NumberOf(entry)];
@@ -130,6 +142,11 @@ void RenumberNonTransfers(plist::Dictionary& account) {
   account.Set("numberCount", next);
 }
 
+double Rounded(const plist::Value& amount, std::string_view key) {
+  if (!amount.IsNumber()) plist::ReportNotTaken(plist::NotTaken::NotUpgraded, key);
+  return RoundedAmount(amount.DoubleValue());
+}
+
 // Version 5: amounts are whole cents.
 void RoundAmounts(plist::Dictionary& account) {
   const plist::Value& starting_balance = account.Get("startingBalance");
@@ -137,28 +154,37 @@ void RoundAmounts(plist::Dictionary& account) {
     account.Set("startingBalance", RoundedAmount(starting_balance.DoubleValue()));
   }
   for (auto& entry : EntriesOf(account, kInit)) {
-    if (entry.Has("amount")) {
-      entry.Set("amount", RoundedAmount(entry.Get("amount").DoubleValue()));
-    }
+    if (entry.Has("amount")) entry.Set("amount", Rounded(entry.Get("amount"), "amount"));
     const plist::Value& split = entry.Get("split");
     if (!split.IsDictionary()) continue;
     const plist::Value amounts = split.DictionaryValue().Get("amounts");
     if (!amounts.IsArray()) continue;
     plist::Array array = amounts.ArrayValue();
-    for (std::size_t i = 0; i < array.size(); ++i) {
-      array.Set(i, RoundedAmount(array.At(i).DoubleValue()));
-    }
+    for (std::size_t i = 0; i < array.size(); ++i) array.Set(i, Rounded(array.At(i), "amounts"));
   }
 }
 
-// The user's day at that many seconds since 1970-01-01 00:00 UTC.
-DateNumber DayOfSeconds(const plist::Value& seconds) {
-  const Instant instant{std::chrono::seconds(seconds.IntegerValue())};
+// The user's day at that many seconds since 1970-01-01 00:00 UTC; the null date for what is none
+// of the years 1 to 9999.
+DateNumber DayOfSeconds(const plist::Value& stored, std::string_view key) {
+  constexpr std::int64_t kDay = 86'400;
+  constexpr std::int64_t kFirst = -719'161 * kDay;  // the second day of year 1
+  constexpr std::int64_t kLast = 2'932'896 * kDay;  // the last day of year 9999
+  const bool is_none = !stored.IsNumber() && !stored.IsString();
+  const double rough = is_none ? 0.0 : stored.DoubleValue();
+  const bool is_in_range =
+      rough >= static_cast<double>(kFirst) && rough <= static_cast<double>(kLast);
+  if (!stored.IsNumber() || !is_in_range) {
+    plist::ReportNotTaken(plist::NotTaken::NotUpgraded, key);
+  }
+  if (!is_in_range) return kNullDate;
+  // Every whole number of the range is exact in a double.
+  const Instant instant{std::chrono::seconds(static_cast<std::int64_t>(rough))};
   return NSCalendarDateToDateNumber(CurrentClock().LocalTime(instant));
 }
 
 void ConvertDay(plist::Dictionary& record, std::string_view key) {
-  if (record.Has(key)) record.Set(key, DayOfSeconds(record.Get(key)));
+  if (record.Has(key)) record.Set(key, DayOfSeconds(record.Get(key), key));
 }
 
 void ConvertSchedule(plist::Dictionary& schedule) {
@@ -169,7 +195,9 @@ void ConvertSchedule(plist::Dictionary& schedule) {
   const plist::Value& committed = schedule.Get("committedDates");
   if (!committed.IsArray()) return;
   plist::Array days = committed.ArrayValue();
-  for (std::size_t i = 0; i < days.size(); ++i) days.Set(i, DayOfSeconds(days.At(i)));
+  for (std::size_t i = 0; i < days.size(); ++i) {
+    days.Set(i, DayOfSeconds(days.At(i), "committedDates"));
+  }
 }
 
 // Version 7: days are DateNumbers.
@@ -207,7 +235,7 @@ constexpr Step kSteps[] = {
 }  // namespace
 
 plist::Dictionary LDGRAccount::UpdateAccountDictionary(plist::Dictionary dictionary) {
-  const std::int32_t version = dictionary.Get("version").IntegerValue();
+  const std::int32_t version = Number(dictionary, "version");
   return version != 0 ? UpdateAccountDictionaryFromVersion(std::move(dictionary), version)
                       : UpdateAccountDictionaryFromNil(std::move(dictionary));
 }

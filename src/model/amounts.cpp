@@ -13,9 +13,8 @@ namespace {
 
 // Below this whole cents are exact in a double and no two amounts of 15 digits share one.
 constexpr double kExactCentsLimit = 1e13;
-constexpr double kRoundingLimit = 1e15;
 
-// Rounds the digits themselves. `amount` is at least a third of a cent and below kRoundingLimit,
+// Rounds the digits themselves. `amount` is at least a third of a cent and below kAmountLimit,
 // so that its shortest reading has at most 17 digits after at most two zeros.
 double RoundedByItsDigits(double amount) noexcept {
   std::array<char, 40> digits;
@@ -92,7 +91,7 @@ std::int32_t TruncatedToInteger(double value) noexcept {
 
 double RoundedAmount(double amount) noexcept {
   const double magnitude = std::fabs(amount);
-  if (!(magnitude < kRoundingLimit)) return amount;
+  if (!(magnitude < kAmountLimit)) return amount;
   const double rounded = RoundedMagnitude(magnitude);
   return amount < 0.0 && rounded != 0.0 ? -rounded : rounded;
 }

@@ -7,6 +7,15 @@ namespace tallyfold {
 
 // Amounts of money are doubles in currency units, negative for money that leaves the account.
 
+// Amounts of this magnitude and more have no exact cents.
+inline constexpr double kAmountLimit = 1e15;
+
+// Whether money can come to so much: finite and below the limit. Fields and commands take nothing
+// else.
+[[nodiscard]] inline bool IsAmount(double value) noexcept {
+  return value > -kAmountLimit && value < kAmountLimit;
+}
+
 // The nearest amount of whole cents to the shortest decimal reading of `amount`, halves away from
 // zero: 1.005 gives 1.01, -2.675 gives -2.68, -0.004 gives 0.0. Magnitudes of 1e15 and more,
 // infinities and not-a-number come back as they are.

@@ -12,7 +12,8 @@ constexpr char32_t kLastCodePoint = 0x10FFFF;
 
 bool IsDropped(char32_t c) {
   if (c == U'\t' || c == U'\n' || c == U'\r') return false;
-  return c < 0x20 || (c >= 0x7F && c < 0xA0);
+  // The last two are no characters: other readers of XML refuse a file that has them.
+  return c < 0x20 || (c >= 0x7F && c < 0xA0) || c == 0xFFFE || c == 0xFFFF;
 }
 
 // Kept as it is, and by far the most of any text.

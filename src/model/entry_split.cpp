@@ -4,10 +4,16 @@
 
 #include "model/amounts.h"
 #include "model/field_table.h"
+#include "model/stored_numbers.h"
 #include "platform/ambient.h"
+#include "plist/read_report.h"
 
 namespace tallyfold {
 namespace {
+
+constexpr std::string_view kDescriptions = "descriptions";
+constexpr std::string_view kToFroms = "toFrom";
+constexpr std::string_view kAmounts = "amounts";
 
 constexpr std::string_view kWrongFormat =
     "theValue is in the wrong format in LDGRAccountEntrySplit:initWithDictionary";
@@ -27,7 +33,11 @@ std::optional<plist::Array> ListFor(const plist::Dictionary& dictionary, std::st
                                     std::string_view missing) {
   const plist::Value& value = dictionary.Get(key);
   if (value.IsArray()) return value.ArrayValue();
-  Log(value.IsNone() ? missing : kWrongFormat);
+  if (value.IsNone()) {
+    Log(missing);
+  } else {
+    RefuseForKey(kWrongFormat, key);
+  }
   return std::nullopt;
 }
 
@@ -35,22 +45,43 @@ std::optional<plist::Array> ListFor(const plist::Dictionary& dictionary, std::st
 
 LDGRAccountEntrySplit::LDGRAccountEntrySplit(const std::optional<plist::Dictionary>& dictionary) {
   if (!dictionary) return;
-  if (const auto texts = ListFor(*dictionary, "descriptions", kNoDescription)) {
-    ReadTexts(*texts, &Line::description);
+  if (const auto texts = ListFor(*dictionary, kDescriptions, kNoDescription)) {
+    ReadTexts(*texts, &Line::description, kDescriptions);
   }
-  if (const auto texts = ListFor(*dictionary, "toFrom", kNoToFroms)) {
-    ReadTexts(*texts, &Line::to_from);
+  if (const auto texts = ListFor(*dictionary, kToFroms, kNoToFroms)) {
+    ReadTexts(*texts, &Line::to_from, kToFroms);
   }
-  if (const auto amounts = ListFor(*dictionary, "amounts", kNoAmounts)) {
-    for (std::size_t i = amounts->size(); i-- > 0;) SetAmount(amounts->At(i).DoubleValue(), i);
-  }
+  if (const auto amounts = ListFor(*dictionary, kAmounts, kNoAmounts)) ReadAmounts(*amounts);
+  const auto met = std::size_t{dictionary->Has(kDescriptions)} + dictionary->Has(kToFroms) +
+                   dictionary->Has(kAmounts);
+  plist::ReportUnknownKeys(*dictionary, met, [](std::string_view key) {
+    return key == kDescriptions || key == kToFroms || key == kAmounts;
+  });
 }
 
 // Lists are read from their ends, so that the lines grow once to what is used.
-void LDGRAccountEntrySplit::ReadTexts(const plist::Array& texts, std::string Line::*member) {
+void LDGRAccountEntrySplit::ReadTexts(const plist::Array& texts, std::string Line::*member,
+                                      std::string_view key) {
+  if (texts.size() > kLines) plist::ReportNotTaken(plist::NotTaken::Skipped, key);
   for (std::size_t i = std::min(texts.size(), kLines); i-- > 0;) {
     const plist::Value& text = texts.At(i);
-    if (text.IsString() && !text.StringValue().empty()) MutableLine(i).*member = text.StringValue();
+    if (!text.IsString()) {
+      plist::ReportNotTaken(plist::NotTaken::WrongKind, key);
+    } else if (!text.StringValue().empty()) {
+      MutableLine(i).*member = text.StringValue();
+    }
+  }
+}
+
+void LDGRAccountEntrySplit::ReadAmounts(const plist::Array& amounts) {
+  if (amounts.size() > kLines) plist::ReportNotTaken(plist::NotTaken::Skipped, kAmounts);
+  for (std::size_t i = amounts.size(); i-- > 0;) {
+    const plist::Value& amount = amounts.At(i);
+    if (amount.kind() == plist::Kind::Real && !amount.IsNumber() && i < kLines) {
+      RefuseForKey(kWrongFormat, kAmounts);
+    } else {
+      SetAmount(LooseReal(amount, kAmounts), i);
+    }
   }
 }
 
@@ -95,15 +126,15 @@ std::size_t LDGRAccountEntrySplit::MemorySize() const noexcept {
 
 void LDGRAccountEntrySplit::WriteTo(plist::Output& output) const {
   output.BeginDictionary();
-  output.Key("descriptions");
+  output.Key(kDescriptions);
   output.BeginArray();
   for (std::size_t i = 0; i < kLines; ++i) output.String(LineAt(i).description);
   output.EndArray();
-  output.Key("toFrom");
+  output.Key(kToFroms);
   output.BeginArray();
   for (std::size_t i = 0; i < kLines; ++i) output.String(LineAt(i).to_from);
   output.EndArray();
-  output.Key("amounts");
+  output.Key(kAmounts);
   output.BeginArray();
   for (std::size_t i = 0; i < kLines; ++i) output.Real(LineAt(i).amount);
   output.EndArray();
@@ -169,24 +200,28 @@ const LDGRAccountEntrySplit::Line& LDGRAccountEntrySplit::LineAt(std::size_t ind
 LDGRAccountEntrySplit_Old::LDGRAccountEntrySplit_Old(
     const std::optional<plist::Dictionary>& dictionary) {
   if (!dictionary) return;
-  const plist::Value& description = dictionary->Get("descriptions");
+  const plist::Value& description = dictionary->Get(kDescriptions);
   if (description.IsString()) {
     description_ = description.StringValue();
+  } else if (description.IsNone()) {
+    Log(kNoDescription);
   } else {
-    Log(description.IsNone() ? kNoDescription : kWrongFormat);
+    RefuseForKey(kWrongFormat, kDescriptions);
   }
-  const plist::Value& amount = dictionary->Get("amounts");
+  const plist::Value& amount = dictionary->Get(kAmounts);
   if (amount.IsNumber()) {
-    amount_ = amount.DoubleValue();
+    amount_ = StoredReal(amount, kAmounts);
+  } else if (amount.IsNone()) {
+    Log(kNoAmount);
   } else {
-    Log(amount.IsNone() ? kNoAmount : kWrongFormat);
+    RefuseForKey(kWrongFormat, kAmounts);
   }
 }
 
 plist::Dictionary LDGRAccountEntrySplit_Old::asDictionary() const {
   plist::Dictionary dictionary;
-  if (description_) dictionary.Set("descriptions", *description_);
-  dictionary.Set("amounts", amount_);
+  if (description_) dictionary.Set(kDescriptions, *description_);
+  dictionary.Set(kAmounts, amount_);
   return dictionary;
 }
 

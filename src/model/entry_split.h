@@ -69,7 +69,8 @@ class LDGRAccountEntrySplit {
     bool enabled = false;
   };
 
-  void ReadTexts(const plist::Array& texts, std::string Line::*member);
+  void ReadTexts(const plist::Array& texts, std::string Line::*member, std::string_view key);
+  void ReadAmounts(const plist::Array& amounts);
   // For an index below kLines.
   [[nodiscard]] Line& MutableLine(std::size_t index);
   [[nodiscard]] const Line& LineAt(std::size_t index) const noexcept;

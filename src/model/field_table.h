@@ -9,9 +9,11 @@
 #include <utility>
 #include <variant>
 
+#include "model/stored_numbers.h"
 #include "model/text.h"
 #include "platform/ambient.h"
 #include "plist/output.h"
+#include "plist/read_report.h"
 #include "plist/value.h"
 
 namespace tallyfold {
@@ -55,32 +57,48 @@ void WriteField(const Record& record, const Field<Record>& field, plist::Output&
       field.member);
 }
 
-// A missing (none) or wrong value is logged and leaves the member as it was.
+// Logs a value of a wrong kind and tells the read report of it.
+inline void RefuseForKey(std::string_view message, std::string_view key) {
+  LogForKey(message, key);
+  plist::ReportNotTaken(plist::NotTaken::WrongKind, key);
+}
+
+// A missing (none) or wrong value is logged and leaves the member as it was; what is not taken as
+// it stands is told to the read report. True when there is a value.
 template <typename Record>
-void ReadField(Record& record, const Field<Record>& field, const plist::Value& value) {
-  if (value.IsNone()) return LogForKey(field.missing, field.key);
+bool ReadField(Record& record, const Field<Record>& field, const plist::Value& value) {
+  if (value.IsNone()) {
+    LogForKey(field.missing, field.key);
+    return false;
+  }
   const bool is_text = std::holds_alternative<std::string Record::*>(field.member);
-  if (is_text ? !value.IsString() : !value.IsNumber()) return LogForKey(field.wrong, field.key);
+  if (is_text ? !value.IsString() : !value.IsNumber()) {
+    RefuseForKey(field.wrong, field.key);
+    return true;
+  }
   std::visit(
       [&](auto member) {
         auto& target = record.*member;
         using Type = std::remove_cvref_t<decltype(target)>;
         if constexpr (std::is_same_v<Type, bool>) {
-          target = value.BooleanValue();
+          target = StoredBoolean(value, field.key);
         } else if constexpr (std::is_same_v<Type, std::int32_t>) {
-          target = value.IntegerValue();
+          target = StoredInteger(value, field.key);
         } else if constexpr (std::is_same_v<Type, std::string>) {
           target = value.StringValue();
+        } else if constexpr (std::is_same_v<Type, float>) {
+          target = StoredFloat(value, field.key);
         } else {
-          target = static_cast<Type>(value.DoubleValue());
+          target = StoredReal(value, field.key);
         }
       },
       field.member);
+  return true;
 }
 
 template <typename Record>
-void ReadField(Record& record, const Field<Record>& field, const plist::Dictionary& dictionary) {
-  ReadField(record, field, dictionary.Get(field.key));
+bool ReadField(Record& record, const Field<Record>& field, const plist::Dictionary& dictionary) {
+  return ReadField(record, field, dictionary.Get(field.key));
 }
 
 template <typename Record>

@@ -28,9 +28,28 @@ bool EqualsIgnoringCase(std::string_view text, std::string_view word) noexcept {
                     [](char a, char b) { return (a >= 'A' && a <= 'Z' ? a + 32 : a) == b; });
 }
 
+// Of a decimal number without sign that no double holds: whether it is too small for one, not too
+// great.
+bool IsTooSmall(std::string_view number) noexcept {
+  constexpr std::int64_t kBeyondAll = std::int64_t{1} << 62;
+  const std::size_t mark = std::min(number.find_first_of("eE"), number.size());
+  const std::string_view digits = number.substr(0, mark);
+  std::string_view power = number.substr(std::min(mark + 1, number.size()));
+  const bool is_negative = TakeSign(power);
+  std::int64_t exponent = 0;
+  const auto parsed = std::from_chars(power.data(), power.data() + power.size(), exponent);
+  if (parsed.ec == std::errc::result_out_of_range) exponent = kBeyondAll;
+  if (is_negative) exponent = -exponent;
+  // The decimal place of the first digit that counts: 0 for the one before the point.
+  const auto point = static_cast<std::int64_t>(std::min(digits.find('.'), digits.size()));
+  const auto first =
+      static_cast<std::int64_t>(std::min(digits.find_first_of("123456789"), digits.size()));
+  return (first < point ? point - first - 1 : point - first) + exponent < 0;
+}
+
 }  // namespace
 
-std::optional<std::int64_t> ParseInteger(std::string_view text) noexcept {
+std::optional<ParsedInteger> ParseInteger(std::string_view text) noexcept {
   text = Trimmed(text);
   const bool is_negative = TakeSign(text);
   int base = 10;
@@ -41,10 +60,12 @@ std::optional<std::int64_t> ParseInteger(std::string_view text) noexcept {
   std::uint64_t magnitude = 0;
   const char* last = text.data() + text.size();
   const auto [end, error] = std::from_chars(text.data(), last, magnitude, base);
-  const std::uint64_t largest =
-      static_cast<std::uint64_t>(std::numeric_limits<std::int64_t>::max()) + (is_negative ? 1 : 0);
-  if (error != std::errc() || end != last || magnitude > largest) return std::nullopt;
-  return static_cast<std::int64_t>(is_negative ? 0 - magnitude : magnitude);
+  if (error != std::errc() || end != last) return std::nullopt;
+  constexpr std::int64_t kLargest = std::numeric_limits<std::int64_t>::max();
+  const bool is_beyond = magnitude > static_cast<std::uint64_t>(kLargest) + (is_negative ? 1 : 0);
+  if (is_beyond && is_negative) return std::nullopt;
+  if (is_beyond) return ParsedInteger{kLargest, true};
+  return ParsedInteger{static_cast<std::int64_t>(is_negative ? 0 - magnitude : magnitude)};
 }
 
 std::optional<double> ParseReal(std::string_view text) noexcept {
@@ -61,7 +82,13 @@ std::optional<double> ParseReal(std::string_view text) noexcept {
         !text.empty() && (text.front() == '.' || (text.front() >= '0' && text.front() <= '9'));
     const char* last = text.data() + text.size();
     const auto [end, error] = std::from_chars(text.data(), last, magnitude);
-    if (!is_number || error != std::errc() || end != last) return std::nullopt;
+    if (!is_number || end != last) return std::nullopt;
+    if (error == std::errc::result_out_of_range) {
+      if (!IsTooSmall(text)) return std::nullopt;
+      magnitude = 0.0;
+    } else if (error != std::errc()) {
+      return std::nullopt;
+    }
   }
   return is_negative ? -magnitude : magnitude;
 }

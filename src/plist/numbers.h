@@ -9,11 +9,17 @@
 // have a sign.
 namespace tallyfold::plist {
 
-// Decimal, or hexadecimal after "0x". None for anything else and beyond 64 bits.
-[[nodiscard]] std::optional<std::int64_t> ParseInteger(std::string_view text) noexcept;
+struct ParsedInteger {
+  std::int64_t value = 0;
+  // A number from 2 to the 63rd to 2 to the 64th less 1: `value` is the greatest there is.
+  bool is_too_great = false;
+};
 
-// A decimal number with or without exponent, "nan", "inf" or "infinity" in any case. None for
-// anything else and for numbers that a double cannot hold.
+// Decimal, or hexadecimal after "0x". None for anything else and beyond 64 bits.
+[[nodiscard]] std::optional<ParsedInteger> ParseInteger(std::string_view text) noexcept;
+
+// A decimal number with or without exponent, "nan", "inf" or "infinity" in any case. A number too
+// small for a double is 0. None for anything else and for numbers too great for a double.
 [[nodiscard]] std::optional<double> ParseReal(std::string_view text) noexcept;
 
 // A number as simple as integers and amounts mostly are: an optional minus, up to 16

@@ -10,6 +10,7 @@
 #include "plist/key_table.h"
 #include "plist/nodes.h"
 #include "plist/numbers.h"
+#include "plist/read_report.h"
 #include "plist/utf16.h"
 #include "plist/utf8.h"
 #include "plist/xml_scanner.h"
@@ -77,6 +78,10 @@ class DocumentReader {
   [[nodiscard]] bool ReadReal(bool is_empty, const char* where);
   template <Element kElement>
   [[nodiscard]] bool ReadText(bool is_empty, std::string_view& text);
+  // The key of the value that is being read, or of the list that holds it; "" for none.
+  [[nodiscard]] std::string_view InnermostKey() const noexcept {
+    return keys_.empty() ? std::string_view() : keys_.back()->key.text();
+  }
   [[nodiscard]] bool Open(Element element, const char* where);
   [[nodiscard]] bool Close();
   void MakeContainer(const Level& level);
@@ -91,7 +96,6 @@ class DocumentReader {
 };
 
 bool DocumentReader::ReadStart() {
-  if (scanner_.Skip("bplist")) return scanner_.Fail("a binary property list");
   if (!scanner_.SkipToTag()) return false;
   if (scanner_.IsAt(scanner_.cursor(), "<!DOCTYPE")) {
     if (!scanner_.SkipDocumentType() || !scanner_.SkipToTag()) return false;
@@ -259,9 +263,10 @@ bool DocumentReader::ReadInteger(bool is_empty, const char* where) {
   }
   std::string_view text;
   if (!ReadText<Element::Integer>(is_empty, text)) return false;
-  const std::optional<std::int64_t> parsed = ParseInteger(text);
+  const std::optional<ParsedInteger> parsed = ParseInteger(text);
   if (!parsed) return scanner_.Fail("an integer that is none or has more than 64 bits", where);
-  values_.emplace_back(*parsed);
+  if (parsed->is_too_great) ReportNotTaken(NotTaken::OutOfRange, InnermostKey());
+  values_.emplace_back(parsed->value);
   return true;
 }
 
@@ -326,6 +331,7 @@ void DocumentReader::MakeContainer(const Level& level) {
     for (std::size_t i = 0; i < count; ++i) {
       KeyTable::Entry& entry = *keys_[level.first_key + i];
       if (entry.dictionary == dictionary_count_) {
+        ReportNotTaken(NotTaken::RepeatedKey, entry.key.text());
         internal::Access::MutableValue(node->items[entry.position]) = std::move(values[i]);
       } else {
         entry.dictionary = dictionary_count_;
@@ -355,10 +361,38 @@ ReadResult Refusal(std::string message, std::string_view text, std::size_t posit
   return result;
 }
 
+// The encoding that a document declares at its start; "" for none.
+std::string_view DeclaredEncoding(std::string_view text) {
+  constexpr std::string_view kStart = "<?xml ";
+  constexpr std::string_view kEncoding = " encoding";
+  if (!text.starts_with(kStart)) return {};
+  std::string_view rest = text.substr(0, std::min(text.find('>'), text.size()));
+  rest.remove_prefix(std::min(rest.find(kEncoding), rest.size()));
+  // What follows the name can only be "=" and the quoted text.
+  const std::size_t start = rest.find_first_of("\"'");
+  if (start == std::string_view::npos) return {};
+  const std::string_view value = rest.substr(start + 1);
+  return value.substr(0, std::min(value.find(rest[start]), value.size()));
+}
+
+bool IsReadable(std::string_view encoding) {
+  constexpr std::string_view kReadable[] = {"", "UTF-8", "UTF-16", "US-ASCII"};
+  const auto is_same = [encoding](std::string_view name) {
+    return std::equal(encoding.begin(), encoding.end(), name.begin(), name.end(),
+                      [](char a, char b) { return (a >= 'a' && a <= 'z' ? a - 32 : a) == b; });
+  };
+  return std::any_of(std::begin(kReadable), std::end(kReadable), is_same);
+}
+
 // `text` has no byte-order mark.
 ReadResult ReadUtf8(std::string_view text) {
   if (text.size() > std::numeric_limits<std::uint32_t>::max()) {
     return Refusal("a file of more than 4 GiB", text, 0);
+  }
+  if (const std::string_view encoding = DeclaredEncoding(text); !IsReadable(encoding)) {
+    constexpr std::size_t kLongestName = 40;
+    return Refusal("the encoding \"" + ToValidUtf8(encoding.substr(0, kLongestName)) + '"', text,
+                   0);
   }
   const std::size_t valid = ValidUtf8Prefix(text);
   if (valid != text.size()) return Refusal("bytes that are not UTF-8", text, valid);
@@ -383,6 +417,7 @@ ReadResult ReadUtf16(std::string_view bytes, ByteOrder order) {
 }  // namespace
 
 ReadResult Read(std::string_view bytes) {
+  if (bytes.starts_with("bplist")) return Refusal("a binary property list", bytes, 0);
   if (bytes.starts_with("\xFE\xFF")) return ReadUtf16(bytes.substr(2), ByteOrder::BigEndian);
   if (bytes.starts_with("\xFF\xFE")) return ReadUtf16(bytes.substr(2), ByteOrder::LittleEndian);
   if (bytes.starts_with("\xEF\xBB\xBF")) bytes.remove_prefix(3);

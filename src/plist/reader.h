@@ -21,13 +21,14 @@ struct ReadResult {
 // Taken are UTF-8 with or without byte-order mark and, by its mark, UTF-16. Comments, processing
 // instructions and a document type without internal subset are skipped; numeric references may
 // name any character, also those control characters that XML leaves out. Numbers: integers of 64
-// bits, decimal or 0x hexadecimal, with or without sign; reals within a double's range, "nan" and
-// the infinities. White space around a number does not matter. Of a repeated key the last value
-// stands, in the first one's place.
+// bits, signed or not, decimal or 0x hexadecimal; reals within a double's range (0 where too small
+// for one), "nan" and the infinities. White space around a number does not matter. Of a repeated
+// key the last value stands, in the first one's place; an integer from 2 to the 63rd on becomes
+// the greatest there is. The read report in force is told of both.
 //
-// Refused are entity declarations, more than kMaximumDepth levels, text outside values, bytes that
-// are no valid text, and everything else that is no such file. Nothing of a refused file comes
-// back.
+// Refused are binary property lists, a declared encoding other than UTF-8, UTF-16 and US-ASCII,
+// entity declarations, more than kMaximumDepth levels, text outside values, bytes that are no valid
+// text, and everything else that is no such file. Nothing of a refused file comes back.
 [[nodiscard]] ReadResult Read(std::string_view bytes);
 
 }  // namespace tallyfold::plist

@@ -1,5 +1,6 @@
 #include "plist/value.h"
 
+#include <algorithm>
 #include <charconv>
 #include <cmath>
 #include <cstring>
@@ -106,7 +107,9 @@ std::int64_t Value::WideIntegerValue() const noexcept {
 std::int32_t Value::IntegerValue() const noexcept {
   switch (kind()) {
     case Kind::Integer:
-      return static_cast<std::int32_t>(static_cast<std::uint32_t>(Load<std::int64_t>()));
+      return static_cast<std::int32_t>(
+          std::clamp<std::int64_t>(Load<std::int64_t>(), std::numeric_limits<std::int32_t>::min(),
+                                   std::numeric_limits<std::int32_t>::max()));
     case Kind::Boolean:
       return Load<bool>() ? 1 : 0;
     case Kind::Real:

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cmath>
 #include <cstddef>
 #include <cstdint>
 #include <cstring>
@@ -116,14 +117,16 @@ class Value {
   [[nodiscard]] bool IsString() const noexcept { return kind() == Kind::String; }
   [[nodiscard]] bool IsArray() const noexcept { return kind() == Kind::Array; }
   [[nodiscard]] bool IsDictionary() const noexcept { return kind() == Kind::Dictionary; }
-  // Integers, reals and booleans stand for one another.
+  // Integers, reals and booleans stand for one another. Not-a-number and infinities are reals, but
+  // no numbers.
   [[nodiscard]] bool IsNumber() const noexcept {
-    return kind() >= Kind::Boolean && kind() <= Kind::Real;
+    return kind() == Kind::Integer || kind() == Kind::Boolean ||
+           (kind() == Kind::Real && std::isfinite(Load<double>()));
   }
 
-  // Numbers as another number: a real is truncated toward zero and saturates at the 32-bit range
-  // (not-a-number reads 0), an integer outside 32 bits keeps its low 32 bits, a boolean is 1 or 0.
-  // A string gives its leading decimal number or 0; any other kind gives 0.
+  // Numbers as another number: a real is truncated toward zero, reals and integers saturate at the
+  // 32-bit range (not-a-number reads 0), a boolean is 1 or 0. A string gives its leading decimal
+  // number or 0; any other kind gives 0.
   [[nodiscard]] std::int32_t IntegerValue() const noexcept;
   [[nodiscard]] double DoubleValue() const noexcept;
   // True when the number is not zero.

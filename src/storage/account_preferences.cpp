@@ -1,13 +1,18 @@
 #include "storage/account_preferences.h"
 
+#include <algorithm>
 #include <unordered_map>
 #include <utility>
 
+#include "model/stored_numbers.h"
 #include "platform/ambient.h"
+#include "plist/read_report.h"
 
 namespace tallyfold {
 
 namespace {
+
+using plist::NotTaken;
 
 constexpr std::string_view kAccountNumber = "accountNumber";
 constexpr std::string_view kTables = "tables";
@@ -15,8 +20,13 @@ constexpr std::string_view kIdentifier = "identifier";
 constexpr std::string_view kSortDescending = "sortDescending";
 constexpr std::string_view kSelectedColumn = "selectedColumn";
 constexpr std::string_view kSelectedRow = "selectedRow";
+constexpr std::int32_t kNoRow = -1;
 constexpr std::string_view kColumns = "columns";
 constexpr std::string_view kHiddenColumns = "hiddenColumns";
+// Of a column, beside its identifier.
+constexpr std::string_view kWidth = "width";
+constexpr std::string_view kShow = "show";
+constexpr std::string_view kLastIndex = "lastIndex";
 
 std::optional<plist::Dictionary> FirstWithIdentifier(const plist::Array& dictionaries,
                                                      std::string_view identifier) {
@@ -27,6 +37,42 @@ std::optional<plist::Dictionary> FirstWithIdentifier(const plist::Array& diction
     if (own.IsString() && own.StringValue() == identifier) return dictionary;
   }
   return std::nullopt;
+}
+
+// A table is known by them all, and by what an upgrade removes.
+bool IsTableKey(std::string_view key) {
+  constexpr std::string_view kKeys[] = {
+      kIdentifier, kSortDescending, kSelectedColumn,           kSelectedRow,
+      kColumns,    kHiddenColumns,  "selectedFilterDictionary"};
+  return std::find(std::begin(kKeys), std::end(kKeys), key) != std::end(kKeys);
+}
+
+void ReportColumn(const plist::Value& column, std::string_view list) {
+  if (!column.IsDictionary()) return plist::ReportNotTaken(NotTaken::WrongKind, list);
+  for (const plist::DictionaryItem& item : column.DictionaryValue()) {
+    const std::string_view key = item.key();
+    if (key == kIdentifier) {
+      if (!item.value().IsString()) plist::ReportNotTaken(NotTaken::WrongKind, key);
+    } else if (key == kWidth || key == kLastIndex) {
+      static_cast<void>(LooseInteger(item.value(), key));
+    } else if (key == kShow) {
+      static_cast<void>(LooseBoolean(item.value(), key));
+    } else {
+      plist::ReportNotTaken(NotTaken::UnknownKey, key);
+    }
+  }
+}
+
+// A copy of the list under the key; none for anything else. Columns are kept as they stand, but
+// only until the table is shown: what is in none of their keys is told.
+std::optional<plist::Array> StoredColumns(const plist::Dictionary& table, std::string_view key) {
+  const plist::Value& columns = table.Get(key);
+  if (!columns.IsArray()) {
+    if (!columns.IsNone()) plist::ReportNotTaken(NotTaken::WrongKind, key);
+    return std::nullopt;
+  }
+  for (const plist::Value& column : columns.ArrayValue()) ReportColumn(column, key);
+  return columns.ArrayValue().ShallowCopy();
 }
 
 std::optional<plist::Array> ArrayOf(const plist::Value& value) {
@@ -52,14 +98,25 @@ LDGRAccountPreferences::LDGRAccountPreferences(const std::optional<plist::Dictio
   if (const plist::Value& number = dictionary->Get(kAccountNumber); number.IsNone()) {
     Log("No accountNumber defined for account preferences");
   } else {
-    SetAccountNumber(number.IntegerValue());
+    SetAccountNumber(LooseInteger(number, kAccountNumber));
   }
+  plist::ReportUnknownKeys(
+      *dictionary, 0, [](std::string_view key) { return key == kAccountNumber || key == kTables; });
+  const plist::Value& list = dictionary->Get(kTables);
+  if (!list.IsNone() && !list.IsArray()) plist::ReportNotTaken(NotTaken::WrongKind, kTables);
   // Spares a search for each table among all those before it.
   std::unordered_map<std::string, plist::Dictionary> tables;
-  for (const plist::Value& element : dictionary->Get(kTables).ArrayValue()) {
+  for (const plist::Value& element : list.ArrayValue()) {
     const plist::Dictionary stored = element.DictionaryValue();
     const auto identifier = TextOf(stored.Get(kIdentifier));
-    if (!identifier) continue;
+    if (!identifier) {
+      plist::ReportNotTaken(NotTaken::Skipped, kTables);
+      continue;
+    }
+    // Of two tables of one name the later one's values stand.
+    if (tables.contains(std::string(*identifier))) {
+      plist::ReportNotTaken(NotTaken::RepeatedKey, *identifier);
+    }
     // A table is made for the first value there is to keep.
     ReadTable(stored, [this, &tables, identifier] {
       const auto found = tables.find(std::string(*identifier));
@@ -71,29 +128,35 @@ LDGRAccountPreferences::LDGRAccountPreferences(const std::optional<plist::Dictio
 
 void LDGRAccountPreferences::ReadTable(const plist::Dictionary& stored,
                                        const std::function<plist::Dictionary()>& table) {
-  const plist::Value& columns = stored.Get(kColumns);
-  if (columns.IsNone()) Log("No columns defined for account preferences");
-  if (columns.IsArray()) table().Set(kColumns, columns.ArrayValue().ShallowCopy());
+  plist::ReportUnknownKeys(stored, 0, IsTableKey);
+  if (!stored.Has(kColumns)) Log("No columns defined for account preferences");
+  if (const auto columns = StoredColumns(stored, kColumns)) table().Set(kColumns, *columns);
+  if (const auto hidden = StoredColumns(stored, kHiddenColumns)) {
+    table().Set(kHiddenColumns, *hidden);
+  }
 
-  const plist::Value& hidden = stored.Get(kHiddenColumns);
-  if (hidden.IsArray()) table().Set(kHiddenColumns, hidden.ArrayValue().ShallowCopy());
-
-  const plist::Value& row = stored.Get(kSelectedRow);
-  if (row.IsNone()) {
+  if (const plist::Value& value = stored.Get(kSelectedRow); value.IsNone()) {
     Log("No selectedRow defined for account preferences");
-  } else if (row.IntegerValue() >= 0) {
-    table().Set(kSelectedRow, row.IntegerValue());
+  } else if (const std::int32_t row = LooseInteger(value, kSelectedRow); row >= 0) {
+    table().Set(kSelectedRow, row);
+  } else if (row != kNoRow) {
+    plist::ReportNotTaken(NotTaken::OutOfRange, kSelectedRow);
   }
 
   const plist::Value& column = stored.Get(kSelectedColumn);
-  if (column.IsNone()) Log("No selectedColumn defined for account preferences");
-  if (column.IsString()) table().Set(kSelectedColumn, column.StringValue());
+  if (column.IsString()) {
+    table().Set(kSelectedColumn, column.StringValue());
+  } else if (column.IsNone()) {
+    Log("No selectedColumn defined for account preferences");
+  } else {
+    plist::ReportNotTaken(NotTaken::WrongKind, kSelectedColumn);
+  }
 
   const plist::Value& descending = stored.Get(kSortDescending);
   if (descending.IsNone()) {
     Log("No sortDescending defined for account preferences");
   } else {
-    table().Set(kSortDescending, descending.BooleanValue());
+    table().Set(kSortDescending, LooseBoolean(descending, kSortDescending));
   }
 }
 
@@ -127,7 +190,7 @@ plist::Dictionary LDGRAccountPreferences::NewTableWithIdentifier(std::string_vie
   table.Set(kIdentifier, identifier);
   table.Set(kSortDescending, false);
   table.Set(kSelectedColumn, "");
-  table.Set(kSelectedRow, -1);
+  table.Set(kSelectedRow, kNoRow);
   table.Set(kColumns, plist::Array());
   if (!dictionary_.Get(kTables).IsArray()) dictionary_.Set(kTables, plist::Array());
   dictionary_.Get(kTables).ArrayValue().Append(table);
@@ -155,7 +218,7 @@ std::string LDGRAccountPreferences::GetSelectedColumnIdentifierForTableIdentifie
 }
 
 std::int32_t LDGRAccountPreferences::GetSelectedRowForTableIdentifier(TableIdentifier table) {
-  return table ? ValueInTable(kSelectedRow, table).IntegerValue() : -1;
+  return table ? ValueInTable(kSelectedRow, table).IntegerValue() : kNoRow;
 }
 
 LDGRAccountPreferences::Columns LDGRAccountPreferences::GetColumnsForTableIdentifier(

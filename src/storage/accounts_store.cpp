@@ -6,12 +6,12 @@
 #include "model/text.h"
 #include "model/type_handover.h"
 #include "platform/ambient.h"
+#include "plist/read_report.h"
 #include "plist/writer.h"
 #include "storage/account_numbers.h"
 #include "storage/backup_names.h"
 #include "storage/own_files.h"
 #include "storage/preferences.h"
-#include "storage/refusal_watch.h"
 
 // Where a user finds the latest version; set by the build, "" for a build without such a place.
 #ifndef TALLYFOLD_DOWNLOAD_ADDRESS
@@ -153,16 +153,23 @@ bool AccountsStore::Load() {
   services_.files.AddPermissions(paths_.data_folder, kOwnerAll);
   services_.files.AddPermissions(paths_.accounts_file, kOwnerAll);
 
+  const plist::ReadReport report;
   std::optional<plist::Dictionary> dictionary = file_.Read();
   file_content_ = file_.ContentRead();
   if (dictionary) {
     if (!Accounts_HandleModifiedByNewerTallyfold(dictionary)) return false;
     if (!Accounts_HandleWillBeUpgradedByTallyfold(dictionary)) return false;
-    Accounts_Backup(*dictionary);
+    const bool is_upgraded = HasOlderAccount(dictionary);
+    const bool is_backed_up = Accounts_Backup(*dictionary);
+    plist::ReportUnknownKeys(*dictionary, 0, [](std::string_view key) {
+      return key == kAccounts || key == kPassword || key == kAppVersion;
+    });
     const std::uint64_t types_taken = TimesTypesWereTaken();
     TakeAccounts(dictionary->Take(kAccounts));
     holds_unsaved_types_ = TimesTypesWereTaken() != types_taken;
     TakePassword(dictionary->Get(kPassword));
+    file_.NotTakenInWhole(report);
+    if (is_upgraded && !is_backed_up) file_.NotTakenInWhole(kUpgradedWithoutBackup);
   }
   saved_ = CurrentSnapshot();
   save_failure_.reset();
@@ -175,11 +182,11 @@ void AccountsStore::TakeAccounts(const plist::Value& stored) {
     file_.NotTakenInWhole("The file does not contain a list of accounts.");
     return;
   }
-  const RefusalWatch watch;
   plist::Array dictionaries = stored.ArrayValue();
   for (std::size_t i = 0; i < dictionaries.size(); ++i) {
     if (!dictionaries.At(i).IsDictionary()) {
       Log("Invalid theDictionary supplied to LDGRAccount:initWithDictionary");
+      plist::ReportNotTaken(plist::NotTaken::Skipped, kAccounts);
       continue;
     }
     auto account = LDGRAccount::accountByConsuming(
@@ -187,9 +194,6 @@ void AccountsStore::TakeAccounts(const plist::Value& stored) {
     accounts_->push_back(std::move(account));
   }
   NumberAccountsOfFile(*accounts_);
-  if (watch.HeardRefusal()) {
-    file_.NotTakenInWhole("Some of the file is not in the form that Tallyfold writes.");
-  }
 }
 
 void AccountsStore::TakePassword(const plist::Value& password) {
@@ -208,6 +212,12 @@ bool AccountsStore::HasNewerAccount(const std::optional<plist::Dictionary>& dict
   });
 }
 
+bool AccountsStore::HasOlderAccount(const std::optional<plist::Dictionary>& dictionary) {
+  return AnyAccount(dictionary, [](const plist::Value& version) {
+    return version.IsNone() || version.IntegerValue() < LDGRAccount::kCurrentVersion;
+  });
+}
+
 bool AccountsStore::Accounts_HandleModifiedByNewerTallyfold(
     const std::optional<plist::Dictionary>& dictionary) {
   if (!HasNewerAccount(dictionary)) return true;
@@ -219,10 +229,7 @@ bool AccountsStore::Accounts_HandleModifiedByNewerTallyfold(
 
 bool AccountsStore::Accounts_HandleWillBeUpgradedByTallyfold(
     const std::optional<plist::Dictionary>& dictionary) {
-  const bool is_older = AnyAccount(dictionary, [](const plist::Value& version) {
-    return version.IsNone() || version.IntegerValue() < LDGRAccount::kCurrentVersion;
-  });
-  if (!is_older) return true;
+  if (!HasOlderAccount(dictionary)) return true;
   constexpr std::size_t kUpdate = 1;
   const std::size_t answer = services_.alerts.Run(
       {LocalizedText("Update Accounts File?"),
@@ -246,7 +253,7 @@ void AccountsStore::EndProgram() {
 
 // --- Backup -------------------------------------------------------------------------------------
 
-void AccountsStore::Accounts_Backup(const plist::Dictionary& dictionary) {
+bool AccountsStore::Accounts_Backup(const plist::Dictionary& dictionary) {
   FileSystem& files = services_.files;
   if (!EnsureFolder(files, paths_.data_folder,
                     "~/Library/Tallyfold/ exists, but it's a file!  Please move the file to allow "
@@ -254,7 +261,7 @@ void AccountsStore::Accounts_Backup(const plist::Dictionary& dictionary) {
       !EnsureFolder(files, paths_.backup_folder,
                     "~/Library/Tallyfold/Backups/ exists, but it's a file!  Please move the file "
                     "to allow Tallyfold to create a folder to backup your data.")) {
-    return;
+    return false;
   }
   const std::string running_version = services_.application.BundleVersion();
   const CivilTime today = CurrentClock().LocalNow();
@@ -264,7 +271,7 @@ void AccountsStore::Accounts_Backup(const plist::Dictionary& dictionary) {
     const auto backups = BackupsNewestFirst(files, paths_.backup_folder);
     const auto newest = backups.empty() ? std::nullopt : std::optional(backups.front().made);
     const std::int32_t interval = LDGRPreferences::sharedPreferences().GetBackupInterval();
-    if (!BackupIsDue(newest, CurrentClock().Now(), interval)) return;
+    if (!BackupIsDue(newest, CurrentClock().Now(), interval)) return false;
     name = AccountsBackupName(today, running_version);
   } else {
     name = AccountsBackupNameBefore(today, running_version);
@@ -272,7 +279,9 @@ void AccountsStore::Accounts_Backup(const plist::Dictionary& dictionary) {
   const auto unique = [&name](const auto& taken) { return UniqueAccountsBackupName(taken, name); };
   if (!MakeBackup(files, services_.processes, paths_.accounts_file, paths_.backup_folder, unique)) {
     Log("Backup operation was unsuccessful in LDGRController:Accounts_Backup.");
+    return false;
   }
+  return true;
 }
 
 // --- Saving -------------------------------------------------------------------------------------

@@ -133,8 +133,8 @@ class AccountsStore {
   // however it is written, is a save to that.
   bool Accounts_SaveToFilePath(const std::optional<std::string>& path);
   // Copies the file as it stands on the disk into the backup folder when a backup is due for a file
-  // of this content.
-  void Accounts_Backup(const plist::Dictionary& dictionary);
+  // of this content. True when a backup was made.
+  bool Accounts_Backup(const plist::Dictionary& dictionary);
   // False when the program ends because an account was written by a newer program.
   [[nodiscard]] bool Accounts_HandleModifiedByNewerTallyfold(
       const std::optional<plist::Dictionary>& dictionary);
@@ -198,6 +198,7 @@ class AccountsStore {
   // None for one that is missing or holds no accounts that this version can read.
   [[nodiscard]] std::optional<Backup> ReadBackup(const std::string& name) const;
   [[nodiscard]] static bool HasNewerAccount(const std::optional<plist::Dictionary>& dictionary);
+  [[nodiscard]] static bool HasOlderAccount(const std::optional<plist::Dictionary>& dictionary);
   [[nodiscard]] bool Load();
   void TakeAccounts(const plist::Value& stored);
   void TakePassword(const plist::Value& password);

@@ -11,8 +11,26 @@
 #include "storage/data_paths.h"
 
 namespace tallyfold {
-
 namespace {
+
+// What stands for the first thing that was not taken in.
+std::string_view SentenceFor(plist::NotTaken what) {
+  switch (what) {
+    case plist::NotTaken::UnknownKey:
+      return "The key \"%@\" is not known.";
+    case plist::NotTaken::RepeatedKey:
+      return "The key \"%@\" stands twice.";
+    case plist::NotTaken::WrongKind:
+      return "A value of \"%@\" is of a wrong kind.";
+    case plist::NotTaken::Skipped:
+      return "Something of \"%@\" was left out.";
+    case plist::NotTaken::OutOfRange:
+      return "A value of \"%@\" is out of its range.";
+    case plist::NotTaken::NotUpgraded:
+      return "A value of \"%@\" could not be brought to the present form.";
+  }
+  return "";
+}
 
 // How often a file that changes while it is being replaced is kept, and the write begun again.
 constexpr int kMostTries = 5;
@@ -84,6 +102,12 @@ std::optional<plist::Dictionary> FileGuard::Read() {
 
 void FileGuard::NotTakenInWhole(std::string_view reason) {
   SetAsideFor(LocalizedText(reason));
+}
+
+void FileGuard::NotTakenInWhole(const plist::ReadReport& report) {
+  if (report.IsEmpty()) return;
+  SetAsideFor(LocalizedText("Some of the file is not in the form that Tallyfold writes.") + ' ' +
+              MessageWithText(LocalizedText(SentenceFor(report.First())), report.FirstKey()));
 }
 
 void FileGuard::SetAsideFor(std::string reason) {

@@ -6,12 +6,18 @@
 #include <vector>
 
 #include "platform/file_system.h"
+#include "plist/read_report.h"
 #include "plist/value.h"
 #include "storage/content_checksum.h"
 #include "storage/content_mark.h"
 #include "storage/save_failure.h"
 
 namespace tallyfold {
+
+// The reason of a file that an upgrade changed while no backup of it was made; a key of the
+// localizer.
+inline constexpr std::string_view kUpgradedWithoutBackup =
+    "The file is of an older form, and no backup of it was made.";
 
 // A file that could not be used in whole when it was read. It stays where it is until the first
 // save; then a copy is kept first.
@@ -41,6 +47,8 @@ class FileGuard {
   [[nodiscard]] const std::optional<ContentMark>& ContentRead() const noexcept { return content_; }
   // Says that what was read is not all in memory. `reason` is a key of the localizer.
   void NotTakenInWhole(std::string_view reason);
+  // The same for what the report says; does nothing for an empty one.
+  void NotTakenInWhole(const plist::ReadReport& report);
 
   // Replaces the file atomically. False when a copy that must be kept cannot be made, or the write
   // fails: the file is as it was, or at worst new but not durable, and Failure() says why.

@@ -3,8 +3,10 @@
 #include <algorithm>
 #include <utility>
 
+#include "model/stored_numbers.h"
 #include "model/type_handover.h"
 #include "platform/ambient.h"
+#include "plist/read_report.h"
 
 namespace tallyfold {
 
@@ -13,6 +15,9 @@ namespace {
 constexpr std::string_view kVersion = "version";
 constexpr std::string_view kDateFormat = "dateFormat";
 constexpr std::string_view kAccountPreferences = "accountPreferences";
+// What is no field: the view preferences, what the store adds, and what an upgrade reads.
+constexpr std::string_view kOtherKeys[] = {kAccountPreferences, "appVersion", "types",
+                                           "inactiveTypes"};
 // The view preferences stand before this field in the file.
 constexpr std::string_view kFieldAfterAccountPreferences = "selectedAccountNumber";
 
@@ -34,9 +39,9 @@ Field<LDGRPreferences> Of(std::string_view key, Field<LDGRPreferences>::Member m
 }
 
 // -1 for none.
-std::int32_t StoredVersion(const plist::Dictionary& dictionary) {
+std::int32_t VersionOf(const plist::Dictionary& dictionary) {
   const plist::Value& stored = dictionary.Get(kVersion);
-  return stored.IsNone() ? -1 : stored.IntegerValue();
+  return stored.IsNone() ? -1 : LooseInteger(stored, kVersion);
 }
 
 void HandOverTypes(const plist::Dictionary& dictionary) {
@@ -134,15 +139,20 @@ LDGRPreferences::LDGRPreferences(const plist::Dictionary& dictionary) : LDGRPref
     if (field.key == kFieldAfterAccountPreferences) ReadAccountPreferences(dictionary);
     ReadField(*this, field, dictionary);
   }
+  plist::ReportUnknownKeys(dictionary, 0, [](std::string_view key) {
+    return FieldNamed(key) != nullptr ||
+           std::find(std::begin(kOtherKeys), std::end(kOtherKeys), key) != std::end(kOtherKeys);
+  });
 }
 
 void LDGRPreferences::ReadAccountPreferences(const plist::Dictionary& dictionary) {
   const plist::Value& list = dictionary.Get(kAccountPreferences);
   if (list.IsNone()) return LogForKey(kMissing, kAccountPreferences);
-  if (!list.IsArray()) return LogForKey(kWrong, kAccountPreferences);
+  if (!list.IsArray()) return RefuseForKey(kWrong, kAccountPreferences);
   for (const plist::Value& element : list.ArrayValue()) {
     if (!element.IsDictionary()) {
       LogForKey(kWrong, kAccountPreferences);
+      plist::ReportNotTaken(plist::NotTaken::Skipped, kAccountPreferences);
       continue;
     }
     account_preferences_.push_back(
@@ -173,15 +183,19 @@ plist::Dictionary LDGRPreferences::asDictionary() const {
 }
 
 bool LDGRPreferences::HandsOverTypes(const plist::Dictionary& dictionary) {
-  return StoredVersion(dictionary) < 1 &&
-         (dictionary.Has("types") || dictionary.Has("inactiveTypes"));
+  return VersionOf(dictionary) < 1 && (dictionary.Has("types") || dictionary.Has("inactiveTypes"));
+}
+
+bool LDGRPreferences::IsOfOlderVersion(const plist::Dictionary& dictionary) {
+  return VersionOf(dictionary) < kCurrentVersion;
 }
 
 plist::Dictionary LDGRPreferences::UpdatePreferencesDictionary(
     const plist::Dictionary& dictionary) {
   plist::Dictionary updated = dictionary.DeepCopy();
-  const std::int32_t version = StoredVersion(dictionary);
-  if (version < 2) {
+  const std::int32_t version = VersionOf(dictionary);
+  if (version > kCurrentVersion) plist::ReportNotTaken(plist::NotTaken::OutOfRange, kVersion);
+  if (version < kCurrentVersion) {
     if (version < 0) updated.Set(kDateFormat, 0);
     if (version < 1) HandOverTypes(updated);
     RemoveSelectedFilters(updated);

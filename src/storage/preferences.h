@@ -48,6 +48,8 @@ class LDGRPreferences {
   [[nodiscard]] plist::Dictionary asDictionary() const;
   // Whether a dictionary is an old one with entry types to be handed over.
   [[nodiscard]] static bool HandsOverTypes(const plist::Dictionary& dictionary);
+  // True when UpdatePreferencesDictionary() changes what the dictionary says.
+  [[nodiscard]] static bool IsOfOlderVersion(const plist::Dictionary& dictionary);
   // A copy of a dictionary of any version, brought to the current form. Entry types that old
   // versions kept here are handed over to the accounts (see model/type_handover.h).
   [[nodiscard]] static plist::Dictionary UpdatePreferencesDictionary(

@@ -5,10 +5,10 @@
 
 #include "model/account.h"
 #include "platform/ambient.h"
+#include "plist/read_report.h"
 #include "plist/writer.h"
 #include "storage/backup_names.h"
 #include "storage/backups.h"
-#include "storage/refusal_watch.h"
 
 namespace tallyfold {
 
@@ -56,20 +56,21 @@ void PreferencesStore::Preferences_Init() {
 
 std::shared_ptr<LDGRPreferences> PreferencesStore::Build() {
   file_hands_over_types_ = false;
+  const plist::ReadReport report;
   const auto dictionary = file_.Read();
   if (!dictionary) return std::make_shared<LDGRPreferences>();
-  Preferences_Backup(*dictionary);
+  const bool is_backed_up = Preferences_Backup(*dictionary);
   file_hands_over_types_ = LDGRPreferences::HandsOverTypes(*dictionary);
-  const RefusalWatch watch;
   auto preferences =
       std::make_shared<LDGRPreferences>(LDGRPreferences::UpdatePreferencesDictionary(*dictionary));
-  if (watch.HeardRefusal()) {
-    file_.NotTakenInWhole("Some of the file is not in the form that Tallyfold writes.");
+  file_.NotTakenInWhole(report);
+  if (!is_backed_up && LDGRPreferences::IsOfOlderVersion(*dictionary)) {
+    file_.NotTakenInWhole(kUpgradedWithoutBackup);
   }
   return preferences;
 }
 
-void PreferencesStore::Preferences_Backup(const plist::Dictionary& dictionary) {
+bool PreferencesStore::Preferences_Backup(const plist::Dictionary& dictionary) {
   FileSystem& files = services_.files;
   if (!EnsureFolder(files, paths_.preferences_folder,
                     "~/Library/Preferences/Quorva/ exists, but it's a file!  Please move the file "
@@ -77,18 +78,20 @@ void PreferencesStore::Preferences_Backup(const plist::Dictionary& dictionary) {
       !EnsureFolder(files, paths_.preferences_backup_folder,
                     "~/Library/Preferences/Quorva/Backups/ exists, but it's a file!  Please move "
                     "the file to allow Tallyfold to create a folder to backup your preferences.")) {
-    return;
+    return false;
   }
   const std::string running_version = services_.application.BundleVersion();
   const plist::Value& version = dictionary.Get(kAppVersion);
-  if (version.IsString() && version.StringValue() == running_version) return;
+  if (version.IsString() && version.StringValue() == running_version) return false;
   const auto unique = [&running_version](const auto& taken) {
     return UniqueBackupName(taken, PreferencesBackupNameBefore(running_version));
   };
   if (!MakeBackup(files, services_.processes, paths_.preferences_file,
                   paths_.preferences_backup_folder, unique)) {
     Log("Backup operation was unsuccessful in LDGRController:Preferences_Backup.");
+    return false;
   }
+  return true;
 }
 
 void PreferencesStore::Preferences_StoreAccountPrefs(const LDGRAccount* account) {

@@ -74,7 +74,8 @@ class PreferencesStore {
   // as they are until the accounts that took these have been saved.
   bool Preferences_Save();
   // Copies the file as it stands on the disk into the backup folder when another version wrote it.
-  void Preferences_Backup(const plist::Dictionary& dictionary);
+  // True when a backup was made.
+  bool Preferences_Backup(const plist::Dictionary& dictionary);
   // Takes over columns and selected row of the tables shown. Null does nothing.
   void Preferences_StoreAccountPrefs(const LDGRAccount* account);
 

@@ -55,6 +55,7 @@ AccountSummaryList LDGRAccount::DefaultAccountSummaries() {
 
 void LDGRAccount::addAccountSummary(std::shared_ptr<LDGRAccountSummary> summary) {
   if (!summary) return;
+  MakeMissingSummaries();
   summary->setAccount(this);
   account_summaries_.push_back(std::move(summary));
   if (!selected_account_summary_) selected_account_summary_ = account_summaries_.back();
@@ -62,7 +63,7 @@ void LDGRAccount::addAccountSummary(std::shared_ptr<LDGRAccountSummary> summary)
 }
 
 void LDGRAccount::removeAccountSummary(const LDGRAccountSummary* summary) {
-  const auto found = Find(account_summaries_, summary);
+  const auto found = Find(accountSummaries(), summary);
   if (found == account_summaries_.end()) return;
   (*found)->setAccount(nullptr);
   const bool was_selected = *found == selected_account_summary_;
@@ -74,33 +75,40 @@ void LDGRAccount::removeAccountSummary(const LDGRAccountSummary* summary) {
 }
 
 void LDGRAccount::selectAccountSummary(const LDGRAccountSummary* summary) {
-  const auto found = Find(account_summaries_, summary);
+  const auto found = Find(accountSummaries(), summary);
   if (found != account_summaries_.end()) Change(selected_account_summary_, *found);
 }
 
 void LDGRAccount::selectAccountSummaryAtIndex(std::size_t index) {
-  if (index < account_summaries_.size()) {
+  if (index < accountSummaries().size()) {
     Change(selected_account_summary_, account_summaries_[index]);
   }
 }
 
 void LDGRAccount::setSelectedAccountSummary(std::shared_ptr<LDGRAccountSummary> summary) {
+  MakeMissingSummaries();
   Change(selected_account_summary_, std::move(summary));
 }
 
 void LDGRAccount::WriteAccountSummaries(plist::Output& output) const {
   output.BeginArray();
-  for (const auto& summary : account_summaries_) summary->WriteTo(output);
+  for (const auto& summary : accountSummaries()) summary->WriteTo(output);
   output.EndArray();
 }
 
-void LDGRAccount::ReadAccountSummaries(const plist::Array& array, std::string_view wrong) {
+void LDGRAccount::MakeDefaultSummaries() const {
+  // What the account holds is the same before and after: accounts are never made const.
+  const_cast<LDGRAccount*>(this)->TakeAccountSummaries(DefaultAccountSummaries());
+}
+
+void LDGRAccount::ReadAccountSummaries(const plist::Array& array,
+                                       const std::function<void()>& skip_element) {
   AccountSummaryList summaries;
   for (const plist::Value& value : array) {
     if (value.IsDictionary()) {
       summaries.push_back(std::make_shared<LDGRAccountSummary>(value.DictionaryValue(), this));
     } else {
-      Log(wrong);
+      skip_element();
     }
   }
   TakeAccountSummaries(std::move(summaries));
@@ -108,6 +116,7 @@ void LDGRAccount::ReadAccountSummaries(const plist::Array& array, std::string_vi
 
 void LDGRAccount::TakeAccountSummaries(AccountSummaryList summaries) {
   for (const auto& summary : account_summaries_) summary->setAccount(nullptr);
+  has_summaries_ = true;
   account_summaries_ = std::move(summaries);
   for (const auto& summary : account_summaries_) summary->setAccount(this);
   selected_account_summary_ = account_summaries_.empty() ? nullptr : account_summaries_.front();

@@ -1,10 +1,14 @@
 #include "summaries/account_summary.h"
 
+#include <algorithm>
+#include <cstddef>
+
 #include "model/account.h"
 #include "model/calendar.h"
 #include "model/text.h"
 #include "platform/ambient.h"
 #include "platform/clock.h"
+#include "plist/read_report.h"
 
 namespace tallyfold {
 namespace {
@@ -73,10 +77,22 @@ plist::Dictionary LDGRAccountSummary::optionsAsDictionary() const {
 }
 
 void LDGRAccountSummary::setOptionsFromDictionary(const plist::Dictionary& options) {
-  for (const auto& field : Fields()) ReadField(*this, field, options);
+  std::size_t met = 0;
+  for (const auto& field : Fields()) {
+    if (ReadField(*this, field, options)) ++met;
+  }
   const plist::Value& data = options.Get(kFilterData);
-  if (data.IsNone()) LogForKey(kMissing, kFilterData);
+  if (data.IsNone()) {
+    LogForKey(kMissing, kFilterData);
+  } else {
+    ++met;
+  }
   setFilterData(data);
+  plist::ReportUnknownKeys(options, met, [](std::string_view key) {
+    const auto fields = Fields();
+    return key == kFilterData || std::any_of(fields.begin(), fields.end(),
+                                             [key](const auto& field) { return field.key == key; });
+  });
   NoteChange();
 }
 

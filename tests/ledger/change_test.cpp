@@ -174,6 +174,42 @@ TEST(Change, LeavesNothingOfWhatIsNotClosed) {
   }
 }
 
+// The default types and summaries of an account are made when they are first asked for.
+TEST(Change, KeepsTypesAndSelectedSummaryThatNobodyAskedForBefore) {
+  LedgerFixture f;
+  const auto is_new = [](const LDGRAccount& account) {
+    EXPECT_EQ(account.selectedAccountSummary(), account.accountSummaries().front());
+    return account.asDictionary() == LDGRAccount().asDictionary();
+  };
+  const auto changed = std::make_shared<LDGRAccount>();
+  {
+    Change change(f.ledger, "Name", f.first);
+    change.EditTypes(changed).SetTypes({});
+    change.EditSettings(changed).selectAccountSummaryAtIndex(3);
+  }
+  EXPECT_TRUE(is_new(*changed));
+
+  const auto summarized = std::make_shared<LDGRAccount>();
+  {
+    Change change(f.ledger, "Name", f.first);
+    change.Remove(summarized, summarized->accountSummaries().front().get());
+    change.Add(summarized, std::make_shared<LDGRAccountSummary>());
+  }
+  EXPECT_TRUE(is_new(*summarized));
+
+  const auto untouched = std::make_shared<LDGRAccount>();
+  Change idle(f.ledger, "Name", f.first);
+  idle.EditTypes(untouched);
+  idle.EditSettings(untouched);
+  EXPECT_TRUE(idle.Close().IsEmpty());
+  const auto undone = std::make_shared<LDGRAccount>();
+  Change change(f.ledger, "Name", f.first);
+  change.EditTypes(undone).SetTypes({});
+  change.Close();
+  EXPECT_TRUE(f.history.Undo());
+  EXPECT_TRUE(is_new(*undone));
+}
+
 TEST(Change, LeavesNothingWhenMemoryRunsOut) {
   for (const auto& c : kOperations) {
     for (int successes = 0;; ++successes) {

@@ -207,8 +207,11 @@ TEST(AccountDictionary, StoresEachOptionUnderItsKeyAndReadsItBack) {
 }
 
 TEST(AccountDictionary, TakesNumberAndVersionFromAnyKind) {
-  const std::pair<Value, std::int32_t> cases[] = {
-      {"12 and more", 12}, {true, 1}, {3.9, 3}, {Array(), 0}, {std::int64_t{1} << 32U | 5, 5}};
+  const std::pair<Value, std::int32_t> cases[] = {{"12 and more", 12},
+                                                  {true, 1},
+                                                  {3.9, 3},
+                                                  {Array(), 0},
+                                                  {std::int64_t{1} << 32U | 5, 2147483647}};
   for (const auto& [stored, number] : cases) {
     Dictionary dictionary;
     dictionary.Set("number", stored);

@@ -22,7 +22,11 @@ std::shared_ptr<Entry> Make(std::int32_t number,
                             std::initializer_list<std::pair<const char*, plist::Value>> items) {
   plist::Dictionary record = Dict(items);
   record.Set("number", number);
-  return std::make_shared<Entry>(record);
+  auto entry = std::make_shared<Entry>(record);
+  // No file gives an entry such an amount.
+  const double amount = record.Get("amount").DoubleValue();
+  if (std::isnan(amount)) entry->SetAmount(amount);
+  return entry;
 }
 
 std::vector<std::int32_t> Sorted(EntryList entries, Order order) {

@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include <cmath>
 #include <random>
 #include <string>
 
@@ -191,11 +192,20 @@ TEST(AccountUpgrade, ConvertsSecondsToTheUsersDays) {
     Value seconds;
     Value day;
   } cases[] = {
-      {6, 0, 0, 19700101},           {6, 9, 0, 19700101},
-      {6, -5, 0, 19691231},          {5, 0, 1078617600, 20040307},
-      {6, -8, 1078617600, 20040306}, {3, 0, -86400, 19691231},
-      {6, 0, "86400", 19700102},     {6, 0, Dictionary(), 19700101},
-      {7, 0, 20040307, 20040307},    {6, 0, Value(), Value()},
+      {6, 0, 0, 19700101},
+      {6, 9, 0, 19700101},
+      {6, -5, 0, 19691231},
+      {5, 0, 1078617600, 20040307},
+      {6, -8, 1078617600, 20040306},
+      {3, 0, -86400, 19691231},
+      {6, 0, "86400", 19700102},
+      {6, 0, Dictionary(), 19700101},
+      {7, 0, 20040307, 20040307},
+      {6, 0, Value(), Value()},
+      {6, 0, std::int64_t{4102444800}, 21000101},
+      {6, 0, -62135510400.0, 10102},
+      {6, 0, std::int64_t{1} << 62, 19700101},
+      {6, 0, std::nan(""), 19700101},
   };
   for (const auto& test : cases) {
     FakeAmbient ambient;
@@ -259,6 +269,11 @@ TEST(AccountUpgrade, LogsWhatItCannotUseAndGoesOn) {
     EXPECT_EQ(ambient.log.Take(), test.lines) << "version " << test.version;
     EXPECT_EQ(account.Get("version"), Value(7));
   }
+  Dictionary without_entries = AccountOf(1, {});
+  without_entries.Set("numberCount", 41);
+  LDGRAccount::UpdateAccountDictionary(without_entries);
+  EXPECT_EQ(without_entries.Get("numberCount"), Value(41));
+  EXPECT_EQ(ambient.log.Take().size(), 6U);
   Dictionary account = AccountOf(6, Array());
   account.Set("schedules", 1);
   account.Set("accountSummaries", "");

@@ -79,6 +79,7 @@ TEST(TextFromOutside, IsMadeValidAndLosesControlCharacters) {
       {"Zoë 銀 \U0001F600\t\r\n", "Zoë 銀 \U0001F600\t\r\n"},
       {std::string_view("a\0b\x1b\x7f\u0085c", 8), "abc"},
       {"a\xFFz", "a\uFFFDz"},
+      {"a\uFFFE\uFFFF\U0001FFFEz", "a\U0001FFFEz"},      // the first two are no characters
       {"\xC3", "\uFFFD"},                                // cut short
       {"\xC0\xAF", "\uFFFD\uFFFD"},                      // overlong
       {"\xED\xA0\x80", "\uFFFD\uFFFD\uFFFD"},            // half a surrogate pair

@@ -26,8 +26,8 @@ TEST(Values, StandForOneAnotherAsNumbers) {
       {true, 1, 1.0, true},
       {false, 0, 0.0, false},
       {-7, -7, -7.0, true},
-      {std::int64_t{0x1'0000'0002}, 2, 4294967298.0, true},
-      {std::int64_t{0x8000'0000}, std::numeric_limits<std::int32_t>::min(), 2147483648.0, true},
+      {std::int64_t{0x1'0000'0002}, std::numeric_limits<std::int32_t>::max(), 4294967298.0, true},
+      {-std::int64_t{0x8000'0001}, std::numeric_limits<std::int32_t>::min(), -2147483649.0, true},
       {1.99, 1, 1.99, true},
       {-1.99, -1, -1.99, true},
       {0.25, 0, 0.25, true},
@@ -58,8 +58,9 @@ TEST(Values, StandForOneAnotherAsNumbers) {
 
 TEST(Values, AreNumbersOnlyWhenTheirKindIsOne) {
   for (const Value& number : {Value(true), Value(0), Value(0.5)}) EXPECT_TRUE(number.IsNumber());
-  for (const Value& other : {Value(), Value("1"), Value(Array()), Value(Dictionary()),
-                             Value::Opaque(Kind::Data, "AA==")}) {
+  for (const Value& other :
+       {Value(), Value("1"), Value(Array()), Value(Dictionary()), Value::Opaque(Kind::Data, "AA=="),
+        Value(-kInfinity), Value(std::nan(""))}) {
     EXPECT_FALSE(other.IsNumber());
   }
 }

@@ -106,8 +106,8 @@ TEST(AccountsLoading, NumbersAccountsThatHaveNoNumber) {
       // Where no higher number is left, the least free one.
       {{-1, 2147483647, -1, 2, -1}, {1, 2147483647, 3, 2, 4}},
       {{-1, 1, 2147483647}, {2, 1, 2147483647}},
-      // Beyond 32 bits: the low ones.
-      {{4294967297, 4294967295, -1}, {1, 2, 3}},
+      // Beyond 32 bits: the last ones of those.
+      {{-4294967297, 3, 4294967297}, {1, 3, 2147483647}},
   };
   for (const auto& c : cases) {
     std::string content;

@@ -95,11 +95,30 @@ TEST(PreferencesStore, SavesWhatIsShownAndReadsItBack) {
   EXPECT_EQ(view->objectForKey("tables").ArrayValue().size(), 1U);
 }
 
+// Preferences as this program writes them, but for the content.
+std::string WithAppVersion(const std::string& content) {
+  return "<plist><dict><key>appVersion</key><string>2.0</string>" + content + "</dict></plist>";
+}
+std::string Current(const std::string& content) {
+  return WithAppVersion("<key>version</key><integer>2</integer>" + content);
+}
+std::string View(const std::string& content) {
+  return Current("<key>accountPreferences</key><array><dict>" + content + "</dict></array>");
+}
+std::string Table(const std::string& content) {
+  return "<key>tables</key><array><dict><key>identifier</key><string>entry</string>" + content +
+         "</dict></array>";
+}
+std::string Column(const std::string& content) {
+  return Table("<key>columns</key><array><dict>" + content + "</dict></array>");
+}
+
 TEST(PreferencesStore, ReadsOrSetsAsideWhatIsThere) {
   const std::string current = plist::ToXml(LDGRPreferences().asDictionary());
   const std::string wrong =
       "<plist><dict><key>version</key><integer>2</integer>"
       "<key>entryFont</key><integer>1</integer></dict></plist>";
+  const std::string wrong_form = "Some of the file is not in the form";
   struct {
     const char* name;
     std::optional<std::string> content;
@@ -112,6 +131,21 @@ TEST(PreferencesStore, ReadsOrSetsAsideWhatIsThere) {
       {"no dictionary", "<plist><true/></plist>", "The file does not hold a dictionary.", false},
       {"a wrong kind", wrong, "Some of the file is not in the form", true},
       {"an old file", "<plist><dict/></plist>", "", true},
+      {"an old file of this version", WithAppVersion(""), "The file is of an older form", false},
+      {"an unknown key", Current("<key>odd</key><true/>"), wrong_form, false},
+      {"tables no list", View("<key>tables</key><true/>"), wrong_form, false},
+      {"an account number in words", View("<key>accountNumber</key><string>1</string>"), wrong_form,
+       false},
+      {"a table", View(Table("<key>selectedFilterDictionary</key><dict/>")), "", false},
+      {"a table of no name", View("<key>tables</key><array><dict/></array>"), wrong_form, false},
+      {"columns no list", View(Table("<key>columns</key><true/>")), wrong_form, false},
+      {"a row in words", View(Table("<key>selectedRow</key><string>1</string>")), wrong_form,
+       false},
+      {"an order in words", View(Table("<key>sortDescending</key><string>1</string>")), wrong_form,
+       false},
+      {"a column", View(Column("<key>width</key><integer>9</integer>")), "", false},
+      {"a width in words", View(Column("<key>width</key><string>9</string>")), wrong_form, false},
+      {"an unknown key of a column", View(Column("<key>odd</key><true/>")), wrong_form, false},
   };
   for (const auto& c : cases) {
     SCOPED_TRACE(c.name);

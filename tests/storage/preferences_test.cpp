@@ -166,7 +166,7 @@ TEST(Preferences, CanBeSetByName) {
       {"backupInterval", 3, 3},
       {"showCurrencySymbol", 0, false},
       {"scheduleLookAhead", 1e300, 2147483647},
-      {"entryFontSize", std::nan(""), 0},
+      {"entryFontSize", std::nan(""), {}},
       {"backupInterval", "4", {}},
       {"entryFont", 4, {}},
       {"backupInterval", {}, {}},

@@ -34,7 +34,7 @@ std::shared_ptr<LDGRAccount> SampleAccount() {
   nested.Append(plist::Dictionary());
   nested.Append(plist::Value::Opaque(plist::Kind::Date, "2007-03-05T12:00:00Z"));
   account->setReconcileFilterData(nested);
-  account->setStatementBalance(1e21);
+  account->setStatementBalance(-1e-7);
 
   const auto check = Entry(*account, 20070305, -1234567.89);
   check->SetIsDebit(true);

@@ -1,7 +1,6 @@
 #include "app/accounts/account_editing.h"
 
 #include <algorithm>
-#include <cmath>
 #include <cstddef>
 #include <string_view>
 #include <unordered_set>
@@ -12,6 +11,7 @@
 #include "ledger/change.h"
 #include "model/account_entry.h"
 #include "model/account_schedule.h"
+#include "model/amounts.h"
 #include "model/entry_type.h"
 #include "platform/ambient.h"
 #include "storage/account_numbers.h"
@@ -24,7 +24,7 @@ using TypeRow = AccountEditSheetState::TypeRow;
 bool CanBeStored(const AccountEditSheetState::Typed& typed) {
   const auto has_name = [](const TypeRow& row) { return !IsBlank(row.name); };
   return !IsBlank(typed.name) && typed.password == typed.password_again && typed.starting_balance &&
-         std::isfinite(*typed.starting_balance) && typed.starting_check_number &&
+         IsAmount(*typed.starting_balance) && typed.starting_check_number &&
          *typed.starting_check_number >= 0 &&
          std::all_of(typed.types.begin(), typed.types.end(), has_name);
 }

@@ -1,7 +1,5 @@
 #include "app/entries/edit_sheet.h"
 
-#include <cmath>
-
 #include "model/amounts.h"
 #include "model/day_field.h"
 #include "platform/ambient.h"
@@ -21,7 +19,7 @@ bool LimitDay(DateNumber& date) noexcept {
 }
 
 std::string ProblemOfAmount(double typed, double opened) {
-  if (!std::isfinite(typed)) return LocalizedText("The amount is not a number.");
+  if (!IsAmount(typed)) return LocalizedText("The amount is not a number.");
   if (typed < 0.0 && RoundedAmount(typed) != RoundedAmount(opened)) {
     return LocalizedText("The amount must not be negative.");
   }

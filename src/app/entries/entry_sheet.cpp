@@ -1,7 +1,6 @@
 #include "app/entries/entry_sheet.h"
 
 #include <algorithm>
-#include <cmath>
 #include <memory>
 
 #include "model/account.h"
@@ -94,7 +93,7 @@ void EntrySheet::PopulateSplit(const EditedEntry& edited) {
 std::string EntrySheet::CheckTyped() {
   auto& typed = state_.typed;
   if (!LimitDay(typed.date)) return LocalizedText("The date does not exist.");
-  const auto has_amount = [](const SplitRow& row) { return std::isfinite(row.amount); };
+  const auto has_amount = [](const SplitRow& row) { return IsAmount(row.amount); };
   if (!std::all_of(typed.split.begin(), typed.split.end(), has_amount)) {
     return LocalizedText("The amount is not a number.");
   }

@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <charconv>
-#include <cmath>
 #include <map>
 #include <tuple>
 #include <utility>
@@ -287,7 +286,7 @@ std::vector<DueOccurrence> ScheduleReminder::MarkedOccurrences(bool all) {
       Refuse(LocalizedText("The date does not exist."));
       return {};
     }
-    if (!std::isfinite(row.typed.amount)) {
+    if (!IsAmount(row.typed.amount)) {
       Refuse(LocalizedText("The amount is not a number."));
       return {};
     }

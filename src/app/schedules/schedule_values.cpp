@@ -2,11 +2,11 @@
 
 #include <algorithm>
 #include <array>
-#include <cmath>
 #include <memory>
 #include <string_view>
 
 #include "app/entries/edit_sheet.h"
+#include "model/amounts.h"
 #include "model/entry_split.h"
 #include "platform/ambient.h"
 
@@ -38,10 +38,10 @@ bool HasSplit(const ScheduleValues& values) {
   return values.kind != EntryKind::Transfer && values.split != SplitRows();
 }
 
-bool HasFiniteAmounts(const ScheduleValues& values) {
-  return std::isfinite(values.amount) &&
+bool HasAmounts(const ScheduleValues& values) {
+  return IsAmount(values.amount) &&
          std::all_of(values.split.begin(), values.split.end(),
-                     [](const SplitRow& row) { return std::isfinite(row.amount); });
+                     [](const SplitRow& row) { return IsAmount(row.amount); });
 }
 
 void StoreKind(const ScheduleValues& values, LDGRAccountSchedule& schedule) {
@@ -168,7 +168,7 @@ bool RepeatsEverySoMany(std::int32_t repeat_interval_type) noexcept {
 
 std::string ProblemOf(ScheduleValues& values, const ScheduleValues* former, DateNumber today) {
   if (!LimitDay(values.start)) return LocalizedText("The date does not exist.");
-  if (!HasFiniteAmounts(values)) return LocalizedText("The amount is not a number.");
+  if (!HasAmounts(values)) return LocalizedText("The amount is not a number.");
   if (!IsInterval(values.repeat_interval_type)) {
     return LocalizedText("It is not said how often it repeats.");
   }
