@@ -17,7 +17,7 @@ class TableLayout {
   // The table must outlive its stay here.
   void SetTable(TableView* table) noexcept { table_view_ = table; }
   [[nodiscard]] TableView* Table() const noexcept { return table_view_; }
-  // Where the table's layout stands in the preferences. None is ignored.
+  // Where the table's layout stands in the preferences. A missing value is ignored.
   void SetIdentifier(std::optional<std::string_view> identifier);
   [[nodiscard]] const std::string& Identifier() const noexcept { return table_identifier_; }
   void SetPreferences(std::shared_ptr<LDGRAccountPreferences> preferences) noexcept;
