@@ -16,9 +16,9 @@
 #include "app/exchange/qif_import_command.h"
 #include "app/exchange/qif_import_controller.h"
 #include "app/face/announcer.h"
-#include "app/face/main_window.h"
 #include "app/face/refresh.h"
 #include "app/face/sheet_slot.h"
+#include "app/face/window_hooks.h"
 #include "app/schedules/schedule_commit.h"
 #include "app/schedules/schedule_editing.h"
 #include "app/schedules/schedule_reminder.h"
@@ -77,7 +77,7 @@ struct LDGRController::Parts final : private AccountsStore::Host,
   explicit Parts(const Services& services);
 
   Announcer announcer;
-  MainWindowSlot window;
+  WindowHooksSlot window;
   ModalWatch modal;
   LDGRApplication application;
   SheetSlot sheets{announcer};
@@ -352,7 +352,7 @@ void LDGRController::SetFrontEnd(FrontEnd* front_end) noexcept {
   parts_->announcer.Set(front_end);
 }
 
-void LDGRController::SetMainWindow(MainWindow* window) noexcept {
+void LDGRController::SetWindowHooks(WindowHooks* window) noexcept {
   parts_->window.Set(window);
 }
 

@@ -71,7 +71,8 @@ class LDGRAccountTableViewData final : public TableDataSource {
   // Another account than before takes the rows away.
   void SetAccount(std::shared_ptr<LDGRAccount> account);
   [[nodiscard]] const std::shared_ptr<LDGRAccount>& GetAccount() const noexcept { return account_; }
-  // In calendar-date conversion letters; the user's short date format at first. A missing value is ignored.
+  // In calendar-date conversion letters; the user's short date format at first. A missing value is
+  // ignored.
   void SetDateFormat(std::optional<std::string_view> format);
 
   // Entries of the account, which become the rows as they stand. The selected row stays as it is.
