@@ -44,7 +44,7 @@ struct Register {
 
   UnlockedHost host;
   std::shared_ptr<LDGRAccount> account;
-  TableView table{DefaultRegisterColumns()};
+  TableState table{DefaultRegisterColumns()};
   LDGRAccountTableViewData rows{host};
 };
 

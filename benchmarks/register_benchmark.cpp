@@ -86,7 +86,7 @@ struct Register {
 
   UnlockedHost host;
   std::shared_ptr<LDGRAccount> account;
-  TableView table{DefaultRegisterColumns()};
+  TableState table{DefaultRegisterColumns()};
   LDGRAccountTableViewData rows{host};
 };
 

@@ -10,7 +10,7 @@
 #include "registers/account_table_view_data.h"
 #include "registers/difference_explanation.h"
 #include "registers/reconciliation.h"
-#include "registers/table_view.h"
+#include "registers/table_state.h"
 
 namespace tallyfold {
 namespace {
@@ -36,7 +36,7 @@ PrintTable UnresolvedEntries(const std::shared_ptr<LDGRAccount>& account,
     if (!entry->GetCleared()) entries.push_back(entry);
   }
   const UnlockedHost host;
-  TableView table(ColumnsOfUnresolved());
+  TableState table(ColumnsOfUnresolved());
   LDGRAccountTableViewData rows(host);
   rows.SetTableView(&table);
   rows.SetAccount(account);

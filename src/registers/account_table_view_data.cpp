@@ -64,8 +64,8 @@ LDGRAccountTableViewData::~LDGRAccountTableViewData() {
   SetTableView(nullptr);
 }
 
-void LDGRAccountTableViewData::SetTableView(TableView* table) {
-  TableView* const former = GetTableView();
+void LDGRAccountTableViewData::SetTableView(TableState* table) {
+  TableState* const former = GetTableView();
   if (former != nullptr && former->DataSource() == this) former->SetDataSource(nullptr);
   layout_.SetTable(table);
   if (table != nullptr) table->SetDataSource(this);
@@ -76,7 +76,7 @@ void LDGRAccountTableViewData::SetAccount(std::shared_ptr<LDGRAccount> account) 
   account_ = std::move(account);
   account_balances_ = {};
   SetEntries({});
-  if (TableView* const table = GetTableView()) table->SelectRow(TableView::kNoRow);
+  if (TableState* const table = GetTableView()) table->SelectRow(TableState::kNoRow);
 }
 
 void LDGRAccountTableViewData::SetDateFormat(std::optional<std::string_view> format) {
@@ -105,7 +105,7 @@ void LDGRAccountTableViewData::Reload(EntryList entries) {
 // --- Selection ----------------------------------------------------------------------------------
 
 std::shared_ptr<LDGRAccountEntry> LDGRAccountTableViewData::GetSelectedEntry() const {
-  const TableView* const table = GetTableView();
+  const TableState* const table = GetTableView();
   return table != nullptr ? RowToEntry(table->SelectedRow()) : nullptr;
 }
 
@@ -123,20 +123,20 @@ std::optional<std::int32_t> LDGRAccountTableViewData::EntryToRow(
 }
 
 void LDGRAccountTableViewData::SelectRow(std::int32_t row) {
-  TableView* const table = GetTableView();
+  TableState* const table = GetTableView();
   if (table == nullptr) return;
-  if (RowToEntry(row) == nullptr) return table->SelectRow(TableView::kNoRow);
+  if (RowToEntry(row) == nullptr) return table->SelectRow(TableState::kNoRow);
   table->SelectRow(row);
   table->ScrollRowToVisible(row);
   layout_.StoreRow(row);
 }
 
 void LDGRAccountTableViewData::SelectEntry(const LDGRAccountEntry* entry) {
-  SelectRow(EntryToRow(entry).value_or(TableView::kNoRow));
+  SelectRow(EntryToRow(entry).value_or(TableState::kNoRow));
 }
 
 void LDGRAccountTableViewData::ScrollToEntry(const LDGRAccountEntry* entry) {
-  TableView* const table = GetTableView();
+  TableState* const table = GetTableView();
   if (table == nullptr) return;
   if (const auto row = EntryToRow(entry)) table->ScrollRowToVisible(*row);
 }
@@ -172,7 +172,7 @@ void LDGRAccountTableViewData::SortBy(RegisterSortKey key, bool descending) {
 std::string LDGRAccountTableViewData::SortColumn() const {
   std::string stored = layout_.SortColumn();
   if (SortKeyOfColumn(stored)) return stored;
-  if (const TableView* table = GetTableView()) {
+  if (const TableState* table = GetTableView()) {
     for (const TableColumn& column : table->Columns()) {
       if (SortKeyOfColumn(column.identifier)) return column.identifier;
     }
@@ -204,7 +204,7 @@ void LDGRAccountTableViewData::ShowTableColumnWithIdentifier(std::string_view id
 }
 
 std::vector<TableColumn> LDGRAccountTableViewData::VisibleTableColumns() const {
-  const TableView* const table = GetTableView();
+  const TableState* const table = GetTableView();
   return table != nullptr ? table->Columns() : std::vector<TableColumn>();
 }
 

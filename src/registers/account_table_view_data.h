@@ -14,7 +14,7 @@
 #include "model/running_balances.h"
 #include "registers/register_order.h"
 #include "registers/table_layout.h"
-#include "registers/table_view.h"
+#include "registers/table_state.h"
 #include "storage/account_preferences.h"
 
 namespace tallyfold {
@@ -48,8 +48,8 @@ class LDGRAccountTableViewData final : public TableDataSource {
   ~LDGRAccountTableViewData() override;
 
   // Becomes the table's data source. The table must outlive its stay here; null for none.
-  void SetTableView(TableView* table);
-  [[nodiscard]] TableView* GetTableView() const noexcept { return layout_.Table(); }
+  void SetTableView(TableState* table);
+  [[nodiscard]] TableState* GetTableView() const noexcept { return layout_.Table(); }
   // "entry" or "reconcile": where the table's layout stands in the view preferences. None is
   // ignored.
   void SetTableIdentifier(std::optional<std::string_view> identifier) {

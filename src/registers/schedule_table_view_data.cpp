@@ -74,7 +74,7 @@ std::string_view TitleOfScheduleColumn(std::string_view identifier) noexcept {
   return column != nullptr ? column->title : "";
 }
 
-LDGRScheduleTableViewData::LDGRScheduleTableViewData(const Host& host, TableView& table)
+LDGRScheduleTableViewData::LDGRScheduleTableViewData(const Host& host, TableState& table)
     : host_(host), date_format_(CurrentLocale().ShortDateFormat()) {
   table.SetDataSource(this);
   layout_.SetTable(&table);
@@ -117,14 +117,14 @@ std::shared_ptr<LDGRAccountSchedule> LDGRScheduleTableViewData::SelectedSchedule
 void LDGRScheduleTableViewData::SelectSchedule(const LDGRAccountSchedule* schedule) {
   const auto found =
       std::ranges::find(schedules_, schedule, [](const auto& other) { return other.get(); });
-  SelectRow(found == schedules_.end() ? TableView::kNoRow
+  SelectRow(found == schedules_.end() ? TableState::kNoRow
                                       : static_cast<std::int32_t>(found - schedules_.begin()));
 }
 
 void LDGRScheduleTableViewData::SelectRow(std::int32_t row) {
-  TableView& table = *layout_.Table();
+  TableState& table = *layout_.Table();
   if (row < 0 || static_cast<std::size_t>(row) >= schedules_.size()) {
-    return table.SelectRow(TableView::kNoRow);
+    return table.SelectRow(TableState::kNoRow);
   }
   table.SelectRow(row);
   table.ScrollRowToVisible(row);

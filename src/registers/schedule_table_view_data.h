@@ -11,7 +11,7 @@
 #include "model/account.h"
 #include "model/account_schedule.h"
 #include "registers/table_layout.h"
-#include "registers/table_view.h"
+#include "registers/table_state.h"
 #include "storage/account_preferences.h"
 
 namespace tallyfold {
@@ -36,7 +36,7 @@ class LDGRScheduleTableViewData final : public TableDataSource {
   };
 
   // Both must outlive this, which becomes the table's data source.
-  LDGRScheduleTableViewData(const Host& host, TableView& table);
+  LDGRScheduleTableViewData(const Host& host, TableState& table);
   LDGRScheduleTableViewData(const LDGRScheduleTableViewData&) = delete;
   LDGRScheduleTableViewData& operator=(const LDGRScheduleTableViewData&) = delete;
   ~LDGRScheduleTableViewData() override;

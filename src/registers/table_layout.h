@@ -5,7 +5,7 @@
 #include <string>
 #include <string_view>
 
-#include "registers/table_view.h"
+#include "registers/table_state.h"
 #include "storage/account_preferences.h"
 
 namespace tallyfold {
@@ -15,8 +15,8 @@ namespace tallyfold {
 class TableLayout {
  public:
   // The table must outlive its stay here.
-  void SetTable(TableView* table) noexcept { table_view_ = table; }
-  [[nodiscard]] TableView* Table() const noexcept { return table_view_; }
+  void SetTable(TableState* table) noexcept { table_ = table; }
+  [[nodiscard]] TableState* Table() const noexcept { return table_; }
   // Where the table's layout stands in the preferences. A missing value is ignored.
   void SetIdentifier(std::optional<std::string_view> identifier);
   [[nodiscard]] const std::string& Identifier() const noexcept { return table_identifier_; }
@@ -49,7 +49,7 @@ class TableLayout {
   void PlaceStoredColumns() const;
   void HideStoredColumns() const;
 
-  TableView* table_view_ = nullptr;
+  TableState* table_ = nullptr;
   std::string table_identifier_;
   std::shared_ptr<LDGRAccountPreferences> preferences_;
 };

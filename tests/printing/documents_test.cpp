@@ -47,7 +47,7 @@ struct ShownRegister {
   std::shared_ptr<LDGRAccount> account;
   ScopedCurrentAccount current{account.get()};
   UnlockedHost host;
-  TableView table{DefaultRegisterColumns()};
+  TableState table{DefaultRegisterColumns()};
   std::shared_ptr<LDGRAccountPreferences> views = std::make_shared<LDGRAccountPreferences>();
   LDGRAccountTableViewData rows{host};
 };

@@ -67,7 +67,7 @@ class RegisterRowsTest : public testing::Test {
 
   FakeAmbient ambient_;
   FakeHost host_;
-  TableView table_{DefaultRegisterColumns()};
+  TableState table_{DefaultRegisterColumns()};
   std::shared_ptr<LDGRAccountPreferences> preferences_ = std::make_shared<LDGRAccountPreferences>();
   std::shared_ptr<LDGRAccount> account_ = std::make_shared<LDGRAccount>();
   ScopedCurrentAccount current_{account_.get()};
@@ -222,7 +222,7 @@ TEST_F(RegisterRowsTest, StartWithTheStoredRow) {
   EXPECT_EQ(Rows(), "2 3 [1] ");
   rows_.SetAccount(nullptr);
   EXPECT_EQ(Rows(), "");
-  EXPECT_EQ(table_.SelectedRow(), TableView::kNoRow);
+  EXPECT_EQ(table_.SelectedRow(), TableState::kNoRow);
 }
 
 plist::Value Column(std::string_view identifier, const plist::Value& width) {
@@ -273,7 +273,7 @@ TEST_F(RegisterRowsTest, ShowHiddenColumnsAtTheirPlacesInAnyOrder) {
         columns.Append(Column(column.identifier, column.width));
       }
       preferences_->SetColumns(columns, "entry");
-      TableView other_table(DefaultRegisterColumns());
+      TableState other_table(DefaultRegisterColumns());
       LDGRAccountTableViewData other(host_);
       other.SetTableView(&other_table);
       other.SetTableIdentifier("entry");
@@ -304,7 +304,7 @@ TEST_F(RegisterRowsTest, HideColumnsAndBringThemBackToTheirPlace) {
   EXPECT_EQ(Rows(), "1 2 3 ");
 
   // Another table of the same layout, as after the next launch.
-  TableView other_table(DefaultRegisterColumns());
+  TableState other_table(DefaultRegisterColumns());
   LDGRAccountTableViewData other(host_);
   other.SetTableView(&other_table);
   other.SetTableIdentifier("entry");

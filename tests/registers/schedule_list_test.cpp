@@ -84,7 +84,7 @@ TEST(ScheduleTable, ShowsAndSortsByItsColumns) {
   account->AddSchedule(weekly);
   account->AddSchedule(monthly);
   const auto views = std::make_shared<LDGRAccountPreferences>();
-  TableView table(DefaultScheduleColumns());
+  TableState table(DefaultScheduleColumns());
   LDGRScheduleTableViewData rows(host, table);
   rows.ShowAccount(account, views);
   const std::pair<std::string_view, TableCell> cells[] = {

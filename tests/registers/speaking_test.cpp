@@ -78,7 +78,7 @@ class EntrySpeakerTest : public testing::Test {
   FakeRunLoop loop_;
   FakeSpeech speech_;
   FakeHost host_;
-  TableView table_{DefaultRegisterColumns()};
+  TableState table_{DefaultRegisterColumns()};
   LDGRAccountTableViewData rows_{host_};
   EntryList entries_;
   EntrySpeaker speaker_{loop_, speech_, host_};

@@ -73,7 +73,7 @@ void LDGRQIFImportController::Import_DoNotImportPotentialDuplicates() {
 
 void LDGRQIFImportController::SelectEntry(const std::shared_ptr<LDGRQIFImportEntry>& entry) {
   const Announcer::Operation operation(announcer_);
-  rows_.SelectRow(rows_.EntryToRow(entry.get()).value_or(TableView::kNoRow));
+  rows_.SelectRow(rows_.EntryToRow(entry.get()).value_or(TableState::kNoRow));
   UpdateButtons();
   rows_.Redraw();
 }

@@ -11,7 +11,7 @@
 #include "app/face/announcer.h"
 #include "app/face/front_end.h"
 #include "exchange/qif_import_entry.h"
-#include "registers/table_view.h"
+#include "registers/table_state.h"
 #include "storage/account_preferences.h"
 
 namespace tallyfold {

@@ -118,9 +118,9 @@ bool SchedulesTab::Schedule_SkipNext() {
   return commit_.Skip(NextOccurrence());
 }
 
-void SchedulesTab::TableChanged(const TableView& /*table*/, TableView::Change change) {
+void SchedulesTab::TableChanged(const TableState& /*table*/, TableState::Change change) {
   announcer_.Changed(Area::Schedules);
-  if (change == TableView::Change::SelectedRow) announcer_.Changed(Area::ScheduleButtons);
+  if (change == TableState::Change::SelectedRow) announcer_.Changed(Area::ScheduleButtons);
 }
 
 }  // namespace tallyfold

@@ -1,4 +1,4 @@
-#include "registers/table_view.h"
+#include "registers/table_state.h"
 
 #include <algorithm>
 #include <utility>
@@ -14,17 +14,17 @@ Columns::iterator Place(Columns& columns, std::size_t index) {
 
 }  // namespace
 
-TableView::TableView(std::vector<TableColumn> columns, Observer* observer)
+TableState::TableState(std::vector<TableColumn> columns, Observer* observer)
     : observer_(observer), columns_(std::move(columns)) {}
 
-std::optional<std::size_t> TableView::ColumnWithIdentifier(
+std::optional<std::size_t> TableState::ColumnWithIdentifier(
     std::string_view identifier) const noexcept {
   const auto found = std::ranges::find(columns_, identifier, &TableColumn::identifier);
   if (found == columns_.end()) return std::nullopt;
   return static_cast<std::size_t>(found - columns_.begin());
 }
 
-void TableView::MoveColumn(std::size_t from, std::size_t to) {
+void TableState::MoveColumn(std::size_t from, std::size_t to) {
   if (from >= columns_.size()) return;
   to = std::min(to, columns_.size() - 1);
   if (from == to) return;
@@ -34,19 +34,19 @@ void TableView::MoveColumn(std::size_t from, std::size_t to) {
   Tell(Change::Columns);
 }
 
-void TableView::SetColumnWidth(std::size_t index, double width) {
+void TableState::SetColumnWidth(std::size_t index, double width) {
   if (index >= columns_.size() || columns_[index].width == width) return;
   columns_[index].width = width;
   Tell(Change::Columns);
 }
 
-std::vector<TableColumn> TableView::HiddenColumns() const {
+std::vector<TableColumn> TableState::HiddenColumns() const {
   std::vector<TableColumn> columns;
   for (const HiddenColumn& hidden : hidden_) columns.push_back(hidden.column);
   return columns;
 }
 
-bool TableView::HideColumn(std::size_t index, std::size_t place) {
+bool TableState::HideColumn(std::size_t index, std::size_t place) {
   if (index >= columns_.size() || columns_.size() == 1) return false;
   hidden_.push_back({std::move(columns_[index]), place});
   columns_.erase(Place(columns_, index));
@@ -54,20 +54,20 @@ bool TableView::HideColumn(std::size_t index, std::size_t place) {
   return true;
 }
 
-std::vector<TableView::HiddenColumn>::const_iterator TableView::FindHidden(
+std::vector<TableState::HiddenColumn>::const_iterator TableState::FindHidden(
     std::string_view identifier) const {
   return std::ranges::find_if(hidden_, [identifier](const HiddenColumn& hidden) {
     return hidden.column.identifier == identifier;
   });
 }
 
-std::optional<std::size_t> TableView::PlaceOfHiddenColumn(std::string_view identifier) const {
+std::optional<std::size_t> TableState::PlaceOfHiddenColumn(std::string_view identifier) const {
   const auto found = FindHidden(identifier);
   if (found == hidden_.end()) return std::nullopt;
   return found->place;
 }
 
-bool TableView::ShowColumn(std::string_view identifier) {
+bool TableState::ShowColumn(std::string_view identifier) {
   const auto found = FindHidden(identifier);
   if (found == hidden_.end()) return false;
   const auto index = found - hidden_.begin();
@@ -87,35 +87,35 @@ bool TableView::ShowColumn(std::string_view identifier) {
   return true;
 }
 
-void TableView::ClearIndicatorImages() {
+void TableState::ClearIndicatorImages() {
   SetHighlightedColumn("", "");
 }
 
-void TableView::SetHighlightedColumn(std::string_view identifier, std::string_view image) {
+void TableState::SetHighlightedColumn(std::string_view identifier, std::string_view image) {
   if (highlighted_ == identifier && image_ == image) return;
   highlighted_ = identifier;
   image_ = image;
   Tell(Change::Columns);
 }
 
-void TableView::SelectRow(std::int32_t row) {
+void TableState::SelectRow(std::int32_t row) {
   row = std::max(row, kNoRow);
   if (selected_row_ == row) return;
   selected_row_ = row;
   Tell(Change::SelectedRow);
 }
 
-void TableView::ScrollRowToVisible(std::int32_t row) {
+void TableState::ScrollRowToVisible(std::int32_t row) {
   if (row < 0) return;
   scrolled_row_ = row;
   Tell(Change::ScrolledRow);
 }
 
-void TableView::ReloadData() {
+void TableState::ReloadData() {
   Tell(Change::Rows);
 }
 
-void TableView::Tell(Change change) {
+void TableState::Tell(Change change) {
   if (observer_ != nullptr) observer_->TableChanged(*this, change);
 }
 

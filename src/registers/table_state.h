@@ -37,7 +37,7 @@ struct TableColumn {
 
 // A table of the main window as data: its columns, its selected row and the sort indicator. A front
 // end draws it, tells it what the user does with columns, and hears of what changes.
-class TableView {
+class TableState {
  public:
   static constexpr std::int32_t kNoRow = -1;
 
@@ -45,14 +45,14 @@ class TableView {
   class Observer {
    public:
     virtual ~Observer() = default;
-    virtual void TableChanged(const TableView& table, Change change) = 0;
+    virtual void TableChanged(const TableState& table, Change change) = 0;
   };
 
   // The columns the table has at first, all of them shown. The observer, if any, must outlive the
   // table.
-  explicit TableView(std::vector<TableColumn> columns, Observer* observer = nullptr);
-  TableView(const TableView&) = delete;
-  TableView& operator=(const TableView&) = delete;
+  explicit TableState(std::vector<TableColumn> columns, Observer* observer = nullptr);
+  TableState(const TableState&) = delete;
+  TableState& operator=(const TableState&) = delete;
 
   // Null for none; it must outlive its stay here.
   void SetDataSource(const TableDataSource* source) noexcept { source_ = source; }
