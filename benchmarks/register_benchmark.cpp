@@ -52,8 +52,10 @@ double SortReadyKeys() {
   });
 }
 
-struct UnlockedHost final : LDGRAccountTableViewData::Host {
+struct UnlockedHost final : TableHost {
   [[nodiscard]] bool IsUnlocked() const override { return true; }
+  [[nodiscard]] const LDGRPreferences& preferences() const override { return wanted; }
+  LDGRPreferences wanted;
 };
 
 // A register that shows a household account, whose entries are in no order.

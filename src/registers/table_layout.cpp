@@ -8,9 +8,6 @@
 namespace tallyfold {
 namespace {
 
-constexpr std::string_view kDownArrow = "tableView_DownArrow.tif";
-constexpr std::string_view kUpArrow = "tableView_UpArrow.tif";
-
 std::string_view IdentifierOf(const plist::Value& column) {
   return column.DictionaryValue().Get("identifier").StringValue();
 }
@@ -105,11 +102,10 @@ void TableLayout::ShowSortColumn(const std::string& column) {
     preferences_->SetSelectedColumnIdentifier(column, table_identifier_);
   }
   if (table_->ColumnWithIdentifier(column)) {
-    table_->SetHighlightedColumn(column, SortsDescending() ? kDownArrow : kUpArrow);
+    table_->SetIndicator(column, SortsDescending());
   } else {
     table_->ClearIndicatorImages();
   }
-  table_->ReloadData();
 }
 
 bool TableLayout::HideColumn(std::string_view identifier) {

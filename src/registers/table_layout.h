@@ -37,7 +37,7 @@ class TableLayout {
   [[nodiscard]] bool SortsDescending() const;
   // Turns the stored order over, by that column. False without preferences.
   bool TurnOrderOver(std::string_view column);
-  // Highlights the sort column, which is stored, and reloads the table.
+  // Highlights the sort column, which is stored.
   void ShowSortColumn(const std::string& column);
 
   // A hidden column keeps its width and place in the preferences. False, and nothing changes, for

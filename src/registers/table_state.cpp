@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <utility>
 
+#include "platform/ambient.h"
+
 namespace tallyfold {
 namespace {
 
@@ -13,6 +15,10 @@ Columns::iterator Place(Columns& columns, std::size_t index) {
 }
 
 }  // namespace
+
+std::string TitleOf(const TableColumn& column) {
+  return LocalizedText(column.title);
+}
 
 TableState::TableState(std::vector<TableColumn> columns, Observer* observer)
     : observer_(observer), columns_(std::move(columns)) {}
@@ -87,15 +93,16 @@ bool TableState::ShowColumn(std::string_view identifier) {
   return true;
 }
 
-void TableState::ClearIndicatorImages() {
-  SetHighlightedColumn("", "");
+void TableState::SetIndicator(std::string_view identifier, bool descending) {
+  if (highlighted_ == identifier && indicates_descending_ == descending) return;
+  highlighted_ = identifier;
+  indicates_descending_ = descending;
+  Tell(Change::Columns);
 }
 
-void TableState::SetHighlightedColumn(std::string_view identifier, std::string_view image) {
-  if (highlighted_ == identifier && image_ == image) return;
-  highlighted_ = identifier;
-  image_ = image;
-  Tell(Change::Columns);
+std::string_view TableState::IndicatorImage() const noexcept {
+  if (highlighted_.empty()) return "";
+  return indicates_descending_ ? "tableView_DownArrow.tif" : "tableView_UpArrow.tif";
 }
 
 void TableState::SelectRow(std::int32_t row) {
@@ -112,11 +119,38 @@ void TableState::ScrollRowToVisible(std::int32_t row) {
 }
 
 void TableState::ReloadData() {
-  Tell(Change::Rows);
+  const std::size_t count = RowsOfSource();
+  TellRows(count == 0 ? RowsChange{} : RowsChange{RowsChange::Kind::Changed, 0, count - 1});
+}
+
+void TableState::TakeRows(const RowsChange& change, std::int32_t selected_row) {
+  selected_row = std::max(selected_row, kNoRow);
+  const bool is_selection_new = std::exchange(selected_row_, selected_row) != selected_row;
+  TellRows(change);
+  if (is_selection_new) Tell(Change::SelectedRow);
+}
+
+std::size_t TableState::RowsOfSource() const {
+  return source_ != nullptr ? source_->numberOfRowsInTableView() : 0;
 }
 
 void TableState::Tell(Change change) {
-  if (observer_ != nullptr) observer_->TableChanged(*this, change);
+  for (Observer* observer : {observer_, shown_by_}) {
+    if (observer != nullptr) observer->TableChanged(*this, change);
+  }
+}
+
+// A source that hides its rows, or shows them again, makes of every change one of all rows.
+void TableState::TellRows(const RowsChange& change) {
+  const std::size_t before = std::exchange(row_count_, RowsOfSource());
+  const std::size_t named = change.last - change.first + 1;
+  const std::size_t inserted = change.kind == RowsChange::Kind::Inserted ? named : 0;
+  const std::size_t removed = change.kind == RowsChange::Kind::Removed ? named : 0;
+  const bool fits =
+      before + inserted == row_count_ + removed && change.last < std::max(before, row_count_);
+  for (Observer* observer : {observer_, shown_by_}) {
+    if (observer != nullptr) observer->RowsChanged(*this, fits ? change : RowsChange{});
+  }
 }
 
 }  // namespace tallyfold

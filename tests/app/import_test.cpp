@@ -208,8 +208,8 @@ TEST_F(ImportTest, CommitsAfterAQuestionAndShowsWhatCame) {
   BeginReview();
   import.tableDataSource().ClickedTableColumn("amount");
   import.tableDataSource().ClickedTableColumn("amount");
-  EXPECT_EQ(import.tableDataSource().tableView("description", 0).value,
-            (std::variant<std::string, double>("Gift")));
+  EXPECT_EQ(import.tableDataSource().tableView("description", 0).text, "Gift");
+  EXPECT_TRUE(import.tableDataSource().Table().IndicatesDescending());
   alerts.Answer("Cancel");
   EXPECT_FALSE(import.import_OK_Button());
   app.selection().Account_Deselect();

@@ -123,4 +123,8 @@ void SchedulesTab::TableChanged(const TableState& /*table*/, TableState::Change 
   if (change == TableState::Change::SelectedRow) announcer_.Changed(Area::ScheduleButtons);
 }
 
+void SchedulesTab::RowsChanged(const TableState& /*table*/, const RowsChange& /*change*/) {
+  announcer_.Changed(Area::Schedules);
+}
+
 }  // namespace tallyfold

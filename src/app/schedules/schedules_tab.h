@@ -37,6 +37,7 @@ class SchedulesTab final : private TableState::Observer {
 
   [[nodiscard]] LDGRScheduleTableViewData& Rows() noexcept { return rows_; }
   [[nodiscard]] const LDGRScheduleTableViewData& Rows() const noexcept { return rows_; }
+  [[nodiscard]] TableState& Table() noexcept { return table_; }
   [[nodiscard]] const TableState& Table() const noexcept { return table_; }
   // Shows that account's schedules as its view preferences tell; null shows none.
   void ShowAccount(const std::shared_ptr<LDGRAccount>& account);
@@ -61,6 +62,7 @@ class SchedulesTab final : private TableState::Observer {
 
  private:
   void TableChanged(const TableState& table, TableState::Change change) override;
+  void RowsChanged(const TableState& table, const RowsChange& change) override;
   [[nodiscard]] bool IsReady() const;
   // Its schedule is null when there is none.
   [[nodiscard]] DueOccurrence NextOccurrence() const;

@@ -125,8 +125,6 @@ void Registers::TableChanged(const TableState& /*table*/, TableState::Change cha
   switch (change) {
     case TableState::Change::Columns:
       return announcer_.Changed(Area::RegisterColumns);
-    case TableState::Change::Rows:
-      return announcer_.Changed(Area::Registers);
     case TableState::Change::ScrolledRow:
       return announcer_.Changed(Area::ScrolledRow);
     case TableState::Change::SelectedRow:
@@ -134,6 +132,10 @@ void Registers::TableChanged(const TableState& /*table*/, TableState::Change cha
       announcer_.Changed(Area::Balance);
       break;
   }
+}
+
+void Registers::RowsChanged(const TableState& /*table*/, const RowsChange& /*change*/) {
+  announcer_.Changed(Area::Registers);
 }
 
 }  // namespace tallyfold

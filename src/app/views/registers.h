@@ -66,6 +66,7 @@ class Registers final : private TableState::Observer {
             const std::shared_ptr<LDGRAccountPreferences>& view);
   void SelectedEntryChanged();
   void TableChanged(const TableState& table, TableState::Change change) override;
+  void RowsChanged(const TableState& table, const RowsChange& change) override;
 
   Desk& desk_;
   Announcer& announcer_;
