@@ -191,6 +191,7 @@ struct LDGRController::Parts final : private AccountsStore::Host,
   }
   void TakeSavedEntries(const EntryList& entries) override { registers.TakeSavedEntries(entries); }
   void RedrawRegisters() override { registers.Redraw(); }
+  void ReloadAccountsList() override { drawer.Reload(); }
   void ReloadSchedules() override { schedules.Rows().Reload(); }
   void SelectEntry(const std::shared_ptr<LDGRAccountEntry>& entry) override {
     desk.SelectEntry(entry);

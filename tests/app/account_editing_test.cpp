@@ -158,15 +158,21 @@ TEST(AccountsDrawer, ListsASortedCopy) {
   };
   for (const Case& each : cases) {
     if (*each.column != 0) app.accountsDrawer().ClickedTableColumn(each.column);
-    AccountList order;
-    for (const auto& row : app.accountsDrawer().Rows()) order.push_back(row.account);
-    EXPECT_EQ(order, each.order) << each.column;
+    EXPECT_EQ(app.accountsDrawer().Rows(), each.order) << each.column;
   }
   EXPECT_EQ(app.desk().accounts(), in_file);
 
   app.accountsDrawer().Table_Action(0);
   EXPECT_EQ(app.desk().SelectedAccount(), a);
-  EXPECT_TRUE(app.accountsDrawer().Rows()[0].is_selected);
+  EXPECT_EQ(app.accountsDrawer().Table().SelectedRow(), 0);
+  EXPECT_EQ(app.accountsDrawer().Table().HighlightedColumn(), "accounts");
+  EXPECT_EQ(app.accountsDrawer().tableView("balance", 2),
+            (TableCell{"$5.00", 5.0, TableCell::Alignment::Right}));
+  c->SetPassword("pass");
+  c->setAuthenticated(false);
+  EXPECT_EQ(app.accountsDrawer().tableView("balance", 2).text, "Locked");
+  EXPECT_EQ(app.accountsDrawer().tableView("balance", 2).number, std::nullopt);
+  EXPECT_EQ(app.accountsDrawer().tableView("accounts", 3), TableCell{});
   app.accountsDrawer().Table_Action(3);
   EXPECT_EQ(app.desk().SelectedAccount(), a);
   app.accountsDrawer().Table_DoubleClick(1);
