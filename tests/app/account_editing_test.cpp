@@ -12,6 +12,7 @@
 #include "app/shell/menus.h"
 #include "app/test_application.h"
 #include "model/entry_type.h"
+#include "registers/table_log.h"
 
 namespace tallyfold {
 namespace {
@@ -145,7 +146,11 @@ TEST(AccountsDrawer, ListsASortedCopy) {
   const auto b = test.AddAccount("b");
   test.AddDebit(10.0);
   const auto a = test.AddAccount("A");
+  TableLog log;
+  app.accountsDrawer().Table().SetShownBy(&log);
   const auto c = test.AddAccount("C");
+  EXPECT_TRUE(log.Take().starts_with("+2; "));
+  app.accountsDrawer().Table().SetShownBy(nullptr);
   c->SetStartingBalance(5.0);
   const AccountList in_file = app.desk().accounts();
   struct Case {

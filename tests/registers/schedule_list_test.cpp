@@ -5,6 +5,7 @@
 #include "fakes/fake_ambient.h"
 #include "registers/fake_table_host.h"
 #include "registers/schedule_table_view_data.h"
+#include "registers/table_log.h"
 
 namespace tallyfold {
 namespace {
@@ -118,6 +119,11 @@ TEST(ScheduleTable, ShowsAndSortsByItsColumns) {
   EXPECT_EQ(views->GetSelectedColumnIdentifierForTableIdentifier("schedule"), "description");
   rows.HideTableColumnWithIdentifier("until");
   EXPECT_EQ(table.Columns().size(), 7U);
+  TableLog log;
+  table.SetShownBy(&log);
+  account->AddSchedule(Schedule(2, 20040801, 4));
+  rows.Reload();
+  EXPECT_EQ(log.Take(), "+0; row 2; ");
   host.is_unlocked = false;
   EXPECT_EQ(rows.numberOfRowsInTableView(), 0U);
 }
