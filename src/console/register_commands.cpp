@@ -23,15 +23,9 @@ namespace {
 
 // The order that was asked for, else that of the window.
 RegisterOrder OrderToShow(const Arguments& arguments, const RegisterRows& in_window) {
-  RegisterOrder order;
-  if (const auto column = arguments.Text("sort")) {
-    order.key = ReadSortKey(*column);
-  } else if (in_window.Order() && !arguments.Has("descending")) {
-    return *in_window.Order();
-  } else if (in_window.Order()) {
-    order.key = in_window.Order()->key;
-  }
-  order.descending = arguments.YesNo("descending").value_or(false);
+  RegisterOrder order = in_window.Order().value_or(RegisterOrder());
+  if (const auto column = arguments.Text("sort")) order = {ReadSortKey(*column), false};
+  if (const auto descending = arguments.YesNo("descending")) order.descending = *descending;
   return order;
 }
 
