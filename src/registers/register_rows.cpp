@@ -89,7 +89,7 @@ double RegisterRows::RunningBalanceOf(std::size_t row) const {
 }
 
 std::vector<double> RegisterRows::BalancesOfRows() const {
-  if (account_ == nullptr) return std::vector<double>(entries_.size(), 0.0);
+  if (account_ == nullptr || entries_.empty()) return std::vector<double>(entries_.size(), 0.0);
   // For one row it does not pay to compute those of the whole account.
   if (entries_.size() == 1) return {account_->GetRunningBalanceAtEntry(entries_.front().get())};
   const std::uint64_t revision = account_->MoneyRevision();
