@@ -20,8 +20,10 @@
 namespace tallyfold::benchmarks {
 namespace {
 
-struct UnlockedHost final : LDGRAccountTableViewData::Host {
+struct UnlockedHost final : TableHost {
   [[nodiscard]] bool IsUnlocked() const override { return true; }
+  [[nodiscard]] const LDGRPreferences& preferences() const override { return wanted; }
+  LDGRPreferences wanted;
 };
 
 // A register in the order of days, which has its running balances.
@@ -44,7 +46,7 @@ struct Register {
 
   UnlockedHost host;
   std::shared_ptr<LDGRAccount> account;
-  TableView table{DefaultRegisterColumns()};
+  TableState table{DefaultRegisterColumns()};
   LDGRAccountTableViewData rows{host};
 };
 

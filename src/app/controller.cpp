@@ -16,9 +16,9 @@
 #include "app/exchange/qif_import_command.h"
 #include "app/exchange/qif_import_controller.h"
 #include "app/face/announcer.h"
-#include "app/face/main_window.h"
 #include "app/face/refresh.h"
 #include "app/face/sheet_slot.h"
+#include "app/face/window_hooks.h"
 #include "app/schedules/schedule_commit.h"
 #include "app/schedules/schedule_editing.h"
 #include "app/schedules/schedule_reminder.h"
@@ -78,7 +78,7 @@ struct LDGRController::Parts final : private AccountsStore::Host,
   explicit Parts(const Services& services);
 
   Announcer announcer;
-  MainWindowSlot window;
+  WindowHooksSlot window;
   ModalWatch modal;
   LDGRApplication application;
   SheetSlot sheets{announcer};
@@ -194,6 +194,7 @@ struct LDGRController::Parts final : private AccountsStore::Host,
   }
   void TakeSavedEntries(const EntryList& entries) override { registers.TakeSavedEntries(entries); }
   void RedrawRegisters() override { registers.Redraw(); }
+  void ReloadAccountsList() override { drawer.Reload(); }
   void ReloadSchedules() override { schedules.Rows().Reload(); }
   void SelectEntry(const std::shared_ptr<LDGRAccountEntry>& entry) override {
     desk.SelectEntry(entry);
@@ -356,7 +357,7 @@ void LDGRController::SetFrontEnd(FrontEnd* front_end) noexcept {
   parts_->announcer.Set(front_end);
 }
 
-void LDGRController::SetMainWindow(MainWindow* window) noexcept {
+void LDGRController::SetWindowHooks(WindowHooks* window) noexcept {
   parts_->window.Set(window);
 }
 

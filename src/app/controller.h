@@ -28,7 +28,7 @@ class LDGRApplication;
 class LDGRQIFImportController;
 class Ledger;
 class Lifecycle;
-class MainWindow;
+class WindowHooks;
 class Menus;
 class PreferencesSheet;
 class PreferencesStore;
@@ -70,7 +70,7 @@ class LDGRController {
 
   // Who shows the application; null (as at first) for nobody. Both must outlive their stay here.
   void SetFrontEnd(FrontEnd* front_end) noexcept;
-  void SetMainWindow(MainWindow* window) noexcept;
+  void SetWindowHooks(WindowHooks* window) noexcept;
 
   // What nearly every part asks: the accounts, the preferences and what is selected.
   [[nodiscard]] Desk& desk() noexcept;

@@ -9,6 +9,7 @@
 #include "model/account_schedule.h"
 #include "registers/account_table_view_data.h"
 #include "registers/schedule_table_view_data.h"
+#include "registers/table_data_source.h"
 #include "storage/accounts_store.h"
 #include "storage/preferences.h"
 
@@ -17,7 +18,7 @@ namespace tallyfold {
 // What nearly every part of the application asks: which accounts there are, which account, which
 // entry and which scheduled entry is selected, what the user prefers, and whether all of it is
 // locked.
-class Desk final : public LDGRAccountTableViewData::Host, public LDGRScheduleTableViewData::Host {
+class Desk final : public TableHost {
  public:
   // The store must outlive the desk.
   explicit Desk(const AccountsStore& store) noexcept : store_(store) {}
@@ -30,7 +31,7 @@ class Desk final : public LDGRAccountTableViewData::Host, public LDGRScheduleTab
   [[nodiscard]] std::shared_ptr<LDGRAccount> AccountWithNumber(std::int32_t number) const {
     return store_.AccountWithNumber(number);
   }
-  [[nodiscard]] LDGRPreferences& preferences() const {
+  [[nodiscard]] LDGRPreferences& preferences() const override {
     return LDGRPreferences::sharedPreferences();
   }
   // False while the application waits for its password.

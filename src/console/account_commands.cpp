@@ -1,6 +1,12 @@
+#include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
+
 #include "app/accounts/account_editing.h"
 #include "app/accounts/account_removal.h"
 #include "app/accounts/account_selection.h"
+#include "app/accounts/accounts_drawer.h"
 #include "app/controller.h"
 #include "app/desk.h"
 #include "app/face/sheet_slot.h"
@@ -12,6 +18,7 @@
 #include "console/password_sheets.h"
 #include "console/printer.h"
 #include "console/questions.h"
+#include "console/shown_columns.h"
 #include "console/table.h"
 #include "console/values.h"
 #include "model/account.h"
@@ -19,19 +26,29 @@
 namespace tallyfold::console {
 namespace {
 
+const ShownColumns& Shown() {
+  static const ShownColumns kShown(
+      {{{"name"}, "accounts"}, {{"balance", Column::Align::Right}, "balance"}}, AccountColumns());
+  return kShown;
+}
+
 Table AccountTable() {
-  return Table(
-      {{"number", Column::Align::Right}, {"name"}, {"balance", Column::Align::Right}, {"state"}});
+  std::vector<Column> columns = {{"number", Column::Align::Right}};
+  Shown().AddTo(columns);
+  columns.push_back({"state"});
+  return Table(std::move(columns));
 }
 
 void AddRow(Table& table, const Console& console, const LDGRAccount& account) {
   const bool is_selected = console.controller.desk().SelectedAccount().get() == &account;
-  const bool is_locked = account.IsLocked();
-  table.Add({WriteNumber(account.GetNumber()), account.GetName(),
-             is_locked ? "" : WriteAmount(account.GetBalance()),
-             is_locked     ? "locked"
-             : is_selected ? "selected"
-                           : ""});
+  std::vector<std::string> cells = {WriteNumber(account.GetNumber())};
+  Shown().AddTo(cells, [&](std::string_view column) {
+    return CellOfAccount(account, column, console.controller.desk().preferences());
+  });
+  // Of a locked account the state says so.
+  if (account.IsLocked()) cells.back().clear();
+  cells.push_back(account.IsLocked() ? "locked" : is_selected ? "selected" : "");
+  table.Add(std::move(cells));
 }
 
 void ShowAccount(Console& console, const LDGRAccount& account) {

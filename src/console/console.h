@@ -6,7 +6,7 @@
 #include <string>
 
 #include "console/command.h"
-#include "console/register_order.h"
+#include "registers/register_order.h"
 
 namespace tallyfold {
 class FileSystem;

@@ -69,7 +69,7 @@ void AddEntry(Console& console, const Arguments& arguments, EntryKind kind,
   if (!console.controller.entries().New(kind)) throw CommandError("no entry can be added now");
   finish(console, arguments);
   // Not the selected one: a filter may hide what was added.
-  ShowChangedEntries(console, *account, {console.controller.entries().Edited().entry});
+  ShowChangedEntries(console, account, {console.controller.entries().Edited().entry});
   TellOfHiddenEntry(console);
 }
 
@@ -124,7 +124,7 @@ void EditEntry(Console& console, const Arguments& arguments) {
     throw CommandError("entry " + arguments.WordAt(0) + " is of no kind and cannot be edited");
   }
   FinishOpenSheet(console, arguments);
-  ShowChangedEntries(console, *account, {entry});
+  ShowChangedEntries(console, account, {entry});
   TellOfHiddenEntry(console);
 }
 
@@ -196,7 +196,7 @@ void ClearEntries(Console& console, const Arguments& arguments) {
     if (entry->GetCleared() == cleared) continue;
     console.controller.entries().TurnClearedOver(entry);
   }
-  ShowChangedEntries(console, *account, entries, OtherHalf::Unchanged);
+  ShowChangedEntries(console, account, entries, OtherHalf::Unchanged);
 }
 
 constexpr Option kClearOptions[] = {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <memory>
 #include <string>
 #include <vector>
@@ -7,6 +8,9 @@
 #include "console/console.h"
 #include "console/table.h"
 #include "model/account_entry.h"
+#include "registers/register_order.h"
+#include "registers/register_rows.h"
+#include "storage/preferences.h"
 
 namespace tallyfold {
 class LDGRAccount;
@@ -19,11 +23,11 @@ namespace tallyfold::console {
 // "debit", "deposit" or "transfer"; "" for an entry of no kind.
 [[nodiscard]] std::string KindText(const LDGRAccountEntry& entry);
 
-// The register columns, and the cells of an entry in them. `name` is what EntryNamed takes.
+// The register columns, and what a row shows in them. `name` is what EntryNamed takes.
 [[nodiscard]] std::vector<Column> RegisterColumns();
-[[nodiscard]] std::vector<std::string> RegisterCells(const LDGRAccount& account,
-                                                     const LDGRAccountEntry& entry,
-                                                     std::string name, double balance);
+[[nodiscard]] std::vector<std::string> RegisterCells(const RegisterRows& rows, std::size_t row,
+                                                     std::string name,
+                                                     const LDGRPreferences& preferences);
 
 // What EntryNamed takes for one entry of the selected account.
 [[nodiscard]] std::string NameOfEntry(const LDGRAccount& account, const RegisterOrder& order,
@@ -34,7 +38,7 @@ enum class OtherHalf { Changed, Unchanged };
 
 // Shows entries that a command has made or changed: register columns behind that of the account. A
 // transfer is followed by its other half where that has changed.
-void ShowChangedEntries(const Console& console, const LDGRAccount& account,
+void ShowChangedEntries(const Console& console, const std::shared_ptr<LDGRAccount>& account,
                         const EntryList& entries, OtherHalf other_half = OtherHalf::Changed);
 
 }  // namespace tallyfold::console

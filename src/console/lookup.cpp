@@ -9,6 +9,7 @@
 #include "app/controller.h"
 #include "app/desk.h"
 #include "console/command_error.h"
+#include "console/register_order.h"
 #include "console/words.h"
 #include "model/account.h"
 #include "model/account_schedule.h"
@@ -94,8 +95,7 @@ std::shared_ptr<LDGRAccount> AccountNamed(const Console& console, std::string_vi
 }
 
 std::shared_ptr<LDGRAccountEntry> EntryNamed(const Console& console, std::string_view word) {
-  EntryList rows = SelectedAccount(console)->GetEntries();
-  SortEntries(rows, console.register_order);
+  const EntryList rows = InOrderOf(SelectedAccount(console)->GetEntries(), console.register_order);
   return Named(rows, word, "an entry");
 }
 
@@ -110,14 +110,19 @@ std::shared_ptr<LDGRAccountSchedule> ScheduleNamed(const Console& console, std::
   return Named(SelectedAccount(console)->GetSchedules(), word, "a schedule");
 }
 
-EntryNames::EntryNames(const EntryList& rows) : rows_(rows) {
-  counts_.reserve(rows.size());
-  for (const auto& entry : rows) ++counts_[entry->GetNumber()];
+EntryNames::EntryNames(const EntryList& rows) {
+  std::unordered_map<std::int32_t, std::size_t> counts;
+  counts.reserve(rows.size());
+  for (const auto& entry : rows) ++counts[entry->GetNumber()];
+  for (std::size_t row = 0; row < rows.size(); ++row) {
+    if (counts.at(rows[row]->GetNumber()) > 1) rows_[rows[row].get()] = row;
+  }
 }
 
-std::string EntryNames::NameOfRow(std::size_t row) const {
-  const std::int32_t number = rows_[row]->GetNumber();
-  return counts_.at(number) == 1 ? std::to_string(number) : '#' + std::to_string(row + 1);
+std::string EntryNames::NameOf(const LDGRAccountEntry* entry) const {
+  const auto row = rows_.find(entry);
+  return row == rows_.end() ? std::to_string(entry->GetNumber())
+                            : '#' + std::to_string(row->second + 1);
 }
 
 }  // namespace tallyfold::console

@@ -37,13 +37,14 @@ std::shared_ptr<LDGRAccountEntry> SelectEntryNamed(const Console& console, std::
 // What EntryNamed takes for the entries of a list: the number where it is unique, else "#3".
 class EntryNames {
  public:
-  // `rows` are in the order of the register and must outlive this.
+  // All entries of an account, in the order of the register.
   explicit EntryNames(const EntryList& rows);
-  [[nodiscard]] std::string NameOfRow(std::size_t row) const;
+  // Of one of them.
+  [[nodiscard]] std::string NameOf(const LDGRAccountEntry* entry) const;
 
  private:
-  const EntryList& rows_;
-  std::unordered_map<std::int32_t, std::size_t> counts_;
+  // Of those whose number is not unique.
+  std::unordered_map<const LDGRAccountEntry*, std::size_t> rows_;
 };
 
 }  // namespace tallyfold::console

@@ -82,7 +82,7 @@ void ShowReconciliation(const Console& console) {
   explanation.Add({state.explanation_text});
   console.printer.Show(explanation);
   if (!state.explanation->entries.empty()) {
-    ShowChangedEntries(console, *account, state.explanation->entries, OtherHalf::Unchanged);
+    ShowChangedEntries(console, account, state.explanation->entries, OtherHalf::Unchanged);
   }
 }
 
@@ -105,7 +105,7 @@ void TurnMarkOver(Console& console, const Arguments& /*arguments*/) {
   if (!console.controller.reconcileTab().TurnClearedOverAndMoveOn()) {
     throw CommandError("no row is selected; select entry ENTRY selects one");
   }
-  ShowChangedEntries(console, *account, {entry}, OtherHalf::Unchanged);
+  ShowChangedEntries(console, account, {entry}, OtherHalf::Unchanged);
 }
 
 constexpr Command kCommands[] = {

@@ -1,7 +1,7 @@
 #include <memory>
-#include <unordered_set>
 
 #include "app/controller.h"
+#include "app/desk.h"
 #include "app/views/registers.h"
 #include "console/all_commands.h"
 #include "console/command_error.h"
@@ -9,44 +9,45 @@
 #include "console/entry_table.h"
 #include "console/lookup.h"
 #include "console/printer.h"
-#include "console/register_filter.h"
 #include "console/register_order.h"
 #include "console/table.h"
 #include "console/values.h"
 #include "model/account.h"
 #include "model/entry_split.h"
-#include "platform/ambient.h"
 #include "registers/account_table_view_data.h"
+#include "registers/register_rows.h"
 #include "storage/account_preferences.h"
 
 namespace tallyfold::console {
 namespace {
 
+// The order that was asked for, else that of the window.
+RegisterOrder OrderToShow(const Arguments& arguments, const RegisterRows& in_window) {
+  RegisterOrder order = in_window.Order().value_or(RegisterOrder());
+  if (const auto column = arguments.Text("sort")) order = {ReadSortKey(*column), false};
+  if (const auto descending = arguments.YesNo("descending")) order.descending = *descending;
+  return order;
+}
+
 void ShowRegister(Console& console, const Arguments& arguments) {
   const auto account = SelectedAccount(console);
-  RegisterOrder order;
-  if (const auto column = arguments.Text("sort")) order.key = ReadSortKey(*column);
-  order.descending = arguments.YesNo("descending").value_or(false);
+  RegisterRows rows = console.controller.registers().Current().Rows();
+  const RegisterOrder order = OrderToShow(arguments, rows);
+  if (order != rows.Order()) rows.Sort(order);
   console.register_order = order;
 
-  EntryList rows = account->GetEntries();
-  SortEntries(rows, order);
-  const EntryNames names(rows);
-  const std::vector<double> balances = account->RunningBalances(rows);
   // Rows keep their names under a filter, so that "#3" means the same entry with and without it.
-  const EntryList passed = FilterInForce(console).filter->Filter(account->GetEntries());
-  const std::unordered_set<std::shared_ptr<LDGRAccountEntry>> shown(passed.begin(), passed.end());
+  const EntryNames names(InOrderOf(account->GetEntries(), order));
   Table table(RegisterColumns());
-  double sum = 0.0;
-  for (std::size_t row = 0; row < rows.size(); ++row) {
-    if (!shown.contains(rows[row])) continue;
-    table.Add(RegisterCells(*account, *rows[row], names.NameOfRow(row), balances[row]));
-    sum += rows[row]->GetAmount();
+  const std::size_t count = rows.Entries().size();
+  for (std::size_t row = 0; row < count; ++row) {
+    table.Add(RegisterCells(rows, row, names.NameOf(rows.Entries()[row].get()),
+                            console.controller.desk().preferences()));
   }
   console.printer.Show(table);
-  if (shown.size() != rows.size()) {
+  if (count != account->GetEntries().size()) {
     Table figures({{"entries", Column::Align::Right}, {"sum", Column::Align::Right}});
-    figures.Add({WriteNumber(static_cast<std::int64_t>(shown.size())), WriteAmount(sum)});
+    figures.Add({WriteNumber(static_cast<std::int64_t>(count)), WriteAmount(rows.Total())});
     console.printer.Show(figures);
   }
 }
@@ -117,8 +118,8 @@ void ShowColumns(const Console& console) {
         views != nullptr &&
         column.identifier == views->GetSelectedColumnIdentifierForTableIdentifier(table_identifier);
     const bool descends = sorts && views->GetSortDescendingForTableIdentifier(table_identifier);
-    table.Add({column.identifier, LocalizedText(TitleOfRegisterColumn(column.identifier)),
-               sorts ? (descends ? "descending" : "ascending") : ""});
+    table.Add(
+        {column.identifier, TitleOf(column), sorts ? (descends ? "descending" : "ascending") : ""});
   }
   console.printer.Show(table);
 }
@@ -162,7 +163,7 @@ constexpr Option kRegisterOptions[] = {
 constexpr Command kCommands[] = {
     {.name = "register",
      .options = kRegisterOptions,
-     .help = "shows the entries that the filter passes, with their running balances",
+     .help = "shows what the filter passes, with running balances, in the order of the window",
      .example = "register sort=amount descending=yes",
      .run = ShowRegister,
      .works_in_review = true},

@@ -1,11 +1,11 @@
 #include "console/register_order.h"
 
-#include <algorithm>
 #include <string>
 #include <utility>
 
 #include "console/command_error.h"
 #include "console/words.h"
+#include "registers/register_rows.h"
 
 namespace tallyfold::console {
 
@@ -20,20 +20,11 @@ std::string_view ColumnIdentifier(std::string_view word) noexcept {
   return word == "to/from" ? "toFrom" : word;
 }
 
-void SortEntries(EntryList& entries, const RegisterOrder& order) {
-  if (!order.key) {
-    std::ranges::stable_sort(entries, [&order](const auto& a, const auto& b) {
-      return (order.descending ? a->NumberIsGreaterThan_Reversed(*b) : a->NumberIsGreaterThan(*b)) <
-             0;
-    });
-    return;
-  }
-  EntryList sorted;
-  sorted.reserve(entries.size());
-  for (const auto index : OrderOfEntries(entries, *order.key, order.descending)) {
-    sorted.push_back(std::move(entries[index]));
-  }
-  entries = std::move(sorted);
+EntryList InOrderOf(EntryList entries, const RegisterOrder& order) {
+  RegisterRows rows;
+  rows.SetEntries(std::move(entries));
+  rows.Sort(order);
+  return rows.Entries();
 }
 
 }  // namespace tallyfold::console

@@ -8,13 +8,6 @@
 
 namespace tallyfold::console {
 
-// How the register is printed.
-struct RegisterOrder {
-  // None: by entry number.
-  std::optional<RegisterSortKey> key = RegisterSortKey::Date;
-  bool descending = false;
-};
-
 // What the register can be printed by, separated by blanks, for help.
 inline constexpr std::string_view kRegisterColumns =
     "number date check type description to/from amount cleared";
@@ -27,7 +20,7 @@ inline constexpr std::string_view kRegisterColumns =
 // identifier already.
 [[nodiscard]] std::string_view ColumnIdentifier(std::string_view word) noexcept;
 
-// Sorts stably.
-void SortEntries(EntryList& entries, const RegisterOrder& order);
+// Sorted stably.
+[[nodiscard]] EntryList InOrderOf(EntryList entries, const RegisterOrder& order);
 
 }  // namespace tallyfold::console

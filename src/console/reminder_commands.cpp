@@ -171,7 +171,7 @@ void Commit(Console& console, const Arguments& arguments) {
     Refuse(console);
   }
   const EntryList& entries = account->GetEntries();
-  ShowChangedEntries(console, *account,
+  ShowChangedEntries(console, account,
                      {entries.begin() + static_cast<std::ptrdiff_t>(before), entries.end()});
 }
 

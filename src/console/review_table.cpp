@@ -2,12 +2,17 @@
 
 #include <limits>
 #include <string>
+#include <utility>
+#include <vector>
 
 #include "app/controller.h"
+#include "app/desk.h"
 #include "app/exchange/qif_import_controller.h"
+#include "app/exchange/qif_import_table_data.h"
 #include "console/command_error.h"
 #include "console/entry_table.h"
 #include "console/printer.h"
+#include "console/shown_columns.h"
 #include "console/table.h"
 #include "console/values.h"
 #include "model/entry_type.h"
@@ -53,25 +58,27 @@ std::shared_ptr<LDGRQIFImportEntry> ReviewedEntryNamed(const Console& console,
 
 void ShowReviewedEntries(const Console& console, const QifImportEntryList& entries) {
   const auto& import = console.controller.sharedQIFImportController();
-  Table table({{"row", Column::Align::Right},
-               {"import"},
-               {"date"},
-               {"check", Column::Align::Right},
-               {"type"},
-               {"description"},
-               {"to/from"},
-               {"amount", Column::Align::Right},
-               {"cleared"},
-               {"in the account"}});
+  static const ShownColumns kShown({{{"import"}, "import"},
+                                    {{"date"}, "date"},
+                                    {{"check", Column::Align::Right}, "check"},
+                                    {{"type"}, "type"},
+                                    {{"description"}, "description"},
+                                    {{"to/from"}, "toFrom"},
+                                    {{"amount", Column::Align::Right}, "amount"},
+                                    {{"cleared"}, "cleared"}},
+                                   ReviewColumns());
+  std::vector<Column> columns = {{"row", Column::Align::Right}};
+  kShown.AddTo(columns);
+  columns.push_back({"in the account"});
+  Table table(std::move(columns));
+  const TableFormat format{kPlainDays, console.controller.desk().preferences()};
   for (const auto& entry : entries) {
-    const auto& type = entry->GetActualType();
+    std::vector<std::string> cells = {WriteNumber(import.PlaceOf(*entry))};
+    kShown.AddTo(cells,
+                 [&](std::string_view column) { return CellOfReviewed(*entry, column, format); });
     const auto match = import.MatchOf(*entry);
-    table.Add({WriteNumber(import.PlaceOf(*entry)), entry->GetImport() ? "yes" : "",
-               WriteDate(entry->GetDate()),
-               entry->IsCheck() ? WriteNumber(entry->GetCheckNumber()) : "",
-               type == nullptr ? "" : type->GetName(), entry->GetDescription(), entry->GetToFrom(),
-               WriteAmount(entry->GetAmount()), entry->GetCleared() ? "yes" : "",
-               match ? MatchText(*match) : ""});
+    cells.push_back(match ? MatchText(*match) : "");
+    table.Add(std::move(cells));
   }
   console.printer.Show(table);
 }

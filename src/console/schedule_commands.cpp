@@ -2,6 +2,7 @@
 #include <memory>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "app/controller.h"
@@ -19,6 +20,7 @@
 #include "console/questions.h"
 #include "console/recurrence.h"
 #include "console/schedule_options.h"
+#include "console/shown_columns.h"
 #include "console/table.h"
 #include "console/values.h"
 #include "model/account.h"
@@ -73,20 +75,25 @@ void ListSchedules(Console& console, const Arguments& /*arguments*/) {
 // The list of the window, in its order.
 void ShowSchedules(Console& console, const Arguments& /*arguments*/) {
   const auto account = SelectedAccount(console);
-  Table table({{"number", Column::Align::Right},
-               {"next"},
-               {"repeats"},
-               {"until"},
-               {"overdue", Column::Align::Right},
-               {"type"},
-               {"description"},
-               {"to/from"},
-               {"amount", Column::Align::Right}});
+  static const ShownColumns kShown({{{"next"}, "next"},
+                                    {{"repeats"}, "repeats"},
+                                    {{"until"}, "until"},
+                                    {{"overdue", Column::Align::Right}, "overdue"},
+                                    {{"type"}, "type"},
+                                    {{"description"}, "description"},
+                                    {{"to/from"}, "toFrom"},
+                                    {{"amount", Column::Align::Right}, "amount"}},
+                                   DefaultScheduleColumns());
+  std::vector<Column> columns = {{"number", Column::Align::Right}};
+  kShown.AddTo(columns);
+  Table table(std::move(columns));
+  const TableFormat format{kPlainDays, console.controller.desk().preferences()};
   for (const auto& schedule : console.controller.schedules().Rows().Schedules()) {
-    const ScheduleRow row = RowOfSchedule(*account, schedule, "%Y-%m-%d", TodaysDateNumber());
-    table.Add({WriteNumber(schedule->GetNumber()), row.next_date, row.repeats, row.until,
-               WriteNumber(static_cast<std::int64_t>(row.overdue)), row.type, row.description,
-               row.to_from, WriteAmount(row.amount)});
+    std::vector<std::string> cells = {WriteNumber(schedule->GetNumber())};
+    kShown.AddTo(cells, [&](std::string_view column) {
+      return CellOfSchedule(account.get(), *schedule, column, format, TodaysDateNumber());
+    });
+    table.Add(std::move(cells));
   }
   console.printer.Show(table);
 }
@@ -240,7 +247,7 @@ void CommitDue(Console& console, const Arguments& arguments) {
     throw CommandError("nothing was committed");
   }
   const EntryList& entries = account->GetEntries();
-  ShowChangedEntries(console, *account,
+  ShowChangedEntries(console, account,
                      {entries.begin() + static_cast<std::ptrdiff_t>(before), entries.end()});
 }
 

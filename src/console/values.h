@@ -21,6 +21,8 @@ namespace tallyfold::console {
 [[nodiscard]] std::int32_t ReadNumber(std::string_view text, std::string_view what,
                                       std::int32_t least, std::int32_t most);
 
+// Days as WriteDate() writes them, in calendar-date conversion letters.
+inline constexpr std::string_view kPlainDays = "%Y-%m-%d";
 // yyyy-mm-dd, whatever the number; a day that does not exist is written as it is stored.
 [[nodiscard]] std::string WriteDate(DateNumber date);
 // Two decimals behind ".", never "-0.00".

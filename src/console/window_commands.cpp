@@ -39,7 +39,7 @@ void ShowTabs(Console& console, const Arguments& arguments) {
 void ShowSelectedEntry(Console& console) {
   const auto account = SelectedAccount(console);
   if (const auto entry = console.controller.desk().SelectedEntry()) {
-    ShowChangedEntries(console, *account, {entry}, OtherHalf::Unchanged);
+    ShowChangedEntries(console, account, {entry}, OtherHalf::Unchanged);
   }
 }
 

@@ -100,10 +100,10 @@ class LDGRFilter {
   [[nodiscard]] plist::Value GetDataForCategory(std::optional<std::string_view> category) const;
   [[nodiscard]] plist::Value GetDataForSetCategory() const;
 
-  // None is ignored.
+  // A missing value is ignored.
   void SetName(std::optional<std::string_view> name);
   [[nodiscard]] std::string GetName() const;
-  // The list that the search text goes into. None is ignored; none when no text is set.
+  // The list that the search text goes into. A missing value is ignored; none when no text is set.
   void SetCategory(std::optional<std::string_view> category);
   [[nodiscard]] std::optional<std::string> GetCategory() const;
   void SetType(FilterKind kind);

@@ -97,7 +97,7 @@ class LDGRAccount : public AccountOptions {
   [[nodiscard]] std::int32_t GetVersion() const noexcept { return version_; }
   void SetVersion(std::int32_t version) noexcept { Change(version_, version); }
   [[nodiscard]] const std::string& GetName() const noexcept { return name_; }
-  // None is ignored.
+  // A missing value is ignored.
   void SetName(std::optional<std::string_view> name);
 
   // --- Entries and schedules ------------------------------------------------------------------
@@ -323,7 +323,7 @@ class LDGRAccount : public AccountOptions {
   // --- Password -----------------------------------------------------------------------------
 
   [[nodiscard]] const std::string& GetPassword() const noexcept { return password_; }
-  // None is ignored; "" takes the password away and authenticates.
+  // A missing value is ignored; "" takes the password away and authenticates.
   void SetPassword(std::optional<std::string_view> password);
   [[nodiscard]] bool HasPassword() const noexcept { return !password_.empty(); }
   // True once the right password has been given, now or before.

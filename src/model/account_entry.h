@@ -76,7 +76,7 @@ class LDGRAccountEntry {
   [[nodiscard]] double GetAmount() const noexcept;
   // The amount as stored, whatever the split.
   [[nodiscard]] double GetStoredAmount() const noexcept { return amount_; }
-  // None is ignored.
+  // A missing value is ignored.
   void SetDescription(std::optional<std::string_view> description);
   [[nodiscard]] const std::string& GetDescription() const noexcept { return description_; }
   // Payee of a debit, source of a deposit, the other account's name of a transfer.

@@ -28,7 +28,7 @@ class AccountOptions : public ChangeCount {
   void SetQIFImportDateFormat(std::int32_t format) noexcept {
     Change(qif_import_date_format_, format);
   }
-  // None is ignored.
+  // A missing value is ignored.
   [[nodiscard]] const std::string& GetQIFImportDecimalSeparator() const noexcept {
     return qif_import_decimal_separator_;
   }

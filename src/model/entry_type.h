@@ -25,7 +25,7 @@ class LDGRAccountEntryType {
   void WriteTo(plist::Output& output) const;
   [[nodiscard]] plist::Dictionary asDictionary() const;
 
-  // None is ignored.
+  // A missing value is ignored.
   void SetName(std::optional<std::string_view> name);
   [[nodiscard]] const std::string& GetName() const noexcept { return name_; }
   void SetIsCheck(bool is_check) noexcept { is_check_ = is_check; }

@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "model/date_number.h"
+#include "registers/table_data_source.h"
 #include "storage/preferences.h"
 
 namespace tallyfold {
@@ -19,8 +20,8 @@ class PrintedFigures {
   [[nodiscard]] const std::string& DateFormat() const noexcept { return date_format_; }
   [[nodiscard]] std::string Date(DateNumber day) const;
   [[nodiscard]] std::string Amount(double amount) const;
-  // Whether entries of days to come are italic.
-  [[nodiscard]] bool ItalicizesFuture() const { return preferences_.GetItalicizeFutureEntries(); }
+  // That of tables, without their colours.
+  [[nodiscard]] TableFormat Format() const { return {date_format_, preferences_}; }
 
  private:
   LDGRPreferences preferences_;  // what it takes to write amounts, the rest as it is at first

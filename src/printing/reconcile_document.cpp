@@ -7,17 +7,12 @@
 #include "printing/document_head.h"
 #include "printing/facts.h"
 #include "printing/figures.h"
-#include "registers/account_table_view_data.h"
 #include "registers/difference_explanation.h"
 #include "registers/reconciliation.h"
-#include "registers/table_view.h"
+#include "registers/register_rows.h"
 
 namespace tallyfold {
 namespace {
-
-struct UnlockedHost final : LDGRAccountTableViewData::Host {
-  [[nodiscard]] bool IsUnlocked() const override { return true; }
-};
 
 // The columns of the register that make sense here.
 std::vector<TableColumn> ColumnsOfUnresolved() {
@@ -35,14 +30,11 @@ PrintTable UnresolvedEntries(const std::shared_ptr<LDGRAccount>& account,
   for (const auto& entry : account->GetEntries()) {
     if (!entry->GetCleared()) entries.push_back(entry);
   }
-  const UnlockedHost host;
-  TableView table(ColumnsOfUnresolved());
-  LDGRAccountTableViewData rows(host);
-  rows.SetTableView(&table);
+  RegisterRows rows;
   rows.SetAccount(account);
   rows.SetEntries(std::move(entries));
-  rows.SortBy(RegisterSortKey::Date, false);
-  PrintTable printed = RegisterTable(rows, preferences, options);
+  rows.Sort({RegisterSortKey::Date, false});
+  PrintTable printed = RegisterTable(std::move(rows), ColumnsOfUnresolved(), preferences, options);
   printed.title = LocalizedText("Unresolved Entries");
   return printed;
 }

@@ -6,7 +6,6 @@
 #include <set>
 #include <string_view>
 #include <utility>
-#include <variant>
 #include <vector>
 
 #include "filters/filter_types.h"
@@ -15,6 +14,7 @@
 #include "printing/document_head.h"
 #include "printing/figures.h"
 #include "printing/split_lines.h"
+#include "registers/register_look.h"
 
 namespace tallyfold {
 namespace {
@@ -25,7 +25,6 @@ constexpr std::string_view kDescription = "description";
 constexpr std::string_view kToFrom = "toFrom";
 constexpr std::string_view kAmount = "amount";
 constexpr std::string_view kBalance = "balance";
-constexpr std::string_view kCheckMark = "\u2713";
 
 // Columns whose texts may be shortened: how many characters each wants, and needs.
 struct TextColumn {
@@ -43,39 +42,24 @@ const TextColumn* TextColumnNamed(std::string_view identifier) {
   return found != std::end(kTextColumns) ? found : nullptr;
 }
 
-struct UnlockedHost final : LDGRAccountTableViewData::Host {
-  [[nodiscard]] bool IsUnlocked() const override { return true; }
-};
-
-std::vector<TableColumn> ColumnsShown(const LDGRAccountTableViewData& rows) {
-  std::vector<TableColumn> columns = rows.VisibleTableColumns();
-  return columns.empty() ? DefaultRegisterColumns() : columns;
-}
+constexpr RegisterOrder kOrderOfDays{RegisterSortKey::Date, false};
 
 // The rows of a register, between the balance brought forward and the closing line.
-class RegisterRows final : public PrintRows {
+class PrintedRegister final : public PrintRows {
  public:
-  RegisterRows(const LDGRAccountTableViewData& rows, const LDGRPreferences& preferences,
-               const RegisterPrintOptions& options)
+  PrintedRegister(RegisterRows rows, std::vector<TableColumn> columns,
+                  const LDGRPreferences& preferences, const RegisterPrintOptions& options)
       : figures_(preferences),
         splits_(options.splits),
         notes_(options.notes),
         today_(options.today),
-        columns_(ColumnsShown(rows)) {
-    texts_.SetAccount(rows.GetAccount());
-    texts_.SetDateFormat(figures_.DateFormat());
-    texts_.SetEntries(rows.GetEntries());
-    balances_.reserve(entries_.size());
-    for (std::size_t i = 0; i < entries_.size(); ++i) {
-      balances_.push_back(rows.RunningBalanceOfRow(i));
-      total_ += entries_[i]->GetAmount();
-    }
+        columns_(std::move(columns)),
+        rows_(std::move(rows)) {
     amount_column_ = ColumnNamed(kAmount);
     balance_column_ = ColumnNamed(kBalance);
     description_column_ = ColumnNamed(kDescription);
     FindLabelColumns();
-    carries_over_ = balance_column_ && !entries_.empty() && rows.SortColumn() == kDate &&
-                    !rows.SortsDescending();
+    carries_over_ = balance_column_ && !entries_.empty() && rows_.Order() == kOrderOfDays;
   }
 
   [[nodiscard]] std::vector<PrintColumn> Columns() const;
@@ -89,8 +73,8 @@ class RegisterRows final : public PrintRows {
   [[nodiscard]] PrintRow RowAt(std::size_t row) const override;
   [[nodiscard]] bool CarriesOver() const override { return carries_over_; }
   [[nodiscard]] PrintLine LineAfter(std::size_t row) const override {
-    const std::size_t entry = std::min(row - std::min(row, Opening()), balances_.size() - 1);
-    return BroughtForward(balances_[entry]);
+    const std::size_t entry = std::min(row - std::min(row, Opening()), entries_.size() - 1);
+    return BroughtForward(rows_.RunningBalanceOf(entry));
   }
 
  private:
@@ -111,17 +95,13 @@ class RegisterRows final : public PrintRows {
     if (label_span_ != 0) line.cells.push_back({label_column_, std::move(text), label_span_});
   }
 
-  UnlockedHost host_;
   PrintedFigures figures_;
   bool splits_;
   bool notes_;
   DateNumber today_;
   std::vector<TableColumn> columns_;
-  // The rows as they were when this was made, which writes their texts.
-  LDGRAccountTableViewData texts_{host_};
-  const EntryList& entries_ = texts_.GetEntries();
-  std::vector<double> balances_;  // by row
-  double total_ = 0.0;
+  RegisterRows rows_;
+  const EntryList& entries_ = rows_.Entries();
   std::optional<std::size_t> amount_column_;
   std::optional<std::size_t> balance_column_;
   std::optional<std::size_t> description_column_;
@@ -132,7 +112,7 @@ class RegisterRows final : public PrintRows {
   bool carries_over_ = false;
 };
 
-void RegisterRows::FindLabelColumns() {
+void PrintedRegister::FindLabelColumns() {
   double widest = 0.0;
   double width = 0.0;
   std::size_t first = 0;
@@ -153,19 +133,20 @@ void RegisterRows::FindLabelColumns() {
   }
 }
 
-std::vector<PrintColumn> RegisterRows::Columns() const {
+std::vector<PrintColumn> PrintedRegister::Columns() const {
   DateShapes dates;
   AmountShapes amounts;
   AmountShapes balances;
   std::int32_t least_check = 0;
   std::int32_t greatest_check = 0;
-  amounts.Add(total_);
+  amounts.Add(rows_.Total());
   for (std::size_t i = 0; i < entries_.size(); ++i) {
     const LDGRAccountEntry& entry = *entries_[i];
     dates.Add(entry.GetDate());
     amounts.Add(entry.GetAmount());
-    balances.Add(balances_[i]);
-    if (i == 0) balances.Add(balances_[i] - entry.GetAmount());
+    const double balance = rows_.RunningBalanceOf(i);
+    balances.Add(balance);
+    if (i == 0) balances.Add(balance - entry.GetAmount());
     if (entry.IsCheck()) {
       least_check = std::min(least_check, entry.GetCheckNumber());
       greatest_check = std::max(greatest_check, entry.GetCheckNumber());
@@ -175,7 +156,7 @@ std::vector<PrintColumn> RegisterRows::Columns() const {
   std::vector<PrintColumn> columns;
   columns.reserve(columns_.size());
   for (const TableColumn& shown : columns_) {
-    PrintColumn column{LocalizedText(TitleOfRegisterColumn(shown.identifier))};
+    PrintColumn column{TitleOf(shown)};
     if (const TextColumn* const text = TextColumnNamed(shown.identifier)) {
       column.is_elastic = true;
       column.wanted = text->wanted;
@@ -192,7 +173,7 @@ std::vector<PrintColumn> RegisterRows::Columns() const {
       column.samples = (shown.identifier == kAmount ? amounts : balances).Samples(figures_);
     } else {
       column.alignment = PrintAlignment::Center;
-      column.samples = {std::string(kCheckMark)};
+      column.samples = {MarkCell(true).text};
     }
     columns.push_back(std::move(column));
   }
@@ -201,11 +182,11 @@ std::vector<PrintColumn> RegisterRows::Columns() const {
 
 // So that no text is cut while there is room. Of many entries some text is sure
 // to be long, so that it does not pay to look at all.
-std::vector<std::string> RegisterRows::TextSamples(std::size_t column) const {
+std::vector<std::string> PrintedRegister::TextSamples(std::size_t column) const {
   std::set<std::string> samples;
   if (entries_.size() > kMostSamples) return {};
   for (std::size_t i = 0; i < entries_.size(); ++i) {
-    samples.insert(std::get<std::string>(texts_.tableView(columns_[column].identifier, i).value));
+    samples.insert(rows_.CellOf(i, columns_[column].identifier, figures_.Format()).text);
     if (!splits_) continue;
     for (const PrintLine& line : SplitLines(*entries_[i], ColumnsOfSplits(), figures_)) {
       for (const PrintCell& cell : line.cells) {
@@ -216,7 +197,7 @@ std::vector<std::string> RegisterRows::TextSamples(std::size_t column) const {
   return {samples.begin(), samples.end()};
 }
 
-RowShape RegisterRows::ShapeOf(std::size_t row) const {
+RowShape PrintedRegister::ShapeOf(std::size_t row) const {
   if (row < Opening()) return {.is_kept_with_next = true};
   const std::size_t index = row - Opening();
   if (index == entries_.size()) return {.has_rule_above = index != 0};
@@ -227,8 +208,9 @@ RowShape RegisterRows::ShapeOf(std::size_t row) const {
   return shape;
 }
 
-PrintRow RegisterRows::RowAt(std::size_t row) const {
-  if (row < Opening()) return {BroughtForward(balances_[0] - entries_[0]->GetAmount())};
+PrintRow PrintedRegister::RowAt(std::size_t row) const {
+  if (row < Opening())
+    return {BroughtForward(rows_.RunningBalanceOf(0) - entries_[0]->GetAmount())};
   const std::size_t index = row - Opening();
   if (index == entries_.size()) return {Closing()};
   const LDGRAccountEntry& entry = *entries_[index];
@@ -237,40 +219,37 @@ PrintRow RegisterRows::RowAt(std::size_t row) const {
   return printed;
 }
 
-PrintLine RegisterRows::BroughtForward(double balance) const {
+PrintLine PrintedRegister::BroughtForward(double balance) const {
   PrintLine line{.cells = {}, .style = TextStyle::Italic};
   AddLabel(line, LocalizedText("Balance brought forward"));
   line.cells.push_back({*balance_column_, figures_.Amount(balance)});
   return line;
 }
 
-PrintLine RegisterRows::Closing() const {
+PrintLine PrintedRegister::Closing() const {
   PrintLine line{.cells = {}, .style = TextStyle::Strong};
   const std::string count = CountInWords(entries_.size(), "entry", "entries");
   AddLabel(line, carries_over_ ? MessageWithText(LocalizedText("Closing balance, %@"), count)
                                : MessageWithText(LocalizedText("Total of %@"), count));
-  if (amount_column_) line.cells.push_back({*amount_column_, figures_.Amount(total_)});
-  if (carries_over_) line.cells.push_back({*balance_column_, figures_.Amount(balances_.back())});
-  return line;
-}
-
-PrintLine RegisterRows::EntryLine(std::size_t index) const {
-  const bool is_to_come = figures_.ItalicizesFuture() && entries_[index]->GetDate() > today_;
-  PrintLine line{.cells = {}, .style = is_to_come ? TextStyle::Italic : TextStyle::Body};
-  for (std::size_t i = 0; i < columns_.size(); ++i) {
-    if (i == amount_column_) {
-      line.cells.push_back({i, figures_.Amount(entries_[index]->GetAmount())});
-    } else if (i == balance_column_) {
-      line.cells.push_back({i, figures_.Amount(balances_[index])});
-    } else {
-      const TableCell cell = texts_.tableView(columns_[i].identifier, index);
-      line.cells.push_back({i, std::get<std::string>(cell.value)});
-    }
+  if (amount_column_) line.cells.push_back({*amount_column_, figures_.Amount(rows_.Total())});
+  if (carries_over_) {
+    const double balance = rows_.RunningBalanceOf(entries_.size() - 1);
+    line.cells.push_back({*balance_column_, figures_.Amount(balance)});
   }
   return line;
 }
 
-SplitColumns RegisterRows::ColumnsOfSplits() const {
+PrintLine PrintedRegister::EntryLine(std::size_t index) const {
+  const TableFormat format = figures_.Format();
+  const RowLook look = rows_.LookOf(index, format.preferences, today_);
+  PrintLine line{.cells = {}, .style = look.is_italic ? TextStyle::Italic : TextStyle::Body};
+  for (std::size_t i = 0; i < columns_.size(); ++i) {
+    line.cells.push_back({i, rows_.CellOf(index, columns_[i].identifier, format).text});
+  }
+  return line;
+}
+
+SplitColumns PrintedRegister::ColumnsOfSplits() const {
   const auto to_from = ColumnNamed(kToFrom);
   if (description_column_) return {description_column_, 1, to_from, amount_column_};
   // Where there is no room for words, the amounts alone tell the lines.
@@ -281,10 +260,12 @@ SplitColumns RegisterRows::ColumnsOfSplits() const {
 }
 
 std::string SortInWords(const LDGRAccountTableViewData& rows) {
-  const std::string title = LocalizedText(TitleOfRegisterColumn(rows.SortColumn()));
-  if (title.empty()) return "";
+  const std::vector<TableColumn> columns = DefaultRegisterColumns();
+  const auto column = std::ranges::find(columns, rows.SortColumn(), &TableColumn::identifier);
+  if (column == columns.end()) return "";
   return MessageWithText(
-      LocalizedText(rows.SortsDescending() ? "Sorted by %@, descending" : "Sorted by %@"), title);
+      LocalizedText(rows.SortsDescending() ? "Sorted by %@, descending" : "Sorted by %@"),
+      TitleOf(*column));
 }
 
 }  // namespace
@@ -295,13 +276,16 @@ PrintDocument RegisterDocument(const LDGRAccountTableViewData& rows,
   PrintDocument document = DocumentOf(*rows.GetAccount(), preferences, options.today);
   document.head.push_back(
       {MessageWithText(LocalizedText("Register: %@"), options.filter), SortInWords(rows)});
-  document.tables.push_back(RegisterTable(rows, preferences, options));
+  std::vector<TableColumn> columns = rows.VisibleTableColumns();
+  if (columns.empty()) columns = DefaultRegisterColumns();
+  document.tables.push_back(RegisterTable(rows.Rows(), std::move(columns), preferences, options));
   return document;
 }
 
-PrintTable RegisterTable(const LDGRAccountTableViewData& rows, const LDGRPreferences& preferences,
-                         const RegisterPrintOptions& options) {
-  const auto printed = std::make_shared<RegisterRows>(rows, preferences, options);
+PrintTable RegisterTable(RegisterRows rows, std::vector<TableColumn> columns,
+                         const LDGRPreferences& preferences, const RegisterPrintOptions& options) {
+  const auto printed =
+      std::make_shared<PrintedRegister>(std::move(rows), std::move(columns), preferences, options);
   return {"", printed->Columns(), printed, printed->NoteColumn()};
 }
 

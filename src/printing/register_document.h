@@ -2,11 +2,14 @@
 
 #include <cstdint>
 #include <string>
+#include <vector>
 
 #include "model/date_number.h"
 #include "plist/value.h"
 #include "printing/document.h"
 #include "registers/account_table_view_data.h"
+#include "registers/register_rows.h"
+#include "registers/table_data_source.h"
 #include "storage/preferences.h"
 
 namespace tallyfold {
@@ -29,8 +32,8 @@ struct RegisterPrintOptions {
                                              const LDGRPreferences& preferences,
                                              const RegisterPrintOptions& options);
 
-// The table of that document, without what stands above it.
-[[nodiscard]] PrintTable RegisterTable(const LDGRAccountTableViewData& rows,
+// The table of such a document, without what stands above it.
+[[nodiscard]] PrintTable RegisterTable(RegisterRows rows, std::vector<TableColumn> columns,
                                        const LDGRPreferences& preferences,
                                        const RegisterPrintOptions& options);
 

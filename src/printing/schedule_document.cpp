@@ -1,7 +1,9 @@
 #include "printing/schedule_document.h"
 
-#include <array>
+#include <algorithm>
+#include <iterator>
 #include <string>
+#include <string_view>
 #include <utility>
 #include <vector>
 
@@ -14,41 +16,33 @@
 namespace tallyfold {
 namespace {
 
-enum Column : std::size_t {
-  kNext,
-  kRepeats,
-  kUntil,
-  kOverdue,
-  kType,
-  kDescription,
-  kToFrom,
-  kAmount,
-  kColumns
+constexpr std::string_view kDescription = "description";
+constexpr std::string_view kToFrom = "toFrom";
+constexpr std::string_view kAmount = "amount";
+
+// Columns whose texts may be shortened: how many characters each wants, and needs.
+struct TextColumn {
+  std::string_view identifier;
+  std::size_t wanted;
+  std::size_t least;
 };
+constexpr TextColumn kTextColumns[] = {
+    {"repeats", 14, 8}, {"type", 8, 4}, {kDescription, 14, 6}, {kToFrom, 12, 5}};
 
-std::array<std::string, kColumns> TextsOf(const ScheduleRow& row, const PrintedFigures& figures) {
-  return {row.next_date, row.repeats,
-          row.until,     row.overdue == 0 ? "" : std::to_string(row.overdue),
-          row.type,      row.description,
-          row.to_from,   figures.Amount(row.amount)};
-}
-
-std::vector<PrintColumn> EmptyColumns() {
-  const auto whole = [](std::string_view title, PrintAlignment alignment) {
-    return PrintColumn{.title = LocalizedText(title), .alignment = alignment};
-  };
-  const auto text = [](std::string_view title, std::size_t wanted, std::size_t least) {
-    return PrintColumn{
-        .title = LocalizedText(title), .is_elastic = true, .wanted = wanted, .least = least};
-  };
-  return {whole("Next", PrintAlignment::Left),
-          text("Repeats", 14, 8),
-          whole("Until", PrintAlignment::Left),
-          whole("Overdue", PrintAlignment::Right),
-          text("Type", 8, 4),
-          text("Description", 14, 6),
-          text("To/From", 12, 5),
-          whole("Amount", PrintAlignment::Right)};
+PrintColumn EmptyColumn(const TableColumn& shown) {
+  PrintColumn column{.title = TitleOf(shown)};
+  const auto* const text =
+      std::ranges::find(kTextColumns, shown.identifier, &TextColumn::identifier);
+  if (text != std::end(kTextColumns)) {
+    column.is_elastic = true;
+    column.wanted = text->wanted;
+    column.least = text->least;
+    column.takes_rest = shown.identifier == kDescription;
+  } else if (shown.content == TableColumn::Content::Count ||
+             shown.content == TableColumn::Content::Amount) {
+    column.alignment = PrintAlignment::Right;
+  }
+  return column;
 }
 
 }  // namespace
@@ -56,33 +50,43 @@ std::vector<PrintColumn> EmptyColumns() {
 PrintDocument ScheduleDocument(const LDGRAccount& account, const LDGRPreferences& preferences,
                                const RegisterPrintOptions& options) {
   const PrintedFigures figures(preferences);
+  const std::vector<TableColumn> columns = DefaultScheduleColumns();
+  const auto place_of = [&columns](std::string_view identifier) {
+    const auto found = std::ranges::find(columns, identifier, &TableColumn::identifier);
+    return static_cast<std::size_t>(found - columns.begin());
+  };
+  const std::size_t description = place_of(kDescription);
+  const std::size_t amount = place_of(kAmount);
   PrintTable table;
-  table.columns = EmptyColumns();
-  table.columns[kDescription].takes_rest = true;
-  table.note_column = kDescription;
+  for (const TableColumn& column : columns) table.columns.push_back(EmptyColumn(column));
+  table.note_column = description;
   std::vector<ReadyRows::Row> rows;
   AmountShapes amounts;
-  for (const ScheduleRow& row : ScheduleRows(account, figures.DateFormat(), options.today)) {
+  ScheduleList schedules = account.GetSchedules();
+  SortByNextDate(schedules, false);
+  for (const auto& schedule : schedules) {
     ReadyRows::Row printed;
-    auto texts = TextsOf(row, figures);
-    for (std::size_t column = 0; column < kColumns; ++column) {
-      table.columns[column].samples.push_back(texts[column]);
-      printed.line.cells.push_back({column, std::move(texts[column])});
+    for (std::size_t column = 0; column < columns.size(); ++column) {
+      std::string text = CellOfSchedule(&account, *schedule, columns[column].identifier,
+                                        figures.Format(), options.today)
+                             .text;
+      table.columns[column].samples.push_back(text);
+      printed.line.cells.push_back({column, std::move(text)});
     }
     if (options.splits) {
-      AddSplitAmounts(*row.schedule, amounts);
-      printed.details = SplitLines(*row.schedule, {kDescription, 1, kToFrom, kAmount}, figures);
+      AddSplitAmounts(*schedule, amounts);
+      printed.details = SplitLines(*schedule, {description, 1, place_of(kToFrom), amount}, figures);
     }
-    if (options.notes) printed.note = row.schedule->GetNotes();
+    if (options.notes) printed.note = schedule->GetNotes();
     rows.push_back(std::move(printed));
   }
   for (std::string& sample : amounts.Samples(figures)) {
-    table.columns[kAmount].samples.push_back(std::move(sample));
+    table.columns[amount].samples.push_back(std::move(sample));
   }
   if (!rows.empty()) rows.back().is_kept_with_next = true;
   rows.push_back(
-      {.line = {.cells = {{kNext, CountInWords(rows.size(), "scheduled entry", "scheduled entries"),
-                           kColumns}},
+      {.line = {.cells = {{0, CountInWords(rows.size(), "scheduled entry", "scheduled entries"),
+                           columns.size()}},
                 .style = TextStyle::Strong},
        .has_rule_above = !rows.empty()});
   table.rows = std::make_shared<ReadyRows>(std::move(rows));

@@ -11,19 +11,15 @@
 
 #include "model/account.h"
 #include "model/account_entry.h"
-#include "model/running_balances.h"
 #include "registers/register_order.h"
+#include "registers/register_rows.h"
+#include "registers/rows_change.h"
+#include "registers/table_data_source.h"
 #include "registers/table_layout.h"
-#include "registers/table_view.h"
+#include "registers/table_state.h"
 #include "storage/account_preferences.h"
 
 namespace tallyfold {
-
-// The columns of a register as it is first shown: "date", "check", "type", "description", "toFrom",
-// "cleared", "amount", "balance". The last one shows the running balance and does not sort.
-[[nodiscard]] std::vector<TableColumn> DefaultRegisterColumns();
-// The English key of a column's title; "" for an unknown identifier.
-[[nodiscard]] std::string_view TitleOfRegisterColumn(std::string_view identifier) noexcept;
 
 // The rows behind a register table: the entries of an account that pass the register's filter, in
 // the order of the column the user clicked. Rows follow their entries: sorting and reloading keep
@@ -34,24 +30,17 @@ namespace tallyfold {
 // made when they are asked for.
 class LDGRAccountTableViewData final : public TableDataSource {
  public:
-  class Host {
-   public:
-    virtual ~Host() = default;
-    // A locked application shows no rows.
-    [[nodiscard]] virtual bool IsUnlocked() const = 0;
-  };
-
   // The host must outlive this.
-  explicit LDGRAccountTableViewData(const Host& host);
+  explicit LDGRAccountTableViewData(const TableHost& host);
   LDGRAccountTableViewData(const LDGRAccountTableViewData&) = delete;
   LDGRAccountTableViewData& operator=(const LDGRAccountTableViewData&) = delete;
   ~LDGRAccountTableViewData() override;
 
   // Becomes the table's data source. The table must outlive its stay here; null for none.
-  void SetTableView(TableView* table);
-  [[nodiscard]] TableView* GetTableView() const noexcept { return layout_.Table(); }
-  // "entry" or "reconcile": where the table's layout stands in the view preferences. None is
-  // ignored.
+  void SetTableView(TableState* table);
+  [[nodiscard]] TableState* GetTableView() const noexcept { return layout_.Table(); }
+  // "entry" or "reconcile": where the table's layout stands in the view preferences. A missing
+  // value is ignored.
   void SetTableIdentifier(std::optional<std::string_view> identifier) {
     layout_.SetIdentifier(identifier);
   }
@@ -70,16 +59,21 @@ class LDGRAccountTableViewData final : public TableDataSource {
   }
   // Another account than before takes the rows away.
   void SetAccount(std::shared_ptr<LDGRAccount> account);
-  [[nodiscard]] const std::shared_ptr<LDGRAccount>& GetAccount() const noexcept { return account_; }
-  // In calendar-date conversion letters; the user's short date format at first. None is ignored.
+  [[nodiscard]] const std::shared_ptr<LDGRAccount>& GetAccount() const noexcept {
+    return rows_.Account();
+  }
+  // In calendar-date conversion letters; the user's short date format at first. A missing value is
+  // ignored.
   void SetDateFormat(std::optional<std::string_view> format);
 
   // Entries of the account, which become the rows as they stand. The selected row stays as it is.
   void SetEntries(EntryList entries);
-  [[nodiscard]] const EntryList& GetEntries() const noexcept { return entries_; }
+  [[nodiscard]] const EntryList& GetEntries() const noexcept { return rows_.Entries(); }
+  // As they are, locked or not.
+  [[nodiscard]] const RegisterRows& Rows() const noexcept { return rows_; }
   // Makes the entries the rows, in the order of the stored sort column, with the same entry
   // selected as before; none when it is not among them. The first rows after ReconfigureTable()
-  // take its selected row.
+  // take its selected row. The table tells what became of its rows, and only then of the selection.
   void Reload(EntryList entries);
 
   // --- Selection --------------------------------------------------------------------------------
@@ -123,6 +117,7 @@ class LDGRAccountTableViewData final : public TableDataSource {
   [[nodiscard]] std::size_t numberOfRowsInTableView() const override;
   // A row that does not exist is logged and shows nothing.
   [[nodiscard]] TableCell tableView(std::string_view column, std::size_t row) const override;
+  [[nodiscard]] RowLook LookOfRow(std::size_t row) const override;
   // LDGRAccount::GetRunningBalanceAtEntry() of the row's entry, whatever the order and the filter;
   // 0.0 for a row that does not exist.
   [[nodiscard]] double RunningBalanceOfRow(std::size_t row) const;
@@ -130,31 +125,18 @@ class LDGRAccountTableViewData final : public TableDataSource {
   [[nodiscard]] double TotalOfRows() const;
 
  private:
-  // Computed for all rows together.
-  struct Figures {
-    bool are_known = false;
-    std::uint64_t revision = 0;    // of the account's ledger as it was then
-    std::vector<double> balances;  // by row
-    double total = 0.0;
-  };
-  // Of the whole account; stays while other rows are shown of it.
-  struct AccountBalances {
-    std::optional<std::uint64_t> revision;
-    RunningBalanceTable table;
-  };
+  // Tells what became of the rows, and selects one of them.
+  void ShowRows(const RowsChange& change, std::int32_t selected_row);
+  [[nodiscard]] TableFormat Format() const { return {date_format_string_, host_.preferences()}; }
 
-  [[nodiscard]] const Figures& UpToDateFigures() const;
-  [[nodiscard]] std::vector<double> BalancesOfRows() const;
-
-  const Host& host_;
-  std::shared_ptr<LDGRAccount> account_;
-  EntryList entries_;
+  const TableHost& host_;
+  RegisterRows rows_;
   TableLayout layout_;
   std::string date_format_string_;
   // To be selected as soon as there are rows.
   std::optional<std::int32_t> awaited_row_;
-  mutable Figures figures_;
-  mutable AccountBalances account_balances_;
+  // Whether the table has told of the rows as they are.
+  bool are_rows_told_ = false;
 };
 
 }  // namespace tallyfold

@@ -1,6 +1,7 @@
 #include "registers/register_look.h"
 
 #include "model/amounts.h"
+#include "model/date_format.h"
 #include "model/entry_type.h"
 #include "platform/ambient.h"
 
@@ -34,10 +35,10 @@ std::string TypeTextOfEntry(const LDGRAccount* account, const LDGRAccountEntry& 
   return type != nullptr ? type->GetName() : "";
 }
 
-RegisterRowLook LookOfRow(const LDGRAccountEntry& entry, const LDGRPreferences& preferences,
-                          DateNumber today) {
-  return {ColorOf(entry, preferences),
-          preferences.GetItalicizeFutureEntries() && entry.GetDate() > today};
+RowLook LookOfEntry(const LDGRAccountEntry& entry, const LDGRPreferences& preferences,
+                    DateNumber today) {
+  return {.color = ColorOf(entry, preferences),
+          .is_italic = preferences.GetItalicizeFutureEntries() && entry.GetDate() > today};
 }
 
 std::string RegisterDateFormat(const LDGRPreferences& preferences) {
@@ -56,6 +57,28 @@ std::string RegisterAmountText(double amount, const LDGRPreferences& preferences
   if (!preferences.GetShowCurrencySymbol()) return FloatToCommasAmountString(amount);
   return preferences.GetAmountFormat() == 1 ? FloatToDollarAmountString(amount)
                                             : FloatToDollarCommasAmountString(amount);
+}
+
+TableCell DayCell(DateNumber day, const TableFormat& format) {
+  return {.text = FormatDate(DateNumberToNSCalendarDate(day), format.date_format),
+          .number = static_cast<double>(day)};
+}
+
+TableCell CountCell(std::int64_t count) {
+  return {.text = std::to_string(count),
+          .number = static_cast<double>(count),
+          .alignment = TableCell::Alignment::Right};
+}
+
+TableCell AmountCell(double amount, const TableFormat& format) {
+  return {.text = RegisterAmountText(amount, format.preferences),
+          .number = amount,
+          .alignment = TableCell::Alignment::Right};
+}
+
+TableCell MarkCell(bool is_set) {
+  return {.text = is_set ? "\u2713" : "",
+          .mark = is_set ? TableCell::Mark::Set : TableCell::Mark::Unset};
 }
 
 }  // namespace tallyfold

@@ -77,6 +77,10 @@ std::uint64_t Numbers(const LDGRAccountEntry& entry) {
   return Packed(entry.IsCheck() ? InOrder(entry.GetCheckNumber()) : 0, InOrder(entry.GetNumber()));
 }
 
+Halves NumberKey(const LDGRAccountEntry& entry) {
+  return {InOrder(entry.GetNumber()), 0};
+}
+
 Halves CheckNumberKey(const LDGRAccountEntry& entry) {
   return {CheckRank(entry), Numbers(entry)};
 }
@@ -261,8 +265,10 @@ std::optional<RegisterSortKey> SortKeyOfColumn(std::string_view identifier) noex
   return found->key;
 }
 
-Order OrderOfEntries(const EntryList& entries, RegisterSortKey key, bool descending) {
-  switch (key) {
+Order OrderOfEntries(const EntryList& entries, const RegisterOrder& order) {
+  const bool descending = order.descending;
+  if (!order.key) return OrderByKeys(entries, descending, NumberKey);
+  switch (*order.key) {
     case RegisterSortKey::CheckNumber:
       return OrderByKeys(entries, descending, CheckNumberKey);
     case RegisterSortKey::Date:

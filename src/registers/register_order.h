@@ -20,6 +20,15 @@ enum class RegisterSortKey : std::int32_t {
   ToFrom = 6,
 };
 
+// How a register is sorted.
+struct RegisterOrder {
+  // None: by entry number.
+  std::optional<RegisterSortKey> key = RegisterSortKey::Date;
+  bool descending = false;
+
+  friend bool operator==(const RegisterOrder&, const RegisterOrder&) = default;
+};
+
 // The sort key of a column; none for a column that registers are not sorted by.
 [[nodiscard]] std::optional<RegisterSortKey> SortKeyOfColumn(std::string_view identifier) noexcept;
 
@@ -28,6 +37,6 @@ enum class RegisterSortKey : std::int32_t {
 // compared is prepared once for each entry, so that 100,000 entries are sorted in a moment. For a
 // key without a name the order is that of the entries.
 [[nodiscard]] std::vector<std::uint32_t> OrderOfEntries(const EntryList& entries,
-                                                        RegisterSortKey key, bool descending);
+                                                        const RegisterOrder& order);
 
 }  // namespace tallyfold

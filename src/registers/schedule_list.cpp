@@ -3,15 +3,24 @@
 #include <algorithm>
 #include <array>
 #include <cstdint>
-#include <utility>
 
 #include "model/date_format.h"
 #include "model/text.h"
 #include "platform/ambient.h"
 #include "registers/register_look.h"
+#include "registers/register_rows.h"
 
 namespace tallyfold {
 namespace {
+
+constexpr std::string_view kNext = "next";
+constexpr std::string_view kRepeats = "repeats";
+constexpr std::string_view kUntil = "until";
+constexpr std::string_view kOverdue = "overdue";
+constexpr std::string_view kType = "type";
+constexpr std::string_view kDescription = "description";
+constexpr std::string_view kToFrom = "toFrom";
+constexpr std::string_view kAmount = "amount";
 
 using Repeat = RepeatInterval;
 
@@ -41,17 +50,24 @@ constexpr std::array kIntervalTexts = {
 
 }  // namespace
 
+std::vector<TableColumn> DefaultScheduleColumns() {
+  using Content = TableColumn::Content;
+  return {{std::string(kNext), 80, "Next", Content::Day},
+          {std::string(kRepeats), 140, "Repeats", Content::Text, false},
+          {std::string(kUntil), 110, "Until", Content::Text, false},
+          {std::string(kOverdue), 60, "Overdue", Content::Count, false},
+          {std::string(kType), 110, "Type"},
+          {std::string(kDescription), 200, "Description"},
+          {std::string(kToFrom), 150, "To/From"},
+          {std::string(kAmount), 90, "Amount", Content::Amount}};
+}
+
 std::size_t OverdueCount(const LDGRAccountSchedule& schedule, DateNumber today) {
   std::vector<DateNumber> due = schedule.DueDates(DateNumberToNSCalendarDate(today));
   // A rule may name a day twice.
   due.erase(std::unique(due.begin(), due.end()), due.end());
   return static_cast<std::size_t>(
       std::count_if(due.begin(), due.end(), [today](DateNumber date) { return date < today; }));
-}
-
-std::string NextDateText(const LDGRAccountSchedule& schedule, std::string_view date_format) {
-  const DateNumber next = schedule.NextEntryDate();
-  return next < 0 ? "-" : FormatDate(DateNumberToNSCalendarDate(next), date_format);
 }
 
 std::string RepeatsInWords(const LDGRAccountSchedule& schedule) {
@@ -81,34 +97,40 @@ std::string UntilInWords(const LDGRAccountSchedule& schedule, std::string_view d
   return LocalizedText("Never");
 }
 
-ScheduleRow RowOfSchedule(const LDGRAccount& account, std::shared_ptr<LDGRAccountSchedule> schedule,
-                          std::string_view date_format, DateNumber today) {
-  ScheduleRow row;
-  row.next = schedule->NextEntryDate();
-  row.next_date = NextDateText(*schedule, date_format);
-  row.repeats = RepeatsInWords(*schedule);
-  row.until = UntilInWords(*schedule, date_format);
-  row.overdue = OverdueCount(*schedule, today);
-  row.type = TypeTextOfEntry(&account, *schedule);
-  row.description = schedule->GetDescription();
-  row.to_from = schedule->GetToFrom();
-  row.amount = schedule->GetAmount();
-  row.schedule = std::move(schedule);
-  return row;
+TableCell CellOfSchedule(const LDGRAccount* account, const LDGRAccountSchedule& schedule,
+                         std::string_view column, const TableFormat& format, DateNumber today) {
+  if (column == kNext) {
+    const DateNumber next = schedule.NextEntryDate();
+    return next < 0 ? TableCell{.text = "-"} : DayCell(next, format);
+  }
+  if (column == kRepeats) return {.text = RepeatsInWords(schedule)};
+  if (column == kUntil) return {.text = UntilInWords(schedule, format.date_format)};
+  if (column == kOverdue) {
+    TableCell cell = CountCell(static_cast<std::int64_t>(OverdueCount(schedule, today)));
+    if (cell.number == 0.0) cell.text.clear();
+    return cell;
+  }
+  if (column == kType) return {.text = TypeTextOfEntry(account, schedule)};
+  if (column == kDescription || column == kToFrom || column == kAmount) {
+    return CellOfEntry(schedule, column, format);
+  }
+  return {};
 }
 
-std::vector<ScheduleRow> ScheduleRows(const LDGRAccount& account, std::string_view date_format,
-                                      DateNumber today) {
-  ScheduleList schedules = account.GetSchedules();
-  std::stable_sort(schedules.begin(), schedules.end(), [](const auto& a, const auto& b) {
-    return a->NextEntryDateIsGreaterThan(*b) < 0;
+RowLook LookOfSchedule(const LDGRAccountSchedule& schedule, const LDGRPreferences& preferences,
+                       DateNumber today) {
+  // All that is listed is yet to come.
+  RowLook look = LookOfEntry(schedule, preferences, today);
+  look.is_italic = false;
+  look.is_overdue = OverdueCount(schedule, today) > 0;
+  return look;
+}
+
+void SortByNextDate(ScheduleList& schedules, bool descending) {
+  std::ranges::stable_sort(schedules, [descending](const auto& a, const auto& b) {
+    return (descending ? a->NextEntryDateIsGreaterThan_Reversed(*b)
+                       : a->NextEntryDateIsGreaterThan(*b)) < 0;
   });
-  std::vector<ScheduleRow> rows;
-  rows.reserve(schedules.size());
-  for (auto& schedule : schedules) {
-    rows.push_back(RowOfSchedule(account, std::move(schedule), date_format, today));
-  }
-  return rows;
 }
 
 }  // namespace tallyfold

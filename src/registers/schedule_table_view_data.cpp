@@ -1,59 +1,28 @@
 #include "registers/schedule_table_view_data.h"
 
 #include <algorithm>
-#include <array>
 #include <utility>
 
 #include "platform/ambient.h"
-#include "registers/register_look.h"
 #include "registers/register_order.h"
-#include "registers/schedule_list.h"
+#include "registers/rows_change.h"
 
 namespace tallyfold {
 namespace {
 
 constexpr std::string_view kNext = "next";
-constexpr std::string_view kRepeats = "repeats";
-constexpr std::string_view kUntil = "until";
-constexpr std::string_view kOverdue = "overdue";
-constexpr std::string_view kType = "type";
-constexpr std::string_view kDescription = "description";
-constexpr std::string_view kToFrom = "toFrom";
-constexpr std::string_view kAmount = "amount";
 
-struct ScheduleColumn {
-  std::string_view identifier;
-  std::string_view title;  // English key
-  double width;
-  bool sorts;
-};
-
-constexpr std::array kColumns = {
-    ScheduleColumn{kNext, "Next Date", 80, true},
-    ScheduleColumn{kRepeats, "Repeats", 140, false},
-    ScheduleColumn{kUntil, "Until", 110, false},
-    ScheduleColumn{kOverdue, "Overdue", 60, false},
-    ScheduleColumn{kType, "Type", 110, true},
-    ScheduleColumn{kDescription, "Description", 200, true},
-    ScheduleColumn{kToFrom, "To/From", 150, true},
-    ScheduleColumn{kAmount, "Amount", 90, true},
-};
-
-const ScheduleColumn* ColumnOf(std::string_view identifier) noexcept {
-  const auto* const found = std::ranges::find(kColumns, identifier, &ScheduleColumn::identifier);
-  return found != kColumns.end() ? found : nullptr;
+bool Sorts(std::string_view identifier) {
+  const std::vector<TableColumn> columns = DefaultScheduleColumns();
+  const auto found = std::ranges::find(columns, identifier, &TableColumn::identifier);
+  return found != columns.end() && found->sorts;
 }
 
-bool Sorts(std::string_view identifier) noexcept {
-  const ScheduleColumn* column = ColumnOf(identifier);
-  return column != nullptr && column->sorts;
-}
-
-ScheduleList InOrderOf(ScheduleList schedules, RegisterSortKey key, bool descending) {
+ScheduleList InOrderOf(ScheduleList schedules, const RegisterOrder& order) {
   ScheduleList sorted;
   sorted.reserve(schedules.size());
   const EntryList entries(schedules.begin(), schedules.end());
-  for (const std::uint32_t index : OrderOfEntries(entries, key, descending)) {
+  for (const std::uint32_t index : OrderOfEntries(entries, order)) {
     sorted.push_back(std::move(schedules[index]));
   }
   return sorted;
@@ -61,20 +30,7 @@ ScheduleList InOrderOf(ScheduleList schedules, RegisterSortKey key, bool descend
 
 }  // namespace
 
-std::vector<TableColumn> DefaultScheduleColumns() {
-  std::vector<TableColumn> columns;
-  for (const ScheduleColumn& column : kColumns) {
-    columns.push_back({std::string(column.identifier), column.width});
-  }
-  return columns;
-}
-
-std::string_view TitleOfScheduleColumn(std::string_view identifier) noexcept {
-  const ScheduleColumn* column = ColumnOf(identifier);
-  return column != nullptr ? column->title : "";
-}
-
-LDGRScheduleTableViewData::LDGRScheduleTableViewData(const Host& host, TableView& table)
+LDGRScheduleTableViewData::LDGRScheduleTableViewData(const TableHost& host, TableState& table)
     : host_(host), date_format_(CurrentLocale().ShortDateFormat()) {
   table.SetDataSource(this);
   layout_.SetTable(&table);
@@ -88,44 +44,48 @@ LDGRScheduleTableViewData::~LDGRScheduleTableViewData() {
 void LDGRScheduleTableViewData::ShowAccount(std::shared_ptr<LDGRAccount> account,
                                             std::shared_ptr<LDGRAccountPreferences> preferences) {
   account_ = std::move(account);
-  schedules_ = account_ != nullptr ? account_->GetSchedules() : ScheduleList();
+  const ScheduleList before = TakeSchedules();
   layout_.SetPreferences(std::move(preferences));
   layout_.Apply();
   Sort();
-  SelectRow(layout_.StoredRow());
-  Redraw();
+  ShowRows(before, layout_.StoredRow());
 }
 
 void LDGRScheduleTableViewData::Reload() {
   const auto selected = SelectedSchedule();
-  schedules_ = account_ != nullptr ? account_->GetSchedules() : ScheduleList();
+  const ScheduleList before = TakeSchedules();
   Sort();
-  SelectSchedule(selected.get());
-  Redraw();
+  ShowRows(before, RowOfRecord(schedules_, selected.get()).value_or(TableState::kNoRow));
+}
+
+ScheduleList LDGRScheduleTableViewData::TakeSchedules() {
+  return std::exchange(schedules_, account_ != nullptr ? account_->GetSchedules() : ScheduleList());
+}
+
+void LDGRScheduleTableViewData::ShowRows(const ScheduleList& before, std::int32_t selected_row) {
+  layout_.ShowSortColumn(SortColumn());
+  const bool is_selected = RecordOfRow(schedules_, selected_row) != nullptr;
+  layout_.Table()->TakeRows(ChangeOfRows(before, schedules_),
+                            is_selected ? selected_row : TableState::kNoRow);
+  if (is_selected) SelectRow(selected_row);
 }
 
 void LDGRScheduleTableViewData::Redraw() {
   layout_.ShowSortColumn(SortColumn());
+  layout_.Table()->ReloadData();
 }
 
 std::shared_ptr<LDGRAccountSchedule> LDGRScheduleTableViewData::SelectedSchedule() const {
-  const std::int32_t row = layout_.Table()->SelectedRow();
-  const bool exists = row >= 0 && static_cast<std::size_t>(row) < schedules_.size();
-  return exists ? schedules_[static_cast<std::size_t>(row)] : nullptr;
+  return RecordOfRow(schedules_, layout_.Table()->SelectedRow());
 }
 
 void LDGRScheduleTableViewData::SelectSchedule(const LDGRAccountSchedule* schedule) {
-  const auto found =
-      std::ranges::find(schedules_, schedule, [](const auto& other) { return other.get(); });
-  SelectRow(found == schedules_.end() ? TableView::kNoRow
-                                      : static_cast<std::int32_t>(found - schedules_.begin()));
+  SelectRow(RowOfRecord(schedules_, schedule).value_or(TableState::kNoRow));
 }
 
 void LDGRScheduleTableViewData::SelectRow(std::int32_t row) {
-  TableView& table = *layout_.Table();
-  if (row < 0 || static_cast<std::size_t>(row) >= schedules_.size()) {
-    return table.SelectRow(TableView::kNoRow);
-  }
+  TableState& table = *layout_.Table();
+  if (RecordOfRow(schedules_, row) == nullptr) return table.SelectRow(TableState::kNoRow);
   table.SelectRow(row);
   table.ScrollRowToVisible(row);
   layout_.StoreRow(row);
@@ -153,13 +113,10 @@ void LDGRScheduleTableViewData::Sort() {
   const std::string column = SortColumn();
   const bool descending = layout_.SortsDescending();
   if (const auto key = SortKeyOfColumn(column)) {
-    schedules_ = InOrderOf(std::move(schedules_), *key, descending);
-    return;
+    schedules_ = InOrderOf(std::move(schedules_), {key, descending});
+  } else {
+    SortByNextDate(schedules_, descending);
   }
-  std::ranges::stable_sort(schedules_, [descending](const auto& a, const auto& b) {
-    return (descending ? a->NextEntryDateIsGreaterThan_Reversed(*b)
-                       : a->NextEntryDateIsGreaterThan(*b)) < 0;
-  });
 }
 
 std::size_t LDGRScheduleTableViewData::numberOfRowsInTableView() const {
@@ -168,19 +125,13 @@ std::size_t LDGRScheduleTableViewData::numberOfRowsInTableView() const {
 
 TableCell LDGRScheduleTableViewData::tableView(std::string_view column, std::size_t row) const {
   if (row >= numberOfRowsInTableView()) return {};
-  const LDGRAccountSchedule& schedule = *schedules_[row];
-  if (column == kNext) return {NextDateText(schedule, date_format_)};
-  if (column == kRepeats) return {RepeatsInWords(schedule)};
-  if (column == kUntil) return {UntilInWords(schedule, date_format_)};
-  if (column == kOverdue) {
-    const std::size_t overdue = OverdueCount(schedule, TodaysDateNumber());
-    return {overdue == 0 ? "" : std::to_string(overdue), TableCell::Alignment::Right};
-  }
-  if (column == kType) return {TypeTextOfEntry(account_.get(), schedule)};
-  if (column == kDescription) return {schedule.GetDescription()};
-  if (column == kToFrom) return {schedule.GetToFrom()};
-  if (column == kAmount) return {schedule.GetAmount(), TableCell::Alignment::Right};
-  return {};
+  return CellOfSchedule(account_.get(), *schedules_[row], column,
+                        {date_format_, host_.preferences()}, TodaysDateNumber());
+}
+
+RowLook LDGRScheduleTableViewData::LookOfRow(std::size_t row) const {
+  if (row >= numberOfRowsInTableView()) return {};
+  return LookOfSchedule(*schedules_[row], host_.preferences(), TodaysDateNumber());
 }
 
 }  // namespace tallyfold

@@ -10,17 +10,13 @@
 
 #include "model/account.h"
 #include "model/account_schedule.h"
+#include "registers/schedule_list.h"
+#include "registers/table_data_source.h"
 #include "registers/table_layout.h"
-#include "registers/table_view.h"
+#include "registers/table_state.h"
 #include "storage/account_preferences.h"
 
 namespace tallyfold {
-
-// The columns of the schedule list as it is first shown: "next", "repeats", "until", "overdue",
-// "type", "description", "toFrom", "amount".
-[[nodiscard]] std::vector<TableColumn> DefaultScheduleColumns();
-// The English key of a column's title; "" for an unknown identifier.
-[[nodiscard]] std::string_view TitleOfScheduleColumn(std::string_view identifier) noexcept;
 
 // The rows behind the schedule list: the scheduled entries of an account in the order of the column
 // the user clicked. As in the registers (see account_table_view_data.h), rows follow their
@@ -28,15 +24,8 @@ namespace tallyfold {
 // the table "schedule".
 class LDGRScheduleTableViewData final : public TableDataSource {
  public:
-  class Host {
-   public:
-    virtual ~Host() = default;
-    // A locked application shows no rows.
-    [[nodiscard]] virtual bool IsUnlocked() const = 0;
-  };
-
   // Both must outlive this, which becomes the table's data source.
-  LDGRScheduleTableViewData(const Host& host, TableView& table);
+  LDGRScheduleTableViewData(const TableHost& host, TableState& table);
   LDGRScheduleTableViewData(const LDGRScheduleTableViewData&) = delete;
   LDGRScheduleTableViewData& operator=(const LDGRScheduleTableViewData&) = delete;
   ~LDGRScheduleTableViewData() override;
@@ -66,12 +55,17 @@ class LDGRScheduleTableViewData final : public TableDataSource {
   [[nodiscard]] std::size_t numberOfRowsInTableView() const override;
   // A row that does not exist shows nothing.
   [[nodiscard]] TableCell tableView(std::string_view column, std::size_t row) const override;
+  [[nodiscard]] RowLook LookOfRow(std::size_t row) const override;
 
  private:
   [[nodiscard]] std::string SortColumn() const;
+  // Those of the account, in its order; the former rows come back.
+  ScheduleList TakeSchedules();
   void Sort();
+  // Tells what became of the rows since they were `before`, and selects one of them.
+  void ShowRows(const ScheduleList& before, std::int32_t selected_row);
 
-  const Host& host_;
+  const TableHost& host_;
   std::shared_ptr<LDGRAccount> account_;
   ScheduleList schedules_;
   TableLayout layout_;

@@ -50,7 +50,7 @@ class LDGRSpeakingTextField {
   [[nodiscard]] const std::deque<std::string>& itemsToSpeak() const noexcept {
     return items_to_speak_;
   }
-  // None is ignored.
+  // A missing value is ignored.
   void addItemToSpeak(std::optional<std::string_view> item);
   // Speaks the oldest waiting text as soon as the voice is free.
   void speakNextItem();

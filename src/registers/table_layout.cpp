@@ -8,9 +8,6 @@
 namespace tallyfold {
 namespace {
 
-constexpr std::string_view kDownArrow = "tableView_DownArrow.tif";
-constexpr std::string_view kUpArrow = "tableView_UpArrow.tif";
-
 std::string_view IdentifierOf(const plist::Value& column) {
   return column.DictionaryValue().Get("identifier").StringValue();
 }
@@ -36,10 +33,9 @@ void TableLayout::SetPreferences(std::shared_ptr<LDGRAccountPreferences> prefere
 }
 
 bool TableLayout::Apply() {
-  if (table_view_ == nullptr || preferences_ == nullptr) return false;
-  table_view_->ClearIndicatorImages();
-  for (const TableColumn& hidden : table_view_->HiddenColumns())
-    table_view_->ShowColumn(hidden.identifier);
+  if (table_ == nullptr || preferences_ == nullptr) return false;
+  table_->ClearIndicatorImages();
+  for (const TableColumn& hidden : table_->HiddenColumns()) table_->ShowColumn(hidden.identifier);
   PlaceStoredColumns();
   HideStoredColumns();
   return true;
@@ -75,14 +71,14 @@ void TableLayout::PlaceStoredColumns() const {
   const auto columns = preferences_->GetColumnsForTableIdentifier(table_identifier_);
   if (!columns) return;
   for (const plist::Value& column : *columns) {
-    const auto index = table_view_->ColumnWithIdentifier(IdentifierOf(column));
+    const auto index = table_->ColumnWithIdentifier(IdentifierOf(column));
     const auto width = WidthOf(column);
-    if (index && width) table_view_->SetColumnWidth(*index, *width);
+    if (index && width) table_->SetColumnWidth(*index, *width);
   }
   std::size_t place = 0;
   for (const plist::Value& column : *columns) {
-    if (const auto index = table_view_->ColumnWithIdentifier(IdentifierOf(column))) {
-      table_view_->MoveColumn(*index, place++);
+    if (const auto index = table_->ColumnWithIdentifier(IdentifierOf(column))) {
+      table_->MoveColumn(*index, place++);
     }
   }
 }
@@ -92,37 +88,36 @@ void TableLayout::HideStoredColumns() const {
   if (!columns) return;
   for (const plist::Value& column : *columns) {
     const plist::Dictionary stored = column.DictionaryValue();
-    const auto index = table_view_->ColumnWithIdentifier(IdentifierOf(column));
+    const auto index = table_->ColumnWithIdentifier(IdentifierOf(column));
     if (!index) continue;
-    if (const auto width = WidthOf(column)) table_view_->SetColumnWidth(*index, *width);
+    if (const auto width = WidthOf(column)) table_->SetColumnWidth(*index, *width);
     const std::int32_t place = stored.Get("lastIndex").IntegerValue();
-    table_view_->HideColumn(*index, static_cast<std::size_t>(std::max(place, 0)));
+    table_->HideColumn(*index, static_cast<std::size_t>(std::max(place, 0)));
   }
 }
 
 void TableLayout::ShowSortColumn(const std::string& column) {
-  if (table_view_ == nullptr) return;
+  if (table_ == nullptr) return;
   if (preferences_ != nullptr && !column.empty()) {
     preferences_->SetSelectedColumnIdentifier(column, table_identifier_);
   }
-  if (table_view_->ColumnWithIdentifier(column)) {
-    table_view_->SetHighlightedColumn(column, SortsDescending() ? kDownArrow : kUpArrow);
+  if (table_->ColumnWithIdentifier(column)) {
+    table_->SetIndicator(column, SortsDescending());
   } else {
-    table_view_->ClearIndicatorImages();
+    table_->ClearIndicatorImages();
   }
-  table_view_->ReloadData();
 }
 
 bool TableLayout::HideColumn(std::string_view identifier) {
-  if (table_view_ == nullptr || preferences_ == nullptr) return false;
-  const auto index = table_view_->ColumnWithIdentifier(identifier);
+  if (table_ == nullptr || preferences_ == nullptr) return false;
+  const auto index = table_->ColumnWithIdentifier(identifier);
   if (!index) return false;
   plist::Dictionary stored;
   stored.Set("identifier", identifier);
-  stored.Set("width", plist::Value(table_view_->Columns()[*index].width).IntegerValue());
+  stored.Set("width", plist::Value(table_->Columns()[*index].width).IntegerValue());
   stored.Set("show", false);
   stored.Set("lastIndex", static_cast<std::int32_t>(*index));
-  if (!table_view_->HideColumn(*index, *index)) return false;
+  if (!table_->HideColumn(*index, *index)) return false;
   plist::Array hidden =
       preferences_->GetHiddenColumnsForTableIdentifier(table_identifier_).value_or(plist::Array());
   hidden.Append(stored);
@@ -131,7 +126,7 @@ bool TableLayout::HideColumn(std::string_view identifier) {
 }
 
 bool TableLayout::ShowColumn(std::string_view identifier) {
-  if (table_view_ == nullptr || preferences_ == nullptr || !table_view_->ShowColumn(identifier)) {
+  if (table_ == nullptr || preferences_ == nullptr || !table_->ShowColumn(identifier)) {
     return false;
   }
   plist::Array others;
@@ -139,7 +134,7 @@ bool TableLayout::ShowColumn(std::string_view identifier) {
     for (const plist::Value& column : *hidden) {
       if (IdentifierOf(column) == identifier) continue;
       plist::Dictionary other = column.DictionaryValue();
-      if (const auto place = table_view_->PlaceOfHiddenColumn(IdentifierOf(column))) {
+      if (const auto place = table_->PlaceOfHiddenColumn(IdentifierOf(column))) {
         other.Set("lastIndex", static_cast<std::int32_t>(*place));
       }
       others.Append(std::move(other));

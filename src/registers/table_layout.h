@@ -5,7 +5,7 @@
 #include <string>
 #include <string_view>
 
-#include "registers/table_view.h"
+#include "registers/table_state.h"
 #include "storage/account_preferences.h"
 
 namespace tallyfold {
@@ -15,9 +15,9 @@ namespace tallyfold {
 class TableLayout {
  public:
   // The table must outlive its stay here.
-  void SetTable(TableView* table) noexcept { table_view_ = table; }
-  [[nodiscard]] TableView* Table() const noexcept { return table_view_; }
-  // Where the table's layout stands in the preferences. None is ignored.
+  void SetTable(TableState* table) noexcept { table_ = table; }
+  [[nodiscard]] TableState* Table() const noexcept { return table_; }
+  // Where the table's layout stands in the preferences. A missing value is ignored.
   void SetIdentifier(std::optional<std::string_view> identifier);
   [[nodiscard]] const std::string& Identifier() const noexcept { return table_identifier_; }
   void SetPreferences(std::shared_ptr<LDGRAccountPreferences> preferences) noexcept;
@@ -37,7 +37,7 @@ class TableLayout {
   [[nodiscard]] bool SortsDescending() const;
   // Turns the stored order over, by that column. False without preferences.
   bool TurnOrderOver(std::string_view column);
-  // Highlights the sort column, which is stored, and reloads the table.
+  // Highlights the sort column, which is stored.
   void ShowSortColumn(const std::string& column);
 
   // A hidden column keeps its width and place in the preferences. False, and nothing changes, for
@@ -49,7 +49,7 @@ class TableLayout {
   void PlaceStoredColumns() const;
   void HideStoredColumns() const;
 
-  TableView* table_view_ = nullptr;
+  TableState* table_ = nullptr;
   std::string table_identifier_;
   std::shared_ptr<LDGRAccountPreferences> preferences_;
 };

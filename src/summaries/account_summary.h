@@ -38,7 +38,7 @@ class LDGRAccountSummary {
   void setOptionsFromDictionary(const plist::Dictionary& options);
 
   [[nodiscard]] const std::string& name() const noexcept { return name_; }
-  // None is ignored.
+  // A missing value is ignored.
   void setName(std::optional<std::string_view> name);
 
   // How the range follows from today or the entries (see summaries/summary_choices.h); 20, and any
@@ -90,7 +90,7 @@ class LDGRAccountSummary {
   [[nodiscard]] std::int32_t filterType() const noexcept { return filter_type_; }
   void setFilterType(std::int32_t type) noexcept { Change(filter_type_, type); }
   [[nodiscard]] const plist::Value& filterData() const noexcept { return filter_data_; }
-  // Keeps a copy; none is ignored.
+  // Keeps a copy; a missing value is ignored.
   void setFilterData(const plist::Value& data);
 
   // The account summarised; null for none. Accounts set it for the summaries they hold.

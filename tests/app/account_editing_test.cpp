@@ -12,6 +12,7 @@
 #include "app/shell/menus.h"
 #include "app/test_application.h"
 #include "model/entry_type.h"
+#include "registers/table_log.h"
 
 namespace tallyfold {
 namespace {
@@ -145,7 +146,11 @@ TEST(AccountsDrawer, ListsASortedCopy) {
   const auto b = test.AddAccount("b");
   test.AddDebit(10.0);
   const auto a = test.AddAccount("A");
+  TableLog log;
+  app.accountsDrawer().Table().SetShownBy(&log);
   const auto c = test.AddAccount("C");
+  EXPECT_TRUE(log.Take().starts_with("+2; "));
+  app.accountsDrawer().Table().SetShownBy(nullptr);
   c->SetStartingBalance(5.0);
   const AccountList in_file = app.desk().accounts();
   struct Case {
@@ -158,15 +163,21 @@ TEST(AccountsDrawer, ListsASortedCopy) {
   };
   for (const Case& each : cases) {
     if (*each.column != 0) app.accountsDrawer().ClickedTableColumn(each.column);
-    AccountList order;
-    for (const auto& row : app.accountsDrawer().Rows()) order.push_back(row.account);
-    EXPECT_EQ(order, each.order) << each.column;
+    EXPECT_EQ(app.accountsDrawer().Rows(), each.order) << each.column;
   }
   EXPECT_EQ(app.desk().accounts(), in_file);
 
   app.accountsDrawer().Table_Action(0);
   EXPECT_EQ(app.desk().SelectedAccount(), a);
-  EXPECT_TRUE(app.accountsDrawer().Rows()[0].is_selected);
+  EXPECT_EQ(app.accountsDrawer().Table().SelectedRow(), 0);
+  EXPECT_EQ(app.accountsDrawer().Table().HighlightedColumn(), "accounts");
+  EXPECT_EQ(app.accountsDrawer().tableView("balance", 2),
+            (TableCell{"$5.00", 5.0, TableCell::Alignment::Right}));
+  c->SetPassword("pass");
+  c->setAuthenticated(false);
+  EXPECT_EQ(app.accountsDrawer().tableView("balance", 2).text, "Locked");
+  EXPECT_EQ(app.accountsDrawer().tableView("balance", 2).number, std::nullopt);
+  EXPECT_EQ(app.accountsDrawer().tableView("accounts", 3), TableCell{});
   app.accountsDrawer().Table_Action(3);
   EXPECT_EQ(app.desk().SelectedAccount(), a);
   app.accountsDrawer().Table_DoubleClick(1);

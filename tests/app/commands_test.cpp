@@ -252,10 +252,10 @@ std::vector<std::pair<Area, std::string>> Seen(TestApplication& test) {
   const auto address = [](const auto& pointer) {
     return std::to_string(reinterpret_cast<std::uintptr_t>(pointer.get()));
   };
-  std::string accounts;
-  for (const AccountRow& row : app.accountsDrawer().Rows()) {
-    accounts += row.account->GetName() + flag(row.is_locked) + flag(row.is_selected) +
-                std::to_string(row.balance) + ' ';
+  auto& list = app.accountsDrawer();
+  std::string accounts = std::to_string(list.Table().SelectedRow());
+  for (std::size_t row = 0; row < list.numberOfRowsInTableView(); ++row) {
+    accounts += list.tableView("accounts", row).text + list.tableView("balance", row).text + ' ';
   }
   std::string rows;
   for (const auto* shown : {&app.registers().Entry(), &app.registers().Reconcile()}) {

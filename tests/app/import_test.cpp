@@ -15,6 +15,7 @@
 #include "app/shell/menus.h"
 #include "app/test_application.h"
 #include "app/views/registers.h"
+#include "registers/table_log.h"
 
 namespace tallyfold {
 namespace {
@@ -204,12 +205,40 @@ TEST_F(ImportTest, EditsAnEntryThroughTheSheetsWithoutTouchingTheAccount) {
   EXPECT_EQ(import.Review().total, 2.0);
 }
 
+TEST_F(ImportTest, ShowsTheReviewAsATable) {
+  app.registers().Entry().HideTableColumnWithIdentifier("cleared");
+  BeginReview();
+  auto& rows = import.tableDataSource();
+  TableLog log;
+  rows.Table().SetShownBy(&log);
+  EXPECT_EQ(rows.Table().Columns().size(), 7U);
+  EXPECT_EQ(TitleOf(rows.Table().Columns().front()), "Import");
+  EXPECT_EQ(rows.tableView("import", 0).mark, TableCell::Mark::Unset) << "it is there already";
+  EXPECT_EQ(rows.tableView("import", 1).mark, TableCell::Mark::Set);
+  EXPECT_EQ(rows.tableView("type", 2).text, "Present");
+  EXPECT_EQ(rows.tableView("amount", 2).number, 7.0);
+  EXPECT_EQ(rows.tableView("date", 3), TableCell{});
+  EXPECT_TRUE(rows.LookOfRow(2).color);
+
+  import.ClickedTableColumn("description");  // Bread, Gift, Tea
+  EXPECT_EQ(log.Take(), "0>2; row 2; ");
+  EXPECT_EQ(rows.Table().HighlightedColumn(), "description");
+  import.SelectEntry(import.entries()[2]);
+  EXPECT_EQ(log.Take(), "row 1; ");
+  import.ImportEntry_Import();
+  EXPECT_EQ(log.Take(), "=0-2; ");
+  EXPECT_EQ(rows.tableView("import", 1).mark, TableCell::Mark::Unset);
+  import.ImportEntry_Remove();
+  EXPECT_EQ(log.Take(), "-1; =0-1; ");
+  EXPECT_EQ(rows.GetSelectedEntry()->GetDescription(), "Tea");
+}
+
 TEST_F(ImportTest, CommitsAfterAQuestionAndShowsWhatCame) {
   BeginReview();
   import.tableDataSource().ClickedTableColumn("amount");
   import.tableDataSource().ClickedTableColumn("amount");
-  EXPECT_EQ(import.tableDataSource().tableView("description", 0).value,
-            (std::variant<std::string, double>("Gift")));
+  EXPECT_EQ(import.tableDataSource().tableView("description", 0).text, "Gift");
+  EXPECT_TRUE(import.tableDataSource().Table().IndicatesDescending());
   alerts.Answer("Cancel");
   EXPECT_FALSE(import.import_OK_Button());
   app.selection().Account_Deselect();

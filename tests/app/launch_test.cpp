@@ -41,11 +41,11 @@ std::string AccountDictionary(int number, const std::string& name, int version =
 
 // Notes the calls of the launch with what was there at the time: preferences, observed
 // notifications, the list of accounts, the timer.
-class LaunchLog final : public FrontEnd, public MainWindow {
+class LaunchLog final : public FrontEnd, public WindowHooks {
  public:
   explicit LaunchLog(TestApplication& test) : test_(test) {
     test.app.SetFrontEnd(this);
-    test.app.SetMainWindow(this);
+    test.app.SetWindowHooks(this);
   }
 
   void LoadDatePicker() override { Note("date picker"); }

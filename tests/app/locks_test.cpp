@@ -74,10 +74,10 @@ TEST(ApplicationLock, SavesThenClearsTheScreenThenAsks) {
 }
 
 // Notes what a password sheet does to the window, and which sheet is open meanwhile.
-struct SheetLog final : FrontEnd, MainWindow {
+struct SheetLog final : FrontEnd, WindowHooks {
   explicit SheetLog(LDGRController& controller) : app(controller) {
     app.SetFrontEnd(this);
-    app.SetMainWindow(this);
+    app.SetWindowHooks(this);
   }
   void BringToFront() override { Note("front"); }
   void RememberFirstResponder() override { Note("remember"); }
@@ -234,13 +234,13 @@ TEST(PreferencesSheet, PutsItsCopyInForceAtOKAlone) {
 }
 
 TEST(PreferencesSheet, KeepsItsSecurityTabWhileThePasswordsDiffer) {
-  struct Window final : MainWindow {
+  struct Window final : WindowHooks {
     void FocusPasswordField() override { ++focused; }
     int focused = 0;
   } window;
   TestApplication test;
   auto& app = test.app;
-  app.SetMainWindow(&window);
+  app.SetWindowHooks(&window);
   app.preferencesSheet().Open();
   EXPECT_TRUE(app.preferencesSheet().SelectTab("security"));
   app.preferencesSheet().PasswordValidate("x", "");

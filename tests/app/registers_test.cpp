@@ -241,13 +241,13 @@ TEST(Deselection, ShowsNothingOfTheAccountAnyMore) {
 }
 
 TEST(Reading, EndsWithTheUsersInputAndTheWindow) {
-  struct Window final : MainWindow {
+  struct Window final : WindowHooks {
     bool IsMain() override { return is_main; }
     bool is_main = true;
   } window;
   TestApplication test(false);
   auto& app = test.app;
-  app.SetMainWindow(&window);
+  app.SetWindowHooks(&window);
   ASSERT_TRUE(app.lifecycle().applicationDidFinishLaunching());
   app.accountSheet().AccountEditSheet_OK();
   for (int i = 0; i < 3; ++i) Add(test, 20040301 + i, "x");

@@ -21,6 +21,7 @@
 #include "printing/register_document.h"
 #include "printing/schedule_document.h"
 #include "printing/summary_document.h"
+#include "registers/fake_table_host.h"
 #include "registers/register_look.h"
 #include "summaries/account_summary.h"
 #include "summaries/summary_layout.h"
@@ -29,10 +30,6 @@ namespace tallyfold {
 namespace {
 
 constexpr DateNumber kToday = 20260302;
-
-struct UnlockedHost final : LDGRAccountTableViewData::Host {
-  [[nodiscard]] bool IsUnlocked() const override { return true; }
-};
 
 // A register that shows all entries of an account in the order of days.
 struct ShownRegister {
@@ -46,8 +43,8 @@ struct ShownRegister {
 
   std::shared_ptr<LDGRAccount> account;
   ScopedCurrentAccount current{account.get()};
-  UnlockedHost host;
-  TableView table{DefaultRegisterColumns()};
+  FakeTableHost host;
+  TableState table{DefaultRegisterColumns()};
   std::shared_ptr<LDGRAccountPreferences> views = std::make_shared<LDGRAccountPreferences>();
   LDGRAccountTableViewData rows{host};
 };

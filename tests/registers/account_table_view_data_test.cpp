@@ -11,14 +11,11 @@
 #include "fakes/fake_ambient.h"
 #include "model/account.h"
 #include "model/current_account.h"
+#include "registers/fake_table_host.h"
+#include "registers/table_log.h"
 
 namespace tallyfold {
 namespace {
-
-struct FakeHost final : LDGRAccountTableViewData::Host {
-  [[nodiscard]] bool IsUnlocked() const override { return is_unlocked; }
-  bool is_unlocked = true;
-};
 
 class RegisterRowsTest : public testing::Test {
  protected:
@@ -66,8 +63,8 @@ class RegisterRowsTest : public testing::Test {
   }
 
   FakeAmbient ambient_;
-  FakeHost host_;
-  TableView table_{DefaultRegisterColumns()};
+  FakeTableHost host_;
+  TableState table_{DefaultRegisterColumns()};
   std::shared_ptr<LDGRAccountPreferences> preferences_ = std::make_shared<LDGRAccountPreferences>();
   std::shared_ptr<LDGRAccount> account_ = std::make_shared<LDGRAccount>();
   ScopedCurrentAccount current_{account_.get()};
@@ -101,8 +98,8 @@ TEST_F(RegisterRowsTest, ShowCellsByColumn) {
     TableCell cell;
   };
   const std::vector<Case> cases = {
-      {"date", 0, {"03/07/04"}},
-      {"check", 0, {"1042", Alignment::Right}},
+      {"date", 0, {"03/07/04", 20040307.0}},
+      {"check", 0, {"1042", 1042.0, Alignment::Right}},
       {"check", 1, {""}},
       {"type", 0, {"Old Card"}},
       {"type", 1, {"Transfer To"}},
@@ -110,17 +107,21 @@ TEST_F(RegisterRowsTest, ShowCellsByColumn) {
       {"type", 3, {""}},
       {"description", 0, {"Books"}},
       {"toFrom", 0, {"Cellar"}},
-      {"cleared", 0, {"\u2713"}},
-      {"cleared", 1, {""}},
-      {"amount", 1, {-20.0, Alignment::Right}},
-      {"balance", 0, {987.5, Alignment::Right}},
-      {"balance", 3, {988.5, Alignment::Right}},
+      {"cleared", 0, {"\u2713", {}, Alignment::Natural, TableCell::Mark::Set}},
+      {"cleared", 1, {"", {}, Alignment::Natural, TableCell::Mark::Unset}},
+      {"amount", 1, {"-$20.00", -20.0, Alignment::Right}},
+      {"balance", 0, {"$987.50", 987.5, Alignment::Right}},
+      {"balance", 3, {"$988.50", 988.5, Alignment::Right}},
       {"unknown", 0, {""}},
   };
   for (const Case& c : cases) EXPECT_EQ(rows_.tableView(c.column, c.row), c.cell) << c.column;
   rows_.SetDateFormat("%Y-%m-%d");
   rows_.SetDateFormat(std::nullopt);
-  EXPECT_EQ(rows_.tableView("date", 0), TableCell{"2004-03-07"});
+  EXPECT_EQ(rows_.tableView("date", 0).text, "2004-03-07");
+  host_.wanted.SetShowCurrencySymbol(false);
+  EXPECT_EQ(rows_.tableView("amount", 1).text, "-20.00");
+  EXPECT_TRUE(rows_.LookOfRow(1).color);
+  EXPECT_TRUE(rows_.LookOfRow(99) == RowLook());
 }
 
 TEST_F(RegisterRowsTest, AreHiddenByTheLockAndLoggedWhereThereAreNone) {
@@ -195,6 +196,70 @@ TEST_F(RegisterRowsTest, KeepTheEntrySelectedWhenReloaded) {
   EXPECT_EQ(Rows(), "2 3 1 ");
 }
 
+TEST_F(RegisterRowsTest, TellWhatBecameOfThemAndThenOfTheSelection) {
+  AddThree();
+  const EntryList all = account_->GetEntries();  // in the order of days: 1, 2, 0
+  const auto later = Add(4, 20040305, 1, "Zoo");
+  const auto latest = Add(5, 20040306, 1, "Zoo");
+  rows_.Redraw();
+  TableLog log;
+  table_.SetShownBy(&log);
+  struct Case {
+    EntryList entries;
+    std::string_view told;
+  };
+  const auto& a = all[1];
+  const auto& b = all[2];
+  const auto& c = all[0];
+  for (const Case& each : {
+           Case{{}, "reset; "},
+           Case{{c, a, b}, "+0-2; "},
+           Case{{a, b, c}, "=0-2; "},
+           Case{{a, c}, "-1; row 1; "},
+           Case{{a, b, c}, "+1; row 2; "},
+           Case{{a, b, c, later, latest}, "+3-4; "},
+           Case{{b, later}, "reset; row -1; "},
+           Case{{b, c, later}, "+1; "},
+           Case{{c}, "reset; "},
+           Case{{}, "-0; "},
+           Case{{a, b, c, later}, "+0-3; "},
+       }) {
+    rows_.Reload(each.entries);
+    EXPECT_EQ(log.Take(), each.told) << each.entries.size();
+    if (each.told == "=0-2; ") rows_.SelectEntry(c.get());
+    log.Take();
+  }
+  rows_.SelectEntry(c.get());
+  log.Take();
+  a->SetDate(20040310);
+  rows_.Reload(account_->entryFilteredEntries());
+  EXPECT_EQ(log.Take(), "reset; row 1; ") << "one moved and one came";
+  latest->SetDate(20040301);
+  rows_.Reload(account_->GetEntries());
+  EXPECT_EQ(log.Take(), "3>0; row 2; ");
+  latest->SetDate(20040306);
+  rows_.Reload(account_->GetEntries());
+  EXPECT_EQ(log.Take(), "0>3; row 1; ");
+  rows_.ClickedTableColumn("date");
+  EXPECT_EQ(log.Take(), "sort 4 3 2 1 0; row 3; ");
+  rows_.Redraw();
+  EXPECT_EQ(log.Take(), "=0-4; ");
+  rows_.SortBy(RegisterSortKey::Date, false);
+  rows_.Redraw();
+  EXPECT_EQ(log.Take(), "reset; ") << "sorted without telling";
+
+  rows_.SelectRow(-1);
+  log.Take();
+  host_.is_unlocked = false;
+  rows_.Redraw();
+  EXPECT_EQ(log.Take(), "reset; ");
+  rows_.Reload(all);
+  EXPECT_EQ(log.Take(), "reset; ");
+  host_.is_unlocked = true;
+  rows_.Redraw();
+  EXPECT_EQ(log.Take(), "reset; ");
+}
+
 TEST_F(RegisterRowsTest, StartWithTheStoredRow) {
   AddThree();
   struct Case {
@@ -222,7 +287,7 @@ TEST_F(RegisterRowsTest, StartWithTheStoredRow) {
   EXPECT_EQ(Rows(), "2 3 [1] ");
   rows_.SetAccount(nullptr);
   EXPECT_EQ(Rows(), "");
-  EXPECT_EQ(table_.SelectedRow(), TableView::kNoRow);
+  EXPECT_EQ(table_.SelectedRow(), TableState::kNoRow);
 }
 
 plist::Value Column(std::string_view identifier, const plist::Value& width) {
@@ -273,7 +338,7 @@ TEST_F(RegisterRowsTest, ShowHiddenColumnsAtTheirPlacesInAnyOrder) {
         columns.Append(Column(column.identifier, column.width));
       }
       preferences_->SetColumns(columns, "entry");
-      TableView other_table(DefaultRegisterColumns());
+      TableState other_table(DefaultRegisterColumns());
       LDGRAccountTableViewData other(host_);
       other.SetTableView(&other_table);
       other.SetTableIdentifier("entry");
@@ -304,7 +369,7 @@ TEST_F(RegisterRowsTest, HideColumnsAndBringThemBackToTheirPlace) {
   EXPECT_EQ(Rows(), "1 2 3 ");
 
   // Another table of the same layout, as after the next launch.
-  TableView other_table(DefaultRegisterColumns());
+  TableState other_table(DefaultRegisterColumns());
   LDGRAccountTableViewData other(host_);
   other.SetTableView(&other_table);
   other.SetTableIdentifier("entry");
@@ -313,7 +378,8 @@ TEST_F(RegisterRowsTest, HideColumnsAndBringThemBackToTheirPlace) {
   other.ReconfigureTable();
   EXPECT_EQ(other_table.Columns(), table_.Columns());
   other.ShowTableColumnWithIdentifier("description");
-  EXPECT_EQ(other_table.Columns()[3], (TableColumn{"description", 222.0}));
+  EXPECT_EQ(other_table.Columns()[3].identifier, "description");
+  EXPECT_EQ(other_table.Columns()[3].width, 222.0);
   EXPECT_TRUE(other.GetAccountPreferences()->GetHiddenColumnsForTableIdentifier("entry")->empty());
 
   for (const TableColumn& column : DefaultRegisterColumns()) {

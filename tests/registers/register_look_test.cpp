@@ -23,16 +23,16 @@ TEST(RegisterRows, AreColouredByKindAndItalicInTheFuture) {
     entry.SetIsDeposit((c.flags & 2) != 0);
     entry.SetIsTransfer((c.flags & 4) != 0);
     entry.SetDate(20040308);
-    const RegisterRowLook look = LookOfRow(entry, preferences, 20040307);
+    const RowLook look = LookOfEntry(entry, preferences, 20040307);
     ASSERT_EQ(look.color.has_value(), c.red.has_value()) << c.flags;
     EXPECT_EQ(look.color.value_or(RegisterColor{}).red, c.red.value_or(0.0F)) << c.flags;
     EXPECT_TRUE(look.is_italic);
-    EXPECT_FALSE(LookOfRow(entry, preferences, 20040308).is_italic);
+    EXPECT_FALSE(LookOfEntry(entry, preferences, 20040308).is_italic);
   }
   preferences.SetItalicizeFutureEntries(false);
   LDGRAccountEntry future;
   future.SetDate(20990101);
-  EXPECT_FALSE(LookOfRow(future, preferences, 20040307).is_italic);
+  EXPECT_FALSE(LookOfEntry(future, preferences, 20040307).is_italic);
 }
 
 TEST(RegisterRows, WriteAmountsAndDaysAsThePreferencesWant) {

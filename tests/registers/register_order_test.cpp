@@ -60,6 +60,7 @@ TEST(RegisterOrder, IsThatOfTheEntriesComparisons) {
     Comparator descending;
   };
   const std::array cases = {
+      Case{"number", &Entry::NumberIsGreaterThan, &Entry::NumberIsGreaterThan_Reversed},
       Case{"check", &Entry::CheckNumberIsGreaterThan, &Entry::CheckNumberIsGreaterThan_Reversed},
       Case{"date", &Entry::DatePrimaryCheckSecondaryIsGreaterThan,
            &Entry::DatePrimaryCheckSecondaryIsGreaterThan_Reversed},
@@ -87,7 +88,7 @@ TEST(RegisterOrder, IsThatOfTheEntriesComparisons) {
         return ((*a).*comparator)(*b) < 0;
       });
       EntryList sorted;
-      for (const auto i : OrderOfEntries(entries, *SortKeyOfColumn(c.column), descending)) {
+      for (const auto i : OrderOfEntries(entries, {SortKeyOfColumn(c.column), descending})) {
         sorted.push_back(entries[i]);
       }
       EXPECT_TRUE(sorted == expected) << c.column << (descending ? " descending" : "");
@@ -100,7 +101,7 @@ TEST(RegisterOrder, LeavesEntriesAsTheyAreForNoKey) {
   EXPECT_EQ(SortKeyOfColumn(""), std::nullopt);
   const EntryList entries = {std::make_shared<Entry>(), std::make_shared<Entry>()};
   for (const std::int32_t key : {7, -1, 99}) {
-    EXPECT_EQ(OrderOfEntries(entries, static_cast<RegisterSortKey>(key), true),
+    EXPECT_EQ(OrderOfEntries(entries, {static_cast<RegisterSortKey>(key), true}),
               (std::vector<std::uint32_t>{0, 1}));
   }
 }

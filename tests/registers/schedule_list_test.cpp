@@ -3,7 +3,9 @@
 #include <gtest/gtest.h>
 
 #include "fakes/fake_ambient.h"
+#include "registers/fake_table_host.h"
 #include "registers/schedule_table_view_data.h"
+#include "registers/table_log.h"
 
 namespace tallyfold {
 namespace {
@@ -58,22 +60,26 @@ TEST(ScheduleList, PutsTheNextFirstAndCountsWhatHasPassed) {
   const auto later = Schedule(2, 20040401, 4);
   for (const auto& schedule : {once, later, weekly}) account.AddSchedule(schedule);
 
+  const LDGRPreferences preferences;
+  const TableFormat format{"%Y-%m-%d", preferences};
+  ScheduleList schedules = account.GetSchedules();
+  SortByNextDate(schedules, false);
   std::vector<std::string> rows;
-  for (const ScheduleRow& row : ScheduleRows(account, "%Y-%m-%d", 20040307)) {
-    rows.push_back(std::to_string(row.schedule->GetNumber()) + " " + row.next_date + " " +
-                   std::to_string(row.overdue) + " " + row.type);
+  for (const auto& schedule : schedules) {
+    const auto text = [&](std::string_view column) {
+      return CellOfSchedule(&account, *schedule, column, format, 20040307).text;
+    };
+    rows.push_back(std::to_string(schedule->GetNumber()) + " " + text("next") + " " +
+                   text("overdue") + " " + text("type"));
   }
-  EXPECT_EQ(rows, (std::vector<std::string>{"1 2004-02-22 2 Transfer From", "2 2004-04-01 0 ",
-                                            "0 - 1 "}));
+  EXPECT_EQ(rows,
+            (std::vector<std::string>{"1 2004-02-22 2 Transfer From", "2 2004-04-01  ", "0 - 1 "}));
 }
 
 TEST(ScheduleTable, ShowsAndSortsByItsColumns) {
   FakeAmbient ambient;
   ambient.clock.SetLocal({2004, 3, 7, 12, 0, 0});
-  struct : LDGRScheduleTableViewData::Host {
-    bool IsUnlocked() const override { return is_unlocked; }
-    bool is_unlocked = true;
-  } host;
+  FakeTableHost host;
   const auto account = std::make_shared<LDGRAccount>();
   const auto monthly = Schedule(0, 20040201, 4);
   monthly->SetDescription("Rent");
@@ -84,17 +90,24 @@ TEST(ScheduleTable, ShowsAndSortsByItsColumns) {
   account->AddSchedule(weekly);
   account->AddSchedule(monthly);
   const auto views = std::make_shared<LDGRAccountPreferences>();
-  TableView table(DefaultScheduleColumns());
+  TableState table(DefaultScheduleColumns());
   LDGRScheduleTableViewData rows(host, table);
   rows.ShowAccount(account, views);
   const std::pair<std::string_view, TableCell> cells[] = {
-      {"next", {"02/01/04"}}, {"repeats", {"Every month"}},
-      {"until", {"Forever"}}, {"overdue", {"2", TableCell::Alignment::Right}},
-      {"type", {""}},         {"description", {"Rent"}},
-      {"toFrom", {"Owner"}},  {"amount", {-890.0, TableCell::Alignment::Right}},
+      {"next", {"02/01/04", 20040201.0}},
+      {"repeats", {"Every month"}},
+      {"until", {"Forever"}},
+      {"overdue", {"2", 2.0, TableCell::Alignment::Right}},
+      {"type", {""}},
+      {"description", {"Rent"}},
+      {"toFrom", {"Owner"}},
+      {"amount", {"-$890.00", -890.0, TableCell::Alignment::Right}},
       {"nonsense", {}},
+      {"date", {}},
   };
   for (const auto& [column, cell] : cells) EXPECT_EQ(rows.tableView(column, 0), cell) << column;
+  EXPECT_TRUE(rows.LookOfRow(0).is_overdue);
+  EXPECT_FALSE(rows.LookOfRow(2).is_overdue);
   EXPECT_EQ(rows.SelectedSchedule(), monthly);
   rows.ClickedTableColumn("description");  // turns the order over
   EXPECT_EQ(rows.Schedules(), (ScheduleList{monthly, weekly}));
@@ -106,6 +119,11 @@ TEST(ScheduleTable, ShowsAndSortsByItsColumns) {
   EXPECT_EQ(views->GetSelectedColumnIdentifierForTableIdentifier("schedule"), "description");
   rows.HideTableColumnWithIdentifier("until");
   EXPECT_EQ(table.Columns().size(), 7U);
+  TableLog log;
+  table.SetShownBy(&log);
+  account->AddSchedule(Schedule(2, 20040801, 4));
+  rows.Reload();
+  EXPECT_EQ(log.Take(), "+0; row 2; ");
   host.is_unlocked = false;
   EXPECT_EQ(rows.numberOfRowsInTableView(), 0U);
 }

@@ -14,6 +14,7 @@
 #include "fakes/fake_services.h"
 #include "model/account.h"
 #include "registers/entry_speaker.h"
+#include "registers/fake_table_host.h"
 #include "registers/speaking_text_field.h"
 
 namespace tallyfold {
@@ -22,12 +23,11 @@ namespace {
 using namespace std::chrono_literals;
 using Heard = std::vector<std::string>;
 
-struct FakeHost final : EntrySpeaker::Host, LDGRAccountTableViewData::Host {
+struct FakeHost final : EntrySpeaker::Host {
   [[nodiscard]] bool RegisterWindowIsMain() const override { return window_is_main; }
   [[nodiscard]] RegisterKind ShownRegister() const override { return shown; }
   [[nodiscard]] LDGRAccountTableViewData* CurrentRegister() override { return rows; }
   [[nodiscard]] float PauseBetweenSpokenEntries() const override { return pause; }
-  [[nodiscard]] bool IsUnlocked() const override { return true; }
 
   bool window_is_main = true;
   RegisterKind shown = RegisterKind::Entry;
@@ -78,8 +78,9 @@ class EntrySpeakerTest : public testing::Test {
   FakeRunLoop loop_;
   FakeSpeech speech_;
   FakeHost host_;
-  TableView table_{DefaultRegisterColumns()};
-  LDGRAccountTableViewData rows_{host_};
+  TableState table_{DefaultRegisterColumns()};
+  FakeTableHost table_host_;
+  LDGRAccountTableViewData rows_{table_host_};
   EntryList entries_;
   EntrySpeaker speaker_{loop_, speech_, host_};
   std::size_t heard_ = 0;

@@ -7,10 +7,10 @@
 #include "app/desk.h"
 #include "app/face/announcer.h"
 #include "app/face/front_end.h"
-#include "app/face/main_window.h"
 #include "app/face/password_sheet.h"
 #include "app/face/refresh.h"
 #include "app/face/sheet_slot.h"
+#include "app/face/window_hooks.h"
 #include "model/account.h"
 #include "storage/preferences_store.h"
 
@@ -20,7 +20,7 @@ namespace tallyfold {
 class AccountPasswords {
  public:
   AccountPasswords(Desk& desk, AccountSelection& selection, PreferencesStore& preferences,
-                   SheetSlot& sheets, MainWindowSlot& window, Refresh& refresh,
+                   SheetSlot& sheets, WindowHooksSlot& window, Refresh& refresh,
                    Announcer& announcer) noexcept
       : desk_(desk),
         selection_(selection),

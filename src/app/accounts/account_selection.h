@@ -5,8 +5,8 @@
 
 #include "app/desk.h"
 #include "app/face/announcer.h"
-#include "app/face/main_window.h"
 #include "app/face/refresh.h"
+#include "app/face/window_hooks.h"
 #include "model/account.h"
 #include "storage/preferences_store.h"
 
@@ -42,7 +42,7 @@ class AccountSelection {
     virtual void ReplaceScheduleReminderTimer() = 0;
   };
 
-  AccountSelection(Host& host, Desk& desk, PreferencesStore& preferences, MainWindowSlot& window,
+  AccountSelection(Host& host, Desk& desk, PreferencesStore& preferences, WindowHooksSlot& window,
                    Refresh& refresh, Announcer& announcer) noexcept
       : host_(host),
         desk_(desk),
@@ -80,7 +80,7 @@ class AccountSelection {
   Host& host_;
   Desk& desk_;
   PreferencesStore& preferences_;
-  MainWindowSlot& window_;
+  WindowHooksSlot& window_;
   Refresh& refresh_;
   Announcer& announcer_;
   std::string window_title_;

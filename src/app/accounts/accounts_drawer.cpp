@@ -1,11 +1,33 @@
 #include "app/accounts/accounts_drawer.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "platform/ambient.h"
-#include "storage/preferences.h"
+#include "registers/register_look.h"
+#include "registers/rows_change.h"
 
 namespace tallyfold {
+namespace {
+
+// Under which the preferences remember the order.
+constexpr std::string_view kName = "accounts";
+constexpr std::string_view kBalance = "balance";
+
+}  // namespace
+
+std::vector<TableColumn> AccountColumns() {
+  return {{std::string(kName), 130, "Accounts"},
+          {std::string(kBalance), 90, "Balance", TableColumn::Content::Amount}};
+}
+
+TableCell CellOfAccount(const LDGRAccount& account, std::string_view column,
+                        const LDGRPreferences& preferences) {
+  if (column == kName) return {.text = account.GetName()};
+  if (column != kBalance) return {};
+  if (!account.IsLocked()) return AmountCell(account.GetBalance(), {"", preferences});
+  return {.text = LocalizedText("Locked"), .alignment = TableCell::Alignment::Right};
+}
 
 AccountsDrawer::AccountsDrawer(Desk& desk, AccountSelection& selection, AccountEditing& editing,
                                Refresh& refresh, Announcer& announcer)
@@ -13,7 +35,14 @@ AccountsDrawer::AccountsDrawer(Desk& desk, AccountSelection& selection, AccountE
       selection_(selection),
       editing_(editing),
       refresh_(refresh),
-      announcer_(announcer) {}
+      announcer_(announcer),
+      table_(AccountColumns()) {
+  table_.SetDataSource(this);
+}
+
+AccountsDrawer::~AccountsDrawer() {
+  table_.SetDataSource(nullptr);
+}
 
 void AccountsDrawer::ToggleAccountsDrawer() {
   SetOpen(!state_.is_open);
@@ -30,28 +59,34 @@ void AccountsDrawer::SetOpen(bool is_open) {
   announcer_.Changed(Area::AccountsDrawer);
 }
 
-std::vector<AccountRow> AccountsDrawer::Rows() const {
-  std::vector<AccountRow> rows;
-  if (!desk_.IsUnlocked()) return rows;
-  const auto selected = desk_.SelectedAccount();
-  for (const auto& account : desk_.accounts()) {
-    rows.push_back({account, account->GetBalance(), account->IsLocked(), account == selected});
-  }
-
+void AccountsDrawer::Reload() {
+  AccountList sorted = SortedAccounts();
+  const RowsChange change = ChangeOfRows(rows_, sorted);
+  rows_ = std::move(sorted);
   const auto& preferences = desk_.preferences();
-  const bool by_balance = preferences.GetAccountListSortKey() == kBalanceColumn;
+  table_.SetIndicator(preferences.GetAccountListSortKey() == kBalance ? kBalance : kName,
+                      preferences.GetAccountListSortDescending());
+  table_.TakeRows(change,
+                  RowOfRecord(rows_, desk_.SelectedAccount().get()).value_or(TableState::kNoRow));
+}
+
+AccountList AccountsDrawer::SortedAccounts() const {
+  if (!desk_.IsUnlocked()) return {};
+  AccountList accounts = desk_.accounts();
+  const auto& preferences = desk_.preferences();
+  const bool by_balance = preferences.GetAccountListSortKey() == kBalance;
   const bool is_descending = preferences.GetAccountListSortDescending();
-  const auto comes_before = [by_balance](const AccountRow& a, const AccountRow& b) {
-    return by_balance ? a.balance < b.balance : a.account->NameIsGreaterThan(*b.account) < 0;
+  const auto comes_before = [by_balance](const auto& a, const auto& b) {
+    return by_balance ? a->GetBalance() < b->GetBalance() : a->NameIsGreaterThan(*b) < 0;
   };
-  std::stable_sort(rows.begin(), rows.end(), [&](const AccountRow& a, const AccountRow& b) {
+  std::stable_sort(accounts.begin(), accounts.end(), [&](const auto& a, const auto& b) {
     return is_descending ? comes_before(b, a) : comes_before(a, b);
   });
-  return rows;
+  return accounts;
 }
 
 void AccountsDrawer::ClickedTableColumn(std::string_view column) {
-  if (column != kNameColumn && column != kBalanceColumn) return;
+  if (column != kName && column != kBalance) return;
   auto& preferences = desk_.preferences();
   const bool was_sorted_by = preferences.GetAccountListSortKey() == column;
   preferences.SetAccountListSortDescending(was_sorted_by &&
@@ -61,15 +96,20 @@ void AccountsDrawer::ClickedTableColumn(std::string_view column) {
 }
 
 void AccountsDrawer::Table_Action(std::size_t row) {
-  const auto rows = Rows();
-  if (row < rows.size()) selection_.Account_Select(rows[row].account);
+  if (row < rows_.size()) selection_.Account_Select(rows_[row]);
 }
 
 void AccountsDrawer::Table_DoubleClick(std::size_t row) {
-  const auto rows = Rows();
-  if (row >= rows.size()) return;
-  if (!rows[row].is_selected) selection_.Account_Select(rows[row].account);
-  if (desk_.SelectedAccount() == rows[row].account) editing_.Account_Edit();
+  if (row >= rows_.size()) return;
+  // Selecting reloads the rows.
+  const auto account = rows_[row];
+  if (desk_.SelectedAccount() != account) selection_.Account_Select(account);
+  if (desk_.SelectedAccount() == account) editing_.Account_Edit();
+}
+
+TableCell AccountsDrawer::tableView(std::string_view column, std::size_t row) const {
+  if (row >= rows_.size()) return {};
+  return CellOfAccount(*rows_[row], column, desk_.preferences());
 }
 
 }  // namespace tallyfold

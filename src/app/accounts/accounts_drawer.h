@@ -12,17 +12,19 @@
 #include "app/face/announcer.h"
 #include "app/face/refresh.h"
 #include "model/account.h"
+#include "registers/table_data_source.h"
+#include "registers/table_state.h"
+#include "storage/preferences.h"
 
 namespace tallyfold {
 
-// A row of the accounts list.
-struct AccountRow {
-  std::shared_ptr<LDGRAccount> account;
-  // 0.0 for a locked account.
-  double balance = 0.0;
-  bool is_locked = false;
-  bool is_selected = false;
-};
+// The columns of the accounts list: "accounts" (the name) and "balance".
+[[nodiscard]] std::vector<TableColumn> AccountColumns();
+
+// What an account shows in a column: a locked one "Locked", without a number, for its balance.
+// Nothing for an unknown column.
+[[nodiscard]] TableCell CellOfAccount(const LDGRAccount& account, std::string_view column,
+                                      const LDGRPreferences& preferences);
 
 struct AccountsDrawerState {
   bool is_open = false;
@@ -30,17 +32,15 @@ struct AccountsDrawerState {
   std::string menu_item_title;
 };
 
-// The drawer with the list of accounts. The list is a sorted copy: the order of the file stays.
-class AccountsDrawer {
+// The drawer with the list of accounts. The list is a sorted copy: the order of the file stays. Its
+// selected row is that of the selected account.
+class AccountsDrawer final : public TableDataSource {
  public:
-  // Identifiers of the list's columns, under which the preferences remember the order.
-  static constexpr std::string_view kNameColumn = "accounts";
-  static constexpr std::string_view kBalanceColumn = "balance";
-
   AccountsDrawer(Desk& desk, AccountSelection& selection, AccountEditing& editing, Refresh& refresh,
                  Announcer& announcer);
   AccountsDrawer(const AccountsDrawer&) = delete;
   AccountsDrawer& operator=(const AccountsDrawer&) = delete;
+  ~AccountsDrawer() override;
 
   [[nodiscard]] const AccountsDrawerState& State() const noexcept { return state_; }
   // Starts with the drawer closed.
@@ -50,17 +50,25 @@ class AccountsDrawer {
   // The drawer was closed, by whatever means; the preference stays.
   void drawerDidClose();
 
-  // The accounts in the order the preferences want; none while the application is locked.
-  [[nodiscard]] std::vector<AccountRow> Rows() const;
+  // Takes the accounts again, in the order the preferences want.
+  void Reload();
+  [[nodiscard]] TableState& Table() noexcept { return table_; }
+  // By row; none while the application is locked.
+  [[nodiscard]] const AccountList& Rows() const noexcept { return rows_; }
   // The column is sorted by from here on, in the other direction when it already was. Any other
   // identifier does nothing.
   void ClickedTableColumn(std::string_view column);
-  // Selects the account of that row of Rows(); one beyond them does nothing.
+  // Selects the account of that row; one beyond them does nothing.
   void Table_Action(std::size_t row);
   void Table_DoubleClick(std::size_t row);
 
+  [[nodiscard]] std::size_t numberOfRowsInTableView() const override { return rows_.size(); }
+  [[nodiscard]] TableCell tableView(std::string_view column, std::size_t row) const override;
+  [[nodiscard]] RowLook LookOfRow(std::size_t /*row*/) const override { return {}; }
+
  private:
   void SetOpen(bool is_open);
+  [[nodiscard]] AccountList SortedAccounts() const;
 
   Desk& desk_;
   AccountSelection& selection_;
@@ -68,6 +76,8 @@ class AccountsDrawer {
   Refresh& refresh_;
   Announcer& announcer_;
   AccountsDrawerState state_;
+  TableState table_;
+  AccountList rows_;
 };
 
 }  // namespace tallyfold

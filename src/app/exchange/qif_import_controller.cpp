@@ -36,7 +36,6 @@ void LDGRQIFImportController::Import_Init(const QifResult& result) {
       desk_.preferences().GetPreferencesForAccountNumber(account_->GetNumber()));
   rows_.SetDateFormat(RegisterDateFormat(desk_.preferences()));
   rows_.SetEntries(review_.entries());
-  rows_.SelectRow(0);
   EntriesChanged();
 }
 
@@ -73,15 +72,15 @@ void LDGRQIFImportController::Import_DoNotImportPotentialDuplicates() {
 
 void LDGRQIFImportController::SelectEntry(const std::shared_ptr<LDGRQIFImportEntry>& entry) {
   const Announcer::Operation operation(announcer_);
-  rows_.SelectRow(rows_.EntryToRow(entry.get()).value_or(TableView::kNoRow));
+  rows_.SelectRow(rows_.EntryToRow(entry.get()).value_or(TableState::kNoRow));
   UpdateButtons();
-  rows_.Redraw();
+  announcer_.Changed(Area::ImportReview);
 }
 
 void LDGRQIFImportController::ClickedTableColumn(std::string_view identifier) {
   const Announcer::Operation operation(announcer_);
   rows_.ClickedTableColumn(identifier);
-  rows_.Redraw();
+  announcer_.Changed(Area::ImportReview);
 }
 
 void LDGRQIFImportController::ImportEntry_Import() {
@@ -132,7 +131,7 @@ void LDGRQIFImportController::ImportEntry_Remove() {
 }
 
 bool LDGRQIFImportController::ImportEntry_Change() {
-  const auto& entry = rows_.GetSelectedEntry();
+  const auto entry = rows_.GetSelectedEntry();
   if (!IsReviewing() || entry == nullptr || !sheets_.IsFree()) return false;
   edit_entry_ = entry;
   return editing_.EditOwned({entry, false, account_, this, review_.types()});
@@ -156,7 +155,7 @@ void LDGRQIFImportController::TakeEdited(LDGRAccountEntry& entry) {
 }
 
 void LDGRQIFImportController::SpeakEntry() {
-  if (const auto& entry = rows_.GetSelectedEntry()) speaker_.SpeakText(entry->asSpeakableString());
+  if (const auto entry = rows_.GetSelectedEntry()) speaker_.SpeakText(entry->asSpeakableString());
 }
 
 // --- What is shown ------------------------------------------------------------------------------

@@ -60,7 +60,7 @@ class LDGRQIFImportController final : private EntryOwner {
         encodings_(encodings),
         sheets_(sheets),
         announcer_(announcer),
-        rows_(announcer) {}
+        rows_(desk) {}
   LDGRQIFImportController(const LDGRQIFImportController&) = delete;
   LDGRQIFImportController& operator=(const LDGRQIFImportController&) = delete;
 

@@ -4,8 +4,10 @@
 #include <array>
 #include <utility>
 
-#include "model/date_format.h"
 #include "model/date_number.h"
+#include "model/entry_type.h"
+#include "registers/register_look.h"
+#include "registers/register_rows.h"
 
 namespace tallyfold {
 namespace {
@@ -17,87 +19,101 @@ int By(const Entry& a, const Entry& b) {
   return (a.*Compare)(b);
 }
 
-struct ReviewColumn {
+constexpr std::string_view kImport = "import";
+constexpr std::string_view kType = "type";
+
+struct ColumnOrder {
   std::string_view identifier;
-  std::string_view title;  // English key
   int (*compare)(const Entry& a, const Entry& b);
 };
 
-constexpr std::string_view kImport = "import";
-constexpr std::string_view kCheckMark = "\u2713";
-
-constexpr std::array kColumns = {
-    ReviewColumn{kImport, "Import", By<&Entry::ImportIsGreaterThan>},
-    ReviewColumn{"date", "Date", By<&Entry::DateIsGreaterThan>},
-    ReviewColumn{"check", "Check", By<&Entry::CheckNumberIsGreaterThan>},
-    ReviewColumn{"type", "Type", By<&Entry::TypePrimaryDateSecondaryIsGreaterThan>},
-    ReviewColumn{"description", "Description", By<&Entry::DescriptionIsGreaterThan>},
-    ReviewColumn{"toFrom", "To/From", By<&Entry::ToFromIsGreaterThan>},
-    ReviewColumn{"cleared", "Resolved", By<&Entry::ClearedIsGreaterThan>},
-    ReviewColumn{"amount", "Amount", By<&Entry::AmountIsGreaterThan>},
+constexpr std::array kOrders = {
+    ColumnOrder{kImport, By<&Entry::ImportIsGreaterThan>},
+    ColumnOrder{"date", By<&Entry::DateIsGreaterThan>},
+    ColumnOrder{"check", By<&Entry::CheckNumberIsGreaterThan>},
+    ColumnOrder{kType, By<&Entry::TypePrimaryDateSecondaryIsGreaterThan>},
+    ColumnOrder{"description", By<&Entry::DescriptionIsGreaterThan>},
+    ColumnOrder{"toFrom", By<&Entry::ToFromIsGreaterThan>},
+    ColumnOrder{"cleared", By<&Entry::ClearedIsGreaterThan>},
+    ColumnOrder{"amount", By<&Entry::AmountIsGreaterThan>},
 };
-
-const ReviewColumn* Find(std::string_view identifier) noexcept {
-  const auto* const found = std::ranges::find(kColumns, identifier, &ReviewColumn::identifier);
-  return found != kColumns.end() ? found : nullptr;
-}
 
 }  // namespace
 
-std::vector<std::string> LDGRQIFImportTableViewDataSource::VisibleTableColumns() const {
-  std::vector<std::string> columns;
-  for (const ReviewColumn& column : kColumns) columns.emplace_back(column.identifier);
-  if (preferences_ == nullptr) return columns;
-  const auto hidden = preferences_->GetHiddenColumnsForTableIdentifier("entry");
-  if (!hidden) return columns;
-  for (const plist::Value& each : *hidden) {
-    const auto& identifier = each.DictionaryValue().Get("identifier").StringValue();
-    std::erase_if(columns, [&](const std::string& column) {
-      return column == identifier && column != kImport;
-    });
-  }
+std::vector<TableColumn> ReviewColumns() {
+  std::vector<TableColumn> columns = DefaultRegisterColumns();
+  std::erase_if(columns, [](const TableColumn& column) { return column.identifier == "balance"; });
+  columns.insert(columns.begin(), {std::string(kImport), 50, "Import", TableColumn::Content::Mark});
   return columns;
 }
 
-std::string_view LDGRQIFImportTableViewDataSource::TitleOfColumn(
-    std::string_view identifier) noexcept {
-  const ReviewColumn* const column = Find(identifier);
-  return column != nullptr ? column->title : "";
+TableCell CellOfReviewed(const LDGRQIFImportEntry& entry, std::string_view column,
+                         const TableFormat& format) {
+  if (column == kImport) return MarkCell(entry.GetImport());
+  if (column == kType) {
+    const auto& type = entry.GetActualType();
+    return {.text = type != nullptr ? type->GetName() : std::string()};
+  }
+  return CellOfEntry(entry, column, format);
+}
+
+LDGRQIFImportTableViewDataSource::LDGRQIFImportTableViewDataSource(const TableHost& host)
+    : host_(host), table_(ReviewColumns()) {
+  table_.SetDataSource(this);
+}
+
+LDGRQIFImportTableViewDataSource::~LDGRQIFImportTableViewDataSource() {
+  table_.SetDataSource(nullptr);
+}
+
+void LDGRQIFImportTableViewDataSource::SetAccountPreferences(
+    const std::shared_ptr<LDGRAccountPreferences>& preferences) {
+  for (const TableColumn& column : table_.HiddenColumns()) table_.ShowColumn(column.identifier);
+  if (preferences == nullptr) return;
+  const auto hidden = preferences->GetHiddenColumnsForTableIdentifier("entry");
+  if (!hidden) return;
+  for (const plist::Value& each : *hidden) {
+    const auto identifier = each.DictionaryValue().Get("identifier").StringValue();
+    const auto index = table_.ColumnWithIdentifier(identifier);
+    if (index && identifier != kImport) table_.HideColumn(*index, *index);
+  }
 }
 
 void LDGRQIFImportTableViewDataSource::SetEntries(QifImportEntryList entries) {
-  entries_ = std::move(entries);
-  selected_ = nullptr;
   sort_column_.clear();
   sorts_descending_ = false;
+  ShowSortColumn();
+  const LDGRQIFImportEntry* const first = entries.empty() ? nullptr : entries.front().get();
+  Take(std::move(entries), first);
 }
 
 void LDGRQIFImportTableViewDataSource::AddEntry(std::shared_ptr<LDGRQIFImportEntry> entry) {
-  entries_.push_back(std::move(entry));
+  QifImportEntryList entries = entries_;
+  entries.push_back(std::move(entry));
+  Take(std::move(entries), GetSelectedEntry().get());
 }
 
 void LDGRQIFImportTableViewDataSource::RemoveEntry(const LDGRQIFImportEntry* entry) {
   const auto row = EntryToRow(entry);
   if (!row) return;
-  const bool was_selected = selected_.get() == entry;
-  entries_.erase(entries_.begin() + *row);
-  if (was_selected) {
-    SelectRow(std::min(*row, static_cast<std::int32_t>(entries_.size()) - 1));
+  QifImportEntryList entries = entries_;
+  entries.erase(entries.begin() + *row);
+  auto selected = GetSelectedEntry();
+  if (selected.get() == entry) {
+    selected = RecordOfRow(entries, std::min(*row, static_cast<std::int32_t>(entries.size()) - 1));
   }
+  Take(std::move(entries), selected.get());
 }
 
-std::shared_ptr<LDGRQIFImportEntry> LDGRQIFImportTableViewDataSource::RowToEntry(
-    std::int32_t row) const {
-  const bool exists = row >= 0 && static_cast<std::size_t>(row) < entries_.size();
-  return exists ? entries_[static_cast<std::size_t>(row)] : nullptr;
+void LDGRQIFImportTableViewDataSource::SelectRow(std::int32_t row) {
+  table_.SelectRow(RowToEntry(row) != nullptr ? row : TableState::kNoRow);
 }
 
-std::optional<std::int32_t> LDGRQIFImportTableViewDataSource::EntryToRow(
-    const LDGRQIFImportEntry* entry) const {
-  const auto found =
-      std::ranges::find(entries_, entry, [](const auto& other) { return other.get(); });
-  if (entry == nullptr || found == entries_.end()) return std::nullopt;
-  return static_cast<std::int32_t>(found - entries_.begin());
+void LDGRQIFImportTableViewDataSource::Take(QifImportEntryList entries,
+                                            const LDGRQIFImportEntry* selected) {
+  const RowsChange change = ChangeOfRows(entries_, entries);
+  entries_ = std::move(entries);
+  table_.TakeRows(change, EntryToRow(selected).value_or(TableState::kNoRow));
 }
 
 void LDGRQIFImportTableViewDataSource::ClickedTableColumn(std::string_view identifier) {
@@ -106,38 +122,33 @@ void LDGRQIFImportTableViewDataSource::ClickedTableColumn(std::string_view ident
 
 void LDGRQIFImportTableViewDataSource::SortByColumnIdentifier(std::string_view identifier,
                                                               bool descending) {
-  const ReviewColumn* const column = Find(identifier);
-  if (column == nullptr) return;
+  const auto* const order = std::ranges::find(kOrders, identifier, &ColumnOrder::identifier);
+  if (order == kOrders.end()) return;
   // The reversed comparisons are exact mirrors.
   const int wanted = descending ? 1 : -1;
-  std::stable_sort(entries_.begin(), entries_.end(),
-                   [&](const auto& a, const auto& b) { return column->compare(*a, *b) == wanted; });
-  sort_column_ = column->identifier;
+  QifImportEntryList sorted = entries_;
+  std::stable_sort(sorted.begin(), sorted.end(),
+                   [&](const auto& a, const auto& b) { return order->compare(*a, *b) == wanted; });
+  sort_column_ = order->identifier;
   sorts_descending_ = descending;
+  ShowSortColumn();
+  Take(std::move(sorted), GetSelectedEntry().get());
+}
+
+void LDGRQIFImportTableViewDataSource::ShowSortColumn() {
+  const bool is_shown = table_.ColumnWithIdentifier(sort_column_).has_value();
+  table_.SetIndicator(is_shown ? sort_column_ : "", is_shown && sorts_descending_);
 }
 
 TableCell LDGRQIFImportTableViewDataSource::tableView(std::string_view column,
                                                       std::size_t row) const {
   if (row >= entries_.size()) return {};
-  const Entry& entry = *entries_[row];
-  const auto mark = [](bool set) { return TableCell{std::string(set ? kCheckMark : "")}; };
-  if (column == kImport) return mark(entry.GetImport());
-  if (column == "date") {
-    return {FormatDate(DateNumberToNSCalendarDate(entry.GetDate()), date_format_)};
-  }
-  if (column == "check") {
-    if (!entry.IsCheck()) return {};
-    return {std::to_string(entry.GetCheckNumber()), TableCell::Alignment::Right};
-  }
-  if (column == "type") {
-    const auto& type = entry.GetActualType();
-    return {type != nullptr ? type->GetName() : std::string()};
-  }
-  if (column == "description") return {entry.GetDescription()};
-  if (column == "toFrom") return {entry.GetToFrom()};
-  if (column == "cleared") return mark(entry.GetCleared());
-  if (column == "amount") return {entry.GetAmount(), TableCell::Alignment::Right};
-  return {};
+  return CellOfReviewed(*entries_[row], column, {date_format_, host_.preferences()});
+}
+
+RowLook LDGRQIFImportTableViewDataSource::LookOfRow(std::size_t row) const {
+  if (row >= entries_.size()) return {};
+  return LookOfEntry(*entries_[row], host_.preferences(), TodaysDateNumber());
 }
 
 }  // namespace tallyfold

@@ -8,54 +8,62 @@
 #include <string_view>
 #include <vector>
 
-#include "app/face/announcer.h"
-#include "app/face/front_end.h"
 #include "exchange/qif_import_entry.h"
-#include "registers/table_view.h"
+#include "registers/rows_change.h"
+#include "registers/table_data_source.h"
+#include "registers/table_state.h"
 #include "storage/account_preferences.h"
 
 namespace tallyfold {
+
+// The columns of the review table: "import", "date", "check", "type", "description", "toFrom",
+// "cleared", "amount".
+[[nodiscard]] std::vector<TableColumn> ReviewColumns();
+
+// What an entry under review shows in a column; nothing for an unknown one.
+[[nodiscard]] TableCell CellOfReviewed(const LDGRQIFImportEntry& entry, std::string_view column,
+                                       const TableFormat& format);
 
 // The rows of the review table: the entries of an import in the order of the column that was
 // clicked last, at first in that of the file. The entry stays selected, not the row.
 class LDGRQIFImportTableViewDataSource final : public TableDataSource {
  public:
-  // The front end hears of Area::ImportReview when rows are to be drawn anew.
-  explicit LDGRQIFImportTableViewDataSource(Announcer& announcer) noexcept
-      : announcer_(announcer) {}
+  // The host must outlive this.
+  explicit LDGRQIFImportTableViewDataSource(const TableHost& host);
   LDGRQIFImportTableViewDataSource(const LDGRQIFImportTableViewDataSource&) = delete;
   LDGRQIFImportTableViewDataSource& operator=(const LDGRQIFImportTableViewDataSource&) = delete;
+  ~LDGRQIFImportTableViewDataSource() override;
 
-  // "import", "date", "check", "type", "description", "toFrom", "cleared", "amount". A column that
-  // the account's register hides is left out here too; the first one always shows.
-  [[nodiscard]] std::vector<std::string> VisibleTableColumns() const;
-  // The English key of a column's title; "" for an unknown identifier.
-  [[nodiscard]] static std::string_view TitleOfColumn(std::string_view identifier) noexcept;
-  // Of the account that entries are imported into; null for none.
-  void SetAccountPreferences(std::shared_ptr<LDGRAccountPreferences> preferences) {
-    preferences_ = std::move(preferences);
-  }
+  [[nodiscard]] TableState& Table() noexcept { return table_; }
+  [[nodiscard]] const TableState& Table() const noexcept { return table_; }
+  // Of the account that entries are imported into; null for none. The table leaves out the columns
+  // that the account's register hides; the first one always shows.
+  void SetAccountPreferences(const std::shared_ptr<LDGRAccountPreferences>& preferences);
   // In calendar-date conversion letters.
   void SetDateFormat(std::string_view format) { date_format_ = format; }
 
-  // Takes the entries as they stand: nothing is selected and nothing sorted.
+  // Takes the entries as they stand: the first is selected and nothing sorted.
   void SetEntries(QifImportEntryList entries);
   [[nodiscard]] const QifImportEntryList& GetEntries() const noexcept { return entries_; }
   void AddEntry(std::shared_ptr<LDGRQIFImportEntry> entry);
   // Then the entry that takes its place is selected, if it was.
   void RemoveEntry(const LDGRQIFImportEntry* entry);
-  void Redraw() { announcer_.Changed(Area::ImportReview); }
+  void Redraw() { table_.ReloadData(); }
 
   // Null when nothing is selected.
-  [[nodiscard]] const std::shared_ptr<LDGRQIFImportEntry>& GetSelectedEntry() const noexcept {
-    return selected_;
+  [[nodiscard]] std::shared_ptr<LDGRQIFImportEntry> GetSelectedEntry() const {
+    return RowToEntry(table_.SelectedRow());
   }
   // Null for a row that does not exist.
-  [[nodiscard]] std::shared_ptr<LDGRQIFImportEntry> RowToEntry(std::int32_t row) const;
+  [[nodiscard]] std::shared_ptr<LDGRQIFImportEntry> RowToEntry(std::int32_t row) const {
+    return RecordOfRow(entries_, row);
+  }
   // None when the entry is not shown.
-  [[nodiscard]] std::optional<std::int32_t> EntryToRow(const LDGRQIFImportEntry* entry) const;
+  [[nodiscard]] std::optional<std::int32_t> EntryToRow(const LDGRQIFImportEntry* entry) const {
+    return RowOfRecord(entries_, entry);
+  }
   // A row that does not exist selects none.
-  void SelectRow(std::int32_t row) { selected_ = RowToEntry(row); }
+  void SelectRow(std::int32_t row);
 
   // The header of a column was clicked: sorts by it, and turns the order over at a second click.
   void ClickedTableColumn(std::string_view identifier);
@@ -63,19 +71,20 @@ class LDGRQIFImportTableViewDataSource final : public TableDataSource {
   void SortByColumnIdentifier(std::string_view identifier, bool descending);
   // An entry was edited: it moves to where it belongs now.
   void SortAgain() { SortByColumnIdentifier(sort_column_, sorts_descending_); }
-  // "" while nothing is sorted.
-  [[nodiscard]] const std::string& SortColumn() const noexcept { return sort_column_; }
-  [[nodiscard]] bool SortsDescending() const noexcept { return sorts_descending_; }
 
   [[nodiscard]] std::size_t numberOfRowsInTableView() const override { return entries_.size(); }
   // Nothing for a row that does not exist.
   [[nodiscard]] TableCell tableView(std::string_view column, std::size_t row) const override;
+  [[nodiscard]] RowLook LookOfRow(std::size_t row) const override;
 
  private:
-  Announcer& announcer_;
+  // Tells what became of the rows; the entry is selected, or none for null.
+  void Take(QifImportEntryList entries, const LDGRQIFImportEntry* selected);
+  void ShowSortColumn();
+
+  const TableHost& host_;
+  TableState table_;
   QifImportEntryList entries_;
-  std::shared_ptr<LDGRQIFImportEntry> selected_;
-  std::shared_ptr<LDGRAccountPreferences> preferences_;
   std::string date_format_;
   std::string sort_column_;
   bool sorts_descending_ = false;

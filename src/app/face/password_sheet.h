@@ -4,16 +4,16 @@
 
 #include "app/face/announcer.h"
 #include "app/face/front_end.h"
-#include "app/face/main_window.h"
 #include "app/face/password_sheet_state.h"
 #include "app/face/sheet_slot.h"
+#include "app/face/window_hooks.h"
 
 namespace tallyfold {
 
 // A sheet that asks for a password: that of the application or that of an account.
 class PasswordSheet {
  public:
-  PasswordSheet(Sheet which, Area area, SheetSlot& sheets, MainWindowSlot& window,
+  PasswordSheet(Sheet which, Area area, SheetSlot& sheets, WindowHooksSlot& window,
                 Announcer& announcer) noexcept
       : which_(which), area_(area), sheets_(sheets), window_(window), announcer_(announcer) {}
   PasswordSheet(const PasswordSheet&) = delete;
@@ -34,7 +34,7 @@ class PasswordSheet {
   const Sheet which_;
   const Area area_;
   SheetSlot& sheets_;
-  MainWindowSlot& window_;
+  WindowHooksSlot& window_;
   Announcer& announcer_;
   PasswordSheetState state_;
 };

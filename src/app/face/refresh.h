@@ -23,6 +23,8 @@ class Refresh {
     virtual void TakeSavedEntries(const EntryList& entries) = 0;
     // Gives the schedule list the selected account's schedules again.
     virtual void ReloadSchedules() = 0;
+    // Gives the accounts list the accounts again.
+    virtual void ReloadAccountsList() = 0;
     // Draws the rows of both registers anew.
     virtual void RedrawRegisters() = 0;
     virtual void Search_Cancel() = 0;
@@ -64,7 +66,10 @@ class Refresh {
   void EntryButtons_Update() { announcer_.Changed(Area::EntryButtons); }
   void AccountBalance_Field_Update() { announcer_.Changed(Area::Balance); }
   void ReconcileTab_UpdateBalances() { announcer_.Changed(Area::ReconcileBalances); }
-  void AccountsList_Redraw() { announcer_.Changed(Area::Accounts); }
+  void AccountsList_Redraw() {
+    host_.ReloadAccountsList();
+    announcer_.Changed(Area::Accounts);
+  }
   void Account_Menu_Show_Menu_Populate() { announcer_.Changed(Area::AccountMenu); }
   void entryMenu_Types_Menu_Populate() { announcer_.Changed(Area::EntryTypeMenu); }
 

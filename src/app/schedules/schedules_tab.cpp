@@ -118,9 +118,13 @@ bool SchedulesTab::Schedule_SkipNext() {
   return commit_.Skip(NextOccurrence());
 }
 
-void SchedulesTab::TableChanged(const TableView& /*table*/, TableView::Change change) {
+void SchedulesTab::TableChanged(const TableState& /*table*/, TableState::Change change) {
   announcer_.Changed(Area::Schedules);
-  if (change == TableView::Change::SelectedRow) announcer_.Changed(Area::ScheduleButtons);
+  if (change == TableState::Change::SelectedRow) announcer_.Changed(Area::ScheduleButtons);
+}
+
+void SchedulesTab::RowsChanged(const TableState& /*table*/, const RowsChange& /*change*/) {
+  announcer_.Changed(Area::Schedules);
 }
 
 }  // namespace tallyfold

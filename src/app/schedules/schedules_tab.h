@@ -12,7 +12,7 @@
 #include "model/account.h"
 #include "model/account_schedule.h"
 #include "registers/schedule_table_view_data.h"
-#include "registers/table_view.h"
+#include "registers/table_state.h"
 
 namespace tallyfold {
 
@@ -27,7 +27,7 @@ struct ScheduleRemoveSheetState {
 
 // The schedule list, and what is done with its selected schedule. Each operation does nothing, and
 // those that tell return false, without a selected schedule and while a sheet is open.
-class SchedulesTab final : private TableView::Observer {
+class SchedulesTab final : private TableState::Observer {
  public:
   SchedulesTab(Desk& desk, Ledger& ledger, ScheduleCommit& commit, SheetSlot& sheets,
                Refresh& refresh, Announcer& announcer);
@@ -37,7 +37,8 @@ class SchedulesTab final : private TableView::Observer {
 
   [[nodiscard]] LDGRScheduleTableViewData& Rows() noexcept { return rows_; }
   [[nodiscard]] const LDGRScheduleTableViewData& Rows() const noexcept { return rows_; }
-  [[nodiscard]] const TableView& Table() const noexcept { return table_; }
+  [[nodiscard]] TableState& Table() noexcept { return table_; }
+  [[nodiscard]] const TableState& Table() const noexcept { return table_; }
   // Shows that account's schedules as its view preferences tell; null shows none.
   void ShowAccount(const std::shared_ptr<LDGRAccount>& account);
   // Writes dates as the preferences want them now.
@@ -60,7 +61,8 @@ class SchedulesTab final : private TableView::Observer {
   bool Schedule_SkipNext();
 
  private:
-  void TableChanged(const TableView& table, TableView::Change change) override;
+  void TableChanged(const TableState& table, TableState::Change change) override;
+  void RowsChanged(const TableState& table, const RowsChange& change) override;
   [[nodiscard]] bool IsReady() const;
   // Its schedule is null when there is none.
   [[nodiscard]] DueOccurrence NextOccurrence() const;
@@ -72,7 +74,7 @@ class SchedulesTab final : private TableView::Observer {
   SheetSlot& sheets_;
   Refresh& refresh_;
   Announcer& announcer_;
-  TableView table_;
+  TableState table_;
   LDGRScheduleTableViewData rows_;
   ScheduleRemoveSheetState confirm_;
 };

@@ -9,10 +9,10 @@
 #include "app/accounts/account_selection.h"
 #include "app/face/announcer.h"
 #include "app/face/front_end.h"
-#include "app/face/main_window.h"
 #include "app/face/password_sheet.h"
 #include "app/face/refresh.h"
 #include "app/face/sheet_slot.h"
+#include "app/face/window_hooks.h"
 #include "app/shell/saving.h"
 #include "platform/application_host.h"
 #include "platform/run_loop.h"
@@ -28,7 +28,7 @@ class ApplicationLock {
   static constexpr std::int32_t kWaitingForPassword = 2;
 
   ApplicationLock(AccountsStore& accounts, Saving& saving, AccountSelection& selection,
-                  ApplicationHost& application, SheetSlot& sheets, MainWindowSlot& window,
+                  ApplicationHost& application, SheetSlot& sheets, WindowHooksSlot& window,
                   Refresh& refresh, RunLoop& loop, Announcer& announcer) noexcept
       : accounts_(accounts),
         saving_(saving),

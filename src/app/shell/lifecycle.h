@@ -4,8 +4,8 @@
 
 #include "app/accounts/account_selection.h"
 #include "app/accounts/accounts_drawer.h"
-#include "app/face/main_window.h"
 #include "app/face/refresh.h"
+#include "app/face/window_hooks.h"
 #include "app/shell/application_lock.h"
 #include "app/shell/idle_watch.h"
 #include "app/shell/recovery.h"
@@ -38,7 +38,7 @@ class Lifecycle {
   // What the launch brings up, in the order in which it does.
   struct Parts {
     DataFolderLock& data_lock;
-    MainWindowSlot& window;
+    WindowHooksSlot& window;
     UpdateCheck& updates;
     PreferencesStore& preferences;
     AccountsStore& accounts;

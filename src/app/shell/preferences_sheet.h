@@ -7,8 +7,8 @@
 
 #include "app/desk.h"
 #include "app/face/announcer.h"
-#include "app/face/main_window.h"
 #include "app/face/sheet_slot.h"
+#include "app/face/window_hooks.h"
 #include "app/views/balance_field.h"
 #include "ledger/ledger.h"
 #include "platform/run_loop.h"
@@ -49,7 +49,7 @@ class PreferencesSheet {
   };
 
   PreferencesSheet(Host& host, Desk& desk, Ledger& ledger, AccountsStore& accounts,
-                   const BalanceField& balance, MainWindowSlot& window, SheetSlot& sheets,
+                   const BalanceField& balance, WindowHooksSlot& window, SheetSlot& sheets,
                    RunLoop& loop, Announcer& announcer) noexcept
       : host_(host),
         desk_(desk),
@@ -92,7 +92,7 @@ class PreferencesSheet {
   Ledger& ledger_;
   AccountsStore& accounts_;
   const BalanceField& balance_;
-  MainWindowSlot& window_;
+  WindowHooksSlot& window_;
   SheetSlot& sheets_;
   Announcer& announcer_;
   PreferencesSheetState state_;

@@ -26,7 +26,7 @@ void Take(LDGRAccountTableViewData& shown, const EntryList& saved, const LDGRFil
 
 }  // namespace
 
-LiveTable LiveTableOf(const TableView& table) {
+LiveTable LiveTableOf(const TableState& table) {
   LiveTable live;
   for (const TableColumn& column : table.Columns()) {
     live.columns.push_back({column.identifier, column.width});
@@ -114,26 +114,28 @@ void Registers::UpdateDateFormat() {
 }
 
 std::optional<LiveTable> Registers::TableShown(std::string_view identifier) const {
-  const TableView* table = identifier == "entry"       ? &entry_table_
-                           : identifier == "reconcile" ? &reconcile_table_
-                                                       : nullptr;
+  const TableState* table = identifier == "entry"       ? &entry_table_
+                            : identifier == "reconcile" ? &reconcile_table_
+                                                        : nullptr;
   if (table == nullptr) return std::nullopt;
   return LiveTableOf(*table);
 }
 
-void Registers::TableChanged(const TableView& /*table*/, TableView::Change change) {
+void Registers::TableChanged(const TableState& /*table*/, TableState::Change change) {
   switch (change) {
-    case TableView::Change::Columns:
+    case TableState::Change::Columns:
       return announcer_.Changed(Area::RegisterColumns);
-    case TableView::Change::Rows:
-      return announcer_.Changed(Area::Registers);
-    case TableView::Change::ScrolledRow:
+    case TableState::Change::ScrolledRow:
       return announcer_.Changed(Area::ScrolledRow);
-    case TableView::Change::SelectedRow:
+    case TableState::Change::SelectedRow:
       SelectedEntryChanged();
       announcer_.Changed(Area::Balance);
       break;
   }
+}
+
+void Registers::RowsChanged(const TableState& /*table*/, const RowsChange& /*change*/) {
+  announcer_.Changed(Area::Registers);
 }
 
 }  // namespace tallyfold

@@ -11,7 +11,7 @@
 #include "model/account.h"
 #include "model/account_entry.h"
 #include "registers/account_table_view_data.h"
-#include "registers/table_view.h"
+#include "registers/table_state.h"
 #include "storage/preferences_store.h"
 
 namespace tallyfold {
@@ -19,11 +19,11 @@ namespace tallyfold {
 class LDGRPreferences;
 
 // What is to be remembered of a table.
-[[nodiscard]] LiveTable LiveTableOf(const TableView& table);
+[[nodiscard]] LiveTable LiveTableOf(const TableState& table);
 
 // The two registers of the main window, each with its table, and which of the two the commands for
 // registers act on.
-class Registers final : private TableView::Observer {
+class Registers final : private TableState::Observer {
  public:
   Registers(Desk& desk, Announcer& announcer);
   Registers(const Registers&) = delete;
@@ -65,12 +65,13 @@ class Registers final : private TableView::Observer {
   void Show(const std::shared_ptr<LDGRAccount>& account,
             const std::shared_ptr<LDGRAccountPreferences>& view);
   void SelectedEntryChanged();
-  void TableChanged(const TableView& table, TableView::Change change) override;
+  void TableChanged(const TableState& table, TableState::Change change) override;
+  void RowsChanged(const TableState& table, const RowsChange& change) override;
 
   Desk& desk_;
   Announcer& announcer_;
-  TableView entry_table_;
-  TableView reconcile_table_;
+  TableState entry_table_;
+  TableState reconcile_table_;
   LDGRAccountTableViewData entry_;
   LDGRAccountTableViewData reconcile_;
   RegisterKind current_ = RegisterKind::Entry;

@@ -5,54 +5,38 @@
 #include <optional>
 #include <string>
 #include <string_view>
-#include <variant>
 #include <vector>
+
+#include "registers/rows_change.h"
+#include "registers/table_data_source.h"
 
 namespace tallyfold {
 
-// What a cell shows. Amounts are numbers, which the table formats.
-struct TableCell {
-  enum class Alignment : std::uint8_t { Natural, Right };
-
-  std::variant<std::string, double> value;
-  Alignment alignment = Alignment::Natural;
-
-  friend bool operator==(const TableCell&, const TableCell&) = default;
-};
-
-// Gives a table its rows. Only rows that the table shows are asked for.
-class TableDataSource {
- public:
-  virtual ~TableDataSource() = default;
-  [[nodiscard]] virtual std::size_t numberOfRowsInTableView() const = 0;
-  [[nodiscard]] virtual TableCell tableView(std::string_view column, std::size_t row) const = 0;
-};
-
-struct TableColumn {
-  std::string identifier;
-  double width = 0.0;  // in points
-
-  friend bool operator==(const TableColumn&, const TableColumn&) = default;
-};
-
 // A table of the main window as data: its columns, its selected row and the sort indicator. A front
 // end draws it, tells it what the user does with columns, and hears of what changes.
-class TableView {
+class TableState {
  public:
   static constexpr std::int32_t kNoRow = -1;
 
-  enum class Change : std::uint8_t { Columns, Rows, SelectedRow, ScrolledRow };
+  enum class Change : std::uint8_t { Columns, SelectedRow, ScrolledRow };
+  // Hears of a change after it: the table and its data source are what they are to be. The selected
+  // row that changed with the rows is told after them.
   class Observer {
    public:
     virtual ~Observer() = default;
-    virtual void TableChanged(const TableView& table, Change change) = 0;
+    virtual void TableChanged(const TableState& table, Change change) = 0;
+    virtual void RowsChanged(const TableState& table, const RowsChange& change) = 0;
   };
 
   // The columns the table has at first, all of them shown. The observer, if any, must outlive the
   // table.
-  explicit TableView(std::vector<TableColumn> columns, Observer* observer = nullptr);
-  TableView(const TableView&) = delete;
-  TableView& operator=(const TableView&) = delete;
+  explicit TableState(std::vector<TableColumn> columns, Observer* observer = nullptr);
+  TableState(const TableState&) = delete;
+  TableState& operator=(const TableState&) = delete;
+
+  // Who draws the table hears of it too, after the observer; null for nobody. It must outlive its
+  // stay here.
+  void SetShownBy(Observer* observer) noexcept { shown_by_ = observer; }
 
   // Null for none; it must outlive its stay here.
   void SetDataSource(const TableDataSource* source) noexcept { source_ = source; }
@@ -79,11 +63,14 @@ class TableView {
 
   // --- The sort indicator -----------------------------------------------------------------------
   // At most one column is highlighted and has an image.
-  void ClearIndicatorImages();
-  void SetHighlightedColumn(std::string_view identifier, std::string_view image);
+  void ClearIndicatorImages() { SetIndicator("", false); }
+  // Of the column that the rows are sorted by.
+  void SetIndicator(std::string_view identifier, bool descending);
   // "" for none.
   [[nodiscard]] const std::string& HighlightedColumn() const noexcept { return highlighted_; }
-  [[nodiscard]] const std::string& IndicatorImage() const noexcept { return image_; }
+  [[nodiscard]] bool IndicatesDescending() const noexcept { return indicates_descending_; }
+  // "" for none.
+  [[nodiscard]] std::string_view IndicatorImage() const noexcept;
 
   // --- Rows -------------------------------------------------------------------------------------
   [[nodiscard]] std::int32_t SelectedRow() const noexcept { return selected_row_; }
@@ -94,6 +81,9 @@ class TableView {
   void ScrollRowToVisible(std::int32_t row);
   // The number of rows and what they show may have changed.
   void ReloadData();
+  // The data source has other rows, of which `selected_row` is selected; a negative one selects
+  // none.
+  void TakeRows(const RowsChange& change, std::int32_t selected_row);
 
  private:
   struct HiddenColumn {
@@ -103,15 +93,19 @@ class TableView {
 
   [[nodiscard]] std::vector<HiddenColumn>::const_iterator FindHidden(
       std::string_view identifier) const;
+  [[nodiscard]] std::size_t RowsOfSource() const;
   void Tell(Change change);
+  void TellRows(const RowsChange& change);
 
   Observer* observer_;
+  Observer* shown_by_ = nullptr;
   const TableDataSource* source_ = nullptr;
   std::vector<TableColumn> columns_;
   // In the order in which they were hidden; a place counts those that were hidden later.
   std::vector<HiddenColumn> hidden_;
   std::string highlighted_;
-  std::string image_;
+  bool indicates_descending_ = false;
+  std::size_t row_count_ = 0;  // as it was told last
   std::int32_t selected_row_ = kNoRow;
   std::int32_t scrolled_row_ = kNoRow;
 };

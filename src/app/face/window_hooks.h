@@ -15,13 +15,13 @@ struct KeyEquivalent {
 
 // What the launch and the life of the application ask of the main window beside showing states
 // (see FrontEnd). Each operation here is that of a program without a window: it does nothing.
-class MainWindow {
+class WindowHooks {
  public:
   // Names under which the frames of the window and of the accounts list are kept between runs.
   static constexpr const char* kFrameName = "Tallyfold.mainWindow";
   static constexpr const char* kAccountsTableFrameName = "Tallyfold.accountsDrawer_Accounts_Table";
 
-  virtual ~MainWindow() = default;
+  virtual ~WindowHooks() = default;
 
   // Before the launch.
   virtual void AddKeyEquivalent(const KeyEquivalent& /*equivalent*/) {}
@@ -58,19 +58,19 @@ class MainWindow {
 };
 
 // The main window in use, for components that are made before it; a quiet one without any.
-class MainWindowSlot {
+class WindowHooksSlot {
  public:
   // Null for none. It must outlive its stay here.
-  void Set(MainWindow* window) noexcept { window_ = window != nullptr ? window : &quiet_; }
-  MainWindow* operator->() const noexcept { return window_; }
+  void Set(WindowHooks* window) noexcept { window_ = window != nullptr ? window : &quiet_; }
+  WindowHooks* operator->() const noexcept { return window_; }
 
-  MainWindowSlot() = default;
-  MainWindowSlot(const MainWindowSlot&) = delete;
-  MainWindowSlot& operator=(const MainWindowSlot&) = delete;
+  WindowHooksSlot() = default;
+  WindowHooksSlot(const WindowHooksSlot&) = delete;
+  WindowHooksSlot& operator=(const WindowHooksSlot&) = delete;
 
  private:
-  MainWindow quiet_;
-  MainWindow* window_ = &quiet_;
+  WindowHooks quiet_;
+  WindowHooks* window_ = &quiet_;
 };
 
 }  // namespace tallyfold
