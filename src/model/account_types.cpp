@@ -80,7 +80,7 @@ void LDGRAccount::SetTypes(EntryTypeList types) {
 }
 
 void AccountLists::SortTypes(LDGRAccount& account) noexcept {
-  std::stable_sort(account.types_.begin(), account.types_.end(), ComesBefore);
+  if (account.types_) std::stable_sort(account.types_->begin(), account.types_->end(), ComesBefore);
 }
 
 void LDGRAccount::SetInactiveTypes(EntryTypeList types) {
