@@ -296,7 +296,7 @@ LDGRController::Parts::Parts(const Services& services)
       speaker(services.loop, services.speech, *this),
       recovery(services.files, ledger, announcer),
       selection(*this, desk, preferences, window, refresh, announcer),
-      account_editing(desk, ledger, accounts, selection, links, sheets, refresh, announcer),
+      account_editing(desk, ledger, selection, links, sheets, refresh, announcer),
       account_passwords(desk, selection, preferences, sheets, window, refresh, announcer),
       account_removal(desk, ledger, selection, account_passwords, modal, sheets, refresh,
                       announcer),

@@ -93,6 +93,7 @@ void RecoveryLog::ReplayRecords(const RecoveryFile::Contents& contents, std::siz
     Change one(ledger_);
     if (!RecoveryRecord::Replay(record->payload, ledger_, one)) break;
     for (const auto& account : one.ordered_in_) all.AlsoOrderedIn(account);
+    if (!one.ordered_in_.empty()) ++found_.steps;
     one.Close();
     ++found_.recovered;
   }

@@ -40,6 +40,9 @@ class RecoveryLog final : private LedgerJournal, private AccountsStore::SaveWitn
     Outcome outcome = Outcome::Nothing;
     std::size_t recovered = 0;
     std::size_t records = 0;
+    // Those of `recovered` that the user ordered, and would want to hear of: no counters, no
+    // filters.
+    std::size_t steps = 0;
     // Where the log was kept aside, once it was: always for Partly, OtherContent and OtherFormat,
     // unless that failed.
     std::optional<std::string> kept_path;

@@ -24,6 +24,7 @@
 #include "app/shell/menus.h"
 #include "app/shell/preferences_sheet.h"
 #include "app/shell/tabs.h"
+#include "app/shell/undo.h"
 #include "app/shell/update_check.h"
 #include "app/test_application.h"
 #include "app/views/account_summary_sheet.h"
@@ -32,6 +33,7 @@
 #include "app/views/reconcile_tab.h"
 #include "app/views/registers.h"
 #include "filters/register_search.h"
+#include "ledger/ledger_fixture.h"
 #include "model/account.h"
 #include "storage/preferences.h"
 
@@ -330,6 +332,35 @@ TEST(Commands, AnnounceWhatTheyChangeAndNothingTwice) {
         // What is told before a question may be told again after it.
         EXPECT_LE(times, test.alerts.Requests().size() > alerts ? 2 : 1) << where;
       }
+    }
+  }
+}
+
+TEST(Commands, AreTakenBackWholeByUndo) {
+  for (const State& state : kStates) {
+    for (const Command* command : Commands()) {
+      TestApplication test;
+      state.reach(test);
+      if (!command->can(test.app) || command->menu == Menu::Edit) continue;
+      const std::string where = std::string(command->name) + ": " + state.name;
+      auto& undo = test.app.undo();
+      const bool was_open = test.app.desk().IsUnlocked();
+      const std::size_t steps = undo.UndoLines().size();
+      const std::string before = BytesOf(test.app.desk().accounts());
+      for (const char* button : {"Remove", "OK"}) test.alerts.Answer(button);
+      try {
+        command->run(test.app);
+      } catch (const std::logic_error&) {
+        // The queued answer was for another alert.
+        continue;
+      }
+      const std::string after = BytesOf(test.app.desk().accounts());
+      if (!was_open || !test.app.desk().IsUnlocked() || undo.UndoLines().size() <= steps) continue;
+      test.app.sheets().CancelOpen();
+      EXPECT_TRUE(undo.UndoStep()) << where;
+      EXPECT_EQ(BytesOf(test.app.desk().accounts()), before) << where;
+      EXPECT_TRUE(undo.RedoStep()) << where;
+      EXPECT_EQ(BytesOf(test.app.desk().accounts()), after) << where;
     }
   }
 }

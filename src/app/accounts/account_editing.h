@@ -13,7 +13,6 @@
 #include "ledger/ledger.h"
 #include "ledger/transfer_links.h"
 #include "model/account.h"
-#include "storage/accounts_store.h"
 
 namespace tallyfold {
 
@@ -21,12 +20,11 @@ namespace tallyfold {
 // shows; OK writes it into the account itself, whose object stays the same.
 class AccountEditing {
  public:
-  AccountEditing(Desk& desk, Ledger& ledger, AccountsStore& accounts, AccountSelection& selection,
+  AccountEditing(Desk& desk, Ledger& ledger, AccountSelection& selection,
                  const TransferLinks& links, SheetSlot& sheets, Refresh& refresh,
                  Announcer& announcer) noexcept
       : desk_(desk),
         ledger_(ledger),
-        accounts_(accounts),
         selection_(selection),
         links_(links),
         sheets_(sheets),
@@ -72,7 +70,6 @@ class AccountEditing {
 
   Desk& desk_;
   Ledger& ledger_;
-  AccountsStore& accounts_;
   AccountSelection& selection_;
   const TransferLinks& links_;
   SheetSlot& sheets_;

@@ -11,20 +11,21 @@ namespace {
 std::string NoticeOf(const RecoveryLog::Found& found) {
   using Outcome = RecoveryLog::Found::Outcome;
   const std::string records = std::to_string(found.records);
-  const std::string recovered = std::to_string(found.recovered);
   std::string notice;
   switch (found.outcome) {
     case Outcome::Nothing:
     case Outcome::InUse:
       return "";
     case Outcome::Recovered:
+      if (found.steps == 0) return "";
       return Message(
           Plural("{1} change from before the interruption was recovered.",
-                 "{1} changes from before the interruption were recovered.", found.recovered),
-          {recovered});
+                 "{1} changes from before the interruption were recovered.", found.steps),
+          {std::to_string(found.steps)});
     case Outcome::Partly:
-      notice = Message("Of {2} changes from before the interruption {1} could be recovered.",
-                       {recovered, records});
+      notice =
+          Message("Of {2} records of changes from before the interruption {1} could be recovered.",
+                  {std::to_string(found.recovered), records});
       break;
     case Outcome::OtherContent:
       notice = LocalizedText(
