@@ -14,10 +14,13 @@
 #include <string_view>
 
 #include "benchmarks/household_account.h"
+#include "benchmarks/quiet_store.h"
 #include "exchange/export_options.h"
 #include "exchange/qif_hints.h"
 #include "exchange/qif_import.h"
 #include "exchange/qif_review.h"
+#include "ledger/change.h"
+#include "ledger/ledger.h"
 #include "model/account.h"
 #include "model/entry_type.h"
 
@@ -82,9 +85,18 @@ void BM_Parse(benchmark::State& state) {
 }
 BENCHMARK(BM_Parse)->Arg(10'000)->Arg(100'000)->Arg(1'000'000)->Unit(benchmark::kMillisecond);
 
+void Commit(Ledger& ledger, QifReview& review, const std::shared_ptr<LDGRAccount>& account) {
+  Change change(ledger, "Import", account);
+  review.Commit(change, account, false);
+  change.Close();
+}
+
 std::shared_ptr<LDGRAccount> AccountHolding(const QifResult& result) {
   auto account = std::make_shared<LDGRAccount>();
-  QifReview(result, result.entries, *account).Commit(*account, false);
+  QuietStore store;
+  Ledger ledger(*store);
+  QifReview review(result, result.entries, *account);
+  Commit(ledger, review, account);
   return account;
 }
 
@@ -126,9 +138,12 @@ void BM_Commit(benchmark::State& state) {
     state.PauseTiming();
     auto account = std::make_shared<LDGRAccount>();
     auto review = std::make_unique<QifReview>(result, result.entries, *account);
+    QuietStore store;
+    auto ledger = std::make_unique<Ledger>(*store);
     state.ResumeTiming();
-    review->Commit(*account, false);
+    Commit(*ledger, *review, account);
     state.PauseTiming();
+    ledger.reset();
     review.reset();
     account.reset();
     state.ResumeTiming();

@@ -19,10 +19,9 @@
 
 #include "benchmarks/generator.h"
 #include "benchmarks/measured_run.h"
+#include "benchmarks/quiet_store.h"
 #include "plist/reader.h"
 #include "plist/writer.h"
-#include "storage/accounts_store.h"
-#include "system/posix_file_system.h"
 
 namespace tallyfold::benchmarks {
 namespace {
@@ -145,33 +144,10 @@ Work PugixmlWriteFile(const std::string& path) {
   return [document, path] { return document->save_file((path + ".written").c_str()); };
 }
 
-// The program's own store of accounts, with nobody to answer: files of this version ask nothing.
-class Store final : AccountsStore::Host, Alerts, ApplicationHost, ProcessLauncher {
- public:
-  AccountsStore& operator*() { return store_; }
-
- private:
-  void ForgetSelectedAccount() override {}
-  void CloseMainWindow() override {}
-  std::size_t Run(const AlertRequest& /*request*/) override { std::abort(); }
-  void Terminate() override {}
-  void EndProcess(int status) override { std::exit(status); }
-  [[nodiscard]] std::string BundleVersion() const override { return "1.0"; }
-  void FlushUserDefaults() override {}
-  bool Launch(const std::string& /*program*/, const std::vector<std::string>& /*args*/) override {
-    return false;
-  }
-
-  PosixFileSystem files_;
-  SaveGate gate_;
-  DataFolderLock lock_{files_, *this, *this};
-  AccountsStore store_{{files_, *this, *this, *this}, gate_, lock_, *this};
-};
-
-std::shared_ptr<Store> StoreFor(const std::string& path) {
+std::shared_ptr<QuietStore> StoreFor(const std::string& path) {
   const std::filesystem::path folder = std::filesystem::path(path).parent_path();
   setenv("HOME", folder.parent_path().parent_path().c_str(), 1);
-  return std::make_shared<Store>();
+  return std::make_shared<QuietStore>();
 }
 
 Work Load(const std::string& path) {
