@@ -28,6 +28,10 @@ std::string KeptNotePath(const std::string& path) {
   return path + ".kept";
 }
 
+std::string RecoveryFilePath(const std::string& path) {
+  return path + ".recovery";
+}
+
 bool EnsureFolder(FileSystem& files, const std::string& path, std::string_view line_for_file) {
   if (files.Exists(path)) {
     if (files.IsFolder(path)) return true;

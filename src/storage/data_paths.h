@@ -26,6 +26,8 @@ struct DataPaths {
 
 // Where copies that were kept of the file at `path` are noted for the next run.
 [[nodiscard]] std::string KeptNotePath(const std::string& path);
+// Where the recovery log of the accounts file at `path` lies.
+[[nodiscard]] std::string RecoveryFilePath(const std::string& path);
 
 // Makes the folder where nothing stands at `path`, and those above it that are missing. False when
 // a file stands there: then `line_for_file` is logged. A folder that cannot be made is not

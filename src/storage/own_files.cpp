@@ -46,9 +46,11 @@ bool IsOwnFile(const FileSystem& files, const DataPaths& paths, const std::strin
   const auto file = files.Identity(path);
   if (!file) {
     return LeadsTo(files, path, paths.accounts_file) ||
+           LeadsTo(files, path, RecoveryFilePath(paths.accounts_file)) ||
            LeadsTo(files, path, paths.preferences_file);
   }
   if (BelongsTo(files, *file, paths.accounts_file) ||
+      BelongsTo(files, *file, RecoveryFilePath(paths.accounts_file)) ||
       BelongsTo(files, *file, paths.preferences_file)) {
     return true;
   }

@@ -13,7 +13,7 @@ namespace tallyfold {
                            const std::string& other);
 
 // Whether `path` leads to a file of the program itself: accounts, preferences, backups, kept
-// copies. No command that writes a file of the user's choice may replace one.
+// copies, the recovery log. No command that writes a file of the user's choice may replace one.
 [[nodiscard]] bool IsOwnFile(const FileSystem& files, const DataPaths& paths,
                              const std::string& path);
 

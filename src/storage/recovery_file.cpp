@@ -35,8 +35,8 @@ struct Frame {
   std::string_view payload;
 };
 
-// Takes the first record off; none when it is not whole.
-std::optional<Frame> TakeFrame(std::string_view& bytes) {
+// As the first record says that it is, its line end lacking; none where that is not all there.
+std::optional<Frame> FirstFrame(std::string_view bytes) {
   const std::size_t end = bytes.substr(0, 64).find('\n');
   if (end == std::string_view::npos || end < 20) return std::nullopt;
   std::size_t length = 0;
@@ -44,7 +44,14 @@ std::optional<Frame> TakeFrame(std::string_view& bytes) {
   const auto [stop, error] = std::from_chars(first, bytes.data() + end, length);
   const std::string_view rest = bytes.substr(end + 1);
   if (error != std::errc() || rest.size() <= length) return std::nullopt;
-  const Frame frame{bytes[0], rest.substr(0, length)};
+  return Frame{bytes[0], rest.substr(0, length)};
+}
+
+// Takes the first record off; none when it is not whole.
+std::optional<Frame> TakeFrame(std::string_view& bytes) {
+  const std::optional<Frame> found = FirstFrame(bytes);
+  if (!found) return std::nullopt;
+  const Frame& frame = *found;
   // Nothing but the very bytes that were written will do.
   const std::string whole = Framed(frame.kind, frame.payload);
   if (!bytes.starts_with(whole)) return std::nullopt;
@@ -71,7 +78,7 @@ constexpr std::string_view kNoFile = "no file";
 }  // namespace
 
 RecoveryFile::RecoveryFile(FileSystem& files, const std::string& accounts_file)
-    : files_(files), path_(accounts_file + ".recovery") {}
+    : files_(files), path_(RecoveryFilePath(accounts_file)) {}
 
 std::optional<RecoveryFile::Contents> RecoveryFile::Open() {
   const LockResult result = files_.OpenAppended(path_, AppendedFileStart::Existing, file_);
@@ -109,6 +116,10 @@ std::optional<RecoveryFile::Contents> RecoveryFile::Open() {
   }
   size_ = read->view().size() - bytes.size();
   is_torn_ = !bytes.empty();
+  if (const auto torn = FirstFrame(bytes)) {
+    const char* const end = torn->payload.data() + torn->payload.size() + 1;
+    contents.is_damaged = end != bytes.data() + bytes.size();
+  }
   return contents;
 }
 
@@ -160,7 +171,7 @@ bool RecoveryFile::CutTorn() {
 }
 
 bool RecoveryFile::Remove() {
-  if (!file_ || !file_->Remove()) return false;
+  if (!file_ || (!file_->Remove() && files_.Exists(path_))) return false;
   file_.reset();
   return true;
 }

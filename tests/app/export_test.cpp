@@ -166,7 +166,12 @@ TEST_F(ExportTest, TakesANameThatIsFreeOrMayBeOverwritten) {
   const std::string backups = data + "/Backups";
   const std::string preferences = "/home/user/Library/Preferences/Quorva";
   files.AddFile(data + "/Accounts.plist", "x");
-  files.AddFile(data + "/Accounts.plist.kept-20070305-120000", "x");
+  const char* const owned[] = {
+      "Accounts.plist.kept-20070305-120000",
+      "Accounts.plist.recovery",
+      "Accounts.plist.recovery.kept-20070305-120000",
+  };
+  for (const char* name : owned) files.AddFile(data + '/' + name, "x");
   files.AddFile(backups + "/b", "x");
   files.AddFolder(preferences);
   struct Case {
@@ -187,7 +192,11 @@ TEST_F(ExportTest, TakesANameThatIsFreeOrMayBeOverwritten) {
       {"/nowhere", "new", true, "", false, "Unable to write file at the specified path"},
       {data.c_str(), "Accounts.plist", true, "Overwrite", false,
        "Unable to write file using the specified path and filename"},
-      {data.c_str(), "Accounts.plist.kept-20070305-120000", true, "Overwrite", false,
+      {data.c_str(), owned[0], true, "Overwrite", false,
+       "Unable to write file using the specified path and filename"},
+      {data.c_str(), owned[1], true, "Overwrite", false,
+       "Unable to write file using the specified path and filename"},
+      {data.c_str(), owned[2], true, "Overwrite", false,
        "Unable to write file using the specified path and filename"},
       {backups.c_str(), "b", true, "Overwrite", false,
        "Unable to write file using the specified path and filename"},
