@@ -45,7 +45,9 @@ void RecoveryLog::Replay() {
     return;
   }
   const auto& records = contents->records;
-  if (std::all_of(records.begin(), records.end(), [](const auto& each) { return each.is_save; })) {
+  const bool holds_nothing =
+      std::all_of(records.begin(), records.end(), [](const auto& each) { return each.is_save; });
+  if (holds_nothing && !contents->is_damaged) {
     pending_ = Pending::Remove;
     return;
   }
@@ -55,6 +57,8 @@ void RecoveryLog::Replay() {
     return;
   }
   ReplayRecords(*contents, *first);
+  // The damaged one at least is lost.
+  if (contents->is_damaged) ++found_.records;
   if (found_.recovered < found_.records) {
     found_.outcome = Outcome::Partly;
   } else if (found_.records == 0) {

@@ -27,6 +27,8 @@ class RecoveryFile {
     bool is_readable = false;
     // Not even the header was written whole, so that nothing can have followed it.
     bool is_unbegun = false;
+    // More follows what is not whole than an interrupted append leaves: not only the end is lost.
+    bool is_damaged = false;
     // The content on which the first records build; none: there was no accounts file.
     std::optional<ContentMark> builds_on;
     struct Record {
@@ -60,7 +62,8 @@ class RecoveryFile {
   // Cuts off what follows the last whole record, if anything does; appending does so first. False
   // also when no file is open.
   [[nodiscard]] bool CutTorn();
-  // Removes the file and closes it. False leaves it open, as it was.
+  // Removes the file and closes it; one that is gone already is only closed. False leaves it open,
+  // as it was.
   [[nodiscard]] bool Remove();
   // Renames it to "<name>.kept-YYYYMMDD-HHMMSS", which comes back, and closes it; none when that
   // cannot be done: then it is closed where it is.

@@ -267,6 +267,8 @@ TEST_F(RecoveryTest, KeepsAsideWhatDoesNotFit) {
   }
   const std::size_t first = log.find("\nR ") + 1;
   const std::size_t second = log.find("\nR ", first) + 1;
+  std::string damaged = log;
+  damaged[second - 20] ^= 1;
   const auto nothing = [](FakeFileSystem&) {};
   const struct {
     const char* what;
@@ -277,6 +279,7 @@ TEST_F(RecoveryTest, KeepsAsideWhatDoesNotFit) {
   } cases[] = {
       {"a record twice", log + log.substr(second), Outcome::Partly, 2, nothing},
       {"a record lacking", log.substr(0, first) + log.substr(second), Outcome::Partly, 0, nothing},
+      {"a damaged record", damaged, Outcome::Partly, 0, nothing},
       {"another format", "tallyfold recovery 2\n" + log, Outcome::OtherFormat, 0, nothing},
       {"no log at all", std::string(300, 'x'), Outcome::OtherFormat, 0, nothing},
       {"another file", log, Outcome::OtherContent, 0,
