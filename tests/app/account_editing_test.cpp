@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <functional>
 
 #include "app/accounts/account_removal.h"
@@ -10,6 +11,7 @@
 #include "app/desk.h"
 #include "app/entries/entry_editing.h"
 #include "app/shell/menus.h"
+#include "app/shell/undo.h"
 #include "app/test_application.h"
 #include "model/entry_type.h"
 #include "registers/table_log.h"
@@ -135,9 +137,18 @@ TEST(AccountRemoval, UnlinksWhatPointsThere) {
   EXPECT_EQ(schedule->GetTransferAccount(), -1);
   EXPECT_EQ(schedule->GetTransferEntry(), -1);
   EXPECT_EQ(a->lastTransferAccount(), -1);
-  for (const auto& each : app.desk().preferences().GetAccountPreferences()) {
-    EXPECT_NE(each->GetAccountNumber(), 2);
-  }
+  const auto has_view = [&app] {
+    const auto& views = app.desk().preferences().GetAccountPreferences();
+    return std::any_of(views.begin(), views.end(),
+                       [](const auto& each) { return each->GetAccountNumber() == 2; });
+  };
+  EXPECT_FALSE(has_view());
+  EXPECT_TRUE(app.undo().UndoStep());
+  EXPECT_EQ(app.desk().SelectedAccount(), b);
+  EXPECT_TRUE(has_view());
+  EXPECT_TRUE(app.undo().RedoStep());
+  EXPECT_EQ(app.desk().SelectedAccount(), a);
+  EXPECT_FALSE(has_view());
 }
 
 TEST(AccountsDrawer, ListsASortedCopy) {

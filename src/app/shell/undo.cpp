@@ -107,11 +107,14 @@ void Undo::LedgerChanged(const ChangeSet& set) {
 void Undo::Show(const ChangeSet& set) {
   const auto selected = desk_.SelectedAccount();
   auto wanted = set.ordered_in.empty() ? selected : set.ordered_in.front();
+  const bool is_selected_there = Holds(desk_.accounts(), selected);
+  // So that the view of an account that is gone is not stored when the next one is shown.
+  if (!is_selected_there) selection_.Account_Deselect();
   if (!Holds(desk_.accounts(), wanted)) {
     // The account itself is gone again.
-    wanted = Holds(desk_.accounts(), selected) ? selected
-             : desk_.accounts().empty()        ? nullptr
-                                               : desk_.accounts().front();
+    wanted = is_selected_there          ? selected
+             : desk_.accounts().empty() ? nullptr
+                                        : desk_.accounts().front();
   }
   refresh_.StepTaken();
   if (wanted != selected) {
