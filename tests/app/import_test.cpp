@@ -15,6 +15,7 @@
 #include "app/shell/menus.h"
 #include "app/test_application.h"
 #include "app/views/registers.h"
+#include "ledger/ledger.h"
 #include "registers/table_log.h"
 
 namespace tallyfold {
@@ -81,6 +82,20 @@ TEST_F(ImportTest, AsksForTheFileAndStopsTheTimerMeanwhile) {
   import.import_Cancel_Button();
   EXPECT_EQ(*app.idleWatch().scheduleReminderTimer().NextFiring() - loop.Now(), seconds(15));
   EXPECT_TRUE(app.menus().AreOn());
+}
+
+TEST_F(ImportTest, LetsTheLedgerKnowOfTheNumberItTakes) {
+  struct Counting final : LedgerListener {
+    void LedgerChanged(const ChangeSet& set) override {
+      for (const AccountChanges& changes : set.accounts) counted += changes.counted ? 1 : 0;
+    }
+    int counted = 0;
+  } listener;
+  app.ledger().AddListener(listener);
+  BeginReview();
+  import.import_Cancel_Button();
+  app.ledger().RemoveListener(listener);
+  EXPECT_EQ(listener.counted, 1);
 }
 
 TEST_F(ImportTest, KeepsTheSwapPopUpsAPermutation) {

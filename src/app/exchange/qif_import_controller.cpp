@@ -24,7 +24,11 @@ void LDGRQIFImportController::Import_Init(const QifResult& result) {
   const Announcer::Operation operation(announcer_);
   const QifAccount* account = ChosenAccount(result);
   const QifEntryList& chosen = account == nullptr ? result.entries : *account->entries;
+  Change change(ledger_);
+  // The review takes a number of the account.
+  change.EditSettings(account_);
   review_ = QifReview(result, chosen, *account_);
+  change.Close();
   first_number_ = review_.entries().empty() ? 0 : review_.entries().front()->GetNumber();
   edit_entry_ = nullptr;
   review_state_ = {};
@@ -208,10 +212,10 @@ bool LDGRQIFImportController::Import_OK() {
     announcer_.Changed(Area::ImportReview);
     return false;
   }
-  CloseReview();
   Change change(ledger_, "Import", account_);
   review_.Commit(change, account_, account_->GetQIFImportAllTypes());
   change.Close();
+  CloseReview();
   StageEnded(kConfirmed);
   return true;
 }
