@@ -133,6 +133,7 @@ struct LDGRController::Parts final : private AccountsStore::Host,
   // --- Accounts and their selection ---
   void ForgetSelectedAccount() override {
     ledger.history().Clear();
+    announcer.Changed(Area::History);
     registers.ShowAccount(nullptr);
     schedules.ShowAccount(nullptr);
     search.Clear();

@@ -16,6 +16,7 @@
 #include "app/shell/preferences_sheet.h"
 #include "app/shell/saving.h"
 #include "app/shell/text_editing.h"
+#include "app/shell/undo.h"
 #include "app/test_application.h"
 
 namespace tallyfold {
@@ -122,6 +123,40 @@ TEST(PasswordSheets, TakeTheFocusAndGiveItBack) {
   EXPECT_EQ(std::exchange(log.lines, {}), opening);
   app.accountPasswords().AccountAuthenticationSheet_Cancel();
   EXPECT_EQ(log.lines, closing);
+}
+
+TEST(PasswordSheets, TellThatWhatCanBeUndoneIsAnotherMatter) {
+  TestApplication test;
+  auto& app = test.app;
+  const auto account = test.AddAccount("A");
+  test.AddDebit(1.0);
+  account->SetPassword("y");
+  app.applicationLock().setPassword("x");
+  const struct {
+    std::function<void()> run;
+    std::size_t lines;
+  } cases[] = {
+      {[&] { app.applicationLock().lock(); }, 0},
+      {[&] {
+         app.applicationLock().ValidatePassword("x");
+         app.applicationLock().OK();
+       },
+       2},
+      {[&] { app.accountPasswords().Account_Lock(account); }, 0},
+      {[&] {
+         app.selection().Account_Select(account);
+         app.accountPasswords().ValidatePassword("y");
+         app.accountPasswords().AccountAuthenticationSheet_OK();
+       },
+       2},
+  };
+  for (const auto& c : cases) {
+    test.front_end.changed.clear();
+    c.run();
+    test.loop.FinishEvent();
+    EXPECT_EQ(app.undo().UndoLines().size(), c.lines);
+    EXPECT_EQ(std::ranges::count(test.front_end.changed, Area::History), 1);
+  }
 }
 
 TEST(ApplicationLock, EndsTheProgramWhenItIsCancelled) {

@@ -23,6 +23,7 @@ void AccountPasswords::Account_Lock(const std::shared_ptr<LDGRAccount>& account)
   const bool is_selected = account == desk_.SelectedAccount();
   if (is_selected) preferences_.Preferences_StoreAccountPrefs(account.get());
   account->setAuthenticated(false);
+  announcer_.Changed(Area::History);
   if (is_selected) return selection_.Account_Deselect();
   refresh_.AccountsList_Redraw();
   refresh_.Account_Menu_Show_Menu_Populate();
@@ -42,6 +43,7 @@ bool AccountPasswords::AccountAuthenticationSheet_OK() {
     return false;
   }
   AccountAuthenticationSheet_Close();
+  announcer_.Changed(Area::History);
   selection_.Account_Select(account);
   return true;
 }

@@ -95,6 +95,7 @@ void Refresh::Locked() {
   AccountsList_Redraw();
   host_.RedrawRegisters();
   SchedulesChanged();
+  announcer_.Changed(Area::History);
 }
 
 void Refresh::Balances() {

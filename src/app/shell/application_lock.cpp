@@ -31,6 +31,7 @@ bool ApplicationLock::OK() {
   if (!State().is_open || !authenticate(State().typed)) return false;
   authenticationSheet_Close();
   init_state_ = 0;
+  announcer_.Changed(Area::History);
   refresh_.AccountsList_Redraw();
   refresh_.Account_Menu_Show_Menu_Populate();
   post_load_.Start(std::chrono::milliseconds(0), [this] { selection_.Accounts_PostLoad(); });
