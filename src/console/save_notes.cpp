@@ -1,5 +1,7 @@
 #include "console/save_notes.h"
 
+#include <utility>
+
 #include "app/controller.h"
 #include "app/shell/recovery.h"
 #include "console/printer.h"
@@ -88,6 +90,14 @@ void KeptNotes::TellNew() {
   };
   tell(controller_.accountsStore().CopiesOfOthers(), accounts_told_);
   tell(controller_.preferencesStore().CopiesOfOthers(), preferences_told_);
+
+  const bool was_protected = std::exchange(
+      is_protected_, controller_.recovery().protection() != RecoveryLog::Protection::Off);
+  if (was_protected && !is_protected_) {
+    printer_.Note(
+        "what changes from here on is not protected: an interruption before the next save "
+        "would lose it");
+  }
 }
 
 }  // namespace tallyfold::console

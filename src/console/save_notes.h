@@ -28,7 +28,8 @@ class Printer;
 // What is not in the accounts file but in the log of an interrupted session; "" for nothing.
 [[nodiscard]] std::string HeldText(LDGRController& controller);
 
-// Tells of copies that were kept of what someone else had written into the program's files.
+// Tells of copies that were kept of what someone else had written into the program's files, and of
+// changes that nothing would bring back.
 class KeptNotes {
  public:
   // Both must outlive this.
@@ -37,7 +38,7 @@ class KeptNotes {
 
   // Those of the run before.
   void TellEarlier();
-  // Those that have not been told yet.
+  // Those that have not been told yet, and whether changes have become unprotected.
   void TellNew();
 
  private:
@@ -45,6 +46,7 @@ class KeptNotes {
   Printer& printer_;
   std::size_t accounts_told_ = 0;
   std::size_t preferences_told_ = 0;
+  bool is_protected_ = true;
 };
 
 }  // namespace tallyfold::console
