@@ -347,13 +347,8 @@ TEST(Commands, AreTakenBackWholeByUndo) {
       const bool was_open = test.app.desk().IsUnlocked();
       const std::size_t steps = undo.UndoLines().size();
       const std::string before = BytesOf(test.app.desk().accounts());
-      for (const char* button : {"Remove", "OK"}) test.alerts.Answer(button);
-      try {
-        command->run(test.app);
-      } catch (const std::logic_error&) {
-        // The queued answer was for another alert.
-        continue;
-      }
+      test.alerts.Answer(command->name == "Account_Remove" ? "Remove" : "OK");
+      command->run(test.app);
       const std::string after = BytesOf(test.app.desk().accounts());
       if (!was_open || !test.app.desk().IsUnlocked() || undo.UndoLines().size() <= steps) continue;
       test.app.sheets().CancelOpen();
