@@ -27,8 +27,8 @@ void TellIfAny(const Console& console, const std::string& note) {
 }
 
 // What a sheet that stays open tells; `problem` is its own text.
-[[noreturn]] void RefuseToStore(const std::string& problem) {
-  throw CommandError(problem.empty() ? "the entry cannot be stored" : problem);
+[[noreturn]] void RefuseToStore(const std::optional<Problem>& problem) {
+  throw CommandError(problem ? problem->text : "the entry cannot be stored");
 }
 
 void FinishDebitSheet(Console& console, const Arguments& arguments) {

@@ -111,8 +111,8 @@ void FinishScheduleSheet(Console& console, const Arguments& arguments) {
   const auto account = SelectedAccount(console);
   TypeIntoScheduleSheet(console, arguments);
   if (!console.controller.scheduleSheet().OK()) {
-    const std::string& problem = console.controller.scheduleSheet().State().problem;
-    throw CommandError(problem.empty() ? "the schedule cannot be stored" : problem);
+    const auto& problem = console.controller.scheduleSheet().State().problem;
+    throw CommandError(problem ? problem->text : "the schedule cannot be stored");
   }
   ShowSchedule(console, *account, *console.controller.desk().SelectedSchedule());
 }

@@ -184,7 +184,7 @@ const State kStates[] = {
      [](TestApplication& test) {
        AddEntries(test);
        test.app.preferencesSheet().Open();
-       test.app.preferencesSheet().PasswordValidate("a", "b");
+       test.app.preferencesSheet().preferencesSheet_PasswordValidate("a", "b");
      }},
     {"the options of an import are open", Import},
     {"an import is under review",
@@ -201,7 +201,7 @@ const State kStates[] = {
      [](TestApplication& test) {
        AddEntries(test);
        test.app.applicationLock().lock();
-       test.app.applicationLock().ValidatePassword("x");
+       test.app.applicationLock().authenticationSheet_ValidatePassword("x");
      }},
     {"an account asks for its password",
      [](TestApplication& test) {

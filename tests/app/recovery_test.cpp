@@ -92,7 +92,7 @@ TEST(Recovery, TellsOnlyWhoeverGaveThePassword) {
   EXPECT_FALSE(next.app.applicationLock().authenticated());
   EXPECT_EQ(next.app.recovery().Notice(), "");
   EXPECT_TRUE(next.files.Content(kLog).has_value());
-  next.app.applicationLock().ValidatePassword("x");
+  next.app.applicationLock().authenticationSheet_ValidatePassword("x");
   next.app.applicationLock().OK();
   next.loop.AdvanceBy(std::chrono::seconds(1));
   EXPECT_NE(next.app.recovery().Notice(), "");

@@ -173,7 +173,7 @@ TEST(Transfers, OfferTheOtherAccountsAndRememberTheChoice) {
   typed.account = 7;
   app.entries().Transfer().Read(typed);
   EXPECT_FALSE(app.entries().Transfer().OK());
-  EXPECT_EQ(state.problem, "No account is chosen.");
+  EXPECT_EQ(TextOf(state.problem), "No account is chosen.");
   app.entries().Transfer().Cancel();
 
   // The last account is gone: the first is offered.
@@ -328,9 +328,9 @@ TEST(Removals, RemoveWhatTheyAskedAbout) {
   app.selection().Account_Select(test.b);
   app.selection().Account_Select(test.a);
   app.desk().SelectEntry(test.a->GetEntries()[0]);
-  app.entryRemoval().EntryRemoveConfirm_OK();
+  EXPECT_FALSE(app.entryRemoval().EntryRemoveConfirm_OK());
   EXPECT_EQ(test.a->GetEntries().size(), 1U);
-  EXPECT_EQ(app.sheets().Current(), Sheet::None);
+  EXPECT_EQ(TextOf(app.entryRemoval().Confirm().problem), "The entry has been removed.");
 }
 
 TEST(Removals, DoNothingWithoutASelectedEntry) {

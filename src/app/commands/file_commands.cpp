@@ -33,9 +33,6 @@ bool PasswordIsRight(LDGRController& app) {
 bool PreferencesAreOpen(LDGRController& app) {
   return app.preferencesSheet().State().is_open;
 }
-bool PreferencesCanBeStored(LDGRController& app) {
-  return PreferencesAreOpen(app) && app.preferencesSheet().State().ok_is_enabled;
-}
 bool ImportOptionsAreOpen(LDGRController& app) {
   return app.sharedQIFImportController().Options().is_open;
 }
@@ -129,7 +126,7 @@ constexpr Command kCommands[] = {
      .can = Asks,
      .run = [](LDGRController& app) { app.applicationLock().Cancel(); }},
     {.name = "PreferencesSheet_OK",
-     .can = PreferencesCanBeStored,
+     .can = PreferencesAreOpen,
      .run = [](LDGRController& app) { app.preferencesSheet().OK(); }},
     {.name = "PreferencesSheet_Cancel",
      .can = PreferencesAreOpen,

@@ -42,12 +42,23 @@ void EntryRemoval::EntryRemoveConfirm_Begin() {
   sheets_.Open(Sheet::EntryRemoveConfirm, [this] { EntryRemoveConfirm_Cancel(); });
 }
 
-void EntryRemoval::EntryRemoveConfirm_OK() {
+bool EntryRemoval::EntryRemoveConfirm_OK() {
   const Announcer::Operation operation(announcer_);
-  if (!confirm_.is_open) return;
+  if (!confirm_.is_open) return false;
+  confirm_.problem = ProblemOfAsked();
+  if (confirm_.problem) {
+    announcer_.Changed(Area::EntryRemoveSheet);
+    return false;
+  }
   const Asked asked = std::exchange(asked_, {});
   CloseConfirm();
-  if (IsThere(asked)) AskForOtherHalfOrDelete(asked);
+  AskForOtherHalfOrDelete(asked);
+  return true;
+}
+
+std::optional<Problem> EntryRemoval::ProblemOfAsked() const {
+  if (IsThere(asked_)) return std::nullopt;
+  return Problem{"", LocalizedText("The entry has been removed.")};
 }
 
 void EntryRemoval::EntryRemoveConfirm_Cancel() {
@@ -61,6 +72,7 @@ void EntryRemoval::EntryRemoveConfirm_Cancel() {
 void EntryRemoval::CloseConfirm() {
   confirm_.is_open = false;
   confirm_.question.clear();
+  confirm_.problem.reset();
   announcer_.Changed(Area::EntryRemoveSheet);
   sheets_.Close(Sheet::EntryRemoveConfirm);
 }
@@ -82,47 +94,52 @@ void EntryRemoval::TransferEntryRemoveConfirm_Begin() {
 
 void EntryRemoval::AskForOtherHalf(const Asked& asked) {
   asked_ = asked;
-  transfer_ = {true, MessageWithText(LocalizedText("The other half of this transfer is in the "
-                                                   "account \"%@\".  Would you like to keep it "
-                                                   "there as an ordinary entry?"),
-                                     asked.entry->GetToFrom())};
+  transfer_.is_open = true;
+  transfer_.question =
+      MessageWithText(LocalizedText("The other half of this transfer is in the account \"%@\".  "
+                                    "Would you like to keep it there as an ordinary entry?"),
+                      asked.entry->GetToFrom());
   announcer_.Changed(Area::TransferEntryRemoveSheet);
   sheets_.Open(Sheet::TransferEntryRemoveConfirm, [this] { TransferEntryRemoveConfirm_Cancel(); });
 }
 
-void EntryRemoval::TransferEntryRemoveConfirm_Yes() {
-  const Announcer::Operation operation(announcer_);
-  const Asked asked = CloseTransfer();
-  if (!IsThere(asked)) return;
-  Change change(ledger_, kRemoveEntry, asked.account);
-  links_.UnlinkOtherHalf(change, *asked.account, *asked.entry);
-  change.Remove(asked.account, asked.entry.get());
-  change.Close();
-  refresh_.EntryRemoved();
+bool EntryRemoval::TransferEntryRemoveConfirm_Yes() {
+  return AnswerTransfer(&TransferLinks::UnlinkOtherHalf);
 }
 
-void EntryRemoval::TransferEntryRemoveConfirm_No() {
+bool EntryRemoval::TransferEntryRemoveConfirm_No() {
+  return AnswerTransfer(&TransferLinks::RemoveOtherHalf);
+}
+
+bool EntryRemoval::AnswerTransfer(void (TransferLinks::*half)(Change&, const LDGRAccount&,
+                                                              const LDGRAccountEntry&) const) {
   const Announcer::Operation operation(announcer_);
-  const Asked asked = CloseTransfer();
-  if (!IsThere(asked)) return;
+  if (!transfer_.is_open) return false;
+  transfer_.problem = ProblemOfAsked();
+  if (transfer_.problem) {
+    announcer_.Changed(Area::TransferEntryRemoveSheet);
+    return false;
+  }
+  const Asked asked = asked_;
+  CloseTransfer();
   Change change(ledger_, kRemoveEntry, asked.account);
-  links_.RemoveOtherHalf(change, *asked.account, *asked.entry);
+  (links_.*half)(change, *asked.account, *asked.entry);
   change.Remove(asked.account, asked.entry.get());
   change.Close();
   refresh_.EntryRemoved();
+  return true;
 }
 
 void EntryRemoval::TransferEntryRemoveConfirm_Cancel() {
   const Announcer::Operation operation(announcer_);
-  CloseTransfer();
+  if (transfer_.is_open) CloseTransfer();
 }
 
-EntryRemoval::Asked EntryRemoval::CloseTransfer() {
-  if (!transfer_.is_open) return {};
+void EntryRemoval::CloseTransfer() {
+  asked_ = {};
   transfer_ = {};
   announcer_.Changed(Area::TransferEntryRemoveSheet);
   sheets_.Close(Sheet::TransferEntryRemoveConfirm);
-  return std::exchange(asked_, {});
 }
 
 void EntryRemoval::Entry_Delete() {

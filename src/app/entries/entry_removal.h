@@ -1,6 +1,7 @@
 #pragma once
 
 #include <memory>
+#include <optional>
 
 #include "app/desk.h"
 #include "app/entries/entry_remove_sheet_state.h"
@@ -12,6 +13,8 @@
 #include "model/account.h"
 
 namespace tallyfold {
+
+class Change;
 
 // Removes the selected entry, after the questions that apply. What is asked about is what the
 // answer removes, whatever is selected by then.
@@ -34,15 +37,17 @@ class EntryRemoval {
   // Asks whether the selected entry is to be removed, or removes it at once where the user wants no
   // question. Nothing without a selected entry, and nothing while a sheet is open.
   void EntryRemoveConfirm_Begin();
-  void EntryRemoveConfirm_OK();
+  // The answers. False when the question is not open, or stays open because what it asked about has
+  // gone meanwhile: its state then says so.
+  bool EntryRemoveConfirm_OK();
   void EntryRemoveConfirm_Cancel();
 
   // Asks what becomes of the other half of the transfer that is selected.
   void TransferEntryRemoveConfirm_Begin();
   // The other half stays in its account as an ordinary entry.
-  void TransferEntryRemoveConfirm_Yes();
+  bool TransferEntryRemoveConfirm_Yes();
   // The other half is removed too.
-  void TransferEntryRemoveConfirm_No();
+  bool TransferEntryRemoveConfirm_No();
   void TransferEntryRemoveConfirm_Cancel();
 
   // Removes the selected entry without a question and leaves another half as it is.
@@ -56,13 +61,17 @@ class EntryRemoval {
   };
 
   [[nodiscard]] Asked Selected() const;
+  // What is to be told when it is not; none when it is.
+  [[nodiscard]] std::optional<Problem> ProblemOfAsked() const;
   // Whether it is still there to be removed.
   [[nodiscard]] bool IsThere(const Asked& asked) const;
   void AskForOtherHalfOrDelete(const Asked& asked);
   void AskForOtherHalf(const Asked& asked);
   void CloseConfirm();
-  // What the sheet asked about; nothing when it was not open.
-  Asked CloseTransfer();
+  void CloseTransfer();
+  // Removes the entry after the answer about its other half, which `half` carries out.
+  bool AnswerTransfer(void (TransferLinks::*half)(Change&, const LDGRAccount&,
+                                                  const LDGRAccountEntry&) const);
   void Delete(const Asked& asked);
 
   Desk& desk_;

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <memory>
+#include <optional>
 #include <string>
 
 #include "app/desk.h"
@@ -32,7 +33,7 @@ class ScheduleEditing {
   // or a sheet is open.
   bool Edit();
   // Takes over what the user typed, and brings the dates up to date.
-  void Read(ScheduleValues typed);
+  void Read(ScheduleSheetState::Typed typed);
   // Stores the schedule, selects it and closes the sheet. False when the sheet is not open or stays
   // open; its state then says why, unless a field of the front end has refused its text.
   bool OK();
@@ -46,8 +47,10 @@ class ScheduleEditing {
   void PopulateTypes(const LDGRAccount& account);
   void PopulateAccounts(const LDGRAccount& account);
   void Update();
+  // Why the schedule cannot be stored any more; "" when it can.
   [[nodiscard]] std::string CheckTarget() const;
-  [[nodiscard]] std::string CheckOtherAccount();
+  [[nodiscard]] std::optional<Problem> Check();
+  [[nodiscard]] std::optional<Problem> CheckOtherAccount();
   void Close();
 
   Desk& desk_;
