@@ -324,7 +324,7 @@ LDGRController::Parts::Parts(const Services& services)
       updates(services.host, services.updates, announcer),
       menus(desk, ledger, modal, selection, sheets, refresh, announcer),
       tabs(desk, registers, search, summary_tab, speaker, reveal, refresh, announcer),
-      undo(ledger, desk, sheets, modal, selection, tabs, refresh, announcer),
+      undo(ledger, desk, sheets, modal, selection, tabs, summary_tab, refresh, announcer),
       printing(desk, tabs, registers),
       idle(services.loop, *this),
       text_editing(services.notifications,

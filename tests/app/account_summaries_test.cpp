@@ -4,6 +4,7 @@
 
 #include "app/accounts/account_selection.h"
 #include "app/face/sheet_slot.h"
+#include "app/shell/undo.h"
 #include "app/test_application.h"
 #include "app/views/account_summary_sheet.h"
 #include "app/views/account_summary_tab.h"
@@ -61,6 +62,24 @@ TEST(SummaryTab, GivesEverySummaryANameOfItsOwnAndKeepsTheLast) {
   EXPECT_FALSE(test.app.summaries().Remove());
   EXPECT_EQ(test.alerts.Requests().size(), 1U);
   EXPECT_EQ(test.app.summaries().State().summaries.size(), 1U);
+}
+
+TEST(SummaryTab, ShowsTheSummaryOfAStepThatIsUndoneOrRedone) {
+  TestApplication test;
+  const auto account = test.AddAccount("A");
+  auto& summaries = test.app.summaries();
+  const auto renamed = summaries.Add();
+  summaries.Rename("Renamed");
+  ASSERT_TRUE(summaries.Select(0));
+  const auto other = account->selectedAccountSummary();
+  ASSERT_TRUE(test.app.undo().UndoStep());
+  EXPECT_EQ(account->selectedAccountSummary(), renamed);
+  EXPECT_EQ(summaries.State().layout.head.name, "Untitled Summary");
+  ASSERT_TRUE(summaries.SelectSummary(other.get()));
+  ASSERT_TRUE(test.app.undo().RedoStep());
+  EXPECT_EQ(account->selectedAccountSummary(), renamed);
+  EXPECT_EQ(summaries.State().layout.head.name, "Renamed");
+  EXPECT_FALSE(summaries.SelectSummary(nullptr));
 }
 
 TEST(SummarySheet, ShowsItsResultWhileTheAccountStaysAsItIs) {
