@@ -2,12 +2,14 @@
 
 #include <algorithm>
 #include <charconv>
+#include <cstddef>
 #include <optional>
 #include <system_error>
 #include <vector>
 
 #include "app/controller.h"
 #include "app/desk.h"
+#include "console/command.h"
 #include "console/command_error.h"
 #include "console/register_order.h"
 #include "console/words.h"
@@ -95,8 +97,21 @@ std::shared_ptr<LDGRAccount> AccountNamed(const Console& console, std::string_vi
 }
 
 std::shared_ptr<LDGRAccountEntry> EntryNamed(const Console& console, std::string_view word) {
+  return EntryNamed(console, *SelectedAccount(console), word);
+}
+
+std::shared_ptr<LDGRAccountEntry> EntryNamed(const Console& console, const LDGRAccount& account,
+                                             std::string_view word) {
+  return Named(InOrderOf(account.GetEntries(), console.register_order), word, "an entry");
+}
+
+EntryList AllEntriesNamed(const Console& console, const Arguments& arguments) {
   const EntryList rows = InOrderOf(SelectedAccount(console)->GetEntries(), console.register_order);
-  return Named(rows, word, "an entry");
+  EntryList entries;
+  for (std::size_t i = 0; i < arguments.WordCount(); ++i) {
+    entries.push_back(Named(rows, arguments.WordAt(i), "an entry"));
+  }
+  return entries;
 }
 
 std::shared_ptr<LDGRAccountEntry> SelectEntryNamed(const Console& console, std::string_view word) {

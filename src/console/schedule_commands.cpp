@@ -142,6 +142,14 @@ void AddSchedule(Console& console, const Arguments& arguments) {
   FinishScheduleSheet(console, arguments);
 }
 
+void ScheduleFromEntry(Console& console, const Arguments& arguments) {
+  SelectEntryNamed(console, arguments.WordAt(0));
+  if (!console.controller.scheduleSheet().NewFromEntry()) {
+    throw CommandError("no schedule can be made of entry " + arguments.WordAt(0));
+  }
+  FinishScheduleSheet(console, arguments);
+}
+
 // Selects the schedule that the first word names.
 std::shared_ptr<LDGRAccountSchedule> Select(Console& console, const Arguments& arguments) {
   auto schedule = ScheduleNamed(console, arguments.WordAt(0));
@@ -289,6 +297,14 @@ const std::vector<Command>& Commands() {
        .help = "adds an entry that recurs",
        .example = "schedule add debit start=2026-04-01 repeat=monthly amount=890.00 to=Landlord",
        .run = AddSchedule},
+      {.name = "schedule from",
+       .words = "ENTRY",
+       .least_words = 1,
+       .most_words = 1,
+       .options = ScheduleOptions(),
+       .help = "adds one like an entry, monthly from its day on, which counts as committed",
+       .example = "schedule from 12 repeat=weekly",
+       .run = ScheduleFromEntry},
       {.name = "schedule edit",
        .words = "SCHEDULE",
        .least_words = 1,

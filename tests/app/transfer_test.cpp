@@ -290,6 +290,8 @@ TEST(TransferLinks, ChooseAmongEntriesOfOneNumber) {
     const auto half = test.app.transferLinks().Transfer_LinkedEntry(entry.get());
     EXPECT_EQ(half, c.expected < 0 ? nullptr : entries[static_cast<std::size_t>(c.expected)])
         << c.what;
+    const auto found = test.app.transferLinks().FindOtherHalves(*test.a, {entry});
+    EXPECT_TRUE(found[0].half == half && found[0].is_ambiguous == c.is_ambiguous) << c.what;
 
     const Texts before = Lines(*test.b);
     test.Select(test.a, 0);

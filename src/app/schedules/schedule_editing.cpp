@@ -113,6 +113,19 @@ bool ScheduleEditing::New(EntryKind kind) {
   return Begin(account, nullptr, std::move(values));
 }
 
+bool ScheduleEditing::NewFromEntry() {
+  const Announcer::Operation operation(announcer_);
+  const auto account = desk_.SelectedAccount();
+  const auto entry = desk_.SelectedEntry();
+  if (account == nullptr || entry == nullptr || !sheets_.IsFree()) return false;
+  if (!entry->IsDebit() && !entry->IsDeposit() && !entry->IsTransfer()) return false;
+  ScheduleValues values = ValuesOfEntry(*entry);
+  values.repeat_interval_type = static_cast<std::int32_t>(Repeat::Monthly);
+  if (!Begin(account, nullptr, std::move(values))) return false;
+  day_of_entry_ = entry->GetDate();
+  return true;
+}
+
 bool ScheduleEditing::Edit() {
   const Announcer::Operation operation(announcer_);
   const auto account = desk_.SelectedAccount();
@@ -127,6 +140,7 @@ bool ScheduleEditing::Begin(const std::shared_ptr<LDGRAccount>& account,
                             std::shared_ptr<LDGRAccountSchedule> schedule, ScheduleValues values) {
   account_ = account;
   edited_ = std::move(schedule);
+  day_of_entry_.reset();
   former_ = values;
   state_ = ScheduleSheetState();
   state_.is_new = edited_ == nullptr;
@@ -236,6 +250,11 @@ bool ScheduleEditing::OK() {
   StoreValues(state_.typed, *schedule);
   if (edited_ == nullptr) {
     schedule->SetNumber(account->NextAvailableScheduleNumber());
+    if (day_of_entry_ == schedule->GetDate()) {
+      for (const auto& there : schedule->EntriesFromDate(*day_of_entry_, *day_of_entry_)) {
+        schedule->CommitEntry(there.get());
+      }
+    }
     change.Add(account, schedule);
   }
   change.Close();

@@ -103,31 +103,36 @@ std::optional<Problem> ProblemOfUntil(const ScheduleValues& values, const Schedu
 
 }  // namespace
 
-bool GoesOut(const LDGRAccountSchedule& schedule) {
-  return schedule.IsDebit() || (schedule.IsTransfer() && schedule.IsTransferOrigin());
+bool GoesOut(const LDGRAccountEntry& entry) {
+  return entry.IsDebit() || (entry.IsTransfer() && entry.IsTransferOrigin());
 }
 
-ScheduleValues ValuesOf(const LDGRAccountSchedule& schedule) {
+ScheduleValues ValuesOfEntry(const LDGRAccountEntry& entry) {
   ScheduleValues values;
-  values.kind = schedule.IsDebit()     ? EntryKind::Debit
-                : schedule.IsDeposit() ? EntryKind::Deposit
-                                       : EntryKind::Transfer;
-  values.start = schedule.GetDate();
+  values.kind = entry.IsDebit()     ? EntryKind::Debit
+                : entry.IsDeposit() ? EntryKind::Deposit
+                                    : EntryKind::Transfer;
+  values.start = entry.GetDate();
   // Adding 0.0 keeps a negative zero off the screen.
-  values.amount = (GoesOut(schedule) ? -schedule.GetAmount() : schedule.GetAmount()) + 0.0;
-  if (const auto& split = schedule.GetSplit()) {
+  values.amount = (GoesOut(entry) ? -entry.GetAmount() : entry.GetAmount()) + 0.0;
+  if (const auto& split = entry.GetSplit()) {
     for (std::size_t i = 0; i < values.split.size(); ++i) {
       values.split[i] = {split->GetDescription(i), split->GetToFrom(i), split->GetAmount(i)};
     }
   }
-  values.description = schedule.GetDescription();
-  values.to_from = schedule.GetToFrom();
-  values.type = schedule.GetType();
-  values.is_check = schedule.IsCheck();
-  values.tax_deductible = schedule.GetTaxDeductible();
-  values.notes = schedule.GetNotes();
-  values.transfer_account = schedule.GetTransferAccount();
-  values.is_transfer_origin = schedule.IsTransferOrigin();
+  values.description = entry.GetDescription();
+  values.to_from = entry.GetToFrom();
+  values.type = entry.GetType();
+  values.is_check = entry.IsCheck();
+  values.tax_deductible = entry.GetTaxDeductible();
+  values.notes = entry.GetNotes();
+  values.transfer_account = entry.GetTransferAccount();
+  values.is_transfer_origin = entry.IsTransferOrigin();
+  return values;
+}
+
+ScheduleValues ValuesOf(const LDGRAccountSchedule& schedule) {
+  ScheduleValues values = ValuesOfEntry(schedule);
   values.repeat_interval_type = schedule.GetRepeatIntervalType();
   values.repeat_interval = schedule.GetRepeatInterval();
   values.repeat_until_type = schedule.GetRepeatUntilType();

@@ -45,10 +45,13 @@ struct ScheduleValues {
 
 // Whether its money leaves the account: a debit, or a transfer from here. The sheets show the
 // amount of such a schedule without its minus.
-[[nodiscard]] bool GoesOut(const LDGRAccountSchedule& schedule);
+[[nodiscard]] bool GoesOut(const LDGRAccountEntry& entry);
 
 // What a schedule of a known kind holds.
 [[nodiscard]] ScheduleValues ValuesOf(const LDGRAccountSchedule& schedule);
+// What a schedule holds whose first occurrence is an entry of a known kind; how it recurs is that
+// of ScheduleValues.
+[[nodiscard]] ScheduleValues ValuesOfEntry(const LDGRAccountEntry& entry);
 // Makes the schedule one with these values, which ProblemOf() must have passed. A transfer's
 // to_from is taken as it stands; a number that does not count and cannot be read leaves what the
 // schedule has.
