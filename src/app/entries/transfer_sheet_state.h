@@ -4,6 +4,7 @@
 #include <string>
 #include <vector>
 
+#include "app/entries/completion.h"
 #include "app/entries/entry_sheet_state.h"
 #include "app/face/pop_up_item.h"
 #include "model/date_number.h"
@@ -41,7 +42,7 @@ struct TransferSheetState {
   std::vector<PopUpItem> account_items;
   SheetField first_field = SheetField::Date;
   // Former texts of the account, offered to complete what is typed.
-  std::vector<std::string> descriptions;
+  FormerTexts descriptions;
   // What becomes of an other half that cannot be told from others; "" for nothing to tell.
   std::string note;
   // Why the last OK was refused, in the user's words; "" when it was not.

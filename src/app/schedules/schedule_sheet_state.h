@@ -3,6 +3,7 @@
 #include <string>
 #include <vector>
 
+#include "app/entries/completion.h"
 #include "app/face/pop_up_item.h"
 #include "app/schedules/schedule_values.h"
 #include "registers/schedule_dates.h"
@@ -34,8 +35,8 @@ struct ScheduleSheetState {
   // The dates it comes to next; empty while what is typed makes no schedule.
   std::vector<ScheduleDateLine> dates;
   // Former texts of the account, offered to complete what is typed.
-  std::vector<std::string> descriptions;
-  std::vector<std::string> to_froms;
+  FormerTexts descriptions;
+  FormerTexts to_froms;
   // Why the last OK was refused, in the user's words; "" when it was not.
   std::string problem;
 };
