@@ -95,7 +95,13 @@ std::shared_ptr<LDGRAccount> AccountNamed(const Console& console, std::string_vi
 }
 
 std::shared_ptr<LDGRAccountEntry> EntryNamed(const Console& console, std::string_view word) {
-  const EntryList rows = InOrderOf(SelectedAccount(console)->GetEntries(), console.register_order);
+  const auto account = SelectedAccount(console);
+  // Rows are sorted only where they are asked for.
+  if (const auto number = NumberOf<std::int32_t>(word)) {
+    const EntryList alike = account->EntriesWithNumber(*number);
+    if (alike.size() == 1) return alike.front();
+  }
+  const EntryList rows = InOrderOf(account->GetEntries(), console.register_order);
   return Named(rows, word, "an entry");
 }
 
