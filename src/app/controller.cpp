@@ -200,9 +200,9 @@ struct LDGRController::Parts final : private AccountsStore::Host,
   bool LiveUpdatingFilters() const override { return desk.preferences().GetLiveUpdatingFilters(); }
   RegisterKind ShownRegister() const override { return tabs.ShownRegister(); }
   LDGRAccountTableViewData* CurrentRegister() override { return &registers.Current(); }
-  void ReloadShownRegister(EntryList entries) override {
+  void ReloadShownRegister() override {
     reveal.Forget();
-    registers.Of(ShownRegister()).Reload(std::move(entries));
+    registers.Reload(ShownRegister());
   }
   void ReloadRegisters() override {
     reveal.Forget();

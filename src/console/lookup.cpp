@@ -5,6 +5,7 @@
 #include <cstddef>
 #include <optional>
 #include <system_error>
+#include <utility>
 #include <vector>
 
 #include "app/controller.h"
@@ -62,6 +63,15 @@ std::shared_ptr<Record> Named(const std::vector<std::shared_ptr<Record>>& rows,
   return found;
 }
 
+// The only entry with that number, without sorting any rows; null where it takes them to tell.
+std::shared_ptr<LDGRAccountEntry> OnlyOneNumbered(const LDGRAccount& account,
+                                                  std::string_view word) {
+  const auto number = NumberOf<std::int32_t>(word);
+  if (!number) return nullptr;
+  const EntryList alike = account.EntriesWithNumber(*number);
+  return alike.size() == 1 ? alike.front() : nullptr;
+}
+
 }  // namespace
 
 std::shared_ptr<LDGRAccount> SelectedAccount(const Console& console) {
@@ -102,14 +112,22 @@ std::shared_ptr<LDGRAccountEntry> EntryNamed(const Console& console, std::string
 
 std::shared_ptr<LDGRAccountEntry> EntryNamed(const Console& console, const LDGRAccount& account,
                                              std::string_view word) {
+  if (auto entry = OnlyOneNumbered(account, word)) return entry;
   return Named(InOrderOf(account.GetEntries(), console.register_order), word, "an entry");
 }
 
 EntryList AllEntriesNamed(const Console& console, const Arguments& arguments) {
-  const EntryList rows = InOrderOf(SelectedAccount(console)->GetEntries(), console.register_order);
+  const auto account = SelectedAccount(console);
+  std::optional<EntryList> rows;
   EntryList entries;
   for (std::size_t i = 0; i < arguments.WordCount(); ++i) {
-    entries.push_back(Named(rows, arguments.WordAt(i), "an entry"));
+    const std::string_view word = arguments.WordAt(i);
+    auto entry = OnlyOneNumbered(*account, word);
+    if (entry == nullptr) {
+      if (!rows) rows = InOrderOf(account->GetEntries(), console.register_order);
+      entry = Named(*rows, word, "an entry");
+    }
+    entries.push_back(std::move(entry));
   }
   return entries;
 }

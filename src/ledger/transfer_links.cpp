@@ -62,8 +62,8 @@ TransferLinks::Search TransferLinks::FindOtherHalf(const LDGRAccount& account,
   const std::int32_t number = entry.GetTransferEntry();
   EntryList pointing_back;
   std::shared_ptr<LDGRAccountEntry> first;
-  for (const auto& half : other->GetEntries()) {
-    if (half->GetNumber() != number || half.get() == &entry) continue;
+  for (const auto& half : other->EntriesWithNumber(number)) {
+    if (half.get() == &entry) continue;
     if (PointsBack(*half, account, entry)) pointing_back.push_back(half);
     if (first == nullptr && number != kNotLinked) first = half;
   }

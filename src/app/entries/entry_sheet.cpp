@@ -62,9 +62,10 @@ void EntrySheet::Fill(const EditedEntry& edited, const LDGRAccount& account,
   state_ = EntrySheetState();
   state_.is_new = edited.is_new;
   state_.first_field = FirstField(preferences, edited.is_new);
-  state_.descriptions = is_debit ? account.GetPreferredDebitDescriptions()
-                                 : account.GetPreferredDepositDescriptions();
-  state_.to_froms = is_debit ? account.GetPreferredTos() : account.GetPreferredFroms();
+  state_.descriptions = {edited.account, is_debit ? &LDGRAccount::GetPreferredDebitDescriptions
+                                                  : &LDGRAccount::GetPreferredDepositDescriptions};
+  state_.to_froms = {edited.account,
+                     is_debit ? &LDGRAccount::GetPreferredTos : &LDGRAccount::GetPreferredFroms};
 
   auto& typed = state_.typed;
   typed.date = entry.GetDate();

@@ -6,6 +6,7 @@
 #include <string>
 #include <vector>
 
+#include "app/entries/completion.h"
 #include "app/entries/entry_suggestion.h"
 #include "app/face/pop_up_item.h"
 #include "app/face/problem.h"
@@ -71,8 +72,8 @@ struct EntrySheetState {
   double split_total = 0.0;
   SheetField first_field = SheetField::Date;
   // Former texts of the account, offered to complete what is typed.
-  std::vector<std::string> descriptions;
-  std::vector<std::string> to_froms;
+  FormerTexts descriptions;
+  FormerTexts to_froms;
   // What an earlier entry of the same description had, until it is taken or editing goes on.
   std::optional<EntrySuggestion> suggestion;
   // The fields are ..._Date_Field, _Amount_Field, _CheckNumber_Field and _Split_Table, after

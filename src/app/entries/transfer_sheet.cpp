@@ -39,7 +39,7 @@ void TransferSheet::Fill(const EditedEntry& edited, const LDGRAccount& account,
   state_ = TransferSheetState();
   state_.is_new = edited.is_new;
   state_.first_field = FirstField(preferences, edited.is_new);
-  state_.descriptions = account.GetPreferredTransferDescriptions();
+  state_.descriptions = {edited.account, &LDGRAccount::GetPreferredTransferDescriptions};
   state_.direction_items = {{LocalizedText("Transfer To"), kTransferToTag},
                             {LocalizedText("Transfer From"), kTransferFromTag}};
 

@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "app/entries/completion.h"
 #include "app/entries/entry_sheet_state.h"
 #include "app/face/pop_up_item.h"
 #include "app/face/problem.h"
@@ -44,7 +45,7 @@ struct TransferSheetState {
   std::vector<PopUpItem> account_items;
   SheetField first_field = SheetField::Date;
   // Former texts of the account, offered to complete what is typed.
-  std::vector<std::string> descriptions;
+  FormerTexts descriptions;
   // What becomes of an other half that cannot be told from others; "" for nothing to tell.
   std::string note;
   // The fields are transferSheet_Date_Field, _Amount_Field and _Account_PopUp.

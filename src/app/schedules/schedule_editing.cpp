@@ -158,15 +158,15 @@ void ScheduleEditing::Populate(const LDGRAccount& account) {
   state_.until_items = PopUpItems(kUntils);
   switch (state_.typed.kind) {
     case EntryKind::Debit:
-      state_.descriptions = account.GetPreferredDebitDescriptions();
-      state_.to_froms = account.GetPreferredTos();
+      state_.descriptions = {account_, &LDGRAccount::GetPreferredDebitDescriptions};
+      state_.to_froms = {account_, &LDGRAccount::GetPreferredTos};
       break;
     case EntryKind::Deposit:
-      state_.descriptions = account.GetPreferredDepositDescriptions();
-      state_.to_froms = account.GetPreferredFroms();
+      state_.descriptions = {account_, &LDGRAccount::GetPreferredDepositDescriptions};
+      state_.to_froms = {account_, &LDGRAccount::GetPreferredFroms};
       break;
     case EntryKind::Transfer:
-      state_.descriptions = account.GetPreferredTransferDescriptions();
+      state_.descriptions = {account_, &LDGRAccount::GetPreferredTransferDescriptions};
       return PopulateAccounts(account);
   }
   PopulateTypes(account);

@@ -4,6 +4,7 @@
 #include <string>
 #include <vector>
 
+#include "app/entries/completion.h"
 #include "app/face/pop_up_item.h"
 #include "app/face/problem.h"
 #include "app/schedules/schedule_values.h"
@@ -37,8 +38,8 @@ struct ScheduleSheetState {
   // The dates it comes to next; empty while what is typed makes no schedule.
   std::vector<ScheduleDateLine> dates;
   // Former texts of the account, offered to complete what is typed.
-  std::vector<std::string> descriptions;
-  std::vector<std::string> to_froms;
+  FormerTexts descriptions;
+  FormerTexts to_froms;
   // The fields are those of ProblemOf(), and scheduleSheet_Account_PopUp.
   std::optional<Problem> problem;
 };
