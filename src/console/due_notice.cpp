@@ -2,7 +2,9 @@
 
 #include <string>
 
+#include "app/controller.h"
 #include "app/schedules/schedule_reminder.h"
+#include "platform/terminal.h"
 
 namespace tallyfold::console {
 namespace {

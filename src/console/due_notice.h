@@ -1,8 +1,11 @@
 #pragma once
 
-#include "app/controller.h"
 #include "app/face/front_end.h"
-#include "platform/terminal.h"
+
+namespace tallyfold {
+class LDGRController;
+class Terminal;
+}  // namespace tallyfold
 
 namespace tallyfold::console {
 

@@ -133,7 +133,7 @@ void LookAhead(Console& console, const Arguments& arguments) {
     tag = static_cast<std::int32_t>(named - std::begin(kUnits));
   }
   const std::int32_t count = ReadNumber(arguments.WordAt(0), "ahead", 0, kMostLookAhead);
-  (void)controller.reminder().LookAhead(std::to_string(count));
+  (void)controller.reminder().scheduleReminderSheet_LookAhead(std::to_string(count));
   controller.reminder().LookAheadType(tag);
   Show(console);
 }

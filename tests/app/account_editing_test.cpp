@@ -178,7 +178,7 @@ TEST(AccountsDrawer, ListsASortedCopy) {
   }
   EXPECT_EQ(app.desk().accounts(), in_file);
 
-  app.accountsDrawer().Table_Action(0);
+  app.accountsDrawer().accountsDrawer_Accounts_Table_Action(0);
   EXPECT_EQ(app.desk().SelectedAccount(), a);
   EXPECT_EQ(app.accountsDrawer().Table().SelectedRow(), 0);
   EXPECT_EQ(app.accountsDrawer().Table().HighlightedColumn(), "accounts");
@@ -189,9 +189,9 @@ TEST(AccountsDrawer, ListsASortedCopy) {
   EXPECT_EQ(app.accountsDrawer().tableView("balance", 2).text, "Locked");
   EXPECT_EQ(app.accountsDrawer().tableView("balance", 2).number, std::nullopt);
   EXPECT_EQ(app.accountsDrawer().tableView("accounts", 3), TableCell{});
-  app.accountsDrawer().Table_Action(3);
+  app.accountsDrawer().accountsDrawer_Accounts_Table_Action(3);
   EXPECT_EQ(app.desk().SelectedAccount(), a);
-  app.accountsDrawer().Table_DoubleClick(1);
+  app.accountsDrawer().accountsDrawer_Accounts_Table_DoubleClick(1);
   EXPECT_EQ(app.accountSheet().State().typed.name, "b");
 }
 

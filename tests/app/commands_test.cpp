@@ -422,7 +422,7 @@ TEST(Commands, AreFoundByOperationAndByControl) {
   EXPECT_FALSE(Order(test.app, "Entry_Debit") || Order(test.app, "Entry_Debits"));
   test.AddAccount("A");
   EXPECT_TRUE(Order(test.app, "debitEntry_Button"));
-  EXPECT_EQ(test.app.entries().Edited().is_new, true);
+  EXPECT_TRUE(test.app.entries().editEntryIsNew());
 }
 
 }  // namespace

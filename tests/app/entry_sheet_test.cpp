@@ -269,6 +269,10 @@ TEST(EntrySheets, KeepTheSplitTableAndItsFieldsTogether) {
   }
 
   edit(0, {"Pay", "", 20.0});
+  app.entries().Deposit().Populate();
+  EXPECT_TRUE(state.is_open);
+  EXPECT_FALSE(app.entries().Deposit().IsSplit()) << "as the entry is";
+  edit(0, {"Pay", "", 20.0});
   app.entries().Deposit().OK();
   app.entries().Entry_Edit();
   app.entries().Deposit().ClearSplit();

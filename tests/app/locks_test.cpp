@@ -228,20 +228,20 @@ TEST(TypedFields, GoWhereTheyBelong) {
   LockedAccounts test;
   auto& app = test.app;
   using Field = TextEditing::TypedField;
-  app.textEditing().controlTextDidChange(Field::Search, "food");
+  app.textEditing().controlTextDidChange(Field::search_Field, "food");
   EXPECT_EQ(test.c->entryFilterData().StringValue(), "food");
   app.selection().Account_Select(test.a);
-  app.textEditing().controlTextDidChange(Field::AccountPassword, "key");
+  app.textEditing().controlTextDidChange(Field::accountAuthenticationSheet_Password, "key");
   EXPECT_TRUE(app.accountPasswords().State().ok_is_enabled);
   app.accountPasswords().AccountAuthenticationSheet_Cancel();
   app.preferencesSheet().Open();
-  app.textEditing().controlTextDidChange(Field::PreferencesPassword, "x");
+  app.textEditing().controlTextDidChange(Field::preferencesSheet_Password, "x");
   EXPECT_TRUE(app.preferencesSheet().State().passwords_differ);
-  app.textEditing().controlTextDidChange(Field::PreferencesPasswordAgain, "x");
+  app.textEditing().controlTextDidChange(Field::preferencesSheet_PasswordAgain, "x");
   EXPECT_FALSE(app.preferencesSheet().State().passwords_differ);
   app.preferencesSheet().OK();
   app.applicationLock().lock();
-  app.textEditing().controlTextDidChange(Field::Password, "x");
+  app.textEditing().controlTextDidChange(Field::authenticationSheet_Password, "x");
   EXPECT_TRUE(app.applicationLock().State().ok_is_enabled);
 }
 

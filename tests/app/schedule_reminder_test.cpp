@@ -139,7 +139,7 @@ TEST(ScheduleReminder, LooksAheadAndFoldsWhatIsTooMuch) {
   test.app.reminder().Open();
   for (const Case& c : cases) {
     test.app.reminder().LookAheadType(c.unit);
-    EXPECT_EQ(test.app.reminder().LookAhead(c.text), c.is_taken) << c.text;
+    EXPECT_EQ(test.app.reminder().scheduleReminderSheet_LookAhead(c.text), c.is_taken) << c.text;
     EXPECT_EQ(test.Rows().size(), c.rows) << c.text;
     EXPECT_EQ(test.app.reminder().State().ahead, c.ahead) << c.text;
   }
@@ -148,7 +148,8 @@ TEST(ScheduleReminder, LooksAheadAndFoldsWhatIsTooMuch) {
 
   // One day more is one too many.
   test.app.reminder().LookAheadType(0);
-  test.app.textEditing().controlTextDidChange(TextEditing::TypedField::ReminderLookAhead, "0");
+  test.app.textEditing().controlTextDidChange(
+      TextEditing::TypedField::scheduleReminderSheet_LookAhead, "0");
   test.app.reminder().Later();
   test.ambient.clock.SetLocal({2004, 3, 8, 12, 0, 0});
   test.app.reminder().Open();

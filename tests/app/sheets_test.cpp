@@ -18,7 +18,7 @@
 #include "app/shell/preferences_sheet.h"
 #include "app/test_application.h"
 #include "app/views/account_summary_sheet.h"
-#include "ledger/ledger_fixture.h"
+#include "plist/writer.h"
 
 namespace tallyfold {
 namespace {
@@ -279,7 +279,11 @@ const SheetCase kSheets[] = {
 
 // All that a save would write.
 std::string Stored(TestApplication& test) {
-  return test.app.applicationLock().password() + '\n' + BytesOf(test.app.desk().accounts());
+  std::string stored = test.app.applicationLock().password() + '\n';
+  for (const auto& account : test.app.desk().accounts()) {
+    stored += plist::ToXml(account->asDictionary());
+  }
+  return stored;
 }
 
 // What a sheet showed when it was first announced.

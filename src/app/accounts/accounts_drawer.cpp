@@ -95,11 +95,11 @@ void AccountsDrawer::ClickedTableColumn(std::string_view column) {
   refresh_.AccountsList_Redraw();
 }
 
-void AccountsDrawer::Table_Action(std::size_t row) {
+void AccountsDrawer::accountsDrawer_Accounts_Table_Action(std::size_t row) {
   if (row < rows_.size()) selection_.Account_Select(rows_[row]);
 }
 
-void AccountsDrawer::Table_DoubleClick(std::size_t row) {
+void AccountsDrawer::accountsDrawer_Accounts_Table_DoubleClick(std::size_t row) {
   if (row >= rows_.size()) return;
   // Selecting reloads the rows.
   const auto account = rows_[row];

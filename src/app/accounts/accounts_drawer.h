@@ -59,8 +59,8 @@ class AccountsDrawer final : public TableDataSource {
   // identifier does nothing.
   void ClickedTableColumn(std::string_view column);
   // Selects the account of that row; one beyond them does nothing.
-  void Table_Action(std::size_t row);
-  void Table_DoubleClick(std::size_t row);
+  void accountsDrawer_Accounts_Table_Action(std::size_t row);
+  void accountsDrawer_Accounts_Table_DoubleClick(std::size_t row);
 
   [[nodiscard]] std::size_t numberOfRowsInTableView() const override { return rows_.size(); }
   [[nodiscard]] TableCell tableView(std::string_view column, std::size_t row) const override;

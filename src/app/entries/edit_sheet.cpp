@@ -9,7 +9,7 @@
 
 namespace tallyfold {
 
-bool LimitDay(std::optional<DateNumber>& typed) noexcept {
+bool TweakDayField(std::optional<DateNumber>& typed) noexcept {
   if (!typed) return false;
   DateNumber& date = *typed;
   const std::int32_t year = date / 10000;
@@ -17,7 +17,7 @@ bool LimitDay(std::optional<DateNumber>& typed) noexcept {
   DayField field;
   field.day = date % 100;
   if (year < 1 || year > 9999 || month < 1 || month > 12 || field.day < 1) return false;
-  TweakDayField(field, month, year);
+  TweakDayFieldForMonthAndYear(field, month, year);
   date = year * 10000 + month * 100 + field.day;
   return true;
 }

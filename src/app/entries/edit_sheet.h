@@ -83,7 +83,7 @@ class EditSheet {
 
 // Limits the day of `date` to its month, then tells whether it names a day of the years 1 to 9999.
 // False for none.
-[[nodiscard]] bool LimitDay(std::optional<DateNumber>& date) noexcept;
+[[nodiscard]] bool TweakDayField(std::optional<DateNumber>& date) noexcept;
 
 // Whether it can be stored; false for none.
 [[nodiscard]] bool IsTypedAmount(const std::optional<double>& typed) noexcept;

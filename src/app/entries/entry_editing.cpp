@@ -88,7 +88,7 @@ bool EntryEditing::Open(EditSheet& sheet) {
 
 void EntryEditing::SaveValuesToEditEntry(EditSheet& sheet) {
   if (sheets_.Current() != sheet.Which() || !IsFor(sheet) || sheet.CheckTyped()) return;
-  if (!edited_.is_new && !before_saving_) before_saving_ = edited_.entry->Image();
+  if (!editEntryIsNew() && !before_saving_) before_saving_ = edited_.entry->Image();
   sheet.Store(edited_, *edited_.account.lock());
 }
 
@@ -125,17 +125,17 @@ bool EntryEditing::OK(EditSheet& sheet) {
     edited_.owner->TakeEdited(*entry);
     return true;
   }
-  Change change(ledger_, NameOfStep(sheet.Which(), edited_.is_new), account);
-  if (!edited_.is_new) change.Edit(account, entry);
+  Change change(ledger_, NameOfStep(sheet.Which(), editEntryIsNew()), account);
+  if (!editEntryIsNew()) change.Edit(account, entry);
   sheet.StoreIn(change, edited_, *account);
-  if (edited_.is_new) change.Add(account, entry);
+  if (editEntryIsNew()) change.Add(account, entry);
   if (sheet.Which() == Sheet::Transfer) {
     change.EditOptions(account).setLastTransferAccount(entry->GetTransferAccount());
     account->setIsLastTransferOrigin(entry->IsTransferOrigin());
   }
   change.Close();
   Close(sheet);
-  refresh_.EntrySaved(entry, edited_.is_new);
+  refresh_.EntrySaved(entry, editEntryIsNew());
   return true;
 }
 
@@ -146,7 +146,7 @@ std::string EntryEditing::CheckTarget() const {
   }
   if (edited_.owner != nullptr) return edited_.owner->CheckEdited(*edited_.entry);
   const auto& entries = account->GetEntries();
-  if (!edited_.is_new &&
+  if (!editEntryIsNew() &&
       std::find(entries.begin(), entries.end(), edited_.entry) == entries.end()) {
     return LocalizedText("The entry has been removed.");
   }
@@ -163,7 +163,7 @@ void EntryEditing::Cancel(EditSheet& sheet) {
   if (sheets_.Current() != sheet.Which()) return;
   TakeSavedBack();
   Close(sheet);
-  if (edited_.is_new) edited_.entry = nullptr;
+  if (editEntryIsNew()) edited_.entry = nullptr;
 }
 
 void EntryEditing::TurnClearedOver(const std::shared_ptr<LDGRAccountEntry>& entry) {

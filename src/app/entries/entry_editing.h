@@ -33,6 +33,8 @@ class EntryEditing final : private EditSheet::Keeper {
   [[nodiscard]] const TransferSheet& Transfer() const noexcept { return transfer_; }
   // What the last sheet was opened for; its entry is null before the first.
   [[nodiscard]] const EditedEntry& Edited() const noexcept { return edited_; }
+  // Whether that is not in its account before OK.
+  [[nodiscard]] bool editEntryIsNew() const noexcept { return edited_.is_new; }
 
   // Opens the sheet for a new entry with its defaults. False, and nothing changes, when no account
   // is selected or a sheet is open.

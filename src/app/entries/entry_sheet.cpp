@@ -59,7 +59,9 @@ void EntrySheet::Fill(const EditedEntry& edited, const LDGRAccount& account,
                       const LDGRPreferences& preferences) {
   const LDGRAccountEntry& entry = *edited.entry;
   const bool is_debit = kind_ == Kind::Debit;
+  const bool is_open = state_.is_open;
   state_ = EntrySheetState();
+  state_.is_open = is_open;
   state_.is_new = edited.is_new;
   state_.first_field = FirstField(preferences, edited.is_new);
   state_.descriptions = {edited.account, is_debit ? &LDGRAccount::GetPreferredDebitDescriptions
@@ -137,7 +139,7 @@ Problem EntrySheet::ProblemOf(std::string_view control, std::string text, std::i
 
 std::optional<Problem> EntrySheet::CheckTyped() {
   auto& typed = state_.typed;
-  if (!LimitDay(typed.date))
+  if (!TweakDayField(typed.date))
     return ProblemOf(kDateField, LocalizedText("The date does not exist."));
   if (const std::int32_t row = RowWithoutAmount(typed.split); row != -1) {
     return ProblemOf(kSplitTable, LocalizedText("The amount is not a number."), row);

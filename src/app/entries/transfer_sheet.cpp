@@ -36,7 +36,9 @@ const PopUpItem* SelectedItem(const std::vector<PopUpItem>& items, std::int32_t 
 void TransferSheet::Fill(const EditedEntry& edited, const LDGRAccount& account,
                          const LDGRPreferences& preferences) {
   const LDGRAccountEntry& entry = *edited.entry;
+  const bool is_open = state_.is_open;
   state_ = TransferSheetState();
+  state_.is_open = is_open;
   state_.is_new = edited.is_new;
   state_.first_field = FirstField(preferences, edited.is_new);
   state_.descriptions = {edited.account, &LDGRAccount::GetPreferredTransferDescriptions};
@@ -78,7 +80,7 @@ void TransferSheet::Read(Typed typed) {
 
 std::optional<Problem> TransferSheet::CheckTyped() {
   auto& typed = state_.typed;
-  if (!LimitDay(typed.date)) {
+  if (!TweakDayField(typed.date)) {
     return Problem{std::string(kDateField), LocalizedText("The date does not exist.")};
   }
   if (auto problem = ProblemOfAmount(typed.amount, opened_amount_); !problem.empty()) {

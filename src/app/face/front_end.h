@@ -82,8 +82,8 @@ class FrontEnd {
   // will stay, and before a question to the user. States may be asked; a reference to one is good
   // until the next operation. It must not call operations.
   virtual void Changed([[maybe_unused]] Area area) {}
-  // Ends editing in the fields of an open sheet. False when a field refuses what was typed into
-  // it; the operation that asked then changes nothing and the sheet stays open.
+  // Ends editing in the fields of an open sheet, which may Read() into it. False when a field
+  // refuses its text; the operation that asked then changes nothing and the sheet stays open.
   [[nodiscard]] virtual bool EndEditing([[maybe_unused]] Sheet sheet) { return true; }
 };
 

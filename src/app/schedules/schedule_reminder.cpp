@@ -34,7 +34,7 @@ ReminderBalanceMode BalanceModeOf(std::int32_t number) noexcept {
              : ReminderBalanceMode::None;
 }
 
-constexpr std::string_view kLookAheadField = "scheduleReminderSheet_LookAhead_Field";
+constexpr std::string_view kLookAheadField = "scheduleReminderSheet_LookAhead";
 constexpr std::string_view kMarkButton = "scheduleReminderSheet_Mark_Button";
 constexpr std::string_view kDateField = "scheduleReminderSheet_Date_Field";
 constexpr std::string_view kAmountField = "scheduleReminderSheet_Amount_Field";
@@ -272,7 +272,7 @@ void ScheduleReminder::MarkAll(bool is_marked) {
   Read(rows);
 }
 
-bool ScheduleReminder::LookAhead(std::string_view text) {
+bool ScheduleReminder::scheduleReminderSheet_LookAhead(std::string_view text) {
   if (!state_.is_open) return false;
   state_.typed.look_ahead = text;
   std::int32_t count = 0;
@@ -316,7 +316,7 @@ std::vector<DueOccurrence> ScheduleReminder::MarkedOccurrences(bool all) {
     const ReminderRow& row = state_.rows[i];
     if (!all && !row.typed.is_marked) continue;
     std::optional<DateNumber> date = row.typed.date;
-    if (row.date_is_enabled && !LimitDay(date)) {
+    if (row.date_is_enabled && !TweakDayField(date)) {
       Refuse(kDateField, LocalizedText("The date does not exist."), static_cast<std::int32_t>(i));
       return {};
     }

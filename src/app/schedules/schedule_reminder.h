@@ -50,7 +50,7 @@ class ScheduleReminder {
   void MarkAll(bool is_marked);
   // The look-ahead field holds that text now. False, and the rows stay, when that is no number from
   // 0 to kMostLookAhead; else the number is remembered, and rows that stay keep what was typed.
-  bool LookAhead(std::string_view text);
+  bool scheduleReminderSheet_LookAhead(std::string_view text);
   void LookAheadType(std::int32_t tag);
   void BalanceModeChosen(std::int32_t tag);
   // Today is another day: what is due is looked for anew, and rows that stay keep what was typed.

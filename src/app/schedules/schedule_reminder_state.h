@@ -87,7 +87,7 @@ struct ScheduleReminderState {
   // the amount of a marked row cannot be read.
   std::optional<double> balance;
   std::string balance_text;
-  // Why the last operation was refused. The fields are scheduleReminderSheet_LookAhead_Field, and
+  // Why the last operation was refused. The fields are scheduleReminderSheet_LookAhead, and
   // of a row of the table scheduleReminderSheet_Mark_Button, _Date_Field and _Amount_Field.
   std::optional<Problem> problem;
 };

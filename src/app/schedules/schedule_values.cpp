@@ -93,7 +93,7 @@ std::optional<Problem> ProblemOfUntil(const ScheduleValues& values, const Schedu
     default:
       return In("UntilType_PopUp", "It is not said when it ends.");
   }
-  if (!LimitDay(until)) return In(kField, "The date on which it ends does not exist.");
+  if (!TweakDayField(until)) return In(kField, "The date on which it ends does not exist.");
   if (*until < *values.start) return In(kField, "It ends before it begins.");
   const bool was_so = former != nullptr && former->repeat_until_type == values.repeat_until_type &&
                       former->repeat_until == values.repeat_until;
@@ -172,7 +172,7 @@ bool RepeatsEverySoMany(std::int32_t repeat_interval_type) noexcept {
 std::optional<Problem> ProblemOf(ScheduleValues& values, const ScheduleValues* former,
                                  DateNumber today) {
   constexpr std::string_view kNoNumber = "The amount is not a number.";
-  if (!LimitDay(values.start)) return In("Start_Field", "The date does not exist.");
+  if (!TweakDayField(values.start)) return In("Start_Field", "The date does not exist.");
   if (const std::int32_t row = RowWithoutAmount(values.split); row != -1) {
     Problem problem = In("Split_Table", kNoNumber);
     problem.row = row;

@@ -43,21 +43,21 @@ void TextEditing::textDidEndEditing(const void* field) {
 void TextEditing::controlTextDidChange(TypedField field, std::string_view text) {
   const auto& preferences = parts_.preferences.State();
   switch (field) {
-    case TypedField::Search:
+    case TypedField::search_Field:
       return parts_.search.Search_Field(text);
-    case TypedField::Password:
+    case TypedField::authenticationSheet_Password:
       return parts_.lock.authenticationSheet_ValidatePassword(std::string(text));
-    case TypedField::AccountPassword:
+    case TypedField::accountAuthenticationSheet_Password:
       return parts_.account_passwords.accountAuthenticationSheet_ValidatePassword(
           std::string(text));
-    case TypedField::PreferencesPassword:
+    case TypedField::preferencesSheet_Password:
       return parts_.preferences.preferencesSheet_PasswordValidate(std::string(text),
                                                                   preferences.typed.password_again);
-    case TypedField::PreferencesPasswordAgain:
+    case TypedField::preferencesSheet_PasswordAgain:
       return parts_.preferences.preferencesSheet_PasswordValidate(preferences.typed.password,
                                                                   std::string(text));
-    case TypedField::ReminderLookAhead:
-      parts_.reminder.LookAhead(text);
+    case TypedField::scheduleReminderSheet_LookAhead:
+      parts_.reminder.scheduleReminderSheet_LookAhead(text);
       return;
   }
 }

@@ -29,14 +29,14 @@ inline constexpr char kDepositSplit = 'r';
 // Follows the editing in fields whose beginning, end or every key has consequences elsewhere.
 class TextEditing {
  public:
-  // The fields that are followed key by key.
+  // The fields that are followed key by key, by the names of their controls.
   enum class TypedField : std::uint8_t {
-    Search,
-    Password,
-    AccountPassword,
-    PreferencesPassword,
-    PreferencesPasswordAgain,
-    ReminderLookAhead,
+    search_Field,
+    authenticationSheet_Password,
+    accountAuthenticationSheet_Password,
+    preferencesSheet_Password,
+    preferencesSheet_PasswordAgain,
+    scheduleReminderSheet_LookAhead,
   };
 
   // Whose fields these are.
