@@ -69,11 +69,12 @@ bool RunningBalanceTable::TakeUp(std::span<const EntryTouch> touches) {
     const auto found = std::find(entries_.begin(), entries_.end(), touch.entry.get());
     if (found == entries_.end()) continue;
     const auto line = found - entries_.begin();
-    const PackedKey& former = places_[static_cast<std::size_t>(line)];
+    const PackedKey former = places_[static_cast<std::size_t>(line)];
+    // What shared its place is summed anew too.
+    first_changed = std::min(first_changed, FirstNotBefore(former));
     const PackedKey place = RegisterPlace(*touch.entry).Packed(0);
     if (touch.is_there && !IsBefore(former, place) && !IsBefore(place, former)) {
       amounts_[static_cast<std::size_t>(line)] = touch.entry->GetAmount();
-      first_changed = std::min(first_changed, static_cast<std::size_t>(line));
       touch.is_there = false;  // nothing is to be put in
       continue;
     }
@@ -81,7 +82,6 @@ bool RunningBalanceTable::TakeUp(std::span<const EntryTouch> touches) {
     places_.erase(places_.begin() + line);
     amounts_.erase(amounts_.begin() + line);
     balances_.erase(balances_.begin() + line);
-    first_changed = std::min(first_changed, static_cast<std::size_t>(line));
   }
   for (const EntryTouch& touch : last) {
     if (!touch.is_there) continue;

@@ -175,6 +175,8 @@ void LDGRAccountTableViewData::ClickedTableColumn(std::string_view identifier) {
   if (!key || !layout_.TurnOrderOver(identifier)) return;
   const auto selected = GetSelectedEntry();
   const auto former_rows = rows_.Sort({key, layout_.SortsDescending()});
+  // Level entries stand as they stood before, and not in the order of the account.
+  filter_ = nullptr;
   ShowRows(are_rows_told_
                ? RowsChange{.kind = RowsChange::Kind::Reordered, .former_rows = former_rows}
                : RowsChange{},
@@ -188,6 +190,7 @@ void LDGRAccountTableViewData::SortByColumnIdentifier(std::string_view identifie
 
 void LDGRAccountTableViewData::SortBy(RegisterSortKey key, bool descending) {
   rows_.Sort({key, descending});
+  filter_ = nullptr;
   are_rows_told_ = false;
 }
 
