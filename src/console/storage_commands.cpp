@@ -59,7 +59,7 @@ void Restore(Console& console, const Arguments& arguments) {
   }
 }
 
-constexpr Command kCommands[] = {
+constexpr Command kStorageCommands[] = {
     {.name = "save",
      .help = "writes the accounts and the preferences to their files now",
      .example = "save",
@@ -82,7 +82,7 @@ constexpr Command kCommands[] = {
 }  // namespace
 
 std::span<const Command> StorageCommands() {
-  return kCommands;
+  return kStorageCommands;
 }
 
 }  // namespace tallyfold::console

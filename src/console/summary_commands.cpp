@@ -219,7 +219,7 @@ struct MarkOption {
   std::int32_t (LDGRAccountSummary::*get)() const noexcept;
   void (LDGRAccountSummary::*set)(std::int32_t) noexcept;
 };
-constexpr MarkOption kMarkOptions[] = {
+constexpr MarkOption kSummaryMarkOptions[] = {
     {"resolved", &LDGRAccountSummary::showResolved, &LDGRAccountSummary::setShowResolved},
     {"tax", &LDGRAccountSummary::showTaxDeductible, &LDGRAccountSummary::setShowTaxDeductible},
     {"checks", &LDGRAccountSummary::showChecks, &LDGRAccountSummary::setShowChecks},
@@ -238,7 +238,7 @@ void ShowOptions(Console& console, const Arguments& arguments) {
   for (const Switch& each : kSwitches) {
     table.Add({std::string(each.name), WriteYesNo((summary.*each.get)())});
   }
-  for (const MarkOption& each : kMarkOptions) {
+  for (const MarkOption& each : kSummaryMarkOptions) {
     table.Add({std::string(each.name), ChoiceText(kMarks, (summary.*each.get)())});
   }
   table.Add({"filter", summary.filter() ? ChoiceText(choices::kFilterTypes, summary.filterType())
@@ -287,7 +287,7 @@ void ReadOptions(const Arguments& arguments, LDGRAccountSummary& options) {
   for (const Switch& each : kSwitches) {
     if (const auto yes = arguments.YesNo(each.name)) (options.*each.set)(*yes);
   }
-  for (const MarkOption& each : kMarkOptions) {
+  for (const MarkOption& each : kSummaryMarkOptions) {
     if (const auto which = arguments.Text(each.name)) {
       (options.*each.set)(ReadChoice(kMarks, *which, each.name));
     }
@@ -371,7 +371,7 @@ constexpr Option kSetOptions[] = {
     {.name = "text", .value = "TEXT", .help = "what the entries that count contain"},
 };
 
-constexpr Command kCommands[] = {
+constexpr Command kSummaryCommands[] = {
     {.name = "summaries",
      .help = "lists the summaries of the selected account",
      .example = "summaries",
@@ -425,7 +425,7 @@ constexpr Command kCommands[] = {
 }  // namespace
 
 std::span<const Command> SummaryCommands() {
-  return kCommands;
+  return kSummaryCommands;
 }
 
 }  // namespace tallyfold::console

@@ -27,14 +27,14 @@ bool CanReadAloud(LDGRController& app) {
 bool HasHiddenEntry(LDGRController& app) {
   return HasAccount(app) && !app.entryReveal().State().text.empty();
 }
-bool AsksToRemove(LDGRController& app) {
+bool AsksToRemoveEntry(LDGRController& app) {
   return app.entryRemoval().Confirm().is_open;
 }
 bool AsksForOtherHalf(LDGRController& app) {
   return app.entryRemoval().Transfer().is_open;
 }
 
-constexpr Command kCommands[] = {
+constexpr Command kEntryCommands[] = {
     {.name = "Entry_Debit",
      .title = "New Debit...",
      .shortcut = "Ctrl+D",
@@ -98,10 +98,10 @@ constexpr Command kCommands[] = {
      .can = HasHiddenEntry,
      .run = [](LDGRController& app) { app.entryReveal().ShowHiddenEntry(); }},
     {.name = "EntryRemoveConfirm_OK",
-     .can = AsksToRemove,
+     .can = AsksToRemoveEntry,
      .run = [](LDGRController& app) { app.entryRemoval().EntryRemoveConfirm_OK(); }},
     {.name = "EntryRemoveConfirm_Cancel",
-     .can = AsksToRemove,
+     .can = AsksToRemoveEntry,
      .run = [](LDGRController& app) { app.entryRemoval().EntryRemoveConfirm_Cancel(); }},
     {.name = "TransferEntryRemoveConfirm_Yes",
      .can = AsksForOtherHalf,
@@ -117,7 +117,7 @@ constexpr Command kCommands[] = {
 }  // namespace
 
 std::span<const Command> Entry() {
-  return kCommands;
+  return kEntryCommands;
 }
 
 }  // namespace tallyfold::command_tables

@@ -10,14 +10,14 @@ namespace {
 bool HasSummary(LDGRController& app) {
   return HasAccount(app) && app.desk().SelectedAccount()->selectedAccountSummary() != nullptr;
 }
-bool SheetIsOpen(LDGRController& app) {
+bool SummarySheetIsOpen(LDGRController& app) {
   return app.summarySheet().State().is_open;
 }
-bool CanBeStored(LDGRController& app) {
-  return SheetIsOpen(app) && app.summarySheet().State().ok_is_enabled;
+bool SummaryCanBeStored(LDGRController& app) {
+  return SummarySheetIsOpen(app) && app.summarySheet().State().ok_is_enabled;
 }
 
-constexpr Command kCommands[] = {
+constexpr Command kSummaryCommands[] = {
     {.name = "AccountSummary_Add",
      .title = "New Summary",
      .menu = Menu::Summary,
@@ -39,17 +39,17 @@ constexpr Command kCommands[] = {
      .can = HasSummary,
      .run = [](LDGRController& app) { app.summaries().Remove(); }},
     {.name = "AccountSummarySheet_OK",
-     .can = CanBeStored,
+     .can = SummaryCanBeStored,
      .run = [](LDGRController& app) { app.summarySheet().OK(); }},
     {.name = "AccountSummarySheet_Cancel",
-     .can = SheetIsOpen,
+     .can = SummarySheetIsOpen,
      .run = [](LDGRController& app) { app.summarySheet().Cancel(); }},
 };
 
 }  // namespace
 
 std::span<const Command> Summary() {
-  return kCommands;
+  return kSummaryCommands;
 }
 
 }  // namespace tallyfold::command_tables

@@ -3,6 +3,7 @@
 #include <cstdint>
 #include <optional>
 #include <string>
+#include <utility>
 
 #include "app/entries/edit_sheet.h"
 #include "app/entries/entry_sheet_state.h"
