@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <memory>
 #include <string>
@@ -69,6 +70,12 @@ class TransferLinks {
   // Removes the other half of an entry of `account` from its account.
   void RemoveOtherHalf(Change& change, const LDGRAccount& account,
                        const LDGRAccountEntry& entry) const;
+
+  // Cuts every link of the other accounts to this one, which goes: their entries and schedules stay
+  // as ordinary ones, and none of them transfers to it by default.
+  void CutLinksTo(Change& change, const LDGRAccount& account) const;
+  // How many entries of other accounts are linked to it.
+  [[nodiscard]] std::size_t EntriesLinkedTo(const LDGRAccount& account) const;
 
   // Gives every transfer of the account the present name of the account it names.
   void Account_SyncTransfers(Change& change, const std::shared_ptr<LDGRAccount>& account) const;
