@@ -20,6 +20,11 @@ else()
   target_compile_options(tallyfold_options INTERFACE -Wnull-dereference)
 endif()
 
+if(CMAKE_UNITY_BUILD)
+  # Files compiled together see each other's constants; the dev preset warns of the real ones.
+  target_compile_options(tallyfold_options INTERFACE -Wno-shadow)
+endif()
+
 if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU" AND CMAKE_CXX_COMPILER_VERSION VERSION_LESS 13)
   # Once optimised, it sees overlap in `"text" + string` where there is none.
   target_compile_options(tallyfold_options INTERFACE $<$<CONFIG:Release>:-Wno-restrict>)
@@ -30,12 +35,27 @@ if(CMAKE_CXX_COMPILER_ID STREQUAL "Clang")
   target_compile_options(tallyfold_options INTERFACE "SHELL:-Xclang -fno-pch-timestamp")
 endif()
 
-# tallyfold_precompile(<target>): in presets that ask for it, the standard headers nearly every file
-# uses are compiled once. The dev preset does without, so that a missing include is found there.
+# The standard headers that nearly every file uses, compiled once. That every file names those it
+# uses is seen to by scripts/check_includes; headers of ours are in no precompiled one, so that a
+# missing one is found by the dev preset.
+set(TALLYFOLD_STANDARD_HEADERS
+  <algorithm> <charconv> <chrono> <cstddef> <cstdint> <functional> <map> <memory> <optional> <string>
+  <string_view> <unordered_map> <unordered_set> <utility> <variant> <vector>)
+
+# tallyfold_precompile(<target> [SHARED]): those that are SHARED use what the first of them compiled,
+# which takes the same compile options in all of them.
 function(tallyfold_precompile target)
-  if(TALLYFOLD_PRECOMPILE)
-    target_precompile_headers(${target} PRIVATE
-      <algorithm> <charconv> <functional> <map> <memory> <optional> <string> <string_view>
-      <unordered_map> <utility> <variant> <vector>)
+  cmake_parse_arguments(PARSE_ARGV 1 arg "SHARED" "" "")
+  if(NOT TALLYFOLD_PRECOMPILE)
+    return()
+  endif()
+  get_property(first GLOBAL PROPERTY tallyfold_precompiled)
+  if(arg_SHARED AND first)
+    target_precompile_headers(${target} REUSE_FROM ${first})
+    return()
+  endif()
+  target_precompile_headers(${target} PRIVATE ${TALLYFOLD_STANDARD_HEADERS})
+  if(arg_SHARED)
+    set_property(GLOBAL PROPERTY tallyfold_precompiled ${target})
   endif()
 endfunction()

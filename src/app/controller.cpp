@@ -254,6 +254,14 @@ struct LDGRController::Parts final : private AccountsStore::Host,
     steps();
     change.Close();
   }
+  void AsKeystroke(const std::function<void()>& steps) override {
+    const Announcer::Operation operation(announcer);
+    Change change(ledger);
+    if (const auto account = desk.SelectedAccount()) change.EditSettings(account);
+    change.WriteLater();
+    steps();
+    change.Close();
+  }
   void Search_Cancel() override { search.Search_Cancel(); }
   void SearchStateChanged() override { announcer.Changed(Area::Search); }
   void FocusSearchField() override { window->FocusSearchField(); }
@@ -317,7 +325,7 @@ LDGRController::Parts::Parts(const Services& services)
       selection(*this, desk, preferences, window, refresh, announcer),
       account_editing(desk, ledger, selection, links, sheets, refresh, announcer),
       account_passwords(desk, selection, preferences, sheets, window, refresh, announcer),
-      account_removal(desk, ledger, selection, account_passwords, modal, sheets, refresh,
+      account_removal(desk, ledger, links, selection, account_passwords, modal, sheets, refresh,
                       announcer),
       drawer(desk, selection, account_editing, refresh, announcer),
       editing(desk, ledger, links, sheets, refresh, announcer),
@@ -339,7 +347,7 @@ LDGRController::Parts::Parts(const Services& services)
       reconcile_tab(desk, ledger, registers, editing, refresh, announcer),
       summary_tab(desk, ledger, modal, sheets, announcer),
       summary_sheet(desk, ledger, summary_tab, sheets, announcer),
-      lock(accounts, saving, selection, services.host, sheets, window, refresh, services.loop,
+      lock(ledger, saving, selection, services.host, sheets, window, refresh, services.loop,
            announcer),
       backups(accounts, lock, selection, modal, announcer),
       preferences_sheet(*this, desk, ledger, accounts, balance_field, window, sheets, services.loop,

@@ -26,7 +26,7 @@
 namespace tallyfold::console {
 namespace {
 
-const ShownColumns& Shown() {
+const ShownColumns& ShownAccounts() {
   static const ShownColumns kShown(
       {{{"name"}, "accounts"}, {{"balance", Column::Align::Right}, "balance"}}, AccountColumns());
   return kShown;
@@ -34,7 +34,7 @@ const ShownColumns& Shown() {
 
 Table AccountTable() {
   std::vector<Column> columns = {{"number", Column::Align::Right}};
-  Shown().AddTo(columns);
+  ShownAccounts().AddTo(columns);
   columns.push_back({"state"});
   return Table(std::move(columns));
 }
@@ -42,7 +42,7 @@ Table AccountTable() {
 void AddRow(Table& table, const Console& console, const LDGRAccount& account) {
   const bool is_selected = console.controller.desk().SelectedAccount().get() == &account;
   std::vector<std::string> cells = {WriteNumber(account.GetNumber())};
-  Shown().AddTo(cells, [&](std::string_view column) {
+  ShownAccounts().AddTo(cells, [&](std::string_view column) {
     return CellOfAccount(account, column, console.controller.desk().preferences());
   });
   // Of a locked account the state says so.
@@ -118,16 +118,16 @@ void ShowBalances(Console& console, const Arguments& /*arguments*/) {
   console.printer.Show(table);
 }
 
-constexpr Option kAddOptions[] = {kAccountName, kAccountBalance, kAccountCheck};
+constexpr Option kAccountAddOptions[] = {kAccountName, kAccountBalance, kAccountCheck};
 
-constexpr Command kCommands[] = {
+constexpr Command kAccountCommands[] = {
     {.name = "accounts",
      .help = "lists the accounts",
      .example = "accounts",
      .run = ListAccounts,
      .works_in_review = true},
     {.name = "account add",
-     .options = kAddOptions,
+     .options = kAccountAddOptions,
      .help = "adds an account and selects it",
      .example = "account add name=\"Joint checking\" balance=250.00 check=1001",
      .run = AddAccount,
@@ -159,7 +159,7 @@ constexpr Command kCommands[] = {
 }  // namespace
 
 std::span<const Command> AccountCommands() {
-  return kCommands;
+  return kAccountCommands;
 }
 
 }  // namespace tallyfold::console

@@ -158,7 +158,7 @@ void EditAccount(Console& console, const Arguments& arguments) {
   ShowSheet(console, arguments);
 }
 
-constexpr Option kEditOptions[] = {
+constexpr Option kAccountOptions[] = {
     kAccountName,
     kAccountBalance,
     kAccountCheck,
@@ -185,13 +185,13 @@ constexpr Option kEditOptions[] = {
     {.name = "payeesfrom", .value = "ACCOUNT", .help = "adds whom its money goes to or from"},
 };
 
-constexpr Command kCommands[] = {
+constexpr Command kAccountSheetCommands[] = {
     {.name = "account show",
      .help = "shows what the account sheet holds of the selected account; see also types",
      .example = "account show",
      .run = ShowSheet},
     {.name = "account edit",
-     .options = kEditOptions,
+     .options = kAccountOptions,
      .help = "changes the selected account through its sheet",
      .example = "account edit name=Household balance=120.00 payees=own add=\"to|Bakery\"",
      .run = EditAccount},
@@ -200,7 +200,7 @@ constexpr Command kCommands[] = {
 }  // namespace
 
 std::span<const Command> AccountSheetCommands() {
-  return kCommands;
+  return kAccountSheetCommands;
 }
 
 }  // namespace tallyfold::console

@@ -26,7 +26,7 @@ std::string OptionNames(const Command& command) {
 }
 
 // What is typed is shown again in errors; a whole pasted page is not.
-std::string Shown(std::string_view text) {
+std::string Excerpt(std::string_view text) {
   constexpr std::size_t kLongest = 60;
   if (text.size() <= kLongest) return Quoted(text);
   std::size_t end = kLongest;
@@ -51,7 +51,7 @@ void CheckOption(const Command& command, const Word& word, const std::vector<Wor
   const Option* const option = FindOption(command, word.key);
   if (option == nullptr) {
     const std::string names = OptionNames(command);
-    throw CommandError(name + " has no option " + Shown(word.key + '=') +
+    throw CommandError(name + " has no option " + Excerpt(word.key + '=') +
                        (names.empty() ? "; it takes none" : "; it takes " + names));
   }
   const bool is_repeated = std::any_of(earlier.begin(), earlier.end(),
@@ -83,7 +83,7 @@ Arguments::Arguments(const Command& command, std::span<const Word> words) {
       CheckOption(command, word, options_);
       options_.push_back(word);
     } else if (words_.size() == command.most_words) {
-      throw CommandError(Shown(word.text) + " is too much; expected " + Signature(command));
+      throw CommandError(Excerpt(word.text) + " is too much; expected " + Signature(command));
     } else {
       words_.push_back(word.text);
     }
@@ -165,7 +165,7 @@ std::string UnknownCommand(std::span<const Subject> subjects, std::span<const Wo
     }
   }
   if (choices.empty() || first.empty()) {
-    return "unknown command " + Shown(first) + "; help lists the commands";
+    return "unknown command " + Excerpt(first) + "; help lists the commands";
   }
   return "expected one of: " + choices;
 }

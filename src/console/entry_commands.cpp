@@ -204,7 +204,7 @@ constexpr Option kClearOptions[] = {
 
 // Tables of options live elsewhere, so this one is made when it is first asked for.
 const std::vector<Command>& Commands() {
-  static const std::vector<Command> kCommands = {
+  static const std::vector<Command> kEntryCommands = {
       {.name = "debit",
        .options = DebitOptions(),
        .help = "adds money paid out of the selected account",
@@ -245,7 +245,7 @@ const std::vector<Command>& Commands() {
        .example = "clear 12 14",
        .run = ClearEntries},
   };
-  return kCommands;
+  return kEntryCommands;
 }
 
 }  // namespace

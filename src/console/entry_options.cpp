@@ -47,7 +47,7 @@ constexpr std::array kDepositOptions = {kAmount,  kDate, kFrom,  kDescription, k
                                         kCleared, kTax,  kNotes, kSplit};
 constexpr std::array kTransferOptions = {kAmount,      kDate,    kToAccount, kFromAccount,
                                          kDescription, kCleared, kTax,       kNotes};
-constexpr std::array kEditOptions = {
+constexpr std::array kEntryEditOptions = {
     kAmount,
     kDate,
     Option{
@@ -61,20 +61,15 @@ constexpr std::array kEditOptions = {
     kNotes,
     kSplit};
 
-template <typename Field, typename Value>
-void Set(Field& field, std::optional<Value> value) {
-  if (value) field = *std::move(value);
-}
-
 // The fields that every sheet has.
 template <typename Typed>
 void TypeCommonFields(Typed& typed, const Arguments& arguments) {
-  Set(typed.date, arguments.Date("date"));
-  Set(typed.amount, arguments.Amount("amount"));
-  Set(typed.description, arguments.Text("description"));
-  Set(typed.cleared, arguments.YesNo("cleared"));
-  Set(typed.tax_deductible, arguments.YesNo("tax"));
-  Set(typed.notes, arguments.Text("notes"));
+  SetIfGiven(typed.date, arguments.Date("date"));
+  SetIfGiven(typed.amount, arguments.Amount("amount"));
+  SetIfGiven(typed.description, arguments.Text("description"));
+  SetIfGiven(typed.cleared, arguments.YesNo("cleared"));
+  SetIfGiven(typed.tax_deductible, arguments.YesNo("tax"));
+  SetIfGiven(typed.notes, arguments.Text("notes"));
 }
 
 void Refuse(const Arguments& arguments, std::span<const std::string_view> options,
@@ -115,7 +110,7 @@ void TypeIntoEntrySheet(EntrySheet& sheet, const Arguments& arguments, std::stri
   }
   EntrySheetState::Typed typed = state.typed;
   TypeCommonFields(typed, arguments);
-  Set(typed.to_from, arguments.Text(to_from));
+  SetIfGiven(typed.to_from, arguments.Text(to_from));
   if (const auto type = arguments.Text("type")) typed.type = TypeItem(state.type_items, *type);
   sheet.Read(std::move(typed));
 }
@@ -164,7 +159,7 @@ std::span<const Option> TransferOptions() {
   return kTransferOptions;
 }
 std::span<const Option> EditOptions() {
-  return kEditOptions;
+  return kEntryEditOptions;
 }
 
 void TypeIntoDebitSheet(Console& console, const Arguments& arguments) {

@@ -20,7 +20,7 @@
 namespace tallyfold::console {
 namespace {
 
-const ShownColumns& Shown() {
+const ShownColumns& ShownEntries() {
   static const ShownColumns kShown({{{"date"}, "date"},
                                     {{"check", Column::Align::Right}, "check"},
                                     {{"type"}, "type"},
@@ -62,14 +62,14 @@ std::string KindText(const LDGRAccountEntry& entry) {
 
 std::vector<Column> RegisterColumns() {
   std::vector<Column> columns = {{"number", Column::Align::Right}};
-  Shown().AddTo(columns);
+  ShownEntries().AddTo(columns);
   return columns;
 }
 
 std::vector<std::string> RegisterCells(const RegisterRows& rows, std::size_t row, std::string name,
                                        const LDGRPreferences& preferences) {
   std::vector<std::string> cells = {std::move(name)};
-  Shown().AddTo(cells, [&](std::string_view column) {
+  ShownEntries().AddTo(cells, [&](std::string_view column) {
     return rows.CellOf(row, column, {kPlainDays, preferences});
   });
   return cells;

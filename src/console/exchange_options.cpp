@@ -41,11 +41,6 @@ std::pair<SwapPopUp, std::int32_t> ReadSwap(std::string_view text) {
   return {source->second, destination->second};
 }
 
-template <typename T>
-void Set(T& field, std::optional<T> value) {
-  if (value) field = *std::move(value);
-}
-
 // The first account of a file by that name, or all of them together.
 std::int32_t AccountItem(const std::vector<PopUpItem>& items, std::string_view name) {
   if (name == "all") return static_cast<std::int32_t>(items.size()) - 1;
@@ -93,16 +88,16 @@ ImportChoices ReadImportChoices(const QifImportOptionsState& shown, const Argume
   if (const auto format = arguments.Text("format")) {
     typed.date_format = DateFormatNamed(shown.date_format_items, *format);
   }
-  Set(typed.decimal_separator, arguments.Text("decimal"));
-  Set(typed.thousands_separator, arguments.Text("thousands"));
+  SetIfGiven(typed.decimal_separator, arguments.Text("decimal"));
+  SetIfGiven(typed.thousands_separator, arguments.Text("thousands"));
   if (const auto zero = arguments.Text("zero")) {
     if (*zero != "deposit" && *zero != "debit") {
       throw CommandError("zero: expected deposit or debit, not " + Quoted(*zero));
     }
     typed.zero_amounts_as_deposits = *zero == "deposit";
   }
-  Set(typed.all_types, arguments.YesNo("types"));
-  Set(typed.split_line_items, arguments.YesNo("splits"));
+  SetIfGiven(typed.all_types, arguments.YesNo("types"));
+  SetIfGiven(typed.split_line_items, arguments.YesNo("splits"));
   for (const std::string& swap : arguments.AllTexts("swap")) {
     choices.swaps.push_back(ReadSwap(swap));
   }

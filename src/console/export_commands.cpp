@@ -95,7 +95,7 @@ constexpr Option kTextOptions[] = {
     {.name = "encoding", .value = "NAME", .help = "of the text, such as UTF-8 or its number, 4"},
 };
 
-constexpr Command kCommands[] = {
+constexpr Command kExportCommands[] = {
     {.name = "export qif",
      .words = "PATH",
      .least_words = 1,
@@ -124,7 +124,7 @@ constexpr Command kCommands[] = {
 }  // namespace
 
 std::span<const Command> ExportCommands() {
-  return kCommands;
+  return kExportCommands;
 }
 
 }  // namespace tallyfold::console

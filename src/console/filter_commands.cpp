@@ -92,7 +92,7 @@ void CancelSearch(Console& console, const Arguments& /*arguments*/) {
   ShowFilter(console);
 }
 
-constexpr Command kCommands[] = {
+constexpr Command kFilterCommands[] = {
     {.name = "filters",
      .help = "lists the filters there are and which is in force",
      .example = "filters",
@@ -119,7 +119,7 @@ constexpr Command kCommands[] = {
 }  // namespace
 
 std::span<const Command> FilterCommands() {
-  return kCommands;
+  return kFilterCommands;
 }
 
 }  // namespace tallyfold::console

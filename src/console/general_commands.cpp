@@ -63,7 +63,7 @@ void Quit(Console& console, const Arguments& /*arguments*/) {
   console.host.Terminate();
 }
 
-constexpr Command kCommands[] = {
+constexpr Command kGeneralCommands[] = {
     {.name = "help",
      .words = "[COMMAND]",
      .most_words = 2,
@@ -94,7 +94,7 @@ constexpr Command kCommands[] = {
 }  // namespace
 
 std::span<const Command> GeneralCommands() {
-  return kCommands;
+  return kGeneralCommands;
 }
 
 }  // namespace tallyfold::console

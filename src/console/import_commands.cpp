@@ -130,7 +130,7 @@ void Resolve(Console& console, const Arguments& arguments) {
   ShowReviewedEntries(console, entries);
 }
 
-void Commit(Console& console, const Arguments& /*arguments*/) {
+void CommitReview(Console& console, const Arguments& /*arguments*/) {
   auto& import = OpenReview(console);
   const auto account = SelectedAccount(console);
   const auto entry_count = account->GetEntries().size();
@@ -179,7 +179,7 @@ constexpr Option kSplits = {
 constexpr Option kImportOptions[] = {kEncoding, kAccount, kFormat, kDecimal, kThousands,
                                      kSwap,     kZero,    kTypes,  kSplits};
 
-constexpr Command kCommands[] = {
+constexpr Command kImportCommands[] = {
     {.name = "import",
      .words = "PATH",
      .least_words = 1,
@@ -234,7 +234,7 @@ constexpr Command kCommands[] = {
     {.name = "commit",
      .help = "adds the marked entries, and the types they need, to the selected account",
      .example = "commit",
-     .run = Commit,
+     .run = CommitReview,
      .works_in_review = true},
     {.name = "cancel",
      .help = "ends the review without importing anything",
@@ -246,7 +246,7 @@ constexpr Command kCommands[] = {
 }  // namespace
 
 std::span<const Command> ImportCommands() {
-  return kCommands;
+  return kImportCommands;
 }
 
 }  // namespace tallyfold::console

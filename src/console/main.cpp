@@ -1,10 +1,12 @@
 // The console: puts the computer's services together and runs one session on them.
 
 #include <chrono>
+#include <string>
 
 #include "console/session.h"
 #include "platform/ambient.h"
 #include "platform/notification_center.h"
+#include "platform/version.h"
 #include "system/iconv_encodings.h"
 #include "system/poll_run_loop.h"
 #include "system/posix_file_system.h"
@@ -63,6 +65,6 @@ int main() {
       {terminal, files, processes, speech, loop, notifications, encodings,
        [&loop](std::chrono::milliseconds time) { loop.SkipDelays(time); },
        [&](std::chrono::milliseconds time) { return RunFor(loop, signals, time); },
-       TALLYFOLD_VERSION, &updates});
+       std::string(kProgramVersion), &updates});
   return session.Run();
 }

@@ -109,7 +109,7 @@ constexpr Option kLockOptions[] = {
      .help = "one account rather than the whole application"},
 };
 
-constexpr Command kCommands[] = {
+constexpr Command kPasswordCommands[] = {
     {.name = "lock",
      .options = kLockOptions,
      .help = "saves everything and hides it, or hides one account, until the password is given",
@@ -140,7 +140,7 @@ constexpr Command kCommands[] = {
 }  // namespace
 
 std::span<const Command> PasswordCommands() {
-  return kCommands;
+  return kPasswordCommands;
 }
 
 }  // namespace tallyfold::console

@@ -100,7 +100,7 @@ void CheckForUpdates(Console& console, const Arguments& arguments) {
   console.printer.Show(table);
 }
 
-constexpr Command kCommands[] = {
+constexpr Command kPreferenceCommands[] = {
     {.name = "preferences",
      .help = "lists every preference, what it is and what it takes",
      .example = "preferences",
@@ -127,7 +127,7 @@ constexpr Command kCommands[] = {
 }  // namespace
 
 std::span<const Command> PreferenceCommands() {
-  return kCommands;
+  return kPreferenceCommands;
 }
 
 }  // namespace tallyfold::console

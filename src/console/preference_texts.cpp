@@ -6,6 +6,7 @@
 #include <cstdint>
 #include <optional>
 #include <system_error>
+#include <variant>
 #include <vector>
 
 #include "app/shell/preference_limits.h"

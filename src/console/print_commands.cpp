@@ -84,19 +84,19 @@ void Print(Console& console, const Arguments& arguments) {
   }
 }
 
-constexpr Option kOptions[] = {
+constexpr Option kPrintOptions[] = {
     {.name = "width", .value = "NUMBER", .help = "characters in a line (80, or 105 in landscape)"},
     {.name = "length", .value = "NUMBER", .help = "lines on a page (60, or 45 in landscape)"},
     {.name = "splits", .value = "yes|no", .help = "with the lines of splits (no)"},
     {.name = "notes", .value = "yes|no", .help = "with the notes (no)"},
 };
 
-constexpr Command kCommands[] = {
+constexpr Command kPrintCommands[] = {
     {.name = "print",
      .words = "register|reconcile|summary|schedules [landscape]",
      .least_words = 1,
      .most_words = 2,
-     .options = kOptions,
+     .options = kPrintOptions,
      .help = "prints pages as plain text, with a form feed between them",
      .example = "print register landscape splits=yes",
      .run = Print},
@@ -105,7 +105,7 @@ constexpr Command kCommands[] = {
 }  // namespace
 
 std::span<const Command> PrintCommands() {
-  return kCommands;
+  return kPrintCommands;
 }
 
 }  // namespace tallyfold::console

@@ -108,7 +108,7 @@ void TurnMarkOver(Console& console, const Arguments& /*arguments*/) {
   ShowChangedEntries(console, account, {entry}, OtherHalf::Unchanged);
 }
 
-constexpr Command kCommands[] = {
+constexpr Command kReconcileCommands[] = {
     {.name = "balance",
      .words = "[MODE]",
      .most_words = 1,
@@ -137,7 +137,7 @@ constexpr Command kCommands[] = {
 }  // namespace
 
 std::span<const Command> ReconcileCommands() {
-  return kCommands;
+  return kReconcileCommands;
 }
 
 }  // namespace tallyfold::console

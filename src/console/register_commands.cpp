@@ -165,7 +165,7 @@ constexpr Option kRegisterOptions[] = {
     {.name = "descending", .value = "yes|no", .help = "the other way round"},
 };
 
-constexpr Command kCommands[] = {
+constexpr Command kRegisterCommands[] = {
     {.name = "register",
      .options = kRegisterOptions,
      .help = "shows what the filter passes, with running balances, in the order of the window",
@@ -217,7 +217,7 @@ constexpr Command kCommands[] = {
 }  // namespace
 
 std::span<const Command> RegisterCommands() {
-  return kCommands;
+  return kRegisterCommands;
 }
 
 }  // namespace tallyfold::console

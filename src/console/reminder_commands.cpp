@@ -19,13 +19,13 @@
 namespace tallyfold::console {
 namespace {
 
-std::string Count(std::size_t number) {
+std::string CountText(std::size_t number) {
   return WriteNumber(static_cast<std::int64_t>(number));
 }
 
 std::string DatesOf(const ReminderRow& row) {
   if (row.date_is_enabled) return WriteDate(row.typed.date.value_or(kNullDate));
-  return Count(row.days.size()) + " from " + WriteDate(row.days.front()) + " to " +
+  return CountText(row.days.size()) + " from " + WriteDate(row.days.front()) + " to " +
          WriteDate(row.days.back());
 }
 
@@ -42,7 +42,7 @@ void Show(const Console& console) {
               {"amount", Column::Align::Right}});
   for (std::size_t i = 0; i < state.rows.size(); ++i) {
     const ReminderRow& row = state.rows[i];
-    rows.Add({Count(i + 1), row.typed.is_marked ? "yes" : "",
+    rows.Add({CountText(i + 1), row.typed.is_marked ? "yes" : "",
               WriteNumber(row.schedule->GetNumber()), DatesOf(row),
               row.is_ahead ? "to come" : "due", row.type, row.description, row.to_from,
               WriteAmount(row.SignedAmount().value_or(0.0))});
@@ -52,7 +52,7 @@ void Show(const Console& console) {
                  {"to come", Column::Align::Right},
                  {"look ahead"},
                  {"balance", Column::Align::Right}});
-  figures.Add({Count(state.due), Count(state.ahead),
+  figures.Add({CountText(state.due), CountText(state.ahead),
                state.typed.look_ahead + ' ' +
                    state.unit_items[static_cast<std::size_t>(state.typed.look_ahead_unit)].title,
                state.balance ? WriteAmount(*state.balance) : "-"});
@@ -107,7 +107,7 @@ void EditRow(Console& console, const Arguments& arguments) {
   const std::size_t index = RowNamed(state, arguments.WordAt(0));
   const ReminderRow& row = state.rows[index];
   if (arguments.Has("date") && !row.date_is_enabled) {
-    throw CommandError("date: the row stands for " + Count(row.days.size()) + " dates");
+    throw CommandError("date: the row stands for " + CountText(row.days.size()) + " dates");
   }
   if (arguments.Has("amount") && !row.amount_is_enabled) {
     throw CommandError("amount: the amount of a split is the sum of its lines");
@@ -161,7 +161,7 @@ bool MeansAll(const Arguments& arguments) {
                      "; remind mark chooses rows");
 }
 
-void Commit(Console& console, const Arguments& arguments) {
+void CommitOccurrence(Console& console, const Arguments& arguments) {
   const auto account = SelectedAccount(console);
   const bool all = MeansAll(arguments);
   (void)Reminder(console);
@@ -188,16 +188,16 @@ void Later(Console& console, const Arguments& /*arguments*/) {
   console.printer.Confirm("What is left is offered again later.");
 }
 
-constexpr Option kMarkOptions[] = {
+constexpr Option kReminderMarkOptions[] = {
     {.name = "marked", .value = "yes|no", .help = "no takes the mark away again"},
 };
 
-constexpr Option kEditOptions[] = {
+constexpr Option kReminderEditOptions[] = {
     {.name = "date", .value = "DATE", .help = "of the entry that is made"},
     {.name = "amount", .value = "AMOUNT", .help = "of the entry that is made, such as 12.50"},
 };
 
-constexpr Command kCommands[] = {
+constexpr Command kReminderCommands[] = {
     {.name = "remind",
      .help = "shows what is due of the selected account by the look-ahead date; rows that are due "
              "are marked. It stays until another command is given",
@@ -208,7 +208,7 @@ constexpr Command kCommands[] = {
      .words = "ROW...|all",
      .least_words = 1,
      .most_words = 100,
-     .options = kMarkOptions,
+     .options = kReminderMarkOptions,
      .help = "marks rows of the reminder",
      .example = "remind mark 3",
      .run = MarkRows,
@@ -217,7 +217,7 @@ constexpr Command kCommands[] = {
      .words = "ROW",
      .least_words = 1,
      .most_words = 1,
-     .options = kEditOptions,
+     .options = kReminderEditOptions,
      .help = "changes the entry that a row is going to make",
      .example = "remind edit 1 amount=31.05",
      .run = EditRow,
@@ -243,7 +243,7 @@ constexpr Command kCommands[] = {
      .most_words = 1,
      .help = "makes entries of the marked rows, or of all",
      .example = "remind commit",
-     .run = Commit,
+     .run = CommitOccurrence,
      .needs = Needs::Reminder},
     {.name = "remind skip",
      .help = "drops what the marked rows stand for, for good",
@@ -260,7 +260,7 @@ constexpr Command kCommands[] = {
 }  // namespace
 
 std::span<const Command> ReminderCommands() {
-  return kCommands;
+  return kReminderCommands;
 }
 
 }  // namespace tallyfold::console

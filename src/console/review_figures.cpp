@@ -20,7 +20,7 @@
 namespace tallyfold::console {
 namespace {
 
-std::string Count(std::size_t number) {
+std::string CountOf(std::size_t number) {
   return WriteNumber(static_cast<std::int64_t>(number));
 }
 
@@ -41,7 +41,7 @@ std::string Joined(const List& list, Text text) {
     joined += (i == 0 ? "" : ", ") + std::string(text(list[i]));
   }
   const std::size_t left = list.size() - shown;
-  return left == 0 ? joined : joined + " and " + Count(left) + " more";
+  return left == 0 ? joined : joined + " and " + CountOf(left) + " more";
 }
 
 // --- What is in force, as the options of the commands are typed ---------------------------------
@@ -89,17 +89,17 @@ void AddSettings(Table& table, const QifImportOptionsState& options) {
 void AddFacts(Table& table, const ImportHints& hints) {
   if (!hints.source.empty()) table.Add({"entries are those of", FromFile(hints.source)});
   if (hints.elsewhere > 0) {
-    table.Add({"entries of the file that are not under review", Count(hints.elsewhere)});
+    table.Add({"entries of the file that are not under review", CountOf(hints.elsewhere)});
   }
   if (hints.first_date) {
     table.Add({"dates", WriteDate(*hints.first_date) + " to " + WriteDate(*hints.last_date)});
   }
-  if (hints.after_today > 0) table.Add({"after today", Count(hints.after_today)});
+  if (hints.after_today > 0) table.Add({"after today", CountOf(hints.after_today)});
 }
 
 // "12 (rows 1, 4, 5, 7, 9, ...)".
 std::string CountAndRows(const ImportDoubt& doubt) {
-  std::string text = Count(doubt.count);
+  std::string text = CountOf(doubt.count);
   if (doubt.rows.empty()) return text;
   text += doubt.rows.size() == 1 ? " (row " : " (rows ";
   text += Joined(doubt.rows, [](std::int32_t row) { return WriteNumber(row); });
@@ -132,7 +132,7 @@ void AddRemedies(Table& table, const QifImportReviewState& review,
   if (hints.Needs(ImportRemedy::DateFormat)) {
     std::vector<std::string> formats;
     for (const auto& each : hints.fitting_formats) {
-      formats.push_back(QifDateFormatTitle(each.format));
+      formats.emplace_back(each.title);
     }
     AddChoices(table,
                hints.has_hopeless_dates ? "formats that read all other dates"
@@ -170,7 +170,7 @@ void ShowReviewFigures(const Console& console) {
       {"account in the file",
        FromFile(options.account_items[static_cast<std::size_t>(options.typed.account)].title)});
   AddSettings(table, options);
-  table.Add({"marked", Count(review.marked_count) + " of " + Count(review.entry_count)});
+  table.Add({"marked", CountOf(review.marked_count) + " of " + CountOf(review.entry_count)});
   table.Add({"total", WriteAmount(review.total)});
   if (!import.types().empty()) {
     table.Add({"new types", Joined(import.types(), [](const auto& type) {

@@ -91,6 +91,10 @@ void KeptNotes::TellNew() {
   tell(controller_.accountsStore().CopiesOfOthers(), accounts_told_);
   tell(controller_.preferencesStore().CopiesOfOthers(), preferences_told_);
 
+  const std::string log = controller_.recovery().KeptSinceNotice();
+  if (!log.empty() && !std::exchange(log_told_, true)) {
+    printer_.Note("the log of changes from before an interruption was kept as " + log);
+  }
   const bool was_protected = std::exchange(
       is_protected_, controller_.recovery().protection() != RecoveryLog::Protection::Off);
   if (was_protected && !is_protected_) {

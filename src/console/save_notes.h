@@ -38,7 +38,8 @@ class KeptNotes {
 
   // Those of the run before.
   void TellEarlier();
-  // Those that have not been told yet, and whether changes have become unprotected.
+  // Those that have not been told yet, a recovery log that was kept aside, and whether changes have
+  // become unprotected.
   void TellNew();
 
  private:
@@ -46,6 +47,7 @@ class KeptNotes {
   Printer& printer_;
   std::size_t accounts_told_ = 0;
   std::size_t preferences_told_ = 0;
+  bool log_told_ = false;
   bool is_protected_ = true;
 };
 

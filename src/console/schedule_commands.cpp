@@ -283,8 +283,8 @@ constexpr Option kCommitOptions[] = {
 };
 
 // Tables of options live elsewhere, so this one is made when it is first asked for.
-const std::vector<Command>& Commands() {
-  static const std::vector<Command> kCommands = {
+const std::vector<Command>& TableOfCommands() {
+  static const std::vector<Command> commands = {
       {.name = "schedules",
        .help = "shows what recurs as the window does: the next date, how often, what is overdue",
        .example = "schedules",
@@ -360,13 +360,13 @@ const std::vector<Command>& Commands() {
        .example = "schedule skip 2 date=2026-04-01",
        .run = SkipDue},
   };
-  return kCommands;
+  return commands;
 }
 
 }  // namespace
 
 std::span<const Command> ScheduleCommands() {
-  return Commands();
+  return TableOfCommands();
 }
 
 }  // namespace tallyfold::console

@@ -11,12 +11,13 @@
 #include "console/entry_options.h"
 #include "console/lookup.h"
 #include "console/recurrence.h"
+#include "console/values.h"
 #include "model/account.h"
 
 namespace tallyfold::console {
 namespace {
 
-constexpr Option kOptions[] = {
+constexpr Option kScheduleOptions[] = {
     {.name = "start", .value = "DATE", .help = "the first day it may fall due"},
     {.name = "repeat", .value = "INTERVAL", .help = kIntervals},
     {.name = "until", .value = "forever|DATE|N times", .help = "when it ends (forever)"},
@@ -36,11 +37,6 @@ constexpr Option kOptions[] = {
      .help = "one line of a split, up to ten; none takes the split away",
      .is_repeatable = true},
 };
-
-template <typename Field, typename Value>
-void Set(Field& value, std::optional<Value> given) {
-  if (given) value = std::move(*given);
-}
 
 void Refuse(const Arguments& arguments, std::string_view option, std::string_view kind) {
   if (!arguments.Has(option)) return;
@@ -77,13 +73,13 @@ void TypeKindOptions(const Console& console, const Arguments& arguments, Schedul
   switch (typed.kind) {
     case EntryKind::Debit:
       Refuse(arguments, "from", "debit");
-      Set(typed.to_from, arguments.Text("to"));
-      Set(typed.is_check, arguments.YesNo("check"));
+      SetIfGiven(typed.to_from, arguments.Text("to"));
+      SetIfGiven(typed.is_check, arguments.YesNo("check"));
       return TypeType(items, arguments, typed);
     case EntryKind::Deposit:
       Refuse(arguments, "to", "deposit");
       Refuse(arguments, "check", "deposit");
-      Set(typed.to_from, arguments.Text("from"));
+      SetIfGiven(typed.to_from, arguments.Text("from"));
       return TypeType(items, arguments, typed);
     case EntryKind::Transfer:
       break;
@@ -102,18 +98,18 @@ void TypeAmount(const Arguments& arguments, ScheduleValues& typed) {
   } else if (arguments.Has("amount") && typed.split != SplitRows()) {
     throw CommandError("amount: the amount of a split is the sum of its lines");
   }
-  Set(typed.amount, arguments.Amount("amount"));
+  SetIfGiven(typed.amount, arguments.Amount("amount"));
 }
 
 }  // namespace
 
 std::span<const Option> ScheduleOptions() {
-  return kOptions;
+  return kScheduleOptions;
 }
 
 void TypeIntoScheduleSheet(Console& console, const Arguments& arguments) {
   ScheduleValues typed = console.controller.scheduleSheet().State().typed;
-  Set(typed.start, arguments.Date("start"));
+  SetIfGiven(typed.start, arguments.Date("start"));
   if (const auto repeat = arguments.Text("repeat")) {
     const Interval interval = ReadInterval(*repeat);
     typed.repeat_interval_type = interval.type;
@@ -124,10 +120,10 @@ void TypeIntoScheduleSheet(Console& console, const Arguments& arguments) {
     typed.repeat_until_type = until.type;
     typed.repeat_until = until.value;
   }
-  Set(typed.use_preceding_friday, arguments.YesNo("friday"));
-  Set(typed.description, arguments.Text("description"));
-  Set(typed.tax_deductible, arguments.YesNo("tax"));
-  Set(typed.notes, arguments.Text("notes"));
+  SetIfGiven(typed.use_preceding_friday, arguments.YesNo("friday"));
+  SetIfGiven(typed.description, arguments.Text("description"));
+  SetIfGiven(typed.tax_deductible, arguments.YesNo("tax"));
+  SetIfGiven(typed.notes, arguments.Text("notes"));
   TypeAmount(arguments, typed);
   TypeKindOptions(console, arguments, typed);
   console.controller.scheduleSheet().Read(std::move(typed));

@@ -86,7 +86,7 @@ void Speak(Console& console, const Arguments& arguments) {
   ShowUnheard(console, start);
 }
 
-constexpr Command kCommands[] = {
+constexpr Command kSpeechCommands[] = {
     {.name = "speak",
      .words = "[entry|from|all|stop]",
      .most_words = 1,
@@ -100,7 +100,7 @@ constexpr Command kCommands[] = {
 }  // namespace
 
 std::span<const Command> SpeechCommands() {
-  return kCommands;
+  return kSpeechCommands;
 }
 
 }  // namespace tallyfold::console

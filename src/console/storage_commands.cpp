@@ -87,7 +87,7 @@ void BackUpNow(Console& console, const Arguments& /*arguments*/) {
   console.printer.Confirm("Kept as " + backups.State().kept + ".");
 }
 
-constexpr Command kCommands[] = {
+constexpr Command kStorageCommands[] = {
     {.name = "save",
      .help = "writes the accounts and the preferences to their files now",
      .example = "save",
@@ -122,7 +122,7 @@ constexpr Command kCommands[] = {
 }  // namespace
 
 std::span<const Command> StorageCommands() {
-  return kCommands;
+  return kStorageCommands;
 }
 
 }  // namespace tallyfold::console

@@ -219,7 +219,7 @@ struct MarkOption {
   std::int32_t (LDGRAccountSummary::*get)() const noexcept;
   std::int32_t Typed::*typed;
 };
-constexpr MarkOption kMarkOptions[] = {
+constexpr MarkOption kSummaryMarkOptions[] = {
     {"resolved", &LDGRAccountSummary::showResolved, &Typed::resolved},
     {"tax", &LDGRAccountSummary::showTaxDeductible, &Typed::tax_deductible},
     {"checks", &LDGRAccountSummary::showChecks, &Typed::checks},
@@ -238,7 +238,7 @@ void ShowOptions(Console& console, const Arguments& arguments) {
   for (const Switch& each : kSwitches) {
     table.Add({std::string(each.name), WriteYesNo((summary.*each.get)())});
   }
-  for (const MarkOption& each : kMarkOptions) {
+  for (const MarkOption& each : kSummaryMarkOptions) {
     table.Add({std::string(each.name), ChoiceText(kMarks, (summary.*each.get)())});
   }
   table.Add({"filter", summary.filter() ? ChoiceText(choices::kFilterTypes, summary.filterType())
@@ -287,7 +287,7 @@ void ReadOptions(const Arguments& arguments, Typed& typed) {
   for (const Switch& each : kSwitches) {
     if (const auto yes = arguments.YesNo(each.name)) typed.*each.typed = *yes;
   }
-  for (const MarkOption& each : kMarkOptions) {
+  for (const MarkOption& each : kSummaryMarkOptions) {
     if (const auto which = arguments.Text(each.name)) {
       typed.*each.typed = ReadChoice(kMarks, *which, each.name);
     }
@@ -372,7 +372,7 @@ constexpr Option kSetOptions[] = {
     {.name = "text", .value = "TEXT", .help = "what the entries that count contain"},
 };
 
-constexpr Command kCommands[] = {
+constexpr Command kSummaryCommands[] = {
     {.name = "summaries",
      .help = "lists the summaries of the selected account",
      .example = "summaries",
@@ -426,7 +426,7 @@ constexpr Command kCommands[] = {
 }  // namespace
 
 std::span<const Command> SummaryCommands() {
-  return kCommands;
+  return kSummaryCommands;
 }
 
 }  // namespace tallyfold::console

@@ -118,20 +118,20 @@ void RemoveType(Console& console, const Arguments& arguments) {
   ListTypes(console, arguments);
 }
 
-constexpr Option kAddOptions[] = {
+constexpr Option kTypeAddOptions[] = {
     {.name = "kind", .value = "debit|deposit", .help = "which entries may use it (debit)"},
     {.name = "check", .value = "yes|no", .help = "whether its entries are checks (no)"},
     {.name = "default", .value = "yes|no", .help = "whether new entries begin with it (no)"},
 };
 
-constexpr Option kEditOptions[] = {
+constexpr Option kTypeEditOptions[] = {
     {.name = "name", .value = "TEXT", .help = "the type's name, also in the entries that have it"},
     {.name = "kind", .value = "debit|deposit", .help = "which entries may use it"},
     {.name = "check", .value = "yes|no", .help = "whether its entries are checks"},
     {.name = "default", .value = "yes|no", .help = "whether new entries begin with it"},
 };
 
-constexpr Command kCommands[] = {
+constexpr Command kTypeCommands[] = {
     {.name = "types",
      .help = "lists the entry types of the selected account",
      .example = "types",
@@ -141,7 +141,7 @@ constexpr Command kCommands[] = {
      .words = "NAME",
      .least_words = 1,
      .most_words = 1,
-     .options = kAddOptions,
+     .options = kTypeAddOptions,
      .help = "adds an entry type to the selected account",
      .example = "type add Salary kind=deposit",
      .run = AddType},
@@ -149,7 +149,7 @@ constexpr Command kCommands[] = {
      .words = "NUMBER|NAME",
      .least_words = 1,
      .most_words = 1,
-     .options = kEditOptions,
+     .options = kTypeEditOptions,
      .help = "changes an entry type of the selected account",
      .example = "type edit Food name=Groceries default=yes",
      .run = EditType},
@@ -165,7 +165,7 @@ constexpr Command kCommands[] = {
 }  // namespace
 
 std::span<const Command> TypeCommands() {
-  return kCommands;
+  return kTypeCommands;
 }
 
 }  // namespace tallyfold::console

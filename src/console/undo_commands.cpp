@@ -55,7 +55,7 @@ void ShowHistory(Console& console, const Arguments& /*arguments*/) {
   console.printer.Show(table);
 }
 
-constexpr Command kCommands[] = {
+constexpr Command kUndoCommands[] = {
     {.name = "undo",
      .help = "takes the last step back, whatever it was, as far back as the start of the session",
      .example = "undo",
@@ -70,7 +70,7 @@ constexpr Command kCommands[] = {
 }  // namespace
 
 std::span<const Command> UndoCommands() {
-  return kCommands;
+  return kUndoCommands;
 }
 
 }  // namespace tallyfold::console

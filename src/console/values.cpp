@@ -1,6 +1,7 @@
 #include "console/values.h"
 
 #include <charconv>
+#include <cmath>
 #include <cstdlib>
 #include <system_error>
 

@@ -1,8 +1,10 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <string_view>
+#include <utility>
 
 #include "model/date_number.h"
 
@@ -29,5 +31,11 @@ inline constexpr std::string_view kPlainDays = "%Y-%m-%d";
 [[nodiscard]] std::string WriteAmount(double amount);
 [[nodiscard]] std::string WriteYesNo(bool value);
 [[nodiscard]] std::string WriteNumber(std::int64_t number);
+
+// Leaves the field of a sheet as it is where nothing is given.
+template <typename T>
+void SetIfGiven(T& field, std::optional<T> value) {
+  if (value) field = *std::move(value);
+}
 
 }  // namespace tallyfold::console

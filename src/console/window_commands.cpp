@@ -66,7 +66,7 @@ void Reveal(Console& console, const Arguments& /*arguments*/) {
   ShowSelectedEntry(console);
 }
 
-constexpr Command kCommands[] = {
+constexpr Command kWindowCommands[] = {
     {.name = "tab",
      .words = "[NAME]",
      .most_words = 1,
@@ -89,7 +89,7 @@ constexpr Command kCommands[] = {
 }  // namespace
 
 std::span<const Command> WindowCommands() {
-  return kCommands;
+  return kWindowCommands;
 }
 
 }  // namespace tallyfold::console

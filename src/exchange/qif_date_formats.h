@@ -3,7 +3,6 @@
 #include <array>
 #include <cstdint>
 #include <optional>
-#include <string>
 #include <string_view>
 
 namespace tallyfold {
@@ -13,21 +12,22 @@ namespace tallyfold {
 struct QifDateFormat {
   std::int32_t tag;
   std::string_view format;
+  std::string_view title;  // English key: the format as people write it
 };
 
 inline constexpr std::array<QifDateFormat, 12> kQifDateFormats = {{
-    {0, "%m/%d/%y"},
-    {1, "%m/%y/%d"},
-    {2, "%d/%m/%y"},
-    {3, "%d/%y/%m"},
-    {4, "%y/%d/%m"},
-    {5, "%y/%m/%d"},
-    {10, "%m/%d/%Y"},
-    {11, "%m/%Y/%d"},
-    {12, "%d/%m/%Y"},
-    {13, "%d/%Y/%m"},
-    {14, "%Y/%d/%m"},
-    {15, "%Y/%m/%d"},
+    {0, "%m/%d/%y", "MM/DD/YY"},
+    {1, "%m/%y/%d", "MM/YY/DD"},
+    {2, "%d/%m/%y", "DD/MM/YY"},
+    {3, "%d/%y/%m", "DD/YY/MM"},
+    {4, "%y/%d/%m", "YY/DD/MM"},
+    {5, "%y/%m/%d", "YY/MM/DD"},
+    {10, "%m/%d/%Y", "MM/DD/YYYY"},
+    {11, "%m/%Y/%d", "MM/YYYY/DD"},
+    {12, "%d/%m/%Y", "DD/MM/YYYY"},
+    {13, "%d/%Y/%m", "DD/YYYY/MM"},
+    {14, "%Y/%d/%m", "YYYY/DD/MM"},
+    {15, "%Y/%m/%d", "YYYY/MM/DD"},
 }};
 
 // "%m/%y/%d" for a tag that does not exist.
@@ -45,32 +45,6 @@ inline constexpr std::array<QifDateFormat, 12> kQifDateFormats = {{
     if (each.format == format) return each.tag;
   }
   return std::nullopt;
-}
-
-// The format as people write it: "MM/DD/YY", "YYYY/MM/DD".
-[[nodiscard]] inline std::string QifDateFormatTitle(std::string_view format) {
-  std::string title;
-  for (const char letter : format) {
-    switch (letter) {
-      case '%':
-        break;
-      case 'm':
-        title += "MM";
-        break;
-      case 'd':
-        title += "DD";
-        break;
-      case 'y':
-        title += "YY";
-        break;
-      case 'Y':
-        title += "YYYY";
-        break;
-      default:
-        title += letter;
-    }
-  }
-  return title;
 }
 
 }  // namespace tallyfold

@@ -5,6 +5,7 @@
 #include <charconv>
 #include <cstddef>
 #include <limits>
+#include <utility>
 
 #include "model/calendar.h"
 #include "model/date_format.h"
@@ -15,7 +16,7 @@ namespace {
 constexpr std::string_view kDateSeparators = "/\\-.,*+^!@#$%&()_=[]{}|;:'\"<>`~";
 constexpr std::string_view kDigits = "0123456789";
 
-bool IsDigit(char character) noexcept {
+bool IsFieldDigit(char character) noexcept {
   return character >= '0' && character <= '9';
 }
 
@@ -105,7 +106,7 @@ std::int32_t LeadingInteger(std::string_view text) noexcept {
   const bool is_negative = text.front() == '-';
   if (is_negative || text.front() == '+') text.remove_prefix(1);
   // from_chars would take a second sign.
-  if (text.empty() || !IsDigit(text.front())) return 0;
+  if (text.empty() || !IsFieldDigit(text.front())) return 0;
   std::int32_t value = 0;
   const auto error = std::from_chars(text.data(), text.data() + text.size(), value).ec;
   if (error == std::errc::result_out_of_range) {
@@ -174,7 +175,7 @@ std::string TweakAmountString(std::string_view text, std::string_view decimal_se
   ReplaceAll(amount, thousands_separator, "");
   ReplaceAll(amount, decimal_separator, ".");
   std::erase_if(amount, [](char character) {
-    return !IsDigit(character) && character != '.' && character != '-';
+    return !IsFieldDigit(character) && character != '.' && character != '-';
   });
   return amount;
 }
@@ -184,7 +185,7 @@ double LeadingAmount(std::string_view text) noexcept {
   if (text.starts_with('+') && !text.starts_with("+-")) text.remove_prefix(1);
   // from_chars would also take infinities and what is not a number.
   const std::size_t sign = text.starts_with('-') ? 1 : 0;
-  if (text.size() == sign || (!IsDigit(text[sign]) && text[sign] != '.')) return 0.0;
+  if (text.size() == sign || (!IsFieldDigit(text[sign]) && text[sign] != '.')) return 0.0;
   double amount = 0.0;
   const auto error = std::from_chars(text.data(), text.data() + text.size(), amount).ec;
   return error == std::errc() ? amount : 0.0;

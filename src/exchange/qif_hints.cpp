@@ -21,8 +21,6 @@ using Problem = ImportHints::Problem;
 
 constexpr std::size_t kMostNamedLists = 8;
 constexpr double kHalfACent = 0.005;
-constexpr std::string_view kSectionCode = "!Type:";
-constexpr std::string_view kCategoryList = "!Type:Cat\r";
 constexpr std::string_view kReplacement = "\uFFFD";
 
 // Reading drops blanks and apostrophes between digits, so that these two read whatever there is.

@@ -20,8 +20,6 @@ namespace tallyfold {
 namespace {
 
 constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
-constexpr std::string_view kCategoryList = "!Type:Cat\r";
-constexpr std::string_view kSectionCode = "!Type:";
 constexpr std::string_view kAccountCode = "!Account";
 constexpr std::string_view kNextSection = "\r!";
 constexpr std::string_view kAutoSwitch = "!Option:AutoSwitch";

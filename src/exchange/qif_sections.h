@@ -9,13 +9,16 @@
 
 namespace tallyfold {
 
+// A section begins with this and the name of its kind.
+inline constexpr std::string_view kSectionCode = "!Type:";
+inline constexpr std::string_view kCategoryList = "!Type:Cat\r";
+
 // Walks a QIF text with carriage returns by its "!Type:" headers. `list` is called with the text of
 // each section that holds entries, from its header's line end to the next header of any kind;
 // `other` with the type of each section that does not. A text without any such header is one list.
 // The types of lists are those of validListTypes(), whatever their case.
 template <typename List, typename Other>
 void ForEachQifSection(std::string_view text, List list, Other other) {
-  constexpr std::string_view kSectionCode = "!Type:";
   constexpr std::string_view kBlanks = " \t";
   std::size_t found = text.find(kSectionCode);
   if (found == std::string_view::npos) return list(text);

@@ -20,7 +20,7 @@ std::string_view YesOrNo(bool yes) {
   return yes ? "Yes" : "No";
 }
 
-std::string_view KindOf(const LDGRAccountEntry& entry) {
+std::string_view KindText(const LDGRAccountEntry& entry) {
   if (entry.IsDebit()) return "Debit";
   if (entry.IsDeposit()) return "Deposit";
   if (entry.IsTransfer()) return "Transfer";
@@ -74,7 +74,7 @@ std::string LDGRAccount::asTabDelimitedStringWithOptions(const ExportOptions& op
     field(YesOrNo(entry->GetCleared()));
     field(YesOrNo(entry->GetTaxDeductible()));
     field(FixedAmountString(entry->GetAmount()));
-    field(KindOf(*entry));
+    field(KindText(*entry));
     field(entry->GetCheckNumber() >= 0 ? std::to_string(entry->GetCheckNumber()) : "");
     field(std::to_string(entry->GetNumber()));
     end_line(FixedAmountString(balance));

@@ -26,7 +26,7 @@ namespace {
 // Amounts nearer than this to a rule's number are equal to it, in currency units.
 constexpr double kAmountTolerance = 0.4;
 
-struct Rule {
+struct PreparedRule {
   bool keeps_matching;
   FilterQualifier qualifier;
   const plist::Value& data;
@@ -44,8 +44,9 @@ void ForEachRule(const plist::Value& list, Apply apply) {
     const plist::Dictionary dictionary = value.DictionaryValue();
     const plist::Value& data = dictionary.Get("data");
     if (data.IsNone()) return;
-    const Rule rule{dictionary.Get("logic").IntegerValue() != 0,
-                    static_cast<FilterQualifier>(dictionary.Get("qualifier").IntegerValue()), data};
+    const PreparedRule rule{
+        dictionary.Get("logic").IntegerValue() != 0,
+        static_cast<FilterQualifier>(dictionary.Get("qualifier").IntegerValue()), data};
     if (!apply(rule)) return;
   }
 }
@@ -98,7 +99,7 @@ class TextTest {
 // kind matches no text.
 template <typename Apply>
 void ForEachTextRule(const plist::Value& list, Apply apply) {
-  ForEachRule(list, [&](const Rule& rule) {
+  ForEachRule(list, [&](const PreparedRule& rule) {
     const std::string_view text = rule.data.IsString() ? rule.data.StringValue() : "";
     if (rule.data.IsString() && text.empty()) return false;
     apply(rule, text);
@@ -108,7 +109,7 @@ void ForEachTextRule(const plist::Value& list, Apply apply) {
 
 template <typename Field>
 void FilterByText(const plist::Value& list, Remaining& entries, Field field) {
-  ForEachTextRule(list, [&](const Rule& rule, std::string_view text) {
+  ForEachTextRule(list, [&](const PreparedRule& rule, std::string_view text) {
     const TextTest test(rule.qualifier, text);
     ApplyRule(entries, rule.keeps_matching,
               [&](const LDGRAccountEntry& entry) { return test(field(entry)); });
@@ -152,7 +153,7 @@ bool AnyLineMatches(const LDGRAccountEntrySplit& split, SplitText text, const Te
 }
 
 void FilterBySplit(const plist::Value& list, Remaining& entries, SplitText split_text) {
-  ForEachTextRule(list, [&](const Rule& rule, std::string_view text) {
+  ForEachTextRule(list, [&](const PreparedRule& rule, std::string_view text) {
     const TextTest test(rule.qualifier, text);
     KeepOnly(entries, [&](const LDGRAccountEntry& entry) {
       const auto& split = entry.GetSplit();
@@ -164,7 +165,7 @@ void FilterBySplit(const plist::Value& list, Remaining& entries, SplitText split
 using Mark = bool (LDGRAccountEntry::*)() const noexcept;
 
 void FilterByMark(const plist::Value& list, Remaining& entries, Mark mark) {
-  ForEachRule(list, [&](const Rule& rule) {
+  ForEachRule(list, [&](const PreparedRule& rule) {
     const bool can_match = rule.HasNumber();
     const bool wanted = rule.data.BooleanValue();
     ApplyRule(entries, rule.keeps_matching, [&](const LDGRAccountEntry& entry) {
@@ -227,7 +228,7 @@ bool DateMatches(FilterQualifier qualifier, DateNumber date, DateNumber wanted) 
 // --- The passes ---------------------------------------------------------------------------------
 
 void PassGeneral(const plist::Value& list, Remaining& entries) {
-  ForEachTextRule(list, [&](const Rule& rule, std::string_view text) {
+  ForEachTextRule(list, [&](const PreparedRule& rule, std::string_view text) {
     const TextTest test(rule.qualifier, text);
     TypeNameTest type_test(test);
     ApplyRule(entries, rule.keeps_matching, [&](const LDGRAccountEntry& entry) {
@@ -246,7 +247,7 @@ void PassDescription(const plist::Value& list, Remaining& entries) {
 }
 
 void PassDate(const plist::Value& list, Remaining& entries) {
-  ForEachRule(list, [&](const Rule& rule) {
+  ForEachRule(list, [&](const PreparedRule& rule) {
     const bool can_match = rule.HasNumber();
     const DateNumber wanted = rule.data.IntegerValue();
     ApplyRule(entries, rule.keeps_matching, [&](const LDGRAccountEntry& entry) {
@@ -257,7 +258,7 @@ void PassDate(const plist::Value& list, Remaining& entries) {
 }
 
 void PassAmount(const plist::Value& list, Remaining& entries) {
-  ForEachRule(list, [&](const Rule& rule) {
+  ForEachRule(list, [&](const PreparedRule& rule) {
     const bool can_match = rule.HasNumber();
     const double wanted = rule.data.DoubleValue();
     ApplyRule(entries, rule.keeps_matching, [&](const LDGRAccountEntry& entry) {
@@ -270,7 +271,7 @@ void PassAmount(const plist::Value& list, Remaining& entries) {
 void PassAmountString(const plist::Value& list, Remaining& entries) {
   const std::string decimal = CurrentLocale().DecimalSeparator();
   const std::string thousands = CurrentLocale().ThousandsSeparator();
-  ForEachTextRule(list, [&](const Rule& rule, std::string_view text) {
+  ForEachTextRule(list, [&](const PreparedRule& rule, std::string_view text) {
     const TextTest test(rule.qualifier, WithoutAll(text, thousands));
     ApplyRule(entries, rule.keeps_matching, [&](const LDGRAccountEntry& entry) {
       return test(AmountText(entry.GetAmount(), decimal));
@@ -279,7 +280,7 @@ void PassAmountString(const plist::Value& list, Remaining& entries) {
 }
 
 void PassType(const plist::Value& list, Remaining& entries) {
-  ForEachTextRule(list, [&](const Rule& rule, std::string_view text) {
+  ForEachTextRule(list, [&](const PreparedRule& rule, std::string_view text) {
     const TextTest test(rule.qualifier, text);
     TypeNameTest type_test(test);
     ApplyRule(entries, rule.keeps_matching, type_test);
@@ -291,7 +292,7 @@ void PassCheck(const plist::Value& list, Remaining& entries) {
 }
 
 void PassCheckNumberString(const plist::Value& list, Remaining& entries) {
-  ForEachTextRule(list, [&](const Rule& rule, std::string_view text) {
+  ForEachTextRule(list, [&](const PreparedRule& rule, std::string_view text) {
     const TextTest test(rule.qualifier, text);
     KeepOnly(entries, [&](const LDGRAccountEntry& entry) {
       if (!entry.IsCheck()) return false;

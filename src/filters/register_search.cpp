@@ -18,17 +18,13 @@ bool TakesText(const LDGRFilter* filter) {
   return dynamic_cast<const LDGRSearchFilter*>(filter) != nullptr;
 }
 
-// Search 'Description'
-std::string Label(std::string_view word, const std::string& name) {
-  return MessageWithText(MessageWithText("%@ '%@'", LocalizedText(word)), name);
-}
-
 SearchFieldState FieldFor(const LDGRFilter* filter) {
   if (filter == nullptr) return {};
   const std::string name = filter->GetName();
-  if (!TakesText(filter)) return {name, false, Label("Filter", name), true};
+  if (!TakesText(filter))
+    return {name, false, MessageWithText(LocalizedText("Filter '%@'"), name), true};
   const std::string data(filter->GetDataForSetCategory().StringValue());
-  return {data, true, Label("Search", name), true};
+  return {data, true, MessageWithText(LocalizedText("Search '%@'"), name), true};
 }
 
 }  // namespace
@@ -36,7 +32,7 @@ SearchFieldState FieldFor(const LDGRFilter* filter) {
 void RegisterSearch::Search_Field(std::optional<std::string_view> text) {
   LDGRAccount* const account = CurrentAccount();
   if (account == nullptr || !text) return;
-  host_.AsOne([this, account, &text] {
+  host_.AsKeystroke([this, account, &text] {
     if (host_.ShownRegister() == RegisterKind::Entry) {
       account->setEntryFilterData(*text);
     } else {

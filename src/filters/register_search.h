@@ -51,6 +51,8 @@ class RegisterSearch {
     virtual void StopSpeech() = 0;
     // Runs the steps, which change several things, as one operation.
     virtual void AsOne(const std::function<void()>& steps) = 0;
+    // The same for steps that follow every keystroke.
+    virtual void AsKeystroke(const std::function<void()>& steps) = 0;
     // The search field of the register that is showing takes the keyboard focus.
     virtual void FocusSearchField() = 0;
     virtual void SearchStateChanged() = 0;

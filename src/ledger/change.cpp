@@ -316,6 +316,9 @@ ChangeSet Change::Close() {
     for (const auto& part : parts_) carried.push_back({part.get(), Way::Forward});
   }
 
+  const bool waits = WaitsForNext();
+  if (waits) ledger_.unwritten_.reserve(ledger_.unwritten_.size() + parts_.size());
+
   // From here on nothing fails.
   for (auto& part : parts_) {
     if (!part->IsSetting()) parts.push_back(std::move(part));
@@ -323,11 +326,25 @@ ChangeSet Change::Close() {
   step->companions = std::move(companions_);
   Ledger::Note(set);
   // While the parts are still there, which the history may forget.
-  ledger_.Record(set, carried);
+  if (waits) {
+    ledger_.WriteLater(parts_);
+  } else {
+    ledger_.Record(set, carried);
+  }
   if (!parts.empty() && !set.IsEmpty()) history.Take(std::move(step), undoable_ == Undoable::Yes);
   End();
   if (!set.IsEmpty()) ledger_.Announce(set);
   return set;
+}
+
+bool Change::WaitsForNext() const noexcept {
+  if (!may_wait_ || ledger_.journal_ == nullptr) return false;
+  const auto is_setting = [](const auto& part) { return part->IsSetting(); };
+  const auto has_counted = [](const Touched& each) {
+    return each.account->GetNumberCount() != each.bearings.number_count;
+  };
+  return std::all_of(parts_.begin(), parts_.end(), is_setting) &&
+         std::none_of(touched_.begin(), touched_.end(), has_counted);
 }
 
 void Change::HandOn() {

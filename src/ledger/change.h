@@ -99,6 +99,10 @@ class [[nodiscard]] Change {
 
   // --- The end --------------------------------------------------------------------------------
 
+  // Its record in the journal may wait for that of the next change: for settings that follow every
+  // keystroke. Nothing else waits.
+  void WriteLater() noexcept { may_wait_ = true; }
+
   // Something that goes back and forth with the step. It has followed forward already.
   void Attach(std::unique_ptr<StepCompanion> companion);
 
@@ -139,6 +143,7 @@ class [[nodiscard]] Change {
   void EditOnce(std::uintptr_t subject, Arguments&&... arguments);
   [[nodiscard]] bool WasRemoved(const void* record) const noexcept;
   void HandOn();
+  [[nodiscard]] bool WaitsForNext() const noexcept;
   // Forgets edits that changed nothing.
   void TidyEdits() noexcept;
   void RollBack() noexcept;
@@ -148,6 +153,7 @@ class [[nodiscard]] Change {
   Change* outer_;
   Undoable undoable_;
   bool is_open_ = true;
+  bool may_wait_ = false;
   std::string name_;
   AccountList ordered_in_;
   StepParts parts_;

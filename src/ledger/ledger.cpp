@@ -1,5 +1,8 @@
 #include "ledger/ledger.h"
 
+#include <algorithm>
+#include <utility>
+
 #include "model/account_lists.h"
 
 namespace tallyfold {
@@ -17,12 +20,25 @@ void Ledger::Note(const ChangeSet& set) noexcept {
 
 void Ledger::Record(const ChangeSet& set,
                     const std::vector<RecoveryRecord::Carried>& carried) noexcept {
-  if (journal_ == nullptr || set.IsEmpty()) return;
+  if (journal_ == nullptr || (set.IsEmpty() && unwritten_.empty())) return;
   const auto make = [&](std::size_t most_bytes) {
-    return RecoveryRecord::Write(accounts_.accounts(), places_, set, carried, most_bytes);
+    std::vector<RecoveryRecord::Carried> all;
+    for (const auto& part : unwritten_) all.push_back({part.get(), Way::Forward});
+    if (!set.IsEmpty()) all.insert(all.end(), carried.begin(), carried.end());
+    return RecoveryRecord::Write(accounts_.accounts(), places_, set, all, most_bytes);
   };
   // A reference to it needs no memory.
   journal_->Write(std::ref(make));
+  unwritten_.clear();
+}
+
+void Ledger::WriteLater(StepParts& parts) noexcept {
+  for (auto& part : parts) {
+    const auto is_same = [&part](const auto& each) { return each->Subject() == part->Subject(); };
+    if (std::none_of(unwritten_.begin(), unwritten_.end(), is_same)) {
+      unwritten_.push_back(std::move(part));
+    }
+  }
 }
 
 void Ledger::Announce(const ChangeSet& set) {

@@ -10,6 +10,7 @@
 #include "ledger/entry_places.h"
 #include "ledger/history.h"
 #include "ledger/recovery_record.h"
+#include "ledger/step.h"
 #include "storage/accounts_store.h"
 
 namespace tallyfold {
@@ -54,6 +55,10 @@ class Ledger {
   // Null for none. It outlives the ledger or is taken away.
   void SetJournal(LedgerJournal* journal) noexcept { journal_ = journal; }
 
+  // Changes that no record tells yet: a save, which holds them too, makes them to be forgotten.
+  [[nodiscard]] bool HasUnwritten() const noexcept { return !unwritten_.empty(); }
+  void ForgetUnwritten() noexcept { unwritten_.clear(); }
+
   // A change is open, or listeners are hearing of one.
   [[nodiscard]] bool IsBusy() const noexcept { return open_ != nullptr || is_announcing_; }
 
@@ -63,7 +68,10 @@ class Ledger {
 
   // Each account in the set notes once what changed in it.
   static void Note(const ChangeSet& set) noexcept;
+  // With what was to be written later.
   void Record(const ChangeSet& set, const std::vector<RecoveryRecord::Carried>& carried) noexcept;
+  // Takes those that are not yet among the unwritten. There is room for them.
+  void WriteLater(StepParts& parts) noexcept;
   void Announce(const ChangeSet& set);
 
   AccountsStore& accounts_;
@@ -71,6 +79,8 @@ class Ledger {
   EntryPlaces places_;
   std::vector<LedgerListener*> listeners_;
   LedgerJournal* journal_ = nullptr;
+  // Of each subject the first, whose image is that of the last record.
+  StepParts unwritten_;
   // The innermost.
   Change* open_ = nullptr;
   bool is_announcing_ = false;

@@ -164,6 +164,13 @@ void RecoveryLog::WriteOrSave(const MakeRecord& make) {
   Settle();
   if (!is_protected_) return;
   AccountsStore& accounts = ledger_.accounts();
+  if (file_.IsOpen() && !file_.IsInPlace()) {
+    // What it held would not come back. A whole save takes its place.
+    file_.Close();
+    exists_ = false;
+    if (!accounts.Accounts_Save()) LoseProtection();
+    return;
+  }
   const std::size_t limit = Limit();
   const std::size_t used = file_.IsOpen() ? static_cast<std::size_t>(file_.size()) : 0;
   std::optional<std::string> record;
@@ -194,6 +201,7 @@ void RecoveryLog::WillReplace(const ContentMark& content) {
 }
 
 void RecoveryLog::Replaced() {
+  ledger_.ForgetUnwritten();
   holds_changes_ = false;
   is_protected_ = true;
   const bool was_foreign = std::exchange(pending_, Pending::None) == Pending::KeepAside;

@@ -74,7 +74,9 @@ class RecoveryLog final : private LedgerJournal, private AccountsStore::SaveWitn
   [[nodiscard]] Protection protection() const noexcept;
   // The accounts file lacks changes and the log holds them all: should the program end now without
   // a save, they come back at the next launch.
-  [[nodiscard]] bool HoldsChanges() const noexcept { return holds_changes_ && is_protected_; }
+  [[nodiscard]] bool HoldsChanges() const noexcept {
+    return holds_changes_ && is_protected_ && !ledger_.HasUnwritten();
+  }
 
  private:
   // What is to become of the file that was found.

@@ -46,6 +46,14 @@ void Join(const LDGRAccount& account, LDGRAccountEntry& entry, LDGRAccountEntry&
   half.SetIsTransferOrigin(!entry.IsTransferOrigin());
 }
 
+template <typename Record>
+void Unlink(Change& change, const std::shared_ptr<LDGRAccount>& account,
+            const std::shared_ptr<Record>& record, std::int32_t other) {
+  if (record->GetTransferAccount() != other) return;
+  change.Edit(account, record).SetTransferAccount(kNotLinked);
+  record->SetTransferEntry(kNotLinked);
+}
+
 }  // namespace
 
 std::shared_ptr<LDGRAccountEntry> TransferLinks::Transfer_LinkedEntry(
@@ -151,6 +159,29 @@ void TransferLinks::Schedules_SyncTransfers(Change& change) const {
       if (const auto* name = NewName(*schedule)) change.Edit(account, schedule).SetToFrom(*name);
     }
   }
+}
+
+void TransferLinks::CutLinksTo(Change& change, const LDGRAccount& account) const {
+  const std::int32_t number = account.GetNumber();
+  for (const auto& other : store_.accounts()) {
+    if (other.get() == &account) continue;
+    for (const auto& entry : other->GetEntries()) Unlink(change, other, entry, number);
+    for (const auto& schedule : other->GetSchedules()) Unlink(change, other, schedule, number);
+    if (other->lastTransferAccount() == number) {
+      change.EditOptions(other).setLastTransferAccount(kNotLinked);
+    }
+  }
+}
+
+std::size_t TransferLinks::EntriesLinkedTo(const LDGRAccount& account) const {
+  std::size_t linked = 0;
+  for (const auto& other : store_.accounts()) {
+    if (other.get() == &account) continue;
+    for (const auto& entry : other->GetEntries()) {
+      if (entry->IsTransfer() && entry->GetTransferAccount() == account.GetNumber()) ++linked;
+    }
+  }
+  return linked;
 }
 
 }  // namespace tallyfold

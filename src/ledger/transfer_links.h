@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <memory>
 #include <string>
@@ -74,6 +75,12 @@ class TransferLinks {
   // Removes the other halves of entries of `account` from their accounts.
   void RemoveOtherHalves(Change& change, const LDGRAccount& account,
                          const EntryList& entries) const;
+
+  // Cuts every link of the other accounts to this one, which goes: their entries and schedules stay
+  // as ordinary ones, and none of them transfers to it by default.
+  void CutLinksTo(Change& change, const LDGRAccount& account) const;
+  // How many entries of other accounts are linked to it.
+  [[nodiscard]] std::size_t EntriesLinkedTo(const LDGRAccount& account) const;
 
   // Gives every transfer of the account the present name of the account it names.
   void Account_SyncTransfers(Change& change, const std::shared_ptr<LDGRAccount>& account) const;

@@ -1,4 +1,6 @@
 #include <algorithm>
+#include <memory>
+#include <optional>
 
 #include "model/account_keys.h"
 #include "model/stored_numbers.h"
@@ -9,8 +11,8 @@
 namespace tallyfold {
 namespace {
 
-constexpr std::string_view kMissing = "No %@ defined for LDGRAccount.";
-constexpr std::string_view kWrong = "%@ is in wrong format for LDGRAccount.";
+constexpr std::string_view kMissingInAccount = "No %@ defined for LDGRAccount.";
+constexpr std::string_view kWrongInAccount = "%@ is in wrong format for LDGRAccount.";
 constexpr std::int32_t kNoType = -1;
 
 bool IsAnything(const plist::Value&) {
@@ -53,8 +55,8 @@ struct LDGRAccount::StoredKey::Make {
   static const StoredKey kTable[];
 
   static constexpr Entry Plain(std::string_view key, Field<LDGRAccount>::Member member,
-                               std::string_view missing = kMissing,
-                               std::string_view wrong = kWrong) {
+                               std::string_view missing = kMissingInAccount,
+                               std::string_view wrong = kWrongInAccount) {
     return Field<LDGRAccount>{key, member, missing, wrong};
   }
 
@@ -92,8 +94,8 @@ struct LDGRAccount::StoredKey::Make {
   template <std::shared_ptr<LDGRAccountEntryType> LDGRAccount::*member>
   static constexpr Entry TypeNumber(std::string_view key) {
     return Special{key,
-                   kMissing,
-                   kWrong,
+                   kMissingInAccount,
+                   kWrongInAccount,
                    IsNumber,
                    [](const LDGRAccount& account, plist::Output& output) {
                      const auto& type = account.*member;
@@ -112,8 +114,8 @@ struct LDGRAccount::StoredKey::Make {
   template <TextList LDGRAccount::*member>
   static constexpr Entry Texts(std::string_view key) {
     return Special{key,
-                   kMissing,
-                   kWrong,
+                   kMissingInAccount,
+                   kWrongInAccount,
                    IsArray,
                    [](const LDGRAccount& account, plist::Output& output) {
                      output.BeginArray();
@@ -138,7 +140,7 @@ struct LDGRAccount::StoredKey::Make {
   static constexpr Entry AnyKind(std::string_view key) {
     return Special{
         key,
-        kMissing,
+        kMissingInAccount,
         {},
         IsAnything,
         [](const LDGRAccount& account, plist::Output& output) { output.Write(account.*member); },
@@ -198,8 +200,8 @@ struct LDGRAccount::StoredKey::Make {
   static constexpr Entry SelectedSummary() {
     return Special{
         "selectedAccountSummary",
-        kMissing,
-        kWrong,
+        kMissingInAccount,
+        kWrongInAccount,
         IsNumber,
         [](const LDGRAccount& account, plist::Output& output) {
           const auto& list = account.accountSummaries();

@@ -1,3 +1,6 @@
+#include <memory>
+#include <string>
+
 #include "model/account_keys.h"
 
 namespace tallyfold {

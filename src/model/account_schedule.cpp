@@ -13,8 +13,8 @@
 namespace tallyfold {
 namespace {
 
-constexpr std::string_view kMissing = "No %@ found for schedule.";
-constexpr std::string_view kWrong = "%@ is in the wrong format for schedule.";
+constexpr std::string_view kMissingInSchedule = "No %@ found for schedule.";
+constexpr std::string_view kWrongInSchedule = "%@ is in the wrong format for schedule.";
 
 // How many days of the weekend ahead are already due on `day` when they move to its Friday.
 std::int64_t WeekendDaysAhead(std::int64_t day) noexcept {
@@ -34,11 +34,12 @@ struct LDGRAccountSchedule::Keys {
   using Schedule = LDGRAccountSchedule;
 
   static constexpr std::array<Field<Schedule>, 5> kFields{{
-      {"repeatIntervalType", &Schedule::interval_type_, kMissing, kWrong},
-      {"repeatInterval", &Schedule::interval_, kMissing, kWrong},
-      {"repeatUntilType", &Schedule::until_type_, kMissing, kWrong},
-      {"repeatUntil", &Schedule::until_, kMissing, kWrong},
-      {"usePrecedingFriday", &Schedule::use_preceding_friday_, kMissing, kWrong},
+      {"repeatIntervalType", &Schedule::interval_type_, kMissingInSchedule, kWrongInSchedule},
+      {"repeatInterval", &Schedule::interval_, kMissingInSchedule, kWrongInSchedule},
+      {"repeatUntilType", &Schedule::until_type_, kMissingInSchedule, kWrongInSchedule},
+      {"repeatUntil", &Schedule::until_, kMissingInSchedule, kWrongInSchedule},
+      {"usePrecedingFriday", &Schedule::use_preceding_friday_, kMissingInSchedule,
+       kWrongInSchedule},
   }};
   static constexpr std::string_view kCommittedDates = "committedDates";
   static constexpr auto kNames = [] {
@@ -52,11 +53,11 @@ struct LDGRAccountSchedule::Keys {
     std::vector<DateNumber> days;
     const plist::Value& value = dictionary.Get(kCommittedDates);
     if (value.IsNone()) {
-      LogForKey(kMissing, kCommittedDates);
+      LogForKey(kMissingInSchedule, kCommittedDates);
       return days;
     }
     if (!value.IsArray()) {
-      RefuseForKey(kWrong, kCommittedDates);
+      RefuseForKey(kWrongInSchedule, kCommittedDates);
       return days;
     }
     const plist::Array elements = value.ArrayValue();
@@ -65,7 +66,7 @@ struct LDGRAccountSchedule::Keys {
       if (element.IsNumber()) {
         days.push_back(StoredInteger(element, kCommittedDates));
       } else {
-        RefuseForKey(kWrong, kCommittedDates);
+        RefuseForKey(kWrongInSchedule, kCommittedDates);
       }
     }
     return days;

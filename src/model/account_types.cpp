@@ -11,7 +11,7 @@ namespace {
 using Type = LDGRAccountEntryType;
 using TypePointer = std::shared_ptr<Type>;
 
-bool ComesBefore(const TypePointer& a, const TypePointer& b) {
+bool TypeComesBefore(const TypePointer& a, const TypePointer& b) {
   return a->NameIsGreaterThan(*b) < 0;
 }
 
@@ -67,20 +67,21 @@ EntryTypeList LDGRAccount::DefaultTypes() {
     types.push_back(MakeType(static_cast<std::int32_t>(types.size()), LocalizedText(row.name),
                              row.is_check, row.is_deposit, false));
   }
-  std::stable_sort(types.begin(), types.end(), ComesBefore);
+  std::stable_sort(types.begin(), types.end(), TypeComesBefore);
   return types;
 }
 
 void LDGRAccount::SetTypes(EntryTypeList types) {
   std::erase(types, nullptr);
-  std::stable_sort(types.begin(), types.end(), ComesBefore);
+  std::stable_sort(types.begin(), types.end(), TypeComesBefore);
   types_ = std::move(types);
   DropForeignDefaultTypes();
   NoteChange(ChangeKind::Types);
 }
 
 void AccountLists::SortTypes(LDGRAccount& account) noexcept {
-  if (account.types_) std::stable_sort(account.types_->begin(), account.types_->end(), ComesBefore);
+  if (account.types_)
+    std::stable_sort(account.types_->begin(), account.types_->end(), TypeComesBefore);
 }
 
 void LDGRAccount::SetInactiveTypes(EntryTypeList types) {
@@ -100,7 +101,7 @@ void LDGRAccount::DropForeignDefaultTypes() noexcept {
 
 void LDGRAccount::AddType(std::shared_ptr<LDGRAccountEntryType> type) {
   if (!type) return;
-  const auto place = std::upper_bound(Types().begin(), Types().end(), type, ComesBefore);
+  const auto place = std::upper_bound(Types().begin(), Types().end(), type, TypeComesBefore);
   Types().insert(place, std::move(type));
   NoteChange(ChangeKind::Types);
 }

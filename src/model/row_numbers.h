@@ -12,7 +12,7 @@ namespace tallyfold {
 using RowIndexSet = std::set<std::int32_t>;
 
 // The integer value of every element; empty for none. Negative numbers, which name no row, are left
-// out.
+// out. Part of the ledger's interface; the program itself numbers rows otherwise.
 [[nodiscard]] RowIndexSet indexSetWithRowNumbers(const std::optional<plist::Array>& numbers);
 
 }  // namespace tallyfold

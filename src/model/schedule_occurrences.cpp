@@ -9,8 +9,8 @@ namespace tallyfold {
 namespace {
 
 // Counted from 1970-01-01.
-constexpr std::int64_t kFirstDay = -719'162;  // 1 January of the year 1
-constexpr std::int64_t kLastDay = 2'932'896;  // 31 December 9999
+constexpr std::int64_t kFirstOccurrence = -719'162;  // 1 January of the year 1
+constexpr std::int64_t kLastOccurrence = 2'932'896;  // 31 December 9999
 
 enum class Unit { Days, Months, MonthEnds, QuarterEnds };
 
@@ -66,17 +66,17 @@ class Candidates {
   explicit Candidates(const Recurrence& recurrence)
       : rule_(RuleOf(recurrence)), use_preceding_friday_(recurrence.use_preceding_friday) {
     const std::int64_t start = DayCountOf(recurrence.start);
-    if (start < kFirstDay || start > kLastDay) rule_.reset();
+    if (start < kFirstOccurrence || start > kLastOccurrence) rule_.reset();
     start_day_ = start;
     start_ = TimeFromDayCount(start);
   }
 
   [[nodiscard]] bool none() const noexcept { return !rule_; }
 
-  // The day of candidate `index` counted from 1970-01-01; beyond kLastDay when there is none.
-  // Never falls as the index grows.
+  // The day of candidate `index` counted from 1970-01-01; beyond kLastOccurrence when there is
+  // none. Never falls as the index grows.
   [[nodiscard]] std::int64_t DayAt(std::int64_t index) const noexcept {
-    if (index > 0 && rule_->step == 0) return kLastDay + 1;
+    if (index > 0 && rule_->step == 0) return kLastOccurrence + 1;
     const std::int64_t offset = index * rule_->step;
     if (rule_->unit == Unit::Days) return start_day_ + offset;
     // Far more than there are from the year 1 to 9999, and little enough for the calendar.
@@ -98,7 +98,7 @@ class Candidates {
   [[nodiscard]] std::int64_t IndexFrom(std::int64_t day) const noexcept {
     if (day <= DayAt(0)) return 0;
     std::int64_t before = 0;
-    std::int64_t after = kLastDay - kFirstDay + 2;  // none at all lies there
+    std::int64_t after = kLastOccurrence - kFirstOccurrence + 2;  // none at all lies there
     while (after - before > 1) {
       const std::int64_t middle = before + (after - before) / 2;
       (DayAt(middle) < day ? before : after) = middle;
@@ -142,11 +142,12 @@ std::vector<DateNumber> UncommittedOccurrences(const Recurrence& recurrence,
                                                DateNumber to, std::size_t limit) {
   std::vector<DateNumber> occurrences;
   const std::int64_t first = DayCountOf(from);
-  const std::int64_t last = std::min(DayCountOf(to), kLastDay);
+  const std::int64_t last = std::min(DayCountOf(to), kLastOccurrence);
   if (last < first || limit == 0) return occurrences;
 
   if (recurrence.type == RepeatInterval::Once) {
-    if (committed.empty() && DayCountOf(recurrence.start) >= kFirstDay) occurrences.push_back(from);
+    if (committed.empty() && DayCountOf(recurrence.start) >= kFirstOccurrence)
+      occurrences.push_back(from);
     return occurrences;
   }
   const Candidates candidates(recurrence);
@@ -169,11 +170,11 @@ std::vector<OccurrenceAhead> OccurrencesAhead(const Recurrence& recurrence,
                                               const CommittedDates& committed, DateNumber last,
                                               std::size_t limit) {
   std::vector<OccurrenceAhead> ahead;
-  const std::int64_t end = std::min(DayCountOf(last), kLastDay);
+  const std::int64_t end = std::min(DayCountOf(last), kLastOccurrence);
   const std::int64_t start = DayCountOf(recurrence.start);
   if (start > end) return ahead;
   if (recurrence.type == RepeatInterval::Once) {
-    if (committed.empty() && limit > 0 && start >= kFirstDay) {
+    if (committed.empty() && limit > 0 && start >= kFirstOccurrence) {
       ahead.push_back({recurrence.start, recurrence.start});
     }
     return ahead;
@@ -184,7 +185,7 @@ std::vector<OccurrenceAhead> OccurrencesAhead(const Recurrence& recurrence,
   DateNumber former = 0;
   for (std::int64_t index = 0; limit > 0; ++index) {
     const std::int64_t candidate = candidates.DayAt(index);
-    if (candidate > kLastDay) break;
+    if (candidate > kLastOccurrence) break;
     const std::optional<DateNumber> day = candidates.Occurrence(candidate);
     if ((day ? DayCountOf(*day) : candidate) > end) break;
     if (day && walk.Contains(*day)) {
@@ -208,7 +209,7 @@ DateNumber FirstUncommittedOccurrence(const Recurrence& recurrence,
   CommittedDates::Walk walk(committed);
   for (std::int64_t index = 0;; ++index) {
     const std::int64_t candidate = candidates.DayAt(index);
-    if (candidate > kLastDay) return -1;
+    if (candidate > kLastOccurrence) return -1;
     const std::optional<DateNumber> day = candidates.Occurrence(candidate);
     if (day && !walk.Contains(*day)) return *day;
   }

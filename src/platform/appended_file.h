@@ -17,6 +17,8 @@ class AppendedFile {
 
   // All there is in it; none when it cannot be read.
   [[nodiscard]] virtual std::optional<FileContents> Read() const = 0;
+  // Its folder still holds it under its name.
+  [[nodiscard]] virtual bool IsInPlace() const noexcept = 0;
   // Writes at the end, durably. False leaves anything from none to all of the bytes there: the
   // caller cuts.
   [[nodiscard]] virtual bool Append(std::string_view bytes) = 0;

@@ -7,7 +7,7 @@
 namespace tallyfold::plist {
 namespace {
 
-std::uint8_t Byte(char c) noexcept {
+std::uint8_t ByteOf(char c) noexcept {
   return static_cast<std::uint8_t>(c);
 }
 
@@ -22,10 +22,10 @@ bool IsAsciiBlock(const char* block) noexcept {
 }  // namespace
 
 Utf8Character FirstUtf8Character(std::string_view text) noexcept {
-  const std::uint8_t lead = Byte(text[0]);
+  const std::uint8_t lead = ByteOf(text[0]);
   if (lead < 0x80) return {lead, 1, true};
   if (lead < 0xC2 || lead > 0xF4 || text.size() < 2) return {0, 1, false};
-  const std::uint8_t second = Byte(text[1]);
+  const std::uint8_t second = ByteOf(text[1]);
   char32_t code_point = (lead & 0x1FU) << 6U | (second & 0x3FU);
   if (lead < 0xE0) {
     if ((second & 0xC0U) != 0x80) return {0, 1, false};
@@ -37,8 +37,8 @@ Utf8Character FirstUtf8Character(std::string_view text) noexcept {
   if (second < low || second > high) return {0, 1, false};
   const std::uint8_t size = lead < 0xF0 ? 3 : 4;
   for (std::uint8_t i = 2; i < size; ++i) {
-    if (i >= text.size() || (Byte(text[i]) & 0xC0U) != 0x80) return {0, i, false};
-    code_point = code_point << 6U | (Byte(text[i]) & 0x3FU);
+    if (i >= text.size() || (ByteOf(text[i]) & 0xC0U) != 0x80) return {0, i, false};
+    code_point = code_point << 6U | (ByteOf(text[i]) & 0x3FU);
   }
   return {code_point & 0x1FFFFFU, size, true};  // without the mark of a lead byte of four
 }
@@ -47,12 +47,12 @@ std::size_t ValidUtf8Prefix(std::string_view text) noexcept {
   constexpr std::size_t kBlock = 64;
   std::size_t position = 0;
   while (position < text.size()) {
-    if (Byte(text[position]) < 0x80) {
+    if (ByteOf(text[position]) < 0x80) {
       while (position + kBlock <= text.size() && IsAsciiBlock(text.data() + position)) {
         position += kBlock;
       }
       const std::size_t end = std::min(position + kBlock, text.size());
-      while (position < end && Byte(text[position]) < 0x80) ++position;
+      while (position < end && ByteOf(text[position]) < 0x80) ++position;
     } else {
       const Utf8Character character = FirstUtf8Character(text.substr(position));
       if (!character.is_valid) return position;

@@ -1,5 +1,6 @@
 #include "printing/facts.h"
 
+#include <memory>
 #include <utility>
 
 namespace tallyfold {

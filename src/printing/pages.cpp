@@ -10,7 +10,7 @@ namespace tallyfold {
 namespace {
 
 // Sums of heights miss each other by rounding errors.
-constexpr double kTolerance = 1e-6;
+constexpr double kPageTolerance = 1e-6;
 
 // A row that no page could take is broken where at least so many of its lines fit.
 constexpr std::size_t kLeastLines = 2;
@@ -68,7 +68,7 @@ class Pages::Cutter {
       const double rule = at.line == 0 && shape.has_rule_above ? pages_.metric_->RuleHeight() : 0.0;
       const double room = pages_.body_height_ - y_ - HeadHeight(at) - rule;
       auto fitting =
-          static_cast<std::size_t>(std::floor(std::max(room + kTolerance, 0.0) / pages_.line_));
+          static_cast<std::size_t>(std::floor(std::max(room + kPageTolerance, 0.0) / pages_.line_));
       if (fitting < kLeastLines && !is_empty_) {
         NewPage(at);
         continue;
@@ -83,7 +83,7 @@ class Pages::Cutter {
   // On this page or the next; false where not even an empty page takes it.
   bool PlaceWhole(const Position& at, double height) {
     if (!Takes(at, height)) {
-      if (pages_.TableHeadHeight(at, true) + height > pages_.body_height_ + kTolerance) {
+      if (pages_.TableHeadHeight(at, true) + height > pages_.body_height_ + kPageTolerance) {
         return false;
       }
       NewPage(at);
@@ -96,7 +96,7 @@ class Pages::Cutter {
     return has_head_ ? 0.0 : pages_.TableHeadHeight(at, is_empty_);
   }
   [[nodiscard]] bool Takes(const Position& at, double height) const {
-    return y_ + HeadHeight(at) + height <= pages_.body_height_ + kTolerance;
+    return y_ + HeadHeight(at) + height <= pages_.body_height_ + kPageTolerance;
   }
   void Take(const Position& at, double height) {
     y_ += HeadHeight(at) + height;
@@ -145,7 +145,7 @@ void Pages::ChooseSize(const Paper& paper, Orientation orientation) {
   size_ = is_turned ? paper.landscape : paper.portrait;
   width_ = size_.width - margins;
   least_size_.width = least + margins;
-  if (width_ + kTolerance < least) {
+  if (width_ + kPageTolerance < least) {
     problem_ = Problem::TooNarrow;
     return;
   }
@@ -165,7 +165,8 @@ void Pages::MeasureBody() {
     least = std::max(least, head + metric_->RuleHeight() + line_ * kLeastLines);
   }
   least_size_.height = body_top_ + least + below;
-  if (problem_ == Problem::None && body_height_ + kTolerance < least) problem_ = Problem::TooLow;
+  if (problem_ == Problem::None && body_height_ + kPageTolerance < least)
+    problem_ = Problem::TooLow;
 }
 
 double Pages::TableHeadHeight(const Position& at, bool is_first_on_page) const {

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <iterator>
+#include <memory>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -16,28 +17,28 @@
 namespace tallyfold {
 namespace {
 
-constexpr std::string_view kDescription = "description";
-constexpr std::string_view kToFrom = "toFrom";
-constexpr std::string_view kAmount = "amount";
+constexpr std::string_view kScheduleDescription = "description";
+constexpr std::string_view kScheduleToFrom = "toFrom";
+constexpr std::string_view kScheduleAmount = "amount";
 
 // Columns whose texts may be shortened: how many characters each wants, and needs.
-struct TextColumn {
+struct ScheduleTextColumn {
   std::string_view identifier;
   std::size_t wanted;
   std::size_t least;
 };
-constexpr TextColumn kTextColumns[] = {
-    {"repeats", 14, 8}, {"type", 8, 4}, {kDescription, 14, 6}, {kToFrom, 12, 5}};
+constexpr ScheduleTextColumn kScheduleTextColumns[] = {
+    {"repeats", 14, 8}, {"type", 8, 4}, {kScheduleDescription, 14, 6}, {kScheduleToFrom, 12, 5}};
 
 PrintColumn EmptyColumn(const TableColumn& shown) {
   PrintColumn column{.title = TitleOf(shown)};
   const auto* const text =
-      std::ranges::find(kTextColumns, shown.identifier, &TextColumn::identifier);
-  if (text != std::end(kTextColumns)) {
+      std::ranges::find(kScheduleTextColumns, shown.identifier, &ScheduleTextColumn::identifier);
+  if (text != std::end(kScheduleTextColumns)) {
     column.is_elastic = true;
     column.wanted = text->wanted;
     column.least = text->least;
-    column.takes_rest = shown.identifier == kDescription;
+    column.takes_rest = shown.identifier == kScheduleDescription;
   } else if (shown.content == TableColumn::Content::Count ||
              shown.content == TableColumn::Content::Amount) {
     column.alignment = PrintAlignment::Right;
@@ -55,8 +56,8 @@ PrintDocument ScheduleDocument(const LDGRAccount& account, const LDGRPreferences
     const auto found = std::ranges::find(columns, identifier, &TableColumn::identifier);
     return static_cast<std::size_t>(found - columns.begin());
   };
-  const std::size_t description = place_of(kDescription);
-  const std::size_t amount = place_of(kAmount);
+  const std::size_t description = place_of(kScheduleDescription);
+  const std::size_t amount = place_of(kScheduleAmount);
   PrintTable table;
   for (const TableColumn& column : columns) table.columns.push_back(EmptyColumn(column));
   table.note_column = description;
@@ -75,7 +76,8 @@ PrintDocument ScheduleDocument(const LDGRAccount& account, const LDGRPreferences
     }
     if (options.splits) {
       AddSplitAmounts(*schedule, amounts);
-      printed.details = SplitLines(*schedule, {description, 1, place_of(kToFrom), amount}, figures);
+      printed.details =
+          SplitLines(*schedule, {description, 1, place_of(kScheduleToFrom), amount}, figures);
     }
     if (options.notes) printed.note = schedule->GetNotes();
     rows.push_back(std::move(printed));

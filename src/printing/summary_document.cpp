@@ -118,7 +118,7 @@ PrintTable PeriodTable(const SummaryLayout& layout, const LDGRPreferences& prefe
 
 // --- Subtotals ----------------------------------------------------------------------------------
 
-enum BlockColumn : std::size_t { kName, kCount, kAmount, kShare };
+enum BlockColumn : std::size_t { kLineName, kLineCount, kLineAmount, kLineShare };
 
 // "12.5%"
 std::string Percentage(double share) {
@@ -143,13 +143,13 @@ std::vector<PrintColumn> BlockColumns(const SummaryLayout& layout, const Printed
   std::size_t most = 0;
   for (const auto& block : layout.blocks) {
     for (const auto& line : block.lines) {
-      columns[kName].samples.push_back(line.name);
+      columns[kLineName].samples.push_back(line.name);
       most = std::max(most, line.count);
       amounts.Add(line.amount);
     }
   }
-  columns[kCount].samples = {std::to_string(most)};
-  columns[kAmount].samples = amounts.Samples(figures);
+  columns[kLineCount].samples = {std::to_string(most)};
+  columns[kLineAmount].samples = amounts.Samples(figures);
   return columns;
 }
 
@@ -157,13 +157,13 @@ PrintTable BlockTable(const SummaryLayout::Block& block, std::vector<PrintColumn
                       const PrintedFigures& figures) {
   std::vector<ReadyRows::Row> rows;
   for (const auto& line : block.lines) {
-    rows.push_back({.line = {.cells = {{kName, line.name},
-                                       {kCount, std::to_string(line.count)},
-                                       {kAmount, figures.Amount(line.amount)},
-                                       {kShare, Percentage(line.share)}}}});
+    rows.push_back({.line = {.cells = {{kLineName, line.name},
+                                       {kLineCount, std::to_string(line.count)},
+                                       {kLineAmount, figures.Amount(line.amount)},
+                                       {kLineShare, Percentage(line.share)}}}});
   }
   if (rows.empty()) {
-    rows.push_back({.line = {.cells = {{kName, LocalizedText("No entries"), kShare + 1}}}});
+    rows.push_back({.line = {.cells = {{kLineName, LocalizedText("No entries"), kLineShare + 1}}}});
   }
   return {block.title, std::move(columns), std::make_shared<ReadyRows>(std::move(rows))};
 }

@@ -14,7 +14,7 @@ constexpr char32_t kLineSeparator = 0x2028;
 constexpr char32_t kParagraphSeparator = 0x2029;
 
 // Sums of widths miss the width of the whole by rounding errors.
-constexpr double kTolerance = 1e-6;
+constexpr double kFittingTolerance = 1e-6;
 
 // Texts of so many bytes are measured whole first; of longer ones only the beginning is looked at.
 constexpr std::size_t kShortText = 1000;
@@ -34,19 +34,19 @@ bool IsPlainAscii(std::string_view text) {
 // How many bytes of `text`, all whole characters, fit into `width`.
 std::size_t FittingPrefix(std::string_view text, double width, TextStyle style,
                           const TextMetric& metric) {
-  if (text.size() <= kShortText && metric.Width(text, style) <= width + kTolerance) {
+  if (text.size() <= kShortText && metric.Width(text, style) <= width + kFittingTolerance) {
     return text.size();
   }
   std::vector<std::size_t> ends = {0};
   double sum = 0.0;
   for (std::string_view rest = text; !rest.empty();) {
     sum += metric.Width(TakeCharacter(rest), style);
-    if (sum > width + kTolerance) break;
+    if (sum > width + kFittingTolerance) break;
     ends.push_back(text.size() - rest.size());
   }
   // Set together, characters may take more than each alone.
   while (ends.back() != 0 &&
-         metric.Width(text.substr(0, ends.back()), style) > width + kTolerance) {
+         metric.Width(text.substr(0, ends.back()), style) > width + kFittingTolerance) {
     ends.pop_back();
   }
   return ends.back();
@@ -113,7 +113,7 @@ std::string Shortened(std::string_view text, double width, TextStyle style,
   const std::size_t fitting = FittingPrefix(text, width, style, metric);
   if (fitting == text.size()) return std::string(text);
   const double left = width - metric.Width(kEllipsis, style);
-  if (left < -kTolerance) return "";
+  if (left < -kFittingTolerance) return "";
   std::string_view kept =
       text.substr(0, FittingPrefix(text.substr(0, fitting), left, style, metric));
   kept = kept.substr(0, kept.find_last_not_of(' ') + 1);

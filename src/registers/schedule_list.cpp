@@ -17,10 +17,10 @@ constexpr std::string_view kNext = "next";
 constexpr std::string_view kRepeats = "repeats";
 constexpr std::string_view kUntil = "until";
 constexpr std::string_view kOverdue = "overdue";
-constexpr std::string_view kType = "type";
-constexpr std::string_view kDescription = "description";
-constexpr std::string_view kToFrom = "toFrom";
-constexpr std::string_view kAmount = "amount";
+constexpr std::string_view kScheduleType = "type";
+constexpr std::string_view kScheduleDescription = "description";
+constexpr std::string_view kScheduleToFrom = "toFrom";
+constexpr std::string_view kScheduleAmount = "amount";
 
 using Repeat = RepeatInterval;
 
@@ -56,10 +56,10 @@ std::vector<TableColumn> DefaultScheduleColumns() {
           {std::string(kRepeats), 140, "Repeats", Content::Text, false},
           {std::string(kUntil), 110, "Until", Content::Text, false},
           {std::string(kOverdue), 60, "Overdue", Content::Count, false},
-          {std::string(kType), 110, "Type"},
-          {std::string(kDescription), 200, "Description"},
-          {std::string(kToFrom), 150, "To/From"},
-          {std::string(kAmount), 90, "Amount", Content::Amount}};
+          {std::string(kScheduleType), 110, "Type"},
+          {std::string(kScheduleDescription), 200, "Description"},
+          {std::string(kScheduleToFrom), 150, "To/From"},
+          {std::string(kScheduleAmount), 90, "Amount", Content::Amount}};
 }
 
 std::size_t OverdueCount(const LDGRAccountSchedule& schedule, DateNumber today) {
@@ -110,8 +110,8 @@ TableCell CellOfSchedule(const LDGRAccount* account, const LDGRAccountSchedule& 
     if (cell.number == 0.0) cell.text.clear();
     return cell;
   }
-  if (column == kType) return {.text = TypeTextOfEntry(account, schedule)};
-  if (column == kDescription || column == kToFrom || column == kAmount) {
+  if (column == kScheduleType) return {.text = TypeTextOfEntry(account, schedule)};
+  if (column == kScheduleDescription || column == kScheduleToFrom || column == kScheduleAmount) {
     return CellOfEntry(schedule, column, format);
   }
   return {};

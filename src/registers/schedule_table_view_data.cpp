@@ -10,7 +10,7 @@
 namespace tallyfold {
 namespace {
 
-constexpr std::string_view kNext = "next";
+constexpr std::string_view kDefaultOrder = "next";
 
 bool Sorts(std::string_view identifier) {
   const std::vector<TableColumn> columns = DefaultScheduleColumns();
@@ -106,7 +106,7 @@ void LDGRScheduleTableViewData::ShowTableColumnWithIdentifier(std::string_view i
 
 std::string LDGRScheduleTableViewData::SortColumn() const {
   std::string stored = layout_.SortColumn();
-  return Sorts(stored) ? stored : std::string(kNext);
+  return Sorts(stored) ? stored : std::string(kDefaultOrder);
 }
 
 void LDGRScheduleTableViewData::Sort() {

@@ -7,7 +7,7 @@
 namespace tallyfold {
 namespace {
 
-constexpr std::chrono::milliseconds kWhileBusy{100};
+constexpr std::chrono::milliseconds kFieldWhileBusy{100};
 
 std::string InWords(std::string_view characters) {
   std::string words;
@@ -53,7 +53,7 @@ void LDGRSpeakingTextField::speakNextItem() {
     if (items_to_speak_.empty()) return;
   }
   // A try that is already due comes first anyway.
-  if (!next_.IsPending()) next_.Start(kWhileBusy, [this] { speakNextItem(); });
+  if (!next_.IsPending()) next_.Start(kFieldWhileBusy, [this] { speakNextItem(); });
 }
 
 }  // namespace tallyfold

@@ -8,6 +8,7 @@
 #include "storage/accounts_store.h"
 #include "storage/backup_names.h"
 #include "storage/compressed_file.h"
+#include "storage/content_mark.h"
 
 namespace tallyfold {
 
@@ -111,11 +112,15 @@ AccountsStore::RestoreResult AccountsStore::Restore(const std::optional<Backup>&
     restore_failure_ = save_failure_;
     return RestoreResult::Failed;
   }
-  if (!file_.KeepCopy() ||
-      !file_.Replace([&backup](ByteSink& sink) { sink.Append(backup->content); })) {
+  const auto produce = [this, &backup](ByteSink& sink) {
+    if (witness_ != nullptr) witness_->WillReplace(MarkOf(backup->content));
+    sink.Append(backup->content);
+  };
+  if (!file_.KeepCopy() || !file_.Replace(produce)) {
     restore_failure_ = file_.Failure();
     return RestoreResult::Failed;
   }
+  if (witness_ != nullptr) witness_->Replaced();
   return Accounts_Load() ? RestoreResult::Restored : RestoreResult::Ended;
 }
 

@@ -8,7 +8,7 @@ namespace tallyfold {
 namespace {
 constexpr const char* kCompress = "/usr/bin/compress";
 // Tried in a folder that cannot be listed.
-constexpr int kMostNames = 1000;
+constexpr int kMostBackupNames = 1000;
 constexpr const char* kUncompress = "/usr/bin/uncompress";
 }  // namespace
 
@@ -39,7 +39,7 @@ bool MakeBackup(FileSystem& files, ProcessLauncher& processes, const std::string
     to = folder + '/' + tried;
     const WriteReport report = files.Copy(from, to);
     if (report) break;
-    if (!report.found_another || tries == kMostNames) return false;
+    if (!report.found_another || tries == kMostBackupNames) return false;
     taken.push_back(std::move(tried));
   }
   if (files.Exists(kCompress) && files.Exists(kUncompress)) processes.Launch(kCompress, {to});

@@ -14,8 +14,8 @@ namespace tallyfold {
 
 namespace {
 
-constexpr std::string_view kMagic = "\x1F\x9D";
-constexpr std::size_t kHeader = 3;
+constexpr std::string_view kCompressedMagic = "\x1F\x9D";
+constexpr std::size_t kCompressedHeader = 3;
 constexpr unsigned kWidthMask = 0x1F;
 constexpr unsigned kCanBeEmptied = 0x80;
 constexpr unsigned kFirstWidth = 9;
@@ -91,19 +91,19 @@ class StringTable {
 }  // namespace
 
 bool IsCompressed(std::string_view bytes) noexcept {
-  return bytes.size() >= kHeader && bytes.starts_with(kMagic);
+  return bytes.size() >= kCompressedHeader && bytes.starts_with(kCompressedMagic);
 }
 
 std::optional<std::string> Uncompress(std::string_view bytes, std::size_t limit) {
   if (!IsCompressed(bytes)) return std::nullopt;
-  const auto flags = static_cast<unsigned char>(bytes[kMagic.size()]);
+  const auto flags = static_cast<unsigned char>(bytes[kCompressedMagic.size()]);
   const unsigned greatest_width = flags & kWidthMask;
   const bool can_be_emptied = (flags & kCanBeEmptied) != 0;
   // Tables that never grow beyond the first width are written in a way of their own, and only when
   // the tool is told to.
   if (greatest_width <= kFirstWidth || greatest_width > kGreatestWidth) return std::nullopt;
 
-  CodeReader codes(bytes.substr(kHeader));
+  CodeReader codes(bytes.substr(kCompressedHeader));
   StringTable table(greatest_width, can_be_emptied);
   std::string text;
   std::optional<unsigned> earlier;

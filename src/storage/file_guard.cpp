@@ -42,14 +42,14 @@ class SummingSink final : public ByteSink {
  public:
   explicit SummingSink(ByteSink& sink) : sink_(sink) {}
   void Append(std::string_view bytes) override {
-    checksum_.Append(bytes);
+    marker_.Add(bytes);
     sink_.Append(bytes);
   }
-  [[nodiscard]] const ContentChecksum& checksum() const { return checksum_; }
+  [[nodiscard]] ContentMark Mark() const { return marker_.Mark(); }
 
  private:
   ByteSink& sink_;
-  ContentChecksum checksum_;
+  ContentMarker marker_;
 };
 
 std::vector<std::string> LinesOf(std::string_view text) {
@@ -80,12 +80,12 @@ std::optional<plist::Dictionary> FileGuard::Read() {
   known_ = files_.Identity(path_);
   std::optional<FileContents> contents = files_.Read(path_);
   content_.reset();
-  if (known_) content_ = contents ? MarkOf(contents->view()) : ContentMark();
+  if (contents) known_content_ = MarkOf(contents->view());
+  if (known_) content_ = known_content_.value_or(ContentMark());
   if (!contents) {
     if (known_) NotTakenInWhole("The file cannot be read.");
     return std::nullopt;
   }
-  known_content_.emplace(contents->view());
   plist::ReadResult result = plist::Read(contents->view());
   contents.reset();
   if (!result.ok) {
@@ -147,16 +147,16 @@ WriteReport FileGuard::WriteOnce(const FileSystem::Producer& produce) {
     terms.replaces = WriteTerms::Replaces::Known;
     terms.known = *known_;
     terms.is_known_content = [this](std::string_view content) {
-      return known_content_ == ContentChecksum(content);
+      return known_content_ == MarkOf(content);
     };
   } else {
     terms.replaces = WriteTerms::Replaces::Nothing;
   }
-  ContentChecksum written;
+  ContentMark written;
   WriteReport report = files_.WriteAtomically(path_, terms, [&](ByteSink& sink) {
     SummingSink summing(sink);
     produce(summing);
-    written = summing.checksum();
+    written = summing.Mark();
   });
   if (report.in_place) {
     known_ = report.in_place;
@@ -201,14 +201,14 @@ bool FileGuard::KeepOther(const FileIdentity& present) {
   known_ = present;
   const auto content = files_.Read(*kept);
   known_content_.reset();
-  if (content) known_content_.emplace(content->view());
+  if (content) known_content_ = MarkOf(content->view());
   return true;
 }
 
 bool FileGuard::HoldsKnownContent() const {
   if (!known_content_) return false;
   const auto contents = files_.Read(path_);
-  return contents && known_content_ == ContentChecksum(contents->view());
+  return contents && known_content_ == MarkOf(contents->view());
 }
 
 std::optional<std::string> FileGuard::KeepCopy() {

@@ -8,7 +8,6 @@
 #include "platform/file_system.h"
 #include "plist/read_report.h"
 #include "plist/value.h"
-#include "storage/content_checksum.h"
 #include "storage/content_mark.h"
 #include "storage/save_failure.h"
 
@@ -88,7 +87,7 @@ class FileGuard {
   // Of the file whose content is the one in memory, or kept; none when there was no file.
   std::optional<FileIdentity> known_;
   // Of its content; none for one that cannot be read.
-  std::optional<ContentChecksum> known_content_;
+  std::optional<ContentMark> known_content_;
   std::optional<ContentMark> content_;
   std::optional<FileSetAside> set_aside_;
   // The file set aside has not been copied yet.

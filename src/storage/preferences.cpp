@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <utility>
+#include <variant>
 
 #include "model/stored_numbers.h"
 #include "model/type_handover.h"
@@ -12,7 +13,7 @@ namespace tallyfold {
 
 namespace {
 
-constexpr std::string_view kVersion = "version";
+constexpr std::string_view kPreferencesVersion = "version";
 constexpr std::string_view kDateFormat = "dateFormat";
 constexpr std::string_view kAccountPreferences = "accountPreferences";
 // What is no field: the view preferences, what the store adds, and what an upgrade reads.
@@ -40,8 +41,8 @@ Field<LDGRPreferences> Of(std::string_view key, Field<LDGRPreferences>::Member m
 
 // -1 for none.
 std::int32_t VersionOf(const plist::Dictionary& dictionary) {
-  const plist::Value& stored = dictionary.Get(kVersion);
-  return stored.IsNone() ? -1 : LooseInteger(stored, kVersion);
+  const plist::Value& stored = dictionary.Get(kPreferencesVersion);
+  return stored.IsNone() ? -1 : LooseInteger(stored, kPreferencesVersion);
 }
 
 void HandOverTypes(const plist::Dictionary& dictionary) {
@@ -194,13 +195,14 @@ plist::Dictionary LDGRPreferences::UpdatePreferencesDictionary(
     const plist::Dictionary& dictionary) {
   plist::Dictionary updated = dictionary.DeepCopy();
   const std::int32_t version = VersionOf(dictionary);
-  if (version > kCurrentVersion) plist::ReportNotTaken(plist::NotTaken::OutOfRange, kVersion);
+  if (version > kCurrentVersion)
+    plist::ReportNotTaken(plist::NotTaken::OutOfRange, kPreferencesVersion);
   if (version < kCurrentVersion) {
     if (version < 0) updated.Set(kDateFormat, 0);
     if (version < 1) HandOverTypes(updated);
     RemoveSelectedFilters(updated);
   }
-  updated.Set(kVersion, kCurrentVersion);
+  updated.Set(kPreferencesVersion, kCurrentVersion);
   return updated;
 }
 
@@ -233,7 +235,7 @@ plist::Value LDGRPreferences::FieldValue(std::string_view name) const {
 
 bool LDGRPreferences::SetFieldValue(std::string_view name, const plist::Value& value) {
   const Field<LDGRPreferences>* field = FieldNamed(name);
-  if (field == nullptr || name == kVersion) return false;
+  if (field == nullptr || name == kPreferencesVersion) return false;
   const bool is_text = std::holds_alternative<std::string LDGRPreferences::*>(field->member);
   if (is_text ? !value.IsString() : !value.IsNumber()) return false;
   plist::Dictionary dictionary;

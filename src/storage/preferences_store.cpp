@@ -14,8 +14,8 @@ namespace tallyfold {
 
 namespace {
 
-constexpr std::string_view kAppVersion = "appVersion";
-constexpr std::array<std::string_view, 3> kTables = {"entry", "reconcile", "schedule"};
+constexpr std::string_view kVersionKey = "appVersion";
+constexpr std::array<std::string_view, 3> kTableNames = {"entry", "reconcile", "schedule"};
 
 plist::Array ColumnsOf(const LiveTable& table) {
   plist::Array columns;
@@ -81,7 +81,7 @@ bool PreferencesStore::Preferences_Backup(const plist::Dictionary& dictionary) {
     return false;
   }
   const std::string running_version = services_.application.BundleVersion();
-  const plist::Value& version = dictionary.Get(kAppVersion);
+  const plist::Value& version = dictionary.Get(kVersionKey);
   if (version.IsString() && version.StringValue() == running_version) return false;
   const auto unique = [&running_version](const auto& taken) {
     return UniqueBackupName(taken, PreferencesBackupNameBefore(running_version));
@@ -96,7 +96,7 @@ bool PreferencesStore::Preferences_Backup(const plist::Dictionary& dictionary) {
 
 void PreferencesStore::Preferences_StoreAccountPrefs(const LDGRAccount* account) {
   if (account == nullptr || !preferences_) return;
-  for (const std::string_view identifier : kTables) {
+  for (const std::string_view identifier : kTableNames) {
     const auto table = host_.TableShown(identifier);
     if (!table) continue;
     const auto record = preferences_->GetPreferencesForAccountNumber(account->GetNumber());
@@ -134,7 +134,7 @@ std::optional<SaveFailure> PreferencesStore::Write(const plist::Dictionary& dict
                        LocalizedText("the accounts that took their types from them are not saved")};
   }
   plist::Dictionary file = dictionary.ShallowCopy();
-  file.Set(kAppVersion, services_.application.BundleVersion());
+  file.Set(kVersionKey, services_.application.BundleVersion());
   if (!file_.Replace([&file](ByteSink& sink) { sink.Append(plist::ToXml(file)); })) {
     return file_.Failure();
   }

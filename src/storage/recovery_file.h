@@ -45,6 +45,8 @@ class RecoveryFile {
 
   [[nodiscard]] const std::string& path() const noexcept { return path_; }
   [[nodiscard]] bool IsOpen() const noexcept { return file_ != nullptr; }
+  // The open file is still the one of that name: nobody has removed or replaced it.
+  [[nodiscard]] bool IsInPlace() const noexcept { return file_ != nullptr && file_->IsInPlace(); }
   // In bytes, of what is whole.
   [[nodiscard]] std::uint64_t size() const noexcept { return size_; }
   // A record says that the accounts file holds what came before it.

@@ -7,6 +7,9 @@
 #include <array>
 #include <bit>
 #include <cwchar>
+#include <optional>
+#include <utility>
+#include <vector>
 
 #include "platform/ambient.h"
 

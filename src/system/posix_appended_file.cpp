@@ -8,6 +8,8 @@
 #include <unistd.h>
 
 #include <cstddef>
+#include <optional>
+#include <string_view>
 #include <utility>
 
 #include "system/descriptor.h"
@@ -51,6 +53,13 @@ class PosixAppendedFile final : public AppendedFile {
     return FileContents(std::move(bytes), done);
   }
 
+  bool IsInPlace() const noexcept override {
+    struct stat own = {};
+    struct stat present = {};
+    return ::fstat(file_.number(), &own) == 0 && ::lstat(path_.c_str(), &present) == 0 &&
+           own.st_dev == present.st_dev && own.st_ino == present.st_ino;
+  }
+
   bool Append(std::string_view bytes) override {
     while (!bytes.empty()) {
       const ssize_t count = ::write(file_.number(), bytes.data(), bytes.size());
@@ -85,13 +94,6 @@ class PosixAppendedFile final : public AppendedFile {
   }
 
  private:
-  [[nodiscard]] bool IsInPlace() const {
-    struct stat own = {};
-    struct stat present = {};
-    return ::fstat(file_.number(), &own) == 0 && ::lstat(path_.c_str(), &present) == 0 &&
-           own.st_dev == present.st_dev && own.st_ino == present.st_ino;
-  }
-
   Descriptor file_;
   std::string path_;
 };

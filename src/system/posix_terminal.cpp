@@ -8,11 +8,12 @@
 
 #include <algorithm>
 #include <array>
+#include <optional>
 
 namespace tallyfold {
 namespace {
 
-constexpr std::size_t kBlockSize = std::size_t{64} * 1024;
+constexpr std::size_t kReadSize = std::size_t{64} * 1024;
 
 void WriteAll(int descriptor, std::string_view text) {
   while (!text.empty()) {
@@ -131,7 +132,7 @@ bool PosixTerminal::WaitForInput() {
 
 bool PosixTerminal::FillBuffer() {
   taken_ = 0;
-  buffer_.resize(kBlockSize);
+  buffer_.resize(kReadSize);
   ssize_t count = 0;
   do {
     count = ::read(descriptors_.input, buffer_.data(), buffer_.size());

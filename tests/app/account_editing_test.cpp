@@ -20,11 +20,11 @@ namespace tallyfold {
 namespace {
 
 using Texts = std::vector<std::string>;
-using Typed = AccountEditSheetState::Typed;
+using TypedAccount = AccountEditSheetState::Typed;
 
-bool Edit(TestApplication& test, const std::function<void(Typed&)>& change) {
+bool Edit(TestApplication& test, const std::function<void(TypedAccount&)>& change) {
   if (!test.app.accountSheet().Account_Edit()) return false;
-  Typed typed = test.app.accountSheet().State().typed;
+  TypedAccount typed = test.app.accountSheet().State().typed;
   change(typed);
   test.app.accountSheet().Read(typed);
   return test.app.accountSheet().AccountEditSheet_OK();
@@ -41,21 +41,21 @@ Texts TypeNames(const EntryTypeList& types) {
 TEST(AccountSheet, CannotBeStoredUntilEverythingIsRight) {
   struct Case {
     const char* what;
-    std::function<void(Typed&)> change;
+    std::function<void(TypedAccount&)> change;
     bool is_right;
   } const cases[] = {
-      {"nothing", [](Typed&) {}, true},
-      {"no name", [](Typed& t) { t.name = ""; }, false},
-      {"a blank name", [](Typed& t) { t.name = " \t"; }, false},
-      {"no balance", [](Typed& t) { t.starting_balance.reset(); }, false},
-      {"a balance without end", [](Typed& t) { t.starting_balance = 1.0 / 0.0; }, false},
-      {"no check number", [](Typed& t) { t.starting_check_number.reset(); }, false},
-      {"a negative check number", [](Typed& t) { t.starting_check_number = -1; }, false},
-      {"one password", [](Typed& t) { t.password = "x"; }, false},
-      {"another case", [](Typed& t) { t.password = "x", t.password_again = "X"; }, false},
-      {"a password", [](Typed& t) { t.password = t.password_again = "x"; }, true},
-      {"a type without a name", [](Typed& t) { t.types[0].name = ""; }, false},
-      {"no types", [](Typed& t) { t.types.clear(); }, true},
+      {"nothing", [](TypedAccount&) {}, true},
+      {"no name", [](TypedAccount& t) { t.name = ""; }, false},
+      {"a blank name", [](TypedAccount& t) { t.name = " \t"; }, false},
+      {"no balance", [](TypedAccount& t) { t.starting_balance.reset(); }, false},
+      {"a balance without end", [](TypedAccount& t) { t.starting_balance = 1.0 / 0.0; }, false},
+      {"no check number", [](TypedAccount& t) { t.starting_check_number.reset(); }, false},
+      {"a negative check number", [](TypedAccount& t) { t.starting_check_number = -1; }, false},
+      {"one password", [](TypedAccount& t) { t.password = "x"; }, false},
+      {"another case", [](TypedAccount& t) { t.password = "x", t.password_again = "X"; }, false},
+      {"a password", [](TypedAccount& t) { t.password = t.password_again = "x"; }, true},
+      {"a type without a name", [](TypedAccount& t) { t.types[0].name = ""; }, false},
+      {"no types", [](TypedAccount& t) { t.types.clear(); }, true},
   };
   for (const Case& c : cases) {
     TestApplication test;
@@ -75,7 +75,7 @@ TEST(AccountSheet, WritesIntoTheAccountItself) {
   const auto account = test.AddAccount("A");
   const auto check = account->AccountEntryTypeForNumber(0);
   account->SetDefaultDebitType(check);
-  EXPECT_TRUE(Edit(test, [](Typed& t) {
+  EXPECT_TRUE(Edit(test, [](TypedAccount& t) {
     EXPECT_EQ(t.types[static_cast<std::size_t>(t.default_debit_type)].name, "Check");
     t.name = "House";
     t.starting_balance = 12.345;
@@ -101,7 +101,7 @@ TEST(AccountSheet, TakesUsedTypesOutOfUseAndForgetsOthers) {
   schedule->SetType(1);
   account->AddSchedule(schedule);
   account->SetDefaultDebitType(account->AccountEntryTypeForNumber(0));
-  EXPECT_TRUE(Edit(test, [](Typed& t) {
+  EXPECT_TRUE(Edit(test, [](TypedAccount& t) {
     std::erase_if(t.types, [](const auto& row) { return row.number < 3; });
     t.default_debit_type = -1;
   }));

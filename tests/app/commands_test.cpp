@@ -5,6 +5,7 @@
 #include <functional>
 #include <set>
 #include <tuple>
+#include <utility>
 
 #include "app/accounts/account_editing.h"
 #include "app/accounts/account_passwords.h"
@@ -38,6 +39,7 @@
 #include "filters/register_search.h"
 #include "ledger/ledger_fixture.h"
 #include "model/account.h"
+#include "registers/table_data_source.h"
 #include "storage/preferences.h"
 
 namespace tallyfold {
@@ -399,6 +401,84 @@ TEST(Commands, AreTakenBackWholeByUndo) {
       EXPECT_EQ(BytesOf(test.app.desk().accounts()), before) << where;
       EXPECT_TRUE(undo.RedoStep()) << where;
       EXPECT_EQ(BytesOf(test.app.desk().accounts()), after) << where;
+    }
+  }
+}
+
+// Whether a text is made of sentences that were looked up, each once; what they were given, as the
+// name of an account, stands within them.
+bool IsLookedUp(std::string_view text) {
+  while (!text.empty()) {
+    if (text.front() == ' ' || text.front() == '\n') {
+      text.remove_prefix(1);
+      continue;
+    }
+    std::size_t depth = 0;
+    std::size_t end = 0;
+    std::size_t inner = 0;  // where the second bracket is closed
+    do {
+      if (text[end] == '[') ++depth;
+      if (text[end] == ']' && --depth == 1 && inner == 0) inner = end;
+    } while (++end < text.size() && depth > 0);
+    const bool is_twice = text.starts_with("[[") && inner + 2 == end;
+    if (text.front() != '[' || depth != 0 || is_twice) return false;
+    text.remove_prefix(end);
+  }
+  return true;
+}
+
+// What the program says in a state, without what holds names that somebody gave.
+std::vector<std::string> TextsShown(TestApplication& test) {
+  auto& app = test.app;
+  std::vector<std::string> texts;
+  const auto items = [&texts](const std::vector<PopUpItem>& list) {
+    for (const PopUpItem& item : list) {
+      if (!item.is_separator) texts.push_back(item.title);
+    }
+  };
+  items(app.balanceField().State().mode_items);
+  items(app.reminder().State().unit_items);
+  items(app.reminder().State().balance_items);
+  for (const auto* rows : {&app.registers().Entry(), &app.registers().Reconcile()}) {
+    for (const TableColumn& column : rows->VisibleTableColumns()) texts.push_back(TitleOf(column));
+  }
+  texts.push_back(app.undo().UndoTitle());
+  texts.push_back(app.undo().RedoTitle());
+  texts.push_back(app.entryReveal().State().text);
+  texts.push_back(app.search().State().entry.label);
+  for (const AlertRequest& alert : test.alerts.Requests()) {
+    texts.push_back(alert.title);
+    texts.push_back(alert.message);
+    texts.insert(texts.end(), alert.buttons.begin(), alert.buttons.end());
+  }
+  return texts;
+}
+
+TEST(Commands, ShowNoTextThatWasNotLookedUp) {
+  const std::pair<const char*, bool> texts[] = {{"", true},
+                                                {"[A]", true},
+                                                {"[A]  [B]", true},
+                                                {"[A {[1]} [2] B]", true},
+                                                {"[[1] and [2]]", true},
+                                                {"A", false},
+                                                {"[A] 1", false},
+                                                {"1 [A]", false},
+                                                {"[[A]]", false},
+                                                {"[A", false}};
+  for (const auto& [text, is_looked_up] : texts) EXPECT_EQ(IsLookedUp(text), is_looked_up) << text;
+
+  for (const State& state : kStates) {
+    for (const Command* command : Commands()) {
+      // Those that ask or tell say the most.
+      if (command->menu == Menu::None && command->shortcut.empty()) continue;
+      TestApplication test;
+      test.ambient.localizer.brackets = true;
+      state.reach(test);
+      if (!command->can(test.app)) continue;
+      command->run(test.app);
+      for (const std::string& text : TextsShown(test)) {
+        EXPECT_TRUE(IsLookedUp(text)) << text << " after " << command->name << ": " << state.name;
+      }
     }
   }
 }

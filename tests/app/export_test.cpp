@@ -29,7 +29,7 @@ struct ExportTest : testing::Test, TestApplication {
   std::shared_ptr<LDGRAccount> first, locked, current;
 };
 
-std::vector<std::string> Titles(const std::vector<PopUpItem>& items) {
+std::vector<std::string> TitlesOf(const std::vector<PopUpItem>& items) {
   std::vector<std::string> titles;
   for (const PopUpItem& item : items) titles.push_back(item.is_separator ? "-" : item.title);
   return titles;
@@ -59,7 +59,7 @@ TEST_F(ExportTest, ProposesWhatWasChosenTheLastTime) {
     EXPECT_EQ(app.exports().ExportQIF(), WriteResult::Cancelled);
     EXPECT_EQ(app.desk().preferences().GetQIFExportAccount(), each.stored);
   }
-  EXPECT_EQ(Titles(app.exports().sharedQIFExportAccessoryView().exportAccounts()),
+  EXPECT_EQ(TitlesOf(app.exports().sharedQIFExportAccessoryView().exportAccounts()),
             (std::vector<std::string>{"Current Filter Results", "-", "Checking", "Secret (Locked)",
                                       "Cash", "-", "All Accounts"}));
   const PopUpItem& item = app.exports().sharedQIFExportAccessoryView().exportAccounts()[3];

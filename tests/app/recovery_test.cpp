@@ -20,13 +20,13 @@
 namespace tallyfold {
 namespace {
 
-constexpr const char* kAccountsFile = "/home/user/Library/Tallyfold/Accounts.plist";
+constexpr const char* kRecoveredFile = "/home/user/Library/Tallyfold/Accounts.plist";
 constexpr const char* kLog = "/home/user/Library/Tallyfold/Accounts.plist.recovery";
 
 // A session that is launched on what an earlier one left on the disk.
 struct Launched : TestApplication {
   explicit Launched(const FakeFileSystem& left) : TestApplication(false) {
-    for (const char* path : {kAccountsFile, kLog}) {
+    for (const char* path : {kRecoveredFile, kLog}) {
       if (const auto content = left.Content(path)) files.AddFile(path, *content);
     }
     EXPECT_TRUE(app.lifecycle().applicationDidFinishLaunching());

@@ -19,6 +19,7 @@
 #include "fakes/temporary_folder.h"
 #include "platform/notification_center.h"
 #include "plist/reader.h"
+#include "rounds.h"
 #include "storage/stepping_calls.h"
 #include "system/iconv_encodings.h"
 #include "system/posix_file_system.h"
@@ -193,7 +194,7 @@ TEST(Month, KilledAtAnyMomentKeepsEveryEntryOfTheLastSave) {
   std::mt19937 random(20260302);
   std::uniform_int_distribution<int> moments(1, undisturbed.moments);
   int unsaved = 0;
-  for (int i = 0; i < 200; ++i) {
+  for (int i = 0; i < Rounds(200); ++i) {
     const int killed_at = moments(random);
     SCOPED_TRACE("killed at " + std::to_string(killed_at));
     const TemporaryFolder home;
@@ -215,7 +216,7 @@ TEST(Month, KilledAtAnyMomentKeepsEveryEntryOfTheLastSave) {
                                                                       << entries << "saved\n"
                                                                       << journal.saved;
   }
-  EXPECT_LT(unsaved, 100);
+  EXPECT_LT(unsaved, Rounds(200) / 2);
   setenv("HOME", former_home.c_str(), 1);
 }
 

@@ -37,7 +37,7 @@ LDGRQIFImport Import(std::string_view text, std::string_view date_format = "%m/%
 
 std::string Titles(const std::vector<QifDateFormat>& formats) {
   std::string titles;
-  for (const QifDateFormat& each : formats) titles += QifDateFormatTitle(each.format) + ' ';
+  for (const QifDateFormat& each : formats) titles += std::string(each.title) + ' ';
   return titles;
 }
 
@@ -334,7 +334,7 @@ TEST(ImportHints, NameTheFormatOfAnExportWhereItsDatesCannotBeReadInFull) {
     options.date_format = each.format;
     const ImportHints hints = HintsOf(Import(account.asQIFStringWithOptions(options)));
     EXPECT_TRUE(hints.Needs(ImportRemedy::DateFormat)) << each.format;
-    EXPECT_EQ(Titles(hints.fitting_formats), QifDateFormatTitle(each.format) + ' ');
+    EXPECT_EQ(Titles(hints.fitting_formats), std::string(each.title) + ' ');
     const LDGRQIFImport again =
         Import(account.asQIFStringWithOptions(options), hints.fitting_formats.front().format);
     EXPECT_EQ(again.Entries().back()->date, 99991231) << each.format;

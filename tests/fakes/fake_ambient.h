@@ -1,9 +1,11 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <map>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "fakes/fake_clock.h"
@@ -28,12 +30,16 @@ class FakeLocalizer final : public Localizer {
  public:
   [[nodiscard]] std::string Text(std::string_view key) const override {
     const auto found = texts_.find(key);
+    if (brackets) return '[' + std::string(key) + ']';
     return found == texts_.end() ? std::string(key) : found->second;
   }
 
   void Translate(std::string key, std::string text) {
     texts_.insert_or_assign(std::move(key), std::move(text));
   }
+
+  // Shows which texts are looked up: "[Cancel]".
+  bool brackets = false;
 
  private:
   std::map<std::string, std::string, std::less<>> texts_;

@@ -63,9 +63,16 @@ class FakeFileSystem::Lock final : public FolderLock {
 class FakeFileSystem::Appended final : public AppendedFile {
  public:
   Appended(FakeFileSystem& files, std::string path)
-      : files_(files), lock_(files.locked_, path), path_(std::move(path)) {}
+      : files_(files),
+        lock_(files.locked_, path),
+        path_(std::move(path)),
+        inode_(files.nodes_.at(path_).inode) {}
 
   std::optional<FileContents> Read() const override { return files_.Read(path_); }
+  bool IsInPlace() const noexcept override {
+    const auto found = files_.nodes_.find(path_);
+    return found != files_.nodes_.end() && found->second.inode == inode_;
+  }
   bool Append(std::string_view bytes) override {
     Node* node = Find();
     if (node == nullptr) return false;
@@ -102,6 +109,7 @@ class FakeFileSystem::Appended final : public AppendedFile {
   FakeFileSystem& files_;
   Lock lock_;
   std::string path_;
+  std::uint64_t inode_;
 };
 
 LockResult FakeFileSystem::OpenAppended(const std::string& path, AppendedFileStart start,

@@ -29,6 +29,7 @@ class FakeHost final : public RegisterSearch::Host {
   void UpdateEntryDependentButtons() override { log += "buttons; "; }
   void UpdateBalanceField() override { log += "balance; "; }
   void AsOne(const std::function<void()>& steps) override { steps(); }
+  void AsKeystroke(const std::function<void()>& steps) override { steps(); }
   void StopSpeech() override { log += "stop speech; "; }
   void FocusSearchField() override { log += "focus; "; }
   void SearchStateChanged() override {}

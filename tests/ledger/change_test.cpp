@@ -9,12 +9,12 @@
 namespace tallyfold {
 namespace {
 
-using Operation = std::function<void(LedgerFixture&, Change&)>;
+using ChangeOperation = std::function<void(LedgerFixture&, Change&)>;
 
 // One of each thing that a change can do, with what it tells afterwards.
 const struct {
   const char* what;
-  Operation operate;
+  ChangeOperation operate;
   ChangeKinds kinds;
   std::size_t inserted = 0;
   std::size_t removed = 0;

@@ -32,6 +32,13 @@ struct Launch : AccountsStore::Host {
     change.Add(first(), MakeEntry({.number = change.NextNumber(first()), .amount = amount}));
     change.Close();
   }
+  // A filter chosen as fast as one types.
+  void Type(std::int32_t filter) {
+    Change change(ledger);
+    change.EditSettings(first()).setEntryFilterType(filter);
+    change.WriteLater();
+    change.Close();
+  }
   // Settings and counts too, which come back like everything else.
   [[nodiscard]] std::string Bytes() const {
     std::string bytes = store.password();
@@ -104,6 +111,10 @@ const Operation kChanges[] = {
     },
     [](Launch& run) { run.ledger.history().Undo(); },
     [](Launch& run) { run.ledger.history().Redo(); },
+    [](Launch& run) {
+      for (const std::int32_t type : {5, 6}) run.Type(type);
+      run.AddEntry(8);
+    },
     [](Launch& run) {
       Change change(run.ledger);
       change.EditSettings(run.first()).setEntryFilterType(3);
@@ -190,8 +201,8 @@ TEST_F(RecoveryTest, LosesNothingWhereverASaveStops) {
          its.AddFile(kFile, content);
        },
        kChanges[2]},
-      {"a password", [](FakeFileSystem&) {}, kChanges[5]},
-      {"an account that will be locked", [](FakeFileSystem&) {}, kChanges[6]},
+      {"a password", [](FakeFileSystem&) {}, kChanges[6]},
+      {"an account that will be locked", [](FakeFileSystem&) {}, kChanges[7]},
       {"an undone step", [](FakeFileSystem&) {},
        [](Launch& run) {
          run.AddEntry(1);
@@ -253,6 +264,93 @@ TEST_F(RecoveryTest, SaysWhereItCannotWriteAndGoesOnAfterASave) {
     ASSERT_TRUE(run.store.Accounts_Save());
     EXPECT_EQ(run.log.protection(), Protection::On);
     EXPECT_FALSE(files.Exists(kLog));
+  }
+}
+
+TEST_F(RecoveryTest, LetsSettingsWaitForTheNextChangeOrSave) {
+  const struct {
+    Operation order;
+    bool is_held;
+  } cases[] = {
+      {[](Launch& run) { run.AddEntry(2); }, true},
+      {[](Launch& run) { Change(run.ledger).Close(); }, true},
+      {[](Launch& run) { run.ledger.history().Undo(); }, true},
+      {[](Launch& run) { EXPECT_TRUE(run.store.Accounts_Save()); }, false},
+      {[](Launch& run) {
+         EXPECT_TRUE(run.store.Accounts_Save());
+         run.AddEntry(2);
+       },
+       true},
+  };
+  for (const auto& c : cases) {
+    files = FakeFileSystem();
+    WriteFile();
+    std::string after;
+    {
+      Launch run(files);
+      run.AddEntry(1);
+      const auto log = files.Content(kLog);
+      for (const std::int32_t type : {5, 6, 7}) run.Type(type);
+      EXPECT_EQ(files.Content(kLog), log);
+      EXPECT_FALSE(run.log.HoldsChanges()) << "not all of them";
+      c.order(run);
+      EXPECT_EQ(run.log.HoldsChanges(), c.is_held);
+      after = run.Bytes();
+    }
+    EXPECT_EQ(Launch(files).Bytes(), after);
+  }
+}
+
+TEST_F(RecoveryTest, PutsAWholeSaveInPlaceOfALogThatIsGone) {
+  for (const bool can_save : {true, false}) {
+    files = FakeFileSystem();
+    WriteFile();
+    std::string after;
+    {
+      Launch run(files);
+      run.AddEntry(1);
+      files.Remove(kLog);
+      if (!can_save) files.FailOn(kFile);
+      run.AddEntry(2);
+      EXPECT_EQ(run.log.protection(), can_save ? Protection::On : Protection::Off);
+      EXPECT_EQ(run.store.HasUnsavedChanges(), !can_save);
+      files.StopFailingOn(kFile);
+      if (!can_save) {
+        ASSERT_TRUE(run.store.Accounts_Save());
+      }
+      run.AddEntry(3);
+      EXPECT_EQ(run.log.protection(), Protection::On);
+      after = run.Bytes();
+    }
+    EXPECT_EQ(Launch(files).Bytes(), after);
+  }
+}
+
+TEST_F(RecoveryTest, BringsBackWhatFollowsARestoreWhereverThatFails) {
+  bool is_failing = true;
+  for (std::size_t step = 1; is_failing; ++step) {
+    files = FakeFileSystem();
+    WriteFile();
+    files.AddFile(kFile + ".kept-20070304-120000", *files.Content(kFile));
+    std::string after;
+    {
+      Launch run(files);
+      run.AddEntry(1);
+      run.alerts = FakeAlerts();
+      run.alerts.Answer("Restore");
+      files.FailAtStep(step, FakeFileSystem::Failing::Once);
+      static_cast<void>(run.store.Accounts_RestoreBackup("Accounts.plist.kept-20070304-120000"));
+      is_failing = files.Steps() >= step;
+      files.StopFailing();
+      // What cannot be read cannot be changed either.
+      if (run.store.accounts().empty()) continue;
+      run.AddEntry(2);
+      if (run.log.protection() != Protection::On) continue;
+      after = run.Bytes();
+    }
+    Launch next(files);
+    EXPECT_EQ(next.Bytes(), after) << step;
+    EXPECT_EQ(next.log.found().kept_path, std::nullopt) << step;
   }
 }
 

@@ -4,12 +4,14 @@
 
 #include "ledger/ledger_fixture.h"
 #include "ledger/random_user.h"
+#include "rounds.h"
 
 namespace tallyfold {
 namespace {
 
 TEST(Undo, GoesBackAndForthThroughThousandsOfSteps) {
-  for (unsigned seed = 1; seed <= 4; ++seed) {
+  for (int round = 1; round <= Rounds(4); ++round) {
+    const auto seed = static_cast<unsigned>(round);
     LedgerFixture f;
     RandomUser user(f.ledger, seed);
     // What the file was before each step, the present state last.

@@ -16,7 +16,7 @@ constexpr std::int32_t kForever = 1;
 constexpr std::int32_t kCount = 2;
 constexpr std::int32_t kDate = 3;
 
-plist::Dictionary WholeRecord() {
+plist::Dictionary WholeSchedule() {
   plist::Dictionary record = LDGRAccountEntry().asDictionary();
   record.Set("date", 20040101);
   record.Set("number", 5);
@@ -33,7 +33,7 @@ plist::Dictionary WholeRecord() {
 
 TEST(Schedules, GiveBackEveryKeyTheyRead) {
   FakeAmbient ambient;
-  const plist::Dictionary record = WholeRecord();
+  const plist::Dictionary record = WholeSchedule();
   const LDGRAccountSchedule schedule(record);
   EXPECT_EQ(schedule.GetLastCommittedDate(), 20040102);
   EXPECT_EQ(schedule.asDictionary(), record);
@@ -59,22 +59,22 @@ TEST(Schedules, LogWhatIsMissingOrWrongAfterTheirEntry) {
 
   for (const char* key : {"repeatIntervalType", "repeatInterval", "repeatUntilType", "repeatUntil",
                           "usePrecedingFriday", "committedDates"}) {
-    plist::Dictionary record = WholeRecord();
+    plist::Dictionary record = WholeSchedule();
     record.Set(key, "1");
-    plist::Dictionary expected = WholeRecord();
+    plist::Dictionary expected = WholeSchedule();
     expected.Set(key, defaults.Get(key));
     EXPECT_EQ(LDGRAccountSchedule(record).asDictionary(), expected);
     EXPECT_EQ(ambient.log.Take(),
               Lines{std::string(key) + " is in the wrong format for schedule."});
   }
-  plist::Dictionary record = WholeRecord();
+  plist::Dictionary record = WholeSchedule();
   record.Set("committedDates", List({20040104, "x", 20040101}));
   EXPECT_EQ(LDGRAccountSchedule(record).GetCommittedDates(), (Days{20040104, 20040101}));
   EXPECT_EQ(ambient.log.Take(), Lines{"committedDates is in the wrong format for schedule."});
 }
 
 TEST(Schedules, MakeEntriesOfTheirTemplate) {
-  const LDGRAccountSchedule schedule(WholeRecord());
+  const LDGRAccountSchedule schedule(WholeSchedule());
   const EntryList entries = schedule.EntriesFromDate(20040101, 20040110);
   ASSERT_EQ(entries.size(), 2U);
   EXPECT_EQ(entries[0]->GetDate(), 20040107);

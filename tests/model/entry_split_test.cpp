@@ -10,7 +10,7 @@ namespace {
 
 using Lines = std::vector<std::string>;
 
-const std::string kWrong =
+const std::string kWrongSplit =
     "theValue is in the wrong format in LDGRAccountEntrySplit:initWithDictionary";
 const std::string kOutOfRange =
     "Split index out of range of split array in LDGRAccountEntrySplit:SetAmount";
@@ -50,7 +50,9 @@ TEST(Splits, AreReadKeyByKey) {
              {"amounts", List({1.005, -2})}}),
        "a||1.010 b|y|-2.00 ",
        {}},
-      {Dict({{"descriptions", "a"}, {"toFrom", 1}, {"amounts", List({})}}), "", {kWrong, kWrong}},
+      {Dict({{"descriptions", "a"}, {"toFrom", 1}, {"amounts", List({})}}),
+       "",
+       {kWrongSplit, kWrongSplit}},
       {Dict({{"descriptions", List({1, "b"})},
              {"toFrom", List({List({}), "y"})},
              {"amounts", List({"2.5", Dict({}), true})}}),
@@ -144,7 +146,7 @@ TEST(OldSplits, KeepSingleValuesUnderPluralKeys) {
                {Dict({}), Dict({{"amounts", 0.0}}), {Missing("description"), Missing("amount")}},
                {Dict({{"descriptions", List({"a"})}, {"amounts", "1"}}),
                 Dict({{"amounts", 0.0}}),
-                {kWrong, kWrong}}};
+                {kWrongSplit, kWrongSplit}}};
   for (const auto& c : cases) {
     LDGRAccountEntrySplit_Old split(c.dictionary);
     EXPECT_EQ(split.asDictionary(), c.written);

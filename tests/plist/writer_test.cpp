@@ -20,7 +20,7 @@ namespace {
 
 using std::string_view_literals::operator""sv;
 
-constexpr double kInfinity = std::numeric_limits<double>::infinity();
+constexpr double kInfinite = std::numeric_limits<double>::infinity();
 
 // What the writer makes of one value, without header, footer and line end.
 std::string Element(const Value& value) {
@@ -123,8 +123,8 @@ TEST(Writer, WritesNumbersSoThatTheyReadBackTheSame) {
       {1e15, "<real>1e+15</real>"},
       {1e-7, "<real>1e-07</real>"},
       {std::nan(""), "<real>nan</real>"},
-      {kInfinity, "<real>+infinity</real>"},
-      {-kInfinity, "<real>-infinity</real>"},
+      {kInfinite, "<real>+infinity</real>"},
+      {-kInfinite, "<real>-infinity</real>"},
   };
   for (const auto& c : cases) {
     EXPECT_EQ(Element(c.value), c.written);

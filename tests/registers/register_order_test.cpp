@@ -16,7 +16,6 @@ namespace tallyfold {
 namespace {
 
 using Comparator = int (LDGRAccountEntry::*)(const LDGRAccountEntry&) const;
-using Entry = LDGRAccountEntry;
 
 // Entries full of ties, in no order; numbers repeat too.
 EntryList TiedEntries() {
@@ -37,7 +36,7 @@ EntryList TiedEntries() {
   };
   EntryList entries;
   for (int i = 0; i < 1500; ++i) {
-    auto entry = std::make_shared<Entry>();
+    auto entry = std::make_shared<LDGRAccountEntry>();
     entry->SetNumber(below(700) - 20);
     entry->SetDate(20040301 + below(4));
     entry->SetIsCheck(below(3) == 0);
@@ -60,17 +59,22 @@ TEST(RegisterOrder, IsThatOfTheEntriesComparisons) {
     Comparator descending;
   };
   const std::array cases = {
-      Case{"number", &Entry::NumberIsGreaterThan, &Entry::NumberIsGreaterThan_Reversed},
-      Case{"check", &Entry::CheckNumberIsGreaterThan, &Entry::CheckNumberIsGreaterThan_Reversed},
-      Case{"date", &Entry::DatePrimaryCheckSecondaryIsGreaterThan,
-           &Entry::DatePrimaryCheckSecondaryIsGreaterThan_Reversed},
-      Case{"type", &Entry::TypePrimaryDateSecondaryIsGreaterThan,
-           &Entry::TypePrimaryDateSecondaryIsGreaterThan_Reversed},
-      Case{"description", &Entry::DescriptionIsGreaterThan,
-           &Entry::DescriptionIsGreaterThan_Reversed},
-      Case{"amount", &Entry::AmountIsGreaterThan, &Entry::AmountIsGreaterThan_Reversed},
-      Case{"cleared", &Entry::ClearedIsGreaterThan, &Entry::ClearedIsGreaterThan_Reversed},
-      Case{"toFrom", &Entry::ToFromIsGreaterThan, &Entry::ToFromIsGreaterThan_Reversed},
+      Case{"number", &LDGRAccountEntry::NumberIsGreaterThan,
+           &LDGRAccountEntry::NumberIsGreaterThan_Reversed},
+      Case{"check", &LDGRAccountEntry::CheckNumberIsGreaterThan,
+           &LDGRAccountEntry::CheckNumberIsGreaterThan_Reversed},
+      Case{"date", &LDGRAccountEntry::DatePrimaryCheckSecondaryIsGreaterThan,
+           &LDGRAccountEntry::DatePrimaryCheckSecondaryIsGreaterThan_Reversed},
+      Case{"type", &LDGRAccountEntry::TypePrimaryDateSecondaryIsGreaterThan,
+           &LDGRAccountEntry::TypePrimaryDateSecondaryIsGreaterThan_Reversed},
+      Case{"description", &LDGRAccountEntry::DescriptionIsGreaterThan,
+           &LDGRAccountEntry::DescriptionIsGreaterThan_Reversed},
+      Case{"amount", &LDGRAccountEntry::AmountIsGreaterThan,
+           &LDGRAccountEntry::AmountIsGreaterThan_Reversed},
+      Case{"cleared", &LDGRAccountEntry::ClearedIsGreaterThan,
+           &LDGRAccountEntry::ClearedIsGreaterThan_Reversed},
+      Case{"toFrom", &LDGRAccountEntry::ToFromIsGreaterThan,
+           &LDGRAccountEntry::ToFromIsGreaterThan_Reversed},
   };
   FakeAmbient ambient;
   LDGRAccount account;
@@ -99,7 +103,8 @@ TEST(RegisterOrder, IsThatOfTheEntriesComparisons) {
 TEST(RegisterOrder, LeavesEntriesAsTheyAreForNoKey) {
   EXPECT_EQ(SortKeyOfColumn("balance"), std::nullopt);
   EXPECT_EQ(SortKeyOfColumn(""), std::nullopt);
-  const EntryList entries = {std::make_shared<Entry>(), std::make_shared<Entry>()};
+  const EntryList entries = {std::make_shared<LDGRAccountEntry>(),
+                             std::make_shared<LDGRAccountEntry>()};
   for (const std::int32_t key : {7, -1, 99}) {
     EXPECT_EQ(OrderOfEntries(entries, {static_cast<RegisterSortKey>(key), true}),
               (std::vector<std::uint32_t>{0, 1}));

@@ -11,7 +11,7 @@ namespace {
 using Lines = std::vector<std::string>;
 
 // An accounts file with one of everything, without line ends and tabs.
-std::string SampleFile() {
+std::string WholeFile() {
   AccountsStoreFixture f;
   EXPECT_TRUE(f.store.Accounts_Load());
   f.store.AddAccount(SampleAccount());
@@ -67,7 +67,7 @@ void ExpectKeptAsSaid(const std::string& content, const Damage& damage, Accounts
 }
 
 TEST(WhatIsNotTaken, IsKeptBesideTheFileBeforeItIsSavedOver) {
-  const std::string sample = SampleFile();
+  const std::string sample = WholeFile();
   const Damage cases[] = {
       {"<key>entries</key>",
        "<key>entrhes</key>",
@@ -174,7 +174,7 @@ TEST(WhatIsNotTaken, IsAlsoWhatAnUpgradeReplacesWithoutABackup) {
         "A value of \"isCheck\" is of a wrong kind."}},
   };
   for (const auto& c : cases) {
-    std::string content = SampleFile();
+    std::string content = WholeFile();
     for (const auto& [from, to] :
          {std::pair(Stored("version", "<integer>7</integer>"), Stored("version", c.version)),
           std::pair(c.damage.from, c.damage.to)}) {

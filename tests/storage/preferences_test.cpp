@@ -16,7 +16,7 @@ namespace {
 
 using Lines = std::vector<std::string>;
 
-plist::Dictionary Parse(const std::string& content) {
+plist::Dictionary ParsedFile(const std::string& content) {
   return plist::Read("<plist><dict>" + content + "</dict></plist>").value.DictionaryValue();
 }
 
@@ -113,7 +113,7 @@ TEST(Preferences, AreBroughtToTheCurrentVersion) {
     TypeHandOver().Clear();
     const std::string version =
         *c.version == '\0' ? "" : std::string("<key>version</key>") + c.version;
-    const plist::Dictionary old = Parse(old_keys + version);
+    const plist::Dictionary old = ParsedFile(old_keys + version);
     const plist::Dictionary before = old.DeepCopy();
     const plist::Dictionary updated = LDGRPreferences::UpdatePreferencesDictionary(old);
     EXPECT_EQ(updated.Get("version"), plist::Value(2));

@@ -1,8 +1,5 @@
 #pragma once
 
-#include <cstddef>
-#include <memory>
-
 #include "app/accounts/account_passwords.h"
 #include "app/accounts/account_selection.h"
 #include "app/desk.h"
@@ -10,22 +7,22 @@
 #include "app/face/refresh.h"
 #include "app/face/sheet_slot.h"
 #include "ledger/ledger.h"
+#include "ledger/transfer_links.h"
 #include "model/account.h"
 #include "platform/alerts.h"
 #include "storage/accounts_store.h"
 
 namespace tallyfold {
 
-class Change;
-
 // Removes the selected account with everything in it, after one question.
 class AccountRemoval {
  public:
-  AccountRemoval(Desk& desk, Ledger& ledger, AccountSelection& selection,
-                 AccountPasswords& passwords, Alerts& alerts, const SheetSlot& sheets,
-                 Refresh& refresh, Announcer& announcer) noexcept
+  AccountRemoval(Desk& desk, Ledger& ledger, const TransferLinks& links,
+                 AccountSelection& selection, AccountPasswords& passwords, Alerts& alerts,
+                 const SheetSlot& sheets, Refresh& refresh, Announcer& announcer) noexcept
       : desk_(desk),
         ledger_(ledger),
+        links_(links),
         selection_(selection),
         passwords_(passwords),
         alerts_(alerts),
@@ -42,12 +39,10 @@ class AccountRemoval {
 
  private:
   [[nodiscard]] bool UserAgrees(const LDGRAccount& account) const;
-  // How many entries of other accounts are linked to the account.
-  [[nodiscard]] std::size_t LinkedEntries(const LDGRAccount& account) const;
-  void UnlinkOthers(Change& change, const LDGRAccount& account) const;
 
   Desk& desk_;
   Ledger& ledger_;
+  const TransferLinks& links_;
   AccountSelection& selection_;
   AccountPasswords& passwords_;
   Alerts& alerts_;

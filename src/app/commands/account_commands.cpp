@@ -12,17 +12,17 @@ namespace {
 bool HasProtectedAccount(LDGRController& app) {
   return HasAccount(app) && app.desk().SelectedAccount()->HasPassword();
 }
-bool SheetIsOpen(LDGRController& app) {
+bool AccountSheetIsOpen(LDGRController& app) {
   return app.accountSheet().State().is_open;
 }
-bool Asks(LDGRController& app) {
+bool AsksForAccountPassword(LDGRController& app) {
   return app.accountPasswords().State().is_open;
 }
-bool PasswordIsRight(LDGRController& app) {
-  return Asks(app) && app.accountPasswords().State().ok_is_enabled;
+bool AccountPasswordIsRight(LDGRController& app) {
+  return AsksForAccountPassword(app) && app.accountPasswords().State().ok_is_enabled;
 }
 
-constexpr Command kCommands[] = {
+constexpr Command kAccountCommands[] = {
     {.name = "Account_Add",
      .title = "Add Account...",
      .menu = Menu::Account,
@@ -54,18 +54,18 @@ constexpr Command kCommands[] = {
      .can = IsFree,
      .run = [](LDGRController& app) { app.accountsDrawer().ToggleAccountsDrawer(); }},
     {.name = "AccountEditSheet_OK",
-     .can = SheetIsOpen,
+     .can = AccountSheetIsOpen,
      .run = [](LDGRController& app) { app.accountSheet().AccountEditSheet_OK(); }},
     {.name = "AccountEditSheet_Cancel",
-     .can = SheetIsOpen,
+     .can = AccountSheetIsOpen,
      .run = [](LDGRController& app) { app.accountSheet().AccountEditSheet_Cancel(); }},
     {.name = "AccountAuthenticationSheet_OK",
      .controls = "accountAuthenticationSheet_OK_Button",
-     .can = PasswordIsRight,
+     .can = AccountPasswordIsRight,
      .run = [](LDGRController& app) { app.accountPasswords().AccountAuthenticationSheet_OK(); }},
     {.name = "AccountAuthenticationSheet_Cancel",
      .controls = "accountAuthenticationSheet_Cancel_Button",
-     .can = Asks,
+     .can = AsksForAccountPassword,
      .run =
          [](LDGRController& app) { app.accountPasswords().AccountAuthenticationSheet_Cancel(); }},
 };
@@ -73,7 +73,7 @@ constexpr Command kCommands[] = {
 }  // namespace
 
 std::span<const Command> Account() {
-  return kCommands;
+  return kAccountCommands;
 }
 
 }  // namespace tallyfold::command_tables

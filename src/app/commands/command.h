@@ -17,7 +17,7 @@ struct Command {
   // The operation, under which front ends and tests know it.
   std::string_view name;
   // As the menu shows it, to be looked up; "" where it is in no menu.
-  std::string_view title = "";
+  std::string_view title = "";  // English key
   // "Ctrl+D"; "" for none.
   std::string_view shortcut = "";
   Menu menu = Menu::None;

@@ -38,14 +38,14 @@ bool CanLink(LDGRController& app) {
 bool HasLinkOffers(LDGRController& app) {
   return IsFree(app) && !app.transferLinking().State().offers.empty();
 }
-bool AsksToRemove(LDGRController& app) {
+bool AsksToRemoveEntry(LDGRController& app) {
   return app.entryRemoval().Confirm().is_open;
 }
 bool AsksForOtherHalf(LDGRController& app) {
   return app.entryRemoval().Transfer().is_open;
 }
 
-constexpr Command kCommands[] = {
+constexpr Command kEntryCommands[] = {
     {.name = "Entry_Debit",
      .title = "New Debit...",
      .shortcut = "Ctrl+D",
@@ -133,10 +133,10 @@ constexpr Command kCommands[] = {
      .can = HasHiddenEntry,
      .run = [](LDGRController& app) { app.entryReveal().ShowHiddenEntry(); }},
     {.name = "EntryRemoveConfirm_OK",
-     .can = AsksToRemove,
+     .can = AsksToRemoveEntry,
      .run = [](LDGRController& app) { app.entryRemoval().EntryRemoveConfirm_OK(); }},
     {.name = "EntryRemoveConfirm_Cancel",
-     .can = AsksToRemove,
+     .can = AsksToRemoveEntry,
      .run = [](LDGRController& app) { app.entryRemoval().EntryRemoveConfirm_Cancel(); }},
     {.name = "TransferEntryRemoveConfirm_Yes",
      .can = AsksForOtherHalf,
@@ -152,7 +152,7 @@ constexpr Command kCommands[] = {
 }  // namespace
 
 std::span<const Command> Entry() {
-  return kCommands;
+  return kEntryCommands;
 }
 
 }  // namespace tallyfold::command_tables

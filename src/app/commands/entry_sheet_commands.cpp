@@ -23,7 +23,7 @@ bool DepositHasSuggestion(LDGRController& app) {
 }
 
 // What the buttons of the sheets for entries do. The fields are read before.
-constexpr Command kCommands[] = {
+constexpr Command kEntrySheetCommands[] = {
     {.name = "DebitSheet_OK",
      .controls = "debitSheet_OK_Button",
      .can = DebitIsOpen,
@@ -104,7 +104,7 @@ constexpr Command kCommands[] = {
 }  // namespace
 
 std::span<const Command> EntrySheets() {
-  return kCommands;
+  return kEntrySheetCommands;
 }
 
 }  // namespace tallyfold::command_tables

@@ -26,11 +26,11 @@ bool Always(LDGRController& /*app*/) {
 bool UpdateWindowIsOpen(LDGRController& app) {
   return app.updates().State().window_is_open;
 }
-bool Asks(LDGRController& app) {
+bool AsksForPassword(LDGRController& app) {
   return app.applicationLock().State().is_open;
 }
-bool PasswordIsRight(LDGRController& app) {
-  return Asks(app) && app.applicationLock().State().ok_is_enabled;
+bool ApplicationPasswordIsRight(LDGRController& app) {
+  return AsksForPassword(app) && app.applicationLock().State().ok_is_enabled;
 }
 bool PreferencesAreOpen(LDGRController& app) {
   return app.preferencesSheet().State().is_open;
@@ -50,7 +50,7 @@ bool HasMarkedUndated(LDGRController& app) {
   return IsReviewing(app) && app.sharedQIFImportController().Review().marked_undated > 0;
 }
 
-constexpr Command kCommands[] = {
+constexpr Command kFileCommands[] = {
     {.name = "QIFImport",
      .title = "Import...",
      .shortcut = "Ctrl+I",
@@ -141,10 +141,10 @@ constexpr Command kCommands[] = {
      .can = UpdateWindowIsOpen,
      .run = [](LDGRController& app) { app.updates().CloseWindow(); }},
     {.name = "authenticationSheet_OK",
-     .can = PasswordIsRight,
+     .can = ApplicationPasswordIsRight,
      .run = [](LDGRController& app) { app.applicationLock().OK(); }},
     {.name = "authenticationSheet_Cancel",
-     .can = Asks,
+     .can = AsksForPassword,
      .run = [](LDGRController& app) { app.applicationLock().Cancel(); }},
     {.name = "PreferencesSheet_OK",
      .can = PreferencesAreOpen,
@@ -188,7 +188,7 @@ constexpr Command kCommands[] = {
 }  // namespace
 
 std::span<const Command> File() {
-  return kCommands;
+  return kFileCommands;
 }
 
 }  // namespace tallyfold::command_tables

@@ -25,17 +25,17 @@ bool HasScheduleWithSheet(LDGRController& app) {
 bool HasNextOccurrence(LDGRController& app) {
   return HasSchedule(app) && NextDayToCommit(*app.desk().SelectedSchedule()) != -1;
 }
-bool SheetIsOpen(LDGRController& app) {
+bool ScheduleSheetIsOpen(LDGRController& app) {
   return app.scheduleSheet().State().is_open;
 }
-bool AsksToRemove(LDGRController& app) {
+bool AsksToRemoveSchedule(LDGRController& app) {
   return app.schedules().Confirm().is_open;
 }
 bool ReminderIsOpen(LDGRController& app) {
   return app.reminder().State().is_open;
 }
 
-constexpr Command kCommands[] = {
+constexpr Command kScheduleCommands[] = {
     {.name = "Schedule_Debit",
      .title = "New Scheduled Debit...",
      .shortcut = "Ctrl+Alt+D",
@@ -93,16 +93,16 @@ constexpr Command kCommands[] = {
      .can = HasAccount,
      .run = [](LDGRController& app) { app.reminder().Open(); }},
     {.name = "ScheduleSheet_OK",
-     .can = SheetIsOpen,
+     .can = ScheduleSheetIsOpen,
      .run = [](LDGRController& app) { app.scheduleSheet().OK(); }},
     {.name = "ScheduleSheet_Cancel",
-     .can = SheetIsOpen,
+     .can = ScheduleSheetIsOpen,
      .run = [](LDGRController& app) { app.scheduleSheet().Cancel(); }},
     {.name = "ScheduleRemoveConfirm_OK",
-     .can = AsksToRemove,
+     .can = AsksToRemoveSchedule,
      .run = [](LDGRController& app) { app.schedules().ScheduleRemoveConfirm_OK(); }},
     {.name = "ScheduleRemoveConfirm_Cancel",
-     .can = AsksToRemove,
+     .can = AsksToRemoveSchedule,
      .run = [](LDGRController& app) { app.schedules().ScheduleRemoveConfirm_Cancel(); }},
     {.name = "ScheduleReminderSheet_Commit",
      .can = ReminderIsOpen,
@@ -121,7 +121,7 @@ constexpr Command kCommands[] = {
 }  // namespace
 
 std::span<const Command> Schedule() {
-  return kCommands;
+  return kScheduleCommands;
 }
 
 }  // namespace tallyfold::command_tables

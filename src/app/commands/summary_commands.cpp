@@ -10,11 +10,11 @@ namespace {
 bool HasSummary(LDGRController& app) {
   return HasAccount(app) && app.desk().SelectedAccount()->selectedAccountSummary() != nullptr;
 }
-bool SheetIsOpen(LDGRController& app) {
+bool SummarySheetIsOpen(LDGRController& app) {
   return app.summarySheet().State().is_open;
 }
 
-constexpr Command kCommands[] = {
+constexpr Command kSummaryCommands[] = {
     {.name = "AccountSummary_Add",
      .title = "New Summary",
      .menu = Menu::Summary,
@@ -36,17 +36,17 @@ constexpr Command kCommands[] = {
      .can = HasSummary,
      .run = [](LDGRController& app) { app.summaries().Remove(); }},
     {.name = "AccountSummarySheet_OK",
-     .can = SheetIsOpen,
+     .can = SummarySheetIsOpen,
      .run = [](LDGRController& app) { app.summarySheet().OK(); }},
     {.name = "AccountSummarySheet_Cancel",
-     .can = SheetIsOpen,
+     .can = SummarySheetIsOpen,
      .run = [](LDGRController& app) { app.summarySheet().Cancel(); }},
 };
 
 }  // namespace
 
 std::span<const Command> Summary() {
-  return kCommands;
+  return kSummaryCommands;
 }
 
 }  // namespace tallyfold::command_tables

@@ -20,7 +20,7 @@ bool ShowsAnother(LDGRController& app, Tab tab) {
   return IsFree(app) && app.tabs().State().selected != tab;
 }
 
-constexpr Command kCommands[] = {
+constexpr Command kViewCommands[] = {
     {.name = "entry_MenuItem",
      .title = "Entry",
      .shortcut = "Alt+1",
@@ -70,7 +70,7 @@ constexpr Command kCommands[] = {
 }  // namespace
 
 std::span<const Command> View() {
-  return kCommands;
+  return kViewCommands;
 }
 
 }  // namespace tallyfold::command_tables

@@ -4,6 +4,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <utility>
 
 #include "app/entries/edit_sheet.h"
 #include "app/entries/entry_sheet_state.h"

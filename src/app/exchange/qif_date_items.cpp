@@ -1,7 +1,5 @@
 #include "app/exchange/qif_date_items.h"
 
-#include <string>
-
 #include "exchange/qif_date_formats.h"
 #include "platform/ambient.h"
 
@@ -10,7 +8,7 @@ namespace tallyfold {
 std::vector<PopUpItem> QifDateItems() {
   std::vector<PopUpItem> items;
   for (const QifDateFormat& each : kQifDateFormats) {
-    items.push_back({LocalizedText(QifDateFormatTitle(each.format)), each.tag});
+    items.push_back({LocalizedText(each.title), each.tag});
   }
   return items;
 }

@@ -1,5 +1,7 @@
 #include "app/exchange/qif_export_accessory_view.h"
 
+#include <utility>
+
 #include "app/exchange/qif_date_items.h"
 #include "platform/ambient.h"
 

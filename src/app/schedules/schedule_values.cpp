@@ -4,6 +4,7 @@
 #include <array>
 #include <memory>
 #include <string_view>
+#include <utility>
 
 #include "app/entries/edit_sheet.h"
 #include "model/amounts.h"

@@ -2,7 +2,17 @@
 
 #include <chrono>
 
+#include "ledger/change.h"
+
 namespace tallyfold {
+
+void ApplicationLock::setPassword(std::optional<std::string_view> password) {
+  const Announcer::Operation operation(announcer_);
+  Change change(ledger_);
+  change.EditPassword();
+  accounts_.setPassword(password);
+  change.Close();
+}
 
 bool ApplicationLock::authenticate(std::optional<std::string_view> password) {
   if (!password) return false;

@@ -14,6 +14,7 @@
 #include "app/face/sheet_slot.h"
 #include "app/face/window_hooks.h"
 #include "app/shell/saving.h"
+#include "ledger/ledger.h"
 #include "platform/application_host.h"
 #include "platform/run_loop.h"
 #include "storage/accounts_store.h"
@@ -27,10 +28,11 @@ class ApplicationLock {
   // Of initState().
   static constexpr std::int32_t kWaitingForPassword = 2;
 
-  ApplicationLock(AccountsStore& accounts, Saving& saving, AccountSelection& selection,
+  ApplicationLock(Ledger& ledger, Saving& saving, AccountSelection& selection,
                   ApplicationHost& application, SheetSlot& sheets, WindowHooksSlot& window,
                   Refresh& refresh, RunLoop& loop, Announcer& announcer) noexcept
-      : accounts_(accounts),
+      : ledger_(ledger),
+        accounts_(ledger.accounts()),
         saving_(saving),
         selection_(selection),
         application_(application),
@@ -48,8 +50,8 @@ class ApplicationLock {
 
   [[nodiscard]] bool authenticated() const noexcept { return accounts_.authenticated(); }
   [[nodiscard]] const std::string& password() const noexcept { return accounts_.password(); }
-  // None leaves the old one.
-  void setPassword(std::optional<std::string_view> password) { accounts_.setPassword(password); }
+  // None leaves the old one. No step to be undone.
+  void setPassword(std::optional<std::string_view> password);
   // Whether the application is unlocked now; a wrong password, or none, does not lock it.
   bool authenticate(std::optional<std::string_view> password);
 
@@ -73,6 +75,7 @@ class ApplicationLock {
   void Cancel();
 
  private:
+  Ledger& ledger_;
   AccountsStore& accounts_;
   Saving& saving_;
   AccountSelection& selection_;

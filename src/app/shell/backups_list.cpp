@@ -3,6 +3,7 @@
 #include <utility>
 
 #include "app/accounts/account_selection.h"
+#include "app/face/message.h"
 #include "app/shell/application_lock.h"
 #include "model/text.h"
 #include "platform/ambient.h"
@@ -47,7 +48,8 @@ std::optional<AccountsStore::RestoreResult> BackupsList::RestoreFromFile() {
     state_.problem = MessageWithText(
         LocalizedText("The file \"%@\" holds no accounts that can be read."), FileName(*path));
   } else if (result == Result::Failed) {
-    state_.problem = Problem("Nothing was restored, for the accounts of now could not be kept");
+    state_.problem =
+        ProblemAs(LocalizedText("Nothing was restored, for the accounts of now could not be kept"));
   }
   return result;
 }
@@ -60,13 +62,13 @@ bool BackupsList::BackUpNow() {
     state_.kept = std::move(*kept);
     return true;
   }
-  state_.problem = Problem("No backup was made");
+  state_.problem = ProblemAs(LocalizedText("No backup was made"));
   return false;
 }
 
-std::string BackupsList::Problem(std::string_view sentence) const {
+std::string BackupsList::ProblemAs(std::string sentence) const {
   const auto& failure = store_.RestoreFailure();
-  return LocalizedText(sentence) + (failure ? ": " + failure->Text() : "");
+  return failure ? Message("{1}: {2}", {std::move(sentence), failure->Text()}) : sentence;
 }
 
 }  // namespace tallyfold

@@ -56,7 +56,7 @@ class BackupsList {
  private:
   AccountsStore::RestoreResult Loaded(AccountsStore::RestoreResult result);
   // The sentence with the reason behind it.
-  [[nodiscard]] std::string Problem(std::string_view sentence) const;
+  [[nodiscard]] std::string ProblemAs(std::string sentence) const;
 
   AccountsStore& store_;
   ApplicationLock& lock_;

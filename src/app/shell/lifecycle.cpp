@@ -1,5 +1,7 @@
 #include "app/shell/lifecycle.h"
 
+#include <string>
+
 #include "app/shell/application.h"
 
 namespace tallyfold {

@@ -59,7 +59,12 @@ void Recovery::Settle() {
   is_settled_ = true;
   log_.Settle();
   notice_ = NoticeOf(log_.found());
+  notice_names_kept_ = log_.found().kept_path.has_value();
   if (!notice_.empty()) announcer_.Changed(Area::Recovery);
+}
+
+std::string Recovery::KeptSinceNotice() const {
+  return is_settled_ && !notice_names_kept_ ? log_.found().kept_path.value_or("") : "";
 }
 
 void Recovery::CloseNotice() {

@@ -27,6 +27,9 @@ class Recovery final : private LedgerListener {
   // "3 changes from before the interruption were recovered."; "" for nothing to tell, and until it
   // is settled.
   [[nodiscard]] const std::string& Notice() const noexcept { return notice_; }
+  // Where a log that belonged to another content was kept aside since, as by the save of a run that
+  // writes none; "" for nowhere, and where the notice said it.
+  [[nodiscard]] std::string KeptSinceNotice() const;
   // The user has seen it.
   void CloseNotice();
   [[nodiscard]] RecoveryLog::Protection protection() const noexcept { return log_.protection(); }
@@ -40,6 +43,7 @@ class Recovery final : private LedgerListener {
   Announcer& announcer_;
   RecoveryLog log_;
   bool is_settled_ = false;
+  bool notice_names_kept_ = false;
   std::string notice_;
   RecoveryLog::Protection told_ = RecoveryLog::Protection::On;
 };

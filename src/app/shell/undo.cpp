@@ -1,6 +1,7 @@
 #include "app/shell/undo.h"
 
 #include <algorithm>
+#include <memory>
 #include <utility>
 
 #include "app/face/message.h"
