@@ -33,8 +33,8 @@ inline constexpr std::string_view kPlainDays = "%Y-%m-%d";
 [[nodiscard]] std::string WriteNumber(std::int64_t number);
 
 // Leaves the field of a sheet as it is where nothing is given.
-template <typename T>
-void SetIfGiven(T& field, std::optional<T> value) {
+template <typename Field, typename Value>
+void SetIfGiven(Field& field, std::optional<Value> value) {
   if (value) field = *std::move(value);
 }
 
