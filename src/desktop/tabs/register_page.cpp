@@ -1,0 +1,99 @@
+#include "desktop/tabs/register_page.h"
+
+#include <QPushButton>
+#include <QVBoxLayout>
+#include <string>
+
+#include "app/desk.h"
+#include "app/face/message.h"
+#include "app/views/registers.h"
+#include "desktop/register/plain_table.h"
+#include "desktop/tabs/details_line.h"
+#include "desktop/tabs/empty_page.h"
+#include "desktop/texts.h"
+#include "filters/filter_types.h"
+#include "registers/account_table_view_data.h"
+
+namespace tallyfold::desktop {
+
+RegisterPage::RegisterPage(RegisterKind kind, const Parts& parts, QWidget* parent)
+    : QWidget(parent),
+      kind_(kind),
+      parts_(parts),
+      table_(new PlainTable(*parts.registers.Of(kind).GetTableView(), this)),
+      details_(new DetailsLine(parts.desk, this)),
+      first_(new EmptyPage(*table_, "entries")),
+      hidden_(new EmptyPage(*table_, "filter")),
+      show_all_(hidden_->AddButton("showAll_Button", "Show All")) {
+  const bool is_entry = kind == RegisterKind::Entry;
+  table_->setObjectName(QLatin1String(is_entry ? "entry_Table" : "reconcile_Table"));
+  table_->setAccessibleName(Text(is_entry ? "Entries" : "Entries to Reconcile"));
+  first_->setObjectName(QLatin1String("empty_Page"));
+  auto* column = new QVBoxLayout(this);
+  column->setContentsMargins(0, 0, 0, 0);
+  column->setSpacing(0);
+  column->addWidget(table_, 1);
+  column->addWidget(details_);
+
+  connect(table_, &PlainTable::RowSelected, this,
+          [this](int row) { parts_.registers.Of(kind_).SelectRow(row); });
+  connect(table_, &PlainTable::RowActivated, this, [this] { emit EditWanted(); });
+  connect(table_, &PlainTable::HeaderClicked, this, [this](const QString& column) {
+    parts_.registers.Of(kind_).ClickedTableColumn(ToUtf8(column));
+  });
+
+  first_->Tell(Text("This register is empty."),
+               Text("Enter what you spend and receive, bring in a file from your bank, or look "
+                    "around in an example."));
+  connect(first_->AddButton("empty_Debit_Button", "Enter a Debit", "debit"),
+          &QPushButton::clicked, this, &RegisterPage::EntryWanted);
+  connect(first_->AddButton("empty_Import_Button", "Import a File...", "import"),
+          &QPushButton::clicked, this, &RegisterPage::ImportWanted);
+  connect(first_->AddButton("empty_Example_Button", "Open the Example", "accounts"),
+          &QPushButton::clicked, this, &RegisterPage::ExampleWanted);
+  first_->SetNote(Text("The example is a copy in a folder of its own. Nothing of yours is touched."));
+  connect(show_all_, &QPushButton::clicked, this, [this] {
+    FocusTable();
+    parts_.search.Filter_Select(filter_type::kGeneral);
+    FocusTable();
+  });
+}
+
+void RegisterPage::AddAbove(QWidget* widget) {
+  auto* column = qobject_cast<QVBoxLayout*>(layout());
+  column->insertWidget(column->indexOf(table_), widget);
+}
+
+void RegisterPage::FocusTable() { table_->setFocus(Qt::OtherFocusReason); }
+
+void RegisterPage::Show() {
+  const auto account = parts_.desk.SelectedAccount();
+  const std::size_t shown = parts_.registers.Of(kind_).numberOfRowsInTableView();
+  const std::size_t all = account != nullptr ? account->GetEntries().size() : 0;
+  first_->setVisible(account != nullptr && all == 0);
+  hidden_->setVisible(shown == 0 && all > 0);
+  if (shown == 0 && all > 0) ShowNothingFound(all);
+  ShowDetails();
+}
+
+void RegisterPage::ShowNothingFound(std::size_t hidden) {
+  const RegisterSearchState& search = parts_.search.State();
+  const SearchFieldState& field =
+      kind_ == RegisterKind::Reconcile ? search.reconcile : search.entry;
+  const std::string count = std::to_string(hidden);
+  const FilterType* type = FilterTypeWithNumber(search.menu_type);
+  const std::string name = type != nullptr ? ToUtf8(Text(type->name)) : std::string();
+  const std::string sentence =
+      field.is_enabled
+          ? Message(Plural("No entry matches \u201c{1}\u201d; {2} entry is hidden.",
+                           "No entry matches \u201c{1}\u201d; {2} entries are hidden.", hidden),
+                    {field.text, count})
+          : Message(Plural("The filter \u201c{1}\u201d hides {2} entry.",
+                           "The filter \u201c{1}\u201d hides all {2} entries.", hidden),
+                    {name, count});
+  hidden_->Tell(QString(), ToQString(sentence));
+}
+
+void RegisterPage::ShowDetails() { details_->Show(); }
+
+}  // namespace tallyfold::desktop
