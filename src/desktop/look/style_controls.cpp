@@ -109,7 +109,7 @@ void DrawButtonLabel(const Canvas& canvas, const QStyleOptionButton& button, int
   PainterState state(painter);
   const bool is_enabled = canvas.Is(QStyle::State_Enabled);
   const bool is_default = is_enabled && IsDefault(canvas);
-  if (IsDefault(canvas)) painter.setFont(DemiBoldFont(painter.font()));
+  if (is_default) painter.setFont(DemiBoldFont(painter.font()));
   painter.setPen(is_default ? canvas.colors()[Role::OnAccent] : canvas.Ink());
   const QFontMetrics metrics = painter.fontMetrics();
   const int text_width = metrics.size(mnemonic, button.text).width();
