@@ -13,8 +13,8 @@ namespace tallyfold::desktop {
 // The text of an English key in the user's language; for keys with places see app/face/message.h.
 [[nodiscard]] QString Text(std::string_view key);
 
-// Where "&" would make the next letter a mnemonic (menus, tabs, buttons, labels with a buddy): a text
-// of the user's, shown as it is.
+// Where "&" would make the next letter a mnemonic (menus, tabs, buttons, labels with a buddy): a
+// text of the user's, shown as it is.
 [[nodiscard]] QString WithoutMnemonics(QString text);
 
 }  // namespace tallyfold::desktop

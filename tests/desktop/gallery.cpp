@@ -1,0 +1,207 @@
+// Pictures of the window's controls and tables in their states, to be looked at beside each other:
+// gallery FOLDER [dark]. Another scale by QT_SCALE_FACTOR.
+
+#include <QApplication>
+#include <QCheckBox>
+#include <QComboBox>
+#include <QFontDatabase>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMenu>
+#include <QPainter>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QSpinBox>
+#include <QStyleOption>
+#include <QTabBar>
+#include <QToolBar>
+#include <QToolButton>
+#include <QVBoxLayout>
+#include <functional>
+
+#include "desktop/look/colors.h"
+#include "desktop/look/icons.h"
+#include "desktop/look/measures.h"
+#include "desktop/look/palette_watch.h"
+#include "desktop/look/style.h"
+
+namespace tallyfold::desktop {
+namespace {
+
+class Wished final : public ColorScheme {
+ public:
+  explicit Wished(Wish wish) : wish_(wish) {}
+  [[nodiscard]] Wish Current() const override { return wish_; }
+  void WhenChanged(std::function<void()>) override {}
+
+ private:
+  Wish wish_;
+};
+
+// A control drawn in a state that it would need a pointer or a window for.
+class Posed final : public QWidget {
+ public:
+  Posed(QStyle::ControlElement element, QStyleOptionButton option)
+      : element_(element), option_(option) {
+    option_.palette = QApplication::palette();
+    option_.fontMetrics = fontMetrics();
+    option_.iconSize = QSize(kIconSize, kIconSize);
+    setFixedSize(style()->sizeFromContents(
+        element == QStyle::CE_PushButton ? QStyle::CT_PushButton : QStyle::CT_CheckBox, &option_,
+        QSize(fontMetrics().horizontalAdvance(option.text), fontMetrics().height()), this));
+    option_.rect = rect();
+  }
+
+ private:
+  void paintEvent(QPaintEvent*) override {
+    QPainter painter(this);
+    style()->drawControl(element_, &option_, &painter, this);
+  }
+  QStyle::ControlElement element_;
+  QStyleOptionButton option_;
+};
+
+QStyleOptionButton ButtonIn(const char* text, QStyle::State state, bool is_default = false) {
+  QStyleOptionButton option;
+  option.text = QLatin1String(text);
+  option.state = state;
+  if (is_default) option.features = QStyleOptionButton::DefaultButton;
+  return option;
+}
+
+QHBoxLayout* Row(QVBoxLayout* page, const char* title) {
+  auto* row = new QHBoxLayout;
+  auto* label = new QLabel(QLatin1String(title));
+  label->setFixedWidth(112);
+  row->addWidget(label);
+  page->addLayout(row);
+  return row;
+}
+
+QWidget* Controls() {
+  auto* page = new QWidget;
+  auto* all = new QVBoxLayout(page);
+  const auto rest = QStyle::State_Enabled | QStyle::State_Active;
+  for (const bool is_default : {false, true}) {
+    auto* row = Row(all, is_default ? "Default button" : "Button");
+    const char* text = is_default ? "Commit" : "Select It";
+    for (const QStyle::State state :
+         {rest, rest | QStyle::State_MouseOver, rest | QStyle::State_Sunken,
+          rest | QStyle::State_HasFocus, QStyle::State(QStyle::State_None)}) {
+      row->addWidget(new Posed(QStyle::CE_PushButton, ButtonIn(text, state, is_default)));
+    }
+    row->addStretch();
+  }
+  auto* checks = Row(all, "Check box");
+  for (const QStyle::State state :
+       {rest | QStyle::State_Off, rest | QStyle::State_On, rest | QStyle::State_NoChange,
+        rest | QStyle::State_On | QStyle::State_HasFocus, QStyle::State(QStyle::State_On),
+        QStyle::State(QStyle::State_Off)}) {
+    checks->addWidget(new Posed(QStyle::CE_CheckBox, ButtonIn("a mark", state)));
+  }
+  auto* radio = new QRadioButton(QStringLiteral("chosen"));
+  radio->setChecked(true);
+  checks->addWidget(radio);
+  checks->addWidget(new QRadioButton(QStringLiteral("not chosen")));
+  checks->addStretch();
+
+  auto* fields = Row(all, "Field");
+  auto* filled = new QLineEdit(QStringLiteral("Saturday"));
+  auto* refused = new QLineEdit(QStringLiteral("12b5"));
+  refused->setAlignment(Qt::AlignRight);
+  SetProblem(refused, true);
+  auto* off = new QLineEdit(QStringLiteral("Split"));
+  off->setEnabled(false);
+  auto* empty = new QLineEdit;
+  empty->setPlaceholderText(QStringLiteral("Description"));
+  for (QLineEdit* field : {filled, refused, off, empty}) {
+    field->setFixedWidth(110);
+    fields->addWidget(field);
+  }
+  fields->addWidget(new QSpinBox);
+  fields->addStretch();
+
+  auto* pop_ups = Row(all, "Pop-up");
+  for (int i = 0; i < 4; ++i) {
+    auto* pop_up = new QComboBox;
+    pop_up->addItems({QStringLiteral("Check"), QStringLiteral("Online Payment")});
+    pop_up->setEnabled(i != 1);
+    pop_up->setFrame(i != 2);
+    pop_up->setEditable(i == 3);
+    pop_ups->addWidget(pop_up);
+  }
+  pop_ups->addStretch();
+
+  auto* bar = new QToolBar;
+  bar->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
+  auto* drawer = bar->addAction(IconNamed(QLatin1String("accounts")), QString());
+  drawer->setCheckable(true);
+  drawer->setChecked(true);
+  bar->addSeparator();
+  for (const char* name : {"debit", "deposit", "transfer"}) {
+    bar->addAction(IconNamed(QLatin1String(name)), QLatin1String(name));
+  }
+  bar->addSeparator();
+  bar->addAction(IconNamed(QLatin1String("remove")), QStringLiteral("Remove"))->setEnabled(false);
+  auto* more = new QToolButton;
+  more->setText(QStringLiteral("New"));
+  more->setIcon(IconNamed(QLatin1String("add")));
+  more->setMenu(new QMenu(more));
+  more->setPopupMode(QToolButton::InstantPopup);
+  bar->addWidget(more);
+  all->addWidget(bar);
+
+  auto* tabs = new QTabBar;
+  for (const char* name : {"entries", "reconcile", "schedule", "summary"}) {
+    tabs->addTab(IconNamed(QLatin1String(name)), QLatin1String(name));
+  }
+  all->addWidget(tabs);
+  return page;
+}
+
+QWidget* RowMenu() {
+  auto* menu = new QMenu;
+  menu->addAction(IconNamed(QLatin1String("edit")), QStringLiteral("Edit..."))
+      ->setShortcut(Qt::CTRL | Qt::Key_E);
+  menu->addAction(IconNamed(QLatin1String("remove")), QStringLiteral("Remove"))
+      ->setShortcut(Qt::Key_Delete);
+  auto* resolved = menu->addAction(QStringLiteral("Resolved"));
+  resolved->setCheckable(true);
+  resolved->setChecked(true);
+  menu->addMenu(QStringLiteral("Type"));
+  menu->addAction(IconNamed(QLatin1String("transfer")), QStringLiteral("Show Other Half"))
+      ->setEnabled(false);
+  menu->addSeparator();
+  menu->addAction(IconNamed(QLatin1String("copy")), QStringLiteral("Copy"));
+  menu->setActiveAction(menu->actions().constFirst());
+  return menu;
+}
+
+}  // namespace
+
+void Grab(const std::function<QWidget*()>& make, const QString& path) {
+  std::unique_ptr<QWidget> widget(make());
+  widget->ensurePolished();
+  widget->adjustSize();
+  widget->show();
+  QApplication::sendPostedEvents();
+  widget->grab().save(path);
+}
+
+}  // namespace tallyfold::desktop
+
+int main(int argc, char** argv) {
+  using namespace tallyfold::desktop;
+  QApplication application(argc, argv);
+  QApplication::setFont(QFont(QStringLiteral("Inter"), 10));
+  InstallStyle(application);
+  const bool is_dark = argc > 2;
+  PaletteWatch watch(
+      std::make_unique<Wished>(is_dark ? ColorScheme::Wish::Dark : ColorScheme::Wish::Light));
+  const QString folder = argc > 1 ? QString::fromLocal8Bit(argv[1]) : QStringLiteral(".");
+  const QString ending = QLatin1String(is_dark ? "-dark.png" : "-light.png");
+  Grab(Controls, folder + QStringLiteral("/controls") + ending);
+  Grab(RowMenu, folder + QStringLiteral("/menu") + ending);
+  return 0;
+}
