@@ -2,6 +2,7 @@
 
 #include <QObject>
 
+class QAction;
 class QMenu;
 class QMenuBar;
 

@@ -46,11 +46,11 @@ AccountsList::AccountsList(const Parts& parts, QWidget* parent)
   table_->installEventFilter(this);
   connect(table_, &QTableView::clicked, this,
           [this](const QModelIndex& index) { Choose(index.row()); });
-  connect(table_, &PlainTable::RowActivated, this, [this](int row) {
-    parts_.drawer.Table_DoubleClick(static_cast<std::size_t>(row));
+  connect(table_, &PlainTable::RowActivated, this, [this](int activated) {
+    parts_.drawer.Table_DoubleClick(static_cast<std::size_t>(activated));
   });
-  connect(table_, &PlainTable::HeaderClicked, this, [this](const QString& column) {
-    parts_.drawer.ClickedTableColumn(ToUtf8(column));
+  connect(table_, &PlainTable::HeaderClicked, this, [this](const QString& clicked) {
+    parts_.drawer.ClickedTableColumn(ToUtf8(clicked));
   });
 }
 

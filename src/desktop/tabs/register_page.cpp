@@ -38,8 +38,8 @@ RegisterPage::RegisterPage(RegisterKind kind, const Parts& parts, QWidget* paren
   connect(table_, &PlainTable::RowSelected, this,
           [this](int row) { parts_.registers.Of(kind_).SelectRow(row); });
   connect(table_, &PlainTable::RowActivated, this, [this] { emit EditWanted(); });
-  connect(table_, &PlainTable::HeaderClicked, this, [this](const QString& column) {
-    parts_.registers.Of(kind_).ClickedTableColumn(ToUtf8(column));
+  connect(table_, &PlainTable::HeaderClicked, this, [this](const QString& clicked) {
+    parts_.registers.Of(kind_).ClickedTableColumn(ToUtf8(clicked));
   });
 
   first_->Tell(Text("This register is empty."),

@@ -69,8 +69,8 @@ ScheduleTab::ScheduleTab(const Parts& parts, QWidget* parent)
   connect(table_, &PlainTable::RowSelected, this,
           [this](int row) { parts_.schedules.Rows().SelectRow(row); });
   connect(table_, &PlainTable::RowActivated, this, [this] { emit EditWanted(); });
-  connect(table_, &PlainTable::HeaderClicked, this, [this](const QString& column) {
-    parts_.schedules.Rows().ClickedTableColumn(ToUtf8(column));
+  connect(table_, &PlainTable::HeaderClicked, this, [this](const QString& clicked) {
+    parts_.schedules.Rows().ClickedTableColumn(ToUtf8(clicked));
   });
 }
 
