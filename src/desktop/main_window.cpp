@@ -2,7 +2,6 @@
 
 #include <QAction>
 #include <QCloseEvent>
-#include <QFrame>
 #include <QHBoxLayout>
 #include <QMenu>
 #include <QMenuBar>
@@ -23,6 +22,7 @@
 #include "desktop/command_actions.h"
 #include "desktop/drawer/accounts_list.h"
 #include "desktop/look/measures.h"
+#include "desktop/look/rule_line.h"
 #include "desktop/menu_bar.h"
 #include "desktop/register/plain_table.h"
 #include "desktop/search_strip.h"
@@ -48,12 +48,6 @@ constexpr int kLeastDrawerWidth = 160;
 
 // Edges as the preferences number them.
 enum Edge { kLeft = 0, kBottom = 1, kRight = 2, kTop = 3 };
-
-QFrame* Rule(QWidget* parent) {
-  auto* rule = new QFrame(parent);
-  rule->setFrameShape(QFrame::HLine);
-  return rule;
-}
 
 }  // namespace
 
@@ -121,9 +115,9 @@ void MainWindow::LayOut() {
   column->setContentsMargins(0, 0, 0, 0);
   column->setSpacing(0);
   column->addWidget(strip);
-  column->addWidget(Rule(page_));
+  column->addWidget(new RuleLine(page_));
   column->addWidget(pages_, 1);
-  column->addWidget(Rule(page_));
+  column->addWidget(new RuleLine(page_));
   column->addWidget(pieces_.status);
 
   auto* whole = new QWidget(this);
@@ -131,7 +125,7 @@ void MainWindow::LayOut() {
   rows->setContentsMargins(0, 0, 0, 0);
   rows->setSpacing(0);
   rows->addWidget(pieces_.tools);
-  rows->addWidget(Rule(whole));
+  rows->addWidget(new RuleLine(whole));
   rows->addWidget(splitter_, 1);
   setCentralWidget(whole);
 }

@@ -1,7 +1,6 @@
 #include "desktop/sheets/sheet.h"
 
 #include <QCloseEvent>
-#include <QFrame>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QPushButton>
@@ -11,6 +10,7 @@
 
 #include "desktop/look/colors.h"
 #include "desktop/look/measures.h"
+#include "desktop/look/rule_line.h"
 #include "desktop/texts.h"
 
 namespace tallyfold::desktop {
@@ -46,14 +46,12 @@ SheetDialog::SheetDialog(QWidget* window, const QString& title)
   row->setContentsMargins(0, 0, 0, 0);
   row->setSpacing(kGap);
   row->addStretch(1);
-  auto* rule = new QFrame(this);
-  rule->setFrameShape(QFrame::HLine);
   auto* whole = new QVBoxLayout(this);
   whole->setContentsMargins(kSheetMargin, kTopMargin, kSheetMargin, kBottomMargin);
   whole->setSpacing(kRuleGap);
   whole->addLayout(body_);
   whole->addWidget(problem_);
-  whole->addWidget(rule);
+  whole->addWidget(new RuleLine(this));
   whole->addWidget(buttons_);
 }
 
