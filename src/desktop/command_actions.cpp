@@ -55,7 +55,9 @@ void SetTitle(QAction& action, const QString& title) {
   action.setText(WithoutMnemonics(title));
 }
 
-QString TitleOf(const QAction& action) { return action.property(kTitle).toString(); }
+QString TitleOf(const QAction& action) {
+  return action.property(kTitle).toString();
+}
 
 void AssignMnemonics(QMenu& menu) {
   const QList<QAction*> actions = menu.actions();
@@ -133,9 +135,9 @@ void CommandActions::Show() {
 
 void CommandActions::AddKeyEquivalent(const KeyEquivalent& equivalent) {
   using Key = KeyEquivalent::Command;
-  QAction* action = Named(equivalent.command == Key::depositEntry_MenuItem
-                              ? "depositEntry_MenuItem"
-                              : "schedule_Deposit_MenuItem");
+  QAction* action =
+      Named(equivalent.command == Key::depositEntry_MenuItem ? "depositEntry_MenuItem"
+                                                             : "schedule_Deposit_MenuItem");
   if (action == nullptr || equivalent.key != '+') return;
   const Qt::KeyboardModifiers held =
       equivalent.with_option ? Qt::ControlModifier | Qt::AltModifier : Qt::ControlModifier;

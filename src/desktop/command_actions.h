@@ -22,8 +22,8 @@ struct Command;
 
 namespace tallyfold::desktop {
 
-// An action for every command that is in a menu, with its keys: enabled exactly when the command can
-// run.
+// An action for every command that is in a menu, with its keys: enabled exactly when the command
+// can run.
 class CommandActions final : public QObject {
  public:
   // What knows titles and marks that change.

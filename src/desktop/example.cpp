@@ -25,7 +25,8 @@ bool OpenExample(ProcessLauncher& processes, const std::string& program) {
   std::vector<std::string> arguments{"HOME=" + ToUtf8(home.path())};
   // What lets a process open windows stands in the home folder where nothing else is said.
   if (qEnvironmentVariableIsEmpty("XAUTHORITY")) {
-    arguments.push_back("XAUTHORITY=" + ToUtf8(QDir::home().filePath(QLatin1String(".Xauthority"))));
+    arguments.push_back("XAUTHORITY=" +
+                        ToUtf8(QDir::home().filePath(QLatin1String(".Xauthority"))));
   }
   arguments.push_back(program);
   arguments.emplace_back(kExampleArgument);

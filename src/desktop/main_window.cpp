@@ -73,8 +73,8 @@ void MainWindow::MakePieces() {
   LDGRController& app = app_;
   actions_ = std::make_unique<CommandActions>(
       app, CommandActions::Parts{app.undo(), app.accountsDrawer(), app.tabs()}, *this);
-  menus_ = std::make_unique<MenuBar>(*menuBar(), *actions_,
-                                     MenuBar::Parts{app.menus(), app.search()});
+  menus_ =
+      std::make_unique<MenuBar>(*menuBar(), *actions_, MenuBar::Parts{app.menus(), app.search()});
   sheets_ = std::make_unique<SheetHost>(app.sheets(), *this);
   SetUpSheets(*sheets_, app);
 
@@ -93,10 +93,10 @@ void MainWindow::MakePieces() {
   pieces_.reconcile->AddAbove(pieces_.band);
   pieces_.schedule = new ScheduleTab({app.schedules(), app.desk()}, pages_);
   pieces_.summary = new SummaryTab({app.summaries(), app.desk()}, pages_);
-  pieces_.status = new StatusLine({app.balanceField(), app.registers(), app.entryReveal(),
-                                   app.recovery(), app.accountsStore(), app.preferencesStore(),
-                                   app.desk(), app.tabs()},
-                                  page_);
+  pieces_.status =
+      new StatusLine({app.balanceField(), app.registers(), app.entryReveal(), app.recovery(),
+                      app.accountsStore(), app.preferencesStore(), app.desk(), app.tabs()},
+                     page_);
 }
 
 void MainWindow::LayOut() {

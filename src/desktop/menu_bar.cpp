@@ -29,9 +29,18 @@ constexpr MenuTitle kMenus[] = {
 
 // Commands that begin a group of their menu.
 constexpr std::string_view kGroupStarts[] = {
-    "Save",        "lock",          "Quit",           "PreferencesSheet_Open",
-    "Entry_Edit",  "ShowOtherHalf", "SpeakEntry",     "Schedule_Edit",
-    "Schedule_CommitNext", "ScheduleReminderSheet_Open", "entry_MenuItem", "Search_Cancel",
+    "Save",
+    "lock",
+    "Quit",
+    "PreferencesSheet_Open",
+    "Entry_Edit",
+    "ShowOtherHalf",
+    "SpeakEntry",
+    "Schedule_Edit",
+    "Schedule_CommitNext",
+    "ScheduleReminderSheet_Open",
+    "entry_MenuItem",
+    "Search_Cancel",
     "Account_Lock",
 };
 

@@ -117,12 +117,11 @@ void StatusLine::ShowRows() {
   if (all == 0) {
     rows_->setText(Text("No entries"));
   } else if (shown != all) {
-    rows_->setText(ToQString(Message("{1} of {2} entries, sum {3}",
-                                     {std::to_string(shown), std::to_string(all), sum})));
-  } else {
     rows_->setText(ToQString(
-        Message(Plural("{1} entry, sum {2}", "{1} entries, sum {2}", shown),
-                {std::to_string(shown), sum})));
+        Message("{1} of {2} entries, sum {3}", {std::to_string(shown), std::to_string(all), sum})));
+  } else {
+    rows_->setText(ToQString(Message(Plural("{1} entry, sum {2}", "{1} entries, sum {2}", shown),
+                                     {std::to_string(shown), sum})));
   }
 }
 
@@ -156,8 +155,8 @@ void StatusLine::ShowNotice() {
     const QLatin1String image(kind == Notice::Recovered ? "tick"
                               : kind == Notice::Hidden  ? "filter"
                                                         : "warning");
-    notice_image_->setPixmap(PixmapNamed(image, kIconSize, devicePixelRatioF(),
-                                         ColorsOf(palette())[role]));
+    notice_image_->setPixmap(
+        PixmapNamed(image, kIconSize, devicePixelRatioF(), ColorsOf(palette())[role]));
     SetColor(*notice_, role);
   }
   notice_kind_ = kind;

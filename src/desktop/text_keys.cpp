@@ -6,7 +6,9 @@
 
 namespace tallyfold::desktop {
 
-TextKeys::TextKeys() { QCoreApplication::instance()->installEventFilter(this); }
+TextKeys::TextKeys() {
+  QCoreApplication::instance()->installEventFilter(this);
+}
 
 bool TextKeys::eventFilter(QObject* receiver, QEvent* event) {
   if (event->type() != QEvent::ShortcutOverride) return false;

@@ -27,9 +27,14 @@ constexpr Tool kLine = {""};
 constexpr std::string_view kNewSchedule = "new";
 
 constexpr Tool kRegisterTools[] = {
-    {"Entry_Debit", "debit"}, {"Entry_Deposit", "deposit"}, {"Entry_Transfer", "transfer"},
-    kLine,                    {"Entry_Edit", "edit"},       {"EntryRemoveConfirm_Begin", "remove"},
-    kLine,                    {"QIFImport", "import"},
+    {"Entry_Debit", "debit"},
+    {"Entry_Deposit", "deposit"},
+    {"Entry_Transfer", "transfer"},
+    kLine,
+    {"Entry_Edit", "edit"},
+    {"EntryRemoveConfirm_Begin", "remove"},
+    kLine,
+    {"QIFImport", "import"},
 };
 constexpr Tool kScheduleTools[] = {
     {kNewSchedule, "add"},

@@ -25,7 +25,6 @@ class ToolBars final : public QStackedWidget {
   void Show();
 
  private:
-
   QToolBar* MakeBar(Tab tab);
   void AddNewSchedule(QToolBar& bar);
 

@@ -110,7 +110,9 @@ void WindowFrontEnd::ShowArea(Area area) {
   }
 }
 
-bool WindowFrontEnd::EndEditing(Sheet sheet) { return window_.pieces().sheets->EndEditing(sheet); }
+bool WindowFrontEnd::EndEditing(Sheet sheet) {
+  return window_.pieces().sheets->EndEditing(sheet);
+}
 
 void WindowFrontEnd::AddKeyEquivalent(const KeyEquivalent& equivalent) {
   window_.pieces().actions->AddKeyEquivalent(equivalent);
@@ -123,7 +125,9 @@ void WindowFrontEnd::SetUpControls() {
   window_.pieces().status->ShowBalance();
 }
 
-void WindowFrontEnd::Internationalize() { window_.ShowTitle(); }
+void WindowFrontEnd::Internationalize() {
+  window_.ShowTitle();
+}
 
 void WindowFrontEnd::SetTabViewImages() {
   window_.pieces().tabs->SetImages();
@@ -136,16 +140,22 @@ void WindowFrontEnd::Show() {
   BringToFront();
 }
 
-void WindowFrontEnd::FocusSearchField() { window_.pieces().search->FocusField(); }
+void WindowFrontEnd::FocusSearchField() {
+  window_.pieces().search->FocusField();
+}
 
-void WindowFrontEnd::FocusAccountsTable() { window_.pieces().accounts->FocusTable(); }
+void WindowFrontEnd::FocusAccountsTable() {
+  window_.pieces().accounts->FocusTable();
+}
 
 void WindowFrontEnd::BringToFront() {
   window_.raise();
   window_.activateWindow();
 }
 
-void WindowFrontEnd::RememberFirstResponder() { first_responder_ = window_.focusWidget(); }
+void WindowFrontEnd::RememberFirstResponder() {
+  first_responder_ = window_.focusWidget();
+}
 
 void WindowFrontEnd::RestoreFirstResponder() {
   if (first_responder_) first_responder_->setFocus(Qt::OtherFocusReason);
@@ -155,9 +165,13 @@ void WindowFrontEnd::SetContentsEnabled(bool are_enabled) {
   window_.SetContentsEnabled(are_enabled);
 }
 
-bool WindowFrontEnd::IsMain() { return window_.isActiveWindow(); }
+bool WindowFrontEnd::IsMain() {
+  return window_.isActiveWindow();
+}
 
-bool WindowFrontEnd::UserIsTracking() { return EventWatch::UserIsTracking(); }
+bool WindowFrontEnd::UserIsTracking() {
+  return EventWatch::UserIsTracking();
+}
 
 void WindowFrontEnd::RedrawTitledWindows() {
   for (QWidget* window : QApplication::topLevelWidgets()) {
@@ -166,6 +180,8 @@ void WindowFrontEnd::RedrawTitledWindows() {
   }
 }
 
-void WindowFrontEnd::Close() { window_.close(); }
+void WindowFrontEnd::Close() {
+  window_.close();
+}
 
 }  // namespace tallyfold::desktop

@@ -49,9 +49,8 @@ AccountsList::AccountsList(const Parts& parts, QWidget* parent)
   connect(table_, &PlainTable::RowActivated, this, [this](int activated) {
     parts_.drawer.Table_DoubleClick(static_cast<std::size_t>(activated));
   });
-  connect(table_, &PlainTable::HeaderClicked, this, [this](const QString& clicked) {
-    parts_.drawer.ClickedTableColumn(ToUtf8(clicked));
-  });
+  connect(table_, &PlainTable::HeaderClicked, this,
+          [this](const QString& clicked) { parts_.drawer.ClickedTableColumn(ToUtf8(clicked)); });
 }
 
 void AccountsList::Choose(int row) {
@@ -82,6 +81,8 @@ void AccountsList::Show() {
   total_->setText(ToQString(RegisterAmountText(sum, parts_.desk.preferences())));
 }
 
-void AccountsList::FocusTable() { table_->setFocus(Qt::OtherFocusReason); }
+void AccountsList::FocusTable() {
+  table_->setFocus(Qt::OtherFocusReason);
+}
 
 }  // namespace tallyfold::desktop

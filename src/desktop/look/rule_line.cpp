@@ -7,7 +7,9 @@
 
 namespace tallyfold::desktop {
 
-RuleLine::RuleLine(QWidget* parent) : QWidget(parent) { setFixedHeight(1); }
+RuleLine::RuleLine(QWidget* parent) : QWidget(parent) {
+  setFixedHeight(1);
+}
 
 void RuleLine::paintEvent(QPaintEvent*) {
   QPainter painter(this);

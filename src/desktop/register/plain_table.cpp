@@ -22,9 +22,9 @@ class PlainTable::Model final : public QAbstractTableModel {
   QVariant data(const QModelIndex& index, int role) const override {
     const auto* source = table_.DataSource();
     if (source == nullptr || (role != Qt::DisplayRole && role != Qt::TextAlignmentRole)) return {};
-    const auto cell = source->tableView(
-        table_.Columns()[static_cast<std::size_t>(index.column())].identifier,
-        static_cast<std::size_t>(index.row()));
+    const auto cell =
+        source->tableView(table_.Columns()[static_cast<std::size_t>(index.column())].identifier,
+                          static_cast<std::size_t>(index.row()));
     if (role == Qt::DisplayRole) return ToQString(cell.text);
     return cell.alignment == TableCell::Alignment::Right
                ? QVariant(Qt::AlignRight | Qt::AlignVCenter)
@@ -58,13 +58,14 @@ PlainTable::PlainTable(TableState& table, QWidget* parent)
   connect(this, &QTableView::doubleClicked, this,
           [this](const QModelIndex& index) { emit RowActivated(index.row()); });
   connect(horizontalHeader(), &QHeaderView::sectionClicked, this, [this](int section) {
-    emit HeaderClicked(
-        ToQString(table_.Columns()[static_cast<std::size_t>(section)].identifier));
+    emit HeaderClicked(ToQString(table_.Columns()[static_cast<std::size_t>(section)].identifier));
   });
   ShowColumns();
 }
 
-PlainTable::~PlainTable() { table_.SetShownBy(nullptr); }
+PlainTable::~PlainTable() {
+  table_.SetShownBy(nullptr);
+}
 
 void PlainTable::keyPressEvent(QKeyEvent* event) {
   if (event->key() == Qt::Key_Return && currentIndex().isValid()) {
@@ -78,8 +79,7 @@ void PlainTable::ShowColumns() {
   is_showing_ = true;
   model_->Reset();
   for (int i = 0; i < model_->columnCount(); ++i) {
-    setColumnWidth(i,
-                   static_cast<int>(table_.Columns()[static_cast<std::size_t>(i)].width * 1.3));
+    setColumnWidth(i, static_cast<int>(table_.Columns()[static_cast<std::size_t>(i)].width * 1.3));
   }
   ShowSelection();
 }
@@ -103,6 +103,8 @@ void PlainTable::TableChanged(const TableState&, TableState::Change change) {
   }
 }
 
-void PlainTable::RowsChanged(const TableState&, const RowsChange&) { ShowColumns(); }
+void PlainTable::RowsChanged(const TableState&, const RowsChange&) {
+  ShowColumns();
+}
 
 }  // namespace tallyfold::desktop

@@ -44,6 +44,8 @@ ExitGuard::ExitGuard(std::function<void()> save) {
   static_cast<void>(is_registered);
 }
 
-ExitGuard::~ExitGuard() { SaveAtExit() = nullptr; }
+ExitGuard::~ExitGuard() {
+  SaveAtExit() = nullptr;
+}
 
 }  // namespace tallyfold::desktop

@@ -15,8 +15,7 @@ namespace tallyfold::desktop {
 class ProcessEnd final : public QObject {
  public:
   // `descriptor` is readable once a signal has come; `by_signal` then takes it.
-  ProcessEnd(int descriptor, std::function<void()> by_signal,
-             std::function<void()> by_session_end);
+  ProcessEnd(int descriptor, std::function<void()> by_signal, std::function<void()> by_session_end);
 
  private:
   QSocketNotifier notifier_;

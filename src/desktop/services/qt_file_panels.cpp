@@ -13,8 +13,7 @@ namespace tallyfold::desktop {
 // Ends only with a name that the request's check takes.
 class QtFilePanels::Panel final : public QFileDialog {
  public:
-  explicit Panel(FileNameCheck* check)
-      : QFileDialog(QApplication::activeWindow()), check_(check) {
+  explicit Panel(FileNameCheck* check) : QFileDialog(QApplication::activeWindow()), check_(check) {
     setOption(QFileDialog::DontUseNativeDialog);
     if (check != nullptr) setOption(QFileDialog::DontConfirmOverwrite);
   }

@@ -19,7 +19,9 @@ QtRunLoop::QtRunLoop() {
   QObject::connect(&timer_, &QTimer::timeout, &timer_, [this] { RunOneCall(); });
 }
 
-milliseconds QtRunLoop::Now() const { return milliseconds(time_.elapsed()); }
+milliseconds QtRunLoop::Now() const {
+  return milliseconds(time_.elapsed());
+}
 
 RunLoop::CallId QtRunLoop::CallAfter(milliseconds delay, Task task) {
   const CallId id = ++last_id_;

@@ -29,8 +29,12 @@ QuestionSheet::QuestionSheet(Question question, QWidget* window)
   }
 }
 
-void QuestionSheet::ShowState() { text_->setText(ToQString(question_.text())); }
+void QuestionSheet::ShowState() {
+  text_->setText(ToQString(question_.text()));
+}
 
-void QuestionSheet::Cancel() { question_.answers.front().run(); }
+void QuestionSheet::Cancel() {
+  question_.answers.front().run();
+}
 
 }  // namespace tallyfold::desktop

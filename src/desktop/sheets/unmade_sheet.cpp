@@ -18,6 +18,8 @@ UnmadeSheet::UnmadeSheet(SheetSlot& slot, QWidget* window)
           [this] { Cancel(); });
 }
 
-void UnmadeSheet::Cancel() { slot_.CancelOpen(); }
+void UnmadeSheet::Cancel() {
+  slot_.CancelOpen();
+}
 
 }  // namespace tallyfold::desktop

@@ -41,8 +41,7 @@ DetailsLine::DetailsLine(const Desk& desk, QWidget* parent) : QLabel(parent), de
 
 void DetailsLine::Show() {
   const auto entry = desk_.SelectedEntry();
-  const QString details =
-      entry != nullptr ? DetailsOf(*entry, desk_.preferences()) : QString();
+  const QString details = entry != nullptr ? DetailsOf(*entry, desk_.preferences()) : QString();
   const bool is_dim = entry != nullptr && details.isEmpty();
   setForegroundRole(is_dim ? QPalette::PlaceholderText : QPalette::WindowText);
   setText(is_dim ? Text("No notes, no split") : details);

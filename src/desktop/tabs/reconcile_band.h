@@ -13,8 +13,8 @@ class ReconcileTab;
 
 namespace tallyfold::desktop {
 
-// The figures above the register of the Reconcile tab: the statement's balance, what is resolved and
-// the difference, and below them what may explain it.
+// The figures above the register of the Reconcile tab: the statement's balance, what is resolved
+// and the difference, and below them what may explain it.
 class ReconcileBand final : public QWidget {
   Q_OBJECT
 
@@ -34,7 +34,6 @@ class ReconcileBand final : public QWidget {
   void EntriesSelected();
 
  private:
-
   void ShowExplanation();
   void EndEditing();
   void SelectEntries();

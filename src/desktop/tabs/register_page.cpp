@@ -45,13 +45,14 @@ RegisterPage::RegisterPage(RegisterKind kind, const Parts& parts, QWidget* paren
   first_->Tell(Text("This register is empty."),
                Text("Enter what you spend and receive, bring in a file from your bank, or look "
                     "around in an example."));
-  connect(first_->AddButton("empty_Debit_Button", "Enter a Debit", "debit"),
-          &QPushButton::clicked, this, &RegisterPage::EntryWanted);
+  connect(first_->AddButton("empty_Debit_Button", "Enter a Debit", "debit"), &QPushButton::clicked,
+          this, &RegisterPage::EntryWanted);
   connect(first_->AddButton("empty_Import_Button", "Import a File...", "import"),
           &QPushButton::clicked, this, &RegisterPage::ImportWanted);
   connect(first_->AddButton("empty_Example_Button", "Open the Example", "accounts"),
           &QPushButton::clicked, this, &RegisterPage::ExampleWanted);
-  first_->SetNote(Text("The example is a copy in a folder of its own. Nothing of yours is touched."));
+  first_->SetNote(
+      Text("The example is a copy in a folder of its own. Nothing of yours is touched."));
   connect(show_all_, &QPushButton::clicked, this, [this] {
     FocusTable();
     parts_.search.Filter_Select(filter_type::kGeneral);
@@ -64,7 +65,9 @@ void RegisterPage::AddAbove(QWidget* widget) {
   column->insertWidget(column->indexOf(table_), widget);
 }
 
-void RegisterPage::FocusTable() { table_->setFocus(Qt::OtherFocusReason); }
+void RegisterPage::FocusTable() {
+  table_->setFocus(Qt::OtherFocusReason);
+}
 
 void RegisterPage::Show() {
   const auto account = parts_.desk.SelectedAccount();
@@ -94,6 +97,8 @@ void RegisterPage::ShowNothingFound(std::size_t hidden) {
   hidden_->Tell(QString(), ToQString(sentence));
 }
 
-void RegisterPage::ShowDetails() { details_->Show(); }
+void RegisterPage::ShowDetails() {
+  details_->Show();
+}
 
 }  // namespace tallyfold::desktop

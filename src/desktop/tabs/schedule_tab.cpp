@@ -74,7 +74,9 @@ ScheduleTab::ScheduleTab(const Parts& parts, QWidget* parent)
   });
 }
 
-void ScheduleTab::FocusTable() { table_->setFocus(Qt::OtherFocusReason); }
+void ScheduleTab::FocusTable() {
+  table_->setFocus(Qt::OtherFocusReason);
+}
 
 void ScheduleTab::Show() {
   empty_->setVisible(parts_.desk.SelectedAccount() != nullptr &&
@@ -86,12 +88,11 @@ void ScheduleTab::ShowDates() {
   delete dates_->layout();
   qDeleteAll(dates_->findChildren<QWidget*>(Qt::FindDirectChildrenOnly));
   const auto schedule = parts_.schedules.Rows().SelectedSchedule();
-  heading_->setText(
-      schedule == nullptr
-          ? QString()
-          : ToQString(Message("Next dates of {1}", {schedule->GetDescription().empty()
-                                                        ? schedule->GetToFrom()
-                                                        : schedule->GetDescription()})));
+  heading_->setText(schedule == nullptr ? QString()
+                                        : ToQString(Message("Next dates of {1}",
+                                                            {schedule->GetDescription().empty()
+                                                                 ? schedule->GetToFrom()
+                                                                 : schedule->GetDescription()})));
   auto* grid = new QGridLayout(dates_);
   grid->setContentsMargins(kOuterCellPadding, 0, kOuterCellPadding, kGap);
   grid->setHorizontalSpacing(kWideGap);

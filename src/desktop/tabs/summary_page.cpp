@@ -97,7 +97,8 @@ class ShareBar final : public QWidget {
 
 class Maker {
  public:
-  Maker(QWidget* page, const LDGRPreferences& preferences) : page_(page), preferences_(preferences) {}
+  Maker(QWidget* page, const LDGRPreferences& preferences)
+      : page_(page), preferences_(preferences) {}
 
   [[nodiscard]] QString Amount(double amount) const {
     return ToQString(RegisterAmountText(amount, preferences_));
@@ -148,8 +149,7 @@ QLayout* Maker::Head(const SummaryLayout::Head& head) const {
 void Maker::AddAmounts(QGridLayout& grid, int row, const SummaryLayout::Amounts& amounts,
                        bool is_bold) const {
   int column = 2;
-  for (const double amount :
-       {amounts.debits, amounts.deposits, amounts.transfers, amounts.total}) {
+  for (const double amount : {amounts.debits, amounts.deposits, amounts.transfers, amounts.total}) {
     grid.addWidget(Cell(page_, Amount(amount), true, is_bold), row, column++);
   }
 }
@@ -212,8 +212,8 @@ QLayout* Maker::Block(const SummaryLayout& layout, const SummaryLayout::Block& b
     grid->addWidget(Cell(page_, QString::number(line.count), true), row, 1);
     grid->addWidget(Cell(page_, Amount(line.amount), true), row, 2);
     grid->addWidget(new ShareBar(line.share, page_), row, 3);
-    grid->addWidget(
-        Cell(page_, QStringLiteral("%1%").arg(100.0 * line.share, 0, 'f', 1), true), row, 4);
+    grid->addWidget(Cell(page_, QStringLiteral("%1%").arg(100.0 * line.share, 0, 'f', 1), true),
+                    row, 4);
     ++row;
   }
   grid->setColumnStretch(0, 1);

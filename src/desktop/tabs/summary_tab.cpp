@@ -53,7 +53,9 @@ SummaryTab::SummaryTab(const Parts& parts, QWidget* parent)
   });
 }
 
-void SummaryTab::FocusList() { list_->setFocus(Qt::OtherFocusReason); }
+void SummaryTab::FocusList() {
+  list_->setFocus(Qt::OtherFocusReason);
+}
 
 void SummaryTab::Show() {
   const AccountSummaryTabState& state = parts_.summaries.State();
