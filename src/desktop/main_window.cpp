@@ -19,12 +19,12 @@
 #include "app/face/window_hooks.h"
 #include "app/shell/lifecycle.h"
 #include "app/shell/tabs.h"
+#include "app/views/reconcile_tab.h"
 #include "desktop/command_actions.h"
 #include "desktop/drawer/accounts_list.h"
 #include "desktop/look/measures.h"
 #include "desktop/look/rule_line.h"
 #include "desktop/menu_bar.h"
-#include "desktop/register/plain_table.h"
 #include "desktop/search_strip.h"
 #include "desktop/services/user_settings.h"
 #include "desktop/sheets/sheet_host.h"
@@ -86,7 +86,7 @@ void MainWindow::MakePieces() {
   pieces_.tabs = new TabStrip(app.tabs(), page_);
   pieces_.search =
       new SearchStrip({app.search(), app.textEditing(), app.tabs(), app.desk()}, page_);
-  const RegisterPage::Parts rows{app.registers(), app.search(), app.desk()};
+  const RegisterPage::Parts rows{app.registers(), app.search(), app.entries(), app.desk()};
   pieces_.entries = new RegisterPage(RegisterKind::Entry, rows, pages_);
   pieces_.reconcile = new RegisterPage(RegisterKind::Reconcile, rows, pages_);
   pieces_.band = new ReconcileBand({app.reconcileTab(), app.desk()}, pieces_.reconcile);
@@ -139,6 +139,13 @@ void MainWindow::Connect() {
     connect(page, &RegisterPage::EntryWanted, this, order("Entry_Debit"));
     connect(page, &RegisterPage::ImportWanted, this, order("QIFImport"));
     connect(page, &RegisterPage::EditWanted, this, order("Entry_Edit"));
+    connect(page, &RegisterPage::RemoveWanted, this, order("EntryRemoveConfirm_Begin"));
+    connect(page, &RegisterPage::MarkAndMoveOnWanted, this,
+            [this] { app_.reconcileTab().TurnClearedOverAndMoveOn(); });
+    connect(page, &RegisterPage::RowMenuWanted, this,
+            [this](const QPoint& place) { menus_->EntryMenu()->popup(place); });
+    connect(page, &RegisterPage::SelectionChanged, this, [this] { pieces_.status->ShowRows(); });
+    connect(page, &RegisterPage::Left, this, [this] { pieces_.search->FocusField(); });
     connect(page, &RegisterPage::ExampleWanted, this, [this] {
       if (open_example_) open_example_();
     });
@@ -146,6 +153,9 @@ void MainWindow::Connect() {
   connect(pieces_.band, &ReconcileBand::EntriesSelected, this, &MainWindow::FocusPage);
   connect(pieces_.schedule, &ScheduleTab::ScheduleWanted, this, order("Schedule_Debit"));
   connect(pieces_.schedule, &ScheduleTab::EditWanted, this, order("Schedule_Edit"));
+  connect(pieces_.schedule, &ScheduleTab::RemoveWanted, this, order("ScheduleRemoveConfirm_Begin"));
+  connect(pieces_.schedule, &ScheduleTab::RowMenuWanted, this,
+          [this](const QPoint& place) { menus_->ScheduleMenu()->popup(place); });
   connect(splitter_, &QSplitter::splitterMoved, this, [this] {
     const QSize size = pieces_.accounts->size();
     const bool is_beside = splitter_->orientation() == Qt::Horizontal;
@@ -159,6 +169,13 @@ void MainWindow::ShowTitle() {
   if (!title_ending_.isEmpty()) title += QLatin1String(" ") + title_ending_;
   // Twice it is what it says, once it would be the mark of a changed document.
   setWindowTitle(title.replace(QLatin1String("[*]"), QLatin1String("[*][*]")));
+}
+
+void MainWindow::ShowLook() {
+  pieces_.accounts->ShowLook();
+  pieces_.entries->ShowLook();
+  pieces_.reconcile->ShowLook();
+  pieces_.schedule->ShowLook();
 }
 
 void MainWindow::ShowDrawer() {

@@ -59,6 +59,8 @@ class MainWindow final : public QMainWindow {
   void SetOpenExample(std::function<void()> open) { open_example_ = std::move(open); }
 
   void ShowTitle();
+  // Draws all tables as the preferences want them now.
+  void ShowLook();
   // Places the drawer at the edge of the preferences, open or closed, as wide as they want it.
   void ShowDrawer();
   // Shows the page of the tab.

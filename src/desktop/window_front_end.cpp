@@ -118,6 +118,11 @@ void WindowFrontEnd::AddKeyEquivalent(const KeyEquivalent& equivalent) {
   window_.pieces().actions->AddKeyEquivalent(equivalent);
 }
 
+// The height of the rows goes with the font.
+void WindowFrontEnd::updateTableFonts() {
+  window_.ShowLook();
+}
+
 void WindowFrontEnd::SetUpControls() {
   window_.ShowDrawer();
   window_.pieces().search->Show();

@@ -23,6 +23,7 @@ class WindowFrontEnd final : public FrontEnd, public WindowHooks {
   [[nodiscard]] bool EndEditing(Sheet sheet) override;
 
   void AddKeyEquivalent(const KeyEquivalent& equivalent) override;
+  void updateTableFonts() override;
   void SetUpControls() override;
   void Internationalize() override;
   void SetTabViewImages() override;

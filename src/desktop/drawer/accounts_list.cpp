@@ -1,15 +1,16 @@
 #include "desktop/drawer/accounts_list.h"
 
 #include <QHBoxLayout>
-#include <QHeaderView>
 #include <QKeyEvent>
 #include <QLabel>
+#include <QMouseEvent>
+#include <QTimer>
 #include <QVBoxLayout>
 
 #include "app/accounts/accounts_drawer.h"
 #include "app/desk.h"
 #include "desktop/look/measures.h"
-#include "desktop/register/plain_table.h"
+#include "desktop/register/register_view.h"
 #include "desktop/texts.h"
 #include "registers/register_look.h"
 
@@ -18,7 +19,7 @@ namespace tallyfold::desktop {
 AccountsList::AccountsList(const Parts& parts, QWidget* parent)
     : QWidget(parent),
       parts_(parts),
-      table_(new PlainTable(parts.drawer.Table(), this)),
+      table_(new RegisterView(parts.drawer.Table(), this)),
       caption_(new QLabel(Text("Total"), this)),
       total_(new QLabel(this)) {
   setObjectName(QLatin1String("accountsDrawer"));
@@ -43,13 +44,14 @@ AccountsList::AccountsList(const Parts& parts, QWidget* parent)
   row->addWidget(total_);
   column->addWidget(line);
 
+  table_->SetSelectsOneRow(true);
+  table_->SetHasMonthRules(false);
   table_->installEventFilter(this);
-  connect(table_, &QTableView::clicked, this,
-          [this](const QModelIndex& index) { Choose(index.row()); });
-  connect(table_, &PlainTable::RowActivated, this, [this](int activated) {
+  table_->viewport()->installEventFilter(this);
+  connect(table_, &RegisterView::RowActivated, this, [this](int activated) {
     parts_.drawer.Table_DoubleClick(static_cast<std::size_t>(activated));
   });
-  connect(table_, &PlainTable::HeaderClicked, this,
+  connect(table_, &RegisterView::HeaderClicked, this,
           [this](const QString& clicked) { parts_.drawer.ClickedTableColumn(ToUtf8(clicked)); });
 }
 
@@ -59,6 +61,14 @@ void AccountsList::Choose(int row) {
 }
 
 bool AccountsList::eventFilter(QObject* receiver, QEvent* event) {
+  if (receiver == table_->viewport() && event->type() == QEvent::MouseButtonRelease) {
+    const auto* mouse = static_cast<const QMouseEvent*>(event);
+    const QModelIndex index = table_->indexAt(mouse->position().toPoint());
+    if (mouse->button() == Qt::LeftButton && index.isValid()) {
+      // The table lets go of the button first.
+      QTimer::singleShot(0, this, [this, row = index.row()] { Choose(row); });
+    }
+  }
   // Arrows only move: an account may ask for its password.
   if (receiver == table_ && event->type() == QEvent::KeyPress) {
     const int key = static_cast<const QKeyEvent*>(event)->key();
@@ -68,6 +78,10 @@ bool AccountsList::eventFilter(QObject* receiver, QEvent* event) {
     }
   }
   return QWidget::eventFilter(receiver, event);
+}
+
+void AccountsList::ShowLook() {
+  table_->SetLook(TableLookOf(parts_.desk.preferences(), font()));
 }
 
 void AccountsList::Show() {

@@ -12,7 +12,7 @@ class Desk;
 
 namespace tallyfold::desktop {
 
-class PlainTable;
+class RegisterView;
 
 // The list of the accounts, with the sum of those that are not locked below.
 class AccountsList final : public QWidget {
@@ -25,6 +25,8 @@ class AccountsList final : public QWidget {
   AccountsList(const Parts& parts, QWidget* parent);
 
   void Show();
+  // Draws everything as the preferences want it now.
+  void ShowLook();
   void FocusTable();
 
  private:
@@ -33,7 +35,7 @@ class AccountsList final : public QWidget {
   void Choose(int row);
 
   Parts parts_;
-  PlainTable* table_;
+  RegisterView* table_;
   QLabel* caption_;
   QLabel* total_;
 };

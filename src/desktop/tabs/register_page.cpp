@@ -5,9 +5,10 @@
 #include <string>
 
 #include "app/desk.h"
+#include "app/entries/entry_editing.h"
 #include "app/face/message.h"
 #include "app/views/registers.h"
-#include "desktop/register/plain_table.h"
+#include "desktop/register/register_view.h"
 #include "desktop/tabs/details_line.h"
 #include "desktop/tabs/empty_page.h"
 #include "desktop/texts.h"
@@ -20,7 +21,8 @@ RegisterPage::RegisterPage(RegisterKind kind, const Parts& parts, QWidget* paren
     : QWidget(parent),
       kind_(kind),
       parts_(parts),
-      table_(new PlainTable(*parts.registers.Of(kind).GetTableView(), this)),
+      glyphs_(parts.registers.Of(kind)),
+      table_(new RegisterView(*parts.registers.Of(kind).GetTableView(), this)),
       details_(new DetailsLine(parts.desk, this)),
       first_(new EmptyPage(*table_, "entries")),
       hidden_(new EmptyPage(*table_, "filter")),
@@ -35,12 +37,9 @@ RegisterPage::RegisterPage(RegisterKind kind, const Parts& parts, QWidget* paren
   column->addWidget(table_, 1);
   column->addWidget(details_);
 
-  connect(table_, &PlainTable::RowSelected, this,
-          [this](int row) { parts_.registers.Of(kind_).SelectRow(row); });
-  connect(table_, &PlainTable::RowActivated, this, [this] { emit EditWanted(); });
-  connect(table_, &PlainTable::HeaderClicked, this, [this](const QString& clicked) {
-    parts_.registers.Of(kind_).ClickedTableColumn(ToUtf8(clicked));
-  });
+  table_->SetDetails(&glyphs_);
+  table_->SetMarksAreBoxes(!is_entry);
+  ConnectTable();
 
   first_->Tell(Text("This register is empty."),
                Text("Enter what you spend and receive, bring in a file from your bank, or look "
@@ -58,6 +57,40 @@ RegisterPage::RegisterPage(RegisterKind kind, const Parts& parts, QWidget* paren
     parts_.search.Filter_Select(filter_type::kGeneral);
     FocusTable();
   });
+}
+
+void RegisterPage::ConnectTable() {
+  const auto rows = [this]() -> LDGRAccountTableViewData& { return parts_.registers.Of(kind_); };
+  connect(table_, &RegisterView::RowSelected, this, [rows](int row) { rows().SelectRow(row); });
+  connect(table_, &RegisterView::RowActivated, this, &RegisterPage::EditWanted);
+  connect(table_, &RegisterView::MarkWanted, this, &RegisterPage::TurnMark);
+  connect(table_, &RegisterView::MarkKeyPressed, this, [this](int row) {
+    if (kind_ == RegisterKind::Reconcile) {
+      emit MarkAndMoveOnWanted();
+    } else {
+      TurnMark(row);
+    }
+  });
+  connect(table_, &RegisterView::RemoveWanted, this, &RegisterPage::RemoveWanted);
+  connect(table_, &RegisterView::RowMenuWanted, this, &RegisterPage::RowMenuWanted);
+  connect(table_, &RegisterView::SelectionChanged, this, &RegisterPage::SelectionChanged);
+  connect(table_, &RegisterView::Escaped, this, &RegisterPage::Left);
+  connect(table_, &RegisterView::HeaderClicked, this,
+          [rows](const QString& column) { rows().ClickedTableColumn(ToUtf8(column)); });
+  connect(table_, &RegisterView::ColumnHideWanted, this,
+          [rows](const QString& column) { rows().HideTableColumnWithIdentifier(ToUtf8(column)); });
+  connect(table_, &RegisterView::ColumnShowWanted, this,
+          [rows](const QString& column) { rows().ShowTableColumnWithIdentifier(ToUtf8(column)); });
+}
+
+void RegisterPage::TurnMark(int row) {
+  if (const auto entry = parts_.registers.Of(kind_).RowToEntry(row)) {
+    parts_.editing.TurnClearedOver(entry);
+  }
+}
+
+void RegisterPage::ShowLook() {
+  table_->SetLook(TableLookOf(parts_.desk.preferences(), font()));
 }
 
 void RegisterPage::AddAbove(QWidget* widget) {

@@ -2,12 +2,12 @@
 
 #include <QWidget>
 
+#include "desktop/register/entry_details.h"
 #include "filters/register_search.h"
 
 class QPushButton;
 
 namespace tallyfold {
-class AccountsStore;
 class Desk;
 class EntryEditing;
 class Registers;
@@ -17,7 +17,7 @@ namespace tallyfold::desktop {
 
 class DetailsLine;
 class EmptyPage;
-class PlainTable;
+class RegisterView;
 
 // A register with its details line, and what stands in its place while it has no rows.
 class RegisterPage final : public QWidget {
@@ -28,6 +28,7 @@ class RegisterPage final : public QWidget {
   struct Parts {
     Registers& registers;
     RegisterSearch& search;
+    EntryEditing& editing;
     const Desk& desk;
   };
   RegisterPage(RegisterKind kind, const Parts& parts, QWidget* parent);
@@ -36,23 +37,35 @@ class RegisterPage final : public QWidget {
   void AddAbove(QWidget* widget);
   void Show();
   void ShowDetails();
+  // Draws everything as the preferences want it now.
+  void ShowLook();
   void FocusTable();
-  [[nodiscard]] PlainTable* Table() const noexcept { return table_; }
+  [[nodiscard]] RegisterView* Table() const noexcept { return table_; }
 
  signals:
   // What the buttons of an empty register order.
   void EntryWanted();
   void ImportWanted();
   void ExampleWanted();
-  // The row is to be edited; it is the selected one.
+  // What keys, clicks and the menu of the selected row order.
   void EditWanted();
+  void RemoveWanted();
+  void MarkAndMoveOnWanted();
+  void RowMenuWanted(const QPoint& place);
+  // Other rows are selected than before.
+  void SelectionChanged();
+  // The user is done with the rows.
+  void Left();
 
  private:
+  void ConnectTable();
   void ShowNothingFound(std::size_t hidden);
+  void TurnMark(int row);
 
   const RegisterKind kind_;
   Parts parts_;
-  PlainTable* table_;
+  EntryDetails glyphs_;
+  RegisterView* table_;
   DetailsLine* details_;
   EmptyPage* first_;
   EmptyPage* hidden_;

@@ -11,7 +11,7 @@
 #include "app/face/message.h"
 #include "app/schedules/schedules_tab.h"
 #include "desktop/look/measures.h"
-#include "desktop/register/plain_table.h"
+#include "desktop/register/register_view.h"
 #include "desktop/tabs/empty_page.h"
 #include "desktop/texts.h"
 #include "registers/schedule_dates.h"
@@ -35,11 +35,14 @@ ScheduleTab::ScheduleTab(const Parts& parts, QWidget* parent)
     : QWidget(parent),
       parts_(parts),
       splitter_(new QSplitter(Qt::Vertical, this)),
-      table_(new PlainTable(parts.schedules.Table(), splitter_)),
+      words_(parts.schedules.Rows()),
+      table_(new RegisterView(parts.schedules.Table(), splitter_)),
       empty_(new EmptyPage(*table_, "schedule")),
       heading_(PlainLabel(this, QString(), false)) {
   table_->setObjectName(QLatin1String("schedule_Table"));
   table_->setAccessibleName(Text("Scheduled Entries"));
+  table_->SetDetails(&words_);
+  table_->SetSelectsOneRow(true);
   splitter_->setObjectName(QLatin1String("schedule_Splitter"));
   splitter_->setChildrenCollapsible(false);
   auto* below = new QWidget(splitter_);
@@ -54,6 +57,7 @@ ScheduleTab::ScheduleTab(const Parts& parts, QWidget* parent)
   area->setWidgetResizable(true);
   area->setFrameShape(QFrame::NoFrame);
   area->setFocusPolicy(Qt::NoFocus);
+  area->setMinimumHeight(kLinesInColumn * RowHeight(fontMetrics()) + kWideGap);
   dates_ = new QWidget(area);
   dates_->setObjectName(QLatin1String("schedule_Dates"));
   area->setWidget(dates_);
@@ -66,12 +70,24 @@ ScheduleTab::ScheduleTab(const Parts& parts, QWidget* parent)
   empty_->Tell(QString(), Text("Nothing is scheduled in this account."));
   connect(empty_->AddButton("empty_Schedule_Button", "New Scheduled Debit..."),
           &QPushButton::clicked, this, &ScheduleTab::ScheduleWanted);
-  connect(table_, &PlainTable::RowSelected, this,
+  connect(table_, &RegisterView::RowSelected, this,
           [this](int row) { parts_.schedules.Rows().SelectRow(row); });
-  connect(table_, &PlainTable::RowActivated, this, [this] { emit EditWanted(); });
-  connect(table_, &PlainTable::HeaderClicked, this, [this](const QString& clicked) {
+  connect(table_, &RegisterView::RowActivated, this, &ScheduleTab::EditWanted);
+  connect(table_, &RegisterView::RemoveWanted, this, &ScheduleTab::RemoveWanted);
+  connect(table_, &RegisterView::RowMenuWanted, this, &ScheduleTab::RowMenuWanted);
+  connect(table_, &RegisterView::ColumnHideWanted, this, [this](const QString& hidden) {
+    parts_.schedules.Rows().HideTableColumnWithIdentifier(ToUtf8(hidden));
+  });
+  connect(table_, &RegisterView::ColumnShowWanted, this, [this](const QString& shown) {
+    parts_.schedules.Rows().ShowTableColumnWithIdentifier(ToUtf8(shown));
+  });
+  connect(table_, &RegisterView::HeaderClicked, this, [this](const QString& clicked) {
     parts_.schedules.Rows().ClickedTableColumn(ToUtf8(clicked));
   });
+}
+
+void ScheduleTab::ShowLook() {
+  table_->SetLook(TableLookOf(parts_.desk.preferences(), font()));
 }
 
 void ScheduleTab::FocusTable() {

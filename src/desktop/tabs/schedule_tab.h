@@ -2,6 +2,8 @@
 
 #include <QWidget>
 
+#include "desktop/register/entry_details.h"
+
 class QLabel;
 class QSplitter;
 
@@ -13,7 +15,7 @@ class SchedulesTab;
 namespace tallyfold::desktop {
 
 class EmptyPage;
-class PlainTable;
+class RegisterView;
 
 // The scheduled entries, and below them the next dates of the selected one.
 class ScheduleTab final : public QWidget {
@@ -28,20 +30,25 @@ class ScheduleTab final : public QWidget {
   ScheduleTab(const Parts& parts, QWidget* parent);
 
   void Show();
+  // Draws everything as the preferences want it now.
+  void ShowLook();
   void FocusTable();
-  [[nodiscard]] PlainTable* Table() const noexcept { return table_; }
+  [[nodiscard]] RegisterView* Table() const noexcept { return table_; }
   [[nodiscard]] QSplitter* Splitter() const noexcept { return splitter_; }
 
  signals:
   void ScheduleWanted();
   void EditWanted();
+  void RemoveWanted();
+  void RowMenuWanted(const QPoint& place);
 
  private:
   void ShowDates();
 
   Parts parts_;
   QSplitter* splitter_;
-  PlainTable* table_;
+  ScheduleDetails words_;
+  RegisterView* table_;
   EmptyPage* empty_;
   QLabel* heading_;
   QWidget* dates_;
