@@ -6,6 +6,7 @@
 #include <QComboBox>
 #include <QFontDatabase>
 #include <QHBoxLayout>
+#include <QKeySequence>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMenu>
@@ -15,16 +16,19 @@
 #include <QSpinBox>
 #include <QStyleOption>
 #include <QTabBar>
+#include <QTest>
 #include <QToolBar>
 #include <QToolButton>
 #include <QVBoxLayout>
 #include <functional>
+#include <memory>
 
 #include "desktop/look/colors.h"
 #include "desktop/look/icons.h"
 #include "desktop/look/measures.h"
 #include "desktop/look/palette_watch.h"
 #include "desktop/look/style.h"
+#include "desktop/shown_register.h"
 
 namespace tallyfold::desktop {
 namespace {
@@ -163,7 +167,7 @@ QWidget* Controls() {
 QWidget* RowMenu() {
   auto* menu = new QMenu;
   menu->addAction(IconNamed(QLatin1String("edit")), QStringLiteral("Edit..."))
-      ->setShortcut(Qt::CTRL | Qt::Key_E);
+      ->setShortcut(QKeySequence(QStringLiteral("Ctrl+E")));
   menu->addAction(IconNamed(QLatin1String("remove")), QStringLiteral("Remove"))
       ->setShortcut(Qt::Key_Delete);
   auto* resolved = menu->addAction(QStringLiteral("Resolved"));
@@ -180,12 +184,17 @@ QWidget* RowMenu() {
 
 }  // namespace
 
-void Grab(const std::function<QWidget*()>& make, const QString& path) {
+void Grab(const std::function<QWidget*()>& make, const QString& path, const QSize& size = {}) {
   std::unique_ptr<QWidget> widget(make());
   widget->ensurePolished();
-  widget->adjustSize();
+  if (size.isValid()) {
+    widget->resize(size);
+  } else {
+    widget->adjustSize();
+  }
   widget->show();
-  QApplication::sendPostedEvents();
+  widget->activateWindow();
+  static_cast<void>(QTest::qWaitForWindowActive(widget.get()));
   widget->grab().save(path);
 }
 
@@ -201,7 +210,22 @@ int main(int argc, char** argv) {
       std::make_unique<Wished>(is_dark ? ColorScheme::Wish::Dark : ColorScheme::Wish::Light));
   const QString folder = argc > 1 ? QString::fromLocal8Bit(argv[1]) : QStringLiteral(".");
   const QString ending = QLatin1String(is_dark ? "-dark.png" : "-light.png");
-  Grab(Controls, folder + QStringLiteral("/controls") + ending);
-  Grab(RowMenu, folder + QStringLiteral("/menu") + ending);
+  const auto path = [&](const char* name) {
+    return folder + QLatin1Char('/') + QLatin1String(name) + ending;
+  };
+  Grab(Controls, path("controls"));
+  Grab(RowMenu, path("menu"));
+  const QSize page(1047, 675);
+  Grab([] { return MakeRegister({.selected = {19}}); }, path("register"), page);
+  Grab([] { return MakeRegister({.entries = 100'000, .selected = {49'990}}); },
+       path("register-100000"), page);
+  Grab(
+      [] {
+        return MakeRegister({.selected = {3, 4, 7, 12}, .is_reconcile = true});
+      },
+      path("register-several"), page);
+  Grab([] { return MakeRegister({.selected = {5}, .is_right_to_left = true}); },
+       path("register-right-to-left"), page);
+  Grab([] { return MakeRegister({.selected = {5}}); }, path("register-narrow"), {560, 300});
   return 0;
 }

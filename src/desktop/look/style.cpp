@@ -261,6 +261,8 @@ void Style::drawPrimitive(PrimitiveElement element, const QStyleOption* option, 
     case PE_PanelItemViewItem:
     case PE_PanelItemViewRow:
       return style::DrawListPanel(canvas);
+    case PE_PanelScrollAreaCorner:
+      return painter->fillRect(option->rect, canvas.colors()[Role::Base]);
     case PE_FrameTabBarBase:
       return DrawRuleBelow(*painter, option->rect, canvas.colors()[Role::Rule]);
     default:
