@@ -8,9 +8,14 @@
 #include "desktop/texts.h"
 #include "platform/process_launcher.h"
 
+// A library keeps its resources to itself until it is asked for them, which has to be done outside of
+// any namespace.
+static void InitResources() { Q_INIT_RESOURCE(example); }
+
 namespace tallyfold::desktop {
 
 bool OpenExample(ProcessLauncher& processes, const std::string& program) {
+  InitResources();
   QTemporaryDir home(QDir::tempPath() + QLatin1String("/tallyfold-example-XXXXXX"));
   // The other process goes on with it.
   home.setAutoRemove(false);
