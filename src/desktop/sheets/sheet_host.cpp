@@ -14,10 +14,13 @@ void SheetHost::Show() {
   }
   shown_ = wanted;
   if (dialog_) {
-    // It may be one of its own buttons that is pressed.
+    const bool had_keys = dialog_->isActiveWindow();
     dialog_->hide();
+    // It may be one of its own buttons that is pressed.
     dialog_->deleteLater();
     dialog_ = nullptr;
+    // Not every window manager gives them to the window below.
+    if (had_keys) window_.activateWindow();
   }
   if (wanted == Sheet::None) return;
   const auto make = makers_.find(wanted);
