@@ -8,9 +8,11 @@
 #include "desktop/texts.h"
 #include "platform/process_launcher.h"
 
-// A library keeps its resources to itself until it is asked for them, which has to be done outside of
-// any namespace.
-static void InitResources() { Q_INIT_RESOURCE(example); }
+// A library keeps its resources to itself until it is asked for them, which has to be done outside
+// of any namespace.
+static void InitResources() {
+  Q_INIT_RESOURCE(example);
+}
 
 namespace tallyfold::desktop {
 

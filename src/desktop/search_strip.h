@@ -4,8 +4,6 @@
 
 class QCheckBox;
 class QLabel;
-class QLineEdit;
-class QToolButton;
 
 namespace tallyfold {
 class Desk;
@@ -16,6 +14,8 @@ struct SearchFieldState;
 }  // namespace tallyfold
 
 namespace tallyfold::desktop {
+
+class SearchField;
 
 // The search of the registers: its label, the filter menu, the field and what empties it. In the
 // Reconcile tab also the check box that shows what is unresolved.
@@ -48,9 +48,7 @@ class SearchStrip final : public QWidget {
   Parts parts_;
   QCheckBox* unresolved_;
   QLabel* label_;
-  QToolButton* filter_;
-  QLineEdit* field_;
-  QToolButton* cancel_;
+  SearchField* field_;
 };
 
 }  // namespace tallyfold::desktop

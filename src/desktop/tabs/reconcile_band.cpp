@@ -3,7 +3,6 @@
 #include <QGridLayout>
 #include <QHBoxLayout>
 #include <QLabel>
-#include <QLineEdit>
 #include <QPushButton>
 #include <QVBoxLayout>
 #include <string>
@@ -11,11 +10,11 @@
 #include "app/desk.h"
 #include "app/face/message.h"
 #include "app/views/reconcile_tab.h"
+#include "desktop/fields/amount_field.h"
 #include "desktop/look/colors.h"
 #include "desktop/look/icons.h"
 #include "desktop/look/measures.h"
 #include "desktop/texts.h"
-#include "model/amount_input.h"
 #include "model/amounts.h"
 #include "registers/register_look.h"
 
@@ -68,7 +67,7 @@ void Ground(QWidget& widget, const QColor& color) {
 ReconcileBand::ReconcileBand(const Parts& parts, QWidget* parent)
     : QWidget(parent),
       parts_(parts),
-      field_(new QLineEdit(this)),
+      field_(new AmountField(this)),
       resolved_(PlainLabel(this, "resolvedBalance_Field")),
       resolved_note_(Note(this, "resolved_Note")),
       tick_(new QLabel(this)),
@@ -135,6 +134,7 @@ ReconcileBand::ReconcileBand(const Parts& parts, QWidget* parent)
   column->addWidget(explanation_);
   Ground(*band, ColorsOf(palette())[Role::Base]);
 
+  field_->SetFormat([](double value) { return ToQString(FloatToCommasAmountString(value)); });
   connect(field_, &QLineEdit::editingFinished, this, [this] { EndEditing(); });
   connect(field_, &QLineEdit::textEdited, this, [this] { SetProblem(field_, false); });
   connect(select_, &QPushButton::clicked, this, [this] { SelectEntries(); });
@@ -142,7 +142,7 @@ ReconcileBand::ReconcileBand(const Parts& parts, QWidget* parent)
 
 void ReconcileBand::EndEditing() {
   if (!field_->isModified()) return;
-  const auto amount = ParsePlainOrUsersAmount(ToUtf8(field_->text().trimmed()));
+  const auto amount = field_->Amount();
   const bool is_taken = amount && parts_.tab.StatementBalance_EndEditing(*amount);
   SetProblem(field_, !is_taken);
   field_->setToolTip(is_taken ? QString() : Text("This is not an amount."));

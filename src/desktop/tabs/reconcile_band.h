@@ -3,7 +3,6 @@
 #include <QWidget>
 
 class QLabel;
-class QLineEdit;
 class QPushButton;
 
 namespace tallyfold {
@@ -12,6 +11,8 @@ class ReconcileTab;
 }  // namespace tallyfold
 
 namespace tallyfold::desktop {
+
+class AmountField;
 
 // The figures above the register of the Reconcile tab: the statement's balance, what is resolved
 // and the difference, and below them what may explain it.
@@ -39,7 +40,7 @@ class ReconcileBand final : public QWidget {
   void SelectEntries();
 
   Parts parts_;
-  QLineEdit* field_;
+  AmountField* field_;
   QLabel* resolved_;
   QLabel* resolved_note_;
   QLabel* tick_;
