@@ -36,6 +36,7 @@
 #include "desktop/tabs/summary_tab.h"
 #include "desktop/texts.h"
 #include "desktop/tool_bars.h"
+#include "desktop/window_keys.h"
 #include "desktop/window_sheets.h"
 
 namespace tallyfold::desktop {
@@ -131,6 +132,7 @@ void MainWindow::LayOut() {
 }
 
 void MainWindow::Connect() {
+  AddWindowKeys(*this, app_.tabs());
   connect(pieces_.search, &SearchStrip::Left, this, &MainWindow::FocusPage);
   const auto order = [this](const char* command) {
     return [action = actions_->Named(command)] { action->trigger(); };
@@ -144,7 +146,12 @@ void MainWindow::Connect() {
             [this] { app_.reconcileTab().TurnClearedOverAndMoveOn(); });
     connect(page, &RegisterPage::RowMenuWanted, this,
             [this](const QPoint& place) { menus_->EntryMenu()->popup(place); });
-    connect(page, &RegisterPage::SelectionChanged, this, [this] { pieces_.status->ShowRows(); });
+    connect(page, &RegisterPage::SelectionChanged, this, &MainWindow::ShowSelection);
+    connect(page, &RegisterPage::AccountWanted, this, order("Account_Add"));
+    connect(page, &RegisterPage::UnlockWanted, this, [this] {
+      const AccountList& accounts = app_.desk().accounts();
+      if (!accounts.empty()) app_.selection().Account_Select(accounts.front());
+    });
     connect(page, &RegisterPage::Left, this, [this] { pieces_.search->FocusField(); });
     connect(page, &RegisterPage::ExampleWanted, this, [this] {
       if (open_example_) open_example_();
@@ -201,6 +208,13 @@ void MainWindow::ShowDrawer() {
 
 void MainWindow::ShowPage() {
   pages_->setCurrentIndex(static_cast<int>(app_.tabs().State().selected));
+  ShowSelection();
+}
+
+void MainWindow::ShowSelection() {
+  const bool is_reconcile = app_.tabs().State().selected == Tab::Reconcile;
+  const RegisterPage& page = is_reconcile ? *pieces_.reconcile : *pieces_.entries;
+  pieces_.status->ShowSelection(page.SelectedCount(), page.SelectedSum());
 }
 
 void MainWindow::FocusPage() {

@@ -65,6 +65,8 @@ class MainWindow final : public QMainWindow {
   void ShowDrawer();
   // Shows the page of the tab.
   void ShowPage();
+  // Tells the status line which rows are selected.
+  void ShowSelection();
   // The table or list of the tab takes the keyboard focus.
   void FocusPage();
   // In the middle of the screen, or where it was last.

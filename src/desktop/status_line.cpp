@@ -107,13 +107,19 @@ void StatusLine::ShowRows() {
   const auto account = parts_.desk.SelectedAccount();
   const bool is_register = parts_.tabs.ShownRegister() != RegisterKind::Other;
   rows_->setVisible(is_register && account != nullptr);
-  SetColor(*rows_, Role::Dim);
   if (!is_register || account == nullptr) return;
   const LDGRAccountTableViewData& table = parts_.registers.Current();
   const std::size_t shown = table.numberOfRowsInTableView();
   const std::size_t all = account->GetEntries().size();
   const std::string sum = RegisterAmountText(table.TotalOfRows(), parts_.desk.preferences());
-  if (all == 0) {
+  SetColor(*rows_, selected_ > 1 ? Role::Text : Role::Dim);
+  rows_->setFont(selected_ > 1 ? MediumFont(font()) : font());
+  if (selected_ > 1) {
+    rows_->setText(
+        ToQString(Message("{1} of {2} selected, sum {3}",
+                          {std::to_string(selected_), std::to_string(shown),
+                           RegisterAmountText(selected_sum_, parts_.desk.preferences())})));
+  } else if (all == 0) {
     rows_->setText(Text("No entries"));
   } else if (shown != all) {
     rows_->setText(ToQString(
@@ -122,6 +128,12 @@ void StatusLine::ShowRows() {
     rows_->setText(ToQString(Message(Plural("{1} entry, sum {2}", "{1} entries, sum {2}", shown),
                                      {std::to_string(shown), sum})));
   }
+}
+
+void StatusLine::ShowSelection(std::size_t count, double sum) {
+  selected_ = count;
+  selected_sum_ = sum;
+  ShowRows();
 }
 
 std::pair<StatusLine::Notice, QString> StatusLine::WorstNotice() const {
@@ -166,6 +178,12 @@ void StatusLine::ShowNotice() {
   notice_image_->setVisible(is_shown);
   notice_->setVisible(is_shown);
   notice_button_->setVisible(has_button);
+}
+
+void StatusLine::FocusFirst() {
+  for (QToolButton* button : {mode_, notice_button_}) {
+    if (button->isVisible() && button->isEnabled()) return button->setFocus(Qt::TabFocusReason);
+  }
 }
 
 void StatusLine::NoticeClicked() {

@@ -37,7 +37,11 @@ class StatusLine final : public QWidget {
 
   void ShowBalance();
   void ShowRows();
+  // How many rows of the register are selected, and what they come to.
+  void ShowSelection(std::size_t count, double sum);
   void ShowNotice();
+  // The first of its buttons takes the keyboard focus.
+  void FocusFirst();
 
  private:
   enum class Notice { None, NotSaved, NotProtected, Hidden, Recovered };
@@ -47,6 +51,8 @@ class StatusLine final : public QWidget {
   void NoticeClicked();
 
   Parts parts_;
+  std::size_t selected_ = 0;
+  double selected_sum_ = 0.0;
   Notice notice_kind_ = Notice::None;
   QToolButton* mode_;
   QLabel* value_;

@@ -42,6 +42,8 @@ EmptyPage::EmptyPage(QAbstractScrollArea& table, const char* icon)
   note_->setForegroundRole(QPalette::PlaceholderText);
   note_->setFont(SmallFont(font()));
   note_->hide();
+  headline_->hide();
+  sentence_->hide();
 
   auto* column = new QVBoxLayout(this);
   column->setContentsMargins(kColumnGap, 0, kColumnGap, 0);
@@ -86,6 +88,7 @@ void EmptyPage::SetNote(const QString& note) {
 
 void EmptyPage::Tell(const QString& headline, const QString& sentence) {
   icon_->setVisible(!headline.isEmpty());
+  sentence_->setVisible(true);
   headline_->setVisible(!headline.isEmpty());
   headline_->setText(headline);
   sentence_->setText(sentence);

@@ -22,7 +22,7 @@ class EmptyPage final : public QWidget {
   QPushButton* AddButton(const char* name, std::string_view title, const char* icon = "");
   // Small, below the buttons.
   void SetNote(const QString& note);
-  // Without an icon where there is no headline.
+  // Without the icon where there is but a sentence. Says nothing at first.
   void Tell(const QString& headline, const QString& sentence);
 
  private:

@@ -26,7 +26,10 @@ RegisterPage::RegisterPage(RegisterKind kind, const Parts& parts, QWidget* paren
       details_(new DetailsLine(parts.desk, this)),
       first_(new EmptyPage(*table_, "entries")),
       hidden_(new EmptyPage(*table_, "filter")),
-      show_all_(hidden_->AddButton("showAll_Button", "Show All")) {
+      none_(new EmptyPage(*table_, "accounts")),
+      locked_(new EmptyPage(*table_, "lock")),
+      show_all_(hidden_->AddButton("showAll_Button", "Show All")),
+      unlock_(locked_->AddButton("unlock_Button", "Unlock...")) {
   const bool is_entry = kind == RegisterKind::Entry;
   table_->setObjectName(QLatin1String(is_entry ? "entry_Table" : "reconcile_Table"));
   table_->setAccessibleName(Text(is_entry ? "Entries" : "Entries to Reconcile"));
@@ -40,7 +43,10 @@ RegisterPage::RegisterPage(RegisterKind kind, const Parts& parts, QWidget* paren
   table_->SetDetails(&glyphs_);
   table_->SetMarksAreBoxes(!is_entry);
   ConnectTable();
+  FillEmptyPages();
+}
 
+void RegisterPage::FillEmptyPages() {
   first_->Tell(Text("This register is empty."),
                Text("Enter what you spend and receive, bring in a file from your bank, or look "
                     "around in an example."));
@@ -52,6 +58,11 @@ RegisterPage::RegisterPage(RegisterKind kind, const Parts& parts, QWidget* paren
           &QPushButton::clicked, this, &RegisterPage::ExampleWanted);
   first_->SetNote(
       Text("The example is a copy in a folder of its own. Nothing of yours is touched."));
+  none_->Tell(Text("There is no account yet."),
+              Text("An account holds the entries of one bank account, card or purse."));
+  connect(none_->AddButton("empty_Account_Button", "New Account...", "add"), &QPushButton::clicked,
+          this, &RegisterPage::AccountWanted);
+  connect(unlock_, &QPushButton::clicked, this, &RegisterPage::UnlockWanted);
   connect(show_all_, &QPushButton::clicked, this, [this] {
     FocusTable();
     parts_.search.Filter_Select(filter_type::kGeneral);
@@ -106,7 +117,13 @@ void RegisterPage::Show() {
   const auto account = parts_.desk.SelectedAccount();
   const std::size_t shown = parts_.registers.Of(kind_).numberOfRowsInTableView();
   const std::size_t all = account != nullptr ? account->GetEntries().size() : 0;
+  const bool is_open = parts_.desk.IsUnlocked();
+  const bool has_accounts = !parts_.desk.accounts().empty();
   first_->setVisible(account != nullptr && all == 0);
+  none_->setVisible(is_open && !has_accounts);
+  locked_->setVisible(account == nullptr && (!is_open || has_accounts));
+  // Over a locked application its password is being asked for.
+  unlock_->setVisible(is_open);
   hidden_->setVisible(shown == 0 && all > 0);
   if (shown == 0 && all > 0) ShowNothingFound(all);
   ShowDetails();
@@ -128,6 +145,20 @@ void RegisterPage::ShowNothingFound(std::size_t hidden) {
                            "The filter \u201c{1}\u201d hides all {2} entries.", hidden),
                     {name, count});
   hidden_->Tell(QString(), ToQString(sentence));
+}
+
+std::size_t RegisterPage::SelectedCount() const {
+  return table_->SelectedRows().Count();
+}
+
+double RegisterPage::SelectedSum() const {
+  double sum = 0.0;
+  for (const auto& [first, last] : table_->SelectedRows().Ranges()) {
+    for (int row = first; row <= last; ++row) {
+      if (const auto entry = parts_.registers.Of(kind_).RowToEntry(row)) sum += entry->GetAmount();
+    }
+  }
+  return sum;
 }
 
 void RegisterPage::ShowDetails() {

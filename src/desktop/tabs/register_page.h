@@ -37,6 +37,8 @@ class RegisterPage final : public QWidget {
   void AddAbove(QWidget* widget);
   void Show();
   void ShowDetails();
+  [[nodiscard]] std::size_t SelectedCount() const;
+  [[nodiscard]] double SelectedSum() const;
   // Draws everything as the preferences want it now.
   void ShowLook();
   void FocusTable();
@@ -47,6 +49,9 @@ class RegisterPage final : public QWidget {
   void EntryWanted();
   void ImportWanted();
   void ExampleWanted();
+  // And those of a window without an account.
+  void AccountWanted();
+  void UnlockWanted();
   // What keys, clicks and the menu of the selected row order.
   void EditWanted();
   void RemoveWanted();
@@ -58,6 +63,7 @@ class RegisterPage final : public QWidget {
   void Left();
 
  private:
+  void FillEmptyPages();
   void ConnectTable();
   void ShowNothingFound(std::size_t hidden);
   void TurnMark(int row);
@@ -69,7 +75,10 @@ class RegisterPage final : public QWidget {
   DetailsLine* details_;
   EmptyPage* first_;
   EmptyPage* hidden_;
+  EmptyPage* none_;
+  EmptyPage* locked_;
   QPushButton* show_all_;
+  QPushButton* unlock_;
 };
 
 }  // namespace tallyfold::desktop

@@ -1,222 +1,117 @@
 #include "desktop/tabs/summary_page.h"
 
 #include <QGridLayout>
+#include <QHBoxLayout>
 #include <QLabel>
-#include <QPainter>
 #include <QVBoxLayout>
 #include <algorithm>
-#include <cmath>
 #include <string>
 
 #include "desktop/look/colors.h"
+#include "desktop/look/icons.h"
 #include "desktop/look/measures.h"
-#include "desktop/look/painting.h"
+#include "desktop/tabs/summary_table.h"
 #include "desktop/texts.h"
+#include "platform/ambient.h"
 #include "registers/register_look.h"
 #include "storage/preferences.h"
-#include "summaries/summary_layout.h"
 
 namespace tallyfold::desktop {
 namespace {
 
-constexpr int kBarThickness = 10;
-constexpr int kShareWidth = 28;
-constexpr int kShareThickness = 6;
-constexpr double kBarRadius = 2.0;
+using Column = SummaryTable::Column;
 
-QLabel* Cell(QWidget* parent, const QString& text, bool is_right, bool is_bold = false) {
+// Narrower pages have fewer columns of blocks.
+constexpr int kTwoColumns = 720;
+constexpr int kThreeColumns = 1180;
+
+QLabel* PlainLabel(QWidget* parent, const QString& text) {
   auto* label = new QLabel(parent);
   label->setTextFormat(Qt::PlainText);
   label->setText(text);
-  label->setMinimumHeight(RowHeight(parent->fontMetrics()));
-  label->setContentsMargins(kCellPadding, 0, kCellPadding, 0);
-  label->setAlignment((is_right ? Qt::AlignRight | Qt::AlignAbsolute : Qt::AlignLeading) |
-                      Qt::AlignVCenter);
-  if (is_bold) label->setFont(DemiBoldFont(parent->font()));
   return label;
 }
 
-QLabel* Header(QWidget* parent, const std::string& text, bool is_right) {
-  auto* label = Cell(parent, ToQString(text), is_right);
+QLabel* Caption(QWidget* parent, const QString& text) {
+  auto* label = PlainLabel(parent, text);
   label->setFont(MediumFont(SmallFont(parent->font())));
   label->setForegroundRole(QPalette::PlaceholderText);
   return label;
 }
 
-// From -1 to 1, beside the others of its column.
-class Bar final : public QWidget {
- public:
-  Bar(double value, bool has_negative, bool has_positive, QWidget* parent)
-      : QWidget(parent), value_(value), has_negative_(has_negative), has_positive_(has_positive) {
-    setMinimumWidth(4 * kShareWidth);
-  }
+QLabel* Figure(QWidget* parent, double amount, const LDGRPreferences& preferences,
+               const QFont& font) {
+  auto* label = PlainLabel(parent, ToQString(RegisterAmountText(amount, preferences)));
+  label->setFont(font);
+  label->setAlignment(Qt::AlignRight | Qt::AlignAbsolute);
+  return label;
+}
 
- private:
-  void paintEvent(QPaintEvent*) override {
-    QPainter painter(this);
-    painter.setRenderHint(QPainter::Antialiasing);
-    const Colors& colors = ColorsOf(palette());
-    const double axis = has_negative_ ? (has_positive_ ? width() / 2.0 : width() - 1.0) : 0.0;
-    const double room = has_negative_ && has_positive_ ? width() / 2.0 : width() - 1.0;
-    const double length = std::fabs(value_) * room;
-    const double top = (height() - kBarThickness) / 2.0;
-    const QRectF bar(value_ < 0.0 ? axis - length : axis, top, length, kBarThickness);
-    painter.setPen(Qt::NoPen);
-    painter.setBrush(colors[value_ < 0.0 ? Role::NegativeBar : Role::Bar]);
-    if (length > 0.0) painter.drawRoundedRect(bar, kBarRadius, kBarRadius);
-    DrawRuleBefore(painter, QRectF(axis, top - 3, 1, kBarThickness + 6), colors[Role::Edge]);
-  }
-
-  double value_;
-  bool has_negative_;
-  bool has_positive_;
-};
-
-class ShareBar final : public QWidget {
- public:
-  ShareBar(double share, QWidget* parent) : QWidget(parent), share_(share) {
-    setFixedWidth(kShareWidth);
-  }
-
- private:
-  void paintEvent(QPaintEvent*) override {
-    QPainter painter(this);
-    painter.setRenderHint(QPainter::Antialiasing);
-    painter.setPen(Qt::NoPen);
-    const Colors& colors = ColorsOf(palette());
-    QRectF bar(0, (height() - kShareThickness) / 2.0, width(), kShareThickness);
-    painter.setBrush(colors[Role::Hair]);
-    painter.drawRoundedRect(bar, kBarRadius, kBarRadius);
-    bar.setWidth(std::max(share_ * width(), kBarRadius));
-    painter.setBrush(colors[Role::Bar]);
-    painter.drawRoundedRect(bar, kBarRadius, kBarRadius);
-  }
-
-  double share_;
-};
-
-class Maker {
- public:
-  Maker(QWidget* page, const LDGRPreferences& preferences)
-      : page_(page), preferences_(preferences) {}
-
-  [[nodiscard]] QString Amount(double amount) const {
-    return ToQString(RegisterAmountText(amount, preferences_));
-  }
-  [[nodiscard]] QLayout* Head(const SummaryLayout::Head& head) const;
-  [[nodiscard]] QLayout* Periods(const SummaryLayout& layout) const;
-  [[nodiscard]] QLayout* Totals(const SummaryLayout& layout) const;
-  [[nodiscard]] QLayout* Block(const SummaryLayout& layout,
-                               const SummaryLayout::Block& block) const;
-
- private:
-  void AddAmounts(QGridLayout& grid, int row, const SummaryLayout::Amounts& amounts,
-                  bool is_bold) const;
-
-  QWidget* page_;
-  const LDGRPreferences& preferences_;
-};
-
-QLayout* Maker::Head(const SummaryLayout::Head& head) const {
+QLayout* MakeHead(QWidget* page, const SummaryLayout& layout, const LDGRPreferences& preferences) {
   auto* grid = new QGridLayout;
-  grid->setVerticalSpacing(0);
-  auto* title = Cell(page_, ToQString(head.name), false, true);
-  title->setFont(DemiBoldFont(LargerFont(page_->font(), kSummaryTitlePoints)));
+  grid->setContentsMargins(kCellPadding, 0, kCellPadding, 0);
+  grid->setHorizontalSpacing(kColumnGap);
+  grid->setVerticalSpacing(kTightGap);
+  auto* title = PlainLabel(page, ToQString(layout.head.name));
+  title->setFont(DemiBoldFont(LargerFont(page->font(), kSummaryTitlePoints)));
   title->setObjectName(QLatin1String("summary_Title"));
   grid->addWidget(title, 0, 0);
-  const std::string format = RegisterDateFormat(preferences_);
-  const TableFormat days{format, preferences_};
-  auto* range = Cell(page_,
-                     QStringLiteral("%1, %2 \u2013 %3")
-                         .arg(ToQString(head.account), ToQString(DayCell(head.first, days).text),
-                              ToQString(DayCell(head.last, days).text)),
-                     false);
+  const std::string format = RegisterDateFormat(preferences);
+  const TableFormat days{format, preferences};
+  auto* range = PlainLabel(page, QStringLiteral("%1, %2 \u2013 %3")
+                                     .arg(ToQString(layout.head.account),
+                                          ToQString(DayCell(layout.head.first, days).text),
+                                          ToQString(DayCell(layout.head.last, days).text)));
   range->setForegroundRole(QPalette::PlaceholderText);
   grid->addWidget(range, 1, 0);
   grid->setColumnStretch(0, 1);
+  const QFont figures = DemiBoldFont(LargerFont(page->font(), kStatusFigurePoints));
   const struct {
     std::string_view caption;
     double amount;
-  } balances[] = {{"Start balance", head.start_balance}, {"End balance", head.end_balance}};
+  } balances[] = {{"Start balance", layout.head.start_balance},
+                  {"Total", layout.total.total},
+                  {"End balance", layout.head.end_balance}};
   int column = 1;
   for (const auto& [caption, amount] : balances) {
-    grid->addWidget(Header(page_, LocalizedText(caption), true), 0, column);
-    grid->addWidget(Cell(page_, Amount(amount), true, true), 1, column++);
+    grid->addWidget(Caption(page, Text(caption)), 0, column, Qt::AlignRight | Qt::AlignAbsolute);
+    grid->addWidget(Figure(page, amount, preferences, figures), 1, column++);
   }
   return grid;
 }
 
-void Maker::AddAmounts(QGridLayout& grid, int row, const SummaryLayout::Amounts& amounts,
-                       bool is_bold) const {
-  int column = 2;
-  for (const double amount : {amounts.debits, amounts.deposits, amounts.transfers, amounts.total}) {
-    grid.addWidget(Cell(page_, Amount(amount), true, is_bold), row, column++);
+QLayout* MakeCheck(QWidget* page, const SummaryLayout& layout, const LDGRPreferences& preferences) {
+  auto* row = new QHBoxLayout;
+  row->setContentsMargins(kCellPadding, 0, kCellPadding, 0);
+  row->setSpacing(kGap);
+  const bool agrees = layout.check == SummaryLayout::Check::Agrees;
+  const QColor& ink = ColorsOf(page->palette())[agrees ? Role::Good : Role::Warning];
+  auto* image = new QLabel(page);
+  image->setPixmap(PixmapNamed(QLatin1String(agrees ? "tick" : "warning"), kIconSize,
+                               page->devicePixelRatioF(), ink));
+  row->addWidget(image);
+  QString text = ToQString(layout.check_title);
+  if (layout.check == SummaryLayout::Check::EntriesLeftOut) {
+    text += QLatin1String(" ") + ToQString(RegisterAmountText(layout.left_out, preferences));
   }
+  row->addWidget(PlainLabel(page, text), 1);
+  return row;
 }
 
-QLayout* Maker::Periods(const SummaryLayout& layout) const {
+QLayout* MakeTotals(QWidget* page, const SummaryLayout& layout,
+                    const LDGRPreferences& preferences) {
   auto* grid = new QGridLayout;
-  grid->setSpacing(0);
-  int column = 0;
-  for (const std::string& title : layout.period_columns) {
-    // The count of the entries has the second place.
-    if (column == 1) grid->addWidget(Header(page_, LocalizedText("Entries"), true), 0, column++);
-    grid->addWidget(Header(page_, title, column > 0), 0, column);
-    ++column;
-  }
-  const auto is_negative = [](const auto& line) { return line.bar < 0.0; };
-  const auto is_positive = [](const auto& line) { return line.bar > 0.0; };
-  const bool has_negative = std::ranges::any_of(layout.periods, is_negative);
-  const bool has_positive = std::ranges::any_of(layout.periods, is_positive);
-  int row = 1;
-  for (const auto& line : layout.periods) {
-    grid->addWidget(Cell(page_, ToQString(line.title), false), row, 0);
-    grid->addWidget(Cell(page_, QString::number(line.count), true), row, 1);
-    AddAmounts(*grid, row, line.amounts, false);
-    if (layout.has_bars) {
-      grid->addWidget(new Bar(line.bar, has_negative, has_positive, page_), row, 6);
-    }
-    ++row;
-  }
-  grid->addWidget(Cell(page_, ToQString(layout.total_title), false, true), row, 0);
-  grid->addWidget(Cell(page_, QString::number(layout.total_count), true, true), row, 1);
-  AddAmounts(*grid, row, layout.total, true);
-  grid->setColumnStretch(0, 2);
-  grid->setColumnStretch(6, 3);
-  return grid;
-}
-
-QLayout* Maker::Totals(const SummaryLayout& layout) const {
-  auto* grid = new QGridLayout;
-  grid->setVerticalSpacing(0);
+  grid->setContentsMargins(kCellPadding, 0, kCellPadding, 0);
+  grid->setHorizontalSpacing(2 * kColumnGap);
+  grid->setVerticalSpacing(kTightGap);
   int column = 0;
   for (const auto& total : layout.totals) {
-    grid->addWidget(Header(page_, total.title, false), 0, column);
-    grid->addWidget(Cell(page_, Amount(total.amount), false), 1, column++);
+    grid->addWidget(Caption(page, ToQString(total.title)), 0, column);
+    auto* figure = Figure(page, total.amount, preferences, page->font());
+    figure->setAlignment(Qt::AlignLeading);
+    grid->addWidget(figure, 1, column++);
   }
   grid->setColumnStretch(column, 1);
-  return grid;
-}
-
-QLayout* Maker::Block(const SummaryLayout& layout, const SummaryLayout::Block& block) const {
-  auto* grid = new QGridLayout;
-  grid->setSpacing(0);
-  grid->addWidget(Header(page_, block.title, false), 0, 0);
-  for (std::size_t i = 1; i < layout.block_columns.size(); ++i) {
-    const int span = i == 3 ? 2 : 1;
-    grid->addWidget(Header(page_, layout.block_columns[i], true), 0, static_cast<int>(i), 1, span);
-  }
-  int row = 1;
-  for (const auto& line : block.lines) {
-    grid->addWidget(Cell(page_, ToQString(line.name), false), row, 0);
-    grid->addWidget(Cell(page_, QString::number(line.count), true), row, 1);
-    grid->addWidget(Cell(page_, Amount(line.amount), true), row, 2);
-    grid->addWidget(new ShareBar(line.share, page_), row, 3);
-    grid->addWidget(Cell(page_, QStringLiteral("%1%").arg(100.0 * line.share, 0, 'f', 1), true),
-                    row, 4);
-    ++row;
-  }
-  grid->setColumnStretch(0, 1);
   return grid;
 }
 
@@ -229,29 +124,118 @@ SummaryPage::SummaryPage(QWidget* parent) : QWidget(parent) {
 }
 
 void SummaryPage::Clear() {
+  blocks_.clear();
+  blocks_area_ = nullptr;
   delete layout();
   qDeleteAll(findChildren<QWidget*>(Qt::FindDirectChildrenOnly));
 }
 
 void SummaryPage::Show(const SummaryLayout& layout, const LDGRPreferences& preferences) {
   Clear();
-  const Maker maker(this, preferences);
+  shown_ = layout;
   auto* column = new QVBoxLayout(this);
   column->setContentsMargins(kWideGap, kGroupGap, kWideGap, kGroupGap);
   column->setSpacing(kGroupGap);
-  column->addLayout(maker.Head(layout.head));
-  column->addLayout(maker.Periods(layout));
-  if (!layout.left_out_periods.empty()) {
-    column->addWidget(Cell(this, ToQString(layout.left_out_periods), false));
+  column->addLayout(MakeHead(this, shown_, preferences));
+  AddPeriods(*column, preferences);
+  if (!shown_.left_out_periods.empty()) {
+    column->addWidget(PlainLabel(this, ToQString(shown_.left_out_periods)));
   }
-  QString check = ToQString(layout.check_title);
-  if (layout.check == SummaryLayout::Check::EntriesLeftOut) {
-    check += QLatin1String(" ") + maker.Amount(layout.left_out);
-  }
-  column->addWidget(Cell(this, check, false));
-  column->addLayout(maker.Totals(layout));
-  for (const auto& block : layout.blocks) column->addLayout(maker.Block(layout, block));
+  column->addLayout(MakeCheck(this, shown_, preferences));
+  column->addLayout(MakeTotals(this, shown_, preferences));
+  blocks_area_ = new QWidget(this);
+  for (const auto& block : shown_.blocks) blocks_.push_back(MakeBlock(block, preferences));
+  column->addWidget(blocks_area_);
   column->addStretch(1);
+  block_columns_ = 0;
+  LayOutBlocks();
+}
+
+void SummaryPage::AddPeriods(QVBoxLayout& column, const LDGRPreferences& preferences) {
+  SummaryTable::Content content;
+  content.name = Text("Periods");
+  for (const std::string& title : shown_.period_columns) {
+    const bool is_first = content.columns.empty();
+    content.columns.push_back(
+        {ToQString(title), is_first ? Column::Kind::Text : Column::Kind::Figure});
+    if (is_first) content.columns.push_back({Text("Entries"), Column::Kind::Figure});
+  }
+  if (shown_.has_bars) content.columns.push_back({QString(), Column::Kind::Bar});
+  content.rows = static_cast<int>(shown_.periods.size()) + 1;
+  content.ends_with_total = true;
+  content.text = [this, &preferences](int row, int place) {
+    const bool is_total = row == static_cast<int>(shown_.periods.size());
+    const auto* line = is_total ? nullptr : &shown_.periods[static_cast<std::size_t>(row)];
+    if (place == 0) return ToQString(is_total ? shown_.total_title : line->title);
+    if (place == 1) return QString::number(is_total ? shown_.total_count : line->count);
+    const SummaryLayout::Amounts& amounts = is_total ? shown_.total : line->amounts;
+    const double values[] = {amounts.debits, amounts.deposits, amounts.transfers, amounts.total};
+    return ToQString(RegisterAmountText(values[place - 2], preferences));
+  };
+  content.bar = [this](int row) { return shown_.periods[static_cast<std::size_t>(row)].bar; };
+  content.has_negative_bars =
+      std::ranges::any_of(shown_.periods, [](const auto& line) { return line.bar < 0.0; });
+  content.has_positive_bars =
+      std::ranges::any_of(shown_.periods, [](const auto& line) { return line.bar > 0.0; });
+  column.addWidget(new SummaryTable(std::move(content), this));
+}
+
+SummaryTable* SummaryPage::MakeBlock(const SummaryLayout::Block& block,
+                                     const LDGRPreferences& preferences) {
+  SummaryTable::Content content;
+  content.name = ToQString(block.title);
+  for (std::size_t i = 0; i < shown_.block_columns.size(); ++i) {
+    const auto kind = i == 0   ? Column::Kind::Text
+                      : i == 3 ? Column::Kind::Share
+                               : Column::Kind::Figure;
+    content.columns.push_back({ToQString(i == 0 ? block.title : shown_.block_columns[i]), kind});
+  }
+  content.rows = static_cast<int>(block.lines.size());
+  content.text = [&block, &preferences](int row, int place) {
+    const auto& line = block.lines[static_cast<std::size_t>(row)];
+    switch (place) {
+      case 0:
+        return ToQString(line.name);
+      case 1:
+        return QString::number(line.count);
+      case 2:
+        return ToQString(RegisterAmountText(line.amount, preferences));
+      default:
+        return QStringLiteral("%1%").arg(100.0 * line.share, 0, 'f', 1);
+    }
+  };
+  content.bar = [&block](int row) { return block.lines[static_cast<std::size_t>(row)].share; };
+  return new SummaryTable(std::move(content), blocks_area_);
+}
+
+void SummaryPage::LayOutBlocks() {
+  if (blocks_area_ == nullptr) return;
+  const int columns = width() < kTwoColumns ? 1 : width() < kThreeColumns ? 2 : 3;
+  if (columns == block_columns_) return;
+  block_columns_ = columns;
+  delete blocks_area_->layout();
+  auto* row = new QHBoxLayout(blocks_area_);
+  row->setContentsMargins(0, 0, 0, 0);
+  row->setSpacing(kWideGap);
+  std::vector<std::pair<int, QVBoxLayout*>> filled;
+  for (int i = 0; i < columns; ++i) {
+    auto* column = new QVBoxLayout;
+    column->setSpacing(kGroupGap);
+    row->addLayout(column, 1);
+    filled.emplace_back(0, column);
+  }
+  // Each goes where there is most room.
+  for (SummaryTable* block : blocks_) {
+    auto& [height, column] = *std::ranges::min_element(filled);
+    column->addWidget(block);
+    height += block->sizeHint().height() + kGroupGap;
+  }
+  for (const auto& [height, column] : filled) column->addStretch(1);
+}
+
+void SummaryPage::resizeEvent(QResizeEvent* event) {
+  QWidget::resizeEvent(event);
+  LayOutBlocks();
 }
 
 }  // namespace tallyfold::desktop
