@@ -33,6 +33,8 @@ void WindowFrontEnd::ShowArea(Area area) {
   switch (area) {
     case Area::Accounts:
       pieces.accounts->Show();
+      pieces.entries->Show();
+      pieces.reconcile->Show();
       return pieces.menus->ShowAccounts();
     case Area::AccountMenu:
       return pieces.menus->ShowAccounts();
@@ -89,6 +91,11 @@ void WindowFrontEnd::ShowArea(Area area) {
       pieces.summary->Show();
       return pieces.status->ShowBalance();
     case Area::Sheet:
+      // The one for the first account may have been put away.
+      pieces.accounts->Show();
+      pieces.entries->Show();
+      pieces.reconcile->Show();
+      [[fallthrough]];
     case Area::DebitSheet:
     case Area::DepositSheet:
     case Area::TransferSheet:

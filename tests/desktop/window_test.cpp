@@ -5,9 +5,13 @@
 #include <QLineEdit>
 #include <QTabBar>
 #include <QTableView>
+#include <filesystem>
+#include <fstream>
+#include <iterator>
 
 #include "app/desk.h"
 #include "app/shell/tabs.h"
+#include "desktop/example.h"
 #include "desktop/test_window.h"
 #include "model/account.h"
 
@@ -130,6 +134,29 @@ TEST_F(Window, SortsByItsHeadersAndKeepsTheEntrySelected) {
   EXPECT_EQ(test.program->window().windowTitle(), "Tallyfold:  Joint checking"_q);
 }
 
+TEST_F(Window, IsWalkedAndOrderedByKeysAlone) {
+  QStringList stops;
+  for (int i = 0; i < 5; ++i) {
+    test.Key(Qt::Key_F6);
+    stops.append(test.FocusName());
+  }
+  EXPECT_EQ(stops.join(QLatin1Char(' ')),
+            "entry_Table accountBalance_PopUp accountsDrawer_Accounts_Table main_TabView "
+            "search_Field"_q);
+  test.Key(Qt::Key_F6);
+  test.Key(Qt::Key_Home);
+  test.Key(Qt::Key_Down, Qt::ShiftModifier);
+  EXPECT_EQ(test.TextOf("rows_Label"), "2 of 23 selected, sum $1,560.00"_q);
+  // An arrow only moves: an account may ask for its password.
+  test.FindWidget("accountsDrawer_Accounts_Table")->setFocus();
+  test.Key(Qt::Key_Down);
+  EXPECT_EQ(test.program->window().windowTitle(), "Tallyfold:  Joint checking"_q);
+  test.Key(Qt::Key_Return);
+  EXPECT_EQ(test.program->window().windowTitle(), "Tallyfold:  Savings"_q);
+  test.Key(Qt::Key_PageDown, Qt::ControlModifier);
+  EXPECT_EQ(test.Find<QTabBar>("main_TabView")->currentIndex(), 1);
+}
+
 TEST_F(Window, AsksBeforeItRemovesAndNothingUnderTheQuestionCanBeUsed) {
   const QString half = "01/05/26||Transfer To|Put aside|Savings|\u2713|-$300.00|$2,436.25"_q;
   test.ClickRow("entry_Table", 3);
@@ -211,6 +238,28 @@ std::string ProtectedAccounts() {
   EXPECT_NE(place, std::string_view::npos);
   accounts.replace(place, none.size(), "<key>password</key>\n\t<string>open</string>");
   return accounts;
+}
+
+TEST(EmptyWindow, SaysWhatToDoNext) {
+  TestWindow test("");
+  EXPECT_TRUE(test.Launch());
+  test.Key(Qt::Key_Escape);
+  EXPECT_TRUE(IsVisible("empty_Account_Button"));
+  EXPECT_FALSE(IsVisible("unlock_Button"));
+}
+
+TEST(Example, IsAFreshCopyInAHomeFolderOfItsOwn) {
+  FakeProcessLauncher processes;
+  EXPECT_TRUE(OpenExample(processes, "/bin/tallyfold"));
+  const std::string launched = processes.Launched().at(0);
+  const std::string start = "/usr/bin/env HOME=";
+  ASSERT_EQ(launched.substr(0, start.size()), start);
+  const std::string home =
+      launched.substr(start.size(), launched.find(' ', start.size()) - start.size());
+  std::ifstream file(home + "/Library/Tallyfold/Accounts.plist");
+  EXPECT_EQ(std::string(std::istreambuf_iterator<char>(file), {}), ExampleAccounts());
+  EXPECT_TRUE(launched.ends_with("/bin/tallyfold --example"));
+  std::filesystem::remove_all(home);
 }
 
 TEST(LockedWindow, ShowsNothingUntilThePasswordIsRight) {

@@ -158,7 +158,7 @@ void SummaryPage::AddPeriods(QVBoxLayout& column, const LDGRPreferences& prefere
     const bool is_first = content.columns.empty();
     content.columns.push_back(
         {ToQString(title), is_first ? Column::Kind::Text : Column::Kind::Figure});
-    if (is_first) content.columns.push_back({Text("Entries"), Column::Kind::Figure});
+    if (is_first) content.columns.push_back({Text("Entries"), Column::Kind::Count});
   }
   if (shown_.has_bars) content.columns.push_back({QString(), Column::Kind::Bar});
   content.rows = static_cast<int>(shown_.periods.size()) + 1;
@@ -186,6 +186,7 @@ SummaryTable* SummaryPage::MakeBlock(const SummaryLayout::Block& block,
   content.name = ToQString(block.title);
   for (std::size_t i = 0; i < shown_.block_columns.size(); ++i) {
     const auto kind = i == 0   ? Column::Kind::Text
+                      : i == 1 ? Column::Kind::Count
                       : i == 3 ? Column::Kind::Share
                                : Column::Kind::Figure;
     content.columns.push_back({ToQString(i == 0 ? block.title : shown_.block_columns[i]), kind});
@@ -210,7 +211,9 @@ SummaryTable* SummaryPage::MakeBlock(const SummaryLayout::Block& block,
 
 void SummaryPage::LayOutBlocks() {
   if (blocks_area_ == nullptr) return;
-  const int columns = width() < kTwoColumns ? 1 : width() < kThreeColumns ? 2 : 3;
+  // What can be seen of the page counts, which itself may be wider.
+  const int room = parentWidget()->width();
+  const int columns = room < kTwoColumns ? 1 : room < kThreeColumns ? 2 : 3;
   if (columns == block_columns_) return;
   block_columns_ = columns;
   delete blocks_area_->layout();

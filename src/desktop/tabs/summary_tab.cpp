@@ -7,6 +7,7 @@
 
 #include "app/desk.h"
 #include "app/views/account_summary_tab.h"
+#include "desktop/look/measures.h"
 #include "desktop/tabs/summary_page.h"
 #include "desktop/texts.h"
 #include "summaries/account_summary.h"
@@ -66,6 +67,7 @@ void SummaryTab::Show() {
     if (i == list_->count()) {
       auto* item = new QListWidgetItem(list_);
       item->setFlags(item->flags() | Qt::ItemIsEditable);
+      item->setSizeHint({0, RowHeight(list_->fontMetrics())});
     }
     const QString name = ToQString(state.summaries[static_cast<std::size_t>(i)]->name());
     if (list_->item(i)->text() != name) list_->item(i)->setText(name);

@@ -26,11 +26,14 @@ constexpr int kShareThickness = 6;
 constexpr int kLeastBarWidth = 120;
 constexpr double kBarRadius = 2.0;
 constexpr int kPageRows = 10;
+constexpr int kLeastLetters = 8;
 
 int WidthOf(Kind kind, const QFontMetrics& metrics) {
   switch (kind) {
+    case Kind::Count:
+      return metrics.horizontalAdvance(QLatin1String("100,000")) + 2 * kCellPadding;
     case Kind::Figure:
-      return metrics.horizontalAdvance(QLatin1String("-$0,000,000.00")) + 2 * kCellPadding;
+      return metrics.horizontalAdvance(QLatin1String("-$000,000.00")) + 2 * kCellPadding;
     case Kind::Share:
       return metrics.horizontalAdvance(QLatin1String("100.0%")) + kShareWidth + 3 * kCellPadding;
     case Kind::Bar:
@@ -38,7 +41,7 @@ int WidthOf(Kind kind, const QFontMetrics& metrics) {
     case Kind::Text:
       break;
   }
-  return metrics.averageCharWidth() * 16 + 2 * kCellPadding;
+  return metrics.averageCharWidth() * kLeastLetters + 2 * kCellPadding;
 }
 
 bool IsFlexible(Kind kind) {
@@ -143,6 +146,7 @@ void SummaryTable::PaintLine(QPainter& painter, int row) const {
         PaintShare(painter, cell, content_.bar(row));
         painter.setPen(colors[Role::Dim]);
         [[fallthrough]];
+      case Kind::Count:
       case Kind::Figure:
         figures.Draw(painter, cell, content_.text(row, column), Qt::AlignRight);
         break;

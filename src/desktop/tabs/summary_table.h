@@ -11,7 +11,7 @@ namespace tallyfold::desktop {
 class SummaryTable final : public QWidget {
  public:
   struct Column {
-    enum class Kind : unsigned char { Text, Figure, Bar, Share };
+    enum class Kind : unsigned char { Text, Count, Figure, Bar, Share };
     QString title;
     Kind kind = Kind::Figure;
   };
