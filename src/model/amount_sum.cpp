@@ -4,6 +4,7 @@
 #include <cstddef>
 
 #include "model/amount_input.h"
+#include "model/amounts.h"
 
 namespace tallyfold {
 namespace {
@@ -42,7 +43,7 @@ std::optional<double> SumOfTypedAmounts(std::string_view text) {
     first = i + 1;
     has_digit = false;
   }
-  const double rounded = std::round(sum * 100.0) / 100.0;
+  const double rounded = RoundedAmount(sum);
   if (parts < 2 || std::abs(rounded) >= kTooLarge) return std::nullopt;
   return rounded;
 }

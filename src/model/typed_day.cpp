@@ -84,18 +84,24 @@ struct Parts {
   void Set(char part, int value) { (part == 'd' ? day : part == 'm' ? month : year) = value; }
 };
 
-// "0217", "021726", "02172026".
-bool ReadDigits(std::string_view digits, std::string_view order, Parts& parts) {
-  const std::size_t year_digits = digits.size() - std::min<std::size_t>(digits.size(), 4);
-  if (year_digits != 0 && year_digits != 2 && year_digits != 4) return false;
+// "021726" and "02172026": as if separators stood between the parts.
+std::optional<DateNumber> ReadWholeDay(std::string_view digits, std::string_view order) {
+  const std::size_t year_digits = digits.size() - 4;
+  if (year_digits != 2 && year_digits != 4) return std::nullopt;
+  std::string text;
+  std::string format;
   for (const char part : order) {
     const std::size_t size = part == 'y' ? year_digits : 2;
-    if (size == 0) continue;
-    const int number = NumberOf(digits.substr(0, size));
-    parts.Set(part, part == 'y' && size == 2 ? YearOfTwoDigits(number) : number);
+    if (!text.empty()) {
+      text += '/';
+      format += '/';
+    }
+    text += digits.substr(0, size);
+    format += '%';
+    format += part == 'y' && size == 4 ? 'Y' : part;
     digits.remove_prefix(size);
   }
-  return true;
+  return ParseDay(text, format);
 }
 
 }  // namespace
@@ -108,19 +114,22 @@ std::optional<DateNumber> ReadTypedDay(std::string_view text, std::string_view f
   if (!order || !numbers || numbers->empty()) return std::nullopt;
   const DateNumber from = near.value_or(TodaysDateNumber());
   Parts parts{from / 10000, from / 100 % 100, from % 100};
+  std::string two = *order;
+  std::erase(two, 'y');
   const std::string_view first = numbers->front();
   if (numbers->size() == 2) {
     if (std::ranges::any_of(*numbers, [](auto number) { return number.size() > 2; })) {
       return std::nullopt;
     }
-    std::string two = *order;
-    std::erase(two, 'y');
     parts.Set(two[0], NumberOf(first));
     parts.Set(two[1], NumberOf(numbers->back()));
   } else if (first.size() <= 2) {
     parts.day = NumberOf(first);
-  } else if (first.size() % 2 != 0 || !ReadDigits(first, *order, parts)) {
-    return std::nullopt;
+  } else if (first.size() == 4) {
+    parts.Set(two[0], NumberOf(first.substr(0, 2)));
+    parts.Set(two[1], NumberOf(first.substr(2)));
+  } else {
+    return first.size() > 4 ? ReadWholeDay(first, *order) : std::nullopt;
   }
   if (parts.year < 1 || parts.year > 9999 || !IsValidDay(parts.year, parts.month, parts.day)) {
     return std::nullopt;

@@ -23,6 +23,12 @@
 #include <functional>
 #include <memory>
 
+#include "desktop/fields/amount_field.h"
+#include "desktop/fields/calendar_pop_up.h"
+#include "desktop/fields/completion_list.h"
+#include "desktop/fields/date_field.h"
+#include "desktop/fields/key_button.h"
+#include "desktop/fields/search_field.h"
 #include "desktop/look/colors.h"
 #include "desktop/look/icons.h"
 #include "desktop/look/measures.h"
@@ -182,6 +188,43 @@ QWidget* RowMenu() {
   return menu;
 }
 
+QWidget* Fields() {
+  auto* page = new QWidget;
+  auto* all = new QVBoxLayout(page);
+  auto* search = new SearchField;
+  search->SetFilterName(QStringLiteral("General"));
+  search->SetFilterMenu(new QMenu);
+  search->Field().setPlaceholderText(QStringLiteral("Search entries"));
+  all->addWidget(search);
+  auto* searched = new SearchField;
+  searched->SetFilterName(QStringLiteral("Description"));
+  searched->SetFilterMenu(new QMenu);
+  searched->Field().setText(QStringLiteral("market"));
+  all->addWidget(searched);
+  auto* off = new SearchField;
+  off->SetFilterName(QStringLiteral("This Month"));
+  off->SetFilterMenu(new QMenu);
+  off->SetTakesText(false);
+  all->addWidget(off);
+  auto* row = new QHBoxLayout;
+  auto* date = new DateField;
+  date->setFixedWidth(132);
+  date->SetDay(20260305);
+  row->addWidget(date);
+  auto* amount = new AmountField;
+  amount->setFixedWidth(120);
+  amount->setText(QStringLiteral("12.50+3"));
+  amount->AddUp();
+  row->addWidget(amount);
+  auto* key = new LDGRButton(QStringLiteral("OK, then new"));
+  key->setIcon(IconNamed(QLatin1String("repeat")));
+  row->addWidget(key);
+  row->addStretch();
+  all->addLayout(row);
+  searched->Field().setFocus();
+  return page;
+}
+
 }  // namespace
 
 void Grab(const std::function<QWidget*()>& make, const QString& path, const QSize& size = {}) {
@@ -215,6 +258,20 @@ int main(int argc, char** argv) {
   };
   Grab(Controls, path("controls"));
   Grab(RowMenu, path("menu"));
+  Grab(Fields, path("fields"), {420, 190});
+  QWidget field;
+  field.resize(280, 30);
+  Grab([&] { return new CalendarPopUp(QDate(2026, 3, 5), QDate(2026, 3, 2), &field); },
+       path("calendar"));
+  Grab(
+      [&] {
+        auto* list = new CompletionList(&field);
+        list->SetNotes([](const std::string&) { return QStringLiteral("03/09/26"); });
+        list->Show({"Cafe by the Quay", "Caf\u00e9 Zo\u00eb", "Cash", "Local Bakery"},
+                   QStringLiteral("Ca"), 0);
+        return list;
+      },
+      path("completions"), {280, 122});
   const QSize page(1047, 675);
   Grab([] { return MakeRegister({.selected = {19}}); }, path("register"), page);
   Grab([] { return MakeRegister({.entries = 100'000, .selected = {49'990}}); },

@@ -1,24 +1,26 @@
 #include "desktop/fields/amount_field.h"
 
 #include <QKeyEvent>
-#include <QSignalBlocker>
 #include <algorithm>
 
 #include "desktop/look/measures.h"
 #include "desktop/texts.h"
 #include "model/amount_input.h"
 #include "model/amount_sum.h"
+#include "model/amounts.h"
 #include "registers/speaking_text_field.h"
 
 namespace tallyfold::desktop {
 
 AmountField::AmountField(QWidget* parent)
-    : QLineEdit(parent), format_([](double amount) { return QString::number(amount, 'f', 2); }) {
+    : QLineEdit(parent),
+      format_([](double amount) { return ToQString(FixedAmountString(amount)); }) {
   setAlignment(Qt::AlignTrailing | Qt::AlignVCenter);
   connect(this, &QLineEdit::textEdited, this, &AmountField::TakeEdit);
-  connect(this, &QLineEdit::textChanged, this, [this](const QString& text) {
+  connect(this, &QLineEdit::textChanged, this, [this] {
     SetProblem(this, false);
-    spoken_ = text;
+    // What is told may be a text that was refused.
+    spoken_ = text();
   });
 }
 

@@ -25,6 +25,8 @@ namespace {
 
 constexpr int kDayWidth = 32;
 constexpr int kDayHeight = 28;
+constexpr int kColumnWidth = 40;
+constexpr int kLineHeight = 29;
 constexpr double kTodayRing = 1.5;
 
 // Days on the ground of a pop-up: one chosen, one today, those of other months pale.
@@ -36,10 +38,11 @@ class Days final : public QCalendarWidget {
     setHorizontalHeaderFormat(QCalendarWidget::ShortDayNames);
     setFirstDayOfWeek(QLocale().firstDayOfWeek());
     setGridVisible(false);
-    // Weekends are days like others.
+    setMinimumSize(7 * kColumnWidth, 7 * kLineHeight);
+    // Weekends are days like others; their names are all that is drawn by these.
     const Colors& colors = ColorsOf(palette());
     QTextCharFormat plain;
-    plain.setForeground(colors[Role::Text]);
+    plain.setForeground(colors[Role::Dim]);
     for (int day = Qt::Monday; day <= Qt::Sunday; ++day) {
       setWeekdayTextFormat(static_cast<Qt::DayOfWeek>(day), plain);
     }

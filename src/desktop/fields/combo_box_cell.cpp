@@ -31,9 +31,10 @@ LDGRComboBoxCell::LDGRComboBoxCell(QWidget* parent)
     : QLineEdit(parent), list_(new CompletionList(this)) {
   list_->hide();
   connect(this, &QLineEdit::textEdited, this, &LDGRComboBoxCell::TakeEdit);
-  connect(this, &QLineEdit::textChanged, this, [this](const QString& text) {
+  connect(this, &QLineEdit::textChanged, this, [this] {
     SetProblem(this, false);
-    if (text != completed_) completed_ = QString();
+    // What is told may be the text before it was completed.
+    if (text() != completed_) completed_ = QString();
   });
   connect(list_, &CompletionList::Taken, this, &LDGRComboBoxCell::Take);
 }

@@ -278,16 +278,11 @@ void RegisterView::SelectAllRows() {
   TellSelection();
 }
 
-void RegisterView::SelectForUser(const std::vector<int>& rows) {
-  RowSelection selected;
-  int current = -1;
-  for (const int row : rows) {
-    if (row < 0 || row >= model_->rowCount()) continue;
-    selected.Add({row, row});
-    current = row;
-  }
-  if (current < 0) return;
-  selection_ = std::move(selected);
+void RegisterView::SelectForUser(std::vector<int> rows) {
+  std::erase_if(rows, [this](int row) { return row < 0 || row >= model_->rowCount(); });
+  if (rows.empty()) return;
+  const int current = rows.back();
+  selection_.SelectOnly(std::move(rows));
   anchor_ = current;
   MakeCurrent(current);
   ScrollToRow(current);

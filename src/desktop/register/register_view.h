@@ -45,7 +45,7 @@ class RegisterView final : public QTableView, public RowStates, private TableSta
   void SelectAllRows();
   // Selects rows for the user, the last of them the current one; those that there are not are left
   // out.
-  void SelectForUser(const std::vector<int>& rows);
+  void SelectForUser(std::vector<int> rows);
   void CopyRows() const;
   void ScrollToRow(int row);
   [[nodiscard]] const RowModel& Rows() const noexcept { return *model_; }

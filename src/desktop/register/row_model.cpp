@@ -61,12 +61,16 @@ void RowModel::Take(const RowsChange& change) {
   switch (change.kind) {
     case RowsChange::Kind::Inserted:
       if (row_count_ + (last - first + 1) != count) break;
+      until_told_ = {first, 0, last - first + 1};
       beginInsertRows({}, first, last);
+      until_told_ = {};
       row_count_ = count;
       return endInsertRows();
     case RowsChange::Kind::Removed:
       if (row_count_ - (last - first + 1) != count) break;
+      until_told_ = {first, last - first + 1, first - last - 1};
       beginRemoveRows({}, first, last);
+      until_told_ = {};
       row_count_ = count;
       return endRemoveRows();
     case RowsChange::Kind::Changed:
@@ -129,11 +133,15 @@ QString RowModel::ToolTipAt(int row, int column) const {
              : details_->ToolTipOf(ColumnAt(column).identifier, static_cast<std::size_t>(row));
 }
 
-bool RowModel::Exists(const QModelIndex& index) const {
-  // While a change is on its way a view may still ask for what is gone.
+int RowModel::RowOfSource(const QModelIndex& index) const {
   const TableDataSource* source = table_.DataSource();
-  return index.isValid() && source != nullptr && index.column() < columnCount() &&
-         static_cast<std::size_t>(index.row()) < source->numberOfRowsInTableView();
+  if (!index.isValid() || source == nullptr || index.column() >= columnCount()) return -1;
+  int row = index.row();
+  if (row >= until_told_.first) {
+    if (row < until_told_.first + until_told_.gone) return -1;
+    row += until_told_.by;
+  }
+  return static_cast<std::size_t>(row) < source->numberOfRowsInTableView() ? row : -1;
 }
 
 int RowModel::rowCount(const QModelIndex& parent) const {
@@ -145,13 +153,14 @@ int RowModel::columnCount(const QModelIndex& parent) const {
 }
 
 QVariant RowModel::data(const QModelIndex& index, int role) const {
-  if (!Exists(index)) return {};
+  const int row = RowOfSource(index);
+  if (row < 0) return {};
   switch (role) {
     case kCellRole:
-      return QVariant::fromValue(LookAt(index.row(), index.column()));
+      return QVariant::fromValue(LookAt(row, index.column()));
     case Qt::DisplayRole:
     case Qt::AccessibleTextRole:
-      return ToQString(CellAt(index.row(), index.column()).text);
+      return ToQString(CellAt(row, index.column()).text);
     default:
       return {};
   }

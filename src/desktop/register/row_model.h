@@ -64,7 +64,8 @@ class RowModel final : public QAbstractTableModel {
   [[nodiscard]] Qt::ItemFlags flags(const QModelIndex& index) const override;
 
  private:
-  [[nodiscard]] bool Exists(const QModelIndex& index) const;
+  // Where a row as the views know it stands in the source; -1 for one that is gone.
+  [[nodiscard]] int RowOfSource(const QModelIndex& index) const;
   void Reset();
 
   const TableState& table_;
@@ -73,6 +74,14 @@ class RowModel final : public QAbstractTableModel {
   TableLook look_;
   // As the views know it; the table may be ahead of them.
   int row_count_ = 0;
+  // While views are being told of rows that came or went, they still count as before: from the row
+  // `first` on, `gone` rows are no more and those behind them stand `by` rows further on.
+  struct Shift {
+    int first = 0;
+    int gone = 0;
+    int by = 0;
+  };
+  Shift until_told_;
   bool marks_are_boxes_ = false;
 };
 

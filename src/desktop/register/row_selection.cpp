@@ -1,11 +1,27 @@
 #include "desktop/register/row_selection.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace tallyfold::desktop {
 
 void RowSelection::SelectOnly(Range range) {
   ranges_ = {{std::min(range.first, range.last), std::max(range.first, range.last)}};
+}
+
+void RowSelection::SelectOnly(std::vector<int> rows) {
+  std::sort(rows.begin(), rows.end());
+  rows.erase(std::unique(rows.begin(), rows.end()), rows.end());
+  ranges_.clear();
+  for (const int row : rows) Append({row, row});
+}
+
+void RowSelection::Append(Range range) {
+  if (!ranges_.empty() && ranges_.back().last + 1 == range.first) {
+    ranges_.back().last = range.last;
+  } else {
+    ranges_.push_back(range);
+  }
 }
 
 void RowSelection::Add(Range range) {
@@ -81,12 +97,7 @@ void RowSelection::CloseUp(int first, int count) {
   closed.swap(ranges_);
   for (const Range& range : closed) {
     const int by = range.first >= first ? count : 0;
-    const Range moved{range.first - by, range.last - by};
-    if (!ranges_.empty() && ranges_.back().last + 1 == moved.first) {
-      ranges_.back().last = moved.last;
-    } else {
-      ranges_.push_back(moved);
-    }
+    Append({range.first - by, range.last - by});
   }
 }
 
@@ -109,11 +120,7 @@ void RowSelection::Reorder(std::span<const std::uint32_t> former_rows) {
     const std::size_t former = former_rows[row];
     if (former >= was_selected.size() || !was_selected[former]) continue;
     const int at = static_cast<int>(row);
-    if (!ranges_.empty() && ranges_.back().last + 1 == at) {
-      ranges_.back().last = at;
-    } else {
-      ranges_.push_back({at, at});
-    }
+    Append({at, at});
   }
 }
 

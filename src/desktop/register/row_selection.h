@@ -22,6 +22,8 @@ class RowSelection {
   void SelectOnly(int row) { SelectOnly(Range{row, row}); }
   // The two ends may stand in either order.
   void SelectOnly(Range range);
+  // In any order, some of them twice.
+  void SelectOnly(std::vector<int> rows);
   // Beside what is selected.
   void Add(Range range);
   // Whether the row is selected after it.
@@ -43,6 +45,8 @@ class RowSelection {
   void CloseUp(int first, int count);
   void Move(int from, int to);
   void Reorder(std::span<const std::uint32_t> former_rows);
+  // Behind all that are selected.
+  void Append(Range range);
 
   std::vector<Range> ranges_;
 };
