@@ -6,51 +6,20 @@
 #include <benchmark/benchmark.h>
 
 #include <algorithm>
-#include <array>
-#include <chrono>
 #include <cstdint>
 #include <random>
 #include <string>
 #include <vector>
 
 #include "benchmarks/household_account.h"
+#include "benchmarks/sort_yardstick.h"
 #include "model/current_account.h"
 #include "registers/account_table_view_data.h"
 
 namespace tallyfold::benchmarks {
 namespace {
 
-constexpr std::size_t kEntries = 100'000;
-
-using Seconds = std::chrono::duration<double>;
-
-template <typename Work>
-double SecondsFor(const Work& work) {
-  const auto start = std::chrono::steady_clock::now();
-  work();
-  return Seconds(std::chrono::steady_clock::now() - start).count();
-}
-
-struct Key {
-  std::uint64_t value;
-  std::uint32_t index;
-};
-
-// What sorting rows costs at least where everything is prepared and nothing is in order.
-double SortReadyKeys() {
-  static const std::vector<Key> ready = [] {
-    std::mt19937_64 random(3);
-    std::vector<Key> keys(kEntries);
-    for (std::uint32_t i = 0; i < kEntries; ++i) keys[i] = {random(), i};
-    return keys;
-  }();
-  std::vector<Key> keys = ready;
-  return SecondsFor([&keys] {
-    std::stable_sort(keys.begin(), keys.end(),
-                     [](const Key& a, const Key& b) { return a.value < b.value; });
-    benchmark::DoNotOptimize(keys.data());
-  });
-}
+constexpr std::size_t kEntries = kSortedKeys;
 
 struct UnlockedHost final : TableHost {
   [[nodiscard]] bool IsUnlocked() const override { return true; }

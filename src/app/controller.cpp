@@ -10,8 +10,10 @@
 #include "app/desk.h"
 #include "app/entries/amount_fields.h"
 #include "app/entries/entry_editing.h"
+#include "app/entries/entry_orders.h"
 #include "app/entries/entry_removal.h"
 #include "app/entries/entry_reveal.h"
+#include "app/entries/transfer_linking.h"
 #include "app/exchange/export_commands.h"
 #include "app/exchange/qif_import_command.h"
 #include "app/exchange/qif_import_controller.h"
@@ -42,8 +44,11 @@
 #include "app/views/account_summary_sheet.h"
 #include "app/views/account_summary_tab.h"
 #include "app/views/balance_field.h"
+#include "app/views/date_jump.h"
+#include "app/views/entry_find.h"
 #include "app/views/reconcile_tab.h"
 #include "app/views/registers.h"
+#include "app/views/shown_entries.h"
 #include "filters/filter_types.h"
 #include "filters/register_search.h"
 #include "filters/standard_filters.h"
@@ -69,6 +74,8 @@ struct LDGRController::Parts final : private AccountsStore::Host,
                                      private Refresh::Host,
                                      private AccountSelection::Host,
                                      private EntryReveal::Host,
+                                     private ShownEntries::Host,
+                                     private DateJump::Host,
                                      private LDGRQIFImportController::Host,
                                      private PreferencesSheet::Host,
                                      private RegisterSearch::Host,
@@ -101,6 +108,8 @@ struct LDGRController::Parts final : private AccountsStore::Host,
   EntryEditing editing;
   EntryRemoval removal;
   EntryReveal reveal;
+  EntryOrders orders;
+  TransferLinking linking;
   AmountFields amount_fields;
   ScheduleCommit schedule_commit;
   SchedulesTab schedules;
@@ -109,6 +118,9 @@ struct LDGRController::Parts final : private AccountsStore::Host,
   Registers registers;
   StandardFilters filters;
   RegisterSearch search;
+  ShownEntries shown_entries;
+  EntryFind find;
+  DateJump date_jump;
   BalanceField balance_field;
   ReconcileTab reconcile_tab;
   AccountSummaryTab summary_tab;
@@ -140,6 +152,9 @@ struct LDGRController::Parts final : private AccountsStore::Host,
     selection.Forget();
     account_passwords.Forget();
     reveal.Forget();
+    orders.Forget();
+    linking.Forget();
+    find.Forget();
   }
   bool Account_Add() override { return account_editing.Account_Add(); }
   void Account_Authenticate(const std::shared_ptr<LDGRAccount>& account) override {
@@ -185,9 +200,9 @@ struct LDGRController::Parts final : private AccountsStore::Host,
   bool LiveUpdatingFilters() const override { return desk.preferences().GetLiveUpdatingFilters(); }
   RegisterKind ShownRegister() const override { return tabs.ShownRegister(); }
   LDGRAccountTableViewData* CurrentRegister() override { return &registers.Current(); }
-  void ReloadShownRegister(EntryList entries) override {
+  void ReloadShownRegister() override {
     reveal.Forget();
-    registers.Of(ShownRegister()).Reload(std::move(entries));
+    registers.Reload(ShownRegister());
   }
   void ReloadRegisters() override {
     reveal.Forget();
@@ -223,9 +238,12 @@ struct LDGRController::Parts final : private AccountsStore::Host,
     return registers.CurrentKind() == RegisterKind::Reconcile ? account->reconcileFilter()
                                                               : account->entryFilter();
   }
-  void ShowAllEntries() override {
+  void ShowRegister() override {
     const bool is_reconcile = registers.CurrentKind() == RegisterKind::Reconcile;
     tabs.Select(is_reconcile ? Tab::Reconcile : Tab::Entry);
+  }
+  void ShowAllEntries() override {
+    ShowRegister();
     search.Filter_Select(filter_type::kGeneral);
   }
   void AsOne(const std::function<void()>& steps) override {
@@ -305,6 +323,8 @@ LDGRController::Parts::Parts(const Services& services)
       editing(desk, ledger, links, sheets, refresh, announcer),
       removal(desk, ledger, links, sheets, refresh, announcer),
       reveal(*this, desk, sheets, links, announcer),
+      orders(desk, ledger, links, sheets, refresh, announcer),
+      linking(desk, ledger, sheets, refresh, announcer),
       amount_fields(services.loop, services.field_speech),
       schedule_commit(desk, ledger, links, refresh, announcer),
       schedules(desk, ledger, schedule_commit, sheets, refresh, announcer),
@@ -312,19 +332,22 @@ LDGRController::Parts::Parts(const Services& services)
       reminder(desk, schedule_commit, sheets, services.loop, announcer),
       registers(desk, announcer),
       search(services.loop, *this),
+      shown_entries(*this, desk, registers, announcer),
+      find(desk, reveal, sheets, announcer),
+      date_jump(*this, desk, registers, sheets, announcer),
       balance_field(desk, registers, announcer),
       reconcile_tab(desk, ledger, registers, editing, refresh, announcer),
       summary_tab(desk, ledger, modal, sheets, announcer),
       summary_sheet(desk, ledger, summary_tab, sheets, announcer),
       lock(accounts, saving, selection, services.host, sheets, window, refresh, services.loop,
            announcer),
-      backups(accounts, lock, selection),
+      backups(accounts, lock, selection, modal, announcer),
       preferences_sheet(*this, desk, ledger, accounts, balance_field, window, sheets, services.loop,
                         announcer),
       updates(services.host, services.updates, announcer),
       menus(desk, ledger, modal, selection, sheets, refresh, announcer),
       tabs(desk, registers, search, summary_tab, speaker, reveal, refresh, announcer),
-      undo(ledger, desk, sheets, modal, selection, tabs, refresh, announcer),
+      undo(ledger, desk, sheets, modal, selection, tabs, summary_tab, refresh, announcer),
       printing(desk, tabs, registers),
       idle(services.loop, *this),
       text_editing(services.notifications,
@@ -460,6 +483,26 @@ EntryRemoval& LDGRController::entryRemoval() noexcept {
 
 EntryReveal& LDGRController::entryReveal() noexcept {
   return parts_->reveal;
+}
+
+EntryOrders& LDGRController::entryOrders() noexcept {
+  return parts_->orders;
+}
+
+TransferLinking& LDGRController::transferLinking() noexcept {
+  return parts_->linking;
+}
+
+ShownEntries& LDGRController::shownEntries() noexcept {
+  return parts_->shown_entries;
+}
+
+EntryFind& LDGRController::entryFind() noexcept {
+  return parts_->find;
+}
+
+DateJump& LDGRController::dateJump() noexcept {
+  return parts_->date_jump;
 }
 
 TransferLinks& LDGRController::transferLinks() noexcept {

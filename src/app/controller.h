@@ -16,8 +16,11 @@ class AmountFields;
 class ApplicationLock;
 class BackupsList;
 class BalanceField;
+class DateJump;
 class Desk;
 class EntryEditing;
+class EntryFind;
+class EntryOrders;
 class EntryRemoval;
 class EntryReveal;
 class EntrySpeaker;
@@ -45,9 +48,11 @@ class ScheduleEditing;
 class ScheduleReminder;
 class SchedulesTab;
 class SheetSlot;
+class ShownEntries;
 class StandardFilters;
 class Tabs;
 class TextEditing;
+class TransferLinking;
 class TransferLinks;
 class Undo;
 class UpdateCheck;
@@ -110,6 +115,8 @@ class LDGRController {
   [[nodiscard]] EntryEditing& entries() noexcept;
   [[nodiscard]] EntryRemoval& entryRemoval() noexcept;
   [[nodiscard]] EntryReveal& entryReveal() noexcept;
+  [[nodiscard]] EntryOrders& entryOrders() noexcept;
+  [[nodiscard]] TransferLinking& transferLinking() noexcept;
   [[nodiscard]] TransferLinks& transferLinks() noexcept;
   [[nodiscard]] AmountFields& amountFields() noexcept;
 
@@ -122,6 +129,9 @@ class LDGRController {
   // What is shown of an account.
   [[nodiscard]] Registers& registers() noexcept;
   [[nodiscard]] RegisterSearch& search() noexcept;
+  [[nodiscard]] ShownEntries& shownEntries() noexcept;
+  [[nodiscard]] EntryFind& entryFind() noexcept;
+  [[nodiscard]] DateJump& dateJump() noexcept;
   [[nodiscard]] StandardFilters& filters() noexcept;
   [[nodiscard]] EntrySpeaker& speaker() noexcept;
   [[nodiscard]] BalanceField& balanceField() noexcept;

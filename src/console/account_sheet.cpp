@@ -17,12 +17,13 @@ using Typed = AccountEditSheetState::Typed;
 
 constexpr std::int32_t kHighestCheckNumber = 2147483646;
 
-std::string ProblemOf(const Typed& typed) {
-  if (typed.name.find_first_not_of(" \t") == std::string::npos) {
+std::string SentenceFor(const std::optional<Problem>& problem) {
+  if (!problem) return "the account cannot be changed now";
+  if (problem->field == "accountEditSheet_Name_Field") {
     return "name: expected a text that is not empty";
   }
-  if (typed.password != typed.password_again) return "the two passwords differ";
-  return "the account sheet refuses these values";
+  if (problem->field == "accountEditSheet_PasswordAgain_Field") return "the two passwords differ";
+  return problem->text;
 }
 
 }  // namespace
@@ -41,10 +42,9 @@ void TypeAccountFields(const Arguments& arguments, Typed& typed) {
 }
 
 void FinishAccountSheet(const Console& console, Typed typed) {
-  std::string problem = ProblemOf(typed);
   console.controller.accountSheet().Read(std::move(typed));
   if (!console.controller.accountSheet().AccountEditSheet_OK())
-    throw CommandError(std::move(problem));
+    throw CommandError(SentenceFor(console.controller.accountSheet().State().problem));
 }
 
 std::size_t TypeRowNamed(const Typed& typed, std::string_view word) {

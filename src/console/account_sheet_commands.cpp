@@ -57,8 +57,9 @@ void ShowSheet(Console& console, const Arguments& /*arguments*/) {
   table.Add({"balance", WriteAmount(typed.starting_balance.value_or(0.0))});
   table.Add({"check", WriteNumber(typed.starting_check_number.value_or(0))});
   table.Add({"password", WriteYesNo(!typed.password.empty())});
-  table.Add({"descriptions", StyleText(typed.descriptions_style, typed.descriptions_count)});
-  table.Add({"payees", StyleText(typed.to_froms_style, typed.to_froms_count)});
+  table.Add(
+      {"descriptions", StyleText(typed.descriptions_style, typed.descriptions_count.value_or(0))});
+  table.Add({"payees", StyleText(typed.to_froms_style, typed.to_froms_count.value_or(0))});
   for (const OwnList& list : kOwnLists) {
     for (const std::string& text : typed.*list.texts) table.Add({std::string(list.name), text});
   }
@@ -67,7 +68,7 @@ void ShowSheet(Console& console, const Arguments& /*arguments*/) {
 
 // What descriptions= or payees= gives: all, own or how many of the latest.
 void TypeStyle(const Arguments& arguments, std::string_view option, std::int32_t& style,
-               std::int32_t& count) {
+               std::optional<std::int32_t>& count) {
   const auto text = arguments.Text(option);
   if (!text) return;
   if (*text == "all" || *text == "own") {

@@ -15,8 +15,11 @@ namespace tallyfold::console {
 [[nodiscard]] std::span<const Command> EntryCommands();
 [[nodiscard]] std::span<const Command> ExportCommands();
 [[nodiscard]] std::span<const Command> FilterCommands();
+[[nodiscard]] std::span<const Command> FindCommands();
 [[nodiscard]] std::span<const Command> GeneralCommands();
 [[nodiscard]] std::span<const Command> ImportCommands();
+[[nodiscard]] std::span<const Command> LinkCommands();
+[[nodiscard]] std::span<const Command> OrderCommands();
 [[nodiscard]] std::span<const Command> PasswordCommands();
 [[nodiscard]] std::span<const Command> PreferenceCommands();
 [[nodiscard]] std::span<const Command> PrintCommands();

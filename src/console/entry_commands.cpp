@@ -4,6 +4,7 @@
 
 #include "app/controller.h"
 #include "app/entries/entry_editing.h"
+#include "app/entries/entry_orders.h"
 #include "app/entries/entry_removal.h"
 #include "app/entries/entry_reveal.h"
 #include "app/exchange/qif_import_controller.h"
@@ -27,8 +28,8 @@ void TellIfAny(const Console& console, const std::string& note) {
 }
 
 // What a sheet that stays open tells; `problem` is its own text.
-[[noreturn]] void RefuseToStore(const std::string& problem) {
-  throw CommandError(problem.empty() ? "the entry cannot be stored" : problem);
+[[noreturn]] void RefuseToStore(const std::optional<Problem>& problem) {
+  throw CommandError(problem ? problem->text : "the entry cannot be stored");
 }
 
 void FinishDebitSheet(Console& console, const Arguments& arguments) {
@@ -170,32 +171,30 @@ void GiveUp(Console& console, const std::string& answers) {
 }
 
 void RemoveEntry(Console& console, const Arguments& arguments) {
-  const auto entry = SelectEntryNamed(console, arguments.WordAt(0));
+  const EntryList entries = arguments.WordCount() > 1
+                                ? AllEntriesNamed(console, arguments)
+                                : EntryList{SelectEntryNamed(console, arguments.WordAt(0))};
   LDGRController& controller = console.controller;
-  controller.entryRemoval().EntryRemoveConfirm_Begin();
+  controller.entryRemoval().EntriesRemoveConfirm_Begin(entries);
   if (!ConfirmRemoval(console)) {
-    return GiveUp(console, "answer OK before the command removes the entry");
+    return GiveUp(console, entries.size() > 1 ? "answer OK before the command removes the entries"
+                                              : "answer OK before the command removes the entry");
   }
   if (!ConfirmTransferRemoval(console)) {
     return GiveUp(console,
                   "after answer OK, answer Yes keeps the other half of the transfer and answer No "
                   "removes it too");
   }
-  console.printer.Confirm("Removed entry " + arguments.WordAt(0) + ".");
+  console.printer.Confirm(entries.size() > 1 ? "Removed the entries."
+                                             : "Removed entry " + arguments.WordAt(0) + ".");
   TellIfAny(console, controller.entryRemoval().Confirm().note);
 }
 
 void ClearEntries(Console& console, const Arguments& arguments) {
   const auto account = SelectedAccount(console);
   const bool cleared = arguments.YesNo("cleared").value_or(true);
-  EntryList entries;
-  for (std::size_t i = 0; i < arguments.WordCount(); ++i) {
-    entries.push_back(EntryNamed(console, arguments.WordAt(i)));
-  }
-  for (const auto& entry : entries) {
-    if (entry->GetCleared() == cleared) continue;
-    console.controller.entries().TurnClearedOver(entry);
-  }
+  const EntryList entries = AllEntriesNamed(console, arguments);
+  console.controller.entryOrders().SetCleared(entries, cleared);
   ShowChangedEntries(console, account, entries, OtherHalf::Unchanged);
 }
 
@@ -231,10 +230,10 @@ const std::vector<Command>& Commands() {
        .run = EditEntry,
        .works_in_review = true},
       {.name = "remove",
-       .words = "ENTRY",
+       .words = "ENTRY...",
        .least_words = 1,
-       .most_words = 1,
-       .help = "removes an entry, after a question (see answer)",
+       .most_words = 100,
+       .help = "removes entries, after a question for all of them (see answer)",
        .example = "remove 12",
        .run = RemoveEntry},
       {.name = "clear",

@@ -61,8 +61,8 @@ constexpr std::array kEditOptions = {
     kNotes,
     kSplit};
 
-template <typename T>
-void Set(T& field, std::optional<T> value) {
+template <typename Field, typename Value>
+void Set(Field& field, std::optional<Value> value) {
   if (value) field = *std::move(value);
 }
 
@@ -122,15 +122,16 @@ void TypeIntoEntrySheet(EntrySheet& sheet, const Arguments& arguments, std::stri
 
 void TypeCheck(LDGRController& controller, std::string_view text) {
   EntrySheetState::Typed typed = controller.entries().Debit().State().typed;
-  typed.check_number.reset();
+  typed.check_number.clear();
   typed.check = text != "no";
   if (typed.check && text != "next") {
-    typed.check_number = ReadNumber(text, "check", 0, std::numeric_limits<std::int32_t>::max() - 1);
+    typed.check_number =
+        std::to_string(ReadNumber(text, "check", 0, std::numeric_limits<std::int32_t>::max() - 1));
   }
   controller.entries().Debit().Read(std::move(typed));
   controller.entries().CheckNumber_Button();
   const EntrySheetState::Typed& numbered = controller.entries().Debit().State().typed;
-  if (numbered.check && !numbered.check_number) {
+  if (numbered.check && numbered.check_number.empty()) {
     throw CommandError("check: there are no numbers left");
   }
 }

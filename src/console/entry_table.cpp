@@ -77,12 +77,11 @@ std::vector<std::string> RegisterCells(const RegisterRows& rows, std::size_t row
 
 std::string NameOfEntry(const LDGRAccount& account, const RegisterOrder& order,
                         const LDGRAccountEntry& entry) {
-  const EntryList& entries = account.GetEntries();
-  const auto alike = std::count_if(entries.begin(), entries.end(), [&](const auto& other) {
-    return other->GetNumber() == entry.GetNumber();
-  });
-  if (alike == 1) return WriteNumber(entry.GetNumber());
-  const std::optional<std::int32_t> row = RowOfRecord(InOrderOf(entries, order), &entry);
+  if (account.EntriesWithNumber(entry.GetNumber()).size() == 1) {
+    return WriteNumber(entry.GetNumber());
+  }
+  const std::optional<std::int32_t> row =
+      RowOfRecord(InOrderOf(account.GetEntries(), order), &entry);
   return '#' + WriteNumber(row.value_or(0) + 1);
 }
 

@@ -1,6 +1,7 @@
 #include <string>
 
 #include "app/controller.h"
+#include "app/entries/transfer_linking.h"
 #include "app/exchange/qif_import_command.h"
 #include "app/exchange/qif_import_controller.h"
 #include "console/all_commands.h"
@@ -144,6 +145,8 @@ void Commit(Console& console, const Arguments& /*arguments*/) {
   add("types", type_count, account->GetTypes().size());
   if (undated > 0) add("entries without a date that can be read", 0, undated);
   console.printer.Show(table);
+  const std::string& offer = console.controller.transferLinking().State().offer_text;
+  if (!offer.empty()) console.printer.Note(offer + "  link offered links them.");
 }
 
 void Cancel(Console& console, const Arguments& /*arguments*/) {

@@ -2,12 +2,15 @@
 
 #include <algorithm>
 #include <charconv>
+#include <cstddef>
 #include <optional>
 #include <system_error>
+#include <utility>
 #include <vector>
 
 #include "app/controller.h"
 #include "app/desk.h"
+#include "console/command.h"
 #include "console/command_error.h"
 #include "console/register_order.h"
 #include "console/words.h"
@@ -60,6 +63,15 @@ std::shared_ptr<Record> Named(const std::vector<std::shared_ptr<Record>>& rows,
   return found;
 }
 
+// The only entry with that number, without sorting any rows; null where it takes them to tell.
+std::shared_ptr<LDGRAccountEntry> OnlyOneNumbered(const LDGRAccount& account,
+                                                  std::string_view word) {
+  const auto number = NumberOf<std::int32_t>(word);
+  if (!number) return nullptr;
+  const EntryList alike = account.EntriesWithNumber(*number);
+  return alike.size() == 1 ? alike.front() : nullptr;
+}
+
 }  // namespace
 
 std::shared_ptr<LDGRAccount> SelectedAccount(const Console& console) {
@@ -95,8 +107,29 @@ std::shared_ptr<LDGRAccount> AccountNamed(const Console& console, std::string_vi
 }
 
 std::shared_ptr<LDGRAccountEntry> EntryNamed(const Console& console, std::string_view word) {
-  const EntryList rows = InOrderOf(SelectedAccount(console)->GetEntries(), console.register_order);
-  return Named(rows, word, "an entry");
+  return EntryNamed(console, *SelectedAccount(console), word);
+}
+
+std::shared_ptr<LDGRAccountEntry> EntryNamed(const Console& console, const LDGRAccount& account,
+                                             std::string_view word) {
+  if (auto entry = OnlyOneNumbered(account, word)) return entry;
+  return Named(InOrderOf(account.GetEntries(), console.register_order), word, "an entry");
+}
+
+EntryList AllEntriesNamed(const Console& console, const Arguments& arguments) {
+  const auto account = SelectedAccount(console);
+  std::optional<EntryList> rows;
+  EntryList entries;
+  for (std::size_t i = 0; i < arguments.WordCount(); ++i) {
+    const std::string_view word = arguments.WordAt(i);
+    auto entry = OnlyOneNumbered(*account, word);
+    if (entry == nullptr) {
+      if (!rows) rows = InOrderOf(account->GetEntries(), console.register_order);
+      entry = Named(*rows, word, "an entry");
+    }
+    entries.push_back(std::move(entry));
+  }
+  return entries;
 }
 
 std::shared_ptr<LDGRAccountEntry> SelectEntryNamed(const Console& console, std::string_view word) {

@@ -16,6 +16,8 @@ class LDGRAccountSchedule;
 
 namespace tallyfold::console {
 
+class Arguments;
+
 // What typed words name. Each throws CommandError that says what there is instead.
 
 [[nodiscard]] std::shared_ptr<LDGRAccount> SelectedAccount(const Console& console);
@@ -27,8 +29,14 @@ namespace tallyfold::console {
 // shown last. A number that several entries have names none of them.
 [[nodiscard]] std::shared_ptr<LDGRAccountEntry> EntryNamed(const Console& console,
                                                            std::string_view word);
-// The same, which is then the selected one of the current register; one that the filter in force
-// hides cannot be.
+// The same of any account, whose rows are counted in the same order.
+[[nodiscard]] std::shared_ptr<LDGRAccountEntry> EntryNamed(const Console& console,
+                                                           const LDGRAccount& account,
+                                                           std::string_view word);
+// Those that all the words of a command name.
+[[nodiscard]] EntryList AllEntriesNamed(const Console& console, const Arguments& arguments);
+// An entry of the selected account, which is then the selected one of the current register; one
+// that the filter in force hides cannot be.
 std::shared_ptr<LDGRAccountEntry> SelectEntryNamed(const Console& console, std::string_view word);
 // A schedule of the selected account, by its number or by "#3" in the order of the list.
 [[nodiscard]] std::shared_ptr<LDGRAccountSchedule> ScheduleNamed(const Console& console,

@@ -37,7 +37,7 @@ void SetPassword(Console& console, const Arguments& arguments) {
   if (!password) return;
   LDGRController& controller = console.controller;
   if (!controller.preferencesSheet().Open()) throw CommandError("the password cannot be set now");
-  controller.preferencesSheet().PasswordValidate(*password, *password);
+  controller.preferencesSheet().preferencesSheet_PasswordValidate(*password, *password);
   if (!controller.preferencesSheet().OK()) throw CommandError("the password was not taken");
   console.printer.Confirm(password->empty() ? "No password protects the application."
                                             : "The password protects the application.");

@@ -27,11 +27,11 @@ bool GivePassword(Console& console, const std::string& password) {
   LDGRController& controller = console.controller;
   switch (controller.sheets().Current()) {
     case Sheet::Authentication:
-      controller.applicationLock().ValidatePassword(password);
+      controller.applicationLock().authenticationSheet_ValidatePassword(password);
       return controller.applicationLock().State().ok_is_enabled &&
              controller.applicationLock().OK();
     case Sheet::AccountAuthentication:
-      controller.accountPasswords().ValidatePassword(password);
+      controller.accountPasswords().accountAuthenticationSheet_ValidatePassword(password);
       return controller.accountPasswords().State().ok_is_enabled &&
              controller.accountPasswords().AccountAuthenticationSheet_OK();
     default:

@@ -1,12 +1,12 @@
 #include "app/controller.h"
 #include "app/desk.h"
-#include "app/shell/preference_texts.h"
 #include "app/shell/preferences_sheet.h"
 #include "app/shell/update_check.h"
 #include "console/all_commands.h"
 #include "console/command_error.h"
 #include "console/console.h"
 #include "console/console_host.h"
+#include "console/preference_texts.h"
 #include "console/printer.h"
 #include "console/table.h"
 #include "storage/preferences.h"
@@ -49,7 +49,8 @@ void SetPreference(Console& console, const Arguments& arguments) {
     throw CommandError("there is no preference " + Quoted(name) + "; preferences lists them");
   }
   OpenSheet(console);
-  if (!console.controller.preferencesSheet().SetField(name, arguments.WordAt(1))) {
+  if (!console.controller.preferencesSheet().Read(name,
+                                                  PreferenceValue(name, arguments.WordAt(1)))) {
     throw CommandError(name + ": expected " + expected + ", not " + Quoted(arguments.WordAt(1)));
   }
   PressOK(console);

@@ -3,6 +3,7 @@
 #include "app/controller.h"
 #include "app/desk.h"
 #include "app/views/registers.h"
+#include "app/views/shown_entries.h"
 #include "console/all_commands.h"
 #include "console/command_error.h"
 #include "console/console.h"
@@ -49,6 +50,10 @@ void ShowRegister(Console& console, const Arguments& arguments) {
     Table figures({{"entries", Column::Align::Right}, {"sum", Column::Align::Right}});
     figures.Add({WriteNumber(static_cast<std::int64_t>(count)), WriteAmount(rows.Total())});
     console.printer.Show(figures);
+  }
+  if (count == 0) {
+    const std::string hidden = console.controller.shownEntries().State().hidden_text;
+    if (!hidden.empty()) console.printer.Note(hidden);
   }
 }
 

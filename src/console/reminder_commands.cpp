@@ -24,7 +24,7 @@ std::string Count(std::size_t number) {
 }
 
 std::string DatesOf(const ReminderRow& row) {
-  if (row.date_is_enabled) return WriteDate(row.typed.date);
+  if (row.date_is_enabled) return WriteDate(row.typed.date.value_or(kNullDate));
   return Count(row.days.size()) + " from " + WriteDate(row.days.front()) + " to " +
          WriteDate(row.days.back());
 }
@@ -45,7 +45,7 @@ void Show(const Console& console) {
     rows.Add({Count(i + 1), row.typed.is_marked ? "yes" : "",
               WriteNumber(row.schedule->GetNumber()), DatesOf(row),
               row.is_ahead ? "to come" : "due", row.type, row.description, row.to_from,
-              WriteAmount(row.SignedAmount())});
+              WriteAmount(row.SignedAmount().value_or(0.0))});
   }
   console.printer.Show(rows);
   Table figures({{"due", Column::Align::Right},
@@ -53,8 +53,8 @@ void Show(const Console& console) {
                  {"look ahead"},
                  {"balance", Column::Align::Right}});
   figures.Add({Count(state.due), Count(state.ahead),
-               state.look_ahead + ' ' +
-                   state.unit_items[static_cast<std::size_t>(state.look_ahead_unit)].title,
+               state.typed.look_ahead + ' ' +
+                   state.unit_items[static_cast<std::size_t>(state.typed.look_ahead_unit)].title,
                state.balance ? WriteAmount(*state.balance) : "-"});
   console.printer.Show(figures);
 }
@@ -124,7 +124,7 @@ void LookAhead(Console& console, const Arguments& arguments) {
   LDGRController& controller = console.controller;
   const std::string& unit = arguments.WordAt(1);
   constexpr std::string_view kUnits[] = {"days", "weeks", "months"};
-  auto tag = static_cast<std::int32_t>(state.look_ahead_unit);
+  auto tag = static_cast<std::int32_t>(state.typed.look_ahead_unit);
   if (!unit.empty()) {
     const auto* const named = std::find(std::begin(kUnits), std::end(kUnits), unit);
     if (named == std::end(kUnits)) {
@@ -151,7 +151,7 @@ void ChooseBalance(Console& console, const Arguments& arguments) {
 }
 
 [[noreturn]] void Refuse(const Console& console) {
-  throw CommandError(console.controller.reminder().State().problem);
+  throw CommandError(TextOf(console.controller.reminder().State().problem));
 }
 
 bool MeansAll(const Arguments& arguments) {

@@ -111,8 +111,8 @@ void FinishScheduleSheet(Console& console, const Arguments& arguments) {
   const auto account = SelectedAccount(console);
   TypeIntoScheduleSheet(console, arguments);
   if (!console.controller.scheduleSheet().OK()) {
-    const std::string& problem = console.controller.scheduleSheet().State().problem;
-    throw CommandError(problem.empty() ? "the schedule cannot be stored" : problem);
+    const auto& problem = console.controller.scheduleSheet().State().problem;
+    throw CommandError(problem ? problem->text : "the schedule cannot be stored");
   }
   ShowSchedule(console, *account, *console.controller.desk().SelectedSchedule());
 }
@@ -138,6 +138,14 @@ void AddSchedule(Console& console, const Arguments& arguments) {
   if (!is_open) {
     throw CommandError(kind == "transfer" ? "a transfer needs another account"
                                           : "no schedule can be added now");
+  }
+  FinishScheduleSheet(console, arguments);
+}
+
+void ScheduleFromEntry(Console& console, const Arguments& arguments) {
+  SelectEntryNamed(console, arguments.WordAt(0));
+  if (!console.controller.scheduleSheet().NewFromEntry()) {
+    throw CommandError("no schedule can be made of entry " + arguments.WordAt(0));
   }
   FinishScheduleSheet(console, arguments);
 }
@@ -289,6 +297,14 @@ const std::vector<Command>& Commands() {
        .help = "adds an entry that recurs",
        .example = "schedule add debit start=2026-04-01 repeat=monthly amount=890.00 to=Landlord",
        .run = AddSchedule},
+      {.name = "schedule from",
+       .words = "ENTRY",
+       .least_words = 1,
+       .most_words = 1,
+       .options = ScheduleOptions(),
+       .help = "adds one like an entry, monthly from its day on, which counts as committed",
+       .example = "schedule from 12 repeat=weekly",
+       .run = ScheduleFromEntry},
       {.name = "schedule edit",
        .words = "SCHEDULE",
        .least_words = 1,

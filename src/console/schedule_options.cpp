@@ -37,8 +37,8 @@ constexpr Option kOptions[] = {
      .is_repeatable = true},
 };
 
-template <typename Value>
-void Set(Value& value, std::optional<Value> given) {
+template <typename Field, typename Value>
+void Set(Field& value, std::optional<Value> given) {
   if (given) value = std::move(*given);
 }
 

@@ -7,12 +7,14 @@
 #include "console/all_commands.h"
 #include "console/command_error.h"
 #include "console/console.h"
+#include "console/console_panels.h"
 #include "console/printer.h"
 #include "console/questions.h"
 #include "console/save_notes.h"
 #include "console/table.h"
 #include "console/values.h"
 #include "platform/ambient.h"
+#include "platform/file_system.h"
 #include "storage/accounts_store.h"
 
 namespace tallyfold::console {
@@ -39,9 +41,10 @@ void ListBackups(Console& console, const Arguments& /*arguments*/) {
   console.printer.Show(table);
 }
 
-void Restore(Console& console, const Arguments& arguments) {
-  const std::string& name = arguments.WordAt(0);
-  switch (console.controller.backups().Accounts_RestoreBackup(name)) {
+// `unreadable` tells of a file that holds no accounts.
+void TellResult(Console& console, AccountsStore::RestoreResult result, const std::string& name,
+                const std::string& unreadable) {
+  switch (result) {
     case AccountsStore::RestoreResult::Restored:
       console.printer.Confirm("Restored " + name + ".");
       break;
@@ -49,14 +52,39 @@ void Restore(Console& console, const Arguments& arguments) {
       if (console.questions.AsksPerson()) return console.printer.Confirm("Nothing was restored.");
       throw CommandError("nothing was restored; answer Restore before the command restores it");
     case AccountsStore::RestoreResult::Unreadable:
-      throw CommandError("there is no backup " + Quoted(name) +
-                         " that can be read; backup list shows them");
+      throw CommandError(unreadable);
     case AccountsStore::RestoreResult::Failed:
       throw CommandError("nothing was restored; the accounts of now could not be kept" +
                          ReasonOf(console.controller.accountsStore().RestoreFailure()));
     case AccountsStore::RestoreResult::Ended:
       break;
   }
+}
+
+void Restore(Console& console, const Arguments& arguments) {
+  const std::string& name = arguments.WordAt(0);
+  TellResult(console, console.controller.backups().Accounts_RestoreBackup(name), name,
+             "there is no backup " + Quoted(name) + " that can be read; backup list shows them");
+}
+
+void RestoreFile(Console& console, const Arguments& arguments) {
+  const std::string path = AbsolutePath(console.files, arguments.WordAt(0));
+  if (console.files.IsFolder(path)) throw CommandError(path + " is a folder");
+  if (!console.files.Exists(path)) throw CommandError("there is no file " + path);
+  console.panels.Expect(path, [] {});
+  const auto result = console.controller.backups().RestoreFromFile();
+  if (const std::string problem = console.panels.TakeProblem(); !problem.empty()) {
+    throw CommandError(problem);
+  }
+  if (!result) throw CommandError("nothing can be restored now");
+  TellResult(console, *result, arguments.WordAt(0),
+             "the file " + path + " holds no accounts that can be read");
+}
+
+void BackUpNow(Console& console, const Arguments& /*arguments*/) {
+  auto& backups = console.controller.backups();
+  if (!backups.BackUpNow()) throw CommandError(backups.State().problem);
+  console.printer.Confirm("Kept as " + backups.State().kept + ".");
 }
 
 constexpr Command kCommands[] = {
@@ -77,6 +105,18 @@ constexpr Command kCommands[] = {
              "question",
      .example = "backup restore Accounts_3_2_2026_1.0.0",
      .run = Restore},
+    {.name = "backup now",
+     .help = "saves the accounts and keeps a copy of their file, which backup list shows",
+     .example = "backup now",
+     .run = BackUpNow},
+    {.name = "backup restore-file",
+     .words = "PATH",
+     .least_words = 1,
+     .most_words = 1,
+     .help = "puts any accounts file or backup in the place of the accounts, which are kept, after "
+             "a question",
+     .example = "backup restore-file ~/old/Accounts.plist",
+     .run = RestoreFile},
 };
 
 }  // namespace

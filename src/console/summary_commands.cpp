@@ -29,6 +29,7 @@ namespace tallyfold::console {
 namespace {
 
 namespace choices = summary_choices;
+using Typed = AccountSummarySheetState::Typed;
 
 // How dates are written here, also in titles.
 constexpr std::string_view kDateFormat = "%Y-%m-%d";
@@ -203,26 +204,25 @@ constexpr std::string_view kNoFilter = "none";
 struct Switch {
   std::string_view name;
   bool (LDGRAccountSummary::*get)() const noexcept;
-  void (LDGRAccountSummary::*set)(bool) noexcept;
+  bool Typed::*typed;
 };
 constexpr Switch kSwitches[] = {
-    {"debits", &LDGRAccountSummary::showDebits, &LDGRAccountSummary::setShowDebits},
-    {"deposits", &LDGRAccountSummary::showDeposits, &LDGRAccountSummary::setShowDeposits},
-    {"transfers", &LDGRAccountSummary::showTransfers, &LDGRAccountSummary::setShowTransfers},
-    {"types", &LDGRAccountSummary::subtotalTypes, &LDGRAccountSummary::setSubtotalTypes},
-    {"descriptions", &LDGRAccountSummary::subtotalDescriptions,
-     &LDGRAccountSummary::setSubtotalDescriptions},
-    {"payees", &LDGRAccountSummary::subtotalToFroms, &LDGRAccountSummary::setSubtotalToFroms},
+    {"debits", &LDGRAccountSummary::showDebits, &Typed::show_debits},
+    {"deposits", &LDGRAccountSummary::showDeposits, &Typed::show_deposits},
+    {"transfers", &LDGRAccountSummary::showTransfers, &Typed::show_transfers},
+    {"types", &LDGRAccountSummary::subtotalTypes, &Typed::subtotal_types},
+    {"descriptions", &LDGRAccountSummary::subtotalDescriptions, &Typed::subtotal_descriptions},
+    {"payees", &LDGRAccountSummary::subtotalToFroms, &Typed::subtotal_to_froms},
 };
 struct MarkOption {
   std::string_view name;
   std::int32_t (LDGRAccountSummary::*get)() const noexcept;
-  void (LDGRAccountSummary::*set)(std::int32_t) noexcept;
+  std::int32_t Typed::*typed;
 };
 constexpr MarkOption kMarkOptions[] = {
-    {"resolved", &LDGRAccountSummary::showResolved, &LDGRAccountSummary::setShowResolved},
-    {"tax", &LDGRAccountSummary::showTaxDeductible, &LDGRAccountSummary::setShowTaxDeductible},
-    {"checks", &LDGRAccountSummary::showChecks, &LDGRAccountSummary::setShowChecks},
+    {"resolved", &LDGRAccountSummary::showResolved, &Typed::resolved},
+    {"tax", &LDGRAccountSummary::showTaxDeductible, &Typed::tax_deductible},
+    {"checks", &LDGRAccountSummary::showChecks, &Typed::checks},
 };
 
 void ShowOptions(Console& console, const Arguments& arguments) {
@@ -247,63 +247,64 @@ void ShowOptions(Console& console, const Arguments& arguments) {
   console.printer.Show(table);
 }
 
-void ReadRange(const Arguments& arguments, LDGRAccountSummary& options) {
+void ReadRange(const Arguments& arguments, Typed& typed) {
   const auto range = arguments.Text("range");
   const auto start = arguments.Date("start");
   const auto end = arguments.Date("end");
-  if (range) options.setDateRangeStyle(ReadChoice(choices::kDateRanges, *range, "range"));
+  if (range) typed.date_range = ReadChoice(choices::kDateRanges, *range, "range");
   if (!start && !end) return;
-  if (range && options.dateRangeStyle() != choices::kCustom) {
+  if (range && typed.date_range != choices::kCustom) {
     throw CommandError("start= and end= are for range=custom");
   }
-  options.setDateRangeStyle(choices::kCustom);
-  if (start) options.setStartDate(*start);
-  if (end) options.setEndDate(*end);
+  typed.date_range = choices::kCustom;
+  if (start) typed.start = *start;
+  if (end) typed.end = *end;
 }
 
-void ReadFilter(const Arguments& arguments, LDGRAccountSummary& options) {
+void ReadFilter(const Arguments& arguments, Typed& typed) {
   const auto filter = arguments.Text("filter");
   const auto text = arguments.Text("text");
   if (filter) {
-    options.setFilter(*filter != kNoFilter);
-    if (options.filter()) {
-      options.setFilterType(ReadChoice(choices::kFilterTypes, *filter, "filter"));
+    typed.filter = *filter != kNoFilter;
+    if (typed.filter) {
+      typed.filter_type = ReadChoice(choices::kFilterTypes, *filter, "filter");
     }
   } else if (text) {
-    options.setFilter(!text->empty());
+    typed.filter = !text->empty();
   }
-  if (text) options.setFilterData(*text);
+  if (text) typed.filter_text = *text;
 }
 
-// Puts what the arguments say into the options of the open sheet.
-void ReadOptions(const Arguments& arguments, LDGRAccountSummary& options) {
-  ReadRange(arguments, options);
+// Puts what the arguments say into what is typed into the sheet.
+void ReadOptions(const Arguments& arguments, Typed& typed) {
+  ReadRange(arguments, typed);
   if (const auto periods = arguments.Text("periods")) {
-    options.setSubtotalPeriodStyle(ReadChoice(choices::kPeriodStyles, *periods, "periods"));
+    typed.period_style = ReadChoice(choices::kPeriodStyles, *periods, "periods");
   }
   if (const auto show = arguments.Text("show")) {
-    options.setShowStyle(ReadChoice(choices::kShowStyles, *show, "show"));
+    typed.show_style = ReadChoice(choices::kShowStyles, *show, "show");
   }
   for (const Switch& each : kSwitches) {
-    if (const auto yes = arguments.YesNo(each.name)) (options.*each.set)(*yes);
+    if (const auto yes = arguments.YesNo(each.name)) typed.*each.typed = *yes;
   }
   for (const MarkOption& each : kMarkOptions) {
     if (const auto which = arguments.Text(each.name)) {
-      (options.*each.set)(ReadChoice(kMarks, *which, each.name));
+      typed.*each.typed = ReadChoice(kMarks, *which, each.name);
     }
   }
-  ReadFilter(arguments, options);
+  ReadFilter(arguments, typed);
 }
 
 void SetOptions(Console& console, const Arguments& arguments) {
   // Read once beforehand: a value that will not do must not leave another summary selected.
-  LDGRAccountSummary scratch;
+  Typed scratch;
   ReadOptions(arguments, scratch);
   (void)ChosenSummary(console, arguments);
   LDGRController& controller = console.controller;
   if (!controller.summarySheet().Open()) throw CommandError("the summary cannot be changed");
-  ReadOptions(arguments, *controller.summarySheet().State().options);
-  controller.summarySheet().OptionsChanged();
+  Typed typed = controller.summarySheet().State().typed;
+  ReadOptions(arguments, typed);
+  controller.summarySheet().Read(std::move(typed));
   if (!controller.summarySheet().OK()) throw CommandError("the summary cannot be changed");
   ShowOptions(console, arguments);
 }

@@ -49,13 +49,10 @@ void RegisterSearch::Search_Field(std::optional<std::string_view> text) {
 
 void RegisterSearch::Search() {
   host_.AsOne([this] {
-    const LDGRAccount* const account = CurrentAccount();
-    if (account == nullptr) return;
-    const bool shows_entries = host_.ShownRegister() == RegisterKind::Entry;
-    host_.ReloadShownRegister(shows_entries ? account->entryFilteredEntries()
-                                            : account->reconcileFilteredEntries());
+    if (CurrentAccount() == nullptr) return;
+    host_.ReloadShownRegister();
     host_.UpdateEntryDependentButtons();
-    if (shows_entries) host_.UpdateBalanceField();
+    if (host_.ShownRegister() == RegisterKind::Entry) host_.UpdateBalanceField();
   });
 }
 
@@ -88,13 +85,13 @@ void RegisterSearch::Filter_Select(std::int32_t type) {
           account->setEntryFilterType(type);
           account->setEntryFilterData("");
           filter = account->entryFilter();
-          host_.ReloadShownRegister(account->entryFilteredEntries());
+          host_.ReloadShownRegister();
           break;
         case RegisterKind::Reconcile:
           account->setReconcileFilterType(type);
           account->setReconcileFilterData("");
           filter = account->reconcileFilter();
-          host_.ReloadShownRegister(account->reconcileFilteredEntries());
+          host_.ReloadShownRegister();
           break;
         case RegisterKind::Other:
           break;

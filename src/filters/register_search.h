@@ -44,8 +44,8 @@ class RegisterSearch {
     virtual ~Host() = default;
 
     [[nodiscard]] virtual RegisterKind ShownRegister() const = 0;
-    // Gives the register that is showing its rows anew.
-    virtual void ReloadShownRegister(EntryList entries) = 0;
+    // Gives the register that is showing the selected account's filtered entries again.
+    virtual void ReloadShownRegister() = 0;
     virtual void UpdateEntryDependentButtons() = 0;
     virtual void UpdateBalanceField() = 0;
     virtual void StopSpeech() = 0;

@@ -50,17 +50,36 @@ Change::~Change() {
 
 void Change::End() noexcept {
   assert(ledger_.open_ == this);
+  for (const Touched& each : touched_) {
+    if (each.has_entries) AccountLists::EndEntryChange(*each.account);
+  }
   ledger_.open_ = outer_;
   is_open_ = false;
 }
 
 // --- Records ------------------------------------------------------------------------------------
 
-void Change::Touch(const AccountPointer& account) {
+Change::Touched& Change::Touch(const AccountPointer& account) {
   for (auto each = touched_.rbegin(); each != touched_.rend(); ++each) {
-    if (each->account == account) return;
+    if (each->account == account) return *each;
   }
   touched_.push_back({account, AccountLists::BearingsOf(*account)});
+  return touched_.back();
+}
+
+void Change::TouchEntries(const AccountPointer& account) {
+  Touched& touched = Touch(account);
+  if (std::exchange(touched.has_entries, true)) return;
+  AccountLists::BeginEntryChange(*account);
+}
+
+template <typename Record>
+void Change::TouchFor(const AccountPointer& account) {
+  if constexpr (std::is_same_v<Record, LDGRAccountEntry>) {
+    TouchEntries(account);
+  } else {
+    Touch(account);
+  }
 }
 
 void Change::CarryOut(std::unique_ptr<StepPart> part) {
@@ -86,7 +105,7 @@ bool Change::WasRemoved(const void* record) const noexcept {
 template <typename Record>
 void Change::AddRecord(const AccountPointer& account, std::shared_ptr<Record> record) {
   if (!account || !record) return;
-  Touch(account);
+  TouchFor<Record>(account);
   using Part = ListPart<Record>;
   auto& list = RecordTraits<Record>::ListOf(*account);
   MakeRoomForOne(list);
@@ -117,7 +136,7 @@ bool Change::RemoveRecord(const AccountPointer& account, const Record* record) {
     if (found != list.end()) place = static_cast<std::size_t>(found - list.begin());
   }
   if (!place) return false;
-  Touch(account);
+  TouchFor<Record>(account);
   auto part = std::make_unique<ListPart<Record>>(account, false);
   part->rows().push_back({*place, list[*place]});
   removed_.insert(record);
@@ -128,7 +147,7 @@ bool Change::RemoveRecord(const AccountPointer& account, const Record* record) {
 bool Change::Remove(const AccountPointer& account, const EntryList& entries) {
   if (!account || entries.empty()) return entries.empty();
   if (entries.size() == 1) return RemoveRecord(account, entries.front().get());
-  Touch(account);
+  TouchEntries(account);
   std::unordered_set<const LDGRAccountEntry*> wanted;
   for (const auto& entry : entries) wanted.insert(entry.get());
   auto part = std::make_unique<ListPart<LDGRAccountEntry>>(account, false);
@@ -153,7 +172,7 @@ void Change::EditOnce(std::uintptr_t subject, Arguments&&... arguments) {
 
 template <typename Record>
 Record& Change::EditRecord(const AccountPointer& account, const std::shared_ptr<Record>& record) {
-  Touch(account);
+  TouchFor<Record>(account);
   EditOnce<EditPart<Record>>(SubjectOf(record.get()), account, record);
   return *record;
 }
@@ -321,8 +340,9 @@ void Change::HandOn() {
   for (const Touched& each : touched_) {
     const auto is_it = [&each](const Touched& other) { return other.account == each.account; };
     if (std::none_of(outer.touched_.begin(), outer.touched_.end(), is_it)) {
-      outer.touched_.push_back(each);
+      outer.touched_.push_back({each.account, each.bearings});
     }
+    if (each.has_entries) outer.TouchEntries(each.account);
   }
   outer.removed_.insert(removed_.begin(), removed_.end());
   // Of two images of one subject the outer change needs its own, the older one.

@@ -115,11 +115,16 @@ class [[nodiscard]] Change {
   struct Touched {
     std::shared_ptr<LDGRAccount> account;
     AccountLists::Bearings bearings;
+    // Entries came, went or are edited.
+    bool has_entries = false;
   };
   Change(Ledger& ledger, std::string_view name, std::shared_ptr<LDGRAccount> ordered_in,
          Undoable undoable);
 
-  void Touch(const std::shared_ptr<LDGRAccount>& account);
+  Touched& Touch(const std::shared_ptr<LDGRAccount>& account);
+  void TouchEntries(const std::shared_ptr<LDGRAccount>& account);
+  template <typename Record>
+  void TouchFor(const std::shared_ptr<LDGRAccount>& account);
   // Does what the part says on its way forward; nothing when it throws.
   void CarryOut(std::unique_ptr<StepPart> part);
   void AlsoOrderedIn(const std::shared_ptr<LDGRAccount>& account);

@@ -1,5 +1,7 @@
 #include "ledger/ledger.h"
 
+#include "model/account_lists.h"
+
 namespace tallyfold {
 
 void Ledger::RemoveListener(const LedgerListener& listener) noexcept {
@@ -7,7 +9,10 @@ void Ledger::RemoveListener(const LedgerListener& listener) noexcept {
 }
 
 void Ledger::Note(const ChangeSet& set) noexcept {
-  for (const AccountChanges& changes : set.accounts) changes.account->NoteChange(changes.kinds);
+  for (const AccountChanges& changes : set.accounts) {
+    AccountLists::NoteChange(*changes.account, changes.kinds, changes.entries.removed,
+                             changes.entries.inserted, changes.entries.changed);
+  }
 }
 
 void Ledger::Record(const ChangeSet& set,

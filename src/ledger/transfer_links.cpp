@@ -62,11 +62,16 @@ TransferLinks::Search TransferLinks::FindOtherHalf(const LDGRAccount& account,
   const std::int32_t number = entry.GetTransferEntry();
   EntryList pointing_back;
   std::shared_ptr<LDGRAccountEntry> first;
-  for (const auto& half : other->GetEntries()) {
-    if (half->GetNumber() != number || half.get() == &entry) continue;
+  for (const auto& half : other->EntriesWithNumber(number)) {
+    if (half.get() == &entry) continue;
     if (PointsBack(*half, account, entry)) pointing_back.push_back(half);
     if (first == nullptr && number != kNotLinked) first = half;
   }
+  return Choose(entry, std::move(pointing_back), first);
+}
+
+TransferLinks::Search TransferLinks::Choose(const LDGRAccountEntry& entry, EntryList pointing_back,
+                                            const std::shared_ptr<LDGRAccountEntry>& first) {
   if (pointing_back.empty()) return {first, false};
   if (pointing_back.size() == 1) return {pointing_back.front(), false};
 
@@ -116,20 +121,6 @@ void TransferLinks::Relink(Change& change, LDGRAccount& account, LDGRAccountEntr
   entry.SetToFrom(name);
   if (kept == nullptr) return;
   Join(account, entry, change.Edit(target, kept));
-}
-
-void TransferLinks::UnlinkOtherHalf(Change& change, const LDGRAccount& account,
-                                    const LDGRAccountEntry& entry) const {
-  const auto half = OtherHalf(account, entry);
-  if (half == nullptr) return;
-  change.Edit(store_.AccountWithNumber(entry.GetTransferAccount()), half);
-  half->SetTransferEntry(kNotLinked);
-  half->SetTransferAccount(kNotLinked);
-}
-
-void TransferLinks::RemoveOtherHalf(Change& change, const LDGRAccount& account,
-                                    const LDGRAccountEntry& entry) const {
-  Remove(change, entry.GetTransferAccount(), OtherHalf(account, entry).get());
 }
 
 void TransferLinks::Remove(Change& change, std::int32_t account,

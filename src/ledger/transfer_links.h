@@ -4,6 +4,7 @@
 #include <memory>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "model/account.h"
 #include "model/account_entry.h"
@@ -46,6 +47,10 @@ class TransferLinks {
                                                             const LDGRAccountEntry& entry) const {
     return FindOtherHalf(account, entry).half;
   }
+  // FindOtherHalf() of each of the entries, which are of `account`, for one walk through each
+  // account that they name.
+  [[nodiscard]] std::vector<Search> FindOtherHalves(const LDGRAccount& account,
+                                                    const EntryList& entries) const;
   // What the user is told where the other half cannot be told from others; "" where it can.
   [[nodiscard]] std::string NoteOnOtherHalf(const LDGRAccount& account,
                                             const LDGRAccountEntry& entry) const;
@@ -63,12 +68,12 @@ class TransferLinks {
               const std::shared_ptr<LDGRAccountEntry>& half, std::int32_t other,
               std::string_view name) const;
 
-  // Makes the other half of an entry of `account` an ordinary entry that stays where it is.
-  void UnlinkOtherHalf(Change& change, const LDGRAccount& account,
-                       const LDGRAccountEntry& entry) const;
-  // Removes the other half of an entry of `account` from its account.
-  void RemoveOtherHalf(Change& change, const LDGRAccount& account,
-                       const LDGRAccountEntry& entry) const;
+  // Makes the other halves of entries of `account` ordinary entries that stay where they are.
+  void UnlinkOtherHalves(Change& change, const LDGRAccount& account,
+                         const EntryList& entries) const;
+  // Removes the other halves of entries of `account` from their accounts.
+  void RemoveOtherHalves(Change& change, const LDGRAccount& account,
+                         const EntryList& entries) const;
 
   // Gives every transfer of the account the present name of the account it names.
   void Account_SyncTransfers(Change& change, const std::shared_ptr<LDGRAccount>& account) const;
@@ -77,6 +82,10 @@ class TransferLinks {
   void Schedules_SyncTransfers(Change& change) const;
 
  private:
+  // Of the entries with the wanted number: which of those that point back is meant, or else
+  // `first`.
+  [[nodiscard]] static Search Choose(const LDGRAccountEntry& entry, EntryList pointing_back,
+                                     const std::shared_ptr<LDGRAccountEntry>& first);
   // The present name of the account that `entry` names; null when it has it or names none.
   [[nodiscard]] const std::string* NewName(const LDGRAccountEntry& entry) const;
   // Null stands for an other half that is not there.

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "model/account_lists.h"
+#include "model/entry_numbers.h"
 #include "model/entry_walk.h"
 #include "platform/ambient.h"
 #include "platform/clock.h"
@@ -120,7 +121,8 @@ std::shared_ptr<LDGRAccountEntry> LDGRAccount::GetLastEnteredEntry() const {
 }
 
 std::shared_ptr<LDGRAccountEntry> LDGRAccount::GetLastEnteredCheck() const {
-  std::shared_ptr<LDGRAccountEntry> last;
+  auto last = EntryNumbers::UpToDate(entry_numbers_, *this).LastCheck();
+  if (last != nullptr) return last;
   for (const auto& entry : entries_) {
     if (entry->IsCheck() && (!last || entry->GetNumber() > last->GetNumber())) last = entry;
   }

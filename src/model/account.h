@@ -5,6 +5,7 @@
 #include <functional>
 #include <memory>
 #include <optional>
+#include <span>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -15,15 +16,18 @@
 #include "model/account_part.h"
 #include "model/account_schedule.h"
 #include "model/date_number.h"
+#include "model/entry_log.h"
 #include "model/entry_type.h"
 #include "plist/output.h"
 #include "plist/value.h"
 
 namespace tallyfold {
 
+class EntryNumbers;
 class LDGRAccount;
 class LDGRAccountSummary;
 class LDGRFilter;
+class RunningBalanceTable;
 struct ExportOptions;
 
 using AccountList = std::vector<std::shared_ptr<LDGRAccount>>;
@@ -119,6 +123,17 @@ class LDGRAccount : public AccountOptions {
   // True when an uncommitted occurrence of any schedule is due today.
   [[nodiscard]] bool HasPendingScheduledEntries() const;
 
+  // All entries with that number, in the order of the entries.
+  [[nodiscard]] EntryList EntriesWithNumber(std::int32_t number) const;
+
+  // For whoever keeps what he worked out of all entries: where their changes stand, and which were
+  // touched since they stood there, each touch in turn. None when any may be another one; so it is
+  // for the mark 0, which stands for a moment in the middle of a change. Good until the next
+  // change.
+  [[nodiscard]] std::uint64_t EntriesMark() const noexcept;
+  [[nodiscard]] std::optional<std::span<const EntryTouch>> EntriesTouchedSince(
+      std::uint64_t mark) const noexcept;
+
   // Least and greatest by date, then entry number; null without entries.
   [[nodiscard]] std::shared_ptr<LDGRAccountEntry> GetFirstEntry() const;
   [[nodiscard]] std::shared_ptr<LDGRAccountEntry> GetLastEntry() const;
@@ -156,6 +171,9 @@ class LDGRAccount : public AccountOptions {
   // account's entries in all. The rows are entries of this account in any order and choice. Sums
   // run in register order here, so that the last bits may differ from the single operation.
   [[nodiscard]] std::vector<double> RunningBalances(const EntryList& rows) const;
+
+  // The same of one row, for much less when it is asked again and again.
+  [[nodiscard]] double RunningBalanceOf(const LDGRAccountEntry& row) const;
 
   // Sums over the entries of a kind, without the starting balance: the debits' is negative.
   [[nodiscard]] double GetDebitsTotal() const noexcept;
@@ -425,6 +443,9 @@ class LDGRAccount : public AccountOptions {
   }
   void MakeDefaultSummaries() const;
 
+  // Forgets what is logged of entries after a change that was not.
+  const EntryLog& UpToDateEntryLog() const noexcept;
+
   // Forgets default types that are in neither list of types.
   void DropForeignDefaultTypes() noexcept;
 
@@ -432,6 +453,14 @@ class LDGRAccount : public AccountOptions {
   std::int32_t version_ = kCurrentVersion;
   std::string name_;
   EntryList entries_;
+  mutable EntryLog entry_log_;
+  // The EntriesRevision() that the log is of.
+  mutable std::uint64_t logged_revision_ = 0;
+  // How many changes that touch entries are open.
+  int open_entry_changes_ = 0;
+  // Made when they are first asked for.
+  mutable std::shared_ptr<EntryNumbers> entry_numbers_;
+  mutable std::shared_ptr<RunningBalanceTable> running_balances_;
   mutable std::optional<EntryTypeList> types_;
   EntryTypeList inactive_types_;
   std::int32_t starting_check_number_ = 1;

@@ -23,6 +23,13 @@ class AccountLists {
     return account.account_summaries_;
   }
 
+  // The account notes what changed in it; of its entries, those that are listed and no others.
+  static void NoteChange(LDGRAccount& account, ChangeKinds kinds, const EntryList& removed,
+                         const EntryList& inserted, const EntryList& changed) noexcept;
+  // While a change is open that touches entries, nothing that is worked out of all of them is kept.
+  static void BeginEntryChange(LDGRAccount& account) noexcept { ++account.open_entry_changes_; }
+  static void EndEntryChange(LDGRAccount& account) noexcept { --account.open_entry_changes_; }
+
   // What an account holds besides its stored parts, or must not lose by their exchange.
   struct Bearings {
     ChangeCount::Revisions revisions;

@@ -1,6 +1,7 @@
 #include <algorithm>
 
 #include "model/account.h"
+#include "model/entry_numbers.h"
 
 namespace tallyfold {
 namespace {
@@ -49,23 +50,17 @@ std::int32_t LDGRAccount::NextAvailableCheckNumber() const noexcept {
 }
 
 std::int32_t LDGRAccount::NextAvailableCheckNumberAfterEntry(const LDGRAccountEntry* entry) const {
-  const std::int32_t highest = HighestCheckNumber();
+  const EntryNumbers& numbers = EntryNumbers::UpToDate(entry_numbers_, *this);
+  const std::int32_t stored = numbers.HighestCheckNumber();
+  const std::int32_t highest =
+      starting_check_number_ > stored ? Previous(starting_check_number_) : stored;
   if (entry == nullptr) return std::max(Next(highest), starting_check_number_);
-  if (entry->GetCheckNumber() == highest) return Next(highest);
+  if (entry->GetCheckNumber() == highest || !numbers.Holds(*entry)) return Next(highest);
 
   // The checks that follow in the order of check numbers, in which other entries come last. Those
   // of the same number make no difference.
-  std::vector<std::int32_t> later;
-  bool is_here = false;
-  for (const auto& other : entries_) {
-    is_here = is_here || other.get() == entry;
-    if (entry->IsCheck() && other->IsCheck() && other->GetCheckNumber() > entry->GetCheckNumber()) {
-      later.push_back(other->GetCheckNumber());
-    }
-  }
-  if (!is_here) return Next(highest);
-  std::sort(later.begin(), later.end());
-
+  const auto later = entry->IsCheck() ? numbers.CheckNumbersAfter(entry->GetCheckNumber())
+                                      : std::vector<std::int32_t>();
   std::int32_t candidate = entry->GetCheckNumber();
   for (const std::int32_t number : later) {
     candidate = Next(candidate);

@@ -19,6 +19,8 @@ class ChangeCount {
   [[nodiscard]] std::uint64_t LedgerRevision() const noexcept { return present_.ledger; }
   // As long as it stays, so do all balances but the resolved ones.
   [[nodiscard]] std::uint64_t MoneyRevision() const noexcept { return present_.money; }
+  // As long as it stays, so do all entries and what their types are called.
+  [[nodiscard]] std::uint64_t EntriesRevision() const noexcept { return present_.entries; }
 
   void NoteChange() noexcept { NoteChange(ChangeKinds::All()); }
   // None is no change.
@@ -27,13 +29,16 @@ class ChangeCount {
     present_.revision = ++last_;
     if (kinds.HasAnyOf(ChangeKind::Money | ChangeKind::Marks)) present_.ledger = last_;
     if (kinds.HasAnyOf(ChangeKind::Money)) present_.money = last_;
+    const ChangeKinds of_entries = ChangeKind::Money | ChangeKind::Marks | ChangeKind::Texts;
+    if (kinds.HasAnyOf(of_entries | ChangeKind::Types)) present_.entries = last_;
   }
 
-  // The three revisions at a moment.
+  // The revisions at a moment.
   struct Revisions {
     std::uint64_t revision = 0;
     std::uint64_t ledger = 0;
     std::uint64_t money = 0;
+    std::uint64_t entries = 0;
   };
   [[nodiscard]] const Revisions& PresentRevisions() const noexcept { return present_; }
   // Says that all is again as it was at `revisions`, which are of this very record.

@@ -4,7 +4,7 @@
 
 namespace tallyfold {
 
-void TweakDayFieldForMonthAndYear(DayField& field, std::int32_t month, std::int32_t year) noexcept {
+void TweakDayField(DayField& field, std::int32_t month, std::int32_t year) noexcept {
   switch (month) {
     case 4:
     case 6:

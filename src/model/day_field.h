@@ -13,6 +13,6 @@ struct DayField {
 
 // Limits the field to the month's length: a day beyond it becomes its last day. A month that is no
 // other is taken for February, which has 29 days in every year divisible by 4, 1900 and 2100 too.
-void TweakDayFieldForMonthAndYear(DayField& field, std::int32_t month, std::int32_t year) noexcept;
+void TweakDayField(DayField& field, std::int32_t month, std::int32_t year) noexcept;
 
 }  // namespace tallyfold

@@ -1,5 +1,8 @@
 #include "registers/account_table_view_data.h"
 
+#include <algorithm>
+#include <iterator>
+#include <unordered_set>
 #include <utility>
 
 #include "model/date_number.h"
@@ -43,19 +46,81 @@ void LDGRAccountTableViewData::SetDateFormat(std::optional<std::string_view> for
 
 void LDGRAccountTableViewData::SetEntries(EntryList entries) {
   rows_.SetEntries(std::move(entries));
+  filter_ = nullptr;
   are_rows_told_ = false;
 }
 
 void LDGRAccountTableViewData::Reload(EntryList entries) {
   const auto selected = GetSelectedEntry();
   const EntryList before = rows_.SetEntries(std::move(entries));
-  rows_.PrepareFigures();
-  if (const auto key = SortKeyOfColumn(SortColumn())) {
-    rows_.Sort({key, layout_.SortsDescending()});
+  filter_ = nullptr;
+  if (const auto order = WantedOrder()) rows_.Sort(*order);
+  ShowRows(are_rows_told_ ? ChangeOfRows(before, rows_.Entries()) : RowsChange{}, selected);
+}
+
+void LDGRAccountTableViewData::ReloadFiltered(std::shared_ptr<const LDGRFilter> filter) {
+  const auto& account = rows_.Account();
+  if (account == nullptr) return Reload(EntryList());
+  const std::uint64_t mark = account->EntriesMark();
+  // A filter of days has other rules on another day.
+  const bool is_same = filter_ != nullptr && rows_.Order() == WantedOrder() &&
+                       filter_->asDictionary() == filter->asDictionary();
+  const auto touches = is_same ? account->EntriesTouchedSince(filtered_mark_) : std::nullopt;
+  const auto selected = GetSelectedEntry();
+  const auto passes = [&filter](const auto& entry, bool /*is_row*/) {
+    return !filter->Filter(EntryList{entry}).empty();
+  };
+  if (const auto change = touches ? rows_.TakeUp(*touches, passes) : std::nullopt) {
+    ShowRows(are_rows_told_ ? *change : RowsChange{}, selected);
+  } else {
+    Reload(filter->Filter(account->GetEntries()));
   }
+  filter_ = std::move(filter);
+  filtered_mark_ = sorted_mark_ = mark;
+}
+
+void LDGRAccountTableViewData::TakeSaved(const EntryList& saved, const LDGRFilter& filter) {
+  const auto& account = rows_.Account();
+  const EntryList passed = filter.Filter(saved);
+  const auto is_passed = [&passed](const auto& entry) {
+    return std::ranges::find(passed, entry) != passed.end();
+  };
+  if (account == nullptr ||
+      (passed.empty() && std::ranges::none_of(saved, [this](const auto& each) {
+         return EntryToRow(each.get()).has_value();
+       }))) {
+    return;
+  }
+  const std::uint64_t mark = account->EntriesMark();
+  const bool is_sorted = filter_ != nullptr && rows_.Order() == WantedOrder();
+  const auto since = is_sorted ? account->EntriesTouchedSince(sorted_mark_) : std::nullopt;
+  if (since) {
+    std::vector<EntryTouch> touches(since->begin(), since->end());
+    for (const auto& entry : saved) touches.push_back({entry, true});
+    const auto selected = GetSelectedEntry();
+    const auto stays = [&](const auto& entry, bool is_row) { return is_row || is_passed(entry); };
+    if (const auto change = rows_.TakeUp(touches, stays)) {
+      sorted_mark_ = mark;
+      return ShowRows(are_rows_told_ ? *change : RowsChange{}, selected);
+    }
+  }
+  EntryList entries = rows_.Entries();
+  const std::unordered_set<std::shared_ptr<LDGRAccountEntry>> known(entries.begin(), entries.end());
+  std::ranges::copy_if(passed, std::back_inserter(entries),
+                       [&known](const auto& entry) { return !known.contains(entry); });
+  Reload(std::move(entries));
+}
+
+std::optional<RegisterOrder> LDGRAccountTableViewData::WantedOrder() const {
+  const auto key = SortKeyOfColumn(SortColumn());
+  if (!key) return std::nullopt;
+  return RegisterOrder{key, layout_.SortsDescending()};
+}
+
+void LDGRAccountTableViewData::ShowRows(const RowsChange& change,
+                                        const std::shared_ptr<LDGRAccountEntry>& selected) {
   const auto awaited = std::exchange(awaited_row_, std::nullopt);
-  ShowRows(are_rows_told_ ? ChangeOfRows(before, rows_.Entries()) : RowsChange{},
-           awaited ? *awaited : EntryToRow(selected.get()).value_or(TableState::kNoRow));
+  ShowRows(change, awaited ? *awaited : EntryToRow(selected.get()).value_or(TableState::kNoRow));
 }
 
 void LDGRAccountTableViewData::ShowRows(const RowsChange& change, std::int32_t selected_row) {

@@ -9,6 +9,7 @@
 #include <utility>
 #include <vector>
 
+#include "filters/filter.h"
 #include "model/account.h"
 #include "model/account_entry.h"
 #include "registers/register_order.h"
@@ -76,6 +77,13 @@ class LDGRAccountTableViewData final : public TableDataSource {
   // take its selected row. The table tells what became of its rows, and only then of the selection.
   void Reload(EntryList entries);
 
+  // The same of those entries of the account that pass the filter. Where filter and order are those
+  // of the last time, only entries that changed since are looked at.
+  void ReloadFiltered(std::shared_ptr<const LDGRFilter> filter);
+  // Saved entries are sorted in anew where they are shown, and added where the filter passes them;
+  // no other row comes or goes.
+  void TakeSaved(const EntryList& saved, const LDGRFilter& filter);
+
   // --- Selection --------------------------------------------------------------------------------
   // Null when no row is selected.
   [[nodiscard]] std::shared_ptr<LDGRAccountEntry> GetSelectedEntry() const;
@@ -125,7 +133,10 @@ class LDGRAccountTableViewData final : public TableDataSource {
   [[nodiscard]] double TotalOfRows() const;
 
  private:
+  // None for the order that the entries have.
+  [[nodiscard]] std::optional<RegisterOrder> WantedOrder() const;
   // Tells what became of the rows, and selects one of them.
+  void ShowRows(const RowsChange& change, const std::shared_ptr<LDGRAccountEntry>& selected);
   void ShowRows(const RowsChange& change, std::int32_t selected_row);
   [[nodiscard]] TableFormat Format() const { return {date_format_string_, host_.preferences()}; }
 
@@ -133,6 +144,11 @@ class LDGRAccountTableViewData final : public TableDataSource {
   RegisterRows rows_;
   TableLayout layout_;
   std::string date_format_string_;
+  // What the rows are filtered by, null where they were given; and where the changes of entries
+  // stood when all rows were filtered, and when all were sorted.
+  std::shared_ptr<const LDGRFilter> filter_;
+  std::uint64_t filtered_mark_ = 0;
+  std::uint64_t sorted_mark_ = 0;
   // To be selected as soon as there are rows.
   std::optional<std::int32_t> awaited_row_;
   // Whether the table has told of the rows as they are.

@@ -287,4 +287,30 @@ Order OrderOfEntries(const EntryList& entries, const RegisterOrder& order) {
   return OrderAsItIs(entries.size());
 }
 
+int CompareEntries(const LDGRAccountEntry& a, const LDGRAccountEntry& b,
+                   const RegisterOrder& order) {
+  const auto compare = [&](auto comparison) {
+    const int result = (a.*comparison)(b);
+    return order.descending ? -result : result;
+  };
+  if (!order.key) return compare(&LDGRAccountEntry::NumberIsGreaterThan);
+  switch (*order.key) {
+    case RegisterSortKey::CheckNumber:
+      return compare(&LDGRAccountEntry::CheckNumberIsGreaterThan);
+    case RegisterSortKey::Date:
+      return compare(&LDGRAccountEntry::DatePrimaryCheckSecondaryIsGreaterThan);
+    case RegisterSortKey::Type:
+      return compare(&LDGRAccountEntry::TypePrimaryDateSecondaryIsGreaterThan);
+    case RegisterSortKey::Description:
+      return compare(&LDGRAccountEntry::DescriptionIsGreaterThan);
+    case RegisterSortKey::Amount:
+      return compare(&LDGRAccountEntry::AmountIsGreaterThan);
+    case RegisterSortKey::Cleared:
+      return compare(&LDGRAccountEntry::ClearedIsGreaterThan);
+    case RegisterSortKey::ToFrom:
+      return compare(&LDGRAccountEntry::ToFromIsGreaterThan);
+  }
+  return 0;
+}
+
 }  // namespace tallyfold

@@ -39,4 +39,9 @@ struct RegisterOrder {
 [[nodiscard]] std::vector<std::uint32_t> OrderOfEntries(const EntryList& entries,
                                                         const RegisterOrder& order);
 
+// By the same order -1, 0 or 1; of two entries for which it is 0, the one that the account has
+// first comes first.
+[[nodiscard]] int CompareEntries(const LDGRAccountEntry& a, const LDGRAccountEntry& b,
+                                 const RegisterOrder& order);
+
 }  // namespace tallyfold

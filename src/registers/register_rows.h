@@ -2,16 +2,19 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <optional>
+#include <span>
 #include <string_view>
 #include <vector>
 
 #include "model/account.h"
 #include "model/account_entry.h"
 #include "model/date_number.h"
-#include "model/running_balances.h"
+#include "model/entry_log.h"
 #include "registers/register_order.h"
+#include "registers/rows_change.h"
 #include "registers/table_data_source.h"
 #include "storage/preferences.h"
 
@@ -39,6 +42,12 @@ class RegisterRows {
   [[nodiscard]] const EntryList& Entries() const noexcept { return entries_; }
   // Sorts the rows: for each the one that its entry had before.
   std::vector<std::uint32_t> Sort(const RegisterOrder& order);
+  // Whether an entry that is or is not a row is to be one.
+  using IsWanted = std::function<bool(const std::shared_ptr<LDGRAccountEntry>&, bool is_row)>;
+  // Puts the touched entries where sorting all rows again would put them; of those the account has
+  // no more, none stays. What became of the rows; none, and the rows are as they were, where that
+  // takes more than a look at these entries.
+  std::optional<RowsChange> TakeUp(std::span<const EntryTouch> touches, const IsWanted& is_wanted);
   // None while the rows stand as they were given.
   [[nodiscard]] const std::optional<RegisterOrder>& Order() const noexcept { return order_; }
 
@@ -49,32 +58,26 @@ class RegisterRows {
   // LDGRAccount::GetRunningBalanceAtEntry() of the row's entry, whatever the order.
   [[nodiscard]] double RunningBalanceOf(std::size_t row) const;
   // The sum of the amounts.
-  [[nodiscard]] double Total() const { return UpToDateFigures().total; }
-  // The figures are computed when they are asked for; in the order of the account that is fastest.
-  void PrepareFigures() const { static_cast<void>(UpToDateFigures()); }
+  [[nodiscard]] double Total() const;
 
  private:
-  // By row, as the account was at that revision.
-  struct Figures {
-    bool are_known = false;
-    std::uint64_t revision = 0;
-    std::vector<double> balances;
-    double total = 0.0;
-  };
-  // Of the whole account; stays while other rows are shown of it.
-  struct AccountBalances {
+  // As the account was at that revision.
+  struct KnownTotal {
     std::uint64_t revision;
-    RunningBalanceTable table;
+    double total;
   };
 
-  [[nodiscard]] const Figures& UpToDateFigures() const;
-  [[nodiscard]] std::vector<double> BalancesOfRows() const;
+  // All of them, as they may show something else.
+  [[nodiscard]] RowsChange ChangedRows() const noexcept;
+  std::optional<RowsChange> TakeUpOne(const EntryTouch& touch, const IsWanted& is_wanted);
+  // The first row that does not come before the entry; none when it is level with it.
+  [[nodiscard]] std::optional<std::size_t> PlaceFor(const LDGRAccountEntry& entry,
+                                                    std::size_t first, std::size_t end) const;
 
   std::shared_ptr<LDGRAccount> account_;
   EntryList entries_;
   std::optional<RegisterOrder> order_;
-  mutable Figures figures_;
-  mutable std::shared_ptr<const AccountBalances> account_balances_;
+  mutable std::optional<KnownTotal> total_;
 };
 
 }  // namespace tallyfold

@@ -38,6 +38,11 @@ std::optional<AccountsStore::Backup> AccountsStore::ReadBackup(const std::string
   if (!file && IsKeptCopyName(name, FileName(paths_.accounts_file))) {
     file = services_.files.Read(paths_.data_folder + '/' + name);
   }
+  return TakeBackup(file);
+}
+
+std::optional<AccountsStore::Backup> AccountsStore::TakeBackup(
+    const std::optional<FileContents>& file) {
   if (!file) return std::nullopt;
   Backup backup;
   if (IsCompressed(file->view())) {
@@ -71,21 +76,37 @@ std::optional<AccountsStore::BackupContents> AccountsStore::ContentsOfBackup(
 
 AccountsStore::RestoreResult AccountsStore::Accounts_RestoreBackup(const std::string& name) {
   if (!authenticated_) return RestoreResult::Failed;
-  const auto backup = ReadBackup(name);
-  if (!backup) return RestoreResult::Unreadable;
+  return Restore(
+      ReadBackup(name),
+      MessageWithText(
+          LocalizedText("The accounts of the backup \"%@\" will take the place of the accounts "
+                        "you have now.  A copy of your present Accounts file will be kept beside "
+                        "it.\n\nAre you sure you would like to restore the backup?"),
+          name));
+}
 
+AccountsStore::RestoreResult AccountsStore::Accounts_RestoreFromFile(const std::string& path) {
+  if (!authenticated_) return RestoreResult::Failed;
+  return Restore(
+      TakeBackup(services_.files.Read(path)),
+      MessageWithText(
+          LocalizedText("The accounts of the file \"%@\" will take the place of the accounts you "
+                        "have now.  A copy of your present Accounts file will be kept beside "
+                        "it.\n\nAre you sure you would like to restore the file?"),
+          FileName(path)));
+}
+
+AccountsStore::RestoreResult AccountsStore::Restore(const std::optional<Backup>& backup,
+                                                    std::string question) {
+  restore_failure_.reset();
+  if (!backup) return RestoreResult::Unreadable;
   constexpr std::size_t kRestore = 1;
-  const std::size_t answer = services_.alerts.Run(
-      {LocalizedText("Restore Backup?"),
-       MessageWithText(
-           LocalizedText("The accounts of the backup \"%@\" will take the place of the accounts "
-                         "you have now.  A copy of your present Accounts file will be kept beside "
-                         "it.\n\nAre you sure you would like to restore the backup?"),
-           name),
-       {LocalizedText("Cancel"), LocalizedText("Restore")}});
+  const std::size_t answer =
+      services_.alerts.Run({LocalizedText("Restore Backup?"),
+                            std::move(question),
+                            {LocalizedText("Cancel"), LocalizedText("Restore")}});
   if (answer != kRestore) return RestoreResult::Declined;
 
-  restore_failure_.reset();
   if (!Accounts_Save()) {
     restore_failure_ = save_failure_;
     return RestoreResult::Failed;
@@ -96,6 +117,21 @@ AccountsStore::RestoreResult AccountsStore::Accounts_RestoreBackup(const std::st
     return RestoreResult::Failed;
   }
   return Accounts_Load() ? RestoreResult::Restored : RestoreResult::Ended;
+}
+
+std::optional<std::string> AccountsStore::Accounts_BackUpNow() {
+  restore_failure_.reset();
+  if (!authenticated_) return std::nullopt;
+  if (!Accounts_Save()) {
+    restore_failure_ = save_failure_;
+    return std::nullopt;
+  }
+  const auto kept = file_.KeepCopy();
+  if (!kept) {
+    restore_failure_ = file_.Failure();
+    return std::nullopt;
+  }
+  return FileName(*kept);
 }
 
 }  // namespace tallyfold

@@ -144,7 +144,13 @@ class AccountsStore {
   // Puts the backup or kept copy of that name in the place of the accounts file and loads it, after
   // asking the user. What there was before is saved, and kept beside the file.
   [[nodiscard]] RestoreResult Accounts_RestoreBackup(const std::string& name);
-  // Why that failed the last time; none where it did not, and for a locked application.
+  // The same with a file of the user's own: any accounts file or backup, compressed or not.
+  [[nodiscard]] RestoreResult Accounts_RestoreFromFile(const std::string& path);
+  // Saves, then keeps a copy of the file beside it, to be listed and restored like those of files
+  // that were replaced. The name of the copy; none, and RestoreFailure() says why, where either
+  // fails.
+  [[nodiscard]] std::optional<std::string> Accounts_BackUpNow();
+  // Why the last of these three failed; none where it did not, and for a locked application.
   [[nodiscard]] const std::optional<SaveFailure>& RestoreFailure() const noexcept {
     return restore_failure_;
   }
@@ -197,6 +203,9 @@ class AccountsStore {
   };
   // None for one that is missing or holds no accounts that this version can read.
   [[nodiscard]] std::optional<Backup> ReadBackup(const std::string& name) const;
+  [[nodiscard]] static std::optional<Backup> TakeBackup(const std::optional<FileContents>& file);
+  // Asks the question, and on agreement keeps what there is and puts the backup in its place.
+  [[nodiscard]] RestoreResult Restore(const std::optional<Backup>& backup, std::string question);
   [[nodiscard]] static bool HasNewerAccount(const std::optional<plist::Dictionary>& dictionary);
   [[nodiscard]] static bool HasOlderAccount(const std::optional<plist::Dictionary>& dictionary);
   [[nodiscard]] bool Load();

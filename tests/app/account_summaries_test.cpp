@@ -4,6 +4,7 @@
 
 #include "app/accounts/account_selection.h"
 #include "app/face/sheet_slot.h"
+#include "app/shell/undo.h"
 #include "app/test_application.h"
 #include "app/views/account_summary_sheet.h"
 #include "app/views/account_summary_tab.h"
@@ -63,6 +64,24 @@ TEST(SummaryTab, GivesEverySummaryANameOfItsOwnAndKeepsTheLast) {
   EXPECT_EQ(test.app.summaries().State().summaries.size(), 1U);
 }
 
+TEST(SummaryTab, ShowsTheSummaryOfAStepThatIsUndoneOrRedone) {
+  TestApplication test;
+  const auto account = test.AddAccount("A");
+  auto& summaries = test.app.summaries();
+  const auto renamed = summaries.Add();
+  summaries.Rename("Renamed");
+  ASSERT_TRUE(summaries.Select(0));
+  const auto other = account->selectedAccountSummary();
+  ASSERT_TRUE(test.app.undo().UndoStep());
+  EXPECT_EQ(account->selectedAccountSummary(), renamed);
+  EXPECT_EQ(summaries.State().layout.head.name, "Untitled Summary");
+  ASSERT_TRUE(summaries.SelectSummary(other.get()));
+  ASSERT_TRUE(test.app.undo().RedoStep());
+  EXPECT_EQ(account->selectedAccountSummary(), renamed);
+  EXPECT_EQ(summaries.State().layout.head.name, "Renamed");
+  EXPECT_FALSE(summaries.SelectSummary(nullptr));
+}
+
 TEST(SummarySheet, ShowsItsResultWhileTheAccountStaysAsItIs) {
   TestApplication test;
   EXPECT_FALSE(test.app.summarySheet().Open());
@@ -77,19 +96,22 @@ TEST(SummarySheet, ShowsItsResultWhileTheAccountStaysAsItIs) {
   EXPECT_EQ(test.app.summaries().Add(), nullptr);
   EXPECT_FALSE(test.app.summaries().Remove());
 
-  sheet.options->setDateRangeStyle(20);
-  sheet.options->setEndDate(20040306);
-  sheet.options->setName(" ");
-  test.app.summarySheet().OptionsChanged();
+  auto typed = sheet.typed;
+  typed.date_range = 20;
+  typed.end = 20040306;
+  typed.name = " ";
+  test.app.summarySheet().Read(typed);
   EXPECT_TRUE(sheet.days_are_enabled);
   EXPECT_EQ(sheet.result.total.total, 0.0);
   EXPECT_FALSE(test.app.summarySheet().OK()) << "without a name";
   EXPECT_EQ(account->Revision(), revision);
   EXPECT_EQ(test.app.summaries().State().layout.total.total, -12.5);
   test.app.summarySheet().Populate();
-  EXPECT_EQ(sheet.options->name(), " Custom...");
-  sheet.options->setName("None");
-  sheet.options->setShowDebits(false);
+  typed = sheet.typed;
+  EXPECT_EQ(typed.name, " Custom...");
+  typed.name = "None";
+  typed.show_debits = false;
+  test.app.summarySheet().Read(typed);
   test.front_end.refuses = true;
   EXPECT_FALSE(test.app.summarySheet().OK());
   test.front_end.refuses = false;
@@ -100,7 +122,8 @@ TEST(SummarySheet, ShowsItsResultWhileTheAccountStaysAsItIs) {
   EXPECT_NE(account->Revision(), revision);
 
   ASSERT_TRUE(test.app.summarySheet().Open());
-  test.app.summarySheet().State().options->setName("dropped");
+  typed.name = "dropped";
+  test.app.summarySheet().Read(typed);
   test.app.sheets().CancelOpen();
   EXPECT_EQ(test.app.sheets().Current(), Sheet::None);
   EXPECT_EQ(account->selectedAccountSummary()->name(), "None");

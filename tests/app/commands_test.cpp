@@ -13,6 +13,7 @@
 #include "app/commands/command.h"
 #include "app/commands/command_tables.h"
 #include "app/entries/entry_editing.h"
+#include "app/entries/entry_orders.h"
 #include "app/entries/entry_removal.h"
 #include "app/entries/entry_reveal.h"
 #include "app/exchange/qif_import_command.h"
@@ -30,6 +31,8 @@
 #include "app/views/account_summary_sheet.h"
 #include "app/views/account_summary_tab.h"
 #include "app/views/balance_field.h"
+#include "app/views/date_jump.h"
+#include "app/views/entry_find.h"
 #include "app/views/reconcile_tab.h"
 #include "app/views/registers.h"
 #include "filters/register_search.h"
@@ -39,6 +42,8 @@
 
 namespace tallyfold {
 namespace {
+
+constexpr std::int32_t kResolved = 80;  // type of the filter
 
 struct State {
   const char* name;
@@ -68,11 +73,24 @@ void AddSchedule(TestApplication& test) {
   sheet.OK();
 }
 
-void Import(TestApplication& test) {
-  AddTwoAccounts(test);
+void BeginImport(TestApplication& test) {
   test.files.AddFile("/home/user/bank.qif", "!Type:Bank\nD3/1/04\nT-5.00\n^\n");
   test.panels.Answer("/home/user/bank.qif");
   test.app.importCommand().QIFImport();
+}
+
+void Import(TestApplication& test) {
+  AddTwoAccounts(test);
+  BeginImport(test);
+}
+
+// In the account that is not selected, a deposit of what a file holds as a debit.
+void AddDepositElsewhere(TestApplication& test) {
+  const auto selected = test.app.desk().SelectedAccount();
+  test.app.selection().Account_Select(test.app.desk().accounts().front());
+  test.AddDebit(5.0)->SetDate(20040303);
+  test.app.entryOrders().Entry_ChangeKind();
+  test.app.selection().Account_Select(selected);
 }
 
 const State kStates[] = {
@@ -184,7 +202,7 @@ const State kStates[] = {
      [](TestApplication& test) {
        AddEntries(test);
        test.app.preferencesSheet().Open();
-       test.app.preferencesSheet().PasswordValidate("a", "b");
+       test.app.preferencesSheet().preferencesSheet_PasswordValidate("a", "b");
      }},
     {"the options of an import are open", Import},
     {"an import is under review",
@@ -201,7 +219,7 @@ const State kStates[] = {
      [](TestApplication& test) {
        AddEntries(test);
        test.app.applicationLock().lock();
-       test.app.applicationLock().ValidatePassword("x");
+       test.app.applicationLock().authenticationSheet_ValidatePassword("x");
      }},
     {"an account asks for its password",
      [](TestApplication& test) {
@@ -210,6 +228,31 @@ const State kStates[] = {
        other->SetPassword("y");
        other->setAuthenticated(false);
        test.app.selection().Account_Select(other);
+     }},
+    {"a filter hides all entries",
+     [](TestApplication& test) {
+       AddEntries(test);
+       test.app.search().Filter_Select(kResolved);
+     }},
+    {"an entry of another account may be the other half",
+     [](TestApplication& test) {
+       AddTwoAccounts(test);
+       AddDepositElsewhere(test);
+       test.AddDebit(5.0);
+     }},
+    {"an import has brought half of a transfer",
+     [](TestApplication& test) {
+       AddTwoAccounts(test);
+       AddDepositElsewhere(test);
+       BeginImport(test);
+       test.app.sharedQIFImportController().ImportOptions_OK();
+       test.app.sharedQIFImportController().Import_OK();
+     }},
+    {"what was found and the field for a day show",
+     [](TestApplication& test) {
+       AddEntries(test);
+       test.app.entryFind().Open();
+       test.app.dateJump().Open();
      }},
     {"the update window is open",
      [](TestApplication& test) {

@@ -60,7 +60,7 @@ TEST(ApplicationLock, SavesThenClearsTheScreenThenAsks) {
 
   for (const auto& [typed, is_right] :
        {std::pair{"", false}, {"secret", false}, {"Secret ", false}, {"Secret", true}}) {
-    app.applicationLock().ValidatePassword(typed);
+    app.applicationLock().authenticationSheet_ValidatePassword(typed);
     EXPECT_EQ(app.applicationLock().State().ok_is_enabled, is_right) << typed;
     if (is_right) break;
     EXPECT_FALSE(app.applicationLock().OK()) << typed;
@@ -111,7 +111,7 @@ TEST(PasswordSheets, TakeTheFocusAndGiveItBack) {
   app.applicationLock().setPassword("x");
   app.applicationLock().lock();
   EXPECT_EQ(std::exchange(log.lines, {}), opening);
-  app.applicationLock().ValidatePassword("x");
+  app.applicationLock().authenticationSheet_ValidatePassword("x");
   app.applicationLock().OK();
   EXPECT_EQ(std::exchange(log.lines, {}), closing);
   test.loop.FinishEvent();
@@ -138,14 +138,14 @@ TEST(PasswordSheets, TellThatWhatCanBeUndoneIsAnotherMatter) {
   } cases[] = {
       {[&] { app.applicationLock().lock(); }, 0},
       {[&] {
-         app.applicationLock().ValidatePassword("x");
+         app.applicationLock().authenticationSheet_ValidatePassword("x");
          app.applicationLock().OK();
        },
        2},
       {[&] { app.accountPasswords().Account_Lock(account); }, 0},
       {[&] {
          app.selection().Account_Select(account);
-         app.accountPasswords().ValidatePassword("y");
+         app.accountPasswords().accountAuthenticationSheet_ValidatePassword("y");
          app.accountPasswords().AccountAuthenticationSheet_OK();
        },
        2},
@@ -194,7 +194,7 @@ TEST(AccountPasswords, AreAskedForAndLeaveTheSelectionUntilGiven) {
   app.selection().Account_Select(test.b);
   EXPECT_EQ(app.accountPasswords().authenticatingAccount(), test.b);
   for (const auto& [typed, is_right] : {std::pair{"Key", false}, {"key", true}}) {
-    app.accountPasswords().ValidatePassword(typed);
+    app.accountPasswords().accountAuthenticationSheet_ValidatePassword(typed);
     EXPECT_EQ(app.accountPasswords().State().ok_is_enabled, is_right);
     EXPECT_EQ(app.accountPasswords().AccountAuthenticationSheet_OK(), is_right);
     EXPECT_EQ(app.desk().SelectedAccount(), is_right ? test.b : test.c);
@@ -252,9 +252,9 @@ TEST(PreferencesSheet, PutsItsCopyInForceAtOKAlone) {
   for (const bool ok : {false, true}) {
     ASSERT_TRUE(app.preferencesSheet().Open());
     EXPECT_FALSE(app.preferencesSheet().Open());
-    app.preferencesSheet().SetField("backupInterval", "30");
+    app.preferencesSheet().Read("backupInterval", 30);
     app.preferencesSheet().DefaultAppearanceSettings();
-    app.preferencesSheet().PasswordValidate("x", "x");
+    app.preferencesSheet().preferencesSheet_PasswordValidate("x", "x");
     test.front_end.refuses = true;
     EXPECT_FALSE(app.preferencesSheet().OK());
     test.front_end.refuses = false;
@@ -278,14 +278,14 @@ TEST(PreferencesSheet, KeepsItsSecurityTabWhileThePasswordsDiffer) {
   app.SetWindowHooks(&window);
   app.preferencesSheet().Open();
   EXPECT_TRUE(app.preferencesSheet().SelectTab("security"));
-  app.preferencesSheet().PasswordValidate("x", "");
+  app.preferencesSheet().preferencesSheet_PasswordValidate("x", "");
   EXPECT_FALSE(app.preferencesSheet().SelectTab("general"));
   EXPECT_EQ(app.preferencesSheet().State().tab, "security");
   EXPECT_EQ(window.focused, 0);
   test.loop.FinishEvent();
   EXPECT_EQ(window.focused, 1);
   EXPECT_FALSE(app.preferencesSheet().OK());
-  app.preferencesSheet().PasswordValidate("x", "x");
+  app.preferencesSheet().preferencesSheet_PasswordValidate("x", "x");
   EXPECT_TRUE(app.preferencesSheet().SelectTab("general"));
 }
 

@@ -5,13 +5,17 @@
 #include <functional>
 
 #include "app/accounts/account_editing.h"
+#include "app/entries/entry_orders.h"
 #include "app/entries/entry_removal.h"
+#include "app/entries/transfer_linking.h"
 #include "app/shell/application_lock.h"
 #include "app/shell/lifecycle.h"
 #include "app/shell/saving.h"
 #include "app/shell/undo.h"
 #include "app/test_application.h"
+#include "ledger/change.h"
 #include "ledger/ledger_fixture.h"
+#include "model/entry_type.h"
 
 namespace tallyfold {
 namespace {
@@ -51,6 +55,28 @@ TEST(Recovery, BringsBackWhatASessionCouldNotSave) {
          test.app.undo().UndoStep();
        },
        "2 changes from before the interruption were recovered."},
+      {"orders that change both accounts",
+       [](TestApplication& test) {
+         const auto selected = test.app.desk().SelectedAccount();
+         const auto other = test.app.desk().accounts().front();
+         const auto type = std::make_shared<LDGRAccountEntryType>();
+         type->SetNumber(selected->NextAvailableTypeNumber());
+         type->SetName("Odd");
+         Change change(test.app.ledger(), "Edit Account", selected);
+         change.EditTypes(selected).AddType(type);
+         change.Close();
+         test.AddDebit(5.0);
+         test.app.entryOrders().SetType(selected->GetEntries(), type->GetNumber());
+         test.app.entryOrders().MoveTo({selected->GetEntries().back()}, other->GetNumber());
+         test.AddDebit(5.0);
+         test.app.entryOrders().Entry_ChangeKind();
+         test.app.transferLinking().Entry_Link();
+         test.app.entryOrders().Entry_Duplicate();
+         test.app.entryRemoval().EntriesRemoveConfirm_Begin(selected->GetEntries());
+         test.app.entryRemoval().EntryRemoveConfirm_OK();
+         test.app.entryRemoval().TransferEntryRemoveConfirm_Yes();
+       },
+       "9 changes from before the interruption were recovered."},
       {"an account", [](TestApplication& test) { test.AddAccount("C"); },
        "1 change from before the interruption was recovered."},
   };
@@ -92,7 +118,7 @@ TEST(Recovery, TellsOnlyWhoeverGaveThePassword) {
   EXPECT_FALSE(next.app.applicationLock().authenticated());
   EXPECT_EQ(next.app.recovery().Notice(), "");
   EXPECT_TRUE(next.files.Content(kLog).has_value());
-  next.app.applicationLock().ValidatePassword("x");
+  next.app.applicationLock().authenticationSheet_ValidatePassword("x");
   next.app.applicationLock().OK();
   next.loop.AdvanceBy(std::chrono::seconds(1));
   EXPECT_NE(next.app.recovery().Notice(), "");

@@ -270,7 +270,7 @@ TEST(AmountFields, EchoDigitsWhereTheUserWantsIt) {
   EXPECT_TRUE(app.amountFields().debit.textView({}, "1"));
   EXPECT_TRUE(test.field_speech.Heard().empty());
   app.preferencesSheet().Open();
-  app.preferencesSheet().State().settings->SetSpeakEntryAmounts(true);
+  app.preferencesSheet().Read("speakEntryAmounts", true);
   app.preferencesSheet().OK();
   for (const char* digit : {"1", "2"}) {  // each key is heard to its end
     app.application().sendEvent(EventType::KeyDown);

@@ -55,7 +55,9 @@ TEST(DueOccurrences, AreCommittedOnTheirOwnDayWhateverTheEditedCopySays) {
   auto edited = LDGRAccountEntry::entryWithEntry(due[0].entry.get());
   edited->SetDate(20040305);
   edited->SetCheckNumber(55);
+  const std::string before = Line(*edited);
   EXPECT_TRUE(test.app.scheduleCommit().Commit({due[0].schedule, due[0].entry, edited}));
+  EXPECT_EQ(Line(*edited), before) << "the copy stays the reminder's";
   EXPECT_EQ(Lines(*account), Texts{"#1 20040305 debit -10.00 check=55"});
   EXPECT_EQ(schedule->GetCommittedDates(), std::vector<DateNumber>{20040229});
 }

@@ -39,7 +39,7 @@ std::string Add(LDGRController& app, const ScheduleValues& values) {
   if (!is_open) return "no sheet";
   app.scheduleSheet().Read(values);
   const bool is_added = app.scheduleSheet().OK();
-  std::string problem = app.scheduleSheet().State().problem;
+  std::string problem = TextOf(app.scheduleSheet().State().problem);
   EXPECT_EQ(is_added, problem.empty());
   app.scheduleSheet().Cancel();
   return problem;

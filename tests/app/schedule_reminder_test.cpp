@@ -168,13 +168,13 @@ TEST(ScheduleReminder, CommitsAndSkipsWhatIsMarkedAsItWasEdited) {
   EXPECT_EQ(app.reminder().State().balance_text, "-$30.00");
   app.reminder().MarkAll(false);
   EXPECT_FALSE(app.reminder().CommitMarked());
-  EXPECT_EQ(app.reminder().State().problem, "Nothing is marked.");
+  EXPECT_EQ(TextOf(app.reminder().State().problem), "Nothing is marked.");
   test.Type(1, {true, 20040200, 12.0});
   EXPECT_FALSE(app.reminder().CommitMarked());
-  EXPECT_EQ(app.reminder().State().problem, "The date does not exist.");
+  EXPECT_EQ(TextOf(app.reminder().State().problem), "The date does not exist.");
   test.Type(1, {true, 20040203, std::numeric_limits<double>::quiet_NaN()});
   EXPECT_FALSE(app.reminder().CommitMarked());
-  EXPECT_EQ(app.reminder().State().problem, "The amount is not a number.");
+  EXPECT_EQ(TextOf(app.reminder().State().problem), "The amount is not a number.");
   test.Type(1, {true, 20040203, 12.0});
   EXPECT_EQ(app.reminder().State().balance_text, "-$12.00");
   EXPECT_TRUE(test.account->GetEntries().empty());
@@ -194,7 +194,7 @@ TEST(ScheduleReminder, CommitsAndSkipsWhatIsMarkedAsItWasEdited) {
   app.reminder().Open();
   yearly->AddCommittedDate(20040304);
   EXPECT_FALSE(app.reminder().CommitAll());
-  EXPECT_NE(app.reminder().State().problem.find("meanwhile"), std::string::npos);
+  EXPECT_NE(TextOf(app.reminder().State().problem).find("meanwhile"), std::string::npos);
   EXPECT_EQ(test.account->GetEntries().size(), 1U);
   EXPECT_EQ(test.Rows(), Texts{"+0 01/01/04"});
   EXPECT_TRUE(app.reminder().SkipMarked());

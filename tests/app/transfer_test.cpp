@@ -173,7 +173,7 @@ TEST(Transfers, OfferTheOtherAccountsAndRememberTheChoice) {
   typed.account = 7;
   app.entries().Transfer().Read(typed);
   EXPECT_FALSE(app.entries().Transfer().OK());
-  EXPECT_EQ(state.problem, "No account is chosen.");
+  EXPECT_EQ(TextOf(state.problem), "No account is chosen.");
   app.entries().Transfer().Cancel();
 
   // The last account is gone: the first is offered.
@@ -290,6 +290,8 @@ TEST(TransferLinks, ChooseAmongEntriesOfOneNumber) {
     const auto half = test.app.transferLinks().Transfer_LinkedEntry(entry.get());
     EXPECT_EQ(half, c.expected < 0 ? nullptr : entries[static_cast<std::size_t>(c.expected)])
         << c.what;
+    const auto found = test.app.transferLinks().FindOtherHalves(*test.a, {entry});
+    EXPECT_TRUE(found[0].half == half && found[0].is_ambiguous == c.is_ambiguous) << c.what;
 
     const Texts before = Lines(*test.b);
     test.Select(test.a, 0);
@@ -328,9 +330,9 @@ TEST(Removals, RemoveWhatTheyAskedAbout) {
   app.selection().Account_Select(test.b);
   app.selection().Account_Select(test.a);
   app.desk().SelectEntry(test.a->GetEntries()[0]);
-  app.entryRemoval().EntryRemoveConfirm_OK();
+  EXPECT_FALSE(app.entryRemoval().EntryRemoveConfirm_OK());
   EXPECT_EQ(test.a->GetEntries().size(), 1U);
-  EXPECT_EQ(app.sheets().Current(), Sheet::None);
+  EXPECT_EQ(TextOf(app.entryRemoval().Confirm().problem), "The entry has been removed.");
 }
 
 TEST(Removals, DoNothingWithoutASelectedEntry) {

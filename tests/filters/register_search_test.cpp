@@ -20,7 +20,10 @@ using namespace std::chrono_literals;
 class FakeHost final : public RegisterSearch::Host {
  public:
   [[nodiscard]] RegisterKind ShownRegister() const override { return shown; }
-  void ReloadShownRegister(EntryList entries) override {
+  void ReloadShownRegister() override {
+    const LDGRAccount* const account = CurrentAccount();
+    const EntryList entries = shown == RegisterKind::Entry ? account->entryFilteredEntries()
+                                                           : account->reconcileFilteredEntries();
     log += "reload " + std::to_string(entries.size()) + "; ";
   }
   void UpdateEntryDependentButtons() override { log += "buttons; "; }

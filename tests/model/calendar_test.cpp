@@ -142,7 +142,7 @@ TEST(DayFields, AreLimitedToTheirMonth) {
   for (const auto& c : cases) {
     for (const std::int32_t day : {1, 28, 31}) {
       DayField field{31, day};
-      TweakDayFieldForMonthAndYear(field, c.month, c.year);
+      TweakDayField(field, c.month, c.year);
       EXPECT_EQ(field.maximum, c.maximum) << c.month << ' ' << c.year;
       EXPECT_EQ(field.day, std::min(day, c.maximum)) << c.month << ' ' << c.year;
     }

@@ -21,12 +21,46 @@ namespace {
 
 using TypeRow = AccountEditSheetState::TypeRow;
 
-bool CanBeStored(const AccountEditSheetState::Typed& typed) {
-  const auto has_name = [](const TypeRow& row) { return !IsBlank(row.name); };
-  return !IsBlank(typed.name) && typed.password == typed.password_again && typed.starting_balance &&
-         IsAmount(*typed.starting_balance) && typed.starting_check_number &&
-         *typed.starting_check_number >= 0 &&
-         std::all_of(typed.types.begin(), typed.types.end(), has_name);
+using Typed = AccountEditSheetState::Typed;
+
+constexpr TypedField<Typed> kFields[] = {
+    {"_Name_Field", AreSame<Typed, &Typed::name>},
+    {"_StartingBalance_Field", AreSame<Typed, &Typed::starting_balance>},
+    {"_StartingCheckNumber_Field", AreSame<Typed, &Typed::starting_check_number>},
+    {"_PasswordAgain_Field",
+     [](const Typed& a, const Typed& b) {
+       return a.password == b.password && a.password_again == b.password_again;
+     }},
+    {"_Types_Table", AreSame<Typed, &Typed::types>},
+    {"_DescriptionsCount_Field", AreSame<Typed, &Typed::descriptions_count>},
+    {"_ToFromsCount_Field", AreSame<Typed, &Typed::to_froms_count>},
+};
+
+Problem In(std::string_view control, std::string_view text, std::int32_t row = -1) {
+  return {"accountEditSheet_" + std::string(control), LocalizedText(text), row};
+}
+
+std::optional<Problem> ProblemOf(const Typed& typed) {
+  if (IsBlank(typed.name)) return In("Name_Field", "The account needs a name.");
+  if (!typed.starting_balance || !IsAmount(*typed.starting_balance)) {
+    return In("StartingBalance_Field", "The amount is not a number.");
+  }
+  if (typed.starting_check_number.value_or(-1) < 0) {
+    return In("StartingCheckNumber_Field", "The check number must be a number of at least 0.");
+  }
+  if (typed.password != typed.password_again) {
+    return In("PasswordAgain_Field", "The two passwords differ.");
+  }
+  const auto unnamed =
+      std::ranges::find_if(typed.types, [](const TypeRow& row) { return IsBlank(row.name); });
+  if (unnamed != typed.types.end()) {
+    return In("Types_Table", "The type needs a name.",
+              static_cast<std::int32_t>(unnamed - typed.types.begin()));
+  }
+  constexpr std::string_view kNoCount = "The number of texts must be a whole number.";
+  if (!typed.descriptions_count) return In("DescriptionsCount_Field", kNoCount);
+  if (!typed.to_froms_count) return In("ToFromsCount_Field", kNoCount);
+  return std::nullopt;
 }
 
 std::int32_t RowOfType(const std::vector<TypeRow>& rows,
@@ -134,12 +168,12 @@ void AccountEditing::AccountEditSheet_Populate() {
   typed.transfer_descriptions = account.TransferDescriptions_Specific();
   typed.tos = account.Tos_Specific();
   typed.froms = account.Froms_Specific();
-  state_.ok_is_enabled = CanBeStored(typed);
+  state_.ok_is_enabled = !ProblemOf(typed);
 }
 
-void AccountEditing::Read(AccountEditSheetState::Typed typed) {
-  state_.typed = std::move(typed);
-  state_.ok_is_enabled = state_.is_open && CanBeStored(state_.typed);
+void AccountEditing::Read(Typed typed) {
+  TakeTyped(state_.typed, std::move(typed), state_.problem, kFields);
+  state_.ok_is_enabled = state_.is_open && !ProblemOf(state_.typed);
   announcer_.Changed(Area::AccountEditSheet);
 }
 
@@ -188,7 +222,10 @@ bool AccountEditing::ImportToFromsFrom(const LDGRAccount& other) {
 
 bool AccountEditing::AccountEditSheet_OK() {
   const Announcer::Operation operation(announcer_);
-  if (!state_.is_open || !announcer_.EndEditing(Sheet::AccountEdit) || !state_.ok_is_enabled) {
+  if (!state_.is_open || !announcer_.EndEditing(Sheet::AccountEdit)) return false;
+  state_.problem = ProblemOf(state_.typed);
+  if (state_.problem) {
+    announcer_.Changed(Area::AccountEditSheet);
     return false;
   }
   const auto account = edit_account_;
@@ -224,9 +261,9 @@ void AccountEditing::SaveValues() {
   account.SetStartingCheckNumber(*typed.starting_check_number);
   SaveTypes();
   account.SetPreference_Descriptions_Style(typed.descriptions_style);
-  account.SetPreference_Descriptions_SomeSelection(typed.descriptions_count);
+  account.SetPreference_Descriptions_SomeSelection(*typed.descriptions_count);
   account.SetPreference_ToFrom_Style(typed.to_froms_style);
-  account.SetPreference_ToFrom_SomeSelection(typed.to_froms_count);
+  account.SetPreference_ToFrom_SomeSelection(*typed.to_froms_count);
   account.SetPreferredDebitDescriptions(typed.debit_descriptions);
   account.SetPreferredDepositDescriptions(typed.deposit_descriptions);
   account.SetPreferredTransferDescriptions(typed.transfer_descriptions);

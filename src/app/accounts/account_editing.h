@@ -54,7 +54,8 @@ class AccountEditing {
   bool ImportToFromsFrom(const LDGRAccount& other);
 
   // Writes the sheet into the account and closes it; a new account joins the list and is selected.
-  // False when the sheet is not open, OK is not enabled or a field refuses its text.
+  // False when the sheet is not open, or stays open: its state then says why, unless a field of the
+  // front end has refused its text.
   bool AccountEditSheet_OK();
   // Closes the sheet; nothing has changed.
   void AccountEditSheet_Cancel();

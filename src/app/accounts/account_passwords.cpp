@@ -29,7 +29,7 @@ void AccountPasswords::Account_Lock(const std::shared_ptr<LDGRAccount>& account)
   refresh_.Account_Menu_Show_Menu_Populate();
 }
 
-void AccountPasswords::ValidatePassword(std::string typed) {
+void AccountPasswords::accountAuthenticationSheet_ValidatePassword(std::string typed) {
   if (!State().is_open) return;
   sheet_.ValidatePassword(std::move(typed), authenticating_account_->GetPassword());
 }
@@ -38,8 +38,8 @@ bool AccountPasswords::AccountAuthenticationSheet_OK() {
   const Announcer::Operation operation(announcer_);
   if (!State().is_open) return false;
   const auto account = authenticating_account_;
-  if (!account->Authenticate(State().typed)) {
-    sheet_.DisableOK();
+  if (!account->Authenticate(State().typed.password)) {
+    sheet_.Refuse();
     return false;
   }
   AccountAuthenticationSheet_Close();

@@ -50,7 +50,7 @@ class AccountPasswords {
   void Account_Lock(const std::shared_ptr<LDGRAccount>& account);
 
   // A keystroke: takes over the text; OK is enabled when it is the password.
-  void ValidatePassword(std::string typed);
+  void accountAuthenticationSheet_ValidatePassword(std::string typed);
   // Selects the account. False when the password is wrong: OK is disabled.
   bool AccountAuthenticationSheet_OK();
   // Stays with the account that was selected before.

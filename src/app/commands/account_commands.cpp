@@ -15,9 +15,6 @@ bool HasProtectedAccount(LDGRController& app) {
 bool SheetIsOpen(LDGRController& app) {
   return app.accountSheet().State().is_open;
 }
-bool CanBeStored(LDGRController& app) {
-  return SheetIsOpen(app) && app.accountSheet().State().ok_is_enabled;
-}
 bool Asks(LDGRController& app) {
   return app.accountPasswords().State().is_open;
 }
@@ -57,7 +54,7 @@ constexpr Command kCommands[] = {
      .can = IsFree,
      .run = [](LDGRController& app) { app.accountsDrawer().ToggleAccountsDrawer(); }},
     {.name = "AccountEditSheet_OK",
-     .can = CanBeStored,
+     .can = SheetIsOpen,
      .run = [](LDGRController& app) { app.accountSheet().AccountEditSheet_OK(); }},
     {.name = "AccountEditSheet_Cancel",
      .can = SheetIsOpen,

@@ -2,8 +2,10 @@
 #include "app/controller.h"
 #include "app/desk.h"
 #include "app/entries/entry_editing.h"
+#include "app/entries/entry_orders.h"
 #include "app/entries/entry_removal.h"
 #include "app/entries/entry_reveal.h"
+#include "app/entries/transfer_linking.h"
 #include "app/shell/tabs.h"
 #include "app/views/reconcile_tab.h"
 #include "ledger/transfer_links.h"
@@ -26,6 +28,15 @@ bool CanReadAloud(LDGRController& app) {
 }
 bool HasHiddenEntry(LDGRController& app) {
   return HasAccount(app) && !app.entryReveal().State().text.empty();
+}
+bool CanChangeKind(LDGRController& app) {
+  return HasEntry(app) && app.entryOrders().CanChangeKind();
+}
+bool CanLink(LDGRController& app) {
+  return HasEntry(app) && app.transferLinking().CanLink();
+}
+bool HasLinkOffers(LDGRController& app) {
+  return IsFree(app) && !app.transferLinking().State().offers.empty();
 }
 bool AsksToRemove(LDGRController& app) {
   return app.entryRemoval().Confirm().is_open;
@@ -69,6 +80,30 @@ constexpr Command kCommands[] = {
      .menu = Menu::Entry,
      .can = HasEntry,
      .run = [](LDGRController& app) { app.entryRemoval().EntryRemoveConfirm_Begin(); }},
+    {.name = "Entry_Duplicate",
+     .title = "Duplicate Entry",
+     .shortcut = "Ctrl+Shift+D",
+     .menu = Menu::Entry,
+     .can = HasEntry,
+     .run = [](LDGRController& app) { app.entryOrders().Entry_Duplicate(); }},
+    {.name = "Entry_ChangeKind",
+     .title = "Change Kind",
+     .menu = Menu::Entry,
+     .can = CanChangeKind,
+     .run = [](LDGRController& app) { app.entryOrders().Entry_ChangeKind(); }},
+    {.name = "Entry_Link",
+     .title = "Link as Transfer",
+     .menu = Menu::Entry,
+     .can = CanLink,
+     .run = [](LDGRController& app) { app.transferLinking().Entry_Link(); }},
+    {.name = "LinkOffered",
+     .title = "Link Imported Transfers",
+     .menu = Menu::Entry,
+     .can = HasLinkOffers,
+     .run = [](LDGRController& app) { app.transferLinking().LinkOffered(); }},
+    {.name = "DropLinkOffers",
+     .can = HasLinkOffers,
+     .run = [](LDGRController& app) { app.transferLinking().DropOffers(); }},
     {.name = "currentTableDataSource_Cleared_CheckBox",
      .title = "Resolved",
      .menu = Menu::Entry,

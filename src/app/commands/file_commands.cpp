@@ -6,11 +6,13 @@
 #include "app/exchange/qif_import_command.h"
 #include "app/exchange/qif_import_controller.h"
 #include "app/shell/application_lock.h"
+#include "app/shell/backups_list.h"
 #include "app/shell/idle_watch.h"
 #include "app/shell/lifecycle.h"
 #include "app/shell/preferences_sheet.h"
 #include "app/shell/undo.h"
 #include "app/shell/update_check.h"
+#include "app/views/entry_find.h"
 
 namespace tallyfold::command_tables {
 namespace {
@@ -32,9 +34,6 @@ bool PasswordIsRight(LDGRController& app) {
 }
 bool PreferencesAreOpen(LDGRController& app) {
   return app.preferencesSheet().State().is_open;
-}
-bool PreferencesCanBeStored(LDGRController& app) {
-  return PreferencesAreOpen(app) && app.preferencesSheet().State().ok_is_enabled;
 }
 bool ImportOptionsAreOpen(LDGRController& app) {
   return app.sharedQIFImportController().Options().is_open;
@@ -81,6 +80,16 @@ constexpr Command kCommands[] = {
      .menu = Menu::File,
      .can = HasAccount,
      .run = [](LDGRController& app) { app.exports().SaveAs(); }},
+    {.name = "BackUpNow",
+     .title = "Back Up Now",
+     .menu = Menu::File,
+     .can = IsFree,
+     .run = [](LDGRController& app) { app.backups().BackUpNow(); }},
+    {.name = "RestoreFromFile",
+     .title = "Restore From File...",
+     .menu = Menu::File,
+     .can = IsFree,
+     .run = [](LDGRController& app) { app.backups().RestoreFromFile(); }},
     {.name = "lock",
      .title = "Lock",
      .shortcut = "Ctrl+L",
@@ -108,6 +117,15 @@ constexpr Command kCommands[] = {
      .menu = Menu::Edit,
      .can = [](LDGRController& app) { return app.undo().CanRedo(); },
      .run = [](LDGRController& app) { app.undo().RedoStep(); }},
+    {.name = "EntryFind_Open",
+     .title = "Find in All Accounts...",
+     .shortcut = "Ctrl+Shift+F",
+     .menu = Menu::Edit,
+     .can = IsFree,
+     .run = [](LDGRController& app) { app.entryFind().Open(); }},
+    {.name = "EntryFind_Close",
+     .can = [](LDGRController& app) { return app.entryFind().State().is_open; },
+     .run = [](LDGRController& app) { app.entryFind().Close(); }},
     {.name = "PreferencesSheet_Open",
      .title = "Preferences...",
      .shortcut = "Ctrl+,",
@@ -129,7 +147,7 @@ constexpr Command kCommands[] = {
      .can = Asks,
      .run = [](LDGRController& app) { app.applicationLock().Cancel(); }},
     {.name = "PreferencesSheet_OK",
-     .can = PreferencesCanBeStored,
+     .can = PreferencesAreOpen,
      .run = [](LDGRController& app) { app.preferencesSheet().OK(); }},
     {.name = "PreferencesSheet_Cancel",
      .can = PreferencesAreOpen,

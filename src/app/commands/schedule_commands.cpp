@@ -12,6 +12,11 @@ namespace {
 bool HasOtherAccount(LDGRController& app) {
   return HasAccount(app) && app.desk().accounts().size() > 1;
 }
+bool CanBeScheduled(LDGRController& app) {
+  if (!HasEntry(app)) return false;
+  const auto entry = app.desk().SelectedEntry();
+  return entry->IsDebit() || entry->IsDeposit() || (entry->IsTransfer() && HasOtherAccount(app));
+}
 bool HasScheduleWithSheet(LDGRController& app) {
   if (!HasSchedule(app)) return false;
   const auto schedule = app.desk().SelectedSchedule();
@@ -52,6 +57,11 @@ constexpr Command kCommands[] = {
      .controls = "schedule_Transfer_MenuItem",
      .can = HasOtherAccount,
      .run = [](LDGRController& app) { app.scheduleSheet().New(EntryKind::Transfer); }},
+    {.name = "Schedule_FromEntry",
+     .title = "Make Schedule from Entry...",
+     .menu = Menu::Entry,
+     .can = CanBeScheduled,
+     .run = [](LDGRController& app) { app.scheduleSheet().NewFromEntry(); }},
     {.name = "Schedule_Edit",
      .title = "Edit Schedule...",
      .menu = Menu::Schedule,

@@ -13,9 +13,6 @@ bool HasSummary(LDGRController& app) {
 bool SheetIsOpen(LDGRController& app) {
   return app.summarySheet().State().is_open;
 }
-bool CanBeStored(LDGRController& app) {
-  return SheetIsOpen(app) && app.summarySheet().State().ok_is_enabled;
-}
 
 constexpr Command kCommands[] = {
     {.name = "AccountSummary_Add",
@@ -39,7 +36,7 @@ constexpr Command kCommands[] = {
      .can = HasSummary,
      .run = [](LDGRController& app) { app.summaries().Remove(); }},
     {.name = "AccountSummarySheet_OK",
-     .can = CanBeStored,
+     .can = SheetIsOpen,
      .run = [](LDGRController& app) { app.summarySheet().OK(); }},
     {.name = "AccountSummarySheet_Cancel",
      .can = SheetIsOpen,

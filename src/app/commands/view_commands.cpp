@@ -2,6 +2,8 @@
 #include "app/controller.h"
 #include "app/desk.h"
 #include "app/shell/tabs.h"
+#include "app/views/date_jump.h"
+#include "app/views/shown_entries.h"
 #include "filters/filter_types.h"
 #include "filters/register_search.h"
 
@@ -10,6 +12,9 @@ namespace {
 
 bool ShowsARegister(LDGRController& app) {
   return HasAccount(app) && app.tabs().ShownRegister() != RegisterKind::Other;
+}
+bool HidesAny(LDGRController& app) {
+  return HasAccount(app) && app.shownEntries().HidesAny();
 }
 bool ShowsAnother(LDGRController& app, Tab tab) {
   return IsFree(app) && app.tabs().State().selected != tab;
@@ -46,6 +51,20 @@ constexpr Command kCommands[] = {
      .controls = "search_Cancel_Button",
      .can = ShowsARegister,
      .run = [](LDGRController& app) { app.search().Search_Cancel(); }},
+    {.name = "ShowAllEntries",
+     .title = "Show All Entries",
+     .menu = Menu::View,
+     .can = HidesAny,
+     .run = [](LDGRController& app) { app.shownEntries().ShowAll(); }},
+    {.name = "DateJump_Open",
+     .title = "Go to Date...",
+     .shortcut = "Ctrl+G",
+     .menu = Menu::View,
+     .can = HasAccount,
+     .run = [](LDGRController& app) { app.dateJump().Open(); }},
+    {.name = "DateJump_Close",
+     .can = [](LDGRController& app) { return app.dateJump().State().is_open; },
+     .run = [](LDGRController& app) { app.dateJump().Close(); }},
 };
 
 }  // namespace

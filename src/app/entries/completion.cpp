@@ -24,4 +24,12 @@ std::vector<std::string> Completions(const TextList& texts, std::string_view typ
   return found;
 }
 
+const TextList& FormerTexts::Texts() const {
+  if (!texts_) {
+    const auto account = account_.lock();
+    texts_ = account != nullptr && list_ != nullptr ? ((*account).*list_)() : TextList();
+  }
+  return *texts_;
+}
+
 }  // namespace tallyfold

@@ -1,5 +1,7 @@
 #include "app/entries/edit_sheet.h"
 
+#include <algorithm>
+
 #include "model/amounts.h"
 #include "model/day_field.h"
 #include "platform/ambient.h"
@@ -7,20 +9,32 @@
 
 namespace tallyfold {
 
-bool LimitDay(DateNumber& date) noexcept {
+bool LimitDay(std::optional<DateNumber>& typed) noexcept {
+  if (!typed) return false;
+  DateNumber& date = *typed;
   const std::int32_t year = date / 10000;
   const std::int32_t month = date / 100 % 100;
   DayField field;
   field.day = date % 100;
   if (year < 1 || year > 9999 || month < 1 || month > 12 || field.day < 1) return false;
-  TweakDayFieldForMonthAndYear(field, month, year);
+  TweakDayField(field, month, year);
   date = year * 10000 + month * 100 + field.day;
   return true;
 }
 
-std::string ProblemOfAmount(double typed, double opened) {
-  if (!IsAmount(typed)) return LocalizedText("The amount is not a number.");
-  if (typed < 0.0 && RoundedAmount(typed) != RoundedAmount(opened)) {
+bool IsTypedAmount(const std::optional<double>& typed) noexcept {
+  return typed && IsAmount(*typed);
+}
+
+std::int32_t RowWithoutAmount(const SplitRows& rows) noexcept {
+  const auto* const row = std::ranges::find_if_not(
+      rows, [](const SplitRow& each) { return IsTypedAmount(each.amount); });
+  return row == rows.end() ? -1 : static_cast<std::int32_t>(row - rows.begin());
+}
+
+std::string ProblemOfAmount(const std::optional<double>& typed, double opened) {
+  if (!IsTypedAmount(typed)) return LocalizedText("The amount is not a number.");
+  if (*typed < 0.0 && RoundedAmount(*typed) != RoundedAmount(opened)) {
     return LocalizedText("The amount must not be negative.");
   }
   return "";

@@ -1,11 +1,14 @@
 #pragma once
 
+#include <cstdint>
+#include <optional>
 #include <string>
 
 #include "app/entries/edited_entry.h"
 #include "app/entries/entry_defaults.h"
 #include "app/entries/entry_sheet_state.h"
 #include "app/face/front_end.h"
+#include "app/face/problem.h"
 #include "model/date_number.h"
 
 namespace tallyfold {
@@ -37,8 +40,9 @@ class EditSheet {
   virtual ~EditSheet() = default;
 
   // The steps of which the others are made: Populate fills the sheet from the edited entry, Open
-  // shows it, SaveValuesToEditEntry writes what was typed into the entry, which CheckTyped() must
-  // have passed. Nothing where there is no edited entry of the sheet's kind whose account is there.
+  // shows it, SaveValuesToEditEntry writes what was typed into the entry of the open sheet, where
+  // all of it can be stored; Cancel takes that back. Nothing where there is no edited entry of the
+  // sheet's kind whose account is there.
   void Populate() { keeper_.Populate(*this); }
   bool Open() { return keeper_.Open(*this); }
   void SaveValuesToEditEntry() { keeper_.SaveValuesToEditEntry(*this); }
@@ -58,9 +62,9 @@ class EditSheet {
   // Fills the state from the entry.
   virtual void Fill(const EditedEntry& edited, const LDGRAccount& account,
                     const LDGRPreferences& preferences) = 0;
-  // Limits the typed day to its month, then tells in the user's words what cannot be stored of
-  // what was typed; "" when all of it can.
-  [[nodiscard]] virtual std::string CheckTyped() = 0;
+  // Limits the typed day to its month, then tells what cannot be stored of what was typed; none
+  // when all of it can.
+  [[nodiscard]] virtual std::optional<Problem> CheckTyped() = 0;
   // Writes the typed values into the entry, which is one of `account` or about to become one. To
   // be called only after CheckTyped() found nothing.
   virtual void Store(const EditedEntry& edited, LDGRAccount& account) = 0;
@@ -71,19 +75,25 @@ class EditSheet {
   }
 
   virtual void SetOpen(bool is_open) noexcept = 0;
-  virtual void SetProblem(std::string problem) = 0;
+  virtual void SetProblem(std::optional<Problem> problem) = 0;
 
  private:
   Keeper& keeper_;
 };
 
 // Limits the day of `date` to its month, then tells whether it names a day of the years 1 to 9999.
-[[nodiscard]] bool LimitDay(DateNumber& date) noexcept;
+// False for none.
+[[nodiscard]] bool LimitDay(std::optional<DateNumber>& date) noexcept;
+
+// Whether it can be stored; false for none.
+[[nodiscard]] bool IsTypedAmount(const std::optional<double>& typed) noexcept;
+// The first row of a split table whose amount cannot be stored; -1 for none.
+[[nodiscard]] std::int32_t RowWithoutAmount(const SplitRows& rows) noexcept;
 
 // Why the amount field of a sheet cannot be stored, in the user's words: an amount is 0 or more,
 // for the kind of the entry gives the sign. One that was stored with another sign may stay as the
 // field opened with it. "" when it can.
-[[nodiscard]] std::string ProblemOfAmount(double typed, double opened);
+[[nodiscard]] std::string ProblemOfAmount(const std::optional<double>& typed, double opened);
 
 // The field that the preferences give the focus when a sheet opens.
 [[nodiscard]] SheetField FirstField(const LDGRPreferences& preferences, bool is_new) noexcept;

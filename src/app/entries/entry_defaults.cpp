@@ -11,13 +11,6 @@ namespace {
 
 constexpr std::int32_t kDateOfLastEnteredEntry = 1;  // of the preference for the date
 
-DateNumber DefaultDate(const LDGRAccount& account, const LDGRPreferences& preferences) {
-  if (preferences.GetDefaultDateWhenAddingEntries() == kDateOfLastEnteredEntry) {
-    if (const auto last = account.GetLastEnteredEntry()) return last->GetDate();
-  }
-  return TodaysDateNumber();
-}
-
 void SetDebitDefaults(LDGRAccountEntry& entry, const LDGRAccount& account,
                       const LDGRPreferences& preferences) {
   const auto& type = account.GetDefaultDebitType();
@@ -31,11 +24,18 @@ void SetDebitDefaults(LDGRAccountEntry& entry, const LDGRAccount& account,
 
 }  // namespace
 
+DateNumber DateOfNewEntry(const LDGRAccount& account, const LDGRPreferences& preferences) {
+  if (preferences.GetDefaultDateWhenAddingEntries() == kDateOfLastEnteredEntry) {
+    if (const auto last = account.GetLastEnteredEntry()) return last->GetDate();
+  }
+  return TodaysDateNumber();
+}
+
 std::shared_ptr<LDGRAccountEntry> NewEntryWithDefaults(EntryKind kind, std::int32_t number,
                                                        const LDGRAccount& account,
                                                        const LDGRPreferences& preferences) {
   auto entry = std::make_shared<LDGRAccountEntry>();
-  entry->SetDate(DefaultDate(account, preferences));
+  entry->SetDate(DateOfNewEntry(account, preferences));
   entry->SetAmount(0.0);
   switch (kind) {
     case EntryKind::Debit:

@@ -4,6 +4,8 @@
 #include <memory>
 #include <optional>
 
+#include "model/date_number.h"
+
 namespace tallyfold {
 
 class LDGRAccount;
@@ -16,6 +18,10 @@ enum class EntryKind : std::uint8_t { Debit, Deposit, Transfer };
 [[nodiscard]] std::shared_ptr<LDGRAccountEntry> NewEntryWithDefaults(
     EntryKind kind, std::int32_t number, const LDGRAccount& account,
     const LDGRPreferences& preferences);
+
+// The day of a new entry, as the preferences want it: today or that of the last entered entry.
+[[nodiscard]] DateNumber DateOfNewEntry(const LDGRAccount& account,
+                                        const LDGRPreferences& preferences);
 
 // The number a new check gets: the next free one after the last entered check, or 0 where the
 // user numbers checks himself. None where no number is left.

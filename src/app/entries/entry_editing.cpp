@@ -87,7 +87,7 @@ bool EntryEditing::Open(EditSheet& sheet) {
 }
 
 void EntryEditing::SaveValuesToEditEntry(EditSheet& sheet) {
-  if (!IsFor(sheet)) return;
+  if (sheets_.Current() != sheet.Which() || !IsFor(sheet) || sheet.CheckTyped()) return;
   if (!edited_.is_new && !before_saving_) before_saving_ = edited_.entry->Image();
   sheet.Store(edited_, *edited_.account.lock());
 }
@@ -106,9 +106,10 @@ void EntryEditing::Close(EditSheet& sheet) {
 bool EntryEditing::OK(EditSheet& sheet) {
   const Announcer::Operation operation(announcer_);
   if (sheets_.Current() != sheet.Which() || !announcer_.EndEditing(sheet.Which())) return false;
-  std::string problem = CheckTarget();
-  if (problem.empty()) problem = sheet.CheckTyped();
-  const bool is_refused = !problem.empty();
+  std::string text = CheckTarget();
+  auto problem =
+      text.empty() ? sheet.CheckTyped() : std::make_optional(Problem{"", std::move(text)});
+  const bool is_refused = problem.has_value();
   sheet.SetProblem(std::move(problem));
   if (is_refused) {
     announcer_.Changed(sheet.StateArea());

@@ -1,53 +1,108 @@
 #include "app/entries/entry_removal.h"
 
 #include <algorithm>
+#include <unordered_set>
 #include <utility>
+#include <vector>
 
+#include "app/face/message.h"
 #include "ledger/change.h"
-#include "model/account_entry.h"
 #include "model/text.h"
 #include "platform/ambient.h"
+#include "registers/register_look.h"
 #include "storage/preferences.h"
 
 namespace tallyfold {
 namespace {
 
-constexpr std::string_view kRemoveEntry = "Remove Entry";
+std::string QuestionFor(const EntryList& entries, const LDGRPreferences& preferences) {
+  if (entries.size() == 1) {
+    return LocalizedText("Are you sure you would like to remove the selected entry?");
+  }
+  double sum = 0.0;
+  for (const auto& entry : entries) sum += entry->GetAmount();
+  return Message("Are you sure you would like to remove the {1} selected entries, {2} in all?",
+                 {std::to_string(entries.size()), RegisterAmountText(sum, preferences)});
+}
+
+std::string QuestionForOtherHalves(const EntryList& transfers) {
+  if (transfers.size() == 1) {
+    return MessageWithText(LocalizedText("The other half of this transfer is in the account "
+                                         "\"%@\".  Would you like to keep it there as an ordinary "
+                                         "entry?"),
+                           transfers.front()->GetToFrom());
+  }
+  return Message(
+      "The other halves of {1} transfers are in other accounts.  Would you like to keep "
+      "them there as ordinary entries?",
+      {std::to_string(transfers.size())});
+}
 
 }  // namespace
 
 EntryRemoval::Asked EntryRemoval::Selected() const {
-  return {desk_.SelectedAccount(), desk_.SelectedEntry()};
+  const auto entry = desk_.SelectedEntry();
+  return {desk_.SelectedAccount(), entry != nullptr ? EntryList{entry} : EntryList()};
 }
 
-bool EntryRemoval::IsThere(const Asked& asked) const {
-  if (asked.account == nullptr || asked.entry == nullptr || asked.account->IsLocked()) return false;
+EntryRemoval::Asked EntryRemoval::Present(Asked asked) const {
   const auto& accounts = desk_.accounts();
-  const auto& entries = asked.account->GetEntries();
-  return std::find(accounts.begin(), accounts.end(), asked.account) != accounts.end() &&
-         std::find(entries.begin(), entries.end(), asked.entry) != entries.end();
+  if (asked.account == nullptr || asked.account->IsLocked() ||
+      std::find(accounts.begin(), accounts.end(), asked.account) == accounts.end()) {
+    return {};
+  }
+  const std::unordered_set<std::shared_ptr<LDGRAccountEntry>> wanted(asked.entries.begin(),
+                                                                     asked.entries.end());
+  asked.entries.clear();
+  for (const auto& entry : asked.account->GetEntries()) {
+    if (wanted.contains(entry)) asked.entries.push_back(entry);
+  }
+  return asked;
 }
 
 void EntryRemoval::EntryRemoveConfirm_Begin() {
   const Announcer::Operation operation(announcer_);
-  const Asked asked = Selected();
-  if (!sheets_.IsFree() || !IsThere(asked)) return;
-  confirm_.note = links_.NoteOnOtherHalf(*asked.account, *asked.entry);
+  Begin(Selected());
+}
+
+void EntryRemoval::EntriesRemoveConfirm_Begin(const EntryList& entries) {
+  const Announcer::Operation operation(announcer_);
+  Begin({desk_.SelectedAccount(), entries});
+}
+
+void EntryRemoval::Begin(Asked asked) {
+  asked = Present(std::move(asked));
+  if (!sheets_.IsFree() || asked.entries.empty()) return;
+  confirm_.note = NoteOnOtherHalves(asked);
   announcer_.Changed(Area::EntryRemoveSheet);
-  if (!desk_.preferences().GetEntryRemoveConfirm()) return AskForOtherHalfOrDelete(asked);
-  asked_ = asked;
+  if (!desk_.preferences().GetEntryRemoveConfirm()) return AskForOtherHalvesOrDelete(asked);
   confirm_.is_open = true;
-  confirm_.question = LocalizedText("Are you sure you would like to remove the selected entry?");
+  confirm_.question = QuestionFor(asked.entries, desk_.preferences());
+  asked_ = std::move(asked);
   announcer_.Changed(Area::EntryRemoveSheet);
   sheets_.Open(Sheet::EntryRemoveConfirm, [this] { EntryRemoveConfirm_Cancel(); });
 }
 
-void EntryRemoval::EntryRemoveConfirm_OK() {
+bool EntryRemoval::EntryRemoveConfirm_OK() {
   const Announcer::Operation operation(announcer_);
-  if (!confirm_.is_open) return;
-  const Asked asked = std::exchange(asked_, {});
+  if (!confirm_.is_open) return false;
+  const auto asked = StillAsked(confirm_.problem);
+  if (!asked) {
+    announcer_.Changed(Area::EntryRemoveSheet);
+    return false;
+  }
+  asked_ = {};
   CloseConfirm();
-  if (IsThere(asked)) AskForOtherHalfOrDelete(asked);
+  AskForOtherHalvesOrDelete(*asked);
+  return true;
+}
+
+std::optional<EntryRemoval::Asked> EntryRemoval::StillAsked(std::optional<Problem>& problem) const {
+  Asked asked = Present(asked_);
+  if (!asked.entries.empty()) return asked;
+  problem = Problem{"", LocalizedText(asked_.entries.size() > 1 ? "The entries have been removed."
+                                                                : "The entry has been removed.")};
+  return std::nullopt;
 }
 
 void EntryRemoval::EntryRemoveConfirm_Cancel() {
@@ -61,78 +116,109 @@ void EntryRemoval::EntryRemoveConfirm_Cancel() {
 void EntryRemoval::CloseConfirm() {
   confirm_.is_open = false;
   confirm_.question.clear();
+  confirm_.problem.reset();
   announcer_.Changed(Area::EntryRemoveSheet);
   sheets_.Close(Sheet::EntryRemoveConfirm);
 }
 
-void EntryRemoval::AskForOtherHalfOrDelete(const Asked& asked) {
-  if (asked.entry->IsTransfer() && links_.OtherHalf(*asked.account, *asked.entry) != nullptr) {
-    AskForOtherHalf(asked);
+std::string EntryRemoval::NoteOnOtherHalves(const Asked& asked) const {
+  const auto halves = links_.FindOtherHalves(*asked.account, asked.entries);
+  const auto found =
+      std::ranges::find_if(halves, [](const auto& search) { return search.is_ambiguous; });
+  if (found == halves.end()) return "";
+  return links_.NoteOnOtherHalf(*asked.account,
+                                *asked.entries[static_cast<std::size_t>(found - halves.begin())]);
+}
+
+EntryList EntryRemoval::TransfersWithOtherHalf(const Asked& asked) const {
+  const std::unordered_set<std::shared_ptr<LDGRAccountEntry>> removed(asked.entries.begin(),
+                                                                      asked.entries.end());
+  const auto halves = links_.FindOtherHalves(*asked.account, asked.entries);
+  EntryList transfers;
+  for (std::size_t i = 0; i < halves.size(); ++i) {
+    const auto& half = halves[i].half;
+    if (half != nullptr && !removed.contains(half)) transfers.push_back(asked.entries[i]);
+  }
+  return transfers;
+}
+
+void EntryRemoval::AskForOtherHalvesOrDelete(const Asked& asked) {
+  if (const EntryList transfers = TransfersWithOtherHalf(asked); !transfers.empty()) {
+    AskForOtherHalves(asked, transfers);
   } else {
-    Delete(asked);
+    Delete(asked, OtherHalves::Ignored);
   }
 }
 
 void EntryRemoval::TransferEntryRemoveConfirm_Begin() {
   const Announcer::Operation operation(announcer_);
-  const Asked asked = Selected();
-  if (links_.Transfer_LinkedEntry(asked.entry.get()) == nullptr || !sheets_.IsFree()) return;
-  AskForOtherHalf(asked);
+  const Asked asked = Present(Selected());
+  if (asked.entries.empty() || !sheets_.IsFree()) return;
+  const EntryList transfers = TransfersWithOtherHalf(asked);
+  if (!transfers.empty()) AskForOtherHalves(asked, transfers);
 }
 
-void EntryRemoval::AskForOtherHalf(const Asked& asked) {
+void EntryRemoval::AskForOtherHalves(const Asked& asked, const EntryList& transfers) {
   asked_ = asked;
-  transfer_ = {true, MessageWithText(LocalizedText("The other half of this transfer is in the "
-                                                   "account \"%@\".  Would you like to keep it "
-                                                   "there as an ordinary entry?"),
-                                     asked.entry->GetToFrom())};
+  transfer_.is_open = true;
+  transfer_.question = QuestionForOtherHalves(transfers);
   announcer_.Changed(Area::TransferEntryRemoveSheet);
   sheets_.Open(Sheet::TransferEntryRemoveConfirm, [this] { TransferEntryRemoveConfirm_Cancel(); });
 }
 
-void EntryRemoval::TransferEntryRemoveConfirm_Yes() {
-  const Announcer::Operation operation(announcer_);
-  const Asked asked = CloseTransfer();
-  if (!IsThere(asked)) return;
-  Change change(ledger_, kRemoveEntry, asked.account);
-  links_.UnlinkOtherHalf(change, *asked.account, *asked.entry);
-  change.Remove(asked.account, asked.entry.get());
-  change.Close();
-  refresh_.EntryRemoved();
+bool EntryRemoval::TransferEntryRemoveConfirm_Yes() {
+  return AnswerTransfer(OtherHalves::Unlinked);
 }
 
-void EntryRemoval::TransferEntryRemoveConfirm_No() {
+bool EntryRemoval::TransferEntryRemoveConfirm_No() {
+  return AnswerTransfer(OtherHalves::Removed);
+}
+
+bool EntryRemoval::AnswerTransfer(OtherHalves halves) {
   const Announcer::Operation operation(announcer_);
-  const Asked asked = CloseTransfer();
-  if (!IsThere(asked)) return;
-  Change change(ledger_, kRemoveEntry, asked.account);
-  links_.RemoveOtherHalf(change, *asked.account, *asked.entry);
-  change.Remove(asked.account, asked.entry.get());
-  change.Close();
-  refresh_.EntryRemoved();
+  if (!transfer_.is_open) return false;
+  const auto asked = StillAsked(transfer_.problem);
+  if (!asked) {
+    announcer_.Changed(Area::TransferEntryRemoveSheet);
+    return false;
+  }
+  CloseTransfer();
+  Delete(*asked, halves);
+  return true;
 }
 
 void EntryRemoval::TransferEntryRemoveConfirm_Cancel() {
   const Announcer::Operation operation(announcer_);
-  CloseTransfer();
+  if (transfer_.is_open) CloseTransfer();
 }
 
-EntryRemoval::Asked EntryRemoval::CloseTransfer() {
-  if (!transfer_.is_open) return {};
+void EntryRemoval::CloseTransfer() {
+  asked_ = {};
   transfer_ = {};
   announcer_.Changed(Area::TransferEntryRemoveSheet);
   sheets_.Close(Sheet::TransferEntryRemoveConfirm);
-  return std::exchange(asked_, {});
 }
 
 void EntryRemoval::Entry_Delete() {
-  Delete(Selected());
+  const Announcer::Operation operation(announcer_);
+  Delete(Selected(), OtherHalves::Ignored);
 }
 
-void EntryRemoval::Delete(const Asked& asked) {
-  if (asked.account == nullptr || asked.entry == nullptr) return;
-  Change change(ledger_, kRemoveEntry, asked.account);
-  change.Remove(asked.account, asked.entry.get());
+void EntryRemoval::Delete(const Asked& asked, OtherHalves halves) {
+  if (asked.account == nullptr || asked.entries.empty()) return;
+  Change change(ledger_, Plural("Remove Entry", "Remove Entries", asked.entries.size()),
+                asked.account);
+  switch (halves) {
+    case OtherHalves::Ignored:
+      break;
+    case OtherHalves::Unlinked:
+      links_.UnlinkOtherHalves(change, *asked.account, asked.entries);
+      break;
+    case OtherHalves::Removed:
+      links_.RemoveOtherHalves(change, *asked.account, asked.entries);
+      break;
+  }
+  change.Remove(asked.account, asked.entries);
   change.Close();
   refresh_.EntryRemoved();
 }

@@ -52,12 +52,18 @@ bool EntryReveal::ShowOtherHalf() {
   const Announcer::Operation operation(announcer_);
   const auto entry = desk_.SelectedEntry();
   const auto half = links_.Transfer_LinkedEntry(entry.get());
-  if (half == nullptr || !sheets_.IsFree()) return false;
-  const auto account = desk_.AccountWithNumber(entry->GetTransferAccount());
+  if (half == nullptr) return false;
+  return Show(desk_.AccountWithNumber(entry->GetTransferAccount()), half);
+}
+
+bool EntryReveal::Show(const std::shared_ptr<LDGRAccount>& account,
+                       const std::shared_ptr<LDGRAccountEntry>& entry) {
+  const Announcer::Operation operation(announcer_);
+  if (!sheets_.IsFree()) return false;
   host_.Account_Select(account);
   if (desk_.SelectedAccount() != account) return false;
-  desk_.SelectEntry(half);
-  TellIfHidden(half, Reason::Sought);
+  desk_.SelectEntry(entry);
+  TellIfHidden(entry, Reason::Sought);
   return true;
 }
 

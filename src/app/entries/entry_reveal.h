@@ -57,6 +57,10 @@ class EntryReveal {
   // Selects the account that has the other half of the selected transfer, and the other half in
   // it. False when there is none, or its account first asks for its password.
   bool ShowOtherHalf();
+  // Selects an account and an entry in it, wherever the user came across it. False while a sheet is
+  // open, and when the account first asks for its password.
+  bool Show(const std::shared_ptr<LDGRAccount>& account,
+            const std::shared_ptr<LDGRAccountEntry>& entry);
 
  private:
   Host& host_;

@@ -1,8 +1,12 @@
 #include "app/entries/entry_sheet.h"
 
 #include <algorithm>
+#include <charconv>
 #include <memory>
+#include <system_error>
+#include <utility>
 
+#include "app/face/blank_text.h"
 #include "model/account.h"
 #include "model/account_entry.h"
 #include "model/amounts.h"
@@ -14,6 +18,36 @@ namespace {
 
 constexpr std::int32_t kNoType = -1;
 constexpr std::int32_t kNoCheckNumber = -1;
+
+constexpr std::string_view kDateField = "_Date_Field";
+constexpr std::string_view kAmountField = "_Amount_Field";
+constexpr std::string_view kCheckNumberField = "_CheckNumber_Field";
+constexpr std::string_view kSplitTable = "_Split_Table";
+
+using Typed = EntrySheetState::Typed;
+
+constexpr TypedField<Typed> kFields[] = {
+    {kDateField, AreSame<Typed, &Typed::date>},
+    {kAmountField, AreSame<Typed, &Typed::amount>},
+    // Without its tick the number does not count.
+    {kCheckNumberField,
+     [](const Typed& a, const Typed& b) {
+       return a.check == b.check && a.check_number == b.check_number;
+     }},
+    {kSplitTable, AreSame<Typed, &Typed::split>},
+};
+
+// None where the text is no number of 32 bits; 0 for an empty one.
+std::optional<std::int32_t> CheckNumberOf(std::string_view text) {
+  if (IsBlank(text)) return 0;
+  const std::size_t first = text.find_first_not_of(' ');
+  const std::size_t last = text.find_last_not_of(' ');
+  const char* const end = text.data() + last + 1;
+  std::int32_t number = 0;
+  const auto [rest, error] = std::from_chars(text.data() + first, end, number);
+  if (error != std::errc() || rest != end) return std::nullopt;
+  return number;
+}
 
 bool IsUsed(const SplitRow& row) {
   return !row.description.empty() || !row.to.empty() || row.amount != 0.0;
@@ -28,16 +62,17 @@ void EntrySheet::Fill(const EditedEntry& edited, const LDGRAccount& account,
   state_ = EntrySheetState();
   state_.is_new = edited.is_new;
   state_.first_field = FirstField(preferences, edited.is_new);
-  state_.descriptions = is_debit ? account.GetPreferredDebitDescriptions()
-                                 : account.GetPreferredDepositDescriptions();
-  state_.to_froms = is_debit ? account.GetPreferredTos() : account.GetPreferredFroms();
+  state_.descriptions = {edited.account, is_debit ? &LDGRAccount::GetPreferredDebitDescriptions
+                                                  : &LDGRAccount::GetPreferredDepositDescriptions};
+  state_.to_froms = {edited.account,
+                     is_debit ? &LDGRAccount::GetPreferredTos : &LDGRAccount::GetPreferredFroms};
 
   auto& typed = state_.typed;
   typed.date = entry.GetDate();
   // Adding 0.0 keeps a negative zero off the screen.
   typed.amount = (is_debit ? -entry.GetAmount() : entry.GetAmount()) + 0.0;
   typed.check = is_debit && entry.IsCheck();
-  if (typed.check) typed.check_number = entry.GetCheckNumber();
+  if (typed.check) typed.check_number = std::to_string(entry.GetCheckNumber());
   state_.check_number_is_enabled = typed.check;
   typed.description = entry.GetDescription();
   typed.to_from = entry.GetToFrom();
@@ -46,7 +81,7 @@ void EntrySheet::Fill(const EditedEntry& edited, const LDGRAccount& account,
   typed.notes = entry.GetNotes();
   PopulateTypes(edited, account);
   PopulateSplit(edited);
-  opened_amount_ = IsSplit() ? 0.0 : typed.amount;
+  opened_amount_ = IsSplit() ? 0.0 : *typed.amount;
   announcer_.Changed(StateArea());
 }
 
@@ -90,32 +125,49 @@ void EntrySheet::PopulateSplit(const EditedEntry& edited) {
   EnableFieldsForSplit(IsSplit());
 }
 
-std::string EntrySheet::CheckTyped() {
+void EntrySheet::Read(Typed typed) {
+  TakeTyped(state_.typed, std::move(typed), state_.problem, kFields);
+}
+
+Problem EntrySheet::ProblemOf(std::string_view control, std::string text, std::int32_t row) const {
+  std::string field = kind_ == Kind::Debit ? "debitSheet" : "depositSheet";
+  field += control;
+  return {std::move(field), std::move(text), row};
+}
+
+std::optional<Problem> EntrySheet::CheckTyped() {
   auto& typed = state_.typed;
-  if (!LimitDay(typed.date)) return LocalizedText("The date does not exist.");
-  const auto has_amount = [](const SplitRow& row) { return IsAmount(row.amount); };
-  if (!std::all_of(typed.split.begin(), typed.split.end(), has_amount)) {
-    return LocalizedText("The amount is not a number.");
+  if (!LimitDay(typed.date))
+    return ProblemOf(kDateField, LocalizedText("The date does not exist."));
+  if (const std::int32_t row = RowWithoutAmount(typed.split); row != -1) {
+    return ProblemOf(kSplitTable, LocalizedText("The amount is not a number."), row);
   }
   // The sum of a split's lines takes the field's place, with whatever sign.
   if (!IsSplit()) {
     if (auto problem = ProblemOfAmount(typed.amount, opened_amount_); !problem.empty()) {
-      return problem;
+      return ProblemOf(kAmountField, std::move(problem));
     }
   }
-  if (typed.check && typed.check_number.value_or(0) < 0) {
-    return LocalizedText("The check number must not be negative.");
+  if (kind_ == Kind::Deposit || !typed.check) return std::nullopt;
+  const auto number = CheckNumberOf(typed.check_number);
+  if (!number) {
+    return ProblemOf(kCheckNumberField, LocalizedText("The check number is not a number."));
   }
-  return "";
+  if (*number < 0) {
+    return ProblemOf(kCheckNumberField, LocalizedText("The check number must not be negative."));
+  }
+  return std::nullopt;
 }
 
 void EntrySheet::Store(const EditedEntry& edited, LDGRAccount& /*account*/) {
   const auto& typed = state_.typed;
   LDGRAccountEntry& entry = *edited.entry;
-  entry.SetDate(typed.date);
+  entry.SetDate(*typed.date);
   SaveType(edited);
   SaveCheck(edited);
-  entry.SetAmount(kind_ == Kind::Debit ? -typed.amount : typed.amount);
+  // That of a split follows below.
+  const double amount = typed.amount.value_or(0.0);
+  entry.SetAmount(kind_ == Kind::Debit ? -amount : amount);
   entry.SetDescription(typed.description);
   entry.SetToFrom(typed.to_from);
   entry.SetCleared(typed.cleared);
@@ -139,8 +191,8 @@ void EntrySheet::SaveCheck(const EditedEntry& edited) const {
   if (kind_ == Kind::Deposit) return edited.entry->SetIsCheck(false);
   const auto& typed = state_.typed;
   edited.entry->SetIsCheck(typed.check);
-  // An empty number field reads as 0.
-  edited.entry->SetCheckNumber(typed.check ? typed.check_number.value_or(0) : kNoCheckNumber);
+  edited.entry->SetCheckNumber(typed.check ? CheckNumberOf(typed.check_number).value_or(0)
+                                           : kNoCheckNumber);
 }
 
 void EntrySheet::SaveSplit(const EditedEntry& edited) const {
@@ -150,7 +202,7 @@ void EntrySheet::SaveSplit(const EditedEntry& edited) const {
     const SplitRow& row = state_.typed.split[i];
     split->SetDescription(row.description, i);
     split->SetToFrom(row.to, i);
-    split->SetAmount(row.amount, i);
+    split->SetAmount(*row.amount, i);
   }
   // The total goes in with its own sign also for a debit: with a split, the entry's amount comes
   // from the split.
@@ -162,9 +214,13 @@ void EntrySheet::SaveSplit(const EditedEntry& edited) const {
 void EntrySheet::CheckNumber_Button(std::optional<std::int32_t> suggested) {
   auto& typed = state_.typed;
   state_.check_number_is_enabled = typed.check;
-  if (typed.check && !typed.check_number) {
-    typed.check_number = suggested;
-    if (!suggested) state_.problem = LocalizedText("There are no check numbers left.");
+  if (typed.check && typed.check_number.empty()) {
+    if (suggested) {
+      typed.check_number = std::to_string(*suggested);
+    } else {
+      state_.problem =
+          ProblemOf(kCheckNumberField, LocalizedText("There are no check numbers left."));
+    }
   }
   announcer_.Changed(StateArea());
 }
@@ -202,16 +258,19 @@ bool EntrySheet::IsSplit() const noexcept {
 
 void EntrySheet::ClearSplit() {
   if (!state_.is_open) return;
-  state_.typed.amount = 0.0;
+  Typed typed = state_.typed;
+  typed.amount = 0.0;
+  Read(std::move(typed));
   Split_ClearSplit();
 }
 
 void EntrySheet::Split_ClearSplit() {
   if (!state_.is_open) return;
-  auto& typed = state_.typed;
+  Typed typed = state_.typed;
   typed.split = SplitRows();
   typed.selected_split_row = 0;
   typed.to_from.clear();
+  Read(std::move(typed));
   EnableFieldsForSplit(false);
   Split_UpdateTotal();
   announcer_.Changed(StateArea());
@@ -220,7 +279,9 @@ void EntrySheet::Split_ClearSplit() {
 void EntrySheet::Split_UpdateTotal() {
   double total = 0.0;
   // Each as it will be stored, so that the total shown is the total kept.
-  for (const SplitRow& row : state_.typed.split) total += RoundedAmount(row.amount);
+  for (const SplitRow& row : state_.typed.split) {
+    if (IsTypedAmount(row.amount)) total += RoundedAmount(*row.amount);
+  }
   state_.split_total = total;
 }
 

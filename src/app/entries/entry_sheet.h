@@ -3,6 +3,7 @@
 #include <cstdint>
 #include <optional>
 #include <string>
+#include <string_view>
 
 #include "app/entries/edit_sheet.h"
 #include "app/entries/entry_sheet_state.h"
@@ -23,7 +24,7 @@ class EntrySheet final : public EditSheet {
 
   [[nodiscard]] const EntrySheetState& State() const noexcept { return state_; }
   // Takes over what the user typed.
-  void Read(EntrySheetState::Typed typed) { state_.typed = std::move(typed); }
+  void Read(EntrySheetState::Typed typed);
 
   [[nodiscard]] Sheet Which() const noexcept override {
     return kind_ == Kind::Debit ? Sheet::Debit : Sheet::Deposit;
@@ -33,10 +34,10 @@ class EntrySheet final : public EditSheet {
   }
   void Fill(const EditedEntry& edited, const LDGRAccount& account,
             const LDGRPreferences& preferences) override;
-  [[nodiscard]] std::string CheckTyped() override;
+  [[nodiscard]] std::optional<Problem> CheckTyped() override;
   void Store(const EditedEntry& edited, LDGRAccount& account) override;
   void SetOpen(bool is_open) noexcept override { state_.is_open = is_open; }
-  void SetProblem(std::string problem) override { state_.problem = std::move(problem); }
+  void SetProblem(std::optional<Problem> problem) override { state_.problem = std::move(problem); }
 
   // The check box was ticked or unticked. An empty number field of a ticked box is filled with
   // `suggested`; where that is none, the problem says that no number is left.
@@ -55,7 +56,7 @@ class EntrySheet final : public EditSheet {
   void ClearSplit();
   // The same, but leaves the amount as it is.
   void Split_ClearSplit();
-  // Sums the rows into the total field.
+  // Sums the rows into the total field, as far as they can be read.
   void Split_UpdateTotal();
   // A row of the split table was edited.
   void Split_Table_Field();
@@ -63,6 +64,9 @@ class EntrySheet final : public EditSheet {
  private:
   void PopulateTypes(const EditedEntry& edited, const LDGRAccount& account);
   void PopulateSplit(const EditedEntry& edited);
+  // A problem of that control of this sheet.
+  [[nodiscard]] Problem ProblemOf(std::string_view control, std::string text,
+                                  std::int32_t row = -1) const;
   void SaveType(const EditedEntry& edited) const;
   void SaveCheck(const EditedEntry& edited) const;
   void SaveSplit(const EditedEntry& edited) const;

@@ -6,8 +6,10 @@
 #include <string>
 #include <vector>
 
+#include "app/entries/completion.h"
 #include "app/entries/entry_suggestion.h"
 #include "app/face/pop_up_item.h"
+#include "app/face/problem.h"
 #include "model/date_number.h"
 #include "model/entry_split.h"
 
@@ -26,7 +28,8 @@ enum class SheetField : std::int32_t {
 struct SplitRow {
   std::string description;
   std::string to;
-  double amount = 0.0;
+  // 0 for an empty field; none where it cannot be read as a number.
+  std::optional<double> amount = 0.0;
 
   friend bool operator==(const SplitRow&, const SplitRow&) = default;
 };
@@ -36,14 +39,16 @@ using SplitRows = std::array<SplitRow, LDGRAccountEntrySplit::kLines>;
 struct EntrySheetState {
   // Typed by the user: a front end reads these from its fields before each operation.
   struct Typed {
-    DateNumber date = kNullDate;
+    // None where the field cannot be read as a date.
+    std::optional<DateNumber> date = kNullDate;
     // Index into type_items, or kNoItem.
     std::int32_t type = kNoItem;
-    // Positive for money paid (debit sheet) or received (deposit sheet).
-    double amount = 0.0;
-    // The check box and its number; none for an empty field. Used by the debit sheet alone.
+    // Positive for money paid (debit sheet) or received (deposit sheet). 0 for an empty field; none
+    // where it cannot be read as a number.
+    std::optional<double> amount = 0.0;
+    // The check box and the text of its number. Used by the debit sheet alone.
     bool check = false;
-    std::optional<std::int32_t> check_number;
+    std::string check_number;
     std::string description;
     std::string to_from;
     bool cleared = false;
@@ -67,12 +72,13 @@ struct EntrySheetState {
   double split_total = 0.0;
   SheetField first_field = SheetField::Date;
   // Former texts of the account, offered to complete what is typed.
-  std::vector<std::string> descriptions;
-  std::vector<std::string> to_froms;
+  FormerTexts descriptions;
+  FormerTexts to_froms;
   // What an earlier entry of the same description had, until it is taken or editing goes on.
   std::optional<EntrySuggestion> suggestion;
-  // Why the last OK was refused, in the user's words; "" when it was not.
-  std::string problem;
+  // The fields are ..._Date_Field, _Amount_Field, _CheckNumber_Field and _Split_Table, after
+  // "debitSheet" or "depositSheet".
+  std::optional<Problem> problem;
 };
 
 }  // namespace tallyfold

@@ -2,6 +2,9 @@
 
 #include <algorithm>
 #include <cstddef>
+#include <string>
+#include <string_view>
+#include <utility>
 
 #include "model/account_entry.h"
 #include "platform/ambient.h"
@@ -10,6 +13,18 @@ namespace tallyfold {
 namespace {
 
 constexpr std::int32_t kNoAccount = -1;
+
+using Typed = TransferSheetState::Typed;
+
+constexpr std::string_view kDateField = "transferSheet_Date_Field";
+constexpr std::string_view kAmountField = "transferSheet_Amount_Field";
+constexpr std::string_view kAccountPopUp = "transferSheet_Account_PopUp";
+
+constexpr TypedField<Typed> kFields[] = {
+    {kDateField, AreSame<Typed, &Typed::date>},
+    {kAmountField, AreSame<Typed, &Typed::amount>},
+    {kAccountPopUp, AreSame<Typed, &Typed::account>},
+};
 
 const PopUpItem* SelectedItem(const std::vector<PopUpItem>& items, std::int32_t index) {
   if (index < 0 || static_cast<std::size_t>(index) >= items.size()) return nullptr;
@@ -24,7 +39,7 @@ void TransferSheet::Fill(const EditedEntry& edited, const LDGRAccount& account,
   state_ = TransferSheetState();
   state_.is_new = edited.is_new;
   state_.first_field = FirstField(preferences, edited.is_new);
-  state_.descriptions = account.GetPreferredTransferDescriptions();
+  state_.descriptions = {edited.account, &LDGRAccount::GetPreferredTransferDescriptions};
   state_.direction_items = {{LocalizedText("Transfer To"), kTransferToTag},
                             {LocalizedText("Transfer From"), kTransferFromTag}};
 
@@ -34,7 +49,7 @@ void TransferSheet::Fill(const EditedEntry& edited, const LDGRAccount& account,
                                       entry.IsTransferOrigin() ? kTransferToTag : kTransferFromTag);
   // Adding 0.0 keeps a negative zero off the screen.
   typed.amount = (entry.IsTransferOrigin() ? -entry.GetAmount() : entry.GetAmount()) + 0.0;
-  opened_amount_ = typed.amount;
+  opened_amount_ = *typed.amount;
   typed.description = entry.GetDescription();
   typed.cleared = entry.GetCleared();
   typed.tax_deductible = entry.GetTaxDeductible();
@@ -57,27 +72,33 @@ void TransferSheet::PopulateAccounts(const EditedEntry& edited, const LDGRAccoun
   if (!items.empty()) state_.typed.account = 0;
 }
 
-std::string TransferSheet::CheckTyped() {
+void TransferSheet::Read(Typed typed) {
+  TakeTyped(state_.typed, std::move(typed), state_.problem, kFields);
+}
+
+std::optional<Problem> TransferSheet::CheckTyped() {
   auto& typed = state_.typed;
-  if (!LimitDay(typed.date)) return LocalizedText("The date does not exist.");
+  if (!LimitDay(typed.date)) {
+    return Problem{std::string(kDateField), LocalizedText("The date does not exist.")};
+  }
   if (auto problem = ProblemOfAmount(typed.amount, opened_amount_); !problem.empty()) {
-    return problem;
+    return Problem{std::string(kAmountField), std::move(problem)};
   }
   if (!state_.account_items.empty() &&
       SelectedItem(state_.account_items, typed.account) == nullptr) {
-    return LocalizedText("No account is chosen.");
+    return Problem{std::string(kAccountPopUp), LocalizedText("No account is chosen.")};
   }
-  return "";
+  return std::nullopt;
 }
 
 void TransferSheet::Store(const EditedEntry& edited, LDGRAccount& /*account*/) {
   const auto& typed = state_.typed;
   LDGRAccountEntry& entry = *edited.entry;
-  entry.SetDate(typed.date);
+  entry.SetDate(*typed.date);
   if (const auto* direction = SelectedItem(state_.direction_items, typed.direction)) {
     const bool is_origin = direction->tag == kTransferToTag;
     entry.SetIsTransferOrigin(is_origin);
-    entry.SetAmount(is_origin ? -typed.amount : typed.amount);
+    entry.SetAmount(is_origin ? -*typed.amount : *typed.amount);
   }
   entry.SetDescription(typed.description);
   entry.SetCleared(typed.cleared);

@@ -1,6 +1,6 @@
 #pragma once
 
-#include <string>
+#include <optional>
 
 #include "app/desk.h"
 #include "app/entries/edit_sheet.h"
@@ -21,18 +21,18 @@ class TransferSheet final : public EditSheet {
 
   [[nodiscard]] const TransferSheetState& State() const noexcept { return state_; }
   // Takes over what the user typed.
-  void Read(TransferSheetState::Typed typed) { state_.typed = std::move(typed); }
+  void Read(TransferSheetState::Typed typed);
 
   [[nodiscard]] Sheet Which() const noexcept override { return Sheet::Transfer; }
   [[nodiscard]] Area StateArea() const noexcept override { return Area::TransferSheet; }
   void Fill(const EditedEntry& edited, const LDGRAccount& account,
             const LDGRPreferences& preferences) override;
-  [[nodiscard]] std::string CheckTyped() override;
+  [[nodiscard]] std::optional<Problem> CheckTyped() override;
   // Also brings the other half in line, in the other account.
   void Store(const EditedEntry& edited, LDGRAccount& account) override;
   void StoreIn(Change& change, const EditedEntry& edited, LDGRAccount& account) override;
   void SetOpen(bool is_open) noexcept override { state_.is_open = is_open; }
-  void SetProblem(std::string problem) override { state_.problem = std::move(problem); }
+  void SetProblem(std::optional<Problem> problem) override { state_.problem = std::move(problem); }
 
  private:
   void PopulateAccounts(const EditedEntry& edited, const LDGRAccount& account);

@@ -1,11 +1,14 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <vector>
 
+#include "app/entries/completion.h"
 #include "app/entries/entry_sheet_state.h"
 #include "app/face/pop_up_item.h"
+#include "app/face/problem.h"
 #include "model/date_number.h"
 
 namespace tallyfold {
@@ -18,13 +21,14 @@ inline constexpr std::int32_t kTransferFromTag = 0;  // money comes into it
 struct TransferSheetState {
   // Typed by the user: a front end reads these from its fields before each operation.
   struct Typed {
-    DateNumber date = kNullDate;
+    // None where the field cannot be read as a date.
+    std::optional<DateNumber> date = kNullDate;
     // Index into direction_items, or kNoItem.
     std::int32_t direction = kNoItem;
     // Index into account_items, or kNoItem.
     std::int32_t account = kNoItem;
-    // Positive in either direction.
-    double amount = 0.0;
+    // Positive in either direction. 0 for an empty field; none where it cannot be read as a number.
+    std::optional<double> amount = 0.0;
     std::string description;
     bool cleared = false;
     bool tax_deductible = false;
@@ -41,11 +45,11 @@ struct TransferSheetState {
   std::vector<PopUpItem> account_items;
   SheetField first_field = SheetField::Date;
   // Former texts of the account, offered to complete what is typed.
-  std::vector<std::string> descriptions;
+  FormerTexts descriptions;
   // What becomes of an other half that cannot be told from others; "" for nothing to tell.
   std::string note;
-  // Why the last OK was refused, in the user's words; "" when it was not.
-  std::string problem;
+  // The fields are transferSheet_Date_Field, _Amount_Field and _Account_PopUp.
+  std::optional<Problem> problem;
 };
 
 }  // namespace tallyfold

@@ -74,7 +74,7 @@ class LDGRQIFImportController final : private EntryOwner {
   [[nodiscard]] const QifImportOptionsState& Options() const noexcept { return options_; }
   void ImportOptions_Populate();
   // Takes over what the user typed.
-  void ImportOptions_Read(QifImportOptionsState::Typed typed) { options_.typed = std::move(typed); }
+  void ImportOptions_Read(QifImportOptionsState::Typed typed);
   // The pop-ups by what they are for: the lines of the file.
   enum class SwapPopUp : std::uint8_t { Categories, Payees, Memos };
   // A destination (see QifOptions) was picked in one of them. The pop-up that had it takes the one
@@ -85,7 +85,8 @@ class LDGRQIFImportController final : private EntryOwner {
   // the file can no longer be read.
   bool ImportOptions_SetEncoding(std::int32_t encoding);
   // Stores what was chosen in the account and goes on with the review. False when the sheet is not
-  // open, or stays open because a field refuses its text.
+  // open, or stays open: its state then says why, unless a field of the front end has refused its
+  // text.
   bool ImportOptions_OK();
   void ImportOptions_Cancel();
 
@@ -159,6 +160,7 @@ class LDGRQIFImportController final : private EntryOwner {
   // The stage that runs is over; the next one begins, the one before, or none.
   void StageEnded(std::int32_t result);
   void CloseReview();
+  [[nodiscard]] std::optional<Problem> ProblemOfOptions() const;
   void StoreOptions();
   void PassOptionsToParser();
   void TakeText(LDGRQIFImport import, std::int32_t encoding);

@@ -15,6 +15,16 @@
 namespace tallyfold {
 namespace {
 
+using Typed = QifImportOptionsState::Typed;
+
+constexpr std::string_view kAccountPopUp = "importOptions_Account_PopUp";
+constexpr std::string_view kDateFormatPopUp = "importOptions_DateFormat_PopUp";
+
+constexpr TypedField<Typed> kFields[] = {
+    {kAccountPopUp, AreSame<Typed, &Typed::account>},
+    {kDateFormatPopUp, AreSame<Typed, &Typed::date_format>},
+};
+
 bool IsDestination(std::int32_t value) noexcept {
   return value >= QifOptions::kType && value <= QifOptions::kDescription;
 }
@@ -128,9 +138,31 @@ bool LDGRQIFImportController::ImportOptions_Run() {
   return true;
 }
 
+void LDGRQIFImportController::ImportOptions_Read(Typed typed) {
+  TakeTyped(options_.typed, std::move(typed), options_.problem, kFields);
+}
+
+std::optional<Problem> LDGRQIFImportController::ProblemOfOptions() const {
+  const auto is_item = [](const std::vector<PopUpItem>& items, std::int32_t index) {
+    return index >= 0 && static_cast<std::size_t>(index) < items.size();
+  };
+  if (!is_item(options_.account_items, options_.typed.account)) {
+    return Problem{std::string(kAccountPopUp), LocalizedText("No account is chosen.")};
+  }
+  if (!is_item(options_.date_format_items, options_.typed.date_format)) {
+    return Problem{std::string(kDateFormatPopUp), LocalizedText("No date format is chosen.")};
+  }
+  return std::nullopt;
+}
+
 bool LDGRQIFImportController::ImportOptions_OK() {
   const Announcer::Operation operation(announcer_);
   if (stage_ != Stage::Options || !announcer_.EndEditing(Sheet::ImportOptions)) return false;
+  options_.problem = ProblemOfOptions();
+  if (options_.problem) {
+    announcer_.Changed(Area::ImportOptionsSheet);
+    return false;
+  }
   StoreOptions();
   PassOptionsToParser();
   Import_Init(import_.Parse());
@@ -165,11 +197,7 @@ void LDGRQIFImportController::StoreOptions() {
   change.EditSettings(account_);
   const auto& typed = options_.typed;
   const auto& formats = options_.date_format_items;
-  const bool has_format =
-      typed.date_format >= 0 && static_cast<std::size_t>(typed.date_format) < formats.size();
-  if (has_format) {
-    account_->SetQIFImportDateFormat(formats[static_cast<std::size_t>(typed.date_format)].tag);
-  }
+  account_->SetQIFImportDateFormat(formats[static_cast<std::size_t>(typed.date_format)].tag);
   account_->SetQIFImportDecimalSeparator(typed.decimal_separator);
   account_->SetQIFImportThousandsSeparator(typed.thousands_separator);
   account_->SetQIFImportZeroAmountsAsDeposits(typed.zero_amounts_as_deposits);

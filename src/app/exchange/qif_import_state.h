@@ -2,10 +2,12 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <vector>
 
 #include "app/face/pop_up_item.h"
+#include "app/face/problem.h"
 #include "exchange/import_hints.h"
 #include "exchange/qif_import.h"
 
@@ -43,6 +45,8 @@ struct QifImportOptionsState {
   std::int32_t swap_type = QifOptions::kType;
   std::int32_t swap_to_from = QifOptions::kToFrom;
   std::int32_t swap_description = QifOptions::kDescription;
+  // The fields are importOptions_Account_PopUp and importOptions_DateFormat_PopUp.
+  std::optional<Problem> problem;
 };
 
 // What the review of an import shows beside its table. All of it is decided by the program.

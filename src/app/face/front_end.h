@@ -22,8 +22,13 @@ enum class Area : std::uint8_t {
   Balance,            // the balance below the register
   ReconcileBalances,  // the figures of the reconcile tab
   EntryTypeMenu,
-  History,   // what can be undone and redone
-  Recovery,  // what came back after an interruption, and what would be lost now
+  EntryOrders,      // what became of the last order without a sheet
+  TransferLinking,  // what may be linked as a transfer, and what became of it
+  EntryFind,        // what was found in all accounts
+  DateJump,         // the field for the day to go to
+  BackUp,           // what the last backup on order or restored file came to
+  History,          // what can be undone and redone
+  Recovery,         // what came back after an interruption, and what would be lost now
   Summary,
   Tabs,
   AccountsDrawer,

@@ -19,16 +19,19 @@ void PasswordSheet::Open(std::string title) {
 
 void PasswordSheet::ValidatePassword(std::string typed, const std::string& password) {
   if (!state_.is_open) return;
-  state_.typed = std::move(typed);
-  state_.ok_is_enabled = state_.typed == password;
-  if (state_.ok_is_enabled) state_.alert.clear();
+  if (state_.typed.password != typed) state_.problem.reset();
+  state_.typed.password = std::move(typed);
+  state_.ok_is_enabled = state_.typed.password == password;
   announcer_.Changed(area_);
 }
 
-void PasswordSheet::DisableOK() {
-  if (!state_.ok_is_enabled) return;
-  state_.ok_is_enabled = false;
-  announcer_.Changed(area_);
+void PasswordSheet::Refuse() {
+  const bool was_enabled = std::exchange(state_.ok_is_enabled, false);
+  const std::string sheet =
+      which_ == Sheet::Authentication ? "authenticationSheet" : "accountAuthenticationSheet";
+  state_.problem = {sheet + "_Password_Field", ""};
+  // Otherwise everything looks as before.
+  if (was_enabled) announcer_.Changed(area_);
 }
 
 void PasswordSheet::Close() {

@@ -25,8 +25,8 @@ class PasswordSheet {
   void Open(std::string title);
   // A keystroke: takes over the text; OK is enabled when it is the password.
   void ValidatePassword(std::string typed, const std::string& password);
-  // The password was wrong after all.
-  void DisableOK();
+  // OK with a wrong password.
+  void Refuse();
   // Hides the sheet and gives the focus back to where it was. Nothing when it is not open.
   void Close();
 

@@ -14,8 +14,8 @@ void Refresh::EntriesSaved(const EntryList& entries, bool are_new) {
   const Announcer::Operation operation(announcer_);
   EntryButtons_Update();
   if (host_.LiveUpdatingFilters()) {
-    host_.ReloadRegisters();
     host_.Search_Cancel();
+    host_.ReloadRegisters();
   } else {
     host_.TakeSavedEntries(entries);
   }
@@ -37,8 +37,8 @@ void Refresh::EntryRemoved() {
 
 void Refresh::ImportEnded() {
   const Announcer::Operation operation(announcer_);
-  host_.ReloadRegisters();
   host_.Search_Cancel();
+  host_.ReloadRegisters();
   Balances();
   EntryButtons_Update();
   entryMenu_Types_Menu_Populate();
@@ -79,8 +79,8 @@ void Refresh::DayChanged() {
 
 void Refresh::StepTaken() {
   const Announcer::Operation operation(announcer_);
-  host_.ReloadRegisters();
   if (host_.LiveUpdatingFilters()) host_.Search_Cancel();
+  host_.ReloadRegisters();
   AccountsChanged();
   EntryButtons_Update();
 }

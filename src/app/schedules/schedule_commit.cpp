@@ -69,9 +69,10 @@ std::shared_ptr<LDGRAccountEntry> ScheduleCommit::Add(Change& change,
   const bool has_typed_check_number =
       edited != nullptr && edited->GetCheckNumber() > 0 &&
       edited->GetCheckNumber() != occurrence.entry->GetCheckNumber();
-  // A copy, so that the occurrence itself never gets into an account.
+  // A copy, so that neither the occurrence nor its edited copy gets into an account, or a number
+  // from a change that is rolled back.
   auto entry =
-      edited != nullptr ? edited : LDGRAccountEntry::entryWithEntry(occurrence.entry.get());
+      LDGRAccountEntry::entryWithEntry(edited != nullptr ? edited.get() : occurrence.entry.get());
   entry->SetNumber(change.NextNumber(account));
   if (entry->IsCheck() && !has_typed_check_number) {
     entry->SetCheckNumber(SuggestedCheckNumber(*account, desk_.preferences()).value_or(0));

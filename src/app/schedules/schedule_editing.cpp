@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <string>
 #include <string_view>
 #include <utility>
 
@@ -56,6 +57,29 @@ std::vector<PopUpItem> PopUpItems(const Items& items) {
   return result;
 }
 
+using Typed = ScheduleSheetState::Typed;
+
+constexpr std::string_view kAccountPopUp = "scheduleSheet_Account_PopUp";
+
+constexpr TypedField<Typed> kFields[] = {
+    {"_Start_Field", AreSame<Typed, &Typed::start>},
+    {"_Amount_Field", AreSame<Typed, &Typed::amount>},
+    {"_Split_Table", AreSame<Typed, &Typed::split>},
+    {"_Interval_PopUp", AreSame<Typed, &Typed::repeat_interval_type>},
+    // What does not count any more is no problem.
+    {"_Every_Field",
+     [](const Typed& a, const Typed& b) {
+       return a.repeat_interval == b.repeat_interval &&
+              a.repeat_interval_type == b.repeat_interval_type;
+     }},
+    {"_UntilType_PopUp", AreSame<Typed, &Typed::repeat_until_type>},
+    {"_Until_Field",
+     [](const Typed& a, const Typed& b) {
+       return a.repeat_until == b.repeat_until && a.repeat_until_type == b.repeat_until_type;
+     }},
+    {"_Account_PopUp", AreSame<Typed, &Typed::transfer_account>},
+};
+
 bool HasTag(const std::vector<PopUpItem>& items, std::int32_t tag) {
   return std::ranges::any_of(
       items, [tag](const PopUpItem& item) { return !item.is_separator && item.tag == tag; });
@@ -89,6 +113,19 @@ bool ScheduleEditing::New(EntryKind kind) {
   return Begin(account, nullptr, std::move(values));
 }
 
+bool ScheduleEditing::NewFromEntry() {
+  const Announcer::Operation operation(announcer_);
+  const auto account = desk_.SelectedAccount();
+  const auto entry = desk_.SelectedEntry();
+  if (account == nullptr || entry == nullptr || !sheets_.IsFree()) return false;
+  if (!entry->IsDebit() && !entry->IsDeposit() && !entry->IsTransfer()) return false;
+  ScheduleValues values = ValuesOfEntry(*entry);
+  values.repeat_interval_type = static_cast<std::int32_t>(Repeat::Monthly);
+  if (!Begin(account, nullptr, std::move(values))) return false;
+  day_of_entry_ = entry->GetDate();
+  return true;
+}
+
 bool ScheduleEditing::Edit() {
   const Announcer::Operation operation(announcer_);
   const auto account = desk_.SelectedAccount();
@@ -103,6 +140,7 @@ bool ScheduleEditing::Begin(const std::shared_ptr<LDGRAccount>& account,
                             std::shared_ptr<LDGRAccountSchedule> schedule, ScheduleValues values) {
   account_ = account;
   edited_ = std::move(schedule);
+  day_of_entry_.reset();
   former_ = values;
   state_ = ScheduleSheetState();
   state_.is_new = edited_ == nullptr;
@@ -120,15 +158,15 @@ void ScheduleEditing::Populate(const LDGRAccount& account) {
   state_.until_items = PopUpItems(kUntils);
   switch (state_.typed.kind) {
     case EntryKind::Debit:
-      state_.descriptions = account.GetPreferredDebitDescriptions();
-      state_.to_froms = account.GetPreferredTos();
+      state_.descriptions = {account_, &LDGRAccount::GetPreferredDebitDescriptions};
+      state_.to_froms = {account_, &LDGRAccount::GetPreferredTos};
       break;
     case EntryKind::Deposit:
-      state_.descriptions = account.GetPreferredDepositDescriptions();
-      state_.to_froms = account.GetPreferredFroms();
+      state_.descriptions = {account_, &LDGRAccount::GetPreferredDepositDescriptions};
+      state_.to_froms = {account_, &LDGRAccount::GetPreferredFroms};
       break;
     case EntryKind::Transfer:
-      state_.descriptions = account.GetPreferredTransferDescriptions();
+      state_.descriptions = {account_, &LDGRAccount::GetPreferredTransferDescriptions};
       return PopulateAccounts(account);
   }
   PopulateTypes(account);
@@ -162,7 +200,7 @@ void ScheduleEditing::PopulateAccounts(const LDGRAccount& account) {
   if (!items.empty()) typed.transfer_account = items.front().tag;
 }
 
-void ScheduleEditing::Read(ScheduleValues typed) {
+void ScheduleEditing::Read(Typed typed) {
   if (!state_.is_open) return;
   typed.kind = state_.typed.kind;
   const bool was_split = state_.typed.split != SplitRows();
@@ -170,7 +208,7 @@ void ScheduleEditing::Read(ScheduleValues typed) {
   if (was_split && typed.split == SplitRows() && typed.to_from == LocalizedText("Split")) {
     typed.to_from.clear();
   }
-  state_.typed = std::move(typed);
+  TakeTyped(state_.typed, std::move(typed), state_.problem, kFields);
   Update();
 }
 
@@ -186,7 +224,7 @@ void ScheduleEditing::Update() {
   state_.dates.clear();
   ScheduleValues values = typed;
   // What cannot be stored in the end can be shown as far as it makes sense.
-  if (ProblemOf(values, &typed, TodaysDateNumber()).empty()) {
+  if (!ProblemOf(values, &typed, TodaysDateNumber())) {
     const auto schedule = edited_ != nullptr
                               ? std::make_shared<LDGRAccountSchedule>(edited_->asDictionary())
                               : std::make_shared<LDGRAccountSchedule>();
@@ -199,13 +237,8 @@ void ScheduleEditing::Update() {
 bool ScheduleEditing::OK() {
   const Announcer::Operation operation(announcer_);
   if (!state_.is_open || !announcer_.EndEditing(Sheet::Schedule)) return false;
-  state_.problem = CheckTarget();
-  if (state_.problem.empty()) {
-    state_.problem =
-        ProblemOf(state_.typed, state_.is_new ? nullptr : &former_, TodaysDateNumber());
-  }
-  if (state_.problem.empty()) state_.problem = CheckOtherAccount();
-  if (!state_.problem.empty()) {
+  state_.problem = Check();
+  if (state_.problem) {
     announcer_.Changed(Area::ScheduleSheet);
     return false;
   }
@@ -217,6 +250,11 @@ bool ScheduleEditing::OK() {
   StoreValues(state_.typed, *schedule);
   if (edited_ == nullptr) {
     schedule->SetNumber(account->NextAvailableScheduleNumber());
+    if (day_of_entry_ == schedule->GetDate()) {
+      for (const auto& there : schedule->EntriesFromDate(*day_of_entry_, *day_of_entry_)) {
+        schedule->CommitEntry(there.get());
+      }
+    }
     change.Add(account, schedule);
   }
   change.Close();
@@ -224,6 +262,12 @@ bool ScheduleEditing::OK() {
   refresh_.SchedulesChanged();
   desk_.SelectSchedule(schedule);
   return true;
+}
+
+std::optional<Problem> ScheduleEditing::Check() {
+  if (std::string text = CheckTarget(); !text.empty()) return Problem{"", std::move(text)};
+  auto problem = ProblemOf(state_.typed, state_.is_new ? nullptr : &former_, TodaysDateNumber());
+  return problem ? problem : CheckOtherAccount();
 }
 
 std::string ScheduleEditing::CheckTarget() const {
@@ -239,16 +283,17 @@ std::string ScheduleEditing::CheckTarget() const {
 }
 
 // Gives a transfer its other account's name.
-std::string ScheduleEditing::CheckOtherAccount() {
+std::optional<Problem> ScheduleEditing::CheckOtherAccount() {
   auto& typed = state_.typed;
-  if (typed.kind != EntryKind::Transfer) return "";
+  if (typed.kind != EntryKind::Transfer) return std::nullopt;
   const auto other = desk_.AccountWithNumber(typed.transfer_account);
   if (other != nullptr && other != desk_.SelectedAccount()) {
     typed.to_from = other->GetName();
-    return "";
+    return std::nullopt;
   }
   const bool is_kept = !state_.is_new && typed.transfer_account == former_.transfer_account;
-  return is_kept ? "" : LocalizedText("No account is chosen.");
+  if (is_kept) return std::nullopt;
+  return Problem{std::string(kAccountPopUp), LocalizedText("No account is chosen.")};
 }
 
 void ScheduleEditing::Cancel() {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <memory>
+#include <optional>
 #include <string>
 
 #include "app/desk.h"
@@ -11,6 +12,7 @@
 #include "ledger/ledger.h"
 #include "model/account.h"
 #include "model/account_schedule.h"
+#include "model/date_number.h"
 
 namespace tallyfold {
 
@@ -28,11 +30,15 @@ class ScheduleEditing {
   // Opens the sheet for a new schedule. False, and nothing changes, when no account is selected or
   // a sheet is open, and for a transfer when there is no other account.
   bool New(EntryKind kind);
+  // Opens the sheet for a new schedule like the selected entry, monthly from that entry's day on.
+  // As long as it begins on that day, the occurrence of that day counts as committed. False as for
+  // New(), and for an entry of no kind.
+  bool NewFromEntry();
   // Opens the sheet for the selected schedule. False when none is selected, when it is of no kind,
   // or a sheet is open.
   bool Edit();
   // Takes over what the user typed, and brings the dates up to date.
-  void Read(ScheduleValues typed);
+  void Read(ScheduleSheetState::Typed typed);
   // Stores the schedule, selects it and closes the sheet. False when the sheet is not open or stays
   // open; its state then says why, unless a field of the front end has refused its text.
   bool OK();
@@ -46,8 +52,10 @@ class ScheduleEditing {
   void PopulateTypes(const LDGRAccount& account);
   void PopulateAccounts(const LDGRAccount& account);
   void Update();
+  // Why the schedule cannot be stored any more; "" when it can.
   [[nodiscard]] std::string CheckTarget() const;
-  [[nodiscard]] std::string CheckOtherAccount();
+  [[nodiscard]] std::optional<Problem> Check();
+  [[nodiscard]] std::optional<Problem> CheckOtherAccount();
   void Close();
 
   Desk& desk_;
@@ -59,6 +67,8 @@ class ScheduleEditing {
   std::weak_ptr<LDGRAccount> account_;
   // The schedule that is changed; null for a new one.
   std::shared_ptr<LDGRAccountSchedule> edited_;
+  // Of the entry that a new schedule is made like.
+  std::optional<DateNumber> day_of_entry_;
   // What it held when the sheet opened.
   ScheduleValues former_;
 };

@@ -7,6 +7,7 @@
 #include <utility>
 
 #include "app/entries/edit_sheet.h"
+#include "app/face/message.h"
 #include "app/schedules/schedule_values.h"
 #include "model/account_entry.h"
 #include "model/amounts.h"
@@ -32,6 +33,11 @@ ReminderBalanceMode BalanceModeOf(std::int32_t number) noexcept {
              ? mode
              : ReminderBalanceMode::None;
 }
+
+constexpr std::string_view kLookAheadField = "scheduleReminderSheet_LookAhead_Field";
+constexpr std::string_view kMarkButton = "scheduleReminderSheet_Mark_Button";
+constexpr std::string_view kDateField = "scheduleReminderSheet_Date_Field";
+constexpr std::string_view kAmountField = "scheduleReminderSheet_Amount_Field";
 
 CivilTime Today() {
   return DateNumberToNSCalendarDate(TodaysDateNumber());
@@ -65,9 +71,9 @@ void ScheduleReminder::Show() {
   const LDGRPreferences& preferences = desk_.preferences();
   state_ = ScheduleReminderState();
   state_.is_open = true;
-  state_.look_ahead = std::to_string(std::max(preferences.GetScheduleLookAhead(), 0));
-  state_.look_ahead_unit = UnitOf(preferences.GetScheduleLookAheadType());
-  state_.balance_mode = BalanceModeOf(preferences.GetScheduleReminderBalanceMode());
+  state_.typed.look_ahead = std::to_string(std::max(preferences.GetScheduleLookAhead(), 0));
+  state_.typed.look_ahead_unit = UnitOf(preferences.GetScheduleLookAheadType());
+  state_.typed.balance_mode = BalanceModeOf(preferences.GetScheduleReminderBalanceMode());
   const auto item = [](std::string_view title, auto tag) {
     return PopUpItem{LocalizedText(title), static_cast<std::int32_t>(tag)};
   };
@@ -149,6 +155,8 @@ std::vector<ScheduleReminder::Due> ScheduleReminder::DueOccurrences() {
 void ScheduleReminder::Fill() {
   std::map<decltype(KeyOf(ReminderRow())), ReminderRow::Typed> typed;
   for (const ReminderRow& row : state_.rows) typed[KeyOf(row)] = row.typed;
+  // The rows are others now.
+  if (state_.problem && state_.problem->row != -1) state_.problem.reset();
   state_.rows.clear();
   state_.due = state_.ahead = 0;
   if (const auto account = desk_.SelectedAccount()) {
@@ -219,12 +227,15 @@ void ScheduleReminder::UpdateBalance() {
 
 std::optional<double> ScheduleReminder::Balance() const {
   const auto account = desk_.SelectedAccount();
-  if (account == nullptr || state_.balance_mode == ReminderBalanceMode::None) return std::nullopt;
-  if (state_.balance_mode == ReminderBalanceMode::Today) return account->GetTodaysBalance();
+  if (account == nullptr || state_.typed.balance_mode == ReminderBalanceMode::None)
+    return std::nullopt;
+  if (state_.typed.balance_mode == ReminderBalanceMode::Today) return account->GetTodaysBalance();
   double balance = account->GetBalance();
   for (const ReminderRow& row : state_.rows) {
     const auto count = static_cast<double>(row.days.size());
-    if (row.typed.is_marked) balance += count * RoundedAmount(row.SignedAmount());
+    if (!row.typed.is_marked) continue;
+    if (!IsTypedAmount(row.typed.amount)) return std::nullopt;
+    balance += count * RoundedAmount(*row.SignedAmount());
   }
   return balance;
 }
@@ -232,25 +243,46 @@ std::optional<double> ScheduleReminder::Balance() const {
 void ScheduleReminder::Read(const std::vector<ReminderRow::Typed>& rows) {
   for (std::size_t i = 0; i < std::min(rows.size(), state_.rows.size()); ++i) {
     ReminderRow& row = state_.rows[i];
-    row.typed.is_marked = rows[i].is_marked;
-    if (row.date_is_enabled) row.typed.date = rows[i].date;
-    if (row.amount_is_enabled) row.typed.amount = rows[i].amount;
+    ReminderRow::Typed now = rows[i];
+    if (!row.date_is_enabled) now.date = row.typed.date;
+    if (!row.amount_is_enabled) now.amount = row.typed.amount;
+    DropProblemOf(static_cast<std::int32_t>(i), row.typed, now);
+    row.typed = now;
   }
   UpdateBalance();
 }
 
+void ScheduleReminder::DropProblemOf(std::int32_t row, const ReminderRow::Typed& before,
+                                     const ReminderRow::Typed& now) {
+  if (!state_.problem) return;
+  const std::string_view field = state_.problem->field;
+  const bool is_of_row = state_.problem->row == row;
+  const bool goes = (field == kMarkButton && before.is_marked != now.is_marked) ||
+                    // A row that is not marked is not committed, whatever it holds.
+                    (is_of_row && before.is_marked && !now.is_marked) ||
+                    (is_of_row && field == kDateField && before.date != now.date) ||
+                    (is_of_row && field == kAmountField && before.amount != now.amount);
+  if (goes) state_.problem.reset();
+}
+
 void ScheduleReminder::MarkAll(bool is_marked) {
-  for (ReminderRow& row : state_.rows) row.typed.is_marked = is_marked;
-  UpdateBalance();
+  std::vector<ReminderRow::Typed> rows;
+  for (const ReminderRow& row : state_.rows) rows.push_back(row.typed);
+  for (ReminderRow::Typed& row : rows) row.is_marked = is_marked;
+  Read(rows);
 }
 
 bool ScheduleReminder::LookAhead(std::string_view text) {
   if (!state_.is_open) return false;
-  state_.look_ahead = text;
+  state_.typed.look_ahead = text;
   std::int32_t count = 0;
   const char* const end = text.data() + text.size();
   const auto [rest, error] = std::from_chars(text.data(), end, count);
-  if (error != std::errc() || rest != end || count < 0 || count > kMostLookAhead) return false;
+  if (error != std::errc() || rest != end || count < 0 || count > kMostLookAhead) {
+    return Refuse(kLookAheadField, Message("This must be a whole number from {1} to {2}.",
+                                           {"0", std::to_string(kMostLookAhead)}));
+  }
+  if (state_.problem && state_.problem->field == kLookAheadField) state_.problem.reset();
   desk_.preferences().SetScheduleLookAhead(count);
   Fill();
   return true;
@@ -258,16 +290,17 @@ bool ScheduleReminder::LookAhead(std::string_view text) {
 
 void ScheduleReminder::LookAheadType(std::int32_t tag) {
   if (!state_.is_open) return;
-  state_.look_ahead_unit = UnitOf(tag);
-  desk_.preferences().SetScheduleLookAheadType(static_cast<std::int32_t>(state_.look_ahead_unit));
+  state_.typed.look_ahead_unit = UnitOf(tag);
+  desk_.preferences().SetScheduleLookAheadType(
+      static_cast<std::int32_t>(state_.typed.look_ahead_unit));
   Fill();
 }
 
 void ScheduleReminder::BalanceModeChosen(std::int32_t tag) {
   if (!state_.is_open) return;
-  state_.balance_mode = BalanceModeOf(tag);
+  state_.typed.balance_mode = BalanceModeOf(tag);
   desk_.preferences().SetScheduleReminderBalanceMode(
-      static_cast<std::int32_t>(state_.balance_mode));
+      static_cast<std::int32_t>(state_.typed.balance_mode));
   UpdateBalance();
 }
 
@@ -279,38 +312,41 @@ void ScheduleReminder::DayChanged() {
 
 std::vector<DueOccurrence> ScheduleReminder::MarkedOccurrences(bool all) {
   std::vector<DueOccurrence> occurrences;
-  for (const ReminderRow& row : state_.rows) {
+  for (std::size_t i = 0; i < state_.rows.size(); ++i) {
+    const ReminderRow& row = state_.rows[i];
     if (!all && !row.typed.is_marked) continue;
-    DateNumber date = row.typed.date;
+    std::optional<DateNumber> date = row.typed.date;
     if (row.date_is_enabled && !LimitDay(date)) {
-      Refuse(LocalizedText("The date does not exist."));
+      Refuse(kDateField, LocalizedText("The date does not exist."), static_cast<std::int32_t>(i));
       return {};
     }
-    if (!IsAmount(row.typed.amount)) {
-      Refuse(LocalizedText("The amount is not a number."));
+    if (!IsTypedAmount(row.typed.amount)) {
+      Refuse(kAmountField, LocalizedText("The amount is not a number."),
+             static_cast<std::int32_t>(i));
       return {};
     }
+    const double amount = *row.SignedAmount();
     const bool has_own_date = row.date_is_enabled && date != row.days.front();
     const bool has_own_amount =
-        row.amount_is_enabled && RoundedAmount(row.SignedAmount()) != row.schedule->GetAmount();
+        row.amount_is_enabled && RoundedAmount(amount) != row.schedule->GetAmount();
     for (const DateNumber day : row.days) {
       DueOccurrence occurrence{row.schedule, row.schedule->EntryForDate(day)};
       if (has_own_date || has_own_amount) {
         occurrence.edited = LDGRAccountEntry::entryWithEntry(occurrence.entry.get());
-        if (has_own_date) occurrence.edited->SetDate(date);
-        if (has_own_amount) occurrence.edited->SetAmount(row.SignedAmount());
+        if (has_own_date) occurrence.edited->SetDate(*date);
+        if (has_own_amount) occurrence.edited->SetAmount(amount);
       }
       occurrences.push_back(std::move(occurrence));
     }
   }
-  if (occurrences.empty()) Refuse(LocalizedText("Nothing is marked."));
+  if (occurrences.empty()) Refuse(kMarkButton, LocalizedText("Nothing is marked."));
   std::ranges::stable_sort(
       occurrences, {}, [](const DueOccurrence& occurrence) { return occurrence.entry->GetDate(); });
   return occurrences;
 }
 
-bool ScheduleReminder::Refuse(std::string problem) {
-  state_.problem = std::move(problem);
+bool ScheduleReminder::Refuse(std::string_view field, std::string text, std::int32_t row) {
+  state_.problem = {std::string(field), std::move(text), row};
   announcer_.Changed(Area::ScheduleReminderSheet);
   return false;
 }
@@ -322,8 +358,9 @@ bool ScheduleReminder::Commit(bool all) {
   if (occurrences.empty()) return false;
   if (!commit_.CommitAll(occurrences)) {
     Fill();
-    return Refuse(LocalizedText(
-        "Nothing was committed: some of it has been committed or skipped meanwhile."));
+    return Refuse(
+        "", LocalizedText(
+                "Nothing was committed: some of it has been committed or skipped meanwhile."));
   }
   Later();
   return true;
@@ -338,9 +375,10 @@ bool ScheduleReminder::SkipMarked() {
   Fill();
   if (!skipped) {
     return Refuse(
+        "",
         LocalizedText("Nothing was skipped: some of it has been committed or skipped meanwhile."));
   }
-  state_.problem.clear();
+  state_.problem.reset();
   if (state_.rows.empty()) Later();
   return true;
 }

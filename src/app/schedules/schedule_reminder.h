@@ -94,7 +94,11 @@ class ScheduleReminder {
   // problem is told, when they will not do.
   [[nodiscard]] std::vector<DueOccurrence> MarkedOccurrences(bool all);
   bool Commit(bool all);
-  bool Refuse(std::string problem);
+  // Always false.
+  bool Refuse(std::string_view field, std::string text, std::int32_t row = -1);
+  // Where a problem of that row was in a field that has another value now.
+  void DropProblemOf(std::int32_t row, const ReminderRow::Typed& before,
+                     const ReminderRow::Typed& now);
   void Close();
 
   Desk& desk_;

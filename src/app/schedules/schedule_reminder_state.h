@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "app/face/pop_up_item.h"
+#include "app/face/problem.h"
 #include "model/account_schedule.h"
 #include "model/date_number.h"
 
@@ -23,15 +24,15 @@ enum class ReminderBalanceMode : std::int32_t { None = 0, Today = 1, AfterMarked
 
 // A row of the reminder: an occurrence, or many of one schedule folded into one.
 struct ReminderRow {
-  // Typed by the user.
+  // Typed by the user. A date or an amount is none where its field cannot be read as one.
   struct Typed {
     // Whether it is committed, or skipped, with the next click.
     bool is_marked = false;
     // Of the entry that is made; only of a single occurrence.
-    DateNumber date = kNullDate;
+    std::optional<DateNumber> date = kNullDate;
     // Of each entry that is made, without the minus of what leaves the account, as in the sheets of
     // entries.
-    double amount = 0.0;
+    std::optional<double> amount = 0.0;
 
     friend bool operator==(const Typed&, const Typed&) = default;
   };
@@ -54,34 +55,41 @@ struct ReminderRow {
   std::string description;
   std::string to_from;
 
-  // The typed amount as it is stored and shown.
-  [[nodiscard]] double SignedAmount() const noexcept {
+  // The typed amount as it is stored and shown; none where it cannot be read.
+  [[nodiscard]] std::optional<double> SignedAmount() const noexcept {
+    if (!typed.amount) return std::nullopt;
     // Adding 0.0 keeps a negative zero off the screen.
-    return (goes_out ? -typed.amount : typed.amount) + 0.0;
+    return (goes_out ? -*typed.amount : *typed.amount) + 0.0;
   }
 };
 
 // What the reminder of scheduled entries shows.
 struct ScheduleReminderState {
-  // By the first day of each.
-  std::vector<ReminderRow> rows;
-  // As typed; what is no number from 0 to kMostLookAhead changes nothing.
-  std::string look_ahead;
-  LookAheadUnit look_ahead_unit = LookAheadUnit::Days;
-  ReminderBalanceMode balance_mode = ReminderBalanceMode::None;
+  // Typed by the user, beside what is typed into the rows.
+  struct Typed {
+    // What is no number from 0 to kMostLookAhead changes nothing.
+    std::string look_ahead;
+    LookAheadUnit look_ahead_unit = LookAheadUnit::Days;
+    ReminderBalanceMode balance_mode = ReminderBalanceMode::None;
+  };
+  Typed typed;
 
   // Decided by the program.
+  // By the first day of each.
+  std::vector<ReminderRow> rows;
   bool is_open = false;
   std::vector<PopUpItem> unit_items;
   std::vector<PopUpItem> balance_items;
   // How many occurrences are due by today, and how many come after that.
   std::size_t due = 0;
   std::size_t ahead = 0;
-  // The balance, and as the preferences want it written; none and "" where none is shown.
+  // The balance, and as the preferences want it written; none and "" where none is shown, and where
+  // the amount of a marked row cannot be read.
   std::optional<double> balance;
   std::string balance_text;
-  // Why the last operation was refused, in the user's words; "" when it was not.
-  std::string problem;
+  // Why the last operation was refused. The fields are scheduleReminderSheet_LookAhead_Field, and
+  // of a row of the table scheduleReminderSheet_Mark_Button, _Date_Field and _Amount_Field.
+  std::optional<Problem> problem;
 };
 
 }  // namespace tallyfold

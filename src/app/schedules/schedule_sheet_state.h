@@ -1,9 +1,12 @@
 #pragma once
 
+#include <optional>
 #include <string>
 #include <vector>
 
+#include "app/entries/completion.h"
 #include "app/face/pop_up_item.h"
+#include "app/face/problem.h"
 #include "app/schedules/schedule_values.h"
 #include "registers/schedule_dates.h"
 
@@ -13,7 +16,8 @@ namespace tallyfold {
 struct ScheduleSheetState {
   // Typed by the user: a front end reads it from its fields after every change, so that the dates
   // follow. The kind cannot be changed.
-  ScheduleValues typed;
+  using Typed = ScheduleValues;
+  Typed typed;
 
   // Decided by the program.
   bool is_open = false;
@@ -34,10 +38,10 @@ struct ScheduleSheetState {
   // The dates it comes to next; empty while what is typed makes no schedule.
   std::vector<ScheduleDateLine> dates;
   // Former texts of the account, offered to complete what is typed.
-  std::vector<std::string> descriptions;
-  std::vector<std::string> to_froms;
-  // Why the last OK was refused, in the user's words; "" when it was not.
-  std::string problem;
+  FormerTexts descriptions;
+  FormerTexts to_froms;
+  // The fields are those of ProblemOf(), and scheduleSheet_Account_PopUp.
+  std::optional<Problem> problem;
 };
 
 }  // namespace tallyfold

@@ -38,29 +38,29 @@ bool HasSplit(const ScheduleValues& values) {
   return values.kind != EntryKind::Transfer && values.split != SplitRows();
 }
 
-bool HasAmounts(const ScheduleValues& values) {
-  return IsAmount(values.amount) &&
-         std::all_of(values.split.begin(), values.split.end(),
-                     [](const SplitRow& row) { return IsAmount(row.amount); });
+Problem In(std::string_view control, std::string_view text) {
+  return {"scheduleSheet_" + std::string(control), LocalizedText(text)};
 }
 
 void StoreKind(const ScheduleValues& values, LDGRAccountSchedule& schedule) {
+  // Where the lines of a split make the amount, it does not count.
+  const double amount = values.amount.value_or(0.0);
   switch (values.kind) {
     case EntryKind::Debit:
       schedule.SetIsDebit(true);
       schedule.SetIsCheck(values.is_check);
       if (!values.is_check) schedule.SetCheckNumber(kNoCheckNumber);
-      schedule.SetAmount(-values.amount);
+      schedule.SetAmount(-amount);
       break;
     case EntryKind::Deposit:
       schedule.SetIsDeposit(true);
-      schedule.SetAmount(values.amount);
+      schedule.SetAmount(amount);
       break;
     case EntryKind::Transfer:
       schedule.SetIsTransfer(true);
       schedule.SetIsTransferOrigin(values.is_transfer_origin);
       schedule.SetTransferAccount(values.transfer_account);
-      schedule.SetAmount(values.is_transfer_origin ? -values.amount : values.amount);
+      schedule.SetAmount(values.is_transfer_origin ? -amount : amount);
       break;
   }
 }
@@ -71,65 +71,68 @@ void StoreSplit(const SplitRows& rows, LDGRAccountSchedule& schedule) {
   for (std::size_t i = 0; i < rows.size(); ++i) {
     split->SetDescription(rows[i].description, i);
     split->SetToFrom(rows[i].to, i);
-    split->SetAmount(rows[i].amount, i);
+    split->SetAmount(*rows[i].amount, i);
   }
   schedule.SetAmount(split->GetTotal());
   schedule.SetToFrom(LocalizedText("Split"));
   schedule.SetSplit(std::move(split));
 }
 
-std::string ProblemOfUntil(const ScheduleValues& values, const ScheduleValues* former,
-                           DateNumber today) {
+std::optional<Problem> ProblemOfUntil(const ScheduleValues& values, const ScheduleValues* former,
+                                      DateNumber today) {
+  constexpr std::string_view kField = "Until_Field";
+  std::optional<DateNumber> until = values.repeat_until;
   switch (static_cast<Until>(values.repeat_until_type)) {
     case Until::Forever:
-      return "";
+      return std::nullopt;
     case Until::Count:
-      return values.repeat_until < 1
-                 ? LocalizedText("The number of times it repeats must be at least 1.")
-                 : "";
+      if (until && *until >= 1) return std::nullopt;
+      return In(kField, "The number of times it repeats must be at least 1.");
     case Until::Date:
       break;
     default:
-      return LocalizedText("It is not said when it ends.");
+      return In("UntilType_PopUp", "It is not said when it ends.");
   }
-  DateNumber until = values.repeat_until;
-  if (!LimitDay(until)) return LocalizedText("The date on which it ends does not exist.");
-  if (until < values.start) return LocalizedText("It ends before it begins.");
+  if (!LimitDay(until)) return In(kField, "The date on which it ends does not exist.");
+  if (*until < *values.start) return In(kField, "It ends before it begins.");
   const bool was_so = former != nullptr && former->repeat_until_type == values.repeat_until_type &&
                       former->repeat_until == values.repeat_until;
-  if (until < today && !was_so) {
-    return LocalizedText("The date on which it ends lies in the past.");
-  }
-  return "";
+  if (*until < today && !was_so) return In(kField, "The date on which it ends lies in the past.");
+  return std::nullopt;
 }
 
 }  // namespace
 
-bool GoesOut(const LDGRAccountSchedule& schedule) {
-  return schedule.IsDebit() || (schedule.IsTransfer() && schedule.IsTransferOrigin());
+bool GoesOut(const LDGRAccountEntry& entry) {
+  return entry.IsDebit() || (entry.IsTransfer() && entry.IsTransferOrigin());
 }
 
-ScheduleValues ValuesOf(const LDGRAccountSchedule& schedule) {
+ScheduleValues ValuesOfEntry(const LDGRAccountEntry& entry) {
   ScheduleValues values;
-  values.kind = schedule.IsDebit()     ? EntryKind::Debit
-                : schedule.IsDeposit() ? EntryKind::Deposit
-                                       : EntryKind::Transfer;
-  values.start = schedule.GetDate();
+  values.kind = entry.IsDebit()     ? EntryKind::Debit
+                : entry.IsDeposit() ? EntryKind::Deposit
+                                    : EntryKind::Transfer;
+  values.start = entry.GetDate();
   // Adding 0.0 keeps a negative zero off the screen.
-  values.amount = (GoesOut(schedule) ? -schedule.GetAmount() : schedule.GetAmount()) + 0.0;
-  if (const auto& split = schedule.GetSplit()) {
+  values.amount = (GoesOut(entry) ? -entry.GetAmount() : entry.GetAmount()) + 0.0;
+  if (const auto& split = entry.GetSplit()) {
     for (std::size_t i = 0; i < values.split.size(); ++i) {
       values.split[i] = {split->GetDescription(i), split->GetToFrom(i), split->GetAmount(i)};
     }
   }
-  values.description = schedule.GetDescription();
-  values.to_from = schedule.GetToFrom();
-  values.type = schedule.GetType();
-  values.is_check = schedule.IsCheck();
-  values.tax_deductible = schedule.GetTaxDeductible();
-  values.notes = schedule.GetNotes();
-  values.transfer_account = schedule.GetTransferAccount();
-  values.is_transfer_origin = schedule.IsTransferOrigin();
+  values.description = entry.GetDescription();
+  values.to_from = entry.GetToFrom();
+  values.type = entry.GetType();
+  values.is_check = entry.IsCheck();
+  values.tax_deductible = entry.GetTaxDeductible();
+  values.notes = entry.GetNotes();
+  values.transfer_account = entry.GetTransferAccount();
+  values.is_transfer_origin = entry.IsTransferOrigin();
+  return values;
+}
+
+ScheduleValues ValuesOf(const LDGRAccountSchedule& schedule) {
+  ScheduleValues values = ValuesOfEntry(schedule);
   values.repeat_interval_type = schedule.GetRepeatIntervalType();
   values.repeat_interval = schedule.GetRepeatInterval();
   values.repeat_until_type = schedule.GetRepeatUntilType();
@@ -140,7 +143,7 @@ ScheduleValues ValuesOf(const LDGRAccountSchedule& schedule) {
 
 void StoreValues(const ScheduleValues& values, LDGRAccountSchedule& schedule) {
   StoreKind(values, schedule);
-  schedule.SetDate(values.start);
+  schedule.SetDate(*values.start);
   schedule.SetDescription(values.description);
   schedule.SetToFrom(values.to_from);
   schedule.SetTaxDeductible(values.tax_deductible);
@@ -152,9 +155,9 @@ void StoreValues(const ScheduleValues& values, LDGRAccountSchedule& schedule) {
     schedule.SetSplit(nullptr);
   }
   schedule.SetRepeatIntervalType(values.repeat_interval_type);
-  schedule.SetRepeatInterval(values.repeat_interval);
+  if (values.repeat_interval) schedule.SetRepeatInterval(*values.repeat_interval);
   schedule.SetRepeatUntilType(values.repeat_until_type);
-  schedule.SetRepeatUntil(values.repeat_until);
+  if (values.repeat_until) schedule.SetRepeatUntil(*values.repeat_until);
   schedule.SetUsePrecedingFriday(values.use_preceding_friday);
 }
 
@@ -166,14 +169,21 @@ bool RepeatsEverySoMany(std::int32_t repeat_interval_type) noexcept {
   return Has(kEverySoMany, repeat_interval_type);
 }
 
-std::string ProblemOf(ScheduleValues& values, const ScheduleValues* former, DateNumber today) {
-  if (!LimitDay(values.start)) return LocalizedText("The date does not exist.");
-  if (!HasAmounts(values)) return LocalizedText("The amount is not a number.");
-  if (!IsInterval(values.repeat_interval_type)) {
-    return LocalizedText("It is not said how often it repeats.");
+std::optional<Problem> ProblemOf(ScheduleValues& values, const ScheduleValues* former,
+                                 DateNumber today) {
+  constexpr std::string_view kNoNumber = "The amount is not a number.";
+  if (!LimitDay(values.start)) return In("Start_Field", "The date does not exist.");
+  if (const std::int32_t row = RowWithoutAmount(values.split); row != -1) {
+    Problem problem = In("Split_Table", kNoNumber);
+    problem.row = row;
+    return problem;
   }
-  if (RepeatsEverySoMany(values.repeat_interval_type) && values.repeat_interval < 1) {
-    return LocalizedText("The interval must be at least 1.");
+  if (!HasSplit(values) && !IsTypedAmount(values.amount)) return In("Amount_Field", kNoNumber);
+  if (!IsInterval(values.repeat_interval_type)) {
+    return In("Interval_PopUp", "It is not said how often it repeats.");
+  }
+  if (RepeatsEverySoMany(values.repeat_interval_type) && values.repeat_interval.value_or(0) < 1) {
+    return In("Every_Field", "The interval must be at least 1.");
   }
   return ProblemOfUntil(values, former, today);
 }

@@ -1,5 +1,6 @@
 #include "app/schedules/schedules_tab.h"
 
+#include <algorithm>
 #include <utility>
 #include <vector>
 
@@ -47,17 +48,32 @@ void SchedulesTab::ScheduleRemoveConfirm_Begin() {
   const Announcer::Operation operation(announcer_);
   if (!IsReady()) return;
   if (!desk_.preferences().GetScheduleRemoveConfirm()) return Schedule_Delete();
-  confirm_ = {true,
-              LocalizedText("Are you sure you would like to remove the selected scheduled entry?")};
+  asked_account_ = desk_.SelectedAccount();
+  asked_schedule_ = rows_.SelectedSchedule();
+  confirm_.is_open = true;
+  confirm_.question =
+      LocalizedText("Are you sure you would like to remove the selected scheduled entry?");
   announcer_.Changed(Area::ScheduleRemoveSheet);
   sheets_.Open(Sheet::ScheduleRemoveConfirm, [this] { ScheduleRemoveConfirm_Cancel(); });
 }
 
-void SchedulesTab::ScheduleRemoveConfirm_OK() {
+bool SchedulesTab::ScheduleRemoveConfirm_OK() {
   const Announcer::Operation operation(announcer_);
-  if (!confirm_.is_open) return;
+  if (!confirm_.is_open) return false;
+  confirm_.problem.reset();
+  const auto& accounts = desk_.accounts();
+  const auto& schedules = asked_account_->GetSchedules();
+  if (asked_account_->IsLocked() || std::ranges::find(accounts, asked_account_) == accounts.end() ||
+      std::ranges::find(schedules, asked_schedule_) == schedules.end()) {
+    confirm_.problem = {"", LocalizedText("The scheduled entry has been removed.")};
+    announcer_.Changed(Area::ScheduleRemoveSheet);
+    return false;
+  }
+  const auto account = asked_account_;
+  const auto schedule = asked_schedule_;
   CloseConfirm();
-  Schedule_Delete();
+  Delete(account, schedule);
+  return true;
 }
 
 void SchedulesTab::ScheduleRemoveConfirm_Cancel() {
@@ -67,16 +83,21 @@ void SchedulesTab::ScheduleRemoveConfirm_Cancel() {
 
 void SchedulesTab::CloseConfirm() {
   confirm_ = {};
+  asked_account_ = nullptr;
+  asked_schedule_ = nullptr;
   announcer_.Changed(Area::ScheduleRemoveSheet);
   sheets_.Close(Sheet::ScheduleRemoveConfirm);
 }
 
 void SchedulesTab::Schedule_Delete() {
   const Announcer::Operation operation(announcer_);
-  if (!IsReady()) return;
-  const auto account = desk_.SelectedAccount();
+  if (IsReady()) Delete(desk_.SelectedAccount(), rows_.SelectedSchedule());
+}
+
+void SchedulesTab::Delete(const std::shared_ptr<LDGRAccount>& account,
+                          const std::shared_ptr<LDGRAccountSchedule>& schedule) {
   Change change(ledger_, "Remove Schedule", account);
-  change.Remove(account, rows_.SelectedSchedule().get());
+  change.Remove(account, schedule.get());
   change.Close();
   refresh_.SchedulesChanged();
 }

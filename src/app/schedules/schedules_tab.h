@@ -1,10 +1,12 @@
 #pragma once
 
 #include <memory>
+#include <optional>
 #include <string>
 
 #include "app/desk.h"
 #include "app/face/announcer.h"
+#include "app/face/problem.h"
 #include "app/face/refresh.h"
 #include "app/face/sheet_slot.h"
 #include "app/schedules/schedule_commit.h"
@@ -18,11 +20,13 @@ namespace tallyfold {
 
 class LDGRPreferences;
 
-// The question before a scheduled entry is removed, answered with OK or Cancel.
+// The question before a scheduled entry is removed, answered with OK or Cancel. Nothing is typed;
+// the problem has no field: what is asked about has gone meanwhile.
 struct ScheduleRemoveSheetState {
   // Decided by the program.
   bool is_open = false;
   std::string question;
+  std::optional<Problem> problem;
 };
 
 // The schedule list, and what is done with its selected schedule. Each operation does nothing, and
@@ -48,7 +52,9 @@ class SchedulesTab final : private TableState::Observer {
   // no question.
   void ScheduleRemoveConfirm_Begin();
   [[nodiscard]] const ScheduleRemoveSheetState& Confirm() const noexcept { return confirm_; }
-  void ScheduleRemoveConfirm_OK();
+  // Removes what was asked about, whatever is selected by then. False when the question is not
+  // open, or stays open because the schedule is gone.
+  bool ScheduleRemoveConfirm_OK();
   void ScheduleRemoveConfirm_Cancel();
   // Removes the selected schedule without a question. What was committed of it stays.
   void Schedule_Delete();
@@ -67,6 +73,8 @@ class SchedulesTab final : private TableState::Observer {
   // Its schedule is null when there is none.
   [[nodiscard]] DueOccurrence NextOccurrence() const;
   void CloseConfirm();
+  void Delete(const std::shared_ptr<LDGRAccount>& account,
+              const std::shared_ptr<LDGRAccountSchedule>& schedule);
 
   Desk& desk_;
   Ledger& ledger_;
@@ -77,6 +85,9 @@ class SchedulesTab final : private TableState::Observer {
   TableState table_;
   LDGRScheduleTableViewData rows_;
   ScheduleRemoveSheetState confirm_;
+  // What the question asks about.
+  std::shared_ptr<LDGRAccount> asked_account_;
+  std::shared_ptr<LDGRAccountSchedule> asked_schedule_;
 };
 
 }  // namespace tallyfold

@@ -28,7 +28,11 @@ void ApplicationLock::WaitAtLaunch() {
 
 bool ApplicationLock::OK() {
   const Announcer::Operation operation(announcer_);
-  if (!State().is_open || !authenticate(State().typed)) return false;
+  if (!State().is_open) return false;
+  if (!authenticate(State().typed.password)) {
+    sheet_.Refuse();
+    return false;
+  }
   authenticationSheet_Close();
   init_state_ = 0;
   announcer_.Changed(Area::History);

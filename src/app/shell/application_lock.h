@@ -64,7 +64,7 @@ class ApplicationLock {
   void authenticationSheet_Close() { sheet_.Close(); }
 
   // A keystroke: takes over the text; OK is enabled when it is the password.
-  void ValidatePassword(std::string typed) {
+  void authenticationSheet_ValidatePassword(std::string typed) {
     sheet_.ValidatePassword(std::move(typed), accounts_.password());
   }
   // Unlocks; the accounts are shown after the current event. False when the password is wrong.

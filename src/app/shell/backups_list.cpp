@@ -4,6 +4,9 @@
 
 #include "app/accounts/account_selection.h"
 #include "app/shell/application_lock.h"
+#include "model/text.h"
+#include "platform/ambient.h"
+#include "storage/data_paths.h"
 
 namespace tallyfold {
 
@@ -21,11 +24,49 @@ std::vector<BackupRow> BackupsList::Rows() {
 }
 
 AccountsStore::RestoreResult BackupsList::Accounts_RestoreBackup(const std::string& name) {
-  const auto result = store_.Accounts_RestoreBackup(name);
+  return Loaded(store_.Accounts_RestoreBackup(name));
+}
+
+AccountsStore::RestoreResult BackupsList::Loaded(AccountsStore::RestoreResult result) {
   if (result != AccountsStore::RestoreResult::Restored) return result;
   // The backup has the password of its time.
   lock_.authenticated() ? selection_.Accounts_PostLoad() : lock_.authentication_Begin();
   return result;
+}
+
+std::optional<AccountsStore::RestoreResult> BackupsList::RestoreFromFile() {
+  using Result = AccountsStore::RestoreResult;
+  const Announcer::Operation operation(announcer_);
+  const auto path = panels_.Open(
+      {.title = LocalizedText("Restore From File"), .button = LocalizedText("Restore")});
+  if (!path) return std::nullopt;
+  state_ = {};
+  announcer_.Changed(Area::BackUp);
+  const Result result = Loaded(store_.Accounts_RestoreFromFile(*path));
+  if (result == Result::Unreadable) {
+    state_.problem = MessageWithText(
+        LocalizedText("The file \"%@\" holds no accounts that can be read."), FileName(*path));
+  } else if (result == Result::Failed) {
+    state_.problem = Problem("Nothing was restored, for the accounts of now could not be kept");
+  }
+  return result;
+}
+
+bool BackupsList::BackUpNow() {
+  const Announcer::Operation operation(announcer_);
+  state_ = {};
+  announcer_.Changed(Area::BackUp);
+  if (auto kept = store_.Accounts_BackUpNow()) {
+    state_.kept = std::move(*kept);
+    return true;
+  }
+  state_.problem = Problem("No backup was made");
+  return false;
+}
+
+std::string BackupsList::Problem(std::string_view sentence) const {
+  const auto& failure = store_.RestoreFailure();
+  return LocalizedText(sentence) + (failure ? ": " + failure->Text() : "");
 }
 
 }  // namespace tallyfold

@@ -4,9 +4,12 @@
 #include <map>
 #include <optional>
 #include <string>
+#include <string_view>
 #include <vector>
 
+#include "app/face/announcer.h"
 #include "platform/clock.h"
+#include "platform/file_panels.h"
 #include "storage/accounts_store.h"
 
 namespace tallyfold {
@@ -22,12 +25,21 @@ struct BackupRow {
   std::optional<AccountsStore::BackupContents> contents;
 };
 
+// What the last order of the list came to that named no backup.
+struct BackUpState {
+  // The name under which the accounts were kept; "" where they were not.
+  std::string kept;
+  // Why not, or why no file took their place, in the user's words; "" where neither failed.
+  std::string problem;
+};
+
 // The list of backups. To tell what is in one it must be read; what was read is remembered.
 class BackupsList {
  public:
   // All must outlive the list.
-  BackupsList(AccountsStore& store, ApplicationLock& lock, AccountSelection& selection) noexcept
-      : store_(store), lock_(lock), selection_(selection) {}
+  BackupsList(AccountsStore& store, ApplicationLock& lock, AccountSelection& selection,
+              FilePanels& panels, Announcer& announcer) noexcept
+      : store_(store), lock_(lock), selection_(selection), panels_(panels), announcer_(announcer) {}
   BackupsList(const BackupsList&) = delete;
   BackupsList& operator=(const BackupsList&) = delete;
 
@@ -35,11 +47,23 @@ class BackupsList {
   [[nodiscard]] std::vector<BackupRow> Rows();
   // As the store's; what was restored is then shown like what was launched with.
   [[nodiscard]] AccountsStore::RestoreResult Accounts_RestoreBackup(const std::string& name);
+  // The same with a file that the user is asked for; none when he names none.
+  std::optional<AccountsStore::RestoreResult> RestoreFromFile();
+  // Saves the accounts and keeps a copy of their file, which is listed from here on.
+  bool BackUpNow();
+  [[nodiscard]] const BackUpState& State() const noexcept { return state_; }
 
  private:
+  AccountsStore::RestoreResult Loaded(AccountsStore::RestoreResult result);
+  // The sentence with the reason behind it.
+  [[nodiscard]] std::string Problem(std::string_view sentence) const;
+
   AccountsStore& store_;
   ApplicationLock& lock_;
   AccountSelection& selection_;
+  FilePanels& panels_;
+  Announcer& announcer_;
+  BackUpState state_;
   // By name. A name is not given twice, but the folder is the user's.
   struct Known {
     Instant made;

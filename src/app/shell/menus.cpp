@@ -1,20 +1,16 @@
 #include "app/shell/menus.h"
 
+#include "app/entries/entry_kinds.h"
 #include "ledger/change.h"
 #include "model/entry_type.h"
 
 namespace tallyfold {
 namespace {
 
-bool CanTake(const LDGRAccountEntry* entry, const LDGRAccountEntryType& type) {
-  if (entry == nullptr || type.GetIsTransfer()) return false;
-  return type.GetIsDeposit() ? entry->IsDeposit() && !entry->IsDebit() : entry->IsDebit();
-}
-
 void AddTypes(const EntryTypeList& types, const LDGRAccountEntry* entry,
               std::vector<MenuItem>& items) {
   for (const auto& type : types) {
-    const bool can_take = CanTake(entry, *type);
+    const bool can_take = entry != nullptr && CanTake(*entry, *type);
     items.push_back({type->GetName(), type->GetNumber(), can_take,
                      can_take && entry->GetType() == type->GetNumber()});
   }
@@ -59,7 +55,7 @@ void Menus::entryMenu_Types_MenuItem(std::int32_t tag) {
   const auto entry = desk_.SelectedEntry();
   if (account == nullptr || entry == nullptr) return;
   const auto type = account->AccountEntryTypeForNumber(tag);
-  if (type == nullptr || !CanTake(entry.get(), *type)) return;
+  if (type == nullptr || !CanTake(*entry, *type)) return;
   Change change(ledger_, "Change Type", account);
   change.Edit(account, entry).SetType(tag);
   change.Close();

@@ -3,20 +3,41 @@
 #include <chrono>
 #include <utility>
 
-#include "app/shell/preference_texts.h"
+#include "app/face/message.h"
+#include "app/shell/preference_limits.h"
 #include "ledger/change.h"
 #include "platform/ambient.h"
 
 namespace tallyfold {
+namespace {
+
+constexpr std::string_view kPasswordField = "preferencesSheet_PasswordAgain_Field";
+
+std::string FieldOf(std::string_view setting) {
+  return "preferencesSheet_" + std::string(setting);
+}
+
+// What the setting takes, in the user's words.
+std::string ExpectedOf(std::string_view setting, const plist::Value& present) {
+  if (present.IsString()) {
+    return LocalizedText(TextsOfPreference(setting).empty() ? "This must not be empty."
+                                                            : "This is none of the choices.");
+  }
+  const PreferenceLimits limits = LimitsOfPreference(setting);
+  const auto text = [](double limit) { return std::to_string(static_cast<std::int64_t>(limit)); };
+  if (limits.most >= kAnyPreferenceNumber) return LocalizedText("This must be a whole number.");
+  return Message("This must be a number from {1} to {2}.", {text(limits.least), text(limits.most)});
+}
+
+}  // namespace
 
 bool PreferencesSheet::Open() {
   const Announcer::Operation operation(announcer_);
   if (!desk_.IsUnlocked() || !sheets_.Open(Sheet::Preferences, [this] { Cancel(); })) return false;
   state_ = PreferencesSheetState();
-  state_.settings = std::make_shared<LDGRPreferences>(desk_.preferences().asDictionary());
-  state_.settings->SetBalanceMode(static_cast<std::int32_t>(balance_.Mode()));
-  state_.password = accounts_.password();
-  state_.password_again = accounts_.password();
+  settings_ = std::make_shared<LDGRPreferences>(desk_.preferences().asDictionary());
+  settings_->SetBalanceMode(static_cast<std::int32_t>(balance_.Mode()));
+  state_.typed = {settings_, accounts_.password(), accounts_.password()};
   state_.is_open = true;
   state_.tab = kFirstTab;
   state_.ok_is_enabled = true;
@@ -27,10 +48,16 @@ bool PreferencesSheet::Open() {
   return true;
 }
 
-bool PreferencesSheet::SetField(std::string_view name, std::string_view text) {
-  if (!state_.is_open || !SetPreferenceText(*state_.settings, name, text)) return false;
+bool PreferencesSheet::Read(std::string_view setting, const plist::Value& value) {
+  if (!state_.is_open || settings_->FieldValue(setting).IsNone()) return false;
+  if (state_.problem && state_.problem->field == FieldOf(setting)) state_.problem.reset();
+  const bool is_taken = PreferenceTakes(setting, value) && settings_->SetFieldValue(setting, value);
+  if (const auto unread = unread_.find(setting); is_taken && unread != unread_.end()) {
+    unread_.erase(unread);
+  }
+  if (!is_taken) unread_.emplace(setting);
   announcer_.Changed(Area::PreferencesSheet);
-  return true;
+  return is_taken;
 }
 
 bool PreferencesSheet::SelectTab(std::string_view tab) {
@@ -44,35 +71,53 @@ bool PreferencesSheet::SelectTab(std::string_view tab) {
   return true;
 }
 
-void PreferencesSheet::PasswordValidate(std::string password, std::string password_again) {
+void PreferencesSheet::preferencesSheet_PasswordValidate(std::string password,
+                                                         std::string password_again) {
   if (!state_.is_open) return;
-  state_.password = std::move(password);
-  state_.password_again = std::move(password_again);
-  state_.passwords_differ = state_.password != state_.password_again;
+  auto& typed = state_.typed;
+  const bool is_another = typed.password != password || typed.password_again != password_again;
+  if (is_another && state_.problem && state_.problem->field == kPasswordField) {
+    state_.problem.reset();
+  }
+  typed.password = std::move(password);
+  typed.password_again = std::move(password_again);
+  state_.passwords_differ = typed.password != typed.password_again;
   state_.ok_is_enabled = !state_.passwords_differ;
   announcer_.Changed(Area::PreferencesSheet);
 }
 
 void PreferencesSheet::DefaultAppearanceSettings() {
   if (!state_.is_open) return;
-  state_.settings->DefaultAppearanceSettings();
+  settings_->DefaultAppearanceSettings();
   announcer_.Changed(Area::PreferencesSheet);
+}
+
+std::optional<Problem> PreferencesSheet::Check() const {
+  if (state_.passwords_differ) {
+    return Problem{std::string(kPasswordField), LocalizedText("The two passwords differ.")};
+  }
+  if (unread_.empty()) return std::nullopt;
+  return Problem{FieldOf(*unread_.begin()),
+                 ExpectedOf(*unread_.begin(), settings_->FieldValue(*unread_.begin()))};
 }
 
 bool PreferencesSheet::OK() {
   const Announcer::Operation operation(announcer_);
-  if (!state_.is_open || !announcer_.EndEditing(Sheet::Preferences) || !state_.ok_is_enabled) {
+  if (!state_.is_open || !announcer_.EndEditing(Sheet::Preferences)) return false;
+  state_.problem = Check();
+  if (state_.problem) {
+    announcer_.Changed(Area::PreferencesSheet);
     return false;
   }
   LDGRPreferences& in_force = desk_.preferences();
   for (const auto& field : LDGRPreferences::Fields()) {
     // Only the version cannot be set, and both have the same.
-    static_cast<void>(in_force.SetFieldValue(field.key, state_.settings->FieldValue(field.key)));
+    static_cast<void>(in_force.SetFieldValue(field.key, settings_->FieldValue(field.key)));
   }
-  if (state_.password != accounts_.password()) {
+  if (state_.typed.password != accounts_.password()) {
     Change change(ledger_);
     change.EditPassword();
-    accounts_.setPassword(state_.password);
+    accounts_.setPassword(state_.typed.password);
     change.Close();
   }
   Close();
@@ -88,6 +133,8 @@ void PreferencesSheet::Cancel() {
 void PreferencesSheet::Close() {
   focus_.Cancel();
   state_ = PreferencesSheetState();
+  settings_ = nullptr;
+  unread_.clear();
   announcer_.Changed(Area::PreferencesSheet);
   sheets_.Close(Sheet::Preferences);
 }

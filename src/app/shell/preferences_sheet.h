@@ -1,17 +1,22 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <memory>
+#include <optional>
+#include <set>
 #include <string>
 #include <string_view>
 
 #include "app/desk.h"
 #include "app/face/announcer.h"
+#include "app/face/problem.h"
 #include "app/face/sheet_slot.h"
 #include "app/face/window_hooks.h"
 #include "app/views/balance_field.h"
 #include "ledger/ledger.h"
 #include "platform/run_loop.h"
+#include "plist/value.h"
 #include "storage/accounts_store.h"
 #include "storage/preferences.h"
 
@@ -19,20 +24,28 @@ namespace tallyfold {
 
 // What the preferences sheet shows.
 struct PreferencesSheetState {
-  // Typed by the user. The settings are an edit copy, changed through its setters; null while the
-  // sheet is closed.
-  std::shared_ptr<LDGRPreferences> settings;
-  std::string password;
-  std::string password_again;
+  // Typed by the user.
+  struct Typed {
+    // An edit copy of the settings, which PreferencesSheet::Read() changes: what a setting does not
+    // take leaves it as it was. Null while the sheet is closed.
+    std::shared_ptr<const LDGRPreferences> settings;
+    std::string password;
+    std::string password_again;
+  };
+  Typed typed;
 
   // Decided by the program.
   bool is_open = false;
   // Identifier of the tab that is showing; that of the passwords is PreferencesSheet::kSecurityTab.
   std::string tab;
+  // Whether OK would be taken as things stand; pressed all the same, it tells why not.
   bool ok_is_enabled = false;
   bool passwords_differ = false;
   // What a password does and what not.
   std::string security_note;
+  // The fields are preferencesSheet_PasswordAgain_Field and, of a setting, "preferencesSheet_" with
+  // its name.
+  std::optional<Problem> problem;
 };
 
 // The preferences sheet: every setting and the application password.
@@ -67,24 +80,26 @@ class PreferencesSheet {
 
   // False while a sheet is open or the application is locked.
   bool Open();
-  // Types into the field of that setting (see app/shell/preference_texts.h). False when it refuses
-  // the text, or the sheet is not open.
-  bool SetField(std::string_view name, std::string_view text);
+  // Takes over what the user typed into the field of that setting: none for what cannot be read.
+  // False when the setting does not take it (see app/shell/preference_limits.h), which refuses OK
+  // until another value is read, and when the sheet is not open.
+  bool Read(std::string_view setting, const plist::Value& value);
   // Whether the other tab shows now. Refused on the security tab while the two passwords differ;
   // the password field then takes the focus after the current event.
   bool SelectTab(std::string_view tab);
   // A keystroke in either password field: takes over both texts.
-  void PasswordValidate(std::string password, std::string password_again);
+  void preferencesSheet_PasswordValidate(std::string password, std::string password_again);
   // Resets what the appearance page resets, in the edit copy.
   void DefaultAppearanceSettings();
 
-  // Puts the settings and the password in force. False while the passwords differ or a field
-  // refuses its text.
+  // Puts the settings and the password in force. False when the sheet is not open, or stays open:
+  // its state then says why, unless a field of the front end has refused its text.
   bool OK();
   // Closes the sheet; nothing has changed.
   void Cancel();
 
  private:
+  [[nodiscard]] std::optional<Problem> Check() const;
   void Close();
 
   Host& host_;
@@ -96,6 +111,10 @@ class PreferencesSheet {
   SheetSlot& sheets_;
   Announcer& announcer_;
   PreferencesSheetState state_;
+  // That of the state.
+  std::shared_ptr<LDGRPreferences> settings_;
+  // Settings whose fields hold what they do not take, by name.
+  std::set<std::string, std::less<>> unread_;
   DelayedCall focus_;
 };
 

@@ -106,8 +106,7 @@ void Tabs::FillCurrentRegister() {
     ShowFilter(nullptr, filter_type::kNone);
   } else {
     reveal_.Forget();
-    registers_.Current().Reload(is_reconcile ? account->reconcileFilteredEntries()
-                                             : account->entryFilteredEntries());
+    registers_.Reload(registers_.CurrentKind());
     if (is_reconcile) {
       ShowFilter(account->reconcileFilter(), account->reconcileFilterType());
     } else {

@@ -46,13 +46,16 @@ void TextEditing::controlTextDidChange(TypedField field, std::string_view text) 
     case TypedField::Search:
       return parts_.search.Search_Field(text);
     case TypedField::Password:
-      return parts_.lock.ValidatePassword(std::string(text));
+      return parts_.lock.authenticationSheet_ValidatePassword(std::string(text));
     case TypedField::AccountPassword:
-      return parts_.account_passwords.ValidatePassword(std::string(text));
+      return parts_.account_passwords.accountAuthenticationSheet_ValidatePassword(
+          std::string(text));
     case TypedField::PreferencesPassword:
-      return parts_.preferences.PasswordValidate(std::string(text), preferences.password_again);
+      return parts_.preferences.preferencesSheet_PasswordValidate(std::string(text),
+                                                                  preferences.typed.password_again);
     case TypedField::PreferencesPasswordAgain:
-      return parts_.preferences.PasswordValidate(preferences.password, std::string(text));
+      return parts_.preferences.preferencesSheet_PasswordValidate(preferences.typed.password,
+                                                                  std::string(text));
     case TypedField::ReminderLookAhead:
       parts_.reminder.LookAhead(text);
       return;

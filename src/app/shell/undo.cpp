@@ -28,13 +28,15 @@ bool Holds(const AccountList& accounts, const std::shared_ptr<LDGRAccount>& acco
 }  // namespace
 
 Undo::Undo(Ledger& ledger, Desk& desk, const SheetSlot& sheets, const ModalWatch& modal,
-           AccountSelection& selection, Tabs& tabs, Refresh& refresh, Announcer& announcer)
+           AccountSelection& selection, Tabs& tabs, AccountSummaryTab& summaries, Refresh& refresh,
+           Announcer& announcer)
     : ledger_(ledger),
       desk_(desk),
       sheets_(sheets),
       modal_(modal),
       selection_(selection),
       tabs_(tabs),
+      summaries_(summaries),
       refresh_(refresh),
       announcer_(announcer) {
   ledger_.AddListener(*this);
@@ -136,6 +138,8 @@ void Undo::ShowRecordOf(const AccountChanges& changes) {
     desk_.SelectSchedule(RecordToShow(changes.schedules));
   } else if (!changes.summaries.IsEmpty()) {
     tabs_.Select(Tab::Summary);
+    if (const auto summary = RecordToShow(changes.summaries))
+      summaries_.SelectSummary(summary.get());
   }
 }
 

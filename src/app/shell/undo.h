@@ -10,6 +10,7 @@
 #include "app/face/sheet_slot.h"
 #include "app/shell/modal_watch.h"
 #include "app/shell/tabs.h"
+#include "app/views/account_summary_tab.h"
 #include "ledger/ledger.h"
 
 namespace tallyfold {
@@ -30,7 +31,8 @@ class Undo final : private LedgerListener {
  public:
   // All must outlive this.
   Undo(Ledger& ledger, Desk& desk, const SheetSlot& sheets, const ModalWatch& modal,
-       AccountSelection& selection, Tabs& tabs, Refresh& refresh, Announcer& announcer);
+       AccountSelection& selection, Tabs& tabs, AccountSummaryTab& summaries, Refresh& refresh,
+       Announcer& announcer);
   Undo(const Undo&) = delete;
   Undo& operator=(const Undo&) = delete;
   ~Undo() override;
@@ -64,6 +66,7 @@ class Undo final : private LedgerListener {
   const ModalWatch& modal_;
   AccountSelection& selection_;
   Tabs& tabs_;
+  AccountSummaryTab& summaries_;
   Refresh& refresh_;
   Announcer& announcer_;
   // Of the step that is being undone or redone.

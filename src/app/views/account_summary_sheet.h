@@ -1,15 +1,20 @@
 #pragma once
 
+#include <cstdint>
 #include <memory>
+#include <optional>
+#include <string>
 #include <vector>
 
 #include "app/desk.h"
 #include "app/face/announcer.h"
 #include "app/face/pop_up_item.h"
+#include "app/face/problem.h"
 #include "app/face/sheet_slot.h"
 #include "app/views/account_summary_tab.h"
 #include "ledger/ledger.h"
 #include "model/account.h"
+#include "model/date_number.h"
 #include "summaries/account_summary.h"
 #include "summaries/summary_layout.h"
 
@@ -17,11 +22,34 @@ namespace tallyfold {
 
 // What the options sheet of a summary shows.
 struct AccountSummarySheetState {
-  // Typed by the user: an edit copy, changed through its setters; null while the sheet is closed.
-  std::shared_ptr<LDGRAccountSummary> options;
+  // Typed by the user. The numbers are those that LDGRAccountSummary stores.
+  struct Typed {
+    std::string name;
+    std::int32_t date_range = 0;
+    // Of a custom range; of another the days that follow from it. None where the field cannot be
+    // read as a date.
+    std::optional<DateNumber> start = kNullDate;
+    std::optional<DateNumber> end = kNullDate;
+    std::int32_t period_style = 0;
+    std::int32_t show_style = 0;
+    bool show_debits = true;
+    bool show_deposits = true;
+    bool show_transfers = true;
+    std::int32_t resolved = 0;
+    std::int32_t tax_deductible = 0;
+    std::int32_t checks = 0;
+    bool subtotal_descriptions = true;
+    bool subtotal_types = true;
+    bool subtotal_to_froms = true;
+    bool filter = false;
+    std::int32_t filter_type = 0;
+    std::string filter_text;
+  };
+  Typed typed;
 
   // Decided by the program.
   bool is_open = false;
+  // Whether OK would be taken as things stand; pressed all the same, it tells why not.
   bool ok_is_enabled = false;
   // The two days can be typed, because the range does not follow from anything else.
   bool days_are_enabled = false;
@@ -35,8 +63,10 @@ struct AccountSummarySheetState {
   std::vector<PopUpItem> tax_deductible;
   std::vector<PopUpItem> checks;
   std::vector<PopUpItem> filter_types;
-  // The summary as it would be with these options.
+  // The summary as it would be with these options; a day that cannot be read stays as it was.
   SummaryLayout result;
+  // The fields are accountSummarySheet_Name_Field, _Start_Field and _End_Field.
+  std::optional<Problem> problem;
 };
 
 // The options sheet of the selected account's selected summary.
@@ -54,15 +84,20 @@ class AccountSummarySheet {
   bool Open();
   // Takes the edit copy from the selected summary once more.
   void Populate();
-  // The options have changed: computes the result anew.
-  void OptionsChanged();
-  // Stores the options and shows the summary. False for a name of nothing but blanks and when a
-  // field refuses its text.
+  // Takes over what the user typed and computes the result anew.
+  void Read(AccountSummarySheetState::Typed typed);
+  // Stores the options and shows the summary. False when the sheet is not open, or stays open: its
+  // state then says why, unless a field of the front end has refused its text.
   bool OK();
   // Closes the sheet; nothing has changed.
   void Cancel();
 
  private:
+  // Puts what was typed into the edit copy, as far as it can be read.
+  void TakeOptions();
+  // What follows from the edit copy.
+  void Compute();
+  [[nodiscard]] std::optional<Problem> Check() const;
   void Close();
 
   Desk& desk_;
@@ -71,6 +106,8 @@ class AccountSummarySheet {
   SheetSlot& sheets_;
   Announcer& announcer_;
   AccountSummarySheetState state_;
+  // An edit copy of the options; null while the sheet is closed.
+  std::shared_ptr<LDGRAccountSummary> options_;
   // Whose summary is edited, and which.
   std::shared_ptr<LDGRAccount> account_;
   std::shared_ptr<LDGRAccountSummary> summary_;

@@ -61,9 +61,20 @@ const AccountSummaryTabState& AccountSummaryTab::State() {
 bool AccountSummaryTab::Select(std::size_t row) {
   const auto account = AccountToChange();
   if (account == nullptr || row >= account->accountSummaries().size()) return false;
-  Change change(ledger_);
-  change.EditSettings(account).selectAccountSummary(SummariesByName(*account)[row].get());
-  change.Close();
+  return SelectSummary(SummariesByName(*account)[row].get());
+}
+
+bool AccountSummaryTab::SelectSummary(const LDGRAccountSummary* summary) {
+  const auto account = AccountToChange();
+  if (account == nullptr) return false;
+  const auto& summaries = account->accountSummaries();
+  const auto is_it = [summary](const auto& each) { return each.get() == summary; };
+  if (std::ranges::none_of(summaries, is_it)) return false;
+  if (!is_it(account->selectedAccountSummary())) {
+    Change change(ledger_);
+    change.EditSettings(account).selectAccountSummary(summary);
+    change.Close();
+  }
   Show();
   return true;
 }

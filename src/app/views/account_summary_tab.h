@@ -48,6 +48,8 @@ class AccountSummaryTab {
 
   // False for a row that there is not.
   bool Select(std::size_t row);
+  // False for one that is not of the selected account.
+  bool SelectSummary(const LDGRAccountSummary* summary);
   // A new summary with a name of its own, which is then selected.
   std::shared_ptr<LDGRAccountSummary> Add();
   // A copy of the selected summary under a name of its own, which is then selected; null also when

@@ -1,8 +1,5 @@
 #include "app/views/registers.h"
 
-#include <algorithm>
-#include <iterator>
-#include <unordered_set>
 #include <utility>
 
 #include "filters/filter.h"
@@ -10,21 +7,6 @@
 #include "storage/preferences.h"
 
 namespace tallyfold {
-namespace {
-
-void Take(LDGRAccountTableViewData& shown, const EntryList& saved, const LDGRFilter& filter) {
-  EntryList entries = shown.GetEntries();
-  const std::unordered_set<std::shared_ptr<LDGRAccountEntry>> known(entries.begin(), entries.end());
-  EntryList unknown;
-  std::ranges::copy_if(saved, std::back_inserter(unknown),
-                       [&known](const auto& entry) { return !known.contains(entry); });
-  const EntryList passed = filter.Filter(unknown);
-  if (passed.empty() && unknown.size() == saved.size()) return;
-  entries.insert(entries.end(), passed.begin(), passed.end());
-  shown.Reload(std::move(entries));
-}
-
-}  // namespace
 
 LiveTable LiveTableOf(const TableState& table) {
   LiveTable live;
@@ -89,17 +71,24 @@ void Registers::Show(const std::shared_ptr<LDGRAccount>& account,
 }
 
 void Registers::Reload() {
-  const auto& account = entry_.GetAccount();
-  if (account == nullptr) return;
-  entry_.Reload(account->entryFilteredEntries());
-  reconcile_.Reload(account->reconcileFilteredEntries());
+  Reload(RegisterKind::Entry);
+  Reload(RegisterKind::Reconcile);
+}
+
+void Registers::Reload(RegisterKind kind) {
+  if (entry_.GetAccount() != nullptr) Of(kind).ReloadFiltered(FilterOf(kind));
 }
 
 void Registers::TakeSavedEntries(const EntryList& entries) {
+  if (entry_.GetAccount() == nullptr) return;
+  for (const auto kind : {RegisterKind::Entry, RegisterKind::Reconcile}) {
+    Of(kind).TakeSaved(entries, *FilterOf(kind));
+  }
+}
+
+std::shared_ptr<LDGRFilter> Registers::FilterOf(RegisterKind kind) const {
   const auto& account = entry_.GetAccount();
-  if (account == nullptr) return;
-  Take(entry_, entries, *account->entryFilter());
-  Take(reconcile_, entries, *account->reconcileFilter());
+  return kind == RegisterKind::Entry ? account->entryFilter() : account->reconcileFilter();
 }
 
 void Registers::Redraw() {

@@ -50,8 +50,9 @@ class Registers final : private TableState::Observer {
   void ShowColumnsOf(std::int32_t account_number);
   // Both take their account's filtered entries again.
   void Reload();
-  // Both take up entries that were saved while filters do not follow at once: where one is shown it
-  // is sorted in anew, where the filter passes it, it is added; no other row comes or goes.
+  // The register of that kind does.
+  void Reload(RegisterKind kind);
+  // Both take up entries that were saved while filters do not follow at once.
   void TakeSavedEntries(const EntryList& entries);
   // Both draw their rows anew.
   void Redraw();
@@ -64,6 +65,8 @@ class Registers final : private TableState::Observer {
  private:
   void Show(const std::shared_ptr<LDGRAccount>& account,
             const std::shared_ptr<LDGRAccountPreferences>& view);
+  // Of the account that is shown.
+  [[nodiscard]] std::shared_ptr<LDGRFilter> FilterOf(RegisterKind kind) const;
   void SelectedEntryChanged();
   void TableChanged(const TableState& table, TableState::Change change) override;
   void RowsChanged(const TableState& table, const RowsChange& change) override;

@@ -60,10 +60,9 @@ PasswordDialog::PasswordDialog(Parts parts, QWidget* window)
 void PasswordDialog::ShowState() {
   const PasswordSheetState& state = parts_.state();
   title_->setText(state.title.empty() ? Text(parts_.question) : ToQString(state.title));
-  const QString typed = ToQString(state.typed);
+  const QString typed = ToQString(state.typed.password);
   if (field_->text() != typed) field_->setText(typed);
   ok_->setEnabled(state.ok_is_enabled);
-  ShowProblem(ToQString(state.alert));
 }
 
 }  // namespace tallyfold::desktop
