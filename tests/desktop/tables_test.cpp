@@ -115,7 +115,7 @@ TEST(RowSelections, FollowRowsThroughAnyChange) {
     const int row = below(static_cast<int>(records.size()));
     ASSERT_EQ(selection.Contains(row), expected.contains(row));
   }
-  selection.SelectOnly(std::vector<int>{5, 3, 4, 9, 3});
+  selection.SelectThese({5, 3, 4, 9, 3});
   EXPECT_EQ(RowsOf(selection), (std::set<int>{3, 4, 5, 9}));
   selection.Follow({}, 5);
   EXPECT_EQ(selection.Count(), 0U);

@@ -53,6 +53,8 @@ RegisterView::RegisterView(TableState& table, QWidget* parent)
   setShowGrid(false);
   setWordWrap(false);
   setCornerButtonEnabled(false);
+  // The core says which row is to be made visible.
+  setAutoScroll(false);
   setTabKeyNavigation(false);
   setEditTriggers(NoEditTriggers);
   setSelectionMode(NoSelection);
@@ -282,7 +284,7 @@ void RegisterView::SelectForUser(std::vector<int> rows) {
   std::erase_if(rows, [this](int row) { return row < 0 || row >= model_->rowCount(); });
   if (rows.empty()) return;
   const int current = rows.back();
-  selection_.SelectOnly(std::move(rows));
+  selection_.SelectThese(std::move(rows));
   anchor_ = current;
   MakeCurrent(current);
   ScrollToRow(current);

@@ -9,7 +9,7 @@ void RowSelection::SelectOnly(Range range) {
   ranges_ = {{std::min(range.first, range.last), std::max(range.first, range.last)}};
 }
 
-void RowSelection::SelectOnly(std::vector<int> rows) {
+void RowSelection::SelectThese(std::vector<int> rows) {
   std::sort(rows.begin(), rows.end());
   rows.erase(std::unique(rows.begin(), rows.end()), rows.end());
   ranges_.clear();

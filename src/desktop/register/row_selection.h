@@ -23,7 +23,7 @@ class RowSelection {
   // The two ends may stand in either order.
   void SelectOnly(Range range);
   // In any order, some of them twice.
-  void SelectOnly(std::vector<int> rows);
+  void SelectThese(std::vector<int> rows);
   // Beside what is selected.
   void Add(Range range);
   // Whether the row is selected after it.
