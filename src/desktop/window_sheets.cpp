@@ -5,6 +5,7 @@
 #include "app/accounts/account_passwords.h"
 #include "app/controller.h"
 #include "app/entries/entry_removal.h"
+#include "app/face/problem.h"
 #include "app/schedules/schedules_tab.h"
 #include "app/shell/application_lock.h"
 #include "app/shell/text_editing.h"
@@ -68,6 +69,7 @@ void SetUpSheets(SheetHost& host, LDGRController& app) {
   host.Set(Sheet::EntryRemoveConfirm,
            Asks({.title = "Remove Entry",
                  .text = [&removal] { return removal.Confirm().question; },
+                 .problem = [&removal] { return TextOf(removal.Confirm().problem); },
                  .answers = {{"entryRemoveConfirm_Cancel_Button", "Cancel",
                               [&removal] { removal.EntryRemoveConfirm_Cancel(); }},
                              {"entryRemoveConfirm_OK_Button", "OK",
@@ -75,6 +77,7 @@ void SetUpSheets(SheetHost& host, LDGRController& app) {
   host.Set(Sheet::TransferEntryRemoveConfirm,
            Asks({.title = "Remove Transfer",
                  .text = [&removal] { return removal.Transfer().question; },
+                 .problem = [&removal] { return TextOf(removal.Transfer().problem); },
                  .answers = {{"transferEntryRemoveConfirm_Cancel_Button", "Cancel",
                               [&removal] { removal.TransferEntryRemoveConfirm_Cancel(); }},
                              {"transferEntryRemoveConfirm_No_Button", "No",
@@ -85,6 +88,7 @@ void SetUpSheets(SheetHost& host, LDGRController& app) {
   host.Set(Sheet::ScheduleRemoveConfirm,
            Asks({.title = "Remove Schedule",
                  .text = [&schedules] { return schedules.Confirm().question; },
+                 .problem = [&schedules] { return TextOf(schedules.Confirm().problem); },
                  .answers = {{"scheduleRemoveConfirm_Cancel_Button", "Cancel",
                               [&schedules] { schedules.ScheduleRemoveConfirm_Cancel(); }},
                              {"scheduleRemoveConfirm_OK_Button", "OK",

@@ -31,6 +31,7 @@ QuestionSheet::QuestionSheet(Question question, QWidget* window)
 
 void QuestionSheet::ShowState() {
   text_->setText(ToQString(question_.text()));
+  ShowProblem(ToQString(question_.problem()));
 }
 
 void QuestionSheet::Cancel() {

@@ -22,6 +22,8 @@ class QuestionSheet final : public SheetDialog {
   struct Question {
     std::string_view title;
     std::function<std::string()> text;
+    // Why the last answer was not taken; "" for nothing.
+    std::function<std::string()> problem;
     // In their order; the first is Cancel.
     std::vector<Answer> answers;
   };
