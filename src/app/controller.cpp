@@ -278,7 +278,7 @@ struct LDGRController::Parts final : private AccountsStore::Host,
     reminder.DayChanged();
   }
   bool SheetIsOpen() const override { return !sheets.IsFree(); }
-  bool ModalWindowIsUp() const override { return modal.IsUp(); }
+  bool ModalWindowIsUp() const override { return modal.IsUp() || window->UserIsTracking(); }
   bool AccountsWantSaving() const override {
     return desk.IsUnlocked() && selection.HasPostLoaded() && accounts.HasUnsavedChanges();
   }

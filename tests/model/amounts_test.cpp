@@ -14,6 +14,7 @@
 
 #include "fakes/fake_ambient.h"
 #include "model/amount_input.h"
+#include "model/amount_sum.h"
 #include "model/bubble_sort.h"
 #include "model/row_numbers.h"
 
@@ -191,6 +192,25 @@ TEST(TypedAmounts, AreReadWholeOrNotAtAll) {
                            "٣"}) {
     EXPECT_EQ(ParseAmount(text), std::nullopt) << text;
   }
+}
+
+TEST(TypedAmounts, AreAddedUpWhereTheyAreASum) {
+  FakeAmbient ambient;
+  const struct {
+    const char* text;
+    std::optional<double> sum;
+  } cases[] = {{"12.50+3", 15.5},       {"$100-12.95+1,000.00", 1087.05},
+               {"-5-5", -10.0},         {"0.1+0.2", 0.3},
+               {"1 + -3", -2.0},        {"2--3", 5.0},
+               {"12.50", std::nullopt}, {"-12", std::nullopt},
+               {"1+", std::nullopt},    {"+", std::nullopt},
+               {"", std::nullopt},      {"1+a", std::nullopt},
+               {"1++2", 3.0},           {"9999999999999+9999999999999", std::nullopt}};
+  for (const auto& c : cases) EXPECT_EQ(SumOfTypedAmounts(c.text), c.sum) << c.text;
+  ambient.locale.decimal_separator = ",";
+  ambient.locale.thousands_separator = ".";
+  EXPECT_EQ(SumOfTypedAmounts("1.000,50+0,50"), 1001.0);
+  EXPECT_EQ(SumOfTypedAmounts("1.000+1"), std::nullopt) << "can be meant both ways";
 }
 
 TEST(TypedAmounts, UseTheSeparatorsOfTheUser) {

@@ -2,9 +2,11 @@
 
 #include <gtest/gtest.h>
 
+#include <optional>
 #include <tuple>
 
 #include "fakes/fake_ambient.h"
+#include "model/typed_day.h"
 
 namespace tallyfold {
 namespace {
@@ -88,6 +90,37 @@ TEST(TypedDays, AreReadInTheUsersFormatOrAsYearMonthDay) {
                                           {"3/7/4", "%m/%d/%Y", 40307}}) {
     EXPECT_EQ(ParseDay(text, format, ShortYears::ByFormat), day) << text << format;
   }
+}
+
+TEST(TypedDays, AreReadInShortShapesInTheOrderOfTheFormat) {
+  FakeAmbient ambient;
+  ambient.clock.SetLocal({2026, 2, 10});
+  const struct {
+    const char* text;
+    const char* format;
+    std::optional<DateNumber> day;
+  } cases[] = {{"17", "%m/%d/%y", 20260217},
+               {"2/3", "%m/%d/%y", 20260203},
+               {"2/3", "%d.%m.%Y", 20260302},
+               {"2. 3.", "%d.%m.%Y", 20260302},
+               {"0203", "%m/%d/%y", 20260203},
+               {"0203", "%d/%m/%y", 20260302},
+               {"020327", "%m/%d/%y", 20270203},
+               {"20270203", "%Y-%m-%d", 20270203},
+               {"02032027", "%m/%d/%y", 20270203},
+               {"2/3/27", "%m/%d/%y", 20270203},
+               {"2027-02-03", "%m/%d/%y", 20270203},
+               {"29", "%m/%d/%y", std::nullopt},
+               {"31/4", "%d/%m/%y", std::nullopt},
+               {"203", "%m/%d/%y", std::nullopt},
+               {"", "%m/%d/%y", std::nullopt},
+               {"/", "%m/%d/%y", std::nullopt},
+               {"2/3/4/5", "%m/%d/%y", std::nullopt},
+               {"2/2026", "%m/%d/%y", std::nullopt},
+               {"x", "%m/%d/%y", std::nullopt},
+               {"17", "%m/%y", std::nullopt},
+               {"99999999999999999999", "%m/%d/%y", std::nullopt}};
+  for (const auto& c : cases) EXPECT_EQ(ReadTypedDay(c.text, c.format, 20260210), c.day) << c.text;
 }
 
 TEST(ShortestDateFormats, KeepTheOrderOfTheParts) {

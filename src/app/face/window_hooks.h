@@ -52,6 +52,9 @@ class WindowHooks {
   virtual void SetContentsEnabled(bool /*are_enabled*/) {}
   // Whether the window is the application's main one at the moment.
   [[nodiscard]] virtual bool IsMain() { return true; }
+  // Whether the user has a menu or a list open or drags something: nothing may come up then, or
+  // change under the pointer.
+  [[nodiscard]] virtual bool UserIsTracking() { return false; }
   // Draws the visible windows anew that have a title or never had one set.
   virtual void RedrawTitledWindows() {}
   virtual void Close() {}

@@ -1,0 +1,102 @@
+#include "desktop/drawer/accounts_list.h"
+
+#include <QHBoxLayout>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QMouseEvent>
+#include <QTimer>
+#include <QVBoxLayout>
+
+#include "app/accounts/accounts_drawer.h"
+#include "app/desk.h"
+#include "desktop/look/measures.h"
+#include "desktop/register/register_view.h"
+#include "desktop/texts.h"
+#include "registers/register_look.h"
+
+namespace tallyfold::desktop {
+
+AccountsList::AccountsList(const Parts& parts, QWidget* parent)
+    : QWidget(parent),
+      parts_(parts),
+      table_(new RegisterView(parts.drawer.Table(), this)),
+      caption_(new QLabel(Text("Total"), this)),
+      total_(new QLabel(this)) {
+  setObjectName(QLatin1String("accountsDrawer"));
+  table_->setObjectName(QLatin1String("accountsDrawer_Accounts_Table"));
+  table_->setAccessibleName(Text("Accounts"));
+  total_->setObjectName(QLatin1String("accountsDrawer_Total_Field"));
+  total_->setTextFormat(Qt::PlainText);
+  total_->setFont(DemiBoldFont(font()));
+  caption_->setTextFormat(Qt::PlainText);
+  caption_->setForegroundRole(QPalette::PlaceholderText);
+
+  auto* column = new QVBoxLayout(this);
+  column->setContentsMargins(0, 0, 0, 0);
+  column->setSpacing(0);
+  column->addWidget(table_, 1);
+  auto* line = new QWidget(this);
+  line->setFixedHeight(kStatusHeight);
+  auto* row = new QHBoxLayout(line);
+  row->setContentsMargins(kGroupGap, 0, kGroupGap, 0);
+  row->addWidget(caption_);
+  row->addStretch(1);
+  row->addWidget(total_);
+  column->addWidget(line);
+
+  table_->SetSelectsOneRow(true);
+  table_->SetHasMonthRules(false);
+  table_->installEventFilter(this);
+  table_->viewport()->installEventFilter(this);
+  connect(table_, &RegisterView::RowActivated, this, [this](int activated) {
+    parts_.drawer.Table_DoubleClick(static_cast<std::size_t>(activated));
+  });
+  connect(table_, &RegisterView::HeaderClicked, this,
+          [this](const QString& clicked) { parts_.drawer.ClickedTableColumn(ToUtf8(clicked)); });
+}
+
+void AccountsList::Choose(int row) {
+  parts_.drawer.Table_Action(static_cast<std::size_t>(row));
+  parts_.drawer.Reload();
+}
+
+bool AccountsList::eventFilter(QObject* receiver, QEvent* event) {
+  if (receiver == table_->viewport() && event->type() == QEvent::MouseButtonRelease) {
+    const auto* mouse = static_cast<const QMouseEvent*>(event);
+    const QModelIndex index = table_->indexAt(mouse->position().toPoint());
+    if (mouse->button() == Qt::LeftButton && index.isValid()) {
+      // The table lets go of the button first.
+      QTimer::singleShot(0, this, [this, row = index.row()] { Choose(row); });
+    }
+  }
+  // Arrows only move: an account may ask for its password.
+  if (receiver == table_ && event->type() == QEvent::KeyPress) {
+    const int key = static_cast<const QKeyEvent*>(event)->key();
+    if ((key == Qt::Key_Return || key == Qt::Key_Enter) && table_->currentIndex().isValid()) {
+      Choose(table_->currentIndex().row());
+      return true;
+    }
+  }
+  return QWidget::eventFilter(receiver, event);
+}
+
+void AccountsList::ShowLook() {
+  table_->SetLook(TableLookOf(parts_.desk.preferences(), font()));
+}
+
+void AccountsList::Show() {
+  double sum = 0.0;
+  for (const auto& account : parts_.drawer.Rows()) {
+    if (!account->IsLocked()) sum += account->GetBalance();
+  }
+  const bool is_shown = parts_.desk.IsUnlocked();
+  caption_->setVisible(is_shown);
+  total_->setVisible(is_shown);
+  total_->setText(ToQString(RegisterAmountText(sum, parts_.desk.preferences())));
+}
+
+void AccountsList::FocusTable() {
+  table_->setFocus(Qt::OtherFocusReason);
+}
+
+}  // namespace tallyfold::desktop

@@ -1,0 +1,51 @@
+#pragma once
+
+#include <QLineEdit>
+#include <string>
+
+#include "desktop/fields/completion_list.h"
+#include "model/account.h"
+
+namespace tallyfold::desktop {
+
+// A field that completes what is typed. The first text that begins with it is completed in the
+// field with its rest selected, which typing replaces and Tab takes; Down opens the list of all
+// that hold it, in the core's order.
+class LDGRComboBoxCell final : public QLineEdit {
+  Q_OBJECT
+
+ public:
+  explicit LDGRComboBoxCell(QWidget* parent = nullptr);
+
+  // In the order in which they are to be offered.
+  void SetTexts(TextList texts);
+  void SetNotes(CompletionList::NoteOf notes);
+  [[nodiscard]] bool IsListOpen() const { return list_->isVisible(); }
+
+ signals:
+  // The user took a completion from the list or by Tab.
+  void Completed(const QString& text);
+
+ protected:
+  bool event(QEvent* event) override;
+  void keyPressEvent(QKeyEvent* event) override;
+  void focusOutEvent(QFocusEvent* event) override;
+  void changeEvent(QEvent* event) override;
+
+ private:
+  void TakeEdit(const QString& text);
+  // What the user typed, without the rest that was completed.
+  [[nodiscard]] QString Typed() const;
+  void OpenList();
+  void Take(const QString& text);
+  // False where nothing is completed.
+  bool TakeCompletion();
+
+  TextList texts_;
+  CompletionList* list_;
+  // The text that the field was completed to; null for none.
+  QString completed_;
+  qsizetype typed_length_ = 0;
+};
+
+}  // namespace tallyfold::desktop

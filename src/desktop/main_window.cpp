@@ -1,0 +1,270 @@
+#include "desktop/main_window.h"
+
+#include <QAction>
+#include <QCloseEvent>
+#include <QHBoxLayout>
+#include <QMenu>
+#include <QMenuBar>
+#include <QScreen>
+#include <QSplitter>
+#include <QStackedWidget>
+#include <QTimer>
+#include <QVBoxLayout>
+#include <algorithm>
+
+#include "app/accounts/account_selection.h"
+#include "app/accounts/accounts_drawer.h"
+#include "app/controller.h"
+#include "app/desk.h"
+#include "app/face/window_hooks.h"
+#include "app/shell/lifecycle.h"
+#include "app/shell/tabs.h"
+#include "app/views/reconcile_tab.h"
+#include "desktop/command_actions.h"
+#include "desktop/drawer/accounts_list.h"
+#include "desktop/look/measures.h"
+#include "desktop/look/rule_line.h"
+#include "desktop/menu_bar.h"
+#include "desktop/search_strip.h"
+#include "desktop/services/user_settings.h"
+#include "desktop/sheets/sheet_host.h"
+#include "desktop/status_line.h"
+#include "desktop/tab_strip.h"
+#include "desktop/tabs/reconcile_band.h"
+#include "desktop/tabs/register_page.h"
+#include "desktop/tabs/schedule_tab.h"
+#include "desktop/tabs/summary_tab.h"
+#include "desktop/texts.h"
+#include "desktop/tool_bars.h"
+#include "desktop/window_keys.h"
+#include "desktop/window_sheets.h"
+
+namespace tallyfold::desktop {
+namespace {
+
+constexpr QSize kFirstSize(1200, 760);
+constexpr QSize kLeastSize(860, 540);
+constexpr int kDrawerWidth = 232;
+constexpr int kLeastDrawerWidth = 160;
+
+// Edges as the preferences number them.
+enum Edge { kLeft = 0, kBottom = 1, kRight = 2, kTop = 3 };
+
+}  // namespace
+
+MainWindow::MainWindow(LDGRController& app, UserSettings& settings)
+    : app_(app),
+      settings_(settings),
+      splitter_(new QSplitter(this)),
+      page_(new QWidget(splitter_)),
+      pages_(new QStackedWidget(page_)) {
+  setObjectName(QLatin1String(WindowHooks::kFrameName));
+  setMinimumSize(kLeastSize);
+  setContextMenuPolicy(Qt::NoContextMenu);
+  splitter_->setObjectName(QLatin1String(WindowHooks::kAccountsTableFrameName));
+  splitter_->setChildrenCollapsible(false);
+  MakePieces();
+  LayOut();
+  Connect();
+}
+
+MainWindow::~MainWindow() = default;
+
+void MainWindow::MakePieces() {
+  LDGRController& app = app_;
+  actions_ = std::make_unique<CommandActions>(
+      app, CommandActions::Parts{app.undo(), app.accountsDrawer(), app.tabs()}, *this);
+  menus_ =
+      std::make_unique<MenuBar>(*menuBar(), *actions_, MenuBar::Parts{app.menus(), app.search()});
+  sheets_ = std::make_unique<SheetHost>(app.sheets(), *this);
+  SetUpSheets(*sheets_, app);
+
+  pieces_.actions = actions_.get();
+  pieces_.menus = menus_.get();
+  pieces_.sheets = sheets_.get();
+  pieces_.tools = new ToolBars(*actions_, app.tabs(), app.accountsDrawer(), this);
+  pieces_.accounts = new AccountsList({app.accountsDrawer(), app.desk()}, splitter_);
+  pieces_.tabs = new TabStrip(app.tabs(), page_);
+  pieces_.search =
+      new SearchStrip({app.search(), app.textEditing(), app.tabs(), app.desk()}, page_);
+  const RegisterPage::Parts rows{app.registers(), app.search(), app.entries(), app.desk()};
+  pieces_.entries = new RegisterPage(RegisterKind::Entry, rows, pages_);
+  pieces_.reconcile = new RegisterPage(RegisterKind::Reconcile, rows, pages_);
+  pieces_.band = new ReconcileBand({app.reconcileTab(), app.desk()}, pieces_.reconcile);
+  pieces_.reconcile->AddAbove(pieces_.band);
+  pieces_.schedule = new ScheduleTab({app.schedules(), app.desk()}, pages_);
+  pieces_.summary = new SummaryTab({app.summaries(), app.desk()}, pages_);
+  pieces_.status =
+      new StatusLine({app.balanceField(), app.registers(), app.entryReveal(), app.recovery(),
+                      app.accountsStore(), app.preferencesStore(), app.desk(), app.tabs()},
+                     page_);
+}
+
+void MainWindow::LayOut() {
+  for (QWidget* page : std::initializer_list<QWidget*>{pieces_.entries, pieces_.reconcile,
+                                                       pieces_.schedule, pieces_.summary}) {
+    pages_->addWidget(page);
+  }
+  auto* strip = new QWidget(page_);
+  strip->setFixedHeight(kBarHeight);
+  auto* row = new QHBoxLayout(strip);
+  row->setContentsMargins(0, 0, 0, 0);
+  row->setSpacing(0);
+  row->addWidget(pieces_.tabs, 0, Qt::AlignBottom);
+  row->addWidget(pieces_.search, 1);
+  auto* column = new QVBoxLayout(page_);
+  column->setContentsMargins(0, 0, 0, 0);
+  column->setSpacing(0);
+  column->addWidget(strip);
+  column->addWidget(new RuleLine(page_));
+  column->addWidget(pages_, 1);
+  column->addWidget(new RuleLine(page_));
+  column->addWidget(pieces_.status);
+
+  auto* whole = new QWidget(this);
+  auto* rows = new QVBoxLayout(whole);
+  rows->setContentsMargins(0, 0, 0, 0);
+  rows->setSpacing(0);
+  rows->addWidget(pieces_.tools);
+  rows->addWidget(new RuleLine(whole));
+  rows->addWidget(splitter_, 1);
+  setCentralWidget(whole);
+}
+
+void MainWindow::Connect() {
+  AddWindowKeys(*this, app_.tabs());
+  connect(pieces_.search, &SearchStrip::Left, this, &MainWindow::FocusPage);
+  const auto order = [this](const char* command) {
+    return [action = actions_->Named(command)] { action->trigger(); };
+  };
+  for (RegisterPage* page : {pieces_.entries, pieces_.reconcile}) {
+    connect(page, &RegisterPage::EntryWanted, this, order("Entry_Debit"));
+    connect(page, &RegisterPage::ImportWanted, this, order("QIFImport"));
+    connect(page, &RegisterPage::EditWanted, this, order("Entry_Edit"));
+    connect(page, &RegisterPage::RemoveWanted, this, order("EntryRemoveConfirm_Begin"));
+    connect(page, &RegisterPage::MarkAndMoveOnWanted, this,
+            [this] { app_.reconcileTab().TurnClearedOverAndMoveOn(); });
+    connect(page, &RegisterPage::RowMenuWanted, this,
+            [this](const QPoint& place) { menus_->EntryMenu()->popup(place); });
+    connect(page, &RegisterPage::SelectionChanged, this, &MainWindow::ShowSelection);
+    connect(page, &RegisterPage::AccountWanted, this, order("Account_Add"));
+    connect(page, &RegisterPage::UnlockWanted, this, [this] {
+      const AccountList& accounts = app_.desk().accounts();
+      if (!accounts.empty()) app_.selection().Account_Select(accounts.front());
+    });
+    connect(page, &RegisterPage::Left, this, [this] { pieces_.search->FocusField(); });
+    connect(page, &RegisterPage::ExampleWanted, this, [this] {
+      if (open_example_) open_example_();
+    });
+  }
+  connect(pieces_.band, &ReconcileBand::EntriesSelected, this, &MainWindow::FocusPage);
+  connect(pieces_.schedule, &ScheduleTab::ScheduleWanted, this, order("Schedule_Debit"));
+  connect(pieces_.schedule, &ScheduleTab::EditWanted, this, order("Schedule_Edit"));
+  connect(pieces_.schedule, &ScheduleTab::RemoveWanted, this, order("ScheduleRemoveConfirm_Begin"));
+  connect(pieces_.schedule, &ScheduleTab::RowMenuWanted, this,
+          [this](const QPoint& place) { menus_->ScheduleMenu()->popup(place); });
+  connect(splitter_, &QSplitter::splitterMoved, this, [this] {
+    const QSize size = pieces_.accounts->size();
+    const bool is_beside = splitter_->orientation() == Qt::Horizontal;
+    app_.desk().preferences().SetAccountsDrawerWidth(
+        static_cast<float>(is_beside ? size.width() : size.height()));
+  });
+}
+
+void MainWindow::ShowTitle() {
+  QString title = ToQString(app_.selection().WindowTitle());
+  if (!title_ending_.isEmpty()) title += QLatin1String(" ") + title_ending_;
+  // Twice it is what it says, once it would be the mark of a changed document.
+  setWindowTitle(title.replace(QLatin1String("[*]"), QLatin1String("[*][*]")));
+}
+
+void MainWindow::ShowLook() {
+  pieces_.accounts->ShowLook();
+  pieces_.entries->ShowLook();
+  pieces_.reconcile->ShowLook();
+  pieces_.schedule->ShowLook();
+}
+
+void MainWindow::ShowDrawer() {
+  const LDGRPreferences& preferences = app_.desk().preferences();
+  const int edge = preferences.GetAccountsDrawerPreferredEdge();
+  const bool is_beside = edge != kTop && edge != kBottom;
+  const bool is_first = edge == kLeft || edge == kTop;
+  splitter_->setOrientation(is_beside ? Qt::Horizontal : Qt::Vertical);
+  splitter_->insertWidget(is_first ? 0 : 1, pieces_.accounts);
+  splitter_->setStretchFactor(splitter_->indexOf(page_), 1);
+  splitter_->setStretchFactor(splitter_->indexOf(pieces_.accounts), 0);
+  const bool was_shown = pieces_.accounts->isVisibleTo(splitter_);
+  pieces_.accounts->setVisible(app_.accountsDrawer().State().is_open);
+  pieces_.accounts->setMinimumWidth(is_beside ? kLeastDrawerWidth : 0);
+  if (was_shown == pieces_.accounts->isVisibleTo(splitter_) && was_shown) return;
+  const int room = is_beside ? width() : height();
+  const float stored = preferences.GetAccountsDrawerWidth();
+  const int drawer = std::clamp(stored > 0 ? static_cast<int>(stored) : kDrawerWidth,
+                                kLeastDrawerWidth, std::max(kLeastDrawerWidth, room / 2));
+  splitter_->setSizes(is_first ? QList<int>{drawer, room - drawer}
+                               : QList<int>{room - drawer, drawer});
+}
+
+void MainWindow::ShowPage() {
+  pages_->setCurrentIndex(static_cast<int>(app_.tabs().State().selected));
+  ShowSelection();
+}
+
+void MainWindow::ShowSelection() {
+  const bool is_reconcile = app_.tabs().State().selected == Tab::Reconcile;
+  const RegisterPage& page = is_reconcile ? *pieces_.reconcile : *pieces_.entries;
+  pieces_.status->ShowSelection(page.SelectedCount(), page.SelectedSum());
+}
+
+void MainWindow::FocusPage() {
+  switch (app_.tabs().State().selected) {
+    case Tab::Entry:
+      return pieces_.entries->FocusTable();
+    case Tab::Reconcile:
+      return pieces_.reconcile->FocusTable();
+    case Tab::Schedule:
+      return pieces_.schedule->FocusTable();
+    case Tab::Summary:
+      return pieces_.summary->FocusList();
+  }
+}
+
+void MainWindow::Place() {
+  const QRect room = screen()->availableGeometry();
+  resize(kFirstSize.boundedTo(room.size()));
+  move(room.center() - QPoint(width() / 2, height() / 2));
+  restoreGeometry(settings_.State(objectName()));
+  for (QSplitter* splitter : {pieces_.schedule->Splitter(), pieces_.summary->Splitter()}) {
+    splitter->restoreState(settings_.State(splitter->objectName()));
+  }
+}
+
+void MainWindow::SaveFrames() {
+  settings_.SetState(objectName(), saveGeometry());
+  for (QSplitter* splitter :
+       {splitter_, pieces_.schedule->Splitter(), pieces_.summary->Splitter()}) {
+    settings_.SetState(splitter->objectName(), splitter->saveState());
+  }
+}
+
+void MainWindow::SetContentsEnabled(bool are_enabled) {
+  centralWidget()->setEnabled(are_enabled);
+}
+
+void MainWindow::closeEvent(QCloseEvent* event) {
+  // The window goes with the program, after everything has been saved.
+  event->ignore();
+  if (sheets_->IsOpen()) return sheets_->Raise();
+  app_.lifecycle().windowWillClose();
+}
+
+void MainWindow::changeEvent(QEvent* event) {
+  QMainWindow::changeEvent(event);
+  // What was in the way may have gone without a word; by then it is gone from the stack as well.
+  if (event->type() == QEvent::ActivationChange && isActiveWindow()) {
+    QTimer::singleShot(0, this, [this] { actions_->Show(); });
+  }
+}
+
+}  // namespace tallyfold::desktop

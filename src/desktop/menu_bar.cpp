@@ -1,0 +1,175 @@
+#include "desktop/menu_bar.h"
+
+#include <QAction>
+#include <QActionGroup>
+#include <QApplication>
+#include <QMenu>
+#include <QMenuBar>
+#include <array>
+#include <vector>
+
+#include "app/commands/command.h"
+#include "app/shell/menus.h"
+#include "desktop/command_actions.h"
+#include "desktop/filter_menu.h"
+#include "desktop/texts.h"
+
+namespace tallyfold::desktop {
+namespace {
+
+struct MenuTitle {
+  Menu menu;
+  std::string_view title;
+};
+constexpr MenuTitle kMenus[] = {
+    {Menu::File, "File"},   {Menu::Edit, "Edit"},         {Menu::Account, "Account"},
+    {Menu::Entry, "Entry"}, {Menu::Schedule, "Schedule"}, {Menu::Summary, "Summary"},
+    {Menu::View, "View"},   {Menu::Help, "Help"},
+};
+
+// Commands that begin a group of their menu.
+constexpr std::string_view kGroupStarts[] = {
+    "Save",
+    "lock",
+    "Quit",
+    "PreferencesSheet_Open",
+    "Entry_Edit",
+    "ShowOtherHalf",
+    "SpeakEntry",
+    "Schedule_Edit",
+    "Schedule_CommitNext",
+    "ScheduleReminderSheet_Open",
+    "entry_MenuItem",
+    "Search_Cancel",
+    "Account_Lock",
+};
+
+// What a field or table does with its text, by the name of its slot.
+struct TextCommand {
+  const char* slot;
+  std::string_view title;
+  QKeySequence::StandardKey keys;
+};
+constexpr TextCommand kTextCommands[] = {
+    {"cut", "Cut", QKeySequence::Cut},
+    {"copy", "Copy", QKeySequence::Copy},
+    {"paste", "Paste", QKeySequence::Paste},
+    {"selectAll", "Select All", QKeySequence::SelectAll},
+};
+
+constexpr int kAccountsWithKeys = 9;
+
+}  // namespace
+
+MenuBar::MenuBar(QMenuBar& bar, CommandActions& actions, const Parts& parts)
+    : bar_(bar), actions_(actions), parts_(parts) {
+  std::vector<QAction*> titles;
+  for (const auto& [menu_id, title] : kMenus) {
+    QMenu* menu = bar_.addMenu(QString());
+    SetTitle(*menu->menuAction(), Text(title));
+    titles.push_back(menu->menuAction());
+    for (const Command* command : Commands()) {
+      if (command->menu != menu_id) continue;
+      const bool begins = std::ranges::find(kGroupStarts, command->name) != std::end(kGroupStarts);
+      if (begins && !menu->isEmpty()) menu->addSeparator();
+      menu->addAction(actions_.Named(command->name));
+      if (command->name == "Redo") AddTextEditing(*menu);
+    }
+    connect(menu, &QMenu::aboutToShow, this, [this, menu] {
+      actions_.Show();
+      AssignMnemonics(*menu);
+    });
+    if (menu_id == Menu::Account) account_menu_ = menu;
+    if (menu_id == Menu::Entry) entry_menu_ = menu;
+    if (menu_id == Menu::Schedule) schedule_menu_ = menu;
+    if (menu_id != Menu::View) continue;
+    menu->addSeparator();
+    auto* filters = new FilterMenu(parts_.search, menu);
+    SetTitle(*filters->menuAction(), Text("Filter"));
+    menu->addMenu(filters);
+    connect(menu, &QMenu::aboutToShow, this, [this, filters] {
+      filters->menuAction()->setEnabled(actions_.Named("Search_Cancel")->isEnabled());
+    });
+  }
+  AssignMnemonics(titles);
+
+  accounts_separator_ = account_menu_->addSeparator();
+  entry_menu_->addSeparator();
+  types_menu_ = entry_menu_->addMenu(QString());
+  types_menu_->setObjectName(QLatin1String("entryMenu_Types_Menu"));
+  SetTitle(*types_menu_->menuAction(), Text("Type"));
+}
+
+void MenuBar::AddTextEditing(QMenu& menu) {
+  menu.addSeparator();
+  for (const TextCommand& command : kTextCommands) {
+    auto* action = menu.addAction(QString());
+    SetTitle(*action, Text(command.title));
+    action->setObjectName(QLatin1String(command.slot));
+    // The keys are only shown: whatever has the focus answers them itself.
+    action->setShortcut(QKeySequence(command.keys));
+    action->setShortcutContext(Qt::WidgetShortcut);
+    const char* slot = command.slot;
+    connect(action, &QAction::triggered, this, [slot] {
+      if (QWidget* focus = QApplication::focusWidget()) QMetaObject::invokeMethod(focus, slot);
+    });
+    connect(&menu, &QMenu::aboutToShow, action, [action, slot] {
+      const QWidget* focus = QApplication::focusWidget();
+      const QByteArray signature = QByteArray(slot) + "()";
+      action->setEnabled(focus != nullptr && focus->isEnabled() &&
+                         focus->metaObject()->indexOfMethod(signature.constData()) >= 0);
+    });
+  }
+}
+
+void MenuBar::ShowAccounts() {
+  QList<QAction*> shown = account_menu_->actions();
+  shown.remove(0, shown.indexOf(accounts_separator_) + 1);
+  const std::vector<MenuItem> items = parts_.menus.AccountMenu();
+  for (qsizetype i = 0; i < static_cast<qsizetype>(items.size()); ++i) {
+    const MenuItem& item = items[static_cast<std::size_t>(i)];
+    if (i == shown.size()) {
+      auto* action = new QAction(account_menu_);
+      action->setCheckable(true);
+      if (i < kAccountsWithKeys) {
+        action->setShortcut(QKeySequence(QKeyCombination(
+            Qt::ControlModifier, static_cast<Qt::Key>(static_cast<int>(Qt::Key_1 + i)))));
+      }
+      connect(action, &QAction::triggered, this, [this, action] {
+        if (parts_.menus.AreOn()) parts_.menus.Account_Menu_Show_MenuItem(action->data().toInt());
+        ShowAccounts();
+      });
+      account_menu_->addAction(action);
+      shown.append(action);
+    }
+    QAction& action = *shown[i];
+    SetTitle(action, ToQString(item.title));
+    action.setData(item.tag);
+    action.setChecked(item.is_checked);
+    action.setEnabled(item.is_enabled && parts_.menus.AreOn());
+  }
+  for (auto i = static_cast<qsizetype>(items.size()); i < shown.size(); ++i) delete shown[i];
+  accounts_separator_->setVisible(!items.empty());
+}
+
+void MenuBar::ShowTypes() {
+  types_menu_->clear();
+  for (const MenuItem& item : parts_.menus.EntryTypeMenu()) {
+    if (item.is_separator) {
+      types_menu_->addSeparator();
+      continue;
+    }
+    QAction* action = types_menu_->addAction(QString());
+    SetTitle(*action, ToQString(item.title));
+    action->setCheckable(true);
+    action->setChecked(item.is_checked);
+    action->setEnabled(item.is_enabled);
+    connect(action, &QAction::triggered, this, [this, tag = item.tag] {
+      if (parts_.menus.AreOn()) parts_.menus.entryMenu_Types_MenuItem(tag);
+    });
+  }
+  AssignMnemonics(*types_menu_);
+  types_menu_->menuAction()->setEnabled(!types_menu_->isEmpty());
+}
+
+}  // namespace tallyfold::desktop

@@ -1,0 +1,51 @@
+#pragma once
+
+#include <QObject>
+
+class QAction;
+class QMenu;
+class QMenuBar;
+
+namespace tallyfold {
+class Menus;
+class RegisterSearch;
+}  // namespace tallyfold
+
+namespace tallyfold::desktop {
+
+class CommandActions;
+
+// The menu bar: the commands in their order, the accounts, the types of entries, the filters and
+// what is done with the text of a field.
+class MenuBar final : public QObject {
+ public:
+  struct Parts {
+    Menus& menus;
+    RegisterSearch& search;
+  };
+
+  // Fills `bar`, which like the others must outlive this.
+  MenuBar(QMenuBar& bar, CommandActions& actions, const Parts& parts);
+
+  void ShowAccounts();
+  void ShowTypes();
+  // The menu of the commands for entries, for rows of a register.
+  [[nodiscard]] QMenu* EntryMenu() const noexcept { return entry_menu_; }
+  [[nodiscard]] QMenu* ScheduleMenu() const noexcept { return schedule_menu_; }
+
+ private:
+  void AddTextEditing(QMenu& menu);
+  void AddAccounts(QMenu& menu);
+
+  QMenuBar& bar_;
+  CommandActions& actions_;
+  Parts parts_;
+  QMenu* account_menu_ = nullptr;
+  QMenu* entry_menu_ = nullptr;
+  QMenu* schedule_menu_ = nullptr;
+  QMenu* types_menu_ = nullptr;
+  // After these the items of the accounts follow.
+  QAction* accounts_separator_ = nullptr;
+};
+
+}  // namespace tallyfold::desktop

@@ -1,0 +1,56 @@
+#include "desktop/program.h"
+
+#include <QGuiApplication>
+
+#include "app/services.h"
+#include "app/shell/lifecycle.h"
+
+namespace tallyfold::desktop {
+
+Program::Program(const Services& services, const Settings& settings)
+    : app_(services),
+      settings_(settings.settings_path),
+      window_(app_, settings_),
+      front_end_(window_),
+      events_(app_.application()),
+      ending_(app_, services.alerts) {
+  window_.SetTitleEnding(settings.title_ending);
+  window_.SetOpenExample(settings.open_example);
+  app_.SetFrontEnd(&front_end_);
+  app_.SetWindowHooks(&front_end_);
+  connect(qGuiApp, &QGuiApplication::applicationStateChanged, this, &Program::StateChanged);
+}
+
+bool Program::Launch() {
+  app_.lifecycle().awakeFromNib();
+  return app_.lifecycle().applicationDidFinishLaunching();
+}
+
+Ending::Outcome Program::Save(Ending::Asker asker) {
+  // What is being typed counts.
+  if (QWidget* focus = window_.focusWidget()) focus->clearFocus();
+  return ending_.Save(asker);
+}
+
+void Program::SaveWithoutWindow() {
+  has_window_ = false;
+  app_.SetFrontEnd(nullptr);
+  app_.SetWindowHooks(nullptr);
+  static_cast<void>(ending_.Save(Ending::Asker::Nobody));
+}
+
+void Program::FlushSettings() {
+  if (!has_window_) return;
+  window_.SaveFrames();
+  settings_.Flush();
+}
+
+void Program::StateChanged(Qt::ApplicationState state) {
+  if (state == Qt::ApplicationActive) {
+    app_.lifecycle().applicationWillBecomeActive();
+  } else {
+    app_.lifecycle().applicationWillResignActive();
+  }
+}
+
+}  // namespace tallyfold::desktop

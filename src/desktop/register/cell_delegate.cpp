@@ -1,0 +1,197 @@
+#include "desktop/register/cell_delegate.h"
+
+#include <QApplication>
+#include <QPainter>
+#include <QStyle>
+#include <QStyleOptionButton>
+#include <QVariant>
+#include <algorithm>
+#include <string>
+
+#include "desktop/look/icons.h"
+#include "desktop/look/measures.h"
+#include "desktop/look/painting.h"
+
+namespace tallyfold::desktop {
+namespace {
+
+constexpr int kGlyphGap = 6;
+constexpr int kWordPadding = 7;
+constexpr int kWordInset = 3;
+// Fonts of one table: upright, slanted, heavier; more come and go with the preferences.
+constexpr std::size_t kMostFonts = 8;
+
+QFont FontFor(const CellLook& look, QFont font) {
+  font.setItalic(look.is_italic);
+  font.setStrikeOut(look.is_struck);
+  return look.is_demi_bold || look.word != CellLook::Word::None ? DemiBoldFont(font) : font;
+}
+
+Qt::Alignment VisualAlignment(CellLook::Align align, Qt::LayoutDirection direction) {
+  if (align == CellLook::Align::Center) return Qt::AlignHCenter;
+  const bool is_right = (align == CellLook::Align::Trailing) == (direction == Qt::LeftToRight);
+  return is_right ? Qt::AlignRight : Qt::AlignLeft;
+}
+
+void DrawWord(QPainter& painter, const QRect& rect, const CellLook& look, const Colors& colors,
+              Qt::LayoutDirection direction) {
+  Role ink = Role::Dim;
+  QColor fill = colors[Role::Hair];
+  if (look.word == CellLook::Word::Warning) {
+    ink = Role::Warning;
+    fill = colors[Role::WarningFill];
+  } else if (look.word == CellLook::Word::Good) {
+    ink = Role::Good;
+    fill = colors[Role::GoodFill];
+  }
+  const QFontMetrics metrics = painter.fontMetrics();
+  const int width = std::min(rect.width(), metrics.horizontalAdvance(look.text) + 2 * kWordPadding);
+  const int height = std::min(rect.height() - 4, metrics.height() + kWordInset);
+  QRect box = QStyle::alignedRect(Qt::LeftToRight,
+                                  VisualAlignment(look.align, direction) | Qt::AlignVCenter,
+                                  {width, height}, rect);
+  DrawBox(painter, box, kSmallRadius, fill, {});
+  painter.setPen(colors[ink]);
+  painter.drawText(box, Qt::AlignCenter,
+                   metrics.elidedText(look.text, Qt::ElideRight, width - 2 * kTightGap));
+}
+
+}  // namespace
+
+CellDelegate::CellDelegate(const RowStates* states, QObject* parent)
+    : QStyledItemDelegate(parent), states_(states) {}
+
+void CellDelegate::SetOuterColumns(int first, int last) noexcept {
+  first_column_ = first;
+  last_column_ = last;
+}
+
+QRect CellDelegate::Padded(const QRect& rect, int column, Qt::LayoutDirection direction) const {
+  const int leading = column == first_column_ ? kOuterCellPadding : kCellPadding;
+  const int trailing = column == last_column_ ? kLastCellPadding : kCellPadding;
+  return QStyle::visualRect(direction, rect, rect.adjusted(leading, 0, -trailing, 0));
+}
+
+const Figures& CellDelegate::FiguresIn(const QFont& font) const {
+  const std::string key = font.key().toStdString();
+  if (const auto known = figures_.find(key); known != figures_.end()) return *known->second;
+  if (figures_.size() >= kMostFonts) figures_.clear();
+  return *figures_.emplace(key, std::make_unique<Figures>(font)).first->second;
+}
+
+CellDelegate::Ink CellDelegate::InkOf(const CellLook& look, Role ground,
+                                      const Colors& colors) const {
+  const QColor& text = colors[look.is_dim ? Role::Dim : Role::Text];
+  return {look.color.isValid() ? inks_.Ink(look.color, colors[ground], colors) : text,
+          colors[Role::Dim]};
+}
+
+void CellDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
+                         const QModelIndex& index) const {
+  const QVariant value = index.data(kCellRole);
+  if (!value.canConvert<CellLook>()) return;
+  const auto& look = *static_cast<const CellLook*>(value.constData());
+  const RowState state = states_ != nullptr
+                             ? states_->StateOf(index.row())
+                             : RowState{option.state.testFlag(QStyle::State_Selected),
+                                        option.state.testFlag(QStyle::State_Active), false, false};
+  PainterState saved(*painter);
+  if (look.mark != CellLook::Mark::None) return DrawMark(*painter, option, look, state);
+  const Colors& colors = ColorsOf(option.palette);
+  const QRect rect = Padded(option.rect, index.column(), option.direction);
+  painter->setFont(FontFor(look, option.font));
+  if (look.word != CellLook::Word::None) {
+    return DrawWord(*painter, rect, look, colors, option.direction);
+  }
+  DrawText(*painter, rect, look, InkOf(look, state.Ground(), colors), option.direction);
+}
+
+void CellDelegate::DrawText(QPainter& painter, QRect rect, const CellLook& look, const Ink& ink,
+                            Qt::LayoutDirection direction) const {
+  const Qt::Alignment align = VisualAlignment(look.align, direction);
+  painter.setPen(ink.text);
+  if (look.is_figure) {
+    const Figures& figures = FiguresIn(painter.font());
+    const bool fits = figures.Width(look.text) <= rect.width();
+    figures.Draw(painter, rect, fits ? look.text : QStringLiteral("###"), align);
+    return;
+  }
+  const bool is_leading_left = direction == Qt::LeftToRight;
+  const auto glyph = [&](QLatin1String name, int x) {
+    const QRect place(x, rect.y() + (rect.height() - kGlyphSize) / 2, kGlyphSize, kGlyphSize);
+    DrawIcon(painter, place, name, ink.glyph, direction);
+  };
+  if (look.glyph_before.size() > 0) {
+    glyph(look.glyph_before, is_leading_left ? rect.left() : rect.right() + 1 - kGlyphSize);
+    constexpr int kTaken = kGlyphSize + kGlyphGap;
+    rect.adjust(is_leading_left ? kTaken : 0, 0, is_leading_left ? 0 : -kTaken, 0);
+  }
+  const bool has_glyph_behind = look.glyph_behind.size() > 0;
+  const int room = rect.width() - (has_glyph_behind ? kGlyphSize + kGlyphGap : 0);
+  const QFontMetrics metrics = painter.fontMetrics();
+  const int width = metrics.horizontalAdvance(look.text);
+  const bool is_cut = width > room;
+  const QRect place = QStyle::visualRect(
+      direction, rect,
+      QRect(rect.x(), rect.y(), has_glyph_behind ? room : rect.width(), rect.height()));
+  const int flags = static_cast<int>(align | Qt::AlignAbsolute | Qt::AlignVCenter) |
+                    static_cast<int>(Qt::TextSingleLine);
+  if (is_cut && !uses_ellipses_) {
+    painter.setClipRect(place, Qt::IntersectClip);
+    painter.drawText(place, flags | static_cast<int>(Qt::TextDontClip), look.text);
+    painter.setClipping(false);
+  } else {
+    painter.drawText(place, flags,
+                     is_cut ? metrics.elidedText(look.text, Qt::ElideRight, room) : look.text);
+  }
+  if (has_glyph_behind) {
+    const int behind = std::min(width, room) + kGlyphGap;
+    glyph(look.glyph_behind,
+          is_leading_left ? rect.left() + behind : rect.right() + 1 - behind - kGlyphSize);
+  }
+}
+
+void CellDelegate::DrawMark(QPainter& painter, const QStyleOptionViewItem& option,
+                            const CellLook& look, const RowState& state) const {
+  const Colors& colors = ColorsOf(option.palette);
+  const QRect box = CenteredIn(option.rect, kMarkSize, kMarkSize);
+  const bool is_set = look.mark == CellLook::Mark::Set;
+  if (look.mark_is_box) {
+    QStyleOptionButton check;
+    check.rect = box;
+    check.palette = option.palette;
+    check.state = QStyle::State_Enabled | (is_set ? QStyle::State_On : QStyle::State_Off);
+    const QStyle* style = option.widget != nullptr ? option.widget->style() : QApplication::style();
+    style->drawPrimitive(QStyle::PE_IndicatorCheckBox, &check, &painter, option.widget);
+  } else if (is_set) {
+    DrawIcon(painter, box, QLatin1String("tick"), colors[Role::Accent], option.direction);
+  } else if (state.shows_unset_mark) {
+    DrawBox(painter, QRectF(box).adjusted(1, 1, -1, -1), kSmallRadius, {},
+            colors[state.is_selected ? Role::Dim : Role::Edge]);
+  }
+}
+
+QSize CellDelegate::sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const {
+  const QVariant value = index.data(kCellRole);
+  int width = kMarkSize + 2 * kCellPadding;
+  if (value.canConvert<CellLook>()) {
+    const auto& look = *static_cast<const CellLook*>(value.constData());
+    width = QFontMetrics(FontFor(look, option.font)).horizontalAdvance(look.text) +
+            kOuterCellPadding + 2 * kCellPadding;
+  }
+  return {width, RowHeight(QFontMetrics(option.font))};
+}
+
+bool CellDelegate::IsCut(const CellLook& look, int column, int width, const QFont& font) const {
+  if (look.mark != CellLook::Mark::None) return false;
+  const QFont shown = FontFor(look, font);
+  const QRect rect = Padded({0, 0, width, 1}, column, Qt::LeftToRight);
+  if (look.is_figure) return FiguresIn(shown).Width(look.text) > rect.width();
+  int taken = QFontMetrics(shown).horizontalAdvance(look.text);
+  if (look.word != CellLook::Word::None) taken += 2 * kWordPadding;
+  if (look.glyph_before.size() > 0) taken += kGlyphSize + kGlyphGap;
+  if (look.glyph_behind.size() > 0) taken += kGlyphSize + kGlyphGap;
+  return taken > rect.width();
+}
+
+}  // namespace tallyfold::desktop

@@ -1,0 +1,176 @@
+#include "desktop/register/header.h"
+
+#include <QAction>
+#include <QContextMenuEvent>
+#include <QMenu>
+#include <QMouseEvent>
+#include <QPainter>
+#include <algorithm>
+#include <utility>
+
+#include "desktop/look/colors.h"
+#include "desktop/look/icons.h"
+#include "desktop/look/measures.h"
+#include "desktop/look/painting.h"
+#include "desktop/texts.h"
+
+namespace tallyfold::desktop {
+namespace {
+
+constexpr int kMarkGap = 4;
+
+bool IsTrailing(const TableColumn& column) {
+  return column.content == TableColumn::Content::Amount ||
+         column.content == TableColumn::Content::Count;
+}
+
+}  // namespace
+
+Header::Header(const TableState& table, const RowModel& model, QWidget* parent)
+    : QHeaderView(Qt::Horizontal, parent), table_(table), model_(model) {
+  setSectionsClickable(true);
+  setSectionsMovable(true);
+  setHighlightSections(false);
+  setMouseTracking(true);
+  setMinimumSectionSize(kAccountRowHeight);
+  SetBodyFont(QWidget::font());
+  connect(this, &QHeaderView::sectionResized, this, [this](int section, int, int) {
+    if (is_pressed_ && !dragged_) dragged_ = section;
+  });
+  connect(this, &QHeaderView::sectionClicked, this, [this](int section) {
+    if (model_.ColumnAt(section).sorts) emit SortWanted(section);
+  });
+}
+
+void Header::SetBodyFont(const QFont& body) {
+  plain_ = MediumFont(SmallFont(body));
+  sorted_ = DemiBoldFont(plain_);
+  setFixedHeight(Height());
+  update();
+}
+
+void Header::SetOuterColumns(int first, int last) {
+  first_ = first;
+  last_ = last;
+  viewport()->update();
+}
+
+int Header::Height() const {
+  return HeaderHeight(QFontMetrics(plain_));
+}
+
+QSize Header::sizeHint() const {
+  return {QHeaderView::sizeHint().width(), Height()};
+}
+
+bool Header::IsSortColumn(int section) const {
+  return !table_.HighlightedColumn().empty() &&
+         model_.ColumnAt(section).identifier == table_.HighlightedColumn();
+}
+
+void Header::paintEvent(QPaintEvent* event) {
+  {
+    QPainter painter(viewport());
+    painter.fillRect(viewport()->rect(), ColorsOf(palette())[Role::Base]);
+  }
+  QHeaderView::paintEvent(event);
+  QPainter painter(viewport());
+  DrawRuleBelow(painter, viewport()->rect(), ColorsOf(palette())[Role::Rule]);
+}
+
+void Header::paintSection(QPainter* painter, const QRect& rect, int section) const {
+  if (!rect.isValid() || section >= model_.columnCount()) return;
+  const Colors& colors = ColorsOf(palette());
+  const TableColumn& column = model_.ColumnAt(section);
+  const bool is_sorted = IsSortColumn(section);
+  PainterState saved(*painter);
+  painter->fillRect(rect,
+                    section == hovered_ && isEnabled() ? colors[Role::Hover] : colors[Role::Base]);
+  if (section == hovered_ && isEnabled()) {
+    const QRect edge(isLeftToRight() ? rect.right() : rect.left(), rect.y() + kTightGap, 1,
+                     rect.height() - kGap);
+    DrawRuleBefore(*painter, edge, colors[Role::Rule]);
+  }
+  const int leading = section == first_ ? kOuterCellPadding : kCellPadding;
+  const int trailing = section == last_ ? kLastCellPadding : kCellPadding;
+  const QRect inner = rect.adjusted(leading, 0, -trailing, 0);
+  painter->setFont(is_sorted ? sorted_ : plain_);
+  painter->setPen(isEnabled() ? colors[is_sorted ? Role::Text : Role::Dim] : colors[Role::Off]);
+  const QFontMetrics metrics = painter->fontMetrics();
+  const int mark = is_sorted ? kChevronSize + kMarkGap : 0;
+  const QString title = metrics.elidedText(ToQString(TitleOf(column)), Qt::ElideRight,
+                                           std::max(0, inner.width() - mark));
+  const int width = metrics.horizontalAdvance(title);
+  const bool is_trailing = IsTrailing(column);
+  int x = inner.left();
+  if (is_trailing) x = inner.right() + 1 - width;
+  if (column.content == TableColumn::Content::Mark) {
+    x = rect.x() + (rect.width() - width) / 2;
+  }
+  const auto visual = [&](int left, int length) {
+    return QStyle::visualRect(layoutDirection(), rect,
+                              QRect(left, rect.y(), length, rect.height()));
+  };
+  painter->drawText(visual(x, width), Qt::AlignCenter | Qt::TextSingleLine, title);
+  if (is_sorted) {
+    const int left = is_trailing ? x - mark : x + width + kMarkGap;
+    DrawIcon(*painter, CenteredIn(visual(left, kChevronSize), kChevronSize, kChevronSize),
+             QLatin1String(table_.IndicatesDescending() ? "chevron-down" : "chevron-up"),
+             colors[Role::Accent], layoutDirection());
+  }
+}
+
+void Header::SetHovered(int section) {
+  if (hovered_ == section) return;
+  hovered_ = section;
+  viewport()->update();
+}
+
+void Header::mousePressEvent(QMouseEvent* event) {
+  is_pressed_ = event->button() == Qt::LeftButton;
+  dragged_.reset();
+  QHeaderView::mousePressEvent(event);
+}
+
+void Header::mouseMoveEvent(QMouseEvent* event) {
+  SetHovered(logicalIndexAt(event->position().toPoint()));
+  QHeaderView::mouseMoveEvent(event);
+}
+
+void Header::mouseReleaseEvent(QMouseEvent* event) {
+  QHeaderView::mouseReleaseEvent(event);
+  is_pressed_ = false;
+  if (const auto dragged = std::exchange(dragged_, std::nullopt)) {
+    emit WidthDragged(*dragged, sectionSize(*dragged));
+  }
+}
+
+void Header::leaveEvent(QEvent* event) {
+  SetHovered(-1);
+  QHeaderView::leaveEvent(event);
+}
+
+void Header::contextMenuEvent(QContextMenuEvent* event) {
+  auto* menu = new QMenu(this);
+  menu->setObjectName(QStringLiteral("columns_Menu"));
+  menu->setAttribute(Qt::WA_DeleteOnClose);
+  for (int section = 0; section < model_.columnCount(); ++section) {
+    const TableColumn& column = model_.ColumnAt(section);
+    const bool is_shown = !isSectionHidden(section);
+    QAction* action = menu->addAction(WithoutMnemonics(ToQString(TitleOf(column))));
+    action->setCheckable(true);
+    action->setChecked(is_shown);
+    action->setEnabled(!is_shown || table_.Columns().size() > 1);
+    connect(action, &QAction::triggered, this,
+            [this, is_shown, identifier = ToQString(column.identifier)] {
+              if (is_shown) {
+                emit ColumnHideWanted(identifier);
+              } else {
+                emit ColumnShowWanted(identifier);
+              }
+            });
+  }
+  menu->popup(event->globalPos());
+}
+
+}  // namespace tallyfold::desktop

@@ -1,0 +1,62 @@
+#pragma once
+
+#include <QFont>
+#include <QHeaderView>
+#include <optional>
+
+#include "desktop/register/row_model.h"
+#include "registers/table_state.h"
+
+namespace tallyfold::desktop {
+
+// The heads of a table's columns. What is sorted by, and how, it draws as the table says, and never
+// sorts anything itself.
+class Header final : public QHeaderView {
+  Q_OBJECT
+
+ public:
+  // Both must outlive this.
+  Header(const TableState& table, const RowModel& model, QWidget* parent);
+
+  // Ours, one point smaller than the given font.
+  void SetBodyFont(const QFont& body);
+  // The columns at the outer edges; -1 for none.
+  void SetOuterColumns(int first, int last);
+  [[nodiscard]] QSize sizeHint() const override;
+  // As tall as the heads, for what stands beside them.
+  [[nodiscard]] int Height() const;
+
+ signals:
+  // The user has given a section another width, and let go.
+  void WidthDragged(int section, int width);
+  // A click on the head of a column that sorts.
+  void SortWanted(int section);
+  void ColumnHideWanted(const QString& identifier);
+  void ColumnShowWanted(const QString& identifier);
+
+ protected:
+  void paintEvent(QPaintEvent* event) override;
+  void paintSection(QPainter* painter, const QRect& rect, int section) const override;
+  void mousePressEvent(QMouseEvent* event) override;
+  void mouseMoveEvent(QMouseEvent* event) override;
+  void mouseReleaseEvent(QMouseEvent* event) override;
+  void leaveEvent(QEvent* event) override;
+  void contextMenuEvent(QContextMenuEvent* event) override;
+
+ private:
+  [[nodiscard]] bool IsSortColumn(int section) const;
+  void SetHovered(int section);
+
+  const TableState& table_;
+  const RowModel& model_;
+  QFont plain_;
+  QFont sorted_;
+  int first_ = -1;
+  int last_ = -1;
+  int hovered_ = -1;
+  bool is_pressed_ = false;
+  // What the pointer has been resizing since it was pressed.
+  std::optional<int> dragged_;
+};
+
+}  // namespace tallyfold::desktop

@@ -1,0 +1,415 @@
+#include "desktop/register/register_view.h"
+
+#include <QClipboard>
+#include <QGuiApplication>
+#include <QPaintEvent>
+#include <QPainter>
+#include <QScrollBar>
+#include <algorithm>
+#include <utility>
+
+#include "desktop/look/colors.h"
+#include "desktop/look/measures.h"
+#include "desktop/look/painting.h"
+#include "desktop/register/column_widths.h"
+#include "desktop/register/copied_rows.h"
+#include "desktop/register/header.h"
+#include "desktop/texts.h"
+
+namespace tallyfold::desktop {
+namespace {
+
+// The toolkit's own selection costs two indexes a stretch: it follows ours up to here.
+constexpr std::size_t kMostMirroredRanges = 64;
+constexpr int kDaysInNumber = 100;  // of a DateNumber below its month
+
+// Carries the header's rule over the slot of the scroll bar.
+class HeaderCap final : public QWidget {
+ public:
+  using QWidget::QWidget;
+
+ private:
+  void paintEvent(QPaintEvent*) override {
+    QPainter painter(this);
+    const Colors& colors = ColorsOf(palette());
+    painter.fillRect(rect(), colors[Role::Base]);
+    DrawRuleBelow(painter, rect(), colors[Role::Rule]);
+  }
+};
+
+}  // namespace
+
+RegisterView::RegisterView(TableState& table, QWidget* parent)
+    : QTableView(parent),
+      table_(table),
+      model_(new RowModel(table, this)),
+      header_(new Header(table, *model_, this)),
+      delegate_(new CellDelegate(this, this)),
+      cap_(new HeaderCap(this)) {
+  setHorizontalHeader(header_);
+  setModel(model_);
+  setItemDelegate(delegate_);
+  setFrameShape(QFrame::NoFrame);
+  setShowGrid(false);
+  setWordWrap(false);
+  setCornerButtonEnabled(false);
+  // The core says which row is to be made visible.
+  setAutoScroll(false);
+  setTabKeyNavigation(false);
+  setEditTriggers(NoEditTriggers);
+  setSelectionMode(NoSelection);
+  setSelectionBehavior(SelectRows);
+  setVerticalScrollMode(ScrollPerPixel);
+  setHorizontalScrollMode(ScrollPerPixel);
+  setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
+  addScrollBarWidget(cap_, Qt::AlignTop);
+  setMouseTracking(true);
+  viewport()->setAttribute(Qt::WA_Hover);
+  verticalHeader()->hide();
+  verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
+  verticalHeader()->setMinimumSectionSize(1);
+  SetUpHeader();
+  table_.SetShownBy(this);
+  TableLook look;
+  look.font = font();
+  SetLook(look);
+  ShowCurrentRow();
+}
+
+RegisterView::~RegisterView() {
+  table_.SetShownBy(nullptr);
+}
+
+void RegisterView::SetUpHeader() {
+  connect(header_, &Header::WidthDragged, this, &RegisterView::TakeDraggedWidth);
+  connect(header_, &QHeaderView::sectionMoved, this, &RegisterView::TakeMovedColumn);
+  connect(header_, &Header::SortWanted, this, [this](int section) {
+    emit HeaderClicked(ToQString(model_->ColumnAt(section).identifier));
+  });
+  connect(header_, &Header::ColumnHideWanted, this, &RegisterView::ColumnHideWanted);
+  connect(header_, &Header::ColumnShowWanted, this, &RegisterView::ColumnShowWanted);
+  connect(verticalScrollBar(), &QScrollBar::sliderMoved, this, [this] { ShowThumbToolTip(); });
+}
+
+void RegisterView::SetLook(const TableLook& look) {
+  model_->SetLook(look);
+  setFont(look.font);
+  delegate_->SetUsesEllipses(look.uses_ellipses);
+  header_->SetBodyFont(QGuiApplication::font());
+  cap_->setFixedHeight(header_->Height());
+  verticalHeader()->setDefaultSectionSize(RowHeight(QFontMetrics(look.font)));
+  verticalScrollBar()->setSingleStep(verticalHeader()->defaultSectionSize());
+  ShowColumns();
+  viewport()->update();
+}
+
+void RegisterView::SetDetails(const RowDetails* details) {
+  model_->SetDetails(details);
+  viewport()->update();
+}
+
+void RegisterView::SetMarksAreBoxes(bool are_boxes) {
+  model_->SetMarksAreBoxes(are_boxes);
+  viewport()->update();
+}
+
+void RegisterView::SetHasMonthRules(bool has_rules) {
+  has_month_rules_ = has_rules;
+  viewport()->update();
+}
+
+// --- Columns
+// ---------------------------------------------------------------------------------------
+
+std::vector<int> RegisterView::ShownColumns() const {
+  std::vector<int> shown;
+  for (const TableColumn& column : table_.Columns())
+    shown.push_back(model_->IndexOf(column.identifier));
+  return shown;
+}
+
+void RegisterView::ShowColumns() {
+  const bool was_laying_out = std::exchange(is_laying_out_, true);
+  model_->TakeColumns();
+  const std::vector<int> shown = ShownColumns();
+  for (int section = 0; section < model_->columnCount(); ++section) {
+    const bool is_hidden = std::find(shown.begin(), shown.end(), section) == shown.end();
+    if (header_->isSectionHidden(section) != is_hidden)
+      header_->setSectionHidden(section, is_hidden);
+  }
+  int place = 0;
+  for (const int section : shown) {
+    const int from = header_->visualIndex(section);
+    if (from != place) header_->moveSection(from, place);
+    ++place;
+  }
+  const int first = shown.empty() ? -1 : shown.front();
+  const int last = shown.empty() ? -1 : shown.back();
+  header_->SetOuterColumns(first, last);
+  delegate_->SetOuterColumns(first, last);
+  is_laying_out_ = was_laying_out;
+  FitColumns();
+  viewport()->update();
+}
+
+void RegisterView::FitColumns() {
+  const bool was_laying_out = std::exchange(is_laying_out_, true);
+  const double factor = ColumnFactor(font());
+  std::vector<ColumnRoom> rooms;
+  for (const TableColumn& column : table_.Columns()) {
+    rooms.push_back(RoomOf(column.identifier, column.width, factor));
+  }
+  const std::vector<int> widths = WidthsIn(viewport()->width(), rooms);
+  const std::vector<int> shown = ShownColumns();
+  for (std::size_t i = 0; i < shown.size(); ++i) {
+    if (header_->sectionSize(shown[i]) != widths[i]) header_->resizeSection(shown[i], widths[i]);
+  }
+  is_laying_out_ = was_laying_out;
+}
+
+void RegisterView::TakeDraggedWidth(int section, int width) {
+  const auto index = table_.ColumnWithIdentifier(model_->ColumnAt(section).identifier);
+  if (index) table_.SetColumnWidth(*index, width / ColumnFactor(font()));
+  FitColumns();
+}
+
+void RegisterView::TakeMovedColumn(int section, int /*from*/, int to) {
+  if (is_laying_out_) return;
+  const auto index = table_.ColumnWithIdentifier(model_->ColumnAt(section).identifier);
+  if (!index) return;
+  // Hidden columns have places in the header, but none among the columns shown.
+  std::size_t place = 0;
+  for (int visual = 0; visual < to; ++visual) {
+    if (!header_->isSectionHidden(header_->logicalIndex(visual))) ++place;
+  }
+  table_.MoveColumn(*index, place);
+}
+
+// --- What the core tells
+// -----------------------------------------------------------------------------
+
+void RegisterView::TableChanged(const TableState& /*table*/, TableState::Change change) {
+  switch (change) {
+    case TableState::Change::Columns:
+      return ShowColumns();
+    case TableState::Change::SelectedRow:
+      return ShowCurrentRow();
+    case TableState::Change::ScrolledRow:
+      return ScrollToRow(table_.ScrolledRow());
+  }
+}
+
+void RegisterView::RowsChanged(const TableState& /*table*/, const RowsChange& change) {
+  const bool moves_rows =
+      change.kind == RowsChange::Kind::Inserted || change.kind == RowsChange::Kind::Removed;
+  // Rows that come or go above what is in sight leave it in sight.
+  const int top = rowAt(0);
+  const int height = verticalHeader()->defaultSectionSize();
+  const int count = static_cast<int>(change.last - change.first) + 1;
+  const int value = verticalScrollBar()->value();
+  hovered_ = -1;
+  selection_.Follow(change,
+                    static_cast<std::size_t>(table_.DataSource() != nullptr
+                                                 ? table_.DataSource()->numberOfRowsInTableView()
+                                                 : 0));
+  model_->Take(change);
+  if (moves_rows && top > static_cast<int>(change.first)) {
+    executeDelayedItemsLayout();
+    updateGeometries();
+    const bool comes = change.kind == RowsChange::Kind::Inserted;
+    const int above = comes ? count : std::min(count, top - static_cast<int>(change.first));
+    verticalScrollBar()->setValue(value + (comes ? above : -above) * height);
+  }
+  anchor_ = -1;
+  ShowCurrentRow();
+  TellSelection();
+  viewport()->update();
+}
+
+void RegisterView::ShowCurrentRow() {
+  const int row = table_.SelectedRow();
+  if (row < 0 || row >= model_->rowCount()) {
+    if (row < 0) selection_.Clear();
+    MakeCurrent(-1);
+  } else {
+    if (!selection_.Contains(row)) selection_.SelectOnly(row);
+    MakeCurrent(row);
+  }
+  TellSelection();
+}
+
+void RegisterView::MakeCurrent(int row) {
+  const int former = CurrentRow();
+  const std::vector<int> shown = ShownColumns();
+  const QModelIndex index =
+      row < 0 || shown.empty() ? QModelIndex() : model_->index(row, shown.front());
+  selectionModel()->setCurrentIndex(index, QItemSelectionModel::NoUpdate);
+  UpdateRow(former);
+  UpdateRow(row);
+}
+
+void RegisterView::TellSelection() {
+  QItemSelection mirrored;
+  const auto& ranges = selection_.Ranges();
+  const int last_column = model_->columnCount() - 1;
+  const auto add = [&](int first, int last) {
+    const int end = std::min(last, model_->rowCount() - 1);
+    if (first <= end) mirrored.append({model_->index(first, 0), model_->index(end, last_column)});
+  };
+  if (ranges.size() <= kMostMirroredRanges) {
+    for (const RowSelection::Range& range : ranges) add(range.first, range.last);
+  } else if (CurrentRow() >= 0) {
+    add(CurrentRow(), CurrentRow());
+  }
+  selectionModel()->select(mirrored, QItemSelectionModel::ClearAndSelect);
+  viewport()->update();
+  emit SelectionChanged();
+}
+
+// --- For the owner
+// -------------------------------------------------------------------------------------
+
+void RegisterView::SelectAllRows() {
+  if (model_->rowCount() == 0) return;
+  if (selects_one_row_) return;
+  selection_.SelectOnly({0, model_->rowCount() - 1});
+  if (CurrentRow() < 0) {
+    MakeCurrent(0);
+    emit RowSelected(0);
+  }
+  TellSelection();
+}
+
+void RegisterView::SelectForUser(std::vector<int> rows) {
+  std::erase_if(rows, [this](int row) { return row < 0 || row >= model_->rowCount(); });
+  if (rows.empty()) return;
+  const int current = rows.back();
+  selection_.SelectThese(std::move(rows));
+  anchor_ = current;
+  MakeCurrent(current);
+  ScrollToRow(current);
+  TellSelection();
+  emit RowSelected(current);
+}
+
+void RegisterView::CopyRows() const {
+  if (selection_.Count() == 0) return;
+  // The clipboard takes it over.
+  QGuiApplication::clipboard()->setMimeData(
+      CopiedRows(*model_, selection_, ShownColumns()).release());
+}
+
+void RegisterView::ScrollToRow(int row) {
+  if (row < 0 || row >= model_->rowCount()) return;
+  executeDelayedItemsLayout();
+  updateGeometries();
+  const int top = verticalHeader()->sectionPosition(row);
+  const int bottom = top + verticalHeader()->sectionSize(row);
+  QScrollBar* bar = verticalScrollBar();
+  if (top < bar->value()) {
+    bar->setValue(top);
+  } else if (bottom > bar->value() + viewport()->height()) {
+    bar->setValue(bottom - viewport()->height());
+  }
+}
+
+RowState RegisterView::StateOf(int row) const {
+  RowState state;
+  state.is_selected = selection_.Contains(row);
+  state.table_has_focus = hasFocus();
+  state.is_hovered = row == hovered_;
+  state.shows_unset_mark = state.is_hovered || row == CurrentRow();
+  return state;
+}
+
+// --- Painting
+// -----------------------------------------------------------------------------------------
+
+QRect RegisterView::RowRect(int row) const {
+  return {0, rowViewportPosition(row), viewport()->width(), rowHeight(row)};
+}
+
+void RegisterView::UpdateRow(int row) {
+  if (row >= 0 && row < model_->rowCount()) viewport()->update(RowRect(row));
+}
+
+void RegisterView::paintEvent(QPaintEvent* event) {
+  const int first = rowAt(event->rect().top());
+  int last = rowAt(event->rect().bottom());
+  if (last < 0) last = model_->rowCount() - 1;
+  if (first >= 0) {
+    QPainter painter(viewport());
+    painter.setClipRegion(event->region());
+    PaintGround(painter, first, last);
+  }
+  QTableView::paintEvent(event);
+  if (first >= 0) {
+    QPainter painter(viewport());
+    painter.setClipRegion(event->region());
+    PaintRules(painter, first, last);
+  }
+}
+
+void RegisterView::PaintGround(QPainter& painter, int first, int last) const {
+  const Colors& colors = ColorsOf(palette());
+  for (int row = first; row <= last; ++row) {
+    const Role ground = StateOf(row).Ground();
+    if (ground != Role::Base) FillSnapped(painter, RowRect(row), colors[ground]);
+  }
+}
+
+bool RegisterView::EndsMonth(int row, int column) const {
+  if (column < 0 || row + 1 >= model_->rowCount()) return false;
+  const auto day = model_->CellAt(row, column).number;
+  const auto next = model_->CellAt(row + 1, column).number;
+  return day && next &&
+         static_cast<int>(*day) / kDaysInNumber != static_cast<int>(*next) / kDaysInNumber;
+}
+
+void RegisterView::PaintRules(QPainter& painter, int first, int last) const {
+  const Colors& colors = ColorsOf(palette());
+  const int sorted = has_month_rules_ ? model_->IndexOf(table_.HighlightedColumn()) : -1;
+  const bool has_months =
+      sorted >= 0 && model_->ColumnAt(sorted).content == TableColumn::Content::Day;
+  const int current = CurrentRow();
+  for (int row = first; row <= last; ++row) {
+    const QRect rect = RowRect(row);
+    const RowState state = StateOf(row);
+    const bool is_current = row == current && state.table_has_focus && state.is_selected;
+    const bool ends_month = has_months && EndsMonth(row, sorted);
+    DrawRuleBelow(painter, rect,
+                  colors[is_current   ? Role::Accent
+                         : ends_month ? Role::Rule
+                                      : Role::Hair]);
+    if (is_current) {
+      DrawRuleBelow(painter, QRect(rect.x(), rect.y(), rect.width(), 1), colors[Role::Accent]);
+    }
+    if (state.is_selected) {
+      const QRect bar = QStyle::visualRect(layoutDirection(), rect,
+                                           QRect(rect.x(), rect.y(), kSelectionBar, rect.height()));
+      FillSnapped(painter, bar, colors[state.table_has_focus ? Role::Accent : Role::Edge]);
+    }
+  }
+}
+
+void RegisterView::resizeEvent(QResizeEvent* event) {
+  QTableView::resizeEvent(event);
+  FitColumns();
+}
+
+void RegisterView::changeEvent(QEvent* event) {
+  QTableView::changeEvent(event);
+  if (event->type() == QEvent::PaletteChange) viewport()->update();
+}
+
+void RegisterView::focusInEvent(QFocusEvent* event) {
+  QTableView::focusInEvent(event);
+  viewport()->update();
+}
+
+void RegisterView::focusOutEvent(QFocusEvent* event) {
+  QTableView::focusOutEvent(event);
+  viewport()->update();
+}
+
+}  // namespace tallyfold::desktop

@@ -1,0 +1,85 @@
+#include "desktop/services/qt_file_panels.h"
+
+#include <QApplication>
+#include <QDir>
+#include <QFileDialog>
+#include <QFileInfo>
+#include <QGridLayout>
+
+#include "desktop/texts.h"
+
+namespace tallyfold::desktop {
+
+// Ends only with a name that the request's check takes.
+class QtFilePanels::Panel final : public QFileDialog {
+ public:
+  explicit Panel(FileNameCheck* check) : QFileDialog(QApplication::activeWindow()), check_(check) {
+    setOption(QFileDialog::DontUseNativeDialog);
+    if (check != nullptr) setOption(QFileDialog::DontConfirmOverwrite);
+  }
+
+  [[nodiscard]] std::string Path() const {
+    if (!path_.empty()) return path_;
+    const QStringList files = selectedFiles();
+    return files.isEmpty() ? std::string() : ToUtf8(files.front());
+  }
+
+  void accept() override {
+    const QStringList files = selectedFiles();
+    if (check_ == nullptr || files.isEmpty() || QFileInfo(files.front()).isDir()) {
+      return QFileDialog::accept();
+    }
+    const QFileInfo file(files.front());
+    const std::string folder = ToUtf8(file.absolutePath());
+    const auto name = check_->userEnteredFilename(folder, ToUtf8(file.fileName()), true);
+    if (!name) return;
+    path_ = ToUtf8(QDir(file.absolutePath()).filePath(ToQString(*name)));
+    // What the check let through needs no second look at whether the file is there.
+    QDialog::accept();
+  }
+
+ private:
+  FileNameCheck* check_;
+  std::string path_;
+};
+
+std::optional<std::string> QtFilePanels::Save(const FilePanelRequest& request) {
+  Panel panel(request.check);
+  panel.setAcceptMode(QFileDialog::AcceptSave);
+  panel.setFileMode(QFileDialog::AnyFile);
+  return Run(panel, request);
+}
+
+std::optional<std::string> QtFilePanels::Open(const FilePanelRequest& request) {
+  Panel panel(nullptr);
+  panel.setAcceptMode(QFileDialog::AcceptOpen);
+  panel.setFileMode(QFileDialog::ExistingFile);
+  return Run(panel, request);
+}
+
+std::optional<std::string> QtFilePanels::Run(Panel& panel, const FilePanelRequest& request) {
+  panel.setObjectName(QLatin1String("file_Panel"));
+  panel.setWindowTitle(ToQString(request.title));
+  panel.setDirectory(folder_.empty() ? QDir::homePath() : ToQString(folder_));
+  if (!request.name.empty()) panel.selectFile(ToQString(request.name));
+  if (!request.name_label.empty()) {
+    panel.setLabelText(QFileDialog::FileName, ToQString(request.name_label));
+  }
+  if (!request.button.empty()) {
+    panel.setLabelText(QFileDialog::Accept, WithoutMnemonics(ToQString(request.button)));
+  }
+  const auto accessory = accessories_.find(request.accessory);
+  auto* grid = qobject_cast<QGridLayout*>(panel.layout());
+  if (accessory != accessories_.end() && grid != nullptr) {
+    grid->addWidget(accessory->second(&panel), grid->rowCount(), 0, 1, grid->columnCount());
+  }
+
+  ++depth_;
+  const bool is_accepted = panel.exec() == QDialog::Accepted;
+  --depth_;
+  if (!is_accepted || panel.Path().empty()) return std::nullopt;
+  folder_ = ToUtf8(panel.directory().absolutePath());
+  return panel.Path();
+}
+
+}  // namespace tallyfold::desktop

@@ -1,0 +1,43 @@
+#pragma once
+
+#include <functional>
+#include <string>
+
+#include "app/face/password_sheet_state.h"
+#include "desktop/sheets/sheet.h"
+
+class QLabel;
+class QLineEdit;
+class QPushButton;
+
+namespace tallyfold::desktop {
+
+// Asks for the password of the application or of an account. OK can only be pressed with the right
+// one.
+class PasswordDialog final : public SheetDialog {
+ public:
+  struct Parts {
+    // Names of the controls: "authenticationSheet" or "accountAuthenticationSheet".
+    QString name;
+    std::string_view title;
+    std::string_view question;
+    std::string_view cancel;
+    std::function<const PasswordSheetState&()> state;
+    std::function<void(const std::string& typed)> typed;
+    std::function<void()> ok;
+    std::function<void()> cancelled;
+  };
+
+  PasswordDialog(Parts parts, QWidget* window);
+
+  void ShowState() override;
+  void Cancel() override { parts_.cancelled(); }
+
+ private:
+  Parts parts_;
+  QLabel* title_;
+  QLineEdit* field_;
+  QPushButton* ok_;
+};
+
+}  // namespace tallyfold::desktop

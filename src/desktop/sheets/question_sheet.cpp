@@ -1,0 +1,41 @@
+#include "desktop/sheets/question_sheet.h"
+
+#include <QLabel>
+#include <QPushButton>
+#include <QVBoxLayout>
+
+#include "desktop/look/measures.h"
+#include "desktop/texts.h"
+
+namespace tallyfold::desktop {
+namespace {
+
+constexpr int kWidth = 420;
+
+}  // namespace
+
+QuestionSheet::QuestionSheet(Question question, QWidget* window)
+    : SheetDialog(window, Text(question.title)),
+      question_(std::move(question)),
+      text_(new QLabel(this)) {
+  text_->setObjectName(QLatin1String("question_Label"));
+  text_->setTextFormat(Qt::PlainText);
+  text_->setWordWrap(true);
+  text_->setMinimumWidth(kWidth - 2 * kSheetMargin);
+  Body().addWidget(text_);
+  for (const Answer& answer : question_.answers) {
+    connect(AddButton(answer.name, Text(answer.title), answer.is_default), &QPushButton::clicked,
+            this, [run = answer.run] { run(); });
+  }
+}
+
+void QuestionSheet::ShowState() {
+  text_->setText(ToQString(question_.text()));
+  ShowProblem(ToQString(question_.problem()));
+}
+
+void QuestionSheet::Cancel() {
+  question_.answers.front().run();
+}
+
+}  // namespace tallyfold::desktop

@@ -1,0 +1,94 @@
+#include "desktop/sheets/sheet.h"
+
+#include <QCloseEvent>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QPushButton>
+#include <QScreen>
+#include <QVBoxLayout>
+#include <algorithm>
+
+#include "desktop/look/colors.h"
+#include "desktop/look/measures.h"
+#include "desktop/look/rule_line.h"
+#include "desktop/texts.h"
+
+namespace tallyfold::desktop {
+namespace {
+
+constexpr int kTopMargin = 18;
+constexpr int kBottomMargin = 16;
+// Above the buttons.
+constexpr int kRuleGap = 14;
+// What a sheet leaves of its screen.
+constexpr int kScreenMargin = 80;
+
+}  // namespace
+
+SheetDialog::SheetDialog(QWidget* window, const QString& title)
+    : QDialog(window, Qt::Sheet | Qt::CustomizeWindowHint | Qt::WindowTitleHint |
+                          Qt::WindowCloseButtonHint),
+      body_(new QVBoxLayout),
+      problem_(new QLabel(this)),
+      buttons_(new QWidget(this)) {
+  setWindowModality(Qt::WindowModal);
+  setWindowTitle(QString(title).replace(QLatin1String("[*]"), QLatin1String("[*][*]")));
+  problem_->setObjectName(QLatin1String("sheet_Problem"));
+  problem_->setTextFormat(Qt::PlainText);
+  problem_->setWordWrap(true);
+  problem_->setFont(MediumFont(SmallFont(font())));
+  QPalette problem = problem_->palette();
+  problem.setColor(QPalette::WindowText, ColorsOf(problem)[Role::Problem]);
+  problem_->setPalette(problem);
+  problem_->hide();
+
+  auto* row = new QHBoxLayout(buttons_);
+  row->setContentsMargins(0, 0, 0, 0);
+  row->setSpacing(kGap);
+  row->addStretch(1);
+  auto* whole = new QVBoxLayout(this);
+  whole->setContentsMargins(kSheetMargin, kTopMargin, kSheetMargin, kBottomMargin);
+  whole->setSpacing(kRuleGap);
+  whole->addLayout(body_);
+  whole->addWidget(problem_);
+  whole->addWidget(new RuleLine(this));
+  whole->addWidget(buttons_);
+}
+
+QPushButton* SheetDialog::AddButton(const char* name, const QString& title, bool is_default) {
+  auto* button = new QPushButton(WithoutMnemonics(title), buttons_);
+  button->setObjectName(QLatin1String(name));
+  button->setAutoDefault(is_default);
+  button->setDefault(is_default);
+  buttons_->layout()->addWidget(button);
+  return button;
+}
+
+void SheetDialog::ShowProblem(const QString& problem) {
+  problem_->setText(problem);
+  problem_->setVisible(!problem.isEmpty());
+}
+
+void SheetDialog::Open() {
+  ShowState();
+  ensurePolished();
+  const QWidget* window = parentWidget()->window();
+  const QRect screen = window->screen()->availableGeometry();
+  const QSize wanted = sizeHint();
+  const QSize size(wanted.width(), std::min(wanted.height(), screen.height() - kScreenMargin));
+  resize(size);
+  const QPoint middle = window->geometry().center();
+  move(std::clamp(middle.x() - size.width() / 2, screen.left(),
+                  std::max(screen.left(), screen.right() - size.width())),
+       std::clamp(window->geometry().top(), screen.top(),
+                  std::max(screen.top(), screen.bottom() - size.height())));
+  open();
+}
+
+void SheetDialog::closeEvent(QCloseEvent* event) {
+  // The application closes it, if that is what its Cancel comes to.
+  event->ignore();
+  Cancel();
+}
+
+}  // namespace tallyfold::desktop

@@ -1,0 +1,46 @@
+#pragma once
+
+#include <QDialog>
+
+class QDialogButtonBox;
+class QLabel;
+class QPushButton;
+class QVBoxLayout;
+
+namespace tallyfold::desktop {
+
+// What all sheets of the window share: their place, the row of buttons, the line that says what is
+// wrong, and that neither a key nor the frame closes them behind the application's back.
+class SheetDialog : public QDialog {
+ public:
+  // Over `window`.
+  SheetDialog(QWidget* window, const QString& title);
+
+  // State to widgets, touching only what differs.
+  virtual void ShowState() = 0;
+  // As FrontEnd::EndEditing().
+  [[nodiscard]] virtual bool EndEditing() { return true; }
+  // What Escape and the frame's close button do: the sheet's own Cancel.
+  virtual void Cancel() = 0;
+
+  // At the top of its window, as wide and tall as it needs.
+  void Open();
+
+ protected:
+  // Above the problem and the buttons.
+  [[nodiscard]] QVBoxLayout& Body() noexcept { return *body_; }
+  // The last one made is the one nearest to the trailing end.
+  QPushButton* AddButton(const char* name, const QString& title, bool is_default = false);
+  // "" for none.
+  void ShowProblem(const QString& problem);
+
+ private:
+  void reject() override { Cancel(); }
+  void closeEvent(QCloseEvent* event) override;
+
+  QVBoxLayout* body_;
+  QLabel* problem_;
+  QWidget* buttons_;
+};
+
+}  // namespace tallyfold::desktop

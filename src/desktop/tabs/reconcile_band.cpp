@@ -1,0 +1,237 @@
+#include "desktop/tabs/reconcile_band.h"
+
+#include <QGridLayout>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QPushButton>
+#include <QVBoxLayout>
+#include <string>
+
+#include "app/desk.h"
+#include "app/face/message.h"
+#include "app/views/reconcile_tab.h"
+#include "desktop/fields/amount_field.h"
+#include "desktop/look/colors.h"
+#include "desktop/look/icons.h"
+#include "desktop/look/measures.h"
+#include "desktop/texts.h"
+#include "model/amounts.h"
+#include "registers/register_look.h"
+
+namespace tallyfold::desktop {
+namespace {
+
+constexpr int kFieldWidth = 150;
+constexpr int kSideMargin = 12;
+constexpr int kTickSize = 24;
+constexpr int kHintSize = 20;
+
+QLabel* PlainLabel(QWidget* parent, const char* name) {
+  auto* label = new QLabel(parent);
+  label->setObjectName(QLatin1String(name));
+  label->setTextFormat(Qt::PlainText);
+  return label;
+}
+
+QLabel* Note(QWidget* parent, const char* name) {
+  auto* label = PlainLabel(parent, name);
+  label->setFont(SmallFont(parent->font()));
+  label->setForegroundRole(QPalette::PlaceholderText);
+  return label;
+}
+
+QLabel* Caption(QWidget* parent, std::string_view key) {
+  auto* label = Note(parent, "");
+  label->setFont(MediumFont(label->font()));
+  label->setText(Text(key));
+  return label;
+}
+
+QLabel* Sign(QWidget* parent, const QString& sign) {
+  auto* label = PlainLabel(parent, "");
+  label->setText(sign);
+  label->setForegroundRole(QPalette::PlaceholderText);
+  label->setFont(LargerFont(parent->font(), kSheetHeadingPoints));
+  return label;
+}
+
+void Ground(QWidget& widget, const QColor& color) {
+  QPalette palette = widget.palette();
+  palette.setColor(QPalette::Window, color);
+  widget.setPalette(palette);
+  widget.setAutoFillBackground(true);
+}
+
+}  // namespace
+
+ReconcileBand::ReconcileBand(const Parts& parts, QWidget* parent)
+    : QWidget(parent),
+      parts_(parts),
+      field_(new AmountField(this)),
+      resolved_(PlainLabel(this, "resolvedBalance_Field")),
+      resolved_note_(Note(this, "resolved_Note")),
+      tick_(new QLabel(this)),
+      difference_(PlainLabel(this, "difference_Field")),
+      difference_note_(Note(this, "difference_Note")),
+      explanation_(new QWidget(this)),
+      explanation_image_(new QLabel(explanation_)),
+      sentence_(PlainLabel(explanation_, "explanation_Label")),
+      named_(PlainLabel(explanation_, "explanationEntry_Label")),
+      select_(new QPushButton(explanation_)) {
+  field_->setObjectName(QLatin1String("statementBalance_Field"));
+  field_->setFixedWidth(kFieldWidth);
+  field_->setAlignment(Qt::AlignRight);
+  field_->setFont(DemiBoldFont(LargerFont(font(), kSheetHeadingPoints)));
+  field_->setAccessibleName(Text("Statement balance"));
+  const QFont figures = DemiBoldFont(LargerFont(font(), kHeadlinePoints));
+  resolved_->setFont(figures);
+  difference_->setFont(figures);
+
+  auto* band = new QWidget(this);
+  auto* grid = new QGridLayout(band);
+  grid->setContentsMargins(kSideMargin, kWideGap + 2, kSideMargin, kWideGap + 2);
+  grid->setHorizontalSpacing(kColumnGap);
+  grid->setVerticalSpacing(kTightGap);
+  auto* caption = Caption(this, "Statement balance");
+  caption->setBuddy(field_);
+  grid->addWidget(caption, 0, 0);
+  grid->addWidget(field_, 1, 0);
+  auto* bank = Note(this, "");
+  bank->setText(Text("As printed by the bank"));
+  grid->addWidget(bank, 2, 0);
+  grid->addWidget(Sign(this, QStringLiteral("\u2212")), 1, 1);
+  grid->addWidget(Caption(this, "Resolved"), 0, 2);
+  grid->addWidget(resolved_, 1, 2);
+  grid->addWidget(resolved_note_, 2, 2);
+  grid->addWidget(Sign(this, QLatin1String("=")), 1, 3);
+  grid->addWidget(Caption(this, "Difference"), 0, 4);
+  auto* difference = new QHBoxLayout;
+  difference->setSpacing(kGap);
+  difference->addWidget(tick_);
+  difference->addWidget(difference_, 1);
+  grid->addLayout(difference, 1, 4);
+  grid->addWidget(difference_note_, 2, 4);
+  grid->setColumnStretch(5, 1);
+  grid->setRowMinimumHeight(1, ControlHeight(fontMetrics()) + 2);
+
+  explanation_->setFixedHeight(kBarHeight);
+  auto* row = new QHBoxLayout(explanation_);
+  row->setContentsMargins(kSideMargin, 0, kSideMargin, 0);
+  row->setSpacing(kGap);
+  row->addWidget(explanation_image_);
+  sentence_->setFont(DemiBoldFont(font()));
+  row->addWidget(sentence_);
+  named_->setForegroundRole(QPalette::PlaceholderText);
+  named_->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
+  row->addWidget(named_, 1);
+  select_->setObjectName(QLatin1String("explanation_Select_Button"));
+  row->addWidget(select_);
+
+  auto* column = new QVBoxLayout(this);
+  column->setContentsMargins(0, 0, 0, 0);
+  column->setSpacing(0);
+  column->addWidget(band);
+  column->addWidget(explanation_);
+  Ground(*band, ColorsOf(palette())[Role::Base]);
+
+  field_->SetFormat([](double value) { return ToQString(FloatToCommasAmountString(value)); });
+  connect(field_, &QLineEdit::editingFinished, this, [this] { EndEditing(); });
+  connect(field_, &QLineEdit::textEdited, this, [this] { SetProblem(field_, false); });
+  connect(select_, &QPushButton::clicked, this, [this] { SelectEntries(); });
+}
+
+void ReconcileBand::EndEditing() {
+  if (!field_->isModified()) return;
+  const auto amount = field_->Amount();
+  const bool is_taken = amount && parts_.tab.StatementBalance_EndEditing(*amount);
+  SetProblem(field_, !is_taken);
+  field_->setToolTip(is_taken ? QString() : Text("This is not an amount."));
+  if (!is_taken) return;
+  field_->setModified(false);
+  Show();
+}
+
+void ReconcileBand::Show() {
+  const ReconcileTabState& state = parts_.tab.State();
+  const LDGRPreferences& preferences = parts_.desk.preferences();
+  const Reconciliation& figures = state.figures;
+  field_->setEnabled(state.is_enabled);
+  // What is being typed stays.
+  if (!field_->isModified()) {
+    const QString text = state.is_enabled
+                             ? ToQString(FloatToCommasAmountString(figures.statement_balance))
+                             : QString();
+    if (field_->text() != text) field_->setText(text);
+    field_->setModified(false);
+    SetProblem(field_, false);
+  }
+  const auto amount = [&preferences](double value) {
+    return RegisterAmountText(value, preferences);
+  };
+  const bool is_balanced = state.is_enabled && figures.IsBalanced();
+  resolved_->setText(state.is_enabled ? ToQString(amount(figures.resolved_balance)) : QString());
+  const auto count = [](std::size_t number) { return std::to_string(number); };
+  resolved_note_->setText(
+      state.is_enabled
+          ? ToQString(
+                Message(Plural("{1} debit {2}", "{1} debits {2}", figures.resolved_debit_count),
+                        {count(figures.resolved_debit_count), amount(figures.resolved_debits)}) +
+                ", " +
+                Message(
+                    Plural("{1} deposit {2}", "{1} deposits {2}", figures.resolved_deposit_count),
+                    {count(figures.resolved_deposit_count), amount(figures.resolved_deposits)}))
+          : QString());
+  difference_->setText(ToQString(state.difference));
+  difference_note_->setText(
+      state.is_enabled ? ToQString(Message("{1} unresolved {2}", {count(figures.unresolved_count),
+                                                                  amount(figures.unresolved_sum)}))
+                       : QString());
+  const Colors& colors = ColorsOf(palette());
+  const QColor ink = colors[is_balanced ? Role::Good : Role::Problem];
+  QPalette inked = difference_->palette();
+  inked.setColor(QPalette::WindowText, ink);
+  difference_->setPalette(inked);
+  tick_->setVisible(is_balanced);
+  if (is_balanced) {
+    tick_->setPixmap(PixmapNamed(QLatin1String("tick"), kTickSize, devicePixelRatioF(), ink));
+  }
+  ShowExplanation();
+}
+
+void ReconcileBand::ShowExplanation() {
+  const ReconcileTabState& state = parts_.tab.State();
+  explanation_->setVisible(state.explanation.has_value());
+  if (!state.explanation) return;
+  const Colors& colors = ColorsOf(palette());
+  Ground(*explanation_, colors[Role::HintFill]);
+  explanation_image_->setPixmap(
+      PixmapNamed(QLatin1String("hint"), kHintSize, devicePixelRatioF(), colors[Role::Accent]));
+  sentence_->setText(ToQString(state.explanation_text));
+  const EntryList& entries = state.explanation->entries;
+  select_->setVisible(!entries.empty());
+  select_->setText(Text(entries.size() > 1 ? "Select Them" : "Select It"));
+  named_->setText(QString());
+  if (entries.size() != 1) return;
+  const LDGRAccountEntry& entry = *entries.front();
+  const LDGRPreferences& preferences = parts_.desk.preferences();
+  const std::string format = RegisterDateFormat(preferences);
+  QStringList words{ToQString(DayCell(entry.GetDate(), {format, preferences}).text)};
+  for (const std::string& text : {entry.GetDescription(), entry.GetToFrom()}) {
+    if (!text.empty()) words.append(ToQString(text).simplified());
+  }
+  words.append(ToQString(RegisterAmountText(entry.GetAmount(), preferences)));
+  named_->setText(words.join(QLatin1String("  ")));
+}
+
+void ReconcileBand::SelectEntries() {
+  const auto& explanation = parts_.tab.State().explanation;
+  if (!explanation || explanation->entries.empty()) return;
+  parts_.desk.SelectEntry(explanation->entries.front());
+  emit EntriesSelected();
+}
+
+void ReconcileBand::FocusField() {
+  field_->setFocus(Qt::OtherFocusReason);
+}
+
+}  // namespace tallyfold::desktop

@@ -1,0 +1,168 @@
+#include "desktop/tabs/register_page.h"
+
+#include <QPushButton>
+#include <QVBoxLayout>
+#include <string>
+
+#include "app/desk.h"
+#include "app/entries/entry_editing.h"
+#include "app/face/message.h"
+#include "app/views/registers.h"
+#include "desktop/register/register_view.h"
+#include "desktop/tabs/details_line.h"
+#include "desktop/tabs/empty_page.h"
+#include "desktop/texts.h"
+#include "filters/filter_types.h"
+#include "registers/account_table_view_data.h"
+
+namespace tallyfold::desktop {
+
+RegisterPage::RegisterPage(RegisterKind kind, const Parts& parts, QWidget* parent)
+    : QWidget(parent),
+      kind_(kind),
+      parts_(parts),
+      glyphs_(parts.registers.Of(kind)),
+      table_(new RegisterView(*parts.registers.Of(kind).GetTableView(), this)),
+      details_(new DetailsLine(parts.desk, this)),
+      first_(new EmptyPage(*table_, "entries")),
+      hidden_(new EmptyPage(*table_, "filter")),
+      none_(new EmptyPage(*table_, "accounts")),
+      locked_(new EmptyPage(*table_, "lock")),
+      show_all_(hidden_->AddButton("showAll_Button", "Show All")),
+      unlock_(locked_->AddButton("unlock_Button", "Unlock...")) {
+  const bool is_entry = kind == RegisterKind::Entry;
+  table_->setObjectName(QLatin1String(is_entry ? "entry_Table" : "reconcile_Table"));
+  table_->setAccessibleName(Text(is_entry ? "Entries" : "Entries to Reconcile"));
+  first_->setObjectName(QLatin1String("empty_Page"));
+  auto* column = new QVBoxLayout(this);
+  column->setContentsMargins(0, 0, 0, 0);
+  column->setSpacing(0);
+  column->addWidget(table_, 1);
+  column->addWidget(details_);
+
+  table_->SetDetails(&glyphs_);
+  table_->SetMarksAreBoxes(!is_entry);
+  ConnectTable();
+  FillEmptyPages();
+}
+
+void RegisterPage::FillEmptyPages() {
+  first_->Tell(Text("This register is empty."),
+               Text("Enter what you spend and receive, bring in a file from your bank, or look "
+                    "around in an example."));
+  connect(first_->AddButton("empty_Debit_Button", "Enter a Debit", "debit"), &QPushButton::clicked,
+          this, &RegisterPage::EntryWanted);
+  connect(first_->AddButton("empty_Import_Button", "Import a File...", "import"),
+          &QPushButton::clicked, this, &RegisterPage::ImportWanted);
+  connect(first_->AddButton("empty_Example_Button", "Open the Example", "accounts"),
+          &QPushButton::clicked, this, &RegisterPage::ExampleWanted);
+  first_->SetNote(
+      Text("The example is a copy in a folder of its own. Nothing of yours is touched."));
+  none_->Tell(Text("There is no account yet."),
+              Text("An account holds the entries of one bank account, card or purse."));
+  connect(none_->AddButton("empty_Account_Button", "New Account...", "add"), &QPushButton::clicked,
+          this, &RegisterPage::AccountWanted);
+  connect(unlock_, &QPushButton::clicked, this, &RegisterPage::UnlockWanted);
+  connect(show_all_, &QPushButton::clicked, this, [this] {
+    FocusTable();
+    parts_.search.Filter_Select(filter_type::kGeneral);
+    FocusTable();
+  });
+}
+
+void RegisterPage::ConnectTable() {
+  const auto rows = [this]() -> LDGRAccountTableViewData& { return parts_.registers.Of(kind_); };
+  connect(table_, &RegisterView::RowSelected, this, [rows](int row) { rows().SelectRow(row); });
+  connect(table_, &RegisterView::RowActivated, this, &RegisterPage::EditWanted);
+  connect(table_, &RegisterView::MarkWanted, this, &RegisterPage::TurnMark);
+  connect(table_, &RegisterView::MarkKeyPressed, this, [this](int row) {
+    if (kind_ == RegisterKind::Reconcile) {
+      emit MarkAndMoveOnWanted();
+    } else {
+      TurnMark(row);
+    }
+  });
+  connect(table_, &RegisterView::RemoveWanted, this, &RegisterPage::RemoveWanted);
+  connect(table_, &RegisterView::RowMenuWanted, this, &RegisterPage::RowMenuWanted);
+  connect(table_, &RegisterView::SelectionChanged, this, &RegisterPage::SelectionChanged);
+  connect(table_, &RegisterView::Escaped, this, &RegisterPage::Left);
+  connect(table_, &RegisterView::HeaderClicked, this,
+          [rows](const QString& column) { rows().ClickedTableColumn(ToUtf8(column)); });
+  connect(table_, &RegisterView::ColumnHideWanted, this,
+          [rows](const QString& column) { rows().HideTableColumnWithIdentifier(ToUtf8(column)); });
+  connect(table_, &RegisterView::ColumnShowWanted, this,
+          [rows](const QString& column) { rows().ShowTableColumnWithIdentifier(ToUtf8(column)); });
+}
+
+void RegisterPage::TurnMark(int row) {
+  if (const auto entry = parts_.registers.Of(kind_).RowToEntry(row)) {
+    parts_.editing.TurnClearedOver(entry);
+  }
+}
+
+void RegisterPage::ShowLook() {
+  table_->SetLook(TableLookOf(parts_.desk.preferences(), font()));
+}
+
+void RegisterPage::AddAbove(QWidget* widget) {
+  auto* column = qobject_cast<QVBoxLayout*>(layout());
+  column->insertWidget(column->indexOf(table_), widget);
+}
+
+void RegisterPage::FocusTable() {
+  table_->setFocus(Qt::OtherFocusReason);
+}
+
+void RegisterPage::Show() {
+  const auto account = parts_.desk.SelectedAccount();
+  const std::size_t shown = parts_.registers.Of(kind_).numberOfRowsInTableView();
+  const std::size_t all = account != nullptr ? account->GetEntries().size() : 0;
+  const bool is_open = parts_.desk.IsUnlocked();
+  const bool has_accounts = !parts_.desk.accounts().empty();
+  first_->setVisible(account != nullptr && all == 0);
+  none_->setVisible(is_open && !has_accounts);
+  locked_->setVisible(account == nullptr && (!is_open || has_accounts));
+  // Over a locked application its password is being asked for.
+  unlock_->setVisible(is_open);
+  hidden_->setVisible(shown == 0 && all > 0);
+  if (shown == 0 && all > 0) ShowNothingFound(all);
+  ShowDetails();
+}
+
+void RegisterPage::ShowNothingFound(std::size_t hidden) {
+  const RegisterSearchState& search = parts_.search.State();
+  const SearchFieldState& field =
+      kind_ == RegisterKind::Reconcile ? search.reconcile : search.entry;
+  const std::string count = std::to_string(hidden);
+  const FilterType* type = FilterTypeWithNumber(search.menu_type);
+  const std::string name = type != nullptr ? ToUtf8(Text(type->name)) : std::string();
+  const std::string sentence =
+      field.is_enabled
+          ? Message(Plural("No entry matches \u201c{1}\u201d; {2} entry is hidden.",
+                           "No entry matches \u201c{1}\u201d; {2} entries are hidden.", hidden),
+                    {field.text, count})
+          : Message(Plural("The filter \u201c{1}\u201d hides {2} entry.",
+                           "The filter \u201c{1}\u201d hides all {2} entries.", hidden),
+                    {name, count});
+  hidden_->Tell(QString(), ToQString(sentence));
+}
+
+std::size_t RegisterPage::SelectedCount() const {
+  return table_->SelectedRows().Count();
+}
+
+double RegisterPage::SelectedSum() const {
+  double sum = 0.0;
+  for (const auto& [first, last] : table_->SelectedRows().Ranges()) {
+    for (int row = first; row <= last; ++row) {
+      if (const auto entry = parts_.registers.Of(kind_).RowToEntry(row)) sum += entry->GetAmount();
+    }
+  }
+  return sum;
+}
+
+void RegisterPage::ShowDetails() {
+  details_->Show();
+}
+
+}  // namespace tallyfold::desktop

@@ -1,0 +1,84 @@
+#pragma once
+
+#include <QWidget>
+
+#include "desktop/register/entry_details.h"
+#include "filters/register_search.h"
+
+class QPushButton;
+
+namespace tallyfold {
+class Desk;
+class EntryEditing;
+class Registers;
+}  // namespace tallyfold
+
+namespace tallyfold::desktop {
+
+class DetailsLine;
+class EmptyPage;
+class RegisterView;
+
+// A register with its details line, and what stands in its place while it has no rows.
+class RegisterPage final : public QWidget {
+  Q_OBJECT
+
+ public:
+  // All must outlive this.
+  struct Parts {
+    Registers& registers;
+    RegisterSearch& search;
+    EntryEditing& editing;
+    const Desk& desk;
+  };
+  RegisterPage(RegisterKind kind, const Parts& parts, QWidget* parent);
+
+  // Another line above the table.
+  void AddAbove(QWidget* widget);
+  void Show();
+  void ShowDetails();
+  [[nodiscard]] std::size_t SelectedCount() const;
+  [[nodiscard]] double SelectedSum() const;
+  // Draws everything as the preferences want it now.
+  void ShowLook();
+  void FocusTable();
+  [[nodiscard]] RegisterView* Table() const noexcept { return table_; }
+
+ signals:
+  // What the buttons of an empty register order.
+  void EntryWanted();
+  void ImportWanted();
+  void ExampleWanted();
+  // And those of a window without an account.
+  void AccountWanted();
+  void UnlockWanted();
+  // What keys, clicks and the menu of the selected row order.
+  void EditWanted();
+  void RemoveWanted();
+  void MarkAndMoveOnWanted();
+  void RowMenuWanted(const QPoint& place);
+  // Other rows are selected than before.
+  void SelectionChanged();
+  // The user is done with the rows.
+  void Left();
+
+ private:
+  void FillEmptyPages();
+  void ConnectTable();
+  void ShowNothingFound(std::size_t hidden);
+  void TurnMark(int row);
+
+  const RegisterKind kind_;
+  Parts parts_;
+  EntryDetails glyphs_;
+  RegisterView* table_;
+  DetailsLine* details_;
+  EmptyPage* first_;
+  EmptyPage* hidden_;
+  EmptyPage* none_;
+  EmptyPage* locked_;
+  QPushButton* show_all_;
+  QPushButton* unlock_;
+};
+
+}  // namespace tallyfold::desktop

@@ -1,0 +1,39 @@
+#pragma once
+
+#include <QWidget>
+
+class QListWidget;
+class QSplitter;
+
+namespace tallyfold {
+class AccountSummaryTab;
+class Desk;
+}  // namespace tallyfold
+
+namespace tallyfold::desktop {
+
+class SummaryPage;
+
+// The summaries of the account, and the selected one computed.
+class SummaryTab final : public QWidget {
+ public:
+  // All must outlive this.
+  struct Parts {
+    AccountSummaryTab& summaries;
+    const Desk& desk;
+  };
+  SummaryTab(const Parts& parts, QWidget* parent);
+
+  void Show();
+  void FocusList();
+  [[nodiscard]] QSplitter* Splitter() const noexcept { return splitter_; }
+
+ private:
+  Parts parts_;
+  QSplitter* splitter_;
+  QListWidget* list_;
+  SummaryPage* page_;
+  bool is_showing_ = false;
+};
+
+}  // namespace tallyfold::desktop

@@ -1,0 +1,18 @@
+#pragma once
+
+#include <optional>
+#include <string_view>
+
+#include "model/date_number.h"
+
+namespace tallyfold {
+
+// Reads a day as a user types it in a hurry. Whatever ParseDay() takes; else, in the order of day,
+// month and year in `format`: "17", a day of the month of `near`; "2/17", a day of its year, with
+// any of / - . , or a space between; "0217", "021726" and "02172026" (or "20260217" where the year
+// comes first). Without `near` today is meant. None for anything else and for a day that does not
+// exist.
+[[nodiscard]] std::optional<DateNumber> ReadTypedDay(std::string_view text, std::string_view format,
+                                                     std::optional<DateNumber> near = {});
+
+}  // namespace tallyfold

@@ -1,0 +1,116 @@
+// Pictures of the window in its states, to be looked at: tallyfold_desktop_shots FOLDER [dark].
+// Another scale by QT_SCALE_FACTOR.
+
+#include <QApplication>
+#include <QDir>
+#include <QFontDatabase>
+#include <QLineEdit>
+#include <QPixmap>
+#include <cstdio>
+#include <functional>
+#include <memory>
+
+#include "app/controller.h"
+#include "app/desk.h"
+#include "app/face/sheet_slot.h"
+#include "app/shell/tabs.h"
+#include "app/views/account_summary_tab.h"
+#include "app/views/reconcile_tab.h"
+#include "app/views/registers.h"
+#include "desktop/look/palette_watch.h"
+#include "desktop/look/style.h"
+#include "desktop/test_window.h"
+#include "filters/register_search.h"
+#include "storage/preferences.h"
+
+namespace tallyfold::desktop {
+namespace {
+
+class Wished final : public ColorScheme {
+ public:
+  explicit Wished(Wish wish) : wish_(wish) {}
+  [[nodiscard]] Wish Current() const override { return wish_; }
+  void WhenChanged(std::function<void()>) override {}
+
+ private:
+  Wish wish_;
+};
+
+constexpr QSize kSize(1280, 832);
+
+// The window in a state, and the sheet over it where one is open.
+void Grab(const QString& folder, const QString& name, const std::string& accounts,
+          const std::function<void(TestWindow&)>& prepare) {
+  TestWindow test(accounts);
+  static_cast<void>(test.Launch());
+  test.program->window().resize(kSize);
+  auto& preferences = test.program->app().desk().preferences();
+  preferences.SetAccountsDrawerPreferredEdge(0);
+  preferences.SetEntryFontSize(10);
+  test.program->window().ShowDrawer();
+  test.program->window().ShowLook();
+  prepare(test);
+  TestWindow::Settle();
+  QPixmap picture = test.program->window().grab();
+  if (QWidget* sheet = QApplication::activeWindow(); sheet != &test.program->window() && sheet) {
+    sheet->grab().save(QDir(folder).filePath(name + QLatin1String("-sheet.png")));
+  }
+  if (!picture.save(QDir(folder).filePath(name + QLatin1String(".png")))) {
+    std::fprintf(stderr, "%s.png could not be written\n", name.toUtf8().constData());
+  }
+}
+
+void GrabAll(const QString& folder) {
+  const std::string example = ExampleAccounts();
+  const auto show = [&folder, &example](const char* name, std::function<void(TestWindow&)> state) {
+    Grab(folder, QLatin1String(name), example, state);
+  };
+  show("entries", [](TestWindow& test) { test.ClickRow("entry_Table", 19); });
+  show("reconcile", [](TestWindow& test) {
+    test.program->app().tabs().Select(Tab::Reconcile);
+    test.program->app().reconcileTab().StatementBalance_EndEditing(2791.93);
+  });
+  show("schedule", [](TestWindow& test) { test.program->app().tabs().Select(Tab::Schedule); });
+  show("summary", [](TestWindow& test) {
+    test.program->app().tabs().Select(Tab::Summary);
+    test.program->app().summaries().Select(3);
+  });
+  show("nothing-matches", [](TestWindow& test) {
+    test.Type("Nothing like this");
+    test.Wait(std::chrono::seconds(1));
+  });
+  show("removal", [](TestWindow& test) {
+    test.ClickRow("entry_Table", 3);
+    test.Key(Qt::Key_Delete);
+  });
+  show("smallest", [](TestWindow& test) {
+    test.program->window().resize(test.program->window().minimumSize());
+  });
+  Grab(folder, QLatin1String("empty"), "",
+       [](TestWindow& test) { test.program->app().sheets().CancelOpen(); });
+}
+
+}  // namespace
+}  // namespace tallyfold::desktop
+
+int main(int argc, char** argv) {
+  using namespace tallyfold::desktop;
+  if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
+  QApplication application(argc, argv);
+  const QStringList arguments = QApplication::arguments();
+  if (arguments.size() < 2) {
+    std::fputs("tallyfold_desktop_shots FOLDER [dark]\n", stderr);
+    return 1;
+  }
+  QApplication::setQuitOnLastWindowClosed(false);
+  if (QFontDatabase::hasFamily(QLatin1String("Inter"))) {
+    QApplication::setFont(QFont(QLatin1String("Inter"), 10));
+  }
+  const bool is_dark = arguments.contains(QLatin1String("dark"));
+  const PaletteWatch palette(
+      std::make_unique<Wished>(is_dark ? ColorScheme::Wish::Dark : ColorScheme::Wish::Light));
+  InstallStyle(application);
+  QDir().mkpath(arguments[1]);
+  GrabAll(arguments[1]);
+  return 0;
+}

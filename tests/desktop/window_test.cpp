@@ -1,0 +1,288 @@
+#include <gtest/gtest.h>
+
+#include <QAbstractButton>
+#include <QCheckBox>
+#include <QLineEdit>
+#include <QTabBar>
+#include <QTableView>
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+
+#include "app/desk.h"
+#include "app/shell/tabs.h"
+#include "desktop/example.h"
+#include "desktop/test_window.h"
+#include "model/account.h"
+
+namespace tallyfold::desktop {
+
+void PrintTo(const QString& text, std::ostream* out) {
+  *out << '"' << text.toStdString() << '"';
+}
+
+namespace {
+
+using std::chrono::milliseconds;
+using std::chrono::seconds;
+
+QString operator""_q(const char* text, std::size_t) {
+  return QString::fromUtf8(text);
+}
+
+int CurrentRow(const char* table) {
+  return TestWindow::Find<QTableView>(table)->currentIndex().row();
+}
+
+bool IsVisible(const char* name) {
+  try {
+    return TestWindow::FindWidget(name)->isVisible();
+  } catch (const std::logic_error&) {
+    return false;
+  }
+}
+
+class Window : public testing::Test {
+ protected:
+  Window() : test(ExampleAccounts()) { EXPECT_TRUE(test.Launch()); }
+
+  [[nodiscard]] LDGRController& app() { return test.program->app(); }
+
+  TestWindow test;
+};
+
+TEST_F(Window, OpensOnTheEntriesOfTheFirstAccountWithTheFocusInTheSearch) {
+  EXPECT_EQ(test.program->window().windowTitle(), "Tallyfold:  Joint checking"_q);
+  EXPECT_EQ(test.Find<QTabBar>("main_TabView")->currentIndex(), 0);
+  EXPECT_EQ(test.FocusName(), "search_Field"_q);
+  ASSERT_EQ(test.Rows("entry_Table"), 23);
+  EXPECT_EQ(test.Row("entry_Table", 0),
+            "01/02/26|1001|Check|January rent|Ms Okafor|\u2713|-$890.00|$360.00"_q);
+  EXPECT_EQ(test.Row("accountsDrawer_Accounts_Table", 1), "Joint checking|$2,725.58"_q);
+  EXPECT_EQ(test.TextOf("accountsDrawer_Total_Field"), "$8,193.26"_q);
+  EXPECT_EQ(test.TextOf("accountBalance_Field"), "$2,725.58"_q);
+  EXPECT_EQ(test.TextOf("rows_Label"), "23 entries, sum $1,475.58"_q);
+  EXPECT_FALSE(IsVisible("notice_Label"));
+}
+
+TEST_F(Window, SearchesHalfASecondAfterTheLastKeyAndGoesOnInTheRows) {
+  test.Type("Week");
+  EXPECT_EQ(test.Rows("entry_Table"), 23);
+  test.Wait(milliseconds(500));
+  EXPECT_EQ(test.Rows("entry_Table"), 6);
+  EXPECT_EQ(test.TextOf("rows_Label"), "6 of 23 entries, sum -$400.97"_q);
+  test.Type("x");
+  test.Wait(milliseconds(500));
+  EXPECT_EQ(test.Rows("entry_Table"), 0);
+  test.Click("showAll_Button");
+  EXPECT_EQ(test.Rows("entry_Table"), 23);
+
+  test.Find<QLineEdit>("search_Field")->setFocus();
+  test.Type("Gift");
+  test.Key(Qt::Key_Escape);
+  EXPECT_EQ(test.FocusName(), "search_Field"_q);
+  test.Key(Qt::Key_Escape);
+  EXPECT_EQ(test.FocusName(), "entry_Table"_q);
+}
+
+TEST_F(Window, MarksAreTurnedOverAndUndoneFromWhereTheKeysGo) {
+  test.Key(Qt::Key_2, Qt::AltModifier);
+  ASSERT_EQ(test.Find<QTabBar>("main_TabView")->currentIndex(), 1);
+  auto* statement = test.Find<QLineEdit>("statementBalance_Field");
+  statement->setFocus();
+  statement->selectAll();
+  test.Type("2x");
+  test.Key(Qt::Key_Return);
+  EXPECT_EQ(test.TextOf("difference_Field"), "-$2,858.13"_q);
+  statement->selectAll();
+  test.Type("2791.93");
+  test.Key(Qt::Key_Return);
+  EXPECT_EQ(test.TextOf("difference_Field"), "-$66.20"_q);
+  test.Click("explanation_Select_Button");
+  EXPECT_EQ(test.FocusName(), "reconcile_Table"_q);
+  EXPECT_EQ(CurrentRow("reconcile_Table"), 22);
+  test.Key(Qt::Key_Space);
+  EXPECT_EQ(test.TextOf("difference_Field"), "Balanced"_q);
+
+  // The search field has nothing of its own to undo.
+  test.Find<QLineEdit>("search_Field")->setFocus();
+  test.Key(Qt::Key_Z, Qt::ControlModifier);
+  EXPECT_EQ(test.TextOf("difference_Field"), "-$66.20"_q);
+  test.Key(Qt::Key_Z, Qt::ControlModifier | Qt::ShiftModifier);
+  EXPECT_EQ(test.TextOf("difference_Field"), "Balanced"_q);
+
+  test.Click("showUnresolved_CheckBox");
+  EXPECT_EQ(test.Rows("reconcile_Table"), 3);
+  EXPECT_FALSE(test.Find<QLineEdit>("search_Field")->isEnabled());
+  test.Click("showUnresolved_CheckBox");
+  EXPECT_EQ(test.Rows("reconcile_Table"), 23);
+}
+
+TEST_F(Window, SortsByItsHeadersAndKeepsTheEntrySelected) {
+  test.ClickRow("entry_Table", 4);
+  const QString selected = test.Row("entry_Table", 4);
+  test.ClickHeader("entry_Table", 0);
+  ASSERT_GE(CurrentRow("entry_Table"), 0);
+  EXPECT_NE(CurrentRow("entry_Table"), 4);
+  EXPECT_EQ(test.Row("entry_Table", CurrentRow("entry_Table")), selected);
+
+  test.ClickHeader("accountsDrawer_Accounts_Table", 0);
+  EXPECT_EQ(test.Row("accountsDrawer_Accounts_Table", 0), "Savings|$5,375.68"_q);
+  test.ClickRow("accountsDrawer_Accounts_Table", 0);
+  EXPECT_EQ(test.program->window().windowTitle(), "Tallyfold:  Savings"_q);
+  test.Key(Qt::Key_1, Qt::ControlModifier);
+  EXPECT_EQ(test.program->window().windowTitle(), "Tallyfold:  Joint checking"_q);
+}
+
+TEST_F(Window, IsWalkedAndOrderedByKeysAlone) {
+  QStringList stops;
+  for (int i = 0; i < 5; ++i) {
+    test.Key(Qt::Key_F6);
+    stops.append(test.FocusName());
+  }
+  EXPECT_EQ(stops.join(QLatin1Char(' ')),
+            "entry_Table accountBalance_PopUp accountsDrawer_Accounts_Table main_TabView "
+            "search_Field"_q);
+  test.Key(Qt::Key_F6);
+  test.Key(Qt::Key_Home);
+  test.Key(Qt::Key_Down, Qt::ShiftModifier);
+  EXPECT_EQ(test.TextOf("rows_Label"), "2 of 23 selected, sum $1,560.00"_q);
+  // An arrow only moves: an account may ask for its password.
+  test.FindWidget("accountsDrawer_Accounts_Table")->setFocus();
+  test.Key(Qt::Key_Down);
+  EXPECT_EQ(test.program->window().windowTitle(), "Tallyfold:  Joint checking"_q);
+  test.Key(Qt::Key_Return);
+  EXPECT_EQ(test.program->window().windowTitle(), "Tallyfold:  Savings"_q);
+  test.Key(Qt::Key_PageDown, Qt::ControlModifier);
+  EXPECT_EQ(test.Find<QTabBar>("main_TabView")->currentIndex(), 1);
+}
+
+TEST_F(Window, AsksBeforeItRemovesAndNothingUnderTheQuestionCanBeUsed) {
+  const QString half = "01/05/26||Transfer To|Put aside|Savings|\u2713|-$300.00|$2,436.25"_q;
+  test.ClickRow("entry_Table", 3);
+  ASSERT_EQ(test.Row("entry_Table", 3), half);
+  test.Key(Qt::Key_Delete);
+  ASSERT_TRUE(IsVisible("entryRemoveConfirm_OK_Button"));
+  test.ClickRow("entry_Table", 0);
+  EXPECT_EQ(CurrentRow("entry_Table"), 3);
+  test.program->window().close();
+  EXPECT_TRUE(test.host.Requests().empty());
+  test.Key(Qt::Key_Escape);
+  EXPECT_FALSE(IsVisible("entryRemoveConfirm_OK_Button"));
+  EXPECT_EQ(test.Rows("entry_Table"), 23);
+
+  test.Key(Qt::Key_Delete);
+  test.Key(Qt::Key_Return);
+  test.Click("transferEntryRemoveConfirm_No_Button");
+  EXPECT_EQ(test.Rows("entry_Table"), 22);
+  test.Key(Qt::Key_Z, Qt::ControlModifier);
+  EXPECT_EQ(test.Row("entry_Table", 3), half);
+}
+
+TEST_F(Window, ShowsWhatIsScheduledAndTheSummaries) {
+  test.Key(Qt::Key_3, Qt::AltModifier);
+  ASSERT_EQ(test.Rows("schedule_Table"), 4);
+  test.ClickRow("schedule_Table", 1);
+  EXPECT_EQ(app().desk().SelectedSchedule()->GetDescription(), "Pay");
+  EXPECT_FALSE(IsVisible("search_Field"));
+  test.Key(Qt::Key_4, Qt::AltModifier);
+  EXPECT_EQ(test.Rows("summary_Table"), 12);
+  EXPECT_EQ(test.TextOf("summary_Title"), " Custom..."_q);
+  test.FindWidget("summary_Table")->setFocus();
+  test.Key(Qt::Key_Down);
+  EXPECT_EQ(test.TextOf("summary_Title"), "All Entries, Month To Date"_q);
+}
+
+TEST_F(Window, EveryWidgetThatTakesTheFocusHasAName) {
+  for (const Tab tab : {Tab::Entry, Tab::Reconcile, Tab::Schedule, Tab::Summary}) {
+    app().tabs().Select(tab);
+    for (const QWidget* widget : test.program->window().findChildren<QWidget*>()) {
+      if (!widget->isVisible() || widget->focusPolicy() == Qt::NoFocus) continue;
+      const auto* button = qobject_cast<const QAbstractButton*>(widget);
+      // The toolkit's own parts of a menu bar or scroll area.
+      const bool is_part = widget->objectName().startsWith(QLatin1String("qt_"));
+      const bool has_name = is_part || !widget->accessibleName().isEmpty() ||
+                            (button != nullptr && !button->text().isEmpty());
+      EXPECT_TRUE(has_name) << widget->metaObject()->className() << " in "
+                            << widget->parentWidget()->objectName().toStdString();
+    }
+  }
+}
+
+TEST_F(Window, WhatIsTypedIsSavedAtTheEndAndAskedAboutWhereThatFails) {
+  test.Key(Qt::Key_2, Qt::AltModifier);
+  auto* statement = test.Find<QLineEdit>("statementBalance_Field");
+  statement->setFocus();
+  statement->selectAll();
+  test.Type("77.5");
+  test.program->window().close();
+  EXPECT_EQ(test.host.Requests(), std::vector<std::string>{"terminate"});
+
+  test.files.FailAtStep(1, FakeFileSystem::Failing::ForEverAfter);
+  test.alerts.Answer("Try Again");
+  test.alerts.Answer("Quit");
+  EXPECT_EQ(test.program->Save(Ending::Asker::User), Ending::Outcome::Unsaved);
+  EXPECT_EQ(test.alerts.Requests().size(), 2u);
+  EXPECT_EQ(test.program->Save(Ending::Asker::Nobody), Ending::Outcome::Unsaved);
+  EXPECT_EQ(test.alerts.Requests().size(), 2u);
+  test.files.StopFailing();
+  EXPECT_EQ(test.program->Save(Ending::Asker::Nobody), Ending::Outcome::Saved);
+  EXPECT_NE(test.files.Read(TestWindow::kAccountsFile)->view().find("77.5"),
+            std::string_view::npos);
+}
+
+std::string ProtectedAccounts() {
+  std::string accounts = ExampleAccounts();
+  const std::string none = "<key>password</key>\n\t<string></string>";
+  const std::size_t place = accounts.rfind(none);
+  EXPECT_NE(place, std::string_view::npos);
+  accounts.replace(place, none.size(), "<key>password</key>\n\t<string>open</string>");
+  return accounts;
+}
+
+TEST(EmptyWindow, SaysWhatToDoNext) {
+  TestWindow test("");
+  EXPECT_TRUE(test.Launch());
+  test.Key(Qt::Key_Escape);
+  EXPECT_TRUE(IsVisible("empty_Account_Button"));
+  EXPECT_FALSE(IsVisible("unlock_Button"));
+}
+
+TEST(Example, IsAFreshCopyInAHomeFolderOfItsOwn) {
+  FakeProcessLauncher processes;
+  EXPECT_TRUE(OpenExample(processes, "/bin/tallyfold"));
+  const std::string launched = processes.Launched().at(0);
+  const std::string start = "/usr/bin/env HOME=";
+  ASSERT_EQ(launched.substr(0, start.size()), start);
+  const std::string home =
+      launched.substr(start.size(), launched.find(' ', start.size()) - start.size());
+  std::ifstream file(home + "/Library/Tallyfold/Accounts.plist");
+  EXPECT_EQ(std::string(std::istreambuf_iterator<char>(file), {}), ExampleAccounts());
+  EXPECT_TRUE(launched.ends_with("/bin/tallyfold --example"));
+  std::filesystem::remove_all(home);
+}
+
+TEST(LockedWindow, ShowsNothingUntilThePasswordIsRight) {
+  TestWindow test(ProtectedAccounts());
+  EXPECT_TRUE(test.Launch());
+  EXPECT_EQ(test.Rows("entry_Table"), 0);
+  EXPECT_EQ(test.Rows("accountsDrawer_Accounts_Table"), 0);
+  auto* ok = test.Find<QAbstractButton>("authenticationSheet_OK_Button");
+  test.Type("ope");
+  EXPECT_FALSE(ok->isEnabled());
+  test.Type("n");
+  EXPECT_TRUE(ok->isEnabled());
+  test.Key(Qt::Key_Return);
+  test.Wait(milliseconds(0));
+  EXPECT_FALSE(IsVisible("authenticationSheet_OK_Button"));
+  EXPECT_EQ(test.Rows("entry_Table"), 23);
+
+  test.Key(Qt::Key_L, Qt::ControlModifier);
+  EXPECT_EQ(test.Rows("entry_Table"), 0);
+  EXPECT_EQ(test.program->window().windowTitle(), "Tallyfold:  No Account Selected"_q);
+  test.Key(Qt::Key_Escape);
+  EXPECT_EQ(test.host.Requests(), std::vector<std::string>{"terminate"});
+}
+
+}  // namespace
+}  // namespace tallyfold::desktop
