@@ -269,7 +269,9 @@ void RegisterView::TellSelection() {
     const int end = std::min(last, model_->rowCount() - 1);
     if (first <= end) mirrored.append({model_->index(first, 0), model_->index(end, last_column)});
   };
-  if (ranges.size() <= kMostMirroredRanges) {
+  if (is_list_) {
+    // The toolkit would fill the row of what it knows as selected, over its box.
+  } else if (ranges.size() <= kMostMirroredRanges) {
     for (const RowSelection::Range& range : ranges) add(range.first, range.last);
   } else if (CurrentRow() >= 0) {
     add(CurrentRow(), CurrentRow());
