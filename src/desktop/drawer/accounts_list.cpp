@@ -45,6 +45,7 @@ AccountsList::AccountsList(const Parts& parts, QWidget* parent)
   column->addWidget(line);
 
   table_->SetSelectsOneRow(true);
+  table_->MakeList();
   table_->SetHasMonthRules(false);
   table_->installEventFilter(this);
   table_->viewport()->installEventFilter(this);

@@ -9,7 +9,6 @@
 #include <string>
 
 #include "desktop/look/icons.h"
-#include "desktop/look/measures.h"
 #include "desktop/look/painting.h"
 
 namespace tallyfold::desktop {
@@ -68,7 +67,7 @@ void CellDelegate::SetOuterColumns(int first, int last) noexcept {
 
 QRect CellDelegate::Padded(const QRect& rect, int column, Qt::LayoutDirection direction) const {
   const int leading = column == first_column_ ? kOuterCellPadding : kCellPadding;
-  const int trailing = column == last_column_ ? kLastCellPadding : kCellPadding;
+  const int trailing = column == last_column_ ? last_padding_ : kCellPadding;
   return QStyle::visualRect(direction, rect, rect.adjusted(leading, 0, -trailing, 0));
 }
 
@@ -91,15 +90,17 @@ void CellDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
   const QVariant value = index.data(kCellRole);
   if (!value.canConvert<CellLook>()) return;
   const auto& look = *static_cast<const CellLook*>(value.constData());
-  const RowState state = states_ != nullptr
-                             ? states_->StateOf(index.row())
-                             : RowState{option.state.testFlag(QStyle::State_Selected),
-                                        option.state.testFlag(QStyle::State_Active), false, false};
+  const RowState state =
+      states_ != nullptr
+          ? states_->StateOf(index.row())
+          : RowState{option.state.testFlag(QStyle::State_Selected),
+                     option.state.testFlag(QStyle::State_Active), false, false, false};
   PainterState saved(*painter);
   if (look.mark != CellLook::Mark::None) return DrawMark(*painter, option, look, state);
   const Colors& colors = ColorsOf(option.palette);
   const QRect rect = Padded(option.rect, index.column(), option.direction);
-  painter->setFont(FontFor(look, option.font));
+  const QFont font = FontFor(look, option.font);
+  painter->setFont(state.is_demi_bold ? DemiBoldFont(font) : font);
   if (look.word != CellLook::Word::None) {
     return DrawWord(*painter, rect, look, colors, option.direction);
   }

@@ -8,6 +8,7 @@
 
 #include "desktop/look/colors.h"
 #include "desktop/look/figures.h"
+#include "desktop/look/measures.h"
 #include "desktop/register/cell_look.h"
 
 namespace tallyfold::desktop {
@@ -19,6 +20,7 @@ struct RowState {
   bool is_hovered = false;
   // Whether a mark that is not set shows where it can be.
   bool shows_unset_mark = false;
+  bool is_demi_bold = false;
 
   [[nodiscard]] Role Ground() const noexcept {
     if (is_selected) return table_has_focus ? Role::Selection : Role::InactiveSelection;
@@ -43,6 +45,8 @@ class CellDelegate final : public QStyledItemDelegate {
 
   // The columns at the outer edges, which keep another distance from them; -1 for none.
   void SetOuterColumns(int first, int last) noexcept;
+  // What the last column keeps from the outer edge; room for a scroll bar by default.
+  void SetLastPadding(int padding) noexcept { last_padding_ = padding; }
   void SetUsesEllipses(bool uses_ellipses) noexcept { uses_ellipses_ = uses_ellipses; }
 
   void paint(QPainter* painter, const QStyleOptionViewItem& option,
@@ -70,6 +74,7 @@ class CellDelegate final : public QStyledItemDelegate {
   const RowStates* states_;
   int first_column_ = -1;
   int last_column_ = -1;
+  int last_padding_ = kLastCellPadding;
   bool uses_ellipses_ = true;
   mutable InkCache inks_;
   mutable std::unordered_map<std::string, std::unique_ptr<Figures>> figures_;

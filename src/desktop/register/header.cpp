@@ -55,8 +55,15 @@ void Header::SetOuterColumns(int first, int last) {
   viewport()->update();
 }
 
+void Header::MakeBar() {
+  is_bar_ = true;
+  setFixedHeight(Height());
+  update();
+}
+
 int Header::Height() const {
-  return HeaderHeight(QFontMetrics(plain_));
+  const int height = HeaderHeight(QFontMetrics(plain_));
+  return is_bar_ ? std::max(kBarHeight, height) : height;
 }
 
 QSize Header::sizeHint() const {
@@ -71,7 +78,7 @@ bool Header::IsSortColumn(int section) const {
 void Header::paintEvent(QPaintEvent* event) {
   {
     QPainter painter(viewport());
-    painter.fillRect(viewport()->rect(), ColorsOf(palette())[Role::Base]);
+    painter.fillRect(viewport()->rect(), ColorsOf(palette())[is_bar_ ? Role::Window : Role::Base]);
   }
   QHeaderView::paintEvent(event);
   QPainter painter(viewport());
@@ -84,15 +91,20 @@ void Header::paintSection(QPainter* painter, const QRect& rect, int section) con
   const TableColumn& column = model_.ColumnAt(section);
   const bool is_sorted = IsSortColumn(section);
   PainterState saved(*painter);
-  painter->fillRect(rect,
-                    section == hovered_ && isEnabled() ? colors[Role::Hover] : colors[Role::Base]);
-  if (section == hovered_ && isEnabled()) {
+  const bool is_hovered = section == hovered_ && isEnabled();
+  if (is_hovered) {
+    painter->fillRect(rect,
+                      is_bar_ ? colors.Mixed(Role::Window, Role::Text, 0.07) : colors[Role::Hover]);
+  }
+  if (is_hovered) {
     const QRect edge(isLeftToRight() ? rect.right() : rect.left(), rect.y() + kTightGap, 1,
                      rect.height() - kGap);
     DrawRuleBefore(*painter, edge, colors[Role::Rule]);
   }
   const int leading = section == first_ ? kOuterCellPadding : kCellPadding;
-  const int trailing = section == last_ ? kLastCellPadding : kCellPadding;
+  const int trailing = section != last_ ? kCellPadding
+                       : is_bar_        ? kOuterCellPadding
+                                        : kLastCellPadding;
   const QRect inner = rect.adjusted(leading, 0, -trailing, 0);
   painter->setFont(is_sorted ? sorted_ : plain_);
   painter->setPen(isEnabled() ? colors[is_sorted ? Role::Text : Role::Dim] : colors[Role::Off]);

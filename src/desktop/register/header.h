@@ -20,6 +20,8 @@ class Header final : public QHeaderView {
 
   // Ours, one point smaller than the given font.
   void SetBodyFont(const QFont& body);
+  // On the ground of the bars and as tall as one.
+  void MakeBar();
   // The columns at the outer edges; -1 for none.
   void SetOuterColumns(int first, int last);
   [[nodiscard]] QSize sizeHint() const override;
@@ -54,6 +56,7 @@ class Header final : public QHeaderView {
   int first_ = -1;
   int last_ = -1;
   int hovered_ = -1;
+  bool is_bar_ = false;
   bool is_pressed_ = false;
   // What the pointer has been resizing since it was pressed.
   std::optional<int> dragged_;

@@ -21,6 +21,9 @@ namespace {
 
 // The toolkit's own selection costs two indexes a stretch: it follows ours up to here.
 constexpr std::size_t kMostMirroredRanges = 64;
+// The box of a selected row in a list, and the bar at its edge.
+constexpr int kBoxInset = 6;
+constexpr int kBoxBar = 16;
 constexpr int kDaysInNumber = 100;  // of a DateNumber below its month
 
 // Carries the header's rule over the slot of the scroll bar.
@@ -97,10 +100,20 @@ void RegisterView::SetLook(const TableLook& look) {
   delegate_->SetUsesEllipses(look.uses_ellipses);
   header_->SetBodyFont(QGuiApplication::font());
   cap_->setFixedHeight(header_->Height());
-  verticalHeader()->setDefaultSectionSize(RowHeight(QFontMetrics(look.font)));
+  const int height = RowHeight(QFontMetrics(look.font));
+  verticalHeader()->setDefaultSectionSize(is_list_ ? std::max(kAccountRowHeight, height) : height);
   verticalScrollBar()->setSingleStep(verticalHeader()->defaultSectionSize());
   ShowColumns();
   viewport()->update();
+}
+
+void RegisterView::MakeList() {
+  is_list_ = true;
+  header_->MakeBar();
+  delegate_->SetLastPadding(kOuterCellPadding);
+  viewport()->setBackgroundRole(QPalette::Window);
+  setVerticalScrollBarPolicy(Qt::ScrollBarAsNeeded);
+  SetLook(TableLook(model_->Look()));
 }
 
 void RegisterView::SetDetails(const RowDetails* details) {
@@ -256,7 +269,9 @@ void RegisterView::TellSelection() {
     const int end = std::min(last, model_->rowCount() - 1);
     if (first <= end) mirrored.append({model_->index(first, 0), model_->index(end, last_column)});
   };
-  if (ranges.size() <= kMostMirroredRanges) {
+  if (is_list_) {
+    // The toolkit would fill the row of what it knows as selected, over its box.
+  } else if (ranges.size() <= kMostMirroredRanges) {
     for (const RowSelection::Range& range : ranges) add(range.first, range.last);
   } else if (CurrentRow() >= 0) {
     add(CurrentRow(), CurrentRow());
@@ -316,7 +331,9 @@ void RegisterView::ScrollToRow(int row) {
 RowState RegisterView::StateOf(int row) const {
   RowState state;
   state.is_selected = selection_.Contains(row);
-  state.table_has_focus = hasFocus();
+  // The account shown stays the one shown, wherever the focus is.
+  state.table_has_focus = hasFocus() || is_list_;
+  state.is_demi_bold = is_list_ && state.is_selected;
   state.is_hovered = row == hovered_;
   state.shows_unset_mark = state.is_hovered || row == CurrentRow();
   return state;
@@ -353,9 +370,29 @@ void RegisterView::paintEvent(QPaintEvent* event) {
 void RegisterView::PaintGround(QPainter& painter, int first, int last) const {
   const Colors& colors = ColorsOf(palette());
   for (int row = first; row <= last; ++row) {
+    if (is_list_) {
+      PaintBox(painter, row);
+      continue;
+    }
     const Role ground = StateOf(row).Ground();
     if (ground != Role::Base) FillSnapped(painter, RowRect(row), colors[ground]);
   }
+}
+
+void RegisterView::PaintBox(QPainter& painter, int row) const {
+  const Colors& colors = ColorsOf(palette());
+  const RowState state = StateOf(row);
+  const QRect box = RowRect(row).adjusted(kBoxInset, 1, -kBoxInset, -1);
+  if (state.is_hovered && !state.is_selected) {
+    DrawBox(painter, box, kRadius, colors.Mixed(Role::Window, Role::Text, 0.07), {});
+  }
+  if (!state.is_selected) return;
+  const bool has_ring = hasFocus() && row == CurrentRow();
+  DrawBox(painter, box, kRadius, colors[Role::Selection],
+          has_ring ? colors[Role::Accent] : QColor(), kRing);
+  const QRect bar(box.x(), box.y() + (box.height() - kBoxBar) / 2, kSelectionBar, kBoxBar);
+  DrawBox(painter, QStyle::visualRect(layoutDirection(), box, bar), kSelectionBar / 2.0,
+          colors[Role::Accent], {});
 }
 
 bool RegisterView::EndsMonth(int row, int column) const {
@@ -367,6 +404,7 @@ bool RegisterView::EndsMonth(int row, int column) const {
 }
 
 void RegisterView::PaintRules(QPainter& painter, int first, int last) const {
+  if (is_list_) return;
   const Colors& colors = ColorsOf(palette());
   const int sorted = has_month_rules_ ? model_->IndexOf(table_.HighlightedColumn()) : -1;
   const bool has_months =

@@ -32,6 +32,9 @@ class RegisterView final : public QTableView, public RowStates, private TableSta
   // See RowModel.
   void SetDetails(const RowDetails* details);
   void SetMarksAreBoxes(bool are_boxes);
+  // For a list beside the page: on the ground of the bars, without rules, the selected row a
+  // rounded box in demi-bold, below a heading as tall as a bar. For good.
+  void MakeList();
   // Only one row at a time; several by default.
   void SetSelectsOneRow(bool only_one) noexcept { selects_one_row_ = only_one; }
   // No rule under rows whose month ends; there by default where the rows are sorted by a day.
@@ -100,6 +103,7 @@ class RegisterView final : public QTableView, public RowStates, private TableSta
 
   void PaintGround(QPainter& painter, int first, int last) const;
   void PaintRules(QPainter& painter, int first, int last) const;
+  void PaintBox(QPainter& painter, int row) const;
   [[nodiscard]] QRect RowRect(int row) const;
   [[nodiscard]] bool EndsMonth(int row, int column) const;
   void UpdateRow(int row);
@@ -128,6 +132,7 @@ class RegisterView final : public QTableView, public RowStates, private TableSta
   int pressed_mark_ = -1;
   bool selects_one_row_ = false;
   bool has_month_rules_ = true;
+  bool is_list_ = false;
   // While the columns are laid out the header's news are not the user's.
   bool is_laying_out_ = false;
 };
