@@ -22,13 +22,13 @@ namespace {
 // What is not saved, and why.
 std::string Reasons(const AccountsStore& accounts, const PreferencesStore& preferences) {
   std::string text;
-  const auto add = [&text](std::string_view key, const std::optional<SaveFailure>& failure) {
-    if (!failure) return;
+  if (const auto& failure = accounts.Failure()) {
+    text = Message("The accounts could not be saved: {1}", {failure->Text()});
+  }
+  if (const auto& failure = preferences.Failure()) {
     if (!text.empty()) text += "\n";
-    text += Message(key, {failure->Text()});
-  };
-  add("The accounts could not be saved: {1}", accounts.Failure());
-  add("The preferences could not be saved: {1}", preferences.Failure());
+    text += Message("The preferences could not be saved: {1}", {failure->Text()});
+  }
   return text;
 }
 

@@ -2,6 +2,7 @@
 
 #include <QApplication>
 #include <cstdio>
+#include <string>
 
 #include "app/services.h"
 #include "desktop/example.h"
@@ -18,6 +19,7 @@
 #include "desktop/texts.h"
 #include "platform/ambient.h"
 #include "platform/notification_center.h"
+#include "platform/version.h"
 #include "system/iconv_encodings.h"
 #include "system/posix_file_system.h"
 #include "system/process_limits.h"
@@ -55,7 +57,7 @@ int Run(QApplication& application) {
   desktop::QtRunLoop loop;
   desktop::QtAlerts alerts;
   desktop::QtFilePanels panels;
-  desktop::QtHost host(TALLYFOLD_VERSION);
+  desktop::QtHost host{std::string(kProgramVersion)};
   PosixFileSystem files;
   SystemProcessLauncher processes;
   ProgramSpeech speech(loop);

@@ -3,6 +3,7 @@
 #include <QMainWindow>
 #include <functional>
 #include <memory>
+#include <utility>
 
 class QSplitter;
 class QStackedWidget;

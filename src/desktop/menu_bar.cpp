@@ -5,6 +5,7 @@
 #include <QApplication>
 #include <QMenu>
 #include <QMenuBar>
+#include <algorithm>
 #include <array>
 #include <vector>
 

@@ -49,7 +49,7 @@ SearchStrip::SearchStrip(const Parts& parts, QWidget* parent)
   row->addWidget(field_, 10);
 
   connect(&field_->Field(), &QLineEdit::textEdited, this, [this](const QString& text) {
-    parts_.text_editing.controlTextDidChange(TextEditing::TypedField::Search, ToUtf8(text));
+    parts_.text_editing.controlTextDidChange(TextEditing::TypedField::search_Field, ToUtf8(text));
     Show();
   });
   connect(&field_->ClearButton(), &QToolButton::clicked, this,

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QStackedWidget>
+#include <vector>
 
 #include "app/shell/tabs.h"
 

@@ -3,6 +3,7 @@
 #include <QApplication>
 #include <QShortcut>
 #include <functional>
+#include <utility>
 #include <vector>
 
 #include "app/shell/tabs.h"

@@ -12,87 +12,97 @@
 #include "desktop/sheets/password_dialog.h"
 #include "desktop/sheets/question_sheet.h"
 #include "desktop/sheets/sheet_host.h"
+#include "desktop/texts.h"
 
 namespace tallyfold::desktop {
 namespace {
 
 using TypedField = TextEditing::TypedField;
+using Question = QuestionSheet::Question;
 
-SheetHost::Make Asks(QuestionSheet::Question question) {
-  return [question = std::move(question)](QWidget* window) {
-    return new QuestionSheet(question, window);
+SheetDialog* NewPasswordOfApplication(LDGRController& app, QWidget* window) {
+  ApplicationLock& lock = app.applicationLock();
+  PasswordDialog::Parts parts;
+  parts.name = QStringLiteral("authenticationSheet");
+  parts.title = Text("Tallyfold Is Locked");
+  parts.question = Text("Type the password to go on.");
+  parts.cancel = Text("Quit");
+  parts.state = [&lock]() -> const PasswordSheetState& { return lock.State(); };
+  parts.typed = [&app](const std::string& typed) {
+    app.textEditing().controlTextDidChange(TypedField::authenticationSheet_Password, typed);
   };
+  parts.ok = [&lock] { lock.OK(); };
+  parts.cancelled = [&lock] { lock.Cancel(); };
+  return new PasswordDialog(std::move(parts), window);
 }
 
-SheetHost::Make AsksForPassword(PasswordDialog::Parts parts) {
-  return [parts = std::move(parts)](QWidget* window) { return new PasswordDialog(parts, window); };
+SheetDialog* NewPasswordOfAccount(LDGRController& app, QWidget* window) {
+  AccountPasswords& passwords = app.accountPasswords();
+  PasswordDialog::Parts parts;
+  parts.name = QStringLiteral("accountAuthenticationSheet");
+  parts.title = Text("Account Password");
+  parts.question = Text("Password");
+  parts.cancel = Text("Cancel");
+  parts.state = [&passwords]() -> const PasswordSheetState& { return passwords.State(); };
+  parts.typed = [&app](const std::string& typed) {
+    app.textEditing().controlTextDidChange(TypedField::accountAuthenticationSheet_Password, typed);
+  };
+  parts.ok = [&passwords] { passwords.AccountAuthenticationSheet_OK(); };
+  parts.cancelled = [&passwords] { passwords.AccountAuthenticationSheet_Cancel(); };
+  return new PasswordDialog(std::move(parts), window);
+}
+
+SheetDialog* NewEntryRemoval(EntryRemoval& removal, QWidget* window) {
+  Question question;
+  question.title = Text("Remove Entry");
+  question.text = [&removal] { return removal.Confirm().question; };
+  question.problem = [&removal] { return TextOf(removal.Confirm().problem); };
+  question.answers = {{"entryRemoveConfirm_Cancel_Button", Text("Cancel"),
+                       [&removal] { removal.EntryRemoveConfirm_Cancel(); }},
+                      {"entryRemoveConfirm_OK_Button", Text("OK"),
+                       [&removal] { removal.EntryRemoveConfirm_OK(); }, true}};
+  return new QuestionSheet(std::move(question), window);
+}
+
+SheetDialog* NewTransferRemoval(EntryRemoval& removal, QWidget* window) {
+  Question question;
+  question.title = Text("Remove Transfer");
+  question.text = [&removal] { return removal.Transfer().question; };
+  question.problem = [&removal] { return TextOf(removal.Transfer().problem); };
+  question.answers = {{"transferEntryRemoveConfirm_Cancel_Button", Text("Cancel"),
+                       [&removal] { removal.TransferEntryRemoveConfirm_Cancel(); }},
+                      {"transferEntryRemoveConfirm_No_Button", Text("No"),
+                       [&removal] { removal.TransferEntryRemoveConfirm_No(); }},
+                      {"transferEntryRemoveConfirm_Yes_Button", Text("Yes"),
+                       [&removal] { removal.TransferEntryRemoveConfirm_Yes(); }, true}};
+  return new QuestionSheet(std::move(question), window);
+}
+
+SheetDialog* NewScheduleRemoval(SchedulesTab& schedules, QWidget* window) {
+  Question question;
+  question.title = Text("Remove Schedule");
+  question.text = [&schedules] { return schedules.Confirm().question; };
+  question.problem = [&schedules] { return TextOf(schedules.Confirm().problem); };
+  question.answers = {{"scheduleRemoveConfirm_Cancel_Button", Text("Cancel"),
+                       [&schedules] { schedules.ScheduleRemoveConfirm_Cancel(); }},
+                      {"scheduleRemoveConfirm_OK_Button", Text("OK"),
+                       [&schedules] { schedules.ScheduleRemoveConfirm_OK(); }, true}};
+  return new QuestionSheet(std::move(question), window);
 }
 
 }  // namespace
 
 void SetUpSheets(SheetHost& host, LDGRController& app) {
   host.Set(Sheet::Authentication,
-           AsksForPassword(
-               {.name = QStringLiteral("authenticationSheet"),
-                .title = "Tallyfold Is Locked",
-                .question = "Type the password to go on.",
-                .cancel = "Quit",
-                .state = [&app]() -> const auto& { return app.applicationLock().State();
-}
-,
-    .typed =
-        [&app](const std::string& typed) {
-          app.textEditing().controlTextDidChange(TypedField::Password, typed);
-        },
-    .ok = [&app] { app.applicationLock().OK(); },
-    .cancelled = [&app] { app.applicationLock().Cancel(); }
-}  // namespace tallyfold::desktop
-));
+           [&app](QWidget* window) { return NewPasswordOfApplication(app, window); });
   host.Set(Sheet::AccountAuthentication,
-           AsksForPassword(
-               {.name = QStringLiteral("accountAuthenticationSheet"),
-                .title = "Account Password",
-                .question = "Password",
-                .cancel = "Cancel",
-                .state = [&app]() -> const auto& { return app.accountPasswords().State();
-  }
-  ,
-      .typed =
-          [&app](const std::string& typed) {
-            app.textEditing().controlTextDidChange(TypedField::AccountPassword, typed);
-          },
-      .ok = [&app] { app.accountPasswords().AccountAuthenticationSheet_OK(); },
-      .cancelled = [&app] { app.accountPasswords().AccountAuthenticationSheet_Cancel(); }
-  }));
-
-  EntryRemoval& removal = app.entryRemoval();
+           [&app](QWidget* window) { return NewPasswordOfAccount(app, window); });
   host.Set(Sheet::EntryRemoveConfirm,
-           Asks({.title = "Remove Entry",
-                 .text = [&removal] { return removal.Confirm().question; },
-                 .problem = [&removal] { return TextOf(removal.Confirm().problem); },
-                 .answers = {{"entryRemoveConfirm_Cancel_Button", "Cancel",
-                              [&removal] { removal.EntryRemoveConfirm_Cancel(); }},
-                             {"entryRemoveConfirm_OK_Button", "OK",
-                              [&removal] { removal.EntryRemoveConfirm_OK(); }, true}}}));
+           [&app](QWidget* window) { return NewEntryRemoval(app.entryRemoval(), window); });
   host.Set(Sheet::TransferEntryRemoveConfirm,
-           Asks({.title = "Remove Transfer",
-                 .text = [&removal] { return removal.Transfer().question; },
-                 .problem = [&removal] { return TextOf(removal.Transfer().problem); },
-                 .answers = {{"transferEntryRemoveConfirm_Cancel_Button", "Cancel",
-                              [&removal] { removal.TransferEntryRemoveConfirm_Cancel(); }},
-                             {"transferEntryRemoveConfirm_No_Button", "No",
-                              [&removal] { removal.TransferEntryRemoveConfirm_No(); }},
-                             {"transferEntryRemoveConfirm_Yes_Button", "Yes",
-                              [&removal] { removal.TransferEntryRemoveConfirm_Yes(); }, true}}}));
-  SchedulesTab& schedules = app.schedules();
+           [&app](QWidget* window) { return NewTransferRemoval(app.entryRemoval(), window); });
   host.Set(Sheet::ScheduleRemoveConfirm,
-           Asks({.title = "Remove Schedule",
-                 .text = [&schedules] { return schedules.Confirm().question; },
-                 .problem = [&schedules] { return TextOf(schedules.Confirm().problem); },
-                 .answers = {{"scheduleRemoveConfirm_Cancel_Button", "Cancel",
-                              [&schedules] { schedules.ScheduleRemoveConfirm_Cancel(); }},
-                             {"scheduleRemoveConfirm_OK_Button", "OK",
-                              [&schedules] { schedules.ScheduleRemoveConfirm_OK(); }, true}}}));
-  }
+           [&app](QWidget* window) { return NewScheduleRemoval(app.schedules(), window); });
+}
 
-  }  // namespace tallyfold::desktop
+}  // namespace tallyfold::desktop

@@ -50,14 +50,14 @@ AccountsList::AccountsList(const Parts& parts, QWidget* parent)
   table_->installEventFilter(this);
   table_->viewport()->installEventFilter(this);
   connect(table_, &RegisterView::RowActivated, this, [this](int activated) {
-    parts_.drawer.Table_DoubleClick(static_cast<std::size_t>(activated));
+    parts_.drawer.accountsDrawer_Accounts_Table_DoubleClick(static_cast<std::size_t>(activated));
   });
   connect(table_, &RegisterView::HeaderClicked, this,
           [this](const QString& clicked) { parts_.drawer.ClickedTableColumn(ToUtf8(clicked)); });
 }
 
 void AccountsList::Choose(int row) {
-  parts_.drawer.Table_Action(static_cast<std::size_t>(row));
+  parts_.drawer.accountsDrawer_Accounts_Table_Action(static_cast<std::size_t>(row));
   parts_.drawer.Reload();
 }
 

@@ -3,6 +3,7 @@
 #include <QLineEdit>
 #include <functional>
 #include <optional>
+#include <utility>
 
 namespace tallyfold {
 class LDGRSpeakingTextField;

@@ -99,20 +99,20 @@ CalendarPopUp::CalendarPopUp(const QDate& day, const QDate& today, QWidget* fiel
   auto* line = new QHBoxLayout;
   line->setContentsMargins(kGap, 0, 0, 0);
   line->addWidget(month_, 1);
-  const auto add = [&](const char* name, Qt::ArrowType arrow, void (QCalendarWidget::*turn)()) {
+  const auto add = [&](const QString& name, Qt::ArrowType arrow, void (QCalendarWidget::*turn)()) {
     auto* button = new QToolButton(this);
     button->setArrowType(arrow);
     button->setIconSize({kIconSize, kIconSize});
     button->setAutoRaise(true);
-    button->setAccessibleName(Text(name));
-    button->setToolTip(Text(name));
+    button->setAccessibleName(name);
+    button->setToolTip(name);
     connect(button, &QToolButton::clicked, calendar_, turn);
     line->addWidget(button);
   };
   const bool is_left_to_right = isLeftToRight();
-  add("Previous Month", is_left_to_right ? Qt::LeftArrow : Qt::RightArrow,
+  add(Text("Previous Month"), is_left_to_right ? Qt::LeftArrow : Qt::RightArrow,
       &QCalendarWidget::showPreviousMonth);
-  add("Next Month", is_left_to_right ? Qt::RightArrow : Qt::LeftArrow,
+  add(Text("Next Month"), is_left_to_right ? Qt::RightArrow : Qt::LeftArrow,
       &QCalendarWidget::showNextMonth);
   auto* note = new QLabel(Text("+ and \u2212 step a day, t is today"), this);
   note->setTextFormat(Qt::PlainText);

@@ -4,6 +4,7 @@
 #include <QKeyEvent>
 #include <QStyle>
 #include <QToolButton>
+#include <utility>
 
 #include "desktop/fields/calendar_pop_up.h"
 #include "desktop/look/icons.h"

@@ -3,6 +3,7 @@
 #include <QDBusConnection>
 #include <QDBusMessage>
 #include <QVariant>
+#include <memory>
 
 namespace tallyfold::desktop {
 namespace {

@@ -4,6 +4,7 @@
 #include <QObject>
 #include <QString>
 #include <functional>
+#include <utility>
 
 #include "desktop/look/palette_watch.h"
 

@@ -4,6 +4,7 @@
 #include <QStyledItemDelegate>
 #include <cstdint>
 #include <memory>
+#include <string>
 #include <unordered_map>
 
 #include "desktop/look/colors.h"

@@ -1,6 +1,7 @@
 #include "desktop/register/row_model.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "desktop/texts.h"
 

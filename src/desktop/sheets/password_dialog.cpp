@@ -5,6 +5,7 @@
 #include <QLineEdit>
 #include <QPushButton>
 #include <QVBoxLayout>
+#include <utility>
 
 #include "desktop/look/icons.h"
 #include "desktop/look/measures.h"
@@ -19,7 +20,7 @@ constexpr int kLockSize = 32;
 }  // namespace
 
 PasswordDialog::PasswordDialog(Parts parts, QWidget* window)
-    : SheetDialog(window, Text(parts.title)),
+    : SheetDialog(window, parts.title),
       parts_(std::move(parts)),
       title_(new QLabel(this)),
       field_(new QLineEdit(this)) {
@@ -46,7 +47,7 @@ PasswordDialog::PasswordDialog(Parts parts, QWidget* window)
   row->addLayout(column, 1);
   Body().addLayout(row);
 
-  QPushButton* cancel = AddButton("", Text(parts_.cancel));
+  QPushButton* cancel = AddButton("", parts_.cancel);
   cancel->setObjectName(name("_Cancel_Button"));
   ok_ = AddButton("", Text("OK"), true);
   ok_->setObjectName(name("_OK_Button"));
@@ -59,7 +60,7 @@ PasswordDialog::PasswordDialog(Parts parts, QWidget* window)
 
 void PasswordDialog::ShowState() {
   const PasswordSheetState& state = parts_.state();
-  title_->setText(state.title.empty() ? Text(parts_.question) : ToQString(state.title));
+  title_->setText(state.title.empty() ? parts_.question : ToQString(state.title));
   const QString typed = ToQString(state.typed.password);
   if (field_->text() != typed) field_->setText(typed);
   ok_->setEnabled(state.ok_is_enabled);

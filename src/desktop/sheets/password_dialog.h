@@ -19,9 +19,9 @@ class PasswordDialog final : public SheetDialog {
   struct Parts {
     // Names of the controls: "authenticationSheet" or "accountAuthenticationSheet".
     QString name;
-    std::string_view title;
-    std::string_view question;
-    std::string_view cancel;
+    QString title;
+    QString question;
+    QString cancel;
     std::function<const PasswordSheetState&()> state;
     std::function<void(const std::string& typed)> typed;
     std::function<void()> ok;

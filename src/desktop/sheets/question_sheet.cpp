@@ -3,6 +3,7 @@
 #include <QLabel>
 #include <QPushButton>
 #include <QVBoxLayout>
+#include <utility>
 
 #include "desktop/look/measures.h"
 #include "desktop/texts.h"
@@ -15,17 +16,15 @@ constexpr int kWidth = 420;
 }  // namespace
 
 QuestionSheet::QuestionSheet(Question question, QWidget* window)
-    : SheetDialog(window, Text(question.title)),
-      question_(std::move(question)),
-      text_(new QLabel(this)) {
+    : SheetDialog(window, question.title), question_(std::move(question)), text_(new QLabel(this)) {
   text_->setObjectName(QLatin1String("question_Label"));
   text_->setTextFormat(Qt::PlainText);
   text_->setWordWrap(true);
   text_->setMinimumWidth(kWidth - 2 * kSheetMargin);
   Body().addWidget(text_);
   for (const Answer& answer : question_.answers) {
-    connect(AddButton(answer.name, Text(answer.title), answer.is_default), &QPushButton::clicked,
-            this, [run = answer.run] { run(); });
+    connect(AddButton(answer.name, answer.title, answer.is_default), &QPushButton::clicked, this,
+            [run = answer.run] { run(); });
   }
 }
 

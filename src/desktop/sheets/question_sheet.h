@@ -15,12 +15,12 @@ class QuestionSheet final : public SheetDialog {
  public:
   struct Answer {
     const char* name;  // of the button
-    std::string_view title;
+    QString title;
     std::function<void()> run;
     bool is_default = false;
   };
   struct Question {
-    std::string_view title;
+    QString title;
     std::function<std::string()> text;
     // Why the last answer was not taken; "" for nothing.
     std::function<std::string()> problem;

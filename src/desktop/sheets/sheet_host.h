@@ -3,6 +3,7 @@
 #include <QPointer>
 #include <functional>
 #include <map>
+#include <utility>
 
 #include "app/face/front_end.h"
 

@@ -67,8 +67,8 @@ EmptyPage::EmptyPage(QAbstractScrollArea& table, const char* icon)
   icon_->installEventFilter(this);
 }
 
-QPushButton* EmptyPage::AddButton(const char* name, std::string_view title, const char* icon) {
-  auto* button = new QPushButton(Text(title), this);
+QPushButton* EmptyPage::AddButton(const char* name, const QString& title, const char* icon) {
+  auto* button = new QPushButton(title, this);
   button->setObjectName(QLatin1String(name));
   button->setMinimumSize(kLeastWidth, ControlHeight(fontMetrics()) + 6);
   const bool is_first = buttons_->count() == 0;

@@ -1,7 +1,6 @@
 #pragma once
 
 #include <QWidget>
-#include <string_view>
 #include <vector>
 
 class QAbstractScrollArea;
@@ -19,7 +18,7 @@ class EmptyPage final : public QWidget {
 
   // Below the sentence, in their order; the first is the one that Return presses. Called by its
   // maker before the page is shown.
-  QPushButton* AddButton(const char* name, std::string_view title, const char* icon = "");
+  QPushButton* AddButton(const char* name, const QString& title, const char* icon = "");
   // Small, below the buttons.
   void SetNote(const QString& note);
   // Without the icon where there is but a sentence. Says nothing at first.

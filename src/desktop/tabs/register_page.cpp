@@ -28,8 +28,8 @@ RegisterPage::RegisterPage(RegisterKind kind, const Parts& parts, QWidget* paren
       hidden_(new EmptyPage(*table_, "filter")),
       none_(new EmptyPage(*table_, "accounts")),
       locked_(new EmptyPage(*table_, "lock")),
-      show_all_(hidden_->AddButton("showAll_Button", "Show All")),
-      unlock_(locked_->AddButton("unlock_Button", "Unlock...")) {
+      show_all_(hidden_->AddButton("showAll_Button", Text("Show All"))),
+      unlock_(locked_->AddButton("unlock_Button", Text("Unlock..."))) {
   const bool is_entry = kind == RegisterKind::Entry;
   table_->setObjectName(QLatin1String(is_entry ? "entry_Table" : "reconcile_Table"));
   table_->setAccessibleName(Text(is_entry ? "Entries" : "Entries to Reconcile"));
@@ -50,18 +50,18 @@ void RegisterPage::FillEmptyPages() {
   first_->Tell(Text("This register is empty."),
                Text("Enter what you spend and receive, bring in a file from your bank, or look "
                     "around in an example."));
-  connect(first_->AddButton("empty_Debit_Button", "Enter a Debit", "debit"), &QPushButton::clicked,
-          this, &RegisterPage::EntryWanted);
-  connect(first_->AddButton("empty_Import_Button", "Import a File...", "import"),
+  connect(first_->AddButton("empty_Debit_Button", Text("Enter a Debit"), "debit"),
+          &QPushButton::clicked, this, &RegisterPage::EntryWanted);
+  connect(first_->AddButton("empty_Import_Button", Text("Import a File..."), "import"),
           &QPushButton::clicked, this, &RegisterPage::ImportWanted);
-  connect(first_->AddButton("empty_Example_Button", "Open the Example", "accounts"),
+  connect(first_->AddButton("empty_Example_Button", Text("Open the Example"), "accounts"),
           &QPushButton::clicked, this, &RegisterPage::ExampleWanted);
   first_->SetNote(
       Text("The example is a copy in a folder of its own. Nothing of yours is touched."));
   none_->Tell(Text("There is no account yet."),
               Text("An account holds the entries of one bank account, card or purse."));
-  connect(none_->AddButton("empty_Account_Button", "New Account...", "add"), &QPushButton::clicked,
-          this, &RegisterPage::AccountWanted);
+  connect(none_->AddButton("empty_Account_Button", Text("New Account..."), "add"),
+          &QPushButton::clicked, this, &RegisterPage::AccountWanted);
   connect(unlock_, &QPushButton::clicked, this, &RegisterPage::UnlockWanted);
   connect(show_all_, &QPushButton::clicked, this, [this] {
     FocusTable();

@@ -68,7 +68,7 @@ ScheduleTab::ScheduleTab(const Parts& parts, QWidget* parent)
   whole->addWidget(splitter_);
 
   empty_->Tell(QString(), Text("Nothing is scheduled in this account."));
-  connect(empty_->AddButton("empty_Schedule_Button", "New Scheduled Debit..."),
+  connect(empty_->AddButton("empty_Schedule_Button", Text("New Scheduled Debit...")),
           &QPushButton::clicked, this, &ScheduleTab::ScheduleWanted);
   connect(table_, &RegisterView::RowSelected, this,
           [this](int row) { parts_.schedules.Rows().SelectRow(row); });

@@ -6,6 +6,7 @@
 #include <QVBoxLayout>
 #include <algorithm>
 #include <string>
+#include <utility>
 
 #include "desktop/look/colors.h"
 #include "desktop/look/icons.h"

@@ -9,6 +9,7 @@
 #include <QStyleOption>
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 #include "desktop/look/colors.h"
 #include "desktop/look/figures.h"
