@@ -72,7 +72,7 @@ void GoTo(Console& console, const Arguments& arguments) {
                      OtherHalf::Unchanged);
 }
 
-constexpr Command kCommands[] = {
+constexpr Command kFindCommands[] = {
     {.name = "find",
      .words = "TEXT",
      .least_words = 1,
@@ -92,7 +92,7 @@ constexpr Command kCommands[] = {
 }  // namespace
 
 std::span<const Command> FindCommands() {
-  return kCommands;
+  return kFindCommands;
 }
 
 }  // namespace tallyfold::console

@@ -87,7 +87,7 @@ constexpr Option kLinkOptions[] = {
     {.name = "account", .value = "NAME|NUMBER", .help = "the account of the other entry"},
 };
 
-constexpr Command kCommands[] = {
+constexpr Command kLinkCommands[] = {
     {.name = "link",
      .words = "ENTRY [OTHER]",
      .least_words = 1,
@@ -112,7 +112,7 @@ constexpr Command kCommands[] = {
 }  // namespace
 
 std::span<const Command> LinkCommands() {
-  return kCommands;
+  return kLinkCommands;
 }
 
 }  // namespace tallyfold::console

@@ -139,7 +139,7 @@ constexpr Option kTypeOptions[] = {
     {.name = "type", .value = "NAME", .help = "a type of the account, or none"},
 };
 
-constexpr Command kCommands[] = {
+constexpr Command kOrderCommands[] = {
     {.name = "duplicate",
      .words = "ENTRY",
      .least_words = 1,
@@ -189,7 +189,7 @@ constexpr Command kCommands[] = {
 }  // namespace
 
 std::span<const Command> OrderCommands() {
-  return kCommands;
+  return kOrderCommands;
 }
 
 }  // namespace tallyfold::console

@@ -12,8 +12,6 @@
 namespace tallyfold {
 namespace {
 
-constexpr std::int32_t kNotLinked = -1;
-
 // The entries of one account that may be other halves.
 struct Halves {
   // Those with a number that is wanted: the first two, for an entry is not its own other half.

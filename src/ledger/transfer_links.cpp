@@ -13,8 +13,6 @@
 namespace tallyfold {
 namespace {
 
-constexpr std::int32_t kNotLinked = -1;
-
 bool PointsBack(const LDGRAccountEntry& half, const LDGRAccount& account,
                 const LDGRAccountEntry& entry) {
   return half.IsTransfer() && half.GetTransferAccount() == account.GetNumber() &&

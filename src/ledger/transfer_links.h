@@ -15,6 +15,9 @@ namespace tallyfold {
 
 class Change;
 
+// Stands where a half would name the other one, for none.
+inline constexpr std::int32_t kNotLinked = -1;
+
 // Keeps the two halves of each transfer together. A half names the other by the numbers of its
 // account and of its entry there. Both need not be unique or exist: old files repeat entry numbers,
 // a half that moved to another account has none (-1), and accounts go.

@@ -23,6 +23,8 @@ class EntryLog {
  public:
   // After more touches than that, catching up is no gain.
   static constexpr std::size_t kMost = 4096;
+  // What more touches than that cost one by one, all entries cost together.
+  static constexpr std::size_t kFew = 64;
 
   // Where the log stands; never 0.
   [[nodiscard]] std::uint64_t Mark() const noexcept { return forgotten_ + touches_.size(); }

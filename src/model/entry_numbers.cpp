@@ -3,14 +3,9 @@
 #include <algorithm>
 
 #include "model/account.h"
+#include "model/entry_log.h"
 
 namespace tallyfold {
-namespace {
-
-// What more than so many changed entries cost one by one, all of them cost together.
-constexpr std::size_t kFewTouches = 64;
-
-}  // namespace
 
 EntryNumbers::Lines::const_iterator EntryNumbers::FirstWith(std::int32_t number) const noexcept {
   return std::lower_bound(
@@ -34,7 +29,7 @@ void EntryNumbers::CatchUpWith(const LDGRAccount& account) {
   const std::uint64_t mark = account.EntriesMark();
   // Until all is done, it is as if nothing were known.
   mark_ = 0;
-  if (touches && touches->size() <= kFewTouches) {
+  if (touches && touches->size() <= EntryLog::kFew) {
     const auto last = LastTouches(*touches);
     for (const EntryTouch& touch : last) {
       const auto found = std::find_if(lines_.begin(), lines_.end(),

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "model/account.h"
+#include "model/entry_log.h"
 #include "model/entry_walk.h"
 #include "model/register_place.h"
 
@@ -12,9 +13,6 @@ namespace {
 bool IsBefore(const PackedKey& a, const PackedKey& b) noexcept {
   return a.high != b.high ? a.high < b.high : a.low < b.low;
 }
-
-// What more than so many changed entries cost one by one, all of them cost together.
-constexpr std::size_t kFewTouches = 64;
 
 }  // namespace
 
@@ -107,7 +105,7 @@ void RunningBalanceTable::CatchUpWith(const LDGRAccount& account) {
     return;
   }
   const auto touches = account.EntriesTouchedSince(mark_);
-  const bool are_few = touches && touches->size() <= kFewTouches;
+  const bool are_few = touches && touches->size() <= EntryLog::kFew;
   // Until all is done, it is as if nothing were known.
   mark_ = 0;
   if (!are_few || starting_balance_ != account.GetStartingBalance() ||

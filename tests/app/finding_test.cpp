@@ -22,7 +22,7 @@
 namespace tallyfold {
 namespace {
 
-constexpr std::int32_t kResolved = 80;  // type of the filter; no entry is
+constexpr std::int32_t kNoneIsResolved = 80;  // type of the filter; no entry is
 
 // Account 1 "Here" is selected and has lunch, a check and a split; account 2 "There" has lunch too.
 struct FindingTest : testing::Test, TestApplication {
@@ -90,7 +90,7 @@ TEST_F(FindingTest, FindsByTextsAmountsAndNumbersInEveryOpenAccount) {
 
 TEST_F(FindingTest, ShowsWhatWasFoundWhereverItIs) {
   app.selection().Account_Select(there);
-  app.search().Filter_Select(kResolved);
+  app.search().Filter_Select(kNoneIsResolved);
   app.selection().Account_Select(here);
   Found("lunch");
   EXPECT_TRUE(app.entryFind().Show(0));
@@ -114,7 +114,7 @@ TEST_F(FindingTest, GoesToADayInWhateverOrder) {
       EXPECT_EQ(app.desk().SelectedEntry(), c.entry) << column << c.day;
     }
   }
-  app.search().Filter_Select(kResolved);
+  app.search().Filter_Select(kNoneIsResolved);
   EXPECT_FALSE(app.dateJump().Go(20040301));
 }
 
@@ -130,7 +130,7 @@ TEST_F(FindingTest, TellsWhatTheFilterHidesAndTakesItAway) {
   shown.ShowAll();
   EXPECT_EQ(shown.State().hidden, 0U);
   EXPECT_EQ(app.desk().SelectedEntry(), lunch);
-  app.search().Filter_Select(kResolved);
+  app.search().Filter_Select(kNoneIsResolved);
   EXPECT_EQ(shown.State().hidden_text, "The filter 'Resolved' hides all 3 entries.");
 }
 

@@ -12,7 +12,7 @@
 namespace tallyfold {
 namespace {
 
-constexpr std::int32_t kNoType = -1;
+constexpr std::int32_t kUntyped = -1;
 
 // Finds the types of one account in another, and makes there what it has not.
 class TypesElsewhere {
@@ -22,8 +22,8 @@ class TypesElsewhere {
 
   // The number there of the type that is `number` here; -1 for none and for one that is unknown.
   std::int32_t NumberOf(std::int32_t number) {
-    if (number == kNoType) return kNoType;
-    const auto [known, is_new] = numbers_.try_emplace(number, kNoType);
+    if (number == kUntyped) return kUntyped;
+    const auto [known, is_new] = numbers_.try_emplace(number, kUntyped);
     if (is_new) known->second = Find(number);
     return known->second;
   }
@@ -32,7 +32,7 @@ class TypesElsewhere {
  private:
   std::int32_t Find(std::int32_t number) {
     const auto type = from_.AccountEntryTypeForNumber(number);
-    if (type == nullptr) return kNoType;
+    if (type == nullptr) return kUntyped;
     const auto alike = type->GetIsDeposit() ? to_->DepositEntryTypeForName(type->GetName())
                                             : to_->DebitEntryTypeForName(type->GetName());
     if (alike != nullptr) return alike->GetNumber();
