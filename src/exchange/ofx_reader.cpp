@@ -1,0 +1,336 @@
+#include "exchange/ofx_reader.h"
+
+#include <algorithm>
+#include <array>
+#include <cstddef>
+#include <cstdint>
+#include <functional>
+#include <optional>
+#include <string>
+#include <unordered_set>
+#include <utility>
+
+#include "exchange/statement_texts.h"
+#include "exchange/tag_scanner.h"
+#include "exchange/written_amount.h"
+#include "exchange/written_day.h"
+
+namespace tallyfold {
+namespace {
+
+using Event = TagScanner::Event;
+
+// The elements that mean something here.
+enum class Tag : std::uint8_t {
+  None,
+  Statement,  // of either kind
+  CardStatement,
+  Investments,
+  Transaction,
+  Payee,
+  LedgerBalance,
+  AvailableBalance,
+  AccountFrom,
+  AccountTo,
+  Currency,
+  OriginalCurrency,
+  // Values.
+  DefaultCurrency,
+  Symbol,
+  BankId,
+  AccountId,
+  Amount,
+  Posted,
+  Identifier,
+  CheckNumber,
+  Reference,
+  Kind,
+  Name,
+  ExtendedName,
+  Memo,
+  BalanceAmount,
+  BalanceDay,
+  Severity,
+  Message,
+};
+
+struct Named {
+  std::string_view name;
+  Tag tag;
+};
+
+constexpr std::array kTags = {
+    Named{"STMTRS", Tag::Statement},
+    Named{"CCSTMTRS", Tag::CardStatement},
+    Named{"INVSTMTRS", Tag::Investments},
+    Named{"STMTTRN", Tag::Transaction},
+    Named{"PAYEE", Tag::Payee},
+    Named{"LEDGERBAL", Tag::LedgerBalance},
+    Named{"AVAILBAL", Tag::AvailableBalance},
+    Named{"BANKACCTFROM", Tag::AccountFrom},
+    Named{"CCACCTFROM", Tag::AccountFrom},
+    Named{"BANKACCTTO", Tag::AccountTo},
+    Named{"CCACCTTO", Tag::AccountTo},
+    Named{"CURRENCY", Tag::Currency},
+    Named{"ORIGCURRENCY", Tag::OriginalCurrency},
+    Named{"CURDEF", Tag::DefaultCurrency},
+    Named{"CURSYM", Tag::Symbol},
+    Named{"BANKID", Tag::BankId},
+    Named{"ACCTID", Tag::AccountId},
+    Named{"TRNAMT", Tag::Amount},
+    Named{"DTPOSTED", Tag::Posted},
+    Named{"FITID", Tag::Identifier},
+    Named{"CHECKNUM", Tag::CheckNumber},
+    Named{"REFNUM", Tag::Reference},
+    Named{"TRNTYPE", Tag::Kind},
+    Named{"NAME", Tag::Name},
+    Named{"EXTDNAME", Tag::ExtendedName},
+    Named{"MEMO", Tag::Memo},
+    Named{"BALAMT", Tag::BalanceAmount},
+    Named{"DTASOF", Tag::BalanceDay},
+    Named{"SEVERITY", Tag::Severity},
+    Named{"MESSAGE", Tag::Message},
+};
+
+bool IsSameName(std::string_view written, std::string_view name) noexcept {
+  if (written.size() != name.size()) return false;
+  for (std::size_t i = 0; i < name.size(); ++i) {
+    const char letter = written[i];
+    if ((letter >= 'a' && letter <= 'z' ? static_cast<char>(letter - 'a' + 'A') : letter) !=
+        name[i]) {
+      return false;
+    }
+  }
+  return true;
+}
+
+Tag TagOf(std::string_view name) noexcept {
+  for (const Named& each : kTags) {
+    if (IsSameName(name, each.name)) return each.tag;
+  }
+  return Tag::None;
+}
+
+std::size_t Mixed(std::size_t sum, std::size_t value) noexcept {
+  return (sum ^ value) * 0x9E3779B97F4A7C15U + (sum >> 31U);
+}
+
+class Reader {
+ public:
+  Reader(std::string_view text, StatementFile& file) noexcept
+      : scanner_(text, TagScanner::Nesting::NeverInItself), file_(file) {}
+
+  void Run() {
+    for (Event event = scanner_.Next(); event != Event::Finished; event = scanner_.Next()) {
+      const Tag tag = TagOf(scanner_.Name());
+      if (tag == Tag::None) continue;
+      if (event == Event::Begin) {
+        Begin(tag);
+      } else {
+        End(tag);
+      }
+    }
+  }
+
+ private:
+  void Begin(Tag tag) {
+    switch (tag) {
+      case Tag::Statement:
+      case Tag::CardStatement:
+        account_ = &file_.accounts.emplace_back();
+        account_->is_card = tag == Tag::CardStatement;
+        identifiers_.clear();
+        rows_.clear();
+        break;
+      case Tag::Investments:
+        account_ = nullptr;
+        ++file_.left_out_accounts;
+        break;
+      case Tag::Transaction:
+        row_.emplace();
+        row_->line = scanner_.Line();
+        identifier_.clear();
+        payee_.clear();
+        day_text_.clear();
+        amount_text_.clear();
+        currency_.clear();
+        break;
+      case Tag::Payee:
+      case Tag::LedgerBalance:
+      case Tag::AvailableBalance:
+      case Tag::AccountFrom:
+      case Tag::AccountTo:
+      case Tag::Currency:
+      case Tag::OriginalCurrency:
+        inside_ = tag;
+        break;
+      default:
+        break;
+    }
+  }
+
+  void End(Tag tag) {
+    switch (tag) {
+      case Tag::Statement:
+      case Tag::CardStatement:
+        account_ = nullptr;
+        return;
+      case Tag::Transaction:
+        EndRow();
+        return;
+      case Tag::Payee:
+      case Tag::LedgerBalance:
+      case Tag::AvailableBalance:
+      case Tag::AccountFrom:
+      case Tag::AccountTo:
+      case Tag::Currency:
+      case Tag::OriginalCurrency:
+        inside_ = Tag::None;
+        return;
+      default:
+        break;
+    }
+    const std::string_view text = scanner_.Text();
+    if (text.empty()) return;
+    if (tag == Tag::Severity) has_failed_ = IsSameName(text, "ERROR");
+    if (tag == Tag::Message && has_failed_ && file_.message.empty()) file_.message = text;
+    if (row_) {
+      TakeOfRow(tag, text);
+    } else if (account_ != nullptr) {
+      TakeOfAccount(tag, text);
+    }
+  }
+
+  void TakeOfAccount(Tag tag, std::string_view text) {
+    switch (tag) {
+      case Tag::DefaultCurrency:
+        account_->currency = text;
+        break;
+      case Tag::AccountId:
+        if (inside_ == Tag::AccountFrom) account_->name = text;
+        break;
+      case Tag::BalanceAmount: {
+        ImportDoubtSet doubts;
+        const auto amount = ReadPlainAmount(text, doubts);
+        if (inside_ == Tag::LedgerBalance && amount) {
+          account_->closing = StatementBalance{*amount, std::nullopt};
+        }
+        break;
+      }
+      case Tag::BalanceDay:
+        if (inside_ == Tag::LedgerBalance && account_->closing) {
+          const DateNumber day = ReadDigitDay(text);
+          if (day != 0) account_->closing->day = day;
+        }
+        break;
+      default:
+        break;
+    }
+  }
+
+  void TakeOfRow(Tag tag, std::string_view text) {
+    switch (tag) {
+      case Tag::Kind:
+        row_->type = text;
+        break;
+      case Tag::Posted:
+        day_text_ = text;
+        break;
+      case Tag::Amount:
+        amount_text_ = text;
+        break;
+      case Tag::Identifier:
+        identifier_ = text;
+        break;
+      case Tag::CheckNumber:
+        TakeCheckNumber(text, *row_);
+        break;
+      case Tag::Reference:
+        AddNewText(row_->notes, text);
+        break;
+      case Tag::Name:
+        AddText(inside_ == Tag::Payee ? payee_ : row_->to_from, text);
+        break;
+      case Tag::ExtendedName:
+        payee_ = text;
+        break;
+      case Tag::Memo:
+        AddText(row_->description, text);
+        break;
+      case Tag::AccountId:
+        if (inside_ == Tag::AccountTo) AddText(row_->notes, text);
+        break;
+      case Tag::Symbol:
+        // The original currency is what was paid elsewhere; the amount is not in it.
+        if (inside_ == Tag::Currency) currency_ = text;
+        break;
+      default:
+        break;
+    }
+  }
+
+  void EndRow() {
+    if (!row_) return;
+    StatementRow row = *std::exchange(row_, std::nullopt);
+    inside_ = Tag::None;
+    if (scanner_.IsCutShort()) {
+      file_.is_cut_short = true;
+      return;
+    }
+    if (account_ == nullptr) return;
+    TakeDay(ReadDigitDay(day_text_), day_text_, row);
+    row.amount = ReadPlainAmount(amount_text_, row.doubts);
+    // A longer form of the name takes the place of one that was cut.
+    if (row.to_from.empty() || payee_.starts_with(row.to_from)) {
+      row.to_from = payee_;
+    } else {
+      AddNewText(row.description, payee_);
+    }
+    if (!currency_.empty() && !account_->currency.empty() && currency_ != account_->currency) {
+      row.unmarked = UnmarkedReason::ForeignCurrency;
+    }
+    CompareWithEarlier(row);
+    account_->rows.push_back(std::move(row));
+  }
+
+  void CompareWithEarlier(StatementRow& row) {
+    if (identifier_.empty()) return;
+    const std::hash<std::string_view> text;
+    std::size_t sum = text(identifier_);
+    const bool is_new = identifiers_.insert(sum).second;
+    sum = Mixed(sum, static_cast<std::size_t>(row.day.value_or(0)));
+    sum = Mixed(sum, std::hash<double>()(row.amount.value_or(0.0)));
+    for (const std::string* each : {&row.to_from, &row.description, &row.notes}) {
+      sum = Mixed(sum, text(*each));
+    }
+    if (!rows_.insert(sum).second) {
+      row.unmarked = UnmarkedReason::Repeated;
+    } else if (!is_new) {
+      ++account_->reused_identifiers;
+    }
+  }
+
+  TagScanner scanner_;
+  StatementFile& file_;
+  StatementAccount* account_ = nullptr;
+  std::optional<StatementRow> row_;
+  Tag inside_ = Tag::None;  // the innermost block whose values are told apart by it
+  bool has_failed_ = false;
+  // Of the row being read.
+  std::string identifier_;
+  std::string payee_;
+  std::string day_text_;
+  std::string amount_text_;
+  std::string currency_;
+  // Of the account being read, as hashes of 64 bits.
+  std::unordered_set<std::size_t> identifiers_;
+  std::unordered_set<std::size_t> rows_;
+};
+
+}  // namespace
+
+void ReadOfx(std::string_view text, StatementFile& file) {
+  Reader(text, file).Run();
+}
+
+}  // namespace tallyfold

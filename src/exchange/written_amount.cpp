@@ -1,0 +1,259 @@
+#include "exchange/written_amount.h"
+
+#include <algorithm>
+#include <array>
+#include <cstddef>
+
+#include "model/amounts.h"
+
+namespace tallyfold {
+namespace {
+
+constexpr std::size_t kMostDigits = 18;
+
+constexpr std::string_view kBlanks[] = {" ", "\t", "\u00A0", "\u2009", "\u202F", "'", "\u2019"};
+constexpr std::string_view kDashes[] = {"-", "\u2212", "\u2010", "\u2011", "\u2012", "\u2013"};
+
+bool IsDigit(char character) noexcept {
+  return character >= '0' && character <= '9';
+}
+
+bool IsLetter(char character) noexcept {
+  return (character >= 'a' && character <= 'z') || (character >= 'A' && character <= 'Z');
+}
+
+// Goes over the text once.
+class Walk {
+ public:
+  explicit Walk(std::string_view text) noexcept : rest_(text) {}
+
+  WrittenAmount Run() noexcept {
+    while (!rest_.empty() && fits_) Step();
+    if (count_ == 0) {
+      written_.is_blank = fits_ && letters_ == 0 && foreign_ == 0 && written_.last_separator == 0;
+      return written_;
+    }
+    if (is_grouped_ && written_.last_separator == 0 && !IsWholeGroup()) fits_ = false;
+    CloseNumber();
+    written_.is_blank = false;
+    written_.is_amount = fits_ && count_ <= kMostDigits;
+    return written_;
+  }
+
+ private:
+  template <std::size_t size>
+  bool TakeAnyOf(const std::string_view (&marks)[size]) noexcept {
+    for (const std::string_view mark : marks) {
+      if (!rest_.starts_with(mark)) continue;
+      rest_.remove_prefix(mark.size());
+      return true;
+    }
+    return false;
+  }
+
+  void Step() noexcept {
+    const char first = rest_.front();
+    if (IsDigit(first)) return TakeDigit(first);
+    if (first == '.' || first == ',') return TakeSeparator(first);
+    if (TakeAnyOf(kBlanks)) {
+      has_gap_ = true;
+      return;
+    }
+    if (TakeAnyOf(kDashes)) return TakeSign(true);
+    if (first == '+') {
+      rest_.remove_prefix(1);
+      return TakeSign(false);
+    }
+    if (first == '(' || first == ')') {
+      rest_.remove_prefix(1);
+      if (first == '(') TakeSign(true);
+      return;
+    }
+    if (IsLetter(first)) return TakeLetters();
+    TakeOther();
+  }
+
+  void TakeDigit(char digit) noexcept {
+    rest_.remove_prefix(1);
+    // Digits behind a word or a sign are another number.
+    if (is_over_) fits_ = false;
+    if (has_gap_ && count_ > 0) {
+      // Groups of thousands stand before the cents.
+      if (written_.last_separator != 0 || !IsWholeGroup()) fits_ = false;
+      is_grouped_ = true;
+      group_ = 0;
+    }
+    ++group_;
+    has_gap_ = false;
+    if (++count_ > kMostDigits) {
+      fits_ = false;
+      return;
+    }
+    if (count_ == 1) begins_with_zero_ = digit == '0';
+    written_.digits = written_.digits * 10 + (digit - '0');
+    if (written_.last_separator != 0) {
+      ++written_.behind_separator;
+    } else {
+      ++before_;
+    }
+  }
+
+  void TakeSeparator(char separator) noexcept {
+    rest_.remove_prefix(1);
+    // The point of "Fr." and "kr." is none.
+    if (letters_ > 0 && (count_ == 0 || is_over_)) return;
+    if (is_over_ || (is_grouped_ && separators_ == 0 && !IsWholeGroup())) {
+      fits_ = false;
+      return;
+    }
+    if (separators_ > 0 && written_.last_separator != separator) {
+      // "1.234,567.8": no number.
+      if (is_mixed_) fits_ = false;
+      is_mixed_ = true;
+      if (written_.behind_separator != 3) fits_ = false;
+    } else if (separators_ > 0) {
+      is_repeated_ = true;
+      if (is_mixed_ || written_.behind_separator != 3) fits_ = false;
+    }
+    ++separators_;
+    written_.last_separator = separator;
+    written_.behind_separator = 0;
+    has_gap_ = false;
+  }
+
+  void TakeSign(bool is_minus) noexcept {
+    if (count_ > 0) is_over_ = true;
+    // "12-50" and "--" before a number are nothing that an amount is written as.
+    if (written_.has_sign) {
+      if (count_ > 0) fits_ = false;
+      return;
+    }
+    written_.has_sign = true;
+    written_.is_negative = is_minus;
+  }
+
+  // A currency, or a mark of debit or credit behind the number.
+  void TakeLetters() noexcept {
+    constexpr std::size_t kMost = 4;
+    std::size_t size = 0;
+    while (size < rest_.size() && IsLetter(rest_[size])) ++size;
+    const std::string_view word = rest_.substr(0, size);
+    rest_.remove_prefix(size);
+    letters_ += size;
+    if (size > kMost) fits_ = false;
+    if (count_ == 0) return;
+    is_over_ = true;
+    const auto is = [word](std::string_view upper, std::string_view lower) {
+      return word == upper || word == lower;
+    };
+    if (written_.has_sign) return;
+    if (is("DR", "dr") || is("D", "d")) TakeSign(true);
+    if (is("CR", "cr") || is("C", "c")) TakeSign(false);
+  }
+
+  // "€", "$", "zł" and the like.
+  void TakeOther() noexcept {
+    constexpr std::size_t kMost = 8;
+    const char first = rest_.front();
+    rest_.remove_prefix(1);
+    if (first != '$' && static_cast<unsigned char>(first) < 0x80) fits_ = false;
+    if (++foreign_ > kMost) fits_ = false;
+    if (count_ > 0) is_over_ = true;
+  }
+
+  // Of digits that a blank or an apostrophe sets apart.
+  [[nodiscard]] bool IsWholeGroup() const noexcept {
+    return is_grouped_ ? group_ == 3 : group_ >= 1 && group_ <= 3;
+  }
+
+  void CloseNumber() noexcept {
+    const std::size_t behind = written_.behind_separator;
+    const auto of = [](char separator) {
+      return separator == '.' ? WrittenAmount::Decimal::Point : WrittenAmount::Decimal::Comma;
+    };
+    if (separators_ == 0) return;
+    const char last = written_.last_separator;
+    const char other = last == '.' ? ',' : '.';
+    if (is_mixed_) {
+      written_.decimal = of(last);
+    } else if (is_repeated_) {
+      if (behind != 3) fits_ = false;
+      written_.decimal = of(other);
+    } else if (behind == 3 && before_ >= 1 && before_ <= 3 && !begins_with_zero_ && !is_grouped_) {
+      written_.decimal = WrittenAmount::Decimal::Undecided;
+    } else {
+      written_.decimal = of(last);
+    }
+  }
+
+  std::string_view rest_;
+  WrittenAmount written_;
+  std::size_t count_ = 0;   // digits
+  std::size_t group_ = 0;   // of them since the last gap
+  std::size_t before_ = 0;  // of them before any separator
+  std::size_t separators_ = 0;
+  std::size_t letters_ = 0;
+  std::size_t foreign_ = 0;
+  bool begins_with_zero_ = false;
+  bool has_gap_ = false;
+  bool is_grouped_ = false;
+  bool is_mixed_ = false;
+  bool is_repeated_ = false;
+  bool is_over_ = false;  // the number has ended
+  bool fits_ = true;
+};
+
+constexpr std::array<double, kMostDigits + 1> kPowers = {1e0,  1e1,  1e2,  1e3,  1e4,  1e5,  1e6,
+                                                         1e7,  1e8,  1e9,  1e10, 1e11, 1e12, 1e13,
+                                                         1e14, 1e15, 1e16, 1e17, 1e18};
+
+}  // namespace
+
+WrittenAmount ReadWrittenAmount(std::string_view text) noexcept {
+  return Walk(text).Run();
+}
+
+std::optional<double> WrittenAmount::Value(char decimal_separator) const noexcept {
+  if (!is_amount) return std::nullopt;
+  bool has_decimals = false;
+  switch (decimal) {
+    case Decimal::Open:
+      break;
+    case Decimal::Point:
+      has_decimals = last_separator == '.';
+      break;
+    case Decimal::Comma:
+      has_decimals = last_separator == ',';
+      break;
+    case Decimal::Undecided:
+      has_decimals = last_separator == decimal_separator;
+      break;
+  }
+  const double value = static_cast<double>(digits) /
+                       kPowers[has_decimals ? std::size_t{behind_separator} : std::size_t{0}];
+  return is_negative ? -value : value;
+}
+
+void NoteLargeAmount(double amount, ImportDoubtSet& doubts) noexcept {
+  if (!IsAmount(amount)) doubts.Add(ImportDoubtKind::LargeAmount);
+}
+
+std::optional<double> ReadPlainAmount(std::string_view text, ImportDoubtSet& doubts) noexcept {
+  const WrittenAmount written = ReadWrittenAmount(text);
+  if (written.is_blank) {
+    doubts.Add(ImportDoubtKind::MissingAmount);
+    return std::nullopt;
+  }
+  const auto value = written.Value(written.last_separator);
+  if (!value) {
+    doubts.Add(ImportDoubtKind::UnreadAmount);
+    return std::nullopt;
+  }
+  if (written.decimal == WrittenAmount::Decimal::Undecided) {
+    doubts.Add(ImportDoubtKind::AmountSeparators);
+  }
+  NoteLargeAmount(*value, doubts);
+  return value;
+}
+
+}  // namespace tallyfold
