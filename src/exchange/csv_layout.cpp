@@ -260,7 +260,6 @@ ImportText ReadTableText(std::string_view bytes, const CsvChoices& choices,
                          std::vector<StatementQuestion>& questions) {
   if (choices.encoding) return ReadInEncoding(bytes, *choices.encoding, encodings);
   if (const auto wide = WideEncodingOf(bytes)) return ReadInEncoding(bytes, *wide, encodings);
-  if (plist::IsValidUtf8(bytes)) return ReadInEncoding(bytes, TextEncoding::Utf8, encodings);
   ImportText text = ReadByDefault(bytes, encodings);
   // Some bad bytes among characters of UTF-8.
   if (text.encoding == TextEncoding::Utf8) return text;

@@ -14,9 +14,9 @@ namespace tallyfold {
 
 // How the bytes of a table become rows and columns, before anything of them is read.
 
-// The text: UTF-16 and UTF-8 show what they are; of the encodings of bytes the one whose headings
-// are known, else a question is asked and Windows-1252 holds, or Windows-1251 where most letters
-// are beyond ASCII.
+// The text of a table that is no UTF-8, or for which an encoding is chosen. UTF-16 shows what it
+// is; of the encodings of bytes the one whose headings are known, else a question is asked and
+// Windows-1252 holds, or Windows-1251 where most letters are beyond ASCII.
 [[nodiscard]] ImportText ReadTableText(std::string_view bytes, const CsvChoices& choices,
                                        const TextEncodings& encodings,
                                        std::vector<StatementQuestion>& questions);

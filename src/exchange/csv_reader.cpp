@@ -17,15 +17,15 @@ namespace {
 
 constexpr std::size_t kNoRow = SIZE_MAX;
 
-// Cheap, and true for every text that NamesBalance().
+// Cheap, and true for every text that NamesBalance() in a row with a day: by how it begins.
 bool MayNameBalance(std::string_view text) noexcept {
-  constexpr std::size_t kLongest = 60;
-  if (text.size() < 3 || text.size() > kLongest) return false;
-  const auto lower = [text](std::size_t i) { return static_cast<char>(text[i] | 0x20); };
-  for (std::size_t i = 0; i + 1 < text.size(); ++i) {
-    const char next = lower(i + 1);
-    if (lower(i) == 'l' && (next == 'd' || next == 'a')) return true;
-    if (lower(i) == 't' && (next == 'a' || next == 'r')) return true;
+  constexpr std::string_view kStarts = "baopclbeenkosaanalnenoubsoeita";
+  if (text.size() < 2) return false;
+  if (text.front() == '\xC3') return true;  // an umlaut
+  const char first = static_cast<char>(text[0] | 0x20);
+  const char second = static_cast<char>(text[1] | 0x20);
+  for (std::size_t i = 0; i < kStarts.size(); i += 2) {
+    if (kStarts[i] == first && kStarts[i + 1] == second) return true;
   }
   return false;
 }
@@ -83,12 +83,14 @@ class Reader {
     numbers_.reserve(rows_.size());
     std::size_t last_entry = kNoRow;  // that a line may go on from
     for (std::size_t row = heading_ ? *heading_ + 1 : 0; row < rows_.size(); ++row) {
-      CsvNumbers numbers = ReadCsvNumbers(rows_, row, columns_);
+      const CsvNumbers& numbers = numbers_.emplace_back(ReadCsvNumbers(rows_, row, columns_));
       const bool has_amount = numbers.amount.is_amount || numbers.credit.is_amount;
       if (!numbers.day.is_day && !has_amount) {
+        const bool goes_on = last_entry != kNoRow && numbers.day.is_blank;
+        numbers_.pop_back();
         if (NamesBalanceIn(row, false)) {
           ++reading_.balance_lines;
-        } else if (last_entry != kNoRow && numbers.day.is_blank && HasTexts(row)) {
+        } else if (goes_on && HasTexts(row)) {
           ++reading_.continuation_lines;
           continuations_.push_back({numbers_.size() - 1, row});
           continue;
@@ -99,12 +101,12 @@ class Reader {
         continue;
       }
       if (NamesBalanceIn(row, numbers.day.is_day)) {
+        numbers_.pop_back();
         ++reading_.balance_lines;
         last_entry = kNoRow;
         continue;
       }
       last_entry = row;
-      numbers_.push_back(numbers);
     }
   }
 

@@ -192,7 +192,7 @@ ImportContent ContentOf(std::string_view bytes) {
   const std::string start = Narrowed(bytes, is_wide);
   const std::string_view text = WithoutBlanks(start);
   if (text.empty() && bytes.size() <= kLookedAt) return ImportContent::Empty;
-  if (HasQifHeader(is_wide ? start : bytes) || HasRecordEnd(is_wide ? start : bytes)) {
+  if (HasQifHeader(text) || HasRecordEnd(is_wide ? start : bytes)) {
     return ImportContent::Qif;
   }
   if (!is_wide && bytes.find('\0') != std::string_view::npos) return ImportContent::NotText;

@@ -4,6 +4,7 @@
 #include <optional>
 #include <utility>
 
+#include "exchange/import_content.h"
 #include "plist/utf8.h"
 
 namespace tallyfold {
@@ -89,6 +90,12 @@ std::optional<ImportText> DecodedAsUtf8(std::string_view bytes) {
 }
 
 }  // namespace
+
+std::optional<std::string_view> Utf8Bytes(std::string_view bytes) noexcept {
+  if (WideEncodingOf(bytes) || !plist::IsValidUtf8(bytes)) return std::nullopt;
+  if (bytes.starts_with(kUtf8Mark)) bytes.remove_prefix(kUtf8Mark.size());
+  return bytes;
+}
 
 ImportText ReadByDefault(std::string_view bytes, const TextEncodings& encodings) {
   if (HasUtf16Mark(bytes)) {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstddef>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -16,6 +17,10 @@ struct ImportText {
   // Bytes that are no text in it, each of which, or some together, became U+FFFD.
   std::size_t replaced_bytes = 0;
 };
+
+// The bytes themselves, without a mark, where they are UTF-8; none for any other text, UTF-16 of
+// ASCII letters among them (see WideEncodingOf()).
+[[nodiscard]] std::optional<std::string_view> Utf8Bytes(std::string_view bytes) noexcept;
 
 // Reads in `encoding`; as ReadByDefault() does where the bytes are no text of that, or have a mark
 // of UTF-16 that `encoding` does not know. A mark of UTF-8 is dropped whatever the encoding.

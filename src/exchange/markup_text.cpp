@@ -7,7 +7,6 @@
 
 #include "exchange/import_content.h"
 #include "model/text.h"
-#include "plist/utf8.h"
 
 namespace tallyfold {
 namespace {
@@ -67,7 +66,6 @@ std::optional<TextEncoding> DeclaredEncoding(std::string_view bytes) {
 
 ImportText ReadMarkupText(std::string_view bytes, const TextEncodings& encodings) {
   if (const auto wide = WideEncodingOf(bytes)) return ReadInEncoding(bytes, *wide, encodings);
-  if (plist::IsValidUtf8(bytes)) return ReadInEncoding(bytes, TextEncoding::Utf8, encodings);
   const auto declared = DeclaredEncoding(bytes);
   return declared ? ReadInEncoding(bytes, *declared, encodings) : ReadByDefault(bytes, encodings);
 }

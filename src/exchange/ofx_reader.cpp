@@ -7,8 +7,8 @@
 #include <functional>
 #include <optional>
 #include <string>
-#include <unordered_set>
 #include <utility>
+#include <vector>
 
 #include "exchange/statement_texts.h"
 #include "exchange/tag_scanner.h"
@@ -93,7 +93,7 @@ constexpr std::array kTags = {
 };
 
 bool IsSameName(std::string_view written, std::string_view name) noexcept {
-  if (written.size() != name.size()) return false;
+  if (written.size() != name.size() || ((written[0] ^ name[0]) & 0x1F) != 0) return false;
   for (std::size_t i = 0; i < name.size(); ++i) {
     const char letter = written[i];
     if ((letter >= 'a' && letter <= 'z' ? static_cast<char>(letter - 'a' + 'A') : letter) !=
@@ -114,6 +114,46 @@ Tag TagOf(std::string_view name) noexcept {
 std::size_t Mixed(std::size_t sum, std::size_t value) noexcept {
   return (sum ^ value) * 0x9E3779B97F4A7C15U + (sum >> 31U);
 }
+
+// Hashes of 64 bits, side by side.
+class HashSet {
+ public:
+  // False when it is there already.
+  bool Insert(std::size_t hash) {
+    if (hash == kEmpty) hash = ~kEmpty;
+    if (2 * (count_ + 1) > slots_.size()) Grow();
+    std::size_t& slot = slots_[SlotFor(hash)];
+    if (slot == hash) return false;
+    slot = hash;
+    ++count_;
+    return true;
+  }
+  void Clear() noexcept {
+    slots_.clear();
+    count_ = 0;
+  }
+
+ private:
+  static constexpr std::size_t kEmpty = 0;
+  static constexpr std::size_t kFirstSlots = 256;
+
+  [[nodiscard]] std::size_t SlotFor(std::size_t hash) const noexcept {
+    const std::size_t mask = slots_.size() - 1;
+    std::size_t slot = (hash ^ (hash >> 32U)) & mask;
+    while (slots_[slot] != kEmpty && slots_[slot] != hash) slot = (slot + 1) & mask;
+    return slot;
+  }
+  void Grow() {
+    const std::vector<std::size_t> old = std::move(slots_);
+    slots_.assign(old.empty() ? kFirstSlots : 4 * old.size(), kEmpty);
+    for (const std::size_t hash : old) {
+      if (hash != kEmpty) slots_[SlotFor(hash)] = hash;
+    }
+  }
+
+  std::vector<std::size_t> slots_;  // a power of two of them
+  std::size_t count_ = 0;
+};
 
 class Reader {
  public:
@@ -139,8 +179,8 @@ class Reader {
       case Tag::CardStatement:
         account_ = &file_.accounts.emplace_back();
         account_->is_card = tag == Tag::CardStatement;
-        identifiers_.clear();
-        rows_.clear();
+        identifiers_.Clear();
+        rows_.Clear();
         break;
       case Tag::Investments:
         account_ = nullptr;
@@ -297,13 +337,13 @@ class Reader {
     if (identifier_.empty()) return;
     const std::hash<std::string_view> text;
     std::size_t sum = text(identifier_);
-    const bool is_new = identifiers_.insert(sum).second;
+    const bool is_new = identifiers_.Insert(sum);
     sum = Mixed(sum, static_cast<std::size_t>(row.day.value_or(0)));
     sum = Mixed(sum, std::hash<double>()(row.amount.value_or(0.0)));
     for (const std::string* each : {&row.to_from, &row.description, &row.notes}) {
       sum = Mixed(sum, text(*each));
     }
-    if (!rows_.insert(sum).second) {
+    if (!rows_.Insert(sum)) {
       row.unmarked = UnmarkedReason::Repeated;
     } else if (!is_new) {
       ++account_->reused_identifiers;
@@ -322,9 +362,9 @@ class Reader {
   std::string day_text_;
   std::string amount_text_;
   std::string currency_;
-  // Of the account being read, as hashes of 64 bits.
-  std::unordered_set<std::size_t> identifiers_;
-  std::unordered_set<std::size_t> rows_;
+  // Of the account being read.
+  HashSet identifiers_;
+  HashSet rows_;
 };
 
 }  // namespace

@@ -14,31 +14,27 @@ StatementFile ReadStatementFile(std::string_view bytes, const TextEncodings& enc
                                 const StatementChoices& choices) {
   StatementFile file;
   file.content = ContentOf(bytes);
-  const auto note = [&file](const ImportText& text) {
-    file.encoding = text.encoding;
-    file.replaced_bytes = text.replaced_bytes;
-  };
-  switch (file.content) {
-    case ImportContent::Ofx:
-    case ImportContent::Camt: {
-      const ImportText text = ReadMarkupText(bytes, encodings);
-      note(text);
-      if (file.content == ImportContent::Ofx) {
-        ReadOfx(text.text, file);
-      } else {
-        ReadCamt(text.text, choices.reversals, file);
-      }
-      break;
-    }
-    case ImportContent::Table: {
-      const ImportText text = ReadTableText(bytes, choices.csv, encodings, file.questions);
-      note(text);
-      file.csv = ReadCsv(text.text, choices.csv, file);
-      file.csv->choices.encoding = text.encoding;
-      break;
-    }
-    default:
-      break;
+  if (!RefusalOf(file.content).empty() || file.content == ImportContent::Qif) return file;
+
+  const bool is_table = file.content == ImportContent::Table;
+  const auto chosen = is_table ? choices.csv.encoding : std::nullopt;
+  const auto utf8 =
+      chosen.value_or(TextEncoding::Utf8) == TextEncoding::Utf8 ? Utf8Bytes(bytes) : std::nullopt;
+  ImportText decoded;
+  if (!utf8) {
+    decoded = is_table ? ReadTableText(bytes, choices.csv, encodings, file.questions)
+                       : ReadMarkupText(bytes, encodings);
+  }
+  const std::string_view text = utf8 ? *utf8 : decoded.text;
+  file.encoding = decoded.encoding;
+  file.replaced_bytes = decoded.replaced_bytes;
+  if (is_table) {
+    file.csv = ReadCsv(text, choices.csv, file);
+    file.csv->choices.encoding = file.encoding;
+  } else if (file.content == ImportContent::Ofx) {
+    ReadOfx(text, file);
+  } else {
+    ReadCamt(text, choices.reversals, file);
   }
   return file;
 }

@@ -32,7 +32,10 @@ class TableRows {
   // "" beyond the row's cells.
   [[nodiscard]] std::string_view Cell(std::size_t row, std::size_t column) const noexcept {
     const std::size_t place = rows_[row].first_cell + column;
-    return place < EndOf(row) ? cells_[place] : std::string_view();
+    if (place >= EndOf(row)) return {};
+    const Place cell = cells_[place];
+    if (cell.offset == kElsewhere) return unquoted_[cell.size];
+    return {rows_[row].text + cell.offset, cell.size};
   }
   // Where the row begins, from 1 on.
   [[nodiscard]] std::size_t Line(std::size_t row) const noexcept { return rows_[row].line; }
@@ -41,14 +44,22 @@ class TableRows {
   struct Row {
     std::size_t first_cell = 0;
     std::size_t line = 0;
+    const char* text = nullptr;  // what its cells' offsets count from
   };
+  // Of a cell in its row; cells beyond four gigabytes are empty.
+  struct Place {
+    std::uint32_t offset = 0;
+    std::uint32_t size = 0;
+  };
+  // For the offset of a cell in `unquoted_`, whose number is the size.
+  static constexpr std::uint32_t kElsewhere = UINT32_MAX;
   class Scan;
 
   [[nodiscard]] std::size_t EndOf(std::size_t row) const noexcept {
     return row + 1 < rows_.size() ? rows_[row + 1].first_cell : cells_.size();
   }
 
-  std::vector<std::string_view> cells_;
+  std::vector<Place> cells_;
   std::vector<Row> rows_;
   // Texts of cells that do not stand in the file as they read.
   std::deque<std::string> unquoted_;

@@ -1,8 +1,10 @@
 #include "exchange/tag_scanner.h"
 
 #include <algorithm>
+#include <bit>
 #include <charconv>
 #include <cstdint>
+#include <cstring>
 #include <optional>
 
 #include "plist/utf8.h"
@@ -23,9 +25,29 @@ bool IsInName(char character) noexcept {
          character == '-' || character == ':';
 }
 
+bool IsBlank(char character) noexcept {
+  return character == ' ' || character == '\t' || character == '\r' || character == '\n';
+}
+
 std::string_view Trimmed(std::string_view text) noexcept {
-  text.remove_prefix(std::min(text.find_first_not_of(kBlanks), text.size()));
-  return text.substr(0, text.find_last_not_of(kBlanks) + 1);
+  while (!text.empty() && IsBlank(text.front())) text.remove_prefix(1);
+  while (!text.empty() && IsBlank(text.back())) text.remove_suffix(1);
+  return text;
+}
+
+// Eight bytes at a time.
+std::size_t CountLineFeeds(const char* begin, const char* end) noexcept {
+  constexpr std::uint64_t kLineFeeds = 0x0A0A0A0A0A0A0A0AU;
+  constexpr std::uint64_t kLowBits = 0x7F7F7F7F7F7F7F7FU;
+  std::size_t count = 0;
+  for (; end - begin >= 8; begin += 8) {
+    std::uint64_t word = 0;
+    std::memcpy(&word, begin, sizeof word);
+    word ^= kLineFeeds;
+    const std::uint64_t others = ((word & kLowBits) + kLowBits) | word | kLowBits;
+    count += static_cast<std::size_t>(std::popcount(~others));
+  }
+  return count + static_cast<std::size_t>(std::count(begin, end, '\n'));
 }
 
 // Between "&" and ";".
@@ -248,7 +270,7 @@ void TagScanner::ClearText() noexcept {
 
 bool TagScanner::HasText() const noexcept {
   const std::string_view text = is_gathered_ ? std::string_view(gathered_) : text_;
-  return text.find_first_not_of(kBlanks) != std::string_view::npos;
+  return !std::all_of(text.begin(), text.end(), IsBlank);
 }
 
 std::string_view TagScanner::Text() {
@@ -285,8 +307,7 @@ std::string_view TagScanner::Attribute(std::string_view name) const noexcept {
 std::size_t TagScanner::Line() noexcept {
   if (counted_place_ > tag_place_) return counted_lines_;
   const char* const begin = document_.data();
-  counted_lines_ +=
-      static_cast<std::size_t>(std::count(begin + counted_place_, begin + tag_place_, '\n'));
+  counted_lines_ += CountLineFeeds(begin + counted_place_, begin + tag_place_);
   counted_place_ = tag_place_;
   return counted_lines_;
 }

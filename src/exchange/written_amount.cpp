@@ -209,7 +209,44 @@ constexpr std::array<double, kMostDigits + 1> kPowers = {1e0,  1e1,  1e2,  1e3, 
 
 }  // namespace
 
+namespace {
+
+// "-1234,50": digits with a sign and two decimals, or none, as most are written.
+bool ReadPlain(std::string_view text, WrittenAmount& written) noexcept {
+  constexpr std::size_t kMost = 15;
+  std::size_t place = 0;
+  const bool has_sign = !text.empty() && (text[0] == '-' || text[0] == '+');
+  if (has_sign) ++place;
+  if (place == text.size() || text.size() > kMost || !IsDigit(text[place])) return false;
+  std::int64_t digits = 0;
+  for (; place < text.size() && IsDigit(text[place]); ++place) {
+    digits = digits * 10 + (text[place] - '0');
+  }
+  if (place < text.size()) {
+    const char separator = text[place];
+    const bool is_short = text.size() - place == 3 && IsDigit(text[place + 1]);
+    if (!is_short || !IsDigit(text[place + 2]) || (separator != '.' && separator != ',')) {
+      return false;
+    }
+    digits = digits * 100 + (text[place + 1] - '0') * 10 + (text[place + 2] - '0');
+    written.behind_separator = 2;
+    written.last_separator = separator;
+    written.decimal =
+        separator == '.' ? WrittenAmount::Decimal::Point : WrittenAmount::Decimal::Comma;
+  }
+  written.digits = digits;
+  written.is_amount = true;
+  written.is_blank = false;
+  written.has_sign = has_sign;
+  written.is_negative = has_sign && text[0] == '-';
+  return true;
+}
+
+}  // namespace
+
 WrittenAmount ReadWrittenAmount(std::string_view text) noexcept {
+  WrittenAmount written;
+  if (text.empty() || ReadPlain(text, written)) return written;
   return Walk(text).Run();
 }
 

@@ -19,22 +19,21 @@ struct WrittenAmount {
     Undecided,  // "29.000" may be 29 or twenty-nine thousand
   };
 
-  // Digits with signs, separators, blanks and a currency, and nothing else.
-  bool is_amount = false;
-  bool is_blank = true;  // no text at all, or dashes alone
-  bool is_negative = false;
-  bool has_sign = false;
-  Decimal decimal = Decimal::Open;
-
-  // The amount, negative ones with their sign. `decimal_separator` is "." or ","; it counts only
-  // where the text itself is undecided. Rounded to cents by nobody. None for what is no amount.
-  [[nodiscard]] std::optional<double> Value(char decimal_separator) const noexcept;
-
   // The number without separators; 18 digits at most, beyond which it is no amount.
   std::int64_t digits = 0;
   // How many digits stand behind the last separator; none without one.
   std::uint8_t behind_separator = 0;
   char last_separator = '\0';
+  Decimal decimal = Decimal::Open;
+  // Digits with signs, separators, blanks and a currency, and nothing else.
+  bool is_amount = false;
+  bool is_blank = true;  // no text at all, or dashes alone
+  bool is_negative = false;
+  bool has_sign = false;
+
+  // The amount, negative ones with their sign. `decimal_separator` is "." or ","; it counts only
+  // where the text itself is undecided. Rounded to cents by nobody. None for what is no amount.
+  [[nodiscard]] std::optional<double> Value(char decimal_separator) const noexcept;
 };
 
 // Linear.

@@ -1,6 +1,5 @@
 #include "exchange/written_day.h"
 
-#include <algorithm>
 #include <cstddef>
 #include <string>
 
@@ -18,6 +17,11 @@ bool IsDigit(char character) noexcept {
 bool IsLetter(char character) noexcept {
   const auto byte = static_cast<unsigned char>(character);
   return (byte >= 'A' && byte <= 'Z') || (byte >= 'a' && byte <= 'z') || byte >= 0x80;
+}
+
+bool IsSeparator(char character) noexcept {
+  return character == '.' || character == '/' || character == '-' || character == ' ' ||
+         character == ',' || character == '\'';
 }
 
 struct MonthName {
@@ -61,11 +65,9 @@ bool IsTimeBehind(std::string_view text) noexcept {
 }  // namespace
 
 WrittenDay ReadWrittenDay(std::string_view text) {
-  constexpr std::string_view kBlanks = " \t";
-  constexpr std::string_view kSeparators = " ./-,'";
   constexpr std::size_t kLongestWord = 16;
   WrittenDay written;
-  text.remove_prefix(std::min(text.find_first_not_of(kBlanks), text.size()));
+  while (!text.empty() && (text.front() == ' ' || text.front() == '\t')) text.remove_prefix(1);
   written.is_blank = text.empty();
   std::size_t count = 0;
   while (!text.empty() && count < 3) {
@@ -95,7 +97,8 @@ WrittenDay ReadWrittenDay(std::string_view text) {
     }
     if (count == 3) break;
     // One separator, blanks beside it.
-    const std::size_t next = std::min(text.find_first_not_of(kSeparators), text.size());
+    std::size_t next = 0;
+    while (next < text.size() && IsSeparator(text[next])) ++next;
     const bool is_joined = next == 0 && written.named_month == 3;
     if (is_joined || next > 3) return written;
     text.remove_prefix(next);
