@@ -76,8 +76,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   for (const StatementAccount& account : file.accounts) {
     for (const StatementRow& row : account.rows) CheckRow(row);
     Check(account.proof.agreeing <= account.proof.balances);
-    for (const ImportDoubt& doubt : DoubtsOf(account)) {
-      Check(doubt.count > 0 && doubt.count <= account.rows.size());
+    for (const ImportDoubt& doubt : HintsFor(file, account.rows, 20240307).doubts) {
+      Check(doubt.count > 0 && doubt.rows.size() <= ImportDoubt::kMostRows);
     }
   }
   for (const StatementQuestion& question : file.questions) {

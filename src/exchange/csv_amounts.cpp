@@ -195,23 +195,22 @@ CsvNumberColumns::CsvNumberColumns(const std::vector<CsvField>& columns) {
   }
 }
 
-CsvNumbers ReadCsvNumbers(const TableRows& rows, std::size_t row, const CsvNumberColumns& columns) {
-  CsvNumbers numbers;
+void ReadCsvNumbers(const TableRows& rows, std::size_t row, const CsvNumberColumns& columns,
+                    CsvNumbers& numbers) {
   numbers.row = row;
   if (columns.day) numbers.day = ReadWrittenDay(rows.Cell(row, *columns.day));
   if (!numbers.day.is_day && columns.value_day) {
     const WrittenDay other = ReadWrittenDay(rows.Cell(row, *columns.value_day));
     if (!columns.day || (numbers.day.is_blank && other.is_day)) numbers.day = other;
   }
-  const auto read = [&](const std::optional<std::size_t>& column) {
-    return column ? ReadWrittenAmount(rows.Cell(row, *column)) : WrittenAmount();
+  const auto read = [&](const std::optional<std::size_t>& column, WrittenAmount& written) {
+    if (column) ReadWrittenAmount(rows.Cell(row, *column), written);
   };
-  numbers.amount = read(columns.amount ? columns.amount : columns.debit);
-  numbers.credit = read(columns.credit);
-  numbers.fee = read(columns.fee);
-  numbers.balance = read(columns.balance);
+  read(columns.amount ? columns.amount : columns.debit, numbers.amount);
+  read(columns.credit, numbers.credit);
+  read(columns.fee, numbers.fee);
+  read(columns.balance, numbers.balance);
   if (columns.mark) numbers.mark = MeaningOfMark(rows.Cell(row, *columns.mark));
-  return numbers;
 }
 
 std::optional<double> CsvAmountRule::AmountOf(const CsvNumbers& numbers) const noexcept {

@@ -45,8 +45,9 @@ struct CsvNumbers {
   MarkMeaning mark = MarkMeaning::None;
 };
 
-[[nodiscard]] CsvNumbers ReadCsvNumbers(const TableRows& rows, std::size_t row,
-                                        const CsvNumberColumns& columns);
+// Fills in `numbers`, which is as it was made.
+void ReadCsvNumbers(const TableRows& rows, std::size_t row, const CsvNumberColumns& columns,
+                    CsvNumbers& numbers);
 
 // How the amounts of a table are meant.
 struct CsvAmountRule {

@@ -83,7 +83,8 @@ class Reader {
     numbers_.reserve(rows_.size());
     std::size_t last_entry = kNoRow;  // that a line may go on from
     for (std::size_t row = heading_ ? *heading_ + 1 : 0; row < rows_.size(); ++row) {
-      const CsvNumbers& numbers = numbers_.emplace_back(ReadCsvNumbers(rows_, row, columns_));
+      CsvNumbers& numbers = numbers_.emplace_back();
+      ReadCsvNumbers(rows_, row, columns_, numbers);
       const bool has_amount = numbers.amount.is_amount || numbers.credit.is_amount;
       if (!numbers.day.is_day && !has_amount) {
         const bool goes_on = last_entry != kNoRow && numbers.day.is_blank;

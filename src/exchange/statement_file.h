@@ -97,7 +97,6 @@ struct StatementQuestion {
     FeeColumn,         // whether a fee comes off the amount
     SpendingSign,      // whether positive amounts are money spent
     AmountColumn,      // which column has the amounts
-    DayColumn,         // which column has the days
   };
   Kind kind = Kind::DayOrder;
   // What can be chosen: the number of the choice (a DayOrder, a TextEncoding, a character, a

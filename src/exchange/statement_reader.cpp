@@ -39,16 +39,45 @@ StatementFile ReadStatementFile(std::string_view bytes, const TextEncodings& enc
   return file;
 }
 
-std::vector<ImportDoubt> DoubtsOf(const StatementAccount& account) {
-  ImportDoubtCounter counter;
-  std::int32_t place = 0;
-  for (const StatementRow& row : account.rows) counter.Add(row.doubts, ++place);
-  return counter.Told();
+std::string_view ProblemOf(const StatementFile& file) noexcept {
+  if (const std::string_view refusal = RefusalOf(file.content); !refusal.empty()) return refusal;
+  if (file.csv && file.csv->lacks_days) {
+    return "no column of the table has days; choose the one that should, or another download";
+  }
+  if (file.csv && file.csv->lacks_amounts) {
+    return "no column of the table has amounts; choose the one that should, or another download";
+  }
+  const bool is_statement =
+      file.content == ImportContent::Ofx || file.content == ImportContent::Camt;
+  if (is_statement && file.accounts.empty()) {
+    return "the file has no statement of an account; download it again";
+  }
+  return "";
 }
 
-std::size_t CountUnmarked(const StatementAccount& account, UnmarkedReason reason) {
+ImportHints HintsFor(const StatementFile& file, const std::vector<StatementRow>& rows,
+                     DateNumber today) {
+  ImportHints hints;
+  ImportDoubtCounter counter;
+  std::int32_t place = 0;
+  for (const StatementRow& row : rows) {
+    counter.Add(row.doubts, ++place);
+    if (!row.day) continue;
+    hints.first_date = std::min(hints.first_date.value_or(*row.day), *row.day);
+    hints.last_date = std::max(hints.last_date.value_or(*row.day), *row.day);
+    if (*row.day > today) ++hints.after_today;
+  }
+  if (file.replaced_bytes > 0) counter.Add(ImportDoubtKind::ReplacedBytes, file.replaced_bytes);
+  if (file.left_out_accounts > 0) {
+    counter.Add(ImportDoubtKind::LeftOutAccount, file.left_out_accounts);
+  }
+  hints.doubts = counter.Told();
+  return hints;
+}
+
+std::size_t CountUnmarked(const std::vector<StatementRow>& rows, UnmarkedReason reason) {
   return static_cast<std::size_t>(
-      std::count_if(account.rows.begin(), account.rows.end(),
+      std::count_if(rows.begin(), rows.end(),
                     [reason](const StatementRow& row) { return row.unmarked == reason; }));
 }
 

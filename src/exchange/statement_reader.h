@@ -1,10 +1,14 @@
 #pragma once
 
+#include <cstddef>
 #include <string_view>
+#include <vector>
 
 #include "exchange/camt_reader.h"
 #include "exchange/csv_choices.h"
+#include "exchange/import_hints.h"
 #include "exchange/statement_file.h"
+#include "model/date_number.h"
 #include "platform/text_encodings.h"
 
 namespace tallyfold {
@@ -21,9 +25,17 @@ struct StatementChoices {
                                               const TextEncodings& encodings,
                                               const StatementChoices& choices = {});
 
-// The doubts of the account's rows, by their places from 1 on, for ImportHints::doubts.
-[[nodiscard]] std::vector<ImportDoubt> DoubtsOf(const StatementAccount& account);
+// Why nothing can come of a file that has been read, and what to do: the English key; "" where
+// something can.
+[[nodiscard]] std::string_view ProblemOf(const StatementFile& file) noexcept;
+
+// What is doubtful of rows, by their places from 1 on, and the days that they span. The replaced
+// bytes of the file are counted among it.
+[[nodiscard]] ImportHints HintsFor(const StatementFile& file, const std::vector<StatementRow>& rows,
+                                   DateNumber today);
+
 // How many rows start unmarked for a reason.
-[[nodiscard]] std::size_t CountUnmarked(const StatementAccount& account, UnmarkedReason reason);
+[[nodiscard]] std::size_t CountUnmarked(const std::vector<StatementRow>& rows,
+                                        UnmarkedReason reason);
 
 }  // namespace tallyfold

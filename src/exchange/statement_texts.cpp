@@ -118,8 +118,6 @@ std::string_view TextOf(StatementQuestion::Kind kind) noexcept {
       return "Are positive amounts money spent?";
     case Kind::AmountColumn:
       return "Which column has the amounts?";
-    case Kind::DayColumn:
-      return "Which column has the days?";
   }
   return "";
 }

@@ -246,8 +246,12 @@ bool ReadPlain(std::string_view text, WrittenAmount& written) noexcept {
 
 WrittenAmount ReadWrittenAmount(std::string_view text) noexcept {
   WrittenAmount written;
-  if (text.empty() || ReadPlain(text, written)) return written;
-  return Walk(text).Run();
+  ReadWrittenAmount(text, written);
+  return written;
+}
+
+void ReadWrittenAmount(std::string_view text, WrittenAmount& written) noexcept {
+  if (!text.empty() && !ReadPlain(text, written)) written = Walk(text).Run();
 }
 
 std::optional<double> WrittenAmount::Value(char decimal_separator) const noexcept {

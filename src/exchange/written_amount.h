@@ -38,6 +38,8 @@ struct WrittenAmount {
 
 // Linear.
 [[nodiscard]] WrittenAmount ReadWrittenAmount(std::string_view text) noexcept;
+// The same into one that is as it was made.
+void ReadWrittenAmount(std::string_view text, WrittenAmount& written) noexcept;
 
 // An amount in a file whose format has no separators of thousands, so that "," and "." both mean
 // cents; they are taken for thousands only where there is no other way to read them. Adds what is

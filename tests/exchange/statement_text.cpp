@@ -65,7 +65,8 @@ std::string TextOfStatement(const StatementFile& file) {
   if (file.is_cut_short) text += " cut short";
   if (file.left_out_accounts > 0) text += " left out " + std::to_string(file.left_out_accounts);
   if (!file.message.empty()) text += " says " + file.message;
-  text += std::string(RefusalOf(file.content)) + "\n";
+  if (!ProblemOf(file).empty()) text += " problem: " + std::string(ProblemOf(file));
+  text += "\n";
   if (file.csv) text += TextOfTable(*file.csv);
   for (const StatementAccount& account : file.accounts) {
     text += (account.is_card ? "card " : "account ") + account.name + " " + account.currency;
@@ -77,9 +78,12 @@ std::string TextOfStatement(const StatementFile& file) {
     }
     text += "\n";
     for (const StatementRow& row : account.rows) text += TextOfRow(row);
-    for (const ImportDoubt& doubt : DoubtsOf(account)) {
-      text += "  doubt " + std::to_string(doubt.count) + " " + std::string(TitleOf(doubt.kind)) +
-              " from " + std::to_string(doubt.rows.front()) + "\n";
+    const ImportHints hints = HintsFor(file, account.rows, 20240310);
+    if (hints.after_today > 0) text += "  " + std::to_string(hints.after_today) + " later\n";
+    for (const ImportDoubt& doubt : hints.doubts) {
+      text += "  doubt " + std::to_string(doubt.count) + " " + std::string(TitleOf(doubt.kind));
+      if (!doubt.rows.empty()) text += " from " + std::to_string(doubt.rows.front());
+      text += "\n";
     }
   }
   for (const StatementQuestion& question : file.questions) {
