@@ -31,9 +31,9 @@ struct CamtBalance {
   DateNumber day = 0;
 };
 
-class Reader {
+class CamtReader {
  public:
-  Reader(std::string_view text, ReversalSign reversals, StatementFile& file) noexcept
+  CamtReader(std::string_view text, ReversalSign reversals, StatementFile& file) noexcept
       : scanner_(text), reversals_(reversals), file_(file) {}
 
   void Run() {
@@ -241,7 +241,7 @@ class Reader {
 }  // namespace
 
 void ReadCamt(std::string_view text, ReversalSign reversals, StatementFile& file) {
-  Reader(text, reversals, file).Run();
+  CamtReader(text, reversals, file).Run();
 }
 
 }  // namespace tallyfold

@@ -4,6 +4,7 @@
 #include <array>
 #include <cmath>
 #include <string>
+#include <string_view>
 #include <utility>
 
 #include "exchange/statement_cents.h"
@@ -142,7 +143,7 @@ StatementQuestion QuestionOf(StatementQuestion::Kind kind, std::string_view samp
 }
 
 // "2024-03-07"; "" for none.
-std::string TextOf(DateNumber day) {
+std::string DashedDay(DateNumber day) {
   if (day == 0) return {};
   std::string text = std::to_string(day + 100'000'000).substr(1);
   text.insert(6, 1, '-').insert(4, 1, '-');
@@ -370,7 +371,7 @@ DayOrder JudgeDays(const std::vector<CsvNumbers>& numbers, const CsvNumberColumn
     question.sample = rows.Cell(first->row, columns.day.value_or(columns.value_day.value_or(0)));
     for (const std::size_t i : fitting) {
       question.candidates.push_back(
-          {static_cast<std::int64_t>(kJudged[i]), TextOf(first->day.In(kJudged[i]))});
+          {static_cast<std::int64_t>(kJudged[i]), DashedDay(first->day.In(kJudged[i]))});
     }
     questions.push_back(std::move(question));
   }

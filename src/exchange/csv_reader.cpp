@@ -30,9 +30,9 @@ bool MayNameBalance(std::string_view text) noexcept {
   return false;
 }
 
-class Reader {
+class CsvReader {
  public:
-  Reader(std::string_view text, const CsvChoices& choices, StatementFile& file)
+  CsvReader(std::string_view text, const CsvChoices& choices, StatementFile& file)
       : choices_(choices),
         file_(file),
         delimiter_(DelimiterOf(text, choices)),
@@ -269,7 +269,7 @@ class Reader {
 }  // namespace
 
 CsvReading ReadCsv(std::string_view text, const CsvChoices& choices, StatementFile& file) {
-  return Reader(text, choices, file).Run();
+  return CsvReader(text, choices, file).Run();
 }
 
 std::string HeadingDigest(const std::vector<std::string>& headings, std::size_t columns) {

@@ -12,18 +12,18 @@ namespace {
 
 // What a file is shows in its beginning.
 constexpr std::size_t kLookedAt = 64 * 1024;
-constexpr std::string_view kBlanks = " \t\r\n\v\f";
+constexpr std::string_view kTextBlanks = " \t\r\n\v\f";
 
 constexpr std::string_view kZip = "PK\x03\x04";
 constexpr std::string_view kEmptyZip = "PK\x05\x06";
 constexpr std::string_view kCompound = "\xD0\xCF\x11\xE0\xA1\xB1\x1A\xE1";
 
 std::string_view WithoutBlanks(std::string_view text) noexcept {
-  text.remove_prefix(std::min(text.find_first_not_of(kBlanks), text.size()));
+  text.remove_prefix(std::min(text.find_first_not_of(kTextBlanks), text.size()));
   return text;
 }
 
-bool BeginsIgnoringCase(std::string_view text, std::string_view start) noexcept {
+bool HasStart(std::string_view text, std::string_view start) noexcept {
   return CompareIgnoringCase(text.substr(0, start.size()), start) == 0;
 }
 
@@ -73,7 +73,7 @@ std::string FirstTag(std::string_view text) {
       end = "-->";
     } else if (text.starts_with("<?")) {
       end = "?>";
-    } else if (BeginsIgnoringCase(text, "<!doctype html")) {
+    } else if (HasStart(text, "<!doctype html")) {
       return "html";
     } else if (text.starts_with("<!")) {
       end = ">";
@@ -113,7 +113,7 @@ bool HasQifHeader(std::string_view text) {
     if (found > 0 && text[found - 1] != '\n' && text[found - 1] != '\r') continue;
     const std::string_view line = text.substr(found);
     if (std::any_of(kHeaders.begin(), kHeaders.end(),
-                    [line](std::string_view header) { return BeginsIgnoringCase(line, header); })) {
+                    [line](std::string_view header) { return HasStart(line, header); })) {
       return true;
     }
   }
@@ -125,7 +125,7 @@ bool HasRecordEnd(std::string_view text) {
   for (std::size_t found = text.find('^'); found != std::string_view::npos;
        found = text.find('^', found + 1)) {
     if (found > 0 && text[found - 1] != '\n' && text[found - 1] != '\r') continue;
-    if (found + 1 == text.size() || kBlanks.find(text[found + 1]) != std::string_view::npos) {
+    if (found + 1 == text.size() || kTextBlanks.find(text[found + 1]) != std::string_view::npos) {
       return true;
     }
   }
@@ -133,7 +133,7 @@ bool HasRecordEnd(std::string_view text) {
 }
 
 // Some lines have two separators of a kind, or most have one.
-bool IsTable(std::string_view text) {
+bool LooksLikeTable(std::string_view text) {
   constexpr std::string_view kSeparators = ",;\t|";
   constexpr std::size_t kMostLines = 200;
   std::array<std::size_t, kSeparators.size()> wide_rows{};
@@ -198,10 +198,10 @@ ImportContent ContentOf(std::string_view bytes) {
   if (!is_wide && bytes.find('\0') != std::string_view::npos) return ImportContent::NotText;
   const std::string tag = FirstTag(text);
   if (!tag.empty()) return ContentOfMarkup(text, tag);
-  if (BeginsIgnoringCase(text, "OFXHEADER")) return ImportContent::Ofx;
+  if (HasStart(text, "OFXHEADER")) return ImportContent::Ofx;
   if (CaselessNeedle("<ofx>").OccursIn(text)) return ImportContent::Ofx;
   if (IsSwiftStatement(text)) return ImportContent::SwiftStatement;
-  if (IsTable(text)) return ImportContent::Table;
+  if (LooksLikeTable(text)) return ImportContent::Table;
   // A record of QIF may end in the middle of a line.
   return bytes.find('^') != std::string_view::npos ? ImportContent::Qif : ImportContent::Foreign;
 }

@@ -11,12 +11,12 @@
 namespace tallyfold {
 namespace {
 
-struct Name {
+struct EncodingName {
   std::string_view name;  // as it stands, in lower case
   TextEncoding encoding;
 };
 
-constexpr Name kNames[] = {
+constexpr EncodingName kEncodingNames[] = {
     {"1252", TextEncoding::Windows1252},
     {"windows-1252", TextEncoding::Windows1252},
     {"cp1252", TextEncoding::Windows1252},
@@ -55,7 +55,7 @@ std::optional<TextEncoding> DeclaredEncoding(std::string_view bytes) {
   const std::string head = FoldCase(bytes.substr(0, kHead));
   for (const std::string_view key : {"charset:", "encoding=", "encoding:"}) {
     const std::string value = ValueOf(head, key);
-    for (const Name& each : kNames) {
+    for (const EncodingName& each : kEncodingNames) {
       if (value == each.name) return each.encoding;
     }
   }

@@ -44,7 +44,7 @@ enum class Tag : std::uint8_t {
   Identifier,
   CheckNumber,
   Reference,
-  Kind,
+  PaymentKind,
   Name,
   ExtendedName,
   Memo,
@@ -54,42 +54,42 @@ enum class Tag : std::uint8_t {
   Message,
 };
 
-struct Named {
+struct NamedTag {
   std::string_view name;
   Tag tag;
 };
 
 constexpr std::array kTags = {
-    Named{"STMTRS", Tag::Statement},
-    Named{"CCSTMTRS", Tag::CardStatement},
-    Named{"INVSTMTRS", Tag::Investments},
-    Named{"STMTTRN", Tag::Transaction},
-    Named{"PAYEE", Tag::Payee},
-    Named{"LEDGERBAL", Tag::LedgerBalance},
-    Named{"AVAILBAL", Tag::AvailableBalance},
-    Named{"BANKACCTFROM", Tag::AccountFrom},
-    Named{"CCACCTFROM", Tag::AccountFrom},
-    Named{"BANKACCTTO", Tag::AccountTo},
-    Named{"CCACCTTO", Tag::AccountTo},
-    Named{"CURRENCY", Tag::Currency},
-    Named{"ORIGCURRENCY", Tag::OriginalCurrency},
-    Named{"CURDEF", Tag::DefaultCurrency},
-    Named{"CURSYM", Tag::Symbol},
-    Named{"BANKID", Tag::BankId},
-    Named{"ACCTID", Tag::AccountId},
-    Named{"TRNAMT", Tag::Amount},
-    Named{"DTPOSTED", Tag::Posted},
-    Named{"FITID", Tag::Identifier},
-    Named{"CHECKNUM", Tag::CheckNumber},
-    Named{"REFNUM", Tag::Reference},
-    Named{"TRNTYPE", Tag::Kind},
-    Named{"NAME", Tag::Name},
-    Named{"EXTDNAME", Tag::ExtendedName},
-    Named{"MEMO", Tag::Memo},
-    Named{"BALAMT", Tag::BalanceAmount},
-    Named{"DTASOF", Tag::BalanceDay},
-    Named{"SEVERITY", Tag::Severity},
-    Named{"MESSAGE", Tag::Message},
+    NamedTag{"STMTRS", Tag::Statement},
+    NamedTag{"CCSTMTRS", Tag::CardStatement},
+    NamedTag{"INVSTMTRS", Tag::Investments},
+    NamedTag{"STMTTRN", Tag::Transaction},
+    NamedTag{"PAYEE", Tag::Payee},
+    NamedTag{"LEDGERBAL", Tag::LedgerBalance},
+    NamedTag{"AVAILBAL", Tag::AvailableBalance},
+    NamedTag{"BANKACCTFROM", Tag::AccountFrom},
+    NamedTag{"CCACCTFROM", Tag::AccountFrom},
+    NamedTag{"BANKACCTTO", Tag::AccountTo},
+    NamedTag{"CCACCTTO", Tag::AccountTo},
+    NamedTag{"CURRENCY", Tag::Currency},
+    NamedTag{"ORIGCURRENCY", Tag::OriginalCurrency},
+    NamedTag{"CURDEF", Tag::DefaultCurrency},
+    NamedTag{"CURSYM", Tag::Symbol},
+    NamedTag{"BANKID", Tag::BankId},
+    NamedTag{"ACCTID", Tag::AccountId},
+    NamedTag{"TRNAMT", Tag::Amount},
+    NamedTag{"DTPOSTED", Tag::Posted},
+    NamedTag{"FITID", Tag::Identifier},
+    NamedTag{"CHECKNUM", Tag::CheckNumber},
+    NamedTag{"REFNUM", Tag::Reference},
+    NamedTag{"TRNTYPE", Tag::PaymentKind},
+    NamedTag{"NAME", Tag::Name},
+    NamedTag{"EXTDNAME", Tag::ExtendedName},
+    NamedTag{"MEMO", Tag::Memo},
+    NamedTag{"BALAMT", Tag::BalanceAmount},
+    NamedTag{"DTASOF", Tag::BalanceDay},
+    NamedTag{"SEVERITY", Tag::Severity},
+    NamedTag{"MESSAGE", Tag::Message},
 };
 
 bool IsSameName(std::string_view written, std::string_view name) noexcept {
@@ -105,13 +105,13 @@ bool IsSameName(std::string_view written, std::string_view name) noexcept {
 }
 
 Tag TagOf(std::string_view name) noexcept {
-  for (const Named& each : kTags) {
+  for (const NamedTag& each : kTags) {
     if (IsSameName(name, each.name)) return each.tag;
   }
   return Tag::None;
 }
 
-std::size_t Mixed(std::size_t sum, std::size_t value) noexcept {
+std::size_t MixedHash(std::size_t sum, std::size_t value) noexcept {
   return (sum ^ value) * 0x9E3779B97F4A7C15U + (sum >> 31U);
 }
 
@@ -155,9 +155,9 @@ class HashSet {
   std::size_t count_ = 0;
 };
 
-class Reader {
+class OfxReader {
  public:
-  Reader(std::string_view text, StatementFile& file) noexcept
+  OfxReader(std::string_view text, StatementFile& file) noexcept
       : scanner_(text, TagScanner::Nesting::NeverInItself), file_(file) {}
 
   void Run() {
@@ -270,7 +270,7 @@ class Reader {
 
   void TakeOfRow(Tag tag, std::string_view text) {
     switch (tag) {
-      case Tag::Kind:
+      case Tag::PaymentKind:
         row_->type = text;
         break;
       case Tag::Posted:
@@ -338,10 +338,10 @@ class Reader {
     const std::hash<std::string_view> text;
     std::size_t sum = text(identifier_);
     const bool is_new = identifiers_.Insert(sum);
-    sum = Mixed(sum, static_cast<std::size_t>(row.day.value_or(0)));
-    sum = Mixed(sum, std::hash<double>()(row.amount.value_or(0.0)));
+    sum = MixedHash(sum, static_cast<std::size_t>(row.day.value_or(0)));
+    sum = MixedHash(sum, std::hash<double>()(row.amount.value_or(0.0)));
     for (const std::string* each : {&row.to_from, &row.description, &row.notes}) {
-      sum = Mixed(sum, text(*each));
+      sum = MixedHash(sum, text(*each));
     }
     if (!rows_.Insert(sum)) {
       row.unmarked = UnmarkedReason::Repeated;
@@ -370,7 +370,7 @@ class Reader {
 }  // namespace
 
 void ReadOfx(std::string_view text, StatementFile& file) {
-  Reader(text, file).Run();
+  OfxReader(text, file).Run();
 }
 
 }  // namespace tallyfold

@@ -49,7 +49,7 @@ class TypesOfPayees {
   std::unordered_map<std::string, Newest> newest_;
 };
 
-std::shared_ptr<LDGRQIFImportEntry> EntryOf(const StatementRow& row, bool zero_is_deposit) {
+std::shared_ptr<LDGRQIFImportEntry> EntryOfRow(const StatementRow& row, bool zero_is_deposit) {
   auto entry = std::make_shared<LDGRQIFImportEntry>();
   entry->SetDescription(row.description);
   entry->SetToFrom(row.to_from);
@@ -79,7 +79,7 @@ QifImportEntryList ReviewEntriesOf(const std::vector<StatementRow>& rows,
   QifImportEntryList entries;
   entries.reserve(rows.size());
   for (const StatementRow& row : rows) {
-    auto entry = EntryOf(row, options.zero_amounts_as_deposits);
+    auto entry = EntryOfRow(row, options.zero_amounts_as_deposits);
     if (options.suggests_types && !row.to_from.empty()) {
       if (auto type = types.Find(row.to_from, entry->IsDeposit())) {
         entry->SetType(type->GetNumber());

@@ -5,31 +5,30 @@
 #include <cstdint>
 #include <cstring>
 
+#include "exchange/ascii.h"
+
 namespace tallyfold {
 namespace {
 
-bool IsBlank(char character) noexcept {
-  return character == ' ' || character == '\t' || character == '\r' || character == '\n';
-}
-
 // One blank at a time, and none around: the text can be taken as it is.
 bool IsTidy(std::string_view text) noexcept {
-  if (text.empty() || IsBlank(text.front()) || IsBlank(text.back())) return false;
+  if (text.empty() || IsAsciiSpace(text.front()) || IsAsciiSpace(text.back())) return false;
   // Eight bytes at a time, the last of which is looked at again as the first of the next. What
   // seems untidy and is not costs time alone.
-  constexpr std::uint64_t kBlanks = 0x2020202020202020U;
+  constexpr std::uint64_t kSpaces = 0x2020202020202020U;
   constexpr std::uint64_t kOnes = 0x0101010101010101U;
   constexpr std::uint64_t kHighBits = 0x8080808080808080U;
   std::size_t place = 0;
   for (; place + 8 <= text.size(); place += 7) {
     std::uint64_t word = 0;
     std::memcpy(&word, text.data() + place, sizeof word);
-    const std::uint64_t blanks = ((word ^ kBlanks) - kOnes) & ~(word ^ kBlanks) & kHighBits;
-    const std::uint64_t controls = (word - kBlanks) & ~word & kHighBits;
+    const std::uint64_t blanks = ((word ^ kSpaces) - kOnes) & ~(word ^ kSpaces) & kHighBits;
+    const std::uint64_t controls = (word - kSpaces) & ~word & kHighBits;
     if (controls != 0 || (blanks & (blanks >> 8U)) != 0) return false;
   }
   for (; place + 1 < text.size(); ++place) {
-    if (IsBlank(text[place]) && (text[place] != ' ' || IsBlank(text[place + 1]))) return false;
+    if (IsAsciiSpace(text[place]) && (text[place] != ' ' || IsAsciiSpace(text[place + 1])))
+      return false;
   }
   return true;
 }
@@ -47,7 +46,7 @@ void AddText(std::string& field, std::string_view text) {
   }
   bool is_apart = !field.empty();
   for (const char character : text) {
-    if (IsBlank(character)) {
+    if (IsAsciiSpace(character)) {
       is_apart = !field.empty();
       continue;
     }
@@ -102,21 +101,21 @@ std::string_view TextOf(UnmarkedReason reason) noexcept {
 }
 
 std::string_view TextOf(StatementQuestion::Kind kind) noexcept {
-  using Kind = StatementQuestion::Kind;
+  using Asked = StatementQuestion::Kind;
   switch (kind) {
-    case Kind::Encoding:
+    case Asked::Encoding:
       return "In which encoding are the letters right?";
-    case Kind::DayOrder:
+    case Asked::DayOrder:
       return "In which order do day and month stand?";
-    case Kind::DecimalSeparator:
+    case Asked::DecimalSeparator:
       return "Which character separates the cents?";
-    case Kind::ReversalSign:
+    case Asked::ReversalSign:
       return "Does a reversal turn the sign of its amount?";
-    case Kind::FeeColumn:
+    case Asked::FeeColumn:
       return "Do the fees come off the amounts?";
-    case Kind::SpendingSign:
+    case Asked::SpendingSign:
       return "Are positive amounts money spent?";
-    case Kind::AmountColumn:
+    case Asked::AmountColumn:
       return "Which column has the amounts?";
   }
   return "";

@@ -4,11 +4,12 @@
 #include <bit>
 #include <cstring>
 #include <optional>
+#include <utility>
 
 namespace tallyfold {
 namespace {
 
-bool IsBlank(char character) noexcept {
+bool IsCellBlank(char character) noexcept {
   return character == ' ' || character == '\t';
 }
 
@@ -83,8 +84,8 @@ class TableRows::Scan {
   }
 
   [[nodiscard]] Place PlaceOf(std::size_t start, std::size_t end) const noexcept {
-    while (start < end && IsBlank(text_[start])) ++start;
-    while (start < end && IsBlank(text_[end - 1])) --end;
+    while (start < end && IsCellBlank(text_[start])) ++start;
+    while (start < end && IsCellBlank(text_[end - 1])) --end;
     if (end - row_start_ >= kElsewhere) return {};
     return {static_cast<std::uint32_t>(start - row_start_),
             static_cast<std::uint32_t>(end - start)};
@@ -101,7 +102,7 @@ class TableRows::Scan {
   // Stops at the delimiter or line end behind the cell.
   Place ReadCell(bool takes_rest) {
     std::size_t start = place_;
-    while (start < text_.size() && text_[start] != delimiter_ && IsBlank(text_[start])) {
+    while (start < text_.size() && text_[start] != delimiter_ && IsCellBlank(text_[start])) {
       ++start;
     }
     if (start < text_.size() && text_[start] == '"' && !takes_rest) {
@@ -114,7 +115,7 @@ class TableRows::Scan {
 
   // Whether a quote before `place` closes a cell.
   [[nodiscard]] bool IsCellEnd(std::size_t& place) const noexcept {
-    while (place < text_.size() && text_[place] != delimiter_ && IsBlank(text_[place])) {
+    while (place < text_.size() && text_[place] != delimiter_ && IsCellBlank(text_[place])) {
       ++place;
     }
     return place == text_.size() || text_[place] == delimiter_ || IsLineEnd(text_[place]);
@@ -154,8 +155,8 @@ class TableRows::Scan {
   }
 
   Place Unquoted(std::string_view raw) {
-    while (!raw.empty() && IsBlank(raw.front())) raw.remove_prefix(1);
-    while (!raw.empty() && IsBlank(raw.back())) raw.remove_suffix(1);
+    while (!raw.empty() && IsCellBlank(raw.front())) raw.remove_prefix(1);
+    while (!raw.empty() && IsCellBlank(raw.back())) raw.remove_suffix(1);
     std::string text;
     text.reserve(raw.size());
     for (std::size_t i = 0; i < raw.size(); ++i) {

@@ -7,12 +7,13 @@
 #include <cstring>
 #include <optional>
 
+#include "exchange/ascii.h"
 #include "plist/utf8.h"
 
 namespace tallyfold {
 namespace {
 
-constexpr std::string_view kBlanks = " \t\r\n";
+constexpr std::string_view kMarkupBlanks = " \t\r\n";
 
 bool BeginsName(char character) noexcept {
   const auto byte = static_cast<unsigned char>(character);
@@ -23,16 +24,6 @@ bool BeginsName(char character) noexcept {
 bool IsInName(char character) noexcept {
   return BeginsName(character) || (character >= '0' && character <= '9') || character == '.' ||
          character == '-' || character == ':';
-}
-
-bool IsBlank(char character) noexcept {
-  return character == ' ' || character == '\t' || character == '\r' || character == '\n';
-}
-
-std::string_view Trimmed(std::string_view text) noexcept {
-  while (!text.empty() && IsBlank(text.front())) text.remove_prefix(1);
-  while (!text.empty() && IsBlank(text.back())) text.remove_suffix(1);
-  return text;
 }
 
 // Eight bytes at a time.
@@ -270,30 +261,30 @@ void TagScanner::ClearText() noexcept {
 
 bool TagScanner::HasText() const noexcept {
   const std::string_view text = is_gathered_ ? std::string_view(gathered_) : text_;
-  return !std::all_of(text.begin(), text.end(), IsBlank);
+  return !std::all_of(text.begin(), text.end(), IsAsciiSpace);
 }
 
 std::string_view TagScanner::Text() {
   if (!is_leaf_) return {};
-  if (is_gathered_) return Trimmed(gathered_);
-  const std::string_view trimmed = Trimmed(text_);
+  if (is_gathered_) return WithoutSpaces(gathered_);
+  const std::string_view trimmed = WithoutSpaces(text_);
   if (trimmed.find('&') == std::string_view::npos) return trimmed;
   resolved_ = WithEntitiesResolved(trimmed);
-  return Trimmed(resolved_);
+  return WithoutSpaces(resolved_);
 }
 
 std::string_view TagScanner::Attribute(std::string_view name) const noexcept {
   std::string_view rest = stack_[depth_ - 1].attributes;
   while (!rest.empty()) {
-    rest.remove_prefix(std::min(rest.find_first_not_of(kBlanks), rest.size()));
+    rest.remove_prefix(std::min(rest.find_first_not_of(kMarkupBlanks), rest.size()));
     const std::size_t equals = rest.find('=');
     if (equals == std::string_view::npos) return {};
-    std::string_view key = Trimmed(rest.substr(0, equals));
+    std::string_view key = WithoutSpaces(rest.substr(0, equals));
     key.remove_prefix(key.rfind(':') + 1);
     rest.remove_prefix(equals + 1);
-    rest.remove_prefix(std::min(rest.find_first_not_of(kBlanks), rest.size()));
+    rest.remove_prefix(std::min(rest.find_first_not_of(kMarkupBlanks), rest.size()));
     std::size_t start = 0;
-    std::size_t end = std::min(rest.find_first_of(kBlanks), rest.size());
+    std::size_t end = std::min(rest.find_first_of(kMarkupBlanks), rest.size());
     if (rest.starts_with('"') || rest.starts_with('\'')) {
       start = 1;
       end = std::min(rest.find(rest.front(), 1), rest.size());

@@ -4,6 +4,7 @@
 #include <array>
 #include <cstddef>
 
+#include "exchange/ascii.h"
 #include "model/amounts.h"
 
 namespace tallyfold {
@@ -11,21 +12,14 @@ namespace {
 
 constexpr std::size_t kMostDigits = 18;
 
-constexpr std::string_view kBlanks[] = {" ", "\t", "\u00A0", "\u2009", "\u202F", "'", "\u2019"};
-constexpr std::string_view kDashes[] = {"-", "\u2212", "\u2010", "\u2011", "\u2012", "\u2013"};
-
-bool IsDigit(char character) noexcept {
-  return character >= '0' && character <= '9';
-}
-
-bool IsLetter(char character) noexcept {
-  return (character >= 'a' && character <= 'z') || (character >= 'A' && character <= 'Z');
-}
+constexpr std::string_view kGroupBlanks[] = {" ",      "\t", "\u00A0", "\u2009",
+                                             "\u202F", "'",  "\u2019"};
+constexpr std::string_view kMinusSigns[] = {"-", "\u2212", "\u2010", "\u2011", "\u2012", "\u2013"};
 
 // Goes over the text once.
-class Walk {
+class AmountScan {
  public:
-  explicit Walk(std::string_view text) noexcept : rest_(text) {}
+  explicit AmountScan(std::string_view text) noexcept : rest_(text) {}
 
   WrittenAmount Run() noexcept {
     while (!rest_.empty() && fits_) Step();
@@ -53,13 +47,13 @@ class Walk {
 
   void Step() noexcept {
     const char first = rest_.front();
-    if (IsDigit(first)) return TakeDigit(first);
+    if (IsAsciiDigit(first)) return TakeDigit(first);
     if (first == '.' || first == ',') return TakeSeparator(first);
-    if (TakeAnyOf(kBlanks)) {
+    if (TakeAnyOf(kGroupBlanks)) {
       has_gap_ = true;
       return;
     }
-    if (TakeAnyOf(kDashes)) return TakeSign(true);
+    if (TakeAnyOf(kMinusSigns)) return TakeSign(true);
     if (first == '+') {
       rest_.remove_prefix(1);
       return TakeSign(false);
@@ -69,7 +63,7 @@ class Walk {
       if (first == '(') TakeSign(true);
       return;
     }
-    if (IsLetter(first)) return TakeLetters();
+    if (IsAsciiLetter(first)) return TakeLetters();
     TakeOther();
   }
 
@@ -136,7 +130,7 @@ class Walk {
   void TakeLetters() noexcept {
     constexpr std::size_t kMost = 4;
     std::size_t size = 0;
-    while (size < rest_.size() && IsLetter(rest_[size])) ++size;
+    while (size < rest_.size() && IsAsciiLetter(rest_[size])) ++size;
     const std::string_view word = rest_.substr(0, size);
     rest_.remove_prefix(size);
     letters_ += size;
@@ -217,15 +211,15 @@ bool ReadPlain(std::string_view text, WrittenAmount& written) noexcept {
   std::size_t place = 0;
   const bool has_sign = !text.empty() && (text[0] == '-' || text[0] == '+');
   if (has_sign) ++place;
-  if (place == text.size() || text.size() > kMost || !IsDigit(text[place])) return false;
+  if (place == text.size() || text.size() > kMost || !IsAsciiDigit(text[place])) return false;
   std::int64_t digits = 0;
-  for (; place < text.size() && IsDigit(text[place]); ++place) {
+  for (; place < text.size() && IsAsciiDigit(text[place]); ++place) {
     digits = digits * 10 + (text[place] - '0');
   }
   if (place < text.size()) {
     const char separator = text[place];
-    const bool is_short = text.size() - place == 3 && IsDigit(text[place + 1]);
-    if (!is_short || !IsDigit(text[place + 2]) || (separator != '.' && separator != ',')) {
+    const bool is_short = text.size() - place == 3 && IsAsciiDigit(text[place + 1]);
+    if (!is_short || !IsAsciiDigit(text[place + 2]) || (separator != '.' && separator != ',')) {
       return false;
     }
     digits = digits * 100 + (text[place + 1] - '0') * 10 + (text[place + 2] - '0');
@@ -251,7 +245,7 @@ WrittenAmount ReadWrittenAmount(std::string_view text) noexcept {
 }
 
 void ReadWrittenAmount(std::string_view text, WrittenAmount& written) noexcept {
-  if (!text.empty() && !ReadPlain(text, written)) written = Walk(text).Run();
+  if (!text.empty() && !ReadPlain(text, written)) written = AmountScan(text).Run();
 }
 
 std::optional<double> WrittenAmount::Value(char decimal_separator) const noexcept {

@@ -3,6 +3,7 @@
 #include <cstddef>
 #include <string>
 
+#include "exchange/ascii.h"
 #include "model/calendar.h"
 #include "model/date_format.h"
 #include "model/text.h"
@@ -10,13 +11,9 @@
 namespace tallyfold {
 namespace {
 
-bool IsDigit(char character) noexcept {
-  return character >= '0' && character <= '9';
-}
-
-bool IsLetter(char character) noexcept {
+bool IsInMonthName(char character) noexcept {
   const auto byte = static_cast<unsigned char>(character);
-  return (byte >= 'A' && byte <= 'Z') || (byte >= 'a' && byte <= 'z') || byte >= 0x80;
+  return IsAsciiLetter(character) || byte >= 0x80;
 }
 
 bool IsSeparator(char character) noexcept {
@@ -51,7 +48,7 @@ int MonthNamed(std::string_view word) {
   return 0;
 }
 
-DateNumber DayOf(int year, int month, int day) noexcept {
+DateNumber CheckedDay(int year, int month, int day) noexcept {
   if (year < 1 || year > 9999 || !IsValidDay(year, month, day)) return 0;
   return year * 10000 + month * 100 + day;
 }
@@ -72,16 +69,16 @@ WrittenDay ReadWrittenDay(std::string_view text) {
   std::size_t count = 0;
   while (!text.empty() && count < 3) {
     std::size_t size = 0;
-    if (IsDigit(text.front())) {
+    if (IsAsciiDigit(text.front())) {
       std::int32_t number = 0;
-      for (; size < text.size() && IsDigit(text[size]); ++size) {
+      for (; size < text.size() && IsAsciiDigit(text[size]); ++size) {
         if (size == 8) return written;
         number = number * 10 + (text[size] - '0');
       }
       written.numbers[count] = number;
       written.digits[count] = static_cast<std::uint8_t>(size);
-    } else if (IsLetter(text.front())) {
-      while (size < text.size() && size < kLongestWord && IsLetter(text[size])) ++size;
+    } else if (IsInMonthName(text.front())) {
+      while (size < text.size() && size < kLongestWord && IsInMonthName(text[size])) ++size;
       const int month = MonthNamed(text.substr(0, size));
       if (month == 0 || written.named_month < 3) return written;
       written.numbers[count] = month;
@@ -120,7 +117,7 @@ DateNumber WrittenDay::In(DayOrder order) const noexcept {
       three = {run / 10000, run / 100 % 100, run % 100};
       sizes = {2, 2, 2};
     } else if (run / 10000 >= 1900 && run / 10000 < 2100 &&
-               DayOf(run / 10000, run / 100 % 100, run % 100) != 0) {
+               CheckedDay(run / 10000, run / 100 % 100, run % 100) != 0) {
       return run;
     } else {
       three = {run / 1000000, run / 10000 % 100, run % 10000};
@@ -158,22 +155,22 @@ DateNumber WrittenDay::In(DayOrder order) const noexcept {
   }
   if (sizes[year] != 2 && sizes[year] != 4) return 0;
   const int full = sizes[year] == 2 ? YearOfTwoDigits(three[year]) : three[year];
-  return DayOf(full, three[month], three[day]);
+  return CheckedDay(full, three[month], three[day]);
 }
 
 DateNumber ReadDigitDay(std::string_view text) noexcept {
-  constexpr std::size_t kDigits = 8;
+  constexpr std::size_t kDayDigits = 8;
   int number = 0;
   std::size_t count = 0;
-  for (std::size_t i = 0; i < text.size() && count < kDigits; ++i) {
+  for (std::size_t i = 0; i < text.size() && count < kDayDigits; ++i) {
     const char character = text[i];
     const bool is_dash = character == '-' && (count == 4 || count == 6);
     if (is_dash || (count == 0 && character == ' ')) continue;
-    if (!IsDigit(character)) return 0;
+    if (!IsAsciiDigit(character)) return 0;
     number = number * 10 + (character - '0');
     ++count;
   }
-  return count == kDigits ? DayOf(number / 10000, number / 100 % 100, number % 100) : 0;
+  return count == kDayDigits ? CheckedDay(number / 10000, number / 100 % 100, number % 100) : 0;
 }
 
 }  // namespace tallyfold

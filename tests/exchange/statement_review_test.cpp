@@ -16,7 +16,7 @@
 namespace tallyfold {
 namespace {
 
-std::shared_ptr<LDGRAccountEntryType> Type(std::int32_t number, bool is_deposit) {
+std::shared_ptr<LDGRAccountEntryType> TypeOf(std::int32_t number, bool is_deposit) {
   auto type = std::make_shared<LDGRAccountEntryType>();
   type->SetNumber(number);
   type->SetName("Type " + std::to_string(number));
@@ -24,8 +24,8 @@ std::shared_ptr<LDGRAccountEntryType> Type(std::int32_t number, bool is_deposit)
   return type;
 }
 
-void Add(LDGRAccount& account, DateNumber day, double amount, std::string_view payee,
-         std::int32_t type) {
+void AddPaid(LDGRAccount& account, DateNumber day, double amount, std::string_view payee,
+             std::int32_t type) {
   auto entry = std::make_shared<LDGRAccountEntry>();
   entry->SetDate(day);
   entry->SetAmount(amount);
@@ -39,7 +39,7 @@ void Add(LDGRAccount& account, DateNumber day, double amount, std::string_view p
   account.AddEntry(entry);
 }
 
-StatementRow Row(double amount, std::string_view payee) {
+StatementRow RowOf(double amount, std::string_view payee) {
   StatementRow row;
   row.day = 20240307;
   row.amount = amount;
@@ -50,13 +50,13 @@ StatementRow Row(double amount, std::string_view payee) {
 TEST(StatementReviews, SuggestTheTypeThatThePayeeHadLast) {
   const FakeAmbient ambient;
   LDGRAccount account;
-  account.SetTypes({Type(1, false), Type(2, false), Type(3, true)});
-  Add(account, 20240105, -5, "Corner Market", 2);
-  Add(account, 20240101, -5, "Corner Market", 1);
-  Add(account, 20240102, 9, "Corner Market", 3);
-  Add(account, 20240106, -5, "Stranger", 77);
-  const std::vector<StatementRow> rows = {Row(-1, "CORNER MARKET"), Row(1, "Corner Market"),
-                                          Row(-1, "Stranger"), Row(-1, "")};
+  account.SetTypes({TypeOf(1, false), TypeOf(2, false), TypeOf(3, true)});
+  AddPaid(account, 20240105, -5, "Corner Market", 2);
+  AddPaid(account, 20240101, -5, "Corner Market", 1);
+  AddPaid(account, 20240102, 9, "Corner Market", 3);
+  AddPaid(account, 20240106, -5, "Stranger", 77);
+  const std::vector<StatementRow> rows = {RowOf(-1, "CORNER MARKET"), RowOf(1, "Corner Market"),
+                                          RowOf(-1, "Stranger"), RowOf(-1, "")};
   const auto entries = ReviewEntriesOf(rows, account, {});
   EXPECT_EQ(entries[0]->GetType(), 2);
   EXPECT_EQ(entries[0]->GetActualType()->GetName(), "Type 2");
@@ -71,7 +71,7 @@ TEST(StatementReviews, SuggestTheTypeThatThePayeeHadLast) {
 TEST(StatementReviews, CarryWhatARowHoldsAndHowItStarts) {
   const FakeAmbient ambient;
   LDGRAccount account;
-  std::vector<StatementRow> rows = {Row(-1, "A"), Row(0, "B"), Row(-3, "C"), StatementRow()};
+  std::vector<StatementRow> rows = {RowOf(-1, "A"), RowOf(0, "B"), RowOf(-3, "C"), StatementRow()};
   rows[0].notes = "R1";
   rows[0].check_number = 12;
   rows[2].unmarked = UnmarkedReason::Pending;
