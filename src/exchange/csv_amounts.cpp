@@ -287,8 +287,14 @@ CsvAmountReading JudgeAmounts(const std::vector<CsvNumbers>& numbers,
   if (asks_separator && !is_proven) {
     const CsvNumbers& first = *counts.first_undecided;
     const char other = rule.decimal_separator == '.' ? ',' : '.';
-    const std::size_t column = columns.amount.value_or(columns.debit.value_or(0));
-    questions.push_back(QuestionOf(Kind::DecimalSeparator, rows.Cell(first.row, column),
+    const auto is_open = [](const WrittenAmount& written) {
+      return written.decimal == Decimal::Undecided;
+    };
+    const auto column = is_open(first.amount)   ? (columns.amount ? columns.amount : columns.debit)
+                        : is_open(first.credit) ? columns.credit
+                        : is_open(first.fee)    ? columns.fee
+                                                : columns.balance;
+    questions.push_back(QuestionOf(Kind::DecimalSeparator, rows.Cell(first.row, *column),
                                    counts.undecided, first, rule, {rule.decimal_separator, other},
                                    [](CsvAmountRule& changed, std::int64_t value) {
                                      changed.decimal_separator = static_cast<char>(value);
@@ -313,6 +319,7 @@ CsvAmountReading JudgeAmounts(const std::vector<CsvNumbers>& numbers,
   }
   CsvAmountReading reading;
   reading.rule = rule;
+  reading.has_open_separator = asks_separator && !is_proven;
   reading.proof = ProofOf(check, rows);
   if (is_proven) reading.balance_order = kBalanceOrders[check.Best()];
   return reading;

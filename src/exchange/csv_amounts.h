@@ -64,6 +64,8 @@ struct CsvAmountRule {
 
 struct CsvAmountReading {
   CsvAmountRule rule;
+  // Nothing proves the separator, and some amounts hang on it.
+  bool has_open_separator = false;
   StatementProof proof;
   std::optional<BalanceOrder> balance_order;
 };

@@ -62,7 +62,7 @@ class CsvReader {
     reading_.choices.spending_is_positive = amounts.rule.spending_is_positive;
     reading_.balance_order = amounts.balance_order;
     account_->proof = amounts.proof;
-    MakeRows(order, amounts.rule);
+    MakeRows(order, amounts);
     TakeClosingBalance(amounts);
     return std::move(reading_);
   }
@@ -130,7 +130,7 @@ class CsvReader {
     return false;
   }
 
-  void MakeRows(DayOrder order, const CsvAmountRule& rule) {
+  void MakeRows(DayOrder order, const CsvAmountReading& amounts) {
     const std::string_view currency = MainCurrency();
     account_->currency = currency;
     account_->rows.reserve(numbers_.size());
@@ -138,7 +138,7 @@ class CsvReader {
       StatementRow& row = account_->rows.emplace_back();
       row.line = rows_.Line(numbers.row);
       TakeDay(numbers.day.In(order), numbers.day.is_blank ? "" : "?", row);
-      TakeAmount(numbers, rule, row);
+      TakeAmount(numbers, amounts, row);
       TakeTexts(numbers.row, currency, row);
       if (reading_.first_rows.size() < CsvReading::kMostFirstRows) TakeFirstRow(numbers.row);
     }
@@ -147,23 +147,23 @@ class CsvReader {
     }
   }
 
-  void TakeAmount(const CsvNumbers& numbers, const CsvAmountRule& rule, StatementRow& row) const {
-    row.amount = rule.AmountOf(numbers);
+  void TakeAmount(const CsvNumbers& numbers, const CsvAmountReading& amounts,
+                  StatementRow& row) const {
+    row.amount = amounts.rule.AmountOf(numbers);
     if (!row.amount) {
       const bool is_blank = numbers.amount.is_blank && numbers.credit.is_blank;
       row.doubts.Add(is_blank ? ImportDoubtKind::MissingAmount : ImportDoubtKind::UnreadAmount);
       return;
     }
     // An amount beside one that cannot be read is not all there is.
-    if (rule.has_debits && (IsUnread(numbers.amount) || IsUnread(numbers.credit))) {
+    if (amounts.rule.has_debits && (IsUnread(numbers.amount) || IsUnread(numbers.credit))) {
       row.doubts.Add(ImportDoubtKind::UnreadAmount);
     }
-    if (numbers.amount.decimal == WrittenAmount::Decimal::Undecided ||
-        numbers.credit.decimal == WrittenAmount::Decimal::Undecided) {
-      if (account_->proof.kind != StatementProof::Kind::Running && !choices_.decimal_separator) {
-        row.doubts.Add(ImportDoubtKind::AmountSeparators);
-      }
-    }
+    const bool is_open = numbers.amount.decimal == WrittenAmount::Decimal::Undecided ||
+                         numbers.credit.decimal == WrittenAmount::Decimal::Undecided;
+    if (is_open && amounts.has_open_separator) row.doubts.Add(ImportDoubtKind::AmountSeparators);
+    const bool lacks_mark = columns_.mark && numbers.mark == MarkMeaning::None;
+    if (lacks_mark && !numbers.amount.has_sign) row.doubts.Add(ImportDoubtKind::AmountSign);
     NoteLargeAmount(*row.amount, row.doubts);
   }
 

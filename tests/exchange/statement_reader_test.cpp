@@ -37,7 +37,7 @@ TEST(StatementFiles, AreReadAsTheFileBesideThemSays) {
     const std::filesystem::path expected = path.string() + ".read";
     const std::string read = TextOfStatement(Read(Contents(path)));
     if (std::getenv("TALLYFOLD_ACCEPT_READ") != nullptr) std::ofstream(expected) << read;
-    EXPECT_EQ(read, Contents(expected)) << path;
+    EXPECT_EQ(read, Contents(expected)) << path << ": accepted by TALLYFOLD_ACCEPT_READ=1";
   }
 }
 
