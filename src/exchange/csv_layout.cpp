@@ -15,6 +15,7 @@ namespace {
 
 // Rows that are looked at before the whole is read.
 constexpr std::size_t kSampleRows = 120;
+constexpr std::size_t kSampleBytes = 256 * 1024;
 constexpr std::size_t kMostHeadingRow = 60;
 
 bool IsDay(std::string_view cell) {
@@ -279,7 +280,7 @@ char DelimiterOf(std::string_view text, const CsvChoices& choices) {
   char best = ';';
   std::size_t best_score = 0;
   for (const char delimiter : kDelimiters) {
-    const TableRows rows(text, delimiter, kSampleRows);
+    const TableRows rows(text.substr(0, kSampleBytes), delimiter, kSampleRows);
     std::size_t score = 0;
     std::size_t headings = 0;
     for (std::size_t row = 0; row < rows.size(); ++row) {

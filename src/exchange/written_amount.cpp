@@ -245,7 +245,12 @@ WrittenAmount ReadWrittenAmount(std::string_view text) noexcept {
 }
 
 void ReadWrittenAmount(std::string_view text, WrittenAmount& written) noexcept {
-  if (!text.empty() && !ReadPlain(text, written)) written = AmountScan(text).Run();
+  constexpr std::size_t kLongest = 100;
+  if (text.size() > kLongest) {
+    written.is_blank = false;
+  } else if (!text.empty() && !ReadPlain(text, written)) {
+    written = AmountScan(text).Run();
+  }
 }
 
 std::optional<double> WrittenAmount::Value(char decimal_separator) const noexcept {

@@ -36,7 +36,7 @@ struct WrittenAmount {
   [[nodiscard]] std::optional<double> Value(char decimal_separator) const noexcept;
 };
 
-// Linear.
+// Linear; texts of more than 100 bytes are none.
 [[nodiscard]] WrittenAmount ReadWrittenAmount(std::string_view text) noexcept;
 // The same into one that is as it was made.
 void ReadWrittenAmount(std::string_view text, WrittenAmount& written) noexcept;

@@ -48,6 +48,7 @@ TEST(WrittenAmounts, TellTheirSeparatorsOrLeaveThemOpen) {
     EXPECT_EQ(written.Value('.'), each.with_point) << each.text;
     EXPECT_EQ(written.Value(','), each.with_comma) << each.text;
   }
+  EXPECT_FALSE(ReadWrittenAmount(std::string(1000, '-')).is_blank);
   for (const std::string_view text : {"", " ", "-", "--"}) {
     EXPECT_TRUE(ReadWrittenAmount(text).is_blank) << text;
   }
