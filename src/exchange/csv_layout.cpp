@@ -269,7 +269,8 @@ ImportText ReadTableText(std::string_view bytes, const CsvChoices& choices,
 }
 
 std::string_view TableBody(std::string_view text) noexcept {
-  return NamedDelimiter(text) == '\0' ? text : text.substr(text.find_first_of("\r\n"));
+  if (NamedDelimiter(text) == '\0') return text;
+  return text.substr(std::min(text.find_first_of("\r\n"), text.size()));
 }
 
 char DelimiterOf(std::string_view text, const CsvChoices& choices) {

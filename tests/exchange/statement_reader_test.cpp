@@ -8,6 +8,7 @@
 #include <set>
 #include <string>
 
+#include "exchange/csv_reader.h"
 #include "exchange/statement_text.h"
 #include "system/iconv_encodings.h"
 
@@ -118,6 +119,8 @@ TEST(StatementFiles, AreTakenForWhatTheyHoldWhateverTheirName) {
 }
 
 TEST(StatementFiles, OfAnyLengthEndInAReadingAfterEachByte) {
+  StatementFile named;
+  EXPECT_TRUE(ReadCsv("sep=;", {}, named).lacks_days);
   for (const auto& each : std::filesystem::directory_iterator(kFolder)) {
     if (each.path().extension() == ".read") continue;
     const std::string bytes = Contents(each.path());
