@@ -27,6 +27,7 @@ constexpr std::array<KindText, kImportDoubtKinds> kKinds = {{
     {"records with a second date or amount, of which only the first is read"},
     {"check numbers that are text and become 0"},
     {"check numbers too large, left out"},
+    {"check numbers that are no numbers, put in the notes"},
     {"splits left out, of ten lines or more"},
     {"splits left out, of both signs"},
     {"splits left out, of lines that do not fit"},

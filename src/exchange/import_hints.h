@@ -32,6 +32,7 @@ enum class ImportDoubtKind : std::uint8_t {
   SecondRecord,      // lines that belong to a further entry, which is left out
   TextNumber,        // a check number that is a text ("ATM") becomes 0
   LostNumber,        // one beyond 32 bits is left out
+  NotedNumber,       // one that is no number of 32 bits goes to the notes
   LongSplit,         // a split of more lines than can come in is left out, as the next two
   MixedSplit,        // of amounts of both signs
   UnevenSplit,       // of lines that do not go together
@@ -43,7 +44,7 @@ enum class ImportDoubtKind : std::uint8_t {
   LeftOutList,     // holds no entries; see ImportHints::left_out_lists
   UnendedList,     // its last record has no end and is left out
 };
-inline constexpr std::size_t kImportDoubtKinds = 21;
+inline constexpr std::size_t kImportDoubtKinds = 22;
 
 // What is doubtful of one entry.
 class ImportDoubtSet {

@@ -59,6 +59,18 @@ QifReview::QifReview(const QifResult& result, const QifEntryList& entries, LDGRA
   Import_DoNotImportPotentialDuplicates(account);
 }
 
+QifReview::QifReview(QifImportEntryList entries, LDGRAccount& account)
+    : entries_(std::move(entries)) {
+  std::int32_t number = account.NextAvailableNumber();
+  for (const auto& entry : entries_) {
+    entry->SetNumber(++number);
+    if (!entry->GetImport()) continue;
+    ++marked_count_;
+    entry->SetImportOrder(next_order_++);
+  }
+  Import_DoNotImportPotentialDuplicates(account);
+}
+
 void QifReview::MakeTypes(const std::vector<QifType>& read, const LDGRAccount& account) {
   // A type that the file lists twice is made twice.
   const EntryTypeIndex known(account);

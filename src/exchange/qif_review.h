@@ -23,6 +23,9 @@ class QifReview {
   // Entries for `account` made of what was read, all marked for import but those that the account
   // seems to hold already. `entries` is a list of `result`.
   QifReview(const QifResult& result, const QifEntryList& entries, LDGRAccount& account);
+  // Of entries that another reader made, those not marked for import left so, and those unmarked
+  // that the account seems to hold already. Their types are the account's own.
+  QifReview(QifImportEntryList entries, LDGRAccount& account);
 
   [[nodiscard]] const QifImportEntryList& entries() const noexcept { return entries_; }
   // In the order in which they were marked.

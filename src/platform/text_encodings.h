@@ -24,6 +24,7 @@ enum class TextEncoding : std::int32_t {
   Windows1250 = 15,
   Iso2022Jp = 21,
   MacRoman = 30,
+  Windows1257 = -2147482361,  // read only: never offered
   Utf16BigEndian = -1879047936,
   Utf16LittleEndian = -1811939072,
   Utf32 = -1946156800,
@@ -35,7 +36,7 @@ enum class TextEncoding : std::int32_t {
 class TextEncodings {
  public:
   virtual ~TextEncodings() = default;
-  // Every encoding that can be used, in the order they are offered.
+  // Every encoding that can be offered, in that order.
   [[nodiscard]] virtual std::vector<TextEncoding> List() const = 0;
   // Name to show; "" for an unknown identifier.
   [[nodiscard]] virtual std::string Name(TextEncoding encoding) const = 0;

@@ -53,6 +53,7 @@ constexpr std::array kEntries = {
         kLittleEndian ? std::string_view("\xFF\xFE\0\0", 4) : std::string_view("\0\0\xFE\xFF", 4)},
     Entry{TextEncoding::Utf32BigEndian, "Unicode (UTF-32, high byte first)", "UTF-32BE"},
     Entry{TextEncoding::Utf32LittleEndian, "Unicode (UTF-32, low byte first)", "UTF-32LE"},
+    Entry{TextEncoding::Windows1257, "Baltic (Windows 1257)", "CP1257"},
 };
 
 const Entry* Find(TextEncoding encoding) {
@@ -154,6 +155,7 @@ std::u32string_view TakeBlock(std::string_view& utf8, std::array<char32_t, 1024>
 std::vector<TextEncoding> IconvEncodings::List() const {
   std::vector<TextEncoding> list;
   for (const Entry& entry : kEntries) {
+    if (entry.encoding == TextEncoding::Windows1257) continue;
     if (Converter("UTF-8", entry.iconv_name).IsOpen()) list.push_back(entry.encoding);
   }
   return list;

@@ -1,0 +1,65 @@
+#pragma once
+
+#include <array>
+#include <cstddef>
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "exchange/csv_headings.h"
+#include "exchange/written_day.h"
+#include "platform/text_encodings.h"
+
+namespace tallyfold {
+
+// How a table of a bank is read. What is not chosen the reader finds out, asks, or leaves as it is.
+struct CsvChoices {
+  std::optional<TextEncoding> encoding;
+  std::optional<char> delimiter;
+  std::optional<bool> has_heading;
+  // By columns from the left, those beyond the last are None; empty where the reader decides.
+  std::vector<CsvField> columns;
+  std::optional<DayOrder> day_order;
+  std::optional<char> decimal_separator;  // "." or ","
+  std::optional<bool> fees_come_off;
+  // Money spent is positive, as files of cards have it.
+  std::optional<bool> spending_is_positive;
+};
+
+// Where the balance on each row stands in time, and the rows.
+struct BalanceOrder {
+  bool is_before = false;  // of the row's amount
+  bool is_newest_first = false;
+};
+
+// How a table was read, for whoever shows it and lets it be changed.
+struct CsvReading {
+  static constexpr std::size_t kMostFirstRows = 5;
+
+  // Everything has a value, as chosen or found out. `columns` has one for each column.
+  CsvChoices choices;
+  std::vector<std::string> headings;  // empty without a heading
+  // The cells of the first rows of entries as the file has them.
+  std::vector<std::vector<std::string>> first_rows;
+  // Tells the heading from those of other files; see HeadingDigest().
+  std::string digest;
+  std::optional<BalanceOrder> balance_order;  // none where the balances prove none
+  // Lines that name a balance or a sum, lines that were added to the row before them, and lines
+  // before, behind and among the rows that are nothing of that.
+  std::size_t balance_lines = 0;
+  std::size_t continuation_lines = 0;
+  std::size_t other_lines = 0;
+  // Why nothing can come of it: no column has days, or none amounts.
+  bool lacks_days = false;
+  bool lacks_amounts = false;
+};
+
+// Sixteen hexadecimal digits, the same for headings that differ in case, accents and signs alone;
+// of a table without a heading, for the same number of columns. Choices for files like this one are
+// kept under "import " and the digest.
+[[nodiscard]] std::string HeadingDigest(const std::vector<std::string>& headings,
+                                        std::size_t columns);
+[[nodiscard]] std::string ImportIdentifier(const CsvReading& reading);
+
+}  // namespace tallyfold

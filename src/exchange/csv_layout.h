@@ -1,0 +1,41 @@
+#pragma once
+
+#include <cstddef>
+#include <optional>
+#include <string_view>
+#include <vector>
+
+#include "exchange/csv_choices.h"
+#include "exchange/import_text.h"
+#include "exchange/statement_file.h"
+#include "exchange/table_reader.h"
+
+namespace tallyfold {
+
+// How the bytes of a table become rows and columns, before anything of them is read.
+
+// The text of a table that is no UTF-8, or for which an encoding is chosen. UTF-16 shows what it
+// is; of the encodings of bytes the one whose headings are known, else a question is asked and
+// Windows-1252 holds, or Windows-1251 where most letters are beyond ASCII.
+[[nodiscard]] ImportText ReadTableText(std::string_view bytes, const CsvChoices& choices,
+                                       const TextEncodings& encodings,
+                                       std::vector<StatementQuestion>& questions);
+
+// Where its lines begin: behind "sep=;", which names the delimiter.
+[[nodiscard]] std::string_view TableBody(std::string_view text) noexcept;
+
+// The one that gives the most cells that are known headings, days and amounts.
+[[nodiscard]] char DelimiterOf(std::string_view text, const CsvChoices& choices);
+
+// The row of headings; none for a table without.
+[[nodiscard]] std::optional<std::size_t> HeadingRow(const TableRows& rows,
+                                                    const CsvChoices& choices);
+
+// What each column holds: as chosen, else by the headings, and what no heading tells by the first
+// rows behind `first_row`. Asks where several columns may have the amounts.
+[[nodiscard]] std::vector<CsvField> ColumnsOf(const TableRows& rows,
+                                              std::optional<std::size_t> heading,
+                                              const CsvChoices& choices,
+                                              std::vector<StatementQuestion>& questions);
+
+}  // namespace tallyfold

@@ -1,0 +1,21 @@
+#pragma once
+
+#include <cmath>
+#include <cstdint>
+
+namespace tallyfold {
+
+// Amounts as whole cents, in which sums of a statement are exact.
+using Cents = std::int64_t;
+
+// Whether an amount is small enough that the sum of any file of them fits.
+[[nodiscard]] inline bool HasCents(double amount) noexcept {
+  return std::abs(amount) < 1e12;
+}
+
+// The nearest whole cents to an amount that HasCents().
+[[nodiscard]] inline Cents CentsOf(double amount) noexcept {
+  return std::llround(amount * 100.0);
+}
+
+}  // namespace tallyfold
