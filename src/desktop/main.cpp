@@ -17,6 +17,7 @@
 #include "desktop/services/qt_run_loop.h"
 #include "desktop/text_keys.h"
 #include "desktop/texts.h"
+#include "desktop/window_panels.h"
 #include "platform/ambient.h"
 #include "platform/notification_center.h"
 #include "platform/version.h"
@@ -79,6 +80,7 @@ int Run(QApplication& application) {
          desktop::OpenExample(processes, desktop::ToUtf8(QCoreApplication::applicationFilePath()));
        }});
 
+  desktop::SetUpPanels(panels, program.app());
   const auto end = [&](Ending::Asker asker) {
     const bool is_saved = program.Save(asker) == Ending::Outcome::Saved;
     QCoreApplication::exit(is_saved ? 0 : 1);

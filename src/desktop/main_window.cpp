@@ -27,7 +27,9 @@
 #include "desktop/menu_bar.h"
 #include "desktop/search_strip.h"
 #include "desktop/services/user_settings.h"
+#include "desktop/sheets/review_host.h"
 #include "desktop/sheets/sheet_host.h"
+#include "desktop/sheets/update_window.h"
 #include "desktop/status_line.h"
 #include "desktop/tab_strip.h"
 #include "desktop/tabs/reconcile_band.h"
@@ -78,10 +80,16 @@ void MainWindow::MakePieces() {
       std::make_unique<MenuBar>(*menuBar(), *actions_, MenuBar::Parts{app.menus(), app.search()});
   sheets_ = std::make_unique<SheetHost>(app.sheets(), *this);
   SetUpSheets(*sheets_, app);
+  review_ = std::make_unique<ReviewHost>(
+      ReviewSheet::Parts{app.sharedQIFImportController(), app.desk()}, *sheets_, *this);
 
   pieces_.actions = actions_.get();
   pieces_.menus = menus_.get();
   pieces_.sheets = sheets_.get();
+  pieces_.review = review_.get();
+  updates_ = std::make_unique<UpdateWindowHost>(
+      UpdateWindow::Parts{app.updates(), app.desk().preferences()}, *this);
+  pieces_.updates = updates_.get();
   pieces_.tools = new ToolBars(*actions_, app.tabs(), app.accountsDrawer(), this);
   pieces_.accounts = new AccountsList({app.accountsDrawer(), app.desk()}, splitter_);
   pieces_.tabs = new TabStrip(app.tabs(), page_);
@@ -256,6 +264,7 @@ void MainWindow::closeEvent(QCloseEvent* event) {
   // The window goes with the program, after everything has been saved.
   event->ignore();
   if (sheets_->IsOpen()) return sheets_->Raise();
+  if (review_->IsOpen()) return review_->Raise();
   app_.lifecycle().windowWillClose();
 }
 

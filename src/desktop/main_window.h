@@ -21,7 +21,9 @@ class ReconcileBand;
 class RegisterPage;
 class ScheduleTab;
 class SearchStrip;
+class ReviewHost;
 class SheetHost;
+class UpdateWindowHost;
 class StatusLine;
 class SummaryTab;
 class TabStrip;
@@ -51,6 +53,8 @@ class MainWindow final : public QMainWindow {
     SummaryTab* summary = nullptr;
     StatusLine* status = nullptr;
     SheetHost* sheets = nullptr;
+    ReviewHost* review = nullptr;
+    UpdateWindowHost* updates = nullptr;
   };
   [[nodiscard]] const Pieces& pieces() const noexcept { return pieces_; }
 
@@ -89,6 +93,8 @@ class MainWindow final : public QMainWindow {
   std::unique_ptr<CommandActions> actions_;
   std::unique_ptr<MenuBar> menus_;
   std::unique_ptr<SheetHost> sheets_;
+  std::unique_ptr<ReviewHost> review_;
+  std::unique_ptr<UpdateWindowHost> updates_;
   QSplitter* splitter_;
   QWidget* page_;
   QStackedWidget* pages_;

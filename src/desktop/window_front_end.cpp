@@ -8,7 +8,9 @@
 #include "desktop/menu_bar.h"
 #include "desktop/search_strip.h"
 #include "desktop/services/event_watch.h"
+#include "desktop/sheets/review_host.h"
 #include "desktop/sheets/sheet_host.h"
+#include "desktop/sheets/update_window.h"
 #include "desktop/status_line.h"
 #include "desktop/tab_strip.h"
 #include "desktop/tabs/reconcile_band.h"
@@ -112,6 +114,10 @@ void WindowFrontEnd::ShowArea(Area area) {
     case Area::ImportOptionsSheet:
       pieces.menus->ShowAccounts();
       return pieces.sheets->Show();
+    case Area::Updates:
+      return pieces.updates->Show();
+    case Area::ImportReview:
+      return pieces.review->Show();
     default:
       return;
   }

@@ -10,5 +10,7 @@ class SheetHost;
 
 // Tells the host how each sheet is made. Both must outlive the sheets.
 void SetUpSheets(SheetHost& host, LDGRController& app);
+// Those of the exchange of files; part of the former.
+void SetUpExchangeSheets(SheetHost& host, LDGRController& app);
 
 }  // namespace tallyfold::desktop

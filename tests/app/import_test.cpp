@@ -226,7 +226,7 @@ TEST_F(ImportTest, ShowsTheReviewAsATable) {
   auto& rows = import.tableDataSource();
   TableLog log;
   rows.Table().SetShownBy(&log);
-  EXPECT_EQ(rows.Table().Columns().size(), 7U);
+  EXPECT_EQ(rows.Table().Columns().size(), 8U);
   EXPECT_EQ(TitleOf(rows.Table().Columns().front()), "Import");
   EXPECT_EQ(rows.tableView("import", 0).mark, TableCell::Mark::Unset) << "it is there already";
   EXPECT_EQ(rows.tableView("import", 1).mark, TableCell::Mark::Set);

@@ -1,25 +1,34 @@
 // Pictures of the window in its states, to be looked at: tallyfold_desktop_shots FOLDER [dark].
-// Another scale by QT_SCALE_FACTOR.
+// Another scale by QT_SCALE_FACTOR, longer texts by a last word "long".
 
 #include <QApplication>
 #include <QDir>
 #include <QFontDatabase>
 #include <QLineEdit>
 #include <QPixmap>
+#include <QTimer>
 #include <cstdio>
+#include <fstream>
 #include <functional>
 #include <memory>
+#include <sstream>
 
 #include "app/controller.h"
 #include "app/desk.h"
+#include "app/exchange/export_commands.h"
+#include "app/exchange/qif_import_command.h"
 #include "app/face/sheet_slot.h"
 #include "app/shell/tabs.h"
+#include "app/shell/update_check.h"
+#include "app/views/account_summary_sheet.h"
 #include "app/views/account_summary_tab.h"
 #include "app/views/reconcile_tab.h"
 #include "app/views/registers.h"
 #include "desktop/look/palette_watch.h"
 #include "desktop/look/style.h"
+#include "desktop/services/qt_file_panels.h"
 #include "desktop/test_window.h"
+#include "desktop/window_panels.h"
 #include "filters/register_search.h"
 #include "storage/preferences.h"
 
@@ -38,10 +47,21 @@ class Wished final : public ColorScheme {
 
 constexpr QSize kSize(1280, 832);
 
+// The file of the examples, in its options.
+void OpenImport(TestWindow& test) {
+  std::ifstream file(TALLYFOLD_EXAMPLES "/household.qif", std::ios::binary);
+  std::ostringstream content;
+  content << file.rdbuf();
+  test.files.AddFile("/home/user/household.qif", content.str());
+  test.panels.Answer("/home/user/household.qif");
+  static_cast<void>(test.program->app().importCommand().QIFImport());
+}
+
 // The window in a state, and the sheet over it where one is open.
 void Grab(const QString& folder, const QString& name, const std::string& accounts,
           const std::function<void(TestWindow&)>& prepare) {
   TestWindow test(accounts);
+  test.ambient.localizer.lengthens = QApplication::arguments().contains(QLatin1String("long"));
   static_cast<void>(test.Launch());
   test.program->window().resize(kSize);
   auto& preferences = test.program->app().desk().preferences();
@@ -83,6 +103,52 @@ void GrabAll(const QString& folder) {
     test.ClickRow("entry_Table", 3);
     test.Key(Qt::Key_Delete);
   });
+  show("import-options", [](TestWindow& test) { OpenImport(test); });
+  show("import-review", [](TestWindow& test) {
+    OpenImport(test);
+    test.Click("importOptions_OK_Button");
+    test.alerts.Answer("OK");
+    test.Click("import_OK_Button");
+    OpenImport(test);
+    test.Click("importOptions_OK_Button");
+    test.Key(Qt::Key_Down);
+  });
+  show("summary-options", [](TestWindow& test) {
+    test.program->app().tabs().Select(Tab::Summary);
+    test.program->app().summaries().Select(3);
+    static_cast<void>(test.program->app().summarySheet().Open());
+  });
+  show("summary-options-refused", [](TestWindow& test) {
+    test.program->app().tabs().Select(Tab::Summary);
+    static_cast<void>(test.program->app().summarySheet().Open());
+    test.Find<QLineEdit>("accountSummarySheet_Name_Field")->clear();
+    test.Type(" ");
+    test.Click("accountSummarySheet_OK_Button");
+  });
+  show("import-encodings", [](TestWindow& test) {
+    test.files.AddFile("/home/user/cafe.qif",
+                       "!Type:Bank\nD3/2'26\nT0.00\nPCaf\xE9 by the Quay\n^\n");
+    test.panels.Answer("/home/user/cafe.qif");
+    static_cast<void>(test.program->app().importCommand().QIFImport());
+  });
+  show("export", [&folder](TestWindow& test) {
+    test.panels.while_up = [&test, &folder] {
+      QtFilePanels panels;
+      SetUpPanels(panels, test.program->app());
+      QTimer::singleShot(0, [&folder] {
+        QWidget* panel = TestWindow::FindWidget("file_Panel");
+        panel->grab().save(QDir(folder).filePath(QLatin1String("export-panel.png")));
+        panel->close();
+      });
+      static_cast<void>(panels.Save({.title = "Export QIF",
+                                     .name = "Tallyfold QIF Export.qif",
+                                     .name_label = "Export as:",
+                                     .button = "Export",
+                                     .accessory = PanelAccessory::QifExport}));
+    };
+    static_cast<void>(test.program->app().exports().ExportQIF());
+  });
+  show("updates", [](TestWindow& test) { test.program->app().updates().CheckForUpdates(); });
   show("smallest", [](TestWindow& test) {
     test.program->window().resize(test.program->window().minimumSize());
   });

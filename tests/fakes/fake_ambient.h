@@ -31,8 +31,13 @@ class FakeLocalizer final : public Localizer {
   [[nodiscard]] std::string Text(std::string_view key) const override {
     const auto found = texts_.find(key);
     if (brackets) return '[' + std::string(key) + ']';
-    return found == texts_.end() ? std::string(key) : found->second;
+    std::string text = found == texts_.end() ? std::string(key) : found->second;
+    if (lengthens) text += std::string(text.size() * 2 / 5, 'm');
+    return text;
   }
+
+  // Every text is two fifths longer, as in another language.
+  bool lengthens = false;
 
   void Translate(std::string key, std::string text) {
     texts_.insert_or_assign(std::move(key), std::move(text));

@@ -3,6 +3,7 @@
 #include "app/exchange/qif_import_controller.h"
 
 #include <algorithm>
+#include <filesystem>
 #include <utility>
 
 #include "exchange/qif_hints.h"
@@ -32,6 +33,8 @@ void LDGRQIFImportController::Import_Init(const QifResult& result) {
   first_number_ = review_.entries().empty() ? 0 : review_.entries().front()->GetNumber();
   edit_entry_ = nullptr;
   review_state_ = {};
+  review_state_.file_name = std::filesystem::path(path_).filename().string();
+  review_state_.account_name = account_->GetName();
   ImportHints& hints = review_state_.hints;
   hints = HintsFor(import_, chosen, TodaysDateNumber());
   hints.elsewhere = result.entries.size() - std::min(result.entries.size(), chosen.size());
@@ -183,6 +186,7 @@ void LDGRQIFImportController::ImportTotal_Field_Update() {
   review_state_.entry_count = review_.entries().size();
   review_state_.marked_count = review_.MarkedCount();
   review_state_.marked_undated = review_.MarkedUndated();
+  review_state_.new_type_count = review_.types().size();
   announcer_.Changed(Area::ImportReview);
 }
 

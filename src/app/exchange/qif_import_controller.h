@@ -9,6 +9,7 @@
 #include "app/desk.h"
 #include "app/entries/edited_entry.h"
 #include "app/entries/entry_editing.h"
+#include "app/exchange/qif_import_proof.h"
 #include "app/exchange/qif_import_state.h"
 #include "app/exchange/qif_import_table_data.h"
 #include "app/face/announcer.h"
@@ -84,6 +85,9 @@ class LDGRQIFImportController final : private EntryOwner {
   // that is chosen keeps its place. False, and nothing has changed, when the sheet is not open or
   // the file can no longer be read.
   bool ImportOptions_SetEncoding(std::int32_t encoding);
+  // What the options make of the file as things stand; takes as long as reading it. Empty while the
+  // sheet is closed.
+  [[nodiscard]] QifImportProof ImportOptions_Proof() const;
   // Stores what was chosen in the account and goes on with the review. False when the sheet is not
   // open, or stays open: its state then says why, unless a field of the front end has refused its
   // text.
@@ -164,6 +168,7 @@ class LDGRQIFImportController final : private EntryOwner {
   void StoreOptions();
   void PassOptionsToParser();
   void TakeText(LDGRQIFImport import, std::int32_t encoding);
+  [[nodiscard]] QifOptions ChosenOptions() const;
   // Null for all entries.
   [[nodiscard]] const QifAccount* ChosenAccount(const QifResult& result) const;
   [[nodiscard]] bool UserAgrees() const;
@@ -190,6 +195,9 @@ class LDGRQIFImportController final : private EntryOwner {
   std::shared_ptr<LDGRAccount> account_;
   std::string path_;
   LDGRQIFImport import_;
+  // Of the text, whatever the other options are.
+  QifDateProof dates_;
+  std::vector<QifImportProof::Sample> samples_;
   std::vector<std::string> account_names_;
   QifImportOptionsState options_;
   QifReview review_;

@@ -4,6 +4,7 @@
 #include <filesystem>
 #include <utility>
 
+#include "app/exchange/encoding_menu.h"
 #include "app/exchange/qif_date_items.h"
 #include "app/exchange/qif_import_controller.h"
 #include "exchange/qif_date_formats.h"
@@ -11,6 +12,7 @@
 #include "platform/ambient.h"
 #include "platform/file_system.h"
 #include "platform/text_encodings.h"
+#include "registers/register_look.h"
 
 namespace tallyfold {
 namespace {
@@ -53,6 +55,16 @@ void LDGRQIFImportController::TakeText(LDGRQIFImport import, std::int32_t encodi
   options_.encoding = encodings_.Name(read);
   options_.refused_encoding = read == chosen ? "" : encodings_.Name(chosen);
   account_names_ = import_.AccountNames();
+  dates_ = DateProofOf(import_);
+  EncodingMenu menu;
+  menu.Populate(encodings_);
+  std::vector<std::int32_t> offered;
+  for (const PopUpItem& item : menu.items()) {
+    if (!item.is_separator) offered.push_back(item.tag);
+  }
+  const auto contents = files_.Read(path_);
+  samples_ = SamplesOf(contents ? FirstForeignText(contents->view()) : "", offered, encodings_);
+  options_.encoding_tag = static_cast<std::int32_t>(read);
   options_.account_items.clear();
   for (std::size_t i = 0; i < account_names_.size(); ++i) {
     options_.account_items.push_back({account_names_[i], static_cast<std::int32_t>(i)});
@@ -120,6 +132,38 @@ void LDGRQIFImportController::ImportOptions_SwapOptions(SwapPopUp changed,
   }
   picked = destination;
   announcer_.Changed(Area::ImportOptionsSheet);
+}
+
+QifOptions LDGRQIFImportController::ChosenOptions() const {
+  const auto& typed = options_.typed;
+  QifOptions chosen;
+  const auto& formats = options_.date_format_items;
+  if (typed.date_format >= 0 && static_cast<std::size_t>(typed.date_format) < formats.size()) {
+    chosen.date_format =
+        QifDateFormatForTag(formats[static_cast<std::size_t>(typed.date_format)].tag);
+  }
+  chosen.decimal_separator = typed.decimal_separator;
+  chosen.thousands_separator = typed.thousands_separator;
+  chosen.zero_amounts_as_deposits = typed.zero_amounts_as_deposits;
+  chosen.all_types = typed.all_types;
+  chosen.split_line_items = typed.split_line_items;
+  chosen.swap_type = options_.swap_type;
+  chosen.swap_to_from = options_.swap_to_from;
+  chosen.swap_description = options_.swap_description;
+  return chosen;
+}
+
+QifImportProof LDGRQIFImportController::ImportOptions_Proof() const {
+  if (stage_ != Stage::Options) return {};
+  LDGRQIFImport import = import_;
+  import.SetOptions(ChosenOptions());
+  const QifResult result = import.Parse();
+  const QifAccount* account = ChosenAccount(result);
+  const std::string date_format = RegisterDateFormat(desk_.preferences());
+  QifImportProof proof = ProofOf(result, account == nullptr ? result.entries : *account->entries,
+                                 dates_, {date_format, desk_.preferences()});
+  proof.samples = samples_;
+  return proof;
 }
 
 // --- Stages -------------------------------------------------------------------------------------

@@ -36,6 +36,8 @@ struct QifImportOptionsState {
   // file is no text of that; else "".
   std::string encoding;
   std::string refused_encoding;
+  // The tag of the one that it was read in.
+  std::int32_t encoding_tag = 0;
   // The accounts of the file, the tag being their position, and "All Entries".
   std::vector<PopUpItem> account_items;
   std::vector<PopUpItem> date_format_items;
@@ -52,6 +54,9 @@ struct QifImportOptionsState {
 // What the review of an import shows beside its table. All of it is decided by the program.
 struct QifImportReviewState {
   bool is_open = false;
+  // The file and the account it goes into.
+  std::string file_name;
+  std::string account_name;
   // The sum of the entries marked for import, and as the preferences want amounts.
   double total = 0.0;
   std::string total_text;
@@ -59,6 +64,8 @@ struct QifImportReviewState {
   std::size_t marked_count = 0;
   // Of the marked ones, those without a date that could be read.
   std::size_t marked_undated = 0;
+  // Types that the account does not have yet.
+  std::size_t new_type_count = 0;
   // For the selected entry.
   bool can_import = false;
   bool can_change = false;

@@ -21,6 +21,7 @@ int By(const Entry& a, const Entry& b) {
 
 constexpr std::string_view kImport = "import";
 constexpr std::string_view kType = "type";
+constexpr std::string_view kMatch = "match";
 
 struct ColumnOrder {
   std::string_view identifier;
@@ -44,6 +45,8 @@ std::vector<TableColumn> ReviewColumns() {
   std::vector<TableColumn> columns = DefaultRegisterColumns();
   std::erase_if(columns, [](const TableColumn& column) { return column.identifier == "balance"; });
   columns.insert(columns.begin(), {std::string(kImport), 50, "Import", TableColumn::Content::Mark});
+  columns.push_back(
+      {std::string(kMatch), 110, "In the Account", TableColumn::Content::Text, false});
   return columns;
 }
 

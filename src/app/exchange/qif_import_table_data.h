@@ -17,7 +17,8 @@
 namespace tallyfold {
 
 // The columns of the review table: "import", "date", "check", "type", "description", "toFrom",
-// "cleared", "amount".
+// "cleared", "amount", and "match", which stays empty: what an entry repeats is told by
+// LDGRQIFImportController::MatchOf().
 [[nodiscard]] std::vector<TableColumn> ReviewColumns();
 
 // What an entry under review shows in a column; nothing for an unknown one.

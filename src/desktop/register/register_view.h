@@ -63,7 +63,7 @@ class RegisterView final : public QTableView, public RowStates, private TableSta
   // A double click or Return.
   void RowActivated(int row);
   // A click on a mark, which leaves the selection, or Space on the current row.
-  void MarkWanted(int row);
+  void MarkWanted(int row, const QString& column);
   void MarkKeyPressed(int row);
   void RemoveWanted();
   // The menu of the current row, at a place of the screen.

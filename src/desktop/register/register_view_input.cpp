@@ -128,7 +128,8 @@ void RegisterView::mouseMoveEvent(QMouseEvent* event) {
 void RegisterView::mouseReleaseEvent(QMouseEvent* event) {
   const QPoint place = event->position().toPoint();
   const int row = std::exchange(pressed_mark_, -1);
-  if (row >= 0 && rowAt(place.y()) == row && IsMarkAt(place)) emit MarkWanted(row);
+  if (row < 0 || rowAt(place.y()) != row || !IsMarkAt(place)) return;
+  emit MarkWanted(row, ToQString(model_->ColumnAt(columnAt(place.x())).identifier));
 }
 
 void RegisterView::mouseDoubleClickEvent(QMouseEvent* event) {

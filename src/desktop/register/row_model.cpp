@@ -161,7 +161,7 @@ QVariant RowModel::data(const QModelIndex& index, int role) const {
       return QVariant::fromValue(LookAt(row, index.column()));
     case Qt::DisplayRole:
     case Qt::AccessibleTextRole:
-      return ToQString(CellAt(row, index.column()).text);
+      return LookAt(row, index.column()).text;
     default:
       return {};
   }

@@ -29,7 +29,7 @@ std::size_t QtAlerts::Run(const AlertRequest& request) {
   }
   if (buttons.empty()) return 0;
   box.setDefaultButton(buttons.front());
-  if (buttons.size() == 1) box.setEscapeButton(buttons.front());
+  if (box.escapeButton() == nullptr) box.setEscapeButton(buttons.front());
 
   ++depth_;
   box.exec();

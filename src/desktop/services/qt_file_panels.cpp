@@ -5,6 +5,8 @@
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QGridLayout>
+#include <QToolButton>
+#include <utility>
 
 #include "desktop/texts.h"
 
@@ -43,6 +45,26 @@ class QtFilePanels::Panel final : public QFileDialog {
   std::string path_;
 };
 
+namespace {
+
+// The toolkit leaves most of them without a name for assistive technology.
+void NameWidgets(QFileDialog& panel) {
+  const std::pair<const char*, QString> names[] = {
+      {"fileNameEdit", Text("File Name")}, {"fileTypeCombo", Text("File Type")},
+      {"lookInCombo", Text("Folder")},     {"listView", Text("Files")},
+      {"treeView", Text("Files")},         {"sidebar", Text("Places")}};
+  for (const auto& [name, title] : names) {
+    auto* widget = panel.findChild<QWidget*>(QLatin1String(name));
+    if (widget != nullptr) widget->setAccessibleName(title);
+  }
+  const auto buttons = panel.findChildren<QToolButton*>();
+  for (QToolButton* button : buttons) {
+    if (button->accessibleName().isEmpty()) button->setAccessibleName(button->toolTip());
+  }
+}
+
+}  // namespace
+
 std::optional<std::string> QtFilePanels::Save(const FilePanelRequest& request) {
   Panel panel(request.check);
   panel.setAcceptMode(QFileDialog::AcceptSave);
@@ -74,6 +96,7 @@ std::optional<std::string> QtFilePanels::Run(Panel& panel, const FilePanelReques
     grid->addWidget(accessory->second(&panel), grid->rowCount(), 0, 1, grid->columnCount());
   }
 
+  NameWidgets(panel);
   ++depth_;
   const bool is_accepted = panel.exec() == QDialog::Accepted;
   --depth_;

@@ -23,6 +23,10 @@ constexpr int kRuleGap = 14;
 // What a sheet leaves of its screen.
 constexpr int kScreenMargin = 80;
 
+// What a wide sheet leaves of its window, and how wide it is at least.
+constexpr int kWindowMargin = 80;
+constexpr int kLeastWideWidth = 780;
+
 }  // namespace
 
 SheetDialog::SheetDialog(QWidget* window, const QString& title)
@@ -64,6 +68,16 @@ QPushButton* SheetDialog::AddButton(const char* name, const QString& title, bool
   return button;
 }
 
+QPushButton* SheetDialog::AddLeadingButton(const char* name, const QString& title) {
+  QPushButton* button = AddButton(name, title);
+  static_cast<QBoxLayout*>(buttons_->layout())->insertWidget(leading_count_++, button);
+  return button;
+}
+
+void SheetDialog::AddBeforeButtons(QWidget* widget) {
+  static_cast<QBoxLayout*>(buttons_->layout())->insertWidget(leading_count_ + 1, widget);
+}
+
 void SheetDialog::ShowProblem(const QString& problem) {
   problem_->setText(problem);
   problem_->setVisible(!problem.isEmpty());
@@ -74,7 +88,12 @@ void SheetDialog::Open() {
   ensurePolished();
   const QWidget* window = parentWidget()->window();
   const QRect screen = window->screen()->availableGeometry();
-  const QSize wanted = sizeHint();
+  QSize wanted = sizeHint();
+  if (wanted_width_ > 0) {
+    const int room = std::max(kLeastWideWidth, window->width() - kWindowMargin);
+    wanted.setWidth(std::max(minimumSizeHint().width(), std::min(wanted_width_, room)));
+    if (hasHeightForWidth()) wanted.setHeight(heightForWidth(wanted.width()));
+  }
   const QSize size(wanted.width(), std::min(wanted.height(), screen.height() - kScreenMargin));
   resize(size);
   const QPoint middle = window->geometry().center();

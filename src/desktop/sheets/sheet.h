@@ -31,6 +31,12 @@ class SheetDialog : public QDialog {
   [[nodiscard]] QVBoxLayout& Body() noexcept { return *body_; }
   // The last one made is the one nearest to the trailing end.
   QPushButton* AddButton(const char* name, const QString& title, bool is_default = false);
+  // At the leading end of the row of buttons; one behind the other.
+  QPushButton* AddLeadingButton(const char* name, const QString& title);
+  // Before the buttons at the trailing end.
+  void AddBeforeButtons(QWidget* widget);
+  // So wide where the window leaves it the room, and wider where it needs that.
+  void SetWantedWidth(int width) noexcept { wanted_width_ = width; }
   // "" for none.
   void ShowProblem(const QString& problem);
 
@@ -41,6 +47,8 @@ class SheetDialog : public QDialog {
   QVBoxLayout* body_;
   QLabel* problem_;
   QWidget* buttons_;
+  int leading_count_ = 0;
+  int wanted_width_ = 0;
 };
 
 }  // namespace tallyfold::desktop

@@ -20,11 +20,11 @@ void SheetHost::Show() {
     dialog_->deleteLater();
     dialog_ = nullptr;
     // Not every window manager gives them to the window below.
-    if (had_keys) window_.activateWindow();
+    if (had_keys) Below().activateWindow();
   }
   if (wanted == Sheet::None) return;
   const auto make = makers_.find(wanted);
-  dialog_ = make != makers_.end() ? make->second(&window_) : new UnmadeSheet(slot_, &window_);
+  dialog_ = make != makers_.end() ? make->second(&Below()) : new UnmadeSheet(slot_, &Below());
   dialog_->Open();
 }
 

@@ -31,6 +31,9 @@ class SheetHost final {
   // How that sheet is made.
   void Set(Sheet sheet, Make make) { makers_[sheet] = std::move(make); }
 
+  // Sheets open over that window in place of the one they are of, while it is there; null for none.
+  void SetOver(QWidget* window) { over_ = window; }
+
   // Opens, closes or shows anew, as the application wants it.
   void Show();
   // As FrontEnd::EndEditing().
@@ -40,8 +43,11 @@ class SheetHost final {
   void Raise();
 
  private:
+  [[nodiscard]] QWidget& Below() const { return over_ ? *over_ : window_; }
+
   SheetSlot& slot_;
   QWidget& window_;
+  QPointer<QWidget> over_;
   std::map<Sheet, Make> makers_;
   Sheet shown_ = Sheet::None;
   QPointer<SheetDialog> dialog_;

@@ -1,0 +1,313 @@
+#include "desktop/sheets/review_sheet.h"
+
+#include <QFrame>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QMenu>
+#include <QPushButton>
+#include <QVBoxLayout>
+#include <algorithm>
+
+#include "app/desk.h"
+#include "app/exchange/qif_import_controller.h"
+#include "app/face/message.h"
+#include "desktop/look/colors.h"
+#include "desktop/look/figures.h"
+#include "desktop/look/measures.h"
+#include "desktop/register/register_view.h"
+#include "desktop/register/table_look.h"
+#include "desktop/sheets/chip.h"
+#include "desktop/sheets/review_comparison.h"
+#include "desktop/texts.h"
+#include "model/date_number.h"
+#include "registers/register_look.h"
+
+namespace tallyfold::desktop {
+namespace {
+
+constexpr int kWidth = 1080;
+constexpr int kLeastRows = 7;
+
+QLabel* PlainLabel(const char* name, QWidget* parent) {
+  auto* label = new QLabel(parent);
+  label->setObjectName(QLatin1String(name));
+  label->setTextFormat(Qt::PlainText);
+  return label;
+}
+
+void SetInk(QWidget* widget, const QColor& color) {
+  QPalette palette = widget->palette();
+  palette.setColor(QPalette::WindowText, color);
+  widget->setPalette(palette);
+}
+
+}  // namespace
+
+ReviewSheet::ReviewSheet(const Parts& parts, QWidget* window)
+    : SheetDialog(window, Text("Import")),
+      parts_(parts),
+      details_(parts.import),
+      heading_(PlainLabel("import_Title", this)),
+      facts_(PlainLabel("import_Facts", this)),
+      table_(new RegisterView(parts.import.tableDataSource().Table(), this)),
+      comparison_(new ReviewComparison(this)),
+      total_(PlainLabel("importTotal_Field", this)) {
+  setObjectName(QLatin1String("import_Window"));
+  SetWantedWidth(kWidth);
+  LayOut();
+  ConnectTable();
+  ConnectButtons();
+  table_->setFocus();
+}
+
+void ReviewSheet::LayOut() {
+  heading_->setFont(DemiBoldFont(LargerFont(font(), kSheetHeadingPoints)));
+  facts_->setWordWrap(true);
+  SetInk(facts_, ColorsOf(palette())[Role::Dim]);
+  table_->setObjectName(QLatin1String("import_Table"));
+  table_->setAccessibleName(Text("Entries of the File"));
+  table_->SetLook(TableLookOf(parts_.desk.preferences(), font()));
+  table_->SetDetails(&details_);
+  table_->setMinimumHeight(kLeastRows * RowHeight(fontMetrics()) + HeaderHeight(fontMetrics()));
+
+  auto* chips = new QHBoxLayout;
+  chips->setSpacing(kGap);
+  Body().setSpacing(kWideGap);
+  auto* head = new QVBoxLayout;
+  head->setSpacing(2);
+  head->addWidget(heading_);
+  head->addWidget(facts_);
+  Body().addLayout(head);
+  Body().addLayout(chips);
+  auto* frame = new QFrame(this);
+  frame->setFrameShape(QFrame::StyledPanel);
+  auto* inside = new QVBoxLayout(frame);
+  inside->setContentsMargins(1, 1, 1, 1);
+  inside->addWidget(table_);
+  Body().addWidget(frame, 1);
+  Body().addWidget(comparison_);
+  AddChip(Kind::Repeats, "import_Repeats_Button", QLatin1String("reconcile"));
+  AddChip(Kind::Undated, "import_Undated_Button", QLatin1String("warning"));
+  AddChip(Kind::AfterToday, "import_AfterToday_Button", QLatin1String("schedule"));
+  AddChip(Kind::NewType, "import_NewTypes_Button", QLatin1String("add"));
+  for (const auto& each : chips_) chips->addWidget(each.chip);
+  chips->addStretch(1);
+}
+
+void ReviewSheet::AddChip(Kind kind, const char* name, QLatin1String icon) {
+  const bool is_warning = kind == Kind::Repeats || kind == Kind::Undated;
+  auto* chip = new Chip(icon, is_warning, this);
+  chip->setObjectName(QLatin1String(name));
+  chips_.push_back({kind, chip, {}});
+  connect(chip, &Chip::clicked, this, [this, index = chips_.size() - 1](bool is_checked) {
+    for (std::size_t i = 0; i < chips_.size(); ++i) {
+      if (i != index) chips_[i].chip->setChecked(false);
+    }
+    if (is_checked) table_->SelectForUser(chips_[index].rows);
+  });
+}
+
+void ReviewSheet::ConnectTable() {
+  auto& import = parts_.import;
+  const auto entry_at = [&import](int row) { return import.tableDataSource().RowToEntry(row); };
+  connect(table_, &RegisterView::RowSelected, this,
+          [&import, entry_at](int row) { import.SelectEntry(entry_at(row)); });
+  connect(table_, &RegisterView::RowActivated, this,
+          [&import](int) { static_cast<void>(import.ImportEntry_Change()); });
+  connect(table_, &RegisterView::MarkWanted, this,
+          [&import, entry_at](int row, const QString& column) {
+            if (column == QLatin1String("import")) {
+              import.Import_CheckBox(entry_at(row));
+            } else {
+              import.Cleared_CheckBox(entry_at(row));
+            }
+          });
+  connect(table_, &RegisterView::MarkKeyPressed, this,
+          [&import](int) { import.ImportEntry_Import(); });
+  connect(table_, &RegisterView::RemoveWanted, this, [&import] { import.ImportEntry_Remove(); });
+  connect(table_, &RegisterView::RowMenuWanted, this, &ReviewSheet::ShowRowMenu);
+  connect(table_, &RegisterView::HeaderClicked, this,
+          [&import](const QString& column) { import.ClickedTableColumn(ToUtf8(column)); });
+  connect(table_, &RegisterView::Escaped, this, &ReviewSheet::Cancel);
+}
+
+void ReviewSheet::ConnectButtons() {
+  auto& import = parts_.import;
+  change_ = AddLeadingButton("importEntry_Change_Button", Text("Change..."));
+  drop_ = AddLeadingButton("importEntry_Remove_Button", Text("Drop"));
+  all_ = AddLeadingButton("importEntry_ImportAll_Button", Text("Import All"));
+  QPushButton* back = AddLeadingButton("import_GoBack_Button", Text("Go Back"));
+  connect(change_, &QPushButton::clicked, this,
+          [&import] { static_cast<void>(import.ImportEntry_Change()); });
+  connect(drop_, &QPushButton::clicked, this, [&import] { import.ImportEntry_Remove(); });
+  connect(all_, &QPushButton::clicked, this, [&import] { import.ImportEntry_ImportAll(); });
+  connect(back, &QPushButton::clicked, this,
+          [&import] { static_cast<void>(import.import_GoBack_Button()); });
+
+  auto* sum = new QWidget(this);
+  auto* row = new QHBoxLayout(sum);
+  row->setContentsMargins(0, 0, kWideGap, 0);
+  QLabel* caption = PlainLabel("importTotal_Label", sum);
+  caption->setText(Text("Marked"));
+  SetInk(caption, ColorsOf(palette())[Role::Dim]);
+  total_->setFont(DemiBoldFont(LargerFont(font(), kSheetHeadingPoints)));
+  row->addWidget(caption);
+  row->addWidget(total_);
+  AddBeforeButtons(sum);
+  connect(AddButton("import_Cancel_Button", Text("Cancel")), &QPushButton::clicked, this,
+          [this] { Cancel(); });
+  ok_ = AddButton("import_OK_Button", Text("Import"), true);
+  connect(ok_, &QPushButton::clicked, this,
+          [&import] { static_cast<void>(import.import_OK_Button()); });
+}
+
+void ReviewSheet::ShowRowMenu(const QPoint& place) {
+  auto& import = parts_.import;
+  const auto& state = import.Review();
+  auto* menu = new QMenu(this);
+  menu->setObjectName(QLatin1String("import_Menu"));
+  menu->setAttribute(Qt::WA_DeleteOnClose);
+  const auto add = [this, menu](const QString& title, bool is_enabled, auto run) {
+    QAction* action = menu->addAction(title, this, run);
+    action->setEnabled(is_enabled);
+  };
+  add(Text("Import"), state.can_import, [&import] { import.ImportEntry_Import(); });
+  add(Text("Change..."), state.can_change,
+      [&import] { static_cast<void>(import.ImportEntry_Change()); });
+  add(Text("Drop"), state.can_remove, [&import] { import.ImportEntry_Remove(); });
+  add(Text("Resolved"), state.can_resolve, [&import] { import.ImportEntry_Resolve(); });
+  add(Text("Speak Entry"), state.can_import, [&import] { import.SpeakEntry(); });
+  menu->addSeparator();
+  add(Text("Import All"), state.can_import_all, [&import] { import.ImportEntry_ImportAll(); });
+  add(Text("Unmark Those Without a Date"), state.marked_undated > 0,
+      [&import] { import.ImportEntry_UnmarkUndated(); });
+  menu->popup(place);
+}
+
+// --- State to widgets
+// -----------------------------------------------------------------------------
+
+void ReviewSheet::ShowState() {
+  const auto& state = parts_.import.Review();
+  heading_->setText(ToQString(Message("{1} into {2}", {state.file_name, state.account_name})));
+  ShowFacts();
+  ShowChips();
+  ShowComparison();
+  total_->setText(WithMinus(ToQString(state.total_text)));
+  const Colors& colors = ColorsOf(palette());
+  const QColor& negative = table_->Rows().Look().negative;
+  SetInk(total_, state.total < 0 && negative.isValid()
+                     ? InkOn(negative, colors[Role::Window], colors)
+                     : colors[Role::Text]);
+  change_->setEnabled(state.can_change);
+  drop_->setEnabled(state.can_remove);
+  all_->setEnabled(state.can_import_all);
+  const bool are_all_marked = state.can_import_all && state.marked_count == state.entry_count;
+  all_->setText(Text(are_all_marked ? "Import None" : "Import All"));
+  ok_->setText(
+      ToQString(Message(Plural("Import {1} Entry", "Import {1} Entries", state.marked_count),
+                        {std::to_string(state.marked_count)})));
+  ShowProblem(state.account_is_gone ? Text("The account of this import is no longer selected.")
+                                    : QString());
+}
+
+void ReviewSheet::ShowFacts() {
+  const auto& state = parts_.import.Review();
+  const ImportHints& hints = state.hints;
+  std::string facts;
+  if (hints.problem != ImportHints::Problem::None) {
+    facts = LocalizedText(TextOf(hints.problem));
+  } else if (state.entry_count == 0) {
+    facts = LocalizedText("The file has no entries for this account.");
+  } else if (hints.first_date && hints.last_date) {
+    const TableFormat format = Format();
+    facts =
+        Message(Plural("{1} of {2} entry is marked, {3} to {4}.",
+                       "{1} of {2} entries are marked, {3} to {4}.", state.entry_count),
+                {std::to_string(state.marked_count), std::to_string(state.entry_count),
+                 DayCell(*hints.first_date, format).text, DayCell(*hints.last_date, format).text});
+  } else {
+    facts = Message(
+        Plural("{1} of {2} entry is marked.", "{1} of {2} entries are marked.", state.entry_count),
+        {std::to_string(state.marked_count), std::to_string(state.entry_count)});
+  }
+  if (hints.elsewhere > 0) {
+    facts =
+        Message(Plural("{1} One entry of the file belongs to another account and is not shown.",
+                       "{1} {2} entries of the file belong to other accounts and are not shown.",
+                       hints.elsewhere),
+                {facts, std::to_string(hints.elsewhere)});
+  }
+  // Kinds that have a chip are left to it.
+  for (const ImportDoubt& doubt : hints.doubts) {
+    facts += '\n' +
+             Message("{1}: {2}", {LocalizedText(TitleOf(doubt.kind)), std::to_string(doubt.count)});
+  }
+  facts_->setText(ToQString(facts));
+}
+
+bool ReviewSheet::IsCounted(Kind kind, int row) const {
+  const auto entry = parts_.import.tableDataSource().RowToEntry(row);
+  switch (kind) {
+    case Kind::Repeats:
+      return parts_.import.MatchOf(*entry).has_value();
+    case Kind::AfterToday:
+      return entry->GetDate() > TodaysDateNumber();
+    case Kind::Undated:
+      return entry->GetDate() == 0;
+    case Kind::NewType:
+      break;
+  }
+  const auto& types = parts_.import.types();
+  return std::find(types.begin(), types.end(), entry->GetActualType()) != types.end();
+}
+
+void ReviewSheet::ShowChips() {
+  const int count = static_cast<int>(parts_.import.tableDataSource().numberOfRowsInTableView());
+  for (Counted& each : chips_) {
+    each.rows.clear();
+    for (int row = 0; row < count; ++row) {
+      if (IsCounted(each.kind, row)) each.rows.push_back(row);
+    }
+    const std::size_t number = each.rows.size();
+    switch (each.kind) {
+      case Kind::Repeats:
+        each.chip->setText(
+            ToQString(Message(Plural("{1} repeats an entry", "{1} repeat an entry", number),
+                              {std::to_string(number)})));
+        break;
+      case Kind::AfterToday:
+        each.chip->setText(ToQString(Message(Plural("{1} after today", "{1} after today", number),
+                                             {std::to_string(number)})));
+        break;
+      case Kind::Undated:
+        each.chip->setText(ToQString(Message(
+            Plural("{1} without a date", "{1} without a date", number), {std::to_string(number)})));
+        break;
+      case Kind::NewType:
+        each.chip->setText(ToQString(
+            Message(Plural("{1} new type", "{1} new types", parts_.import.Review().new_type_count),
+                    {std::to_string(parts_.import.Review().new_type_count)})));
+        break;
+    }
+    each.chip->setAccessibleName(each.chip->text());
+    each.chip->setVisible(number > 0);
+    each.chip->updateGeometry();
+  }
+}
+
+void ReviewSheet::ShowComparison() {
+  const auto entry = parts_.import.tableDataSource().GetSelectedEntry();
+  const auto match = entry != nullptr ? parts_.import.MatchOf(*entry) : std::nullopt;
+  comparison_->Show(entry.get(), match ? &*match : nullptr, Format());
+}
+
+TableFormat ReviewSheet::Format() const {
+  return {table_->Rows().Look().date_format, parts_.desk.preferences()};
+}
+
+void ReviewSheet::Cancel() {
+  parts_.import.import_Cancel_Button();
+}
+
+}  // namespace tallyfold::desktop

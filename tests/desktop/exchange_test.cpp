@@ -1,0 +1,185 @@
+#include <gtest/gtest.h>
+
+#include <QAbstractButton>
+#include <QAction>
+#include <QApplication>
+#include <QComboBox>
+#include <QFileDialog>
+#include <QLabel>
+#include <QLineEdit>
+#include <QTimer>
+#include <fstream>
+#include <sstream>
+
+#include "app/desk.h"
+#include "app/exchange/export_commands.h"
+#include "app/exchange/qif_import_controller.h"
+#include "app/face/sheet_slot.h"
+#include "desktop/services/qt_file_panels.h"
+#include "desktop/sheets/export_rows.h"
+#include "desktop/test_window.h"
+#include "desktop/texts.h"
+#include "model/account.h"
+
+namespace tallyfold::desktop {
+namespace {
+
+QString operator""_q(const char* text, std::size_t) {
+  return QString::fromUtf8(text);
+}
+
+class Exchange : public testing::Test {
+ protected:
+  Exchange() : test(ExampleAccounts()) {
+    EXPECT_TRUE(test.Launch());
+    std::ifstream file(TALLYFOLD_EXAMPLES "/household.qif", std::ios::binary);
+    std::ostringstream content;
+    content << file.rdbuf();
+    test.files.AddFile(kFile, content.str());
+  }
+
+  void Order(const char* command) {
+    auto* action = test.program->window().findChild<QAction*>(QLatin1String(command));
+    ASSERT_NE(action, nullptr) << command;
+    action->trigger();
+    TestWindow::Settle();
+  }
+  void Import() {
+    test.panels.Answer(kFile);
+    Order("QIFImport");
+  }
+  static int Chosen(const char* pop_up) {
+    return TestWindow::Find<QComboBox>(pop_up)->currentIndex();
+  }
+  static QString TitleOf(const char* button) {
+    return TestWindow::Find<QAbstractButton>(button)->text();
+  }
+  [[nodiscard]] LDGRController& app() { return test.program->app(); }
+
+  static constexpr const char* kFile = "/home/user/household.qif";
+  TestWindow test;
+};
+
+TEST_F(Exchange, OptionsProveWhatTheyMakeOfTheFileAndKeepThreeDestinationsApart) {
+  Import();
+  EXPECT_EQ(test.TextOf("importOptions_Title"), "Importing From:  household.qif"_q);
+  EXPECT_EQ(test.FocusName(), "importOptions_Account_PopUp"_q);
+  EXPECT_EQ(test.Rows("importOptions_Formats_Table"), 12);
+  EXPECT_EQ(test.Row("importOptions_Formats_Table", 0), "MM/DD/YY|6|03/02/26|03/31/26|fits"_q);
+  EXPECT_EQ(test.Row("importOptions_Formats_Table", 4), "DD/MM/YY|5|02/03/26|12/03/26|"_q);
+  EXPECT_EQ(test.Row("importOptions_Proof_Table", 1),
+            "03/02/26|Check|Rent for March|Ms Okafor|-$890.00"_q);
+  EXPECT_EQ(TitleOf("importOptions_OK_Button"), "Review 5 Entries"_q);
+
+  test.Find<QComboBox>("importOptions_SwapToFrom_PopUp")->setCurrentIndex(2);
+  EXPECT_EQ(Chosen("importOptions_SwapToFrom_PopUp"), 2);
+  EXPECT_EQ(Chosen("importOptions_SwapDescription_PopUp"), 1);
+  EXPECT_EQ(Chosen("importOptions_SwapType_PopUp"), 0);
+
+  test.Key(Qt::Key_Escape);
+  EXPECT_FALSE(app().sharedQIFImportController().IsRunning());
+  EXPECT_EQ(test.Rows("entry_Table"), 23);
+}
+
+TEST_F(Exchange, ReviewedEntriesComeInAfterAQuestionAndAreKnownWhenTheyComeAgain) {
+  Import();
+  test.Key(Qt::Key_Return);
+  ASSERT_EQ(test.Rows("import_Table"), 5);
+  EXPECT_EQ(test.FocusName(), "import_Table"_q);
+  EXPECT_EQ(test.TextOf("importTotal_Field"), "$1,176.95"_q);
+  test.ClickRow("import_Table", 4);  // its mark
+  EXPECT_EQ(TitleOf("import_OK_Button"), "Import 4 Entries"_q);
+  EXPECT_EQ(test.TextOf("importTotal_Field"), "$1,476.95"_q);
+  test.Key(Qt::Key_Space);
+  EXPECT_EQ(TitleOf("import_OK_Button"), "Import 3 Entries"_q);
+  test.Click("import_GoBack_Button");
+  test.Click("importOptions_OK_Button");
+  EXPECT_EQ(TitleOf("import_OK_Button"), "Import 5 Entries"_q);
+
+  test.Key(Qt::Key_Down);
+  test.Key(Qt::Key_Return);
+  EXPECT_EQ(app().sheets().Current(), Sheet::Debit);
+  test.Key(Qt::Key_Escape);
+  EXPECT_EQ(app().sheets().Current(), Sheet::None);
+  EXPECT_EQ(QApplication::activeWindow()->objectName(), "import_Window"_q);
+  test.Key(Qt::Key_Delete);
+  EXPECT_EQ(test.Rows("import_Table"), 4);
+
+  test.alerts.Answer("Cancel");
+  test.Click("import_OK_Button");
+  EXPECT_EQ(test.Rows("entry_Table"), 23);
+  test.alerts.Answer("OK");
+  test.Click("import_OK_Button");
+  EXPECT_EQ(test.Rows("entry_Table"), 27);
+  EXPECT_EQ(test.alerts.Requests().size(), 2U);
+
+  Import();
+  test.Click("importOptions_OK_Button");
+  EXPECT_EQ(TitleOf("import_Repeats_Button"), "4 repeat an entry"_q);
+  EXPECT_EQ(test.TextOf("import_Match_Field"), "Repeats the entry of 03/02/26"_q);
+  EXPECT_TRUE(test.Row("import_Table", 0).endsWith("|Repeats"_q))
+      << ToUtf8(test.Row("import_Table", 0));
+  EXPECT_EQ(TitleOf("import_OK_Button"), "Import 1 Entry"_q);
+  test.Key(Qt::Key_Escape);
+  EXPECT_EQ(test.Rows("entry_Table"), 27);
+}
+
+TEST_F(Exchange, RowsOfTheExportPanelChooseWhatIsWritten) {
+  constexpr const char* kTarget = "/home/user/out.qif";
+  auto& rows = app().exports().sharedQIFExportAccessoryView();
+  test.panels.while_up = [this, &rows] {
+    LDGRAccount& savings = *app().desk().accounts()[1];
+    savings.SetPassword("secret");
+    savings.setAuthenticated(false);
+    rows.populateExportAccountsButton(&app().desk().accounts());
+    const std::unique_ptr<QWidget> panel(MakeQifExportRows(rows, nullptr));
+    auto* scope = panel->findChild<QComboBox*>("exportAccounts_PopUp"_q);
+    ASSERT_EQ(scope->count(), 7);
+    EXPECT_EQ(scope->itemText(3), "Savings (Locked)"_q);
+    EXPECT_FALSE(scope->model()->flags(scope->model()->index(3, 0)).testFlag(Qt::ItemIsEnabled));
+    scope->setCurrentIndex(4);
+    panel->findChild<QComboBox*>("exportDateFormat_PopUp"_q)->setCurrentIndex(11);
+    savings.SetPassword("");
+  };
+  test.panels.Answer(kTarget);
+  Order("ExportQIF");
+  const std::string written = test.files.Content(kTarget).value_or("");
+  EXPECT_NE(written.find("NCash\n"), std::string::npos);
+  EXPECT_EQ(written.find("NJoint checking\n"), std::string::npos);
+  EXPECT_NE(written.find("D2026/01/"), std::string::npos);
+}
+
+// Refuses the first name.
+class Refusing final : public FileNameCheck {
+ public:
+  std::optional<std::string> userEnteredFilename(const std::string&, const std::string& name,
+                                                 bool) override {
+    return ++asked == 1 ? std::nullopt : std::optional(name);
+  }
+  int asked = 0;
+};
+
+TEST_F(Exchange, APanelStaysOpenUntilItsNameIsTaken) {
+  QtFilePanels panels;
+  Refusing check;
+  QTimer::singleShot(0, [&check] {
+    auto* panel = TestWindow::Find<QFileDialog>("file_Panel");
+    EXPECT_EQ(panel->windowTitle(), "Export QIF"_q);
+    EXPECT_EQ(panel->labelText(QFileDialog::FileName), "Export as:"_q);
+    EXPECT_EQ(panel->findChild<QLineEdit*>("fileNameEdit"_q)->text(), "There.qif"_q);
+    QMetaObject::invokeMethod(panel, "accept");
+    EXPECT_TRUE(panel->isVisible());
+    EXPECT_EQ(check.asked, 1);
+    QMetaObject::invokeMethod(panel, "accept");
+  });
+  const auto path = panels.Save({.title = "Export QIF",
+                                 .name = "There.qif",
+                                 .name_label = "Export as:",
+                                 .button = "Export",
+                                 .check = &check});
+  ASSERT_TRUE(path.has_value());
+  EXPECT_TRUE(path->ends_with("/There.qif")) << *path;
+}
+
+}  // namespace
+}  // namespace tallyfold::desktop
