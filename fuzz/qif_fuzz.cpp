@@ -4,14 +4,18 @@
 #include <cstddef>
 #include <cstdint>
 #include <cstdlib>
+#include <memory>
 #include <string>
 #include <string_view>
 
+#include "benchmarks/quiet_store.h"
 #include "exchange/qif_date_formats.h"
 #include "exchange/qif_hints.h"
 #include "exchange/qif_import.h"
 #include "exchange/qif_review.h"
 #include "exchange/qif_simple_converter.h"
+#include "ledger/change.h"
+#include "ledger/ledger.h"
 #include "model/account.h"
 #include "plist/utf8.h"
 #include "system/iconv_encodings.h"
@@ -71,7 +75,12 @@ void Review(const LDGRQIFImport& import, const QifEntryList& chosen, const QifRe
     review.Remove(review.entries().back().get());
   }
   const std::size_t marked = review.MarkedCount();
-  review.Commit(account, import.GetOptions().all_types);
+  const std::shared_ptr<LDGRAccount> shared(std::shared_ptr<LDGRAccount>(), &account);
+  benchmarks::QuietStore store;
+  Ledger ledger(*store);
+  Change change(ledger, "Import", shared);
+  review.Commit(change, shared, import.GetOptions().all_types);
+  change.Close();
   Check(account.GetEntries().size() == before + marked);
 }
 
