@@ -93,6 +93,7 @@ SheetDialog* NewScheduleRemoval(SchedulesTab& schedules, QWidget* window) {
 }  // namespace
 
 void SetUpSheets(SheetHost& host, LDGRController& app) {
+  SetUpEntrySheets(host, app);
   SetUpExchangeSheets(host, app);
   host.Set(Sheet::Authentication,
            [&app](QWidget* window) { return NewPasswordOfApplication(app, window); });

@@ -10,7 +10,9 @@ class SheetHost;
 
 // Tells the host how each sheet is made. Both must outlive the sheets.
 void SetUpSheets(SheetHost& host, LDGRController& app);
-// Those of the exchange of files; part of the former.
+// Those of the exchange of files; part of SetUpSheets().
 void SetUpExchangeSheets(SheetHost& host, LDGRController& app);
+// Those of entries and accounts; part of SetUpSheets().
+void SetUpEntrySheets(SheetHost& host, LDGRController& app);
 
 }  // namespace tallyfold::desktop

@@ -13,8 +13,10 @@
 #include <memory>
 #include <sstream>
 
+#include "app/accounts/account_editing.h"
 #include "app/controller.h"
 #include "app/desk.h"
+#include "app/entries/entry_editing.h"
 #include "app/exchange/export_commands.h"
 #include "app/exchange/qif_import_command.h"
 #include "app/face/sheet_slot.h"
@@ -103,6 +105,32 @@ void GrabAll(const QString& folder) {
     test.ClickRow("entry_Table", 3);
     test.Key(Qt::Key_Delete);
   });
+  show("debit", [](TestWindow& test) {
+    test.program->app().entries().New(EntryKind::Debit);
+    test.Click("debitSheet_Description_Field");
+    test.Type("Week 8");
+  });
+  show("debit-split-refused", [](TestWindow& test) {
+    test.program->app().entries().New(EntryKind::Debit);
+    test.Click("debitSheet_CheckNumber_Button");
+    test.Find<QLineEdit>("debitSheet_CheckNumber_Field")->clear();
+    test.Click("debitSheet_CheckNumber_Field");
+    test.Type("-5");
+    test.Click("debitSheet_Amount_Field");
+    test.Type("50");
+    test.Click("debitSheet_Split_Button");
+    for (const char* text : {"Lunch", "Inn", "18.60"}) {
+      test.Type(text);
+      test.Key(Qt::Key_Tab);
+    }
+    test.Click("debitSheet_OK_Button");
+  });
+  show("deposit", [](TestWindow& test) { test.program->app().entries().New(EntryKind::Deposit); });
+  show("transfer", [](TestWindow& test) {
+    test.program->app().entries().New(EntryKind::Transfer);
+    test.Click("transferSheet_Amount_Field");
+    test.Type("300");
+  });
   show("import-options", [](TestWindow& test) { OpenImport(test); });
   show("import-review", [](TestWindow& test) {
     OpenImport(test);
@@ -152,6 +180,7 @@ void GrabAll(const QString& folder) {
   show("smallest", [](TestWindow& test) {
     test.program->window().resize(test.program->window().minimumSize());
   });
+  show("account", [](TestWindow& test) { test.program->app().accountSheet().Account_Edit(); });
   Grab(folder, QLatin1String("empty"), "",
        [](TestWindow& test) { test.program->app().sheets().CancelOpen(); });
 }

@@ -273,6 +273,7 @@ void EntrySheet::Split_ClearSplit() {
   typed.selected_split_row = 0;
   typed.to_from.clear();
   Read(std::move(typed));
+  state_.split_target.reset();
   EnableFieldsForSplit(false);
   Split_UpdateTotal();
   announcer_.Changed(StateArea());
@@ -285,6 +286,7 @@ void EntrySheet::Split_UpdateTotal() {
     if (IsTypedAmount(row.amount)) total += RoundedAmount(*row.amount);
   }
   state_.split_total = total;
+  state_.split_rest = state_.split_target ? RoundedAmount(*state_.split_target - total) : 0.0;
 }
 
 void EntrySheet::Split_Table_Field() {
@@ -292,6 +294,11 @@ void EntrySheet::Split_Table_Field() {
   const bool was_split = !state_.to_from_is_enabled;
   const bool is_split = IsSplit();
   auto& typed = state_.typed;
+  if (is_split && !was_split && IsTypedAmount(typed.amount) && *typed.amount != 0.0) {
+    state_.split_target = typed.amount;
+  } else if (!is_split) {
+    state_.split_target.reset();
+  }
   Split_UpdateTotal();
   if (is_split) {
     typed.amount = state_.split_total;
@@ -301,6 +308,15 @@ void EntrySheet::Split_Table_Field() {
   }
   EnableFieldsForSplit(is_split);
   announcer_.Changed(StateArea());
+}
+
+void EntrySheet::Split_FillWithRest() {
+  auto& typed = state_.typed;
+  const auto row = static_cast<std::size_t>(typed.selected_split_row);
+  if (!state_.is_open || state_.split_rest == 0.0 || row >= typed.split.size()) return;
+  auto& amount = typed.split[row].amount;
+  amount = RoundedAmount((IsTypedAmount(amount) ? *amount : 0.0) + state_.split_rest);
+  Split_Table_Field();
 }
 
 void EntrySheet::EnableFieldsForSplit(bool is_split) noexcept {

@@ -59,6 +59,8 @@ class EntrySheet final : public EditSheet {
   void Split_ClearSplit();
   // Sums the rows into the total field, as far as they can be read.
   void Split_UpdateTotal();
+  // Adds what the lines lack of their target to the selected row; nothing without a target.
+  void Split_FillWithRest();
   // A row of the split table was edited.
   void Split_Table_Field();
 

@@ -70,6 +70,11 @@ struct EntrySheetState {
   bool to_from_is_enabled = true;
   bool check_number_is_enabled = false;
   double split_total = 0.0;
+  // The amount that was typed before the first line of the split, which the lines are to come to;
+  // none for 0 and for an entry that opened with its split.
+  std::optional<double> split_target;
+  // What the lines lack of it; 0 without a target.
+  double split_rest = 0.0;
   SheetField first_field = SheetField::Date;
   // Former texts of the account, offered to complete what is typed.
   FormerTexts descriptions;

@@ -6,8 +6,11 @@
 #include <string_view>
 #include <utility>
 
+#include "app/face/message.h"
 #include "model/account_entry.h"
+#include "model/amounts.h"
 #include "platform/ambient.h"
+#include "registers/register_look.h"
 
 namespace tallyfold {
 namespace {
@@ -57,7 +60,15 @@ void TransferSheet::Fill(const EditedEntry& edited, const LDGRAccount& account,
   typed.tax_deductible = entry.GetTaxDeductible();
   typed.notes = entry.GetNotes();
   PopulateAccounts(edited, account);
-  if (!edited.is_new) state_.note = links_.NoteOnOtherHalf(account, entry);
+  account_ = edited.account;
+  opened_here_ = opened_there_ = 0.0;
+  opened_other_ = entry.GetTransferAccount();
+  if (!edited.is_new) {
+    state_.note = links_.NoteOnOtherHalf(account, entry);
+    opened_here_ = entry.GetAmount();
+    if (const auto half = links_.OtherHalf(account, entry)) opened_there_ = half->GetAmount();
+  }
+  Forecast();
   announcer_.Changed(StateArea());
 }
 
@@ -76,6 +87,39 @@ void TransferSheet::PopulateAccounts(const EditedEntry& edited, const LDGRAccoun
 
 void TransferSheet::Read(Typed typed) {
   TakeTyped(state_.typed, std::move(typed), state_.problem, kFields);
+  Forecast();
+}
+
+void TransferSheet::Forecast() {
+  const auto account = account_.lock();
+  const auto* chosen = SelectedItem(state_.account_items, state_.typed.account);
+  const auto* direction = SelectedItem(state_.direction_items, state_.typed.direction);
+  state_.balances.clear();
+  state_.sentence.clear();
+  if (account == nullptr || chosen == nullptr || direction == nullptr) return;
+  const bool is_origin = direction->tag == kTransferToTag;
+  const double amount =
+      IsTypedAmount(state_.typed.amount) ? RoundedAmount(*state_.typed.amount) : 0.0;
+  state_.moves_money = amount != 0.0;
+  const std::string from = is_origin ? account->GetName() : chosen->title;
+  const std::string to = is_origin ? chosen->title : account->GetName();
+  state_.sentence = state_.moves_money
+                        ? Message("{1} goes from {2} to {3}.",
+                                  {RegisterAmountText(amount, desk_.preferences()), from, to})
+                        : Message("Nothing goes from {1} to {2} yet.", {from, to});
+  const auto forecast = [this](const LDGRAccount& of, double opened, double change) {
+    TransferSheetState::Balance balance{of.GetName(), of.IsLocked()};
+    if (!balance.is_locked) {
+      balance.now = RoundedAmount(of.GetBalance() - opened);
+      balance.after = RoundedAmount(balance.now + change);
+    }
+    state_.balances.push_back(std::move(balance));
+  };
+  forecast(*account, opened_here_, is_origin ? -amount : amount);
+  if (const auto other = desk_.AccountWithNumber(chosen->tag)) {
+    forecast(*other, chosen->tag == opened_other_ ? opened_there_ : 0.0,
+             is_origin ? amount : -amount);
+  }
 }
 
 std::optional<Problem> TransferSheet::CheckTyped() {

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <cstdint>
+#include <memory>
 #include <optional>
 
 #include "app/desk.h"
@@ -35,6 +37,7 @@ class TransferSheet final : public EditSheet {
   void SetProblem(std::optional<Problem> problem) override { state_.problem = std::move(problem); }
 
  private:
+  void Forecast();
   void PopulateAccounts(const EditedEntry& edited, const LDGRAccount& account);
 
   const Desk& desk_;
@@ -42,6 +45,11 @@ class TransferSheet final : public EditSheet {
   Announcer& announcer_;
   TransferSheetState state_;
   double opened_amount_ = 0.0;
+  // The account of the edited entry, and what that entry and its other half add to their accounts.
+  std::weak_ptr<LDGRAccount> account_;
+  double opened_here_ = 0.0;
+  double opened_there_ = 0.0;
+  std::int32_t opened_other_ = 0;
 };
 
 }  // namespace tallyfold

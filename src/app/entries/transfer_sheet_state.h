@@ -46,6 +46,21 @@ struct TransferSheetState {
   SheetField first_field = SheetField::Date;
   // Former texts of the account, offered to complete what is typed.
   FormerTexts descriptions;
+  // What the transfer does, in a sentence.
+  std::string sentence;
+  bool moves_money = false;
+  struct Balance {
+    std::string account;
+    // A locked account's balances are 0 here.
+    bool is_locked = false;
+    // Without the edited entry, and with it as typed.
+    double now = 0.0;
+    double after = 0.0;
+
+    friend bool operator==(const Balance&, const Balance&) = default;
+  };
+  // Of the selected account and the chosen one, where that is there.
+  std::vector<Balance> balances;
   // What becomes of an other half that cannot be told from others; "" for nothing to tell.
   std::string note;
   // The fields are transferSheet_Date_Field, _Amount_Field and _Account_PopUp.

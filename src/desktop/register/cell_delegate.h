@@ -37,7 +37,7 @@ class RowStates {
 };
 
 // Draws the cells of any model that answers kCellRole. The row's ground is the table's business.
-class CellDelegate final : public QStyledItemDelegate {
+class CellDelegate : public QStyledItemDelegate {
   Q_OBJECT
 
  public:

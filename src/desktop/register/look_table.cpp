@@ -11,6 +11,7 @@
 #include "desktop/look/colors.h"
 #include "desktop/look/measures.h"
 #include "desktop/look/painting.h"
+#include "desktop/register/table_titles.h"
 
 namespace tallyfold::desktop {
 
@@ -67,54 +68,10 @@ class LookTable::Model final : public QAbstractTableModel {
   std::vector<Row> rows_;
 };
 
-namespace {
-
-// The titles of the columns as those of a register.
-class Titles final : public QHeaderView {
- public:
-  explicit Titles(QWidget* parent) : QHeaderView(Qt::Horizontal, parent) {
-    setSectionsClickable(false);
-    setHighlightSections(false);
-    setFocusPolicy(Qt::NoFocus);
-    setMinimumSectionSize(kCellPadding);
-    setFont(MediumFont(SmallFont(parent->font())));
-  }
-  [[nodiscard]] QSize sizeHint() const override {
-    return {QHeaderView::sizeHint().width(), HeaderHeight(QFontMetrics(font()))};
-  }
-
- protected:
-  void paintSection(QPainter* painter, const QRect& rect, int section) const override {
-    const Colors& colors = ColorsOf(palette());
-    PainterState state(*painter);
-    painter->fillRect(rect, colors[Role::Base]);
-    painter->setFont(font());
-    painter->setPen(colors[Role::Dim]);
-    const int first = section == 0 ? kOuterCellPadding : kCellPadding;
-    const auto alignment =
-        model()->headerData(section, Qt::Horizontal, Qt::TextAlignmentRole).toInt();
-    painter->drawText(
-        QStyle::visualRect(layoutDirection(), rect, rect.adjusted(first, 0, -kCellPadding, 0)),
-        alignment, model()->headerData(section, Qt::Horizontal).toString());
-    DrawRuleBelow(*painter, rect, colors[Role::Rule]);
-  }
-  void paintEvent(QPaintEvent* event) override {
-    QHeaderView::paintEvent(event);
-    QPainter painter(viewport());
-    const Colors& colors = ColorsOf(palette());
-    const QRect rest = viewport()->rect().adjusted(length(), 0, 0, 0);
-    if (rest.isEmpty()) return;
-    painter.fillRect(rest, colors[Role::Base]);
-    DrawRuleBelow(painter, rest, colors[Role::Rule]);
-  }
-};
-
-}  // namespace
-
 LookTable::LookTable(QWidget* parent) : QTableView(parent), model_(new Model(this)) {
   setModel(model_);
   setItemDelegate(new CellDelegate(this, this));
-  setHorizontalHeader(new Titles(this));
+  setHorizontalHeader(new TableTitles(this));
   setShowGrid(false);
   verticalHeader()->hide();
   verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);

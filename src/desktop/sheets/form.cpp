@@ -102,6 +102,8 @@ void Form::Add(const QString& label, QWidget* field, const char* name, int width
   field->setObjectName(QLatin1String(name));
   QHBoxLayout* row = AddLabelled(label, field);
   AddFieldTo(row, field);
+  // Notes take the height that is left.
+  if (qobject_cast<QPlainTextEdit*>(field)) grid_->setRowStretch(grid_->rowCount() - 1, 1);
   if (width == 0) return;
   field->setMinimumWidth(width);
   field->setSizePolicy(QSizePolicy::Maximum, field->sizePolicy().verticalPolicy());

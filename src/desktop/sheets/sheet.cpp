@@ -33,6 +33,7 @@ SheetDialog::SheetDialog(QWidget* window, const QString& title)
     : QDialog(window, Qt::Sheet | Qt::CustomizeWindowHint | Qt::WindowTitleHint |
                           Qt::WindowCloseButtonHint),
       body_(new QVBoxLayout),
+      foot_(new QVBoxLayout),
       problem_(new QLabel(this)),
       buttons_(new QWidget(this)) {
   setWindowModality(Qt::WindowModal);
@@ -56,7 +57,9 @@ SheetDialog::SheetDialog(QWidget* window, const QString& title)
   whole->addLayout(body_);
   whole->addWidget(problem_);
   whole->addWidget(new RuleLine(this));
-  whole->addWidget(buttons_);
+  foot_->setSpacing(kWideGap);
+  foot_->addWidget(buttons_);
+  whole->addLayout(foot_);
 }
 
 QPushButton* SheetDialog::AddButton(const char* name, const QString& title, bool is_default) {
@@ -74,6 +77,16 @@ QPushButton* SheetDialog::AddLeadingButton(const char* name, const QString& titl
   return button;
 }
 
+void SheetDialog::SetLeading(QWidget* widget, bool is_above) {
+  foot_->removeWidget(widget);
+  buttons_->layout()->removeWidget(widget);
+  if (is_above) {
+    foot_->insertWidget(0, widget);
+  } else {
+    static_cast<QBoxLayout*>(buttons_->layout())->insertWidget(0, widget);
+  }
+}
+
 void SheetDialog::AddBeforeButtons(QWidget* widget) {
   static_cast<QBoxLayout*>(buttons_->layout())->insertWidget(leading_count_ + 1, widget);
 }
@@ -86,6 +99,11 @@ void SheetDialog::ShowProblem(const QString& problem) {
 void SheetDialog::Open() {
   ShowState();
   ensurePolished();
+  Fit();
+  open();
+}
+
+void SheetDialog::Fit() {
   const QWidget* window = parentWidget()->window();
   const QRect screen = window->screen()->availableGeometry();
   QSize wanted = sizeHint();
@@ -101,7 +119,6 @@ void SheetDialog::Open() {
                   std::max(screen.left(), screen.right() - size.width())),
        std::clamp(window->geometry().top(), screen.top(),
                   std::max(screen.top(), screen.bottom() - size.height())));
-  open();
 }
 
 void SheetDialog::closeEvent(QCloseEvent* event) {

@@ -33,8 +33,12 @@ class SheetDialog : public QDialog {
   QPushButton* AddButton(const char* name, const QString& title, bool is_default = false);
   // At the leading end of the row of buttons; one behind the other.
   QPushButton* AddLeadingButton(const char* name, const QString& title);
+  // In the line of the buttons at its leading end, or in a line of its own above them.
+  void SetLeading(QWidget* widget, bool is_above);
   // Before the buttons at the trailing end.
   void AddBeforeButtons(QWidget* widget);
+  // As wide and tall as it needs, at the top of its window.
+  void Fit();
   // So wide where the window leaves it the room, and wider where it needs that.
   void SetWantedWidth(int width) noexcept { wanted_width_ = width; }
   // "" for none.
@@ -45,6 +49,7 @@ class SheetDialog : public QDialog {
   void closeEvent(QCloseEvent* event) override;
 
   QVBoxLayout* body_;
+  QVBoxLayout* foot_;
   QLabel* problem_;
   QWidget* buttons_;
   int leading_count_ = 0;

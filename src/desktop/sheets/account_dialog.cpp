@@ -1,0 +1,125 @@
+#include "desktop/sheets/account_dialog.h"
+
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QScopedValueRollback>
+#include <QVBoxLayout>
+
+#include "app/face/message.h"
+#include "desktop/fields/amount_field.h"
+#include "desktop/look/measures.h"
+#include "desktop/sheets/form.h"
+#include "desktop/texts.h"
+#include "model/amounts.h"
+
+namespace tallyfold::desktop {
+namespace {
+
+constexpr int kFormWidth = 440;
+constexpr int kTextWidth = 260;
+
+// None where it is no whole number of 32 bits.
+std::optional<std::int32_t> NumberIn(const QLineEdit& field) {
+  bool is_number = false;
+  const int number = field.text().trimmed().toInt(&is_number);
+  return is_number ? std::optional<std::int32_t>(number) : std::nullopt;
+}
+
+}  // namespace
+
+AccountDialog::AccountDialog(AccountEditing& editing, QWidget* window)
+    : SheetDialog(window, editing.State().is_new
+                              ? Text("New Account")
+                              : ToQString(Message("Account: {1}", {editing.State().typed.name}))),
+      editing_(editing),
+      form_(new Form(this)),
+      name_(new QLineEdit(form_)),
+      balance_(new AmountField(form_)),
+      check_number_(new QLineEdit(form_)),
+      password_(new QLineEdit(form_)),
+      again_(new QLineEdit(form_)),
+      note_(Form::MakeNote(this)) {
+  setObjectName(QLatin1String("accountEditSheet"));
+  form_->setMinimumWidth(kFormWidth);
+  form_->Add(Text("Name"), name_, "accountEditSheet_Name_Field", kTextWidth);
+  form_->Add(Text("Starting balance"), balance_, "accountEditSheet_StartingBalance_Field",
+             kAmountFieldWidth);
+  form_->Add(Text("First check number"), check_number_,
+             "accountEditSheet_StartingCheckNumber_Field", kNumberFieldWidth);
+  check_number_->setAlignment(Qt::AlignTrailing | Qt::AlignVCenter);
+  form_->AddRule();
+  form_->Add(Text("Password"), password_, "accountEditSheet_Password_Field", kTextWidth);
+  form_->Add(Text("Once more"), again_, "accountEditSheet_PasswordAgain_Field", kTextWidth);
+  for (QLineEdit* field : {password_, again_}) field->setEchoMode(QLineEdit::Password);
+  note_->setWordWrap(true);
+  Body().setSpacing(kWideGap);
+  Body().addWidget(form_);
+  Body().addWidget(note_);
+  for (QLineEdit* field :
+       {name_, static_cast<QLineEdit*>(balance_), check_number_, password_, again_}) {
+    connect(field, &QLineEdit::textChanged, this, [this] { Read(); });
+  }
+  connect(AddButton("accountEditSheet_Cancel_Button", Text("Cancel")), &QPushButton::clicked, this,
+          [this] { Cancel(); });
+  QPushButton* ok = AddButton("accountEditSheet_OK_Button", Text("OK"), true);
+  connect(ok, &QPushButton::clicked, this, [this] {
+    Read();
+    editing_.AccountEditSheet_OK();
+    if (form_->FieldWithProblem() != nullptr) form_->FieldWithProblem()->setFocus();
+  });
+  name_->setFocus();
+}
+
+void AccountDialog::Read() {
+  if (is_showing_ || !editing_.State().is_open) return;
+  // What has no field here stays as it is.
+  AccountEditSheetState::Typed typed = editing_.State().typed;
+  typed.name = ToUtf8(name_->text());
+  typed.starting_balance =
+      balance_->text().trimmed().isEmpty() ? std::optional(0.0) : balance_->Amount();
+  typed.starting_check_number = NumberIn(*check_number_);
+  typed.password = ToUtf8(password_->text());
+  typed.password_again = ToUtf8(again_->text());
+  editing_.Read(std::move(typed));
+  ShowRefused();
+}
+
+bool AccountDialog::EndEditing() {
+  balance_->AddUp();
+  Read();
+  return true;
+}
+
+void AccountDialog::ShowState() {
+  const AccountEditSheetState& state = editing_.State();
+  if (!state.is_open) return;
+  {
+    const QScopedValueRollback<bool> showing(is_showing_, true);
+    const auto show = [](QLineEdit* field, const QString& text) {
+      if (field->text() != text) field->setText(text);
+    };
+    const auto& typed = state.typed;
+    show(name_, ToQString(typed.name));
+    // A field that cannot be read keeps its text.
+    if (typed.starting_balance && balance_->Amount() != typed.starting_balance) {
+      show(balance_, ToQString(FixedAmountString(*typed.starting_balance)));
+    }
+    if (typed.starting_check_number && NumberIn(*check_number_) != typed.starting_check_number) {
+      show(check_number_, QString::number(*typed.starting_check_number));
+    }
+    show(password_, ToQString(typed.password));
+    show(again_, ToQString(typed.password_again));
+    note_->setText(ToQString(state.security_note));
+    if (!isVisible()) name_->selectAll();
+  }
+  ShowRefused();
+}
+
+void AccountDialog::ShowRefused() {
+  const AccountEditSheetState& state = editing_.State();
+  const bool is_at_field = form_->ShowProblem(state.problem);
+  ShowProblem(is_at_field ? QString() : ToQString(TextOf(state.problem)));
+}
+
+}  // namespace tallyfold::desktop

@@ -1,0 +1,290 @@
+#include "desktop/sheets/split_table.h"
+
+#include <QAbstractTableModel>
+#include <QKeyEvent>
+#include <QPainter>
+#include <QStyle>
+#include <algorithm>
+#include <array>
+
+#include "desktop/fields/amount_field.h"
+#include "desktop/fields/combo_box_cell.h"
+#include "desktop/look/colors.h"
+#include "desktop/look/measures.h"
+#include "desktop/look/painting.h"
+#include "desktop/register/table_titles.h"
+#include "desktop/texts.h"
+#include "model/amount_input.h"
+#include "model/amount_sum.h"
+#include "model/amounts.h"
+
+namespace tallyfold::desktop {
+namespace {
+
+enum Column { kNumber, kDescription, kTo, kAmount, kColumns };
+constexpr int kLines = static_cast<int>(std::tuple_size_v<SplitRows>);
+constexpr int kNumberWidth = 34;
+constexpr int kAmountWidth = 96;
+constexpr int kWidth = 440;
+
+// 0 for an empty text, none for what is no amount.
+std::optional<double> AmountOf(const QString& text) {
+  const std::string typed = ToUtf8(text.trimmed());
+  if (typed.empty()) return 0.0;
+  if (const auto sum = SumOfTypedAmounts(typed)) return sum;
+  return ParsePlainOrUsersAmount(typed);
+}
+
+QString TextOfAmount(double amount) {
+  return amount == 0.0 ? QString() : ToQString(FixedAmountString(amount));
+}
+
+}  // namespace
+
+class SplitTable::Model final : public QAbstractTableModel {
+ public:
+  using Line = std::array<QString, kColumns>;
+
+  Model(SplitTable& table) : QAbstractTableModel(&table), table_(table) {}
+
+  int rowCount(const QModelIndex& parent = {}) const override {
+    return parent.isValid() ? 0 : kLines;
+  }
+  int columnCount(const QModelIndex& parent = {}) const override {
+    return parent.isValid() ? 0 : kColumns;
+  }
+  Qt::ItemFlags flags(const QModelIndex& index) const override {
+    const auto flags = QAbstractTableModel::flags(index);
+    return index.column() == kNumber ? flags : flags | Qt::ItemIsEditable;
+  }
+  QVariant data(const QModelIndex& index, int role) const override {
+    if (!index.isValid()) return {};
+    const QString& text = TextAt(index);
+    const bool is_number = index.column() == kNumber;
+    if (role == Qt::EditRole || role == Qt::DisplayRole) {
+      return is_number ? QString::number(index.row() + 1) : text;
+    }
+    if (role != kCellRole) return {};
+    CellLook look;
+    look.text = is_number ? QString::number(index.row() + 1) : text;
+    look.is_dim = is_number;
+    // What is no amount is shown as it was typed.
+    look.is_figure = is_number || (index.column() == kAmount && AmountOf(text).has_value());
+    if (is_number || index.column() == kAmount) look.align = CellLook::Align::Trailing;
+    if (index.column() == kAmount && !AmountOf(text)) {
+      look.color = ColorsOf(table_.palette())[Role::Problem];
+    }
+    return QVariant::fromValue(look);
+  }
+  bool setData(const QModelIndex& index, const QVariant& value, int role) override {
+    if (role != Qt::EditRole || !index.isValid() || index.column() == kNumber) return false;
+    QString text = value.toString();
+    if (index.column() == kAmount) {
+      if (const auto amount = AmountOf(text)) text = TextOfAmount(*amount);
+    }
+    if (text == TextAt(index)) return true;
+    Put(index, text);
+    emit table_.Edited();
+    return true;
+  }
+  QVariant headerData(int section, Qt::Orientation orientation, int role) const override {
+    if (orientation != Qt::Horizontal) return {};
+    if (role == Qt::DisplayRole) return titles_[static_cast<std::size_t>(section)];
+    if (role != Qt::TextAlignmentRole) return {};
+    return QVariant(Qt::AlignVCenter | (section == kAmount ? Qt::AlignTrailing : Qt::AlignLeading));
+  }
+
+  void SetTitles(Line titles) {
+    titles_ = std::move(titles);
+    emit headerDataChanged(Qt::Horizontal, 0, kColumns - 1);
+  }
+  void Put(const QModelIndex& index, const QString& text) {
+    lines_[static_cast<std::size_t>(index.row())][static_cast<std::size_t>(index.column())] = text;
+    emit dataChanged(index, index);
+  }
+  [[nodiscard]] SplitRow RowAt(int row) const {
+    const Line& line = lines_[static_cast<std::size_t>(row)];
+    return {ToUtf8(line[kDescription]), ToUtf8(line[kTo]), AmountOf(line[kAmount])};
+  }
+  [[nodiscard]] const QString& TextAt(const QModelIndex& index) const {
+    return lines_[static_cast<std::size_t>(index.row())][static_cast<std::size_t>(index.column())];
+  }
+
+ private:
+  SplitTable& table_;
+  std::array<Line, kLines> lines_;
+  Line titles_;
+};
+
+// Edits a cell in a field of the window's own.
+class SplitTable::Cells final : public CellDelegate {
+ public:
+  explicit Cells(SplitTable* table) : CellDelegate(table, table) {}
+
+  TextList descriptions;
+  TextList to_froms;
+
+  QWidget* createEditor(QWidget* parent, const QStyleOptionViewItem&,
+                        const QModelIndex& index) const override {
+    QLineEdit* field = nullptr;
+    if (index.column() == kAmount) {
+      field = new AmountField(parent);
+    } else {
+      auto* cell = new LDGRComboBoxCell(parent);
+      cell->SetTexts(index.column() == kDescription ? descriptions : to_froms);
+      field = cell;
+    }
+    field->setObjectName(QLatin1String("split_Cell_Field"));
+    field->setAccessibleName(index.model()->headerData(index.column(), Qt::Horizontal).toString());
+    return field;
+  }
+  void setEditorData(QWidget* editor, const QModelIndex& index) const override {
+    auto* field = static_cast<QLineEdit*>(editor);
+    if (!field->isModified()) field->setText(index.data(Qt::EditRole).toString());
+  }
+  void setModelData(QWidget* editor, QAbstractItemModel* model,
+                    const QModelIndex& index) const override {
+    model->setData(index, static_cast<QLineEdit*>(editor)->text(), Qt::EditRole);
+  }
+  void updateEditorGeometry(QWidget* editor, const QStyleOptionViewItem& option,
+                            const QModelIndex&) const override {
+    editor->setGeometry(option.rect);
+  }
+  bool eventFilter(QObject* object, QEvent* event) override {
+    // An open list has its keys before the cell has them.
+    const auto* cell = qobject_cast<LDGRComboBoxCell*>(object);
+    if (cell != nullptr && event->type() == QEvent::KeyPress && cell->IsListOpen()) return false;
+    return CellDelegate::eventFilter(object, event);
+  }
+};
+
+SplitTable::SplitTable(QWidget* parent)
+    : QTableView(parent), model_(new Model(*this)), cells_(new Cells(this)) {
+  setModel(model_);
+  setItemDelegate(cells_);
+  auto* titles = new TableTitles(this);
+  setHorizontalHeader(titles);
+  titles->setSectionResizeMode(QHeaderView::Fixed);
+  verticalHeader()->hide();
+  verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
+  verticalHeader()->setDefaultSectionSize(RowHeight(fontMetrics()));
+  setShowGrid(false);
+  setWordWrap(false);
+  setSelectionMode(SingleSelection);
+  setSelectionBehavior(SelectRows);
+  setTabKeyNavigation(false);
+  setEditTriggers(DoubleClicked | EditKeyPressed | AnyKeyPressed | SelectedClicked);
+  setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+  setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+  setMinimumWidth(kWidth);
+  setFixedHeight(titles->sizeHint().height() + kLines * RowHeight(fontMetrics()) +
+                 2 * frameWidth());
+  connect(selectionModel(), &QItemSelectionModel::currentChanged, this,
+          [this] { viewport()->update(); });
+}
+
+void SplitTable::SetToTitle(const QString& title) {
+  model_->SetTitles({QString(), Text("Description"), title, Text("Amount")});
+}
+
+void SplitTable::SetCompletions(TextList descriptions, TextList to_froms) {
+  cells_->descriptions = std::move(descriptions);
+  cells_->to_froms = std::move(to_froms);
+}
+
+void SplitTable::ShowRows(const SplitRows& rows) {
+  for (int i = 0; i < kLines; ++i) {
+    const SplitRow& row = rows[static_cast<std::size_t>(i)];
+    const SplitRow shown = model_->RowAt(i);
+    const auto show = [this, i](Column column, const QString& text) {
+      model_->Put(model_->index(i, column), text);
+    };
+    if (row.description != shown.description) show(kDescription, ToQString(row.description));
+    if (row.to != shown.to) show(kTo, ToQString(row.to));
+    if (row.amount != shown.amount) show(kAmount, TextOfAmount(row.amount.value_or(0.0)));
+  }
+}
+
+SplitRows SplitTable::Rows() const {
+  SplitRows rows;
+  for (int i = 0; i < kLines; ++i) rows[static_cast<std::size_t>(i)] = model_->RowAt(i);
+  return rows;
+}
+
+void SplitTable::SelectAmount(int row) {
+  setCurrentIndex(model_->index(row, kAmount));
+  setFocus();
+}
+
+void SplitTable::EndCellEditing() {
+  // The field takes its text over when it is left.
+  if (state() == EditingState) setFocus();
+}
+
+RowState SplitTable::StateOf(int row) const {
+  return {.is_selected = row == SelectedRow(), .table_has_focus = hasFocus()};
+}
+
+QModelIndex SplitTable::moveCursor(CursorAction action, Qt::KeyboardModifiers held) {
+  const QModelIndex index = QTableView::moveCursor(action, held);
+  if (index.column() != kNumber) return index;
+  if (action != MovePrevious) return index.siblingAtColumn(kDescription);
+  return index.row() == 0 ? currentIndex() : model_->index(index.row() - 1, kAmount);
+}
+
+void SplitTable::keyPressEvent(QKeyEvent* event) {
+  const int key = event->key();
+  // In a cell it ends that cell, elsewhere it is the sheet's.
+  if (key == Qt::Key_Return || key == Qt::Key_Enter) {
+    event->setAccepted(state() == EditingState);
+    return;
+  }
+  if (key == Qt::Key_Escape) return event->ignore();
+  if (key == Qt::Key_Delete && state() != EditingState && currentIndex().isValid()) {
+    model_->setData(currentIndex(), QString(), Qt::EditRole);
+    return;
+  }
+  QTableView::keyPressEvent(event);
+}
+
+void SplitTable::focusInEvent(QFocusEvent* event) {
+  QTableView::focusInEvent(event);
+  if (currentIndex().column() < kDescription) {
+    setCurrentIndex(model_->index(std::max(0, currentIndex().row()), kDescription));
+  }
+}
+
+void SplitTable::paintEvent(QPaintEvent* event) {
+  const Colors& colors = ColorsOf(palette());
+  QPainter painter(viewport());
+  for (int row = 0; row < kLines; ++row) {
+    const QRect line(0, rowViewportPosition(row), viewport()->width(), rowHeight(row));
+    painter.fillRect(line, colors[StateOf(row).Ground()]);
+  }
+  painter.end();
+  QTableView::paintEvent(event);
+  painter.begin(viewport());
+  for (int row = 0; row < kLines; ++row) {
+    const QRect line(0, rowViewportPosition(row), viewport()->width(), rowHeight(row));
+    DrawRuleBelow(painter, line, colors[Role::Hair]);
+    if (row != SelectedRow()) continue;
+    const QRect bar(0, line.top(), kSelectionBar, line.height());
+    painter.fillRect(QStyle::visualRect(layoutDirection(), line, bar),
+                     colors[hasFocus() ? Role::Accent : Role::Edge]);
+  }
+  if (hasFocus() && currentIndex().isValid()) {
+    DrawBox(painter, visualRect(currentIndex()), kSmallRadius, QColor(), colors[Role::Accent],
+            kRing);
+  }
+}
+
+void SplitTable::resizeEvent(QResizeEvent* event) {
+  QTableView::resizeEvent(event);
+  const int rest = viewport()->width() - kNumberWidth - kAmountWidth;
+  setColumnWidth(kNumber, kNumberWidth);
+  setColumnWidth(kDescription, rest / 2);
+  setColumnWidth(kTo, rest - rest / 2);
+  setColumnWidth(kAmount, kAmountWidth);
+}
+
+}  // namespace tallyfold::desktop
