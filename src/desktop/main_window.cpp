@@ -19,9 +19,13 @@
 #include "app/face/window_hooks.h"
 #include "app/shell/lifecycle.h"
 #include "app/shell/tabs.h"
+#include "app/views/entry_details.h"
 #include "app/views/reconcile_tab.h"
 #include "desktop/command_actions.h"
+#include "desktop/date_jump_panel.h"
 #include "desktop/drawer/accounts_list.h"
+#include "desktop/entry_actions.h"
+#include "desktop/find_panel.h"
 #include "desktop/look/measures.h"
 #include "desktop/look/rule_line.h"
 #include "desktop/menu_bar.h"
@@ -74,8 +78,12 @@ void MainWindow::MakePieces() {
   LDGRController& app = app_;
   actions_ = std::make_unique<CommandActions>(
       app, CommandActions::Parts{app.undo(), app.accountsDrawer(), app.tabs()}, *this);
-  menus_ =
-      std::make_unique<MenuBar>(*menuBar(), *actions_, MenuBar::Parts{app.menus(), app.search()});
+  entry_actions_ = std::make_unique<EntryActions>(
+      EntryActions::Parts{app.entryRemoval(), app.entryOrders(), app.transferLinking(), app.menus(),
+                          app.desk()},
+      *actions_, [this] { return ShownRegister().SelectedEntries(); });
+  menus_ = std::make_unique<MenuBar>(*menuBar(), *actions_,
+                                     MenuBar::Parts{app.menus(), *entry_actions_, app.search()});
   sheets_ = std::make_unique<SheetHost>(app.sheets(), *this);
   SetUpSheets(*sheets_, app);
 
@@ -87,7 +95,7 @@ void MainWindow::MakePieces() {
   pieces_.tabs = new TabStrip(app.tabs(), page_);
   pieces_.search =
       new SearchStrip({app.search(), app.textEditing(), app.tabs(), app.desk()}, page_);
-  const RegisterPage::Parts rows{app.registers(), app.search(), app.entries(), app.desk()};
+  const RegisterPage::Parts rows{app.registers(), app.shownEntries(), app.entries(), app.desk()};
   pieces_.entries = new RegisterPage(RegisterKind::Entry, rows, pages_);
   pieces_.reconcile = new RegisterPage(RegisterKind::Reconcile, rows, pages_);
   pieces_.band = new ReconcileBand({app.reconcileTab(), app.desk()}, pieces_.reconcile);
@@ -95,9 +103,12 @@ void MainWindow::MakePieces() {
   pieces_.schedule = new ScheduleTab({app.schedules(), app.desk()}, pages_);
   pieces_.summary = new SummaryTab({app.summaries(), app.desk()}, pages_);
   pieces_.status =
-      new StatusLine({app.balanceField(), app.registers(), app.entryReveal(), app.recovery(),
-                      app.accountsStore(), app.preferencesStore(), app.desk(), app.tabs()},
+      new StatusLine({app.balanceField(), app.shownEntries(), app.entryReveal(), app.recovery(),
+                      app.entryOrders(), app.transferLinking(), app.backups(), app.accountsStore(),
+                      app.preferencesStore(), app.desk(), app.tabs()},
                      page_);
+  pieces_.date_jump = new DateJumpPanel(app.dateJump(), app.desk(), this);
+  pieces_.find = new FindPanel(app.entryFind(), app.desk(), this);
 }
 
 void MainWindow::LayOut() {
@@ -145,7 +156,7 @@ void MainWindow::Connect() {
     connect(page, &RegisterPage::MarkAndMoveOnWanted, this,
             [this] { app_.reconcileTab().TurnClearedOverAndMoveOn(); });
     connect(page, &RegisterPage::RowMenuWanted, this,
-            [this](const QPoint& place) { menus_->EntryMenu()->popup(place); });
+            [this](const QPoint& place) { menus_->RowMenu()->popup(place); });
     connect(page, &RegisterPage::SelectionChanged, this, &MainWindow::ShowSelection);
     connect(page, &RegisterPage::AccountWanted, this, order("Account_Add"));
     connect(page, &RegisterPage::UnlockWanted, this, [this] {
@@ -157,7 +168,10 @@ void MainWindow::Connect() {
       if (open_example_) open_example_();
     });
   }
-  connect(pieces_.band, &ReconcileBand::EntriesSelected, this, &MainWindow::FocusPage);
+  connect(pieces_.band, &ReconcileBand::EntriesWanted, this, [this](const EntryList& entries) {
+    pieces_.reconcile->SelectEntries(entries);
+    FocusPage();
+  });
   connect(pieces_.schedule, &ScheduleTab::ScheduleWanted, this, order("Schedule_Debit"));
   connect(pieces_.schedule, &ScheduleTab::EditWanted, this, order("Schedule_Edit"));
   connect(pieces_.schedule, &ScheduleTab::RemoveWanted, this, order("ScheduleRemoveConfirm_Begin"));
@@ -211,10 +225,14 @@ void MainWindow::ShowPage() {
   ShowSelection();
 }
 
-void MainWindow::ShowSelection() {
+RegisterPage& MainWindow::ShownRegister() const {
   const bool is_reconcile = app_.tabs().State().selected == Tab::Reconcile;
-  const RegisterPage& page = is_reconcile ? *pieces_.reconcile : *pieces_.entries;
-  pieces_.status->ShowSelection(page.SelectedCount(), page.SelectedSum());
+  return is_reconcile ? *pieces_.reconcile : *pieces_.entries;
+}
+
+void MainWindow::ShowSelection() {
+  pieces_.status->ShowSelection(
+      SumOf(ShownRegister().SelectedEntries(), app_.desk().preferences()));
 }
 
 void MainWindow::FocusPage() {

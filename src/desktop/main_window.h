@@ -16,6 +16,9 @@ namespace tallyfold::desktop {
 
 class AccountsList;
 class CommandActions;
+class DateJumpPanel;
+class EntryActions;
+class FindPanel;
 class MenuBar;
 class ReconcileBand;
 class RegisterPage;
@@ -50,6 +53,8 @@ class MainWindow final : public QMainWindow {
     ScheduleTab* schedule = nullptr;
     SummaryTab* summary = nullptr;
     StatusLine* status = nullptr;
+    DateJumpPanel* date_jump = nullptr;
+    FindPanel* find = nullptr;
     SheetHost* sheets = nullptr;
   };
   [[nodiscard]] const Pieces& pieces() const noexcept { return pieces_; }
@@ -79,6 +84,8 @@ class MainWindow final : public QMainWindow {
  private:
   void MakePieces();
   void LayOut();
+  // The page of the register that is shown, else that of the entries.
+  [[nodiscard]] RegisterPage& ShownRegister() const;
   void Connect();
   void closeEvent(QCloseEvent* event) override;
   void changeEvent(QEvent* event) override;
@@ -87,6 +94,7 @@ class MainWindow final : public QMainWindow {
   UserSettings& settings_;
   Pieces pieces_;
   std::unique_ptr<CommandActions> actions_;
+  std::unique_ptr<EntryActions> entry_actions_;
   std::unique_ptr<MenuBar> menus_;
   std::unique_ptr<SheetHost> sheets_;
   QSplitter* splitter_;

@@ -8,11 +8,12 @@
 #include <QVBoxLayout>
 
 #include "app/accounts/accounts_drawer.h"
+#include "app/accounts/accounts_total.h"
 #include "app/desk.h"
+#include "desktop/look/figure_label.h"
 #include "desktop/look/measures.h"
 #include "desktop/register/register_view.h"
 #include "desktop/texts.h"
-#include "registers/register_look.h"
 
 namespace tallyfold::desktop {
 
@@ -20,13 +21,12 @@ AccountsList::AccountsList(const Parts& parts, QWidget* parent)
     : QWidget(parent),
       parts_(parts),
       table_(new RegisterView(parts.drawer.Table(), this)),
-      caption_(new QLabel(Text("Total"), this)),
-      total_(new QLabel(this)) {
+      caption_(new QLabel(this)),
+      total_(new FigureLabel(this)) {
   setObjectName(QLatin1String("accountsDrawer"));
   table_->setObjectName(QLatin1String("accountsDrawer_Accounts_Table"));
   table_->setAccessibleName(Text("Accounts"));
   total_->setObjectName(QLatin1String("accountsDrawer_Total_Field"));
-  total_->setTextFormat(Qt::PlainText);
   total_->setFont(DemiBoldFont(font()));
   caption_->setTextFormat(Qt::PlainText);
   caption_->setForegroundRole(QPalette::PlaceholderText);
@@ -86,14 +86,12 @@ void AccountsList::ShowLook() {
 }
 
 void AccountsList::Show() {
-  double sum = 0.0;
-  for (const auto& account : parts_.drawer.Rows()) {
-    if (!account->IsLocked()) sum += account->GetBalance();
-  }
+  const AccountsTotal total = TotalOfUnlocked(parts_.desk.accounts(), parts_.desk.preferences());
   const bool is_shown = parts_.desk.IsUnlocked();
   caption_->setVisible(is_shown);
   total_->setVisible(is_shown);
-  total_->setText(ToQString(RegisterAmountText(sum, parts_.desk.preferences())));
+  caption_->setText(ToQString(total.title));
+  total_->setText(ToQString(total.text));
 }
 
 void AccountsList::FocusTable() {

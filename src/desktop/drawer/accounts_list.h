@@ -12,6 +12,7 @@ class Desk;
 
 namespace tallyfold::desktop {
 
+class FigureLabel;
 class RegisterView;
 
 // The list of the accounts, with the sum of those that are not locked below.
@@ -37,7 +38,7 @@ class AccountsList final : public QWidget {
   Parts parts_;
   RegisterView* table_;
   QLabel* caption_;
-  QLabel* total_;
+  FigureLabel* total_;
 };
 
 }  // namespace tallyfold::desktop
