@@ -2,13 +2,18 @@
 
 #include <QAction>
 #include <QCloseEvent>
+#include <QDropEvent>
+#include <QFile>
 #include <QHBoxLayout>
 #include <QMenu>
 #include <QMenuBar>
+#include <QMimeData>
+#include <QResizeEvent>
 #include <QScreen>
 #include <QSplitter>
 #include <QStackedWidget>
 #include <QTimer>
+#include <QUrl>
 #include <QVBoxLayout>
 #include <algorithm>
 
@@ -16,6 +21,7 @@
 #include "app/accounts/accounts_drawer.h"
 #include "app/controller.h"
 #include "app/desk.h"
+#include "app/exchange/qif_import_command.h"
 #include "app/face/window_hooks.h"
 #include "app/shell/lifecycle.h"
 #include "app/shell/tabs.h"
@@ -40,6 +46,7 @@
 #include "desktop/tabs/summary_tab.h"
 #include "desktop/texts.h"
 #include "desktop/tool_bars.h"
+#include "desktop/veil.h"
 #include "desktop/window_keys.h"
 #include "desktop/window_sheets.h"
 
@@ -50,6 +57,10 @@ constexpr QSize kFirstSize(1200, 760);
 constexpr QSize kLeastSize(860, 540);
 constexpr int kDrawerWidth = 232;
 constexpr int kLeastDrawerWidth = 160;
+// A narrower window leaves an open drawer no more than that.
+constexpr int kNarrowWindow = 900;
+// So many accounts are in sight where the drawer lies above or below the page.
+constexpr int kRowsAcross = 5;
 
 // Edges as the preferences number them.
 enum Edge { kLeft = 0, kBottom = 1, kRight = 2, kTop = 3 };
@@ -65,11 +76,13 @@ MainWindow::MainWindow(LDGRController& app, UserSettings& settings)
   setObjectName(QLatin1String(WindowHooks::kFrameName));
   setMinimumSize(kLeastSize);
   setContextMenuPolicy(Qt::NoContextMenu);
+  setAcceptDrops(true);
   splitter_->setObjectName(QLatin1String(WindowHooks::kAccountsTableFrameName));
   splitter_->setChildrenCollapsible(false);
   MakePieces();
   LayOut();
   Connect();
+  veil_ = new Veil(this);
 }
 
 MainWindow::~MainWindow() = default;
@@ -161,7 +174,9 @@ void MainWindow::Connect() {
     connect(page, &RegisterPage::AccountWanted, this, order("Account_Add"));
     connect(page, &RegisterPage::UnlockWanted, this, [this] {
       const AccountList& accounts = app_.desk().accounts();
-      if (!accounts.empty()) app_.selection().Account_Select(accounts.front());
+      const auto locked = std::find_if(accounts.begin(), accounts.end(),
+                                       [](const auto& account) { return account->IsLocked(); });
+      if (locked != accounts.end()) app_.selection().Account_Select(*locked);
     });
     connect(page, &RegisterPage::Left, this, [this] { pieces_.search->FocusField(); });
     connect(page, &RegisterPage::ExampleWanted, this, [this] {
@@ -212,12 +227,30 @@ void MainWindow::ShowDrawer() {
   pieces_.accounts->setVisible(app_.accountsDrawer().State().is_open);
   pieces_.accounts->setMinimumWidth(is_beside ? kLeastDrawerWidth : 0);
   if (was_shown == pieces_.accounts->isVisibleTo(splitter_) && was_shown) return;
+  FitDrawer();
+}
+
+void MainWindow::FitDrawer() {
+  const LDGRPreferences& preferences = app_.desk().preferences();
+  const bool is_beside = splitter_->orientation() == Qt::Horizontal;
+  const bool is_first = splitter_->indexOf(pieces_.accounts) == 0;
   const int room = is_beside ? width() : height();
   const float stored = preferences.GetAccountsDrawerWidth();
-  const int drawer = std::clamp(stored > 0 ? static_cast<int>(stored) : kDrawerWidth,
-                                kLeastDrawerWidth, std::max(kLeastDrawerWidth, room / 2));
+  const int wanted = stored > 0  ? static_cast<int>(stored)
+                     : is_beside ? kDrawerWidth
+                                 : kBarHeight + kRowsAcross * kAccountRowHeight + kStatusHeight;
+  const bool is_narrow = is_beside && room < kNarrowWindow;
+  const int drawer =
+      is_narrow ? kLeastDrawerWidth
+                : std::clamp(wanted, kLeastDrawerWidth, std::max(kLeastDrawerWidth, room / 2));
   splitter_->setSizes(is_first ? QList<int>{drawer, room - drawer}
                                : QList<int>{room - drawer, drawer});
+}
+
+void MainWindow::resizeEvent(QResizeEvent* event) {
+  QMainWindow::resizeEvent(event);
+  const bool was_narrow = event->oldSize().width() < kNarrowWindow;
+  if (was_narrow != (width() < kNarrowWindow)) FitDrawer();
 }
 
 void MainWindow::ShowPage() {
@@ -268,6 +301,38 @@ void MainWindow::SaveFrames() {
 
 void MainWindow::SetContentsEnabled(bool are_enabled) {
   centralWidget()->setEnabled(are_enabled);
+}
+
+void MainWindow::ShowVeil() {
+  const bool is_open = sheets_->IsOpen();
+  if (is_open) veil_->raise();
+  veil_->setVisible(is_open);
+}
+
+namespace {
+
+// The file that is dragged; "" for none, and for several.
+QString FileIn(const QMimeData& data) {
+  const QList<QUrl> urls = data.urls();
+  return urls.size() == 1 ? urls.front().toLocalFile() : QString();
+}
+
+}  // namespace
+
+void MainWindow::dragEnterEvent(QDragEnterEvent* event) {
+  if (!FileIn(*event->mimeData()).isEmpty() && actions_->Named("QIFImport")->isEnabled()) {
+    event->acceptProposedAction();
+  }
+}
+
+void MainWindow::dropEvent(QDropEvent* event) {
+  event->acceptProposedAction();
+  // Whoever drags waits for the end of this.
+  QTimer::singleShot(0, this, [this, file = FileIn(*event->mimeData())] {
+    if (!file.isEmpty() && actions_->Named("QIFImport")->isEnabled()) {
+      app_.importCommand().QIFImportFile(QFile::encodeName(file).toStdString());
+    }
+  });
 }
 
 void MainWindow::closeEvent(QCloseEvent* event) {

@@ -29,6 +29,7 @@ class StatusLine;
 class SummaryTab;
 class TabStrip;
 class ToolBars;
+class Veil;
 class UserSettings;
 
 // The window: puts its pieces into their places and connects them. Each shows the part of the
@@ -80,13 +81,19 @@ class MainWindow final : public QMainWindow {
   void SaveFrames();
   // What the window holds, apart from its menus, can be used.
   void SetContentsEnabled(bool are_enabled);
+  // Darkened while a sheet is open.
+  void ShowVeil();
 
  private:
   void MakePieces();
+  void FitDrawer();
   void LayOut();
   // The page of the register that is shown, else that of the entries.
   [[nodiscard]] RegisterPage& ShownRegister() const;
   void Connect();
+  void resizeEvent(QResizeEvent* event) override;
+  void dragEnterEvent(QDragEnterEvent* event) override;
+  void dropEvent(QDropEvent* event) override;
   void closeEvent(QCloseEvent* event) override;
   void changeEvent(QEvent* event) override;
 
@@ -99,6 +106,7 @@ class MainWindow final : public QMainWindow {
   std::unique_ptr<SheetHost> sheets_;
   QSplitter* splitter_;
   QWidget* page_;
+  Veil* veil_;
   QStackedWidget* pages_;
   QString title_ending_;
   std::function<void()> open_example_;

@@ -125,7 +125,8 @@ void WindowFrontEnd::ShowArea(Area area) {
     case Area::PreferencesSheet:
     case Area::ImportOptionsSheet:
       pieces.menus->ShowAccounts();
-      return pieces.sheets->Show();
+      pieces.sheets->Show();
+      return window_.ShowVeil();
     default:
       return;
   }

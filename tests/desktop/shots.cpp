@@ -12,6 +12,7 @@
 
 #include "app/controller.h"
 #include "app/desk.h"
+#include "app/entries/entry_orders.h"
 #include "app/face/sheet_slot.h"
 #include "app/shell/tabs.h"
 #include "app/views/account_summary_tab.h"
@@ -82,6 +83,32 @@ void GrabAll(const QString& folder) {
   show("removal", [](TestWindow& test) {
     test.ClickRow("entry_Table", 3);
     test.Key(Qt::Key_Delete);
+  });
+  show("several-selected", [](TestWindow& test) {
+    test.ClickRow("entry_Table", 6);
+    for (int i = 0; i < 3; ++i) test.Key(Qt::Key_Down, Qt::ShiftModifier);
+  });
+  show("refused", [](TestWindow& test) {
+    test.ClickRow("entry_Table", 3);
+    const auto& desk = test.program->app().desk();
+    test.program->app().entryOrders().MoveTo({desk.SelectedEntry()},
+                                             desk.accounts().back()->GetNumber());
+    test.program->app().entryOrders().MoveTo({desk.SelectedEntry()},
+                                             desk.accounts().front()->GetNumber());
+  });
+  show("drawer-below", [](TestWindow& test) {
+    test.program->app().desk().preferences().SetAccountsDrawerPreferredEdge(1);
+    test.program->window().ShowDrawer();
+  });
+  show("find", [](TestWindow& test) {
+    test.Key(Qt::Key_F, Qt::ControlModifier | Qt::ShiftModifier);
+    test.Type("Put aside");
+    test.Key(Qt::Key_Return);
+  });
+  show("go-to-date", [](TestWindow& test) { test.Key(Qt::Key_G, Qt::ControlModifier); });
+  show("smallest-reconcile", [](TestWindow& test) {
+    test.program->app().tabs().Select(Tab::Reconcile);
+    test.program->window().resize(test.program->window().minimumSize());
   });
   show("smallest", [](TestWindow& test) {
     test.program->window().resize(test.program->window().minimumSize());

@@ -16,10 +16,23 @@
 #include "desktop/texts.h"
 
 namespace tallyfold::desktop {
+namespace {
+
+constexpr std::string_view kBalance = "balance";
+
+}  // namespace
+
+void AccountsList::Locks::AddTo(CellLook& look, std::string_view column, std::size_t row) const {
+  if (column != kBalance || row >= drawer_.Rows().size()) return;
+  if (!drawer_.Rows()[row]->IsLocked()) return;
+  look.glyph_before = QLatin1String("lock");
+  look.is_dim = true;
+}
 
 AccountsList::AccountsList(const Parts& parts, QWidget* parent)
     : QWidget(parent),
       parts_(parts),
+      locks_(parts.drawer),
       table_(new RegisterView(parts.drawer.Table(), this)),
       caption_(new QLabel(this)),
       total_(new FigureLabel(this)) {
@@ -38,12 +51,13 @@ AccountsList::AccountsList(const Parts& parts, QWidget* parent)
   auto* line = new QWidget(this);
   line->setFixedHeight(kStatusHeight);
   auto* row = new QHBoxLayout(line);
-  row->setContentsMargins(kGroupGap, 0, kGroupGap, 0);
+  row->setContentsMargins(kListPadding, 0, kOuterCellPadding, 0);
   row->addWidget(caption_);
   row->addStretch(1);
   row->addWidget(total_);
   column->addWidget(line);
 
+  table_->SetDetails(&locks_);
   table_->SetSelectsOneRow(true);
   table_->MakeList();
   table_->SetHasMonthRules(false);

@@ -2,6 +2,8 @@
 
 #include <QWidget>
 
+#include "desktop/register/row_model.h"
+
 class QLabel;
 class QMenu;
 
@@ -35,7 +37,19 @@ class AccountsList final : public QWidget {
   // Whatever came of choosing a row, the selected one is that of the selected account.
   void Choose(int row);
 
+  // What cannot be read without a password.
+  class Locks final : public RowDetails {
+   public:
+    explicit Locks(const AccountsDrawer& drawer) noexcept : drawer_(drawer) {}
+    void AddTo(CellLook& look, std::string_view column, std::size_t row) const override;
+    [[nodiscard]] QString ToolTipOf(std::string_view, std::size_t) const override { return {}; }
+
+   private:
+    const AccountsDrawer& drawer_;
+  };
+
   Parts parts_;
+  Locks locks_;
   RegisterView* table_;
   QLabel* caption_;
   FigureLabel* total_;

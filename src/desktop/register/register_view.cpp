@@ -106,7 +106,7 @@ void RegisterView::SetLook(const TableLook& look) {
 void RegisterView::MakeList() {
   is_list_ = true;
   header_->MakeBar();
-  delegate_->SetLastPadding(kOuterCellPadding);
+  delegate_->SetOuterPaddings(kListPadding, kOuterCellPadding);
   viewport()->setBackgroundRole(QPalette::Window);
   setVerticalScrollBarPolicy(Qt::ScrollBarAsNeeded);
   SetLook(TableLook(model_->Look()));
