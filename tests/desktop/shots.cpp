@@ -92,9 +92,7 @@ void GrabAll(const QString& folder) {
     test.ClickRow("entry_Table", 3);
     const auto& desk = test.program->app().desk();
     test.program->app().entryOrders().MoveTo({desk.SelectedEntry()},
-                                             desk.accounts().back()->GetNumber());
-    test.program->app().entryOrders().MoveTo({desk.SelectedEntry()},
-                                             desk.accounts().front()->GetNumber());
+                                             desk.accounts()[1]->GetNumber());
   });
   show("drawer-below", [](TestWindow& test) {
     test.program->app().desk().preferences().SetAccountsDrawerPreferredEdge(1);

@@ -18,8 +18,10 @@ bool QifImportCommand::Begin() {
 }
 
 bool QifImportCommand::Run(const std::string& path) {
+  const auto account = desk_.SelectedAccount();
+  if (account == nullptr) return false;
   Change change(ledger_);
-  change.EditSettings(desk_.SelectedAccount()).SetQIFImportEncoding(menu_.encoding());
+  change.EditSettings(account).SetQIFImportEncoding(menu_.encoding());
   change.Close();
   import_.ImportOptions_InitWithFile(path, menu_.encoding());
   return import_.Run();
