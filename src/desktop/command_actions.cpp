@@ -4,6 +4,7 @@
 #include <QMenu>
 #include <QSet>
 #include <QWidget>
+#include <utility>
 
 #include "app/accounts/accounts_drawer.h"
 #include "app/commands/command.h"
@@ -111,7 +112,8 @@ void CommandActions::Make(const Command& command, QWidget& window) {
   window.addAction(action);
   const std::string_view name = command.name;
   connect(action, &QAction::triggered, this, [this, name] {
-    Order(app_, name);
+    const auto instead = instead_.find(name);
+    if (instead == instead_.end() || !instead->second()) Order(app_, name);
     // A click has turned the mark of a checkable one over, whatever came of it.
     Show();
   });
@@ -131,6 +133,10 @@ void CommandActions::Show() {
   SetTitle(*Named("ToggleAccountsDrawer"), ToQString(parts_.drawer.State().menu_item_title));
   Named("entry_MenuItem")->setChecked(parts_.tabs.State().entry_item_is_checked);
   Named("reconcile_MenuItem")->setChecked(parts_.tabs.State().reconcile_item_is_checked);
+}
+
+void CommandActions::RunInstead(std::string_view name, std::function<bool()> run) {
+  instead_[CommandNamed(name)->name] = std::move(run);
 }
 
 void CommandActions::AddKeyEquivalent(const KeyEquivalent& equivalent) {

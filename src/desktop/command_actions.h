@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QObject>
+#include <functional>
 #include <map>
 #include <string_view>
 #include <vector>
@@ -39,6 +40,8 @@ class CommandActions final : public QObject {
   // The action of a command or control; null where it has none.
   [[nodiscard]] QAction* Named(std::string_view name) const;
   void Show();
+  // What is run in place of a command that can run, unless it returns false.
+  void RunInstead(std::string_view name, std::function<bool()> run);
   // Another key for a command that has no button for it.
   void AddKeyEquivalent(const KeyEquivalent& equivalent);
 
@@ -54,6 +57,7 @@ class CommandActions final : public QObject {
   Parts parts_;
   std::vector<Entry> entries_;
   std::map<const Command*, QAction*> by_command_;
+  std::map<std::string_view, std::function<bool()>> instead_;
 };
 
 // Titles the action with a text that may hold "&". See AssignMnemonics().

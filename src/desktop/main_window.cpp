@@ -2,13 +2,18 @@
 
 #include <QAction>
 #include <QCloseEvent>
+#include <QDropEvent>
+#include <QFile>
 #include <QHBoxLayout>
 #include <QMenu>
 #include <QMenuBar>
+#include <QMimeData>
+#include <QResizeEvent>
 #include <QScreen>
 #include <QSplitter>
 #include <QStackedWidget>
 #include <QTimer>
+#include <QUrl>
 #include <QVBoxLayout>
 #include <algorithm>
 
@@ -16,12 +21,17 @@
 #include "app/accounts/accounts_drawer.h"
 #include "app/controller.h"
 #include "app/desk.h"
+#include "app/exchange/qif_import_command.h"
 #include "app/face/window_hooks.h"
 #include "app/shell/lifecycle.h"
 #include "app/shell/tabs.h"
+#include "app/views/entry_details.h"
 #include "app/views/reconcile_tab.h"
 #include "desktop/command_actions.h"
+#include "desktop/date_jump_panel.h"
 #include "desktop/drawer/accounts_list.h"
+#include "desktop/entry_actions.h"
+#include "desktop/find_panel.h"
 #include "desktop/look/measures.h"
 #include "desktop/look/rule_line.h"
 #include "desktop/menu_bar.h"
@@ -38,6 +48,7 @@
 #include "desktop/tabs/summary_tab.h"
 #include "desktop/texts.h"
 #include "desktop/tool_bars.h"
+#include "desktop/veil.h"
 #include "desktop/window_keys.h"
 #include "desktop/window_sheets.h"
 
@@ -48,6 +59,10 @@ constexpr QSize kFirstSize(1200, 760);
 constexpr QSize kLeastSize(860, 540);
 constexpr int kDrawerWidth = 232;
 constexpr int kLeastDrawerWidth = 160;
+// A narrower window leaves an open drawer no more than that.
+constexpr int kNarrowWindow = 900;
+// So many accounts are in sight where the drawer lies above or below the page.
+constexpr int kRowsAcross = 5;
 
 // Edges as the preferences number them.
 enum Edge { kLeft = 0, kBottom = 1, kRight = 2, kTop = 3 };
@@ -63,11 +78,13 @@ MainWindow::MainWindow(LDGRController& app, UserSettings& settings)
   setObjectName(QLatin1String(WindowHooks::kFrameName));
   setMinimumSize(kLeastSize);
   setContextMenuPolicy(Qt::NoContextMenu);
+  setAcceptDrops(true);
   splitter_->setObjectName(QLatin1String(WindowHooks::kAccountsTableFrameName));
   splitter_->setChildrenCollapsible(false);
   MakePieces();
   LayOut();
   Connect();
+  veil_ = new Veil(this);
 }
 
 MainWindow::~MainWindow() = default;
@@ -76,8 +93,12 @@ void MainWindow::MakePieces() {
   LDGRController& app = app_;
   actions_ = std::make_unique<CommandActions>(
       app, CommandActions::Parts{app.undo(), app.accountsDrawer(), app.tabs()}, *this);
-  menus_ =
-      std::make_unique<MenuBar>(*menuBar(), *actions_, MenuBar::Parts{app.menus(), app.search()});
+  entry_actions_ = std::make_unique<EntryActions>(
+      EntryActions::Parts{app.entryRemoval(), app.entryOrders(), app.transferLinking(), app.menus(),
+                          app.desk()},
+      *actions_, [this] { return ShownRegister().SelectedEntries(); });
+  menus_ = std::make_unique<MenuBar>(*menuBar(), *actions_,
+                                     MenuBar::Parts{app.menus(), *entry_actions_, app.search()});
   sheets_ = std::make_unique<SheetHost>(app.sheets(), *this);
   SetUpSheets(*sheets_, app);
   review_ = std::make_unique<ReviewHost>(
@@ -95,7 +116,7 @@ void MainWindow::MakePieces() {
   pieces_.tabs = new TabStrip(app.tabs(), page_);
   pieces_.search =
       new SearchStrip({app.search(), app.textEditing(), app.tabs(), app.desk()}, page_);
-  const RegisterPage::Parts rows{app.registers(), app.search(), app.entries(), app.desk()};
+  const RegisterPage::Parts rows{app.registers(), app.shownEntries(), app.entries(), app.desk()};
   pieces_.entries = new RegisterPage(RegisterKind::Entry, rows, pages_);
   pieces_.reconcile = new RegisterPage(RegisterKind::Reconcile, rows, pages_);
   pieces_.band = new ReconcileBand({app.reconcileTab(), app.desk()}, pieces_.reconcile);
@@ -103,9 +124,12 @@ void MainWindow::MakePieces() {
   pieces_.schedule = new ScheduleTab({app.schedules(), app.desk()}, pages_);
   pieces_.summary = new SummaryTab({app.summaries(), app.desk()}, pages_);
   pieces_.status =
-      new StatusLine({app.balanceField(), app.registers(), app.entryReveal(), app.recovery(),
-                      app.accountsStore(), app.preferencesStore(), app.desk(), app.tabs()},
+      new StatusLine({app.balanceField(), app.shownEntries(), app.entryReveal(), app.recovery(),
+                      app.entryOrders(), app.transferLinking(), app.backups(), app.accountsStore(),
+                      app.preferencesStore(), app.desk(), app.tabs()},
                      page_);
+  pieces_.date_jump = new DateJumpPanel(app.dateJump(), app.desk(), this);
+  pieces_.find = new FindPanel(app.entryFind(), app.desk(), this);
 }
 
 void MainWindow::LayOut() {
@@ -153,19 +177,24 @@ void MainWindow::Connect() {
     connect(page, &RegisterPage::MarkAndMoveOnWanted, this,
             [this] { app_.reconcileTab().TurnClearedOverAndMoveOn(); });
     connect(page, &RegisterPage::RowMenuWanted, this,
-            [this](const QPoint& place) { menus_->EntryMenu()->popup(place); });
+            [this](const QPoint& place) { menus_->RowMenu()->popup(place); });
     connect(page, &RegisterPage::SelectionChanged, this, &MainWindow::ShowSelection);
     connect(page, &RegisterPage::AccountWanted, this, order("Account_Add"));
     connect(page, &RegisterPage::UnlockWanted, this, [this] {
       const AccountList& accounts = app_.desk().accounts();
-      if (!accounts.empty()) app_.selection().Account_Select(accounts.front());
+      const auto locked = std::find_if(accounts.begin(), accounts.end(),
+                                       [](const auto& account) { return account->IsLocked(); });
+      if (locked != accounts.end()) app_.selection().Account_Select(*locked);
     });
     connect(page, &RegisterPage::Left, this, [this] { pieces_.search->FocusField(); });
     connect(page, &RegisterPage::ExampleWanted, this, [this] {
       if (open_example_) open_example_();
     });
   }
-  connect(pieces_.band, &ReconcileBand::EntriesSelected, this, &MainWindow::FocusPage);
+  connect(pieces_.band, &ReconcileBand::EntriesWanted, this, [this](const EntryList& entries) {
+    pieces_.reconcile->SelectEntries(entries);
+    FocusPage();
+  });
   connect(pieces_.schedule, &ScheduleTab::ScheduleWanted, this, order("Schedule_Debit"));
   connect(pieces_.schedule, &ScheduleTab::EditWanted, this, order("Schedule_Edit"));
   connect(pieces_.schedule, &ScheduleTab::RemoveWanted, this, order("ScheduleRemoveConfirm_Begin"));
@@ -206,12 +235,30 @@ void MainWindow::ShowDrawer() {
   pieces_.accounts->setVisible(app_.accountsDrawer().State().is_open);
   pieces_.accounts->setMinimumWidth(is_beside ? kLeastDrawerWidth : 0);
   if (was_shown == pieces_.accounts->isVisibleTo(splitter_) && was_shown) return;
+  FitDrawer();
+}
+
+void MainWindow::FitDrawer() {
+  const LDGRPreferences& preferences = app_.desk().preferences();
+  const bool is_beside = splitter_->orientation() == Qt::Horizontal;
+  const bool is_first = splitter_->indexOf(pieces_.accounts) == 0;
   const int room = is_beside ? width() : height();
   const float stored = preferences.GetAccountsDrawerWidth();
-  const int drawer = std::clamp(stored > 0 ? static_cast<int>(stored) : kDrawerWidth,
-                                kLeastDrawerWidth, std::max(kLeastDrawerWidth, room / 2));
+  const int wanted = stored > 0  ? static_cast<int>(stored)
+                     : is_beside ? kDrawerWidth
+                                 : kBarHeight + kRowsAcross * kAccountRowHeight + kStatusHeight;
+  const bool is_narrow = is_beside && room < kNarrowWindow;
+  const int drawer =
+      is_narrow ? kLeastDrawerWidth
+                : std::clamp(wanted, kLeastDrawerWidth, std::max(kLeastDrawerWidth, room / 2));
   splitter_->setSizes(is_first ? QList<int>{drawer, room - drawer}
                                : QList<int>{room - drawer, drawer});
+}
+
+void MainWindow::resizeEvent(QResizeEvent* event) {
+  QMainWindow::resizeEvent(event);
+  const bool was_narrow = event->oldSize().width() < kNarrowWindow;
+  if (was_narrow != (width() < kNarrowWindow)) FitDrawer();
 }
 
 void MainWindow::ShowPage() {
@@ -219,10 +266,14 @@ void MainWindow::ShowPage() {
   ShowSelection();
 }
 
-void MainWindow::ShowSelection() {
+RegisterPage& MainWindow::ShownRegister() const {
   const bool is_reconcile = app_.tabs().State().selected == Tab::Reconcile;
-  const RegisterPage& page = is_reconcile ? *pieces_.reconcile : *pieces_.entries;
-  pieces_.status->ShowSelection(page.SelectedCount(), page.SelectedSum());
+  return is_reconcile ? *pieces_.reconcile : *pieces_.entries;
+}
+
+void MainWindow::ShowSelection() {
+  pieces_.status->ShowSelection(
+      SumOf(ShownRegister().SelectedEntries(), app_.desk().preferences()));
 }
 
 void MainWindow::FocusPage() {
@@ -258,6 +309,38 @@ void MainWindow::SaveFrames() {
 
 void MainWindow::SetContentsEnabled(bool are_enabled) {
   centralWidget()->setEnabled(are_enabled);
+}
+
+void MainWindow::ShowVeil() {
+  const bool is_open = sheets_->IsOpen();
+  if (is_open) veil_->raise();
+  veil_->setVisible(is_open);
+}
+
+namespace {
+
+// The file that is dragged; "" for none, and for several.
+QString FileIn(const QMimeData& data) {
+  const QList<QUrl> urls = data.urls();
+  return urls.size() == 1 ? urls.front().toLocalFile() : QString();
+}
+
+}  // namespace
+
+void MainWindow::dragEnterEvent(QDragEnterEvent* event) {
+  if (!FileIn(*event->mimeData()).isEmpty() && actions_->Named("QIFImport")->isEnabled()) {
+    event->acceptProposedAction();
+  }
+}
+
+void MainWindow::dropEvent(QDropEvent* event) {
+  event->acceptProposedAction();
+  // Whoever drags waits for the end of this.
+  QTimer::singleShot(0, this, [this, file = FileIn(*event->mimeData())] {
+    if (!file.isEmpty() && actions_->Named("QIFImport")->isEnabled()) {
+      app_.importCommand().QIFImportFile(QFile::encodeName(file).toStdString());
+    }
+  });
 }
 
 void MainWindow::closeEvent(QCloseEvent* event) {

@@ -16,6 +16,9 @@ namespace tallyfold::desktop {
 
 class AccountsList;
 class CommandActions;
+class DateJumpPanel;
+class EntryActions;
+class FindPanel;
 class MenuBar;
 class ReconcileBand;
 class RegisterPage;
@@ -28,6 +31,7 @@ class StatusLine;
 class SummaryTab;
 class TabStrip;
 class ToolBars;
+class Veil;
 class UserSettings;
 
 // The window: puts its pieces into their places and connects them. Each shows the part of the
@@ -52,6 +56,8 @@ class MainWindow final : public QMainWindow {
     ScheduleTab* schedule = nullptr;
     SummaryTab* summary = nullptr;
     StatusLine* status = nullptr;
+    DateJumpPanel* date_jump = nullptr;
+    FindPanel* find = nullptr;
     SheetHost* sheets = nullptr;
     ReviewHost* review = nullptr;
     UpdateWindowHost* updates = nullptr;
@@ -79,11 +85,19 @@ class MainWindow final : public QMainWindow {
   void SaveFrames();
   // What the window holds, apart from its menus, can be used.
   void SetContentsEnabled(bool are_enabled);
+  // Darkened while a sheet is open.
+  void ShowVeil();
 
  private:
   void MakePieces();
+  void FitDrawer();
   void LayOut();
+  // The page of the register that is shown, else that of the entries.
+  [[nodiscard]] RegisterPage& ShownRegister() const;
   void Connect();
+  void resizeEvent(QResizeEvent* event) override;
+  void dragEnterEvent(QDragEnterEvent* event) override;
+  void dropEvent(QDropEvent* event) override;
   void closeEvent(QCloseEvent* event) override;
   void changeEvent(QEvent* event) override;
 
@@ -91,12 +105,14 @@ class MainWindow final : public QMainWindow {
   UserSettings& settings_;
   Pieces pieces_;
   std::unique_ptr<CommandActions> actions_;
+  std::unique_ptr<EntryActions> entry_actions_;
   std::unique_ptr<MenuBar> menus_;
   std::unique_ptr<SheetHost> sheets_;
   std::unique_ptr<ReviewHost> review_;
   std::unique_ptr<UpdateWindowHost> updates_;
   QSplitter* splitter_;
   QWidget* page_;
+  Veil* veil_;
   QStackedWidget* pages_;
   QString title_ending_;
   std::function<void()> open_example_;

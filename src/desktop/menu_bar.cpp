@@ -12,6 +12,7 @@
 #include "app/commands/command.h"
 #include "app/shell/menus.h"
 #include "desktop/command_actions.h"
+#include "desktop/entry_actions.h"
 #include "desktop/filter_menu.h"
 #include "desktop/texts.h"
 
@@ -31,10 +32,14 @@ constexpr MenuTitle kMenus[] = {
 // Commands that begin a group of their menu.
 constexpr std::string_view kGroupStarts[] = {
     "Save",
+    "BackUpNow",
     "lock",
     "Quit",
+    "EntryFind_Open",
     "PreferencesSheet_Open",
     "Entry_Edit",
+    "Entry_Duplicate",
+    "currentTableDataSource_Cleared_CheckBox",
     "ShowOtherHalf",
     "SpeakEntry",
     "Schedule_Edit",
@@ -42,6 +47,7 @@ constexpr std::string_view kGroupStarts[] = {
     "ScheduleReminderSheet_Open",
     "entry_MenuItem",
     "Search_Cancel",
+    "DateJump_Open",
     "Account_Lock",
 };
 
@@ -59,6 +65,33 @@ constexpr TextCommand kTextCommands[] = {
 };
 
 constexpr int kAccountsWithKeys = 9;
+
+// Of the menu for rows; an empty name is a line between groups.
+constexpr std::string_view kRowCommands[] = {
+    "Entry_Edit",
+    "EntryRemoveConfirm_Begin",
+    "",
+    "currentTableDataSource_Cleared_CheckBox",
+    "",
+    "Entry_Duplicate",
+    "Entry_ChangeKind",
+    "Schedule_FromEntry",
+    "",
+    "ShowOtherHalf",
+    "Entry_Link",
+    "",
+    "SpeakEntry",
+    "StartSpeakingEntries",
+    "",
+};
+
+// On where what has the focus can do it.
+void ShowTextEditing(QAction& action) {
+  const QWidget* focus = QApplication::focusWidget();
+  const QByteArray signature = action.objectName().toLatin1() + "()";
+  action.setEnabled(focus != nullptr && focus->isEnabled() &&
+                    focus->metaObject()->indexOfMethod(signature.constData()) >= 0);
+}
 
 }  // namespace
 
@@ -95,10 +128,46 @@ MenuBar::MenuBar(QMenuBar& bar, CommandActions& actions, const Parts& parts)
   AssignMnemonics(titles);
 
   accounts_separator_ = account_menu_->addSeparator();
+  AddEntrySubmenus();
+  MakeRowMenu(&bar_);
+}
+
+void MenuBar::AddEntrySubmenus() {
+  const auto add = [this](const char* name, std::string_view title) {
+    QMenu* menu = entry_menu_->addMenu(QString());
+    menu->setObjectName(QLatin1String(name));
+    SetTitle(*menu->menuAction(), Text(title));
+    return menu;
+  };
   entry_menu_->addSeparator();
-  types_menu_ = entry_menu_->addMenu(QString());
-  types_menu_->setObjectName(QLatin1String("entryMenu_Types_Menu"));
-  SetTitle(*types_menu_->menuAction(), Text("Type"));
+  types_menu_ = add("entryMenu_Types_Menu", "Type");
+  move_menu_ = add("entryMenu_Move_Menu", "Move to Account");
+  halves_menu_ = add("entryMenu_OtherHalves_Menu", "Link as Transfer With");
+}
+
+void MenuBar::MakeRowMenu(QWidget* parent) {
+  row_menu_ = new QMenu(parent);
+  row_menu_->setObjectName(QLatin1String("row_Menu"));
+  for (const std::string_view name : kRowCommands) {
+    if (name.empty()) {
+      row_menu_->addSeparator();
+    } else {
+      row_menu_->addAction(actions_.Named(name));
+    }
+    if (name == "currentTableDataSource_Cleared_CheckBox") row_menu_->addMenu(types_menu_);
+    if (name == "Entry_Link") row_menu_->addMenu(halves_menu_);
+    if (name == "Schedule_FromEntry") row_menu_->addMenu(move_menu_);
+  }
+  row_menu_->addAction(copy_);
+  for (QMenu* menu : {entry_menu_, row_menu_}) {
+    connect(menu, &QMenu::aboutToShow, this, [this, menu] {
+      actions_.Show();
+      ShowTextEditing(*copy_);
+      parts_.entries.FillAccounts(*move_menu_);
+      parts_.entries.FillOtherHalves(*halves_menu_);
+      AssignMnemonics(*menu);
+    });
+  }
 }
 
 void MenuBar::AddTextEditing(QMenu& menu) {
@@ -114,12 +183,8 @@ void MenuBar::AddTextEditing(QMenu& menu) {
     connect(action, &QAction::triggered, this, [slot] {
       if (QWidget* focus = QApplication::focusWidget()) QMetaObject::invokeMethod(focus, slot);
     });
-    connect(&menu, &QMenu::aboutToShow, action, [action, slot] {
-      const QWidget* focus = QApplication::focusWidget();
-      const QByteArray signature = QByteArray(slot) + "()";
-      action->setEnabled(focus != nullptr && focus->isEnabled() &&
-                         focus->metaObject()->indexOfMethod(signature.constData()) >= 0);
-    });
+    connect(&menu, &QMenu::aboutToShow, action, [action] { ShowTextEditing(*action); });
+    if (action->objectName() == QLatin1String("copy")) copy_ = action;
   }
 }
 
@@ -154,23 +219,7 @@ void MenuBar::ShowAccounts() {
 }
 
 void MenuBar::ShowTypes() {
-  types_menu_->clear();
-  for (const MenuItem& item : parts_.menus.EntryTypeMenu()) {
-    if (item.is_separator) {
-      types_menu_->addSeparator();
-      continue;
-    }
-    QAction* action = types_menu_->addAction(QString());
-    SetTitle(*action, ToQString(item.title));
-    action->setCheckable(true);
-    action->setChecked(item.is_checked);
-    action->setEnabled(item.is_enabled);
-    connect(action, &QAction::triggered, this, [this, tag = item.tag] {
-      if (parts_.menus.AreOn()) parts_.menus.entryMenu_Types_MenuItem(tag);
-    });
-  }
-  AssignMnemonics(*types_menu_);
-  types_menu_->menuAction()->setEnabled(!types_menu_->isEmpty());
+  parts_.entries.FillTypes(*types_menu_);
 }
 
 }  // namespace tallyfold::desktop

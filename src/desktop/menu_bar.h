@@ -14,6 +14,7 @@ class RegisterSearch;
 namespace tallyfold::desktop {
 
 class CommandActions;
+class EntryActions;
 
 // The menu bar: the commands in their order, the accounts, the types of entries, the filters and
 // what is done with the text of a field.
@@ -21,6 +22,7 @@ class MenuBar final : public QObject {
  public:
   struct Parts {
     Menus& menus;
+    EntryActions& entries;
     RegisterSearch& search;
   };
 
@@ -29,13 +31,14 @@ class MenuBar final : public QObject {
 
   void ShowAccounts();
   void ShowTypes();
-  // The menu of the commands for entries, for rows of a register.
-  [[nodiscard]] QMenu* EntryMenu() const noexcept { return entry_menu_; }
+  // For rows of a register.
+  [[nodiscard]] QMenu* RowMenu() const noexcept { return row_menu_; }
   [[nodiscard]] QMenu* ScheduleMenu() const noexcept { return schedule_menu_; }
 
  private:
   void AddTextEditing(QMenu& menu);
-  void AddAccounts(QMenu& menu);
+  void AddEntrySubmenus();
+  void MakeRowMenu(QWidget* parent);
 
   QMenuBar& bar_;
   CommandActions& actions_;
@@ -44,6 +47,10 @@ class MenuBar final : public QObject {
   QMenu* entry_menu_ = nullptr;
   QMenu* schedule_menu_ = nullptr;
   QMenu* types_menu_ = nullptr;
+  QMenu* move_menu_ = nullptr;
+  QMenu* halves_menu_ = nullptr;
+  QMenu* row_menu_ = nullptr;
+  QAction* copy_ = nullptr;
   // After these the items of the accounts follow.
   QAction* accounts_separator_ = nullptr;
 };

@@ -43,6 +43,8 @@ SearchStrip::SearchStrip(const Parts& parts, QWidget* parent)
   auto* row = new QHBoxLayout(this);
   row->setContentsMargins(0, 0, kWideGap, 0);
   row->setSpacing(kWideGap);
+  // What is hidden for want of room must not keep the window wide.
+  setMinimumWidth(field_->minimumSizeHint().width() + kWideGap);
   row->addStretch(1);
   row->addWidget(unresolved_);
   row->addWidget(label_);
@@ -80,7 +82,6 @@ void SearchStrip::Show() {
   field_->SetFilterName(name.isEmpty() ? Text("Filter") : name);
   field_->FilterButton().setEnabled(has_account);
   field_->SetCanClear(has_account && (!state.is_enabled || !state.text.empty()));
-  unresolved_->setVisible(shown == RegisterKind::Reconcile);
   unresolved_->setEnabled(has_account);
   unresolved_->setChecked(type == kUnresolved);
 }
@@ -89,9 +90,13 @@ void SearchStrip::ShowLabel() {
   const SearchFieldState& state = State();
   label_->setText(ToQString(state.label));
   label_->setEnabled(state.label_is_enabled);
-  // The first to go where the window is narrow; the field has it as its name all the same.
-  const int needed = label_->sizeHint().width() + field_->maximumWidth() + 2 * kWideGap +
-                     (unresolved_->isVisibleTo(this) ? unresolved_->sizeHint().width() : 0);
+  // Where the window is narrow the label is the first to go, which the field has as its name all
+  // the same; then the field gives way; then the check box goes, whose filter is in the menu.
+  const bool is_reconcile = parts_.tabs.ShownRegister() == RegisterKind::Reconcile;
+  const int box = is_reconcile ? unresolved_->sizeHint().width() + kWideGap : 0;
+  unresolved_->setVisible(is_reconcile &&
+                          width() >= box + field_->minimumSizeHint().width() + kWideGap);
+  const int needed = label_->sizeHint().width() + field_->maximumWidth() + 2 * kWideGap + box;
   label_->setVisible(!state.label.empty() && width() >= needed);
 }
 

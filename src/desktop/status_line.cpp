@@ -4,32 +4,57 @@
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QMenu>
+#include <QPainter>
 #include <QToolButton>
 #include <string>
 
 #include "app/desk.h"
+#include "app/entries/entry_orders.h"
 #include "app/entries/entry_reveal.h"
+#include "app/entries/transfer_linking.h"
 #include "app/face/message.h"
+#include "app/shell/backups_list.h"
 #include "app/shell/recovery.h"
 #include "app/shell/tabs.h"
 #include "app/views/balance_field.h"
-#include "app/views/registers.h"
+#include "app/views/shown_entries.h"
+#include "desktop/look/figure_label.h"
 #include "desktop/look/icons.h"
 #include "desktop/look/measures.h"
+#include "desktop/look/painting.h"
 #include "desktop/texts.h"
-#include "registers/account_table_view_data.h"
-#include "registers/register_look.h"
 #include "storage/accounts_store.h"
 #include "storage/preferences_store.h"
 
 namespace tallyfold::desktop {
 namespace {
 
-QLabel* PlainLabel(QWidget* parent, const char* name) {
-  auto* label = new QLabel(parent);
+constexpr int kRuleHeight = 18;
+
+FigureLabel* NamedLabel(QWidget* parent, const char* name) {
+  auto* label = new FigureLabel(parent);
   label->setObjectName(QLatin1String(name));
-  label->setTextFormat(Qt::PlainText);
   return label;
+}
+
+// Between the balance and what the rows come to.
+class Divider final : public QWidget {
+ public:
+  explicit Divider(QWidget* parent) : QWidget(parent) { setFixedSize(1, kRuleHeight); }
+
+ private:
+  void paintEvent(QPaintEvent* /*event*/) override {
+    QPainter painter(this);
+    DrawRuleBefore(painter, rect(), ColorsOf(palette())[Role::Rule]);
+  }
+};
+
+QToolButton* FlatButton(QWidget* parent, const char* name) {
+  auto* button = new QToolButton(parent);
+  button->setObjectName(QLatin1String(name));
+  button->setAutoRaise(true);
+  button->setFocusPolicy(Qt::TabFocus);
+  return button;
 }
 
 void SetColor(QLabel& label, Role role) {
@@ -43,34 +68,42 @@ void SetColor(QLabel& label, Role role) {
 StatusLine::StatusLine(const Parts& parts, QWidget* parent)
     : QWidget(parent),
       parts_(parts),
-      mode_(new QToolButton(this)),
-      value_(PlainLabel(this, "accountBalance_Field")),
-      rows_(PlainLabel(this, "rows_Label")),
+      mode_(FlatButton(this, "accountBalance_PopUp")),
+      value_(NamedLabel(this, "accountBalance_Field")),
+      rule_(new Divider(this)),
+      rows_(NamedLabel(this, "rows_Label")),
       notice_image_(new QLabel(this)),
-      notice_(PlainLabel(this, "notice_Label")),
-      notice_button_(new QToolButton(this)) {
-  mode_->setObjectName(QLatin1String("accountBalance_PopUp"));
-  mode_->setAutoRaise(true);
+      notice_(new QLabel(this)),
+      notice_button_(FlatButton(this, "notice_Button")),
+      close_(FlatButton(this, "notice_Close_Button")) {
   mode_->setPopupMode(QToolButton::InstantPopup);
-  mode_->setFocusPolicy(Qt::TabFocus);
   mode_->setMenu(new QMenu(mode_));
   value_->setFont(DemiBoldFont(LargerFont(font(), kStatusFigurePoints)));
-  notice_button_->setObjectName(QLatin1String("notice_Button"));
-  notice_button_->setAutoRaise(true);
-  notice_button_->setFocusPolicy(Qt::TabFocus);
-  connect(notice_button_, &QToolButton::clicked, this, [this] { NoticeClicked(); });
+  notice_->setObjectName(QLatin1String("notice_Label"));
+  notice_->setTextFormat(Qt::PlainText);
+  notice_->setSizePolicy(QSizePolicy::Maximum, QSizePolicy::Preferred);
+  notice_->setMinimumWidth(kColumnGap);
+  connect(notice_button_, &QToolButton::clicked, this, [this] { Act(); });
+  close_->setIcon(IconNamed(QLatin1String("close"), Role::Dim));
+  close_->setIconSize({kGlyphSize, kGlyphSize});
+  close_->setAccessibleName(Text("Close"));
+  close_->setToolTip(Text("Close"));
+  connect(close_, &QToolButton::clicked, this, [this] { CloseNotice(); });
 
   auto* row = new QHBoxLayout(this);
   row->setContentsMargins(kGap, 0, kGroupGap, 0);
   row->setSpacing(kGap);
   row->addWidget(mode_);
   row->addWidget(value_);
-  row->addSpacing(kGap);
+  row->addSpacing(kTightGap);
+  row->addWidget(rule_);
+  row->addSpacing(kTightGap);
   row->addWidget(rows_);
   row->addStretch(1);
   row->addWidget(notice_image_);
   row->addWidget(notice_);
   row->addWidget(notice_button_);
+  row->addWidget(close_);
   setFixedHeight(kStatusHeight);
   FillModes();
 }
@@ -107,88 +140,143 @@ void StatusLine::ShowRows() {
   const auto account = parts_.desk.SelectedAccount();
   const bool is_register = parts_.tabs.ShownRegister() != RegisterKind::Other;
   rows_->setVisible(is_register && account != nullptr);
+  rule_->setVisible(rows_->isVisibleTo(this) && value_->isVisibleTo(this));
   if (!is_register || account == nullptr) return;
-  const LDGRAccountTableViewData& table = parts_.registers.Current();
-  const std::size_t shown = table.numberOfRowsInTableView();
-  const std::size_t all = account->GetEntries().size();
-  const std::string sum = RegisterAmountText(table.TotalOfRows(), parts_.desk.preferences());
-  SetColor(*rows_, selected_ > 1 ? Role::Text : Role::Dim);
-  rows_->setFont(selected_ > 1 ? MediumFont(font()) : font());
-  if (selected_ > 1) {
-    rows_->setText(
-        ToQString(Message("{1} of {2} selected, sum {3}",
-                          {std::to_string(selected_), std::to_string(shown),
-                           RegisterAmountText(selected_sum_, parts_.desk.preferences())})));
-  } else if (all == 0) {
-    rows_->setText(Text("No entries"));
-  } else if (shown != all) {
-    rows_->setText(ToQString(
-        Message("{1} of {2} entries, sum {3}", {std::to_string(shown), std::to_string(all), sum})));
+  const ShownEntriesState rows = parts_.shown.State();
+  const auto count = [](std::size_t number) { return std::to_string(number); };
+  const bool are_several = selected_.count > 1;
+  SetColor(*rows_, are_several ? Role::Text : Role::Dim);
+  rows_->setFont(are_several ? MediumFont(font()) : font());
+  std::string text;
+  if (are_several) {
+    text = Message("{1} of {2} selected, sum {3}",
+                   {count(selected_.count), count(rows.shown), selected_.amount_text});
+  } else if (rows.shown + rows.hidden == 0) {
+    text = ToUtf8(Text("No entries"));
+  } else if (rows.hidden > 0) {
+    text = Message("{1} of {2} entries, sum {3}",
+                   {count(rows.shown), count(rows.shown + rows.hidden), rows.sum_text});
   } else {
-    rows_->setText(ToQString(Message(Plural("{1} entry, sum {2}", "{1} entries, sum {2}", shown),
-                                     {std::to_string(shown), sum})));
+    text = Message(Plural("{1} entry, sum {2}", "{1} entries, sum {2}", rows.shown),
+                   {count(rows.shown), rows.sum_text});
   }
+  rows_->setText(ToQString(text));
 }
 
-void StatusLine::ShowSelection(std::size_t count, double sum) {
-  selected_ = count;
-  selected_sum_ = sum;
+void StatusLine::ShowSelection(const EntriesSum& selected) {
+  selected_ = selected;
   ShowRows();
 }
 
-std::pair<StatusLine::Notice, QString> StatusLine::WorstNotice() const {
+StatusLine::Notice StatusLine::WorstNotice() const {
   for (const auto* failure : {&parts_.accounts.Failure(), &parts_.preferences.Failure()}) {
     if (*failure) {
-      return {Notice::NotSaved, ToQString(Message("Not saved: {1}", {(*failure)->Text()}))};
+      return {Topic::NotSaved, ToQString(Message("Not saved: {1}", {(*failure)->Text()}))};
     }
   }
-  if (parts_.recovery.protection() == RecoveryLog::Protection::Off) {
-    return {Notice::NotProtected,
-            Text("Not protected: an interruption before the next save would lose changes")};
+  const EntryOrdersState& order = parts_.orders.State();
+  const TransferLinkingState& link = parts_.linking.State();
+  const BackUpState& backup = parts_.backups.State();
+  const QString kept =
+      backup.kept.empty() ? QString() : ToQString(Message("Backed up as {1}", {backup.kept}));
+  const auto unless = [](const QString& closed, const QString& text) {
+    return text == closed ? QString() : text;
+  };
+  const Notice notices[] = {
+      {Topic::Refused, ToQString(order.problem)},
+      {Topic::Refused, unless(closed_link_, ToQString(link.problem))},
+      {Topic::Refused, unless(closed_backup_, ToQString(backup.problem))},
+      {Topic::NotProtected,
+       parts_.recovery.protection() == RecoveryLog::Protection::Off
+           ? Text("Not protected: an interruption before the next save would lose changes")
+           : QString()},
+      {Topic::Hidden, ToQString(parts_.reveal.State().text)},
+      {Topic::Told, ToQString(order.note)},
+      {Topic::Told, unless(closed_link_, ToQString(link.note))},
+      {Topic::Offer, ToQString(link.offer_text)},
+      {Topic::BackedUp, unless(closed_backup_, kept)},
+      {Topic::Recovered, ToQString(parts_.recovery.Notice())},
+  };
+  for (const Notice& notice : notices) {
+    if (!notice.text.isEmpty()) return notice;
   }
-  if (const std::string& hidden = parts_.reveal.State().text; !hidden.empty()) {
-    return {Notice::Hidden, ToQString(hidden)};
-  }
-  if (const std::string& back = parts_.recovery.Notice(); !back.empty()) {
-    return {Notice::Recovered, ToQString(back)};
-  }
-  return {Notice::None, QString()};
+  return {};
 }
 
 void StatusLine::ShowNotice() {
-  const auto [kind, text] = WorstNotice();
-  const Role role = kind == Notice::NotSaved    ? Role::Problem
-                    : kind == Notice::Recovered ? Role::Good
-                                                : Role::Warning;
-  const bool is_shown = kind != Notice::None;
-  const bool has_button = kind == Notice::Hidden || kind == Notice::Recovered;
+  const Notice notice = WorstNotice();
+  const Topic topic = notice.topic;
+  const bool is_good = topic == Topic::Recovered || topic == Topic::BackedUp;
+  const Role role = topic == Topic::NotSaved || topic == Topic::Refused ? Role::Problem
+                    : is_good                                           ? Role::Good
+                    : topic == Topic::Offer || topic == Topic::Told     ? Role::Text
+                                                                        : Role::Warning;
+  const bool is_shown = topic != Topic::None;
   if (is_shown) {
-    const QLatin1String image(kind == Notice::Recovered ? "tick"
-                              : kind == Notice::Hidden  ? "filter"
-                                                        : "warning");
-    notice_image_->setPixmap(
-        PixmapNamed(image, kIconSize, devicePixelRatioF(), ColorsOf(palette())[role]));
+    const char* image = is_good                  ? "tick"
+                        : topic == Topic::Hidden ? "filter"
+                        : topic == Topic::Offer  ? "transfer"
+                        : topic == Topic::Told   ? "hint"
+                                                 : "warning";
+    notice_image_->setPixmap(PixmapNamed(QLatin1String(image), kIconSize, devicePixelRatioF(),
+                                         ColorsOf(palette())[role]));
     SetColor(*notice_, role);
   }
-  notice_kind_ = kind;
-  notice_->setText(text);
-  notice_->setToolTip(text);
-  notice_button_->setText(kind == Notice::Recovered ? Text("Close") : Text("Show"));
+  topic_ = topic;
+  notice_->setText(notice.text);
+  notice_->setToolTip(PlainToolTip(notice.text));
+  notice_button_->setText(topic == Topic::Offer ? Text("Link") : Text("Show"));
   notice_button_->setAccessibleName(notice_button_->text());
   notice_image_->setVisible(is_shown);
   notice_->setVisible(is_shown);
-  notice_button_->setVisible(has_button);
+  notice_button_->setVisible(topic == Topic::Hidden || topic == Topic::Offer);
+  close_->setVisible(is_shown && topic != Topic::NotSaved && topic != Topic::NotProtected &&
+                     topic != Topic::Hidden);
+}
+
+void StatusLine::ShowLinking() {
+  closed_link_.clear();
+  ShowNotice();
+}
+
+void StatusLine::ShowBackUp() {
+  closed_backup_.clear();
+  ShowNotice();
 }
 
 void StatusLine::FocusFirst() {
-  for (QToolButton* button : {mode_, notice_button_}) {
+  for (QToolButton* button : {mode_, notice_button_, close_}) {
     if (button->isVisible() && button->isEnabled()) return button->setFocus(Qt::TabFocusReason);
   }
 }
 
-void StatusLine::NoticeClicked() {
-  if (notice_kind_ == Notice::Hidden) parts_.reveal.ShowHiddenEntry();
-  if (notice_kind_ == Notice::Recovered) parts_.recovery.CloseNotice();
+void StatusLine::Act() {
+  if (topic_ == Topic::Hidden) parts_.reveal.ShowHiddenEntry();
+  if (topic_ == Topic::Offer) parts_.linking.LinkOffered();
+}
+
+void StatusLine::CloseNotice() {
+  switch (topic_) {
+    case Topic::Recovered:
+      parts_.recovery.CloseNotice();
+      break;
+    case Topic::Offer:
+      parts_.linking.DropOffers();
+      break;
+    default:
+      if (const QString order =
+              ToQString(parts_.orders.State().problem.empty() ? parts_.orders.State().note
+                                                              : parts_.orders.State().problem);
+          notice_->text() == order) {
+        parts_.orders.Forget();
+      } else if (topic_ == Topic::BackedUp ||
+                 notice_->text() == ToQString(parts_.backups.State().problem)) {
+        closed_backup_ = notice_->text();
+      } else {
+        closed_link_ = notice_->text();
+      }
+  }
+  ShowNotice();
 }
 
 }  // namespace tallyfold::desktop

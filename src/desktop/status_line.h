@@ -1,23 +1,29 @@
 #pragma once
 
 #include <QWidget>
-#include <utility>
+
+#include "app/views/entry_details.h"
 
 class QLabel;
 class QToolButton;
 
 namespace tallyfold {
 class AccountsStore;
+class BackupsList;
 class BalanceField;
 class Desk;
+class EntryOrders;
 class EntryReveal;
 class PreferencesStore;
 class Recovery;
-class Registers;
+class ShownEntries;
 class Tabs;
+class TransferLinking;
 }  // namespace tallyfold
 
 namespace tallyfold::desktop {
+
+class FigureLabel;
 
 // The line below the page: the balance, what the rows come to, and the worst of what there is to
 // tell.
@@ -26,9 +32,12 @@ class StatusLine final : public QWidget {
   // All must outlive this.
   struct Parts {
     BalanceField& balance;
-    Registers& registers;
+    const ShownEntries& shown;
     EntryReveal& reveal;
     Recovery& recovery;
+    EntryOrders& orders;
+    TransferLinking& linking;
+    const BackupsList& backups;
     const AccountsStore& accounts;
     const PreferencesStore& preferences;
     const Desk& desk;
@@ -38,29 +47,52 @@ class StatusLine final : public QWidget {
 
   void ShowBalance();
   void ShowRows();
-  // How many rows of the register are selected, and what they come to.
-  void ShowSelection(std::size_t count, double sum);
+  // What the selected rows of the register come to.
+  void ShowSelection(const EntriesSum& selected);
   void ShowNotice();
+  // What became of the last order to link, or to back up, is to be told anew.
+  void ShowLinking();
+  void ShowBackUp();
   // The first of its buttons takes the keyboard focus.
   void FocusFirst();
 
  private:
-  enum class Notice { None, NotSaved, NotProtected, Hidden, Recovered };
+  // One at a time; the worst first.
+  enum class Topic {
+    None,
+    NotSaved,
+    Refused,
+    NotProtected,
+    Hidden,
+    Told,
+    Offer,
+    BackedUp,
+    Recovered
+  };
+  struct Notice {
+    Topic topic = Topic::None;
+    QString text;
+  };
 
   void FillModes();
-  [[nodiscard]] std::pair<Notice, QString> WorstNotice() const;
-  void NoticeClicked();
+  [[nodiscard]] Notice WorstNotice() const;
+  void Act();
+  void CloseNotice();
 
   Parts parts_;
-  std::size_t selected_ = 0;
-  double selected_sum_ = 0.0;
-  Notice notice_kind_ = Notice::None;
+  EntriesSum selected_;
+  Topic topic_ = Topic::None;
+  // What these came to, once the user has read it.
+  QString closed_link_;
+  QString closed_backup_;
   QToolButton* mode_;
-  QLabel* value_;
-  QLabel* rows_;
+  FigureLabel* value_;
+  QWidget* rule_;
+  FigureLabel* rows_;
   QLabel* notice_image_;
   QLabel* notice_;
   QToolButton* notice_button_;
+  QToolButton* close_;
 };
 
 }  // namespace tallyfold::desktop

@@ -1,5 +1,7 @@
 #include "desktop/texts.h"
 
+#include <QTextDocument>
+
 #include "platform/ambient.h"
 
 namespace tallyfold::desktop {
@@ -18,6 +20,10 @@ QString Text(std::string_view key) {
 
 QString WithoutMnemonics(QString text) {
   return text.replace(QLatin1Char('&'), QLatin1String("&&"));
+}
+
+QString PlainToolTip(const QString& text) {
+  return Qt::mightBeRichText(text) ? Qt::convertFromPlainText(text, Qt::WhiteSpaceNormal) : text;
 }
 
 }  // namespace tallyfold::desktop

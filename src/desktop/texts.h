@@ -17,4 +17,7 @@ namespace tallyfold::desktop {
 // text of the user's, shown as it is.
 [[nodiscard]] QString WithoutMnemonics(QString text);
 
+// A tool tip guesses markup in what the user has typed: the text as it is shown literally.
+[[nodiscard]] QString PlainToolTip(const QString& text);
+
 }  // namespace tallyfold::desktop

@@ -3,7 +3,9 @@
 #include <QApplication>
 
 #include "desktop/command_actions.h"
+#include "desktop/date_jump_panel.h"
 #include "desktop/drawer/accounts_list.h"
+#include "desktop/find_panel.h"
 #include "desktop/main_window.h"
 #include "desktop/menu_bar.h"
 #include "desktop/search_strip.h"
@@ -54,6 +56,8 @@ void WindowFrontEnd::ShowArea(Area area) {
     case Area::RegisterColumns:
       pieces.entries->Show();
       pieces.reconcile->Show();
+      // Entries that it found may have gone.
+      pieces.find->Show();
       return pieces.status->ShowRows();
     case Area::SelectedEntry:
       pieces.entries->ShowDetails();
@@ -62,6 +66,14 @@ void WindowFrontEnd::ShowArea(Area area) {
       return pieces.status->ShowBalance();
     case Area::EntryTypeMenu:
       return pieces.menus->ShowTypes();
+    case Area::TransferLinking:
+      return pieces.status->ShowLinking();
+    case Area::EntryFind:
+      return pieces.find->Show();
+    case Area::DateJump:
+      return pieces.date_jump->Show();
+    case Area::BackUp:
+      return pieces.status->ShowBackUp();
     case Area::Schedules:
     case Area::ScheduleButtons:
       return pieces.schedule->Show();
@@ -74,6 +86,8 @@ void WindowFrontEnd::ShowArea(Area area) {
     case Area::Tabs:
       pieces.tabs->Show();
       window_.ShowPage();
+      pieces.entries->Show();
+      pieces.reconcile->Show();
       pieces.search->Show();
       pieces.menus->ShowTypes();
       return pieces.status->ShowBalance();
@@ -113,7 +127,8 @@ void WindowFrontEnd::ShowArea(Area area) {
     case Area::PreferencesSheet:
     case Area::ImportOptionsSheet:
       pieces.menus->ShowAccounts();
-      return pieces.sheets->Show();
+      pieces.sheets->Show();
+      return window_.ShowVeil();
     case Area::Updates:
       return pieces.updates->Show();
     case Area::ImportReview:

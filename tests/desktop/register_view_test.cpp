@@ -149,7 +149,7 @@ TEST_F(RegisterViewTest, StoresTheWidthOfADraggedColumnAndNoOther) {
 
 TEST_F(RegisterViewTest, CopiesRowsAsTextAndAsATable) {
   view_.SelectForUser({7, 1});
-  view_.CopyRows();
+  view_.copy();
   const QMimeData* copied = QApplication::clipboard()->mimeData();
   const QStringList lines = copied->text().split(QLatin1Char('\n'));
   ASSERT_EQ(lines.size(), 3);

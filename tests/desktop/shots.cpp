@@ -17,6 +17,7 @@
 #include "app/controller.h"
 #include "app/desk.h"
 #include "app/entries/entry_editing.h"
+#include "app/entries/entry_orders.h"
 #include "app/exchange/export_commands.h"
 #include "app/exchange/qif_import_command.h"
 #include "app/face/sheet_slot.h"
@@ -177,6 +178,30 @@ void GrabAll(const QString& folder) {
     static_cast<void>(test.program->app().exports().ExportQIF());
   });
   show("updates", [](TestWindow& test) { test.program->app().updates().CheckForUpdates(); });
+  show("several-selected", [](TestWindow& test) {
+    test.ClickRow("entry_Table", 6);
+    for (int i = 0; i < 3; ++i) test.Key(Qt::Key_Down, Qt::ShiftModifier);
+  });
+  show("refused", [](TestWindow& test) {
+    test.ClickRow("entry_Table", 3);
+    const auto& desk = test.program->app().desk();
+    test.program->app().entryOrders().MoveTo({desk.SelectedEntry()},
+                                             desk.accounts()[1]->GetNumber());
+  });
+  show("drawer-below", [](TestWindow& test) {
+    test.program->app().desk().preferences().SetAccountsDrawerPreferredEdge(1);
+    test.program->window().ShowDrawer();
+  });
+  show("find", [](TestWindow& test) {
+    test.Key(Qt::Key_F, Qt::ControlModifier | Qt::ShiftModifier);
+    test.Type("Put aside");
+    test.Key(Qt::Key_Return);
+  });
+  show("go-to-date", [](TestWindow& test) { test.Key(Qt::Key_G, Qt::ControlModifier); });
+  show("smallest-reconcile", [](TestWindow& test) {
+    test.program->app().tabs().Select(Tab::Reconcile);
+    test.program->window().resize(test.program->window().minimumSize());
+  });
   show("smallest", [](TestWindow& test) {
     test.program->window().resize(test.program->window().minimumSize());
   });

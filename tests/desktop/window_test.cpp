@@ -1,8 +1,10 @@
 #include <gtest/gtest.h>
 
 #include <QAbstractButton>
+#include <QAction>
 #include <QCheckBox>
 #include <QLineEdit>
+#include <QMenu>
 #include <QTabBar>
 #include <QTableView>
 #include <filesystem>
@@ -86,6 +88,9 @@ TEST_F(Window, SearchesHalfASecondAfterTheLastKeyAndGoesOnInTheRows) {
 }
 
 TEST_F(Window, MarksAreTurnedOverAndUndoneFromWhereTheKeysGo) {
+  // A narrow window has no room for the check box.
+  EXPECT_FALSE(IsVisible("showUnresolved_CheckBox"));
+  test.program->window().resize(1280, 832);
   test.Key(Qt::Key_2, Qt::AltModifier);
   ASSERT_EQ(test.Find<QTabBar>("main_TabView")->currentIndex(), 1);
   auto* statement = test.Find<QLineEdit>("statementBalance_Field");
@@ -177,6 +182,79 @@ TEST_F(Window, AsksBeforeItRemovesAndNothingUnderTheQuestionCanBeUsed) {
   EXPECT_EQ(test.Rows("entry_Table"), 22);
   test.Key(Qt::Key_Z, Qt::ControlModifier);
   EXPECT_EQ(test.Row("entry_Table", 3), half);
+}
+
+TEST_F(Window, OrdersGoToAllSelectedRowsAndAreOneStep) {
+  const auto order = [this](const char* name) {
+    test.program->window().findChild<QAction*>(QLatin1String(name))->trigger();
+    test.Settle();
+  };
+  test.ClickRow("entry_Table", 0);
+  for (int i = 0; i < 3; ++i) test.Key(Qt::Key_Down, Qt::ShiftModifier);
+  EXPECT_EQ(test.TextOf("rows_Label"), "4 of 23 selected, sum $1,186.25"_q);
+  order("currentTableDataSource_Cleared_CheckBox");
+  EXPECT_EQ(
+      test.Row("entry_Table", 1).count(u'\u2713') + test.Row("entry_Table", 3).count(u'\u2713'), 0);
+  order("currentTableDataSource_Cleared_CheckBox");
+  EXPECT_EQ(test.Row("entry_Table", 3).count(u'\u2713'), 1);
+
+  // The other half of the transfer among them is in the account they would move to.
+  auto* move = test.program->window().findChild<QMenu*>("entryMenu_Move_Menu"_q);
+  const auto move_to = [&](const QString& account) {
+    emit static_cast<QMenu*>(test.program->window().findChild<QMenu*>("row_Menu"_q))->aboutToShow();
+    for (QAction* action : move->actions()) {
+      if (action->text().remove(u'&') == account) return action->trigger();
+    }
+    ADD_FAILURE() << "no account " << account.toStdString();
+  };
+  move_to("Savings"_q);
+  EXPECT_EQ(test.Rows("entry_Table"), 23);
+  EXPECT_FALSE(test.TextOf("notice_Label").isEmpty());
+  test.Click("notice_Close_Button");
+  EXPECT_FALSE(IsVisible("notice_Label"));
+  move_to("Cash"_q);
+  EXPECT_EQ(test.Rows("entry_Table"), 19);
+  order("Undo");
+  EXPECT_EQ(test.Rows("entry_Table"), 23);
+
+  test.ClickRow("entry_Table", 1);
+  test.Key(Qt::Key_Down, Qt::ShiftModifier);
+  order("EntryRemoveConfirm_Begin");
+  test.Key(Qt::Key_Return);
+  EXPECT_EQ(test.Rows("entry_Table"), 21);
+  order("Undo");
+  EXPECT_EQ(test.Rows("entry_Table"), 23);
+}
+
+TEST_F(Window, GoesToADayAndToWhatIsFoundInAnyAccount) {
+  test.Key(Qt::Key_G, Qt::ControlModifier);
+  ASSERT_EQ(test.FocusName(), "dateJump_Field"_q);
+  test.Type("no day");
+  test.Key(Qt::Key_Return);
+  EXPECT_TRUE(IsVisible("dateJump_Panel"));
+  test.Find<QLineEdit>("dateJump_Field")->selectAll();
+  test.Type("1/28");
+  test.Key(Qt::Key_Return);
+  EXPECT_FALSE(IsVisible("dateJump_Panel"));
+  EXPECT_EQ(CurrentRow("entry_Table"), 12);
+
+  test.program->window().activateWindow();
+  test.Settle();
+  test.Key(Qt::Key_F, Qt::ControlModifier | Qt::ShiftModifier);
+  ASSERT_EQ(test.FocusName(), "find_Field"_q);
+  test.Type("Put aside");
+  test.Key(Qt::Key_Return);
+  EXPECT_EQ(test.Rows("find_Table"), 4);
+  EXPECT_EQ(test.TextOf("find_Label"), "4 entries found"_q);
+  test.Key(Qt::Key_Down);
+  test.Key(Qt::Key_End);
+  test.Key(Qt::Key_Return);
+  EXPECT_NE(test.program->window().windowTitle(), "Tallyfold:  Joint checking"_q);
+  EXPECT_EQ(app().desk().SelectedEntry()->GetDescription(), "Put aside");
+  test.FindWidget("find_Table")->activateWindow();
+  test.Settle();
+  test.Key(Qt::Key_Escape);
+  EXPECT_FALSE(IsVisible("find_Panel"));
 }
 
 TEST_F(Window, ShowsWhatIsScheduledAndTheSummaries) {

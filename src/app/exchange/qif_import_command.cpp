@@ -5,26 +5,43 @@
 
 namespace tallyfold {
 
-bool QifImportCommand::QIFImport() {
-  const Announcer::Operation operation(announcer_);
+bool QifImportCommand::Begin() {
   speaker_.StopSpeech();
-  const auto account = desk_.SelectedAccount();
-  if (account == nullptr || !desk_.IsUnlocked() || !sheets_.IsFree() || import_.IsRunning()) {
+  if (desk_.SelectedAccount() == nullptr || !desk_.IsUnlocked() || !sheets_.IsFree() ||
+      import_.IsRunning()) {
     return false;
   }
   until_next_tick_ = idle_.Pause();
   menu_.Populate(encodings_);
-  menu_.setEncoding(account->GetQIFImportEncoding());
+  menu_.setEncoding(desk_.SelectedAccount()->GetQIFImportEncoding());
+  return true;
+}
+
+bool QifImportCommand::Run(const std::string& path) {
+  const auto account = desk_.SelectedAccount();
+  if (account == nullptr) return false;
+  Change change(ledger_);
+  change.EditSettings(account).SetQIFImportEncoding(menu_.encoding());
+  change.Close();
+  import_.ImportOptions_InitWithFile(path, menu_.encoding());
+  return import_.Run();
+}
+
+bool QifImportCommand::QIFImport() {
+  const Announcer::Operation operation(announcer_);
+  if (!Begin()) return false;
   const auto path = panels_.Open({.title = LocalizedText("Import"),
                                   .button = LocalizedText("Import"),
                                   .accessory = PanelAccessory::QifImport});
-  if (path) {
-    Change change(ledger_);
-    change.EditSettings(account).SetQIFImportEncoding(menu_.encoding());
-    change.Close();
-    import_.ImportOptions_InitWithFile(*path, menu_.encoding());
-    if (import_.Run()) return true;
-  }
+  if (path && Run(*path)) return true;
+  Ended();
+  return false;
+}
+
+bool QifImportCommand::QIFImportFile(const std::string& path) {
+  const Announcer::Operation operation(announcer_);
+  if (!Begin()) return false;
+  if (Run(path)) return true;
   Ended();
   return false;
 }

@@ -52,6 +52,8 @@ class QifImportCommand {
   // Leaves the options sheet open for the chosen file. False when there is no account, a sheet is
   // open, an import runs, or the panel was given up.
   bool QIFImport();
+  // The same for a file that is known already, in the encoding of the last import of the account.
+  bool QIFImportFile(const std::string& path);
   // The import that was started is over, or the panel was given up.
   void Ended();
 
@@ -59,6 +61,10 @@ class QifImportCommand {
   [[nodiscard]] EncodingMenu& Encodings() noexcept { return menu_; }
 
  private:
+  // False where no import can begin.
+  [[nodiscard]] bool Begin();
+  [[nodiscard]] bool Run(const std::string& path);
+
   Desk& desk_;
   Ledger& ledger_;
   const SheetSlot& sheets_;

@@ -8,25 +8,38 @@
 #include <QVBoxLayout>
 
 #include "app/accounts/accounts_drawer.h"
+#include "app/accounts/accounts_total.h"
 #include "app/desk.h"
+#include "desktop/look/figure_label.h"
 #include "desktop/look/measures.h"
 #include "desktop/register/register_view.h"
 #include "desktop/texts.h"
-#include "registers/register_look.h"
 
 namespace tallyfold::desktop {
+namespace {
+
+constexpr std::string_view kBalance = "balance";
+
+}  // namespace
+
+void AccountsList::Locks::AddTo(CellLook& look, std::string_view column, std::size_t row) const {
+  if (column != kBalance || row >= drawer_.Rows().size()) return;
+  if (!drawer_.Rows()[row]->IsLocked()) return;
+  look.glyph_before = QLatin1String("lock");
+  look.is_dim = true;
+}
 
 AccountsList::AccountsList(const Parts& parts, QWidget* parent)
     : QWidget(parent),
       parts_(parts),
+      locks_(parts.drawer),
       table_(new RegisterView(parts.drawer.Table(), this)),
-      caption_(new QLabel(Text("Total"), this)),
-      total_(new QLabel(this)) {
+      caption_(new QLabel(this)),
+      total_(new FigureLabel(this)) {
   setObjectName(QLatin1String("accountsDrawer"));
   table_->setObjectName(QLatin1String("accountsDrawer_Accounts_Table"));
   table_->setAccessibleName(Text("Accounts"));
   total_->setObjectName(QLatin1String("accountsDrawer_Total_Field"));
-  total_->setTextFormat(Qt::PlainText);
   total_->setFont(DemiBoldFont(font()));
   caption_->setTextFormat(Qt::PlainText);
   caption_->setForegroundRole(QPalette::PlaceholderText);
@@ -38,12 +51,13 @@ AccountsList::AccountsList(const Parts& parts, QWidget* parent)
   auto* line = new QWidget(this);
   line->setFixedHeight(kStatusHeight);
   auto* row = new QHBoxLayout(line);
-  row->setContentsMargins(kGroupGap, 0, kGroupGap, 0);
+  row->setContentsMargins(kListPadding, 0, kOuterCellPadding, 0);
   row->addWidget(caption_);
   row->addStretch(1);
   row->addWidget(total_);
   column->addWidget(line);
 
+  table_->SetDetails(&locks_);
   table_->SetSelectsOneRow(true);
   table_->MakeList();
   table_->SetHasMonthRules(false);
@@ -86,14 +100,12 @@ void AccountsList::ShowLook() {
 }
 
 void AccountsList::Show() {
-  double sum = 0.0;
-  for (const auto& account : parts_.drawer.Rows()) {
-    if (!account->IsLocked()) sum += account->GetBalance();
-  }
+  const AccountsTotal total = TotalOfUnlocked(parts_.desk.accounts(), parts_.desk.preferences());
   const bool is_shown = parts_.desk.IsUnlocked();
   caption_->setVisible(is_shown);
   total_->setVisible(is_shown);
-  total_->setText(ToQString(RegisterAmountText(sum, parts_.desk.preferences())));
+  caption_->setText(ToQString(total.title));
+  total_->setText(ToQString(total.text));
 }
 
 void AccountsList::FocusTable() {

@@ -2,6 +2,8 @@
 
 #include <QWidget>
 
+#include "desktop/register/row_model.h"
+
 class QLabel;
 class QMenu;
 
@@ -12,6 +14,7 @@ class Desk;
 
 namespace tallyfold::desktop {
 
+class FigureLabel;
 class RegisterView;
 
 // The list of the accounts, with the sum of those that are not locked below.
@@ -34,10 +37,22 @@ class AccountsList final : public QWidget {
   // Whatever came of choosing a row, the selected one is that of the selected account.
   void Choose(int row);
 
+  // What cannot be read without a password.
+  class Locks final : public RowDetails {
+   public:
+    explicit Locks(const AccountsDrawer& drawer) noexcept : drawer_(drawer) {}
+    void AddTo(CellLook& look, std::string_view column, std::size_t row) const override;
+    [[nodiscard]] QString ToolTipOf(std::string_view, std::size_t) const override { return {}; }
+
+   private:
+    const AccountsDrawer& drawer_;
+  };
+
   Parts parts_;
+  Locks locks_;
   RegisterView* table_;
   QLabel* caption_;
-  QLabel* total_;
+  FigureLabel* total_;
 };
 
 }  // namespace tallyfold::desktop

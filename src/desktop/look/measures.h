@@ -28,6 +28,7 @@ inline constexpr int kShortestThumb = 32;
 inline constexpr int kSelectionBar = 3;  // at the leading edge of what is selected
 inline constexpr int kCellPadding = 8;
 inline constexpr int kOuterCellPadding = 12;  // of the first column, at the page's edge
+inline constexpr int kListPadding = 16;       // of the first column in the drawer
 inline constexpr int kLastCellPadding = 4;    // of the last column, before the scroll bar's slot
 
 inline constexpr int kGlyphSize = 14;  // in cells

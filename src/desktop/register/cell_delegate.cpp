@@ -66,7 +66,7 @@ void CellDelegate::SetOuterColumns(int first, int last) noexcept {
 }
 
 QRect CellDelegate::Padded(const QRect& rect, int column, Qt::LayoutDirection direction) const {
-  const int leading = column == first_column_ ? kOuterCellPadding : kCellPadding;
+  const int leading = column == first_column_ ? first_padding_ : kCellPadding;
   const int trailing = column == last_column_ ? last_padding_ : kCellPadding;
   return QStyle::visualRect(direction, rect, rect.adjusted(leading, 0, -trailing, 0));
 }

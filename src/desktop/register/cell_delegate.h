@@ -46,8 +46,11 @@ class CellDelegate : public QStyledItemDelegate {
 
   // The columns at the outer edges, which keep another distance from them; -1 for none.
   void SetOuterColumns(int first, int last) noexcept;
-  // What the last column keeps from the outer edge; room for a scroll bar by default.
-  void SetLastPadding(int padding) noexcept { last_padding_ = padding; }
+  // What they keep from it; behind the last column there is room for a scroll bar by default.
+  void SetOuterPaddings(int first, int last) noexcept {
+    first_padding_ = first;
+    last_padding_ = last;
+  }
   void SetUsesEllipses(bool uses_ellipses) noexcept { uses_ellipses_ = uses_ellipses; }
 
   void paint(QPainter* painter, const QStyleOptionViewItem& option,
@@ -75,6 +78,7 @@ class CellDelegate : public QStyledItemDelegate {
   const RowStates* states_;
   int first_column_ = -1;
   int last_column_ = -1;
+  int first_padding_ = kOuterCellPadding;
   int last_padding_ = kLastCellPadding;
   bool uses_ellipses_ = true;
   mutable InkCache inks_;

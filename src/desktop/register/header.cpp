@@ -101,7 +101,7 @@ void Header::paintSection(QPainter* painter, const QRect& rect, int section) con
                      rect.height() - kGap);
     DrawRuleBefore(*painter, edge, colors[Role::Rule]);
   }
-  const int leading = section == first_ ? kOuterCellPadding : kCellPadding;
+  const int leading = section != first_ ? kCellPadding : is_bar_ ? kListPadding : kOuterCellPadding;
   const int trailing = section != last_ ? kCellPadding
                        : is_bar_        ? kOuterCellPadding
                                         : kLastCellPadding;

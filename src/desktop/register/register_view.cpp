@@ -21,10 +21,6 @@ namespace {
 
 // The toolkit's own selection costs two indexes a stretch: it follows ours up to here.
 constexpr std::size_t kMostMirroredRanges = 64;
-// The box of a selected row in a list, and the bar at its edge.
-constexpr int kBoxInset = 6;
-constexpr int kBoxBar = 16;
-constexpr int kDaysInNumber = 100;  // of a DateNumber below its month
 
 // Carries the header's rule over the slot of the scroll bar.
 class HeaderCap final : public QWidget {
@@ -110,7 +106,7 @@ void RegisterView::SetLook(const TableLook& look) {
 void RegisterView::MakeList() {
   is_list_ = true;
   header_->MakeBar();
-  delegate_->SetLastPadding(kOuterCellPadding);
+  delegate_->SetOuterPaddings(kListPadding, kOuterCellPadding);
   viewport()->setBackgroundRole(QPalette::Window);
   setVerticalScrollBarPolicy(Qt::ScrollBarAsNeeded);
   SetLook(TableLook(model_->Look()));
@@ -284,7 +280,7 @@ void RegisterView::TellSelection() {
 // --- For the owner
 // -------------------------------------------------------------------------------------
 
-void RegisterView::SelectAllRows() {
+void RegisterView::selectAll() {
   if (model_->rowCount() == 0) return;
   if (selects_one_row_) return;
   selection_.SelectOnly({0, model_->rowCount() - 1});
@@ -307,7 +303,7 @@ void RegisterView::SelectForUser(std::vector<int> rows) {
   emit RowSelected(current);
 }
 
-void RegisterView::CopyRows() const {
+void RegisterView::copy() const {
   if (selection_.Count() == 0) return;
   // The clipboard takes it over.
   QGuiApplication::clipboard()->setMimeData(
@@ -337,97 +333,6 @@ RowState RegisterView::StateOf(int row) const {
   state.is_hovered = row == hovered_;
   state.shows_unset_mark = state.is_hovered || row == CurrentRow();
   return state;
-}
-
-// --- Painting
-// -----------------------------------------------------------------------------------------
-
-QRect RegisterView::RowRect(int row) const {
-  return {0, rowViewportPosition(row), viewport()->width(), rowHeight(row)};
-}
-
-void RegisterView::UpdateRow(int row) {
-  if (row >= 0 && row < model_->rowCount()) viewport()->update(RowRect(row));
-}
-
-void RegisterView::paintEvent(QPaintEvent* event) {
-  const int first = rowAt(event->rect().top());
-  int last = rowAt(event->rect().bottom());
-  if (last < 0) last = model_->rowCount() - 1;
-  if (first >= 0) {
-    QPainter painter(viewport());
-    painter.setClipRegion(event->region());
-    PaintGround(painter, first, last);
-  }
-  QTableView::paintEvent(event);
-  if (first >= 0) {
-    QPainter painter(viewport());
-    painter.setClipRegion(event->region());
-    PaintRules(painter, first, last);
-  }
-}
-
-void RegisterView::PaintGround(QPainter& painter, int first, int last) const {
-  const Colors& colors = ColorsOf(palette());
-  for (int row = first; row <= last; ++row) {
-    if (is_list_) {
-      PaintBox(painter, row);
-      continue;
-    }
-    const Role ground = StateOf(row).Ground();
-    if (ground != Role::Base) FillSnapped(painter, RowRect(row), colors[ground]);
-  }
-}
-
-void RegisterView::PaintBox(QPainter& painter, int row) const {
-  const Colors& colors = ColorsOf(palette());
-  const RowState state = StateOf(row);
-  const QRect box = RowRect(row).adjusted(kBoxInset, 1, -kBoxInset, -1);
-  if (state.is_hovered && !state.is_selected) {
-    DrawBox(painter, box, kRadius, colors.Mixed(Role::Window, Role::Text, 0.07), {});
-  }
-  if (!state.is_selected) return;
-  const bool has_ring = hasFocus() && row == CurrentRow();
-  DrawBox(painter, box, kRadius, colors[Role::Selection],
-          has_ring ? colors[Role::Accent] : QColor(), kRing);
-  const QRect bar(box.x(), box.y() + (box.height() - kBoxBar) / 2, kSelectionBar, kBoxBar);
-  DrawBox(painter, QStyle::visualRect(layoutDirection(), box, bar), kSelectionBar / 2.0,
-          colors[Role::Accent], {});
-}
-
-bool RegisterView::EndsMonth(int row, int column) const {
-  if (column < 0 || row + 1 >= model_->rowCount()) return false;
-  const auto day = model_->CellAt(row, column).number;
-  const auto next = model_->CellAt(row + 1, column).number;
-  return day && next &&
-         static_cast<int>(*day) / kDaysInNumber != static_cast<int>(*next) / kDaysInNumber;
-}
-
-void RegisterView::PaintRules(QPainter& painter, int first, int last) const {
-  if (is_list_) return;
-  const Colors& colors = ColorsOf(palette());
-  const int sorted = has_month_rules_ ? model_->IndexOf(table_.HighlightedColumn()) : -1;
-  const bool has_months =
-      sorted >= 0 && model_->ColumnAt(sorted).content == TableColumn::Content::Day;
-  const int current = CurrentRow();
-  for (int row = first; row <= last; ++row) {
-    const QRect rect = RowRect(row);
-    const RowState state = StateOf(row);
-    const bool is_current = row == current && state.table_has_focus && state.is_selected;
-    const bool ends_month = has_months && EndsMonth(row, sorted);
-    DrawRuleBelow(painter, rect,
-                  colors[is_current   ? Role::Accent
-                         : ends_month ? Role::Rule
-                                      : Role::Hair]);
-    if (is_current) {
-      DrawRuleBelow(painter, QRect(rect.x(), rect.y(), rect.width(), 1), colors[Role::Accent]);
-    }
-    if (state.is_selected) {
-      const QRect bar = QStyle::visualRect(layoutDirection(), rect,
-                                           QRect(rect.x(), rect.y(), kSelectionBar, rect.height()));
-      FillSnapped(painter, bar, colors[state.table_has_focus ? Role::Accent : Role::Edge]);
-    }
-  }
 }
 
 void RegisterView::resizeEvent(QResizeEvent* event) {

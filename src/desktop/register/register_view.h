@@ -45,14 +45,17 @@ class RegisterView final : public QTableView, public RowStates, private TableSta
   [[nodiscard]] const RowSelection& SelectedRows() const noexcept { return selection_; }
   // -1 for none.
   [[nodiscard]] int CurrentRow() const { return currentIndex().row(); }
-  void SelectAllRows();
   // Selects rows for the user, the last of them the current one; those that there are not are left
   // out.
   void SelectForUser(std::vector<int> rows);
-  void CopyRows() const;
   void ScrollToRow(int row);
   [[nodiscard]] const RowModel& Rows() const noexcept { return *model_; }
   [[nodiscard]] RowState StateOf(int row) const override;
+
+ public slots:
+  void selectAll() override;
+  // The selected rows, as text and as a table.
+  void copy() const;
 
  signals:
   // The user made this row the current one.

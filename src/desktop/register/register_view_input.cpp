@@ -7,7 +7,6 @@
 #include <QMouseEvent>
 #include <QScrollBar>
 #include <QStyleHints>
-#include <QTextDocument>
 #include <QToolTip>
 #include <algorithm>
 #include <utility>
@@ -17,15 +16,6 @@
 #include "desktop/texts.h"
 
 namespace tallyfold::desktop {
-namespace {
-
-// A tool tip guesses markup in what the user has typed.
-QString PlainToolTip(const QString& text) {
-  return Qt::mightBeRichText(text) ? Qt::convertFromPlainText(text, Qt::WhiteSpaceNormal) : text;
-}
-
-}  // namespace
-
 void RegisterView::GoTo(int row, Reach reach) {
   if (row < 0 || row >= model_->rowCount()) return;
   if (selects_one_row_) reach = Reach::Only;
@@ -222,8 +212,8 @@ bool RegisterView::MoveByKey(const QKeyEvent& event) {
 void RegisterView::keyPressEvent(QKeyEvent* event) {
   const auto keys = event->modifiers() & ~(Qt::KeypadModifier | Qt::ShiftModifier);
   event->accept();
-  if (event->matches(QKeySequence::SelectAll)) return SelectAllRows();
-  if (event->matches(QKeySequence::Copy)) return CopyRows();
+  if (event->matches(QKeySequence::SelectAll)) return selectAll();
+  if (event->matches(QKeySequence::Copy)) return copy();
   if (keys == Qt::NoModifier) {
     if (MoveByKey(*event)) return typed_.Clear();
     const int current = CurrentRow();

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QLabel>
+#include <vector>
 
 namespace tallyfold {
 class Desk;
@@ -17,7 +18,16 @@ class DetailsLine final : public QLabel {
   void Show();
 
  private:
+  // What stands beside the next one: a glyph, a text or a figure.
+  struct Piece {
+    enum class Kind { Glyph, Text, Figure } kind;
+    QString text;
+  };
+
+  void paintEvent(QPaintEvent* event) override;
+
   const Desk& desk_;
+  std::vector<Piece> pieces_;
 };
 
 }  // namespace tallyfold::desktop

@@ -12,6 +12,7 @@
 #include "app/views/reconcile_tab.h"
 #include "desktop/fields/amount_field.h"
 #include "desktop/look/colors.h"
+#include "desktop/look/figure_label.h"
 #include "desktop/look/icons.h"
 #include "desktop/look/measures.h"
 #include "desktop/texts.h"
@@ -26,14 +27,13 @@ constexpr int kSideMargin = 12;
 constexpr int kTickSize = 24;
 constexpr int kHintSize = 20;
 
-QLabel* PlainLabel(QWidget* parent, const char* name) {
-  auto* label = new QLabel(parent);
+FigureLabel* PlainLabel(QWidget* parent, const char* name) {
+  auto* label = new FigureLabel(parent);
   label->setObjectName(QLatin1String(name));
-  label->setTextFormat(Qt::PlainText);
   return label;
 }
 
-QLabel* Note(QWidget* parent, const char* name) {
+FigureLabel* Note(QWidget* parent, const char* name) {
   auto* label = PlainLabel(parent, name);
   label->setFont(SmallFont(parent->font()));
   label->setForegroundRole(QPalette::PlaceholderText);
@@ -226,8 +226,7 @@ void ReconcileBand::ShowExplanation() {
 void ReconcileBand::SelectEntries() {
   const auto& explanation = parts_.tab.State().explanation;
   if (!explanation || explanation->entries.empty()) return;
-  parts_.desk.SelectEntry(explanation->entries.front());
-  emit EntriesSelected();
+  emit EntriesWanted(EntryList(explanation->entries));
 }
 
 void ReconcileBand::FocusField() {

@@ -2,6 +2,8 @@
 
 #include <QWidget>
 
+#include "model/account_entry.h"
+
 class QLabel;
 class QPushButton;
 
@@ -13,6 +15,7 @@ class ReconcileTab;
 namespace tallyfold::desktop {
 
 class AmountField;
+class FigureLabel;
 
 // The figures above the register of the Reconcile tab: the statement's balance, what is resolved
 // and the difference, and below them what may explain it.
@@ -31,8 +34,8 @@ class ReconcileBand final : public QWidget {
   void FocusField();
 
  signals:
-  // The entries of the explanation were selected.
-  void EntriesSelected();
+  // The user wants to see the entries that the explanation names.
+  void EntriesWanted(const EntryList& entries);
 
  private:
   void ShowExplanation();
@@ -41,11 +44,11 @@ class ReconcileBand final : public QWidget {
 
   Parts parts_;
   AmountField* field_;
-  QLabel* resolved_;
-  QLabel* resolved_note_;
+  FigureLabel* resolved_;
+  FigureLabel* resolved_note_;
   QLabel* tick_;
-  QLabel* difference_;
-  QLabel* difference_note_;
+  FigureLabel* difference_;
+  FigureLabel* difference_note_;
   QWidget* explanation_;
   QLabel* explanation_image_;
   QLabel* sentence_;

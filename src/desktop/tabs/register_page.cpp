@@ -2,17 +2,17 @@
 
 #include <QPushButton>
 #include <QVBoxLayout>
-#include <string>
+#include <utility>
+#include <vector>
 
 #include "app/desk.h"
 #include "app/entries/entry_editing.h"
-#include "app/face/message.h"
 #include "app/views/registers.h"
+#include "app/views/shown_entries.h"
 #include "desktop/register/register_view.h"
 #include "desktop/tabs/details_line.h"
 #include "desktop/tabs/empty_page.h"
 #include "desktop/texts.h"
-#include "filters/filter_types.h"
 #include "registers/account_table_view_data.h"
 
 namespace tallyfold::desktop {
@@ -65,7 +65,7 @@ void RegisterPage::FillEmptyPages() {
   connect(unlock_, &QPushButton::clicked, this, &RegisterPage::UnlockWanted);
   connect(show_all_, &QPushButton::clicked, this, [this] {
     FocusTable();
-    parts_.search.Filter_Select(filter_type::kGeneral);
+    parts_.shown.ShowAll();
     FocusTable();
   });
 }
@@ -125,40 +125,27 @@ void RegisterPage::Show() {
   // Over a locked application its password is being asked for.
   unlock_->setVisible(is_open);
   hidden_->setVisible(shown == 0 && all > 0);
-  if (shown == 0 && all > 0) ShowNothingFound(all);
+  if (shown == 0 && all > 0) hidden_->Tell(QString(), ToQString(parts_.shown.State().hidden_text));
   ShowDetails();
 }
 
-void RegisterPage::ShowNothingFound(std::size_t hidden) {
-  const RegisterSearchState& search = parts_.search.State();
-  const SearchFieldState& field =
-      kind_ == RegisterKind::Reconcile ? search.reconcile : search.entry;
-  const std::string count = std::to_string(hidden);
-  const FilterType* type = FilterTypeWithNumber(search.menu_type);
-  const std::string name = type != nullptr ? ToUtf8(Text(type->name)) : std::string();
-  const std::string sentence =
-      field.is_enabled
-          ? Message(Plural("No entry matches \u201c{1}\u201d; {2} entry is hidden.",
-                           "No entry matches \u201c{1}\u201d; {2} entries are hidden.", hidden),
-                    {field.text, count})
-          : Message(Plural("The filter \u201c{1}\u201d hides {2} entry.",
-                           "The filter \u201c{1}\u201d hides all {2} entries.", hidden),
-                    {name, count});
-  hidden_->Tell(QString(), ToQString(sentence));
-}
-
-std::size_t RegisterPage::SelectedCount() const {
-  return table_->SelectedRows().Count();
-}
-
-double RegisterPage::SelectedSum() const {
-  double sum = 0.0;
+EntryList RegisterPage::SelectedEntries() const {
+  EntryList entries;
+  const EntryList& rows = parts_.registers.Of(kind_).GetEntries();
   for (const auto& [first, last] : table_->SelectedRows().Ranges()) {
-    for (int row = first; row <= last; ++row) {
-      if (const auto entry = parts_.registers.Of(kind_).RowToEntry(row)) sum += entry->GetAmount();
+    for (int row = first; row <= last && row < static_cast<int>(rows.size()); ++row) {
+      entries.push_back(rows[static_cast<std::size_t>(row)]);
     }
   }
-  return sum;
+  return entries;
+}
+
+void RegisterPage::SelectEntries(const EntryList& entries) {
+  std::vector<int> rows;
+  for (const auto& entry : entries) {
+    if (const auto row = parts_.registers.Of(kind_).EntryToRow(entry.get())) rows.push_back(*row);
+  }
+  table_->SelectForUser(std::move(rows));
 }
 
 void RegisterPage::ShowDetails() {

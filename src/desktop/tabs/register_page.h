@@ -4,6 +4,7 @@
 
 #include "desktop/register/entry_details.h"
 #include "filters/register_search.h"
+#include "model/account_entry.h"
 
 class QPushButton;
 
@@ -11,6 +12,7 @@ namespace tallyfold {
 class Desk;
 class EntryEditing;
 class Registers;
+class ShownEntries;
 }  // namespace tallyfold
 
 namespace tallyfold::desktop {
@@ -27,7 +29,7 @@ class RegisterPage final : public QWidget {
   // All must outlive this.
   struct Parts {
     Registers& registers;
-    RegisterSearch& search;
+    ShownEntries& shown;
     EntryEditing& editing;
     const Desk& desk;
   };
@@ -37,8 +39,11 @@ class RegisterPage final : public QWidget {
   void AddAbove(QWidget* widget);
   void Show();
   void ShowDetails();
-  [[nodiscard]] std::size_t SelectedCount() const;
-  [[nodiscard]] double SelectedSum() const;
+  // The entries of the selected rows, in the order of the rows.
+  [[nodiscard]] EntryList SelectedEntries() const;
+  // Selects the rows of those entries, the last of them the current one; those that are not shown
+  // are left out.
+  void SelectEntries(const EntryList& entries);
   // Draws everything as the preferences want it now.
   void ShowLook();
   void FocusTable();
@@ -65,7 +70,6 @@ class RegisterPage final : public QWidget {
  private:
   void FillEmptyPages();
   void ConnectTable();
-  void ShowNothingFound(std::size_t hidden);
   void TurnMark(int row);
 
   const RegisterKind kind_;

@@ -6,6 +6,7 @@
 #include <QScrollArea>
 #include <QSplitter>
 #include <QVBoxLayout>
+#include <algorithm>
 
 #include "app/desk.h"
 #include "app/face/message.h"
@@ -20,6 +21,13 @@ namespace tallyfold::desktop {
 namespace {
 
 constexpr int kLinesInColumn = 4;
+// Narrower tabs have fewer columns of dates.
+constexpr int kThreeColumns = 760;
+constexpr int kTwoColumns = 480;
+
+int ColumnsIn(int width) {
+  return width >= kThreeColumns ? 3 : width >= kTwoColumns ? 2 : 1;
+}
 
 QLabel* PlainLabel(QWidget* parent, const QString& text, bool is_dim) {
   auto* label = new QLabel(parent);
@@ -116,9 +124,13 @@ void ScheduleTab::ShowDates() {
   if (schedule == nullptr) return;
   int number = 0;
   int place = 0;
-  for (const ScheduleDateLine& line : ScheduleDates(*schedule)) {
-    const int row = place % kLinesInColumn;
-    const int column = place / kLinesInColumn * 3;
+  const auto lines = ScheduleDates(*schedule);
+  columns_ = ColumnsIn(width());
+  const int count = static_cast<int>(lines.size());
+  const int in_column = std::max(kLinesInColumn, (count + columns_ - 1) / columns_);
+  for (const ScheduleDateLine& line : lines) {
+    const int row = place % in_column;
+    const int column = place / in_column * 3;
     ++place;
     if (line.date != 0) {
       grid->addWidget(PlainLabel(dates_, QString::number(++number), true), row, column);
@@ -128,7 +140,12 @@ void ScheduleTab::ShowDates() {
     grid->setColumnStretch(column + 2, 1);
     grid->setRowMinimumHeight(row, RowHeight(fontMetrics()));
   }
-  grid->setRowStretch(kLinesInColumn, 1);
+  grid->setRowStretch(in_column, 1);
+}
+
+void ScheduleTab::resizeEvent(QResizeEvent* event) {
+  QWidget::resizeEvent(event);
+  if (ColumnsIn(width()) != columns_) ShowDates();
 }
 
 }  // namespace tallyfold::desktop

@@ -43,6 +43,7 @@ class ScheduleTab final : public QWidget {
   void RowMenuWanted(const QPoint& place);
 
  private:
+  void resizeEvent(QResizeEvent* event) override;
   void ShowDates();
 
   Parts parts_;
@@ -52,6 +53,8 @@ class ScheduleTab final : public QWidget {
   EmptyPage* empty_;
   QLabel* heading_;
   QWidget* dates_;
+  // Of dates, as they are laid out.
+  int columns_ = 0;
 };
 
 }  // namespace tallyfold::desktop

@@ -9,6 +9,7 @@
 #include <utility>
 
 #include "desktop/look/colors.h"
+#include "desktop/look/figure_label.h"
 #include "desktop/look/icons.h"
 #include "desktop/look/measures.h"
 #include "desktop/tabs/summary_table.h"
@@ -40,9 +41,10 @@ QLabel* Caption(QWidget* parent, const QString& text) {
   return label;
 }
 
-QLabel* Figure(QWidget* parent, double amount, const LDGRPreferences& preferences,
-               const QFont& font) {
-  auto* label = PlainLabel(parent, ToQString(RegisterAmountText(amount, preferences)));
+FigureLabel* Figure(QWidget* parent, double amount, const LDGRPreferences& preferences,
+                    const QFont& font) {
+  auto* label = new FigureLabel(parent);
+  label->setText(ToQString(RegisterAmountText(amount, preferences)));
   label->setFont(font);
   label->setAlignment(Qt::AlignRight | Qt::AlignAbsolute);
   return label;
@@ -228,9 +230,10 @@ void SummaryPage::LayOutBlocks() {
     row->addLayout(column, 1);
     filled.emplace_back(0, column);
   }
-  // Each goes where there is most room.
+  // Each goes where there is most room, the first of equal ones.
   for (SummaryTable* block : blocks_) {
-    auto& [height, column] = *std::ranges::min_element(filled);
+    auto& [height, column] =
+        *std::ranges::min_element(filled, {}, &std::pair<int, QVBoxLayout*>::first);
     column->addWidget(block);
     height += block->sizeHint().height() + kGroupGap;
   }

@@ -8,6 +8,7 @@
 #include "app/desk.h"
 #include "app/views/account_summary_tab.h"
 #include "desktop/look/measures.h"
+#include "desktop/tabs/summary_list_delegate.h"
 #include "desktop/tabs/summary_page.h"
 #include "desktop/texts.h"
 #include "summaries/account_summary.h"
@@ -30,6 +31,8 @@ SummaryTab::SummaryTab(const Parts& parts, QWidget* parent)
   list_->setObjectName(QLatin1String("summary_Table"));
   list_->setAccessibleName(Text("Summaries"));
   list_->setFrameShape(QFrame::NoFrame);
+  list_->setItemDelegate(new SummaryListDelegate(list_));
+  list_->setMouseTracking(true);
   list_->setEditTriggers(QAbstractItemView::EditKeyPressed | QAbstractItemView::DoubleClicked);
   auto* area = new QScrollArea(splitter_);
   area->setFrameShape(QFrame::NoFrame);

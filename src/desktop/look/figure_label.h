@@ -1,0 +1,20 @@
+#pragma once
+
+#include <QLabel>
+
+namespace tallyfold::desktop {
+
+// A line of text with figures in it, drawn on tabular digits and with true minuses before them. Its
+// text stays as it is.
+class FigureLabel final : public QLabel {
+ public:
+  explicit FigureLabel(QWidget* parent);
+
+  [[nodiscard]] QSize sizeHint() const override;
+  [[nodiscard]] QSize minimumSizeHint() const override { return sizeHint(); }
+
+ private:
+  void paintEvent(QPaintEvent* event) override;
+};
+
+}  // namespace tallyfold::desktop
