@@ -18,7 +18,7 @@ struct Elastic {
 // Of the registers and of the tables beside them.
 constexpr Elastic kElastic[] = {
     {"description", true, 0, 120}, {"toFrom", false, 1, 110}, {"type", false, 2, 90},
-    {"accounts", true, 0, 60},     {"name", true, 0, 60},
+    {"accounts", true, 0, 36},     {"name", true, 0, 60},
 };
 constexpr int kLeastColumn = 24;
 constexpr int kLastYield = 2;
