@@ -181,6 +181,11 @@ void WindowFrontEnd::FocusAccountsTable() {
   window_.pieces().accounts->FocusTable();
 }
 
+void WindowFrontEnd::FocusPasswordField() {
+  auto* field = window_.findChild<QWidget*>(QStringLiteral("preferencesSheet_Password_Field"));
+  if (field != nullptr) field->setFocus();
+}
+
 void WindowFrontEnd::BringToFront() {
   window_.raise();
   window_.activateWindow();

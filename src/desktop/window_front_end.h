@@ -30,6 +30,7 @@ class WindowFrontEnd final : public FrontEnd, public WindowHooks {
   void Show() override;
   void FocusSearchField() override;
   void FocusAccountsTable() override;
+  void FocusPasswordField() override;
   void BringToFront() override;
   void RememberFirstResponder() override;
   void RestoreFirstResponder() override;

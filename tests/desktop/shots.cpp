@@ -5,6 +5,7 @@
 #include <QDir>
 #include <QFontDatabase>
 #include <QLineEdit>
+#include <QListWidget>
 #include <QPixmap>
 #include <QTimer>
 #include <cstdio>
@@ -21,6 +22,7 @@
 #include "app/exchange/export_commands.h"
 #include "app/exchange/qif_import_command.h"
 #include "app/face/sheet_slot.h"
+#include "app/shell/preferences_sheet.h"
 #include "app/shell/tabs.h"
 #include "app/shell/update_check.h"
 #include "app/views/account_summary_sheet.h"
@@ -206,6 +208,14 @@ void GrabAll(const QString& folder) {
     test.program->window().resize(test.program->window().minimumSize());
   });
   show("account", [](TestWindow& test) { test.program->app().accountSheet().Account_Edit(); });
+  for (int page = 0; page < 9; ++page) {
+    const QString name = QLatin1String("preferences-") + QString::number(page);
+    Grab(folder, name, ExampleAccounts(), [page](TestWindow& test) {
+      static_cast<void>(test.program->app().preferencesSheet().Open());
+      test.Settle();
+      test.Find<QListWidget>("preferencesSheet_TabView")->setCurrentRow(page);
+    });
+  }
   Grab(folder, QLatin1String("empty"), "",
        [](TestWindow& test) { test.program->app().sheets().CancelOpen(); });
 }

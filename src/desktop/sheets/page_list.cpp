@@ -1,0 +1,82 @@
+#include "desktop/sheets/page_list.h"
+
+#include <QHBoxLayout>
+#include <QListWidget>
+#include <QSignalBlocker>
+#include <QStackedWidget>
+#include <QVBoxLayout>
+#include <algorithm>
+
+#include "desktop/look/measures.h"
+#include "desktop/texts.h"
+
+namespace tallyfold::desktop {
+namespace {
+
+constexpr int kListWidth = 176;
+
+}  // namespace
+
+PageList::PageList(QWidget* parent, const char* name)
+    : QWidget(parent), list_(new QListWidget(this)), pages_(new QStackedWidget(this)) {
+  list_->setObjectName(QLatin1String(name));
+  list_->setAccessibleName(Text("Pages"));
+  list_->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+  list_->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Expanding);
+  auto* row = new QHBoxLayout(this);
+  row->setContentsMargins(0, 0, 0, 0);
+  row->setSpacing(kColumnGap);
+  row->addWidget(list_);
+  row->addWidget(pages_, 1);
+  connect(list_, &QListWidget::currentRowChanged, this, [this](int to) { Select(to); });
+}
+
+void PageList::Add(std::string_view identifier, const QString& title, QWidget* page) {
+  auto* whole = new QWidget(pages_);
+  auto* column = new QVBoxLayout(whole);
+  column->setContentsMargins(0, 0, 0, 0);
+  column->addWidget(page);
+  column->addStretch(1);
+  pages_->addWidget(whole);
+  identifiers_.emplace_back(identifier);
+  const QSignalBlocker blocker(list_);
+  auto* item = new QListWidgetItem(title, list_);
+  item->setSizeHint(QSize(0, kAccountRowHeight));
+  list_->setFixedWidth(std::max(kListWidth, list_->sizeHintForColumn(0) + 2 * kOuterCellPadding));
+  if (identifiers_.size() == 1) list_->setCurrentRow(0);
+}
+
+void PageList::Select(int row) {
+  if (row < 0) return;
+  if (!may_ || may_(identifiers_[static_cast<std::size_t>(row)])) {
+    pages_->setCurrentIndex(row);
+    return;
+  }
+  // The list is still busy with the choice.
+  QMetaObject::invokeMethod(
+      this,
+      [this] {
+        const QSignalBlocker blocker(list_);
+        list_->setCurrentRow(pages_->currentIndex());
+      },
+      Qt::QueuedConnection);
+}
+
+void PageList::ShowPage(std::string_view identifier) {
+  const auto found = std::ranges::find(identifiers_, identifier);
+  if (found == identifiers_.end()) return;
+  const auto row = static_cast<int>(found - identifiers_.begin());
+  if (row == pages_->currentIndex()) return;
+  const QSignalBlocker blocker(list_);
+  list_->setCurrentRow(row);
+  pages_->setCurrentIndex(row);
+}
+
+std::string PageList::PageOf(const QWidget* widget) const {
+  for (int i = 0; i < pages_->count(); ++i) {
+    if (pages_->widget(i)->isAncestorOf(widget)) return identifiers_[static_cast<std::size_t>(i)];
+  }
+  return {};
+}
+
+}  // namespace tallyfold::desktop
