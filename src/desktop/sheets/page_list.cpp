@@ -2,11 +2,14 @@
 
 #include <QHBoxLayout>
 #include <QListWidget>
+#include <QPainter>
 #include <QSignalBlocker>
 #include <QStackedWidget>
+#include <QStyledItemDelegate>
 #include <QVBoxLayout>
 #include <algorithm>
 
+#include "desktop/look/colors.h"
 #include "desktop/look/measures.h"
 #include "desktop/texts.h"
 
@@ -15,12 +18,52 @@ namespace {
 
 constexpr int kListWidth = 176;
 
+// A name of a page, as an account in its list.
+class PageName final : public QStyledItemDelegate {
+ public:
+  using QStyledItemDelegate::QStyledItemDelegate;
+
+  void paint(QPainter* painter, const QStyleOptionViewItem& option,
+             const QModelIndex& index) const override {
+    const Colors& colors = ColorsOf(option.palette);
+    const QRect cell = option.rect.adjusted(0, 1, 0, -1);
+    QFont font = option.font;
+    painter->save();
+    painter->setRenderHint(QPainter::Antialiasing);
+    painter->setPen(Qt::NoPen);
+    if (option.state.testFlag(QStyle::State_Selected)) {
+      painter->setBrush(colors[Role::Selection]);
+      painter->drawRoundedRect(cell, kSmallRadius, kSmallRadius);
+      const QRect bar(cell.left(), cell.top() + kGap, kSelectionBar, cell.height() - 2 * kGap);
+      painter->setBrush(colors[Role::Accent]);
+      painter->drawRect(QStyle::visualRect(option.direction, cell, bar));
+      font.setBold(true);
+    } else if (option.state.testFlag(QStyle::State_MouseOver)) {
+      painter->setBrush(colors[Role::Hover]);
+      painter->drawRoundedRect(cell, kSmallRadius, kSmallRadius);
+    }
+    painter->setFont(font);
+    painter->setPen(colors[Role::Text]);
+    const QRect text = cell.adjusted(kOuterCellPadding, 0, -kCellPadding, 0);
+    painter->drawText(QStyle::visualRect(option.direction, cell, text),
+                      static_cast<int>(QStyle::visualAlignment(
+                          option.direction, Qt::AlignLeading | Qt::AlignVCenter)) |
+                          Qt::TextSingleLine,
+                      index.data().toString());
+    painter->restore();
+  }
+};
+
 }  // namespace
 
 PageList::PageList(QWidget* parent, const char* name)
     : QWidget(parent), list_(new QListWidget(this)), pages_(new QStackedWidget(this)) {
   list_->setObjectName(QLatin1String(name));
   list_->setAccessibleName(Text("Pages"));
+  list_->setItemDelegate(new PageName(list_));
+  list_->setFrameShape(QFrame::NoFrame);
+  list_->viewport()->setAutoFillBackground(false);
+  list_->setMouseTracking(true);
   list_->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
   list_->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Expanding);
   auto* row = new QHBoxLayout(this);
@@ -42,7 +85,7 @@ void PageList::Add(std::string_view identifier, const QString& title, QWidget* p
   const QSignalBlocker blocker(list_);
   auto* item = new QListWidgetItem(title, list_);
   item->setSizeHint(QSize(0, kAccountRowHeight));
-  list_->setFixedWidth(std::max(kListWidth, list_->sizeHintForColumn(0) + 2 * kOuterCellPadding));
+  list_->setFixedWidth(std::max(kListWidth, list_->sizeHintForColumn(0) + 4 * kOuterCellPadding));
   if (identifiers_.size() == 1) list_->setCurrentRow(0);
 }
 

@@ -5,6 +5,7 @@
 #include <QPushButton>
 #include <QVBoxLayout>
 #include <algorithm>
+#include <utility>
 
 #include "app/shell/preference_limits.h"
 #include "desktop/look/measures.h"

@@ -14,6 +14,7 @@
 #include <memory>
 #include <optional>
 
+#include "desktop/look/measures.h"
 #include "desktop/sheets/form.h"
 #include "desktop/texts.h"
 #include "storage/preferences.h"
@@ -147,6 +148,7 @@ void SettingFields::AddColor(Form& form, const QString& label, const std::string
   button->setAccessibleName(label);
   button->setAutoDefault(false);
   button->setIconSize(kSwatchSize);
+  button->setFixedWidth(kSwatchSize.width() + 2 * kGap);
   form.AddRow(label, {button});
   QObject::connect(button, &QPushButton::clicked, button,
                    [this, button, setting] { ChooseColor(button, setting); });
