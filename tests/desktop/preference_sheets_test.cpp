@@ -4,11 +4,15 @@
 #include <QComboBox>
 #include <QLineEdit>
 #include <QListWidget>
+#include <QTableWidget>
+#include <algorithm>
 
+#include "app/accounts/account_editing.h"
 #include "app/desk.h"
 #include "app/face/sheet_slot.h"
 #include "app/shell/preferences_sheet.h"
 #include "desktop/test_window.h"
+#include "model/account.h"
 #include "storage/accounts_store.h"
 #include "storage/preferences.h"
 
@@ -91,6 +95,37 @@ TEST(PreferenceSheets, SettingsOfEveryPageAreTakenByOKAndDroppedByCancel) {
   EXPECT_EQ(app.sheets().Current(), Sheet::None);
   EXPECT_EQ(stored.GetQIFExportDateFormat(), before);
   EXPECT_EQ(stored.GetUseEllipses(), used);
+}
+
+TEST(PreferenceSheets, TypesOfAnAccountAreAddedRenamedAndTakenOutOfUse) {
+  TestWindow test(ExampleAccounts());
+  ASSERT_TRUE(test.Launch());
+  LDGRController& app = test.program->app();
+  ASSERT_TRUE(app.accountSheet().Account_Edit());
+  test.Settle();
+  test.Find<QListWidget>("accountEditSheet_TabView")->setCurrentRow(1);
+  auto* table = test.Find<QTableWidget>("accountEditSheet_Types_Table");
+  const auto& typed = app.accountSheet().State().typed;
+  const int count = table->rowCount();
+  ASSERT_EQ(static_cast<std::size_t>(count), typed.types.size());
+  const std::string gone = typed.types[0].name;
+  table->setCurrentCell(0, 0);
+  test.Click("accountEditSheet_Types_Remove_Button");
+  ASSERT_EQ(table->rowCount(), count - 1);
+  test.Click("accountEditSheet_Types_Add_Button");
+  test.Type("Prize");
+  test.Find<QComboBox>("accountEditSheet_Types_Kind_PopUp")->setCurrentIndex(2);
+  ASSERT_EQ(typed.types.back().name, "Prize");
+  EXPECT_TRUE(typed.types.back().is_deposit);
+  auto* deposit = test.Find<QComboBox>("accountEditSheet_DefaultDepositType_PopUp");
+  deposit->setCurrentIndex(deposit->count() - 1);
+  test.Click("accountEditSheet_OK_Button");
+  ASSERT_EQ(app.sheets().Current(), Sheet::None);
+  const LDGRAccount& account = *app.desk().SelectedAccount();
+  ASSERT_NE(account.GetDefaultDepositType(), nullptr);
+  EXPECT_EQ(account.GetDefaultDepositType()->GetName(), "Prize");
+  EXPECT_TRUE(std::ranges::none_of(account.GetTypes(),
+                                   [&gone](const auto& each) { return each->GetName() == gone; }));
 }
 
 }  // namespace

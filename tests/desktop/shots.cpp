@@ -208,6 +208,11 @@ void GrabAll(const QString& folder) {
     test.program->window().resize(test.program->window().minimumSize());
   });
   show("account", [](TestWindow& test) { test.program->app().accountSheet().Account_Edit(); });
+  show("account-types", [](TestWindow& test) {
+    test.program->app().accountSheet().Account_Edit();
+    test.Settle();
+    test.Find<QListWidget>("accountEditSheet_TabView")->setCurrentRow(1);
+  });
   for (int page = 0; page < 9; ++page) {
     const QString name = QLatin1String("preferences-") + QString::number(page);
     Grab(folder, name, ExampleAccounts(), [page](TestWindow& test) {

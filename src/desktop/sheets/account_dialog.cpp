@@ -9,7 +9,9 @@
 #include "app/face/message.h"
 #include "desktop/fields/amount_field.h"
 #include "desktop/look/measures.h"
+#include "desktop/sheets/account_types_page.h"
 #include "desktop/sheets/form.h"
+#include "desktop/sheets/page_list.h"
 #include "desktop/texts.h"
 #include "model/amounts.h"
 
@@ -18,6 +20,9 @@ namespace {
 
 constexpr int kFormWidth = 440;
 constexpr int kTextWidth = 260;
+constexpr const char* kGeneralPage = "general";
+constexpr const char* kTypesPage = "types";
+constexpr const char* kTypesField = "accountEditSheet_Types_Table";
 
 // None where it is no whole number of 32 bits.
 std::optional<std::int32_t> NumberIn(const QLineEdit& field) {
@@ -33,13 +38,15 @@ AccountDialog::AccountDialog(AccountEditing& editing, QWidget* window)
                               ? Text("New Account")
                               : ToQString(Message("Account: {1}", {editing.State().typed.name}))),
       editing_(editing),
+      pages_(new PageList(this, "accountEditSheet_TabView")),
       form_(new Form(this)),
       name_(new QLineEdit(form_)),
       balance_(new AmountField(form_)),
       check_number_(new QLineEdit(form_)),
       password_(new QLineEdit(form_)),
       again_(new QLineEdit(form_)),
-      note_(Form::MakeNote(this)) {
+      note_(Form::MakeNote(this)),
+      types_(new AccountTypesPage(editing, this)) {
   setObjectName(QLatin1String("accountEditSheet"));
   form_->setMinimumWidth(kFormWidth);
   form_->Add(Text("Name"), name_, "accountEditSheet_Name_Field", kTextWidth);
@@ -53,9 +60,15 @@ AccountDialog::AccountDialog(AccountEditing& editing, QWidget* window)
   form_->Add(Text("Once more"), again_, "accountEditSheet_PasswordAgain_Field", kTextWidth);
   for (QLineEdit* field : {password_, again_}) field->setEchoMode(QLineEdit::Password);
   note_->setWordWrap(true);
-  Body().setSpacing(kWideGap);
-  Body().addWidget(form_);
-  Body().addWidget(note_);
+  auto* general = new QWidget(this);
+  auto* column = new QVBoxLayout(general);
+  column->setContentsMargins(0, 0, 0, 0);
+  column->setSpacing(kWideGap);
+  column->addWidget(form_);
+  column->addWidget(note_);
+  pages_->Add(kGeneralPage, Text("General"), general);
+  pages_->Add(kTypesPage, Text("Types"), types_);
+  Body().addWidget(pages_);
   for (QLineEdit* field :
        {name_, static_cast<QLineEdit*>(balance_), check_number_, password_, again_}) {
     connect(field, &QLineEdit::textChanged, this, [this] { Read(); });
@@ -66,6 +79,8 @@ AccountDialog::AccountDialog(AccountEditing& editing, QWidget* window)
   connect(ok, &QPushButton::clicked, this, [this] {
     Read();
     editing_.AccountEditSheet_OK();
+    const auto& problem = editing_.State().problem;
+    if (problem) pages_->ShowPage(problem->field == kTypesField ? kTypesPage : kGeneralPage);
     if (form_->FieldWithProblem() != nullptr) form_->FieldWithProblem()->setFocus();
   });
   name_->setFocus();
@@ -87,6 +102,7 @@ void AccountDialog::Read() {
 
 bool AccountDialog::EndEditing() {
   balance_->AddUp();
+  types_->EndEditing();
   Read();
   return true;
 }
@@ -112,6 +128,7 @@ void AccountDialog::ShowState() {
     show(again_, ToQString(typed.password_again));
     note_->setText(ToQString(state.security_note));
     if (!isVisible()) name_->selectAll();
+    types_->Show();
   }
   ShowRefused();
 }

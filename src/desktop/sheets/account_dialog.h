@@ -8,10 +8,12 @@ class QLineEdit;
 
 namespace tallyfold::desktop {
 
+class AccountTypesPage;
 class AmountField;
 class Form;
+class PageList;
 
-// An account's name, what it starts with and its password. Its types and lists of texts stay as
+// An account's name, what it starts with, its password and its types. Its lists of texts stay as
 // they are.
 class AccountDialog final : public SheetDialog {
  public:
@@ -27,6 +29,7 @@ class AccountDialog final : public SheetDialog {
   void ShowRefused();
 
   AccountEditing& editing_;
+  PageList* pages_;
   Form* form_;
   QLineEdit* name_;
   AmountField* balance_;
@@ -34,6 +37,7 @@ class AccountDialog final : public SheetDialog {
   QLineEdit* password_;
   QLineEdit* again_;
   QLabel* note_;
+  AccountTypesPage* types_;
 
   bool is_showing_ = false;
 };

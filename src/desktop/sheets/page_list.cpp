@@ -85,6 +85,7 @@ void PageList::Add(std::string_view identifier, const QString& title, QWidget* p
   const QSignalBlocker blocker(list_);
   auto* item = new QListWidgetItem(title, list_);
   item->setSizeHint(QSize(0, kAccountRowHeight));
+  list_->setMinimumHeight(list_->count() * kAccountRowHeight);
   list_->setFixedWidth(std::max(kListWidth, list_->sizeHintForColumn(0) + 4 * kOuterCellPadding));
   if (identifiers_.size() == 1) list_->setCurrentRow(0);
 }
