@@ -3,6 +3,7 @@
 #include <QComboBox>
 #include <QHBoxLayout>
 #include <QHeaderView>
+#include <QItemSelectionModel>
 #include <QPushButton>
 #include <QSignalBlocker>
 #include <QTableWidget>
@@ -67,7 +68,7 @@ AccountTypesPage::AccountTypesPage(AccountEditing& editing, QWidget* parent)
     const std::string name = ToUtf8(table_->item(row, column)->text());
     Change([row, &name](Typed& typed) { typed.types[static_cast<std::size_t>(row)].name = name; });
   });
-  connect(table_, &QTableWidget::currentCellChanged, this, [this] { ShowButtons(); });
+  connect(table_, &QTableWidget::itemSelectionChanged, this, [this] { ShowButtons(); });
 
   auto* add = new QPushButton(Text("Add"), this);
   add->setObjectName(QStringLiteral("accountEditSheet_Types_Add_Button"));
@@ -195,7 +196,9 @@ void AccountTypesPage::Show() {
 void AccountTypesPage::ShowButtons() {
   const auto& types = editing_.State().typed.types;
   const int row = table_->currentRow();
-  const bool is_row = row >= 0 && static_cast<std::size_t>(row) < types.size();
+  // The table has a current row before the user has chosen one.
+  const bool is_row = row >= 0 && static_cast<std::size_t>(row) < types.size() &&
+                      table_->selectionModel()->isRowSelected(row);
   take_out_->setEnabled(is_row);
   kind_->setEnabled(is_row);
   ShowItem(*kind_, is_row ? KindOf(types[static_cast<std::size_t>(row)]) : -1);
