@@ -119,11 +119,16 @@ TEST(PreferenceSheets, TypesOfAnAccountAreAddedRenamedAndTakenOutOfUse) {
   EXPECT_TRUE(typed.types.back().is_deposit);
   auto* deposit = test.Find<QComboBox>("accountEditSheet_DefaultDepositType_PopUp");
   deposit->setCurrentIndex(deposit->count() - 1);
+  test.Find<QListWidget>("accountEditSheet_TabView")->setCurrentRow(3);
+  test.Click("accountEditSheet_Tos_Table_Add_Button");
+  test.Type("Baker");
   test.Click("accountEditSheet_OK_Button");
   ASSERT_EQ(app.sheets().Current(), Sheet::None);
   const LDGRAccount& account = *app.desk().SelectedAccount();
   ASSERT_NE(account.GetDefaultDepositType(), nullptr);
   EXPECT_EQ(account.GetDefaultDepositType()->GetName(), "Prize");
+  ASSERT_FALSE(account.Tos_Specific().empty());
+  EXPECT_EQ(account.Tos_Specific().back(), "Baker");
   EXPECT_TRUE(std::ranges::none_of(account.GetTypes(),
                                    [&gone](const auto& each) { return each->GetName() == gone; }));
 }

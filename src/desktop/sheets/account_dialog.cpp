@@ -9,6 +9,7 @@
 #include "app/face/message.h"
 #include "desktop/fields/amount_field.h"
 #include "desktop/look/measures.h"
+#include "desktop/sheets/account_texts_page.h"
 #include "desktop/sheets/account_types_page.h"
 #include "desktop/sheets/form.h"
 #include "desktop/sheets/page_list.h"
@@ -22,7 +23,41 @@ constexpr int kFormWidth = 440;
 constexpr int kTextWidth = 260;
 constexpr const char* kGeneralPage = "general";
 constexpr const char* kTypesPage = "types";
+constexpr const char* kDescriptionsPage = "descriptions";
+constexpr const char* kToFromsPage = "toFroms";
 constexpr const char* kTypesField = "accountEditSheet_Types_Table";
+constexpr const char* kDescriptionsField = "accountEditSheet_DescriptionsCount_Field";
+constexpr const char* kToFromsField = "accountEditSheet_ToFromsCount_Field";
+
+// The one with the field of that name.
+const char* PageOfField(const std::string& field) {
+  if (field == kTypesField) return kTypesPage;
+  if (field == kDescriptionsField) return kDescriptionsPage;
+  return field == kToFromsField ? kToFromsPage : kGeneralPage;
+}
+
+AccountTextsPage::Parts PartsOfDescriptions() {
+  using Typed = AccountTextsPage::Typed;
+  return {"accountEditSheet_DescriptionsStyle_PopUp",
+          &Typed::descriptions_style,
+          kDescriptionsField,
+          &Typed::descriptions_count,
+          {{Text("Debits"), "accountEditSheet_DebitDescriptions_Table", &Typed::debit_descriptions},
+           {Text("Deposits"), "accountEditSheet_DepositDescriptions_Table",
+            &Typed::deposit_descriptions},
+           {Text("Transfers"), "accountEditSheet_TransferDescriptions_Table",
+            &Typed::transfer_descriptions}}};
+}
+
+AccountTextsPage::Parts PartsOfToFroms() {
+  using Typed = AccountTextsPage::Typed;
+  return {"accountEditSheet_ToFromsStyle_PopUp",
+          &Typed::to_froms_style,
+          kToFromsField,
+          &Typed::to_froms_count,
+          {{Text("To"), "accountEditSheet_Tos_Table", &Typed::tos},
+           {Text("From"), "accountEditSheet_Froms_Table", &Typed::froms}}};
+}
 
 // None where it is no whole number of 32 bits.
 std::optional<std::int32_t> NumberIn(const QLineEdit& field) {
@@ -46,7 +81,9 @@ AccountDialog::AccountDialog(AccountEditing& editing, QWidget* window)
       password_(new QLineEdit(form_)),
       again_(new QLineEdit(form_)),
       note_(Form::MakeNote(this)),
-      types_(new AccountTypesPage(editing, this)) {
+      types_(new AccountTypesPage(editing, this)),
+      descriptions_(new AccountTextsPage(editing, PartsOfDescriptions(), this)),
+      to_froms_(new AccountTextsPage(editing, PartsOfToFroms(), this)) {
   setObjectName(QLatin1String("accountEditSheet"));
   form_->setMinimumWidth(kFormWidth);
   form_->Add(Text("Name"), name_, "accountEditSheet_Name_Field", kTextWidth);
@@ -68,6 +105,8 @@ AccountDialog::AccountDialog(AccountEditing& editing, QWidget* window)
   column->addWidget(note_);
   pages_->Add(kGeneralPage, Text("General"), general);
   pages_->Add(kTypesPage, Text("Types"), types_);
+  pages_->Add(kDescriptionsPage, Text("Descriptions"), descriptions_);
+  pages_->Add(kToFromsPage, Text("To and From"), to_froms_);
   Body().addWidget(pages_);
   for (QLineEdit* field :
        {name_, static_cast<QLineEdit*>(balance_), check_number_, password_, again_}) {
@@ -80,7 +119,7 @@ AccountDialog::AccountDialog(AccountEditing& editing, QWidget* window)
     Read();
     editing_.AccountEditSheet_OK();
     const auto& problem = editing_.State().problem;
-    if (problem) pages_->ShowPage(problem->field == kTypesField ? kTypesPage : kGeneralPage);
+    if (problem) pages_->ShowPage(PageOfField(problem->field));
     if (form_->FieldWithProblem() != nullptr) form_->FieldWithProblem()->setFocus();
   });
   name_->setFocus();
@@ -103,6 +142,8 @@ void AccountDialog::Read() {
 bool AccountDialog::EndEditing() {
   balance_->AddUp();
   types_->EndEditing();
+  descriptions_->EndEditing();
+  to_froms_->EndEditing();
   Read();
   return true;
 }
@@ -129,6 +170,8 @@ void AccountDialog::ShowState() {
     note_->setText(ToQString(state.security_note));
     if (!isVisible()) name_->selectAll();
     types_->Show();
+    descriptions_->Show();
+    to_froms_->Show();
   }
   ShowRefused();
 }

@@ -8,13 +8,13 @@ class QLineEdit;
 
 namespace tallyfold::desktop {
 
+class AccountTextsPage;
 class AccountTypesPage;
 class AmountField;
 class Form;
 class PageList;
 
-// An account's name, what it starts with, its password and its types. Its lists of texts stay as
-// they are.
+// An account's name, what it starts with, its password, its types and the texts it offers.
 class AccountDialog final : public SheetDialog {
  public:
   // `editing` must outlive the sheet.
@@ -38,6 +38,8 @@ class AccountDialog final : public SheetDialog {
   QLineEdit* again_;
   QLabel* note_;
   AccountTypesPage* types_;
+  AccountTextsPage* descriptions_;
+  AccountTextsPage* to_froms_;
 
   bool is_showing_ = false;
 };
