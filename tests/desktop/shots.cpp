@@ -213,6 +213,11 @@ void GrabAll(const QString& folder) {
     test.Settle();
     test.Find<QListWidget>("accountEditSheet_TabView")->setCurrentRow(1);
   });
+  show("account-descriptions", [](TestWindow& test) {
+    test.program->app().accountSheet().Account_Edit();
+    test.Settle();
+    test.Find<QListWidget>("accountEditSheet_TabView")->setCurrentRow(2);
+  });
   for (int page = 0; page < 9; ++page) {
     const QString name = QLatin1String("preferences-") + QString::number(page);
     Grab(folder, name, ExampleAccounts(), [page](TestWindow& test) {
