@@ -65,6 +65,7 @@ QWidget* AccountTextsPage::MakeList(const List& list) {
   texts->setObjectName(QLatin1String(list.name));
   texts->setAccessibleName(list.title);
   texts->setMinimumWidth(kLeastListWidth);
+  texts->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Expanding);
   lists_.push_back(texts);
   column->addWidget(texts, 1);
   auto* add = new QPushButton(Text("Add"), whole);
