@@ -95,6 +95,7 @@ SheetDialog* NewScheduleRemoval(SchedulesTab& schedules, QWidget* window) {
 void SetUpSheets(SheetHost& host, LDGRController& app) {
   SetUpEntrySheets(host, app);
   SetUpExchangeSheets(host, app);
+  SetUpScheduleSheets(host, app);
   host.Set(Sheet::Authentication,
            [&app](QWidget* window) { return NewPasswordOfApplication(app, window); });
   host.Set(Sheet::AccountAuthentication,

@@ -14,5 +14,7 @@ void SetUpSheets(SheetHost& host, LDGRController& app);
 void SetUpExchangeSheets(SheetHost& host, LDGRController& app);
 // Those of entries and accounts; part of SetUpSheets().
 void SetUpEntrySheets(SheetHost& host, LDGRController& app);
+// That of scheduled entries; part of SetUpSheets().
+void SetUpScheduleSheets(SheetHost& host, LDGRController& app);
 
 }  // namespace tallyfold::desktop

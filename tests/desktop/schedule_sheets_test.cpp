@@ -1,0 +1,67 @@
+#include <gtest/gtest.h>
+
+#include <QComboBox>
+#include <QLineEdit>
+
+#include "app/desk.h"
+#include "app/face/sheet_slot.h"
+#include "app/schedules/schedule_editing.h"
+#include "desktop/test_window.h"
+#include "model/account.h"
+
+namespace tallyfold::desktop {
+namespace {
+
+TEST(ScheduleSheet, MakesADebitThatEndsAfterSomeTimesAndRefusesWhatIsNoNumber) {
+  TestWindow test(ExampleAccounts());
+  ASSERT_TRUE(test.Launch());
+  LDGRController& app = test.program->app();
+  const auto account = app.desk().SelectedAccount();
+  const std::size_t count = account->GetSchedules().size();
+  ASSERT_TRUE(app.scheduleSheet().New(EntryKind::Debit));
+  test.Settle();
+  const auto type = [&test](const char* name, const char* text) {
+    auto* field = test.Find<QLineEdit>(name);
+    field->setFocus();
+    field->selectAll();
+    test.Type(text);
+  };
+  const auto choose = [&test](const char* name, const char* title) {
+    auto* pop_up = test.Find<QComboBox>(name);
+    pop_up->setCurrentIndex(pop_up->findText(QLatin1String(title)));
+  };
+  type("scheduleSheet_Start_Field", "03/31/26");
+  type("scheduleSheet_Description_Field", "Bins");
+  choose("scheduleSheet_Interval_PopUp", "Every ... Weeks");
+  choose("scheduleSheet_UntilType_PopUp", "A Number of Times");
+  const struct {
+    const char* field;
+    const char* bad;
+    const char* good;
+  } cases[] = {
+      {"scheduleSheet_Amount_Field", "7x", "7.25"},
+      {"scheduleSheet_Every_Field", "x", "2"},
+      {"scheduleSheet_Until_Field", "0", "3"},
+  };
+  for (const auto& each : cases) {
+    type(each.field, each.bad);
+    test.Click("scheduleSheet_OK_Button");
+    ASSERT_EQ(app.sheets().Current(), Sheet::Schedule) << each.field;
+    ASSERT_TRUE(app.scheduleSheet().State().problem) << each.field;
+    EXPECT_EQ(app.scheduleSheet().State().problem->field, each.field);
+    EXPECT_EQ(test.FocusName(), QLatin1String(each.field));
+    EXPECT_EQ(test.Find<QLineEdit>(each.field)->text(), QLatin1String(each.bad));
+    type(each.field, each.good);
+  }
+  EXPECT_EQ(test.Rows("scheduleSheet_Dates_Table"), 3);
+  test.Click("scheduleSheet_OK_Button");
+  ASSERT_EQ(app.sheets().Current(), Sheet::None);
+  ASSERT_EQ(account->GetSchedules().size(), count + 1);
+  const auto& made = account->GetSchedules().back();
+  EXPECT_EQ(made->GetDescription(), "Bins");
+  EXPECT_EQ(made->GetAmount(), -7.25);
+  EXPECT_EQ(made->GetDate(), 20260331);
+}
+
+}  // namespace
+}  // namespace tallyfold::desktop
