@@ -1,18 +1,22 @@
 #include <gtest/gtest.h>
 
+#include <QCheckBox>
 #include <QComboBox>
 #include <QLineEdit>
+#include <QTableWidget>
+#include <algorithm>
 
 #include "app/desk.h"
 #include "app/face/sheet_slot.h"
 #include "app/schedules/schedule_editing.h"
+#include "app/schedules/schedule_reminder.h"
 #include "desktop/test_window.h"
 #include "model/account.h"
 
 namespace tallyfold::desktop {
 namespace {
 
-TEST(ScheduleSheet, MakesADebitThatEndsAfterSomeTimesAndRefusesWhatIsNoNumber) {
+TEST(ScheduleSheet, MakesADebitRefusesWhatIsNoNumberAndTheReminderCommitsIt) {
   TestWindow test(ExampleAccounts());
   ASSERT_TRUE(test.Launch());
   LDGRController& app = test.program->app();
@@ -61,6 +65,31 @@ TEST(ScheduleSheet, MakesADebitThatEndsAfterSomeTimesAndRefusesWhatIsNoNumber) {
   EXPECT_EQ(made->GetDescription(), "Bins");
   EXPECT_EQ(made->GetAmount(), -7.25);
   EXPECT_EQ(made->GetDate(), 20260331);
+
+  // Looked ahead to its three days, and the first of them committed with another amount.
+  const std::size_t entries = account->GetEntries().size();
+  ASSERT_TRUE(app.reminder().Open());
+  test.Settle();
+  type("scheduleReminderSheet_LookAhead", "90");
+  app.reminder().MarkAll(false);
+  const auto& rows = app.reminder().State().rows;
+  const auto row =
+      std::find_if(rows.begin(), rows.end(),
+                   [&made](const ReminderRow& each) { return each.schedule == made; }) -
+      rows.begin();
+  ASSERT_LT(row, static_cast<std::ptrdiff_t>(rows.size()));
+  auto* table = test.Find<QTableWidget>("scheduleReminderSheet_Table");
+  auto* amount = qobject_cast<QLineEdit*>(table->cellWidget(static_cast<int>(row), 5));
+  qobject_cast<QCheckBox*>(table->cellWidget(static_cast<int>(row), 0))->setChecked(true);
+  amount->setText(QStringLiteral("8x"));
+  test.Click("scheduleReminderSheet_Commit_Button");
+  ASSERT_EQ(app.sheets().Current(), Sheet::ScheduleReminder);
+  EXPECT_FALSE(amount->accessibleDescription().isEmpty());
+  amount->setText(QStringLiteral("8.50"));
+  test.Click("scheduleReminderSheet_Commit_Button");
+  ASSERT_EQ(app.sheets().Current(), Sheet::None);
+  ASSERT_EQ(account->GetEntries().size(), entries + 1);
+  EXPECT_EQ(account->GetEntries().back()->GetAmount(), -8.5);
 }
 
 }  // namespace
