@@ -79,13 +79,21 @@ TEST(ScheduleSheet, MakesADebitRefusesWhatIsNoNumberAndTheReminderCommitsIt) {
       rows.begin();
   ASSERT_LT(row, static_cast<std::ptrdiff_t>(rows.size()));
   auto* table = test.Find<QTableWidget>("scheduleReminderSheet_Table");
-  auto* amount = qobject_cast<QLineEdit*>(table->cellWidget(static_cast<int>(row), 5));
+  // The rows are made anew with the look-ahead.
+  const auto amount = [table, row] {
+    return qobject_cast<QLineEdit*>(table->cellWidget(static_cast<int>(row), 5));
+  };
   qobject_cast<QCheckBox*>(table->cellWidget(static_cast<int>(row), 0))->setChecked(true);
-  amount->setText(QStringLiteral("8x"));
+  amount()->setText(QStringLiteral("8x"));
   test.Click("scheduleReminderSheet_Commit_Button");
   ASSERT_EQ(app.sheets().Current(), Sheet::ScheduleReminder);
-  EXPECT_FALSE(amount->accessibleDescription().isEmpty());
-  amount->setText(QStringLiteral("8.50"));
+  EXPECT_FALSE(amount()->accessibleDescription().isEmpty());
+  auto* look_ahead = test.Find<QLineEdit>("scheduleReminderSheet_LookAhead");
+  look_ahead->setFocus();
+  look_ahead->end(false);
+  test.Type("5");
+  EXPECT_EQ(amount()->text(), QLatin1String("8x"));
+  amount()->setText(QStringLiteral("8.50"));
   test.Click("scheduleReminderSheet_Commit_Button");
   ASSERT_EQ(app.sheets().Current(), Sheet::None);
   ASSERT_EQ(account->GetEntries().size(), entries + 1);

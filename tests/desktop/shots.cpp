@@ -21,6 +21,7 @@
 #include "app/exchange/qif_import_command.h"
 #include "app/face/sheet_slot.h"
 #include "app/schedules/schedule_editing.h"
+#include "app/schedules/schedule_reminder.h"
 #include "app/shell/tabs.h"
 #include "app/shell/update_check.h"
 #include "app/views/account_summary_sheet.h"
@@ -136,6 +137,10 @@ void GrabAll(const QString& folder) {
     test.program->app().scheduleSheet().New(EntryKind::Deposit);
     test.Find<QLineEdit>("scheduleSheet_Start_Field")->setText(QStringLiteral("03/31/26"));
     test.Find<QLineEdit>("scheduleSheet_Description_Field")->setText(QStringLiteral("Pay"));
+  });
+  show("reminder", [](TestWindow& test) {
+    static_cast<void>(test.program->app().reminder().Open());
+    test.program->app().reminder().scheduleReminderSheet_LookAhead("14");
   });
   show("import-options", [](TestWindow& test) { OpenImport(test); });
   show("import-review", [](TestWindow& test) {

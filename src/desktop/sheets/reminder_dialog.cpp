@@ -11,6 +11,9 @@
 #include <QTableWidget>
 #include <QVBoxLayout>
 #include <algorithm>
+#include <map>
+#include <tuple>
+#include <utility>
 
 #include "app/desk.h"
 #include "app/face/message.h"
@@ -29,6 +32,12 @@ namespace {
 enum Column { kMark, kDate, kType, kDescription, kToFrom, kAmount, kColumns };
 constexpr int kWidth = 900;
 constexpr int kTableHeight = 240;
+
+using Key = std::tuple<const LDGRAccountSchedule*, DateNumber, DateNumber, std::size_t>;
+
+Key KeyOf(const ReminderRow& row) {
+  return {row.schedule.get(), row.days.front(), row.days.back(), row.days.size()};
+}
 
 bool AreSameRow(const ReminderRow& a, const ReminderRow& b) {
   return a.schedule == b.schedule && a.days == b.days;
@@ -161,6 +170,11 @@ ReminderRow::Typed ReminderDialog::TypedIn(int row) const {
   return typed;
 }
 
+QString ReminderDialog::TextIn(int row, int column) const {
+  const auto* field = static_cast<QLineEdit*>(table_->cellWidget(row, column));
+  return field == nullptr ? QString() : field->text();
+}
+
 void ReminderDialog::Read() {
   if (is_showing_ || !reminder_.State().is_open) return;
   std::vector<ReminderRow::Typed> rows;
@@ -196,10 +210,25 @@ void ReminderDialog::ShowState() {
 void ReminderDialog::ShowRows() {
   const auto& rows = reminder_.State().rows;
   if (!std::equal(rows.begin(), rows.end(), shown_.begin(), shown_.end(), AreSameRow)) {
+    // What was typed stays as it was typed, also where it cannot be read.
+    std::map<Key, std::pair<QString, QString>> typed;
+    for (int row = 0; row < table_->rowCount(); ++row) {
+      typed[KeyOf(shown_[static_cast<std::size_t>(row)])] = {TextIn(row, kDate),
+                                                             TextIn(row, kAmount)};
+    }
     shown_ = rows;
     table_->setRowCount(0);
     table_->setRowCount(static_cast<int>(rows.size()));
-    for (int row = 0; row < table_->rowCount(); ++row) MakeRow(row);
+    for (int row = 0; row < table_->rowCount(); ++row) {
+      MakeRow(row);
+      const auto known = typed.find(KeyOf(rows[static_cast<std::size_t>(row)]));
+      if (known == typed.end()) continue;
+      for (const Column column : {kDate, kAmount}) {
+        auto* field = static_cast<QLineEdit*>(table_->cellWidget(row, column));
+        if (field == nullptr) continue;
+        field->setText(column == kDate ? known->second.first : known->second.second);
+      }
+    }
   }
   for (int row = 0; row < table_->rowCount(); ++row) {
     static_cast<QCheckBox*>(table_->cellWidget(row, kMark))

@@ -34,6 +34,8 @@ class ReminderDialog final : public SheetDialog {
   void ShowRefused();
   void Read();
   [[nodiscard]] ReminderRow::Typed TypedIn(int row) const;
+  // Of a field in a cell; "" where there is none.
+  [[nodiscard]] QString TextIn(int row, int column) const;
 
   ScheduleReminder& reminder_;
   const Desk& desk_;
