@@ -96,6 +96,7 @@ void SetUpSheets(SheetHost& host, LDGRController& app) {
   SetUpEntrySheets(host, app);
   SetUpExchangeSheets(host, app);
   SetUpPreferenceSheets(host, app);
+  SetUpScheduleSheets(host, app);
   host.Set(Sheet::Authentication,
            [&app](QWidget* window) { return NewPasswordOfApplication(app, window); });
   host.Set(Sheet::AccountAuthentication,

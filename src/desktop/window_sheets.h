@@ -16,5 +16,7 @@ void SetUpExchangeSheets(SheetHost& host, LDGRController& app);
 void SetUpEntrySheets(SheetHost& host, LDGRController& app);
 // That of the preferences; part of SetUpSheets().
 void SetUpPreferenceSheets(SheetHost& host, LDGRController& app);
+// That of scheduled entries; part of SetUpSheets().
+void SetUpScheduleSheets(SheetHost& host, LDGRController& app);
 
 }  // namespace tallyfold::desktop

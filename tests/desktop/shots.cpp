@@ -22,6 +22,8 @@
 #include "app/exchange/export_commands.h"
 #include "app/exchange/qif_import_command.h"
 #include "app/face/sheet_slot.h"
+#include "app/schedules/schedule_editing.h"
+#include "app/schedules/schedule_reminder.h"
 #include "app/shell/preferences_sheet.h"
 #include "app/shell/tabs.h"
 #include "app/shell/update_check.h"
@@ -133,6 +135,15 @@ void GrabAll(const QString& folder) {
     test.program->app().entries().New(EntryKind::Transfer);
     test.Click("transferSheet_Amount_Field");
     test.Type("300");
+  });
+  show("schedule-sheet", [](TestWindow& test) {
+    test.program->app().scheduleSheet().New(EntryKind::Deposit);
+    test.Find<QLineEdit>("scheduleSheet_Start_Field")->setText(QStringLiteral("03/31/26"));
+    test.Find<QLineEdit>("scheduleSheet_Description_Field")->setText(QStringLiteral("Pay"));
+  });
+  show("reminder", [](TestWindow& test) {
+    static_cast<void>(test.program->app().reminder().Open());
+    test.program->app().reminder().scheduleReminderSheet_LookAhead("14");
   });
   show("import-options", [](TestWindow& test) { OpenImport(test); });
   show("import-review", [](TestWindow& test) {

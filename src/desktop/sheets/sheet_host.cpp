@@ -2,7 +2,6 @@
 
 #include "app/face/sheet_slot.h"
 #include "desktop/sheets/sheet.h"
-#include "desktop/sheets/unmade_sheet.h"
 
 namespace tallyfold::desktop {
 
@@ -23,8 +22,7 @@ void SheetHost::Show() {
     if (had_keys) Below().activateWindow();
   }
   if (wanted == Sheet::None) return;
-  const auto make = makers_.find(wanted);
-  dialog_ = make != makers_.end() ? make->second(&Below()) : new UnmadeSheet(slot_, &Below());
+  dialog_ = makers_.at(wanted)(&Below());
   dialog_->Open();
 }
 

@@ -28,7 +28,7 @@ class SheetHost final {
   SheetHost(const SheetHost&) = delete;
   SheetHost& operator=(const SheetHost&) = delete;
 
-  // How that sheet is made.
+  // How that sheet is made. All must be set before one opens.
   void Set(Sheet sheet, Make make) { makers_[sheet] = std::move(make); }
 
   // Sheets open over that window in place of the one they are of, while it is there; null for none.

@@ -1,0 +1,85 @@
+#pragma once
+
+#include <optional>
+
+#include "app/face/problem.h"
+#include "app/schedules/schedule_sheet_state.h"
+#include "desktop/fields/combo_box_cell.h"
+#include "desktop/sheets/sheet.h"
+
+class QCheckBox;
+class QComboBox;
+class QLineEdit;
+class QPlainTextEdit;
+class QPushButton;
+class QStackedWidget;
+class QTreeWidget;
+
+namespace tallyfold {
+class Desk;
+class ScheduleEditing;
+}  // namespace tallyfold
+
+namespace tallyfold::desktop {
+
+class AmountField;
+class DateField;
+class Form;
+class SplitTable;
+
+// A scheduled entry: what is entered and when, and beside it the dates it comes to, or the lines of
+// its split.
+class ScheduleDialog final : public SheetDialog {
+ public:
+  // Both must outlive the sheet.
+  ScheduleDialog(ScheduleEditing& editing, const Desk& desk, QWidget* window);
+
+  void ShowState() override;
+  [[nodiscard]] bool EndEditing() override;
+  void Cancel() override;
+
+ private:
+  void MakeEntryFields();
+  void MakeTransferFields();
+  void MakeRule();
+  QWidget* MakeDates();
+  QWidget* MakeSplit();
+  QComboBox* AddPopUp(const QString& label, const char* name);
+  void Connect();
+  void Read();
+  void OK();
+  void ShowAmount(const std::optional<double>& amount);
+  void ShowUntil();
+  void ShowDates();
+  [[nodiscard]] std::optional<double> TypedAmount() const;
+  [[nodiscard]] const ScheduleSheetState::Typed& Typed() const;
+
+  ScheduleEditing& editing_;
+  const Desk& desk_;
+  Form* form_;
+  DateField* start_;
+  QComboBox* type_ = nullptr;
+  QComboBox* direction_ = nullptr;
+  QComboBox* account_ = nullptr;
+  AmountField* amount_;
+  QPushButton* split_button_ = nullptr;
+  LDGRComboBoxCell* description_;
+  LDGRComboBoxCell* to_from_ = nullptr;
+  QCheckBox* check_ = nullptr;
+  QCheckBox* tax_;
+  QPlainTextEdit* notes_;
+  QComboBox* interval_ = nullptr;
+  QLineEdit* every_;
+  QComboBox* until_type_ = nullptr;
+  QLineEdit* until_count_;
+  DateField* until_date_;
+  QCheckBox* friday_;
+  QStackedWidget* side_ = nullptr;
+  QTreeWidget* dates_ = nullptr;
+  SplitTable* split_ = nullptr;
+  std::optional<Problem> shown_problem_;
+  bool is_showing_ = false;
+  bool has_begun_ = false;
+};
+
+}  // namespace tallyfold::desktop
