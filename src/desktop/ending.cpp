@@ -50,10 +50,12 @@ bool Ending::IsSaved() {
 
 Ending::Outcome Ending::Save(Asker asker) {
   PutAway();
+  if (asker == Asker::Nobody) nobody_is_asked_ = true;
   for (;;) {
     app_.lifecycle().applicationWillTerminate();
     if (IsSaved()) return Outcome::Saved;
-    if (asker == Asker::Nobody) return Outcome::Unsaved;
+    // Whoever is asked may have gone meanwhile, and the question with them.
+    if (nobody_is_asked_) return Outcome::Unsaved;
     const std::size_t answer = alerts_.Run(
         {LocalizedText("Not everything could be saved."),
          Reasons(app_.accountsStore(), app_.preferencesStore()),

@@ -31,6 +31,7 @@ class Ending {
 
   LDGRController& app_;
   Alerts& alerts_;
+  bool nobody_is_asked_ = false;
 };
 
 }  // namespace tallyfold::desktop

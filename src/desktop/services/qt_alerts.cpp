@@ -1,8 +1,10 @@
 #include "desktop/services/qt_alerts.h"
 
+#include <QAbstractButton>
 #include <QApplication>
 #include <QMessageBox>
 #include <QPushButton>
+#include <algorithm>
 #include <vector>
 
 #include "desktop/texts.h"
@@ -34,11 +36,11 @@ std::size_t QtAlerts::Run(const AlertRequest& request) {
   ++depth_;
   box.exec();
   --depth_;
-  for (std::size_t i = 0; i < buttons.size(); ++i) {
-    if (box.clickedButton() == buttons[i]) return i;
-  }
-  // The box was taken away with the program's end: the answer that does least.
-  return buttons.size() - 1;
+  // A box that was taken away with the program's end is answered as by Escape.
+  const QAbstractButton* const answer =
+      box.clickedButton() != nullptr ? box.clickedButton() : box.escapeButton();
+  const auto found = std::find(buttons.begin(), buttons.end(), answer);
+  return static_cast<std::size_t>(found - buttons.begin());
 }
 
 }  // namespace tallyfold::desktop

@@ -11,6 +11,7 @@
 #include <QPushButton>
 #include <QSignalBlocker>
 #include <algorithm>
+#include <cmath>
 #include <memory>
 #include <optional>
 
@@ -43,7 +44,7 @@ std::optional<double> NumberIn(const QLineEdit& field) {
 
 // Numbers are stored in single precision.
 QString NumberText(double number) {
-  return NumberLocale().toString(number, 'g', number == static_cast<std::int64_t>(number) ? 12 : 6);
+  return NumberLocale().toString(number, 'g', number == std::trunc(number) ? 12 : 6);
 }
 
 }  // namespace
