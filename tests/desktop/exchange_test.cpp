@@ -24,10 +24,6 @@
 namespace tallyfold::desktop {
 namespace {
 
-QString operator""_q(const char* text, std::size_t) {
-  return QString::fromUtf8(text);
-}
-
 class Exchange : public testing::Test {
  protected:
   Exchange() : test(ExampleAccounts()) {

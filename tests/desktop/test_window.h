@@ -74,6 +74,11 @@ struct TestWindow {
   std::unique_ptr<Program> program;
 };
 
+// What a widget shows, as a literal of UTF-8.
+[[nodiscard]] inline QString operator""_q(const char* text, std::size_t size) {
+  return QString::fromUtf8(text, static_cast<qsizetype>(size));
+}
+
 // The household of the examples: the accounts "Joint checking", shown first, "Savings" and "Cash".
 [[nodiscard]] std::string ExampleAccounts();
 

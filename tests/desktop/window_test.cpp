@@ -28,10 +28,6 @@ namespace {
 using std::chrono::milliseconds;
 using std::chrono::seconds;
 
-QString operator""_q(const char* text, std::size_t) {
-  return QString::fromUtf8(text);
-}
-
 int CurrentRow(const char* table) {
   return TestWindow::Find<QTableView>(table)->currentIndex().row();
 }

@@ -21,7 +21,7 @@ namespace {
 constexpr int kNoteRole = Qt::UserRole;
 constexpr int kTypedRole = Qt::UserRole + 1;
 constexpr int kMostLines = 10;
-constexpr int kInset = 4;
+constexpr int kListInset = 4;
 
 // Where the typed text stands in another, by characters, whatever their case; -1 for nowhere.
 qsizetype PlaceOf(const QString& typed, const QString& text) {
@@ -125,7 +125,7 @@ CompletionList::CompletionList(QWidget* field)
   setMouseTracking(true);
   setEditTriggers(NoEditTriggers);
   setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-  setViewportMargins(kInset, kInset, kInset, kInset);
+  setViewportMargins(kListInset, kListInset, kListInset, kListInset);
   setAccessibleName(Text("Completions"));
 }
 
@@ -148,7 +148,7 @@ void CompletionList::Show(std::vector<std::string> texts, const QString& typed, 
 void CompletionList::Place() {
   setFont(field_->font());
   const int lines = std::min(lines_->rowCount(), kMostLines);
-  const int height = lines * MenuItemHeight(fontMetrics()) + 2 * (kInset + frameWidth());
+  const int height = lines * MenuItemHeight(fontMetrics()) + 2 * (kListInset + frameWidth());
   const QPoint below = field_->mapToGlobal(QPoint(0, field_->height() + 2));
   QRect place(below, QSize(field_->width(), height));
   if (const QScreen* screen = field_->screen();

@@ -20,7 +20,7 @@ namespace {
 constexpr int kWidth = 316;
 constexpr int kLeastWidth = 200;
 constexpr int kRuleHeight = 18;
-constexpr int kInset = 2;
+constexpr int kSearchInset = 2;
 
 }  // namespace
 
@@ -97,11 +97,11 @@ void SearchField::LayOut() {
     part->setGeometry(QStyle::visualRect(layoutDirection(), rect(), at));
   };
   const int filter = FilterWidth();
-  place(filter_, kInset, filter, kInset);
-  const int text = kInset + filter + 1 + kGap + kIconSize + kGap;
+  place(filter_, kSearchInset, filter, kSearchInset);
+  const int text = kSearchInset + filter + 1 + kGap + kIconSize + kGap;
   const int end = clear_->isVisibleTo(this) ? height() : kGap;
-  place(field_, text, std::max(0, width() - text - end), kInset);
-  place(clear_, width() - height() + kInset, height() - 2 * kInset, kInset);
+  place(field_, text, std::max(0, width() - text - end), kSearchInset);
+  place(clear_, width() - height() + kSearchInset, height() - 2 * kSearchInset, kSearchInset);
   update();
 }
 
@@ -115,7 +115,7 @@ void SearchField::paintEvent(QPaintEvent*) {
                  : is_enabled ? Role::Edge
                               : Role::Rule],
           has_focus ? kRing : 1.0);
-  const int x = kInset + FilterWidth();
+  const int x = kSearchInset + FilterWidth();
   const QRect rule(x, (height() - kRuleHeight) / 2, 1, kRuleHeight);
   DrawRuleBefore(painter, QStyle::visualRect(layoutDirection(), rect(), rule), colors[Role::Rule]);
   const QRect glass(x + 1 + kGap, (height() - kIconSize) / 2, kIconSize, kIconSize);

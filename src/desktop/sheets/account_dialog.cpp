@@ -19,7 +19,7 @@
 namespace tallyfold::desktop {
 namespace {
 
-constexpr int kFormWidth = 440;
+constexpr int kAccountFormWidth = 440;
 constexpr int kTextWidth = 260;
 constexpr const char* kGeneralPage = "general";
 constexpr const char* kTypesPage = "types";
@@ -60,7 +60,7 @@ AccountTextsPage::Parts PartsOfToFroms() {
 }
 
 // None where it is no whole number of 32 bits.
-std::optional<std::int32_t> NumberIn(const QLineEdit& field) {
+std::optional<std::int32_t> WholeNumberIn(const QLineEdit& field) {
   bool is_number = false;
   const int number = field.text().trimmed().toInt(&is_number);
   return is_number ? std::optional<std::int32_t>(number) : std::nullopt;
@@ -85,7 +85,7 @@ AccountDialog::AccountDialog(AccountEditing& editing, QWidget* window)
       descriptions_(new AccountTextsPage(editing, PartsOfDescriptions(), this)),
       to_froms_(new AccountTextsPage(editing, PartsOfToFroms(), this)) {
   setObjectName(QLatin1String("accountEditSheet"));
-  form_->setMinimumWidth(kFormWidth);
+  form_->setMinimumWidth(kAccountFormWidth);
   form_->Add(Text("Name"), name_, "accountEditSheet_Name_Field", kTextWidth);
   form_->Add(Text("Starting balance"), balance_, "accountEditSheet_StartingBalance_Field",
              kAmountFieldWidth);
@@ -132,7 +132,7 @@ void AccountDialog::Read() {
   typed.name = ToUtf8(name_->text());
   typed.starting_balance =
       balance_->text().trimmed().isEmpty() ? std::optional(0.0) : balance_->Amount();
-  typed.starting_check_number = NumberIn(*check_number_);
+  typed.starting_check_number = WholeNumberIn(*check_number_);
   typed.password = ToUtf8(password_->text());
   typed.password_again = ToUtf8(again_->text());
   editing_.Read(std::move(typed));
@@ -162,7 +162,8 @@ void AccountDialog::ShowState() {
     if (typed.starting_balance && balance_->Amount() != typed.starting_balance) {
       show(balance_, ToQString(FixedAmountString(*typed.starting_balance)));
     }
-    if (typed.starting_check_number && NumberIn(*check_number_) != typed.starting_check_number) {
+    if (typed.starting_check_number &&
+        WholeNumberIn(*check_number_) != typed.starting_check_number) {
       show(check_number_, QString::number(*typed.starting_check_number));
     }
     show(password_, ToQString(typed.password));

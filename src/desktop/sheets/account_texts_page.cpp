@@ -17,7 +17,7 @@
 namespace tallyfold::desktop {
 namespace {
 
-constexpr int kPopUpWidth = 200;
+constexpr int kStyleWidth = 200;
 constexpr int kLeastListWidth = 140;
 
 std::optional<std::int32_t> CountIn(const QLineEdit& field) {
@@ -36,7 +36,7 @@ AccountTextsPage::AccountTextsPage(AccountEditing& editing, Parts parts, QWidget
     style_->addItem(Text(title));
   }
   count_ = new QLineEdit(form);
-  form->Add(Text("Offer"), style_, parts_.style_name, kPopUpWidth);
+  form->Add(Text("Offer"), style_, parts_.style_name, kStyleWidth);
   form->Add(Text("How many of them"), count_, parts_.count_name, kNumberFieldWidth);
   connect(style_, &QComboBox::currentIndexChanged, this, [this](int style) {
     Change([this, style](Typed& typed) { typed.*parts_.style = style; });

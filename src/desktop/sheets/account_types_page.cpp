@@ -22,11 +22,11 @@ using TypeRow = AccountEditSheetState::TypeRow;
 
 constexpr int kNameColumn = 0;
 constexpr int kKindColumn = 1;
-constexpr int kPopUpWidth = 200;
+constexpr int kDefaultTypeWidth = 200;
 constexpr int kLeastTableHeight = 240;
-enum Kind { kDebit = 0, kCheck = 1, kDeposit = 2 };
+enum TypeKind { kDebit = 0, kCheck = 1, kDeposit = 2 };
 
-Kind KindOf(const TypeRow& row) {
+TypeKind KindOf(const TypeRow& row) {
   if (row.is_deposit) return kDeposit;
   return row.is_check ? kCheck : kDebit;
 }
@@ -92,9 +92,9 @@ AccountTypesPage::AccountTypesPage(AccountEditing& editing, QWidget* parent)
   debit_ = new QComboBox(form);
   deposit_ = new QComboBox(form);
   form->Add(Text("New debits begin with"), debit_, "accountEditSheet_DefaultDebitType_PopUp",
-            kPopUpWidth);
+            kDefaultTypeWidth);
   form->Add(Text("New deposits begin with"), deposit_, "accountEditSheet_DefaultDepositType_PopUp",
-            kPopUpWidth);
+            kDefaultTypeWidth);
   connect(debit_, &QComboBox::currentIndexChanged, this, [this] {
     Change([this](Typed& typed) { typed.default_debit_type = debit_->currentData().toInt(); });
   });

@@ -17,12 +17,12 @@ namespace tallyfold::desktop {
 namespace {
 
 constexpr int kSideMargin = 14;
-constexpr int kTopMargin = 12;
-constexpr int kBottomMargin = 8;
+constexpr int kCardTop = 12;
+constexpr int kCardBottom = 8;
 // Between the right edges of "Now" and "After".
 constexpr int kFiguresApart = 128;
 // At most that of an account and the other one.
-constexpr int kLines = 2;
+constexpr int kBalanceLines = 2;
 
 }  // namespace
 
@@ -40,12 +40,12 @@ BalanceCard::BalanceCard(QWidget* parent)
   head->addWidget(icon, 0, Qt::AlignTop);
   head->addWidget(sentence_, 1);
   auto* column = new QVBoxLayout(this);
-  column->setContentsMargins(kSideMargin, kTopMargin, kSideMargin, kBottomMargin);
+  column->setContentsMargins(kSideMargin, kCardTop, kSideMargin, kCardBottom);
   column->setSpacing(kGap);
   column->addLayout(head);
   column->addWidget(lines_area_);
   lines_area_->setFixedHeight(HeaderHeight(QFontMetrics(SmallFont(font()))) +
-                              kLines * RowHeight(fontMetrics()));
+                              kBalanceLines * RowHeight(fontMetrics()));
 }
 
 void BalanceCard::Show(const TransferSheetState& state, const LDGRPreferences& preferences) {

@@ -16,7 +16,7 @@
 namespace tallyfold::desktop {
 namespace {
 
-constexpr int kPopUpWidth = 280;
+constexpr int kExportPopUpWidth = 280;
 constexpr int kMostItems = 16;
 
 // A pop-up of the form; `choose` gets the tag of what is chosen.
@@ -26,7 +26,7 @@ void AddPopUp(Form& form, const QString& label, const char* name,
   auto* pop_up = new QComboBox(&form);
   pop_up->setMaxVisibleItems(kMostItems);
   ShowItems(*pop_up, items, selected);
-  form.Add(label, pop_up, name, kPopUpWidth);
+  form.Add(label, pop_up, name, kExportPopUpWidth);
   QObject::connect(pop_up, &QComboBox::currentIndexChanged, pop_up, [pop_up, choose](int index) {
     if (index >= 0) choose(pop_up->itemData(index).toInt());
   });

@@ -22,10 +22,10 @@
 namespace tallyfold::desktop {
 namespace {
 
-constexpr int kWidth = 1000;
-constexpr int kFormWidth = 380;
+constexpr int kOptionsWidth = 1000;
+constexpr int kOptionsFormWidth = 380;
 constexpr int kSeparatorWidth = 40;
-constexpr int kAccountWidth = 220;
+constexpr int kImportAccountWidth = 220;
 constexpr int kSwapWidth = 160;
 constexpr int kFormatsInSight = 7;
 constexpr int kSamplesInSight = 3;
@@ -88,7 +88,7 @@ ImportOptionsSheet::ImportOptionsSheet(LDGRQIFImportController& import, QWidget*
       formats_(new LookTable(this)),
       rows_(new LookTable(this)) {
   setObjectName(QLatin1String("importOptions_Sheet"));
-  SetWantedWidth(kWidth);
+  SetWantedWidth(kOptionsWidth);
   heading_->setObjectName(QLatin1String("importOptions_Title"));
   heading_->setTextFormat(Qt::PlainText);
   heading_->setFont(DemiBoldFont(LargerFont(font(), kSheetHeadingPoints)));
@@ -130,9 +130,10 @@ ImportOptionsSheet::ImportOptionsSheet(LDGRQIFImportController& import, QWidget*
 }
 
 void ImportOptionsSheet::MakeForm() {
-  form_->SetLeastWidth(kFormWidth);
-  encodings_->setMinimumWidth(kFormWidth);
-  form_->Add(Text("Account in the file"), account_, "importOptions_Account_PopUp", kAccountWidth);
+  form_->SetLeastWidth(kOptionsFormWidth);
+  encodings_->setMinimumWidth(kOptionsFormWidth);
+  form_->Add(Text("Account in the file"), account_, "importOptions_Account_PopUp",
+             kImportAccountWidth);
   form_->Add(Text("Date format"), format_, "importOptions_DateFormat_PopUp", kSwapWidth);
   decimal_->setObjectName(QLatin1String("importOptions_DecimalSeparator_Field"));
   decimal_->setFixedWidth(kSeparatorWidth);

@@ -14,7 +14,7 @@
 namespace tallyfold::desktop {
 namespace {
 
-constexpr int kWidth = 420;
+constexpr int kUnlockWidth = 420;
 constexpr int kLockSize = 32;
 
 }  // namespace
@@ -29,7 +29,7 @@ PasswordDialog::PasswordDialog(Parts parts, QWidget* window)
   title_->setTextFormat(Qt::PlainText);
   title_->setWordWrap(true);
   title_->setBuddy(field_);
-  title_->setMinimumWidth(kWidth - 2 * kSheetMargin - kLockSize - kGroupGap);
+  title_->setMinimumWidth(kUnlockWidth - 2 * kSheetMargin - kLockSize - kGroupGap);
   field_->setObjectName(name("_Password_Field"));
   field_->setEchoMode(QLineEdit::Password);
   field_->setAccessibleName(Text("Password"));

@@ -16,8 +16,8 @@
 namespace tallyfold::desktop {
 namespace {
 
-constexpr int kWidth = 800;
-constexpr int kFormWidth = 520;
+constexpr int kPreferencesWidth = 800;
+constexpr int kPageFormWidth = 520;
 constexpr int kPasswordWidth = 240;
 constexpr std::string_view kRegistersTab = "registers";
 constexpr std::string_view kPasswordAgain = "preferencesSheet_PasswordAgain_Field";
@@ -42,7 +42,7 @@ PreferencesDialog::PreferencesDialog(PreferencesSheet& sheet, const Items& items
                                  Text("Default Appearance"))),
       ok_(nullptr) {
   setObjectName(QLatin1String("preferencesSheet"));
-  SetWantedWidth(kWidth);
+  SetWantedWidth(kPreferencesWidth);
   AddEntries();
   AddWindow(items);
   AddRegisters();
@@ -64,7 +64,7 @@ PreferencesDialog::PreferencesDialog(PreferencesSheet& sheet, const Items& items
 
 Form& PreferencesDialog::AddPage(std::string_view identifier, const QString& title) {
   auto* form = new Form(this);
-  form->SetLeastWidth(kFormWidth);
+  form->SetLeastWidth(kPageFormWidth);
   forms_.push_back(form);
   pages_->Add(identifier, title, form);
   return *form;

@@ -11,7 +11,7 @@
 namespace tallyfold::desktop {
 namespace {
 
-constexpr int kWidth = 420;
+constexpr int kQuestionWidth = 420;
 
 }  // namespace
 
@@ -20,7 +20,7 @@ QuestionSheet::QuestionSheet(Question question, QWidget* window)
   text_->setObjectName(QLatin1String("question_Label"));
   text_->setTextFormat(Qt::PlainText);
   text_->setWordWrap(true);
-  text_->setMinimumWidth(kWidth - 2 * kSheetMargin);
+  text_->setMinimumWidth(kQuestionWidth - 2 * kSheetMargin);
   Body().addWidget(text_);
   for (const Answer& answer : question_.answers) {
     connect(AddButton(answer.name, answer.title, answer.is_default), &QPushButton::clicked, this,

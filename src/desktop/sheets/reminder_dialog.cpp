@@ -30,7 +30,7 @@ namespace tallyfold::desktop {
 namespace {
 
 enum Column { kMark, kDate, kType, kDescription, kToFrom, kAmount, kColumns };
-constexpr int kWidth = 900;
+constexpr int kReminderWidth = 900;
 constexpr int kTableHeight = 240;
 
 using Key = std::tuple<const LDGRAccountSchedule*, DateNumber, DateNumber, std::size_t>;
@@ -56,7 +56,7 @@ ReminderDialog::ReminderDialog(ScheduleReminder& reminder, const Desk& desk, QWi
       balance_mode_(new QComboBox(this)),
       balance_(new QLabel(this)) {
   setObjectName(QLatin1String("scheduleReminderSheet"));
-  SetWantedWidth(kWidth);
+  SetWantedWidth(kReminderWidth);
   for (QLabel* label : {sentence_, balance_}) {
     label->setTextFormat(Qt::PlainText);
     label->setFont(DemiBoldFont(LargerFont(font(), kStatusFigurePoints)));

@@ -25,17 +25,17 @@
 namespace tallyfold::desktop {
 namespace {
 
-constexpr int kWidth = 1080;
+constexpr int kReviewWidth = 1080;
 constexpr int kLeastRows = 7;
 
-QLabel* PlainLabel(const char* name, QWidget* parent) {
+QLabel* ReviewLabel(const char* name, QWidget* parent) {
   auto* label = new QLabel(parent);
   label->setObjectName(QLatin1String(name));
   label->setTextFormat(Qt::PlainText);
   return label;
 }
 
-void SetInk(QWidget* widget, const QColor& color) {
+void SetTextColor(QWidget* widget, const QColor& color) {
   QPalette palette = widget->palette();
   palette.setColor(QPalette::WindowText, color);
   widget->setPalette(palette);
@@ -47,13 +47,13 @@ ReviewSheet::ReviewSheet(const Parts& parts, QWidget* window)
     : SheetDialog(window, Text("Import")),
       parts_(parts),
       details_(parts.import),
-      heading_(PlainLabel("import_Title", this)),
-      facts_(PlainLabel("import_Facts", this)),
+      heading_(ReviewLabel("import_Title", this)),
+      facts_(ReviewLabel("import_Facts", this)),
       table_(new RegisterView(parts.import.tableDataSource().Table(), this)),
       comparison_(new ReviewComparison(this)),
-      total_(PlainLabel("importTotal_Field", this)) {
+      total_(ReviewLabel("importTotal_Field", this)) {
   setObjectName(QLatin1String("import_Window"));
-  SetWantedWidth(kWidth);
+  SetWantedWidth(kReviewWidth);
   LayOut();
   ConnectTable();
   ConnectButtons();
@@ -63,7 +63,7 @@ ReviewSheet::ReviewSheet(const Parts& parts, QWidget* window)
 void ReviewSheet::LayOut() {
   heading_->setFont(DemiBoldFont(LargerFont(font(), kSheetHeadingPoints)));
   facts_->setWordWrap(true);
-  SetInk(facts_, ColorsOf(palette())[Role::Dim]);
+  SetTextColor(facts_, ColorsOf(palette())[Role::Dim]);
   table_->setObjectName(QLatin1String("import_Table"));
   table_->setAccessibleName(Text("Entries of the File"));
   table_->SetLook(TableLookOf(parts_.desk.preferences(), font()));
@@ -147,9 +147,9 @@ void ReviewSheet::ConnectButtons() {
   auto* sum = new QWidget(this);
   auto* row = new QHBoxLayout(sum);
   row->setContentsMargins(0, 0, kWideGap, 0);
-  QLabel* caption = PlainLabel("importTotal_Label", sum);
+  QLabel* caption = ReviewLabel("importTotal_Label", sum);
   caption->setText(Text("Marked"));
-  SetInk(caption, ColorsOf(palette())[Role::Dim]);
+  SetTextColor(caption, ColorsOf(palette())[Role::Dim]);
   total_->setFont(DemiBoldFont(LargerFont(font(), kSheetHeadingPoints)));
   row->addWidget(caption);
   row->addWidget(total_);
@@ -196,9 +196,9 @@ void ReviewSheet::ShowState() {
   total_->setText(WithMinus(ToQString(state.total_text)));
   const Colors& colors = ColorsOf(palette());
   const QColor& negative = table_->Rows().Look().negative;
-  SetInk(total_, state.total < 0 && negative.isValid()
-                     ? InkOn(negative, colors[Role::Window], colors)
-                     : colors[Role::Text]);
+  SetTextColor(total_, state.total < 0 && negative.isValid()
+                           ? InkOn(negative, colors[Role::Window], colors)
+                           : colors[Role::Text]);
   change_->setEnabled(state.can_change);
   drop_->setEnabled(state.can_remove);
   all_->setEnabled(state.can_import_all);

@@ -30,14 +30,14 @@ namespace {
 
 using Until = LDGRAccountSchedule::Until;
 
-constexpr int kFormWidth = 400;
+constexpr int kScheduleFormWidth = 400;
 constexpr int kSideWidth = 440;
-constexpr int kPopUpWidth = 200;
+constexpr int kSchedulePopUpWidth = 200;
 constexpr int kEveryWidth = 56;
 constexpr int kNumberColumn = 44;
 constexpr int kDayColumn = 156;
-constexpr int kNoteLines = 2;
-constexpr int kNotePadding = 14;
+constexpr int kScheduleNoteLines = 2;
+constexpr int kScheduleNotePadding = 14;
 
 std::optional<std::int32_t> NumberOf(const QLineEdit& field) {
   const std::string text = ToUtf8(field.text().trimmed());
@@ -97,7 +97,7 @@ ScheduleDialog::ScheduleDialog(ScheduleEditing& editing, const Desk& desk, QWidg
       until_date_(new DateField(form_)),
       friday_(new QCheckBox(Text("On a weekend, the Friday before"), form_)) {
   setObjectName(QLatin1String("scheduleSheet"));
-  form_->setMinimumWidth(kFormWidth);
+  form_->setMinimumWidth(kScheduleFormWidth);
   const std::string format = RegisterDateFormat(desk_.preferences());
   start_->SetFormat(format);
   until_date_->SetFormat(format);
@@ -115,7 +115,7 @@ ScheduleDialog::ScheduleDialog(ScheduleEditing& editing, const Desk& desk, QWidg
   tax_->setObjectName(QLatin1String("scheduleSheet_TaxDeductible_Button"));
   form_->AddUnlabelled(tax_);
   notes_->setTabChangesFocus(true);
-  notes_->setMinimumHeight(kNoteLines * fontMetrics().lineSpacing() + kNotePadding);
+  notes_->setMinimumHeight(kScheduleNoteLines * fontMetrics().lineSpacing() + kScheduleNotePadding);
   notes_->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Ignored);
   form_->Add(Text("Notes"), notes_, "scheduleSheet_Notes_Field");
   MakeRule();
@@ -133,7 +133,7 @@ ScheduleDialog::ScheduleDialog(ScheduleEditing& editing, const Desk& desk, QWidg
 
 QComboBox* ScheduleDialog::AddPopUp(const QString& label, const char* name) {
   auto* pop_up = new QComboBox(form_);
-  form_->Add(label, pop_up, name, kPopUpWidth);
+  form_->Add(label, pop_up, name, kSchedulePopUpWidth);
   connect(pop_up, &QComboBox::currentIndexChanged, this, [this] { Read(); });
   return pop_up;
 }
@@ -175,14 +175,14 @@ void ScheduleDialog::MakeRule() {
   form_->AddRule();
   interval_ = new QComboBox(form_);
   interval_->setObjectName(QLatin1String("scheduleSheet_Interval_PopUp"));
-  interval_->setFixedWidth(kPopUpWidth);
+  interval_->setFixedWidth(kSchedulePopUpWidth);
   every_->setObjectName(QLatin1String("scheduleSheet_Every_Field"));
   every_->setAccessibleName(Text("Every"));
   every_->setFixedWidth(kEveryWidth);
   form_->AddRow(Text("Repeats"), {interval_, every_});
   until_type_ = new QComboBox(form_);
   until_type_->setObjectName(QLatin1String("scheduleSheet_UntilType_PopUp"));
-  until_type_->setFixedWidth(kPopUpWidth);
+  until_type_->setFixedWidth(kSchedulePopUpWidth);
   until_count_->setAccessibleName(Text("Number of times"));
   until_count_->setFixedWidth(kNumberFieldWidth);
   until_date_->setAccessibleName(Text("Last date"));

@@ -23,7 +23,7 @@
 namespace tallyfold::desktop {
 namespace {
 
-constexpr int kPopUpWidth = 200;
+constexpr int kSettingPopUpWidth = 200;
 constexpr QSize kSwatchSize(48, 18);
 
 QByteArray NameOf(std::string_view setting) {
@@ -79,7 +79,7 @@ void SettingFields::AddMark(Form& form, const QString& title, const char* settin
 void SettingFields::AddChoice(Form& form, const QString& label, const char* setting,
                               const std::vector<PopUpItem>& items) {
   auto* pop_up = new QComboBox(&form);
-  form.Add(label, pop_up, NameOf(setting).constData(), kPopUpWidth);
+  form.Add(label, pop_up, NameOf(setting).constData(), kSettingPopUpWidth);
   ShowItems(*pop_up, items, kNoItem);
   QObject::connect(pop_up, &QComboBox::currentIndexChanged, pop_up, [this, pop_up, setting] {
     Read(setting, plist::Value(static_cast<std::int32_t>(pop_up->currentData().toInt())));
@@ -92,7 +92,7 @@ void SettingFields::AddChoice(Form& form, const QString& label, const char* sett
 void SettingFields::AddTextChoice(Form& form, const QString& label, const char* setting,
                                   const std::vector<std::pair<std::string, QString>>& texts) {
   auto* pop_up = new QComboBox(&form);
-  form.Add(label, pop_up, NameOf(setting).constData(), kPopUpWidth);
+  form.Add(label, pop_up, NameOf(setting).constData(), kSettingPopUpWidth);
   for (const auto& [text, title] : texts) pop_up->addItem(title, ToQString(text));
   QObject::connect(pop_up, &QComboBox::currentIndexChanged, pop_up, [this, pop_up, setting] {
     Read(setting, plist::Value(ToUtf8(pop_up->currentData().toString())));
@@ -130,7 +130,7 @@ void SettingFields::ReadNumber(const QLineEdit& field, const char* setting) {
 void SettingFields::AddFont(Form& form, const QString& label, const char* setting) {
   auto* families = new QFontComboBox(&form);
   families->setEditable(false);
-  form.Add(label, families, NameOf(setting).constData(), kPopUpWidth);
+  form.Add(label, families, NameOf(setting).constData(), kSettingPopUpWidth);
   QObject::connect(families, &QComboBox::currentIndexChanged, families, [this, families, setting] {
     if (families->currentIndex() < 0) return;
     Read(setting, plist::Value(ToUtf8(families->currentText())));

@@ -22,10 +22,10 @@ namespace tallyfold::desktop {
 namespace {
 
 enum Column { kNumber, kDescription, kTo, kAmount, kColumns };
-constexpr int kLines = static_cast<int>(std::tuple_size_v<SplitRows>);
+constexpr int kSplitLines = static_cast<int>(std::tuple_size_v<SplitRows>);
 constexpr int kNumberWidth = 34;
 constexpr int kAmountWidth = 96;
-constexpr int kWidth = 440;
+constexpr int kSplitWidth = 440;
 
 // 0 for an empty text, none for what is no amount.
 std::optional<double> AmountOf(const QString& text) {
@@ -48,7 +48,7 @@ class SplitTable::Model final : public QAbstractTableModel {
   Model(SplitTable& table) : QAbstractTableModel(&table), table_(table) {}
 
   int rowCount(const QModelIndex& parent = {}) const override {
-    return parent.isValid() ? 0 : kLines;
+    return parent.isValid() ? 0 : kSplitLines;
   }
   int columnCount(const QModelIndex& parent = {}) const override {
     return parent.isValid() ? 0 : kColumns;
@@ -112,7 +112,7 @@ class SplitTable::Model final : public QAbstractTableModel {
 
  private:
   SplitTable& table_;
-  std::array<Line, kLines> lines_;
+  std::array<Line, kSplitLines> lines_;
   Line titles_;
 };
 
@@ -176,8 +176,8 @@ SplitTable::SplitTable(QWidget* parent)
   setEditTriggers(DoubleClicked | EditKeyPressed | AnyKeyPressed | SelectedClicked);
   setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
   setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-  setMinimumWidth(kWidth);
-  setFixedHeight(titles->sizeHint().height() + kLines * RowHeight(fontMetrics()) +
+  setMinimumWidth(kSplitWidth);
+  setFixedHeight(titles->sizeHint().height() + kSplitLines * RowHeight(fontMetrics()) +
                  2 * frameWidth());
   connect(selectionModel(), &QItemSelectionModel::currentChanged, this,
           [this] { viewport()->update(); });
@@ -193,7 +193,7 @@ void SplitTable::SetCompletions(TextList descriptions, TextList to_froms) {
 }
 
 void SplitTable::ShowRows(const SplitRows& rows) {
-  for (int i = 0; i < kLines; ++i) {
+  for (int i = 0; i < kSplitLines; ++i) {
     const SplitRow& row = rows[static_cast<std::size_t>(i)];
     const SplitRow shown = model_->RowAt(i);
     const auto show = [this, i](Column column, const QString& text) {
@@ -207,7 +207,7 @@ void SplitTable::ShowRows(const SplitRows& rows) {
 
 SplitRows SplitTable::Rows() const {
   SplitRows rows;
-  for (int i = 0; i < kLines; ++i) rows[static_cast<std::size_t>(i)] = model_->RowAt(i);
+  for (int i = 0; i < kSplitLines; ++i) rows[static_cast<std::size_t>(i)] = model_->RowAt(i);
   return rows;
 }
 
@@ -257,14 +257,14 @@ void SplitTable::focusInEvent(QFocusEvent* event) {
 void SplitTable::paintEvent(QPaintEvent* event) {
   const Colors& colors = ColorsOf(palette());
   QPainter painter(viewport());
-  for (int row = 0; row < kLines; ++row) {
+  for (int row = 0; row < kSplitLines; ++row) {
     const QRect line(0, rowViewportPosition(row), viewport()->width(), rowHeight(row));
     painter.fillRect(line, colors[StateOf(row).Ground()]);
   }
   painter.end();
   QTableView::paintEvent(event);
   painter.begin(viewport());
-  for (int row = 0; row < kLines; ++row) {
+  for (int row = 0; row < kSplitLines; ++row) {
     const QRect line(0, rowViewportPosition(row), viewport()->width(), rowHeight(row));
     DrawRuleBelow(painter, line, colors[Role::Hair]);
     if (row != SelectedRow()) continue;

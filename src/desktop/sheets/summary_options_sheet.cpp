@@ -23,9 +23,9 @@ namespace {
 
 using State = AccountSummarySheetState;
 
-constexpr int kWidth = 1080;
-constexpr int kFormWidth = 440;
-constexpr int kPopUpWidth = 220;
+constexpr int kSummaryOptionsWidth = 1080;
+constexpr int kSummaryFormWidth = 440;
+constexpr int kSummaryPopUpWidth = 220;
 constexpr int kLeastResultHeight = 320;
 constexpr int kResultDelay = 150;  // milliseconds
 
@@ -40,7 +40,7 @@ SummaryOptionsSheet::SummaryOptionsSheet(Parts parts, QWidget* window)
       end_(new DateField(form_)),
       filter_text_(new QLineEdit(form_)) {
   setObjectName(QLatin1String("accountSummarySheet"));
-  SetWantedWidth(kWidth);
+  SetWantedWidth(kSummaryOptionsWidth);
   MakeForm();
   area_ = new QScrollArea(this);
   area_->setObjectName(QLatin1String("accountSummarySheet_Result"));
@@ -71,7 +71,7 @@ SummaryOptionsSheet::SummaryOptionsSheet(Parts parts, QWidget* window)
 }
 
 void SummaryOptionsSheet::MakeForm() {
-  form_->SetLeastWidth(kFormWidth);
+  form_->SetLeastWidth(kSummaryFormWidth);
   form_->Add(Text("Name"), name_, "accountSummarySheet_Name_Field");
   form_->AddRule();
   AddChoice(Text("Dates"), "accountSummarySheet_DateRange_PopUp", &Typed::date_range,
@@ -120,7 +120,7 @@ void SummaryOptionsSheet::AddChoice(const QString& label, const char* name,
                                     std::int32_t Typed::*number,
                                     std::vector<PopUpItem> State::*items) {
   auto* pop_up = new QComboBox(form_);
-  form_->Add(label, pop_up, name, kPopUpWidth);
+  form_->Add(label, pop_up, name, kSummaryPopUpWidth);
   choices_.push_back({pop_up, number, items});
   connect(pop_up, &QComboBox::currentIndexChanged, this, [this] { Read(); });
 }

@@ -15,7 +15,7 @@
 namespace tallyfold::desktop {
 namespace {
 
-constexpr int kFormWidth = 440;
+constexpr int kTransferFormWidth = 440;
 constexpr int kDirectionWidth = 140;
 constexpr int kAccountWidth = 200;
 
@@ -23,7 +23,7 @@ constexpr int kAccountWidth = 200;
 
 TransferDialog::TransferDialog(const Parts& parts, TransferSheet& sheet, QWidget* window)
     : EditDialog(parts, window), sheet_(sheet) {
-  Fields().setMinimumWidth(kFormWidth);
+  Fields().setMinimumWidth(kTransferFormWidth);
   AddDate();
   direction_ = AddPopUp(Text("Direction"), "_Direction_PopUp", kDirectionWidth);
   account_ = AddPopUp(Text("Account"), "_Account_PopUp", kAccountWidth);

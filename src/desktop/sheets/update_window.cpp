@@ -21,7 +21,7 @@ namespace {
 
 using Status = UpdateState::Status;
 
-constexpr int kWidth = 440;
+constexpr int kUpdateWidth = 440;
 constexpr int kPictureSize = 32;
 
 struct Told {
@@ -71,7 +71,7 @@ UpdateWindow::UpdateWindow(const Parts& parts, QWidget* window)
   }
   heading_->setFont(DemiBoldFont(LargerFont(font(), kSheetHeadingPoints)));
   text_->setForegroundRole(QPalette::PlaceholderText);
-  text_->setMinimumWidth(kWidth - 2 * kSheetMargin - kPictureSize - kGroupGap);
+  text_->setMinimumWidth(kUpdateWidth - 2 * kSheetMargin - kPictureSize - kGroupGap);
   auto* column = new QVBoxLayout;
   column->setSpacing(kTightGap);
   column->addWidget(heading_);

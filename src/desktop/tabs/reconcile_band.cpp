@@ -27,20 +27,20 @@ constexpr int kSideMargin = 12;
 constexpr int kTickSize = 24;
 constexpr int kHintSize = 20;
 
-FigureLabel* PlainLabel(QWidget* parent, const char* name) {
+FigureLabel* BandLabel(QWidget* parent, const char* name) {
   auto* label = new FigureLabel(parent);
   label->setObjectName(QLatin1String(name));
   return label;
 }
 
 FigureLabel* Note(QWidget* parent, const char* name) {
-  auto* label = PlainLabel(parent, name);
+  auto* label = BandLabel(parent, name);
   label->setFont(SmallFont(parent->font()));
   label->setForegroundRole(QPalette::PlaceholderText);
   return label;
 }
 
-QLabel* Caption(QWidget* parent, std::string_view key) {
+QLabel* BandCaption(QWidget* parent, std::string_view key) {
   auto* label = Note(parent, "");
   label->setFont(MediumFont(label->font()));
   label->setText(Text(key));
@@ -48,7 +48,7 @@ QLabel* Caption(QWidget* parent, std::string_view key) {
 }
 
 QLabel* Sign(QWidget* parent, const QString& sign) {
-  auto* label = PlainLabel(parent, "");
+  auto* label = BandLabel(parent, "");
   label->setText(sign);
   label->setForegroundRole(QPalette::PlaceholderText);
   label->setFont(LargerFont(parent->font(), kSheetHeadingPoints));
@@ -68,15 +68,15 @@ ReconcileBand::ReconcileBand(const Parts& parts, QWidget* parent)
     : QWidget(parent),
       parts_(parts),
       field_(new AmountField(this)),
-      resolved_(PlainLabel(this, "resolvedBalance_Field")),
+      resolved_(BandLabel(this, "resolvedBalance_Field")),
       resolved_note_(Note(this, "resolved_Note")),
       tick_(new QLabel(this)),
-      difference_(PlainLabel(this, "difference_Field")),
+      difference_(BandLabel(this, "difference_Field")),
       difference_note_(Note(this, "difference_Note")),
       explanation_(new QWidget(this)),
       explanation_image_(new QLabel(explanation_)),
-      sentence_(PlainLabel(explanation_, "explanation_Label")),
-      named_(PlainLabel(explanation_, "explanationEntry_Label")),
+      sentence_(BandLabel(explanation_, "explanation_Label")),
+      named_(BandLabel(explanation_, "explanationEntry_Label")),
       select_(new QPushButton(explanation_)) {
   field_->setObjectName(QLatin1String("statementBalance_Field"));
   field_->setFixedWidth(kFieldWidth);
@@ -92,7 +92,7 @@ ReconcileBand::ReconcileBand(const Parts& parts, QWidget* parent)
   grid->setContentsMargins(kSideMargin, kWideGap + 2, kSideMargin, kWideGap + 2);
   grid->setHorizontalSpacing(kColumnGap);
   grid->setVerticalSpacing(kTightGap);
-  auto* caption = Caption(this, "Statement balance");
+  auto* caption = BandCaption(this, "Statement balance");
   caption->setBuddy(field_);
   grid->addWidget(caption, 0, 0);
   grid->addWidget(field_, 1, 0);
@@ -100,11 +100,11 @@ ReconcileBand::ReconcileBand(const Parts& parts, QWidget* parent)
   bank->setText(Text("As printed by the bank"));
   grid->addWidget(bank, 2, 0);
   grid->addWidget(Sign(this, QStringLiteral("\u2212")), 1, 1);
-  grid->addWidget(Caption(this, "Resolved"), 0, 2);
+  grid->addWidget(BandCaption(this, "Resolved"), 0, 2);
   grid->addWidget(resolved_, 1, 2);
   grid->addWidget(resolved_note_, 2, 2);
   grid->addWidget(Sign(this, QLatin1String("=")), 1, 3);
-  grid->addWidget(Caption(this, "Difference"), 0, 4);
+  grid->addWidget(BandCaption(this, "Difference"), 0, 4);
   auto* difference = new QHBoxLayout;
   difference->setSpacing(kGap);
   difference->addWidget(tick_);

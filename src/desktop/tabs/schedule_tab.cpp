@@ -22,14 +22,14 @@ namespace {
 
 constexpr int kLinesInColumn = 4;
 // Narrower tabs have fewer columns of dates.
-constexpr int kThreeColumns = 760;
-constexpr int kTwoColumns = 480;
+constexpr int kThreeDateColumns = 760;
+constexpr int kTwoDateColumns = 480;
 
 int ColumnsIn(int width) {
-  return width >= kThreeColumns ? 3 : width >= kTwoColumns ? 2 : 1;
+  return width >= kThreeDateColumns ? 3 : width >= kTwoDateColumns ? 2 : 1;
 }
 
-QLabel* PlainLabel(QWidget* parent, const QString& text, bool is_dim) {
+QLabel* DateLabel(QWidget* parent, const QString& text, bool is_dim) {
   auto* label = new QLabel(parent);
   label->setTextFormat(Qt::PlainText);
   label->setText(text);
@@ -46,7 +46,7 @@ ScheduleTab::ScheduleTab(const Parts& parts, QWidget* parent)
       words_(parts.schedules.Rows()),
       table_(new RegisterView(parts.schedules.Table(), splitter_)),
       empty_(new EmptyPage(*table_, "schedule")),
-      heading_(PlainLabel(this, QString(), false)) {
+      heading_(DateLabel(this, QString(), false)) {
   table_->setObjectName(QLatin1String("schedule_Table"));
   table_->setAccessibleName(Text("Scheduled Entries"));
   table_->SetDetails(&words_);
@@ -133,10 +133,10 @@ void ScheduleTab::ShowDates() {
     const int column = place / in_column * 3;
     ++place;
     if (line.date != 0) {
-      grid->addWidget(PlainLabel(dates_, QString::number(++number), true), row, column);
+      grid->addWidget(DateLabel(dates_, QString::number(++number), true), row, column);
     }
-    grid->addWidget(PlainLabel(dates_, ToQString(line.text), line.date == 0), row, column + 1);
-    grid->addWidget(PlainLabel(dates_, ToQString(line.note), true), row, column + 2);
+    grid->addWidget(DateLabel(dates_, ToQString(line.text), line.date == 0), row, column + 1);
+    grid->addWidget(DateLabel(dates_, ToQString(line.note), true), row, column + 2);
     grid->setColumnStretch(column + 2, 1);
     grid->setRowMinimumHeight(row, RowHeight(fontMetrics()));
   }

@@ -27,15 +27,15 @@ using Column = SummaryTable::Column;
 constexpr int kTwoColumns = 720;
 constexpr int kThreeColumns = 1180;
 
-QLabel* PlainLabel(QWidget* parent, const QString& text) {
+QLabel* SummaryLabel(QWidget* parent, const QString& text) {
   auto* label = new QLabel(parent);
   label->setTextFormat(Qt::PlainText);
   label->setText(text);
   return label;
 }
 
-QLabel* Caption(QWidget* parent, const QString& text) {
-  auto* label = PlainLabel(parent, text);
+QLabel* SummaryCaption(QWidget* parent, const QString& text) {
+  auto* label = SummaryLabel(parent, text);
   label->setFont(MediumFont(SmallFont(parent->font())));
   label->setForegroundRole(QPalette::PlaceholderText);
   return label;
@@ -55,16 +55,16 @@ QLayout* MakeHead(QWidget* page, const SummaryLayout& layout, const LDGRPreferen
   grid->setContentsMargins(kCellPadding, 0, kCellPadding, 0);
   grid->setHorizontalSpacing(kColumnGap);
   grid->setVerticalSpacing(kTightGap);
-  auto* title = PlainLabel(page, ToQString(layout.head.name));
+  auto* title = SummaryLabel(page, ToQString(layout.head.name));
   title->setFont(DemiBoldFont(LargerFont(page->font(), kSummaryTitlePoints)));
   title->setObjectName(QLatin1String("summary_Title"));
   grid->addWidget(title, 0, 0);
   const std::string format = RegisterDateFormat(preferences);
   const TableFormat days{format, preferences};
-  auto* range = PlainLabel(page, QStringLiteral("%1, %2 \u2013 %3")
-                                     .arg(ToQString(layout.head.account),
-                                          ToQString(DayCell(layout.head.first, days).text),
-                                          ToQString(DayCell(layout.head.last, days).text)));
+  auto* range = SummaryLabel(page, QStringLiteral("%1, %2 \u2013 %3")
+                                       .arg(ToQString(layout.head.account),
+                                            ToQString(DayCell(layout.head.first, days).text),
+                                            ToQString(DayCell(layout.head.last, days).text)));
   range->setForegroundRole(QPalette::PlaceholderText);
   grid->addWidget(range, 1, 0);
   grid->setColumnStretch(0, 1);
@@ -77,7 +77,8 @@ QLayout* MakeHead(QWidget* page, const SummaryLayout& layout, const LDGRPreferen
                   {"End balance", layout.head.end_balance}};
   int column = 1;
   for (const auto& [caption, amount] : balances) {
-    grid->addWidget(Caption(page, Text(caption)), 0, column, Qt::AlignRight | Qt::AlignAbsolute);
+    grid->addWidget(SummaryCaption(page, Text(caption)), 0, column,
+                    Qt::AlignRight | Qt::AlignAbsolute);
     grid->addWidget(Figure(page, amount, preferences, figures), 1, column++);
   }
   return grid;
@@ -97,7 +98,7 @@ QLayout* MakeCheck(QWidget* page, const SummaryLayout& layout, const LDGRPrefere
   if (layout.check == SummaryLayout::Check::EntriesLeftOut) {
     text += QLatin1String(" ") + ToQString(RegisterAmountText(layout.left_out, preferences));
   }
-  row->addWidget(PlainLabel(page, text), 1);
+  row->addWidget(SummaryLabel(page, text), 1);
   return row;
 }
 
@@ -109,7 +110,7 @@ QLayout* MakeTotals(QWidget* page, const SummaryLayout& layout,
   grid->setVerticalSpacing(kTightGap);
   int column = 0;
   for (const auto& total : layout.totals) {
-    grid->addWidget(Caption(page, ToQString(total.title)), 0, column);
+    grid->addWidget(SummaryCaption(page, ToQString(total.title)), 0, column);
     auto* figure = Figure(page, total.amount, preferences, page->font());
     figure->setAlignment(Qt::AlignLeading);
     grid->addWidget(figure, 1, column++);
@@ -142,7 +143,7 @@ void SummaryPage::Show(const SummaryLayout& layout, const LDGRPreferences& prefe
   column->addLayout(MakeHead(this, shown_, preferences));
   AddPeriods(*column, preferences);
   if (!shown_.left_out_periods.empty()) {
-    column->addWidget(PlainLabel(this, ToQString(shown_.left_out_periods)));
+    column->addWidget(SummaryLabel(this, ToQString(shown_.left_out_periods)));
   }
   column->addLayout(MakeCheck(this, shown_, preferences));
   column->addLayout(MakeTotals(this, shown_, preferences));
