@@ -7,12 +7,12 @@
 #include "app/controller.h"
 #include "app/exchange/export_commands.h"
 #include "app/exchange/qif_import_controller.h"
-#include "app/face/message.h"
 #include "app/face/sheet_slot.h"
 #include "app/shell/application_lock.h"
 #include "app/shell/lifecycle.h"
 #include "platform/alerts.h"
 #include "platform/ambient.h"
+#include "platform/message.h"
 #include "storage/accounts_store.h"
 #include "storage/preferences_store.h"
 

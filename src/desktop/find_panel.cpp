@@ -9,13 +9,13 @@
 #include <string>
 
 #include "app/desk.h"
-#include "app/face/message.h"
 #include "app/views/entry_find.h"
 #include "desktop/look/measures.h"
 #include "desktop/look/rule_line.h"
 #include "desktop/register/register_view.h"
 #include "desktop/texts.h"
 #include "platform/ambient.h"
+#include "platform/message.h"
 #include "registers/register_look.h"
 
 namespace tallyfold::desktop {

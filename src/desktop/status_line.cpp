@@ -12,7 +12,6 @@
 #include "app/entries/entry_orders.h"
 #include "app/entries/entry_reveal.h"
 #include "app/entries/transfer_linking.h"
-#include "app/face/message.h"
 #include "app/shell/backups_list.h"
 #include "app/shell/recovery.h"
 #include "app/shell/tabs.h"
@@ -23,6 +22,7 @@
 #include "desktop/look/measures.h"
 #include "desktop/look/painting.h"
 #include "desktop/texts.h"
+#include "platform/message.h"
 #include "storage/accounts_store.h"
 #include "storage/preferences_store.h"
 

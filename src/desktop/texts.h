@@ -10,7 +10,7 @@ namespace tallyfold::desktop {
 [[nodiscard]] QString ToQString(std::string_view utf8);
 [[nodiscard]] std::string ToUtf8(const QString& text);
 
-// The text of an English key in the user's language; for keys with places see app/face/message.h.
+// The text of an English key in the user's language; for keys with places see platform/message.h.
 [[nodiscard]] QString Text(std::string_view key);
 
 // Where "&" would make the next letter a mnemonic (menus, tabs, buttons, labels with a buddy): a

@@ -3,7 +3,6 @@
 #include "app/desk.h"
 #include "app/entries/amount_fields.h"
 #include "app/entries/entry_editing.h"
-#include "app/face/message.h"
 #include "app/shell/text_editing.h"
 #include "desktop/sheets/account_dialog.h"
 #include "desktop/sheets/entry_dialog.h"
@@ -11,6 +10,7 @@
 #include "desktop/sheets/transfer_dialog.h"
 #include "desktop/texts.h"
 #include "desktop/window_sheets.h"
+#include "platform/message.h"
 
 namespace tallyfold::desktop {
 

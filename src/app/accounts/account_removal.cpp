@@ -6,9 +6,9 @@
 #include <string>
 #include <utility>
 
-#include "app/face/message.h"
 #include "ledger/change.h"
 #include "platform/ambient.h"
+#include "platform/message.h"
 #include "storage/preferences.h"
 
 namespace tallyfold {

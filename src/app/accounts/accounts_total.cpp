@@ -1,8 +1,8 @@
 #include "app/accounts/accounts_total.h"
 
-#include "app/face/message.h"
 #include "model/amounts.h"
 #include "platform/ambient.h"
+#include "platform/message.h"
 #include "registers/register_look.h"
 
 namespace tallyfold {

@@ -3,11 +3,11 @@
 #include <utility>
 
 #include "app/entries/entry_orders.h"
-#include "app/face/message.h"
 #include "ledger/change.h"
 #include "model/entry_type.h"
 #include "model/text.h"
 #include "platform/ambient.h"
+#include "platform/message.h"
 
 namespace tallyfold {
 namespace {

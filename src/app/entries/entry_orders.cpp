@@ -7,10 +7,10 @@
 
 #include "app/entries/entry_defaults.h"
 #include "app/entries/entry_kinds.h"
-#include "app/face/message.h"
 #include "ledger/change.h"
 #include "model/entry_type.h"
 #include "platform/ambient.h"
+#include "platform/message.h"
 
 namespace tallyfold {
 namespace {

@@ -5,10 +5,10 @@
 #include <utility>
 #include <vector>
 
-#include "app/face/message.h"
 #include "ledger/change.h"
 #include "model/text.h"
 #include "platform/ambient.h"
+#include "platform/message.h"
 #include "registers/register_look.h"
 #include "storage/preferences.h"
 

@@ -5,10 +5,10 @@
 #include <utility>
 
 #include "app/entries/link_offers.h"
-#include "app/face/message.h"
 #include "ledger/change.h"
 #include "model/text.h"
 #include "platform/ambient.h"
+#include "platform/message.h"
 
 namespace tallyfold {
 namespace {

@@ -6,10 +6,10 @@
 #include <string_view>
 #include <utility>
 
-#include "app/face/message.h"
 #include "model/account_entry.h"
 #include "model/amounts.h"
 #include "platform/ambient.h"
+#include "platform/message.h"
 #include "registers/register_look.h"
 
 namespace tallyfold {

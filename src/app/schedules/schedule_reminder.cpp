@@ -7,7 +7,6 @@
 #include <utility>
 
 #include "app/entries/edit_sheet.h"
-#include "app/face/message.h"
 #include "app/schedules/schedule_values.h"
 #include "model/account_entry.h"
 #include "model/amounts.h"
@@ -15,6 +14,7 @@
 #include "model/date_format.h"
 #include "model/text.h"
 #include "platform/ambient.h"
+#include "platform/message.h"
 #include "registers/register_look.h"
 #include "storage/preferences.h"
 

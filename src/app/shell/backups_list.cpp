@@ -3,10 +3,10 @@
 #include <utility>
 
 #include "app/accounts/account_selection.h"
-#include "app/face/message.h"
 #include "app/shell/application_lock.h"
 #include "model/text.h"
 #include "platform/ambient.h"
+#include "platform/message.h"
 #include "storage/data_paths.h"
 
 namespace tallyfold {

@@ -3,10 +3,10 @@
 #include <chrono>
 #include <utility>
 
-#include "app/face/message.h"
 #include "app/shell/preference_limits.h"
 #include "ledger/change.h"
 #include "platform/ambient.h"
+#include "platform/message.h"
 
 namespace tallyfold {
 namespace {

@@ -1,8 +1,8 @@
 #include "app/shell/recovery.h"
 
-#include "app/face/message.h"
 #include "platform/ambient.h"
 #include "platform/file_system.h"
+#include "platform/message.h"
 #include "storage/data_paths.h"
 
 namespace tallyfold {

@@ -4,8 +4,8 @@
 #include <memory>
 #include <utility>
 
-#include "app/face/message.h"
 #include "platform/ambient.h"
+#include "platform/message.h"
 
 namespace tallyfold {
 namespace {

@@ -1,7 +1,7 @@
 #include "app/views/shown_entries.h"
 
-#include "app/face/message.h"
 #include "model/amounts.h"
+#include "platform/message.h"
 #include "registers/register_look.h"
 
 namespace tallyfold {

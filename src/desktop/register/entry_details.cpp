@@ -2,10 +2,10 @@
 
 #include <string>
 
-#include "app/face/message.h"
 #include "desktop/texts.h"
 #include "model/account_entry.h"
 #include "model/account_schedule.h"
+#include "platform/message.h"
 
 namespace tallyfold::desktop {
 namespace {

@@ -6,7 +6,6 @@
 #include <QScopedValueRollback>
 #include <QVBoxLayout>
 
-#include "app/face/message.h"
 #include "desktop/fields/amount_field.h"
 #include "desktop/look/measures.h"
 #include "desktop/sheets/account_texts_page.h"
@@ -15,6 +14,7 @@
 #include "desktop/sheets/page_list.h"
 #include "desktop/texts.h"
 #include "model/amounts.h"
+#include "platform/message.h"
 
 namespace tallyfold::desktop {
 namespace {

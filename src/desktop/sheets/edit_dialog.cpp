@@ -10,7 +10,6 @@
 
 #include "app/desk.h"
 #include "app/entries/entry_editing.h"
-#include "app/face/message.h"
 #include "desktop/fields/amount_field.h"
 #include "desktop/fields/date_field.h"
 #include "desktop/fields/key_button.h"
@@ -20,6 +19,7 @@
 #include "desktop/texts.h"
 #include "model/amounts.h"
 #include "model/date_format.h"
+#include "platform/message.h"
 #include "registers/register_look.h"
 
 namespace tallyfold::desktop {

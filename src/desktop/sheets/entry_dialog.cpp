@@ -12,7 +12,6 @@
 
 #include "app/desk.h"
 #include "app/entries/entry_editing.h"
-#include "app/face/message.h"
 #include "app/shell/text_editing.h"
 #include "desktop/fields/amount_field.h"
 #include "desktop/look/icons.h"
@@ -21,6 +20,7 @@
 #include "desktop/sheets/split_table.h"
 #include "desktop/sheets/suggestion_line.h"
 #include "desktop/texts.h"
+#include "platform/message.h"
 #include "registers/register_look.h"
 
 namespace tallyfold::desktop {

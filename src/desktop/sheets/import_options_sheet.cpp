@@ -11,13 +11,13 @@
 #include <QVBoxLayout>
 #include <utility>
 
-#include "app/face/message.h"
 #include "desktop/look/colors.h"
 #include "desktop/look/measures.h"
 #include "desktop/register/look_table.h"
 #include "desktop/register/table_look.h"
 #include "desktop/sheets/form.h"
 #include "desktop/texts.h"
+#include "platform/message.h"
 
 namespace tallyfold::desktop {
 namespace {

@@ -16,7 +16,6 @@
 #include <utility>
 
 #include "app/desk.h"
-#include "app/face/message.h"
 #include "app/schedules/schedule_reminder.h"
 #include "desktop/fields/amount_field.h"
 #include "desktop/fields/date_field.h"
@@ -24,6 +23,7 @@
 #include "desktop/sheets/form.h"
 #include "desktop/texts.h"
 #include "model/amounts.h"
+#include "platform/message.h"
 #include "registers/register_look.h"
 
 namespace tallyfold::desktop {

@@ -11,7 +11,6 @@
 #include <string_view>
 
 #include "app/exchange/qif_import_table_data.h"
-#include "app/face/message.h"
 #include "desktop/look/colors.h"
 #include "desktop/look/figures.h"
 #include "desktop/look/icons.h"
@@ -22,6 +21,7 @@
 #include "exchange/qif_duplicates.h"
 #include "model/date_number.h"
 #include "platform/ambient.h"
+#include "platform/message.h"
 #include "registers/register_look.h"
 #include "registers/register_rows.h"
 

@@ -10,7 +10,6 @@
 
 #include "app/desk.h"
 #include "app/exchange/qif_import_controller.h"
-#include "app/face/message.h"
 #include "desktop/look/colors.h"
 #include "desktop/look/figures.h"
 #include "desktop/look/measures.h"
@@ -20,6 +19,7 @@
 #include "desktop/sheets/review_comparison.h"
 #include "desktop/texts.h"
 #include "model/date_number.h"
+#include "platform/message.h"
 #include "registers/register_look.h"
 
 namespace tallyfold::desktop {

@@ -7,13 +7,13 @@
 #include <QVBoxLayout>
 #include <string>
 
-#include "app/face/message.h"
 #include "app/shell/update_check.h"
 #include "desktop/look/colors.h"
 #include "desktop/look/icons.h"
 #include "desktop/look/measures.h"
 #include "desktop/texts.h"
 #include "platform/ambient.h"
+#include "platform/message.h"
 #include "storage/preferences.h"
 
 namespace tallyfold::desktop {

@@ -8,7 +8,6 @@
 #include <string>
 
 #include "app/desk.h"
-#include "app/face/message.h"
 #include "app/views/reconcile_tab.h"
 #include "desktop/fields/amount_field.h"
 #include "desktop/look/colors.h"
@@ -17,6 +16,7 @@
 #include "desktop/look/measures.h"
 #include "desktop/texts.h"
 #include "model/amounts.h"
+#include "platform/message.h"
 #include "registers/register_look.h"
 
 namespace tallyfold::desktop {

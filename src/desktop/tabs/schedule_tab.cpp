@@ -9,12 +9,12 @@
 #include <algorithm>
 
 #include "app/desk.h"
-#include "app/face/message.h"
 #include "app/schedules/schedules_tab.h"
 #include "desktop/look/measures.h"
 #include "desktop/register/register_view.h"
 #include "desktop/tabs/empty_page.h"
 #include "desktop/texts.h"
+#include "platform/message.h"
 #include "registers/schedule_dates.h"
 
 namespace tallyfold::desktop {

@@ -1,4 +1,4 @@
-#include "app/face/message.h"
+#include "platform/message.h"
 
 #include "platform/ambient.h"
 
