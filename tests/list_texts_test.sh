@@ -12,13 +12,17 @@ done <<'END'
 Balance brought forward
 Remove Entry
 New Summary
-Search '%@'
+Search '{1}'
 MM/DD/YY
 This Month
 No Balance
-scheduled entries
+{1} scheduled entries
 {1} changes from before the interruption were recovered.
 Of {2} records of changes from before the interruption {1} could be recovered.
+Line {1}: {2}.
+</{1}> is expected and not the end of "{2}"
+unfinished comment
+{1}, {2} – {3}
 A log of changes from before an interruption belongs to another content of the accounts file.
 END
 # What is no text for the user.

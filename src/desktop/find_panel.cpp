@@ -14,7 +14,6 @@
 #include "desktop/look/rule_line.h"
 #include "desktop/register/register_view.h"
 #include "desktop/texts.h"
-#include "platform/ambient.h"
 #include "platform/message.h"
 #include "registers/register_look.h"
 
@@ -145,12 +144,10 @@ void FindPanel::ShowFound() {
   table_.ReloadData();
   if (state.text.empty()) return count_->setText(QString());
   const std::size_t count = state.rows.size();
-  std::string text =
-      Message(Plural("{1} entry found", "{1} entries found", count), {std::to_string(count)});
+  std::string text = Counted(count, "{1} entry found", "{1} entries found");
   if (state.locked > 0) {
-    text += ". " + Message(Plural("{1} locked account was passed over",
-                                  "{1} locked accounts were passed over", state.locked),
-                           {std::to_string(state.locked)});
+    text = Message("{1}. {2}", {text, Counted(state.locked, "{1} locked account was passed over",
+                                              "{1} locked accounts were passed over")});
   }
   count_->setText(ToQString(text));
 }

@@ -13,6 +13,7 @@
 #include "desktop/look/icons.h"
 #include "desktop/look/measures.h"
 #include "desktop/texts.h"
+#include "platform/message.h"
 
 namespace tallyfold::desktop {
 namespace {
@@ -68,8 +69,9 @@ std::span<const Tool> ToolsOf(Tab tab) {
 // The command with its key, as a tool tip.
 void Describe(QToolButton& button, const QAction& action) {
   const QString keys = action.shortcut().toString(QKeySequence::NativeText);
-  button.setToolTip(keys.isEmpty() ? TitleOf(action)
-                                   : QStringLiteral("%1 (%2)").arg(TitleOf(action), keys));
+  button.setToolTip(keys.isEmpty()
+                        ? TitleOf(action)
+                        : ToQString(Message("{1} ({2})", {ToUtf8(TitleOf(action)), ToUtf8(keys)})));
   button.setAccessibleName(TitleOf(action));
 }
 

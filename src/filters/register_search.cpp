@@ -6,8 +6,7 @@
 #include "filters/search_filter.h"
 #include "model/account.h"
 #include "model/current_account.h"
-#include "model/text.h"
-#include "platform/ambient.h"
+#include "platform/message.h"
 
 namespace tallyfold {
 namespace {
@@ -21,10 +20,9 @@ bool TakesText(const LDGRFilter* filter) {
 SearchFieldState FieldFor(const LDGRFilter* filter) {
   if (filter == nullptr) return {};
   const std::string name = filter->GetName();
-  if (!TakesText(filter))
-    return {name, false, MessageWithText(LocalizedText("Filter '%@'"), name), true};
+  if (!TakesText(filter)) return {name, false, Message("Filter '{1}'", {name}), true};
   const std::string data(filter->GetDataForSetCategory().StringValue());
-  return {data, true, MessageWithText(LocalizedText("Search '%@'"), name), true};
+  return {data, true, Message("Search '{1}'", {name}), true};
 }
 
 }  // namespace

@@ -7,8 +7,7 @@
 #include "model/account_schedule.h"
 #include "model/amounts.h"
 #include "model/current_account.h"
-#include "model/text.h"
-#include "platform/ambient.h"
+#include "platform/message.h"
 
 namespace tallyfold {
 namespace {
@@ -92,10 +91,10 @@ TransferLinks::Search TransferLinks::Choose(const LDGRAccountEntry& entry, Entry
 std::string TransferLinks::NoteOnOtherHalf(const LDGRAccount& account,
                                            const LDGRAccountEntry& entry) const {
   if (!entry.IsTransfer() || !FindOtherHalf(account, entry).is_ambiguous) return "";
-  return MessageWithText(
-      LocalizedText("Several entries of the account \"%@\" could be the other half of this "
-                    "transfer, and none has its amount; they stay as they are."),
-      store_.AccountWithNumber(entry.GetTransferAccount())->GetName());
+  return Message(
+      "Several entries of the account \"{1}\" could be the other half of this "
+      "transfer, and none has its amount; they stay as they are.",
+      {store_.AccountWithNumber(entry.GetTransferAccount())->GetName()});
 }
 
 void TransferLinks::LinkNew(Change& change, LDGRAccount& account, LDGRAccountEntry& entry,

@@ -7,6 +7,7 @@
 #include "model/entry_type.h"
 #include "model/text.h"
 #include "platform/ambient.h"
+#include "platform/message.h"
 
 namespace tallyfold {
 namespace {
@@ -65,7 +66,7 @@ std::string ProblemOfPair(const AccountList& accounts, const TransferPair& pair)
   }
   for (const auto& account : {pair.account, pair.other_account}) {
     if (!account->IsLocked()) continue;
-    return MessageWithText(LocalizedText("The account \"%@\" is locked."), account->GetName());
+    return Message("The account \"{1}\" is locked.", {account->GetName()});
   }
   if (!HasKind(*pair.entry) || !HasKind(*pair.other)) {
     return LocalizedText("One of the entries is neither a debit nor a deposit.");

@@ -8,12 +8,13 @@
 #include "model/amounts.h"
 #include "model/date_format.h"
 #include "platform/ambient.h"
+#include "platform/message.h"
 
 namespace tallyfold {
 namespace {
 
 void AppendSentence(std::string& speech, std::string_view label, std::string_view text) {
-  speech.append(LocalizedText(label)).append(":  ").append(text).append(" .  ");
+  speech += Message("{1}:  {2} .  ", {LocalizedText(label), std::string(text)});
 }
 
 }  // namespace
@@ -23,9 +24,8 @@ std::string LDGRAccountEntry::asSpeakableString() const {
 }
 
 std::string LDGRAccountEntry::SpeakableString(const std::optional<std::string>& type_name) const {
-  std::string speech =
-      FormatDate(DateNumberToNSCalendarDate(date_), CurrentLocale().ShortDateFormat());
-  speech.append(".  ");
+  std::string speech = Message(
+      "{1}.  ", {FormatDate(DateNumberToNSCalendarDate(date_), CurrentLocale().ShortDateFormat())});
 
   const std::string amount = FixedAmountString(amount_);
   if (IsDebit()) {
@@ -43,7 +43,8 @@ std::string LDGRAccountEntry::SpeakableString(const std::optional<std::string>& 
     AppendSentence(speech, "From", to_from_);
   }
   if (!description_.empty()) AppendSentence(speech, "Description", description_);
-  return speech.append(LocalizedText(cleared_ ? "Resolved" : "Unresolved")).append(" .  ");
+  speech += Message("{1} .  ", {LocalizedText(cleared_ ? "Resolved" : "Unresolved")});
+  return speech;
 }
 
 }  // namespace tallyfold

@@ -59,7 +59,8 @@ class CaselessNeedle {
 // The first characters of the text and an ellipsis, or the whole text when it has no more.
 [[nodiscard]] std::string FirstCharacters(std::string_view text, std::size_t count);
 
-// `format` with its first "%@" replaced by `text`.
+// A line of the log: `format` with its first "%@" replaced by `text`. What the user reads is a
+// Message().
 [[nodiscard]] std::string MessageWithText(std::string_view format, std::string_view text);
 
 }  // namespace tallyfold

@@ -4,7 +4,7 @@
 
 namespace tallyfold {
 
-std::string Message(std::string_view key, std::initializer_list<std::string> values) {
+std::string Message(std::string_view key, std::span<const std::string> values) {
   const std::string format = LocalizedText(key);
   std::string text;
   for (std::size_t i = 0; i < format.size(); ++i) {
@@ -12,13 +12,17 @@ std::string Message(std::string_view key, std::initializer_list<std::string> val
                           format[i + 1] >= '1' && format[i + 1] <= '9';
     const auto index = static_cast<std::size_t>(is_place ? format[i + 1] - '1' : 9);
     if (index < values.size()) {
-      text += values.begin()[index];
+      text += values[index];
       i += 2;
     } else {
       text += format[i];
     }
   }
   return text;
+}
+
+std::string Counted(std::size_t count, std::string_view one, std::string_view many) {
+  return Message(Plural(one, many, count), {std::to_string(count)});
 }
 
 }  // namespace tallyfold

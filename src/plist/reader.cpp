@@ -354,9 +354,11 @@ std::size_t LineAt(std::string_view text, std::size_t position) {
   return line;
 }
 
-ReadResult Refusal(std::string message, std::string_view text, std::size_t position) {
+ReadResult Refusal(std::string_view message, std::string_view text, std::size_t position,
+                   std::vector<std::string> details = {}) {
   ReadResult result;
-  result.error = std::move(message);
+  result.error = message;
+  result.details = std::move(details);
   result.line = LineAt(text, position);
   return result;
 }
@@ -391,14 +393,15 @@ ReadResult ReadUtf8(std::string_view text) {
   }
   if (const std::string_view encoding = DeclaredEncoding(text); !IsReadable(encoding)) {
     constexpr std::size_t kLongestName = 40;
-    return Refusal("the encoding \"" + ToValidUtf8(encoding.substr(0, kLongestName)) + '"', text,
-                   0);
+    return Refusal("the encoding \"{1}\"", text, 0,
+                   {ToValidUtf8(encoding.substr(0, kLongestName))});
   }
   const std::size_t valid = ValidUtf8Prefix(text);
   if (valid != text.size()) return Refusal("bytes that are not UTF-8", text, valid);
   DocumentReader reader(text);
   if (!reader.Read()) {
-    return Refusal(reader.failure().message, text, reader.failure().position);
+    const XmlScanner::Failure& failure = reader.failure();
+    return Refusal(failure.message, text, failure.position, failure.details);
   }
   ReadResult result;
   result.ok = true;

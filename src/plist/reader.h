@@ -3,6 +3,7 @@
 #include <cstddef>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "plist/value.h"
 
@@ -10,8 +11,11 @@ namespace tallyfold::plist {
 
 struct ReadResult {
   bool ok = false;
-  Value value;           // never none when ok, else none
-  std::string error;     // what is wrong, in English without a full stop; "" when ok
+  Value value;  // never none when ok, else none
+  // What is wrong, without a full stop: English, with places "{1}" for the details. "" when
+  // ok.
+  std::string_view error;
+  std::vector<std::string> details;
   std::size_t line = 0;  // where, from 1; line ends are LF, CR or both together; 0 when ok
 };
 

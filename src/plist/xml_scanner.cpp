@@ -15,11 +15,10 @@ bool IsNameCharacter(char c) noexcept {
 }
 
 // A piece of the document fit for a message.
-std::string Quoted(std::string_view text) {
+std::string Shortened(std::string_view text) {
   constexpr std::size_t kMaximumLength = 40;
-  if (text.size() <= kMaximumLength) return '"' + std::string(text) + '"';
-  return '"' + std::string(text.substr(0, ValidUtf8Prefix(text.substr(0, kMaximumLength)))) +
-         "...\"";
+  if (text.size() <= kMaximumLength) return std::string(text);
+  return std::string(text.substr(0, ValidUtf8Prefix(text.substr(0, kMaximumLength)))) + "...";
 }
 
 constexpr char32_t kNoCharacter = 0xFFFFFFFF;
@@ -47,14 +46,15 @@ char32_t ReferredCharacter(std::string_view name) noexcept {
 
 }  // namespace
 
-bool XmlScanner::Fail(std::string message, const char* where) {
-  failure_ = {std::move(message), static_cast<std::size_t>(where - begin_)};
+bool XmlScanner::Fail(std::string_view message, const char* where,
+                      std::vector<std::string> details) {
+  failure_ = {message, static_cast<std::size_t>(where - begin_), std::move(details)};
   return false;
 }
 
-bool XmlScanner::SkipPast(std::string_view end_mark, const char* what) {
+bool XmlScanner::SkipPast(std::string_view end_mark, std::string_view message) {
   const char* found = std::search(cursor_, end_, end_mark.begin(), end_mark.end());
-  if (found == end_) return Fail(std::string("unfinished ") + what);
+  if (found == end_) return Fail(message);
   cursor_ = found + end_mark.size();
   return true;
 }
@@ -63,9 +63,9 @@ bool XmlScanner::SkipMisc(bool instructions) {
   for (;;) {
     SkipWhiteSpace();
     if (Skip("<!--")) {
-      if (!SkipPast("-->", "comment")) return false;
+      if (!SkipPast("-->", "unfinished comment")) return false;
     } else if (instructions && Skip("<?")) {
-      if (!SkipPast("?>", "processing instruction")) return false;
+      if (!SkipPast("?>", "unfinished processing instruction")) return false;
     } else {
       return true;
     }
@@ -147,9 +147,11 @@ bool XmlScanner::ReadClosingTagSlowly(std::string_view name) {
     SkipWhiteSpace();
     if (Skip(">")) return true;
   }
-  std::string message = "</" + std::string(name) + "> is expected";
-  if (is_closing && !found.empty()) message += " and not the end of " + Quoted(found);
-  return Fail(std::move(message), start);
+  if (is_closing && !found.empty()) {
+    return Fail("</{1}> is expected and not the end of \"{2}\"", start,
+                {std::string(name), Shortened(found)});
+  }
+  return Fail("</{1}> is expected", start, {std::string(name)});
 }
 
 void XmlScanner::AppendPlain(std::string_view text) {
@@ -173,7 +175,8 @@ bool XmlScanner::ReadReference() {
   const std::string_view name(start + 1, static_cast<std::size_t>(stop - start - 1));
   const char32_t character = ReferredCharacter(name);
   if (character == kNoCharacter) {
-    return Fail("a reference to no character: " + Quoted({start, name.size() + 2}));
+    return Fail("a reference to no character: \"{1}\"", cursor_,
+                {Shortened({start, name.size() + 2})});
   }
   AppendUtf8(text_, character);
   cursor_ = stop + 1;
@@ -185,7 +188,7 @@ bool XmlScanner::ReadTextSlowly(std::string_view name, std::string_view plain,
   text_ = plain;
   cursor_ += plain.size();
   for (;;) {
-    if (IsAtEnd()) return Fail("the file ends within <" + std::string(name) + ">");
+    if (IsAtEnd()) return Fail("the file ends within <{1}>", cursor_, {std::string(name)});
     if (*cursor_ == '&') {
       if (!ReadReference()) return false;
     } else if (*cursor_ == '\r') {
@@ -198,12 +201,12 @@ bool XmlScanner::ReadTextSlowly(std::string_view name, std::string_view plain,
       text_.append(cursor_, stop);
       cursor_ = stop;
     } else if (Skip("<!--")) {
-      if (!SkipPast("-->", "comment")) return false;
+      if (!SkipPast("-->", "unfinished comment")) return false;
     } else if (Skip("<?")) {
-      if (!SkipPast("?>", "processing instruction")) return false;
+      if (!SkipPast("?>", "unfinished processing instruction")) return false;
     } else if (Skip("<![CDATA[")) {
       const char* start = cursor_;
-      if (!SkipPast("]]>", "character data section")) return false;
+      if (!SkipPast("]]>", "unfinished character data section")) return false;
       const std::string_view section(start, static_cast<std::size_t>(cursor_ - start - 3));
       if (section.find('\0') != std::string_view::npos) return Fail("a zero byte", start);
       AppendPlain(section);

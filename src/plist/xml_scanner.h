@@ -6,7 +6,7 @@
 #include <cstring>
 #include <string>
 #include <string_view>
-#include <utility>
+#include <vector>
 
 #include "plist/words.h"
 
@@ -18,8 +18,10 @@ namespace tallyfold::plist {
 class XmlScanner {
  public:
   struct Failure {
-    std::string message;
+    // English, with places "{1}" for the details; a literal.
+    std::string_view message;
     std::size_t position = 0;  // in bytes
+    std::vector<std::string> details;
   };
   struct Tag {
     std::string_view name;
@@ -32,8 +34,8 @@ class XmlScanner {
 
   [[nodiscard]] const Failure& failure() const noexcept { return failure_; }
   // Notes the failure, at the cursor or at an earlier place, and returns false.
-  bool Fail(std::string message) { return Fail(std::move(message), cursor_); }
-  bool Fail(std::string message, const char* where);
+  bool Fail(std::string_view message) { return Fail(message, cursor_); }
+  bool Fail(std::string_view message, const char* where, std::vector<std::string> details = {});
 
   // What lies ahead. MoveTo() takes a place between cursor() and end().
   [[nodiscard]] const char* cursor() const noexcept { return cursor_; }
@@ -111,8 +113,8 @@ class XmlScanner {
   // Moves over the white space that usually precedes a tag.
   void SkipIndentation() noexcept;
   [[nodiscard]] bool SkipToTagSlowly();
-  // Moves to after the next `end_mark`; fails with "unfinished `what`" when there is none.
-  [[nodiscard]] bool SkipPast(std::string_view end_mark, const char* what);
+  // Moves to after the next `end_mark`; fails with `message` when there is none.
+  [[nodiscard]] bool SkipPast(std::string_view end_mark, std::string_view message);
   [[nodiscard]] bool SkipAttribute();
   void SkipWhiteSpace() noexcept {
     while (cursor_ != end_ && IsWhiteSpace(*cursor_)) ++cursor_;

@@ -2,8 +2,7 @@
 #include <string>
 #include <utility>
 
-#include "model/text.h"
-#include "platform/ambient.h"
+#include "platform/message.h"
 #include "printing/pages.h"
 #include "printing/text_fitting.h"
 
@@ -48,8 +47,7 @@ class Pages::Drawing {
 
   void DrawFoot(std::size_t index) {
     const std::string number =
-        MessageWithText(MessageWithText(LocalizedText("Page %@ of %@"), std::to_string(index + 1)),
-                        std::to_string(pages_.Count()));
+        Message("Page {1} of {2}", {std::to_string(index + 1), std::to_string(pages_.Count())});
     y_ = pages_.size_.height - pages_.margins_.bottom - pages_.metric_->LineHeight(TextStyle::Foot);
     DrawEnds({pages_.document_.foot, number, TextStyle::Foot});
   }
@@ -75,7 +73,7 @@ class Pages::Drawing {
     if (!is_first_on_page) y_ += pages_.line_;
     if (!table.title.empty()) {
       const std::string title =
-          at.GoesOn() ? MessageWithText(LocalizedText("%@ (continued)"), table.title) : table.title;
+          at.GoesOn() ? Message("{1} (continued)", {table.title}) : table.title;
       AddText(Left(),
               Shortened(OnOneLine(title), pages_.width_, TextStyle::Strong, *pages_.metric_),
               TextStyle::Strong);

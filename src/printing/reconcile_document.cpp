@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "platform/ambient.h"
+#include "platform/message.h"
 #include "printing/document_head.h"
 #include "printing/facts.h"
 #include "printing/figures.h"
@@ -62,14 +63,13 @@ PrintDocument ReconcileDocument(const std::shared_ptr<LDGRAccount>& account,
   PrintDocument document = DocumentOf(*account, preferences, options.today);
   document.head.push_back({LocalizedText("Reconcile Report"), ""});
 
-  const auto sum = [](std::string_view words, std::size_t count) {
-    return LocalizedText(words) + ", " + CountInWords(count, "entry", "entries");
-  };
   Facts facts;
   facts.Add(LocalizedText("Starting balance"), figures.Amount(account->GetStartingBalance()));
-  facts.Add(sum("Resolved debits", reckoning.resolved_debit_count),
+  facts.Add(Counted(reckoning.resolved_debit_count, "Resolved debits, {1} entry",
+                    "Resolved debits, {1} entries"),
             figures.Amount(reckoning.resolved_debits));
-  facts.Add(sum("Resolved deposits", reckoning.resolved_deposit_count),
+  facts.Add(Counted(reckoning.resolved_deposit_count, "Resolved deposits, {1} entry",
+                    "Resolved deposits, {1} entries"),
             figures.Amount(reckoning.resolved_deposits));
   facts.AddResult(LocalizedText("Resolved balance"), figures.Amount(reckoning.resolved_balance));
   facts.Add(LocalizedText("Statement balance"), figures.Amount(reckoning.statement_balance));
@@ -81,8 +81,9 @@ PrintDocument ReconcileDocument(const std::shared_ptr<LDGRAccount>& account,
 
   Facts balance;
   balance.Add(LocalizedText("Resolved balance"), figures.Amount(reckoning.resolved_balance));
-  balance.Add(sum("Unresolved", reckoning.unresolved_count),
-              figures.Amount(reckoning.unresolved_sum));
+  balance.Add(
+      Counted(reckoning.unresolved_count, "Unresolved, {1} entry", "Unresolved, {1} entries"),
+      figures.Amount(reckoning.unresolved_sum));
   balance.AddResult(LocalizedText("Account balance"),
                     figures.Amount(reckoning.resolved_balance + reckoning.unresolved_sum));
   document.tables.push_back(balance.Table(""));

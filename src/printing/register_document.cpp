@@ -9,8 +9,8 @@
 #include <vector>
 
 #include "filters/filter_types.h"
-#include "model/text.h"
 #include "platform/ambient.h"
+#include "platform/message.h"
 #include "printing/document_head.h"
 #include "printing/figures.h"
 #include "printing/split_lines.h"
@@ -228,9 +228,10 @@ PrintLine PrintedRegister::BroughtForward(double balance) const {
 
 PrintLine PrintedRegister::Closing() const {
   PrintLine line{.cells = {}, .style = TextStyle::Strong};
-  const std::string count = CountInWords(entries_.size(), "entry", "entries");
-  AddLabel(line, carries_over_ ? MessageWithText(LocalizedText("Closing balance, %@"), count)
-                               : MessageWithText(LocalizedText("Total of %@"), count));
+  AddLabel(line, carries_over_
+                     ? Counted(entries_.size(), "Closing balance, {1} entry",
+                               "Closing balance, {1} entries")
+                     : Counted(entries_.size(), "Total of {1} entry", "Total of {1} entries"));
   if (amount_column_) line.cells.push_back({*amount_column_, figures_.Amount(rows_.Total())});
   if (carries_over_) {
     const double balance = rows_.RunningBalanceOf(entries_.size() - 1);
@@ -263,9 +264,8 @@ std::string SortInWords(const LDGRAccountTableViewData& rows) {
   const std::vector<TableColumn> columns = DefaultRegisterColumns();
   const auto column = std::ranges::find(columns, rows.SortColumn(), &TableColumn::identifier);
   if (column == columns.end()) return "";
-  return MessageWithText(
-      LocalizedText(rows.SortsDescending() ? "Sorted by %@, descending" : "Sorted by %@"),
-      TitleOf(*column));
+  return Message(rows.SortsDescending() ? "Sorted by {1}, descending" : "Sorted by {1}",
+                 {TitleOf(*column)});
 }
 
 }  // namespace
@@ -274,8 +274,7 @@ PrintDocument RegisterDocument(const LDGRAccountTableViewData& rows,
                                const LDGRPreferences& preferences,
                                const RegisterPrintOptions& options) {
   PrintDocument document = DocumentOf(*rows.GetAccount(), preferences, options.today);
-  document.head.push_back(
-      {MessageWithText(LocalizedText("Register: %@"), options.filter), SortInWords(rows)});
+  document.head.push_back({Message("Register: {1}", {options.filter}), SortInWords(rows)});
   std::vector<TableColumn> columns = rows.VisibleTableColumns();
   if (columns.empty()) columns = DefaultRegisterColumns();
   document.tables.push_back(RegisterTable(rows.Rows(), std::move(columns), preferences, options));
@@ -296,7 +295,7 @@ std::string FilterInWords(std::int32_t type, const plist::Value& data) {
   if (filter->rule != FilterType::Rule::SearchText) return name;
   const std::string text(data.StringValue());
   if (text.empty()) return LocalizedText("all entries");
-  return name + " “" + text + "”";
+  return Message("{1} “{2}”", {name, text});
 }
 
 }  // namespace tallyfold

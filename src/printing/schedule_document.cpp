@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "platform/ambient.h"
+#include "platform/message.h"
 #include "printing/document_head.h"
 #include "printing/figures.h"
 #include "printing/split_lines.h"
@@ -87,7 +88,7 @@ PrintDocument ScheduleDocument(const LDGRAccount& account, const LDGRPreferences
   }
   if (!rows.empty()) rows.back().is_kept_with_next = true;
   rows.push_back(
-      {.line = {.cells = {{0, CountInWords(rows.size(), "scheduled entry", "scheduled entries"),
+      {.line = {.cells = {{0, Counted(rows.size(), "{1} scheduled entry", "{1} scheduled entries"),
                            columns.size()}},
                 .style = TextStyle::Strong},
        .has_rule_above = !rows.empty()});

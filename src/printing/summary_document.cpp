@@ -9,6 +9,7 @@
 
 #include "model/amounts.h"
 #include "platform/ambient.h"
+#include "platform/message.h"
 #include "printing/document_head.h"
 #include "printing/facts.h"
 #include "printing/figures.h"
@@ -50,8 +51,7 @@ class PeriodRows final : public PrintRows {
         has_bars_(layout.has_bars),
         scale_(layout.periods),
         total_(layout.total),
-        total_title_(layout.total_title + ", " +
-                     CountInWords(layout.total_count, "entry", "entries")) {}
+        total_title_(Counted(layout.total_count, "Total, {1} entry", "Total, {1} entries")) {}
 
   [[nodiscard]] std::vector<PrintColumn> Columns(const std::vector<std::string>& titles) const;
 
@@ -177,7 +177,7 @@ PrintDocument SummaryDocument(const LDGRAccount& account, const SummaryLayout& l
   PrintDocument document = DocumentOf(account, preferences, today);
   document.head.push_back(
       {head.name.substr(std::min(head.name.find_first_not_of(' '), head.name.size())),
-       head.range + ", " + figures.Date(head.first) + " – " + figures.Date(head.last)});
+       Message("{1}, {2} – {3}", {head.range, figures.Date(head.first), figures.Date(head.last)})});
 
   const bool has_days = layout.check != SummaryLayout::Check::EndsBeforeItStarts;
   Facts balances;

@@ -7,8 +7,8 @@
 #include <vector>
 
 #include "model/amounts.h"
-#include "model/text.h"
 #include "platform/ambient.h"
+#include "platform/message.h"
 #include "registers/smallest_subset.h"
 
 namespace tallyfold {
@@ -155,8 +155,8 @@ std::string ExplanationText(const DifferenceExplanation& explanation) {
     case Kind::UnresolvedSet:
       break;
   }
-  return MessageWithText(LocalizedText("%@ unresolved entries together have this amount."),
-                         std::to_string(explanation.entries.size()));
+  return Message("{1} unresolved entries together have this amount.",
+                 {std::to_string(explanation.entries.size())});
 }
 
 }  // namespace tallyfold

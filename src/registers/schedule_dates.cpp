@@ -4,8 +4,7 @@
 
 #include "model/calendar.h"
 #include "model/date_format.h"
-#include "model/text.h"
-#include "platform/ambient.h"
+#include "platform/message.h"
 
 namespace tallyfold {
 namespace {
@@ -19,12 +18,12 @@ ScheduleDateLine LineOf(const OccurrenceAhead& occurrence, int day) {
     // The candidate has rolled into the month after the one that is skipped.
     const CivilTime candidate = DateNumberToNSCalendarDate(occurrence.candidate);
     return {0, FormatDate(AddDays(candidate, -candidate.day), "%B %Y"),
-            MessageWithText(LocalizedText("Skipped: no day %@"), std::to_string(day))};
+            Message("Skipped: no day {1}", {std::to_string(day)})};
   }
   ScheduleDateLine line{*occurrence.date, Formatted(*occurrence.date, "%a %e %b %Y"), ""};
   if (*occurrence.date != occurrence.candidate) {
-    line.note = Formatted(occurrence.candidate, "%a %e %b") + " -> " +
-                Formatted(*occurrence.date, "%a %e %b");
+    line.note = Message("{1} -> {2}", {Formatted(occurrence.candidate, "%a %e %b"),
+                                       Formatted(*occurrence.date, "%a %e %b")});
   }
   return line;
 }

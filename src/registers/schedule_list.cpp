@@ -5,8 +5,8 @@
 #include <cstdint>
 
 #include "model/date_format.h"
-#include "model/text.h"
 #include "platform/ambient.h"
+#include "platform/message.h"
 #include "registers/register_look.h"
 #include "registers/register_rows.h"
 
@@ -27,7 +27,7 @@ using Repeat = RepeatInterval;
 // English keys.
 struct IntervalText {
   Repeat type;
-  std::string_view text;  // "%@" stands for the number of an every-N interval
+  std::string_view text;  // "{1}" stands for the number of an every-N interval
   std::string_view every_one = {};
 };
 
@@ -41,11 +41,11 @@ constexpr std::array kIntervalTexts = {
     IntervalText{Repeat::EndOfMonth, "Last day of every month"},
     IntervalText{Repeat::ThreeMonths, "Every three months"},
     IntervalText{Repeat::EndOfQuarter, "End of every quarter"},
-    IntervalText{Repeat::EveryNDays, "Every %@ days", "Every day"},
-    IntervalText{Repeat::EveryNWeeks, "Every %@ weeks", "Every week"},
-    IntervalText{Repeat::EveryNMonths, "Every %@ months", "Every month"},
-    IntervalText{Repeat::EveryNYears, "Every %@ years", "Every year"},
-    IntervalText{Repeat::EveryNQuarters, "Every %@ quarters", "Every quarter"},
+    IntervalText{Repeat::EveryNDays, "Every {1} days", "Every day"},
+    IntervalText{Repeat::EveryNWeeks, "Every {1} weeks", "Every week"},
+    IntervalText{Repeat::EveryNMonths, "Every {1} months", "Every month"},
+    IntervalText{Repeat::EveryNYears, "Every {1} years", "Every year"},
+    IntervalText{Repeat::EveryNQuarters, "Every {1} quarters", "Every quarter"},
 };
 
 }  // namespace
@@ -79,7 +79,7 @@ std::string RepeatsInWords(const LDGRAccountSchedule& schedule) {
   // Of such an interval the start is the only occurrence.
   if (every < 1) return LocalizedText("Once");
   if (every == 1) return LocalizedText(found->every_one);
-  return MessageWithText(LocalizedText(found->text), std::to_string(every));
+  return Message(found->text, {std::to_string(every)});
 }
 
 std::string UntilInWords(const LDGRAccountSchedule& schedule, std::string_view date_format) {
@@ -88,11 +88,9 @@ std::string UntilInWords(const LDGRAccountSchedule& schedule, std::string_view d
     case LDGRAccountSchedule::Until::Forever:
       return LocalizedText("Forever");
     case LDGRAccountSchedule::Until::Count:
-      return until == 1 ? LocalizedText("1 time")
-                        : MessageWithText(LocalizedText("%@ times"), std::to_string(until));
+      return Message(until == 1 ? "{1} time" : "{1} times", {std::to_string(until)});
     case LDGRAccountSchedule::Until::Date:
-      return MessageWithText(LocalizedText("Until %@"),
-                             FormatDate(DateNumberToNSCalendarDate(until), date_format));
+      return Message("Until {1}", {FormatDate(DateNumberToNSCalendarDate(until), date_format)});
   }
   return LocalizedText("Never");
 }

@@ -5,7 +5,7 @@
 #include <map>
 
 #include "model/text.h"
-#include "platform/ambient.h"
+#include "platform/message.h"
 
 namespace tallyfold {
 namespace {
@@ -57,11 +57,10 @@ std::vector<std::string> NotesOnSharedAccountNumbers(const AccountList& accounts
   std::vector<std::string> notes;
   for (const auto& [number, of_number] : names) {
     if (of_number.size() < 2) continue;
-    const std::string text =
-        MessageWithText(LocalizedText("The account number %@ is that of %@.  Transfers and view "
-                                      "settings with that number go to the first."),
-                        std::to_string(number));
-    notes.push_back(MessageWithText(text, StringsToEnglishList(of_number)));
+    notes.push_back(
+        Message("The account number {1} is that of {2}.  Transfers and view settings with that "
+                "number go to the first.",
+                {std::to_string(number), StringsToEnglishList(of_number)}));
   }
   return notes;
 }

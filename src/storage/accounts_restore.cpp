@@ -2,8 +2,8 @@
 #include <cstddef>
 #include <utility>
 
-#include "model/text.h"
 #include "platform/ambient.h"
+#include "platform/message.h"
 #include "plist/reader.h"
 #include "storage/accounts_store.h"
 #include "storage/backup_names.h"
@@ -77,24 +77,20 @@ std::optional<AccountsStore::BackupContents> AccountsStore::ContentsOfBackup(
 
 AccountsStore::RestoreResult AccountsStore::Accounts_RestoreBackup(const std::string& name) {
   if (!authenticated_) return RestoreResult::Failed;
-  return Restore(
-      ReadBackup(name),
-      MessageWithText(
-          LocalizedText("The accounts of the backup \"%@\" will take the place of the accounts "
-                        "you have now.  A copy of your present Accounts file will be kept beside "
-                        "it.\n\nAre you sure you would like to restore the backup?"),
-          name));
+  return Restore(ReadBackup(name),
+                 Message("The accounts of the backup \"{1}\" will take the place of the accounts "
+                         "you have now.  A copy of your present Accounts file will be kept beside "
+                         "it.\n\nAre you sure you would like to restore the backup?",
+                         {name}));
 }
 
 AccountsStore::RestoreResult AccountsStore::Accounts_RestoreFromFile(const std::string& path) {
   if (!authenticated_) return RestoreResult::Failed;
-  return Restore(
-      TakeBackup(services_.files.Read(path)),
-      MessageWithText(
-          LocalizedText("The accounts of the file \"%@\" will take the place of the accounts you "
-                        "have now.  A copy of your present Accounts file will be kept beside "
-                        "it.\n\nAre you sure you would like to restore the file?"),
-          FileName(path)));
+  return Restore(TakeBackup(services_.files.Read(path)),
+                 Message("The accounts of the file \"{1}\" will take the place of the accounts you "
+                         "have now.  A copy of your present Accounts file will be kept beside "
+                         "it.\n\nAre you sure you would like to restore the file?",
+                         {FileName(path)}));
 }
 
 AccountsStore::RestoreResult AccountsStore::Restore(const std::optional<Backup>& backup,

@@ -6,6 +6,7 @@
 #include "model/text.h"
 #include "model/type_handover.h"
 #include "platform/ambient.h"
+#include "platform/message.h"
 #include "plist/read_report.h"
 #include "plist/writer.h"
 #include "storage/account_numbers.h"
@@ -40,10 +41,10 @@ std::string TooNewMessage() {
         "Please use the version of Tallyfold that you last used with this file, or download the "
         "latest version.");
   } else {
-    message += MessageWithText(
-        LocalizedText("Please use the version of Tallyfold that you last used with this file, or "
-                      "download the latest version from %@."),
-        address);
+    message += Message(
+        "Please use the version of Tallyfold that you last used with this file, or "
+        "download the latest version from {1}.",
+        {std::string(address)});
   }
   return message;
 }

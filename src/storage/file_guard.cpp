@@ -4,8 +4,8 @@
 #include <new>
 #include <utility>
 
-#include "model/text.h"
 #include "platform/ambient.h"
+#include "platform/message.h"
 #include "plist/reader.h"
 #include "storage/backup_names.h"
 #include "storage/data_paths.h"
@@ -17,17 +17,17 @@ namespace {
 std::string_view SentenceFor(plist::NotTaken what) {
   switch (what) {
     case plist::NotTaken::UnknownKey:
-      return "The key \"%@\" is not known.";
+      return "The key \"{1}\" is not known.";
     case plist::NotTaken::RepeatedKey:
-      return "The key \"%@\" stands twice.";
+      return "The key \"{1}\" stands twice.";
     case plist::NotTaken::WrongKind:
-      return "A value of \"%@\" is of a wrong kind.";
+      return "A value of \"{1}\" is of a wrong kind.";
     case plist::NotTaken::Skipped:
-      return "Something of \"%@\" was left out.";
+      return "Something of \"{1}\" was left out.";
     case plist::NotTaken::OutOfRange:
-      return "A value of \"%@\" is out of its range.";
+      return "A value of \"{1}\" is out of its range.";
     case plist::NotTaken::NotUpgraded:
-      return "A value of \"%@\" could not be brought to the present form.";
+      return "A value of \"{1}\" could not be brought to the present form.";
   }
   return "";
 }
@@ -89,8 +89,8 @@ std::optional<plist::Dictionary> FileGuard::Read() {
   plist::ReadResult result = plist::Read(contents->view());
   contents.reset();
   if (!result.ok) {
-    SetAsideFor(MessageWithText(LocalizedText("Line %@: "), std::to_string(result.line)) +
-                LocalizedText(result.error) + '.');
+    SetAsideFor(Message("Line {1}: {2}.",
+                        {std::to_string(result.line), Message(result.error, result.details)}));
     return std::nullopt;
   }
   if (!result.value.IsDictionary()) {
@@ -107,7 +107,7 @@ void FileGuard::NotTakenInWhole(std::string_view reason) {
 void FileGuard::NotTakenInWhole(const plist::ReadReport& report) {
   if (report.IsEmpty()) return;
   SetAsideFor(LocalizedText("Some of the file is not in the form that Tallyfold writes.") + ' ' +
-              MessageWithText(LocalizedText(SentenceFor(report.First())), report.FirstKey()));
+              Message(SentenceFor(report.First()), {report.FirstKey()}));
 }
 
 void FileGuard::SetAsideFor(std::string reason) {

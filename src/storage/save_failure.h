@@ -3,6 +3,7 @@
 #include <string>
 
 #include "platform/file_system.h"
+#include "platform/message.h"
 
 namespace tallyfold {
 
@@ -13,7 +14,7 @@ struct SaveFailure {
   // The system's or the program's own reason: "No space left on device".
   std::string reason;
 
-  [[nodiscard]] std::string Text() const { return step + ": " + reason; }
+  [[nodiscard]] std::string Text() const { return Message("{1}: {2}", {step, reason}); }
 };
 
 [[nodiscard]] SaveFailure SaveFailureOf(const FileFailure& failure);

@@ -11,6 +11,7 @@
 #include "model/packed_sort.h"
 #include "model/text.h"
 #include "platform/ambient.h"
+#include "platform/message.h"
 #include "summaries/account_summary.h"
 #include "summaries/summary_choices.h"
 #include "summaries/summary_periods.h"
@@ -57,16 +58,16 @@ std::string PeriodTitle(SummaryPeriodStyle style, const PeriodSubtotals& period,
     case SummaryPeriodStyle::Months:
       return FormatDate(first, "%B %Y");
     case SummaryPeriodStyle::Quarters:
-      return MessageWithText(LocalizedText("Q%@"), std::to_string((first.month - 1) / 3 + 1)) +
-             FormatDate(first, " %Y");
+      return Message("Q{1} {2}",
+                     {std::to_string((first.month - 1) / 3 + 1), FormatDate(first, "%Y")});
     case SummaryPeriodStyle::Years:
       return FormatDate(first, "%Y");
     default:
       break;
   }
-  std::string title = Day(period.start_date, date_format);
-  if (period.end_date != period.start_date) title += " - " + Day(period.end_date, date_format);
-  return title;
+  const std::string start = Day(period.start_date, date_format);
+  if (period.end_date == period.start_date) return start;
+  return Message("{1} - {2}", {start, Day(period.end_date, date_format)});
 }
 
 void LayOutPeriods(const SummaryResult& result, SummaryPeriodStyle style,

@@ -5,6 +5,7 @@
 #include <string>
 #include <string_view>
 
+#include "platform/message.h"
 #include "plist/describe.h"
 #include "plist/writer.h"
 
@@ -192,7 +193,8 @@ TEST(Reader, RefusesWhatIsNoPropertyListAndSaysWhereAndWhy) {
     EXPECT_FALSE(result.ok) << c.file;
     EXPECT_TRUE(result.value.IsNone());
     EXPECT_EQ(result.line, c.line) << c.file << ": " << result.error;
-    EXPECT_NE(result.error.find(c.error), std::string::npos) << c.file << ": " << result.error;
+    const std::string error = Message(result.error, result.details);
+    EXPECT_NE(error.find(c.error), std::string::npos) << c.file << ": " << error;
   }
 }
 

@@ -14,6 +14,7 @@
 #include "model/amounts.h"
 #include "model/entry_type.h"
 #include "platform/ambient.h"
+#include "platform/message.h"
 #include "storage/account_numbers.h"
 
 namespace tallyfold {
@@ -121,9 +122,8 @@ bool AccountEditing::Account_Edit() {
 std::string AccountEditing::NewAccountName() const {
   std::unordered_set<std::string_view> names;
   for (const auto& account : desk_.accounts()) names.insert(account->GetName());
-  const std::string stem = LocalizedText("Tallyfold") + ' ';
   for (std::size_t number = desk_.accounts().size() + 1;; ++number) {
-    std::string name = stem + std::to_string(number);
+    std::string name = Message("Tallyfold {1}", {std::to_string(number)});
     if (!names.contains(name)) return name;
   }
 }

@@ -2,7 +2,7 @@
 
 #include <utility>
 
-#include "platform/ambient.h"
+#include "platform/message.h"
 
 namespace tallyfold {
 
@@ -13,8 +13,8 @@ void AccountPasswords::Account_Authenticate(const std::shared_ptr<LDGRAccount>& 
 }
 
 void AccountPasswords::AccountAuthenticationSheet_Open() {
-  sheet_.Open(LocalizedText("The Account") + " \"" + authenticating_account_->GetName() + "\" " +
-              LocalizedText("is protected by a password."));
+  sheet_.Open(Message("The Account \"{1}\" is protected by a password.",
+                      {authenticating_account_->GetName()}));
 }
 
 void AccountPasswords::Account_Lock(const std::shared_ptr<LDGRAccount>& account) {

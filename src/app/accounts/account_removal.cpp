@@ -71,10 +71,8 @@ bool AccountRemoval::UserAgrees(const LDGRAccount& account) const {
   const std::size_t schedules = account.GetSchedules().size();
   std::string message =
       Message("The account \"{1}\" holds {2} and {3}.",
-              {account.GetName(),
-               Message(Plural("{1} entry", "{1} entries", entries), {std::to_string(entries)}),
-               Message(Plural("{1} scheduled entry", "{1} scheduled entries", schedules),
-                       {std::to_string(schedules)})});
+              {account.GetName(), Counted(entries, "{1} entry", "{1} entries"),
+               Counted(schedules, "{1} scheduled entry", "{1} scheduled entries")});
   if (const std::size_t linked = links_.EntriesLinkedTo(account); linked > 0) {
     message += "  " + Message(
                           "In other accounts, the other halves of its transfers stay as ordinary "

@@ -2,6 +2,7 @@
 
 #include "model/current_account.h"
 #include "platform/ambient.h"
+#include "platform/message.h"
 #include "storage/preferences.h"
 
 namespace tallyfold {
@@ -92,7 +93,7 @@ void AccountSelection::Account_Deselect() {
 void AccountSelection::SetMainWindowTitleForAccount(const LDGRAccount* account) {
   const std::string subject =
       account != nullptr ? account->GetName() : LocalizedText("No Account Selected");
-  window_title_ = LocalizedText("Tallyfold") + ":  " + subject;
+  window_title_ = Message("Tallyfold:  {1}", {subject});
   announcer_.Changed(Area::WindowTitle);
 }
 

@@ -54,17 +54,17 @@ std::string ProblemOfMove(const LDGRAccount& from, const LDGRAccount& to,
                           const EntryList& entries) {
   if (&from == &to) return LocalizedText("The entries are in that account already.");
   if (to.IsLocked()) {
-    return MessageWithText(LocalizedText("The account \"%@\" is locked."), to.GetName());
+    return Message("The account \"{1}\" is locked.", {to.GetName()});
   }
   const bool is_refused = std::ranges::any_of(entries, [&](const auto& entry) {
     return entry->IsTransfer() && (entry->GetTransferAccount() == to.GetNumber() ||
                                    entry->GetTransferAccount() == from.GetNumber());
   });
   if (!is_refused) return "";
-  return MessageWithText(
-      LocalizedText("A transfer cannot be moved to the account \"%@\", which has "
-                    "its other half."),
-      to.GetName());
+  return Message(
+      "A transfer cannot be moved to the account \"{1}\", which has "
+      "its other half.",
+      {to.GetName()});
 }
 
 }  // namespace

@@ -6,7 +6,6 @@
 #include <vector>
 
 #include "ledger/change.h"
-#include "model/text.h"
 #include "platform/ambient.h"
 #include "platform/message.h"
 #include "registers/register_look.h"
@@ -27,10 +26,11 @@ std::string QuestionFor(const EntryList& entries, const LDGRPreferences& prefere
 
 std::string QuestionForOtherHalves(const EntryList& transfers) {
   if (transfers.size() == 1) {
-    return MessageWithText(LocalizedText("The other half of this transfer is in the account "
-                                         "\"%@\".  Would you like to keep it there as an ordinary "
-                                         "entry?"),
-                           transfers.front()->GetToFrom());
+    return Message(
+        "The other half of this transfer is in the account "
+        "\"{1}\".  Would you like to keep it there as an ordinary "
+        "entry?",
+        {transfers.front()->GetToFrom()});
   }
   return Message(
       "The other halves of {1} transfers are in other accounts.  Would you like to keep "

@@ -2,8 +2,7 @@
 
 #include <string_view>
 
-#include "model/text.h"
-#include "platform/ambient.h"
+#include "platform/message.h"
 
 namespace tallyfold {
 namespace {
@@ -11,13 +10,13 @@ namespace {
 std::string_view FormatFor(EntryReveal::Reason reason) {
   switch (reason) {
     case EntryReveal::Reason::Added:
-      return "Added; hidden by the filter '%@'";
+      return "Added; hidden by the filter '{1}'";
     case EntryReveal::Reason::Changed:
-      return "Changed; hidden by the filter '%@'";
+      return "Changed; hidden by the filter '{1}'";
     case EntryReveal::Reason::Sought:
       break;
   }
-  return "Hidden by the filter '%@'";
+  return "Hidden by the filter '{1}'";
 }
 
 }  // namespace
@@ -28,7 +27,7 @@ void EntryReveal::TellIfHidden(const std::shared_ptr<LDGRAccountEntry>& entry, R
   const auto filter = host_.CurrentFilter();
   if (entry == nullptr || filter == nullptr || host_.IsShown(entry.get())) return;
   hidden_ = entry;
-  state_.text = MessageWithText(LocalizedText(FormatFor(reason)), filter->GetName());
+  state_.text = Message(FormatFor(reason), {filter->GetName()});
   announcer_.Changed(Area::HiddenEntry);
 }
 

@@ -4,6 +4,7 @@
 
 #include "app/exchange/qif_date_items.h"
 #include "platform/ambient.h"
+#include "platform/message.h"
 
 namespace tallyfold {
 
@@ -17,7 +18,7 @@ void LDGRQIFExportAccessoryView::populateExportAccountsButton(const AccountList*
   for (const auto& account : *accounts) {
     PopUpItem item{account->GetName(), account->GetNumber()};
     if (!account->IsAuthenticated()) {
-      item.title += " (" + LocalizedText("Locked") + ")";
+      item.title = Message("{1} (Locked)", {item.title});
       item.image = "locked";
       item.is_enabled = false;
     }

@@ -10,6 +10,7 @@
 #include "ledger/change.h"
 #include "model/date_number.h"
 #include "platform/ambient.h"
+#include "platform/message.h"
 #include "registers/register_look.h"
 #include "storage/preferences.h"
 
@@ -194,10 +195,10 @@ void LDGRQIFImportController::ImportTotal_Field_Update() {
 
 bool LDGRQIFImportController::UserAgrees() const {
   std::string text =
-      LocalizedText("Entries to import:") + ' ' + std::to_string(review_state_.marked_count);
+      Message("Entries to import: {1}", {std::to_string(review_state_.marked_count)});
   if (review_state_.marked_undated > 0) {
-    text += '\n' + LocalizedText("Without a date that can be read:") + ' ' +
-            std::to_string(review_state_.marked_undated);
+    text += '\n' + Message("Without a date that can be read: {1}",
+                           {std::to_string(review_state_.marked_undated)});
   }
   return modal_.Run({LocalizedText("Import"),
                      std::move(text),

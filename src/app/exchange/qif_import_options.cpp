@@ -11,6 +11,7 @@
 #include "ledger/change.h"
 #include "platform/ambient.h"
 #include "platform/file_system.h"
+#include "platform/message.h"
 #include "platform/text_encodings.h"
 #include "registers/register_look.h"
 
@@ -44,7 +45,7 @@ void LDGRQIFImportController::ImportOptions_InitWithFile(const std::string& path
   options_ = {};
   TakeText(LDGRQIFImport::importWithContentsOfFile(path, encoding, files_, encodings_), encoding);
   options_.title =
-      LocalizedText("Importing From:") + "  " + std::filesystem::path(path).filename().string();
+      Message("Importing From:  {1}", {std::filesystem::path(path).filename().string()});
   ImportOptions_Populate();
 }
 

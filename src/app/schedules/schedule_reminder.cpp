@@ -12,7 +12,6 @@
 #include "model/amounts.h"
 #include "model/calendar.h"
 #include "model/date_format.h"
-#include "model/text.h"
 #include "platform/ambient.h"
 #include "platform/message.h"
 #include "registers/register_look.h"
@@ -199,11 +198,8 @@ void ScheduleReminder::AddRows(const LDGRAccount& account, const Due& due, bool 
     row.days = due.days;
     row.typed.date = due.days.front();
     row.date_is_enabled = false;
-    row.days_text = LocalizedText("%@ from %@ to %@");
-    for (const std::string& part :
-         {std::to_string(due.days.size()), text(due.days.front()), text(due.days.back())}) {
-      row.days_text = MessageWithText(row.days_text, part);
-    }
+    row.days_text = Message("{1} from {2} to {3}", {std::to_string(due.days.size()),
+                                                    text(due.days.front()), text(due.days.back())});
     state_.rows.push_back(std::move(row));
     return;
   }

@@ -4,7 +4,6 @@
 
 #include "app/accounts/account_selection.h"
 #include "app/shell/application_lock.h"
-#include "model/text.h"
 #include "platform/ambient.h"
 #include "platform/message.h"
 #include "storage/data_paths.h"
@@ -45,8 +44,8 @@ std::optional<AccountsStore::RestoreResult> BackupsList::RestoreFromFile() {
   announcer_.Changed(Area::BackUp);
   const Result result = Loaded(store_.Accounts_RestoreFromFile(*path));
   if (result == Result::Unreadable) {
-    state_.problem = MessageWithText(
-        LocalizedText("The file \"%@\" holds no accounts that can be read."), FileName(*path));
+    state_.problem =
+        Message("The file \"{1}\" holds no accounts that can be read.", {FileName(*path)});
   } else if (result == Result::Failed) {
     state_.problem =
         ProblemAs(LocalizedText("Nothing was restored, for the accounts of now could not be kept"));

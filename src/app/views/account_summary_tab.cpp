@@ -6,8 +6,8 @@
 
 #include "app/face/blank_text.h"
 #include "ledger/change.h"
-#include "model/text.h"
 #include "platform/ambient.h"
+#include "platform/message.h"
 #include "registers/register_look.h"
 
 namespace tallyfold {
@@ -91,7 +91,7 @@ std::shared_ptr<LDGRAccountSummary> AccountSummaryTab::Duplicate() {
   const auto account = AccountToChange();
   if (account == nullptr || account->selectedAccountSummary() == nullptr) return nullptr;
   const LDGRAccountSummary& original = *account->selectedAccountSummary();
-  const std::string stem = MessageWithText(LocalizedText("%@ Copy"), original.name());
+  const std::string stem = Message("{1} Copy", {original.name()});
   return AddAndSelect(
       "Duplicate Summary", account,
       std::make_shared<LDGRAccountSummary>(original.optionsAsDictionary().DeepCopy(), nullptr),

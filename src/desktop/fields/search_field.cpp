@@ -13,6 +13,7 @@
 #include "desktop/look/measures.h"
 #include "desktop/look/painting.h"
 #include "desktop/texts.h"
+#include "platform/message.h"
 
 namespace tallyfold::desktop {
 namespace {
@@ -61,7 +62,7 @@ void SearchField::SetFilterMenu(QMenu* menu) {
 
 void SearchField::SetFilterName(const QString& name) {
   filter_->setText(WithoutMnemonics(name));
-  filter_->setAccessibleName(Text("Filter") + QLatin1String(": ") + name);
+  filter_->setAccessibleName(ToQString(Message("Filter: {1}", {ToUtf8(name)})));
   LayOut();
 }
 

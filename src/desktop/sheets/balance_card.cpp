@@ -11,6 +11,7 @@
 #include "desktop/look/measures.h"
 #include "desktop/look/painting.h"
 #include "desktop/texts.h"
+#include "platform/message.h"
 #include "registers/register_look.h"
 
 namespace tallyfold::desktop {
@@ -60,8 +61,9 @@ void BalanceCard::Show(const TransferSheetState& state, const LDGRPreferences& p
     };
     lines_.push_back({ToQString(balance.account), balance.is_locked, written(balance.now),
                       written(balance.after)});
-    description += QLatin1String("; ") + lines_.back().account + QLatin1String(": ") +
-                   (balance.is_locked ? Text("Locked") : lines_.back().after);
+    description = ToQString(Message(
+        "{1}; {2}: {3}", {ToUtf8(description), balance.account,
+                          ToUtf8(balance.is_locked ? Text("Locked") : lines_.back().after)}));
   }
   setAccessibleName(description);
   setToolTip(description);

@@ -173,13 +173,13 @@ void ReconcileBand::Show() {
   const auto count = [](std::size_t number) { return std::to_string(number); };
   resolved_note_->setText(
       state.is_enabled
-          ? ToQString(
-                Message(Plural("{1} debit {2}", "{1} debits {2}", figures.resolved_debit_count),
-                        {count(figures.resolved_debit_count), amount(figures.resolved_debits)}) +
-                ", " +
-                Message(
-                    Plural("{1} deposit {2}", "{1} deposits {2}", figures.resolved_deposit_count),
-                    {count(figures.resolved_deposit_count), amount(figures.resolved_deposits)}))
+          ? ToQString(Message(
+                "{1}, {2}",
+                {Message(Plural("{1} debit {2}", "{1} debits {2}", figures.resolved_debit_count),
+                         {count(figures.resolved_debit_count), amount(figures.resolved_debits)}),
+                 Message(
+                     Plural("{1} deposit {2}", "{1} deposits {2}", figures.resolved_deposit_count),
+                     {count(figures.resolved_deposit_count), amount(figures.resolved_deposits)})}))
           : QString());
   difference_->setText(ToQString(state.difference));
   difference_note_->setText(

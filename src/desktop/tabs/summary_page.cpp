@@ -14,7 +14,7 @@
 #include "desktop/look/measures.h"
 #include "desktop/tabs/summary_table.h"
 #include "desktop/texts.h"
-#include "platform/ambient.h"
+#include "platform/message.h"
 #include "registers/register_look.h"
 #include "storage/preferences.h"
 
@@ -61,10 +61,10 @@ QLayout* MakeHead(QWidget* page, const SummaryLayout& layout, const LDGRPreferen
   grid->addWidget(title, 0, 0);
   const std::string format = RegisterDateFormat(preferences);
   const TableFormat days{format, preferences};
-  auto* range = SummaryLabel(page, QStringLiteral("%1, %2 \u2013 %3")
-                                       .arg(ToQString(layout.head.account),
-                                            ToQString(DayCell(layout.head.first, days).text),
-                                            ToQString(DayCell(layout.head.last, days).text)));
+  auto* range = SummaryLabel(
+      page, ToQString(Message("{1}, {2} – {3}",
+                              {layout.head.account, DayCell(layout.head.first, days).text,
+                               DayCell(layout.head.last, days).text})));
   range->setForegroundRole(QPalette::PlaceholderText);
   grid->addWidget(range, 1, 0);
   grid->setColumnStretch(0, 1);
@@ -96,7 +96,8 @@ QLayout* MakeCheck(QWidget* page, const SummaryLayout& layout, const LDGRPrefere
   row->addWidget(image);
   QString text = ToQString(layout.check_title);
   if (layout.check == SummaryLayout::Check::EntriesLeftOut) {
-    text += QLatin1String(" ") + ToQString(RegisterAmountText(layout.left_out, preferences));
+    text = ToQString(
+        Message("{1} {2}", {layout.check_title, RegisterAmountText(layout.left_out, preferences)}));
   }
   row->addWidget(SummaryLabel(page, text), 1);
   return row;
