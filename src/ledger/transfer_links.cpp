@@ -109,6 +109,18 @@ void TransferLinks::LinkNew(Change& change, LDGRAccount& account, LDGRAccountEnt
   change.Add(target, std::move(half));
 }
 
+void TransferLinks::LinkScheduled(Change& change, LDGRAccount& account,
+                                  LDGRAccountEntry& entry) const {
+  const auto other = store_.AccountWithNumber(entry.GetTransferAccount());
+  entry.SetTransferEntry(kNotLinked);
+  if (other.get() == &account) {
+    entry.SetTransferAccount(kNotLinked);
+    return;
+  }
+  LinkNew(change, account, entry, entry.GetTransferAccount(),
+          other != nullptr ? other->GetName() : entry.GetToFrom());
+}
+
 void TransferLinks::Relink(Change& change, LDGRAccount& account, LDGRAccountEntry& entry,
                            const std::shared_ptr<LDGRAccountEntry>& half, std::int32_t other,
                            std::string_view name) const {

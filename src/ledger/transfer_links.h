@@ -65,6 +65,10 @@ class TransferLinks {
   // For a new entry, whose other half is made.
   void LinkNew(Change& change, LDGRAccount& account, LDGRAccountEntry& entry, std::int32_t other,
                std::string_view name) const;
+  // For the new entry of a schedule, which names that account and may name an other half that never
+  // was. One that names its own account, as only a file can, becomes a transfer with none: both
+  // halves would be booked there.
+  void LinkScheduled(Change& change, LDGRAccount& account, LDGRAccountEntry& entry) const;
   // For one that was changed; `half` is what OtherHalf() gave before. It is kept and brought in
   // line where the account stays the same, and replaced by a new one, which gets no number, where
   // the account changes.

@@ -1,10 +1,10 @@
 #include "app/commands/command_tables.h"
 #include "app/controller.h"
 #include "app/desk.h"
-#include "app/schedules/schedule_commit.h"
 #include "app/schedules/schedule_editing.h"
 #include "app/schedules/schedule_reminder.h"
 #include "app/schedules/schedules_tab.h"
+#include "ledger/due_occurrences.h"
 
 namespace tallyfold::command_tables {
 namespace {

@@ -11,7 +11,6 @@
 #include "app/desk.h"
 #include "app/face/announcer.h"
 #include "app/face/sheet_slot.h"
-#include "app/schedules/due_occurrence.h"
 #include "app/schedules/schedule_commit.h"
 #include "app/schedules/schedule_reminder_state.h"
 #include "model/account.h"

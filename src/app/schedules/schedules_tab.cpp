@@ -121,22 +121,18 @@ bool SchedulesTab::Schedule_Duplicate() {
   return true;
 }
 
-DueOccurrence SchedulesTab::NextOccurrence() const {
-  if (!IsReady()) return {};
-  const auto schedule = rows_.SelectedSchedule();
-  const DateNumber next = NextDayToCommit(*schedule);
-  if (next == -1) return {};
-  return {schedule, schedule->EntryForDate(next)};
+DueOccurrence SchedulesTab::NextOfSelected() const {
+  return IsReady() ? NextOccurrence(rows_.SelectedSchedule()) : DueOccurrence();
 }
 
 bool SchedulesTab::Schedule_CommitNext() {
   const Announcer::Operation operation(announcer_);
-  return commit_.Commit(NextOccurrence());
+  return commit_.Commit(NextOfSelected());
 }
 
 bool SchedulesTab::Schedule_SkipNext() {
   const Announcer::Operation operation(announcer_);
-  return commit_.Skip(NextOccurrence());
+  return commit_.Skip(NextOfSelected());
 }
 
 void SchedulesTab::TableChanged(const TableState& /*table*/, TableState::Change change) {

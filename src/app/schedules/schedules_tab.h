@@ -71,7 +71,7 @@ class SchedulesTab final : private TableState::Observer {
   void RowsChanged(const TableState& table, const RowsChange& change) override;
   [[nodiscard]] bool IsReady() const;
   // Its schedule is null when there is none.
-  [[nodiscard]] DueOccurrence NextOccurrence() const;
+  [[nodiscard]] DueOccurrence NextOfSelected() const;
   void CloseConfirm();
   void Delete(const std::shared_ptr<LDGRAccount>& account,
               const std::shared_ptr<LDGRAccountSchedule>& schedule);
