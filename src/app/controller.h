@@ -56,6 +56,7 @@ class TransferLinking;
 class TransferLinks;
 class Undo;
 class UpdateCheck;
+struct ApplicationParts;
 struct Services;
 
 // The application: puts its parts together and hands them out. What can be done, and what a front
@@ -146,9 +147,7 @@ class LDGRController {
   [[nodiscard]] LDGRQIFImportController& sharedQIFImportController() noexcept;
 
  private:
-  struct Parts;
-
-  std::unique_ptr<Parts> parts_;
+  std::unique_ptr<ApplicationParts> parts_;
 };
 
 }  // namespace tallyfold

@@ -1,0 +1,67 @@
+#include "app/parts.h"
+
+#include "app/services.h"
+
+namespace tallyfold {
+
+ApplicationParts::ApplicationParts(const Services& services)
+    : modal(services.alerts, services.panels, announcer),
+      application(services.notifications, services.loop),
+      data_lock(services.files, modal, services.host),
+      accounts({services.files, modal, services.host, services.processes}, gate, data_lock,
+               storage_answers),
+      preferences({services.files, services.host, services.processes}, gate, storage_answers),
+      refresh(register_answers, announcer),
+      speaker(services.loop, services.speech, register_answers),
+      recovery(services.files, ledger, announcer),
+      selection(account_answers, desk, preferences, window, refresh, announcer),
+      account_editing(desk, ledger, selection, links, sheets, refresh, announcer),
+      account_passwords(desk, selection, preferences, sheets, window, refresh, announcer),
+      account_removal(desk, ledger, links, selection, account_passwords, modal, sheets, refresh,
+                      announcer),
+      drawer(desk, selection, account_editing, refresh, announcer),
+      editing(desk, ledger, links, sheets, refresh, announcer),
+      removal(desk, ledger, links, sheets, refresh, announcer),
+      reveal(register_answers, desk, sheets, links, announcer),
+      orders(desk, ledger, links, sheets, refresh, announcer),
+      linking(desk, ledger, sheets, refresh, announcer),
+      amount_fields(services.loop, services.field_speech),
+      schedule_commit(desk, ledger, links, refresh, announcer),
+      schedules(desk, ledger, schedule_commit, sheets, refresh, announcer),
+      schedule_editing(desk, ledger, sheets, refresh, announcer),
+      reminder(desk, schedule_commit, sheets, services.loop, announcer),
+      registers(desk, announcer),
+      search(services.loop, register_answers),
+      shown_entries(register_answers, desk, registers, announcer),
+      find(desk, reveal, sheets, announcer),
+      date_jump(register_answers, desk, registers, sheets, announcer),
+      balance_field(desk, registers, announcer),
+      reconcile_tab(desk, ledger, registers, editing, refresh, announcer),
+      summary_tab(desk, ledger, modal, sheets, announcer),
+      summary_sheet(desk, ledger, summary_tab, sheets, announcer),
+      lock(ledger, saving, selection, services.host, sheets, window, refresh, services.loop,
+           announcer),
+      backups(accounts, lock, selection, modal, announcer),
+      preferences_sheet(shell_answers, desk, ledger, accounts, balance_field, window, sheets,
+                        services.loop, announcer),
+      updates(services.host, services.updates, announcer),
+      menus(desk, ledger, modal, selection, sheets, refresh, announcer),
+      tabs(desk, registers, search, summary_tab, speaker, reveal, refresh, announcer),
+      undo(ledger, desk, sheets, modal, selection, tabs, summary_tab, refresh, announcer),
+      printing(desk, tabs, registers),
+      idle(services.loop, shell_answers),
+      text_editing(services.notifications,
+                   {editing, search, lock, account_passwords, preferences_sheet, reminder}),
+      export_commands(desk, ledger, saving, tabs, speaker, services.files, services.encodings,
+                      modal, modal),
+      import(shell_answers, desk, ledger, editing, speaker, modal, services.files,
+             services.encodings, sheets, announcer),
+      import_command(desk, ledger, sheets, tabs, summary_tab, speaker, import, services.encodings,
+                     modal, idle, refresh, announcer),
+      lifecycle(shell_answers, {data_lock, window, updates, preferences, accounts,
+                                services.notifications, drawer, idle, lock, selection, refresh,
+                                services.host, saving, text_editing, speaker, recovery}) {
+  filters.Filters_Init();
+}
+
+}  // namespace tallyfold
