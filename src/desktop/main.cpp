@@ -2,6 +2,7 @@
 
 #include <QApplication>
 #include <cstdio>
+#include <optional>
 #include <string>
 
 #include "app/services.h"
@@ -81,9 +82,11 @@ int Run(QApplication& application) {
        }});
 
   desktop::SetUpPanels(panels, program.app());
+  std::optional<int> status;
   const auto end = [&](Ending::Asker asker) {
     const bool is_saved = program.Save(asker) == Ending::Outcome::Saved;
-    QCoreApplication::exit(is_saved ? 0 : 1);
+    status = is_saved ? 0 : 1;
+    QCoreApplication::exit(*status);
   };
   const auto end_unasked = [&] { end(Ending::Asker::Nobody); };
   host.SetFlush([&program] { program.FlushSettings(); });
@@ -101,6 +104,8 @@ int Run(QApplication& application) {
   });
 
   if (!program.Launch()) return host.Status().value_or(0);
+  // The launch looks at events as well.
+  if (status) return *status;
   return QApplication::exec();
 }
 

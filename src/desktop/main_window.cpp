@@ -35,6 +35,7 @@
 #include "desktop/look/measures.h"
 #include "desktop/look/rule_line.h"
 #include "desktop/menu_bar.h"
+#include "desktop/progress_bar.h"
 #include "desktop/search_strip.h"
 #include "desktop/services/user_settings.h"
 #include "desktop/sheets/review_host.h"
@@ -116,7 +117,8 @@ void MainWindow::MakePieces() {
   pieces_.tabs = new TabStrip(app.tabs(), page_);
   pieces_.search =
       new SearchStrip({app.search(), app.textEditing(), app.tabs(), app.desk()}, page_);
-  const RegisterPage::Parts rows{app.registers(), app.shownEntries(), app.entries(), app.desk()};
+  const RegisterPage::Parts rows{app.registers(), app.shownEntries(), app.entries(),
+                                 app.selection(), app.desk()};
   pieces_.entries = new RegisterPage(RegisterKind::Entry, rows, pages_);
   pieces_.reconcile = new RegisterPage(RegisterKind::Reconcile, rows, pages_);
   pieces_.band = new ReconcileBand({app.reconcileTab(), app.desk()}, pieces_.reconcile);
@@ -128,6 +130,7 @@ void MainWindow::MakePieces() {
                       app.entryOrders(), app.transferLinking(), app.backups(), app.accountsStore(),
                       app.preferencesStore(), app.desk(), app.tabs()},
                      page_);
+  pieces_.progress = new ProgressBar(page_);
   pieces_.date_jump = new DateJumpPanel(app.dateJump(), app.desk(), this);
   pieces_.find = new FindPanel(app.entryFind(), app.desk(), this);
 }
@@ -309,6 +312,20 @@ void MainWindow::SaveFrames() {
 
 void MainWindow::SetContentsEnabled(bool are_enabled) {
   centralWidget()->setEnabled(are_enabled);
+}
+
+void MainWindow::ShowWork(const QString& sentence) {
+  pieces_.status->ShowWork(sentence);
+  pieces_.status->repaint();
+}
+
+void MainWindow::ShowProgress(std::uint64_t done, std::uint64_t total) {
+  pieces_.progress->ShowAt(kBarHeight, done, total);
+}
+
+void MainWindow::EndWork() {
+  pieces_.progress->hide();
+  pieces_.status->ShowWork({});
 }
 
 void MainWindow::ShowVeil() {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QMainWindow>
+#include <cstdint>
 #include <functional>
 #include <memory>
 #include <utility>
@@ -20,6 +21,7 @@ class DateJumpPanel;
 class EntryActions;
 class FindPanel;
 class MenuBar;
+class ProgressBar;
 class ReconcileBand;
 class RegisterPage;
 class ScheduleTab;
@@ -56,6 +58,7 @@ class MainWindow final : public QMainWindow {
     ScheduleTab* schedule = nullptr;
     SummaryTab* summary = nullptr;
     StatusLine* status = nullptr;
+    ProgressBar* progress = nullptr;
     DateJumpPanel* date_jump = nullptr;
     FindPanel* find = nullptr;
     SheetHost* sheets = nullptr;
@@ -85,6 +88,11 @@ class MainWindow final : public QMainWindow {
   void SaveFrames();
   // What the window holds, apart from its menus, can be used.
   void SetContentsEnabled(bool are_enabled);
+  // What is being waited for, beside the balance, and how far it has come, below the tabs. Both are
+  // painted before this returns.
+  void ShowWork(const QString& sentence);
+  void ShowProgress(std::uint64_t done, std::uint64_t total);
+  void EndWork();
   // Darkened while a sheet is open.
   void ShowVeil();
 

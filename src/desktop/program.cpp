@@ -13,7 +13,9 @@ Program::Program(const Services& services, const Settings& settings)
       window_(app_, settings_),
       front_end_(window_),
       events_(app_.application()),
-      ending_(app_, services.alerts) {
+      ending_(app_, services.alerts),
+      waiting_(window_),
+      progress_(std::in_place, waiting_) {
   window_.SetTitleEnding(settings.title_ending);
   window_.SetOpenExample(settings.open_example);
   app_.SetFrontEnd(&front_end_);
@@ -33,14 +35,14 @@ Ending::Outcome Program::Save(Ending::Asker asker) {
 }
 
 void Program::SaveWithoutWindow() {
-  has_window_ = false;
+  progress_.reset();
   app_.SetFrontEnd(nullptr);
   app_.SetWindowHooks(nullptr);
   static_cast<void>(ending_.Save(Ending::Asker::Nobody));
 }
 
 void Program::FlushSettings() {
-  if (!has_window_) return;
+  if (!progress_) return;
   window_.SaveFrames();
   settings_.Flush();
 }

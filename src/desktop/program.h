@@ -3,6 +3,7 @@
 #include <QObject>
 #include <functional>
 #include <memory>
+#include <optional>
 #include <string>
 
 #include "app/controller.h"
@@ -10,7 +11,9 @@
 #include "desktop/main_window.h"
 #include "desktop/services/event_watch.h"
 #include "desktop/services/user_settings.h"
+#include "desktop/waiting.h"
 #include "desktop/window_front_end.h"
+#include "platform/progress.h"
 
 namespace tallyfold {
 struct Services;
@@ -54,7 +57,9 @@ class Program final : public QObject {
   WindowFrontEnd front_end_;
   EventWatch events_;
   Ending ending_;
-  bool has_window_ = true;
+  Waiting waiting_;
+  // None once there is no window to show anything in.
+  std::optional<ScopedProgress> progress_;
 };
 
 }  // namespace tallyfold::desktop

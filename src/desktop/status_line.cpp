@@ -169,6 +169,7 @@ void StatusLine::ShowSelection(const EntriesSum& selected) {
 }
 
 StatusLine::Notice StatusLine::WorstNotice() const {
+  if (!work_.isEmpty()) return {Topic::Working, work_};
   for (const auto* failure : {&parts_.accounts.Failure(), &parts_.preferences.Failure()}) {
     if (*failure) {
       return {Topic::NotSaved, ToQString(Message("Not saved: {1}", {(*failure)->Text()}))};
@@ -209,8 +210,9 @@ void StatusLine::ShowNotice() {
   const bool is_good = topic == Topic::Recovered || topic == Topic::BackedUp;
   const Role role = topic == Topic::NotSaved || topic == Topic::Refused ? Role::Problem
                     : is_good                                           ? Role::Good
-                    : topic == Topic::Offer || topic == Topic::Told     ? Role::Text
-                                                                        : Role::Warning;
+                    : topic == Topic::Offer || topic == Topic::Told || topic == Topic::Working
+                        ? Role::Text
+                        : Role::Warning;
   const bool is_shown = topic != Topic::None;
   if (is_shown) {
     const char* image = is_good                  ? "tick"
@@ -227,11 +229,18 @@ void StatusLine::ShowNotice() {
   notice_->setToolTip(PlainToolTip(notice.text));
   notice_button_->setText(topic == Topic::Offer ? Text("Link") : Text("Show"));
   notice_button_->setAccessibleName(notice_button_->text());
-  notice_image_->setVisible(is_shown);
+  notice_image_->setVisible(is_shown && topic != Topic::Working);
   notice_->setVisible(is_shown);
   notice_button_->setVisible(topic == Topic::Hidden || topic == Topic::Offer);
-  close_->setVisible(is_shown && topic != Topic::NotSaved && topic != Topic::NotProtected &&
-                     topic != Topic::Hidden);
+  close_->setVisible(is_shown && topic != Topic::Working && topic != Topic::NotSaved &&
+                     topic != Topic::NotProtected && topic != Topic::Hidden);
+}
+
+void StatusLine::ShowWork(const QString& sentence) {
+  work_ = sentence;
+  ShowNotice();
+  // It is painted before any event that would lay it out.
+  layout()->activate();
 }
 
 void StatusLine::ShowLinking() {

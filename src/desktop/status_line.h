@@ -50,6 +50,8 @@ class StatusLine final : public QWidget {
   // What the selected rows of the register come to.
   void ShowSelection(const EntriesSum& selected);
   void ShowNotice();
+  // What is being waited for, before all notices; "" for nothing.
+  void ShowWork(const QString& sentence);
   // What became of the last order to link, or to back up, is to be told anew.
   void ShowLinking();
   void ShowBackUp();
@@ -60,6 +62,7 @@ class StatusLine final : public QWidget {
   // One at a time; the worst first.
   enum class Topic {
     None,
+    Working,
     NotSaved,
     Refused,
     NotProtected,
@@ -82,6 +85,7 @@ class StatusLine final : public QWidget {
   Parts parts_;
   EntriesSum selected_;
   Topic topic_ = Topic::None;
+  QString work_;
   // What these came to, once the user has read it.
   QString closed_link_;
   QString closed_backup_;

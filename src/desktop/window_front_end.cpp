@@ -6,6 +6,7 @@
 #include "desktop/date_jump_panel.h"
 #include "desktop/drawer/accounts_list.h"
 #include "desktop/find_panel.h"
+#include "desktop/first_painting.h"
 #include "desktop/main_window.h"
 #include "desktop/menu_bar.h"
 #include "desktop/search_strip.h"
@@ -171,6 +172,13 @@ void WindowFrontEnd::Show() {
   window_.Place();
   window_.show();
   BringToFront();
+}
+
+void WindowFrontEnd::BeforeLoad() {
+  // No field has the focus until there is something to type it for.
+  window_.setFocus();
+  AwaitFirstPainting(window_);
+  window_.clearFocus();
 }
 
 void WindowFrontEnd::FocusSearchField() {

@@ -28,6 +28,7 @@ class WindowFrontEnd final : public FrontEnd, public WindowHooks {
   void Internationalize() override;
   void SetTabViewImages() override;
   void Show() override;
+  void BeforeLoad() override;
   void FocusSearchField() override;
   void FocusAccountsTable() override;
   void FocusPasswordField() override;

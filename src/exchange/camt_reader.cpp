@@ -12,6 +12,7 @@
 #include "exchange/tag_scanner.h"
 #include "exchange/written_amount.h"
 #include "exchange/written_day.h"
+#include "platform/progress.h"
 
 namespace tallyfold {
 namespace {
@@ -38,6 +39,7 @@ class CamtReader {
 
   void Run() {
     for (Event event = scanner_.Next(); event != Event::Finished; event = scanner_.Next()) {
+      LongOperation::Reached(LongWork::Parsing, scanner_.Place());
       if (event == Event::Begin) {
         Begin(scanner_.Name());
       } else {
@@ -241,7 +243,9 @@ class CamtReader {
 }  // namespace
 
 void ReadCamt(std::string_view text, ReversalSign reversals, StatementFile& file) {
+  LongOperation operation(LongWork::Parsing, text.size());
   CamtReader(text, reversals, file).Run();
+  operation.Finish();
 }
 
 }  // namespace tallyfold

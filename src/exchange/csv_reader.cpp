@@ -11,6 +11,7 @@
 #include "exchange/csv_layout.h"
 #include "exchange/statement_texts.h"
 #include "exchange/table_reader.h"
+#include "platform/progress.h"
 
 namespace tallyfold {
 namespace {
@@ -52,6 +53,7 @@ class CsvReader {
       reading_.other_lines = rows_.size() - (heading_ ? 1 : 0);
       return std::move(reading_);
     }
+    LongOperation operation(LongWork::Parsing, rows_.size() * 2);
     SortOut();
     const DayOrder order = JudgeDays(numbers_, columns_, rows_, choices_, file_.questions);
     const CsvAmountReading amounts =
@@ -64,6 +66,7 @@ class CsvReader {
     account_->proof = amounts.proof;
     MakeRows(order, amounts);
     TakeClosingBalance(amounts);
+    operation.Finish();
     return std::move(reading_);
   }
 
@@ -83,6 +86,7 @@ class CsvReader {
     numbers_.reserve(rows_.size());
     std::size_t last_entry = kNoRow;  // that a line may go on from
     for (std::size_t row = heading_ ? *heading_ + 1 : 0; row < rows_.size(); ++row) {
+      LongOperation::Count(LongWork::Parsing);
       CsvNumbers& numbers = numbers_.emplace_back();
       ReadCsvNumbers(rows_, row, columns_, numbers);
       const bool has_amount = numbers.amount.is_amount || numbers.credit.is_amount;
@@ -141,6 +145,7 @@ class CsvReader {
       TakeAmount(numbers, amounts, row);
       TakeTexts(numbers.row, currency, row);
       if (reading_.first_rows.size() < CsvReading::kMostFirstRows) TakeFirstRow(numbers.row);
+      LongOperation::Count(LongWork::Parsing);
     }
     for (const auto& [entry, row] : continuations_) {
       TakeTexts(row, currency, account_->rows[entry]);

@@ -14,6 +14,7 @@
 #include "exchange/tag_scanner.h"
 #include "exchange/written_amount.h"
 #include "exchange/written_day.h"
+#include "platform/progress.h"
 
 namespace tallyfold {
 namespace {
@@ -162,6 +163,7 @@ class OfxReader {
 
   void Run() {
     for (Event event = scanner_.Next(); event != Event::Finished; event = scanner_.Next()) {
+      LongOperation::Reached(LongWork::Parsing, scanner_.Place());
       const Tag tag = TagOf(scanner_.Name());
       if (tag == Tag::None) continue;
       if (event == Event::Begin) {
@@ -370,7 +372,9 @@ class OfxReader {
 }  // namespace
 
 void ReadOfx(std::string_view text, StatementFile& file) {
+  LongOperation operation(LongWork::Parsing, text.size());
   OfxReader(text, file).Run();
+  operation.Finish();
 }
 
 }  // namespace tallyfold

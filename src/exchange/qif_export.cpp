@@ -11,6 +11,7 @@
 #include "model/account.h"
 #include "model/amounts.h"
 #include "platform/ambient.h"
+#include "platform/progress.h"
 
 namespace tallyfold {
 namespace {
@@ -72,6 +73,7 @@ constexpr std::size_t kUsualRecordSize = 96;
 std::string LDGRAccount::asQIFStringWithOptions(const ExportOptions& options) const {
   const std::string_view cleared_mark = options.resolved_means_reconciled ? "X" : "*";
   const EntryList entries = ExportedEntries(*this, options);
+  LongOperation operation(LongWork::Exporting, entries.size());
   DayTexts days(options.date_format);
   EntryTypeNames types(*this);
 
@@ -95,7 +97,9 @@ std::string LDGRAccount::asQIFStringWithOptions(const ExportOptions& options) co
     text.Field('L', types.Name(entry->GetType()));
     if (const auto& split = entry->GetSplit()) WriteSplit(*split, text);
     text.EndRecord();
+    LongOperation::Count(LongWork::Exporting);
   }
+  operation.Finish();
   return text.Take();
 }
 

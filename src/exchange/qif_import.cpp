@@ -15,6 +15,7 @@
 #include "exchange/qif_sections.h"
 #include "model/clean_text.h"
 #include "platform/ambient.h"
+#include "platform/progress.h"
 
 namespace tallyfold {
 namespace {
@@ -250,6 +251,7 @@ QifEntryList LDGRQIFImport::EntryListStringToEntries(std::string_view text) cons
     if (auto entry = EntryStringToEntry(record)) {
       entries.push_back(std::make_shared<const QifEntry>(*std::move(entry)));
     }
+    LongOperation::Count(LongWork::Parsing, record.size() + 1);
   });
   return entries;
 }
@@ -343,6 +345,7 @@ std::vector<QifType> LDGRQIFImport::EntryTypes() const {
 }
 
 QifResult LDGRQIFImport::Parse() const {
+  LongOperation operation(LongWork::Parsing, data_.size());
   QifResult result;
   Sections sections(*this);
   result.entries = AllEntries(sections);
@@ -363,6 +366,7 @@ QifResult LDGRQIFImport::Parse() const {
     const auto source = QifAccountName(blocks[block]).value_or(*name);
     result.accounts.push_back({std::string(*name), std::string(source), std::move(entries)});
   }
+  operation.Finish();
   return result;
 }
 

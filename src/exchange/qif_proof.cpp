@@ -5,6 +5,7 @@
 #include "exchange/qif_fields.h"
 #include "exchange/qif_record.h"
 #include "exchange/qif_sections.h"
+#include "platform/progress.h"
 
 namespace tallyfold {
 namespace {
@@ -29,8 +30,10 @@ QifDateProof DateProofOf(const LDGRQIFImport& import) {
     format.format = each;
     proof.formats.push_back(format);
   }
+  LongOperation operation(LongWork::Parsing, import.dataString().size());
   const auto look_at_list = [&proof](std::string_view list) {
     ForEachQifRecord(list, [&proof](std::string_view text) {
+      LongOperation::Count(LongWork::Parsing, text.size() + 1);
       const auto day = QifRecord(text).Value('D');
       if (!day) return;
       ++proof.dates;
@@ -38,6 +41,7 @@ QifDateProof DateProofOf(const LDGRQIFImport& import) {
     });
   };
   ForEachQifSection(import.dataString(), look_at_list, [](std::string_view) {});
+  operation.Finish();
   std::stable_sort(proof.formats.begin(), proof.formats.end(),
                    [](const QifFormatProof& a, const QifFormatProof& b) {
                      if (a.read != b.read) return a.read > b.read;

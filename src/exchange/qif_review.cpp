@@ -8,6 +8,7 @@
 #include "exchange/qif_fields.h"
 #include "ledger/change.h"
 #include "platform/ambient.h"
+#include "platform/progress.h"
 
 namespace tallyfold {
 namespace {
@@ -53,14 +54,17 @@ void SortByName(EntryTypeList& types) {
 }  // namespace
 
 QifReview::QifReview(const QifResult& result, const QifEntryList& entries, LDGRAccount& account) {
+  LongOperation operation(LongWork::Reviewing, entries.size() * 2);
   MakeTypes(result.types, account);
   MakeEntries(entries, account);
   MarkAll();
   Import_DoNotImportPotentialDuplicates(account);
+  operation.Finish();
 }
 
 QifReview::QifReview(QifImportEntryList entries, LDGRAccount& account)
     : entries_(std::move(entries)) {
+  LongOperation operation(LongWork::Reviewing, entries_.size());
   std::int32_t number = account.NextAvailableNumber();
   for (const auto& entry : entries_) {
     entry->SetNumber(++number);
@@ -69,6 +73,7 @@ QifReview::QifReview(QifImportEntryList entries, LDGRAccount& account)
     entry->SetImportOrder(next_order_++);
   }
   Import_DoNotImportPotentialDuplicates(account);
+  operation.Finish();
 }
 
 void QifReview::MakeTypes(const std::vector<QifType>& read, const LDGRAccount& account) {
@@ -102,6 +107,7 @@ void QifReview::MakeEntries(const QifEntryList& read, LDGRAccount& account) {
     }
     entry->SetNumber(++number);
     entries_.push_back(std::move(entry));
+    LongOperation::Count(LongWork::Reviewing);
   }
 }
 
@@ -181,6 +187,7 @@ void QifReview::Import_DoNotImportPotentialDuplicates(const LDGRAccount& account
   is_counted_ = false;
   for (const auto& entry : entries_) {
     if (duplicates_->Find(*entry)) SetMarked(entry, false);
+    LongOperation::Count(LongWork::Reviewing);
   }
 }
 
@@ -195,6 +202,7 @@ std::optional<QifMatch> QifReview::MatchOf(const LDGRQIFImportEntry& entry) cons
 
 void QifReview::Commit(Change& change, const std::shared_ptr<LDGRAccount>& account,
                        bool with_all_types) {
+  LongOperation operation(LongWork::Importing, marked_count_);
   std::unordered_set<std::int32_t> used;
   EntryList added;
   added.reserve(marked_count_);
@@ -202,6 +210,7 @@ void QifReview::Commit(Change& change, const std::shared_ptr<LDGRAccount>& accou
     entry->SetNumber(change.NextNumber(account));
     used.insert(entry->GetType());
     added.push_back(LDGRAccountEntry::entryWithEntry(entry.get()));
+    LongOperation::Count(LongWork::Importing);
   }
   change.Add(account, added);
   // With nothing marked all new types are added.
@@ -213,6 +222,7 @@ void QifReview::Commit(Change& change, const std::shared_ptr<LDGRAccount>& accou
   }
   // Also sorts them.
   if (types.size() != before) change.EditTypes(account).SetTypes(std::move(types));
+  operation.Finish();
 }
 
 }  // namespace tallyfold

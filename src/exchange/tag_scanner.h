@@ -43,6 +43,8 @@ class TagScanner {
   [[nodiscard]] std::string_view Text();
   // Whether the element ended because the text did.
   [[nodiscard]] bool IsCutShort() const noexcept { return is_at_end_; }
+  // How many bytes have been walked over.
+  [[nodiscard]] std::size_t Place() const noexcept { return place_; }
   // The line in which the latest tag stands, from 1 on; to be asked for as one goes on.
   [[nodiscard]] std::size_t Line() noexcept;
 

@@ -8,6 +8,7 @@
 #include "model/account.h"
 #include "model/amounts.h"
 #include "platform/ambient.h"
+#include "platform/progress.h"
 
 namespace tallyfold {
 namespace {
@@ -34,6 +35,7 @@ constexpr std::size_t kUsualLineSize = 112;
 
 std::string LDGRAccount::asTabDelimitedStringWithOptions(const ExportOptions& options) const {
   const EntryList entries = ExportedEntries(*this, options);
+  LongOperation operation(LongWork::Exporting, entries.size());
   DayTexts days(CurrentLocale().ShortDateFormat());
   EntryTypeNames types(*this);
 
@@ -78,7 +80,9 @@ std::string LDGRAccount::asTabDelimitedStringWithOptions(const ExportOptions& op
     field(entry->GetCheckNumber() >= 0 ? std::to_string(entry->GetCheckNumber()) : "");
     field(std::to_string(entry->GetNumber()));
     end_line(FixedAmountString(balance));
+    LongOperation::Count(LongWork::Exporting);
   }
+  operation.Finish();
   return text;
 }
 

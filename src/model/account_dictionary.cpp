@@ -1,11 +1,14 @@
 #include <algorithm>
 #include <memory>
 #include <optional>
+#include <type_traits>
+#include <vector>
 
 #include "model/account_keys.h"
 #include "model/stored_numbers.h"
 #include "model/text.h"
 #include "platform/ambient.h"
+#include "platform/progress.h"
 #include "plist/read_report.h"
 
 namespace tallyfold {
@@ -25,10 +28,19 @@ bool IsNumber(const plist::Value& value) {
   return value.IsNumber();
 }
 
-template <typename List>
-void WriteRecords(const List& list, plist::Output& output) {
+// Entries alone are what loading and saving is counted in.
+template <typename Record>
+void CountRecord(LongWork work) {
+  if constexpr (std::is_same_v<Record, LDGRAccountEntry>) LongOperation::Count(work);
+}
+
+template <typename Record>
+void WriteRecords(const std::vector<std::shared_ptr<Record>>& list, plist::Output& output) {
   output.BeginArray();
-  for (const auto& record : list) record->WriteTo(output);
+  for (const auto& record : list) {
+    record->WriteTo(output);
+    CountRecord<Record>(LongWork::Saving);
+  }
   output.EndArray();
 }
 
@@ -45,6 +57,7 @@ void ReadRecords(std::vector<std::shared_ptr<Record>>& list, plist::Array array,
     } else {
       reading.SkipElement();
     }
+    CountRecord<Record>(LongWork::Loading);
   }
 }
 

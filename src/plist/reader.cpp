@@ -50,7 +50,10 @@ std::optional<Element> ElementWithName(std::string_view name) noexcept {
 // just its size.
 class DocumentReader {
  public:
-  explicit DocumentReader(std::string_view document) : scanner_(document) {}
+  DocumentReader(std::string_view document, const ReadTold& told)
+      : scanner_(document), begin_(document.data()), told_(told) {
+    if (told_) next_telling_ = 0;
+  }
 
   [[nodiscard]] bool Read() { return ReadStart() && ReadElements() && ReadEnd(); }
   [[nodiscard]] Value TakeValue() { return std::move(values_.front()); }
@@ -85,8 +88,13 @@ class DocumentReader {
   [[nodiscard]] bool Open(Element element, const char* where);
   [[nodiscard]] bool Close();
   void MakeContainer(const Level& level);
+  void Tell();
 
   XmlScanner scanner_;
+  const char* begin_;
+  const ReadTold& told_;
+  // In bytes; never, where nobody is told.
+  std::size_t next_telling_ = std::numeric_limits<std::size_t>::max();
   std::vector<Level> levels_;
   std::vector<Value> values_;
   std::vector<KeyTable::Entry*> keys_;
@@ -118,6 +126,7 @@ bool DocumentReader::ReadElements() {
   while (!levels_.empty()) {
     if (!scanner_.SkipToTag()) return false;
     const char* start = scanner_.cursor();
+    if (static_cast<std::size_t>(start - begin_) >= next_telling_) Tell();
     if (start[1] == '/') {
       if (!Close()) return false;
       continue;
@@ -128,6 +137,13 @@ bool DocumentReader::ReadElements() {
     }
   }
   return true;
+}
+
+void DocumentReader::Tell() {
+  constexpr std::size_t kBytesBetween = 4096;
+  const auto read = static_cast<std::size_t>(scanner_.cursor() - begin_);
+  told_(read);
+  next_telling_ = read + kBytesBetween;
 }
 
 bool DocumentReader::ReadOpeningTag(OpeningTag& tag) {
@@ -387,7 +403,7 @@ bool IsReadable(std::string_view encoding) {
 }
 
 // `text` has no byte-order mark.
-ReadResult ReadUtf8(std::string_view text) {
+ReadResult ReadUtf8(std::string_view text, const ReadTold& told) {
   if (text.size() > std::numeric_limits<std::uint32_t>::max()) {
     return Refusal("a file of more than 4 GiB", text, 0);
   }
@@ -398,7 +414,7 @@ ReadResult ReadUtf8(std::string_view text) {
   }
   const std::size_t valid = ValidUtf8Prefix(text);
   if (valid != text.size()) return Refusal("bytes that are not UTF-8", text, valid);
-  DocumentReader reader(text);
+  DocumentReader reader(text, told);
   if (!reader.Read()) {
     const XmlScanner::Failure& failure = reader.failure();
     return Refusal(failure.message, text, failure.position, failure.details);
@@ -409,22 +425,23 @@ ReadResult ReadUtf8(std::string_view text) {
   return result;
 }
 
-ReadResult ReadUtf16(std::string_view bytes, ByteOrder order) {
+ReadResult ReadUtf16(std::string_view bytes, ByteOrder order, const ReadTold& told) {
   const Utf8Text converted = Utf16ToUtf8(bytes, order);
   if (!converted.is_valid) {
     return Refusal("bytes that are not UTF-16", converted.text, converted.text.size());
   }
-  return ReadUtf8(converted.text);
+  return ReadUtf8(converted.text, told);
 }
 
 }  // namespace
 
-ReadResult Read(std::string_view bytes) {
+ReadResult Read(std::string_view bytes, const ReadTold& told) {
   if (bytes.starts_with("bplist")) return Refusal("a binary property list", bytes, 0);
-  if (bytes.starts_with("\xFE\xFF")) return ReadUtf16(bytes.substr(2), ByteOrder::BigEndian);
-  if (bytes.starts_with("\xFF\xFE")) return ReadUtf16(bytes.substr(2), ByteOrder::LittleEndian);
+  if (bytes.starts_with("\xFE\xFF")) return ReadUtf16(bytes.substr(2), ByteOrder::BigEndian, told);
+  if (bytes.starts_with("\xFF\xFE"))
+    return ReadUtf16(bytes.substr(2), ByteOrder::LittleEndian, told);
   if (bytes.starts_with("\xEF\xBB\xBF")) bytes.remove_prefix(3);
-  return ReadUtf8(bytes);
+  return ReadUtf8(bytes, told);
 }
 
 }  // namespace tallyfold::plist

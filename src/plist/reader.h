@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstddef>
+#include <functional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -19,6 +20,9 @@ struct ReadResult {
   std::size_t line = 0;  // where, from 1; line ends are LF, CR or both together; 0 when ok
 };
 
+// Hears how many bytes have been read.
+using ReadTold = std::function<void(std::size_t read)>;
+
 // Reads a whole XML property list in time linear in its size. `bytes` is needed only during the
 // call.
 //
@@ -33,6 +37,9 @@ struct ReadResult {
 // Refused are binary property lists, a declared encoding other than UTF-8, UTF-16 and US-ASCII,
 // entity declarations, more than kMaximumDepth levels, text outside values, bytes that are no valid
 // text, and everything else that is no such file. Nothing of a refused file comes back.
-[[nodiscard]] ReadResult Read(std::string_view bytes);
+//
+// `told`, where it is not empty, is called now and then, with more each time; of a file in UTF-16
+// with the bytes that it has as UTF-8.
+[[nodiscard]] ReadResult Read(std::string_view bytes, const ReadTold& told = {});
 
 }  // namespace tallyfold::plist

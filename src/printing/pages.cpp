@@ -4,6 +4,7 @@
 #include <cmath>
 #include <utility>
 
+#include "platform/progress.h"
 #include "printing/text_fitting.h"
 
 namespace tallyfold {
@@ -28,8 +29,12 @@ class Pages::Cutter {
   explicit Cutter(Pages& pages) : pages_(pages) {}
 
   void Cut() {
+    std::size_t rows = 0;
+    for (const PrintTable& table : pages_.document_.tables) rows += table.rows->Count();
+    LongOperation operation(LongWork::LayingOut, rows);
     NewPage({});
     for (std::size_t table = 0; table < pages_.document_.tables.size(); ++table) CutTable(table);
+    operation.Finish();
   }
 
  private:
@@ -41,7 +46,11 @@ class Pages::Cutter {
       if (!Takes({table}, 0.0)) NewPage({table});
       Take({table}, 0.0);
     }
-    for (std::size_t row = 0; row < count;) row = PlaceGroup({table, row}, count);
+    for (std::size_t row = 0; row < count;) {
+      const std::size_t next = PlaceGroup({table, row}, count);
+      LongOperation::Count(LongWork::LayingOut, next - row);
+      row = next;
+    }
   }
 
   // Rows that are kept together, from the one at `first`. The row after them.

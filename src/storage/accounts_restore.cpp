@@ -4,11 +4,11 @@
 
 #include "platform/ambient.h"
 #include "platform/message.h"
-#include "plist/reader.h"
 #include "storage/accounts_store.h"
 #include "storage/backup_names.h"
 #include "storage/compressed_file.h"
 #include "storage/content_mark.h"
+#include "storage/told_reading.h"
 
 namespace tallyfold {
 
@@ -53,7 +53,7 @@ std::optional<AccountsStore::Backup> AccountsStore::TakeBackup(
   } else {
     backup.content = file->view();
   }
-  backup.dictionary = plist::Read(backup.content).value.DictionaryValue();
+  backup.dictionary = ReadTellingProgress(backup.content).value.DictionaryValue();
   if (!backup.dictionary.Get("accounts").IsArray() || HasNewerAccount(backup.dictionary)) {
     return std::nullopt;
   }

@@ -7,6 +7,7 @@
 #include "model/type_handover.h"
 #include "platform/ambient.h"
 #include "platform/message.h"
+#include "platform/progress.h"
 #include "plist/read_report.h"
 #include "plist/writer.h"
 #include "storage/account_numbers.h"
@@ -24,6 +25,7 @@ namespace tallyfold {
 namespace {
 
 constexpr std::string_view kAccounts = "accounts";
+constexpr std::string_view kEntries = "entries";
 constexpr std::string_view kPassword = "password";
 constexpr std::string_view kAppVersion = "appVersion";
 constexpr std::string_view kVersion = "version";
@@ -184,6 +186,11 @@ void AccountsStore::TakeAccounts(const plist::Value& stored) {
     return;
   }
   plist::Array dictionaries = stored.ArrayValue();
+  std::size_t entries = 0;
+  for (const plist::Value& each : dictionaries) {
+    if (each.IsDictionary()) entries += each.DictionaryValue().Get(kEntries).ArrayValue().size();
+  }
+  LongOperation operation(LongWork::Loading, entries);
   for (std::size_t i = 0; i < dictionaries.size(); ++i) {
     if (!dictionaries.At(i).IsDictionary()) {
       Log("Invalid theDictionary supplied to LDGRAccount:initWithDictionary");
@@ -195,6 +202,7 @@ void AccountsStore::TakeAccounts(const plist::Value& stored) {
     accounts_->push_back(std::move(account));
   }
   NumberAccountsOfFile(*accounts_);
+  operation.Finish();
 }
 
 void AccountsStore::TakePassword(const plist::Value& password) {
@@ -333,6 +341,9 @@ std::optional<SaveFailure> AccountsStore::WriteFile(const std::string& path,
   }
   files.AddPermissions(parent, kOwnerAll);
   files.AddPermissions(path, kOwnerAll);
+  std::size_t entries = 0;
+  for (const auto& account : accounts()) entries += account->GetEntries().size();
+  LongOperation operation(LongWork::Saving, entries);
   ContentMark content;
   const auto produce = [&](ByteSink& sink) {
     ContentMarker marker;
@@ -352,6 +363,7 @@ std::optional<SaveFailure> AccountsStore::WriteFile(const std::string& path,
              !report) {
     return SaveFailureOf(*report.failure);
   }
+  operation.Finish();
   files.SetCustomBadgeIconForFilePath(path, "accountsfilebadge");
   return std::nullopt;
 }

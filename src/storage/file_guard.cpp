@@ -6,9 +6,9 @@
 
 #include "platform/ambient.h"
 #include "platform/message.h"
-#include "plist/reader.h"
 #include "storage/backup_names.h"
 #include "storage/data_paths.h"
+#include "storage/told_reading.h"
 
 namespace tallyfold {
 namespace {
@@ -86,7 +86,7 @@ std::optional<plist::Dictionary> FileGuard::Read() {
     if (known_) NotTakenInWhole("The file cannot be read.");
     return std::nullopt;
   }
-  plist::ReadResult result = plist::Read(contents->view());
+  plist::ReadResult result = ReadTellingProgress(contents->view());
   contents.reset();
   if (!result.ok) {
     SetAsideFor(Message("Line {1}: {2}.",

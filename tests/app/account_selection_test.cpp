@@ -3,9 +3,12 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <functional>
+#include <string>
 
 #include "app/accounts/account_editing.h"
 #include "app/desk.h"
+#include "app/fake_refresh_host.h"
 #include "app/test_application.h"
 #include "model/current_account.h"
 #include "storage/accounts_store.h"
@@ -48,6 +51,85 @@ TEST(AccountSelection, AfterLoadingShowsTheRememberedAccountOrTheFirst) {
     test.app.desk().preferences().SetSelectedAccountNumber(number);
     test.app.selection().Accounts_PostLoad();
     EXPECT_EQ(test.app.desk().SelectedAccount(), account) << number;
+  }
+}
+
+// Notes what a selection asks, with the account that is selected by then.
+struct AskedSelection : testing::Test, TestApplication, AccountSelection::Host {
+  AskedSelection() {
+    announcer.Set(&front_end);
+    AddAccount("Open");
+    AddAccount("Locked")->SetPassword("secret");
+    app.desk().accounts()[1]->setAuthenticated(false);
+    app.selection().Account_Deselect();
+  }
+  void StopSpeech() override { log += "silence; "; }
+  void Account_Authenticate(const std::shared_ptr<LDGRAccount>& account) override {
+    log += "password of " + account->GetName() + "; ";
+  }
+  bool Account_Add() override { return Note("new account"); }
+  void ShowSummary() override { Note("summary"); }
+  void ShowInTables(const std::shared_ptr<LDGRAccount>& account) override {
+    EXPECT_EQ(account, app.desk().SelectedAccount());
+    Note("tables");
+  }
+  void FillCurrentRegister() override { Note("register"); }
+  void ClearSearch() override { Note("no search"); }
+  void SettleRecovery() override { Note("settle"); }
+  void ReplaceScheduleReminderTimer() override { log += "timer; "; }
+  bool Note(const std::string& what) {
+    const auto account = app.desk().SelectedAccount();
+    log += what + (account != nullptr ? " of " + account->GetName() : "") + "; ";
+    return true;
+  }
+
+  std::string log;
+  Announcer announcer;
+  WindowHooksSlot window;
+  FakeRefreshHost refresh_host;
+  Refresh refresh{refresh_host, announcer};
+  AccountSelection alone{*this, app.desk(), app.preferencesStore(), window, refresh, announcer};
+};
+
+TEST_F(AskedSelection, HasEverythingFollowInOrder) {
+  const auto open = app.desk().accounts()[0];
+  const auto locked = app.desk().accounts()[1];
+  constexpr const char* kNothing = "summary; tables; no search; timer; ";
+  constexpr const char* kOpen = "summary of Open; tables of Open; register of Open; timer; ";
+  struct Case {
+    const char* what;
+    std::function<void()> order;
+    std::string log;
+    const char* title;
+  } const cases[] = {
+      {"open", [&] { alone.Account_Select(open); }, std::string("silence; ") + kOpen, "Open"},
+      {"locked", [&] { alone.Account_Select(locked); }, "silence; password of Locked; timer; ",
+       "Open"},
+      {"none", [&] { alone.Account_Select(nullptr); }, std::string("silence; silence; ") + kNothing,
+       "No Account Selected"},
+      {"at launch", [&] { alone.Accounts_PostLoad(); }, std::string("settle; silence; ") + kOpen,
+       "Open"},
+      {"in a locked application",
+       [&] {
+         app.accountsStore().setAuthenticated(false);
+         alone.Account_Select(open);
+       },
+       std::string("silence; silence; ") + kNothing, "No Account Selected"},
+      {"at the launch of one", [&] { alone.Accounts_PostLoad(); }, "", "No Account Selected"},
+      {"at the first launch",
+       [&] {
+         app.accountsStore().setAuthenticated(true);
+         app.accountsStore().RemoveAccount(open.get());
+         app.accountsStore().RemoveAccount(locked.get());
+         alone.Accounts_PostLoad();
+       },
+       "settle; new account; ", "No Account Selected"},
+  };
+  for (const Case& each : cases) {
+    log.clear();
+    each.order();
+    EXPECT_EQ(log, each.log) << each.what;
+    EXPECT_EQ(alone.WindowTitle(), std::string("Tallyfold:  ") + each.title) << each.what;
   }
 }
 

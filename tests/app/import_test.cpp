@@ -1,7 +1,9 @@
 #include <gtest/gtest.h>
 
 #include <chrono>
+#include <functional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "app/accounts/account_selection.h"
@@ -266,6 +268,51 @@ TEST_F(ImportTest, CommitsAfterAQuestionAndShowsWhatCame) {
   EXPECT_EQ(app.registers().Entry().GetEntries().size(), 3U);
   EXPECT_NE(account->DepositEntryTypeForName("Present"), nullptr);
   EXPECT_TRUE(import.entries().empty());
+}
+
+TEST_F(ImportTest, TellsItsHostOnceThatTheLastStageIsOver) {
+  struct Case {
+    const char* steps;  // OK and Cancel of the options, commit, cancel and back of the review
+    const char* log;
+  } const cases[] = {
+      {"c", "1 entries; "},
+      {"o", ""},
+      {"ox", "1 entries; "},
+      {"ob", ""},
+      {"obc", "1 entries; "},
+      {"oc", ""},
+      {"xkb", ""},
+      {"obobc", "1 entries; "},
+      {"oboxc", "1 entries; "},
+      {"okkx", "3 entries; "},
+  };
+  for (const Case& each : cases) {
+    struct Ends final : LDGRQIFImportController::Host {
+      void ImportEnded() override { ended(); }
+      std::function<void()> ended;
+    } ends;
+    Announcer announcer;
+    ModalWatch modal(alerts, panels, announcer);
+    LDGRQIFImportController alone(ends, app.desk(), app.ledger(), app.entries(), app.speaker(),
+                                  modal, files, encodings, app.sheets(), announcer);
+    std::string log;
+    ends.ended = [&] {
+      log += std::to_string(account->GetEntries().size()) + " entries";
+      log += alone.IsRunning() || modal.IsUp() || !app.sheets().IsFree() ? ", not over; " : "; ";
+    };
+    EXPECT_FALSE(alone.Run());
+    alone.ImportOptions_InitWithFile("/home/user/bank.qif", 4);
+    ASSERT_TRUE(alone.Run()) << each.steps;
+    for (const char step : std::string_view(each.steps)) {
+      if (step == 'o') alone.ImportOptions_OK();
+      if (step == 'c') alone.ImportOptions_Cancel();
+      if (step == 'k') alone.Import_OK();
+      if (step == 'x') alone.import_Cancel_Button();
+      if (step == 'b') alone.import_GoBack_Button();
+    }
+    EXPECT_EQ(log, each.log) << each.steps;
+    app.sheets().CancelOpen();
+  }
 }
 
 TEST_F(ImportTest, IgnoresItsCommandsWhereThereIsNothingToDo) {

@@ -59,6 +59,7 @@ class LaunchLog final : public FrontEnd, public WindowHooks {
   }
   void SetTabViewImages() override { Note("tab images"); }
   void Show() override { Note("window"); }
+  void BeforeLoad() override { Note("before load"); }
   void FocusSearchField() override { Note("search field"); }
   void CenterUpdateWindow() override { Note("update window"); }
   void Close() override { Note("close"); }
@@ -128,7 +129,8 @@ TEST(Launch, RunsItsStepsInOrder) {
     EXPECT_TRUE(test.app.lifecycle().applicationDidFinishLaunching());
     Texts expected = {"date picker", "bezels",    "fonts P",        "row heights P",
                       "controls P",  "rows P",    "texts P",        "tab images PO",
-                      "window PO",   "drawer PO", "drawer open PO", "rows POA"};
+                      "window PO",   "drawer PO", "drawer open PO", "before load PO",
+                      "rows POA"};
     expected.insert(expected.end(), c.end.begin(), c.end.end());
     EXPECT_EQ(log.lines, expected) << c.what;
     // The registers have the columns of the remembered account before any account is there.
@@ -138,6 +140,40 @@ TEST(Launch, RunsItsStepsInOrder) {
     // The observations are in place.
     test.notifications.Post(kWillPowerOffNotification);
     EXPECT_EQ(test.host.Requests(), Texts{"flush defaults"}) << c.what;
+  }
+}
+
+TEST(Launch, HasTheRegistersSetUpByThePreferencesBeforeThereAreAccounts) {
+  struct Registers final : Lifecycle::Host {
+    explicit Registers(TestApplication& application) : test(application) {}
+    void SetUpRegisters() override {
+      log += test.app.desk().preferences().GetSelectedAccountNumber() == 2 ? "preferences" : "";
+      log += test.app.accountsStore().HasAccountList() ? " accounts; " : "; ";
+    }
+    TestApplication& test;
+    std::string log;
+  };
+  for (const bool is_in_use : {false, true}) {
+    TestApplication test(false);
+    test.files.AddFile(kAccountsFile, AccountsFile(AccountDictionary(2, "Two")));
+    test.files.AddFile(kPreferencesFile,
+                       "<plist version=\"1.0\"><dict><key>version</key><integer>2</integer>"
+                       "<key>selectedAccountNumber</key><integer>2</integer></dict></plist>");
+    if (is_in_use) test.files.LockByOther("/home/user/Library/Tallyfold");
+    auto& app = test.app;
+    Registers registers(test);
+    DataFolderLock lock(test.files, test.alerts, test.host);
+    WindowHooksSlot window;
+    Lifecycle lifecycle(
+        registers, {lock, window, app.updates(), app.preferencesStore(), app.accountsStore(),
+                    test.notifications, app.accountsDrawer(), app.idleWatch(),
+                    app.applicationLock(), app.selection(), app.refresh(), test.host, app.saving(),
+                    app.textEditing(), app.speaker(), app.recovery()});
+    EXPECT_EQ(lifecycle.applicationDidFinishLaunching(), !is_in_use);
+    EXPECT_EQ(registers.log, is_in_use ? "" : "preferences; ");
+    lifecycle.applicationWillTerminate();
+    EXPECT_EQ(test.files.Content(kAccountsFile)->find("<key>accounts</key>") != std::string::npos,
+              true);
   }
 }
 

@@ -12,6 +12,7 @@
 #include <fstream>
 #include <functional>
 #include <memory>
+#include <optional>
 #include <sstream>
 
 #include "app/accounts/account_editing.h"
@@ -37,6 +38,7 @@
 #include "desktop/test_window.h"
 #include "desktop/window_panels.h"
 #include "filters/register_search.h"
+#include "platform/progress.h"
 #include "storage/preferences.h"
 
 namespace tallyfold::desktop {
@@ -229,6 +231,13 @@ void GrabAll(const QString& folder) {
     test.Settle();
     test.Find<QListWidget>("accountEditSheet_TabView")->setCurrentRow(2);
   });
+  std::optional<LongOperation> operation;
+  show("waiting", [&operation](TestWindow& test) {
+    operation.emplace(LongWork::Saving, 100);
+    test.ambient.clock.Advance(std::chrono::seconds(1));
+    LongOperation::Reached(LongWork::Saving, 40);
+  });
+  operation.reset();
   for (int page = 0; page < 9; ++page) {
     const QString name = QLatin1String("preferences-") + QString::number(page);
     Grab(folder, name, ExampleAccounts(), [page](TestWindow& test) {

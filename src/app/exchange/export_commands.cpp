@@ -4,6 +4,7 @@
 #include "ledger/change.h"
 #include "platform/ambient.h"
 #include "platform/file_system.h"
+#include "platform/progress.h"
 #include "platform/text_encodings.h"
 #include "storage/own_files.h"
 #include "storage/preferences.h"
@@ -59,10 +60,16 @@ std::string ExportCommands::QIFText(const LDGRAccount& current, std::int32_t sco
   ExportOptions options;
   options.date_format = qif_.exportDateFormat();
   if (scope == LDGRQIFExportAccessoryView::kAllAccounts) {
+    std::size_t entries = 0;
+    for (const auto& account : desk_.accounts()) {
+      if (account->IsAuthenticated()) entries += account->GetEntries().size();
+    }
+    LongOperation operation(LongWork::Exporting, entries);
     std::string text;
     for (const auto& account : desk_.accounts()) {
       if (account->IsAuthenticated()) text += account->asQIFStringWithOptions(options);
     }
+    operation.Finish();
     return text;
   }
   if (scope == LDGRQIFExportAccessoryView::kShownEntries) {

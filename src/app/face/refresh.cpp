@@ -70,6 +70,7 @@ void Refresh::AccountsChanged() {
 }
 
 void Refresh::DayChanged() {
+  const Announcer::Operation operation(announcer_);
   host_.ReloadRegisters();
   Balances();
   AccountsList_Redraw();

@@ -38,6 +38,9 @@ class WindowHooks {
   virtual void SetTabViewImages() {}
   // Centres the window, puts it where it was last and brings it to the front.
   virtual void Show() {}
+  // The accounts are about to be loaded, which may take long: what there is of the window comes
+  // into sight.
+  virtual void BeforeLoad() {}
   virtual void FocusSearchField() {}
   virtual void FocusAccountsTable() {}
   virtual void CenterUpdateWindow() {}

@@ -37,6 +37,7 @@ bool Lifecycle::applicationDidFinishLaunching() {
   if (LDGRPreferences::sharedPreferences().GetShowAccountsDrawer()) {
     parts_.drawer.ToggleAccountsDrawer();
   }
+  parts_.window->BeforeLoad();
   if (!parts_.accounts.Accounts_Load()) return false;
   parts_.recovery.Replay();
   parts_.idle.ReplaceScheduleReminderTimer();

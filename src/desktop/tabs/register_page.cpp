@@ -5,6 +5,7 @@
 #include <utility>
 #include <vector>
 
+#include "app/accounts/account_selection.h"
 #include "app/desk.h"
 #include "app/entries/entry_editing.h"
 #include "app/views/registers.h"
@@ -34,6 +35,8 @@ RegisterPage::RegisterPage(RegisterKind kind, const Parts& parts, QWidget* paren
   table_->setObjectName(QLatin1String(is_entry ? "entry_Table" : "reconcile_Table"));
   table_->setAccessibleName(Text(is_entry ? "Entries" : "Entries to Reconcile"));
   first_->setObjectName(QLatin1String("empty_Page"));
+  none_->setObjectName(QLatin1String("noAccount_Page"));
+  locked_->setObjectName(QLatin1String("locked_Page"));
   auto* column = new QVBoxLayout(this);
   column->setContentsMargins(0, 0, 0, 0);
   column->setSpacing(0);
@@ -119,9 +122,11 @@ void RegisterPage::Show() {
   const std::size_t all = account != nullptr ? account->GetEntries().size() : 0;
   const bool is_open = parts_.desk.IsUnlocked();
   const bool has_accounts = !parts_.desk.accounts().empty();
+  // As long as the accounts are not there yet, nothing can be said about them.
+  const bool has_loaded = parts_.selection.HasPostLoaded();
   first_->setVisible(account != nullptr && all == 0);
-  none_->setVisible(is_open && !has_accounts);
-  locked_->setVisible(account == nullptr && (!is_open || has_accounts));
+  none_->setVisible(is_open && !has_accounts && has_loaded);
+  locked_->setVisible(account == nullptr && (has_accounts || (!is_open && has_loaded)));
   // Over a locked application its password is being asked for.
   unlock_->setVisible(is_open);
   hidden_->setVisible(shown == 0 && all > 0);

@@ -9,6 +9,7 @@
 class QPushButton;
 
 namespace tallyfold {
+class AccountSelection;
 class Desk;
 class EntryEditing;
 class Registers;
@@ -31,6 +32,7 @@ class RegisterPage final : public QWidget {
     Registers& registers;
     ShownEntries& shown;
     EntryEditing& editing;
+    const AccountSelection& selection;
     const Desk& desk;
   };
   RegisterPage(RegisterKind kind, const Parts& parts, QWidget* parent);
