@@ -57,11 +57,18 @@ SummaryTab::SummaryTab(const Parts& parts, QWidget* parent)
   });
 }
 
+void SummaryTab::showEvent(QShowEvent* event) {
+  QWidget::showEvent(event);
+  Show();
+}
+
 void SummaryTab::FocusList() {
   list_->setFocus(Qt::OtherFocusReason);
 }
 
 void SummaryTab::Show() {
+  // To compute it for another tab would cost a look at every entry.
+  if (!isVisible()) return;
   const AccountSummaryTabState& state = parts_.summaries.State();
   is_showing_ = true;
   const int count = static_cast<int>(state.summaries.size());

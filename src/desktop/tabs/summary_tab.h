@@ -24,11 +24,14 @@ class SummaryTab final : public QWidget {
   };
   SummaryTab(const Parts& parts, QWidget* parent);
 
+  // Computes nothing while another tab is shown.
   void Show();
   void FocusList();
   [[nodiscard]] QSplitter* Splitter() const noexcept { return splitter_; }
 
  private:
+  void showEvent(QShowEvent* event) override;
+
   Parts parts_;
   QSplitter* splitter_;
   QListWidget* list_;
