@@ -46,6 +46,10 @@ SummaryTab::SummaryTab(const Parts& parts, QWidget* parent)
   whole->setContentsMargins(0, 0, 0, 0);
   whole->addWidget(splitter_);
 
+  connect(page_, &SummaryPage::EntriesWanted, this, [this](const SummaryLine& line) {
+    const EntryList entries = parts_.summaries.ShowEntries(line);
+    if (!entries.empty()) emit EntriesShown(entries);
+  });
   connect(list_, &QListWidget::currentRowChanged, this, [this](int row) {
     if (!is_showing_ && row >= 0) parts_.summaries.Select(static_cast<std::size_t>(row));
   });
