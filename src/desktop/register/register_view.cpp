@@ -81,6 +81,9 @@ RegisterView::~RegisterView() {
 
 void RegisterView::SetUpHeader() {
   connect(header_, &Header::WidthDragged, this, &RegisterView::TakeDraggedWidth);
+  // The toolkit has made the column as wide as its cells by then.
+  connect(header_, &QHeaderView::sectionHandleDoubleClicked, this,
+          [this](int section) { TakeDraggedWidth(section, header_->sectionSize(section)); });
   connect(header_, &QHeaderView::sectionMoved, this, &RegisterView::TakeMovedColumn);
   connect(header_, &Header::SortWanted, this, [this](int section) {
     emit HeaderClicked(ToQString(model_->ColumnAt(section).identifier));
