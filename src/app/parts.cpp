@@ -37,7 +37,7 @@ ApplicationParts::ApplicationParts(const Services& services)
       date_jump(register_answers, desk, registers, sheets, announcer),
       balance_field(desk, registers, announcer),
       reconcile_tab(desk, ledger, registers, editing, refresh, announcer),
-      summary_tab(desk, ledger, modal, sheets, announcer),
+      summary_tab(register_answers, desk, ledger, modal, sheets, announcer),
       summary_sheet(desk, ledger, summary_tab, sheets, announcer),
       lock(ledger, saving, selection, services.host, sheets, window, refresh, services.loop,
            announcer),

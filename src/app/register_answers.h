@@ -5,6 +5,7 @@
 
 #include "app/entries/entry_reveal.h"
 #include "app/face/refresh.h"
+#include "app/views/account_summary_tab.h"
 #include "app/views/date_jump.h"
 #include "app/views/shown_entries.h"
 #include "filters/register_search.h"
@@ -20,6 +21,7 @@ class RegisterAnswers final : public Refresh::Host,
                               public EntryReveal::Host,
                               public ShownEntries::Host,
                               public DateJump::Host,
+                              public AccountSummaryTab::Host,
                               public RegisterSearch::Host,
                               public EntrySpeaker::Host {
  public:

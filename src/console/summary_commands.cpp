@@ -14,6 +14,7 @@
 #include "console/all_commands.h"
 #include "console/command_error.h"
 #include "console/console.h"
+#include "console/entry_table.h"
 #include "console/lookup.h"
 #include "console/printer.h"
 #include "console/table.h"
@@ -194,6 +195,50 @@ void ShowSummary(Console& console, const Arguments& arguments) {
   console.printer.Show(check);
 }
 
+// --- The entries of a line ----------------------------------------------------------------------
+
+// By the title of a period, that of the total, or a name in one of the blocks.
+SummaryLine LineNamed(const SummaryLayout& layout, std::string_view word,
+                      const std::optional<std::string>& block_title) {
+  using Kind = SummaryLine::Kind;
+  std::vector<SummaryLine> alike;
+  if (!block_title) {
+    for (std::size_t i = 0; i < layout.periods.size(); ++i) {
+      if (layout.periods[i].title == word) alike.push_back({Kind::Period, i, 0});
+    }
+    if (layout.total_title == word) alike.push_back({Kind::Total, 0, 0});
+  }
+  bool is_known = !block_title;
+  for (std::size_t block = 0; block < layout.blocks.size(); ++block) {
+    const auto& [title, lines, subject] = layout.blocks[block];
+    if (block_title && CompareIgnoringCase(title, *block_title) != 0) continue;
+    is_known = true;
+    for (std::size_t i = 0; i < lines.size(); ++i) {
+      if (lines[i].name == word) alike.push_back({Kind::Block, i, block});
+    }
+  }
+  if (!is_known) throw CommandError("in: the summary has no " + Quoted(*block_title));
+  if (alike.empty())
+    throw CommandError("there is no line " + Quoted(word) + "; summary shows them");
+  if (alike.size() > 1) {
+    throw CommandError(std::to_string(alike.size()) + " lines are named " + Quoted(word) +
+                       "; in=\"By Type\" or another says which");
+  }
+  return alike.front();
+}
+
+void ShowEntriesOfLine(Console& console, const Arguments& arguments) {
+  const auto account = SelectedAccount(console);
+  auto& summaries = console.controller.summaries();
+  (void)summaries.State();
+  const auto& summary = account->selectedAccountSummary();
+  if (summary == nullptr) throw CommandError("the account has no summary; summary add makes one");
+  // The lines are named as this program prints them.
+  const SummaryLine line =
+      LineNamed(LayOutSummary(*summary, kDateFormat), arguments.WordAt(0), arguments.Text("in"));
+  ShowChangedEntries(console, account, summaries.ShowEntries(line), OtherHalf::Unchanged);
+}
+
 // --- Options ------------------------------------------------------------------------------------
 
 constexpr SummaryChoice kMarks[] = {
@@ -372,6 +417,9 @@ constexpr Option kSetOptions[] = {
     {.name = "text", .value = "TEXT", .help = "what the entries that count contain"},
 };
 
+constexpr Option kEntriesOptions[] = {
+    {.name = "in", .value = "TITLE", .help = "the table of the line, such as \"By To/From\""}};
+
 constexpr Command kSummaryCommands[] = {
     {.name = "summaries",
      .help = "lists the summaries of the selected account",
@@ -383,6 +431,15 @@ constexpr Command kSummaryCommands[] = {
      .help = "selects a summary and shows it; alone, shows the selected one",
      .example = "summary \"All Entries, Year To Date\"",
      .run = ShowSummary},
+    {.name = "summary entries",
+     .words = "LINE",
+     .least_words = 1,
+     .most_words = 1,
+     .options = kEntriesOptions,
+     .help = "goes to the register and shows there the entries that a line of the selected summary "
+             "counts: a period, Total, or a name",
+     .example = "summary entries Salary",
+     .run = ShowEntriesOfLine},
     {.name = "summary options",
      .words = "[NUMBER|NAME]",
      .most_words = 1,

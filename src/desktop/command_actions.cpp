@@ -148,10 +148,11 @@ void CommandActions::AddKeyEquivalent(const KeyEquivalent& equivalent) {
   const Qt::KeyboardModifiers held =
       equivalent.with_option ? Qt::ControlModifier | Qt::AltModifier : Qt::ControlModifier;
   QList<QKeySequence> keys = action->shortcuts();
-  // The key of the keypad, and the two keys that together are the character on many keyboards.
-  keys.append(QKeySequence(QKeyCombination(held | Qt::KeypadModifier, Qt::Key_Plus)));
-  keys.append(QKeySequence(QKeyCombination(held | Qt::ShiftModifier, Qt::Key_Equal)));
-  keys.append(QKeySequence(QKeyCombination(held | Qt::ShiftModifier, Qt::Key_Plus)));
+  // One is enough: the toolkit finds it as well for the keypad, and for the two keys that together
+  // are the character. Where it finds two of one action it runs neither.
+  const QKeySequence wanted(QKeyCombination(held, Qt::Key_Plus));
+  if (keys.contains(wanted)) return;
+  keys.append(wanted);
   action->setShortcuts(keys);
 }
 

@@ -49,12 +49,10 @@ void Mark(const QMenu& menu, std::span<const FilterMenuItem> items, std::int32_t
       continue;
     }
     Mark(*action->menu(), item.submenu, type);
-    // A parent has no check mark in the toolkit: a dash before its name tells that the chosen
-    // filter is one of its own.
+    // Drawn as a mixed mark, and told to assistive technology as one that is set.
     const bool is_mixed = MarkOfFilterMenuItem(item, type) == MenuMark::Mixed;
-    const QString title = Text(item.title);
-    SetTitle(*action, is_mixed ? QStringLiteral("\u2013 ") + title : title);
-    action->setStatusTip(is_mixed ? Text("Holds the chosen filter") : QString());
+    action->setCheckable(is_mixed);
+    action->setChecked(is_mixed);
   }
 }
 

@@ -198,6 +198,10 @@ void MainWindow::Connect() {
     pieces_.reconcile->SelectEntries(entries);
     FocusPage();
   });
+  connect(pieces_.summary, &SummaryTab::EntriesShown, this, [this](const EntryList& entries) {
+    ShownRegister().SelectEntries(entries);
+    FocusPage();
+  });
   connect(pieces_.schedule, &ScheduleTab::ScheduleWanted, this, order("Schedule_Debit"));
   connect(pieces_.schedule, &ScheduleTab::EditWanted, this, order("Schedule_Edit"));
   connect(pieces_.schedule, &ScheduleTab::RemoveWanted, this, order("ScheduleRemoveConfirm_Begin"));

@@ -14,6 +14,7 @@ constexpr double kDarkVeil = 0.43;
 }  // namespace
 
 Veil::Veil(QWidget* window) : QWidget(window) {
+  setObjectName(QLatin1String("veil"));
   setAttribute(Qt::WA_TransparentForMouseEvents);
   setFocusPolicy(Qt::NoFocus);
   window->installEventFilter(this);

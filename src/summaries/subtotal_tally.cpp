@@ -58,8 +58,22 @@ Subtotals SubtotalTally::EndPeriod(Subtotals& whole, KeptTexts& names) {
   return period;
 }
 
+TypeNames::TypeNames(const LDGRAccount* account)
+    : account_(account), transfer_(LocalizedText("Transfer")) {}
+
+std::string_view TypeNames::Of(const LDGRAccountEntry& entry) {
+  if (entry.IsTransfer()) return transfer_;
+  if (entry.GetType() < 0 || account_ == nullptr) return {};
+  const auto [known, is_new] = names_.try_emplace(entry.GetType());
+  if (is_new) {
+    const auto type = account_->AccountEntryTypeForNumber(entry.GetType());
+    if (type != nullptr) known->second = type->GetName();
+  }
+  return known->second;
+}
+
 SummaryTally::SummaryTally(const SubtotalKinds& kinds, const LDGRAccount* account)
-    : kinds_(kinds), account_(account), transfer_(LocalizedText("Transfer")) {
+    : kinds_(kinds), type_names_(account) {
   whole_.names = names_;
 }
 
@@ -72,7 +86,7 @@ void SummaryTally::Add(const LDGRAccountEntry& entry) {
   if (entry.IsTransfer()) period_.transfers_total += amount;
   (entry.GetCleared() ? period_.resolved_total : period_.unresolved_total) += amount;
   (entry.GetTaxDeductible() ? period_.tax_deductible_total : period_.taxable_total) += amount;
-  if (kinds_.types) types_.Add(TypeName(entry), amount);
+  if (kinds_.types) types_.Add(type_names_.Of(entry), amount);
   if (kinds_.descriptions) descriptions_.Add(entry.GetDescription(), amount);
   if (kinds_.to_froms) to_froms_.Add(entry.GetToFrom(), amount);
 }
@@ -86,17 +100,6 @@ PeriodSubtotals SummaryTally::EndPeriod() {
   period.to_from_subtotals = to_froms_.EndPeriod(whole_.to_from_subtotals, *names_);
   period.names = names_;
   return period;
-}
-
-std::string_view SummaryTally::TypeName(const LDGRAccountEntry& entry) {
-  if (entry.IsTransfer()) return transfer_;
-  if (entry.GetType() < 0 || account_ == nullptr) return {};
-  const auto [known, is_new] = type_names_.try_emplace(entry.GetType());
-  if (is_new) {
-    const auto type = account_->AccountEntryTypeForNumber(entry.GetType());
-    if (type != nullptr) known->second = type->GetName();
-  }
-  return known->second;
 }
 
 }  // namespace tallyfold

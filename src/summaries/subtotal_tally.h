@@ -48,6 +48,21 @@ class SubtotalTally {
   std::vector<Line> lines_;  // of this period
 };
 
+// The names under which entries are added up by their types: "" for none, and one for all
+// transfers, in the user's language.
+class TypeNames {
+ public:
+  // Types are looked up in the account, which may be null and must outlive this.
+  explicit TypeNames(const LDGRAccount* account);
+  // Valid as long as this.
+  [[nodiscard]] std::string_view Of(const LDGRAccountEntry& entry);
+
+ private:
+  const LDGRAccount* account_;
+  std::string transfer_;
+  std::unordered_map<std::int32_t, std::string> names_;
+};
+
 // Which subtotals are formed.
 struct SubtotalKinds {
   bool types = false;
@@ -71,12 +86,8 @@ class SummaryTally {
   [[nodiscard]] PeriodSubtotals TakeWhole() noexcept { return std::move(whole_); }
 
  private:
-  [[nodiscard]] std::string_view TypeName(const LDGRAccountEntry& entry);
-
   SubtotalKinds kinds_;
-  const LDGRAccount* account_;
-  std::string transfer_;
-  std::unordered_map<std::int32_t, std::string> type_names_;
+  TypeNames type_names_;
   SubtotalTally types_;
   SubtotalTally descriptions_;
   SubtotalTally to_froms_;

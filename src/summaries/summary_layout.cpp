@@ -97,13 +97,15 @@ bool ComesBefore(const BlockLine& a, const BlockLine& b) {
   return names != 0 ? names < 0 : a.name < b.name;
 }
 
-Block MakeBlock(std::string_view title, const Subtotals& subtotals) {
-  Block block{LocalizedText(title), {}};
+Block MakeBlock(std::string_view title, SummaryLayout::Subject subject,
+                const Subtotals& subtotals) {
+  Block block{LocalizedText(title), {}, subject};
   block.lines.reserve(subtotals.size());
   double sum = 0.0;
   for (const Subtotal& subtotal : subtotals) {
     std::string name = subtotal.name.empty() ? LocalizedText("(none)") : std::string(subtotal.name);
-    block.lines.push_back({std::move(name), subtotal.count, RoundedAmount(subtotal.amount), 0.0});
+    block.lines.push_back({std::move(name), subtotal.count, RoundedAmount(subtotal.amount), 0.0,
+                           !subtotal.name.empty()});
     sum += std::abs(block.lines.back().amount);
   }
   std::stable_sort(block.lines.begin(), block.lines.end(), ComesBefore);
@@ -141,15 +143,17 @@ void LayOutTotals(const PeriodSubtotals& whole, SummaryLayout& layout) {
 
 void LayOutBlocks(const LDGRAccountSummary& summary, const PeriodSubtotals& whole,
                   SummaryLayout& layout) {
+  using Subject = SummaryLayout::Subject;
   layout.block_columns = LocalizedTexts({"Name", "Count", "Amount", "Share"});
   if (summary.subtotalTypes()) {
-    layout.blocks.push_back(MakeBlock("By Type", whole.types_subtotals));
+    layout.blocks.push_back(MakeBlock("By Type", Subject::Type, whole.types_subtotals));
   }
   if (summary.subtotalDescriptions()) {
-    layout.blocks.push_back(MakeBlock("By Description", whole.descriptions_subtotals));
+    layout.blocks.push_back(
+        MakeBlock("By Description", Subject::Description, whole.descriptions_subtotals));
   }
   if (summary.subtotalToFroms()) {
-    layout.blocks.push_back(MakeBlock("By To/From", whole.to_from_subtotals));
+    layout.blocks.push_back(MakeBlock("By To/From", Subject::ToFrom, whole.to_from_subtotals));
   }
 }
 

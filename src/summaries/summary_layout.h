@@ -62,13 +62,17 @@ struct SummaryLayout {
     double amount = 0.0;
     // From 0 to 1: the part of the block's amounts, all taken as positive.
     double share = 0.0;
+    // False for the line of the entries that have none.
+    bool has_name = true;
   };
 
   // The sums by type, by description, or by payee and payer: greatest amount first whatever its
   // sign, equal ones by name.
+  enum class Subject : std::uint8_t { Type, Description, ToFrom };
   struct Block {
     std::string title;
     std::vector<BlockLine> lines;
+    Subject subject = Subject::Type;
   };
 
   // Whether start balance and total give the end balance.

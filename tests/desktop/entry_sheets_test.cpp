@@ -45,6 +45,12 @@ TEST_F(EntrySheets, DebitWithASplitThenADepositThenATransferAreEnteredByKeys) {
   const std::size_t count = Count();
   test.Key(Qt::Key_D, Qt::ControlModifier);
   ASSERT_EQ(app().sheets().Current(), Sheet::Debit);
+  // In the order in which they are read.
+  for (const char* stop : {"Date_Field", "CheckNumber_Button", "Type_PopUp", "Amount_Field",
+                           "Split_Button", "Description_Field", "ToFrom_Field", "Cleared_Button"}) {
+    EXPECT_EQ(test.FocusName(), QLatin1String("debitSheet_") + QLatin1String(stop));
+    test.Key(Qt::Key_Tab);
+  }
   TypeInto("debitSheet_Amount_Field", "50");
   TabTo("debitSheet_Split_Button");
   test.Key(Qt::Key_Space);

@@ -135,6 +135,12 @@ TEST_F(RegisterViewTest, StoresTheWidthOfADraggedColumnAndNoOther) {
   QTest::mouseRelease(header.viewport(), Qt::LeftButton, {}, from + QPoint(44, 0));
   EXPECT_DOUBLE_EQ(shown_.Table().Columns()[0].width, header.sectionSize(date) / factor);
   EXPECT_GT(shown_.Table().Columns()[0].width, stored[0].width);
+  // A double click on the edge makes it as wide as its cells, and that is stored too.
+  const QPoint wide = from + QPoint(header.sectionSize(date) - (edge + 1), 0);
+  QTest::mouseClick(header.viewport(), Qt::LeftButton, {}, wide);
+  QTest::mouseDClick(header.viewport(), Qt::LeftButton, {}, wide);
+  EXPECT_LT(shown_.Table().Columns()[0].width, stored[0].width + 44 / factor);
+  EXPECT_DOUBLE_EQ(shown_.Table().Columns()[0].width, header.sectionSize(date) / factor);
   shown_.resize(500, 300);
   for (std::size_t i = 1; i < stored.size(); ++i) {
     EXPECT_EQ(shown_.Table().Columns()[i].width, stored[i].width) << stored[i].identifier;

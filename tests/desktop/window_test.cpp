@@ -265,6 +265,13 @@ TEST_F(Window, ShowsWhatIsScheduledAndTheSummaries) {
   test.FindWidget("summary_Table")->setFocus();
   test.Key(Qt::Key_Down);
   EXPECT_EQ(test.TextOf("summary_Title"), "All Entries, Month To Date"_q);
+  // What a line counts is seen in the register.
+  test.FindWidget("summary_Periods")->setFocus(Qt::TabFocusReason);
+  test.Key(Qt::Key_End);
+  test.Key(Qt::Key_Return);
+  EXPECT_EQ(test.Find<QTabBar>("main_TabView")->currentIndex(), 0);
+  EXPECT_EQ(test.FocusName(), "entry_Table"_q);
+  EXPECT_EQ(test.TextOf("rows_Label"), "10 of 23 selected, sum $840.20"_q);
 }
 
 TEST_F(Window, EveryWidgetThatTakesTheFocusHasAName) {

@@ -140,6 +140,23 @@ bool AccountSummaryTab::Remove() {
   return true;
 }
 
+EntryList AccountSummaryTab::ShowEntries(const SummaryLine& line) {
+  const auto account = AccountToChange();
+  if (account == nullptr || account->selectedAccountSummary() == nullptr) return {};
+  static_cast<void>(State());
+  EntryList entries = EntriesOfLine(*account->selectedAccountSummary(), state_.layout, line);
+  if (entries.empty()) return entries;
+  const Announcer::Operation operation(announcer_);
+  if (std::ranges::all_of(entries,
+                          [this](const auto& each) { return host_.IsShown(each.get()); })) {
+    host_.ShowRegister();
+  } else {
+    host_.ShowAllEntries();
+  }
+  desk_.SelectEntry(entries.back());
+  return entries;
+}
+
 std::shared_ptr<LDGRAccount> AccountSummaryTab::AccountToChange() const {
   return sheets_.IsFree() ? desk_.SelectedAccount() : nullptr;
 }

@@ -16,6 +16,7 @@
 #include "platform/alerts.h"
 #include "summaries/account_summary.h"
 #include "summaries/summary_layout.h"
+#include "summaries/summary_line.h"
 
 namespace tallyfold {
 
@@ -32,9 +33,25 @@ struct AccountSummaryTabState {
 // The summary tab: the selected account's summaries, and what is done with them.
 class AccountSummaryTab {
  public:
-  AccountSummaryTab(Desk& desk, Ledger& ledger, Alerts& alerts, const SheetSlot& sheets,
+  class Host {
+   public:
+    virtual ~Host() = default;
+    // Whether it is a row of the current register.
+    [[nodiscard]] virtual bool IsShown(const LDGRAccountEntry* entry) const = 0;
+    // Shows a register, if another tab is showing.
+    virtual void ShowRegister() = 0;
+    // The same, with every entry in it.
+    virtual void ShowAllEntries() = 0;
+  };
+
+  AccountSummaryTab(Host& host, Desk& desk, Ledger& ledger, Alerts& alerts, const SheetSlot& sheets,
                     Announcer& announcer) noexcept
-      : desk_(desk), ledger_(ledger), alerts_(alerts), sheets_(sheets), announcer_(announcer) {}
+      : host_(host),
+        desk_(desk),
+        ledger_(ledger),
+        alerts_(alerts),
+        sheets_(sheets),
+        announcer_(announcer) {}
   AccountSummaryTab(const AccountSummaryTab&) = delete;
   AccountSummaryTab& operator=(const AccountSummaryTab&) = delete;
 
@@ -59,6 +76,10 @@ class AccountSummaryTab {
   bool Rename(std::string_view name);
   // Removes the selected summary. The last one stays, and an alert says so.
   bool Remove();
+  // Goes to the register with the last of the entries that a line of the selected summary counts
+  // selected; a filter that hides one of them gives way. Gives all of them; none, with nothing
+  // done, where the line counts none.
+  EntryList ShowEntries(const SummaryLine& line);
 
  private:
   // What the state was made from.
@@ -78,6 +99,7 @@ class AccountSummaryTab {
                                                    std::shared_ptr<LDGRAccountSummary> summary,
                                                    const std::string& name);
 
+  Host& host_;
   Desk& desk_;
   Ledger& ledger_;
   Alerts& alerts_;

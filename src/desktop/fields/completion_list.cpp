@@ -117,8 +117,9 @@ class CompletionList::Lines final : public QAbstractListModel {
 CompletionList::CompletionList(QWidget* field)
     : QListView(field), field_(field), lines_(new Lines(this)) {
   setWindowFlag(Qt::Popup);
+  // No focus proxy: the toolkit would take the list for the last part of the field when it orders
+  // the fields of a sheet, and Tab would not get past it.
   setFocusPolicy(Qt::NoFocus);
-  setFocusProxy(field);
   setModel(lines_);
   setItemDelegate(new LineDelegate(this));
   setUniformItemSizes(true);

@@ -52,8 +52,10 @@ void DrawMenuItem(const Canvas& canvas, const QStyleOptionMenuItem& item, int mn
                    kIconSize);
   const bool is_checked = item.checkType != QStyleOptionMenuItem::NotCheckable && item.checked;
   if (is_checked) {
-    DrawIcon(painter, canvas.Visual(mark), QLatin1String("tick"), canvas.Ink(Role::Accent),
-             item.direction);
+    // That of a menu is the mixed one: what is checked is inside.
+    const bool is_mixed = item.menuItemType == QStyleOptionMenuItem::SubMenu;
+    DrawIcon(painter, canvas.Visual(mark), QLatin1String(is_mixed ? "dash" : "tick"),
+             canvas.Ink(Role::Accent), item.direction);
   } else if (!item.icon.isNull()) {
     item.icon.paint(&painter, canvas.Visual(mark), Qt::AlignCenter,
                     is_enabled ? QIcon::Normal : QIcon::Disabled);

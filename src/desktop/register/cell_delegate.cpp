@@ -4,8 +4,11 @@
 #include <QPainter>
 #include <QStyle>
 #include <QStyleOptionButton>
+#include <QTextLayout>
+#include <QTextOption>
 #include <QVariant>
 #include <algorithm>
+#include <cmath>
 #include <string>
 
 #include "desktop/look/icons.h"
@@ -53,6 +56,31 @@ void DrawWord(QPainter& painter, const QRect& rect, const CellLook& look, const 
   painter.setPen(colors[ink]);
   painter.drawText(box, Qt::AlignCenter,
                    metrics.elidedText(look.text, Qt::ElideRight, width - 2 * kTightGap));
+}
+
+// As much as fits into two lines.
+void DrawTwoLines(QPainter& painter, const QRect& place, const QString& text, Qt::Alignment align) {
+  const QFont font = SmallFont(painter.font());
+  const QFontMetrics metrics(font);
+  QTextLayout layout(text, font);
+  QTextOption option;
+  option.setWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
+  layout.setTextOption(option);
+  layout.beginLayout();
+  QTextLine line = layout.createLine();
+  line.setLineWidth(place.width());
+  const int first = line.textLength();
+  layout.endLayout();
+  const QString rest = text.mid(first);
+  const int height = metrics.ascent() + metrics.descent();
+  QRect row(place.x(), place.y() + (place.height() - (rest.isEmpty() ? 1 : 2) * height) / 2,
+            place.width(), height);
+  const int flags = static_cast<int>(align | Qt::AlignAbsolute | Qt::AlignVCenter) |
+                    static_cast<int>(Qt::TextSingleLine);
+  painter.setFont(font);
+  painter.drawText(row, flags, text.left(first).trimmed());
+  row.translate(0, height);
+  painter.drawText(row, flags, metrics.elidedText(rest, Qt::ElideRight, place.width()));
 }
 
 }  // namespace
@@ -137,7 +165,9 @@ void CellDelegate::DrawText(QPainter& painter, QRect rect, const CellLook& look,
       QRect(rect.x(), rect.y(), has_glyph_behind ? room : rect.width(), rect.height()));
   const int flags = static_cast<int>(align | Qt::AlignAbsolute | Qt::AlignVCenter) |
                     static_cast<int>(Qt::TextSingleLine);
-  if (is_cut && !uses_ellipses_) {
+  if (is_cut && breaks_texts_) {
+    DrawTwoLines(painter, place, look.text, align);
+  } else if (is_cut && !uses_ellipses_) {
     painter.setClipRect(place, Qt::IntersectClip);
     painter.drawText(place, flags | static_cast<int>(Qt::TextDontClip), look.text);
     painter.setClipping(false);
@@ -183,16 +213,22 @@ QSize CellDelegate::sizeHint(const QStyleOptionViewItem& option, const QModelInd
   return {width, RowHeight(QFontMetrics(option.font))};
 }
 
-bool CellDelegate::IsCut(const CellLook& look, int column, int width, const QFont& font) const {
-  if (look.mark != CellLook::Mark::None) return false;
+int CellDelegate::NeededWidth(const CellLook& look, int column, const QFont& font) const {
+  if (look.mark != CellLook::Mark::None) return 0;
   const QFont shown = FontFor(look, font);
-  const QRect rect = Padded({0, 0, width, 1}, column, Qt::LeftToRight);
-  if (look.is_figure) return FiguresIn(shown).Width(look.text) > rect.width();
-  int taken = QFontMetrics(shown).horizontalAdvance(look.text);
-  if (look.word != CellLook::Word::None) taken += 2 * kWordPadding;
-  if (look.glyph_before.size() > 0) taken += kGlyphSize + kGlyphGap;
-  if (look.glyph_behind.size() > 0) taken += kGlyphSize + kGlyphGap;
-  return taken > rect.width();
+  constexpr int kAnyWidth = 100;
+  int needed = kAnyWidth - Padded({0, 0, kAnyWidth, 1}, column, Qt::LeftToRight).width();
+  if (look.is_figure)
+    return needed + static_cast<int>(std::ceil(FiguresIn(shown).Width(look.text)));
+  needed += QFontMetrics(shown).horizontalAdvance(look.text);
+  if (look.word != CellLook::Word::None) needed += 2 * kWordPadding;
+  if (look.glyph_before.size() > 0) needed += kGlyphSize + kGlyphGap;
+  if (look.glyph_behind.size() > 0) needed += kGlyphSize + kGlyphGap;
+  return needed;
+}
+
+bool CellDelegate::IsCut(const CellLook& look, int column, int width, const QFont& font) const {
+  return NeededWidth(look, column, font) > width;
 }
 
 }  // namespace tallyfold::desktop

@@ -52,12 +52,16 @@ class CellDelegate : public QStyledItemDelegate {
     last_padding_ = last;
   }
   void SetUsesEllipses(bool uses_ellipses) noexcept { uses_ellipses_ = uses_ellipses; }
+  // A text that does not fit goes on in a second line, and both are smaller.
+  void SetBreaksTexts(bool breaks_texts) noexcept { breaks_texts_ = breaks_texts; }
 
   void paint(QPainter* painter, const QStyleOptionViewItem& option,
              const QModelIndex& index) const override;
   [[nodiscard]] QSize sizeHint(const QStyleOptionViewItem& option,
                                const QModelIndex& index) const override;
 
+  // How wide a column must be for the cell not to be cut in it; 0 for a mark.
+  [[nodiscard]] int NeededWidth(const CellLook& look, int column, const QFont& font) const;
   // Whether the text of a cell does not fit into a rectangle so wide.
   [[nodiscard]] bool IsCut(const CellLook& look, int column, int width, const QFont& font) const;
 
@@ -81,6 +85,7 @@ class CellDelegate : public QStyledItemDelegate {
   int first_padding_ = kOuterCellPadding;
   int last_padding_ = kLastCellPadding;
   bool uses_ellipses_ = true;
+  bool breaks_texts_ = false;
   mutable InkCache inks_;
   mutable std::unordered_map<std::string, std::unique_ptr<Figures>> figures_;
 };

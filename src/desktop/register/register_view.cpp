@@ -21,6 +21,8 @@ namespace {
 
 // The toolkit's own selection costs two indexes a stretch: it follows ours up to here.
 constexpr std::size_t kMostMirroredRanges = 64;
+// Less room for a name in a list is little.
+constexpr int kWideName = 120;
 
 // Carries the header's rule over the slot of the scroll bar.
 class HeaderCap final : public QWidget {
@@ -81,6 +83,9 @@ RegisterView::~RegisterView() {
 
 void RegisterView::SetUpHeader() {
   connect(header_, &Header::WidthDragged, this, &RegisterView::TakeDraggedWidth);
+  // The toolkit has made the column as wide as its cells by then.
+  connect(header_, &QHeaderView::sectionHandleDoubleClicked, this,
+          [this](int section) { TakeDraggedWidth(section, header_->sectionSize(section)); });
   connect(header_, &QHeaderView::sectionMoved, this, &RegisterView::TakeMovedColumn);
   connect(header_, &Header::SortWanted, this, [this](int section) {
     emit HeaderClicked(ToQString(model_->ColumnAt(section).identifier));
@@ -107,6 +112,7 @@ void RegisterView::MakeList() {
   is_list_ = true;
   header_->MakeBar();
   delegate_->SetOuterPaddings(kListPadding, kOuterCellPadding);
+  delegate_->SetBreaksTexts(true);
   viewport()->setBackgroundRole(QPalette::Window);
   setVerticalScrollBarPolicy(Qt::ScrollBarAsNeeded);
   SetLook(TableLook(model_->Look()));
@@ -167,6 +173,11 @@ void RegisterView::FitColumns() {
   std::vector<ColumnRoom> rooms;
   for (const TableColumn& column : table_.Columns()) {
     rooms.push_back(RoomOf(column.identifier, column.width, factor));
+    // In a narrow list the names need the room more than the figures do.
+    const bool is_figure = column.content == TableColumn::Content::Amount;
+    if (!is_list_ || !is_figure || viewport()->width() - rooms.back().width >= kWideName) continue;
+    const int needed = WidestCell(model_->IndexOf(column.identifier));
+    if (needed > 0) rooms.back().width = std::min(rooms.back().width, needed);
   }
   const std::vector<int> widths = WidthsIn(viewport()->width(), rooms);
   const std::vector<int> shown = ShownColumns();
@@ -174,6 +185,15 @@ void RegisterView::FitColumns() {
     if (header_->sectionSize(shown[i]) != widths[i]) header_->resizeSection(shown[i], widths[i]);
   }
   is_laying_out_ = was_laying_out;
+}
+
+int RegisterView::WidestCell(int section) const {
+  int widest = 0;
+  const QFont heavy = DemiBoldFont(font());
+  for (int row = 0; row < model_->rowCount(); ++row) {
+    widest = std::max(widest, delegate_->NeededWidth(model_->LookAt(row, section), section, heavy));
+  }
+  return widest;
 }
 
 void RegisterView::TakeDraggedWidth(int section, int width) {
@@ -230,6 +250,8 @@ void RegisterView::RowsChanged(const TableState& /*table*/, const RowsChange& ch
     verticalScrollBar()->setValue(value + (comes ? above : -above) * height);
   }
   anchor_ = -1;
+  // What its columns need follows from its rows.
+  if (is_list_) FitColumns();
   ShowCurrentRow();
   TellSelection();
   viewport()->update();

@@ -99,6 +99,8 @@ class RegisterView final : public QTableView, public RowStates, private TableSta
   void SetUpHeader();
   void ShowColumns();
   void FitColumns();
+  // The widest cell of the column.
+  [[nodiscard]] int WidestCell(int section) const;
   void ShowCurrentRow();
   void TakeDraggedWidth(int section, int width);
   void TakeMovedColumn(int section, int from, int to);

@@ -11,6 +11,7 @@
 #include "desktop/look/colors.h"
 #include "desktop/look/measures.h"
 #include "desktop/look/rule_line.h"
+#include "desktop/sheets/tab_order.h"
 #include "desktop/texts.h"
 
 namespace tallyfold::desktop {
@@ -99,6 +100,7 @@ void SheetDialog::ShowProblem(const QString& problem) {
 void SheetDialog::Open() {
   ShowState();
   ensurePolished();
+  TabInReadingOrder(*this);
   Fit();
   open();
 }

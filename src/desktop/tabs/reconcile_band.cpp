@@ -26,6 +26,8 @@ constexpr int kFieldWidth = 150;
 constexpr int kSideMargin = 12;
 constexpr int kTickSize = 24;
 constexpr int kHintSize = 20;
+// A narrower band goes without the notes below its figures.
+constexpr int kRoomForNotes = 700;
 
 FigureLabel* BandLabel(QWidget* parent, const char* name) {
   auto* label = new FigureLabel(parent);
@@ -68,6 +70,7 @@ ReconcileBand::ReconcileBand(const Parts& parts, QWidget* parent)
     : QWidget(parent),
       parts_(parts),
       field_(new AmountField(this)),
+      bank_note_(Note(this, "bank_Note")),
       resolved_(BandLabel(this, "resolvedBalance_Field")),
       resolved_note_(Note(this, "resolved_Note")),
       tick_(new QLabel(this)),
@@ -96,9 +99,8 @@ ReconcileBand::ReconcileBand(const Parts& parts, QWidget* parent)
   caption->setBuddy(field_);
   grid->addWidget(caption, 0, 0);
   grid->addWidget(field_, 1, 0);
-  auto* bank = Note(this, "");
-  bank->setText(Text("As printed by the bank"));
-  grid->addWidget(bank, 2, 0);
+  bank_note_->setText(Text("As printed by the bank"));
+  grid->addWidget(bank_note_, 2, 0);
   grid->addWidget(Sign(this, QStringLiteral("\u2212")), 1, 1);
   grid->addWidget(BandCaption(this, "Resolved"), 0, 2);
   grid->addWidget(resolved_, 1, 2);
@@ -227,6 +229,12 @@ void ReconcileBand::SelectEntries() {
   const auto& explanation = parts_.tab.State().explanation;
   if (!explanation || explanation->entries.empty()) return;
   emit EntriesWanted(EntryList(explanation->entries));
+}
+
+void ReconcileBand::resizeEvent(QResizeEvent* event) {
+  QWidget::resizeEvent(event);
+  const bool has_room = width() >= kRoomForNotes;
+  for (QWidget* note : {bank_note_, resolved_note_, difference_note_}) note->setVisible(has_room);
 }
 
 void ReconcileBand::FocusField() {

@@ -38,12 +38,14 @@ class ReconcileBand final : public QWidget {
   void EntriesWanted(const EntryList& entries);
 
  private:
+  void resizeEvent(QResizeEvent* event) override;
   void ShowExplanation();
   void EndEditing();
   void SelectEntries();
 
   Parts parts_;
   AmountField* field_;
+  FigureLabel* bank_note_;
   FigureLabel* resolved_;
   FigureLabel* resolved_note_;
   QLabel* tick_;

@@ -3,6 +3,7 @@
 #include <QGridLayout>
 #include <QHBoxLayout>
 #include <QLabel>
+#include <QTimer>
 #include <QVBoxLayout>
 #include <algorithm>
 #include <string>
@@ -149,7 +150,9 @@ void SummaryPage::Show(const SummaryLayout& layout, const LDGRPreferences& prefe
   column->addLayout(MakeCheck(this, shown_, preferences));
   column->addLayout(MakeTotals(this, shown_, preferences));
   blocks_area_ = new QWidget(this);
-  for (const auto& block : shown_.blocks) blocks_.push_back(MakeBlock(block, preferences));
+  for (std::size_t i = 0; i < shown_.blocks.size(); ++i) {
+    blocks_.push_back(MakeBlock(i, preferences));
+  }
   column->addWidget(blocks_area_);
   column->addStretch(1);
   block_columns_ = 0;
@@ -178,15 +181,29 @@ void SummaryPage::AddPeriods(QVBoxLayout& column, const LDGRPreferences& prefere
     return ToQString(RegisterAmountText(values[place - 2], preferences));
   };
   content.bar = [this](int row) { return shown_.periods[static_cast<std::size_t>(row)].bar; };
+  content.activated = Wanting([this](int row) {
+    const auto line = static_cast<std::size_t>(row);
+    const bool is_total = line == shown_.periods.size();
+    return SummaryLine{is_total ? SummaryLine::Kind::Total : SummaryLine::Kind::Period, line, 0};
+  });
   content.has_negative_bars =
       std::ranges::any_of(shown_.periods, [](const auto& line) { return line.bar < 0.0; });
   content.has_positive_bars =
       std::ranges::any_of(shown_.periods, [](const auto& line) { return line.bar > 0.0; });
-  column.addWidget(new SummaryTable(std::move(content), this));
+  auto* table = new SummaryTable(std::move(content), this);
+  table->setObjectName(QLatin1String("summary_Periods"));
+  column.addWidget(table);
 }
 
-SummaryTable* SummaryPage::MakeBlock(const SummaryLayout::Block& block,
-                                     const LDGRPreferences& preferences) {
+std::function<void(int)> SummaryPage::Wanting(std::function<SummaryLine(int row)> line) {
+  return [this, line = std::move(line)](int row) {
+    // The table is done with its event first.
+    QTimer::singleShot(0, this, [this, wanted = line(row)] { emit EntriesWanted(wanted); });
+  };
+}
+
+SummaryTable* SummaryPage::MakeBlock(std::size_t number, const LDGRPreferences& preferences) {
+  const SummaryLayout::Block& block = shown_.blocks[number];
   SummaryTable::Content content;
   content.name = ToQString(block.title);
   for (std::size_t i = 0; i < shown_.block_columns.size(); ++i) {
@@ -210,8 +227,13 @@ SummaryTable* SummaryPage::MakeBlock(const SummaryLayout::Block& block,
         return QStringLiteral("%1%").arg(100.0 * line.share, 0, 'f', 1);
     }
   };
+  content.activated = Wanting([number](int row) {
+    return SummaryLine{SummaryLine::Kind::Block, static_cast<std::size_t>(row), number};
+  });
   content.bar = [&block](int row) { return block.lines[static_cast<std::size_t>(row)].share; };
-  return new SummaryTable(std::move(content), blocks_area_);
+  auto* table = new SummaryTable(std::move(content), blocks_area_);
+  table->setObjectName(QStringLiteral("summary_Block_%1").arg(number));
+  return table;
 }
 
 void SummaryPage::LayOutBlocks() {

@@ -1,9 +1,12 @@
 #pragma once
 
 #include <QWidget>
+#include <cstddef>
+#include <functional>
 #include <vector>
 
 #include "summaries/summary_layout.h"
+#include "summaries/summary_line.h"
 
 class QVBoxLayout;
 
@@ -18,6 +21,8 @@ class SummaryTable;
 // A computed summary: its head, the table of the periods with their bars, the sums and the blocks,
 // in one, two or three columns.
 class SummaryPage final : public QWidget {
+  Q_OBJECT
+
  public:
   explicit SummaryPage(QWidget* parent);
 
@@ -25,10 +30,16 @@ class SummaryPage final : public QWidget {
   void Show(const SummaryLayout& layout, const LDGRPreferences& preferences);
   void Clear();
 
+ signals:
+  // The entries that a line counts are to be seen. The page may be shown anew on hearing this.
+  void EntriesWanted(const SummaryLine& line);
+
  private:
   void resizeEvent(QResizeEvent* event) override;
   void AddPeriods(QVBoxLayout& column, const LDGRPreferences& preferences);
-  SummaryTable* MakeBlock(const SummaryLayout::Block& block, const LDGRPreferences& preferences);
+  SummaryTable* MakeBlock(std::size_t number, const LDGRPreferences& preferences);
+  // What a row of a table does when it is activated.
+  [[nodiscard]] std::function<void(int)> Wanting(std::function<SummaryLine(int row)> line);
   void LayOutBlocks();
 
   // What the tables draw.

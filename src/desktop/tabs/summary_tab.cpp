@@ -46,6 +46,10 @@ SummaryTab::SummaryTab(const Parts& parts, QWidget* parent)
   whole->setContentsMargins(0, 0, 0, 0);
   whole->addWidget(splitter_);
 
+  connect(page_, &SummaryPage::EntriesWanted, this, [this](const SummaryLine& line) {
+    const EntryList entries = parts_.summaries.ShowEntries(line);
+    if (!entries.empty()) emit EntriesShown(entries);
+  });
   connect(list_, &QListWidget::currentRowChanged, this, [this](int row) {
     if (!is_showing_ && row >= 0) parts_.summaries.Select(static_cast<std::size_t>(row));
   });
@@ -57,11 +61,18 @@ SummaryTab::SummaryTab(const Parts& parts, QWidget* parent)
   });
 }
 
+void SummaryTab::showEvent(QShowEvent* event) {
+  QWidget::showEvent(event);
+  Show();
+}
+
 void SummaryTab::FocusList() {
   list_->setFocus(Qt::OtherFocusReason);
 }
 
 void SummaryTab::Show() {
+  // To compute it for another tab would cost a look at every entry.
+  if (!isVisible()) return;
   const AccountSummaryTabState& state = parts_.summaries.State();
   is_showing_ = true;
   const int count = static_cast<int>(state.summaries.size());

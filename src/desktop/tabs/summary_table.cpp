@@ -225,6 +225,9 @@ void SummaryTable::keyPressEvent(QKeyEvent* event) {
       return GoTo(0);
     case Qt::Key_End:
       return GoTo(content_.rows - 1);
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+      return Activate(current_);
     default:
       QWidget::keyPressEvent(event);
   }
@@ -233,6 +236,15 @@ void SummaryTable::keyPressEvent(QKeyEvent* event) {
 void SummaryTable::mousePressEvent(QMouseEvent* event) {
   const int y = event->position().toPoint().y() - HeadHeight();
   if (y >= 0) GoTo(y / LineHeight());
+}
+
+void SummaryTable::mouseDoubleClickEvent(QMouseEvent* event) {
+  const int y = event->position().toPoint().y() - HeadHeight();
+  if (y >= 0) Activate(y / LineHeight());
+}
+
+void SummaryTable::Activate(int row) {
+  if (row >= 0 && row < content_.rows && content_.activated) content_.activated(row);
 }
 
 void SummaryTable::focusInEvent(QFocusEvent* event) {

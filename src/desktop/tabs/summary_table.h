@@ -24,6 +24,8 @@ class SummaryTable final : public QWidget {
     std::function<QString(int row, int column)> text;
     // From -1 to 1, of columns with bars.
     std::function<double(int row)> bar = {};
+    // A double click on a row, or Return; the table may be gone after it.
+    std::function<void(int row)> activated = {};
     bool has_negative_bars = false;
     bool has_positive_bars = false;
   };
@@ -38,6 +40,7 @@ class SummaryTable final : public QWidget {
   void paintEvent(QPaintEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
   void mousePressEvent(QMouseEvent* event) override;
+  void mouseDoubleClickEvent(QMouseEvent* event) override;
   void focusInEvent(QFocusEvent* event) override;
   void focusOutEvent(QFocusEvent* event) override;
 
@@ -51,6 +54,7 @@ class SummaryTable final : public QWidget {
   void PaintBar(QPainter& painter, const QRect& cell, double value) const;
   void PaintShare(QPainter& painter, const QRect& cell, double share) const;
   void GoTo(int row);
+  void Activate(int row);
 
   Content content_;
   // -1 before the table has had the focus.
