@@ -35,6 +35,8 @@ class Program final : public QObject {
 
   // False when it ends instead.
   [[nodiscard]] bool Launch();
+  // Its import begins when an account is open and nothing else is.
+  void OpenFile(std::string path);
   // As Ending::Save(), with the frames of the window.
   Ending::Outcome Save(Ending::Asker asker);
   // For a program that has lost its display: saves and leaves the window alone.
@@ -47,6 +49,7 @@ class Program final : public QObject {
 
  private:
   void StateChanged(Qt::ApplicationState state);
+  void ImportWaitingFile();
 
   LDGRController app_;
   UserSettings settings_;
@@ -55,6 +58,7 @@ class Program final : public QObject {
   EventWatch events_;
   Ending ending_;
   bool has_window_ = true;
+  std::string waiting_file_;
 };
 
 }  // namespace tallyfold::desktop
