@@ -4,8 +4,10 @@
 #include <cstdio>
 #include <optional>
 #include <string>
+#include <vector>
 
 #include "app/services.h"
+#include "desktop/arguments.h"
 #include "desktop/example.h"
 #include "desktop/look/icons.h"
 #include "desktop/look/palette_watch.h"
@@ -36,6 +38,7 @@
 namespace {
 
 using namespace tallyfold;
+using desktop::Arguments;
 using desktop::Ending;
 
 class StandardErrorLog final : public SystemLog {
@@ -45,7 +48,13 @@ class StandardErrorLog final : public SystemLog {
   }
 };
 
-int Run(QApplication& application) {
+// The status where another copy has the accounts, or an argument is not understood.
+constexpr int kNotStarted = 2;
+// As the desktop file is named.
+constexpr const char* kDesktopFileName = "org.tallyfold.Tallyfold";
+
+int Run(QApplication& application, const Arguments& arguments) {
+  QGuiApplication::setDesktopFileName(QLatin1String(kDesktopFileName));
   desktop::PaletteWatch palette(desktop::PortalColorScheme());
   desktop::InstallStyle(application);
   QApplication::setWindowIcon(desktop::ApplicationIcon());
@@ -70,13 +79,11 @@ int Run(QApplication& application) {
   TerminationSignals termination;
   desktop::TextKeys text_keys;
 
-  const bool is_example =
-      QCoreApplication::arguments().contains(QLatin1String(desktop::kExampleArgument));
   desktop::Program program(
       Services{files, alerts, panels, processes, speech, field_speech, loop, notifications, host,
                encodings, &updates},
       {.settings_path = desktop::UserSettings::PathIn(files.HomeFolder()),
-       .title_ending = is_example ? desktop::Text("(Example)") : QString(),
+       .title_ending = arguments.is_example ? desktop::Text("(Example)") : QString(),
        .open_example = [&processes] {
          desktop::OpenExample(processes, desktop::ToUtf8(QCoreApplication::applicationFilePath()));
        }});
@@ -103,9 +110,18 @@ int Run(QApplication& application) {
     if (!alerts.IsUp() && !panels.IsUp()) program.SaveWithoutWindow();
   });
 
-  if (!program.Launch()) return host.Status().value_or(0);
+  if (!program.Launch()) {
+    const int refused = host.Status().value_or(0);
+    if (refused == kNotStarted && !arguments.file.empty()) {
+      alerts.Run({.title = LocalizedText("The file was not imported."),
+                  .message = LocalizedText("Choose Import in the copy that is open."),
+                  .buttons = {LocalizedText("OK")}});
+    }
+    return refused;
+  }
   // The launch looks at events as well.
   if (status) return *status;
+  if (!arguments.file.empty()) program.OpenFile(arguments.file);
   return QApplication::exec();
 }
 
@@ -117,11 +133,28 @@ int main(int argc, char** argv) {
 #ifdef NDEBUG
   KeepMemoryPrivate();
 #endif
+  const auto words = [&] {
+    return std::vector<std::string>(argv + (argc > 0 ? 1 : 0), argv + argc);
+  };
+  // The toolkit's own options are gone from these once it has started, which needs a display.
+  const Arguments asked = desktop::ReadArguments(words());
+  if (asked.wants_help || asked.wants_version) {
+    const std::string text = asked.wants_help ? desktop::UsageText()
+                                              : "Tallyfold " + std::string(kProgramVersion) + '\n';
+    std::fputs(text.c_str(), stdout);
+    return std::fflush(stdout) == 0 ? 0 : 1;
+  }
   if (!desktop::HasDisplay()) {
     std::fputs("tallyfold: there is no display to open a window on; use tallyfold-console\n",
                stderr);
     return 1;
   }
   QApplication application(argc, argv);
-  return Run(application);
+  const Arguments arguments = desktop::ReadArguments(words());
+  if (!arguments.unknown.empty()) {
+    std::fprintf(stderr, "tallyfold: %s is not understood\n%s", arguments.unknown.c_str(),
+                 desktop::UsageText().c_str());
+    return kNotStarted;
+  }
+  return Run(application, arguments);
 }

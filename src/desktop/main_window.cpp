@@ -38,6 +38,7 @@
 #include "desktop/progress_bar.h"
 #include "desktop/search_strip.h"
 #include "desktop/services/user_settings.h"
+#include "desktop/sheets/help_window.h"
 #include "desktop/sheets/review_host.h"
 #include "desktop/sheets/sheet_host.h"
 #include "desktop/sheets/update_window.h"
@@ -98,8 +99,10 @@ void MainWindow::MakePieces() {
       EntryActions::Parts{app.entryRemoval(), app.entryOrders(), app.transferLinking(), app.menus(),
                           app.desk()},
       *actions_, [this] { return ShownRegister().SelectedEntries(); });
-  menus_ = std::make_unique<MenuBar>(*menuBar(), *actions_,
-                                     MenuBar::Parts{app.menus(), *entry_actions_, app.search()});
+  help_ = std::make_unique<HelpKey>();
+  menus_ = std::make_unique<MenuBar>(
+      *menuBar(), *actions_,
+      MenuBar::Parts{app.menus(), *entry_actions_, app.search(), [this] { help_->Open(); }});
   sheets_ = std::make_unique<SheetHost>(app.sheets(), *this);
   SetUpSheets(*sheets_, app);
   review_ = std::make_unique<ReviewHost>(

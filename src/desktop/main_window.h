@@ -20,6 +20,7 @@ class CommandActions;
 class DateJumpPanel;
 class EntryActions;
 class FindPanel;
+class HelpKey;
 class MenuBar;
 class ProgressBar;
 class ReconcileBand;
@@ -114,6 +115,7 @@ class MainWindow final : public QMainWindow {
   Pieces pieces_;
   std::unique_ptr<CommandActions> actions_;
   std::unique_ptr<EntryActions> entry_actions_;
+  std::unique_ptr<HelpKey> help_;
   std::unique_ptr<MenuBar> menus_;
   std::unique_ptr<SheetHost> sheets_;
   std::unique_ptr<ReviewHost> review_;

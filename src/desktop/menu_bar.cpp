@@ -102,6 +102,7 @@ MenuBar::MenuBar(QMenuBar& bar, CommandActions& actions, const Parts& parts)
     QMenu* menu = bar_.addMenu(QString());
     SetTitle(*menu->menuAction(), Text(title));
     titles.push_back(menu->menuAction());
+    if (menu_id == Menu::Help) AddHelp(*menu);
     for (const Command* command : Commands()) {
       if (command->menu != menu_id) continue;
       const bool begins = std::ranges::find(kGroupStarts, command->name) != std::end(kGroupStarts);
@@ -168,6 +169,16 @@ void MenuBar::MakeRowMenu(QWidget* parent) {
       AssignMnemonics(*menu);
     });
   }
+}
+
+void MenuBar::AddHelp(QMenu& menu) {
+  QAction* action = menu.addAction(Text("Tallyfold Help"));
+  action->setObjectName(QLatin1String("help_MenuItem"));
+  // The key is only shown: it is answered in front of a sheet too.
+  action->setShortcut(QKeySequence(QKeySequence::HelpContents));
+  action->setShortcutContext(Qt::WidgetShortcut);
+  connect(action, &QAction::triggered, this, [this] { parts_.open_help(); });
+  menu.addSeparator();
 }
 
 void MenuBar::AddTextEditing(QMenu& menu) {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QObject>
+#include <functional>
 
 class QAction;
 class QMenu;
@@ -24,6 +25,7 @@ class MenuBar final : public QObject {
     Menus& menus;
     EntryActions& entries;
     RegisterSearch& search;
+    std::function<void()> open_help;
   };
 
   // Fills `bar`, which like the others must outlive this.
@@ -37,6 +39,7 @@ class MenuBar final : public QObject {
 
  private:
   void AddTextEditing(QMenu& menu);
+  void AddHelp(QMenu& menu);
   void AddEntrySubmenus();
   void MakeRowMenu(QWidget* parent);
 

@@ -1,9 +1,14 @@
 #include "desktop/program.h"
 
+#include <QAction>
 #include <QGuiApplication>
+#include <QTimer>
+#include <utility>
 
+#include "app/exchange/qif_import_command.h"
 #include "app/services.h"
 #include "app/shell/lifecycle.h"
+#include "desktop/command_actions.h"
 
 namespace tallyfold::desktop {
 
@@ -26,6 +31,20 @@ Program::Program(const Services& services, const Settings& settings)
 bool Program::Launch() {
   app_.lifecycle().awakeFromNib();
   return app_.lifecycle().applicationDidFinishLaunching();
+}
+
+void Program::OpenFile(std::string path) {
+  waiting_file_ = std::move(path);
+  // Whatever is told of its state stands in the middle of an operation.
+  connect(window_.pieces().actions->Named("QIFImport"), &QAction::changed, this,
+          [this] { QTimer::singleShot(0, this, &Program::ImportWaitingFile); });
+  QTimer::singleShot(0, this, &Program::ImportWaitingFile);
+}
+
+void Program::ImportWaitingFile() {
+  if (waiting_file_.empty() || !window_.isVisible()) return;
+  if (!window_.pieces().actions->Named("QIFImport")->isEnabled()) return;
+  app_.importCommand().QIFImportFile(std::exchange(waiting_file_, {}));
 }
 
 Ending::Outcome Program::Save(Ending::Asker asker) {

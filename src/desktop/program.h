@@ -38,6 +38,8 @@ class Program final : public QObject {
 
   // False when it ends instead.
   [[nodiscard]] bool Launch();
+  // Its import begins when an account is open and nothing else is.
+  void OpenFile(std::string path);
   // As Ending::Save(), with the frames of the window.
   Ending::Outcome Save(Ending::Asker asker);
   // For a program that has lost its display: saves and leaves the window alone.
@@ -50,6 +52,7 @@ class Program final : public QObject {
 
  private:
   void StateChanged(Qt::ApplicationState state);
+  void ImportWaitingFile();
 
   LDGRController app_;
   UserSettings settings_;
@@ -60,6 +63,7 @@ class Program final : public QObject {
   Waiting waiting_;
   // None once there is no window to show anything in.
   std::optional<ScopedProgress> progress_;
+  std::string waiting_file_;
 };
 
 }  // namespace tallyfold::desktop

@@ -246,6 +246,13 @@ void GrabAll(const QString& folder) {
       test.Find<QListWidget>("preferencesSheet_TabView")->setCurrentRow(page);
     });
   }
+  for (int chapter = 0; chapter < 8; chapter += 7) {
+    const QString name = QLatin1String("help-") + QString::number(chapter);
+    Grab(folder, name, example, [chapter](TestWindow& test) {
+      test.Key(Qt::Key_F1);
+      test.Find<QListWidget>("help_Chapters_List")->setCurrentRow(chapter);
+    });
+  }
   Grab(folder, QLatin1String("empty"), "",
        [](TestWindow& test) { test.program->app().sheets().CancelOpen(); });
 }

@@ -79,7 +79,7 @@ void PageList::Add(std::string_view identifier, const QString& title, QWidget* p
   auto* column = new QVBoxLayout(whole);
   column->setContentsMargins(0, 0, 0, 0);
   column->addWidget(page);
-  column->addStretch(1);
+  if (!page->sizePolicy().expandingDirections().testFlag(Qt::Vertical)) column->addStretch(1);
   pages_->addWidget(whole);
   identifiers_.emplace_back(identifier);
   const QSignalBlocker blocker(list_);
