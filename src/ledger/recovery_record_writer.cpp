@@ -5,9 +5,7 @@
 #include <unordered_set>
 #include <utility>
 
-#include "ledger/image_parts.h"
-#include "ledger/list_part.h"
-#include "ledger/part_visitor.h"
+#include "ledger/recovery_items.h"
 #include "ledger/recovery_record.h"
 #include "plist/writer.h"
 #include "storage/content_mark.h"
@@ -16,146 +14,14 @@ namespace tallyfold {
 namespace {
 
 using namespace recovery_keys;
-using Form = std::function<void(plist::Output&)>;
 
 // How many places may be looked at on the way back to where edited records were: beyond, a whole
 // save costs less.
 constexpr std::size_t kMostSteps = 20'000'000;
 
-// One thing that is edited in place.
-struct EditItem {
-  std::shared_ptr<LDGRAccount> account;
-  const void* record = nullptr;  // null for what is no record of a list
-  std::string_view what;
-  // Where the record is now, if it is.
-  std::function<std::optional<std::size_t>()> place_now;
-  Form was;
-  Form now;
-};
-
-// Records or an account that came or went.
-struct MoveItem {
-  std::shared_ptr<LDGRAccount> account;
-  std::string_view what;
-  bool inserts = false;
-  std::vector<std::size_t> places;  // ascending
-  std::vector<const void*> records;
-  std::function<void(std::size_t row, plist::Output&)> form;
-  std::function<void(std::size_t row, plist::Output&)> form_to_compare;
-  // Of its list now; then before the move.
-  std::size_t list_size = 0;
-};
-
-// Turns parts into items.
-class Collector final : public PartVisitor {
- public:
-  explicit Collector(EntryPlaces& places) : places_(places) {}
-
-  std::vector<EditItem> edits;
-  std::vector<MoveItem> moves;
-
-  void Visit(const ListPart<LDGRAccountEntry>& part, bool inserts) override { Move(part, inserts); }
-  void Visit(const ListPart<LDGRAccountSchedule>& part, bool inserts) override {
-    Move(part, inserts);
-  }
-  void Visit(const ListPart<LDGRAccountSummary>& part, bool inserts) override {
-    Move(part, inserts);
-  }
-  void Visit(const AccountListPart& part, bool inserts) override {
-    MoveItem item;
-    item.account = part.account();
-    item.what = kAccounts;
-    item.inserts = inserts;
-    item.places = {part.place()};
-    moves.push_back(std::move(item));
-  }
-  void Visit(const EditPart<LDGRAccountEntry>& part) override { Edit(part); }
-  void Visit(const EditPart<LDGRAccountSchedule>& part) override { Edit(part); }
-  void Visit(const EditPart<LDGRAccountSummary>& part) override { Edit(part); }
-  void Visit(const AccountPartEdit& part) override {
-    if (!IsNew(part)) return;
-    const AccountPart which = part.part();
-    edits.push_back(
-        {part.account(),
-         nullptr,
-         which == AccountPart::Options ? kOptions : kSettings,
-         {},
-         [&part, which](plist::Output& out) { WriteToCompare(part.image(), which, out); },
-         [&part, which](plist::Output& out) { part.account()->WritePart(which, out); }});
-  }
-  void Visit(const TypesEdit& part) override {
-    if (!IsNew(part)) return;
-    constexpr auto kPart = AccountPart::Types;
-    edits.push_back({part.account(),
-                     nullptr,
-                     kTypes,
-                     {},
-                     [&part](plist::Output& out) { WriteToCompare(*part.Image(), kPart, out); },
-                     [&part](plist::Output& out) { part.account()->WritePart(kPart, out); }});
-  }
-  void Visit(const PasswordEdit& part) override {
-    edits.push_back({nullptr,
-                     nullptr,
-                     kPassword,
-                     {},
-                     [&part](plist::Output& out) { out.String(part.image()); },
-                     [&part](plist::Output& out) { out.String(part.present()); }});
-  }
-
- private:
-  // Of several images of one subject the first one carried out holds what was there before all.
-  bool IsNew(const StepPart& part) { return subjects_.insert(part.Subject()).second; }
-
-  template <typename Record>
-  void Move(const ListPart<Record>& part, bool inserts) {
-    using Traits = RecordTraits<Record>;
-    MoveItem item;
-    item.account = part.account();
-    item.what = Traits::kKey;
-    item.inserts = inserts;
-    for (const auto& row : part.rows()) {
-      item.places.push_back(row.place);
-      item.records.push_back(row.record.get());
-    }
-    item.form = [&part](std::size_t row, plist::Output& out) {
-      Traits::Write(*part.rows()[row].record, out);
-    };
-    item.form_to_compare = [&part](std::size_t row, plist::Output& out) {
-      Traits::WriteToCompare(*part.rows()[row].record, out);
-    };
-    item.list_size = Traits::ListOf(*part.account()).size();
-    moves.push_back(std::move(item));
-  }
-
-  template <typename Record>
-  void Edit(const EditPart<Record>& part) {
-    using Traits = RecordTraits<Record>;
-    if (!IsNew(part)) return;
-    edits.push_back({part.account(), part.record().get(), Traits::kKey,
-                     [this, &part] { return PlaceOf(*part.account(), part.record()); },
-                     [&part](plist::Output& out) { Traits::WriteToCompare(part.image(), out); },
-                     [&part](plist::Output& out) { Traits::Write(*part.record(), out); }});
-  }
-
-  template <typename Record>
-  std::optional<std::size_t> PlaceOf(LDGRAccount& account, const std::shared_ptr<Record>& record) {
-    if constexpr (std::is_same_v<Record, LDGRAccountEntry>) {
-      return places_.Of(account, record.get());
-    } else {
-      const auto& list = RecordTraits<Record>::ListOf(account);
-      const auto found = std::find(list.begin(), list.end(), record);
-      if (found == list.end()) return std::nullopt;
-      return static_cast<std::size_t>(found - list.begin());
-    }
-  }
-
-  EntryPlaces& places_;
-  std::unordered_set<std::uintptr_t> subjects_;
-};
-
 class Writer {
  public:
-  Writer(const AccountList& accounts, const ChangeSet& set, Collector& items)
+  Writer(const AccountList& accounts, const ChangeSet& set, RecoveryItems& items)
       : set_(set), accounts_now_(accounts), items_(items) {
     accounts_ = accounts;
     std::map<std::pair<const LDGRAccount*, std::string_view>, std::size_t> sizes;
@@ -355,7 +221,7 @@ class Writer {
 
   const ChangeSet& set_;
   const AccountList& accounts_now_;
-  Collector& items_;
+  RecoveryItems& items_;
   // Before all; then as the moves that were written left them.
   AccountList accounts_;
   // Moves that were written out of turn.
@@ -371,7 +237,7 @@ std::optional<std::string> RecoveryRecord::Write(const AccountList& accounts, En
                                                  const ChangeSet& set,
                                                  const std::vector<Carried>& carried,
                                                  std::size_t most_bytes) {
-  Collector items(places);
+  RecoveryItems items(places);
   for (const Carried& each : carried) each.part->Accept(items, each.way);
   std::string record;
   bool fits = true;
