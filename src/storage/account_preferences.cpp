@@ -47,12 +47,52 @@ bool IsTableKey(std::string_view key) {
   return std::find(std::begin(kKeys), std::end(kKeys), key) != std::end(kKeys);
 }
 
-void ReportColumn(const plist::Value& column, std::string_view list) {
+// A column of the tables that this program shows.
+struct KnownColumn {
+  std::string_view name;
+  bool is_in_registers = true;
+  bool is_in_schedules = true;
+  bool sorts = true;
+};
+constexpr KnownColumn kKnownColumns[] = {
+    {.name = "date", .is_in_schedules = false},
+    {.name = "check", .is_in_schedules = false},
+    {.name = "type"},
+    {.name = "description"},
+    {.name = "toFrom"},
+    {.name = "cleared", .is_in_schedules = false},
+    {.name = "amount"},
+    {.name = "balance", .is_in_schedules = false, .sorts = false},
+    {.name = "next", .is_in_registers = false},
+    {.name = "repeats", .is_in_registers = false, .sorts = false},
+    {.name = "until", .is_in_registers = false, .sorts = false},
+    {.name = "overdue", .is_in_registers = false, .sorts = false},
+};
+
+// Told where the table has no such column, or does not sort by it: another takes its place as soon
+// as the table is shown. Of other tables nothing is known.
+void ReportUnknownColumn(std::string_view table, std::string_view column, bool is_to_sort,
+                         std::string_view key) {
+  const bool is_register = table == "entry" || table == "reconcile";
+  if (!is_register && table != "schedule") return;
+  const bool is_known = std::any_of(
+      std::begin(kKnownColumns), std::end(kKnownColumns), [&](const KnownColumn& known) {
+        return known.name == column && (known.sorts || !is_to_sort) &&
+               (is_register ? known.is_in_registers : known.is_in_schedules);
+      });
+  if (!is_known) plist::ReportNotTaken(NotTaken::OutOfRange, key);
+}
+
+void ReportColumn(const plist::Value& column, std::string_view list, std::string_view table) {
   if (!column.IsDictionary()) return plist::ReportNotTaken(NotTaken::WrongKind, list);
   for (const plist::DictionaryItem& item : column.DictionaryValue()) {
     const std::string_view key = item.key();
     if (key == kIdentifier) {
-      if (!item.value().IsString()) plist::ReportNotTaken(NotTaken::WrongKind, key);
+      if (!item.value().IsString()) {
+        plist::ReportNotTaken(NotTaken::WrongKind, key);
+      } else {
+        ReportUnknownColumn(table, item.value().StringValue(), false, key);
+      }
     } else if (key == kWidth || key == kLastIndex) {
       static_cast<void>(LooseInteger(item.value(), key));
     } else if (key == kShow) {
@@ -71,7 +111,8 @@ std::optional<plist::Array> StoredColumns(const plist::Dictionary& table, std::s
     if (!columns.IsNone()) plist::ReportNotTaken(NotTaken::WrongKind, key);
     return std::nullopt;
   }
-  for (const plist::Value& column : columns.ArrayValue()) ReportColumn(column, key);
+  const std::string_view name = table.Get(kIdentifier).StringValue();
+  for (const plist::Value& column : columns.ArrayValue()) ReportColumn(column, key, name);
   return columns.ArrayValue().ShallowCopy();
 }
 
@@ -145,7 +186,11 @@ void LDGRAccountPreferences::ReadTable(const plist::Dictionary& stored,
 
   const plist::Value& column = stored.Get(kSelectedColumn);
   if (column.IsString()) {
-    table().Set(kSelectedColumn, column.StringValue());
+    const std::string_view name = column.StringValue();
+    if (!name.empty()) {
+      ReportUnknownColumn(stored.Get(kIdentifier).StringValue(), name, true, kSelectedColumn);
+    }
+    table().Set(kSelectedColumn, name);
   } else if (column.IsNone()) {
     Log("No selectedColumn defined for account preferences");
   } else {

@@ -22,6 +22,8 @@ constexpr std::string_view kOtherKeys[] = {kAccountPreferences, "appVersion", "t
 // The view preferences stand before this field in the file.
 constexpr std::string_view kFieldAfterAccountPreferences = "selectedAccountNumber";
 
+// The balance that is shown; the first takes the place of any other.
+constexpr std::int32_t kGreatestBalanceMode = 5;
 constexpr std::string_view kMissing = "No %@ defined for LDGRPreferences.";
 constexpr std::string_view kWrong = "%@ is in wrong format for LDGRPreferences.";
 
@@ -139,6 +141,9 @@ LDGRPreferences::LDGRPreferences(const plist::Dictionary& dictionary) : LDGRPref
   for (const auto& field : Fields()) {
     if (field.key == kFieldAfterAccountPreferences) ReadAccountPreferences(dictionary);
     ReadField(*this, field, dictionary);
+  }
+  if (balance_mode_ < 0 || balance_mode_ > kGreatestBalanceMode) {
+    plist::ReportNotTaken(plist::NotTaken::OutOfRange, "balanceMode");
   }
   plist::ReportUnknownKeys(dictionary, 0, [](std::string_view key) {
     return FieldNamed(key) != nullptr ||

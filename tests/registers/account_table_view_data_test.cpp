@@ -6,12 +6,15 @@
 #include <memory>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "fakes/fake_ambient.h"
 #include "model/account.h"
 #include "model/current_account.h"
+#include "plist/read_report.h"
 #include "registers/fake_table_host.h"
+#include "registers/schedule_list.h"
 #include "registers/table_log.h"
 
 namespace tallyfold {
@@ -423,6 +426,26 @@ TEST_F(RegisterRowsTest, HaveTheBalanceOfTheirEntryInEveryOrderAndUnderEveryFilt
   account_->NoteChange();
   expect_figures();
   EXPECT_EQ(rows_.RunningBalanceOfRow(1000), 0.0);
+}
+
+TEST(StoredColumns, AreTakenOfEveryColumnAndToSortOfEveryOneThatSorts) {
+  const std::pair<std::string_view, std::vector<TableColumn>> tables[] = {
+      {"entry", DefaultRegisterColumns()},
+      {"reconcile", DefaultRegisterColumns()},
+      {"schedule", DefaultScheduleColumns()}};
+  for (const auto& [table, columns] : tables) {
+    for (const TableColumn& column : columns) {
+      LDGRAccountPreferences stored;
+      plist::Dictionary shown;
+      shown.Set("identifier", column.identifier);
+      plist::Array all;
+      all.Append(shown);
+      stored.SetSelectedColumn(column.identifier, false, 0, all, table);
+      const plist::ReadReport report;
+      const LDGRAccountPreferences read(stored.asDictionary());
+      EXPECT_EQ(report.Total(), column.sorts ? 0U : 1U) << table << ' ' << column.identifier;
+    }
+  }
 }
 
 }  // namespace

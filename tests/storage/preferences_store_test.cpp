@@ -113,6 +113,10 @@ std::string Column(const std::string& content) {
   return Table("<key>columns</key><array><dict>" + content + "</dict></array>");
 }
 
+std::string Sorted(const std::string& column) {
+  return "<key>selectedColumn</key><string>" + column + "</string>";
+}
+
 TEST(PreferencesStore, ReadsOrSetsAsideWhatIsThere) {
   const std::string current = plist::ToXml(LDGRPreferences().asDictionary());
   const std::string wrong =
@@ -145,6 +149,19 @@ TEST(PreferencesStore, ReadsOrSetsAsideWhatIsThere) {
        false},
       {"a column", View(Column("<key>width</key><integer>9</integer>")), "", false},
       {"a width in words", View(Column("<key>width</key><string>9</string>")), wrong_form, false},
+      {"a balance mode", Current("<key>balanceMode</key><integer>5</integer>"), "", false},
+      {"a balance mode there is not", Current("<key>balanceMode</key><integer>6</integer>"),
+       wrong_form, false},
+      {"a balance mode below", Current("<key>balanceMode</key><integer>-1</integer>"), wrong_form,
+       false},
+      {"an order by a column", View(Table(Sorted("toFrom"))), "", false},
+      {"an order by none", View(Table(Sorted(""))), "", false},
+      {"an order by an unknown column", View(Table(Sorted("color"))), wrong_form, false},
+      {"an order by a column that does not sort", View(Table(Sorted("balance"))), wrong_form,
+       false},
+      {"a shown column", View(Column("<key>identifier</key><string>balance</string>")), "", false},
+      {"an unknown column", View(Column("<key>identifier</key><string>next</string>")), wrong_form,
+       false},
       {"an unknown key of a column", View(Column("<key>odd</key><true/>")), wrong_form, false},
   };
   for (const auto& c : cases) {
