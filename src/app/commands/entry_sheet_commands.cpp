@@ -24,6 +24,12 @@ bool DepositHasSuggestion(LDGRController& app) {
 
 // What the buttons of the sheets for entries do. The fields are read before.
 constexpr Command kEntrySheetCommands[] = {
+    {.name = "DebitSheet_Populate",
+     .can = DebitIsOpen,
+     .run =
+         [](LDGRController& app) {
+           if (DebitIsOpen(app)) app.entries().Debit().Populate();
+         }},
     {.name = "DebitSheet_OK",
      .controls = "debitSheet_OK_Button",
      .can = DebitIsOpen,
@@ -46,6 +52,9 @@ constexpr Command kEntrySheetCommands[] = {
     {.name = "DebitSheet_Split_ClearSplit",
      .can = DebitIsOpen,
      .run = [](LDGRController& app) { app.entries().Debit().Split_ClearSplit(); }},
+    {.name = "DebitSheet_Split_UpdateTotal",
+     .can = DebitIsOpen,
+     .run = [](LDGRController& app) { app.entries().Debit().Split_UpdateTotal(); }},
     {.name = "DebitSheet_Split_Table_Field",
      .can = DebitIsOpen,
      .run = [](LDGRController& app) { app.entries().Debit().Split_Table_Field(); }},
@@ -55,6 +64,12 @@ constexpr Command kEntrySheetCommands[] = {
     {.name = "debitSheet_CheckNumber_Button",
      .can = DebitIsOpen,
      .run = [](LDGRController& app) { app.entries().CheckNumber_Button(); }},
+    {.name = "DepositSheet_Populate",
+     .can = DepositIsOpen,
+     .run =
+         [](LDGRController& app) {
+           if (DepositIsOpen(app)) app.entries().Deposit().Populate();
+         }},
     {.name = "DepositSheet_OK",
      .controls = "depositSheet_OK_Button",
      .can = DepositIsOpen,
@@ -77,12 +92,21 @@ constexpr Command kEntrySheetCommands[] = {
     {.name = "DepositSheet_Split_ClearSplit",
      .can = DepositIsOpen,
      .run = [](LDGRController& app) { app.entries().Deposit().Split_ClearSplit(); }},
+    {.name = "DepositSheet_Split_UpdateTotal",
+     .can = DepositIsOpen,
+     .run = [](LDGRController& app) { app.entries().Deposit().Split_UpdateTotal(); }},
     {.name = "DepositSheet_Split_Table_Field",
      .can = DepositIsOpen,
      .run = [](LDGRController& app) { app.entries().Deposit().Split_Table_Field(); }},
     {.name = "DepositSheet_TakeSuggestion",
      .can = DepositHasSuggestion,
      .run = [](LDGRController& app) { app.entries().Deposit().TakeSuggestion(); }},
+    {.name = "TransferSheet_Populate",
+     .can = TransferIsOpen,
+     .run =
+         [](LDGRController& app) {
+           if (TransferIsOpen(app)) app.entries().Transfer().Populate();
+         }},
     {.name = "TransferSheet_OK",
      .controls = "transferSheet_OK_Button",
      .can = TransferIsOpen,

@@ -39,10 +39,10 @@ class EditSheet {
   EditSheet& operator=(const EditSheet&) = delete;
   virtual ~EditSheet() = default;
 
-  // The steps of which the others are made: Populate fills the sheet from the edited entry, Open
-  // shows it, SaveValuesToEditEntry writes what was typed into the entry of the open sheet, where
-  // all of it can be stored; Cancel takes that back. Nothing where there is no edited entry of the
-  // sheet's kind whose account is there.
+  // The steps of which the others are made: Populate fills the sheet from the edited entry, and
+  // what was typed is forgotten, Open shows it, SaveValuesToEditEntry writes what was typed into
+  // the entry of the open sheet, where all of it can be stored; Cancel takes that back. Nothing
+  // where there is no edited entry of the sheet's kind whose account is there.
   void Populate() { keeper_.Populate(*this); }
   bool Open() { return keeper_.Open(*this); }
   void SaveValuesToEditEntry() { keeper_.SaveValuesToEditEntry(*this); }

@@ -25,6 +25,11 @@ class EntryEditing final : private EditSheet::Keeper {
   EntryEditing(const EntryEditing&) = delete;
   EntryEditing& operator=(const EntryEditing&) = delete;
 
+  // What a sheet does is an operation of it without the sheet's name: DebitSheet_Open,
+  // DebitSheet_SaveValuesToEditEntry and DebitSheet_IsSplit, DepositSheet_Open,
+  // DepositSheet_SaveValuesToEditEntry and DepositSheet_IsSplit, TransferSheet_Open and
+  // TransferSheet_SaveValuesToEditEntry. Those that can be ordered have their whole names in
+  // app/commands.
   [[nodiscard]] EntrySheet& Debit() noexcept { return debit_; }
   [[nodiscard]] const EntrySheet& Debit() const noexcept { return debit_; }
   [[nodiscard]] EntrySheet& Deposit() noexcept { return deposit_; }

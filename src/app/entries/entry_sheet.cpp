@@ -123,7 +123,7 @@ void EntrySheet::PopulateSplit(const EditedEntry& edited) {
       state_.typed.split[i] = {split->GetDescription(i), split->GetToFrom(i), split->GetAmount(i)};
     }
   }
-  Split_UpdateTotal();
+  SumSplit();
   EnableFieldsForSplit(IsSplit());
 }
 
@@ -275,11 +275,17 @@ void EntrySheet::Split_ClearSplit() {
   Read(std::move(typed));
   state_.split_target.reset();
   EnableFieldsForSplit(false);
-  Split_UpdateTotal();
+  SumSplit();
   announcer_.Changed(StateArea());
 }
 
 void EntrySheet::Split_UpdateTotal() {
+  if (!state_.is_open) return;
+  SumSplit();
+  announcer_.Changed(StateArea());
+}
+
+void EntrySheet::SumSplit() noexcept {
   double total = 0.0;
   // Each as it will be stored, so that the total shown is the total kept.
   for (const SplitRow& row : state_.typed.split) {
@@ -299,7 +305,7 @@ void EntrySheet::Split_Table_Field() {
   } else if (!is_split) {
     state_.split_target.reset();
   }
-  Split_UpdateTotal();
+  SumSplit();
   if (is_split) {
     typed.amount = state_.split_total;
     typed.to_from = LocalizedText("Split");

@@ -73,6 +73,7 @@ class EntrySheet final : public EditSheet {
   void SaveType(const EditedEntry& edited) const;
   void SaveCheck(const EditedEntry& edited) const;
   void SaveSplit(const EditedEntry& edited) const;
+  void SumSplit() noexcept;
   void EnableFieldsForSplit(bool is_split) noexcept;
 
   const Kind kind_;
