@@ -10,7 +10,7 @@ namespace tallyfold::desktop {
 namespace {
 
 // A display that takes longer than that shows the window with the accounts in it.
-constexpr std::chrono::milliseconds kLongestWait(200);
+constexpr std::chrono::milliseconds kLongestFirstPainting(200);
 
 class PaintFilter final : public QObject {
  public:
@@ -31,7 +31,7 @@ class PaintFilter final : public QObject {
 void AwaitFirstPainting(QWidget& window) {
   QEventLoop loop;
   const PaintFilter filter(window, loop);
-  QTimer::singleShot(kLongestWait, &loop, &QEventLoop::quit);
+  QTimer::singleShot(kLongestFirstPainting, &loop, &QEventLoop::quit);
   loop.exec(QEventLoop::ExcludeUserInputEvents);
 }
 

@@ -15,7 +15,7 @@ namespace {
 using std::chrono::milliseconds;
 
 // Less than that is no waiting.
-constexpr milliseconds kPatience(500);
+constexpr milliseconds kUnshownWait(500);
 // More often nobody sees the bar grow.
 constexpr milliseconds kBetweenPaintings(40);
 
@@ -45,7 +45,7 @@ QString SentenceFor(LongWork work) {
 void Waiting::Report(LongWork work, std::uint64_t done, std::uint64_t total) {
   const Instant now = CurrentClock().Now();
   if (!since_) since_ = now;
-  if (now - *since_ < kPatience) return;
+  if (now - *since_ < kUnshownWait) return;
   const bool is_due = !painted_ || now - *painted_ >= kBetweenPaintings;
   if (!is_due && shown_ == work && done < total) return;
   if (shown_ != work) window_.ShowWork(SentenceFor(work));

@@ -7,26 +7,21 @@
 namespace tallyfold {
 namespace {
 
-constexpr std::uint64_t kReports = 100;
-constexpr std::uint64_t kNever = std::numeric_limits<std::uint64_t>::max();
-
-Progress*& InForce() noexcept {
-  static Progress* progress = nullptr;
-  return progress;
-}
+constexpr std::uint64_t kMostReports = 100;
+constexpr std::uint64_t kNoReport = std::numeric_limits<std::uint64_t>::max();
 
 }  // namespace
 
 ScopedProgress::ScopedProgress(Progress& progress) noexcept
-    : former_(std::exchange(InForce(), &progress)) {}
+    : former_(std::exchange(in_force_, &progress)) {}
 
 ScopedProgress::~ScopedProgress() {
-  InForce() = former_;
+  in_force_ = former_;
 }
 
 LongOperation::LongOperation(LongWork work, std::uint64_t total) noexcept
     : work_(work), total_(total) {
-  if (InForce() == nullptr || under_way_ != nullptr) return;
+  if (ScopedProgress::in_force_ == nullptr || under_way_ != nullptr) return;
   under_way_ = this;
   Tell();
 }
@@ -35,14 +30,14 @@ LongOperation::~LongOperation() {
   if (under_way_ != this) return;
   under_way_ = nullptr;
   try {
-    if (InForce() != nullptr) InForce()->Ended();
+    if (ScopedProgress::in_force_ != nullptr) ScopedProgress::in_force_->Ended();
   } catch (...) {
     // Whoever cannot show progress does not keep anything from being done.
   }
 }
 
 void LongOperation::Finish() noexcept {
-  if (under_way_ != this || next_ == kNever) return;
+  if (under_way_ != this || next_ == kNoReport) return;
   done_ = total_;
   Tell();
 }
@@ -50,9 +45,10 @@ void LongOperation::Finish() noexcept {
 void LongOperation::Tell() noexcept {
   done_ = std::min(done_, total_);
   // What has been told whole is not told again.
-  next_ = done_ == total_ ? kNever : std::min(done_ + total_ / kReports + 1, total_);
+  next_ = done_ == total_ ? kNoReport : std::min(done_ + total_ / kMostReports + 1, total_);
   try {
-    if (InForce() != nullptr) InForce()->Report(work_, done_, total_);
+    if (ScopedProgress::in_force_ != nullptr)
+      ScopedProgress::in_force_->Report(work_, done_, total_);
   } catch (...) {
     // As above.
   }

@@ -40,6 +40,10 @@ class ScopedProgress {
   ScopedProgress& operator=(const ScopedProgress&) = delete;
 
  private:
+  friend class LongOperation;
+
+  static inline Progress* in_force_ = nullptr;
+
   Progress* former_;
 };
 

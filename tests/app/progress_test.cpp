@@ -20,11 +20,11 @@
 namespace tallyfold {
 namespace {
 
-constexpr std::size_t kEntries = 300;
+constexpr std::size_t kManyEntries = 300;
 
 std::string Repeated(const std::string& text) {
   std::string all;
-  for (std::size_t i = 0; i < kEntries; ++i) all += text;
+  for (std::size_t i = 0; i < kManyEntries; ++i) all += text;
   return all;
 }
 
@@ -52,7 +52,7 @@ TEST_F(ProgressTest, IsToldOfAllThatTakesLong) {
   const auto read_statement = [this](std::string_view bytes) {
     const StatementFile file = ReadStatementFile(bytes, encodings);
     ASSERT_EQ(file.accounts.size(), 1U);
-    EXPECT_EQ(file.accounts[0].rows.size(), kEntries);
+    EXPECT_EQ(file.accounts[0].rows.size(), kManyEntries);
     static_cast<void>(QifReview(ReviewEntriesOf(file.accounts[0].rows, *account, {}), *account));
   };
   const std::string ofx = "<OFX><STMTRS><BANKTRANLIST>" +
@@ -123,13 +123,13 @@ TEST_F(ProgressTest, IsToldOfAllThatTakesLong) {
     for (const FakeProgress::Operation& operation : progress.operations) {
       works.push_back(operation.work);
       EXPECT_TRUE(operation.IsWhole()) << each.what;
-      EXPECT_GE(operation.total, kEntries) << each.what;
+      EXPECT_GE(operation.total, kManyEntries) << each.what;
       // Not at the end alone.
       EXPECT_GT(operation.done.size(), 20U) << each.what;
     }
     EXPECT_EQ(works, each.works) << each.what;
   }
-  EXPECT_EQ(app.desk().SelectedAccount()->GetEntries().size(), 2 * kEntries);
+  EXPECT_EQ(app.desk().SelectedAccount()->GetEntries().size(), 2 * kManyEntries);
 }
 
 TEST_F(ProgressTest, OfWhatFailsStopsWhereItFailed) {

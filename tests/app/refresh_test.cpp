@@ -11,8 +11,8 @@
 namespace tallyfold {
 namespace {
 
-struct Told final : FrontEnd {
-  explicit Told(FakeRefreshHost& asked) : host(asked) {}
+struct ToldAreas final : FrontEnd {
+  explicit ToldAreas(FakeRefreshHost& asked) : host(asked) {}
   void Changed(Area area) override {
     host.is_told = true;
     areas.push_back(area);
@@ -92,7 +92,7 @@ TEST(Refreshing, BringsEverythingUpToDateBeforeItTellsAnybody) {
   for (const Case& each : cases) {
     FakeRefreshHost host;
     host.has_live_filters = each.has_live_filters;
-    Told told(host);
+    ToldAreas told(host);
     Announcer announcer;
     announcer.Set(&told);
     Refresh refresh(host, announcer);
@@ -102,6 +102,32 @@ TEST(Refreshing, BringsEverythingUpToDateBeforeItTellsAnybody) {
     std::ranges::sort(told.areas);
     EXPECT_EQ(told.areas, each.told) << each.what;
   }
+}
+
+TEST(Announcing, TellsEachAreaOnceAnOperationAndBeforeAQuestion) {
+  FakeRefreshHost host;
+  ToldAreas told(host);
+  Announcer announcer;
+  announcer.Changed(Area::Tabs);  // to nobody
+  announcer.Set(&told);
+  announcer.Changed(Area::Balance);
+  EXPECT_EQ(told.areas, (std::vector{Area::Balance}));
+  {
+    const Announcer::Operation outer(announcer);
+    {
+      const Announcer::Operation inner(announcer);
+      announcer.Changed(Area::Search);
+      announcer.Changed(Area::Balance);
+      announcer.Changed(Area::Search);
+    }
+    EXPECT_EQ(told.areas.size(), 1U);
+    announcer.HandOver();
+    EXPECT_EQ(told.areas, (std::vector{Area::Balance, Area::Search, Area::Balance}));
+    announcer.Changed(Area::Search);
+    EXPECT_EQ(told.areas.size(), 3U);
+  }
+  EXPECT_EQ(told.areas.size(), 4U);
+  EXPECT_EQ(told.areas.back(), Area::Search);
 }
 
 }  // namespace

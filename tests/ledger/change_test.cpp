@@ -59,6 +59,21 @@ const struct {
        c.Remove(f.first, f.first->GetEntries().back().get());
      },
      {}},
+    {"move to the end",
+     [](auto& f, Change& c) {
+       const auto entry = f.first->GetEntries()[0];
+       c.Add(f.first, MakeEntry({}));
+       c.Remove(f.first, entry.get());
+       c.Add(f.first, entry);
+     },
+     ChangeKind::Money | ChangeKind::Marks | ChangeKind::Texts, 1, 0, 1},
+    {"edit, then remove",
+     [](auto& f, Change& c) {
+       const auto entry = f.first->GetEntries()[0];
+       c.Edit(f.first, entry).SetAmount(9);
+       c.Remove(f.first, entry.get());
+     },
+     ChangeKind::Money | ChangeKind::Marks | ChangeKind::Texts, 0, 1},
     {"schedule",
      [](auto& f, Change& c) {
        c.Edit(f.first, f.first->GetSchedules()[0]).AddCommittedDate(20070301);
@@ -90,6 +105,30 @@ const struct {
      ChangeKind::Settings},
     {"account", [](auto&, Change& c) { c.AddAccount(std::make_shared<LDGRAccount>()); }, {}},
     {"remove account", [](auto& f, Change& c) { EXPECT_TRUE(c.RemoveAccount(f.second)); }, {}},
+    {"an account that comes and goes",
+     [](auto& /*f*/, Change& c) {
+       const auto account = std::make_shared<LDGRAccount>();
+       c.AddAccount(account);
+       c.Add(account, MakeEntry({}));
+       c.RemoveAccount(account);
+     },
+     {}},
+    {"an account that moves",
+     [](auto& f, Change& c) {
+       const auto account = f.first;
+       c.Add(account, MakeEntry({}));
+       c.RemoveAccount(account);
+       c.AddAccount(account);
+     },
+     ChangeKind::Money | ChangeKind::Marks | ChangeKind::Texts, 1},
+    {"an account that moves and goes",
+     [](auto& f, Change& c) {
+       c.RemoveAccount(f.second);
+       c.AddAccount(f.second);
+       c.Add(f.second, MakeEntry({}));
+       c.RemoveAccount(f.second);
+     },
+     {}},
     {"application password",
      [](auto& f, Change& c) {
        c.EditPassword();

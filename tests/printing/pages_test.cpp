@@ -125,6 +125,23 @@ TEST(Pages, KeepTogetherWhatBelongsTogether) {
        4,
        {Table({plain, plain, plain, six})},
        "0/1/2|3/3.0/3.1/3.2|3.3/3.4"},
+      {"a tall row below a rule",
+       4,
+       {Table({plain, {.has_rule_above = true, .details = 5}})},
+       "0/" + std::string(kRule) + "/1/1.0|1.1/1.2/1.3/1.4"},
+      {"a tall row of the second table",
+       6,
+       {Table({plain}, "A"), Table({plain, plain, six, plain}, "B")},
+       "A/0//B/0/1|B (continued)/2/2.0/2.1/2.2/2.3|B (continued)/2.4/3"},
+      {"tables without rows",
+       4,
+       {Table({plain, plain, plain}), Table(std::vector<RowShape>(), "B"),
+        Table(std::vector<RowShape>(), "C")},
+       "0/1/2|B//C"},
+      {"a line of a tall row alone",
+       5,
+       {Table({plain, plain, plain, {.details = 9}})},
+       "0/1/2/3/3.0|3.1/3.2/3.3/3.4/3.5|3.6/3.7/3.8"},
       {"what is carried over",
        5,
        {Table(
@@ -137,6 +154,29 @@ TEST(Pages, KeepTogetherWhatBelongsTogether) {
   };
   for (const Case& c : cases) {
     EXPECT_EQ(Summed(PagesOf(c.tables, c.lines)), c.pages) << c.what;
+  }
+}
+
+TEST(Pages, RepeatAHeadWhoseTextsShareItsLine) {
+  struct Case {
+    HeadLine line;
+    std::string_view printed;
+  } const cases[] = {
+      {{"Checking", "Sorted by Date"}, "Checking        Sorted by Date"},
+      {{"The joint account of both", "Sorted by Date"}, "The joint acc…  Sorted by Date"},
+      {{"", "Sorted by Date"}, "                Sorted by Date"},
+      {{"Two\nlines of a name", ""}, "Two lines of a name"},
+      {{"Checking", "Sorted by a column whose title is long"}, "Sorted by a column whose titl…"},
+  };
+  const PaperSize size{30, 10};
+  for (const Case& c : cases) {
+    const Pages pages({{c.line}, "", {Table({{}, {}, {}, {}, {}, {}, {}})}}, {size, size, {}},
+                      Orientation::Automatic, kMetric);
+    ASSERT_EQ(pages.Count(), 2U);
+    for (std::size_t i = 0; i < 2; ++i) {
+      const std::string page = PageAsText(pages.PageAt(i));
+      EXPECT_EQ(page.substr(0, page.find('\n')), c.printed);
+    }
   }
 }
 
