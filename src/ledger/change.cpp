@@ -287,6 +287,7 @@ ChangeSet Change::Close() {
     return {};
   }
   TidyEdits();
+  ThrowIfRefused();
   ChangeSet named;
   if (undoable_ == Undoable::Yes) {
     named.name = name_;
@@ -335,6 +336,14 @@ ChangeSet Change::Close() {
   End();
   if (!set.IsEmpty()) ledger_.Announce(set);
   return set;
+}
+
+void Change::ThrowIfRefused() const {
+  const auto may_pass = [](const auto& part) {
+    return part->IsSetting() && dynamic_cast<const PasswordEdit*>(part.get()) == nullptr;
+  };
+  if (ledger_.refusal_.empty() || std::all_of(parts_.begin(), parts_.end(), may_pass)) return;
+  throw ChangeRefused(ledger_.refusal_);
 }
 
 bool Change::WaitsForNext() const noexcept {
