@@ -125,7 +125,8 @@ void AccountsStore::setPassword(std::optional<std::string_view> password) {
   if (!password || password_ == password) return;
   password_ = std::string(*password);
   list_changes_.NoteChange();
-  if (!password_->empty() && services_.files.Exists(paths_.history_file)) {
+  const bool forgets = !password_->empty() && !gate_.IsClosedForGood();
+  if (forgets && services_.files.Exists(paths_.history_file)) {
     services_.files.Remove(paths_.history_file);
   }
 }
