@@ -30,7 +30,7 @@ class QuietStore final : AccountsStore::Host, Alerts, ApplicationHost, ProcessLa
 
   PosixFileSystem files_;
   SaveGate gate_;
-  DataFolderLock lock_{files_, *this, *this};
+  DataFolderLock lock_{files_, *this, *this, gate_};
   AccountsStore store_{{files_, *this, *this, *this}, gate_, lock_, *this};
 };
 

@@ -7,7 +7,7 @@ namespace tallyfold {
 ApplicationParts::ApplicationParts(const Services& services)
     : modal(services.alerts, services.panels, announcer),
       application(services.notifications, services.loop),
-      data_lock(services.files, modal, services.host),
+      data_lock(services.files, modal, services.host, gate),
       accounts({services.files, modal, services.host, services.processes}, gate, data_lock,
                storage_answers),
       preferences({services.files, services.host, services.processes}, gate, storage_answers),

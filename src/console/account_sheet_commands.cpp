@@ -51,7 +51,7 @@ void ShowSheet(Console& console, const Arguments& /*arguments*/) {
   const auto account = SelectedAccount(console);
   OpenAccountSheet(console);
   const Typed& typed = console.controller.accountSheet().State().typed;
-  Table table({{"field"}, {"value"}});
+  Table table({{"field"}, {"value", Column::Align::Left, Column::Long::GoesOn}});
   table.Add({"number", WriteNumber(account->GetNumber())});
   table.Add({"name", typed.name});
   table.Add({"balance", WriteAmount(typed.starting_balance.value_or(0.0))});

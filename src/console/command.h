@@ -52,9 +52,13 @@ struct Command {
   Needs needs = Needs::Unlocked;
   // Also runs while an import is under review, which changes nothing of the accounts.
   bool works_in_review = false;
+  // Writes the program's files, or changes what only they hold: refused while another copy has
+  // them. What changes the accounts needs no mark; the ledger refuses that itself.
+  bool writes_own_files = false;
 };
 
-// The commands of a subject, in the order in which help lists them.
+// Commands of a subject, in the order in which help lists them. Those of one subject may come from
+// several tables, one behind the other.
 struct Subject {
   std::string_view name = {};
   std::span<const Command> commands = {};

@@ -31,8 +31,7 @@ void DueNotice::Changed(Area area) {
   const std::string what = reminder.due > 0
                                ? Counted(reminder.due, reminder.due == 1 ? "is due" : "are due")
                                : Counted(reminder.ahead, "to come soon");
-  // The prompt stands there already, and is wanted again.
-  terminal_.Write("\n" + what + "; remind lists what there is.\n> ");
+  terminal_.WriteMeanwhile(what + "; remind lists what there is.");
 }
 
 }  // namespace tallyfold::console

@@ -118,7 +118,8 @@ constexpr Command kExportCommands[] = {
      .most_words = 1,
      .help = "writes the accounts to another file; asks before it replaces one (see answer)",
      .example = "saveas \"~/Documents/Accounts 2026.plist\"",
-     .run = SaveAs},
+     .run = SaveAs,
+     .writes_own_files = true},
 };
 
 }  // namespace

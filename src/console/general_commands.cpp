@@ -1,28 +1,77 @@
+#include <algorithm>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
+
 #include "console/all_commands.h"
 #include "console/command_error.h"
 #include "console/console.h"
 #include "console/console_host.h"
 #include "console/console_log.h"
+#include "console/manual.h"
 #include "console/printer.h"
 #include "console/questions.h"
 #include "console/table.h"
 #include "console/values.h"
+#include "model/text.h"
 
 namespace tallyfold::console {
 namespace {
 
-void ListCommands(Console& console) {
-  Table table({{"subject"}, {"command"}, {"what it does"}});
+constexpr Column GoesOn(std::string_view title) {
+  return {title, Column::Align::Left, Column::Long::GoesOn};
+}
+
+// Each name once, in the order of the table.
+std::vector<std::string_view> SubjectNames(const Console& console) {
+  std::vector<std::string_view> names;
   for (const Subject& subject : console.subjects) {
-    for (const Command& command : subject.commands) {
-      table.Add({std::string(subject.name), std::string(command.name), std::string(command.help)});
+    if (std::find(names.begin(), names.end(), subject.name) == names.end()) {
+      names.push_back(subject.name);
+    }
+  }
+  return names;
+}
+
+void ListSubjects(Console& console) {
+  Table table({{"subject"}, {"commands"}});
+  for (const std::string_view name : SubjectNames(console)) {
+    std::string commands;
+    for (const Subject& subject : console.subjects) {
+      if (subject.name != name) continue;
+      for (const Command& command : subject.commands) {
+        commands += (commands.empty() ? "" : ", ") + std::string(command.name);
+      }
+    }
+    table.Add({std::string(name), std::move(commands)});
+  }
+  console.printer.Show(table);
+  Table rules({{"line"}, GoesOn("means")});
+  for (const LineRule& rule : LineRules()) {
+    rules.Add({std::string(rule.written), std::string(rule.means)});
+  }
+  console.printer.Show(rules);
+}
+
+// Those of a subject, or of every one.
+void ListCommands(Console& console, std::optional<std::string_view> subject_name) {
+  Table table({{"subject"}, {"command"}, GoesOn("what it does")});
+  for (const std::string_view name : SubjectNames(console)) {
+    if (subject_name && name != subject_name) continue;
+    for (const Subject& subject : console.subjects) {
+      if (subject.name != name) continue;
+      for (const Command& command : subject.commands) {
+        table.Add({std::string(name), std::string(command.name), std::string(command.help)});
+      }
     }
   }
   console.printer.Show(table);
 }
 
 void ExplainCommand(Console& console, const Command& command) {
-  Table table({{"part"}, {"text"}});
+  Table table({{"part"}, GoesOn("text")});
   std::string usage(command.name);
   if (!command.words.empty()) usage += ' ' + std::string(command.words);
   table.Add({"command", usage});
@@ -37,11 +86,17 @@ void ExplainCommand(Console& console, const Command& command) {
 }
 
 void Help(Console& console, const Arguments& arguments) {
-  if (arguments.WordCount() == 0) return ListCommands(console);
+  if (arguments.WordCount() == 0) return ListSubjects(console);
   const Word words[] = {{"", arguments.WordAt(0)}, {"", arguments.WordAt(1)}};
   const auto asked = std::span(words).first(arguments.WordCount());
   const FoundCommand found = FindCommand(console.subjects, asked);
   if (found.name_length != asked.size()) {
+    if (asked.size() == 1 && asked[0].text == "all") return ListCommands(console, std::nullopt);
+    for (const std::string_view name : SubjectNames(console)) {
+      if (asked.size() == 1 && CompareIgnoringCase(name, asked[0].text) == 0) {
+        return ListCommands(console, name);
+      }
+    }
     throw CommandError(UnknownCommand(console.subjects, asked));
   }
   ExplainCommand(console, *found.command);
@@ -65,9 +120,9 @@ void Quit(Console& console, const Arguments& /*arguments*/) {
 
 constexpr Command kGeneralCommands[] = {
     {.name = "help",
-     .words = "[COMMAND]",
+     .words = "[SUBJECT|COMMAND|all]",
      .most_words = 2,
-     .help = "lists the commands, or explains one",
+     .help = "lists the subjects, the commands of one or all of them, or explains a command",
      .example = "help account add",
      .run = Help,
      .needs = Needs::Nothing},

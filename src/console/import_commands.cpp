@@ -48,6 +48,12 @@ void Import(Console& console, const Arguments& arguments) {
   ConfirmImportOptions(
       console, ReadImportChoices(controller.sharedQIFImportController().Options(), arguments));
   ShowReviewFigures(console);
+  auto& import = controller.sharedQIFImportController();
+  // Entries of other accounts of the file are a choice away.
+  if (import.IsReviewing() && import.entries().empty() && import.Review().hints.elsewhere == 0) {
+    import.import_Cancel_Button();
+    throw CommandError(path + " holds nothing that can be imported");
+  }
 }
 
 void GoBack(Console& console, const Arguments& arguments) {

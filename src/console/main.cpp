@@ -1,8 +1,11 @@
 // The console: puts the computer's services together and runs one session on them.
 
 #include <chrono>
+#include <span>
 #include <string>
+#include <string_view>
 
+#include "console/manual.h"
 #include "console/session.h"
 #include "platform/ambient.h"
 #include "platform/notification_center.h"
@@ -37,9 +40,27 @@ bool RunFor(PollRunLoop& loop, const TerminationSignals& signals, std::chrono::m
   return !is_to_end;
 }
 
+// With what the program ends that has another task than a session.
+constexpr int kNotStarted = 2;
+constexpr int kOutputLost = 1;
+constexpr int kEndedBySignal = 128;
+
+int Answer(PosixTerminal& terminal, std::span<char* const> arguments) {
+  const std::string_view first = arguments.front();
+  if (arguments.size() == 1 && first == "--help") {
+    terminal.Write(console::UsageText());
+  } else if (arguments.size() == 1 && first == "--version") {
+    terminal.Write("tallyfold-console " + std::string(kProgramVersion) + '\n');
+  } else {
+    terminal.WriteError("tallyfold-console takes --help or --version, and nothing else\n");
+    return kNotStarted;
+  }
+  return terminal.HasLostOutput() ? kOutputLost : 0;
+}
+
 }  // namespace
 
-int main() {
+int main(int argc, char** argv) {
   OpenMissingStandardStreams();
   SurviveFileSizeLimit();
 #ifdef NDEBUG
@@ -54,6 +75,7 @@ int main() {
   PollRunLoop loop;
   TerminationSignals signals;
   PosixTerminal terminal(loop, signals);
+  if (argc > 1) return Answer(terminal, std::span(argv, static_cast<std::size_t>(argc)).subspan(1));
   PosixFileSystem files;
   SystemProcessLauncher processes;
   ProgramSpeech speech(loop);
@@ -66,5 +88,7 @@ int main() {
        [&loop](std::chrono::milliseconds time) { loop.SkipDelays(time); },
        [&](std::chrono::milliseconds time) { return RunFor(loop, signals, time); },
        std::string(kProgramVersion), &updates});
-  return session.Run();
+  const int status = session.Run();
+  const auto signal = terminal.EndingSignal();
+  return signal ? kEndedBySignal + *signal : status;
 }

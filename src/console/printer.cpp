@@ -5,10 +5,12 @@
 namespace tallyfold::console {
 
 void Printer::Show(const Table& table) {
-  terminal_.Write(terminal_.WritesToPerson() ? table.Aligned() : table.TabSeparated());
+  terminal_.Write(terminal_.WritesToPerson() ? table.Aligned(terminal_.Width())
+                                             : table.TabSeparated());
 }
 
 void Printer::ShowText(std::string_view lines) {
+  if (terminal_.WritesToPerson()) return terminal_.Write(PrintablePage(lines));
   terminal_.Write(lines);
 }
 

@@ -59,7 +59,7 @@ std::size_t Questions::Ask(std::string_view title, std::string_view message,
       complaint_ = "the answer " + Quoted(answer) + " is none of " + ButtonList(buttons);
     }
   } else if (terminal_.ReadsFromPerson()) {
-    return AskPerson(buttons, safe);
+    return AskPerson(buttons, safe).value_or(safe);
   }
   if (buttons.size() > 1) {
     terminal_.WriteError(ButtonList(buttons) + "? " + buttons[taken] + '\n');
@@ -73,17 +73,32 @@ std::size_t Questions::Run(const AlertRequest& request) {
 
 std::optional<std::string> Questions::AskSecret(const std::string& prompt) {
   if (!terminal_.ReadsFromPerson()) return std::nullopt;
-  return terminal_.ReadSecret(prompt);
+  return terminal_.ReadSecret(Printable(prompt));
 }
 
-std::size_t Questions::AskPerson(std::span<const std::string> buttons, std::size_t safe) {
+std::optional<std::size_t> Questions::AskUnlessGone(std::string_view title,
+                                                    std::string_view message,
+                                                    std::span<const std::string> buttons,
+                                                    std::size_t safe) {
+  if (!terminal_.ReadsFromPerson()) return std::nullopt;
+  terminal_.WriteError(Lines(title) + Lines(message));
+  return AskPerson(buttons, safe);
+}
+
+std::optional<std::string> Questions::AskLine(const std::string& prompt) {
+  if (!terminal_.ReadsFromPerson()) return std::nullopt;
+  return terminal_.ReadLine(Printable(prompt));
+}
+
+std::optional<std::size_t> Questions::AskPerson(std::span<const std::string> buttons,
+                                                std::size_t safe) {
   if (buttons.size() < 2) return safe;
   const std::string prompt = ButtonList(buttons) + " [" + buttons[safe] + "]? ";
   while (const auto typed = terminal_.ReadLine(prompt)) {
-    if (typed->empty()) break;
-    if (const auto named = ButtonNamed(*typed, buttons)) return *named;
+    if (typed->empty()) return safe;
+    if (const auto named = ButtonNamed(*typed, buttons)) return named;
   }
-  return safe;
+  return std::nullopt;
 }
 
 }  // namespace tallyfold::console

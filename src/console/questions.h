@@ -29,6 +29,13 @@ class Questions final : public Alerts {
   // The index of the chosen button. `safe` is the one that loses nothing.
   std::size_t Ask(std::string_view title, std::string_view message,
                   std::span<const std::string> buttons, std::size_t safe);
+  // The same, but none where nobody answers.
+  [[nodiscard]] std::optional<std::size_t> AskUnlessGone(std::string_view title,
+                                                         std::string_view message,
+                                                         std::span<const std::string> buttons,
+                                                         std::size_t safe);
+  // A line that a person types; none when it gives up, and off a terminal.
+  [[nodiscard]] std::optional<std::string> AskLine(const std::string& prompt);
   // The first button of an alert, its default, is its safe one.
   std::size_t Run(const AlertRequest& request) override;
 
@@ -40,7 +47,9 @@ class Questions final : public Alerts {
   [[nodiscard]] std::string TakeComplaint() noexcept { return std::exchange(complaint_, {}); }
 
  private:
-  [[nodiscard]] std::size_t AskPerson(std::span<const std::string> buttons, std::size_t safe);
+  // None at the end of the input.
+  [[nodiscard]] std::optional<std::size_t> AskPerson(std::span<const std::string> buttons,
+                                                     std::size_t safe);
 
   Terminal& terminal_;
   std::deque<std::string> answers_;

@@ -81,7 +81,7 @@ void AddSplit(Table& table, const LDGRAccountEntrySplit& split) {
 void ShowEntry(Console& console, const Arguments& arguments) {
   const auto account = SelectedAccount(console);
   const auto entry = EntryNamed(console, arguments.WordAt(0));
-  Table table({{"field"}, {"value"}});
+  Table table({{"field"}, {"value", Column::Align::Left, Column::Long::GoesOn}});
   table.Add({"number", WriteNumber(entry->GetNumber())});
   table.Add({"kind", KindText(*entry)});
   table.Add({"date", WriteDate(entry->GetDate())});

@@ -162,7 +162,7 @@ void ShowReviewFigures(const Console& console) {
   const auto& import = console.controller.sharedQIFImportController();
   const QifImportReviewState& review = import.Review();
   const QifImportOptionsState& options = import.Options();
-  Table table({{"review"}, {"value"}});
+  Table table({{"review"}, {"value", Column::Align::Left, Column::Long::GoesOn}});
   if (const std::string_view problem = TextOf(review.hints.problem); !problem.empty()) {
     table.Add({"problem", std::string(problem)});
   }

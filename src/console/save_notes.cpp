@@ -3,6 +3,7 @@
 #include <utility>
 
 #include "app/controller.h"
+#include "app/shell/lifecycle.h"
 #include "app/shell/recovery.h"
 #include "console/printer.h"
 #include "storage/accounts_store.h"
@@ -19,6 +20,7 @@ std::string OriginalOf(const std::string& copy) {
 }  // namespace
 
 std::vector<std::string> UnsavedTexts(LDGRController& controller) {
+  if (controller.lifecycle().OnlyLooks()) return {};
   const AccountsStore& accounts = controller.accountsStore();
   const PreferencesStore& preferences = controller.preferencesStore();
   std::vector<std::string> texts;
@@ -45,6 +47,7 @@ std::string ReasonOf(const std::optional<SaveFailure>& failure) {
 }
 
 std::vector<std::string> LostTexts(LDGRController& controller) {
+  if (controller.lifecycle().OnlyLooks()) return {};
   const std::string ending = " is lost, since a locked application writes nothing";
   const AccountsStore& accounts = controller.accountsStore();
   const PreferencesStore& preferences = controller.preferencesStore();
@@ -61,6 +64,7 @@ std::vector<std::string> LostTexts(LDGRController& controller) {
 }
 
 std::string HeldText(LDGRController& controller) {
+  if (controller.lifecycle().OnlyLooks()) return "";
   if (!controller.accountsStore().HasUnsavedChanges() || !controller.recovery().HoldsChanges()) {
     return "";
   }

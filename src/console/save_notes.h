@@ -15,6 +15,8 @@ namespace tallyfold::console {
 
 class Printer;
 
+// None of these says anything of a copy that only looks.
+
 // What a save that was just tried has left unsaved, and why: "the accounts could not be saved:
 // writing the new file: No space left on device". Empty when everything is on the disk.
 [[nodiscard]] std::vector<std::string> UnsavedTexts(LDGRController& controller);

@@ -1,10 +1,15 @@
 #include "console/session.h"
 
+#include <algorithm>
 #include <new>
 #include <optional>
 #include <stdexcept>
+#include <string>
+#include <utility>
+#include <vector>
 
 #include "app/desk.h"
+#include "app/exchange/export_commands.h"
 #include "app/exchange/qif_import_controller.h"
 #include "app/face/sheet_slot.h"
 #include "app/schedules/schedule_reminder.h"
@@ -18,7 +23,10 @@
 #include "console/command_error.h"
 #include "console/password_sheets.h"
 #include "console/table.h"
+#include "ledger/ledger.h"
+#include "model/clean_text.h"
 #include "platform/terminal.h"
+#include "plist/utf8.h"
 #include "storage/account_numbers.h"
 #include "storage/accounts_store.h"
 #include "storage/preferences_store.h"
@@ -29,6 +37,26 @@ namespace {
 // Longer than the pause after a key in the search field, shorter than any timer that waits for the
 // user to be idle.
 constexpr std::chrono::seconds kSkippedDelays{3};
+
+constexpr std::string_view kOnlyLooks =
+    "another copy of Tallyfold has the data open; this one only looks, and changes and saves "
+    "nothing";
+
+// What keeps a line from being taken as it was typed; "" for nothing. Nothing in it is replaced.
+std::string FaultOf(std::string_view line) {
+  if (line.size() > Terminal::kLongestLine) {
+    return "the line is longer than " + std::to_string(Terminal::kLongestLine) + " bytes";
+  }
+  if (!plist::IsValidUtf8(line)) return "the line is not UTF-8 text";
+  return CleanText(line) == line ? "" : "the line holds a character that no text can hold";
+}
+
+// Whether a password may stand in a line of that command.
+bool TakesPassword(const Command& command) {
+  return command.words.find("PASSWORD") != std::string_view::npos ||
+         std::any_of(command.options.begin(), command.options.end(),
+                     [](const Option& option) { return option.name == "password"; });
+}
 
 }  // namespace
 
@@ -50,21 +78,55 @@ Session::Session(const ConsoleServices& services)
       due_notice_(controller_, terminal_),
       console_{controller_, printer_,       questions_,     panels_, host_,
                log_,        services.files, services.loop,  spoken_, skip_delays_,
-               wait_,       AllSubjects(),  RegisterOrder{}} {}
+               wait_,       AllSubjects(),  RegisterOrder{}},
+      history_(services.files),
+      aids_(console_, history_, is_launched_) {}
 
 int Session::Run() {
   if (terminal_.ReadsFromPerson()) {
     printer_.Confirm("Tallyfold " + host_.BundleVersion() +
                      ". help lists the commands, quit saves and ends.");
+    history_.Read();
   }
   while (!host_.IsEnding()) {
-    const std::optional<std::string> line = terminal_.ReadLine("> ");
+    const std::optional<std::string> line = terminal_.ReadCommand("> ", aids_);
     if (!line) break;
     const DueNotice::Pause pause(due_notice_);
-    if (!RunLine(*line)) return 1;
+    if (!RunLine(*line)) {
+      printer_.Note("error: nothing further was saved");
+      return 1;
+    }
+    if (terminal_.ReadsFromPerson()) Remember(*line);
   }
-  if (const auto status = host_.Status()) return *status;
-  return ShutDown() ? 0 : 1;
+  const auto chosen = host_.Status();
+  const int status = chosen ? *chosen : ShutDown() ? 0 : 1;
+  if (!terminal_.HasLostOutput()) return status;
+  printer_.Note("error: not all could be written to standard output");
+  return std::max(status, 1);
+}
+
+void Session::Remember(std::string_view line) {
+  const ApplicationLock& lock = controller_.applicationLock();
+  if (is_launched_) {
+    const bool has_password = !lock.password().empty();
+    if (has_password && !std::exchange(had_password_, true)) history_.Forget();
+    had_password_ = has_password;
+    if (!lock.authenticated()) return;
+  }
+  if (!FaultOf(line).empty()) return;
+  const std::vector<Word> words = ReadWords(line).words;
+  const Command* const command = FindCommand(console_.subjects, words).command;
+  if (command != nullptr && TakesPassword(*command)) return;
+  // What is no command may be one with a password that was typed wrong.
+  history_.Add(line, command != nullptr ? LineHistory::Kept::InFile : LineHistory::Kept::InMemory);
+}
+
+void Session::SaveHistory() {
+  const bool is_open = controller_.applicationLock().authenticated() &&
+                       controller_.applicationLock().password().empty();
+  if (terminal_.ReadsFromPerson() && is_open && !controller_.lifecycle().OnlyLooks()) {
+    history_.Save();
+  }
 }
 
 bool Session::RunLine(std::string_view text) {
@@ -73,9 +135,7 @@ bool Session::RunLine(std::string_view text) {
   kept_notes_.TellNew();
   std::string error;
   bool may_fail = terminal_.ReadsFromPerson();
-  if (text.size() > Terminal::kLongestLine) {
-    error = "the line is longer than " + std::to_string(Terminal::kLongestLine) + " bytes";
-  } else {
+  if (error = FaultOf(text); error.empty()) {
     Line line = ReadWords(text);
     may_fail = may_fail || line.may_fail;
     error = std::move(line.error);
@@ -104,6 +164,9 @@ std::string Session::RunCommand(std::span<const Word> words) {
       return error;
     }
     if (!is_launched_ && !Launch(*command)) return error;
+    if (command->writes_own_files && controller_.lifecycle().OnlyLooks()) {
+      throw CommandError(std::string(kOnlyLooks));
+    }
     // A line is the user's doing: what waits for an idle user waits on, and a reading ends.
     controller_.application().sendEvent(EventType::KeyDown);
     if (command->needs != Needs::Launch && !Unlock()) return error;
@@ -141,6 +204,7 @@ bool Session::Launch(const Command& first) {
   is_launched_ = true;
   // A script commits by its saves alone; who types may be interrupted at any time.
   if (!terminal_.ReadsFromPerson()) controller_.recovery().WriteNothing();
+  controller_.lifecycle().LookOnlyWhereInUse();
   controller_.lifecycle().awakeFromNib();
   try {
     if (!controller_.lifecycle().applicationDidFinishLaunching()) return false;
@@ -151,6 +215,12 @@ bool Session::Launch(const Command& first) {
   }
   // Whoever has just typed a command is not to be held up; what is due is told when he is idle.
   controller_.reminder().Dismiss();
+  if (controller_.lifecycle().OnlyLooks()) {
+    controller_.ledger().RefuseChanges(std::string(kOnlyLooks));
+    printer_.Note(
+        "Another copy of Tallyfold has the data open. This one shows what was saved last; it "
+        "changes and saves nothing.");
+  }
   TellWhatWasSetAside();
   kept_notes_.TellEarlier();
   TellWhatWasFound();
@@ -176,8 +246,11 @@ void Session::TellWhatWasSetAside() {
   for (const auto* set_aside :
        {&controller_.accountsStore().SetAside(), &controller_.preferencesStore().SetAside()}) {
     if (!*set_aside) continue;
-    printer_.Note((*set_aside)->path + " was not read in whole: " + (*set_aside)->reason +
-                  " Before it is saved over, a copy is kept as " + (*set_aside)->kept_path);
+    std::string note = (*set_aside)->path + " was not read in whole: " + (*set_aside)->reason;
+    if (!controller_.lifecycle().OnlyLooks()) {
+      note += " Before it is saved over, a copy is kept as " + (*set_aside)->kept_path;
+    }
+    printer_.Note(note);
   }
 }
 
@@ -197,17 +270,51 @@ bool Session::ShutDown() {
   // Whoever never gave a command that works on the data has touched nothing.
   if (!is_launched_) return true;
   controller_.sheets().CancelOpen();
-  if (controller_.sharedQIFImportController().IsReviewing()) {
+  const bool has_review = controller_.sharedQIFImportController().IsReviewing();
+  if (has_review) {
     printer_.Note("The import under review was not committed.");
     controller_.sharedQIFImportController().import_Cancel_Button();
   }
-  controller_.lifecycle().applicationWillTerminate();
-  kept_notes_.TellNew();
-  const auto unsaved = controller_.applicationLock().authenticated() ? UnsavedTexts(controller_)
-                                                                     : LostTexts(controller_);
-  for (const std::string& text : unsaved) printer_.Note("error: " + text);
+  SaveHistory();
+  const bool is_saved = SaveAll();
   if (const std::string held = HeldText(controller_); !held.empty()) printer_.Note(held);
-  return unsaved.empty();
+  return is_saved && !has_review;
+}
+
+bool Session::SaveAll() {
+  for (;;) {
+    controller_.lifecycle().applicationWillTerminate();
+    kept_notes_.TellNew();
+    const bool is_open = controller_.applicationLock().authenticated();
+    const auto unsaved = is_open ? UnsavedTexts(controller_) : LostTexts(controller_);
+    for (const std::string& text : unsaved) printer_.Note("error: " + text);
+    if (unsaved.empty()) return true;
+    if (!is_open || !AskToSaveAgain()) return false;
+  }
+}
+
+bool Session::AskToSaveAgain() {
+  constexpr std::size_t kSaveElsewhere = 1;
+  constexpr std::size_t kEnd = 2;
+  const std::vector<std::string> buttons = {"Try Again", "Save Elsewhere", "End Without Saving"};
+  const auto answer = questions_.AskUnlessGone("Not everything could be saved.", "", buttons, 0);
+  if (answer == kSaveElsewhere) SaveElsewhere();
+  return answer.value_or(kEnd) != kEnd;
+}
+
+void Session::SaveElsewhere() {
+  const auto typed = questions_.AskLine("Save as: ");
+  if (!typed || typed->empty()) return;
+  std::string problem;
+  try {
+    panels_.Expect(AbsolutePath(console_.files, *typed), nullptr);
+    const WriteResult result = controller_.exports().SaveAs();
+    problem = panels_.TakeProblem();
+    if (result == WriteResult::Written) return printer_.Confirm("Saved as " + *typed + '.');
+  } catch (const CommandError& error) {
+    problem = error.what();
+  }
+  printer_.Note("error: " + (problem.empty() ? "nothing was written" : problem));
 }
 
 void Session::ReportError(std::string_view error) {

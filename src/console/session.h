@@ -7,11 +7,13 @@
 #include <string_view>
 
 #include "app/controller.h"
+#include "console/command_aids.h"
 #include "console/console.h"
 #include "console/console_host.h"
 #include "console/console_log.h"
 #include "console/console_panels.h"
 #include "console/due_notice.h"
+#include "console/line_history.h"
 #include "console/printer.h"
 #include "console/questions.h"
 #include "console/save_notes.h"
@@ -31,8 +33,9 @@ class Session {
   Session& operator=(const Session&) = delete;
 
   // Runs to the end, at most once. The status for the system: 0 for a normal end, 1 when a command
-  // failed (nothing is saved then that was not saved before) or the last save did, or the one that
-  // the application chose when it ended the process.
+  // failed (nothing is saved then that was not saved before) or the last save did, when an import
+  // was left under review or output was lost, else the one that the application chose when it ended
+  // the process.
   [[nodiscard]] int Run();
 
  private:
@@ -50,8 +53,16 @@ class Session {
   void TellWhatWasSetAside();
   // Once a run.
   void TellWhatWasFound();
-  // Whether everything is on the disk.
+  // Keeps the line for later, unless somebody could read a password in it.
+  void Remember(std::string_view line);
+  void SaveHistory();
+  // Whether everything is on the disk that is to be.
   bool ShutDown();
+  // Saves, again as long as a person wants to try. Whether nothing is left unsaved.
+  bool SaveAll();
+  // What a person chose to do about a save that failed; false to leave it at that.
+  bool AskToSaveAgain();
+  void SaveElsewhere();
   void ReportError(std::string_view error);
 
   Terminal& terminal_;
@@ -68,9 +79,12 @@ class Session {
   KeptNotes kept_notes_;
   DueNotice due_notice_;
   Console console_;
+  LineHistory history_;
+  CommandAids aids_;
   std::size_t line_number_ = 0;
   bool is_launched_ = false;
   bool has_told_shared_numbers_ = false;
+  bool had_password_ = false;
 };
 
 }  // namespace tallyfold::console

@@ -53,7 +53,8 @@ void ReadOn(Console& console) {
 void ShowUnheard(Console& console, std::chrono::milliseconds start) {
   const auto lines = console.spoken.Take();
   if (lines.empty()) return;
-  Table table({{"seconds", Column::Align::Right}, {"says"}});
+  Table table(
+      {{"seconds", Column::Align::Right}, {"says", Column::Align::Left, Column::Long::GoesOn}});
   for (const SpokenText::Line& line : lines) {
     const auto elapsed = std::chrono::duration<double>(line.time - start).count();
     table.Add({WriteAmount(elapsed), line.text});

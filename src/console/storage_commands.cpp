@@ -91,7 +91,8 @@ constexpr Command kStorageCommands[] = {
     {.name = "save",
      .help = "writes the accounts and the preferences to their files now",
      .example = "save",
-     .run = Save},
+     .run = Save,
+     .writes_own_files = true},
     {.name = "backup list",
      .help =
          "lists the backups and kept copies of the accounts and what they hold, the newest first",
@@ -104,11 +105,13 @@ constexpr Command kStorageCommands[] = {
      .help = "puts a backup or kept copy in the place of the accounts, which are kept, after a "
              "question",
      .example = "backup restore Accounts_3_2_2026_1.0.0",
-     .run = Restore},
+     .run = Restore,
+     .writes_own_files = true},
     {.name = "backup now",
      .help = "saves the accounts and keeps a copy of their file, which backup list shows",
      .example = "backup now",
-     .run = BackUpNow},
+     .run = BackUpNow,
+     .writes_own_files = true},
     {.name = "backup restore-file",
      .words = "PATH",
      .least_words = 1,
@@ -116,7 +119,8 @@ constexpr Command kStorageCommands[] = {
      .help = "puts any accounts file or backup in the place of the accounts, which are kept, after "
              "a question",
      .example = "backup restore-file ~/old/Accounts.plist",
-     .run = RestoreFile},
+     .run = RestoreFile,
+     .writes_own_files = true},
 };
 
 }  // namespace

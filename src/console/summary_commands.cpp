@@ -273,7 +273,7 @@ constexpr MarkOption kSummaryMarkOptions[] = {
 void ShowOptions(Console& console, const Arguments& arguments) {
   const LDGRAccountSummary& summary = ChosenSummary(console, arguments);
   (void)console.controller.summaries().State();
-  Table table({{"option"}, {"value"}});
+  Table table({{"option"}, {"value", Column::Align::Left, Column::Long::GoesOn}});
   table.Add({"name", summary.name()});
   table.Add({"range", ChoiceText(choices::kDateRanges, summary.dateRangeStyle())});
   table.Add({"start", WriteDate(summary.startDate())});

@@ -108,7 +108,7 @@ class [[nodiscard]] Change {
 
   // Makes the change good and says what came of it: nothing when all is as it was, or when it
   // joined another change. Edits that changed nothing in the end are no part of it. When memory
-  // runs out it throws and the change is still open.
+  // runs out, or the ledger refuses changes, it throws and the change is still open.
   ChangeSet Close();
 
  private:
@@ -143,6 +143,7 @@ class [[nodiscard]] Change {
   void EditOnce(std::uintptr_t subject, Arguments&&... arguments);
   [[nodiscard]] bool WasRemoved(const void* record) const noexcept;
   void HandOn();
+  void ThrowIfRefused() const;
   [[nodiscard]] bool WaitsForNext() const noexcept;
   // Forgets edits that changed nothing.
   void TidyEdits() noexcept;

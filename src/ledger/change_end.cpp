@@ -6,6 +6,7 @@
 
 #include "ledger/change.h"
 #include "ledger/change_set_builder.h"
+#include "ledger/image_parts.h"
 #include "ledger/ledger.h"
 #include "platform/ambient.h"
 
@@ -19,6 +20,7 @@ ChangeSet Change::Close() {
     return {};
   }
   TidyEdits();
+  ThrowIfRefused();
   ChangeSet named;
   if (undoable_ == Undoable::Yes) {
     named.name = name_;
@@ -67,6 +69,14 @@ ChangeSet Change::Close() {
   End();
   if (!set.IsEmpty()) ledger_.Announce(set);
   return set;
+}
+
+void Change::ThrowIfRefused() const {
+  const auto may_pass = [](const auto& part) {
+    return part->IsSetting() && dynamic_cast<const PasswordEdit*>(part.get()) == nullptr;
+  };
+  if (ledger_.refusal_.empty() || std::all_of(parts_.begin(), parts_.end(), may_pass)) return;
+  throw ChangeRefused(ledger_.refusal_);
 }
 
 bool Change::WaitsForNext() const noexcept {

@@ -3,7 +3,9 @@
 #include <cstddef>
 #include <functional>
 #include <optional>
+#include <stdexcept>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "ledger/change_set.h"
@@ -35,6 +37,12 @@ class LedgerJournal {
   virtual void Write(const MakeRecord& make) noexcept = 0;
 };
 
+// A change that is not to be, thrown by Change before anything of it stands.
+class ChangeRefused : public std::runtime_error {
+ public:
+  using std::runtime_error::runtime_error;
+};
+
 // The one door for changes of what the accounts file holds: who wants to change something opens a
 // Change (see ledger/change.h), who wants to know what changed listens here.
 class Ledger {
@@ -59,6 +67,10 @@ class Ledger {
   [[nodiscard]] bool HasUnwritten() const noexcept { return !unwritten_.empty(); }
   void ForgetUnwritten() noexcept { unwritten_.clear(); }
 
+  // From here on a change of records, options or the application password is refused, which says
+  // `why`. Settings, which follow what is looked at, and counters change all the same.
+  void RefuseChanges(std::string why) { refusal_ = std::move(why); }
+
   // A change is open, or listeners are hearing of one.
   [[nodiscard]] bool IsBusy() const noexcept { return open_ != nullptr || is_announcing_; }
 
@@ -81,6 +93,8 @@ class Ledger {
   LedgerJournal* journal_ = nullptr;
   // Of each subject the first, whose image is that of the last record.
   StepParts unwritten_;
+  // Why changes are refused; "" where they are not.
+  std::string refusal_;
   // The innermost.
   Change* open_ = nullptr;
   bool is_announcing_ = false;

@@ -108,11 +108,11 @@ AccountsStore::RestoreResult AccountsStore::Restore(const std::optional<Backup>&
     restore_failure_ = save_failure_;
     return RestoreResult::Failed;
   }
-  const auto produce = [this, &backup](ByteSink& sink) {
-    if (witness_ != nullptr) witness_->WillReplace(MarkOf(backup->content));
-    sink.Append(backup->content);
+  const auto produce = [&backup](ByteSink& sink) { sink.Append(backup->content); };
+  const auto will_replace = [this](const ContentMark& content) {
+    if (witness_ != nullptr) witness_->WillReplace(content);
   };
-  if (!file_.KeepCopy() || !file_.Replace(produce)) {
+  if (!file_.KeepCopy() || !file_.Replace(produce, will_replace)) {
     restore_failure_ = file_.Failure();
     return RestoreResult::Failed;
   }

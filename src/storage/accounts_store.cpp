@@ -125,6 +125,10 @@ void AccountsStore::setPassword(std::optional<std::string_view> password) {
   if (!password || password_ == password) return;
   password_ = std::string(*password);
   list_changes_.NoteChange();
+  const bool forgets = !password_->empty() && !gate_.IsClosedForGood();
+  if (forgets && services_.files.Exists(paths_.history_file)) {
+    services_.files.Remove(paths_.history_file);
+  }
 }
 
 void AccountsStore::ExchangePassword(std::string& password) noexcept {
@@ -153,8 +157,10 @@ bool AccountsStore::Load() {
   password_.emplace();
   authenticated_ = true;
   holds_unsaved_types_ = false;
-  services_.files.AddPermissions(paths_.data_folder, kOwnerAll);
-  services_.files.AddPermissions(paths_.accounts_file, kOwnerAll);
+  if (!gate_.IsClosedForGood()) {
+    services_.files.AddPermissions(paths_.data_folder, kOwnerAll);
+    services_.files.AddPermissions(paths_.accounts_file, kOwnerAll);
+  }
 
   const plist::ReadReport report;
   std::optional<plist::Dictionary> dictionary = file_.Read();
@@ -172,7 +178,9 @@ bool AccountsStore::Load() {
     holds_unsaved_types_ = TimesTypesWereTaken() != types_taken;
     TakePassword(dictionary->Get(kPassword));
     file_.NotTakenInWhole(report);
-    if (is_upgraded && !is_backed_up) file_.NotTakenInWhole(kUpgradedWithoutBackup);
+    if (is_upgraded && !is_backed_up && !gate_.IsClosedForGood()) {
+      file_.NotTakenInWhole(kUpgradedWithoutBackup);
+    }
   }
   saved_ = CurrentSnapshot();
   save_failure_.reset();
@@ -263,6 +271,7 @@ void AccountsStore::EndProgram() {
 // --- Backup -------------------------------------------------------------------------------------
 
 bool AccountsStore::Accounts_Backup(const plist::Dictionary& dictionary) {
+  if (gate_.IsClosedForGood()) return false;
   FileSystem& files = services_.files;
   if (!EnsureFolder(files, paths_.data_folder,
                     "~/Library/Tallyfold/ exists, but it's a file!  Please move the file to allow "
@@ -343,22 +352,19 @@ std::optional<SaveFailure> AccountsStore::WriteFile(const std::string& path,
   files.AddPermissions(path, kOwnerAll);
   std::size_t entries = 0;
   for (const auto& account : accounts()) entries += account->GetEntries().size();
-  LongOperation operation(LongWork::Saving, entries);
-  ContentMark content;
-  const auto produce = [&](ByteSink& sink) {
-    ContentMarker marker;
-    plist::XmlWriter writer([&](std::string_view block) {
-      sink.Append(block);
-      marker.Add(block);
-    });
+  // Its own file is compared first.
+  LongOperation operation(LongWork::Saving, is_accounts_file ? entries * 2 : entries);
+  const auto produce = [this](ByteSink& sink) {
+    plist::XmlWriter writer([&sink](std::string_view block) { sink.Append(block); });
     WriteTo(writer);
     writer.Finish();
-    content = marker.Mark();
-    if (is_accounts_file && witness_ != nullptr) witness_->WillReplace(content);
   };
   if (is_accounts_file) {
-    if (!file_.Replace(produce)) return file_.Failure();
-    file_content_ = content;
+    const auto will_replace = [this](const ContentMark& content) {
+      if (witness_ != nullptr) witness_->WillReplace(content);
+    };
+    if (!file_.Replace(produce, will_replace)) return file_.Failure();
+    file_content_ = file_.ContentWritten();
   } else if (const WriteReport report = files.WriteAtomically(path, WriteTerms{}, produce);
              !report) {
     return SaveFailureOf(*report.failure);

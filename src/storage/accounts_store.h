@@ -103,7 +103,7 @@ class AccountsStore {
 
   // The application password; "" for none.
   [[nodiscard]] const std::string& password() const noexcept;
-  // None leaves it as it is.
+  // None leaves it as it is. What was typed at the console before there was one is forgotten.
   void setPassword(std::optional<std::string_view> password);
   // The password becomes `password`, which gets what the password was.
   void ExchangePassword(std::string& password) noexcept;

@@ -19,6 +19,11 @@ LockResult DataFolderLock::Take() {
 
 bool DataFolderLock::Acquire() {
   if (IsHeld() || Take() != LockResult::HeldByOther) return true;
+  if (may_only_look_) {
+    only_looks_ = true;
+    gate_.CloseForGood();
+    return true;
+  }
   alerts_.Run({LocalizedText("Tallyfold Is Already Running"),
                LocalizedText("Another copy of Tallyfold is using your accounts.  Please use that "
                              "copy, or quit it before you start Tallyfold again."),

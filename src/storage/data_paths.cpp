@@ -9,6 +9,7 @@ namespace tallyfold {
 DataPaths::DataPaths(const std::string& home)
     : data_folder(home + "/Library/Tallyfold"),
       accounts_file(data_folder + "/Accounts.plist"),
+      history_file(data_folder + "/Console History"),
       backup_folder(data_folder + "/Backups"),
       preferences_folder(home + "/Library/Preferences/Quorva"),
       preferences_file(preferences_folder + "/Tallyfold Preferences"),

@@ -13,6 +13,8 @@ struct DataPaths {
 
   std::string data_folder;
   std::string accounts_file;
+  // What was typed at the console, while no password protects the application.
+  std::string history_file;
   std::string backup_folder;
   std::string preferences_folder;
   std::string preferences_file;

@@ -37,18 +37,18 @@ constexpr int kMostTries = 5;
 // Names tried for a copy in a folder that cannot be listed.
 constexpr int kMostNames = 1000;
 
-// Sums up what it passes on.
+// Sums up what it passes on, to nowhere where there is no sink.
 class SummingSink final : public ByteSink {
  public:
-  explicit SummingSink(ByteSink& sink) : sink_(sink) {}
+  explicit SummingSink(ByteSink* sink) : sink_(sink) {}
   void Append(std::string_view bytes) override {
     marker_.Add(bytes);
-    sink_.Append(bytes);
+    if (sink_ != nullptr) sink_->Append(bytes);
   }
   [[nodiscard]] ContentMark Mark() const { return marker_.Mark(); }
 
  private:
-  ByteSink& sink_;
+  ByteSink* sink_;
   ContentMarker marker_;
 };
 
@@ -122,12 +122,13 @@ void FileGuard::SetAsideFor(std::string reason) {
 
 // --- Replacing ----------------------------------------------------------------------------------
 
-bool FileGuard::Replace(const FileSystem::Producer& produce) {
+bool FileGuard::Replace(const FileSystem::Producer& produce, const WillReplace& will_replace) {
   failure_.reset();
   try {
     for (int tries = 1;; ++tries) {
       if (!KeepWhatIsNotOurs()) return false;
-      const WriteReport report = WriteOnce(produce);
+      if (HoldsAlready(produce)) break;
+      const WriteReport report = WriteOnce(produce, will_replace);
       if (report) break;
       // What came in between is looked at, and kept, like what came before.
       if (!report.found_another || tries == kMostTries) {
@@ -141,7 +142,15 @@ bool FileGuard::Replace(const FileSystem::Producer& produce) {
   return true;
 }
 
-WriteReport FileGuard::WriteOnce(const FileSystem::Producer& produce) {
+bool FileGuard::HoldsAlready(const FileSystem::Producer& produce) const {
+  if (!known_ || !known_content_) return false;
+  SummingSink summing(nullptr);
+  produce(summing);
+  return summing.Mark() == known_content_;
+}
+
+WriteReport FileGuard::WriteOnce(const FileSystem::Producer& produce,
+                                 const WillReplace& will_replace) {
   WriteTerms terms;
   if (known_) {
     terms.replaces = WriteTerms::Replaces::Known;
@@ -154,9 +163,10 @@ WriteReport FileGuard::WriteOnce(const FileSystem::Producer& produce) {
   }
   ContentMark written;
   WriteReport report = files_.WriteAtomically(path_, terms, [&](ByteSink& sink) {
-    SummingSink summing(sink);
+    SummingSink summing(&sink);
     produce(summing);
     written = summing.Mark();
+    if (will_replace) will_replace(written);
   });
   if (report.in_place) {
     known_ = report.in_place;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -49,9 +50,18 @@ class FileGuard {
   // The same for what the report says; does nothing for an empty one.
   void NotTakenInWhole(const plist::ReadReport& report);
 
-  // Replaces the file atomically. False when a copy that must be kept cannot be made, or the write
-  // fails: the file is as it was, or at worst new but not durable, and Failure() says why.
-  [[nodiscard]] bool Replace(const FileSystem::Producer& produce);
+  // Replaces the file atomically; one that holds the same bytes already stays in its place, so that
+  // nothing need be writable for it. `produce` makes the same content each time it is called;
+  // `will_replace`, where there is one, hears what a file is about to be put in place with. False
+  // when a copy that must be kept cannot be made, or the write fails: the file is as it was, or at
+  // worst new but not durable, and Failure() says why.
+  using WillReplace = std::function<void(const ContentMark&)>;
+  [[nodiscard]] bool Replace(const FileSystem::Producer& produce,
+                             const WillReplace& will_replace = nullptr);
+  // What the last successful Replace() left in the file.
+  [[nodiscard]] const std::optional<ContentMark>& ContentWritten() const noexcept {
+    return known_content_;
+  }
   // Why the last call of Replace() or KeepCopy() failed; none when it did not.
   [[nodiscard]] const std::optional<SaveFailure>& Failure() const noexcept { return failure_; }
 
@@ -77,7 +87,10 @@ class FileGuard {
   [[nodiscard]] bool KeepWhatIsNotOurs();
   [[nodiscard]] bool KeepOther(const FileIdentity& present);
   [[nodiscard]] bool HoldsKnownContent() const;
-  [[nodiscard]] WriteReport WriteOnce(const FileSystem::Producer& produce);
+  // Whether the file is the known one, kept if it must be, and holds just what `produce` makes.
+  [[nodiscard]] bool HoldsAlready(const FileSystem::Producer& produce) const;
+  [[nodiscard]] WriteReport WriteOnce(const FileSystem::Producer& produce,
+                                      const WillReplace& will_replace);
   void SetAsideFor(std::string reason);
   void NoteForNextRun();
   bool Fail(SaveFailure failure);

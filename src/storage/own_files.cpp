@@ -47,11 +47,11 @@ bool IsOwnFile(const FileSystem& files, const DataPaths& paths, const std::strin
   if (!file) {
     return LeadsTo(files, path, paths.accounts_file) ||
            LeadsTo(files, path, RecoveryFilePath(paths.accounts_file)) ||
-           LeadsTo(files, path, paths.preferences_file);
+           LeadsTo(files, path, paths.preferences_file) || LeadsTo(files, path, paths.history_file);
   }
   if (BelongsTo(files, *file, paths.accounts_file) ||
       BelongsTo(files, *file, RecoveryFilePath(paths.accounts_file)) ||
-      BelongsTo(files, *file, paths.preferences_file)) {
+      BelongsTo(files, *file, paths.preferences_file) || IsSame(files, *file, paths.history_file)) {
     return true;
   }
   const auto parent = files.Identity(ParentFolder(path));

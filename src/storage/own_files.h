@@ -13,7 +13,8 @@ namespace tallyfold {
                            const std::string& other);
 
 // Whether `path` leads to a file of the program itself: accounts, preferences, backups, kept
-// copies, the recovery log. No command that writes a file of the user's choice may replace one.
+// copies, the recovery log, what was typed. No command that writes a file of the user's choice may
+// replace one.
 [[nodiscard]] bool IsOwnFile(const FileSystem& files, const DataPaths& paths,
                              const std::string& path);
 

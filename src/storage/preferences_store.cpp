@@ -64,13 +64,14 @@ std::shared_ptr<LDGRPreferences> PreferencesStore::Build() {
   auto preferences =
       std::make_shared<LDGRPreferences>(LDGRPreferences::UpdatePreferencesDictionary(*dictionary));
   file_.NotTakenInWhole(report);
-  if (!is_backed_up && LDGRPreferences::IsOfOlderVersion(*dictionary)) {
+  if (!is_backed_up && !gate_.IsClosedForGood() && LDGRPreferences::IsOfOlderVersion(*dictionary)) {
     file_.NotTakenInWhole(kUpgradedWithoutBackup);
   }
   return preferences;
 }
 
 bool PreferencesStore::Preferences_Backup(const plist::Dictionary& dictionary) {
+  if (gate_.IsClosedForGood()) return false;
   FileSystem& files = services_.files;
   if (!EnsureFolder(files, paths_.preferences_folder,
                     "~/Library/Preferences/Quorva/ exists, but it's a file!  Please move the file "

@@ -19,8 +19,9 @@ class SaveGate {
   };
 
   [[nodiscard]] bool IsOpen() const noexcept { return holds_ == 0 && !closed_for_good_; }
-  // The program ends without touching the files.
+  // This run does not touch the files any more: the program ends, or it only looks.
   void CloseForGood() noexcept { closed_for_good_ = true; }
+  [[nodiscard]] bool IsClosedForGood() const noexcept { return closed_for_good_; }
 
  private:
   int holds_ = 0;

@@ -3,19 +3,23 @@
 #include <errno.h>
 #include <poll.h>
 #include <signal.h>
+#include <sys/ioctl.h>
 #include <termios.h>
 #include <unistd.h>
 
 #include <algorithm>
 #include <array>
 #include <optional>
+#include <string>
+#include <utility>
 
 namespace tallyfold {
 namespace {
 
 constexpr std::size_t kReadSize = std::size_t{64} * 1024;
 
-void WriteAll(int descriptor, std::string_view text) {
+// False when some of it is lost.
+bool WriteAll(int descriptor, std::string_view text) {
   while (!text.empty()) {
     const ssize_t count = ::write(descriptor, text.data(), text.size());
     if (count > 0) {
@@ -25,9 +29,10 @@ void WriteAll(int descriptor, std::string_view text) {
       struct pollfd writable = {descriptor, POLLOUT, 0};
       ::poll(&writable, 1, -1);
     } else if (errno != EINTR) {
-      return;
+      return false;
     }
   }
+  return true;
 }
 
 // Keeps what is typed from being shown, as long as it lives.
@@ -69,10 +74,76 @@ PosixTerminal::PosixTerminal(PollRunLoop& loop, TerminationSignals& signals,
   ::signal(SIGPIPE, SIG_IGN);
 }
 
+std::size_t PosixTerminal::Width() const {
+  struct winsize size = {};
+  if (!writes_to_person_ || ::ioctl(descriptors_.output, TIOCGWINSZ, &size) != 0) return 0;
+  return size.ws_col;
+}
+
+// --- Reading ------------------------------------------------------------------------------------
+
 std::optional<std::string> PosixTerminal::ReadLine(std::string_view prompt) {
-  if (AskedToEnd()) return std::nullopt;
-  if (reads_from_person_ && writes_to_person_) Write(prompt);
+  return ReadAny(prompt, nullptr);
+}
+
+std::optional<std::string> PosixTerminal::ReadCommand(std::string_view prompt,
+                                                      const LineAids& aids) {
+  return ReadAny(prompt, &aids);
+}
+
+std::optional<std::string> PosixTerminal::ReadAny(std::string_view prompt, const LineAids* aids) {
+  NoticeSignals();
+  // One that came earlier has stopped what ran then.
+  is_interrupted_ = false;
+  if (ending_signal_) return std::nullopt;
   std::string line;
+  LineEditor* const editor = Editor();
+  Read outcome = Read::Ended;
+  if (editor != nullptr) {
+    outcome = editor->ReadLine(prompt, aids, line);
+    if (outcome == Read::Dropped) Write("^C");
+    if (outcome != Read::Done) Write("\n");
+    line.resize(std::min(line.size(), kLongestLine + 1));
+  } else {
+    prompt_ = prompt;
+    if (reads_from_person_ && writes_to_person_) Write(prompt);
+    outcome = ReadPlain(line);
+    if (outcome == Read::Dropped && writes_to_person_) Write("\n");
+  }
+  if (outcome == Read::Ended) return std::nullopt;
+  if (outcome == Read::Dropped) line.clear();
+  return line;
+}
+
+std::optional<std::string> PosixTerminal::ReadSecret(std::string_view prompt) {
+  if (!reads_from_person_) return ReadLine(prompt);
+  NoticeSignals();
+  is_interrupted_ = false;
+  if (ending_signal_) return std::nullopt;
+  const HiddenTyping hidden(descriptors_.input);
+  for (;;) {
+    if (writes_to_person_) Write(prompt);
+    std::string line;
+    const Read outcome = ReadPlain(line);
+    if (outcome == Read::Ended) return std::nullopt;
+    if (outcome == Read::Done) return line;
+    if (writes_to_person_) Write("\n");
+    is_interrupted_ = false;
+  }
+}
+
+LineEditor* PosixTerminal::Editor() {
+  if (!reads_from_person_ || !writes_to_person_) return nullptr;
+  if (!std::exchange(has_tried_editor_, true)) {
+    editor_ = LineEditor::Make(descriptors_.input, descriptors_.output,
+                               [this](char32_t& character) { return ReadCharacter(character); });
+  }
+  return editor_.get();
+}
+
+PosixTerminal::Read PosixTerminal::ReadPlain(std::string& line) {
+  // At a terminal the end is typed, and what follows it can be read.
+  if (reads_from_person_) at_end_ = false;
   bool has_line = false;
   for (;;) {
     const std::string_view rest = std::string_view(buffer_).substr(taken_);
@@ -82,43 +153,66 @@ std::optional<std::string> PosixTerminal::ReadLine(std::string_view prompt) {
     has_line = has_line || !rest.empty();
     if (feed != std::string_view::npos) {
       taken_ += feed + 1;
-      return line;
+      return Read::Done;
     }
-    if (at_end_ || !WaitForInput() || !FillBuffer()) break;
+    const Read input = at_end_ ? Read::Ended : TakeInput();
+    if (input == Read::Done) continue;
+    ForgetInput();
+    // A last line may lack its line feed; one that a signal cut off is none.
+    return input == Read::Ended && has_line && at_end_ ? Read::Done : input;
   }
+}
+
+PosixTerminal::Read PosixTerminal::ReadCharacter(char32_t& character) {
+  for (;;) {
+    std::string_view rest = std::string_view(buffer_).substr(taken_);
+    if (!rest.empty() && TakeTyped(rest, at_end_, character)) {
+      taken_ = buffer_.size() - rest.size();
+      return Read::Done;
+    }
+    // The rest of a character is put behind what is there of it.
+    const std::string begun(rest);
+    const Read input = TakeInput();
+    if (input == Read::Done) {
+      buffer_.insert(0, begun);
+    } else if (input == Read::Ended && at_end_ && !begun.empty()) {
+      buffer_ = begun;
+    } else {
+      ForgetInput();
+      at_end_ = false;
+      return input;
+    }
+  }
+}
+
+void PosixTerminal::ForgetInput() noexcept {
   buffer_.clear();
   taken_ = 0;
-  // A last line may lack its line feed; one that a signal cut off is none.
-  if (!has_line || !at_end_) return std::nullopt;
-  return line;
 }
 
-std::optional<std::string> PosixTerminal::ReadSecret(std::string_view prompt) {
-  if (!reads_from_person_) return ReadLine(prompt);
-  const HiddenTyping hidden(descriptors_.input);
-  return ReadLine(prompt);
+PosixTerminal::Read PosixTerminal::TakeInput() {
+  if (WaitForInput()) return FillBuffer() ? Read::Done : Read::Ended;
+  return is_interrupted_ && !ending_signal_ ? Read::Dropped : Read::Ended;
 }
 
-void PosixTerminal::Write(std::string_view text) {
-  WriteAll(descriptors_.output, text);
-}
-
-void PosixTerminal::WriteError(std::string_view text) {
-  WriteAll(descriptors_.error, text);
-}
-
-bool PosixTerminal::AskedToEnd() const {
-  struct pollfd polled = {signals_.descriptor(), POLLIN, 0};
-  return ::poll(&polled, 1, 0) > 0;
+void PosixTerminal::NoticeSignals() {
+  while (const auto signal = signals_.Take()) {
+    if (*signal == SIGINT && reads_from_person_) {
+      is_interrupted_ = true;
+    } else if (!ending_signal_) {
+      ending_signal_ = signal;
+    }
+  }
 }
 
 bool PosixTerminal::WaitForInput() {
-  std::array<struct pollfd, 2> polled = {
-      {{descriptors_.input, POLLIN, 0}, {signals_.descriptor(), POLLIN, 0}}};
   if (!reads_from_person_) {
+    std::array<struct pollfd, 2> polled = {
+        {{descriptors_.input, POLLIN, 0}, {signals_.descriptor(), POLLIN, 0}}};
     while (::poll(polled.data(), polled.size(), -1) < 0 && errno == EINTR) {
     }
-    return polled[1].revents == 0;
+    NoticeSignals();
+    return !ending_signal_;
   }
   bool readable = false;
   const auto input = loop_.WatchReadable(descriptors_.input, [this, &readable] {
@@ -127,7 +221,8 @@ bool PosixTerminal::WaitForInput() {
   });
   const auto signals = loop_.WatchReadable(signals_.descriptor(), [this] { loop_.Stop(); });
   loop_.Run();
-  return readable;
+  NoticeSignals();
+  return readable && !is_interrupted_ && !ending_signal_;
 }
 
 bool PosixTerminal::FillBuffer() {
@@ -140,6 +235,25 @@ bool PosixTerminal::FillBuffer() {
   buffer_.resize(static_cast<std::size_t>(std::max<ssize_t>(count, 0)));
   at_end_ = count <= 0;
   return !at_end_;
+}
+
+// --- Writing ------------------------------------------------------------------------------------
+
+void PosixTerminal::Write(std::string_view text) {
+  if (!WriteAll(descriptors_.output, text)) has_lost_output_ = true;
+}
+
+void PosixTerminal::WriteError(std::string_view text) {
+  static_cast<void>(WriteAll(descriptors_.error, text));
+}
+
+void PosixTerminal::WriteMeanwhile(std::string_view line) {
+  Write("\n" + std::string(line) + '\n');
+  if (editor_) {
+    editor_->ShowAgain();
+  } else {
+    Write(prompt_);
+  }
 }
 
 }  // namespace tallyfold

@@ -12,7 +12,7 @@
 namespace tallyfold {
 namespace {
 
-constexpr std::array kSignals = {SIGHUP, SIGINT, SIGTERM};
+constexpr std::array kSignals = {SIGHUP, SIGINT, SIGQUIT, SIGTERM};
 
 std::atomic<int> write_end{-1};
 std::array<struct sigaction, kSignals.size()> former_actions;

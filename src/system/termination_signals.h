@@ -4,9 +4,9 @@
 
 namespace tallyfold {
 
-// Turns the signals that ask a process to end (hang-up, interrupt, termination) into something that
-// an event loop can wait for: nothing of the program runs inside a signal handler. One object at a
-// time; destroying it restores what the signals did before.
+// Turns the signals that ask a process to end (hang-up, interrupt, quit, termination) into
+// something that an event loop can wait for: nothing of the program runs inside a signal handler.
+// One object at a time; destroying it restores what the signals did before.
 class TerminationSignals {
  public:
   // Throws std::system_error when the system has no pipe to give.

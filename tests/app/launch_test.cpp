@@ -162,7 +162,8 @@ TEST(Launch, HasTheRegistersSetUpByThePreferencesBeforeThereAreAccounts) {
     if (is_in_use) test.files.LockByOther("/home/user/Library/Tallyfold");
     auto& app = test.app;
     Registers registers(test);
-    DataFolderLock lock(test.files, test.alerts, test.host);
+    SaveGate gate;
+    DataFolderLock lock(test.files, test.alerts, test.host, gate);
     WindowHooksSlot window;
     Lifecycle lifecycle(
         registers, {lock, window, app.updates(), app.preferencesStore(), app.accountsStore(),

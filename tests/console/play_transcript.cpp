@@ -1,5 +1,6 @@
-// play_transcript FILE [--update]: plays a transcript (see transcript.h) and shows in which lines
-// it turned out otherwise, or writes what was really printed into the file.
+// play_transcript FILE [--update] [--program PATH]: plays a transcript (see transcript.h, and for
+// that of a program screen_transcript.h) and shows in which lines it turned out otherwise, or
+// writes what was really printed into the file.
 
 #include <cstdlib>
 #include <exception>
@@ -11,6 +12,7 @@
 #include <string>
 #include <string_view>
 
+#include "console/screen_transcript.h"
 #include "console/transcript.h"
 
 namespace {
@@ -49,10 +51,19 @@ int main(int argc, char** argv) {
   if (argc < 2) return EXIT_FAILURE;
   // The player works in a folder of its own.
   const std::string path = std::filesystem::absolute(argv[1]).string();
-  const bool updates = argc > 2 && std::string_view(argv[2]) == "--update";
+  bool updates = false;
+  std::string program;
+  for (int i = 2; i < argc; ++i) {
+    const std::string_view argument = argv[i];
+    updates = updates || argument == "--update";
+    if (argument == "--program" && i + 1 < argc) program = argv[i + 1];
+  }
   try {
     const std::string expected = ReadFile(path);
-    const std::string printed = tallyfold::console::PlayTranscript(expected, TALLYFOLD_PROJECT);
+    using namespace tallyfold::console;
+    const std::string printed = program.empty()
+                                    ? PlayTranscript(expected, TALLYFOLD_PROJECT)
+                                    : PlayScreenTranscript(expected, program, TALLYFOLD_PROJECT);
     if (printed == expected) return EXIT_SUCCESS;
     if (updates) {
       std::ofstream(path, std::ios::binary) << printed;

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <chrono>
 #include <deque>
 #include <functional>
@@ -17,6 +18,8 @@
 #include "fakes/fake_run_loop.h"
 #include "fakes/fake_services.h"
 #include "model/account_schedule.h"
+#include "model/display_width.h"
+#include "platform/line_aids.h"
 #include "platform/notification_center.h"
 #include "platform/terminal.h"
 #include "system/iconv_encodings.h"
@@ -40,11 +43,23 @@ class FakeTerminal final : public Terminal {
   std::optional<std::string> ReadSecret(std::string_view prompt) override {
     return ReadLine(prompt);
   }
+  std::optional<std::string> ReadCommand(std::string_view prompt, const LineAids& aids) override {
+    for (const std::string& line : aids.Earlier()) earlier += line + '\n';
+    return ReadLine(prompt);
+  }
+  std::size_t Width() const override { return width; }
+  bool HasLostOutput() const override { return false; }
+  void WriteMeanwhile(std::string_view line) override {
+    written += '\n' + std::string(line) + "\n> ";
+  }
   void Write(std::string_view text) override { written += text; }
   void WriteError(std::string_view text) override { written += '!' + std::string(text); }
 
   std::deque<std::string> lines;
   std::string written;
+  std::size_t width = 0;
+  // What was offered before each line.
+  std::string earlier;
   // A person's time before each line; none where no person types.
   std::function<void()> thinks;
   // Called with the number of lines that are left, whoever types them.
@@ -84,8 +99,45 @@ TEST(Sessions, RefuseLinesOfAnyLengthBeyondTheLongest) {
   Computer computer;
   const std::string longest(Terminal::kLongestLine, '#');
   EXPECT_EQ(computer.Run({longest, longest + '#', "accounts"}), 1);
-  EXPECT_EQ(computer.terminal.written, "!error: line 2: the line is longer than 1048576 bytes\n");
+  EXPECT_EQ(computer.terminal.written,
+            "!error: line 2: the line is longer than 1048576 bytes\n"
+            "!error: nothing further was saved\n");
   EXPECT_TRUE(computer.files.Changes().empty());
+}
+
+TEST(Sessions, OfferAPersonWhatWasTypedButNoPassword) {
+  Computer computer;
+  const std::string file = "/home/user/Library/Tallyfold/Console History";
+  computer.terminal.thinks = [] {};
+  ASSERT_EQ(computer.Run({"account add name=Cash", "unlock first", "lock and key",
+                          "account edit password=second again=second", "unlcok third", "accounts"}),
+            0);
+  EXPECT_EQ(computer.files.Content(file), "account add name=Cash\nlock and key\naccounts\n");
+  EXPECT_EQ(computer.files.Mode(file), 0600U);
+  EXPECT_NE(computer.terminal.earlier.find("unlcok third\n"), std::string::npos);
+
+  computer.terminal.earlier.clear();
+  ASSERT_EQ(computer.Run({"password secret"}), 0);
+  EXPECT_TRUE(computer.terminal.earlier.starts_with("account add name=Cash\n"));
+  EXPECT_EQ(computer.files.Content(file), std::nullopt);
+  computer.terminal.earlier.clear();
+  ASSERT_EQ(computer.Run({"unlock secret", "accounts", "lock", ""}), 0);
+  EXPECT_EQ(computer.terminal.earlier, "accounts\n");
+  EXPECT_EQ(computer.files.Content(file), std::nullopt);
+}
+
+TEST(Sessions, TellOfEverySubjectInAScreen) {
+  Computer computer;
+  computer.terminal.thinks = [] {};
+  computer.terminal.width = 80;
+  ASSERT_EQ(computer.Run({"help"}), 0);
+  std::string_view rest = computer.terminal.written;
+  rest.remove_prefix(rest.find('\n') + 1);  // the greeting
+  // The prompt stands in the last of 24 lines.
+  EXPECT_LT(std::count(rest.begin(), rest.end(), '\n'), 24);
+  for (; !rest.empty(); rest.remove_prefix(rest.find('\n') + 1)) {
+    EXPECT_LE(DisplayWidth(rest.substr(0, rest.find('\n'))), 80U) << rest;
+  }
 }
 
 TEST(Sessions, LeaveEveryTimerThatWaitsForAnIdleUserAlone) {

@@ -19,6 +19,7 @@
 #include "fakes/fake_services.h"
 #include "fakes/temporary_folder.h"
 #include "platform/appended_file.h"
+#include "platform/line_aids.h"
 #include "platform/notification_center.h"
 #include "platform/terminal.h"
 #include "system/iconv_encodings.h"
@@ -211,6 +212,8 @@ class Player final : private Terminal {
       ambient_.locale.short_date_format = value;
     } else if (name == "person") {
       is_person_ = true;
+    } else if (name == "width") {
+      width_ = static_cast<std::size_t>(ReadNumber(value, name, 1, 1000));
     } else if (name == "copy") {
       WriteFile(home_ / words[2], ReadFile(project_folder_ + '/' + value));
     } else if (name == "put") {
@@ -282,6 +285,13 @@ class Player final : private Terminal {
     played_ += typed.empty() ? ">\n" : "> " + typed + '\n';
     return typed;
   }
+  std::optional<std::string> ReadCommand(std::string_view prompt,
+                                         const LineAids& /*aids*/) override {
+    return ReadLine(prompt);
+  }
+  std::size_t Width() const override { return width_; }
+  bool HasLostOutput() const override { return false; }
+  void WriteMeanwhile(std::string_view line) override { Write(std::string(line) + '\n'); }
   std::optional<std::string> ReadSecret(std::string_view prompt) override {
     return ReadLine(prompt);
   }
@@ -310,6 +320,7 @@ class Player final : private Terminal {
   std::size_t at_ = 0;
   std::string played_;
   bool is_person_ = false;
+  std::size_t width_ = 0;
   TemporaryFolder home_;
   FakeAmbient ambient_;
   TranscriptFiles files_{home_.path()};

@@ -19,6 +19,7 @@ namespace tallyfold::console {
 //   today YYYY-MM-DD       sets the clock, which stands still at noon
 //   dates FORMAT           the user's short date format
 //   person                 from here on a person types and reads, at a terminal
+//   width N                that many characters fit on a line of it
 //   copy FILE PATH         copies a file of the project
 //   put PATH TEXT          makes a file
 //   replace PATH OLD NEW   puts NEW for OLD, where that stands first in the file

@@ -51,7 +51,7 @@ struct Launch : AccountsStore::Host {
   FakeHost application;
   FakeProcessLauncher processes;
   SaveGate gate;
-  DataFolderLock lock{files, alerts, application};
+  DataFolderLock lock{files, alerts, application, gate};
   AccountsStore store{{files, alerts, application, processes}, gate, lock, *this};
   Ledger ledger{store};
   RecoveryLog log{files, ledger, kFile};

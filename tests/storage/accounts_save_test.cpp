@@ -29,10 +29,20 @@ TEST(AccountsSaving, MakesTheFolderWritesAndGivesTheBadgeInThisOrder) {
   EXPECT_EQ(f.files.Mode(kFile), 0600U);
   EXPECT_TRUE(f.lock.IsHeld());
 
+  // What the file holds already is not written again, and needs no disk that takes it.
   f.files.ForgetChanges();
+  f.files.FailOn(kFile);
   EXPECT_TRUE(f.store.Accounts_Save());
-  const Lines second = {"permissions " + kData + " 700", "permissions " + kFile + " 700",
-                        "write " + kFile, "badge " + kFile + " accountsfilebadge"};
+  EXPECT_FALSE(f.store.HasUnsavedChanges());
+  Lines second = {"permissions " + kData + " 700", "permissions " + kFile + " 700",
+                  "badge " + kFile + " accountsfilebadge"};
+  EXPECT_EQ(f.files.Changes(), second);
+
+  f.files.StopFailingOn(kFile);
+  f.files.ForgetChanges();
+  f.store.AddAccount(std::make_shared<LDGRAccount>());
+  EXPECT_TRUE(f.store.Accounts_Save());
+  second.insert(second.end() - 1, "write " + kFile);
   EXPECT_EQ(f.files.Changes(), second);
 }
 
@@ -120,7 +130,8 @@ TEST(AccountsSaving, KnowsWhatIsNotOnTheDisk) {
   EXPECT_TRUE(f.store.Accounts_SaveToFilePath("/home/user/copy.plist"));
   EXPECT_TRUE(changes_show());
 
-  // A save that fails shows even where nothing has changed.
+  // A save that fails shows.
+  f.store.accounts()[0]->SetName("Cash");
   f.files.FailOn(kFile);
   EXPECT_FALSE(f.store.Accounts_Save());
   EXPECT_TRUE(f.store.HasUnsavedChanges());
@@ -411,7 +422,7 @@ TEST(DataFolderLock, LetsOneCopyRun) {
   EXPECT_TRUE(second.lock.Acquire());
   EXPECT_TRUE(second.lock.IsHeld());
   for (const std::string& path : left_over) EXPECT_FALSE(second.files.Exists(path));
-  DataFolderLock third(second.files, second.alerts, second.application);
+  DataFolderLock third(second.files, second.alerts, second.application, second.gate);
   EXPECT_FALSE(third.Acquire());
 }
 

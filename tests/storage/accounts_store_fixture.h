@@ -49,7 +49,7 @@ struct AccountsStoreFixture : AccountsStore::Host {
   FakeHost application;
   FakeProcessLauncher processes;
   SaveGate gate;
-  DataFolderLock lock{files, alerts, application};
+  DataFolderLock lock{files, alerts, application, gate};
   std::vector<std::string> asked;
   AccountsStore store{{files, alerts, application, processes}, gate, lock, *this};
 };

@@ -34,7 +34,7 @@ struct ProgramRun : AccountsStore::Host {
   FakeHost application;
   FakeProcessLauncher processes;
   SaveGate gate;
-  DataFolderLock lock{files, alerts, application};
+  DataFolderLock lock{files, alerts, application, gate};
   AccountsStore store;
 };
 

@@ -14,6 +14,7 @@ void Lifecycle::awakeFromNib() {
 
 bool Lifecycle::applicationDidFinishLaunching() {
   if (!parts_.data_lock.Acquire()) return false;
+  if (OnlyLooks()) parts_.recovery.LeaveAlone();
   parts_.window->LoadDatePicker();
   parts_.updates.SetAddress(std::string(BuiltInUpdateAddress()));
   parts_.window->SetUpBezels();

@@ -59,6 +59,11 @@ class Lifecycle {
   Lifecycle(const Lifecycle&) = delete;
   Lifecycle& operator=(const Lifecycle&) = delete;
 
+  // Before the launch: where another copy has the data, this one does not end but looks at what was
+  // saved last, and writes nothing of its own.
+  void LookOnlyWhereInUse() noexcept { parts_.data_lock.LookOnlyWhereInUse(); }
+  [[nodiscard]] bool OnlyLooks() const noexcept { return parts_.data_lock.OnlyLooks(); }
+
   // Before the launch: keys for commands without a visible button.
   void awakeFromNib();
   // The launch, step by step. False when it stopped because the program ends: another copy has the

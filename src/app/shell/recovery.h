@@ -19,8 +19,15 @@ class Recovery final : private LedgerListener {
 
   // As RecoveryLog::WriteNothing(): before the launch.
   void WriteNothing() noexcept { log_.WriteNothing(); }
+  // The log is another copy's: nothing is read of it nor written to it.
+  void LeaveAlone() noexcept {
+    log_.WriteNothing();
+    is_left_alone_ = true;
+  }
   // Once, after the accounts were loaded.
-  void Replay() { log_.Replay(); }
+  void Replay() {
+    if (!is_left_alone_) log_.Replay();
+  }
   // Every time the accounts come before the user; the first time settles what was found.
   void Settle();
 
@@ -42,6 +49,7 @@ class Recovery final : private LedgerListener {
   Ledger& ledger_;
   Announcer& announcer_;
   RecoveryLog log_;
+  bool is_left_alone_ = false;
   bool is_settled_ = false;
   bool notice_names_kept_ = false;
   std::string notice_;
