@@ -104,6 +104,7 @@ constexpr Command kStorageCommands[] = {
      .help = "puts a backup or kept copy in the place of the accounts, which are kept, after a "
              "question",
      .example = "backup restore Accounts_3_2_2026_1.0.0",
+     .answers = "Cancel, Restore",
      .run = Restore},
     {.name = "backup now",
      .help = "saves the accounts and keeps a copy of their file, which backup list shows",
@@ -116,6 +117,7 @@ constexpr Command kStorageCommands[] = {
      .help = "puts any accounts file or backup in the place of the accounts, which are kept, after "
              "a question",
      .example = "backup restore-file ~/old/Accounts.plist",
+     .answers = "Cancel, Restore",
      .run = RestoreFile},
 };
 

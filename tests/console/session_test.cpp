@@ -90,7 +90,7 @@ TEST(Sessions, RefuseLinesOfAnyLengthBeyondTheLongest) {
 
 TEST(Sessions, LeaveEveryTimerThatWaitsForAnIdleUserAlone) {
   Computer computer;
-  std::deque<std::string> lines = {"account add name=Cash"};
+  std::deque<std::string> lines = {"account add Cash"};
   for (int i = 0; i < 20; ++i) lines.push_back("debit amount=1");
   lines.push_back("- debit amount=x");
   lines.push_back("nonsense");
@@ -101,7 +101,7 @@ TEST(Sessions, LeaveEveryTimerThatWaitsForAnIdleUserAlone) {
 
 TEST(Sessions, LetAScriptHearAReadingToItsEnd) {
   Computer computer;
-  ASSERT_EQ(computer.Run({"account add name=Cash", "debit amount=1 date=2026-03-01",
+  ASSERT_EQ(computer.Run({"account add Cash", "debit amount=1 date=2026-03-01",
                           "debit amount=2 date=2026-03-02", "debit amount=3 date=2026-03-03",
                           "speak all", "filter"}),
             0);
@@ -116,13 +116,13 @@ TEST(Sessions, LetAScriptHearAReadingToItsEnd) {
 
 TEST(Sessions, SayWhatCouldNotBeSavedAtTheEnd) {
   Computer computer;
-  EXPECT_EQ(computer.Run({"account add name=Cash"}), 0);
+  EXPECT_EQ(computer.Run({"account add Cash"}), 0);
   computer.terminal.before_line = [&](std::size_t left) {
     if (left > 0) return;
     computer.files.FailOn("/home/user/Library/Tallyfold/Accounts.plist");
     computer.files.FailOn("/home/user/Library/Preferences/Quorva/Tallyfold Preferences");
   };
-  EXPECT_EQ(computer.Run({"account add name=More"}), 1);
+  EXPECT_EQ(computer.Run({"account add More"}), 1);
   const std::string why = "making the new file: Input/output error\n";
   EXPECT_TRUE(
       computer.terminal.written.ends_with("!error: the accounts could not be saved: " + why +
@@ -132,7 +132,7 @@ TEST(Sessions, SayWhatCouldNotBeSavedAtTheEnd) {
 
 TEST(Sessions, KeepInMemoryWhatCouldNotBeSavedAtALock) {
   Computer computer;
-  EXPECT_EQ(computer.Run({"account add name=Cash", "password x"}), 0);
+  EXPECT_EQ(computer.Run({"account add Cash", "password x"}), 0);
   computer.terminal.before_line = [&](std::size_t left) {
     if (left == 5) computer.files.FailOn("/home/user/Library/Tallyfold/Accounts.plist");
   };
@@ -160,7 +160,7 @@ TEST(Sessions, KeepInMemoryWhatCouldNotBeSavedAtALock) {
 TEST(Sessions, TellWhatTheyKeptOfOthersAtOnceAndAtTheNextStart) {
   Computer computer;
   const std::string file = "/home/user/Library/Tallyfold/Accounts.plist";
-  EXPECT_EQ(computer.Run({"account add name=Cash"}), 0);
+  EXPECT_EQ(computer.Run({"account add Cash"}), 0);
   computer.terminal.before_line = [&](std::size_t left) {
     if (left == 2) computer.files.AddFile(file, "theirs");
   };
@@ -189,7 +189,7 @@ TEST(Sessions, TellWhatTheyKeptOfOthersAtOnceAndAtTheNextStart) {
 
 TEST(Sessions, EndACommandForWhichThereIsNoMemoryAndGoOn) {
   Computer computer;
-  EXPECT_EQ(computer.Run({"account add name=Cash"}), 0);
+  EXPECT_EQ(computer.Run({"account add Cash"}), 0);
   computer.terminal.before_line = [&](std::size_t left) {
     if (left == 3) computer.files.WhileWriting([] { throw std::bad_alloc(); });
     if (left == 2) {
@@ -206,12 +206,12 @@ TEST(Sessions, EndACommandForWhichThereIsNoMemoryAndGoOn) {
 
 TEST(Sessions, SaveNothingWhenTheLaunchRunsOutOfMemory) {
   Computer computer;
-  EXPECT_EQ(computer.Run({"account add name=Cash"}), 0);
+  EXPECT_EQ(computer.Run({"account add Cash"}), 0);
   const std::string file = "/home/user/Library/Tallyfold/Accounts.plist";
   const auto before = computer.files.Content(file);
   // The launch makes the first backup.
   computer.files.WhileWriting([] { throw std::bad_alloc(); });
-  EXPECT_EQ(computer.Run({"- accounts", "account add name=More"}), 1);
+  EXPECT_EQ(computer.Run({"- accounts", "account add More"}), 1);
   EXPECT_EQ(computer.terminal.written, "!error: line 1: there is not enough memory for this\n");
   EXPECT_EQ(computer.files.Content(file), before);
 }
@@ -219,8 +219,8 @@ TEST(Sessions, SaveNothingWhenTheLaunchRunsOutOfMemory) {
 TEST(Sessions, TellAPersonOnceWhatHasFallenDue) {
   Computer computer;
   computer.ambient.clock.SetLocal({2004, 3, 7, 12, 0, 0});
-  ASSERT_EQ(computer.Run({"account add name=Cash",
-                          "schedule add debit start=2004-03-01 repeat=weekly amount=5"}),
+  ASSERT_EQ(computer.Run(
+                {"account add Cash", "schedule add debit start=2004-03-01 repeat=weekly amount=5"}),
             0);
   computer.terminal.thinks = [&] { computer.loop.AdvanceBy(std::chrono::seconds(20)); };
   ASSERT_EQ(computer.Run({"# the launch comes with the first command", "save", "", "", "save", "",

@@ -3,6 +3,9 @@
 #include "app/entries/entry_defaults.h"
 #include "ledger/change.h"
 #include "model/account.h"
+#include "model/account_entry.h"
+#include "platform/message.h"
+#include "registers/register_look.h"
 
 namespace tallyfold {
 
@@ -24,6 +27,38 @@ bool ScheduleCommit::CommitAll(const std::vector<DueOccurrence>& occurrences) {
   refresh_.EntriesAdded(entries);
   refresh_.SchedulesChanged();
   return true;
+}
+
+std::shared_ptr<LDGRAccountEntry> ScheduleCommit::Add(Change& change,
+                                                      const std::shared_ptr<LDGRAccount>& account,
+                                                      const DueOccurrence& occurrence) const {
+  const auto& edited = occurrence.edited;
+  const bool has_typed_check_number =
+      edited != nullptr && edited->GetCheckNumber() > 0 &&
+      edited->GetCheckNumber() != occurrence.entry->GetCheckNumber();
+  // A copy, so that neither the occurrence nor its edited copy gets into an account, or a number
+  // from a change that is rolled back.
+  auto entry =
+      LDGRAccountEntry::entryWithEntry(edited != nullptr ? edited.get() : occurrence.entry.get());
+  entry->SetNumber(change.NextNumber(account));
+  if (entry->IsCheck() && !has_typed_check_number) {
+    entry->SetCheckNumber(SuggestedCheckNumber(*account, desk_.preferences()).value_or(0));
+  }
+  if (entry->IsTransfer()) LinkTransfer(change, *account, *entry);
+  change.Add(account, entry);
+  change.Edit(account, occurrence.schedule).CommitEntry(occurrence.entry.get());
+  return entry;
+}
+
+std::string ScheduleCommit::QuestionBeforeSkipping(
+    const std::vector<DueOccurrence>& occurrences) const {
+  double sum = 0.0;
+  for (const DueOccurrence& occurrence : occurrences) sum += occurrence.entry->GetAmount();
+  return Message(
+      Plural("Are you sure you would like to skip {1} scheduled entry for good, {2}?",
+             "Are you sure you would like to skip {1} scheduled entries for good, {2} in all?",
+             occurrences.size()),
+      {std::to_string(occurrences.size()), RegisterAmountText(sum, desk_.preferences())});
 }
 
 bool ScheduleCommit::SkipAll(const std::vector<DueOccurrence>& occurrences) {
