@@ -69,7 +69,7 @@ class FieldsOfRows {
          {"cleared", JsonKind::YesNo, yes_no(entry.GetCleared())},
          {"tax_deductible", JsonKind::YesNo, yes_no(entry.GetTaxDeductible())},
          {"notes", JsonKind::Text, entry.GetNotes()},
-         {"balance", JsonKind::Number, PlainAmount(account.GetRunningBalanceAtEntry(&entry))}}};
+         {"balance", JsonKind::Number, PlainAmount(account.RunningBalanceOf(entry))}}};
   }
 
  private:

@@ -17,7 +17,7 @@ struct ExportedRow {
 
 // Rows for programs, in the order given: the same names for the fields, days as 2026-03-31 and
 // amounts as -1234.50 whatever the user's language and preferences; UTF-8. The balance is the
-// running one of the account (see GetRunningBalanceAtEntry).
+// running one of the account (see RunningBalanceOf).
 
 // RFC 4180: a line of names, then a line a row, each ended by CR LF. "cleared" and "tax_deductible"
 // are yes or no; what there is none of is empty. The lines of splits have no place in it.
