@@ -29,27 +29,6 @@ bool ScheduleCommit::CommitAll(const std::vector<DueOccurrence>& occurrences) {
   return true;
 }
 
-std::shared_ptr<LDGRAccountEntry> ScheduleCommit::Add(Change& change,
-                                                      const std::shared_ptr<LDGRAccount>& account,
-                                                      const DueOccurrence& occurrence) const {
-  const auto& edited = occurrence.edited;
-  const bool has_typed_check_number =
-      edited != nullptr && edited->GetCheckNumber() > 0 &&
-      edited->GetCheckNumber() != occurrence.entry->GetCheckNumber();
-  // A copy, so that neither the occurrence nor its edited copy gets into an account, or a number
-  // from a change that is rolled back.
-  auto entry =
-      LDGRAccountEntry::entryWithEntry(edited != nullptr ? edited.get() : occurrence.entry.get());
-  entry->SetNumber(change.NextNumber(account));
-  if (entry->IsCheck() && !has_typed_check_number) {
-    entry->SetCheckNumber(SuggestedCheckNumber(*account, desk_.preferences()).value_or(0));
-  }
-  if (entry->IsTransfer()) LinkTransfer(change, *account, *entry);
-  change.Add(account, entry);
-  change.Edit(account, occurrence.schedule).CommitEntry(occurrence.entry.get());
-  return entry;
-}
-
 std::string ScheduleCommit::QuestionBeforeSkipping(
     const std::vector<DueOccurrence>& occurrences) const {
   double sum = 0.0;
