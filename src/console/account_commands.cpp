@@ -7,6 +7,7 @@
 #include "app/accounts/account_removal.h"
 #include "app/accounts/account_selection.h"
 #include "app/accounts/accounts_drawer.h"
+#include "app/accounts/accounts_total.h"
 #include "app/controller.h"
 #include "app/desk.h"
 #include "app/face/sheet_slot.h"
@@ -71,6 +72,7 @@ void AddAccount(Console& console, const Arguments& arguments) {
     throw CommandError("no account can be added now");
   }
   AccountEditSheetState::Typed typed = controller.accountSheet().State().typed;
+  if (arguments.WordCount() > 0) typed.name = arguments.WordAt(0);
   TypeAccountFields(arguments, typed);
   FinishAccountSheet(console, std::move(typed));
   ShowAccount(console, *controller.desk().accounts().back());
@@ -101,7 +103,37 @@ void SelectAccount(Console& console, const Arguments& arguments) {
   console.printer.Confirm("Selected " + account->GetName() + ".");
 }
 
-void ShowBalances(Console& console, const Arguments& /*arguments*/) {
+// The accounts that are not locked, and what they come to.
+void ShowAllBalances(const Console& console) {
+  const auto& accounts = console.controller.desk().accounts();
+  constexpr double (LDGRAccount::*kBalances[])()
+      const = {&LDGRAccount::GetBalance, &LDGRAccount::GetTodaysBalance,
+               &LDGRAccount::GetResolvedBalance, &LDGRAccount::GetUnresolvedBalance};
+  Table table({{"account"},
+               {"balance", Column::Align::Right},
+               {"today", Column::Align::Right},
+               {"resolved", Column::Align::Right},
+               {"unresolved", Column::Align::Right}});
+  for (const auto& account : accounts) {
+    if (account->IsLocked()) continue;
+    std::vector<std::string> cells = {account->GetName()};
+    for (const auto balance : kBalances) cells.push_back(WriteAmount(((*account).*balance)()));
+    table.Add(std::move(cells));
+  }
+  const auto& preferences = console.controller.desk().preferences();
+  std::vector<std::string> cells = {TotalOfUnlocked(accounts, preferences).title};
+  for (const auto balance : kBalances) {
+    cells.push_back(WriteAmount(SumOfUnlocked(accounts, balance)));
+  }
+  table.Add(std::move(cells));
+  console.printer.Show(table);
+}
+
+void ShowBalances(Console& console, const Arguments& arguments) {
+  if (arguments.WordCount() > 0) {
+    if (arguments.WordAt(0) == "all") return ShowAllBalances(console);
+    throw CommandError("expected all or nothing, not " + Quoted(arguments.WordAt(0)));
+  }
   const auto account = SelectedAccount(console);
   Table table({{"balance"}, {"amount", Column::Align::Right}});
   const auto add = [&](std::string_view name, double amount) {
@@ -118,7 +150,7 @@ void ShowBalances(Console& console, const Arguments& /*arguments*/) {
   console.printer.Show(table);
 }
 
-constexpr Option kAccountAddOptions[] = {kAccountName, kAccountBalance, kAccountCheck};
+constexpr Option kAccountAddOptions[] = {kAccountBalance, kAccountCheck};
 
 constexpr Command kAccountCommands[] = {
     {.name = "accounts",
@@ -127,9 +159,11 @@ constexpr Command kAccountCommands[] = {
      .run = ListAccounts,
      .works_in_review = true},
     {.name = "account add",
+     .words = "[NAME]",
+     .most_words = 1,
      .options = kAccountAddOptions,
      .help = "adds an account and selects it",
-     .example = "account add name=\"Joint checking\" balance=250.00 check=1001",
+     .example = "account add \"Joint checking\" balance=250.00 check=1001",
      .run = AddAccount,
      .needs = Needs::AccountSheet},
     {.name = "account rename",
@@ -142,6 +176,7 @@ constexpr Command kAccountCommands[] = {
     {.name = "account remove",
      .help = "removes the selected account with everything in it, after a question",
      .example = "account remove",
+     .answers = "Cancel, Remove",
      .run = RemoveAccount},
     {.name = "select",
      .words = "NUMBER|NAME",
@@ -151,8 +186,11 @@ constexpr Command kAccountCommands[] = {
      .example = "select Savings",
      .run = SelectAccount},
     {.name = "balances",
-     .help = "shows the balances and totals of the selected account",
-     .example = "balances",
+     .words = "[all]",
+     .most_words = 1,
+     .help = "shows the balances and totals of the selected account, or the balances of all that "
+             "are not locked",
+     .example = "balances all",
      .run = ShowBalances},
 };
 

@@ -47,6 +47,9 @@ struct Command {
   // One line without a full stop.
   std::string_view help = {};
   std::string_view example = {};
+  // The answers to what it may ask, question by question ("OK, Cancel; Yes, No, Cancel"); "" where
+  // it asks nothing.
+  std::string_view answers = {};
   // Throws CommandError when it cannot do what was asked; it then has changed nothing.
   void (*run)(Console& console, const Arguments& arguments) = nullptr;
   Needs needs = Needs::Unlocked;

@@ -6,7 +6,6 @@
 #include <string>
 
 #include "console/command.h"
-#include "registers/register_order.h"
 
 namespace tallyfold {
 class FileSystem;
@@ -62,8 +61,6 @@ struct Console {
   const std::function<void(std::chrono::milliseconds)>& skip_delays;
   const std::function<bool(std::chrono::milliseconds)>& wait;
   std::span<const Subject> subjects;
-  // How the register was shown last, which is what "#3" counts in.
-  RegisterOrder register_order;
 };
 
 }  // namespace tallyfold::console

@@ -1,8 +1,11 @@
+#include <cstdint>
+#include <memory>
 #include <span>
 #include <string>
 #include <vector>
 
 #include "app/controller.h"
+#include "app/desk.h"
 #include "app/entries/entry_editing.h"
 #include "app/entries/entry_orders.h"
 #include "app/entries/entry_removal.h"
@@ -18,6 +21,7 @@
 #include "console/printer.h"
 #include "console/questions.h"
 #include "console/review_table.h"
+#include "console/values.h"
 #include "model/account.h"
 
 namespace tallyfold::console {
@@ -84,9 +88,28 @@ void AddDeposit(Console& console, const Arguments& arguments) {
   AddEntry(console, arguments, EntryKind::Deposit, FinishDepositSheet);
 }
 
+std::shared_ptr<LDGRAccount> UnlockedAccountNamed(const Console& console, const std::string& name) {
+  auto account = AccountNamed(console, name);
+  if (account->IsLocked()) throw CommandError("the account " + Quoted(name) + " is locked");
+  return account;
+}
+
+// Whichever account is selected, the transfer is made in the one that the money comes from.
+void AddTransferBetween(Console& console, const Arguments& arguments) {
+  const auto account = UnlockedAccountNamed(console, *arguments.Text("from"));
+  (void)UnlockedAccountNamed(console, *arguments.Text("to"));
+  if (!console.controller.entries().NewTransferIn(account)) {
+    throw CommandError("no entry can be added now");
+  }
+  FinishTransferSheet(console, arguments);
+  ShowChangedEntries(console, account, {console.controller.entries().Edited().entry});
+  if (account == console.controller.desk().SelectedAccount()) TellOfHiddenEntry(console);
+}
+
 void AddTransfer(Console& console, const Arguments& arguments) {
   RequireAmount(arguments, "amount=");
   if (!arguments.Has("to") && !arguments.Has("from")) throw CommandError("expected to= or from=");
+  if (arguments.Has("to") && arguments.Has("from")) return AddTransferBetween(console, arguments);
   AddEntry(console, arguments, EntryKind::Transfer, FinishTransferSheet);
 }
 
@@ -171,9 +194,9 @@ void GiveUp(Console& console, const std::string& answers) {
 }
 
 void RemoveEntry(Console& console, const Arguments& arguments) {
-  const EntryList entries = arguments.WordCount() > 1
-                                ? AllEntriesNamed(console, arguments)
-                                : EntryList{SelectEntryNamed(console, arguments.WordAt(0))};
+  const EntryList entries = AllEntriesNamed(console, arguments);
+  const bool is_one = arguments.WordCount() == 1 && entries.size() == 1;
+  if (is_one) SelectShownEntry(console, entries.front(), arguments.WordAt(0));
   LDGRController& controller = console.controller;
   controller.entryRemoval().EntriesRemoveConfirm_Begin(entries);
   if (!ConfirmRemoval(console)) {
@@ -185,8 +208,9 @@ void RemoveEntry(Console& console, const Arguments& arguments) {
                   "after answer OK, answer Yes keeps the other half of the transfer and answer No "
                   "removes it too");
   }
-  console.printer.Confirm(entries.size() > 1 ? "Removed the entries."
-                                             : "Removed entry " + arguments.WordAt(0) + ".");
+  console.printer.Confirm(
+      is_one ? "Removed entry " + WriteNumber(entries.front()->GetNumber()) + "."
+             : "Removed " + WriteNumber(static_cast<std::int64_t>(entries.size())) + " entries.");
   TellIfAny(console, controller.entryRemoval().Confirm().note);
 }
 
@@ -217,8 +241,8 @@ const std::vector<Command>& Commands() {
        .run = AddDeposit},
       {.name = "transfer",
        .options = TransferOptions(),
-       .help = "moves money between the selected account and another, in both",
-       .example = "transfer amount=200.00 to=Savings",
+       .help = "moves money between the selected account and another, or from= one to= another",
+       .example = "transfer amount=200.00 from=\"Joint checking\" to=Savings",
        .run = AddTransfer},
       {.name = "edit",
        .words = "ENTRY",
@@ -230,19 +254,20 @@ const std::vector<Command>& Commands() {
        .run = EditEntry,
        .works_in_review = true},
       {.name = "remove",
-       .words = "ENTRY...",
+       .words = "ENTRY...|FIRST-LAST|shown",
        .least_words = 1,
        .most_words = 100,
        .help = "removes entries, after a question for all of them (see answer)",
-       .example = "remove 12",
+       .example = "remove 12 20-24",
+       .answers = "OK, Cancel; of other halves of transfers: Yes (keep them), No, Cancel",
        .run = RemoveEntry},
       {.name = "clear",
-       .words = "ENTRY...",
+       .words = "ENTRY...|FIRST-LAST|shown",
        .least_words = 1,
        .most_words = 100,
        .options = kClearOptions,
        .help = "marks entries as cleared by the bank",
-       .example = "clear 12 14",
+       .example = "clear 12 20-24",
        .run = ClearEntries},
   };
   return kEntryCommands;

@@ -19,7 +19,9 @@ namespace tallyfold::console {
 namespace {
 
 constexpr Option kDate = {
-    .name = "date", .value = "DATE", .help = "YYYY-MM-DD, your short form or today"};
+    .name = "date",
+    .value = "DATE",
+    .help = "YYYY-MM-DD, your short form, with or without the year, today, yesterday or -3"};
 constexpr Option kAmount = {.name = "amount", .value = "AMOUNT", .help = "such as 12.50"};
 constexpr Option kDescription = {.name = "description", .value = "TEXT", .help = "what it is for"};
 constexpr Option kType = {
@@ -180,8 +182,10 @@ void TypeIntoTransferSheet(Console& console, const Arguments& arguments) {
   Refuse(arguments, kMissing, "a transfer");
   const auto to = arguments.Text("to");
   const auto from = arguments.Text("from");
-  if (to && from) throw CommandError("expected to= or from=, not both");
-
+  const EditedEntry& edited = console.controller.entries().Edited();
+  if (to && from && !edited.is_for_any_account) {
+    throw CommandError("expected to= or from=, not both");
+  }
   const TransferSheetState& state = console.controller.entries().Transfer().State();
   TransferSheetState::Typed typed = state.typed;
   TypeCommonFields(typed, arguments);
@@ -195,7 +199,8 @@ void TypeIntoTransferSheet(Console& console, const Arguments& arguments) {
     const auto other = AccountNamed(console, to ? *to : *from);
     typed.account = item_tagged(state.account_items, other->GetNumber());
     if (typed.account == kNoItem) {
-      throw CommandError("a transfer needs another account than the selected one");
+      throw CommandError(to && from ? "a transfer needs two accounts"
+                                    : "a transfer needs another account than the selected one");
     }
     typed.direction = item_tagged(state.direction_items, to ? kTransferToTag : kTransferFromTag);
   }

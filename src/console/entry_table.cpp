@@ -1,8 +1,5 @@
 #include "console/entry_table.h"
 
-#include <algorithm>
-#include <cstdint>
-#include <optional>
 #include <string_view>
 #include <utility>
 
@@ -15,7 +12,7 @@
 #include "ledger/transfer_links.h"
 #include "model/account.h"
 #include "registers/register_look.h"
-#include "registers/rows_change.h"
+#include "registers/register_rows.h"
 
 namespace tallyfold::console {
 namespace {
@@ -31,21 +28,6 @@ const ShownColumns& ShownEntries() {
                                     {{"balance", Column::Align::Right}, "balance"}},
                                    DefaultRegisterColumns());
   return kShown;
-}
-
-void AddChangedEntry(Table& table, const Console& console,
-                     const std::shared_ptr<LDGRAccount>& account,
-                     const std::shared_ptr<LDGRAccountEntry>& entry) {
-  RegisterRows rows;
-  rows.SetAccount(account);
-  rows.SetEntries({entry});
-  std::vector<std::string> cells =
-      RegisterCells(rows, 0, NameOfEntry(*account, console.register_order, *entry),
-                    console.controller.desk().preferences());
-  // What is in a locked account is not told, though the half of a transfer in it has changed.
-  if (account->IsLocked()) cells.back().clear();
-  cells.insert(cells.begin(), account->GetName());
-  table.Add(std::move(cells));
 }
 
 }  // namespace
@@ -66,38 +48,54 @@ std::vector<Column> RegisterColumns() {
   return columns;
 }
 
-std::vector<std::string> RegisterCells(const RegisterRows& rows, std::size_t row, std::string name,
-                                       const LDGRPreferences& preferences) {
-  std::vector<std::string> cells = {std::move(name)};
-  ShownEntries().AddTo(cells, [&](std::string_view column) {
-    return rows.CellOf(row, column, {kPlainDays, preferences});
-  });
-  return cells;
+std::vector<Column> RegisterColumnsWithAccount() {
+  std::vector<Column> columns = RegisterColumns();
+  columns.insert(columns.begin(), {"account"});
+  return columns;
 }
 
-std::string NameOfEntry(const LDGRAccount& account, const RegisterOrder& order,
-                        const LDGRAccountEntry& entry) {
-  if (account.EntriesWithNumber(entry.GetNumber()).size() == 1) {
-    return WriteNumber(entry.GetNumber());
+std::string EntryRows::NameOf(const LDGRAccount& account, const LDGRAccountEntry& entry) {
+  auto names = names_.find(&account);
+  if (names == names_.end()) {
+    if (account.EntriesWithNumber(entry.GetNumber()).size() == 1) {
+      return WriteNumber(entry.GetNumber());
+    }
+    names = names_.emplace(&account, EntryNames(RowsInWindow(console_, account))).first;
   }
-  const std::optional<std::int32_t> row =
-      RowOfRecord(InOrderOf(account.GetEntries(), order), &entry);
-  return '#' + WriteNumber(row.value_or(0) + 1);
+  return names->second.NameOf(&entry);
+}
+
+std::vector<std::string> EntryRows::CellsOf(const std::shared_ptr<LDGRAccount>& account,
+                                            const std::shared_ptr<LDGRAccountEntry>& entry) {
+  RegisterRows rows;
+  rows.SetAccount(account);
+  rows.SetEntries({entry});
+  const TableFormat format{kPlainDays, console_.controller.desk().preferences()};
+  std::vector<std::string> cells = {NameOf(*account, *entry)};
+  ShownEntries().AddTo(cells,
+                       [&](std::string_view column) { return rows.CellOf(0, column, format); });
+  return cells;
 }
 
 void ShowChangedEntries(const Console& console, const std::shared_ptr<LDGRAccount>& account,
                         const EntryList& entries, OtherHalf other_half) {
-  std::vector<Column> columns = RegisterColumns();
-  columns.insert(columns.begin(), {"account"});
-  Table table(std::move(columns));
+  Table table(RegisterColumnsWithAccount());
+  EntryRows rows(console);
+  const auto add = [&table, &rows](const std::shared_ptr<LDGRAccount>& of, const auto& entry) {
+    std::vector<std::string> cells = rows.CellsOf(of, entry);
+    // What is in a locked account is not told, though the half of a transfer in it has changed.
+    if (of->IsLocked()) cells.back().clear();
+    cells.insert(cells.begin(), of->GetName());
+    table.Add(std::move(cells));
+  };
   for (const auto& entry : entries) {
-    AddChangedEntry(table, console, account, entry);
+    add(account, entry);
     if (other_half == OtherHalf::Unchanged) continue;
     const auto linked = console.controller.transferLinks().Transfer_LinkedEntry(entry.get());
     const auto other_account =
         console.controller.desk().AccountWithNumber(entry->GetTransferAccount());
     if (linked == nullptr || other_account == nullptr) continue;
-    AddChangedEntry(table, console, other_account, linked);
+    add(other_account, linked);
   }
   console.printer.Show(table);
 }

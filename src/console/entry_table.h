@@ -1,16 +1,14 @@
 #pragma once
 
-#include <cstddef>
 #include <memory>
 #include <string>
+#include <unordered_map>
 #include <vector>
 
 #include "console/console.h"
+#include "console/lookup.h"
 #include "console/table.h"
 #include "model/account_entry.h"
-#include "registers/register_order.h"
-#include "registers/register_rows.h"
-#include "storage/preferences.h"
 
 namespace tallyfold {
 class LDGRAccount;
@@ -23,15 +21,28 @@ namespace tallyfold::console {
 // "debit", "deposit" or "transfer"; "" for an entry of no kind.
 [[nodiscard]] std::string KindText(const LDGRAccountEntry& entry);
 
-// The register columns, and what a row shows in them. `name` is what EntryNamed takes.
+// The columns of the register behind the name of the entry.
 [[nodiscard]] std::vector<Column> RegisterColumns();
-[[nodiscard]] std::vector<std::string> RegisterCells(const RegisterRows& rows, std::size_t row,
-                                                     std::string name,
-                                                     const LDGRPreferences& preferences);
+// The same behind the account, for entries of several.
+[[nodiscard]] std::vector<Column> RegisterColumnsWithAccount();
 
-// What EntryNamed takes for one entry of the selected account.
-[[nodiscard]] std::string NameOfEntry(const LDGRAccount& account, const RegisterOrder& order,
-                                      const LDGRAccountEntry& entry);
+// Rows of entries, whatever their accounts. The rows of an account are counted at most once.
+class EntryRows {
+ public:
+  // The console must outlive this.
+  explicit EntryRows(const Console& console) noexcept : console_(console) {}
+
+  // What EntryNamed takes for an entry of the account.
+  [[nodiscard]] std::string NameOf(const LDGRAccount& account, const LDGRAccountEntry& entry);
+  // What it shows in the register columns.
+  [[nodiscard]] std::vector<std::string> CellsOf(const std::shared_ptr<LDGRAccount>& account,
+                                                 const std::shared_ptr<LDGRAccountEntry>& entry);
+
+ private:
+  const Console& console_;
+  // Of accounts that have a number twice.
+  std::unordered_map<const LDGRAccount*, EntryNames> names_;
+};
 
 // Whether a command that changes a transfer changes its other half too.
 enum class OtherHalf { Changed, Unchanged };

@@ -1,33 +1,31 @@
 #include "app/exchange/export_commands.h"
 
+#include <functional>
+#include <span>
 #include <string>
+#include <utility>
+#include <vector>
 
 #include "app/controller.h"
 #include "console/all_commands.h"
 #include "console/command_error.h"
 #include "console/console.h"
-#include "console/console_panels.h"
 #include "console/exchange_options.h"
 #include "console/lookup.h"
 #include "console/printer.h"
+#include "console/register_listing.h"
+#include "console/written_file.h"
+#include "exchange/register_export.h"
 #include "model/account.h"
 
 namespace tallyfold::console {
 namespace {
 
-// Runs an operation that asks for a file, and answers its panel.
-void WriteFile(Console& console, const std::string& typed_path, std::function<void()> choose,
+void WriteFile(Console& console, const std::string& path, std::function<void()> choose,
                WriteResult (ExportCommands::*operation)()) {
-  const std::string path = AbsolutePath(console.files, typed_path);
-  if (console.files.IsFolder(path)) throw CommandError(path + " is a folder");
   static_cast<void>(SelectedAccount(console));
-  console.panels.Expect(path, std::move(choose));
-  const WriteResult result = (console.controller.exports().*operation)();
-  if (const std::string problem = console.panels.TakeProblem(); !problem.empty()) {
-    throw CommandError(problem);
-  }
-  if (result != WriteResult::Written) throw CommandError(path + " could not be written");
-  console.printer.Confirm("Written to " + path + ".");
+  WriteToFile(console, path, std::move(choose),
+              [operation](tallyfold::ExportCommands& exports) { return (exports.*operation)(); });
 }
 
 std::int32_t QifScope(const Console& console, const std::string& word) {
@@ -76,6 +74,27 @@ void ExportText(Console& console, const Arguments& arguments) {
   WriteFile(console, arguments.WordAt(0), choose, &ExportCommands::ExportText);
 }
 
+// To the file that is named, else to standard output.
+void ExportRows(Console& console, const Arguments& arguments,
+                std::string (*write)(std::span<const ExportedRow>), const std::string& name) {
+  const RegisterListing listing = ListRegister(console, arguments);
+  std::vector<ExportedRow> rows;
+  rows.reserve(listing.rows.size());
+  for (const auto& [account, entry] : listing.rows) rows.push_back({account, entry});
+  const std::string text = write(rows);
+  if (arguments.WordCount() == 0) return console.printer.ShowFile(text);
+  WriteToFile(console, arguments.WordAt(0), nullptr,
+              [&](tallyfold::ExportCommands& exports) { return exports.ExportMade(text, name); });
+}
+
+void ExportCsv(Console& console, const Arguments& arguments) {
+  ExportRows(console, arguments, RowsAsCsv, "register.csv");
+}
+
+void ExportJson(Console& console, const Arguments& arguments) {
+  ExportRows(console, arguments, RowsAsJson, "register.json");
+}
+
 void SaveAs(Console& console, const Arguments& arguments) {
   WriteFile(console, arguments.WordAt(0), nullptr, &ExportCommands::SaveAs);
 }
@@ -95,37 +114,60 @@ constexpr Option kTextOptions[] = {
     {.name = "encoding", .value = "NAME", .help = "of the text, such as UTF-8 or its number, 4"},
 };
 
-constexpr Command kExportCommands[] = {
-    {.name = "export qif",
-     .words = "PATH",
-     .least_words = 1,
-     .most_words = 1,
-     .options = kQifOptions,
-     .help = "writes entries for other programs; what is not said is as it was the last time",
-     .example = "export qif ~/checking.qif scope=shown format=DD/MM/YYYY",
-     .run = ExportQif},
-    {.name = "export text",
-     .words = "PATH",
-     .least_words = 1,
-     .most_words = 1,
-     .options = kTextOptions,
-     .help = "writes the selected account as a table of tabs; the rest as the last time",
-     .example = "export text ~/checking.txt scope=all",
-     .run = ExportText},
-    {.name = "saveas",
-     .words = "PATH",
-     .least_words = 1,
-     .most_words = 1,
-     .help = "writes the accounts to another file; asks before it replaces one (see answer)",
-     .example = "saveas \"~/Documents/Accounts 2026.plist\"",
-     .run = SaveAs,
-     .writes_own_files = true},
-};
+// Tables of options live elsewhere, so this one is made when it is first asked for.
+const std::vector<Command>& TableOfExportCommands() {
+  static const std::vector<Command> kExportCommands = {
+      {.name = "export qif",
+       .words = "PATH",
+       .least_words = 1,
+       .most_words = 1,
+       .options = kQifOptions,
+       .help = "writes entries for other programs; what is not said is as it was the last time",
+       .example = "export qif ~/checking.qif scope=shown format=DD/MM/YYYY",
+       .answers = "of a file that is there: OK (leave it), Overwrite",
+       .run = ExportQif},
+      {.name = "export text",
+       .words = "PATH",
+       .least_words = 1,
+       .most_words = 1,
+       .options = kTextOptions,
+       .help = "writes the selected account as a table of tabs; the rest as the last time",
+       .example = "export text ~/checking.txt scope=all",
+       .answers = "of a file that is there: OK (leave it), Overwrite",
+       .run = ExportText},
+      {.name = "export csv",
+       .words = "[PATH]",
+       .most_words = 1,
+       .options = ListingOptions(),
+       .help = "writes the rows that register shows as comma-separated values, to a file or here",
+       .example = "export csv ~/march.csv from=2026-03-01 to=2026-03-31",
+       .answers = "of a file that is there: OK (leave it), Overwrite",
+       .run = ExportCsv},
+      {.name = "export json",
+       .words = "[PATH]",
+       .most_words = 1,
+       .options = ListingOptions(),
+       .help = "writes the rows that register shows as JSON, with the lines of splits",
+       .example = "export json ~/all.json all-accounts=yes",
+       .answers = "of a file that is there: OK (leave it), Overwrite",
+       .run = ExportJson},
+      {.name = "saveas",
+       .words = "PATH",
+       .least_words = 1,
+       .most_words = 1,
+       .help = "writes the accounts to another file; asks before it replaces one (see answer)",
+       .example = "saveas \"~/Documents/Accounts 2026.plist\"",
+       .answers = "of a file that is there: OK (leave it), Overwrite",
+       .run = SaveAs,
+       .writes_own_files = true},
+  };
+  return kExportCommands;
+}
 
 }  // namespace
 
 std::span<const Command> ExportCommands() {
-  return kExportCommands;
+  return TableOfExportCommands();
 }
 
 }  // namespace tallyfold::console

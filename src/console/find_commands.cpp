@@ -14,46 +14,23 @@
 #include "console/entry_table.h"
 #include "console/lookup.h"
 #include "console/printer.h"
-#include "console/register_order.h"
 #include "console/table.h"
 #include "console/values.h"
 #include "model/account.h"
-#include "registers/register_rows.h"
 
 namespace tallyfold::console {
 namespace {
-
-void AddFoundIn(Table& table, const Console& console, const std::shared_ptr<LDGRAccount>& account,
-                EntryList entries) {
-  RegisterRows rows;
-  rows.SetAccount(account);
-  rows.SetEntries(std::move(entries));
-  const EntryNames names(InOrderOf(account->GetEntries(), console.register_order));
-  for (std::size_t row = 0; row < rows.Entries().size(); ++row) {
-    std::vector<std::string> cells =
-        RegisterCells(rows, row, names.NameOf(rows.Entries()[row].get()),
-                      console.controller.desk().preferences());
-    cells.insert(cells.begin(), account->GetName());
-    table.Add(std::move(cells));
-  }
-}
 
 void Find(Console& console, const Arguments& arguments) {
   auto& find = console.controller.entryFind();
   find.Find(arguments.WordAt(0));
   if (find.State().text.empty()) throw CommandError("find: expected a text that is not empty");
-  std::vector<Column> columns = RegisterColumns();
-  columns.insert(columns.begin(), {"account"});
-  Table table(std::move(columns));
-  const std::vector<FoundEntry>& found = find.State().rows;
-  for (std::size_t first = 0; first < found.size();) {
-    EntryList entries;
-    std::size_t end = first;
-    for (; end < found.size() && found[end].account == found[first].account; ++end) {
-      entries.push_back(found[end].entry);
-    }
-    AddFoundIn(table, console, found[first].account, std::move(entries));
-    first = end;
+  Table table(RegisterColumnsWithAccount());
+  EntryRows rows(console);
+  for (const FoundEntry& found : find.State().rows) {
+    std::vector<std::string> cells = rows.CellsOf(found.account, found.entry);
+    cells.insert(cells.begin(), found.account->GetName());
+    table.Add(std::move(cells));
   }
   console.printer.Show(table);
   if (const std::size_t locked = find.State().locked; locked > 0) {

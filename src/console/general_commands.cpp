@@ -81,8 +81,25 @@ void ExplainCommand(Console& console, const Command& command) {
         {std::string(option.name) + '=' + std::string(option.value),
          std::string(option.help) + (option.is_repeatable ? " (may be given several times)" : "")});
   }
+  if (!command.answers.empty()) table.Add({"answers", std::string(command.answers)});
   table.Add({"example", std::string(command.example)});
   console.printer.Show(table);
+}
+
+// What `answer` may be given before.
+void ListAnswers(const Console& console) {
+  Table table({{"command"}, {"answers"}});
+  for (const Subject& subject : console.subjects) {
+    for (const Command& command : subject.commands) {
+      if (command.answers.empty()) continue;
+      table.Add({std::string(command.name), std::string(command.answers)});
+    }
+  }
+  console.printer.Show(table);
+}
+
+void Answer(Console& console, const Arguments& arguments) {
+  console.questions.AddAnswer(arguments.WordAt(0));
 }
 
 void Help(Console& console, const Arguments& arguments) {
@@ -100,10 +117,7 @@ void Help(Console& console, const Arguments& arguments) {
     throw CommandError(UnknownCommand(console.subjects, asked));
   }
   ExplainCommand(console, *found.command);
-}
-
-void Answer(Console& console, const Arguments& arguments) {
-  console.questions.AddAnswer(arguments.WordAt(0));
+  if (found.command->run == Answer) ListAnswers(console);
 }
 
 void ShowLog(Console& console, const Arguments& /*arguments*/) {

@@ -10,7 +10,6 @@
 #include "console/entry_table.h"
 #include "console/lookup.h"
 #include "console/printer.h"
-#include "console/register_order.h"
 #include "console/table.h"
 #include "console/values.h"
 #include "model/account.h"
@@ -59,9 +58,9 @@ void ListCandidates(Console& console, const Arguments& arguments) {
                {"to/from"},
                {"amount", Column::Align::Right},
                {"days", Column::Align::Right}});
+  EntryRows rows(console);
   for (const TransferPair& pair : console.controller.transferLinking().Candidates()) {
-    table.Add({pair.other_account->GetName(),
-               NameOfEntry(*pair.other_account, console.register_order, *pair.other),
+    table.Add({pair.other_account->GetName(), rows.NameOf(*pair.other_account, *pair.other),
                WriteDate(pair.other->GetDate()), pair.other->GetDescription(),
                pair.other->GetToFrom(), WriteAmount(pair.other->GetAmount()),
                WriteNumber(DaysBetween(pair))});

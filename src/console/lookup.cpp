@@ -5,11 +5,13 @@
 #include <cstddef>
 #include <optional>
 #include <system_error>
+#include <unordered_set>
 #include <utility>
 #include <vector>
 
 #include "app/controller.h"
 #include "app/desk.h"
+#include "app/views/registers.h"
 #include "console/command.h"
 #include "console/command_error.h"
 #include "console/register_order.h"
@@ -72,6 +74,79 @@ std::shared_ptr<LDGRAccountEntry> OnlyOneNumbered(const LDGRAccount& account,
   return alike.size() == 1 ? alike.front() : nullptr;
 }
 
+// What words name, gathered word by word. Rows are sorted once, where a word counts them.
+class EntriesOfWords {
+ public:
+  EntriesOfWords(const Console& console, std::shared_ptr<LDGRAccount> account)
+      : console_(console), account_(std::move(account)) {}
+
+  void Add(std::string_view word) {
+    if (word == "shown") return AddShown();
+    if (const auto entry = OnlyOneNumbered(*account_, word)) return Add(entry);
+    // A minus in front is that of a number.
+    const std::size_t dash = word.find('-', 1);
+    if (dash == std::string_view::npos) return Add(Named(Rows(), word, "an entry"));
+    if (word.starts_with('#')) {
+      AddRows(word, dash);
+    } else {
+      AddNumbers(word, dash);
+    }
+  }
+
+  EntryList Take() { return std::move(entries_); }
+
+ private:
+  [[noreturn]] static void Refuse(std::string_view word) {
+    throw CommandError("expected a range such as 20-24 or #3-#7, not " + Quoted(word));
+  }
+
+  const EntryList& Rows() {
+    if (!rows_) rows_ = RowsInWindow(console_, *account_);
+    return *rows_;
+  }
+
+  void Add(const std::shared_ptr<LDGRAccountEntry>& entry) {
+    if (known_.insert(entry.get()).second) entries_.push_back(entry);
+  }
+
+  void AddShown() {
+    const EntryList& shown = console_.controller.registers().Current().GetEntries();
+    if (shown.empty()) throw CommandError("the register shows no entries; see 'filter'");
+    for (const auto& entry : shown) Add(entry);
+  }
+
+  void AddRows(std::string_view word, std::size_t dash) {
+    const bool has_hash = word.substr(dash + 1).starts_with('#');
+    const auto first = NumberOf<std::size_t>(word.substr(1, dash - 1));
+    const auto last = NumberOf<std::size_t>(word.substr(dash + (has_hash ? 2 : 1)));
+    if (!first || !last || *first < 1 || *first > *last) Refuse(word);
+    if (*last > Rows().size()) {
+      throw CommandError("there is no row #" + std::to_string(*last) + "; there are " +
+                         std::to_string(Rows().size()));
+    }
+    for (std::size_t row = *first - 1; row < *last; ++row) Add(Rows()[row]);
+  }
+
+  void AddNumbers(std::string_view word, std::size_t dash) {
+    const auto first = NumberOf<std::int32_t>(word.substr(0, dash));
+    const auto last = NumberOf<std::int32_t>(word.substr(dash + 1));
+    if (!first || !last || *first > *last) Refuse(word);
+    bool is_any = false;
+    for (const auto& entry : account_->GetEntries()) {
+      if (entry->GetNumber() < *first || entry->GetNumber() > *last) continue;
+      Add(entry);
+      is_any = true;
+    }
+    if (!is_any) throw CommandError("there is no entry in " + std::string(word));
+  }
+
+  const Console& console_;
+  const std::shared_ptr<LDGRAccount> account_;
+  std::optional<EntryList> rows_;
+  EntryList entries_;
+  std::unordered_set<const LDGRAccountEntry*> known_;
+};
+
 }  // namespace
 
 std::shared_ptr<LDGRAccount> SelectedAccount(const Console& console) {
@@ -113,29 +188,25 @@ std::shared_ptr<LDGRAccountEntry> EntryNamed(const Console& console, std::string
 std::shared_ptr<LDGRAccountEntry> EntryNamed(const Console& console, const LDGRAccount& account,
                                              std::string_view word) {
   if (auto entry = OnlyOneNumbered(account, word)) return entry;
-  return Named(InOrderOf(account.GetEntries(), console.register_order), word, "an entry");
+  return Named(RowsInWindow(console, account), word, "an entry");
 }
 
 EntryList AllEntriesNamed(const Console& console, const Arguments& arguments) {
-  const auto account = SelectedAccount(console);
-  std::optional<EntryList> rows;
-  EntryList entries;
-  for (std::size_t i = 0; i < arguments.WordCount(); ++i) {
-    const std::string_view word = arguments.WordAt(i);
-    auto entry = OnlyOneNumbered(*account, word);
-    if (entry == nullptr) {
-      if (!rows) rows = InOrderOf(account->GetEntries(), console.register_order);
-      entry = Named(*rows, word, "an entry");
-    }
-    entries.push_back(std::move(entry));
-  }
-  return entries;
+  EntriesOfWords entries(console, SelectedAccount(console));
+  for (std::size_t i = 0; i < arguments.WordCount(); ++i) entries.Add(arguments.WordAt(i));
+  return entries.Take();
 }
 
 std::shared_ptr<LDGRAccountEntry> SelectEntryNamed(const Console& console, std::string_view word) {
   auto entry = EntryNamed(console, word);
+  SelectShownEntry(console, entry, word);
+  return entry;
+}
+
+void SelectShownEntry(const Console& console, const std::shared_ptr<LDGRAccountEntry>& entry,
+                      std::string_view word) {
   console.controller.desk().SelectEntry(entry);
-  if (console.controller.desk().SelectedEntry() == entry) return entry;
+  if (console.controller.desk().SelectedEntry() == entry) return;
   throw CommandError("the filter in force hides entry " + std::string(word) + "; see 'filter'");
 }
 

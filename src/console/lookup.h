@@ -33,11 +33,15 @@ class Arguments;
 [[nodiscard]] std::shared_ptr<LDGRAccountEntry> EntryNamed(const Console& console,
                                                            const LDGRAccount& account,
                                                            std::string_view word);
-// Those that all the words of a command name.
+// Those that all the words of a command name, each once. Beside the words above, "20-24" names
+// those whose numbers lie in between, "#3-#7" those rows, and "shown" every row of the current
+// register.
 [[nodiscard]] EntryList AllEntriesNamed(const Console& console, const Arguments& arguments);
 // An entry of the selected account, which is then the selected one of the current register; one
 // that the filter in force hides cannot be.
 std::shared_ptr<LDGRAccountEntry> SelectEntryNamed(const Console& console, std::string_view word);
+void SelectShownEntry(const Console& console, const std::shared_ptr<LDGRAccountEntry>& entry,
+                      std::string_view word);
 // A schedule of the selected account, by its number or by "#3" in the order of the list.
 [[nodiscard]] std::shared_ptr<LDGRAccountSchedule> ScheduleNamed(const Console& console,
                                                                  std::string_view word);
@@ -45,7 +49,7 @@ std::shared_ptr<LDGRAccountEntry> SelectEntryNamed(const Console& console, std::
 // What EntryNamed takes for the entries of a list: the number where it is unique, else "#3".
 class EntryNames {
  public:
-  // All entries of an account, in the order of the register.
+  // All entries of an account, in the order of the window (see RowsInWindow).
   explicit EntryNames(const EntryList& rows);
   // Of one of them.
   [[nodiscard]] std::string NameOf(const LDGRAccountEntry* entry) const;

@@ -3,6 +3,7 @@
 #include <memory>
 #include <string>
 #include <string_view>
+#include <unordered_map>
 #include <utility>
 #include <vector>
 
@@ -120,13 +121,18 @@ void Sum(Console& console, const Arguments& arguments) {
 void Copy(Console& console, const Arguments& arguments) {
   const auto& shown = console.controller.registers().Current();
   std::vector<std::size_t> rows;
-  for (std::size_t i = 0; i < arguments.WordCount(); ++i) {
-    const auto row = shown.EntryToRow(EntryNamed(console, arguments.WordAt(i)).get());
-    if (!row) {
-      throw CommandError("the filter in force hides entry " + arguments.WordAt(i) +
+  const EntryList entries = AllEntriesNamed(console, arguments);
+  std::unordered_map<const LDGRAccountEntry*, std::size_t> places;
+  for (std::size_t row = 0; row < shown.GetEntries().size(); ++row) {
+    places.emplace(shown.GetEntries()[row].get(), row);
+  }
+  for (const auto& entry : entries) {
+    const auto place = places.find(entry.get());
+    if (place == places.end()) {
+      throw CommandError("the filter in force hides entry " + WriteNumber(entry->GetNumber()) +
                          "; see 'filter'");
     }
-    rows.push_back(static_cast<std::size_t>(*row));
+    rows.push_back(place->second);
   }
   console.printer.ShowText(RowsAsText(shown, shown.VisibleTableColumns(), rows));
 }
@@ -155,7 +161,7 @@ constexpr Command kOrderCommands[] = {
      .example = "kind 12 deposit",
      .run = ChangeKind},
     {.name = "move",
-     .words = "ENTRY...",
+     .words = "ENTRY...|FIRST-LAST|shown",
      .least_words = 1,
      .most_words = 100,
      .options = kMoveOptions,
@@ -163,7 +169,7 @@ constexpr Command kOrderCommands[] = {
      .example = "move 12 14 account=Savings",
      .run = Move},
     {.name = "retype",
-     .words = "ENTRY...",
+     .words = "ENTRY...|FIRST-LAST|shown",
      .least_words = 1,
      .most_words = 100,
      .options = kTypeOptions,
@@ -171,14 +177,14 @@ constexpr Command kOrderCommands[] = {
      .example = "retype 12 14 type=Groceries",
      .run = SetType},
     {.name = "sum",
-     .words = "ENTRY...",
+     .words = "ENTRY...|FIRST-LAST|shown",
      .least_words = 1,
      .most_words = 100,
      .help = "adds up entries",
      .example = "sum 12 14 15",
      .run = Sum},
     {.name = "copy",
-     .words = "ENTRY...",
+     .words = "ENTRY...|FIRST-LAST|shown",
      .least_words = 1,
      .most_words = 100,
      .help = "writes rows of the window's register as it shows them, with tabs between the columns",

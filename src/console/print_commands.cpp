@@ -10,6 +10,7 @@
 #include "console/lookup.h"
 #include "console/printer.h"
 #include "console/values.h"
+#include "console/written_file.h"
 #include "model/account.h"
 #include "printing/plain_text.h"
 
@@ -79,9 +80,19 @@ void Print(Console& console, const Arguments& arguments) {
     case Pages::Problem::None:
       break;
   }
-  for (std::size_t i = 0; i < pages->Count(); ++i) {
-    console.printer.ShowText((i == 0 ? "" : "\f") + PageAsText(pages->PageAt(i)));
+  const auto text_of = [&pages](std::size_t page) {
+    return (page == 0 ? "" : "\f") + PageAsText(pages->PageAt(page));
+  };
+  const auto path = arguments.Text("file");
+  if (!path) {
+    for (std::size_t i = 0; i < pages->Count(); ++i) console.printer.ShowText(text_of(i));
+    return;
   }
+  std::string text;
+  for (std::size_t i = 0; i < pages->Count(); ++i) text += text_of(i);
+  WriteToFile(console, *path, nullptr, [&text, &arguments](tallyfold::ExportCommands& exports) {
+    return exports.ExportMade(text, arguments.WordAt(0) + ".txt");
+  });
 }
 
 constexpr Option kPrintOptions[] = {
@@ -89,6 +100,7 @@ constexpr Option kPrintOptions[] = {
     {.name = "length", .value = "NUMBER", .help = "lines on a page (60, or 45 in landscape)"},
     {.name = "splits", .value = "yes|no", .help = "with the lines of splits (no)"},
     {.name = "notes", .value = "yes|no", .help = "with the notes (no)"},
+    {.name = "file", .value = "PATH", .help = "writes them to a file instead of showing them"},
 };
 
 constexpr Command kPrintCommands[] = {
@@ -99,6 +111,7 @@ constexpr Command kPrintCommands[] = {
      .options = kPrintOptions,
      .help = "prints pages as plain text, with a form feed between them",
      .example = "print register landscape splits=yes",
+     .answers = "of a file that is there: OK (leave it), Overwrite",
      .run = Print},
 };
 

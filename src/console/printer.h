@@ -15,6 +15,8 @@ class Printer {
   void Show(const Table& table);
   // Lines that are finished.
   void ShowText(std::string_view lines);
+  // The bytes of a file; a person sees its lines.
+  void ShowFile(std::string_view text);
   // A line that tells a person what has been done. Programs do without.
   void Confirm(std::string_view text);
   // A line beside the answer, on standard error.

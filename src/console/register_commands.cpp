@@ -1,4 +1,8 @@
 #include <memory>
+#include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
 
 #include "app/controller.h"
 #include "app/desk.h"
@@ -10,48 +14,40 @@
 #include "console/entry_table.h"
 #include "console/lookup.h"
 #include "console/printer.h"
+#include "console/register_listing.h"
 #include "console/register_order.h"
 #include "console/table.h"
 #include "console/values.h"
 #include "model/account.h"
 #include "model/entry_split.h"
 #include "registers/account_table_view_data.h"
-#include "registers/register_rows.h"
 #include "storage/account_preferences.h"
 
 namespace tallyfold::console {
 namespace {
 
-// The order that was asked for, else that of the window.
-RegisterOrder OrderToShow(const Arguments& arguments, const RegisterRows& in_window) {
-  RegisterOrder order = in_window.Order().value_or(RegisterOrder());
-  if (const auto column = arguments.Text("sort")) order = {ReadSortKey(*column), false};
-  if (const auto descending = arguments.YesNo("descending")) order.descending = *descending;
-  return order;
-}
-
 void ShowRegister(Console& console, const Arguments& arguments) {
-  const auto account = SelectedAccount(console);
-  RegisterRows rows = console.controller.registers().Current().Rows();
-  const RegisterOrder order = OrderToShow(arguments, rows);
-  if (order != rows.Order()) rows.Sort(order);
-  console.register_order = order;
-
-  // Rows keep their names under a filter, so that "#3" means the same entry with and without it.
-  const EntryNames names(InOrderOf(account->GetEntries(), order));
-  Table table(RegisterColumns());
-  const std::size_t count = rows.Entries().size();
-  for (std::size_t row = 0; row < count; ++row) {
-    table.Add(RegisterCells(rows, row, names.NameOf(rows.Entries()[row].get()),
-                            console.controller.desk().preferences()));
+  const RegisterListing listing = ListRegister(console, arguments);
+  Table table(listing.is_of_all_accounts ? RegisterColumnsWithAccount() : RegisterColumns());
+  EntryRows rows(console);
+  double sum = 0.0;
+  for (const auto& [account, entry] : listing.rows) {
+    std::vector<std::string> cells = rows.CellsOf(account, entry);
+    if (listing.is_of_all_accounts) cells.insert(cells.begin(), account->GetName());
+    table.Add(std::move(cells));
+    sum += entry->GetAmount();
   }
   console.printer.Show(table);
-  if (count != account->GetEntries().size()) {
+  if (listing.is_part) {
     Table figures({{"entries", Column::Align::Right}, {"sum", Column::Align::Right}});
-    figures.Add({WriteNumber(static_cast<std::int64_t>(count)), WriteAmount(rows.Total())});
+    figures.Add({WriteNumber(static_cast<std::int64_t>(listing.rows.size())), WriteAmount(sum)});
     console.printer.Show(figures);
   }
-  if (count == 0) {
+  if (listing.locked > 0) {
+    console.printer.Note("left out, because they are locked: " +
+                         WriteNumber(static_cast<std::int64_t>(listing.locked)));
+  }
+  if (!listing.is_of_all_accounts && listing.rows.empty()) {
     const std::string hidden = console.controller.shownEntries().State().hidden_text;
     if (!hidden.empty()) console.printer.Note(hidden);
   }
@@ -152,7 +148,8 @@ void Sort(Console& console, const Arguments& arguments) {
   static_cast<void>(SelectedAccount(console));
   const std::string column = ColumnNamed(arguments.WordAt(0));
   if (!SortKeyOfColumn(column)) throw CommandError("sort: " + column + " cannot be sorted by");
-  console.controller.registers().Current().ClickedTableColumn(column);
+  auto& shown = console.controller.registers().Current();
+  shown.OrderBy(column, arguments.YesNo("descending").value_or(!shown.SortsDescending()));
   ShowColumns(console);
 }
 
@@ -160,64 +157,69 @@ void SelectEntry(Console& console, const Arguments& arguments) {
   SelectEntryNamed(console, arguments.WordAt(0));
 }
 
-constexpr Option kRegisterOptions[] = {
-    {.name = "sort", .value = "COLUMN", .help = kRegisterColumns},
-    {.name = "descending", .value = "yes|no", .help = "the other way round"},
+constexpr Option kSortOptions[] = {
+    {.name = "descending", .value = "yes|no", .help = "which way; else the other way than before"},
 };
 
-constexpr Command kRegisterCommands[] = {
-    {.name = "register",
-     .options = kRegisterOptions,
-     .help = "shows what the filter passes, with running balances, in the order of the window",
-     .example = "register sort=amount descending=yes",
-     .run = ShowRegister,
-     .works_in_review = true},
-    {.name = "show",
-     .words = "ENTRY",
-     .least_words = 1,
-     .most_words = 1,
-     .help = "shows all of one entry: notes, split, the other half of a transfer",
-     .example = "show 12",
-     .run = ShowEntry,
-     .works_in_review = true},
-    {.name = "select entry",
-     .words = "ENTRY",
-     .least_words = 1,
-     .most_words = 1,
-     .help = "selects a row of the register",
-     .example = "select entry 12",
-     .run = SelectEntry},
-    {.name = "sort",
-     .words = "COLUMN",
-     .least_words = 1,
-     .most_words = 1,
-     .help = "turns the window's register over by a column, as a click on its head does",
-     .example = "sort amount",
-     .run = Sort},
-    {.name = "columns",
-     .help = "lists the columns that the window's register shows, in their order",
-     .example = "columns",
-     .run = ListColumns},
-    {.name = "column hide",
-     .words = "COLUMN",
-     .least_words = 1,
-     .most_words = 1,
-     .help = "hides a column of the window's register",
-     .example = "column hide cleared",
-     .run = HideColumn},
-    {.name = "column show",
-     .words = "COLUMN",
-     .least_words = 1,
-     .most_words = 1,
-     .help = "shows a hidden column again",
-     .example = "column show cleared",
-     .run = ShowColumn},
-};
+// Tables of options live elsewhere, so this one is made when it is first asked for.
+const std::vector<Command>& TableOfRegisterCommands() {
+  static const std::vector<Command> kRegisterCommands = {
+      {.name = "register",
+       .options = ListingOptions(),
+       .help = "shows what the filter passes, with running balances, in the order of the window; a "
+               "column to sort by stays in force there",
+       .example = "register from=2026-01-01 last=20",
+       .run = ShowRegister,
+       .works_in_review = true},
+      {.name = "show",
+       .words = "ENTRY",
+       .least_words = 1,
+       .most_words = 1,
+       .help = "shows all of one entry: notes, split, the other half of a transfer",
+       .example = "show 12",
+       .run = ShowEntry,
+       .works_in_review = true},
+      {.name = "select entry",
+       .words = "ENTRY",
+       .least_words = 1,
+       .most_words = 1,
+       .help = "selects a row of the register",
+       .example = "select entry 12",
+       .run = SelectEntry},
+      {.name = "sort",
+       .words = "COLUMN",
+       .least_words = 1,
+       .most_words = 1,
+       .options = kSortOptions,
+       .help = "turns the window's register over by a column, as a click on its head does",
+       .example = "sort amount",
+       .run = Sort},
+      {.name = "columns",
+       .help = "lists the columns that the window's register shows, in their order",
+       .example = "columns",
+       .run = ListColumns},
+      {.name = "column hide",
+       .words = "COLUMN",
+       .least_words = 1,
+       .most_words = 1,
+       .help = "hides a column of the window's register",
+       .example = "column hide cleared",
+       .run = HideColumn},
+      {.name = "column show",
+       .words = "COLUMN",
+       .least_words = 1,
+       .most_words = 1,
+       .help = "shows a hidden column again",
+       .example = "column show cleared",
+       .run = ShowColumn},
+  };
+  return kRegisterCommands;
+}
 
 }  // namespace
 
 std::span<const Command> RegisterCommands() {
-  return kRegisterCommands;
+  return TableOfRegisterCommands();
 }
 
 }  // namespace tallyfold::console

@@ -1,11 +1,18 @@
 #include "console/register_order.h"
 
+#include <algorithm>
 #include <string>
-#include <utility>
 
+#include "app/controller.h"
+#include "app/desk.h"
+#include "app/views/registers.h"
 #include "console/command_error.h"
 #include "console/words.h"
+#include "model/account.h"
+#include "registers/account_table_view_data.h"
 #include "registers/register_rows.h"
+#include "storage/account_preferences.h"
+#include "storage/preferences.h"
 
 namespace tallyfold::console {
 
@@ -20,10 +27,26 @@ std::string_view ColumnIdentifier(std::string_view word) noexcept {
   return word == "to/from" ? "toFrom" : word;
 }
 
-EntryList InOrderOf(EntryList entries, const RegisterOrder& order) {
+RegisterOrder OrderInWindow(const Console& console, const LDGRAccount& account) {
+  const auto& shown = console.controller.registers().Current();
+  if (shown.GetAccount().get() == &account) return shown.Rows().Order().value_or(RegisterOrder());
+  const auto& views = console.controller.desk().preferences().GetAccountPreferences();
+  const auto view = std::ranges::find_if(views, [&account](const auto& each) {
+    return each->GetAccountNumber() == account.GetNumber();
+  });
+  RegisterOrder order;
+  if (view == views.end()) return order;
+  const std::string& table = shown.GetTableIdentifier();
+  const auto key = SortKeyOfColumn((*view)->GetSelectedColumnIdentifierForTableIdentifier(table));
+  if (key) order.key = key;
+  order.descending = (*view)->GetSortDescendingForTableIdentifier(table);
+  return order;
+}
+
+EntryList RowsInWindow(const Console& console, const LDGRAccount& account) {
   RegisterRows rows;
-  rows.SetEntries(std::move(entries));
-  rows.Sort(order);
+  rows.SetEntries(account.GetEntries());
+  rows.Sort(OrderInWindow(console, account));
   return rows.Entries();
 }
 

@@ -1,16 +1,22 @@
 #pragma once
 
+#include <memory>
 #include <optional>
 #include <string_view>
 
+#include "console/console.h"
 #include "model/account_entry.h"
 #include "registers/register_order.h"
+
+namespace tallyfold {
+class LDGRAccount;
+}
 
 namespace tallyfold::console {
 
 // What the register can be printed by, separated by blanks, for help.
 inline constexpr std::string_view kRegisterColumns =
-    "number date check type description to/from amount cleared";
+    "date check type description to/from amount cleared number";
 
 // The key of "number" (none) or of a column by its identifier or its printed name. Throws
 // CommandError for any other word.
@@ -20,7 +26,10 @@ inline constexpr std::string_view kRegisterColumns =
 // identifier already.
 [[nodiscard]] std::string_view ColumnIdentifier(std::string_view word) noexcept;
 
-// Sorted stably.
-[[nodiscard]] EntryList InOrderOf(EntryList entries, const RegisterOrder& order);
+// The order that the window has for an account's register: of the selected account the one it shows
+// now, of any other the one that is stored for it.
+[[nodiscard]] RegisterOrder OrderInWindow(const Console& console, const LDGRAccount& account);
+// All entries of the account in that order, which is what "#3" counts in.
+[[nodiscard]] EntryList RowsInWindow(const Console& console, const LDGRAccount& account);
 
 }  // namespace tallyfold::console

@@ -1,5 +1,6 @@
 #include <algorithm>
 #include <cstddef>
+#include <cstdint>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -74,11 +75,15 @@ void Remind(Console& console, const Arguments& /*arguments*/) {
   Show(console);
 }
 
-std::size_t RowNamed(const ScheduleReminderState& state, std::string_view word) {
+NumberRange RowsNamed(const ScheduleReminderState& state, std::string_view word) {
   if (state.rows.empty()) throw CommandError("there is nothing in the reminder");
-  return static_cast<std::size_t>(
-             ReadNumber(word, "row", 1, static_cast<std::int32_t>(state.rows.size()))) -
-         1;
+  return ReadNumberRange(word, "row", 1, static_cast<std::int32_t>(state.rows.size()));
+}
+
+std::size_t RowNamed(const ScheduleReminderState& state, std::string_view word) {
+  const NumberRange range = RowsNamed(state, word);
+  if (range.first != range.last) throw CommandError("expected one row, not " + Quoted(word));
+  return static_cast<std::size_t>(range.first) - 1;
 }
 
 std::vector<ReminderRow::Typed> TypedRows(const ScheduleReminderState& state) {
@@ -96,7 +101,10 @@ void MarkRows(Console& console, const Arguments& arguments) {
   }
   std::vector<ReminderRow::Typed> typed = TypedRows(state);
   for (std::size_t i = 0; i < arguments.WordCount(); ++i) {
-    typed[RowNamed(state, arguments.WordAt(i))].is_marked = is_marked;
+    const NumberRange range = RowsNamed(state, arguments.WordAt(i));
+    for (std::int32_t row = range.first; row <= range.last; ++row) {
+      typed[static_cast<std::size_t>(row) - 1].is_marked = is_marked;
+    }
   }
   console.controller.reminder().Read(typed);
   Show(console);
@@ -205,12 +213,12 @@ constexpr Command kReminderCommands[] = {
      .run = Remind,
      .needs = Needs::Reminder},
     {.name = "remind mark",
-     .words = "ROW...|all",
+     .words = "ROW...|FIRST-LAST|all",
      .least_words = 1,
      .most_words = 100,
      .options = kReminderMarkOptions,
      .help = "marks rows of the reminder",
-     .example = "remind mark 3",
+     .example = "remind mark 3 5-7",
      .run = MarkRows,
      .needs = Needs::Reminder},
     {.name = "remind edit",

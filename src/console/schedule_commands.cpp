@@ -259,12 +259,25 @@ void CommitDue(Console& console, const Arguments& arguments) {
                      {entries.begin() + static_cast<std::ptrdiff_t>(before), entries.end()});
 }
 
+// False when the user would rather not.
+bool ConfirmSkipping(Console& console, const std::vector<DueOccurrence>& due) {
+  static const std::string kButtons[] = {"OK", "Cancel"};
+  const std::string question = console.controller.scheduleCommit().QuestionBeforeSkipping(due);
+  if (console.questions.Ask(question, "", kButtons, 1) == 0) return true;
+  if (!console.questions.AsksPerson()) {
+    throw CommandError("nothing was skipped; answer OK before the command skips them");
+  }
+  console.printer.Confirm("Nothing was skipped.");
+  return false;
+}
+
 void SkipDue(Console& console, const Arguments& arguments) {
   std::size_t count = 1;
   if (MeansNext(console, arguments)) {
     if (!console.controller.schedules().Schedule_SkipNext()) RefuseNext(arguments);
   } else {
     const auto due = NamedOccurrences(console, arguments);
+    if (arguments.WordAt(0) == "all" && !ConfirmSkipping(console, due)) return;
     if (!console.controller.scheduleCommit().SkipAll(due))
       throw CommandError("nothing was skipped");
     count = due.size();
@@ -326,6 +339,7 @@ const std::vector<Command>& TableOfCommands() {
        .most_words = 1,
        .help = "removes a scheduled entry, after a question (see answer); its entries stay",
        .example = "schedule remove 2",
+       .answers = "OK, Cancel",
        .run = RemoveSchedule},
       {.name = "schedule list",
        .help = "lists the scheduled entries of the selected account as schedule add takes them",
@@ -356,8 +370,9 @@ const std::vector<Command>& TableOfCommands() {
        .least_words = 1,
        .most_words = 1,
        .options = kCommitOptions,
-       .help = "drops due occurrences for good",
+       .help = "drops due occurrences for good; all of them after a question (see answer)",
        .example = "schedule skip 2 date=2026-04-01",
+       .answers = "OK, Cancel",
        .run = SkipDue},
   };
   return commands;

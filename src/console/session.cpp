@@ -76,9 +76,8 @@ Session::Session(const ConsoleServices& services)
                            services.encodings, services.updates}),
       kept_notes_(controller_, printer_),
       due_notice_(controller_, terminal_),
-      console_{controller_, printer_,       questions_,     panels_, host_,
-               log_,        services.files, services.loop,  spoken_, skip_delays_,
-               wait_,       AllSubjects(),  RegisterOrder{}},
+      console_{controller_,    printer_,      questions_, panels_,      host_, log_,
+               services.files, services.loop, spoken_,    skip_delays_, wait_, AllSubjects()},
       history_(services.files),
       aids_(console_, history_, is_launched_) {}
 

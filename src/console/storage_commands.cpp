@@ -105,6 +105,7 @@ constexpr Command kStorageCommands[] = {
      .help = "puts a backup or kept copy in the place of the accounts, which are kept, after a "
              "question",
      .example = "backup restore Accounts_3_2_2026_1.0.0",
+     .answers = "Cancel, Restore",
      .run = Restore,
      .writes_own_files = true},
     {.name = "backup now",
@@ -119,6 +120,7 @@ constexpr Command kStorageCommands[] = {
      .help = "puts any accounts file or backup in the place of the accounts, which are kept, after "
              "a question",
      .example = "backup restore-file ~/old/Accounts.plist",
+     .answers = "Cancel, Restore",
      .run = RestoreFile,
      .writes_own_files = true},
 };

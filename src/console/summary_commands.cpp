@@ -1,15 +1,12 @@
 #include <algorithm>
-#include <charconv>
 #include <cmath>
 #include <optional>
 #include <string>
-#include <system_error>
 #include <utility>
 #include <vector>
 
 #include "app/controller.h"
 #include "app/face/blank_text.h"
-#include "app/views/account_summary_sheet.h"
 #include "app/views/account_summary_tab.h"
 #include "console/all_commands.h"
 #include "console/command_error.h"
@@ -17,6 +14,8 @@
 #include "console/entry_table.h"
 #include "console/lookup.h"
 #include "console/printer.h"
+#include "console/summary_lookup.h"
+#include "console/summary_options.h"
 #include "console/table.h"
 #include "console/values.h"
 #include "console/words.h"
@@ -30,71 +29,9 @@ namespace tallyfold::console {
 namespace {
 
 namespace choices = summary_choices;
-using Typed = AccountSummarySheetState::Typed;
 
 // How dates are written here, also in titles.
 constexpr std::string_view kDateFormat = "%Y-%m-%d";
-
-// --- Naming -------------------------------------------------------------------------------------
-
-std::optional<std::int32_t> WholeNumber(std::string_view text) {
-  std::int32_t number = 0;
-  const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);
-  if (error != std::errc() || end != text.data() + text.size()) return std::nullopt;
-  return number;
-}
-
-// Row of a summary: its number in the list, its exact name, or a name that only one has when case
-// is ignored.
-std::size_t SummaryNamed(const Console& console, std::string_view word) {
-  const AccountSummaryList& rows = console.controller.summaries().State().summaries;
-  if (const auto number = WholeNumber(word)) {
-    if (*number >= 1 && static_cast<std::size_t>(*number) <= rows.size()) {
-      return static_cast<std::size_t>(*number) - 1;
-    }
-  }
-  for (const bool exactly : {true, false}) {
-    std::vector<std::size_t> alike;
-    for (std::size_t row = 0; row < rows.size(); ++row) {
-      const std::string& name = rows[row]->name();
-      if (exactly ? name == word : CompareIgnoringCase(name, word) == 0) alike.push_back(row);
-    }
-    if (alike.size() == 1) return alike.front();
-    if (alike.size() > 1) {
-      throw CommandError(std::to_string(alike.size()) + " summaries are named " + Quoted(word) +
-                         "; use the number");
-    }
-  }
-  throw CommandError("there is no summary " + Quoted(word) + "; summaries lists them");
-}
-
-// Selects the summary that the first word names, if there is one. The summary selected then.
-LDGRAccountSummary& ChosenSummary(Console& console, const Arguments& arguments) {
-  const auto account = SelectedAccount(console);
-  if (arguments.WordCount() > 0) {
-    (void)console.controller.summaries().Select(SummaryNamed(console, arguments.WordAt(0)));
-  }
-  const auto& summary = account->selectedAccountSummary();
-  if (summary == nullptr) throw CommandError("the account has no summary; summary add makes one");
-  return *summary;
-}
-
-// The name of a choice; the number itself where it has none.
-template <typename Choices>
-std::string ChoiceText(const Choices& from, std::int32_t number) {
-  const auto* choice = choices::WithNumber(from, number);
-  return choice != nullptr ? std::string(choice->name) : WriteNumber(number);
-}
-
-template <typename Choices>
-std::int32_t ReadChoice(const Choices& from, std::string_view text, std::string_view what) {
-  std::string names;
-  for (const auto& choice : from) {
-    if (CompareIgnoringCase(choice.name, text) == 0) return choice.number;
-    names += (names.empty() ? "" : ", ") + std::string(choice.name);
-  }
-  throw CommandError(std::string(what) + ": expected one of " + names + ", not " + Quoted(text));
-}
 
 // --- Showing ------------------------------------------------------------------------------------
 
@@ -239,121 +176,6 @@ void ShowEntriesOfLine(Console& console, const Arguments& arguments) {
   ShowChangedEntries(console, account, summaries.ShowEntries(line), OtherHalf::Unchanged);
 }
 
-// --- Options ------------------------------------------------------------------------------------
-
-constexpr SummaryChoice kMarks[] = {
-    {choices::kWithMark, "yes"}, {choices::kWithoutMark, "no"}, {choices::kBoth, "both"}};
-constexpr std::string_view kNoFilter = "none";
-
-// An option that is yes or no, and one of which the entries with a mark, without or both count.
-struct Switch {
-  std::string_view name;
-  bool (LDGRAccountSummary::*get)() const noexcept;
-  bool Typed::*typed;
-};
-constexpr Switch kSwitches[] = {
-    {"debits", &LDGRAccountSummary::showDebits, &Typed::show_debits},
-    {"deposits", &LDGRAccountSummary::showDeposits, &Typed::show_deposits},
-    {"transfers", &LDGRAccountSummary::showTransfers, &Typed::show_transfers},
-    {"types", &LDGRAccountSummary::subtotalTypes, &Typed::subtotal_types},
-    {"descriptions", &LDGRAccountSummary::subtotalDescriptions, &Typed::subtotal_descriptions},
-    {"payees", &LDGRAccountSummary::subtotalToFroms, &Typed::subtotal_to_froms},
-};
-struct MarkOption {
-  std::string_view name;
-  std::int32_t (LDGRAccountSummary::*get)() const noexcept;
-  std::int32_t Typed::*typed;
-};
-constexpr MarkOption kSummaryMarkOptions[] = {
-    {"resolved", &LDGRAccountSummary::showResolved, &Typed::resolved},
-    {"tax", &LDGRAccountSummary::showTaxDeductible, &Typed::tax_deductible},
-    {"checks", &LDGRAccountSummary::showChecks, &Typed::checks},
-};
-
-void ShowOptions(Console& console, const Arguments& arguments) {
-  const LDGRAccountSummary& summary = ChosenSummary(console, arguments);
-  (void)console.controller.summaries().State();
-  Table table({{"option"}, {"value", Column::Align::Left, Column::Long::GoesOn}});
-  table.Add({"name", summary.name()});
-  table.Add({"range", ChoiceText(choices::kDateRanges, summary.dateRangeStyle())});
-  table.Add({"start", WriteDate(summary.startDate())});
-  table.Add({"end", WriteDate(summary.endDate())});
-  table.Add({"periods", ChoiceText(choices::kPeriodStyles, summary.subtotalPeriodStyle())});
-  table.Add({"show", ChoiceText(choices::kShowStyles, summary.showStyle())});
-  for (const Switch& each : kSwitches) {
-    table.Add({std::string(each.name), WriteYesNo((summary.*each.get)())});
-  }
-  for (const MarkOption& each : kSummaryMarkOptions) {
-    table.Add({std::string(each.name), ChoiceText(kMarks, (summary.*each.get)())});
-  }
-  table.Add({"filter", summary.filter() ? ChoiceText(choices::kFilterTypes, summary.filterType())
-                                        : std::string(kNoFilter)});
-  table.Add({"text", std::string(summary.filterData().StringValue())});
-  console.printer.Show(table);
-}
-
-void ReadRange(const Arguments& arguments, Typed& typed) {
-  const auto range = arguments.Text("range");
-  const auto start = arguments.Date("start");
-  const auto end = arguments.Date("end");
-  if (range) typed.date_range = ReadChoice(choices::kDateRanges, *range, "range");
-  if (!start && !end) return;
-  if (range && typed.date_range != choices::kCustom) {
-    throw CommandError("start= and end= are for range=custom");
-  }
-  typed.date_range = choices::kCustom;
-  if (start) typed.start = *start;
-  if (end) typed.end = *end;
-}
-
-void ReadFilter(const Arguments& arguments, Typed& typed) {
-  const auto filter = arguments.Text("filter");
-  const auto text = arguments.Text("text");
-  if (filter) {
-    typed.filter = *filter != kNoFilter;
-    if (typed.filter) {
-      typed.filter_type = ReadChoice(choices::kFilterTypes, *filter, "filter");
-    }
-  } else if (text) {
-    typed.filter = !text->empty();
-  }
-  if (text) typed.filter_text = *text;
-}
-
-// Puts what the arguments say into what is typed into the sheet.
-void ReadOptions(const Arguments& arguments, Typed& typed) {
-  ReadRange(arguments, typed);
-  if (const auto periods = arguments.Text("periods")) {
-    typed.period_style = ReadChoice(choices::kPeriodStyles, *periods, "periods");
-  }
-  if (const auto show = arguments.Text("show")) {
-    typed.show_style = ReadChoice(choices::kShowStyles, *show, "show");
-  }
-  for (const Switch& each : kSwitches) {
-    if (const auto yes = arguments.YesNo(each.name)) typed.*each.typed = *yes;
-  }
-  for (const MarkOption& each : kSummaryMarkOptions) {
-    if (const auto which = arguments.Text(each.name)) {
-      typed.*each.typed = ReadChoice(kMarks, *which, each.name);
-    }
-  }
-  ReadFilter(arguments, typed);
-}
-
-void SetOptions(Console& console, const Arguments& arguments) {
-  // Read once beforehand: a value that will not do must not leave another summary selected.
-  Typed scratch;
-  ReadOptions(arguments, scratch);
-  (void)ChosenSummary(console, arguments);
-  LDGRController& controller = console.controller;
-  if (!controller.summarySheet().Open()) throw CommandError("the summary cannot be changed");
-  Typed typed = controller.summarySheet().State().typed;
-  ReadOptions(arguments, typed);
-  controller.summarySheet().Read(std::move(typed));
-  if (!controller.summarySheet().OK()) throw CommandError("the summary cannot be changed");
-  ShowOptions(console, arguments);
-}
-
 // --- Adding and removing ------------------------------------------------------------------------
 
 void RequireName(const Arguments& arguments) {
@@ -394,96 +216,78 @@ void RemoveSummary(Console& console, const Arguments& arguments) {
   ListSummaries(console, Rows::Selected);
 }
 
-constexpr Option kSetOptions[] = {
-    {.name = "range", .value = "NAME", .help = "such as \"Month To Date\", or custom"},
-    {.name = "start", .value = "DATE", .help = "the first day of a custom range"},
-    {.name = "end", .value = "DATE", .help = "its last day"},
-    {.name = "periods",
-     .value = "NAME",
-     .help = "days, weeks, months, quarters, years or \"whole range\""},
-    {.name = "show", .value = "NAME", .help = "tables, or \"tables and bars\""},
-    {.name = "debits", .value = "yes|no", .help = "whether debits count"},
-    {.name = "deposits", .value = "yes|no", .help = "whether deposits count"},
-    {.name = "transfers", .value = "yes|no", .help = "whether transfers count"},
-    {.name = "types", .value = "yes|no", .help = "whether there are sums by type"},
-    {.name = "descriptions", .value = "yes|no", .help = "whether there are sums by description"},
-    {.name = "payees", .value = "yes|no", .help = "whether there are sums by payee and payer"},
-    {.name = "resolved", .value = "yes|no|both", .help = "which entries count"},
-    {.name = "tax", .value = "yes|no|both", .help = "whether tax-deductible ones count"},
-    {.name = "checks", .value = "yes|no|both", .help = "whether checks count"},
-    {.name = "filter",
-     .value = "NAME|none",
-     .help = "where the text is looked for, such as description"},
-    {.name = "text", .value = "TEXT", .help = "what the entries that count contain"},
-};
-
-constexpr Option kEntriesOptions[] = {
+constexpr Option kEntriesOfLineOptions[] = {
     {.name = "in", .value = "TITLE", .help = "the table of the line, such as \"By To/From\""}};
 
-constexpr Command kSummaryCommands[] = {
-    {.name = "summaries",
-     .help = "lists the summaries of the selected account",
-     .example = "summaries",
-     .run = ListAllSummaries},
-    {.name = "summary",
-     .words = "[NUMBER|NAME]",
-     .most_words = 1,
-     .help = "selects a summary and shows it; alone, shows the selected one",
-     .example = "summary \"All Entries, Year To Date\"",
-     .run = ShowSummary},
-    {.name = "summary entries",
-     .words = "LINE",
-     .least_words = 1,
-     .most_words = 1,
-     .options = kEntriesOptions,
-     .help = "goes to the register and shows there the entries that a line of the selected summary "
-             "counts: a period, Total, or a name",
-     .example = "summary entries Salary",
-     .run = ShowEntriesOfLine},
-    {.name = "summary options",
-     .words = "[NUMBER|NAME]",
-     .most_words = 1,
-     .help = "selects a summary and shows what it counts",
-     .example = "summary options",
-     .run = ShowOptions},
-    {.name = "summary set",
-     .words = "[NUMBER|NAME]",
-     .most_words = 1,
-     .options = kSetOptions,
-     .help = "changes what the selected summary, or the one named, counts and shows",
-     .example = "summary set range=\"Last Quarter\" periods=weeks deposits=no",
-     .run = SetOptions},
-    {.name = "summary add",
-     .words = "[NAME]",
-     .most_words = 1,
-     .help = "adds a summary of this month and selects it",
-     .example = "summary add \"Trip to Rome\"",
-     .run = AddSummary},
-    {.name = "summary duplicate",
-     .words = "[NUMBER|NAME]",
-     .most_words = 1,
-     .help = "copies a summary and selects the copy",
-     .example = "summary duplicate \"Expenses, Year To Date\"",
-     .run = DuplicateSummary},
-    {.name = "summary rename",
-     .words = "NAME",
-     .least_words = 1,
-     .most_words = 1,
-     .help = "gives the selected summary another name",
-     .example = "summary rename Food",
-     .run = RenameSummary},
-    {.name = "summary remove",
-     .words = "[NUMBER|NAME]",
-     .most_words = 1,
-     .help = "removes a summary; the last one stays",
-     .example = "summary remove Food",
-     .run = RemoveSummary},
-};
+// Tables of options live elsewhere, so this one is made when it is first asked for.
+const std::vector<Command>& TableOfSummaryCommands() {
+  static const std::vector<Command> kSummaryCommands = {
+      {.name = "summaries",
+       .help = "lists the summaries of the selected account",
+       .example = "summaries",
+       .run = ListAllSummaries},
+      {.name = "summary",
+       .words = "[NUMBER|NAME]",
+       .most_words = 1,
+       .help = "selects a summary and shows it; alone, shows the selected one",
+       .example = "summary \"All Entries, Year To Date\"",
+       .run = ShowSummary},
+      {.name = "summary entries",
+       .words = "LINE",
+       .least_words = 1,
+       .most_words = 1,
+       .options = kEntriesOfLineOptions,
+       .help =
+           "goes to the register and shows there the entries that a line of the selected summary "
+           "counts: a period, Total, or a name",
+       .example = "summary entries Salary",
+       .run = ShowEntriesOfLine},
+      {.name = "summary options",
+       .words = "[NUMBER|NAME]",
+       .most_words = 1,
+       .help = "selects a summary and shows what it counts",
+       .example = "summary options",
+       .run = ShowSummaryOptions},
+      {.name = "summary set",
+       .words = "[NUMBER|NAME]",
+       .most_words = 1,
+       .options = SummaryOptions(),
+       .help = "changes what the selected summary, or the one named, counts and shows",
+       .example = "summary set range=\"Last Quarter\" periods=weeks deposits=no",
+       .run = SetSummaryOptions},
+      {.name = "summary add",
+       .words = "[NAME]",
+       .most_words = 1,
+       .help = "adds a summary of this month and selects it",
+       .example = "summary add \"Trip to Rome\"",
+       .run = AddSummary},
+      {.name = "summary duplicate",
+       .words = "[NUMBER|NAME]",
+       .most_words = 1,
+       .help = "copies a summary and selects the copy",
+       .example = "summary duplicate \"Expenses, Year To Date\"",
+       .run = DuplicateSummary},
+      {.name = "summary rename",
+       .words = "NAME",
+       .least_words = 1,
+       .most_words = 1,
+       .help = "gives the selected summary another name",
+       .example = "summary rename Food",
+       .run = RenameSummary},
+      {.name = "summary remove",
+       .words = "[NUMBER|NAME]",
+       .most_words = 1,
+       .help = "removes a summary; the last one stays",
+       .example = "summary remove Food",
+       .run = RemoveSummary},
+  };
+  return kSummaryCommands;
+}
 
 }  // namespace
 
 std::span<const Command> SummaryCommands() {
-  return kSummaryCommands;
+  return TableOfSummaryCommands();
 }
 
 }  // namespace tallyfold::console

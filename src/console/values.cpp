@@ -2,7 +2,7 @@
 
 #include <charconv>
 #include <cmath>
-#include <cstdlib>
+#include <cstddef>
 #include <system_error>
 
 #include "console/command_error.h"
@@ -10,6 +10,7 @@
 #include "model/amount_input.h"
 #include "model/amounts.h"
 #include "model/date_format.h"
+#include "model/typed_day.h"
 #include "platform/ambient.h"
 
 namespace tallyfold::console {
@@ -20,18 +21,11 @@ namespace {
                      Quoted(text));
 }
 
-std::string Padded(std::uint32_t value, std::size_t width) {
-  std::string digits = std::to_string(value);
-  if (digits.size() < width) digits.insert(0, width - digits.size(), '0');
-  return digits;
-}
-
 }  // namespace
 
 DateNumber ReadDate(std::string_view text, std::string_view what) {
-  if (text == "today") return TodaysDateNumber();
   const std::string format = CurrentLocale().ShortDateFormat();
-  if (const auto day = ParseDay(text, format)) return *day;
+  if (const auto day = ReadTypedDay(text, format)) return *day;
   Refuse(what, "a date such as 2026-03-31 or " + FormatDate({2026, 3, 31}, format), text);
 }
 
@@ -71,10 +65,16 @@ std::int32_t ReadNumber(std::string_view text, std::string_view what, std::int32
   return number;
 }
 
+NumberRange ReadNumberRange(std::string_view text, std::string_view what, std::int32_t least,
+                            std::int32_t most) {
+  const std::size_t dash = text.find('-', 1);
+  const std::int32_t first = ReadNumber(text.substr(0, dash), what, least, most);
+  if (dash == std::string_view::npos) return {first, first};
+  return {first, ReadNumber(text.substr(dash + 1), what, first, most)};
+}
+
 std::string WriteDate(DateNumber date) {
-  const auto number = static_cast<std::uint32_t>(std::abs(static_cast<std::int64_t>(date)));
-  return (date < 0 ? "-" : "") + Padded(number / 10000, 4) + '-' + Padded(number / 100 % 100, 2) +
-         '-' + Padded(number % 100, 2);
+  return IsoDay(date);
 }
 
 std::string WriteAmount(double amount) {

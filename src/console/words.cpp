@@ -19,10 +19,16 @@ bool IsKeyCharacter(char c) {
   return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || IsDigit(c) || c == '-';
 }
 
-// True for "#" followed by digits alone up to the end of the word.
-bool NamesRow(std::string_view text) {
-  const std::string_view word = text.substr(0, text.find_first_of(" \t"));
-  return word.size() > 1 && std::all_of(word.begin() + 1, word.end(), IsDigit);
+// True for "#3", "#3-#7" and "#3-7" up to the end of the word.
+bool NamesRows(std::string_view text) {
+  const auto is_number = [](std::string_view digits) {
+    return !digits.empty() && std::all_of(digits.begin(), digits.end(), IsDigit);
+  };
+  const std::string_view word = text.substr(1, text.find_first_of(" \t", 1) - 1);
+  const std::size_t dash = word.find('-');
+  if (dash == std::string_view::npos) return is_number(word);
+  const std::string_view last = word.substr(dash + 1);
+  return is_number(word.substr(0, dash)) && is_number(last.substr(last.starts_with('#') ? 1 : 0));
 }
 
 class Reader {
@@ -46,7 +52,7 @@ class Reader {
  private:
   [[nodiscard]] bool AtEnd() const { return at_ >= text_.size(); }
   [[nodiscard]] bool AtComment() const {
-    return text_[at_] == '#' && (line_.words.empty() || !NamesRow(text_.substr(at_)));
+    return text_[at_] == '#' && (line_.words.empty() || !NamesRows(text_.substr(at_)));
   }
   void SkipBlanks() {
     while (!AtEnd() && IsBlank(text_[at_])) ++at_;

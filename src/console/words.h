@@ -31,7 +31,7 @@ struct Line {
 // anywhere in a word (description="Corner Market"); within them \" \\ \n \t stand for a quotation
 // mark, a backslash, a line end and a tab. A word is an option when "=" follows letters, digits and
 // hyphens that are outside quotes. "#" at the start of a word begins a comment, except that "#3"
-// and its like after the first word name rows.
+// and "#3-#7" and their like after the first word name rows.
 [[nodiscard]] Line ReadWords(std::string_view text);
 
 // `text` written so that ReadWords gives it back as one plain word.

@@ -307,4 +307,17 @@ std::string DateFormatStringToShortestDateFormatString(std::string_view format) 
   return result.append("/").append(slots[1]).append("/").append(slots[2]);
 }
 
+std::string IsoDay(DateNumber day) {
+  const std::int64_t whole = std::abs(static_cast<std::int64_t>(day));
+  const auto year = static_cast<int>(whole / 10000);
+  const auto month_and_day = static_cast<int>(whole % 10000);
+  std::string text = day < 0 ? "-" : "";
+  AppendNumber(text, year, 4, false);
+  text += '-';
+  AppendNumber(text, month_and_day / 100, 2, false);
+  text += '-';
+  AppendNumber(text, month_and_day % 100, 2, false);
+  return text;
+}
+
 }  // namespace tallyfold

@@ -30,6 +30,9 @@ enum class ShortYears : std::uint8_t {
   ByFormat,
 };
 
+// yyyy-mm-dd, whatever the number; a day that does not exist is written as it is stored.
+[[nodiscard]] std::string IsoDay(DateNumber day);
+
 // The day typed as YYYY-MM-DD or as `format` has it, when it exists (years 1 to 9999). Names count
 // in any case, short or in full; one of / - . , and white space may stand for another. Four digits
 // are the year itself, for %Y three too. Nothing may follow but white space. None for a format that

@@ -4,11 +4,13 @@
 #include <array>
 #include <charconv>
 #include <cstddef>
+#include <cstdint>
 #include <string>
 #include <vector>
 
 #include "model/calendar.h"
 #include "model/date_format.h"
+#include "model/text.h"
 #include "platform/ambient.h"
 
 namespace tallyfold {
@@ -84,6 +86,27 @@ struct Parts {
   void Set(char part, int value) { (part == 'd' ? day : part == 'm' ? month : year) = value; }
 };
 
+std::optional<DateNumber> DaysFromToday(std::int64_t days) {
+  const DateNumber day = DateNumberOfDayCount(DayCountOf(TodaysDateNumber()) + days);
+  if (day < 10101 || day > 99991231) return std::nullopt;
+  return day;
+}
+
+// "tomorrow" and "-3"; none for anything else.
+std::optional<DateNumber> ReadDayFromToday(std::string_view text) {
+  if (text.size() > 1 && (text.front() == '-' || text.front() == '+')) {
+    const std::string_view digits = text.substr(1);
+    if (digits.size() > kMostDigits || !std::ranges::all_of(digits, IsDigit)) return std::nullopt;
+    return DaysFromToday(text.front() == '-' ? -NumberOf(digits) : NumberOf(digits));
+  }
+  const std::string words[] = {LocalizedText("yesterday"), LocalizedText("today"),
+                               LocalizedText("tomorrow")};
+  for (int i = 0; i < 3; ++i) {
+    if (CompareIgnoringCase(text, words[i]) == 0) return DaysFromToday(i - 1);
+  }
+  return std::nullopt;
+}
+
 // "021726" and "02172026": as if separators stood between the parts.
 std::optional<DateNumber> ReadWholeDay(std::string_view digits, std::string_view order) {
   const std::size_t year_digits = digits.size() - 4;
@@ -109,6 +132,8 @@ std::optional<DateNumber> ReadWholeDay(std::string_view digits, std::string_view
 std::optional<DateNumber> ReadTypedDay(std::string_view text, std::string_view format,
                                        std::optional<DateNumber> near) {
   if (const auto day = ParseDay(text, format)) return day;
+  const bool is_signed = text.starts_with('-') || text.starts_with('+');
+  if (const auto day = ReadDayFromToday(text); day || is_signed) return day;
   const auto order = OrderOf(format);
   const auto numbers = NumbersIn(text);
   if (!order || !numbers || numbers->empty()) return std::nullopt;

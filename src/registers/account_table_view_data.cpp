@@ -183,6 +183,22 @@ void LDGRAccountTableViewData::ClickedTableColumn(std::string_view identifier) {
            EntryToRow(selected.get()).value_or(TableState::kNoRow));
 }
 
+bool LDGRAccountTableViewData::OrderBy(std::string_view identifier, bool descending) {
+  const auto& account = rows_.Account();
+  if (account == nullptr || !SortKeyOfColumn(identifier) ||
+      !layout_.StoreOrder(identifier, descending)) {
+    return false;
+  }
+  const EntryList& rows = rows_.Entries();
+  const std::unordered_set<std::shared_ptr<LDGRAccountEntry>> shown(rows.begin(), rows.end());
+  EntryList entries;
+  entries.reserve(rows.size());
+  std::ranges::copy_if(account->GetEntries(), std::back_inserter(entries),
+                       [&shown](const auto& entry) { return shown.contains(entry); });
+  Reload(std::move(entries));
+  return true;
+}
+
 void LDGRAccountTableViewData::SortByColumnIdentifier(std::string_view identifier,
                                                       bool descending) {
   if (const auto key = SortKeyOfColumn(identifier)) SortBy(*key, descending);

@@ -101,6 +101,9 @@ class LDGRAccountTableViewData final : public TableDataSource {
   // The header of a column was clicked: turns the stored order over, by that column. A column that
   // does not sort does nothing.
   void ClickedTableColumn(std::string_view identifier);
+  // Stores that order and sorts the rows by it as a reload does: level ones stand as the account
+  // has them. False, and nothing changes, for a column that does not sort.
+  bool OrderBy(std::string_view identifier, bool descending);
   // Sort the rows now, without storing. An unknown column or key leaves them as they are.
   void SortByColumnIdentifier(std::string_view identifier, bool descending);
   void SortBy(RegisterSortKey key, bool descending);

@@ -60,9 +60,9 @@ bool TableLayout::SortsDescending() const {
          preferences_->GetSortDescendingForTableIdentifier(table_identifier_);
 }
 
-bool TableLayout::TurnOrderOver(std::string_view column) {
+bool TableLayout::StoreOrder(std::string_view column, bool descending) {
   if (preferences_ == nullptr) return false;
-  preferences_->SetSortDescending(!SortsDescending(), table_identifier_);
+  preferences_->SetSortDescending(descending, table_identifier_);
   preferences_->SetSelectedColumnIdentifier(column, table_identifier_);
   return true;
 }

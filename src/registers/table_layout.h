@@ -36,7 +36,9 @@ class TableLayout {
   [[nodiscard]] std::string SortColumn() const;
   [[nodiscard]] bool SortsDescending() const;
   // Turns the stored order over, by that column. False without preferences.
-  bool TurnOrderOver(std::string_view column);
+  bool TurnOrderOver(std::string_view column) { return StoreOrder(column, !SortsDescending()); }
+  // False without preferences.
+  bool StoreOrder(std::string_view column, bool descending);
   // Highlights the sort column, which is stored.
   void ShowSortColumn(const std::string& column);
 

@@ -115,7 +115,7 @@ before=$(listed)
 check 'status of a second copy that looks' 0 "$(printf 'accounts\nregister\nfilters\n' | status_of)"
 check 'what it says' 1 "$(grep -c 'Another copy of Tallyfold has the data open' "$HOME/errors")"
 for command in 'debit amount=1' 'remove 1' 'clear 5' 'preference dateFormat long' save 'password x' \
-    'account add name=More' 'backup now' 'saveas ~/copy' 'statement 1'; do
+    'account add More' 'backup now' 'saveas ~/copy' 'statement 1'; do
   check "status of a second copy's $command" 1 \
     "$(printf 'select Cash\nanswer OK\n%s\n' "$command" | status_of)"
 done

@@ -109,16 +109,16 @@ TEST(Sessions, OfferAPersonWhatWasTypedButNoPassword) {
   Computer computer;
   const std::string file = "/home/user/Library/Tallyfold/Console History";
   computer.terminal.thinks = [] {};
-  ASSERT_EQ(computer.Run({"account add name=Cash", "unlock first", "lock and key",
+  ASSERT_EQ(computer.Run({"account add Cash", "unlock first", "lock and key",
                           "account edit password=second again=second", "unlcok third", "accounts"}),
             0);
-  EXPECT_EQ(computer.files.Content(file), "account add name=Cash\nlock and key\naccounts\n");
+  EXPECT_EQ(computer.files.Content(file), "account add Cash\nlock and key\naccounts\n");
   EXPECT_EQ(computer.files.Mode(file), 0600U);
   EXPECT_NE(computer.terminal.earlier.find("unlcok third\n"), std::string::npos);
 
   computer.terminal.earlier.clear();
   ASSERT_EQ(computer.Run({"password secret"}), 0);
-  EXPECT_TRUE(computer.terminal.earlier.starts_with("account add name=Cash\n"));
+  EXPECT_TRUE(computer.terminal.earlier.starts_with("account add Cash\n"));
   EXPECT_EQ(computer.files.Content(file), std::nullopt);
   computer.terminal.earlier.clear();
   ASSERT_EQ(computer.Run({"unlock secret", "accounts", "lock", ""}), 0);
@@ -142,7 +142,7 @@ TEST(Sessions, TellOfEverySubjectInAScreen) {
 
 TEST(Sessions, LeaveEveryTimerThatWaitsForAnIdleUserAlone) {
   Computer computer;
-  std::deque<std::string> lines = {"account add name=Cash"};
+  std::deque<std::string> lines = {"account add Cash"};
   for (int i = 0; i < 20; ++i) lines.push_back("debit amount=1");
   lines.push_back("- debit amount=x");
   lines.push_back("nonsense");
@@ -153,7 +153,7 @@ TEST(Sessions, LeaveEveryTimerThatWaitsForAnIdleUserAlone) {
 
 TEST(Sessions, LetAScriptHearAReadingToItsEnd) {
   Computer computer;
-  ASSERT_EQ(computer.Run({"account add name=Cash", "debit amount=1 date=2026-03-01",
+  ASSERT_EQ(computer.Run({"account add Cash", "debit amount=1 date=2026-03-01",
                           "debit amount=2 date=2026-03-02", "debit amount=3 date=2026-03-03",
                           "speak all", "filter"}),
             0);
@@ -168,13 +168,13 @@ TEST(Sessions, LetAScriptHearAReadingToItsEnd) {
 
 TEST(Sessions, SayWhatCouldNotBeSavedAtTheEnd) {
   Computer computer;
-  EXPECT_EQ(computer.Run({"account add name=Cash"}), 0);
+  EXPECT_EQ(computer.Run({"account add Cash"}), 0);
   computer.terminal.before_line = [&](std::size_t left) {
     if (left > 0) return;
     computer.files.FailOn("/home/user/Library/Tallyfold/Accounts.plist");
     computer.files.FailOn("/home/user/Library/Preferences/Quorva/Tallyfold Preferences");
   };
-  EXPECT_EQ(computer.Run({"account add name=More"}), 1);
+  EXPECT_EQ(computer.Run({"account add More"}), 1);
   const std::string why = "making the new file: Input/output error\n";
   EXPECT_TRUE(
       computer.terminal.written.ends_with("!error: the accounts could not be saved: " + why +
@@ -184,7 +184,7 @@ TEST(Sessions, SayWhatCouldNotBeSavedAtTheEnd) {
 
 TEST(Sessions, KeepInMemoryWhatCouldNotBeSavedAtALock) {
   Computer computer;
-  EXPECT_EQ(computer.Run({"account add name=Cash", "password x"}), 0);
+  EXPECT_EQ(computer.Run({"account add Cash", "password x"}), 0);
   computer.terminal.before_line = [&](std::size_t left) {
     if (left == 5) computer.files.FailOn("/home/user/Library/Tallyfold/Accounts.plist");
   };
@@ -212,7 +212,7 @@ TEST(Sessions, KeepInMemoryWhatCouldNotBeSavedAtALock) {
 TEST(Sessions, TellWhatTheyKeptOfOthersAtOnceAndAtTheNextStart) {
   Computer computer;
   const std::string file = "/home/user/Library/Tallyfold/Accounts.plist";
-  EXPECT_EQ(computer.Run({"account add name=Cash"}), 0);
+  EXPECT_EQ(computer.Run({"account add Cash"}), 0);
   computer.terminal.before_line = [&](std::size_t left) {
     if (left == 2) computer.files.AddFile(file, "theirs");
   };
@@ -241,7 +241,7 @@ TEST(Sessions, TellWhatTheyKeptOfOthersAtOnceAndAtTheNextStart) {
 
 TEST(Sessions, EndACommandForWhichThereIsNoMemoryAndGoOn) {
   Computer computer;
-  EXPECT_EQ(computer.Run({"account add name=Cash"}), 0);
+  EXPECT_EQ(computer.Run({"account add Cash"}), 0);
   computer.terminal.before_line = [&](std::size_t left) {
     if (left == 3) computer.files.WhileWriting([] { throw std::bad_alloc(); });
     if (left == 2) {
@@ -258,12 +258,12 @@ TEST(Sessions, EndACommandForWhichThereIsNoMemoryAndGoOn) {
 
 TEST(Sessions, SaveNothingWhenTheLaunchRunsOutOfMemory) {
   Computer computer;
-  EXPECT_EQ(computer.Run({"account add name=Cash"}), 0);
+  EXPECT_EQ(computer.Run({"account add Cash"}), 0);
   const std::string file = "/home/user/Library/Tallyfold/Accounts.plist";
   const auto before = computer.files.Content(file);
   // The launch makes the first backup.
   computer.files.WhileWriting([] { throw std::bad_alloc(); });
-  EXPECT_EQ(computer.Run({"- accounts", "account add name=More"}), 1);
+  EXPECT_EQ(computer.Run({"- accounts", "account add More"}), 1);
   EXPECT_EQ(computer.terminal.written, "!error: line 1: there is not enough memory for this\n");
   EXPECT_EQ(computer.files.Content(file), before);
 }
@@ -271,8 +271,8 @@ TEST(Sessions, SaveNothingWhenTheLaunchRunsOutOfMemory) {
 TEST(Sessions, TellAPersonOnceWhatHasFallenDue) {
   Computer computer;
   computer.ambient.clock.SetLocal({2004, 3, 7, 12, 0, 0});
-  ASSERT_EQ(computer.Run({"account add name=Cash",
-                          "schedule add debit start=2004-03-01 repeat=weekly amount=5"}),
+  ASSERT_EQ(computer.Run(
+                {"account add Cash", "schedule add debit start=2004-03-01 repeat=weekly amount=5"}),
             0);
   computer.terminal.thinks = [&] { computer.loop.AdvanceBy(std::chrono::seconds(20)); };
   ASSERT_EQ(computer.Run({"# the launch comes with the first command", "save", "", "", "save", "",

@@ -47,6 +47,8 @@ TEST(Words, AreTakenApartAsTyped) {
       {"save # now \"", "<save>"},
       {"save #now", "<save>"},
       {"clear #3 #12 #3rd", "<clear>|<#3>|<#12>"},
+      {"clear #3-#7 #8-9 #3-", "<clear>|<#3-#7>|<#8-9>"},
+      {"clear #3-#", "<clear>"},
       {"clear \"#x\" a#b #", "<clear>|<#x>|<a#b>"},
       {"-remove 9", "(may fail)<remove>|<9>"},
       {" - remove -9", "(may fail)<remove>|<-9>"},

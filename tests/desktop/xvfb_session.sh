@@ -173,7 +173,7 @@ wait "$program" || status=$?
 [ $status -eq 0 ] || fail "the program ended with $status"
 
 HOME=$top/console "$console" >/dev/null <<'SESSION'
-account add name=Household balance=1250.00
+account add Household balance=1250.00
 debit date=2026-01-02 amount=890 description="January rent" to="Ms Okafor"
 deposit date=2026-01-05 amount=2450 description="Pay for January" from="Harbour Books"
 debit date=2026-01-06 amount=62.05 description="Week 1" to="Corner Market"

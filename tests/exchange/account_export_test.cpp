@@ -2,9 +2,11 @@
 
 #include <fstream>
 #include <iterator>
+#include <limits>
 #include <memory>
 #include <random>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "exchange/commit_review.h"
@@ -13,6 +15,7 @@
 #include "exchange/qif_date_formats.h"
 #include "exchange/qif_import.h"
 #include "exchange/qif_review.h"
+#include "exchange/register_export.h"
 #include "fakes/fake_ambient.h"
 #include "fakes/fake_file_system.h"
 #include "filters/filter.h"
@@ -306,6 +309,38 @@ TEST_F(AccountExport, IsReadBackFromFilesInEveryEncodingAndDateFormat) {
       }
     }
   }
+}
+
+TEST(RowsForPrograms, AreWholeWhateverTheTextsHold) {
+  FakeAmbient ambient;
+  const auto account = std::make_shared<LDGRAccount>();
+  account->SetName("A, \"B\"");
+  const struct {
+    std::string_view description;
+    double amount;
+    std::string csv;
+    std::string json;
+  } cases[] = {
+      {"plain", -1.5, "plain,,-1.50,", "\"plain\",\"to_from\":\"\",\"amount\":-1.50,"},
+      {"a\r\nb", 0.0, "\"a\r\nb\",,0.00,",
+       "\"a\\u000d\\u000ab\",\"to_from\":\"\",\"amount\":0.00,"},
+      {"\\ \"", 2, "\"\\ \"\"\",,2.00,", "\"\\\\ \\\"\",\"to_from\":\"\",\"amount\":2.00,"},
+      {"\u202E\u2028\x1B", 3, "\u202E\u2028\x1B,,3.00,",
+       "\"\\u202e\\u2028\\u001b\",\"to_from\":\"\",\"amount\":3.00,"},
+      {"八百屋", std::numeric_limits<double>::infinity(), "八百屋,,,",
+       "\"八百屋\",\"to_from\":\"\",\"amount\":null,"},
+  };
+  for (const auto& c : cases) {
+    const auto entry = AddEntry(*account, 20260302, c.amount, "", c.description, -1);
+    const ExportedRow row[] = {{account, entry}};
+    const std::string csv = RowsAsCsv(row);
+    EXPECT_NE(csv.find("\"A, \"\"B\"\"\"," + std::to_string(entry->GetNumber()) + ",2026-03-02,"),
+              std::string::npos);
+    EXPECT_NE(csv.find(",," + c.csv), std::string::npos) << csv;
+    EXPECT_NE(RowsAsJson(row).find("\"description\":" + c.json), std::string::npos)
+        << RowsAsJson(row);
+  }
+  EXPECT_EQ(RowsAsJson({}), "[\n]\n");
 }
 
 }  // namespace

@@ -7,17 +7,20 @@
 
 namespace tallyfold {
 
+double SumOfUnlocked(const AccountList& accounts, double (LDGRAccount::*balance)() const) {
+  double sum = 0.0;
+  for (const auto& account : accounts) {
+    if (!account->IsLocked()) sum += ((*account).*balance)();
+  }
+  return RoundNearZeroValue(sum);
+}
+
 AccountsTotal TotalOfUnlocked(const AccountList& accounts, const LDGRPreferences& preferences) {
   AccountsTotal total;
   for (const auto& account : accounts) {
-    if (account->IsLocked()) {
-      ++total.locked;
-      continue;
-    }
-    ++total.counted;
-    total.amount += account->GetBalance();
+    ++(account->IsLocked() ? total.locked : total.counted);
   }
-  total.amount = RoundNearZeroValue(total.amount);
+  total.amount = SumOfUnlocked(accounts, &LDGRAccount::GetBalance);
   total.title = total.locked == 0
                     ? LocalizedText("Total")
                     : Message("Total without {1} locked", {std::to_string(total.locked)});

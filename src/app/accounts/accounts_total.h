@@ -19,6 +19,10 @@ struct AccountsTotal {
   std::string text;
 };
 
+// The sum of one of their balances over the accounts that are not locked.
+[[nodiscard]] double SumOfUnlocked(const AccountList& accounts,
+                                   double (LDGRAccount::*balance)() const);
+
 [[nodiscard]] AccountsTotal TotalOfUnlocked(const AccountList& accounts,
                                             const LDGRPreferences& preferences);
 

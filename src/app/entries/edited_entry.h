@@ -25,13 +25,15 @@ struct EditedEntry {
   std::shared_ptr<LDGRAccountEntry> entry;
   // Not in the account before OK.
   bool is_new = false;
-  // The account that was selected when the sheet opened.
+  // The account that was selected when the sheet opened, or that the entry was ordered for.
   std::weak_ptr<LDGRAccount> account;
   // Null for an entry of the account. Otherwise the account lends its types and texts to the sheet
   // and is not changed.
   EntryOwner* owner = nullptr;
   // Types the sheet offers beside those of the account.
   EntryTypeList more_types = {};
+  // Whether the account need not be the selected one.
+  bool is_for_any_account = false;
 };
 
 }  // namespace tallyfold

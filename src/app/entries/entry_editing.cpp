@@ -32,12 +32,31 @@ EntryEditing::EntryEditing(Desk& desk, Ledger& ledger, const TransferLinks& link
 bool EntryEditing::New(EntryKind kind) {
   const Announcer::Operation operation(announcer_);
   const auto account = desk_.SelectedAccount();
-  if (account == nullptr || !sheets_.IsFree()) return false;
+  return account != nullptr && BeginNew(kind, account, false);
+}
+
+bool EntryEditing::NewTransferIn(const std::shared_ptr<LDGRAccount>& account) {
+  const Announcer::Operation operation(announcer_);
+  return IsOpenToUser(account) && BeginNew(EntryKind::Transfer, account, true);
+}
+
+bool EntryEditing::IsOpenToUser(const std::shared_ptr<LDGRAccount>& account) const {
+  const auto& accounts = desk_.accounts();
+  return account != nullptr && desk_.IsUnlocked() && !account->IsLocked() &&
+         std::find(accounts.begin(), accounts.end(), account) != accounts.end();
+}
+
+bool EntryEditing::BeginNew(EntryKind kind, const std::shared_ptr<LDGRAccount>& account,
+                            bool is_for_any) {
+  if (!sheets_.IsFree()) return false;
   // The number is taken for good, whether or not the sheet is confirmed.
   Change change(ledger_);
   const std::int32_t number = change.NextNumber(account);
   change.Close();
-  return Begin({NewEntryWithDefaults(kind, number, *account, desk_.preferences()), true, account});
+  return Begin({.entry = NewEntryWithDefaults(kind, number, *account, desk_.preferences()),
+                .is_new = true,
+                .account = account,
+                .is_for_any_account = is_for_any});
 }
 
 bool EntryEditing::Entry_Edit() {
@@ -135,13 +154,19 @@ bool EntryEditing::OK(EditSheet& sheet) {
   }
   change.Close();
   Close(sheet);
-  refresh_.EntrySaved(entry, editEntryIsNew());
+  if (account == desk_.SelectedAccount()) {
+    refresh_.EntrySaved(entry, editEntryIsNew());
+  } else {
+    refresh_.EntrySavedElsewhere();
+  }
   return true;
 }
 
 std::string EntryEditing::CheckTarget() const {
   const auto account = edited_.account.lock();
-  if (account == nullptr || account != desk_.SelectedAccount()) {
+  const bool is_there =
+      edited_.is_for_any_account ? IsOpenToUser(account) : account == desk_.SelectedAccount();
+  if (account == nullptr || !is_there) {
     return LocalizedText("The account is no longer selected.");
   }
   if (edited_.owner != nullptr) return edited_.owner->CheckEdited(*edited_.entry);

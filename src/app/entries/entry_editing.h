@@ -44,6 +44,10 @@ class EntryEditing final : private EditSheet::Keeper {
   // Opens the sheet for a new entry with its defaults. False, and nothing changes, when no account
   // is selected or a sheet is open.
   bool New(EntryKind kind);
+  // Opens the sheet for a new transfer of that account, whichever is selected; at OK nothing else
+  // is selected than before. False, and nothing changes, for an account that is locked or not
+  // there, and when a sheet is open.
+  bool NewTransferIn(const std::shared_ptr<LDGRAccount>& account);
   // Opens the sheet for the selected entry. False when none is selected, when it is of no kind,
   // when no account is selected or a sheet is open.
   bool Entry_Edit();
@@ -72,6 +76,8 @@ class EntryEditing final : private EditSheet::Keeper {
 
   // Undoes SaveValuesToEditEntry().
   void TakeSavedBack();
+  bool BeginNew(EntryKind kind, const std::shared_ptr<LDGRAccount>& account, bool is_for_any);
+  [[nodiscard]] bool IsOpenToUser(const std::shared_ptr<LDGRAccount>& account) const;
   bool Begin(EditedEntry edited);
   void Close(EditSheet& sheet);
   // The debit or the deposit sheet, whichever is open, or null.

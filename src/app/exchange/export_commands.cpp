@@ -109,7 +109,24 @@ WriteResult ExportCommands::ExportText() {
                account->textExport_Encoding());
 }
 
-// --- Both ---------------------------------------------------------------------------------------
+// --- What others made ---------------------------------------------------------------------------
+
+WriteResult ExportCommands::ExportMade(const std::string& text, const std::string& name) {
+  speaker_.StopSpeech();
+  if (!desk_.IsUnlocked()) return WriteResult::NotAsked;
+  const auto path = panels_.Save({.title = LocalizedText("Export"),
+                                  .name = name,
+                                  .name_label = LocalizedText("Export as:"),
+                                  .button = LocalizedText("Export"),
+                                  .check = this});
+  if (!path) return WriteResult::Cancelled;
+  if (IsOwn(*path)) return WriteResult::Failed;
+  return files_.WriteAtomically(*path, NewFileMode::ByUmask, text) ? WriteResult::Written
+                                                                   : WriteResult::Failed;
+}
+
+// --- All of them
+// ---------------------------------------------------------------------------------------
 
 std::shared_ptr<const LDGRFilter> ExportCommands::ShownFilter(const LDGRAccount& account) const {
   return tabs_.ShownRegister() == RegisterKind::Entry ? account.entryFilter()

@@ -58,6 +58,8 @@ class ExportCommands final : private FileNameCheck {
   // the selected account) and writes it. Nothing is reported to the user.
   WriteResult ExportQIF();
   WriteResult ExportText();
+  // UTF-8 that was made for a file, under the name that is proposed for it. Nothing is remembered.
+  WriteResult ExportMade(const std::string& text, const std::string& name);
   // The whole accounts file under another name.
   WriteResult SaveAs();
   // The accounts and then the preferences into their own files. False when either failed.

@@ -42,6 +42,9 @@ class Refresh {
   void EntrySaved(const std::shared_ptr<LDGRAccountEntry>& entry, bool is_new);
   // After entries were added at once: the last one is selected. There is at least one.
   void EntriesAdded(const EntryList& entries);
+  // After an entry was added to another account than the selected one, which may have its other
+  // half.
+  void EntrySavedElsewhere() { EntryRemoved(); }
   // After entries were removed.
   void EntryRemoved();
   // After an import, whether it added anything or not; all but the list of accounts.

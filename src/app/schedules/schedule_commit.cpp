@@ -3,6 +3,9 @@
 #include "app/entries/entry_defaults.h"
 #include "ledger/change.h"
 #include "model/account.h"
+#include "model/account_entry.h"
+#include "platform/message.h"
+#include "registers/register_look.h"
 
 namespace tallyfold {
 
@@ -24,6 +27,17 @@ bool ScheduleCommit::CommitAll(const std::vector<DueOccurrence>& occurrences) {
   refresh_.EntriesAdded(entries);
   refresh_.SchedulesChanged();
   return true;
+}
+
+std::string ScheduleCommit::QuestionBeforeSkipping(
+    const std::vector<DueOccurrence>& occurrences) const {
+  double sum = 0.0;
+  for (const DueOccurrence& occurrence : occurrences) sum += occurrence.entry->GetAmount();
+  return Message(
+      Plural("Are you sure you would like to skip {1} scheduled entry for good, {2}?",
+             "Are you sure you would like to skip {1} scheduled entries for good, {2} in all?",
+             occurrences.size()),
+      {std::to_string(occurrences.size()), RegisterAmountText(sum, desk_.preferences())});
 }
 
 bool ScheduleCommit::SkipAll(const std::vector<DueOccurrence>& occurrences) {

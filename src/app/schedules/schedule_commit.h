@@ -1,6 +1,7 @@
 #pragma once
 
 #include <memory>
+#include <string>
 #include <vector>
 
 #include "app/desk.h"
@@ -33,6 +34,9 @@ class ScheduleCommit {
   bool CommitAll(const std::vector<DueOccurrence>& occurrences);
   // SkipOccurrences(). False as for Commit().
   bool Skip(const DueOccurrence& occurrence) { return SkipAll({occurrence}); }
+  // What to ask before several are skipped: how many they are and what they come to.
+  [[nodiscard]] std::string QuestionBeforeSkipping(
+      const std::vector<DueOccurrence>& occurrences) const;
   bool SkipAll(const std::vector<DueOccurrence>& occurrences);
 
  private:
