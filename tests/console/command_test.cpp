@@ -52,7 +52,7 @@ TEST(Commands, AreFoundByTheirFirstWordsAndTakeWhatTheySay) {
       {"account add x", "\"x\" is too much; expected account add [name= split=]"},
       {"save name=x", "save has no option \"name=\"; it takes none"},
       {"account add nam=x", "account add has no option \"nam=\"; it takes name= split="},
-      {"account add x name=y", "account add: name= is given twice"},
+      {"account add name=x name=y", "account add: name= is given twice"},
       {"account rename", "expected account rename NAME"},
       {"account rename a b", "\"b\" is too much; expected account rename NAME"},
   };
