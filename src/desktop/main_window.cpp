@@ -130,8 +130,8 @@ void MainWindow::MakePieces() {
   pieces_.summary = new SummaryTab({app.summaries(), app.desk()}, pages_);
   pieces_.status =
       new StatusLine({app.balanceField(), app.shownEntries(), app.entryReveal(), app.recovery(),
-                      app.entryOrders(), app.transferLinking(), app.backups(), app.accountsStore(),
-                      app.preferencesStore(), app.desk(), app.tabs()},
+                      app.entryOrders(), app.transferLinking(), app.schedules(), app.backups(),
+                      app.accountsStore(), app.preferencesStore(), app.desk(), app.tabs()},
                      page_);
   pieces_.progress = new ProgressBar(page_);
   pieces_.date_jump = new DateJumpPanel(app.dateJump(), app.desk(), this);

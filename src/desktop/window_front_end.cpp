@@ -77,7 +77,8 @@ void WindowFrontEnd::ShowArea(Area area) {
       return pieces.status->ShowBackUp();
     case Area::Schedules:
     case Area::ScheduleButtons:
-      return pieces.schedule->Show();
+      pieces.schedule->Show();
+      return pieces.status->ShowRows();
     case Area::Balance:
       return pieces.status->ShowBalance();
     case Area::ReconcileBalances:

@@ -342,7 +342,8 @@ void RegisterView::ScrollToRow(int row) {
   if (top < bar->value()) {
     bar->setValue(top);
   } else if (bottom > bar->value() + viewport()->height()) {
-    bar->setValue(bottom - viewport()->height());
+    // A table that has no room yet shows the row from its top.
+    bar->setValue(std::min(top, bottom - viewport()->height()));
   }
 }
 
