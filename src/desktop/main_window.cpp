@@ -220,6 +220,8 @@ void MainWindow::Connect() {
 
 void MainWindow::ShowTitle() {
   QString title = ToQString(app_.selection().WindowTitle());
+  // Before the first account there is none to name.
+  if (title.isEmpty()) title = Text("Tallyfold");
   if (!title_ending_.isEmpty()) title += QLatin1String(" ") + title_ending_;
   // Twice it is what it says, once it would be the mark of a changed document.
   setWindowTitle(title.replace(QLatin1String("[*]"), QLatin1String("[*][*]")));
