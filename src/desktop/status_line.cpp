@@ -24,6 +24,7 @@
 #include "desktop/look/painting.h"
 #include "desktop/texts.h"
 #include "platform/message.h"
+#include "registers/register_look.h"
 #include "registers/schedule_list.h"
 #include "storage/accounts_store.h"
 #include "storage/preferences_store.h"
@@ -50,10 +51,6 @@ class Divider final : public QWidget {
     DrawRuleBefore(painter, rect(), ColorsOf(palette())[Role::Rule]);
   }
 };
-
-std::string Count(std::size_t number) {
-  return std::to_string(number);
-}
 
 QToolButton* FlatButton(QWidget* parent, const char* name) {
   auto* button = new QToolButton(parent);
@@ -150,27 +147,30 @@ void StatusLine::ShowBalance() {
 std::string StatusLine::RowsText() const {
   if (parts_.tabs.ShownRegister() == RegisterKind::Other) return {};
   const ShownEntriesState rows = parts_.shown.State();
+  const auto count = [this](std::size_t number) {
+    return CountText(number, parts_.desk.preferences());
+  };
   if (selected_.count > 1) {
     return Message("{1} of {2} selected, sum {3}",
-                   {Count(selected_.count), Count(rows.shown), selected_.amount_text});
+                   {count(selected_.count), count(rows.shown), selected_.amount_text});
   }
   if (rows.shown + rows.hidden == 0) return ToUtf8(Text("No entries"));
   if (rows.hidden > 0) {
     return Message("{1} of {2} entries, sum {3}",
-                   {Count(rows.shown), Count(rows.shown + rows.hidden), rows.sum_text});
+                   {count(rows.shown), count(rows.shown + rows.hidden), rows.sum_text});
   }
   return Message(Plural("{1} entry, sum {2}", "{1} entries, sum {2}", rows.shown),
-                 {Count(rows.shown), rows.sum_text});
+                 {count(rows.shown), rows.sum_text});
 }
 
 std::string StatusLine::SchedulesText() const {
   const auto& schedules = parts_.schedules.Rows().Schedules();
   std::string text =
       Message(Plural("{1} scheduled entry", "{1} scheduled entries", schedules.size()),
-              {Count(schedules.size())});
+              {std::to_string(schedules.size())});
   std::size_t late = 0;
   for (const auto& schedule : schedules) late += OverdueCount(*schedule, TodaysDateNumber());
-  if (late > 0) text += ", " + Message("{1} late", {Count(late)});
+  if (late > 0) text += ", " + Message("{1} late", {std::to_string(late)});
   return text;
 }
 

@@ -80,6 +80,7 @@ void WindowFrontEnd::ShowArea(Area area) {
       pieces.schedule->Show();
       return pieces.status->ShowRows();
     case Area::Balance:
+      pieces.accounts->Show();
       return pieces.status->ShowBalance();
     case Area::ReconcileBalances:
       return pieces.band->Show();

@@ -20,6 +20,7 @@
 #include <sstream>
 
 #include "app/accounts/account_editing.h"
+#include "app/accounts/account_selection.h"
 #include "app/controller.h"
 #include "app/desk.h"
 #include "app/entries/entry_editing.h"
@@ -137,7 +138,9 @@ void GrabAll(const QString& folder) {
     test.Find<QAbstractItemView>("entry_Table")->verticalScrollBar()->setValue(1'300'000);
   });
   show("no-account", [](TestWindow& test) {
-    test.program->app().desk().SelectedAccount()->SetPassword("open");
+    const auto account = test.program->app().desk().SelectedAccount();
+    account->SetPassword("open");
+    test.program->app().selection().Account_Select(account);
     test.program->window().findChild<QAction*>(QLatin1String("Account_Lock"))->trigger();
   });
   show("smallest-open-filter", [](TestWindow& test) {

@@ -173,11 +173,12 @@ void RegisterView::FitColumns() {
   std::vector<ColumnRoom> rooms;
   for (const TableColumn& column : table_.Columns()) {
     rooms.push_back(RoomOf(column.identifier, column.width, factor));
-    // In a narrow list the names need the room more than the figures do.
-    const bool is_figure = column.content == TableColumn::Content::Amount;
-    if (!is_list_ || !is_figure || viewport()->width() - rooms.back().width >= kWideName) continue;
+    // In a list the figures need more room where they are long, and in a narrow one the names do.
+    if (!is_list_ || column.content != TableColumn::Content::Amount) continue;
     const int needed = WidestCell(model_->IndexOf(column.identifier));
-    if (needed > 0) rooms.back().width = std::min(rooms.back().width, needed);
+    int& wanted = rooms.back().width;
+    const bool is_narrow = viewport()->width() - wanted < kWideName;
+    if (needed > 0) wanted = is_narrow ? needed : std::max(wanted, needed);
   }
   const std::vector<int> widths = WidthsIn(viewport()->width(), rooms);
   const std::vector<int> shown = ShownColumns();
