@@ -11,6 +11,7 @@
 #include "desktop/look/colors.h"
 #include "desktop/look/measures.h"
 #include "desktop/look/painting.h"
+#include "desktop/look/style.h"
 #include "desktop/register/column_widths.h"
 #include "desktop/register/copied_rows.h"
 #include "desktop/register/header.h"
@@ -367,6 +368,11 @@ void RegisterView::resizeEvent(QResizeEvent* event) {
 void RegisterView::changeEvent(QEvent* event) {
   QTableView::changeEvent(event);
   if (event->type() == QEvent::PaletteChange) viewport()->update();
+}
+
+void RegisterView::initViewItemOption(QStyleOptionViewItem* option) const {
+  QTableView::initViewItemOption(option);
+  LeaveSelectionToTable(*option);
 }
 
 void RegisterView::focusInEvent(QFocusEvent* event) {
