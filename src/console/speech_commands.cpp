@@ -1,6 +1,7 @@
 #include <algorithm>
 #include <chrono>
 #include <cmath>
+#include <memory>
 
 #include "app/controller.h"
 #include "app/desk.h"
@@ -14,6 +15,8 @@
 #include "console/spoken_text.h"
 #include "console/table.h"
 #include "console/values.h"
+#include "model/account_entry.h"
+#include "model/account_schedule.h"
 #include "platform/run_loop.h"
 #include "registers/entry_speaker.h"
 #include "storage/preferences.h"
@@ -66,17 +69,22 @@ void Speak(Console& console, const Arguments& arguments) {
   static_cast<void>(SelectedAccount(console));
   const std::string what = arguments.WordCount() == 0 ? "entry" : arguments.WordAt(0);
   if (what == "stop") return console.controller.speaker().StopSpeech();
-  if (what != "entry" && what != "from" && what != "all") {
-    throw CommandError("speak: expected entry, from, all or stop, not " + Quoted(what));
+  if (what != "entry" && what != "from" && what != "all" && what != "schedule") {
+    throw CommandError("speak: expected entry, from, all, schedule or stop, not " + Quoted(what));
   }
-  const auto selected = console.controller.desk().SelectedEntry();
+  const std::shared_ptr<LDGRAccountEntry> selected =
+      what == "schedule" ? console.controller.desk().SelectedSchedule()
+                         : console.controller.desk().SelectedEntry();
+  if (what == "schedule" && selected == nullptr) {
+    throw CommandError("speak: no scheduled entry is selected");
+  }
   if (what != "all" && selected == nullptr) {
     throw CommandError("speak: no entry is selected; see 'select entry'");
   }
-  if (what != "entry") RequireShownRegister(console, "speak");
+  if (what == "from" || what == "all") RequireShownRegister(console, "speak");
   const auto start = console.loop.Now();
   static_cast<void>(console.spoken.Take());
-  if (what == "entry") {
+  if (what == "entry" || what == "schedule") {
     console.controller.speaker().SpeakEntry(selected.get());
   } else if (what == "from") {
     console.controller.speaker().StartSpeakingEntries();
@@ -89,9 +97,10 @@ void Speak(Console& console, const Arguments& arguments) {
 
 constexpr Command kSpeechCommands[] = {
     {.name = "speak",
-     .words = "[entry|from|all|stop]",
+     .words = "[entry|from|all|schedule|stop]",
      .most_words = 1,
-     .help = "reads the selected entry aloud, or the register from there on, or all of it: in a "
+     .help = "reads the selected entry or scheduled entry aloud, or the register from there on, or "
+             "all of it: in a "
              "script to the end, at a terminal until a line is typed; without a voice, shows what "
              "would be said and when",
      .example = "speak from",

@@ -130,8 +130,8 @@ void MainWindow::MakePieces() {
   pieces_.summary = new SummaryTab({app.summaries(), app.desk()}, pages_);
   pieces_.status =
       new StatusLine({app.balanceField(), app.shownEntries(), app.entryReveal(), app.recovery(),
-                      app.entryOrders(), app.transferLinking(), app.backups(), app.accountsStore(),
-                      app.preferencesStore(), app.desk(), app.tabs()},
+                      app.entryOrders(), app.transferLinking(), app.schedules(), app.backups(),
+                      app.accountsStore(), app.preferencesStore(), app.desk(), app.tabs()},
                      page_);
   pieces_.progress = new ProgressBar(page_);
   pieces_.date_jump = new DateJumpPanel(app.dateJump(), app.desk(), this);
@@ -220,6 +220,8 @@ void MainWindow::Connect() {
 
 void MainWindow::ShowTitle() {
   QString title = ToQString(app_.selection().WindowTitle());
+  // Before the first account there is none to name.
+  if (title.isEmpty()) title = Text("Tallyfold");
   if (!title_ending_.isEmpty()) title += QLatin1String(" ") + title_ending_;
   // Twice it is what it says, once it would be the mark of a changed document.
   setWindowTitle(title.replace(QLatin1String("[*]"), QLatin1String("[*][*]")));

@@ -44,6 +44,7 @@ constexpr std::string_view kGroupStarts[] = {
     "SpeakEntry",
     "Schedule_Edit",
     "Schedule_CommitNext",
+    "Schedule_Speak",
     "ScheduleReminderSheet_Open",
     "entry_MenuItem",
     "Search_Cancel",
@@ -82,6 +83,7 @@ constexpr std::string_view kRowCommands[] = {
     "",
     "SpeakEntry",
     "StartSpeakingEntries",
+    "SpeakEntries",
     "",
 };
 

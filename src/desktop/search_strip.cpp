@@ -74,7 +74,11 @@ void SearchStrip::Show() {
   QLineEdit& field = field_->Field();
   const QString text = ToQString(state.text);
   if (field.text() != text) field.setText(text);
+  // The name of a filter is read from its beginning.
+  if (!state.is_enabled) field.setCursorPosition(0);
+  const bool had_focus = field.hasFocus();
   field_->SetTakesText(state.is_enabled);
+  if (had_focus && !state.is_enabled) emit Left();
   field.setAccessibleName(state.label.empty() ? Text("Search") : ToQString(state.label));
   ShowLabel();
   const bool has_account = parts_.desk.SelectedAccount() != nullptr;

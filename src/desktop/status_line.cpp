@@ -12,6 +12,7 @@
 #include "app/entries/entry_orders.h"
 #include "app/entries/entry_reveal.h"
 #include "app/entries/transfer_linking.h"
+#include "app/schedules/schedules_tab.h"
 #include "app/shell/backups_list.h"
 #include "app/shell/recovery.h"
 #include "app/shell/tabs.h"
@@ -23,6 +24,8 @@
 #include "desktop/look/painting.h"
 #include "desktop/texts.h"
 #include "platform/message.h"
+#include "registers/register_look.h"
+#include "registers/schedule_list.h"
 #include "storage/accounts_store.h"
 #include "storage/preferences_store.h"
 
@@ -72,6 +75,7 @@ StatusLine::StatusLine(const Parts& parts, QWidget* parent)
       value_(NamedLabel(this, "accountBalance_Field")),
       rule_(new Divider(this)),
       rows_(NamedLabel(this, "rows_Label")),
+      hint_(new QLabel(Text("Space marks the selected entry and moves on"), this)),
       notice_image_(new QLabel(this)),
       notice_(new QLabel(this)),
       notice_button_(FlatButton(this, "notice_Button")),
@@ -79,6 +83,9 @@ StatusLine::StatusLine(const Parts& parts, QWidget* parent)
   mode_->setPopupMode(QToolButton::InstantPopup);
   mode_->setMenu(new QMenu(mode_));
   value_->setFont(DemiBoldFont(LargerFont(font(), kStatusFigurePoints)));
+  hint_->setObjectName(QLatin1String("hint_Label"));
+  hint_->setTextFormat(Qt::PlainText);
+  hint_->setForegroundRole(QPalette::PlaceholderText);
   notice_->setObjectName(QLatin1String("notice_Label"));
   notice_->setTextFormat(Qt::PlainText);
   notice_->setSizePolicy(QSizePolicy::Maximum, QSizePolicy::Preferred);
@@ -100,6 +107,7 @@ StatusLine::StatusLine(const Parts& parts, QWidget* parent)
   row->addSpacing(kTightGap);
   row->addWidget(rows_);
   row->addStretch(1);
+  row->addWidget(hint_);
   row->addWidget(notice_image_);
   row->addWidget(notice_);
   row->addWidget(notice_button_);
@@ -136,31 +144,67 @@ void StatusLine::ShowBalance() {
   ShowRows();
 }
 
-void StatusLine::ShowRows() {
-  const auto account = parts_.desk.SelectedAccount();
-  const bool is_register = parts_.tabs.ShownRegister() != RegisterKind::Other;
-  rows_->setVisible(is_register && account != nullptr);
-  rule_->setVisible(rows_->isVisibleTo(this) && value_->isVisibleTo(this));
-  if (!is_register || account == nullptr) return;
+std::string StatusLine::RowsText() const {
+  if (parts_.tabs.ShownRegister() == RegisterKind::Other) return {};
   const ShownEntriesState rows = parts_.shown.State();
-  const auto count = [](std::size_t number) { return std::to_string(number); };
-  const bool are_several = selected_.count > 1;
+  const auto count = [this](std::size_t number) {
+    return CountText(number, parts_.desk.preferences());
+  };
+  if (selected_.count > 1) {
+    return Message("{1} of {2} selected, sum {3}",
+                   {count(selected_.count), count(rows.shown), selected_.amount_text});
+  }
+  if (rows.shown + rows.hidden == 0) return ToUtf8(Text("No entries"));
+  if (rows.hidden > 0) {
+    return Message("{1} of {2} entries, sum {3}",
+                   {count(rows.shown), count(rows.shown + rows.hidden), rows.sum_text});
+  }
+  return Message(Plural("{1} entry, sum {2}", "{1} entries, sum {2}", rows.shown),
+                 {count(rows.shown), rows.sum_text});
+}
+
+std::string StatusLine::SchedulesText() const {
+  const auto& schedules = parts_.schedules.Rows().Schedules();
+  std::string text =
+      Message(Plural("{1} scheduled entry", "{1} scheduled entries", schedules.size()),
+              {std::to_string(schedules.size())});
+  std::size_t late = 0;
+  for (const auto& schedule : schedules) late += OverdueCount(*schedule, TodaysDateNumber());
+  if (late > 0) text += ", " + Message("{1} late", {std::to_string(late)});
+  return text;
+}
+
+void StatusLine::ShowRows() {
+  const bool has_account = parts_.desk.SelectedAccount() != nullptr;
+  const Tab tab = parts_.tabs.State().selected;
+  std::string text;
+  if (has_account) {
+    text =
+        tab == Tab::Schedule ? SchedulesText()
+        : tab == Tab::Summary
+            ? ToUtf8(Text("A line shows its entries in the register: select it and press Return"))
+            : RowsText();
+  }
+  const bool are_several =
+      selected_.count > 1 && parts_.tabs.ShownRegister() != RegisterKind::Other;
   SetColor(*rows_, are_several ? Role::Text : Role::Dim);
   rows_->setFont(are_several ? MediumFont(font()) : font());
-  std::string text;
-  if (are_several) {
-    text = Message("{1} of {2} selected, sum {3}",
-                   {count(selected_.count), count(rows.shown), selected_.amount_text});
-  } else if (rows.shown + rows.hidden == 0) {
-    text = ToUtf8(Text("No entries"));
-  } else if (rows.hidden > 0) {
-    text = Message("{1} of {2} entries, sum {3}",
-                   {count(rows.shown), count(rows.shown + rows.hidden), rows.sum_text});
-  } else {
-    text = Message(Plural("{1} entry, sum {2}", "{1} entries, sum {2}", rows.shown),
-                   {count(rows.shown), rows.sum_text});
-  }
   rows_->setText(ToQString(text));
+  rows_->setVisible(!text.empty());
+  rule_->setVisible(!text.empty() && value_->isVisibleTo(this));
+  ShowHint();
+}
+
+void StatusLine::ShowHint() {
+  const bool is_wanted = parts_.tabs.State().selected == Tab::Reconcile &&
+                         parts_.desk.SelectedAccount() != nullptr && topic_ == Topic::None;
+  const int needed = rows_->sizeHint().width() + hint_->sizeHint().width() + 2 * kColumnGap;
+  hint_->setVisible(is_wanted && width() >= needed);
+}
+
+void StatusLine::resizeEvent(QResizeEvent* event) {
+  QWidget::resizeEvent(event);
+  ShowHint();
 }
 
 void StatusLine::ShowSelection(const EntriesSum& selected) {
@@ -234,6 +278,7 @@ void StatusLine::ShowNotice() {
   notice_button_->setVisible(topic == Topic::Hidden || topic == Topic::Offer);
   close_->setVisible(is_shown && topic != Topic::Working && topic != Topic::NotSaved &&
                      topic != Topic::NotProtected && topic != Topic::Hidden);
+  ShowHint();
 }
 
 void StatusLine::ShowWork(const QString& sentence) {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QWidget>
+#include <string>
 
 #include "app/views/entry_details.h"
 
@@ -16,6 +17,7 @@ class EntryOrders;
 class EntryReveal;
 class PreferencesStore;
 class Recovery;
+class SchedulesTab;
 class ShownEntries;
 class Tabs;
 class TransferLinking;
@@ -37,6 +39,7 @@ class StatusLine final : public QWidget {
     Recovery& recovery;
     EntryOrders& orders;
     TransferLinking& linking;
+    const SchedulesTab& schedules;
     const BackupsList& backups;
     const AccountsStore& accounts;
     const PreferencesStore& preferences;
@@ -77,7 +80,14 @@ class StatusLine final : public QWidget {
     QString text;
   };
 
+  void resizeEvent(QResizeEvent* event) override;
   void FillModes();
+  // What the rows of a register come to; "" where there is none.
+  [[nodiscard]] std::string RowsText() const;
+  // How many scheduled entries there are.
+  [[nodiscard]] std::string SchedulesText() const;
+  // At the end, where neither a notice nor want of room is in the way.
+  void ShowHint();
   [[nodiscard]] Notice WorstNotice() const;
   void Act();
   void CloseNotice();
@@ -93,6 +103,7 @@ class StatusLine final : public QWidget {
   FigureLabel* value_;
   QWidget* rule_;
   FigureLabel* rows_;
+  QLabel* hint_;
   QLabel* notice_image_;
   QLabel* notice_;
   QToolButton* notice_button_;

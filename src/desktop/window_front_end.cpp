@@ -77,8 +77,10 @@ void WindowFrontEnd::ShowArea(Area area) {
       return pieces.status->ShowBackUp();
     case Area::Schedules:
     case Area::ScheduleButtons:
-      return pieces.schedule->Show();
+      pieces.schedule->Show();
+      return pieces.status->ShowRows();
     case Area::Balance:
+      pieces.accounts->Show();
       return pieces.status->ShowBalance();
     case Area::ReconcileBalances:
       return pieces.band->Show();

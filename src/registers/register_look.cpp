@@ -59,6 +59,19 @@ std::string RegisterAmountText(double amount, const LDGRPreferences& preferences
                                             : FloatToDollarCommasAmountString(amount);
 }
 
+std::string CountText(std::size_t count, const LDGRPreferences& preferences) {
+  std::string text = std::to_string(count);
+  const bool has_commas =
+      !preferences.GetShowCurrencySymbol() || preferences.GetAmountFormat() != 1;
+  if (!has_commas) return text;
+  constexpr std::size_t kGroup = 3;
+  for (std::size_t place = text.size(); place > kGroup;) {
+    place -= kGroup;
+    text.insert(place, 1, ',');
+  }
+  return text;
+}
+
 TableCell DayCell(DateNumber day, const TableFormat& format) {
   return {.text = FormatDate(DateNumberToNSCalendarDate(day), format.date_format),
           .number = static_cast<double>(day)};

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <string>
 
@@ -24,6 +25,8 @@ namespace tallyfold {
 // An amount as the preferences want it: $1,234.50, $1234.50 or 1,234.50. A sum that misses zero by
 // a rounding error has no sign.
 [[nodiscard]] std::string RegisterAmountText(double amount, const LDGRPreferences& preferences);
+// How many there are, in a sentence: in groups of three digits where amounts have them.
+[[nodiscard]] std::string CountText(std::size_t count, const LDGRPreferences& preferences);
 
 // Cells of a table. A mark that is not set shows nothing, a set one the check mark.
 [[nodiscard]] TableCell DayCell(DateNumber day, const TableFormat& format);

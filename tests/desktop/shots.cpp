@@ -1,12 +1,16 @@
 // Pictures of the window in its states, to be looked at: tallyfold_desktop_shots FOLDER [dark].
-// Another scale by QT_SCALE_FACTOR, longer texts by a last word "long".
+// Another scale by QT_SCALE_FACTOR, longer texts by a last word "long", right to left by "rtl", a
+// style of the platform's own by "foreign".
 
+#include <QAbstractItemView>
+#include <QAction>
 #include <QApplication>
 #include <QDir>
 #include <QFontDatabase>
 #include <QLineEdit>
 #include <QListWidget>
 #include <QPixmap>
+#include <QScrollBar>
 #include <QTimer>
 #include <cstdio>
 #include <fstream>
@@ -16,12 +20,14 @@
 #include <sstream>
 
 #include "app/accounts/account_editing.h"
+#include "app/accounts/account_selection.h"
 #include "app/controller.h"
 #include "app/desk.h"
 #include "app/entries/entry_editing.h"
 #include "app/entries/entry_orders.h"
 #include "app/exchange/export_commands.h"
 #include "app/exchange/qif_import_command.h"
+#include "app/face/refresh.h"
 #include "app/face/sheet_slot.h"
 #include "app/schedules/schedule_editing.h"
 #include "app/schedules/schedule_reminder.h"
@@ -38,6 +44,9 @@
 #include "desktop/test_window.h"
 #include "desktop/window_panels.h"
 #include "filters/register_search.h"
+#include "ledger/change.h"
+#include "ledger/ledger.h"
+#include "model/account.h"
 #include "platform/progress.h"
 #include "storage/preferences.h"
 
@@ -89,6 +98,25 @@ void Grab(const QString& folder, const QString& name, const std::string& account
   }
 }
 
+// A register that nobody reads from end to end.
+void AddEntries(TestWindow& test, int count) {
+  LDGRController& app = test.program->app();
+  const auto account = app.desk().SelectedAccount();
+  Change change(app.ledger());
+  EntryList entries;
+  for (int i = 0; i < count; ++i) {
+    auto entry = std::make_shared<LDGRAccountEntry>();
+    entry->SetDate((2000 + i / 4032) * 10000 + (1 + i % 12) * 100 + 1 + i % 28);
+    entry->SetAmount(i % 9 == 0 ? 1250.0 : -(i % 977) / 4.0);
+    entry->SetDescription("Entry " + std::to_string(i));
+    entry->SetNumber(change.NextNumber(account));
+    entries.push_back(std::move(entry));
+  }
+  change.Add(account, entries);
+  change.Close();
+  app.refresh().ImportEnded();
+}
+
 void GrabAll(const QString& folder) {
   const std::string example = ExampleAccounts();
   const auto show = [&folder, &example](const char* name, std::function<void(TestWindow&)> state) {
@@ -103,6 +131,21 @@ void GrabAll(const QString& folder) {
   show("summary", [](TestWindow& test) {
     test.program->app().tabs().Select(Tab::Summary);
     test.program->app().summaries().Select(3);
+  });
+  show("hundred-thousand", [](TestWindow& test) {
+    AddEntries(test, 100'000);
+    test.ClickRow("entry_Table", 6);
+    test.Find<QAbstractItemView>("entry_Table")->verticalScrollBar()->setValue(1'300'000);
+  });
+  show("no-account", [](TestWindow& test) {
+    const auto account = test.program->app().desk().SelectedAccount();
+    account->SetPassword("open");
+    test.program->app().selection().Account_Select(account);
+    test.program->window().findChild<QAction*>(QLatin1String("Account_Lock"))->trigger();
+  });
+  show("smallest-open-filter", [](TestWindow& test) {
+    test.program->window().resize(test.program->window().minimumSize());
+    test.program->app().search().Filter_Select(41);
   });
   show("nothing-matches", [](TestWindow& test) {
     test.Type("Nothing like this");
@@ -276,6 +319,11 @@ int main(int argc, char** argv) {
   const bool is_dark = arguments.contains(QLatin1String("dark"));
   const PaletteWatch palette(
       std::make_unique<Wished>(is_dark ? ColorScheme::Wish::Dark : ColorScheme::Wish::Light));
+  if (arguments.contains(QLatin1String("foreign")))
+    QApplication::setStyle(QLatin1String("windows"));
+  if (arguments.contains(QLatin1String("rtl"))) {
+    QApplication::setLayoutDirection(Qt::RightToLeft);
+  }
   InstallStyle(application);
   QDir().mkpath(arguments[1]);
   GrabAll(arguments[1]);

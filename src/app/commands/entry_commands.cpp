@@ -8,6 +8,7 @@
 #include "app/entries/transfer_linking.h"
 #include "app/shell/tabs.h"
 #include "app/views/reconcile_tab.h"
+#include "app/views/registers.h"
 #include "ledger/transfer_links.h"
 #include "registers/entry_speaker.h"
 
@@ -25,6 +26,10 @@ bool HasOtherHalf(LDGRController& app) {
 }
 bool CanReadAloud(LDGRController& app) {
   return HasEntry(app) && app.tabs().ShownRegister() != RegisterKind::Other;
+}
+bool CanReadAllAloud(LDGRController& app) {
+  return HasAccount(app) && app.tabs().ShownRegister() != RegisterKind::Other &&
+         app.registers().Current().numberOfRowsInTableView() > 0;
 }
 bool HasHiddenEntry(LDGRController& app) {
   return HasAccount(app) && !app.entryReveal().State().text.empty();
@@ -129,6 +134,11 @@ constexpr Command kEntryCommands[] = {
      .menu = Menu::Entry,
      .can = CanReadAloud,
      .run = [](LDGRController& app) { app.speaker().StartSpeakingEntries(); }},
+    {.name = "SpeakEntries",
+     .title = "Speak All Entries",
+     .menu = Menu::Entry,
+     .can = CanReadAllAloud,
+     .run = [](LDGRController& app) { app.speaker().SpeakEntries(); }},
     {.name = "ShowHiddenEntry",
      .can = HasHiddenEntry,
      .run = [](LDGRController& app) { app.entryReveal().ShowHiddenEntry(); }},

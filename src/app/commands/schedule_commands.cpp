@@ -5,6 +5,8 @@
 #include "app/schedules/schedule_reminder.h"
 #include "app/schedules/schedules_tab.h"
 #include "ledger/due_occurrences.h"
+#include "model/account_schedule.h"
+#include "registers/entry_speaker.h"
 
 namespace tallyfold::command_tables {
 namespace {
@@ -87,6 +89,14 @@ constexpr Command kScheduleCommands[] = {
      .menu = Menu::Schedule,
      .can = HasNextOccurrence,
      .run = [](LDGRController& app) { app.schedules().Schedule_SkipNext(); }},
+    {.name = "Schedule_Speak",
+     .title = "Speak Scheduled Entry",
+     .menu = Menu::Schedule,
+     .can = HasSchedule,
+     .run =
+         [](LDGRController& app) {
+           app.speaker().SpeakEntry(app.desk().SelectedSchedule().get());
+         }},
     {.name = "ScheduleReminderSheet_Open",
      .title = "Show What Is Due...",
      .menu = Menu::Schedule,

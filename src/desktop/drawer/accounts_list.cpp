@@ -52,8 +52,8 @@ AccountsList::AccountsList(const Parts& parts, QWidget* parent)
   line->setFixedHeight(kStatusHeight);
   auto* row = new QHBoxLayout(line);
   row->setContentsMargins(kListPadding, 0, kOuterCellPadding, 0);
-  row->addWidget(caption_);
-  row->addStretch(1);
+  caption_->setWordWrap(true);
+  row->addWidget(caption_, 1);
   row->addWidget(total_);
   column->addWidget(line);
 
@@ -101,6 +101,7 @@ void AccountsList::ShowLook() {
 
 void AccountsList::Show() {
   const AccountsTotal total = TotalOfUnlocked(parts_.desk.accounts(), parts_.desk.preferences());
+  table_->FitColumns();
   const bool is_shown = parts_.desk.IsUnlocked();
   caption_->setVisible(is_shown);
   total_->setVisible(is_shown);

@@ -360,4 +360,9 @@ void InstallStyle(QApplication& application) {
   }
 }
 
+void LeaveSelectionToTable(QStyleOptionViewItem& option) {
+  if (dynamic_cast<const Style*>(QApplication::style()) != nullptr) return;
+  option.palette.setColor(QPalette::Highlight, Qt::transparent);
+}
+
 }  // namespace tallyfold::desktop

@@ -3,6 +3,7 @@
 #include <QProxyStyle>
 
 class QApplication;
+class QStyleOptionViewItem;
 
 namespace tallyfold::desktop {
 
@@ -35,5 +36,8 @@ class Style final : public QProxyStyle {
 
 // Installs the style and the font, unless the desktop brings a style of its own: that one stays.
 void InstallStyle(QApplication& application);
+// For tables that draw the ground of their selected rows: a style of the desktop's own would fill
+// them once more, over it.
+void LeaveSelectionToTable(QStyleOptionViewItem& option);
 
 }  // namespace tallyfold::desktop

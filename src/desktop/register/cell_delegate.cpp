@@ -7,6 +7,7 @@
 #include <QTextLayout>
 #include <QTextOption>
 #include <QVariant>
+#include <QWidget>
 #include <algorithm>
 #include <cmath>
 #include <string>
@@ -33,6 +34,11 @@ Qt::Alignment VisualAlignment(CellLook::Align align, Qt::LayoutDirection directi
   if (align == CellLook::Align::Center) return Qt::AlignHCenter;
   const bool is_right = (align == CellLook::Align::Trailing) == (direction == Qt::LeftToRight);
   return is_right ? Qt::AlignRight : Qt::AlignLeft;
+}
+
+// What the table draws with; the option's may have no colour for what is selected.
+const QPalette& PaletteOf(const QStyleOptionViewItem& option) {
+  return option.widget != nullptr ? option.widget->palette() : option.palette;
 }
 
 void DrawWord(QPainter& painter, const QRect& rect, const CellLook& look, const Colors& colors,
@@ -125,7 +131,7 @@ void CellDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
                      option.state.testFlag(QStyle::State_Active), false, false, false};
   PainterState saved(*painter);
   if (look.mark != CellLook::Mark::None) return DrawMark(*painter, option, look, state);
-  const Colors& colors = ColorsOf(option.palette);
+  const Colors& colors = ColorsOf(PaletteOf(option));
   const QRect rect = Padded(option.rect, index.column(), option.direction);
   const QFont font = FontFor(look, option.font);
   painter->setFont(state.is_demi_bold ? DemiBoldFont(font) : font);
@@ -184,13 +190,13 @@ void CellDelegate::DrawText(QPainter& painter, QRect rect, const CellLook& look,
 
 void CellDelegate::DrawMark(QPainter& painter, const QStyleOptionViewItem& option,
                             const CellLook& look, const RowState& state) const {
-  const Colors& colors = ColorsOf(option.palette);
+  const Colors& colors = ColorsOf(PaletteOf(option));
   const QRect box = CenteredIn(option.rect, kMarkSize, kMarkSize);
   const bool is_set = look.mark == CellLook::Mark::Set;
   if (look.mark_is_box) {
     QStyleOptionButton check;
     check.rect = box;
-    check.palette = option.palette;
+    check.palette = PaletteOf(option);
     check.state = QStyle::State_Enabled | (is_set ? QStyle::State_On : QStyle::State_Off);
     const QStyle* style = option.widget != nullptr ? option.widget->style() : QApplication::style();
     style->drawPrimitive(QStyle::PE_IndicatorCheckBox, &check, &painter, option.widget);

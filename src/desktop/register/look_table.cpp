@@ -11,6 +11,7 @@
 #include "desktop/look/colors.h"
 #include "desktop/look/measures.h"
 #include "desktop/look/painting.h"
+#include "desktop/look/style.h"
 #include "desktop/register/table_titles.h"
 
 namespace tallyfold::desktop {
@@ -197,6 +198,11 @@ void LookTable::paintEvent(QPaintEvent* event) {
 void LookTable::resizeEvent(QResizeEvent* event) {
   QTableView::resizeEvent(event);
   FitColumns();
+}
+
+void LookTable::initViewItemOption(QStyleOptionViewItem* option) const {
+  QTableView::initViewItemOption(option);
+  LeaveSelectionToTable(*option);
 }
 
 void LookTable::keyPressEvent(QKeyEvent* event) {

@@ -46,6 +46,7 @@ class LookTable final : public QTableView, public RowStates {
   void paintEvent(QPaintEvent* event) override;
   void resizeEvent(QResizeEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
+  void initViewItemOption(QStyleOptionViewItem* option) const override;
 
  private:
   class Model;

@@ -11,6 +11,7 @@
 #include "desktop/look/colors.h"
 #include "desktop/look/measures.h"
 #include "desktop/look/painting.h"
+#include "desktop/look/style.h"
 #include "desktop/register/column_widths.h"
 #include "desktop/register/copied_rows.h"
 #include "desktop/register/header.h"
@@ -173,11 +174,12 @@ void RegisterView::FitColumns() {
   std::vector<ColumnRoom> rooms;
   for (const TableColumn& column : table_.Columns()) {
     rooms.push_back(RoomOf(column.identifier, column.width, factor));
-    // In a narrow list the names need the room more than the figures do.
-    const bool is_figure = column.content == TableColumn::Content::Amount;
-    if (!is_list_ || !is_figure || viewport()->width() - rooms.back().width >= kWideName) continue;
+    // In a list the figures need more room where they are long, and in a narrow one the names do.
+    if (!is_list_ || column.content != TableColumn::Content::Amount) continue;
     const int needed = WidestCell(model_->IndexOf(column.identifier));
-    if (needed > 0) rooms.back().width = std::min(rooms.back().width, needed);
+    int& wanted = rooms.back().width;
+    const bool is_narrow = viewport()->width() - wanted < kWideName;
+    if (needed > 0) wanted = is_narrow ? needed : std::max(wanted, needed);
   }
   const std::vector<int> widths = WidthsIn(viewport()->width(), rooms);
   const std::vector<int> shown = ShownColumns();
@@ -342,7 +344,8 @@ void RegisterView::ScrollToRow(int row) {
   if (top < bar->value()) {
     bar->setValue(top);
   } else if (bottom > bar->value() + viewport()->height()) {
-    bar->setValue(bottom - viewport()->height());
+    // A table that has no room yet shows the row from its top.
+    bar->setValue(std::min(top, bottom - viewport()->height()));
   }
 }
 
@@ -365,6 +368,11 @@ void RegisterView::resizeEvent(QResizeEvent* event) {
 void RegisterView::changeEvent(QEvent* event) {
   QTableView::changeEvent(event);
   if (event->type() == QEvent::PaletteChange) viewport()->update();
+}
+
+void RegisterView::initViewItemOption(QStyleOptionViewItem* option) const {
+  QTableView::initViewItemOption(option);
+  LeaveSelectionToTable(*option);
 }
 
 void RegisterView::focusInEvent(QFocusEvent* event) {

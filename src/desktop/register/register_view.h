@@ -39,6 +39,8 @@ class RegisterView final : public QTableView, public RowStates, private TableSta
   void SetSelectsOneRow(bool only_one) noexcept { selects_one_row_ = only_one; }
   // No rule under rows whose month ends; there by default where the rows are sorted by a day.
   void SetHasMonthRules(bool has_rules);
+  // The widths follow what the cells of a list need, which may have changed with the amounts.
+  void FitColumns();
 
   // --- Rows
   // -----------------------------------------------------------------------------------------
@@ -81,6 +83,7 @@ class RegisterView final : public QTableView, public RowStates, private TableSta
   void paintEvent(QPaintEvent* event) override;
   void resizeEvent(QResizeEvent* event) override;
   void changeEvent(QEvent* event) override;
+  void initViewItemOption(QStyleOptionViewItem* option) const override;
   bool viewportEvent(QEvent* event) override;
   void mousePressEvent(QMouseEvent* event) override;
   void mouseMoveEvent(QMouseEvent* event) override;
@@ -98,7 +101,6 @@ class RegisterView final : public QTableView, public RowStates, private TableSta
 
   void SetUpHeader();
   void ShowColumns();
-  void FitColumns();
   // The widest cell of the column.
   [[nodiscard]] int WidestCell(int section) const;
   void ShowCurrentRow();

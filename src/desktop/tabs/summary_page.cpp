@@ -230,7 +230,12 @@ SummaryTable* SummaryPage::MakeBlock(std::size_t number, const LDGRPreferences& 
   content.activated = Wanting([number](int row) {
     return SummaryLine{SummaryLine::Kind::Block, static_cast<std::size_t>(row), number};
   });
-  content.bar = [&block](int row) { return block.lines[static_cast<std::size_t>(row)].share; };
+  double greatest = 0.0;
+  for (const auto& line : block.lines) greatest = std::max(greatest, line.share);
+  content.bar = [&block, greatest](int row) {
+    const double share = block.lines[static_cast<std::size_t>(row)].share;
+    return greatest > 0.0 ? share / greatest : 0.0;
+  };
   auto* table = new SummaryTable(std::move(content), blocks_area_);
   table->setObjectName(QStringLiteral("summary_Block_%1").arg(number));
   return table;

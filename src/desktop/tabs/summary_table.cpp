@@ -145,9 +145,10 @@ void SummaryTable::PaintLine(QPainter& painter, int row) const {
         break;
       case Kind::Share:
         PaintShare(painter, cell, content_.bar(row));
-        painter.setPen(colors[Role::Dim]);
         [[fallthrough]];
       case Kind::Count:
+        if (!is_total) painter.setPen(colors[Role::Dim]);
+        [[fallthrough]];
       case Kind::Figure:
         figures.Draw(painter, cell, content_.text(row, column), Qt::AlignRight);
         break;

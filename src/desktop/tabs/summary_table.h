@@ -22,7 +22,7 @@ class SummaryTable final : public QWidget {
     // Whether the last row is a sum of the others.
     bool ends_with_total = false;
     std::function<QString(int row, int column)> text;
-    // From -1 to 1, of columns with bars.
+    // From -1 to 1, of columns with bars: beside the greatest.
     std::function<double(int row)> bar = {};
     // A double click on a row, or Return; the table may be gone after it.
     std::function<void(int row)> activated = {};
