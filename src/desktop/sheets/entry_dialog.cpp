@@ -63,6 +63,8 @@ void EntryDialog::MakeForm() {
   clear_all_ = PlainButton(Text("Clear All"), Named("_ClearSplit_Button"), form);
   amount_note_ = Form::MakeNote(form);
   amount_note_->setText(Text("the total of the split"));
+  // Beside both buttons it has room for two short lines.
+  amount_note_->setWordWrap(true);
   QHBoxLayout* row = Fields().AddRow(Text("Amount"), {amount_, split_button_, clear_all_});
   row->insertWidget(1, amount_note_);
   connect(split_button_, &QPushButton::clicked, this, [this] {
