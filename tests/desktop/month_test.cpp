@@ -236,8 +236,7 @@ class Script final : public Terminal {
     while (lines_.empty()) {
       if (step_ > 0) saved.push_back(files_.Content(TestWindow::kAccountsFile).value_or(""));
       if (step_ == std::size(kMonth)) return std::nullopt;
-      // A window has a summary worked out all the time, which moves the days that are kept with it.
-      std::istringstream typed(std::string(kMonth[step_++].typed) + "\nsummary\nsave");
+      std::istringstream typed(std::string(kMonth[step_++].typed) + "\nsave");
       for (std::string line; std::getline(typed, line);) lines_.push_back(line);
     }
     const std::string line = lines_.front();

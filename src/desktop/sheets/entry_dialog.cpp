@@ -217,7 +217,7 @@ bool EntryDialog::EndEditing() {
 void EntryDialog::SetWide(bool is_wide) {
   is_wide_ = is_wide;
   split_panel_->setVisible(is_wide);
-  Fields().setMinimumWidth(is_wide ? kWideForm : kNarrowForm);
+  Fields().SetLeastWidth(is_wide ? kWideForm : kNarrowForm);
   split_button_->setVisible(!is_wide);
   PutThenNew(!is_wide);
 }

@@ -64,7 +64,7 @@ ScheduleDialog::ScheduleDialog(ScheduleEditing& editing, const Desk& desk, QWidg
       notes_(new QPlainTextEdit(form_)),
       dates_(new ScheduleDatesPanel(this)) {
   setObjectName(QLatin1String("scheduleSheet"));
-  form_->setMinimumWidth(kScheduleFormWidth);
+  form_->SetLeastWidth(kScheduleFormWidth);
   const std::string format = RegisterDateFormat(desk_.preferences());
   start_->SetFormat(format);
   form_->Add(Text("First date"), start_, "scheduleSheet_Start_Field", kDateFieldWidth);
