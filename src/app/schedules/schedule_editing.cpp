@@ -225,6 +225,9 @@ void ScheduleEditing::Update() {
   state_.dates.clear();
   state_.dates_note.clear();
   ScheduleValues values = typed;
+  // The days do not ask for the money.
+  values.amount = 0.0;
+  values.split = SplitRows();
   // What cannot be stored in the end can be shown as far as it makes sense.
   if (!ProblemOf(values, &typed, TodaysDateNumber())) {
     const auto schedule = edited_ != nullptr

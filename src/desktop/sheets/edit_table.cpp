@@ -105,10 +105,6 @@ void EditTable::paintEvent(QPaintEvent* event) {
   for (int row = 0; row < rows; ++row) {
     painter.fillRect(line_of(row), colors[StateOf(row).Ground()]);
   }
-  if (const QModelIndex refused = Refused(); refused.isValid()) {
-    DrawBox(painter, visualRect(refused), kSmallRadius, colors[Role::ProblemFill],
-            colors[Role::Problem], kRing);
-  }
   painter.end();
   QTableView::paintEvent(event);
   painter.begin(viewport());
@@ -123,7 +119,11 @@ void EditTable::paintEvent(QPaintEvent* event) {
     DrawRuleBelow(painter, line.adjusted(0, 0, 0, 1 - line.height()), colors[Role::Accent]);
     DrawRuleBelow(painter, line, colors[Role::Accent]);
   }
-  if (hasFocus() && IsEditable(currentIndex())) {
+  const QModelIndex refused = Refused();
+  if (refused.isValid()) {
+    DrawBox(painter, visualRect(refused), kSmallRadius, QColor(), colors[Role::Problem], kRing);
+  }
+  if (hasFocus() && currentIndex() != refused && IsEditable(currentIndex())) {
     DrawBox(painter, visualRect(currentIndex()), kSmallRadius, QColor(), colors[Role::Accent],
             kRing);
   }
