@@ -33,7 +33,7 @@ void TellIfAny(const Console& console, const std::string& note) {
 
 // What a sheet that stays open tells; `problem` is its own text.
 [[noreturn]] void RefuseToStore(const std::optional<Problem>& problem) {
-  throw CommandError(problem ? problem->text : "the entry cannot be stored");
+  throw CommandError(problem ? problem->text : "the entry stays as it was");
 }
 
 void FinishDebitSheet(Console& console, const Arguments& arguments) {

@@ -13,6 +13,7 @@
 #include "console/lookup.h"
 #include "console/values.h"
 #include "model/account.h"
+#include "model/amounts.h"
 #include "model/text.h"
 
 namespace tallyfold::console {
@@ -34,7 +35,9 @@ constexpr Option kTax = {.name = "tax", .value = "yes|no", .help = "whether it i
 constexpr Option kNotes = {.name = "notes", .value = "TEXT", .help = "anything else"};
 constexpr Option kSplit = {.name = "split",
                            .value = "DESCRIPTION|TO|AMOUNT",
-                           .help = "one line of a split, up to ten; split=none takes a split away",
+                           .help =
+                               "one line of a split, up to ten, an AMOUNT of rest taking what "
+                               "is left of amount=; split=none takes a split away",
                            .is_repeatable = true};
 constexpr Option kTo = {.name = "to", .value = "TEXT", .help = "who was paid"};
 constexpr Option kFrom = {.name = "from", .value = "TEXT", .help = "who paid"};
@@ -82,6 +85,9 @@ void Refuse(const Arguments& arguments, std::span<const std::string_view> option
   }
 }
 
+// Of a line of a split that takes what the others leave.
+constexpr std::string_view kRest = "|rest";
+
 // "none" of the type pop-up is its last item.
 std::int32_t TypeItem(const std::vector<PopUpItem>& items, std::string_view name) {
   if (name == "none") return static_cast<std::int32_t>(items.size()) - 1;
@@ -93,18 +99,40 @@ void TypeSplit(EntrySheet& sheet, const Arguments& arguments) {
   if (clears && !arguments.Has("amount")) {
     throw CommandError("amount: expected one, as the lines that made it up go");
   }
-  const SplitRows rows = clears ? SplitRows() : ReadSplit(arguments);
+  std::vector<std::string> lines =
+      clears ? std::vector<std::string>() : arguments.AllTexts("split");
+  const auto amount = arguments.Amount("amount");
+  const auto rest =
+      std::ranges::find_if(lines, [](const std::string& line) { return line.ends_with(kRest); });
+  if (rest != lines.end()) {
+    if (!amount) throw CommandError("amount: expected one, of which a line is to take the rest");
+    rest->replace(rest->size() - kRest.size(), kRest.size(), "|0");
+  }
+  const SplitRows rows = ReadSplit(lines);
   sheet.ClearSplit();
   EntrySheetState::Typed typed = sheet.State().typed;
+  typed.amount = amount.value_or(0.0);
   typed.split = rows;
-  sheet.Read(std::move(typed));
+  sheet.Read(typed);
   sheet.Split_Table_Field();
+  if (clears || !amount) return;
+  if (rest != lines.end()) {
+    typed = sheet.State().typed;
+    typed.selected_split_row = static_cast<std::int32_t>(rest - lines.begin());
+    sheet.Read(typed);
+    sheet.Split_FillWithRest();
+  }
+  if (const double left = RoundedAmount(*amount - sheet.State().split_total); left != 0.0) {
+    throw CommandError("amount: the lines of the split come to " +
+                       WriteAmount(sheet.State().split_total) + ", which leaves " +
+                       WriteAmount(left) + " of " + WriteAmount(*amount));
+  }
 }
 
 void TypeIntoEntrySheet(EntrySheet& sheet, const Arguments& arguments, std::string_view to_from) {
   if (arguments.Has("split")) TypeSplit(sheet, arguments);
   const EntrySheetState& state = sheet.State();
-  if (!state.amount_is_enabled && arguments.Has("amount")) {
+  if (!state.amount_is_enabled && arguments.Has("amount") && !arguments.Has("split")) {
     throw CommandError("amount: the amount of a split is the sum of its lines");
   }
   if (!state.to_from_is_enabled && arguments.Has(to_from)) {
@@ -246,8 +274,7 @@ SplitRow ReadSplitRow(std::string_view text) {
           ReadAmount(fields[2], "split")};
 }
 
-SplitRows ReadSplit(const Arguments& arguments) {
-  const std::vector<std::string> lines = arguments.AllTexts("split");
+SplitRows ReadSplit(const std::vector<std::string>& lines) {
   SplitRows rows;
   if (lines.size() > rows.size()) {
     throw CommandError("split: a split has at most " + std::to_string(rows.size()) + " lines");

@@ -31,7 +31,7 @@ void TypeIntoTransferSheet(Console& console, const Arguments& arguments);
 
 // Reads "description|to|amount". A "|" within a text is written "\|", a backslash "\\".
 [[nodiscard]] SplitRow ReadSplitRow(std::string_view text);
-// The lines that split= options describe; at most ten.
-[[nodiscard]] SplitRows ReadSplit(const Arguments& arguments);
+// What split= options describe; at most ten lines.
+[[nodiscard]] SplitRows ReadSplit(const std::vector<std::string>& lines);
 
 }  // namespace tallyfold::console

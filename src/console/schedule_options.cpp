@@ -94,7 +94,7 @@ void TypeAmount(const Arguments& arguments, ScheduleValues& typed) {
   if (arguments.Has("split")) {
     const bool clears = arguments.AllTexts("split") == std::vector<std::string>{"none"};
     if (clears != arguments.Has("amount")) throw CommandError("expected either amount= or split=");
-    typed.split = clears ? SplitRows() : ReadSplit(arguments);
+    typed.split = clears ? SplitRows() : ReadSplit(arguments.AllTexts("split"));
   } else if (arguments.Has("amount") && typed.split != SplitRows()) {
     throw CommandError("amount: the amount of a split is the sum of its lines");
   }

@@ -37,6 +37,7 @@ constexpr std::string_view kGroupStarts[] = {
     "Quit",
     "EntryFind_Open",
     "PreferencesSheet_Open",
+    "OKThenNewDebit",
     "Entry_Edit",
     "Entry_Duplicate",
     "currentTableDataSource_Cleared_CheckBox",

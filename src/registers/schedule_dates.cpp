@@ -18,12 +18,11 @@ ScheduleDateLine LineOf(const OccurrenceAhead& occurrence, int day) {
     // The candidate has rolled into the month after the one that is skipped.
     const CivilTime candidate = DateNumberToNSCalendarDate(occurrence.candidate);
     return {0, FormatDate(AddDays(candidate, -candidate.day), "%B %Y"),
-            Message("Skipped: no day {1}", {std::to_string(day)})};
+            Message("no day {1}", {std::to_string(day)})};
   }
-  ScheduleDateLine line{*occurrence.date, Formatted(*occurrence.date, "%a %e %b %Y"), ""};
+  ScheduleDateLine line{*occurrence.date, Formatted(occurrence.candidate, "%a %e %b %Y"), ""};
   if (*occurrence.date != occurrence.candidate) {
-    line.note = Message("{1} -> {2}", {Formatted(occurrence.candidate, "%a %e %b"),
-                                       Formatted(*occurrence.date, "%a %e %b")});
+    line.note = Message("paid {1}", {Formatted(*occurrence.date, "%a %e %b")});
   }
   return line;
 }

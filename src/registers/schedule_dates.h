@@ -11,14 +11,19 @@ namespace tallyfold {
 
 // A line of the dates that a schedule comes to next, in the user's language.
 struct ScheduleDateLine {
-  // 0 where a month is skipped.
+  // The day on which it falls due; 0 where a month is skipped.
   DateNumber date = 0;
-  std::string text;  // "Fri 30 Apr 2004", "February 2005"
-  // "Sat 1 May -> Fri 30 Apr" where the weekend has moved it, "Skipped: no day 31"; else "".
+  // The day that the rule names, "Sat 1 May 2004", or the month that is skipped, "February 2005".
+  std::string text;
+  // "paid Fri 30 Apr" where the weekend has moved it, "no day 31" of a month; else "".
   std::string note;
 
   friend bool operator==(const ScheduleDateLine&, const ScheduleDateLine&) = default;
 };
+
+[[nodiscard]] inline bool IsSkippedMonth(const ScheduleDateLine& line) noexcept {
+  return line.date == 0;
+}
 
 // How many dates the schedule sheet shows.
 inline constexpr std::size_t kScheduleDatesShown = 12;

@@ -166,11 +166,11 @@ TEST(ScheduleSheet, ShowsTheNextDatesOfWhatIsTyped) {
   ScheduleValues values = Values(EntryKind::Debit);
   values.use_preceding_friday = true;
   values.repeat_until = 3;
-  EXPECT_EQ(dates(values), (Texts{"Thu 1 Apr 2004", "Fri 30 Apr 2004; Sat 1 May -> Fri 30 Apr",
-                                  "Tue 1 Jun 2004"}));
+  EXPECT_EQ(dates(values),
+            (Texts{"Thu 1 Apr 2004", "Sat 1 May 2004; paid Fri 30 Apr", "Tue 1 Jun 2004"}));
   values.start = 20040531;
-  EXPECT_EQ(dates(values), (Texts{"Mon 31 May 2004", "June 2004; Skipped: no day 31",
-                                  "Fri 30 Jul 2004; Sat 31 Jul -> Fri 30 Jul", "Tue 31 Aug 2004"}));
+  EXPECT_EQ(dates(values), (Texts{"Mon 31 May 2004", "June 2004; no day 31",
+                                  "Sat 31 Jul 2004; paid Fri 30 Jul", "Tue 31 Aug 2004"}));
   values.repeat_until_type = 1;
   EXPECT_EQ(dates(values).size(), 12U + 8U);
   values.repeat_interval_type = 0;

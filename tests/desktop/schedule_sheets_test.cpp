@@ -1,9 +1,8 @@
 #include <gtest/gtest.h>
 
-#include <QCheckBox>
 #include <QComboBox>
 #include <QLineEdit>
-#include <QTableWidget>
+#include <QTableView>
 #include <algorithm>
 
 #include "app/desk.h"
@@ -72,28 +71,34 @@ TEST(ScheduleSheet, MakesADebitRefusesWhatIsNoNumberAndTheReminderCommitsIt) {
   test.Settle();
   type("scheduleReminderSheet_LookAhead", "90");
   app.reminder().MarkAll(false);
-  const auto& rows = app.reminder().State().rows;
-  const auto row =
-      std::find_if(rows.begin(), rows.end(),
-                   [&made](const ReminderRow& each) { return each.schedule == made; }) -
-      rows.begin();
-  ASSERT_LT(row, static_cast<std::ptrdiff_t>(rows.size()));
-  auto* table = test.Find<QTableWidget>("scheduleReminderSheet_Table");
+  auto* table = test.Find<QTableView>("scheduleReminderSheet_Table");
+  constexpr int kAmount = 5;
   // The rows are made anew with the look-ahead.
-  const auto amount = [table, row] {
-    return qobject_cast<QLineEdit*>(table->cellWidget(static_cast<int>(row), 5));
+  const auto amount = [&app, &made, table] {
+    const auto& rows = app.reminder().State().rows;
+    const auto row = std::ranges::find(rows, made, &ReminderRow::schedule) - rows.begin();
+    return table->model()->index(static_cast<int>(row), kAmount);
   };
-  qobject_cast<QCheckBox*>(table->cellWidget(static_cast<int>(row), 0))->setChecked(true);
-  amount()->setText(QStringLiteral("8x"));
-  test.Click("scheduleReminderSheet_Commit_Button");
-  ASSERT_EQ(app.sheets().Current(), Sheet::ScheduleReminder);
-  EXPECT_FALSE(amount()->accessibleDescription().isEmpty());
-  auto* look_ahead = test.Find<QLineEdit>("scheduleReminderSheet_LookAhead");
-  look_ahead->setFocus();
-  look_ahead->end(false);
-  test.Type("5");
-  EXPECT_EQ(amount()->text(), QLatin1String("8x"));
-  amount()->setText(QStringLiteral("8.50"));
+  ASSERT_TRUE(amount().isValid());
+  EXPECT_EQ(amount().data().toString(), QLatin1String("-$7.25"));
+  table->setFocus();
+  table->setCurrentIndex(amount());
+  test.Key(Qt::Key_Space);
+  for (const char* bad : {"-8", "8x"}) {
+    test.Type(bad);
+    test.Key(Qt::Key_Return);
+    test.Click("scheduleReminderSheet_Commit_Button");
+    ASSERT_EQ(app.sheets().Current(), Sheet::ScheduleReminder) << bad;
+    EXPECT_FALSE(amount().data(Qt::AccessibleDescriptionRole).toString().isEmpty()) << bad;
+    EXPECT_EQ(table->currentIndex(), amount()) << bad;
+  }
+  // Out of sight and back again, also the text that is no amount.
+  for (const char* days : {"905", "1", "90"}) type("scheduleReminderSheet_LookAhead", days);
+  EXPECT_EQ(amount().data().toString(), QLatin1String("8x"));
+  EXPECT_EQ(app.reminder().State().marked, 1U);
+  table->setFocus();
+  table->setCurrentIndex(amount());
+  test.Type("8.50");
   test.Click("scheduleReminderSheet_Commit_Button");
   ASSERT_EQ(app.sheets().Current(), Sheet::None);
   ASSERT_EQ(account->GetEntries().size(), entries + 1);

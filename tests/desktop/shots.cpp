@@ -190,6 +190,25 @@ void GrabAll(const QString& folder) {
     static_cast<void>(test.program->app().reminder().Open());
     test.program->app().reminder().scheduleReminderSheet_LookAhead("14");
   });
+  show("reminder-refused", [](TestWindow& test) {
+    static_cast<void>(test.program->app().reminder().Open());
+    test.program->app().reminder().scheduleReminderSheet_LookAhead("400");
+    test.Key(Qt::Key_Tab, Qt::ShiftModifier);
+    test.FindWidget("scheduleReminderSheet_Table")->setFocus();
+    test.Key(Qt::Key_Space);
+    test.Type("8x");
+    test.Key(Qt::Key_Return);
+    test.Click("scheduleReminderSheet_Commit_Button");
+  });
+  show("schedule-sheet-refused", [](TestWindow& test) {
+    test.program->app().scheduleSheet().New(EntryKind::Debit);
+    test.Settle();
+    test.Find<QLineEdit>("scheduleSheet_Start_Field")->setText(QStringLiteral("05/01/27"));
+    test.Click("scheduleSheet_PrecedingFriday_Button");
+    test.Click("scheduleSheet_Amount_Field");
+    test.Type("12x");
+    test.Click("scheduleSheet_OK_Button");
+  });
   show("import-options", [](TestWindow& test) { OpenImport(test); });
   show("import-review", [](TestWindow& test) {
     OpenImport(test);

@@ -6,6 +6,7 @@
 #include "app/entries/entry_removal.h"
 #include "app/entries/entry_reveal.h"
 #include "app/entries/transfer_linking.h"
+#include "app/face/sheet_slot.h"
 #include "app/shell/tabs.h"
 #include "app/views/reconcile_tab.h"
 #include "app/views/registers.h"
@@ -50,6 +51,27 @@ bool AsksForOtherHalf(LDGRController& app) {
   return app.entryRemoval().Transfer().is_open;
 }
 
+EditSheet* OpenEntrySheet(LDGRController& app) {
+  switch (app.sheets().Current()) {
+    case Sheet::Debit:
+      return &app.entries().Debit();
+    case Sheet::Deposit:
+      return &app.entries().Deposit();
+    case Sheet::Transfer:
+      return &app.entries().Transfer();
+    default:
+      return nullptr;
+  }
+}
+bool EntrySheetIsOpen(LDGRController& app) {
+  return OpenEntrySheet(app) != nullptr;
+}
+void OKThenNew(LDGRController& app, EntryKind kind) {
+  if (EditSheet* sheet = OpenEntrySheet(app)) sheet->OKThenNew(kind);
+}
+
+// Those that go on from an open sheet have the keys of those that begin without one: it is never
+// both that can run.
 constexpr Command kEntryCommands[] = {
     {.name = "Entry_Debit",
      .title = "New Debit...",
@@ -72,6 +94,24 @@ constexpr Command kEntryCommands[] = {
      .controls = "transferEntry_Button transferEntry_MenuItem",
      .can = HasAccount,
      .run = [](LDGRController& app) { app.entries().New(EntryKind::Transfer); }},
+    {.name = "OKThenNewDebit",
+     .title = "OK, Then New Debit...",
+     .shortcut = "Ctrl+D",
+     .menu = Menu::Entry,
+     .can = EntrySheetIsOpen,
+     .run = [](LDGRController& app) { OKThenNew(app, EntryKind::Debit); }},
+    {.name = "OKThenNewDeposit",
+     .title = "OK, Then New Deposit...",
+     .shortcut = "Ctrl++",
+     .menu = Menu::Entry,
+     .can = EntrySheetIsOpen,
+     .run = [](LDGRController& app) { OKThenNew(app, EntryKind::Deposit); }},
+    {.name = "OKThenNewTransfer",
+     .title = "OK, Then New Transfer...",
+     .shortcut = "Ctrl+T",
+     .menu = Menu::Entry,
+     .can = EntrySheetIsOpen,
+     .run = [](LDGRController& app) { OKThenNew(app, EntryKind::Transfer); }},
     {.name = "Entry_Edit",
      .title = "Edit...",
      .shortcut = "Ctrl+E",

@@ -15,6 +15,7 @@ namespace tallyfold {
 
 class Change;
 class LDGRAccount;
+class LDGRAccountEntry;
 class LDGRPreferences;
 
 // What the sheets for entries have in common: each shows an entry of an account in its state and
@@ -65,6 +66,9 @@ class EditSheet {
   // Limits the typed day to its month, then tells what cannot be stored of what was typed; none
   // when all of it can.
   [[nodiscard]] virtual std::optional<Problem> CheckTyped() = 0;
+  // Whether what was typed gives the entry another amount or day. To be called only after
+  // CheckTyped() found nothing.
+  [[nodiscard]] virtual bool ChangesAmountOrDay(const LDGRAccountEntry& entry) const = 0;
   // Writes the typed values into the entry, which is one of `account` or about to become one. To
   // be called only after CheckTyped() found nothing.
   virtual void Store(const EditedEntry& edited, LDGRAccount& account) = 0;

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "app/entries/resolved_question.h"
 #include "ledger/change.h"
 #include "model/account_entry.h"
 #include "platform/ambient.h"
@@ -18,10 +19,11 @@ std::string_view NameOfStep(Sheet sheet, bool is_new) {
 
 }  // namespace
 
-EntryEditing::EntryEditing(Desk& desk, Ledger& ledger, const TransferLinks& links,
+EntryEditing::EntryEditing(Desk& desk, Ledger& ledger, const TransferLinks& links, Alerts& alerts,
                            SheetSlot& sheets, Refresh& refresh, Announcer& announcer)
     : desk_(desk),
       ledger_(ledger),
+      alerts_(alerts),
       sheets_(sheets),
       refresh_(refresh),
       announcer_(announcer),
@@ -138,6 +140,7 @@ bool EntryEditing::OK(EditSheet& sheet) {
   const auto account = edited_.account.lock();
   const auto entry = edited_.entry;
   TakeSavedBack();
+  if (!MayChange(sheet)) return false;
   if (edited_.owner != nullptr) {
     sheet.Store(edited_, *account);
     Close(sheet);
@@ -160,6 +163,15 @@ bool EntryEditing::OK(EditSheet& sheet) {
     refresh_.EntrySavedElsewhere();
   }
   return true;
+}
+
+bool EntryEditing::MayChange(const EditSheet& sheet) {
+  const LDGRAccountEntry& entry = *edited_.entry;
+  const bool is_stored = !editEntryIsNew() && edited_.owner == nullptr;
+  if (!is_stored || !entry.GetCleared() || !sheet.ChangesAmountOrDay(entry)) return true;
+  // The program may have closed the sheet in the meantime.
+  return AgreesToChangeResolved(alerts_) && sheets_.Current() == sheet.Which() &&
+         CheckTarget().empty();
 }
 
 std::string EntryEditing::CheckTarget() const {

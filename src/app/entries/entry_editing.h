@@ -13,6 +13,7 @@
 #include "ledger/ledger.h"
 #include "ledger/transfer_links.h"
 #include "model/account.h"
+#include "platform/alerts.h"
 
 namespace tallyfold {
 
@@ -20,8 +21,8 @@ namespace tallyfold {
 // transfer sheet. The account changes at OK alone, all at once or not at all.
 class EntryEditing final : private EditSheet::Keeper {
  public:
-  EntryEditing(Desk& desk, Ledger& ledger, const TransferLinks& links, SheetSlot& sheets,
-               Refresh& refresh, Announcer& announcer);
+  EntryEditing(Desk& desk, Ledger& ledger, const TransferLinks& links, Alerts& alerts,
+               SheetSlot& sheets, Refresh& refresh, Announcer& announcer);
   EntryEditing(const EntryEditing&) = delete;
   EntryEditing& operator=(const EntryEditing&) = delete;
 
@@ -74,6 +75,8 @@ class EntryEditing final : private EditSheet::Keeper {
   bool OKThenNew(EditSheet& sheet, EntryKind kind) override;
   void Cancel(EditSheet& sheet) override;
 
+  // Asks before a resolved entry gets another amount or day. False where the sheet stays as it is.
+  [[nodiscard]] bool MayChange(const EditSheet& sheet);
   // Undoes SaveValuesToEditEntry().
   void TakeSavedBack();
   bool BeginNew(EntryKind kind, const std::shared_ptr<LDGRAccount>& account, bool is_for_any);
@@ -89,6 +92,7 @@ class EntryEditing final : private EditSheet::Keeper {
 
   Desk& desk_;
   Ledger& ledger_;
+  Alerts& alerts_;
   SheetSlot& sheets_;
   Refresh& refresh_;
   Announcer& announcer_;

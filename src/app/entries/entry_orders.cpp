@@ -7,6 +7,7 @@
 
 #include "app/entries/entry_defaults.h"
 #include "app/entries/entry_kinds.h"
+#include "app/entries/resolved_question.h"
 #include "ledger/change.h"
 #include "model/entry_type.h"
 #include "platform/ambient.h"
@@ -103,6 +104,10 @@ bool EntryOrders::Entry_ChangeKind() {
   const Announcer::Operation operation(announcer_);
   if (!CanChangeKind()) return false;
   const auto entry = desk_.SelectedEntry();
+  if (entry->GetCleared()) {
+    // The program may have gone on to something else while the user was asked.
+    if (!AgreesToChangeResolved(alerts_) || entry != desk_.SelectedEntry()) return false;
+  }
   const auto account = Begin();
   if (account == nullptr) return false;
   Change change(ledger_, "Change Kind", account);

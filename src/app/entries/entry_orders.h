@@ -15,6 +15,7 @@
 #include "ledger/transfer_links.h"
 #include "model/account.h"
 #include "model/account_entry.h"
+#include "platform/alerts.h"
 
 namespace tallyfold {
 
@@ -36,11 +37,12 @@ struct EntryOrdersState {
 // and while a sheet is open; where the state says why, it is refused.
 class EntryOrders {
  public:
-  EntryOrders(Desk& desk, Ledger& ledger, const TransferLinks& links, const SheetSlot& sheets,
-              Refresh& refresh, Announcer& announcer) noexcept
+  EntryOrders(Desk& desk, Ledger& ledger, const TransferLinks& links, Alerts& alerts,
+              const SheetSlot& sheets, Refresh& refresh, Announcer& announcer) noexcept
       : desk_(desk),
         ledger_(ledger),
         links_(links),
+        alerts_(alerts),
         sheets_(sheets),
         refresh_(refresh),
         announcer_(announcer) {}
@@ -59,7 +61,8 @@ class EntryOrders {
   bool Entry_Duplicate();
   // A debit becomes a deposit of the same money and the other way round. Its type gives way to the
   // one of the same name and the other kind or to none, and a check loses its number; the state
-  // tells. A transfer goes in the other direction, in both accounts.
+  // tells. A transfer goes in the other direction, in both accounts. A resolved entry is asked for
+  // first.
   bool Entry_ChangeKind();
   // Whether the selected entry is of one kind.
   [[nodiscard]] bool CanChangeKind() const;
@@ -94,6 +97,7 @@ class EntryOrders {
   Desk& desk_;
   Ledger& ledger_;
   const TransferLinks& links_;
+  Alerts& alerts_;
   const SheetSlot& sheets_;
   Refresh& refresh_;
   Announcer& announcer_;

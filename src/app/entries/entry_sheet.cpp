@@ -161,6 +161,13 @@ std::optional<Problem> EntrySheet::CheckTyped() {
   return std::nullopt;
 }
 
+bool EntrySheet::ChangesAmountOrDay(const LDGRAccountEntry& entry) const {
+  const auto& typed = state_.typed;
+  const double amount = IsSplit() ? SplitTotal() : *typed.amount;
+  const double former = kind_ == Kind::Debit ? -entry.GetAmount() : entry.GetAmount();
+  return typed.date != entry.GetDate() || RoundedAmount(amount) != RoundedAmount(former);
+}
+
 void EntrySheet::Store(const EditedEntry& edited, LDGRAccount& /*account*/) {
   const auto& typed = state_.typed;
   LDGRAccountEntry& entry = *edited.entry;
@@ -285,12 +292,17 @@ void EntrySheet::Split_UpdateTotal() {
   announcer_.Changed(StateArea());
 }
 
-void EntrySheet::SumSplit() noexcept {
+double EntrySheet::SplitTotal() const noexcept {
   double total = 0.0;
   // Each as it will be stored, so that the total shown is the total kept.
   for (const SplitRow& row : state_.typed.split) {
     if (IsTypedAmount(row.amount)) total += RoundedAmount(*row.amount);
   }
+  return total;
+}
+
+void EntrySheet::SumSplit() noexcept {
+  const double total = SplitTotal();
   state_.split_total = total;
   state_.split_rest = state_.split_target ? RoundedAmount(*state_.split_target - total) : 0.0;
 }

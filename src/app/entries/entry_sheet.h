@@ -36,6 +36,7 @@ class EntrySheet final : public EditSheet {
   void Fill(const EditedEntry& edited, const LDGRAccount& account,
             const LDGRPreferences& preferences) override;
   [[nodiscard]] std::optional<Problem> CheckTyped() override;
+  [[nodiscard]] bool ChangesAmountOrDay(const LDGRAccountEntry& entry) const override;
   void Store(const EditedEntry& edited, LDGRAccount& account) override;
   void SetOpen(bool is_open) noexcept override { state_.is_open = is_open; }
   void SetProblem(std::optional<Problem> problem) override { state_.problem = std::move(problem); }
@@ -65,6 +66,7 @@ class EntrySheet final : public EditSheet {
   void Split_Table_Field();
 
  private:
+  [[nodiscard]] double SplitTotal() const noexcept;
   void PopulateTypes(const EditedEntry& edited, const LDGRAccount& account);
   void PopulateSplit(const EditedEntry& edited);
   // A problem of that control of this sheet.

@@ -137,6 +137,15 @@ std::optional<Problem> TransferSheet::CheckTyped() {
   return std::nullopt;
 }
 
+bool TransferSheet::ChangesAmountOrDay(const LDGRAccountEntry& entry) const {
+  const auto& typed = state_.typed;
+  const auto* direction = SelectedItem(state_.direction_items, typed.direction);
+  if (typed.date != entry.GetDate()) return true;
+  if (direction == nullptr) return false;
+  const double amount = direction->tag == kTransferToTag ? -*typed.amount : *typed.amount;
+  return RoundedAmount(amount) != RoundedAmount(entry.GetAmount());
+}
+
 void TransferSheet::Store(const EditedEntry& edited, LDGRAccount& /*account*/) {
   const auto& typed = state_.typed;
   LDGRAccountEntry& entry = *edited.entry;

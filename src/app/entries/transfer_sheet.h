@@ -30,6 +30,7 @@ class TransferSheet final : public EditSheet {
   void Fill(const EditedEntry& edited, const LDGRAccount& account,
             const LDGRPreferences& preferences) override;
   [[nodiscard]] std::optional<Problem> CheckTyped() override;
+  [[nodiscard]] bool ChangesAmountOrDay(const LDGRAccountEntry& entry) const override;
   // Also brings the other half in line, in the other account.
   void Store(const EditedEntry& edited, LDGRAccount& account) override;
   void StoreIn(Change& change, const EditedEntry& edited, LDGRAccount& account) override;

@@ -9,6 +9,7 @@
 #include "ledger/change.h"
 #include "model/entry_type.h"
 #include "platform/ambient.h"
+#include "platform/message.h"
 
 namespace tallyfold {
 namespace {
@@ -222,7 +223,11 @@ void ScheduleEditing::Update() {
   state_.preceding_friday_is_enabled = MovesOffWeekend(typed.repeat_interval_type);
 
   state_.dates.clear();
+  state_.dates_note.clear();
   ScheduleValues values = typed;
+  // The days do not ask for the money.
+  values.amount = 0.0;
+  values.split = SplitRows();
   // What cannot be stored in the end can be shown as far as it makes sense.
   if (!ProblemOf(values, &typed, TodaysDateNumber())) {
     const auto schedule = edited_ != nullptr
@@ -230,6 +235,10 @@ void ScheduleEditing::Update() {
                               : std::make_shared<LDGRAccountSchedule>();
     StoreValues(values, *schedule);
     state_.dates = ScheduleDates(*schedule);
+    if (std::ranges::any_of(state_.dates, &IsSkippedMonth)) {
+      state_.dates_note =
+          Message("Months without a day {1} are left out.", {std::to_string(*values.start % 100)});
+    }
   }
   announcer_.Changed(Area::ScheduleSheet);
 }

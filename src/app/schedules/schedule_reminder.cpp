@@ -2,11 +2,10 @@
 
 #include <algorithm>
 #include <charconv>
-#include <map>
-#include <tuple>
 #include <utility>
 
 #include "app/entries/edit_sheet.h"
+#include "app/schedules/reminder_sentence.h"
 #include "app/schedules/schedule_values.h"
 #include "model/account_entry.h"
 #include "model/amounts.h"
@@ -42,9 +41,11 @@ CivilTime Today() {
   return DateNumberToNSCalendarDate(TodaysDateNumber());
 }
 
-// What makes a row the same after the rows were filled anew.
-auto KeyOf(const ReminderRow& row) {
-  return std::tuple(row.schedule.get(), row.days.front(), row.days.back(), row.days.size());
+// The amount of a schedule as its sheet shows it.
+double OwnAmount(const ReminderRow& row) {
+  const double amount = row.schedule->GetAmount();
+  // Adding 0.0 keeps a negative zero off the screen.
+  return (row.goes_out ? -amount : amount) + 0.0;
 }
 
 }  // namespace
@@ -69,6 +70,8 @@ bool ScheduleReminder::Open() {
 void ScheduleReminder::Show() {
   const LDGRPreferences& preferences = desk_.preferences();
   state_ = ScheduleReminderState();
+  typed_.clear();
+  folded_amounts_.clear();
   state_.is_open = true;
   state_.typed.look_ahead = std::to_string(std::max(preferences.GetScheduleLookAhead(), 0));
   state_.typed.look_ahead_unit = UnitOf(preferences.GetScheduleLookAheadType());
@@ -151,9 +154,36 @@ std::vector<ScheduleReminder::Due> ScheduleReminder::DueOccurrences() {
   return due;
 }
 
+ScheduleReminder::RowKey ScheduleReminder::KeyOf(const ReminderRow& row) {
+  return {row.schedule.get(), row.days.front(), row.days.back(), row.days.size()};
+}
+
+void ScheduleReminder::Remember() {
+  for (const ReminderRow& row : state_.rows) {
+    typed_[KeyOf(row)] = row.typed;
+    if (!row.date_is_enabled) {
+      folded_amounts_[{row.schedule.get(), row.is_ahead}] = row.typed.amount;
+    }
+  }
+}
+
+void ScheduleReminder::Recall(ReminderRow& row) const {
+  if (const auto known = typed_.find(KeyOf(row)); known != typed_.end()) row.typed = known->second;
+  if (row.date_is_enabled) return;
+  // Folded with other days than before: the amount is meant, a mark of those days is not.
+  if (!typed_.contains(KeyOf(row))) {
+    row.typed.is_marked =
+        row.typed.is_marked && std::ranges::none_of(row.days, [this, &row](DateNumber day) {
+          const auto single = typed_.find({row.schedule.get(), day, day, 1});
+          return single != typed_.end() && !single->second.is_marked;
+        });
+  }
+  const auto amount = folded_amounts_.find({row.schedule.get(), row.is_ahead});
+  if (amount != folded_amounts_.end()) row.typed.amount = amount->second;
+}
+
 void ScheduleReminder::Fill() {
-  std::map<decltype(KeyOf(ReminderRow())), ReminderRow::Typed> typed;
-  for (const ReminderRow& row : state_.rows) typed[KeyOf(row)] = row.typed;
+  Remember();
   // The rows are others now.
   if (state_.problem && state_.problem->row != -1) state_.problem.reset();
   state_.rows.clear();
@@ -169,10 +199,8 @@ void ScheduleReminder::Fill() {
   }
   std::ranges::stable_sort(state_.rows, {},
                            [](const ReminderRow& row) { return row.days.front(); });
-  for (ReminderRow& row : state_.rows) {
-    const auto known = typed.find(KeyOf(row));
-    if (known != typed.end()) row.typed = known->second;
-  }
+  for (ReminderRow& row : state_.rows) Recall(row);
+  state_.sentence = ReminderSentence(state_.due, state_.ahead);
   UpdateBalance();
 }
 
@@ -192,8 +220,8 @@ void ScheduleReminder::AddRows(const LDGRAccount& account, const Due& due, bool 
   row.to_from = due.schedule->GetToFrom();
   row.typed.is_marked = !is_ahead;
   row.goes_out = GoesOut(*due.schedule);
-  // Adding 0.0 keeps a negative zero off the screen.
-  row.typed.amount = (row.goes_out ? -due.schedule->GetAmount() : due.schedule->GetAmount()) + 0.0;
+  row.is_transfer = due.schedule->IsTransfer();
+  row.typed.amount = OwnAmount(row);
   if (folds && due.days.size() > 1) {
     row.days = due.days;
     row.typed.date = due.days.front();
@@ -212,6 +240,10 @@ void ScheduleReminder::AddRows(const LDGRAccount& account, const Due& due, bool 
 }
 
 void ScheduleReminder::UpdateBalance() {
+  state_.marked = 0;
+  for (const ReminderRow& row : state_.rows) {
+    if (row.typed.is_marked) state_.marked += row.days.size();
+  }
   state_.balance.reset();
   state_.balance_text.clear();
   if (const auto balance = Balance()) {
@@ -316,9 +348,10 @@ std::vector<DueOccurrence> ScheduleReminder::MarkedOccurrences(bool all) {
       Refuse(kDateField, LocalizedText("The date does not exist."), static_cast<std::int32_t>(i));
       return {};
     }
-    if (!IsTypedAmount(row.typed.amount)) {
-      Refuse(kAmountField, LocalizedText("The amount is not a number."),
-             static_cast<std::int32_t>(i));
+    // That of a split has whatever sign its lines come to.
+    const double own = row.amount_is_enabled ? OwnAmount(row) : *row.typed.amount;
+    if (auto text = ProblemOfAmount(row.typed.amount, own); !text.empty()) {
+      Refuse(kAmountField, std::move(text), static_cast<std::int32_t>(i));
       return {};
     }
     const double amount = *row.SignedAmount();

@@ -2,10 +2,13 @@
 
 #include <chrono>
 #include <cstdint>
+#include <map>
 #include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
+#include <tuple>
+#include <utility>
 #include <vector>
 
 #include "app/desk.h"
@@ -48,7 +51,8 @@ class ScheduleReminder {
   void Read(const std::vector<ReminderRow::Typed>& rows);
   void MarkAll(bool is_marked);
   // The look-ahead field holds that text now. False, and the rows stay, when that is no number from
-  // 0 to kMostLookAhead; else the number is remembered, and rows that stay keep what was typed.
+  // 0 to kMostLookAhead; else the number is remembered. What was typed into a row that goes is
+  // there when it comes back.
   bool scheduleReminderSheet_LookAhead(std::string_view text);
   void LookAheadType(std::int32_t tag);
   void BalanceModeChosen(std::int32_t tag);
@@ -80,12 +84,20 @@ class ScheduleReminder {
     std::vector<Due> left;
   };
 
+  // A row by its schedule, its first and last day and how many there are between them.
+  using RowKey = std::tuple<const LDGRAccountSchedule*, DateNumber, DateNumber, std::size_t>;
+  // A folded row by its schedule and whether its days are to come.
+  using FoldKey = std::pair<const LDGRAccountSchedule*, bool>;
+
+  [[nodiscard]] static RowKey KeyOf(const ReminderRow& row);
   [[nodiscard]] DateNumber LookAheadDate();
   [[nodiscard]] std::vector<Due> DueOccurrences();
   [[nodiscard]] bool IsPutOff(const std::vector<Due>& due);
   void Show();
-  // Fills the rows; those that were there keep what was typed.
+  // Fills the rows; those that were there at any time keep what was typed.
   void Fill();
+  void Remember();
+  void Recall(ReminderRow& row) const;
   void AddRows(const LDGRAccount& account, const Due& due, bool is_ahead, bool folds);
   void UpdateBalance();
   [[nodiscard]] std::optional<double> Balance() const;
@@ -106,6 +118,10 @@ class ScheduleReminder {
   const RunLoop& loop_;
   Announcer& announcer_;
   ScheduleReminderState state_;
+  // What was typed while the sheet is open, also into rows that are out of sight.
+  std::map<RowKey, ReminderRow::Typed> typed_;
+  // The amounts of folded rows, which stay while days come and go.
+  std::map<FoldKey, std::optional<double>> folded_amounts_;
   std::vector<PutOff> put_off_;
 };
 

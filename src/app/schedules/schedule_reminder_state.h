@@ -51,6 +51,7 @@ struct ReminderRow {
   bool amount_is_enabled = true;
   // Whether the amount leaves the account: a debit, or a transfer from here.
   bool goes_out = false;
+  bool is_transfer = false;
   std::string type;
   std::string description;
   std::string to_from;
@@ -80,9 +81,12 @@ struct ScheduleReminderState {
   bool is_open = false;
   std::vector<PopUpItem> unit_items;
   std::vector<PopUpItem> balance_items;
-  // How many occurrences are due by today, and how many come after that.
+  // How many occurrences are due by today, and how many come after that; in words.
   std::size_t due = 0;
   std::size_t ahead = 0;
+  std::string sentence;
+  // How many occurrences the marked rows stand for.
+  std::size_t marked = 0;
   // The balance, and as the preferences want it written; none and "" where none is shown, and where
   // the amount of a marked row cannot be read.
   std::optional<double> balance;

@@ -37,6 +37,8 @@ struct ScheduleSheetState {
   bool preceding_friday_is_enabled = false;
   // The dates it comes to next; empty while what is typed makes no schedule.
   std::vector<ScheduleDateLine> dates;
+  // What is left out of them; "" for nothing.
+  std::string dates_note;
   // Former texts of the account, offered to complete what is typed.
   FormerTexts descriptions;
   FormerTexts to_froms;

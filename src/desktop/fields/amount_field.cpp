@@ -12,6 +12,12 @@
 
 namespace tallyfold::desktop {
 
+std::optional<double> AmountIn(const QString& text) {
+  const std::string typed = ToUtf8(text);
+  if (const auto sum = SumOfTypedAmounts(typed)) return sum;
+  return ParsePlainOrUsersAmount(typed);
+}
+
 AmountField::AmountField(QWidget* parent)
     : QLineEdit(parent),
       format_([](double amount) { return ToQString(FixedAmountString(amount)); }) {
@@ -25,9 +31,7 @@ AmountField::AmountField(QWidget* parent)
 }
 
 std::optional<double> AmountField::Amount() const {
-  const std::string typed = ToUtf8(text());
-  if (const auto sum = SumOfTypedAmounts(typed)) return sum;
-  return ParsePlainOrUsersAmount(typed);
+  return AmountIn(text());
 }
 
 void AmountField::AddUp() {

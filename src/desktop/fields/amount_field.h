@@ -11,6 +11,9 @@ class LDGRSpeakingTextField;
 
 namespace tallyfold::desktop {
 
+// What a typed text comes to; a sum such as "12.50+3" as what it adds up to. None for no amount.
+[[nodiscard]] std::optional<double> AmountIn(const QString& text);
+
 // A field for an amount: read by the core's parser, a sum such as "12.50+3" added up when the field
 // is left, each digit echoed aloud where that is wanted.
 class AmountField final : public QLineEdit {
@@ -25,7 +28,7 @@ class AmountField final : public QLineEdit {
   // here.
   void SetSpeaking(LDGRSpeakingTextField* speaking) noexcept { speaking_ = speaking; }
 
-  // None for what is no amount; a sum counts as what it comes to.
+  // As AmountIn().
   [[nodiscard]] std::optional<double> Amount() const;
   // Writes a sum as what it comes to; anything else stays as it is.
   void AddUp();

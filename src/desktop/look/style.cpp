@@ -3,6 +3,7 @@
 #include <QAbstractItemView>
 #include <QApplication>
 #include <QComboBox>
+#include <QPlainTextEdit>
 #include <QStyleFactory>
 #include <QStyleOption>
 #include <QStyledItemDelegate>
@@ -61,6 +62,9 @@ void Style::polish(QWidget* widget) {
   if (auto* pop_up = qobject_cast<QComboBox*>(widget)) {
     pop_up->setAttribute(Qt::WA_Hover);
     pop_up->setItemDelegate(new PopUpListDelegate(pop_up));
+  } else if (auto* text = qobject_cast<QPlainTextEdit*>(widget)) {
+    // Its ground is that of its frame, whose corners are round.
+    text->viewport()->setAutoFillBackground(false);
   }
 }
 
@@ -248,6 +252,8 @@ void Style::drawPrimitive(PrimitiveElement element, const QStyleOption* option, 
     case PE_IndicatorRadioButton:
       return style::DrawRadioIndicator(canvas);
     case PE_Frame:
+      if (qobject_cast<const QPlainTextEdit*>(widget)) return style::DrawFieldPanel(canvas);
+      return DrawFrame(*painter, option->rect, canvas.colors()[Role::Rule]);
     case PE_FrameMenu:
       return DrawFrame(*painter, option->rect, canvas.colors()[Role::Rule]);
     case PE_PanelMenu:

@@ -8,6 +8,7 @@
 #include <QTextOption>
 #include <QVariant>
 #include <QWidget>
+#include <QtMath>
 #include <algorithm>
 #include <cmath>
 #include <string>
@@ -213,8 +214,11 @@ QSize CellDelegate::sizeHint(const QStyleOptionViewItem& option, const QModelInd
   int width = kMarkSize + 2 * kCellPadding;
   if (value.canConvert<CellLook>()) {
     const auto& look = *static_cast<const CellLook*>(value.constData());
-    width = QFontMetrics(FontFor(look, option.font)).horizontalAdvance(look.text) +
-            kOuterCellPadding + 2 * kCellPadding;
+    const QFont font = FontFor(look, option.font);
+    const int text = look.is_figure ? qCeil(FiguresIn(font).Width(look.text))
+                                    : QFontMetrics(font).horizontalAdvance(look.text);
+    const int glyphs = (look.glyph_before.size() > 0 ? 1 : 0) + (look.glyph_behind.size() > 0);
+    width = text + glyphs * (kGlyphSize + kGlyphGap) + kOuterCellPadding + 2 * kCellPadding;
   }
   return {width, RowHeight(QFontMetrics(option.font))};
 }

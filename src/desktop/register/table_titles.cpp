@@ -4,6 +4,7 @@
 #include <QStyle>
 
 #include "desktop/look/colors.h"
+#include "desktop/look/icons.h"
 #include "desktop/look/measures.h"
 #include "desktop/look/painting.h"
 
@@ -25,14 +26,24 @@ void TableTitles::paintSection(QPainter* painter, const QRect& rect, int section
   const Colors& colors = ColorsOf(palette());
   PainterState state(*painter);
   painter->fillRect(rect, colors[Role::Base]);
-  painter->setFont(font());
-  painter->setPen(colors[Role::Dim]);
+  const bool is_sorted = section == sorted_;
+  painter->setFont(is_sorted ? DemiBoldFont(font()) : font());
+  painter->setPen(colors[is_sorted ? Role::Text : Role::Dim]);
   const int first = section == 0 ? kOuterCellPadding : kCellPadding;
   const auto alignment =
       model()->headerData(section, Qt::Horizontal, Qt::TextAlignmentRole).toInt();
-  painter->drawText(
-      QStyle::visualRect(layoutDirection(), rect, rect.adjusted(first, 0, -kCellPadding, 0)),
-      alignment, model()->headerData(section, Qt::Horizontal).toString());
+  const QRect inner = rect.adjusted(first, 0, -kCellPadding, 0);
+  const QString title = model()->headerData(section, Qt::Horizontal).toString();
+  const auto visual = [this, &rect](const QRect& of) {
+    return QStyle::visualRect(layoutDirection(), rect, of);
+  };
+  painter->drawText(visual(inner), alignment, title);
+  if (is_sorted) {
+    const QRect mark(inner.left() + painter->fontMetrics().horizontalAdvance(title) + kTightGap,
+                     rect.y(), kChevronSize, rect.height());
+    DrawIcon(*painter, CenteredIn(visual(mark), kChevronSize, kChevronSize),
+             QLatin1String("chevron-up"), colors[Role::Accent], layoutDirection());
+  }
   DrawRuleBelow(*painter, rect, colors[Role::Rule]);
 }
 

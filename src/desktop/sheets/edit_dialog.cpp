@@ -8,6 +8,7 @@
 #include <QPushButton>
 #include <QVBoxLayout>
 
+#include "app/commands/command.h"
 #include "app/desk.h"
 #include "app/entries/entry_editing.h"
 #include "desktop/fields/amount_field.h"
@@ -27,6 +28,14 @@ namespace {
 
 constexpr int kNoteLines = 2;
 constexpr int kNotePadding = 14;
+
+QList<QKeySequence> KeysOf(std::string_view command) {
+  const QKeySequence key(ToQString(CommandNamed(command)->shortcut), QKeySequence::PortableText);
+  if (key != QKeySequence(Qt::CTRL | Qt::Key_Plus)) return {key};
+  // The two keys that together are the character on many keyboards.
+  return {key, QKeySequence(Qt::CTRL | Qt::Key_Equal),
+          QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_Plus)};
+}
 
 }  // namespace
 
@@ -80,34 +89,23 @@ void EditDialog::MakeThenNew() {
     QString title;
     const char* icon;
     EntryKind kind;
-    QList<QKeySequence> keys;
+    // Whose keys it has.
+    std::string_view command;
   };
   const Next nexts[] = {
-      {"_Debit_Button",
-       Text("Debit"),
-       "debit",
-       EntryKind::Debit,
-       {QKeySequence(Qt::CTRL | Qt::Key_D)}},
-      {"_Deposit_Button",
-       Text("Deposit"),
-       "deposit",
-       EntryKind::Deposit,
-       {QKeySequence(Qt::CTRL | Qt::Key_Plus), QKeySequence(Qt::CTRL | Qt::Key_Equal),
-        QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_Plus)}},
-      {"_Transfer_Button",
-       Text("Transfer"),
-       "transfer",
-       EntryKind::Transfer,
-       {QKeySequence(Qt::CTRL | Qt::Key_T)}},
+      {"_Debit_Button", Text("Debit"), "debit", EntryKind::Debit, "OKThenNewDebit"},
+      {"_Deposit_Button", Text("Deposit"), "deposit", EntryKind::Deposit, "OKThenNewDeposit"},
+      {"_Transfer_Button", Text("Transfer"), "transfer", EntryKind::Transfer, "OKThenNewTransfer"},
   };
   for (const Next& next : nexts) {
     auto* button = new LDGRButton(WithoutMnemonics(next.title), then_new_);
     button->setIcon(IconNamed(QLatin1String(next.icon)));
     button->setObjectName(QLatin1String(Named(next.control)));
     button->setAccessibleName(ToQString(Message("OK, then new {1}", {ToUtf8(next.title)})));
-    button->setToolTip(next.keys.front().toString(QKeySequence::NativeText));
+    const QList<QKeySequence> keys = KeysOf(next.command);
+    button->setToolTip(keys.front().toString(QKeySequence::NativeText));
     button->setAutoDefault(false);
-    button->SetKeyEquivalents(next.keys);
+    button->SetKeyEquivalents(keys);
     row->addWidget(button);
     connect(button, &QPushButton::clicked, this, [this, kind = next.kind] {
       Read();

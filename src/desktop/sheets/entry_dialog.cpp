@@ -63,6 +63,8 @@ void EntryDialog::MakeForm() {
   clear_all_ = PlainButton(Text("Clear All"), Named("_ClearSplit_Button"), form);
   amount_note_ = Form::MakeNote(form);
   amount_note_->setText(Text("the total of the split"));
+  // Beside both buttons it has room for two short lines.
+  amount_note_->setWordWrap(true);
   QHBoxLayout* row = Fields().AddRow(Text("Amount"), {amount_, split_button_, clear_all_});
   row->insertWidget(1, amount_note_);
   connect(split_button_, &QPushButton::clicked, this, [this] {
@@ -215,7 +217,7 @@ bool EntryDialog::EndEditing() {
 void EntryDialog::SetWide(bool is_wide) {
   is_wide_ = is_wide;
   split_panel_->setVisible(is_wide);
-  Fields().setMinimumWidth(is_wide ? kWideForm : kNarrowForm);
+  Fields().SetLeastWidth(is_wide ? kWideForm : kNarrowForm);
   split_button_->setVisible(!is_wide);
   PutThenNew(!is_wide);
 }

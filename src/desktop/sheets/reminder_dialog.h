@@ -1,14 +1,15 @@
 #pragma once
 
-#include <vector>
+#include <optional>
 
-#include "app/schedules/schedule_reminder_state.h"
+#include "app/face/problem.h"
 #include "desktop/sheets/sheet.h"
 
 class QComboBox;
 class QLabel;
+class QLayout;
 class QLineEdit;
-class QTableWidget;
+class QPushButton;
 
 namespace tallyfold {
 class Desk;
@@ -16,6 +17,9 @@ class ScheduleReminder;
 }  // namespace tallyfold
 
 namespace tallyfold::desktop {
+
+class FigureLabel;
+class ReminderTable;
 
 // The scheduled entries that are due, to be marked and committed, skipped or left for later.
 class ReminderDialog final : public SheetDialog {
@@ -28,25 +32,21 @@ class ReminderDialog final : public SheetDialog {
   void Cancel() override;
 
  private:
+  QLayout* MakeFoot();
   void MakeButtons();
-  void MakeRow(int row);
-  void ShowRows();
-  void ShowRefused();
   void Read();
-  [[nodiscard]] ReminderRow::Typed TypedIn(int row) const;
-  // Of a field in a cell; "" where there is none.
-  [[nodiscard]] QString TextIn(int row, int column) const;
 
   ScheduleReminder& reminder_;
-  const Desk& desk_;
   QLabel* sentence_;
-  QTableWidget* table_;
+  ReminderTable* table_;
   QLineEdit* look_ahead_;
   QComboBox* unit_;
   QComboBox* balance_mode_;
-  QLabel* balance_;
-  // The rows that the table has widgets for.
-  std::vector<ReminderRow> shown_;
+  FigureLabel* balance_;
+  QPushButton* skip_ = nullptr;
+  QPushButton* commit_all_ = nullptr;
+  QPushButton* commit_ = nullptr;
+  std::optional<Problem> shown_problem_;
   bool is_showing_ = false;
 };
 

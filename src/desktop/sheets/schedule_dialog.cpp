@@ -3,15 +3,11 @@
 #include <QCheckBox>
 #include <QComboBox>
 #include <QHBoxLayout>
-#include <QHeaderView>
 #include <QLabel>
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QScopedValueRollback>
-#include <QStackedWidget>
-#include <QTreeWidget>
 #include <QVBoxLayout>
-#include <charconv>
 
 #include "app/desk.h"
 #include "app/schedules/schedule_editing.h"
@@ -19,41 +15,26 @@
 #include "desktop/fields/date_field.h"
 #include "desktop/look/measures.h"
 #include "desktop/sheets/form.h"
+#include "desktop/sheets/schedule_dates.h"
+#include "desktop/sheets/schedule_rule.h"
 #include "desktop/sheets/split_table.h"
 #include "desktop/texts.h"
 #include "model/amounts.h"
 #include "model/date_format.h"
+#include "platform/message.h"
 #include "registers/register_look.h"
 
 namespace tallyfold::desktop {
 namespace {
 
-using Until = LDGRAccountSchedule::Until;
-
 constexpr int kScheduleFormWidth = 400;
-constexpr int kSideWidth = 440;
+constexpr int kScheduleSplitWidth = 440;
 constexpr int kSchedulePopUpWidth = 200;
-constexpr int kEveryWidth = 56;
-constexpr int kNumberColumn = 44;
-constexpr int kDayColumn = 156;
 constexpr int kScheduleNoteLines = 2;
 constexpr int kScheduleNotePadding = 14;
 
-std::optional<std::int32_t> NumberOf(const QLineEdit& field) {
-  const std::string text = ToUtf8(field.text().trimmed());
-  const char* const end = text.data() + text.size();
-  std::int32_t number = 0;
-  const auto [rest, error] = std::from_chars(text.data(), end, number);
-  if (text.empty() || error != std::errc() || rest != end) return std::nullopt;
-  return number;
-}
-
 void ShowText(QLineEdit* field, const std::string& text) {
   if (ToUtf8(field->text()) != text) field->setText(ToQString(text));
-}
-
-void ShowNumber(QLineEdit* field, const std::optional<std::int32_t>& number) {
-  if (number && NumberOf(*field) != number) field->setText(QString::number(*number));
 }
 
 // Leaves a text that is no day as it was typed.
@@ -61,23 +42,12 @@ void ShowDay(DateField* field, const std::optional<std::int32_t>& day) {
   if (day && *day != 0 && field->Day() != day) field->SetDay(*day);
 }
 
-QLabel* HeadingOf(const QString& text, QWidget* parent) {
-  auto* heading = new QLabel(text, parent);
-  heading->setTextFormat(Qt::PlainText);
-  heading->setFont(DemiBoldFont(parent->font()));
-  return heading;
-}
-
 QString TitleOf(const ScheduleSheetState& state) {
-  switch (state.typed.kind) {
-    case EntryKind::Debit:
-      return Text("Scheduled Debit");
-    case EntryKind::Deposit:
-      return Text("Scheduled Deposit");
-    case EntryKind::Transfer:
-      break;
-  }
-  return Text("Scheduled Transfer");
+  QString title = Text("Scheduled Transfer");
+  if (state.typed.kind == EntryKind::Debit) title = Text("Scheduled Debit");
+  if (state.typed.kind == EntryKind::Deposit) title = Text("Scheduled Deposit");
+  if (state.is_new || state.typed.description.empty()) return title;
+  return ToQString(Message("{1}: {2}", {ToUtf8(title), state.typed.description}));
 }
 
 }  // namespace
@@ -92,21 +62,14 @@ ScheduleDialog::ScheduleDialog(ScheduleEditing& editing, const Desk& desk, QWidg
       description_(new LDGRComboBoxCell(form_)),
       tax_(new QCheckBox(Text("Tax-deductible"), form_)),
       notes_(new QPlainTextEdit(form_)),
-      every_(new QLineEdit(form_)),
-      until_count_(new QLineEdit(form_)),
-      until_date_(new DateField(form_)),
-      friday_(new QCheckBox(Text("On a weekend, the Friday before"), form_)) {
+      dates_(new ScheduleDatesPanel(this)) {
   setObjectName(QLatin1String("scheduleSheet"));
-  form_->setMinimumWidth(kScheduleFormWidth);
+  form_->SetLeastWidth(kScheduleFormWidth);
   const std::string format = RegisterDateFormat(desk_.preferences());
   start_->SetFormat(format);
-  until_date_->SetFormat(format);
   form_->Add(Text("First date"), start_, "scheduleSheet_Start_Field", kDateFieldWidth);
   amount_->setObjectName(QLatin1String("scheduleSheet_Amount_Field"));
   amount_->setFixedWidth(kAmountFieldWidth);
-  side_ = new QStackedWidget(this);
-  side_->setMinimumWidth(kSideWidth);
-  side_->addWidget(MakeDates());
   if (Typed().kind == EntryKind::Transfer) {
     MakeTransferFields();
   } else {
@@ -118,11 +81,12 @@ ScheduleDialog::ScheduleDialog(ScheduleEditing& editing, const Desk& desk, QWidg
   notes_->setMinimumHeight(kScheduleNoteLines * fontMetrics().lineSpacing() + kScheduleNotePadding);
   notes_->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Ignored);
   form_->Add(Text("Notes"), notes_, "scheduleSheet_Notes_Field");
-  MakeRule();
+  rule_ = new ScheduleRule(*form_, format);
   auto* columns = new QHBoxLayout;
   columns->setSpacing(kColumnGap);
   columns->addWidget(form_, 1);
-  columns->addWidget(side_, 1);
+  columns->addWidget(dates_, 1);
+  if (split_panel_ != nullptr) columns->addWidget(split_panel_, 1);
   Body().addLayout(columns, 1);
   connect(AddButton("scheduleSheet_Cancel_Button", Text("Cancel")), &QPushButton::clicked, this,
           [this] { Cancel(); });
@@ -164,99 +128,48 @@ void ScheduleDialog::MakeEntryFields() {
   to_from_ = new LDGRComboBoxCell(form_);
   form_->Add(is_debit ? Text("To") : Text("From"), to_from_, "scheduleSheet_ToFrom_Field");
   connect(to_from_, &QLineEdit::textChanged, this, [this] { Read(); });
-  side_->addWidget(MakeSplit());
+  MakeSplit();
   connect(split_button_, &QPushButton::clicked, this, [this] {
-    side_->setCurrentIndex(1);
+    ShowSplit(true);
     split_->setFocus();
   });
 }
 
-void ScheduleDialog::MakeRule() {
-  form_->AddRule();
-  interval_ = new QComboBox(form_);
-  interval_->setObjectName(QLatin1String("scheduleSheet_Interval_PopUp"));
-  interval_->setFixedWidth(kSchedulePopUpWidth);
-  every_->setObjectName(QLatin1String("scheduleSheet_Every_Field"));
-  every_->setAccessibleName(Text("Every"));
-  every_->setFixedWidth(kEveryWidth);
-  form_->AddRow(Text("Repeats"), {interval_, every_});
-  until_type_ = new QComboBox(form_);
-  until_type_->setObjectName(QLatin1String("scheduleSheet_UntilType_PopUp"));
-  until_type_->setFixedWidth(kSchedulePopUpWidth);
-  until_count_->setAccessibleName(Text("Number of times"));
-  until_count_->setFixedWidth(kNumberFieldWidth);
-  until_date_->setAccessibleName(Text("Last date"));
-  until_date_->setFixedWidth(kDateFieldWidth);
-  form_->AddRow(Text("Ends"), {until_type_, until_count_, until_date_});
-  for (QLineEdit* field : {every_, until_count_}) {
-    field->setAlignment(Qt::AlignTrailing | Qt::AlignVCenter);
-  }
-  // Their room stays while they are away.
-  for (QWidget* field : {static_cast<QWidget*>(every_), static_cast<QWidget*>(until_date_)}) {
-    QSizePolicy policy = field->sizePolicy();
-    policy.setRetainSizeWhenHidden(true);
-    field->setSizePolicy(policy);
-  }
-  friday_->setObjectName(QLatin1String("scheduleSheet_PrecedingFriday_Button"));
-  form_->AddUnlabelled(friday_);
-}
-
-QWidget* ScheduleDialog::MakeDates() {
-  auto* panel = new QWidget(this);
-  auto* column = new QVBoxLayout(panel);
-  column->setContentsMargins(0, 0, 0, 0);
-  column->setSpacing(kWideGap);
-  auto* heading = HeadingOf(Text("The next twelve dates"), panel);
-  dates_ = new QTreeWidget(panel);
-  dates_->setObjectName(QLatin1String("scheduleSheet_Dates_Table"));
-  dates_->setAccessibleName(heading->text());
-  dates_->setRootIsDecorated(false);
-  dates_->setUniformRowHeights(true);
-  dates_->setHeaderLabels({QString(), Text("Due"), QString()});
-  dates_->header()->setSectionsMovable(false);
-  dates_->setColumnWidth(0, kNumberColumn);
-  dates_->setColumnWidth(1, kDayColumn);
-  heading->setBuddy(dates_);
-  column->addWidget(heading);
-  column->addWidget(dates_, 1);
-  return panel;
-}
-
-QWidget* ScheduleDialog::MakeSplit() {
-  auto* panel = new QWidget(this);
-  auto* column = new QVBoxLayout(panel);
-  column->setContentsMargins(0, 0, 0, 0);
-  column->setSpacing(kGap);
-  auto* heading = HeadingOf(Text("Split"), panel);
-  auto* back = new QPushButton(Text("Dates"), panel);
+void ScheduleDialog::MakeSplit() {
+  split_panel_ = new QWidget(this);
+  split_panel_->setMinimumWidth(kScheduleSplitWidth);
+  auto* back = new QPushButton(Text("Dates"), split_panel_);
   back->setObjectName(QLatin1String("scheduleSheet_Dates_Button"));
   back->setAutoDefault(false);
-  auto* head = new QHBoxLayout;
-  head->addWidget(heading);
-  head->addStretch(1);
-  head->addWidget(back);
-  split_ = new SplitTable(panel);
+  split_ = new SplitTable(split_panel_);
   split_->setObjectName(QLatin1String("scheduleSheet_Split_Table"));
   split_->setAccessibleName(Text("Split"));
   split_->SetToTitle(Typed().kind == EntryKind::Debit ? Text("To") : Text("From"));
-  heading->setBuddy(split_);
+  auto* head = new QHBoxLayout;
+  head->addWidget(MakeColumnHeading("split", Text("Split"), split_, split_panel_), 1);
+  head->addWidget(back);
+  auto* column = new QVBoxLayout(split_panel_);
+  column->setContentsMargins(0, 0, 0, 0);
+  column->setSpacing(kGap);
   column->addLayout(head);
   column->addWidget(split_);
   column->addStretch(1);
-  connect(back, &QPushButton::clicked, this, [this] { side_->setCurrentIndex(0); });
+  split_panel_->hide();
+  connect(back, &QPushButton::clicked, this, [this] { ShowSplit(false); });
   connect(split_, &SplitTable::Edited, this, [this] { Read(); });
-  return panel;
+}
+
+void ScheduleDialog::ShowSplit(bool is_shown) {
+  if (is_shown == split_panel_->isVisibleTo(this)) return;
+  dates_->setVisible(!is_shown);
+  split_panel_->setVisible(is_shown);
+  Fit();
 }
 
 void ScheduleDialog::Connect() {
-  for (QCheckBox* box : {tax_, friday_}) {
-    connect(box, &QCheckBox::toggled, this, [this] { Read(); });
-  }
-  for (QComboBox* pop_up : {interval_, until_type_}) {
-    connect(pop_up, &QComboBox::currentIndexChanged, this, [this] { Read(); });
-  }
-  for (QLineEdit* field : std::initializer_list<QLineEdit*>{start_, amount_, description_, every_,
-                                                            until_count_, until_date_}) {
+  connect(tax_, &QCheckBox::toggled, this, [this] { Read(); });
+  connect(rule_, &ScheduleRule::Edited, this, [this] { Read(); });
+  for (QLineEdit* field : std::initializer_list<QLineEdit*>{start_, amount_, description_}) {
     connect(field, &QLineEdit::textChanged, this, [this] { Read(); });
   }
   connect(notes_, &QPlainTextEdit::textChanged, this, [this] { Read(); });
@@ -290,21 +203,7 @@ void ScheduleDialog::Read() {
   if (check_ != nullptr) typed.is_check = check_->isChecked();
   typed.tax_deductible = tax_->isChecked();
   if (notes_->document()->isModified()) typed.notes = ToUtf8(notes_->toPlainText());
-  typed.repeat_interval_type = interval_->currentData().toInt();
-  if (editing_.State().every_is_enabled) typed.repeat_interval = NumberOf(*every_);
-  const auto former_until = static_cast<Until>(typed.repeat_until_type);
-  typed.repeat_until_type = until_type_->currentData().toInt();
-  const auto until = static_cast<Until>(typed.repeat_until_type);
-  // A day is no number of times, nor the other way round.
-  const bool is_other = until != former_until;
-  if (until == Until::Count) {
-    const bool is_first = is_other && until_count_->text().isEmpty();
-    typed.repeat_until = is_first ? std::optional<std::int32_t>(1) : NumberOf(*until_count_);
-  } else if (until == Until::Date) {
-    const bool is_first = is_other && until_date_->text().isEmpty();
-    typed.repeat_until = is_first ? typed.start : until_date_->Day();
-  }
-  typed.use_preceding_friday = friday_->isChecked();
+  rule_->ReadInto(typed, editing_.State());
   editing_.Read(std::move(typed));
 }
 
@@ -367,21 +266,15 @@ void ScheduleDialog::ShowState() {
       start_->setFocus();
       has_begun_ = true;
     }
-    choose(interval_, state.interval_items, typed.repeat_interval_type);
-    every_->setVisible(state.every_is_enabled);
-    ShowNumber(every_, typed.repeat_interval);
-    choose(until_type_, state.until_items, typed.repeat_until_type);
-    ShowUntil();
-    friday_->setEnabled(state.preceding_friday_is_enabled);
-    friday_->setChecked(typed.use_preceding_friday);
-    ShowDates();
+    rule_->Show(state);
+    dates_->Show(state);
   }
   const bool is_at_field = form_->ShowProblem(state.problem);
   ShowProblem(is_at_field ? QString() : ToQString(TextOf(state.problem)));
   if (state.problem && state.problem != shown_problem_) {
     if (is_at_field) form_->FieldWithProblem()->setFocus();
     if (state.problem->row >= 0 && split_ != nullptr) {
-      side_->setCurrentIndex(1);
+      ShowSplit(true);
       split_->SelectAmount(state.problem->row);
     }
   }
@@ -391,37 +284,6 @@ void ScheduleDialog::ShowState() {
 void ScheduleDialog::ShowAmount(const std::optional<double>& amount) {
   if (!amount || TypedAmount() == amount) return;
   amount_->setText(*amount == 0.0 ? QString() : ToQString(FixedAmountString(*amount)));
-}
-
-void ScheduleDialog::ShowUntil() {
-  const auto until = static_cast<Until>(Typed().repeat_until_type);
-  const bool is_date = until == Until::Date;
-  // What is wrong with the end belongs to the field that is shown.
-  const QString name = QStringLiteral("scheduleSheet_Until_Field");
-  until_count_->setObjectName(is_date ? QString() : name);
-  until_date_->setObjectName(is_date ? name : QString());
-  until_count_->setVisible(until == Until::Count);
-  until_date_->setVisible(is_date);
-  if (is_date) ShowDay(until_date_, Typed().repeat_until);
-  if (until == Until::Count) ShowNumber(until_count_, Typed().repeat_until);
-}
-
-void ScheduleDialog::ShowDates() {
-  dates_->clear();
-  int number = 0;
-  for (const ScheduleDateLine& line : editing_.State().dates) {
-    const bool is_skipped = line.date == 0;
-    auto* item = new QTreeWidgetItem(dates_, {is_skipped ? QString() : QString::number(++number),
-                                              ToQString(line.text), ToQString(line.note)});
-    item->setTextAlignment(0, Qt::AlignTrailing | Qt::AlignVCenter);
-    if (!is_skipped) continue;
-    QFont struck = dates_->font();
-    struck.setStrikeOut(true);
-    item->setFont(1, struck);
-    for (const int column : {1, 2}) {
-      item->setForeground(column, dates_->palette().brush(QPalette::PlaceholderText));
-    }
-  }
 }
 
 }  // namespace tallyfold::desktop

@@ -9,11 +9,8 @@
 
 class QCheckBox;
 class QComboBox;
-class QLineEdit;
 class QPlainTextEdit;
 class QPushButton;
-class QStackedWidget;
-class QTreeWidget;
 
 namespace tallyfold {
 class Desk;
@@ -25,6 +22,8 @@ namespace tallyfold::desktop {
 class AmountField;
 class DateField;
 class Form;
+class ScheduleDatesPanel;
+class ScheduleRule;
 class SplitTable;
 
 // A scheduled entry: what is entered and when, and beside it the dates it comes to, or the lines of
@@ -41,16 +40,14 @@ class ScheduleDialog final : public SheetDialog {
  private:
   void MakeEntryFields();
   void MakeTransferFields();
-  void MakeRule();
-  QWidget* MakeDates();
-  QWidget* MakeSplit();
+  void MakeSplit();
+  // In the place of the dates.
+  void ShowSplit(bool is_shown);
   QComboBox* AddPopUp(const QString& label, const char* name);
   void Connect();
   void Read();
   void OK();
   void ShowAmount(const std::optional<double>& amount);
-  void ShowUntil();
-  void ShowDates();
   [[nodiscard]] std::optional<double> TypedAmount() const;
   [[nodiscard]] const ScheduleSheetState::Typed& Typed() const;
 
@@ -68,14 +65,9 @@ class ScheduleDialog final : public SheetDialog {
   QCheckBox* check_ = nullptr;
   QCheckBox* tax_;
   QPlainTextEdit* notes_;
-  QComboBox* interval_ = nullptr;
-  QLineEdit* every_;
-  QComboBox* until_type_ = nullptr;
-  QLineEdit* until_count_;
-  DateField* until_date_;
-  QCheckBox* friday_;
-  QStackedWidget* side_ = nullptr;
-  QTreeWidget* dates_ = nullptr;
+  ScheduleRule* rule_ = nullptr;
+  ScheduleDatesPanel* dates_;
+  QWidget* split_panel_ = nullptr;
   SplitTable* split_ = nullptr;
   std::optional<Problem> shown_problem_;
   bool is_showing_ = false;

@@ -5,6 +5,7 @@
 #include <QLabel>
 #include <QPushButton>
 #include <QScreen>
+#include <QScrollArea>
 #include <QVBoxLayout>
 #include <algorithm>
 
@@ -27,6 +28,20 @@ constexpr int kScreenMargin = 80;
 // What a wide sheet leaves of its window, and how wide it is at least.
 constexpr int kWindowMargin = 80;
 constexpr int kLeastWideWidth = 780;
+
+// In the order in which the layouts have them, which is that of the eye.
+void AddFocusable(const QLayout& layout, QList<QWidget*>& widgets) {
+  for (int i = 0; i < layout.count(); ++i) {
+    QLayoutItem* item = layout.itemAt(i);
+    if (item->layout() != nullptr) AddFocusable(*item->layout(), widgets);
+    QWidget* widget = item->widget();
+    if (widget == nullptr) continue;
+    if ((widget->focusPolicy() & Qt::TabFocus) != 0) widgets.append(widget);
+    const auto* area = qobject_cast<const QScrollArea*>(widget);
+    if (area != nullptr && area->widget() != nullptr) widget = area->widget();
+    if (widget->layout() != nullptr) AddFocusable(*widget->layout(), widgets);
+  }
+}
 
 }  // namespace
 
@@ -121,6 +136,26 @@ void SheetDialog::Fit() {
                   std::max(screen.left(), screen.right() - size.width())),
        std::clamp(window->geometry().top(), screen.top(),
                   std::max(screen.top(), screen.bottom() - size.height())));
+}
+
+bool SheetDialog::focusNextPrevChild(bool next) {
+  // The toolkit goes in the order in which widgets were made, and loses those behind a table one of
+  // whose cells was edited.
+  QList<QWidget*> widgets;
+  AddFocusable(*layout(), widgets);
+  const qsizetype count = widgets.size();
+  const QWidget* focus = focusWidget();
+  qsizetype at = next ? -1 : count;
+  for (qsizetype i = 0; i < count && focus != nullptr; ++i) {
+    if (widgets[i] == focus || widgets[i]->isAncestorOf(focus)) at = i;
+  }
+  for (qsizetype step = 1; step <= count; ++step) {
+    QWidget* widget = widgets[(at + (next ? step : 2 * count - step)) % count];
+    if (!widget->isEnabled() || !widget->isVisibleTo(this)) continue;
+    widget->setFocus(next ? Qt::TabFocusReason : Qt::BacktabFocusReason);
+    return true;
+  }
+  return false;
 }
 
 void SheetDialog::closeEvent(QCloseEvent* event) {

@@ -47,6 +47,8 @@ class SheetDialog : public QDialog {
  private:
   void reject() override { Cancel(); }
   void closeEvent(QCloseEvent* event) override;
+  // Tab goes from one to the next as they stand.
+  bool focusNextPrevChild(bool next) override;
 
   QVBoxLayout* body_;
   QVBoxLayout* foot_;

@@ -1,9 +1,8 @@
 #include "desktop/sheets/split_table.h"
 
 #include <QAbstractTableModel>
+#include <QHeaderView>
 #include <QKeyEvent>
-#include <QPainter>
-#include <QStyle>
 #include <algorithm>
 #include <array>
 
@@ -11,11 +10,7 @@
 #include "desktop/fields/combo_box_cell.h"
 #include "desktop/look/colors.h"
 #include "desktop/look/measures.h"
-#include "desktop/look/painting.h"
-#include "desktop/register/table_titles.h"
 #include "desktop/texts.h"
-#include "model/amount_input.h"
-#include "model/amount_sum.h"
 #include "model/amounts.h"
 
 namespace tallyfold::desktop {
@@ -29,10 +24,7 @@ constexpr int kSplitWidth = 440;
 
 // 0 for an empty text, none for what is no amount.
 std::optional<double> AmountOf(const QString& text) {
-  const std::string typed = ToUtf8(text.trimmed());
-  if (typed.empty()) return 0.0;
-  if (const auto sum = SumOfTypedAmounts(typed)) return sum;
-  return ParsePlainOrUsersAmount(typed);
+  return text.trimmed().isEmpty() ? 0.0 : AmountIn(text.trimmed());
 }
 
 QString TextOfAmount(double amount) {
@@ -117,9 +109,9 @@ class SplitTable::Model final : public QAbstractTableModel {
 };
 
 // Edits a cell in a field of the window's own.
-class SplitTable::Cells final : public CellDelegate {
+class SplitTable::Cells final : public EditCells {
  public:
-  explicit Cells(SplitTable* table) : CellDelegate(table, table) {}
+  explicit Cells(SplitTable* table) : EditCells(table, table) {}
 
   TextList descriptions;
   TextList to_froms;
@@ -138,49 +130,15 @@ class SplitTable::Cells final : public CellDelegate {
     field->setAccessibleName(index.model()->headerData(index.column(), Qt::Horizontal).toString());
     return field;
   }
-  void setEditorData(QWidget* editor, const QModelIndex& index) const override {
-    auto* field = static_cast<QLineEdit*>(editor);
-    if (!field->isModified()) field->setText(index.data(Qt::EditRole).toString());
-  }
-  void setModelData(QWidget* editor, QAbstractItemModel* model,
-                    const QModelIndex& index) const override {
-    model->setData(index, static_cast<QLineEdit*>(editor)->text(), Qt::EditRole);
-  }
-  void updateEditorGeometry(QWidget* editor, const QStyleOptionViewItem& option,
-                            const QModelIndex&) const override {
-    editor->setGeometry(option.rect);
-  }
-  bool eventFilter(QObject* object, QEvent* event) override {
-    // An open list has its keys before the cell has them.
-    const auto* cell = qobject_cast<LDGRComboBoxCell*>(object);
-    if (cell != nullptr && event->type() == QEvent::KeyPress && cell->IsListOpen()) return false;
-    return CellDelegate::eventFilter(object, event);
-  }
 };
 
 SplitTable::SplitTable(QWidget* parent)
-    : QTableView(parent), model_(new Model(*this)), cells_(new Cells(this)) {
-  setModel(model_);
-  setItemDelegate(cells_);
-  auto* titles = new TableTitles(this);
-  setHorizontalHeader(titles);
-  titles->setSectionResizeMode(QHeaderView::Fixed);
-  verticalHeader()->hide();
-  verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
-  verticalHeader()->setDefaultSectionSize(RowHeight(fontMetrics()));
-  setShowGrid(false);
-  setWordWrap(false);
-  setSelectionMode(SingleSelection);
-  setSelectionBehavior(SelectRows);
-  setTabKeyNavigation(false);
-  setEditTriggers(DoubleClicked | EditKeyPressed | AnyKeyPressed | SelectedClicked);
-  setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    : EditTable(parent), model_(new Model(*this)), cells_(new Cells(this)) {
+  SetUp(model_, cells_);
   setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
   setMinimumWidth(kSplitWidth);
-  setFixedHeight(titles->sizeHint().height() + kSplitLines * RowHeight(fontMetrics()) +
+  setFixedHeight(horizontalHeader()->sizeHint().height() + kSplitLines * RowHeight(fontMetrics()) +
                  2 * frameWidth());
-  connect(selectionModel(), &QItemSelectionModel::currentChanged, this,
-          [this] { viewport()->update(); });
 }
 
 void SplitTable::SetToTitle(const QString& title) {
@@ -216,70 +174,29 @@ void SplitTable::SelectAmount(int row) {
   setFocus();
 }
 
-void SplitTable::EndCellEditing() {
-  // The field takes its text over when it is left.
-  if (state() == EditingState) setFocus();
-}
-
-RowState SplitTable::StateOf(int row) const {
-  return {.is_selected = row == SelectedRow(), .table_has_focus = hasFocus()};
-}
-
 QModelIndex SplitTable::moveCursor(CursorAction action, Qt::KeyboardModifiers held) {
-  const QModelIndex index = QTableView::moveCursor(action, held);
-  if (index.column() != kNumber) return index;
-  if (action != MovePrevious) return index.siblingAtColumn(kDescription);
-  return index.row() == 0 ? currentIndex() : model_->index(index.row() - 1, kAmount);
+  const QModelIndex index = EditTable::moveCursor(action, held);
+  return index.column() == kNumber ? index.siblingAtColumn(kDescription) : index;
 }
 
 void SplitTable::keyPressEvent(QKeyEvent* event) {
-  const int key = event->key();
-  // In a cell it ends that cell, elsewhere it is the sheet's.
-  if (key == Qt::Key_Return || key == Qt::Key_Enter) {
-    event->setAccepted(state() == EditingState);
-    return;
-  }
-  if (key == Qt::Key_Escape) return event->ignore();
-  if (key == Qt::Key_Delete && state() != EditingState && currentIndex().isValid()) {
+  const bool is_open = state() == EditingState;
+  if (event->key() == Qt::Key_Delete && !is_open && currentIndex().isValid()) {
     model_->setData(currentIndex(), QString(), Qt::EditRole);
     return;
   }
-  QTableView::keyPressEvent(event);
+  EditTable::keyPressEvent(event);
 }
 
 void SplitTable::focusInEvent(QFocusEvent* event) {
-  QTableView::focusInEvent(event);
+  EditTable::focusInEvent(event);
   if (currentIndex().column() < kDescription) {
     setCurrentIndex(model_->index(std::max(0, currentIndex().row()), kDescription));
   }
 }
 
-void SplitTable::paintEvent(QPaintEvent* event) {
-  const Colors& colors = ColorsOf(palette());
-  QPainter painter(viewport());
-  for (int row = 0; row < kSplitLines; ++row) {
-    const QRect line(0, rowViewportPosition(row), viewport()->width(), rowHeight(row));
-    painter.fillRect(line, colors[StateOf(row).Ground()]);
-  }
-  painter.end();
-  QTableView::paintEvent(event);
-  painter.begin(viewport());
-  for (int row = 0; row < kSplitLines; ++row) {
-    const QRect line(0, rowViewportPosition(row), viewport()->width(), rowHeight(row));
-    DrawRuleBelow(painter, line, colors[Role::Hair]);
-    if (row != SelectedRow()) continue;
-    const QRect bar(0, line.top(), kSelectionBar, line.height());
-    painter.fillRect(QStyle::visualRect(layoutDirection(), line, bar),
-                     colors[hasFocus() ? Role::Accent : Role::Edge]);
-  }
-  if (hasFocus() && currentIndex().isValid()) {
-    DrawBox(painter, visualRect(currentIndex()), kSmallRadius, QColor(), colors[Role::Accent],
-            kRing);
-  }
-}
-
 void SplitTable::resizeEvent(QResizeEvent* event) {
-  QTableView::resizeEvent(event);
+  EditTable::resizeEvent(event);
   const int rest = viewport()->width() - kNumberWidth - kAmountWidth;
   setColumnWidth(kNumber, kNumberWidth);
   setColumnWidth(kDescription, rest / 2);

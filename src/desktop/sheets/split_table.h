@@ -1,15 +1,13 @@
 #pragma once
 
-#include <QTableView>
-
 #include "app/entries/entry_sheet_state.h"
-#include "desktop/register/cell_delegate.h"
+#include "desktop/sheets/edit_table.h"
 #include "model/account.h"
 
 namespace tallyfold::desktop {
 
 // The ten lines of a split, edited in their cells.
-class SplitTable final : public QTableView, public RowStates {
+class SplitTable final : public EditTable {
   Q_OBJECT
 
  public:
@@ -22,12 +20,7 @@ class SplitTable final : public QTableView, public RowStates {
   // Touches only lines that differ, so that a text that is no amount stays as typed.
   void ShowRows(const SplitRows& rows);
   [[nodiscard]] SplitRows Rows() const;
-  // -1 for none.
-  [[nodiscard]] int SelectedRow() const { return currentIndex().row(); }
   void SelectAmount(int row);
-  // What is typed in an open cell is taken over.
-  void EndCellEditing();
-  [[nodiscard]] RowState StateOf(int row) const override;
 
  signals:
   // The text of a cell is another.
@@ -38,7 +31,6 @@ class SplitTable final : public QTableView, public RowStates {
   QModelIndex moveCursor(CursorAction action, Qt::KeyboardModifiers held) override;
   void keyPressEvent(QKeyEvent* event) override;
   void focusInEvent(QFocusEvent* event) override;
-  void paintEvent(QPaintEvent* event) override;
   void resizeEvent(QResizeEvent* event) override;
 
  private:

@@ -23,7 +23,7 @@ constexpr int kAccountWidth = 200;
 
 TransferDialog::TransferDialog(const Parts& parts, TransferSheet& sheet, QWidget* window)
     : EditDialog(parts, window), sheet_(sheet) {
-  Fields().setMinimumWidth(kTransferFormWidth);
+  Fields().SetLeastWidth(kTransferFormWidth);
   AddDate();
   direction_ = AddPopUp(Text("Direction"), "_Direction_PopUp", kDirectionWidth);
   account_ = AddPopUp(Text("Account"), "_Account_PopUp", kAccountWidth);
