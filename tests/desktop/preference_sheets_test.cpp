@@ -4,7 +4,6 @@
 #include <QComboBox>
 #include <QLineEdit>
 #include <QListWidget>
-#include <QTableWidget>
 #include <algorithm>
 
 #include "app/accounts/account_editing.h"
@@ -104,23 +103,42 @@ TEST(PreferenceSheets, TypesOfAnAccountAreAddedRenamedAndTakenOutOfUse) {
   ASSERT_TRUE(app.accountSheet().Account_Edit());
   test.Settle();
   test.Find<QListWidget>("accountEditSheet_TabView")->setCurrentRow(1);
-  auto* table = test.Find<QTableWidget>("accountEditSheet_Types_Table");
-  const auto& typed = app.accountSheet().State().typed;
-  const int count = table->rowCount();
-  ASSERT_EQ(static_cast<std::size_t>(count), typed.types.size());
-  const std::string gone = typed.types[0].name;
-  table->setCurrentCell(0, 0);
+  const auto& state = app.accountSheet().State();
+  const auto& types = state.typed.types;
+  constexpr const char* kTable = "accountEditSheet_Types_Table";
+  ASSERT_EQ(static_cast<std::size_t>(test.Rows(kTable)), types.size());
+  EXPECT_EQ(test.Row(kTable, 0), QLatin1String("Check|Check|4|"));
+  // One that entries have stays out of use and can come back, one that none has is to go.
+  const auto bring_back = [&test] {
+    return test.FindWidget("accountEditSheet_Types_BringBack_Button");
+  };
+  EXPECT_FALSE(bring_back()->isEnabled());
+  test.ClickRow(kTable, 0);
   test.Click("accountEditSheet_Types_Remove_Button");
-  ASSERT_EQ(table->rowCount(), count - 1);
+  EXPECT_EQ(test.Row(kTable, 0), QLatin1String("Check|Check|4|out of use"));
+  test.Click(bring_back());
+  EXPECT_TRUE(types[0].is_active);
+  test.ClickRow(kTable, 2);
+  const std::string gone = types[2].name;
+  test.Key(Qt::Key_Delete);
+  EXPECT_TRUE(test.Row(kTable, 2).endsWith(QLatin1String("||goes with OK")));
   test.Click("accountEditSheet_Types_Add_Button");
   test.Type("Prize");
-  test.Find<QComboBox>("accountEditSheet_Types_Kind_PopUp")->setCurrentIndex(2);
-  ASSERT_EQ(typed.types.back().name, "Prize");
-  EXPECT_TRUE(typed.types.back().is_deposit);
+  test.Key(Qt::Key_Return);
+  EXPECT_EQ(app.sheets().Current(), Sheet::AccountEdit);
+  ASSERT_EQ(types[3].name, "Prize");
+  test.Key(Qt::Key_Right);
+  test.Key(Qt::Key_F2);
+  auto* kind = test.Find<QComboBox>("accountEditSheet_Types_Table_Cell_Field");
+  kind->setCurrentIndex(2);
+  emit kind->activated(2);
+  test.Settle();
+  EXPECT_TRUE(types[3].is_deposit);
   auto* deposit = test.Find<QComboBox>("accountEditSheet_DefaultDepositType_PopUp");
-  deposit->setCurrentIndex(deposit->count() - 1);
+  deposit->setCurrentText(QStringLiteral("Prize"));
   test.Find<QListWidget>("accountEditSheet_TabView")->setCurrentRow(3);
-  test.Click("accountEditSheet_Tos_Table_Add_Button");
+  test.Click("accountEditSheet_ToFroms_Style_2_Button");
+  test.Click("accountEditSheet_ToFroms_Add_Button");
   test.Type("Baker");
   test.Click("accountEditSheet_OK_Button");
   ASSERT_EQ(app.sheets().Current(), Sheet::None);

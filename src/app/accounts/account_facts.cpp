@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "app/face/message.h"
+#include "platform/message.h"
 #include "model/account.h"
 #include "model/account_entry.h"
 #include "model/account_schedule.h"
