@@ -7,6 +7,7 @@
 #include "app/exchange/encoding_menu.h"
 #include "app/exchange/export_accessory_manager.h"
 #include "app/exchange/qif_export_accessory_view.h"
+#include "app/face/message.h"
 #include "desktop/look/measures.h"
 #include "desktop/look/rule_line.h"
 #include "desktop/sheets/form.h"
@@ -52,10 +53,17 @@ QWidget* MakeQifExportRows(LDGRQIFExportAccessoryView& accessory, QWidget* panel
            IndexOfItemTagged(accessory.exportAccounts(), accessory.exportAccount()),
            [&accessory](std::int32_t tag) { accessory.setExportAccount(tag); });
   const std::string format = accessory.exportDateFormat();
-  AddPopUp(
-      *form, Text("Dates"), "exportDateFormat_PopUp", accessory.dateFormats(),
-      IndexOfItemTagged(accessory.dateFormats(), QifDateFormatTag(format).value_or(0)),
-      [&accessory](std::int32_t tag) { accessory.setExportDateFormat(QifDateFormatForTag(tag)); });
+  const auto show_example = [form, &accessory] {
+    form->SetNote(form->findChild<QComboBox*>(QLatin1String("exportDateFormat_PopUp")),
+                  ToQString(Message("a date: {1}", {accessory.exportDateExample()})));
+  };
+  AddPopUp(*form, Text("Dates"), "exportDateFormat_PopUp", accessory.dateFormats(),
+           IndexOfItemTagged(accessory.dateFormats(), QifDateFormatTag(format).value_or(0)),
+           [&accessory, show_example](std::int32_t tag) {
+             accessory.setExportDateFormat(QifDateFormatForTag(tag));
+             show_example();
+           });
+  show_example();
   AddPopUp(*form, Text("Encoding"), "exportEncoding_PopUp", accessory.encodings().items(),
            accessory.encodings().selected(), [&accessory](std::int32_t tag) {
              accessory.setEncoding(static_cast<std::uint32_t>(tag));
