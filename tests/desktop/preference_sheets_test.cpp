@@ -7,8 +7,10 @@
 #include <algorithm>
 
 #include "app/accounts/account_editing.h"
+#include "app/commands/command.h"
 #include "app/desk.h"
 #include "app/face/sheet_slot.h"
+#include "app/shell/backups_sheet.h"
 #include "app/shell/preferences_sheet.h"
 #include "desktop/test_window.h"
 #include "model/account.h"
@@ -149,6 +151,73 @@ TEST(PreferenceSheets, TypesOfAnAccountAreAddedRenamedAndTakenOutOfUse) {
   EXPECT_EQ(account.Tos_Specific().back(), "Baker");
   EXPECT_TRUE(std::ranges::none_of(account.GetTypes(),
                                    [&gone](const auto& each) { return each->GetName() == gone; }));
+}
+
+TEST(PreferenceSheets, SamplesFollowWhatIsChosenAndTheWindowFollowsOK) {
+  TestWindow test(ExampleAccounts());
+  ASSERT_TRUE(test.Launch());
+  LDGRController& app = test.program->app();
+  ASSERT_TRUE(app.preferencesSheet().Open());
+  test.Settle();
+  const auto choose = [&test](const char* name, int index) {
+    test.Find<QComboBox>(name)->setCurrentIndex(index);
+  };
+  // From anywhere in the sheet, page by page.
+  for (int i = 0; i < 3; ++i) test.Key(Qt::Key_PageDown, Qt::ControlModifier);
+  ASSERT_EQ(app.preferencesSheet().State().tab, "formats");
+  EXPECT_EQ(test.Row("preferencesSheet_Formats_Table", 0), QLatin1String("02/22/26|-$1,890.00|"));
+  choose("preferencesSheet_dateFormat", 1);
+  choose("preferencesSheet_amountFormat", 1);
+  EXPECT_EQ(test.Row("preferencesSheet_Formats_Table", 1), QLatin1String("2026-12-31|$2450.00|"));
+  test.Key(Qt::Key_PageUp, Qt::ControlModifier);
+  EXPECT_EQ(test.Row("preferencesSheet_Sample_Table", 4),
+            QLatin1String("2026-02-24|Week 8|Corner Market|-$66.20|$2725.58"));
+  EXPECT_TRUE(test.Row("entry_Table", 22).startsWith(QLatin1String("02/24/26")));
+  app.preferencesSheet().SelectTab("speech");
+  test.Click("preferencesSheet_SayExample_Button");
+  ASSERT_FALSE(test.speech.Heard().empty());
+  EXPECT_EQ(test.speech.Heard().back(), app.preferencesSheet().State().spoken_example);
+  test.Click("preferencesSheet_OK_Button");
+  EXPECT_TRUE(test.Row("entry_Table", 22).startsWith(QLatin1String("2026-02-24")));
+}
+
+TEST(PreferenceSheets, BackupsAreComparedAndRestored) {
+  TestWindow test(ExampleAccounts());
+  ASSERT_TRUE(test.Launch());
+  LDGRController& app = test.program->app();
+  const LDGRAccount& account = *app.desk().SelectedAccount();
+  ASSERT_TRUE(Order(app, "Backups_Open"));
+  test.Settle();
+  constexpr const char* kList = "backupsSheet_Backups_Table";
+  const int before = test.Rows(kList);
+  test.Click("backupsSheet_BackUpNow_Button");
+  EXPECT_EQ(test.Rows(kList), before + 1);
+  EXPECT_FALSE(test.TextOf("backupsSheet_Done").isEmpty());
+  test.Key(Qt::Key_Return);
+  ASSERT_EQ(app.sheets().Current(), Sheet::None);
+
+  test.ClickRow("entry_Table", 4);
+  test.Key(Qt::Key_Delete);
+  test.Click("entryRemoveConfirm_OK_Button");
+  const std::size_t left = account.GetEntries().size();
+  ASSERT_TRUE(Order(app, "Backups_Open"));
+  test.Settle();
+  EXPECT_EQ(test.Rows("backupsSheet_Entries_Table"), 0);
+  test.Wait(BackupsSheet::kBeforeComparison);
+  EXPECT_EQ(test.Row("backupsSheet_Accounts_Table", 0), QLatin1String("Joint checking|||1"));
+  ASSERT_EQ(test.Rows("backupsSheet_Entries_Table"), 1);
+  EXPECT_TRUE(test.Row("backupsSheet_Entries_Table", 0).startsWith(QLatin1String("Gone|01/08/26")));
+  test.alerts.Answer("Restore");
+  test.Click("backupsSheet_Restore_Button");
+  EXPECT_EQ(app.sheets().Current(), Sheet::None);
+  EXPECT_EQ(app.desk().SelectedAccount()->GetEntries().size(), left + 1);
+
+  ASSERT_TRUE(Order(app, "About_Open"));
+  test.Settle();
+  EXPECT_TRUE(
+      test.TextOf("aboutSheet_AccountsFile").contains(QLatin1String(TestWindow::kAccountsFile)));
+  test.Key(Qt::Key_Escape);
+  EXPECT_EQ(app.sheets().Current(), Sheet::None);
 }
 
 }  // namespace

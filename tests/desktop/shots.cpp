@@ -17,6 +17,7 @@
 #include <sstream>
 
 #include "app/accounts/account_editing.h"
+#include "app/accounts/account_selection.h"
 #include "app/controller.h"
 #include "app/desk.h"
 #include "app/entries/entry_editing.h"
@@ -26,6 +27,10 @@
 #include "app/face/sheet_slot.h"
 #include "app/schedules/schedule_editing.h"
 #include "app/schedules/schedule_reminder.h"
+#include "app/shell/about_sheet.h"
+#include "app/shell/application_lock.h"
+#include "app/shell/backups_list.h"
+#include "app/shell/backups_sheet.h"
 #include "app/shell/preferences_sheet.h"
 #include "app/shell/tabs.h"
 #include "app/shell/update_check.h"
@@ -275,6 +280,37 @@ void GrabAll(const QString& folder) {
     LongOperation::Reached(LongWork::Saving, 40);
   });
   operation.reset();
+  show("backups", [](TestWindow& test) {
+    LDGRController& app = test.program->app();
+    test.files.AddFile("/home/user/Library/Tallyfold/Backups/Accounts_2_7_2026_1.0.0", "nothing");
+    const auto& account = *app.desk().SelectedAccount();
+    for (const int row : {3, 5}) {
+      app.desk().SelectEntry(account.GetEntries()[static_cast<std::size_t>(row)]);
+      app.entryOrders().Entry_ChangeKind();
+    }
+    test.ClickRow("entry_Table", 21);
+    test.Key(Qt::Key_Delete);
+    test.Click("entryRemoveConfirm_OK_Button");
+    app.backups().BackUpNow();
+    app.backupsSheet().Open();
+    test.Wait(std::chrono::seconds(1));
+    test.Key(Qt::Key_Down);
+    test.Wait(std::chrono::seconds(1));
+  });
+  show("about", [](TestWindow& test) { test.program->app().about().Open(); });
+  show("locked", [](TestWindow& test) {
+    test.program->app().applicationLock().setPassword("secret");
+    test.program->app().applicationLock().lock();
+    test.Type("SECR");
+  });
+  show("password", [](TestWindow& test) {
+    LDGRController& app = test.program->app();
+    const auto other = app.desk().accounts()[1];
+    other->SetPassword("secret");
+    other->setAuthenticated(false);
+    app.selection().Account_Select(other);
+    test.Type("secret");
+  });
   for (int page = 0; page < 9; ++page) {
     const QString name = QLatin1String("preferences-") + QString::number(page);
     Grab(folder, name, ExampleAccounts(), [page](TestWindow& test) {

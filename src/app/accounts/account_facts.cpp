@@ -2,12 +2,12 @@
 
 #include <algorithm>
 
-#include "platform/message.h"
 #include "model/account.h"
 #include "model/account_entry.h"
 #include "model/account_schedule.h"
 #include "model/date_format.h"
 #include "platform/ambient.h"
+#include "platform/message.h"
 #include "registers/register_look.h"
 
 namespace tallyfold {

@@ -200,6 +200,16 @@ bool LookTable::HasEditedColumn() const {
   return std::ranges::any_of(columns_, &Column::is_edited);
 }
 
+void LookTable::SetRowFont(const QFont& font, bool uses_ellipses) {
+  static_cast<CellDelegate*>(itemDelegate())->SetUsesEllipses(uses_ellipses);
+  if (font == this->font()) return;
+  // The titles keep theirs.
+  const QFont titles = horizontalHeader()->font();
+  setFont(font);
+  horizontalHeader()->setFont(titles);
+  verticalHeader()->setDefaultSectionSize(RowHeight(fontMetrics()));
+}
+
 void LookTable::SetRowsInSight(int count) {
   const int titles =
       horizontalHeader()->isVisibleTo(this) ? horizontalHeader()->sizeHint().height() : 0;

@@ -43,6 +43,8 @@ class LookTable final : public QTableView, public RowStates {
   void EditCell(int row, int column);
   // Takes over a text that is still being typed.
   void EndCellEditing();
+  // The font of the rows, and so their height, and whether texts that are cut end in an ellipsis.
+  void SetRowFont(const QFont& font, bool uses_ellipses);
   // As tall as so many rows and the titles.
   void SetRowsInSight(int count);
   // In the middle in place of rows; "" for nothing.

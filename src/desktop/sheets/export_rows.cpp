@@ -7,12 +7,12 @@
 #include "app/exchange/encoding_menu.h"
 #include "app/exchange/export_accessory_manager.h"
 #include "app/exchange/qif_export_accessory_view.h"
-#include "app/face/message.h"
 #include "desktop/look/measures.h"
 #include "desktop/look/rule_line.h"
 #include "desktop/sheets/form.h"
 #include "desktop/texts.h"
 #include "exchange/qif_date_formats.h"
+#include "platform/message.h"
 
 namespace tallyfold::desktop {
 namespace {

@@ -118,8 +118,10 @@ void PageList::Add(std::string_view identifier, const QString& title, QWidget* p
   auto* item = new QListWidgetItem(title, list_);
   item->setSizeHint(QSize(0, kAccountRowHeight));
   list_->setMinimumHeight(list_->count() * kAccountRowHeight);
-  list_->setFixedWidth(
-      std::max(kPageListWidth - 2 * kGap, list_->sizeHintForColumn(0) + 4 * kOuterCellPadding));
+  QFont chosen = list_->font();
+  chosen.setBold(true);
+  const int width = QFontMetrics(chosen).horizontalAdvance(title) + 2 * kOuterCellPadding;
+  list_->setFixedWidth(std::max({kPageListWidth - 2 * kGap, width, list_->minimumWidth()}));
   if (identifiers_.size() == 1) list_->setCurrentRow(0);
 }
 

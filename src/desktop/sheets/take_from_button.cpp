@@ -5,10 +5,10 @@
 
 #include "app/accounts/account_editing.h"
 #include "app/desk.h"
-#include "platform/message.h"
 #include "desktop/look/icons.h"
 #include "desktop/texts.h"
 #include "platform/ambient.h"
+#include "platform/message.h"
 
 namespace tallyfold::desktop {
 
