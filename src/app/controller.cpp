@@ -62,6 +62,14 @@ Saving& LDGRController::saving() noexcept {
   return parts_->saving;
 }
 
+BackupsSheet& LDGRController::backupsSheet() noexcept {
+  return parts_->backups_sheet;
+}
+
+AboutSheet& LDGRController::about() noexcept {
+  return parts_->about;
+}
+
 BackupsList& LDGRController::backups() noexcept {
   return parts_->backups;
 }

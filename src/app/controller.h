@@ -4,6 +4,7 @@
 
 namespace tallyfold {
 
+class AboutSheet;
 class AccountEditing;
 class AccountPasswords;
 class AccountRemoval;
@@ -15,6 +16,7 @@ class AccountsStore;
 class AmountFields;
 class ApplicationLock;
 class BackupsList;
+class BackupsSheet;
 class BalanceField;
 class DateJump;
 class Desk;
@@ -97,6 +99,7 @@ class LDGRController {
   [[nodiscard]] TextEditing& textEditing() noexcept;
   [[nodiscard]] PreferencesSheet& preferencesSheet() noexcept;
   [[nodiscard]] UpdateCheck& updates() noexcept;
+  [[nodiscard]] AboutSheet& about() noexcept;
   [[nodiscard]] Printing& printing() noexcept;
 
   // The two files and their backups.
@@ -104,6 +107,7 @@ class LDGRController {
   [[nodiscard]] PreferencesStore& preferencesStore() noexcept;
   [[nodiscard]] Saving& saving() noexcept;
   [[nodiscard]] BackupsList& backups() noexcept;
+  [[nodiscard]] BackupsSheet& backupsSheet() noexcept;
 
   // Accounts.
   [[nodiscard]] AccountSelection& selection() noexcept;

@@ -25,9 +25,11 @@
 #include "app/schedules/schedule_editing.h"
 #include "app/schedules/schedule_reminder.h"
 #include "app/schedules/schedules_tab.h"
+#include "app/shell/about_sheet.h"
 #include "app/shell/application.h"
 #include "app/shell/application_lock.h"
 #include "app/shell/backups_list.h"
+#include "app/shell/backups_sheet.h"
 #include "app/shell/idle_watch.h"
 #include "app/shell/lifecycle.h"
 #include "app/shell/menus.h"
@@ -119,6 +121,8 @@ struct ApplicationParts {
   AccountSummarySheet summary_sheet;
   ApplicationLock lock;
   BackupsList backups;
+  BackupsSheet backups_sheet;
+  AboutSheet about;
   PreferencesSheet preferences_sheet;
   UpdateCheck updates;
   Menus menus;

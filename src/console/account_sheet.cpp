@@ -47,19 +47,23 @@ void FinishAccountSheet(const Console& console, Typed typed) {
     throw CommandError(SentenceFor(console.controller.accountSheet().State().problem));
 }
 
-std::size_t TypeRowNamed(const Typed& typed, std::string_view word) {
+std::size_t TypeRowNamed(const Typed& typed, std::string_view word, bool are_active) {
   std::int32_t number = 0;
   const char* const end = word.data() + word.size();
   const auto [rest, error] = std::from_chars(word.data(), end, number);
   const bool is_number = error == std::errc() && rest == end;
   std::optional<std::size_t> found;
   for (std::size_t row = 0; row < typed.types.size(); ++row) {
+    if (typed.types[row].is_active != are_active) continue;
     if (is_number && typed.types[row].number == number) return row;
     if (typed.types[row].name != word) continue;
     if (found) throw CommandError("several types are named " + Quoted(word) + "; use the number");
     found = row;
   }
-  if (!found) throw CommandError("there is no type " + Quoted(word) + "; types lists them");
+  if (!found) {
+    throw CommandError("there is no type " + Quoted(word) +
+                       (are_active ? "; types lists them" : " out of use; types lists them"));
+  }
   return *found;
 }
 

@@ -25,8 +25,9 @@ void TypeAccountFields(const Arguments& arguments, AccountEditSheetState::Typed&
 // Presses OK with these values; throws CommandError, with the reason, for those that will not do.
 void FinishAccountSheet(const Console& console, AccountEditSheetState::Typed typed);
 
-// The row of a type that `word` names: by number, or by a name that only one type has.
+// The row of a type that `word` names: by number, or by a name that only one type has. Types in use
+// are looked for, or those that are not.
 [[nodiscard]] std::size_t TypeRowNamed(const AccountEditSheetState::Typed& typed,
-                                       std::string_view word);
+                                       std::string_view word, bool are_active = true);
 
 }  // namespace tallyfold::console

@@ -47,10 +47,25 @@ std::string StyleText(std::int32_t style, std::int32_t count) {
   return style == kOwn ? "own" : "the latest " + WriteNumber(count);
 }
 
+void AddFacts(const AccountFacts& facts, Table& table) {
+  const auto count = [](std::size_t number) {
+    return WriteNumber(static_cast<std::int64_t>(number));
+  };
+  const auto day = [](const std::optional<DateNumber>& of) { return of ? WriteDate(*of) : ""; };
+  table.Add({"entries", count(facts.entries)});
+  table.Add({"first entry", day(facts.first)});
+  table.Add({"last entry", day(facts.last)});
+  table.Add({"scheduled entries", count(facts.schedules)});
+  table.Add({"next scheduled", day(facts.next_scheduled)});
+  table.Add({"next check", WriteNumber(facts.next_check)});
+  table.Add({"balance now", WriteAmount(facts.balance)});
+}
+
 void ShowSheet(Console& console, const Arguments& /*arguments*/) {
   const auto account = SelectedAccount(console);
   OpenAccountSheet(console);
-  const Typed& typed = console.controller.accountSheet().State().typed;
+  const AccountEditSheetState& state = console.controller.accountSheet().State();
+  const Typed& typed = state.typed;
   Table table({{"field"}, {"value", Column::Align::Left, Column::Long::GoesOn}});
   table.Add({"number", WriteNumber(account->GetNumber())});
   table.Add({"name", typed.name});
@@ -63,6 +78,7 @@ void ShowSheet(Console& console, const Arguments& /*arguments*/) {
   for (const OwnList& list : kOwnLists) {
     for (const std::string& text : typed.*list.texts) table.Add({std::string(list.name), text});
   }
+  if (state.facts) AddFacts(*state.facts, table);
   console.printer.Show(table);
 }
 

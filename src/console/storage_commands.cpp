@@ -1,18 +1,25 @@
+#include <algorithm>
 #include <cstddef>
+#include <cstdint>
 #include <string>
+#include <utility>
 
 #include "app/controller.h"
 #include "app/exchange/export_commands.h"
 #include "app/shell/backups_list.h"
+#include "app/shell/backups_sheet.h"
 #include "console/all_commands.h"
 #include "console/command_error.h"
 #include "console/console.h"
 #include "console/console_panels.h"
+#include "console/lookup.h"
 #include "console/printer.h"
 #include "console/questions.h"
 #include "console/save_notes.h"
 #include "console/table.h"
 #include "console/values.h"
+#include "model/account.h"
+#include "model/account_entry.h"
 #include "platform/ambient.h"
 #include "platform/file_system.h"
 #include "storage/accounts_store.h"
@@ -37,6 +44,72 @@ void ListBackups(Console& console, const Arguments& /*arguments*/) {
     table.Add({backup.name, WriteDate(NSCalendarDateToDateNumber(made)),
                contents ? count(contents->accounts) : "unreadable",
                contents ? count(contents->entries) : "unreadable"});
+  }
+  console.printer.Show(table);
+}
+
+void AddDifference(Table& table, const AccountDifference& account) {
+  const auto add = [&table](std::string what, const LDGRAccountEntry& entry) {
+    table.Add({std::move(what), WriteNumber(entry.GetNumber()), WriteDate(entry.GetDate()),
+               entry.GetDescription(), entry.GetToFrom(), WriteAmount(entry.GetAmount())});
+  };
+  for (const EntryDifference& each : account.entries) {
+    switch (each.kind) {
+      case EntryDifference::Kind::Added:
+        add("added", *each.now);
+        break;
+      case EntryDifference::Kind::Gone:
+        add("gone", *each.then);
+        break;
+      case EntryDifference::Kind::Changed:
+        add("changed", *each.now);
+        add("was", *each.then);
+        break;
+    }
+  }
+}
+
+void CompareBackup(Console& console, const Arguments& arguments) {
+  const std::string& name = arguments.WordAt(0);
+  auto& sheet = console.controller.backupsSheet();
+  if (!sheet.Open()) throw CommandError("the backups cannot be shown now");
+  const auto& rows = sheet.State().rows;
+  const auto row = std::ranges::find(rows, name, &BackupsSheetState::Row::name);
+  sheet.SelectBackup(row == rows.end() ? -1 : static_cast<std::int32_t>(row - rows.begin()));
+  sheet.Compare();
+  const auto& comparison = sheet.State().comparison;
+  if (!comparison) {
+    throw CommandError("there is no backup " + Quoted(name) +
+                       " that can be read; backup list shows them");
+  }
+  if (comparison->is_locked) {
+    throw CommandError("the backup " + Quoted(name) + " has a password of its own");
+  }
+  if (const auto of = arguments.Text("account")) {
+    const auto number = AccountNamed(console, *of)->GetNumber();
+    Table lines({{"since then"},
+                 {"number", Column::Align::Right},
+                 {"date"},
+                 {"description"},
+                 {"to/from"},
+                 {"amount", Column::Align::Right}});
+    for (const AccountDifference& account : comparison->accounts) {
+      if (account.number != number) continue;
+      if (account.is_locked) throw CommandError(account.name + " is locked");
+      AddDifference(lines, account);
+    }
+    return console.printer.Show(lines);
+  }
+  Table table({{"account"},
+               {"added", Column::Align::Right},
+               {"changed", Column::Align::Right},
+               {"gone", Column::Align::Right}});
+  const auto count = [](const AccountDifference& account, std::size_t of) {
+    return account.is_locked ? "locked" : WriteNumber(static_cast<std::int64_t>(of));
+  };
+  for (const AccountDifference& each : comparison->accounts) {
+    table.Add(
+        {each.name, count(each, each.added), count(each, each.changed), count(each, each.gone)});
   }
   console.printer.Show(table);
 }
@@ -87,6 +160,10 @@ void BackUpNow(Console& console, const Arguments& /*arguments*/) {
   console.printer.Confirm("Kept as " + backups.State().kept + ".");
 }
 
+constexpr Option kCompareOptions[] = {
+    {.name = "account", .value = "ACCOUNT", .help = "shows the entries themselves of that one"},
+};
+
 constexpr Command kStorageCommands[] = {
     {.name = "save",
      .help = "writes the accounts and the preferences to their files now",
@@ -98,6 +175,14 @@ constexpr Command kStorageCommands[] = {
          "lists the backups and kept copies of the accounts and what they hold, the newest first",
      .example = "backup list",
      .run = ListBackups},
+    {.name = "backup compare",
+     .words = "BACKUP",
+     .least_words = 1,
+     .most_words = 1,
+     .options = kCompareOptions,
+     .help = "tells which entries were added, changed or removed since a backup, by account",
+     .example = "backup compare Accounts_3_2_2026_1.0.0 account=Cash",
+     .run = CompareBackup},
     {.name = "backup restore",
      .words = "BACKUP",
      .least_words = 1,

@@ -1,8 +1,10 @@
 #include <cstddef>
 #include <cstdint>
+#include <unordered_map>
 #include <utility>
 
 #include "app/accounts/account_editing.h"
+#include "app/accounts/account_type_rows.h"
 #include "app/controller.h"
 #include "console/account_sheet.h"
 #include "console/all_commands.h"
@@ -13,6 +15,7 @@
 #include "console/table.h"
 #include "console/values.h"
 #include "model/account.h"
+#include "model/account_entry.h"
 #include "model/entry_type.h"
 
 namespace tallyfold::console {
@@ -25,15 +28,22 @@ std::string KindOf(const LDGRAccountEntryType& type) {
 
 void ListTypes(Console& console, const Arguments& /*arguments*/) {
   const auto account = SelectedAccount(console);
-  Table table(
-      {{"number", Column::Align::Right}, {"name"}, {"kind"}, {"check"}, {"active"}, {"default"}});
+  Table table({{"number", Column::Align::Right},
+               {"name"},
+               {"kind"},
+               {"check"},
+               {"active"},
+               {"default"},
+               {"entries", Column::Align::Right}});
+  std::unordered_map<std::int32_t, std::int64_t> entries;
+  for (const auto& entry : account->GetEntries()) ++entries[entry->GetType()];
   const auto add = [&](const EntryTypeList& types, bool are_active) {
     for (const auto& type : types) {
       const bool is_default =
           type == account->GetDefaultDebitType() || type == account->GetDefaultDepositType();
       table.Add({WriteNumber(type->GetNumber()), type->GetName(), KindOf(*type),
-                 type->GetIsCheck() ? "yes" : "", are_active ? "yes" : "",
-                 is_default ? "yes" : ""});
+                 type->GetIsCheck() ? "yes" : "", are_active ? "yes" : "", is_default ? "yes" : "",
+                 WriteNumber(entries[type->GetNumber()])});
     }
   };
   add(account->GetTypes(), true);
@@ -41,8 +51,19 @@ void ListTypes(Console& console, const Arguments& /*arguments*/) {
   console.printer.Show(table);
 }
 
-// The options that describe a type, as far as given. Throws CommandError for a name that another
-// type of the same kind has.
+// Throws CommandError where another type in use has the name of the row's and its kind.
+void CheckName(const AccountEditSheetState::Typed& typed, std::size_t row) {
+  const auto& type = typed.types[row];
+  for (std::size_t other = 0; other < typed.types.size(); ++other) {
+    const auto& each = typed.types[other];
+    if (other != row && each.is_active && each.name == type.name &&
+        each.is_deposit == type.is_deposit) {
+      throw CommandError("there is already a type " + Quoted(type.name) + " of that kind");
+    }
+  }
+}
+
+// The options that describe a type, as far as given.
 void TypeIntoRow(const Arguments& arguments, AccountEditSheetState::Typed& typed, std::size_t row) {
   auto& type = typed.types[row];
   if (const auto name = arguments.Text("name")) type.name = *name;
@@ -54,12 +75,7 @@ void TypeIntoRow(const Arguments& arguments, AccountEditSheetState::Typed& typed
   }
   if (const auto check = arguments.YesNo("check")) type.is_check = *check;
   if (type.name.empty()) throw CommandError("expected a name that is not empty");
-  for (std::size_t other = 0; other < typed.types.size(); ++other) {
-    if (other != row && typed.types[other].name == type.name &&
-        typed.types[other].is_deposit == type.is_deposit) {
-      throw CommandError("there is already a type " + Quoted(type.name) + " of that kind");
-    }
-  }
+  CheckName(typed, row);
 }
 
 // Makes the row the default of its kind, or no default any more. A type that has changed its kind
@@ -106,14 +122,18 @@ void RemoveType(Console& console, const Arguments& arguments) {
   OpenAccountSheet(console);
   AccountEditSheetState::Typed typed = console.controller.accountSheet().State().typed;
   const std::size_t row = TypeRowNamed(typed, arguments.WordAt(0));
-  typed.types.erase(typed.types.begin() + static_cast<std::ptrdiff_t>(row));
-  for (auto* index : {&typed.default_debit_type, &typed.default_deposit_type}) {
-    if (*index == static_cast<std::int32_t>(row)) {
-      *index = -1;
-    } else if (*index > static_cast<std::int32_t>(row)) {
-      --*index;
-    }
-  }
+  TakeTypeOutOfUse(typed, row);
+  FinishAccountSheet(console, std::move(typed));
+  ListTypes(console, arguments);
+}
+
+void RestoreType(Console& console, const Arguments& arguments) {
+  (void)SelectedAccount(console);
+  OpenAccountSheet(console);
+  AccountEditSheetState::Typed typed = console.controller.accountSheet().State().typed;
+  const std::size_t row = TypeRowNamed(typed, arguments.WordAt(0), false);
+  BringTypeBack(typed, row);
+  CheckName(typed, row);
   FinishAccountSheet(console, std::move(typed));
   ListTypes(console, arguments);
 }
@@ -160,6 +180,13 @@ constexpr Command kTypeCommands[] = {
      .help = "removes an entry type; one that entries have stays with them but is not offered",
      .example = "type remove Food",
      .run = RemoveType},
+    {.name = "type restore",
+     .words = "NUMBER|NAME",
+     .least_words = 1,
+     .most_words = 1,
+     .help = "offers an entry type again that was taken out of use",
+     .example = "type restore Food",
+     .run = RestoreType},
 };
 
 }  // namespace

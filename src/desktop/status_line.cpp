@@ -130,7 +130,7 @@ void StatusLine::FillModes() {
 
 void StatusLine::ShowBalance() {
   const BalanceFieldState state = parts_.balance.State();
-  const bool is_shown = parts_.tabs.State().selected == Tab::Entry;
+  const bool is_shown = parts_.tabs.State().selected == Tab::Entry && parts_.desk.IsUnlocked();
   mode_->setVisible(is_shown);
   value_->setVisible(is_shown);
   for (QAction* action : mode_->menu()->actions()) {

@@ -54,8 +54,9 @@ void SetUpEntrySheets(SheetHost& host, LDGRController& app) {
              [](const std::string& day) { return ToQString(Message("Transfer of {1}", {day})); }},
         sheet, window);
   });
-  host.Set(Sheet::AccountEdit,
-           [&app](QWidget* window) { return new AccountDialog(app.accountSheet(), window); });
+  host.Set(Sheet::AccountEdit, [&app](QWidget* window) {
+    return new AccountDialog(app.accountSheet(), app.desk(), window);
+  });
 }
 
 }  // namespace tallyfold::desktop

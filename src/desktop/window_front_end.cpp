@@ -129,6 +129,8 @@ void WindowFrontEnd::ShowArea(Area area) {
     case Area::AccountAuthenticationSheet:
     case Area::PreferencesSheet:
     case Area::ImportOptionsSheet:
+    case Area::BackupsSheet:
+    case Area::AboutSheet:
       pieces.menus->ShowAccounts();
       pieces.sheets->Show();
       return window_.ShowVeil();

@@ -3,8 +3,12 @@
 #include "app/exchange/qif_date_items.h"
 #include "app/exchange/qif_export_accessory_view.h"
 #include "app/exchange/qif_import_command.h"
+#include "app/shell/about_sheet.h"
+#include "app/shell/backups_sheet.h"
 #include "app/shell/preferences_sheet.h"
 #include "app/views/balance_field.h"
+#include "desktop/sheets/about_dialog.h"
+#include "desktop/sheets/backups_dialog.h"
 #include "desktop/sheets/preferences_dialog.h"
 #include "desktop/sheets/sheet_host.h"
 #include "desktop/texts.h"
@@ -35,6 +39,9 @@ PreferencesDialog::Items ItemsOfPreferences(LDGRController& app) {
 }  // namespace
 
 void SetUpPreferenceSheets(SheetHost& host, LDGRController& app) {
+  host.Set(Sheet::Backups,
+           [&app](QWidget* window) { return new BackupsDialog(app.backupsSheet(), window); });
+  host.Set(Sheet::About, [&app](QWidget* window) { return new AboutDialog(app.about(), window); });
   host.Set(Sheet::Preferences, [&app](QWidget* window) {
     return new PreferencesDialog(app.preferencesSheet(), ItemsOfPreferences(app), window);
   });

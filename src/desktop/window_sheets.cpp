@@ -24,8 +24,8 @@ SheetDialog* NewPasswordOfApplication(LDGRController& app, QWidget* window) {
   ApplicationLock& lock = app.applicationLock();
   PasswordDialog::Parts parts;
   parts.name = QStringLiteral("authenticationSheet");
-  parts.title = Text("Tallyfold Is Locked");
-  parts.question = Text("Type the password to go on.");
+  parts.heading = Text("Tallyfold is locked");
+  parts.sentence = Text("Your accounts are shown once the password is right.");
   parts.cancel = Text("Quit");
   parts.state = [&lock]() -> const PasswordSheetState& { return lock.State(); };
   parts.typed = [&app](const std::string& typed) {
@@ -40,8 +40,8 @@ SheetDialog* NewPasswordOfAccount(LDGRController& app, QWidget* window) {
   AccountPasswords& passwords = app.accountPasswords();
   PasswordDialog::Parts parts;
   parts.name = QStringLiteral("accountAuthenticationSheet");
-  parts.title = Text("Account Password");
-  parts.question = Text("Password");
+  const auto& account = passwords.authenticatingAccount();
+  if (account != nullptr) parts.heading = ToQString(account->GetName());
   parts.cancel = Text("Cancel");
   parts.state = [&passwords]() -> const PasswordSheetState& { return passwords.State(); };
   parts.typed = [&app](const std::string& typed) {

@@ -14,7 +14,7 @@ void SetUpSheets(SheetHost& host, LDGRController& app);
 void SetUpExchangeSheets(SheetHost& host, LDGRController& app);
 // Those of entries and accounts; part of SetUpSheets().
 void SetUpEntrySheets(SheetHost& host, LDGRController& app);
-// That of the preferences; part of SetUpSheets().
+// Those of the preferences, the backups and the program itself; part of SetUpSheets().
 void SetUpPreferenceSheets(SheetHost& host, LDGRController& app);
 // That of scheduled entries; part of SetUpSheets().
 void SetUpScheduleSheets(SheetHost& host, LDGRController& app);

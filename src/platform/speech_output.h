@@ -1,5 +1,6 @@
 #pragma once
 
+#include <string>
 #include <string_view>
 
 namespace tallyfold {
@@ -12,6 +13,8 @@ class SpeechOutput {
   virtual void Speak(std::string_view text) = 0;
   virtual void Stop() = 0;
   [[nodiscard]] virtual bool IsBusy() const = 0;
+  // What speaks, as the user may know it; "" without a voice.
+  [[nodiscard]] virtual std::string VoiceName() const { return {}; }
 };
 
 }  // namespace tallyfold

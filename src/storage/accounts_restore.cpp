@@ -4,6 +4,7 @@
 
 #include "platform/ambient.h"
 #include "platform/message.h"
+#include "platform/system_log.h"
 #include "storage/accounts_store.h"
 #include "storage/backup_names.h"
 #include "storage/compressed_file.h"
@@ -16,6 +17,12 @@ namespace {
 
 // More than any household's accounts; a damaged file must not fill the memory.
 constexpr std::size_t kGreatestBackup = std::size_t{2} << 30;
+
+// Takes no lines.
+class Silence final : public SystemLog {
+ public:
+  void Write(std::string_view /*line*/) override {}
+};
 
 }  // namespace
 
@@ -73,6 +80,23 @@ std::optional<AccountsStore::BackupContents> AccountsStore::ContentsOfBackup(
     }
   }
   return contents;
+}
+
+std::optional<AccountsStore::AccountsOfFile> AccountsStore::AccountsOfBackup(
+    const std::string& name) const {
+  auto backup = ReadBackup(name);
+  if (!backup) return std::nullopt;
+  Silence silence;
+  const ScopedAmbient quiet({.log = &silence});
+  AccountsOfFile content;
+  content.password = backup->dictionary.Get("password").StringValue();
+  plist::Array dictionaries = backup->dictionary.Get("accounts").ArrayValue();
+  for (std::size_t i = 0; i < dictionaries.size(); ++i) {
+    if (!dictionaries.At(i).IsDictionary()) continue;
+    content.accounts.push_back(LDGRAccount::accountByConsuming(
+        LDGRAccount::UpdateAccountDictionary(dictionaries.Take(i).DictionaryValue())));
+  }
+  return content;
 }
 
 AccountsStore::RestoreResult AccountsStore::Accounts_RestoreBackup(const std::string& name) {

@@ -56,6 +56,12 @@ class AccountsStore {
     virtual void Replaced() = 0;
   };
 
+  // What a file of accounts holds.
+  struct AccountsOfFile {
+    AccountList accounts;
+    std::string password;
+  };
+
   // How much a backup holds.
   struct BackupContents {
     std::size_t accounts = 0;
@@ -187,6 +193,9 @@ class AccountsStore {
   // Reads the backup or kept copy of that name. None for one that Accounts_RestoreBackup() finds
   // unreadable.
   [[nodiscard]] std::optional<BackupContents> ContentsOfBackup(const std::string& name) const;
+  // The same, with the records as a load would make them. What is damaged in it is not logged.
+  [[nodiscard]] std::optional<AccountsOfFile> AccountsOfBackup(const std::string& name) const;
+  [[nodiscard]] const DataPaths& Paths() const noexcept { return paths_; }
 
  private:
   // The state that was last loaded or saved.

@@ -1,7 +1,10 @@
 #include "system/program_speech.h"
 
+#include <unistd.h>
+
 #include <algorithm>
 #include <chrono>
+#include <cstdlib>
 #include <utility>
 
 namespace tallyfold {
@@ -45,6 +48,22 @@ void ProgramSpeech::Speak(std::string_view text) {
   text_ = AsArgument(text);
   if (voice_ == voices_.size()) voice_ = 0;
   GoOn();
+}
+
+std::string ProgramSpeech::VoiceName() const {
+  const char* const path = std::getenv("PATH");
+  for (std::size_t i = voice_; i < voices_.size(); ++i) {
+    const std::string& program = voices_[i].program;
+    if (program.find('/') != std::string::npos || path == nullptr) continue;
+    std::string_view left = path;
+    while (!left.empty()) {
+      const std::size_t end = std::min(left.find(':'), left.size());
+      const std::string file = std::string(left.substr(0, end)) + '/' + program;
+      if (::access(file.c_str(), X_OK) == 0) return program;
+      left.remove_prefix(std::min(end + 1, left.size()));
+    }
+  }
+  return {};
 }
 
 void ProgramSpeech::Stop() {

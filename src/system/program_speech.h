@@ -35,6 +35,8 @@ class ProgramSpeech final : public SpeechOutput {
   void Speak(std::string_view text) override;
   void Stop() override;
   [[nodiscard]] bool IsBusy() const override;
+  // The program that speaks, or would, as far as can be told without starting it.
+  [[nodiscard]] std::string VoiceName() const override;
 
   static constexpr std::chrono::milliseconds kFailsAtOnce{3000};
   // How often the programs are looked at, and how long one may take to silence its server.

@@ -7,6 +7,7 @@
 
 #include "app/accounts/account_removal.h"
 #include "app/accounts/account_selection.h"
+#include "app/accounts/account_type_rows.h"
 #include "app/accounts/accounts_drawer.h"
 #include "app/desk.h"
 #include "app/entries/entry_editing.h"
@@ -108,6 +109,35 @@ TEST(AccountSheet, TakesUsedTypesOutOfUseAndForgetsOthers) {
   EXPECT_EQ(TypeNames(account->GetTypes()), (Texts{"3 Deposit", "4 Direct Deposit", "5 Gift"}));
   EXPECT_EQ(TypeNames(account->GetInactiveTypes()), (Texts{"0 Check", "1 Debit Card"}));
   EXPECT_EQ(account->GetDefaultDebitType(), nullptr);
+
+  // One that stays out of use is no loss of an edit, and comes back by its row or with the types of
+  // another account; one that nothing has goes.
+  const auto row_named = [](const TypedAccount& t, std::string_view name) {
+    const auto row = std::ranges::find(t.types, name, &AccountEditSheetState::TypeRow::name);
+    return static_cast<std::size_t>(row - t.types.begin());
+  };
+  EXPECT_TRUE(Edit(test, [&](TypedAccount& t) {
+    ASSERT_EQ(t.types.size(), 5U);
+    BringTypeBack(t, row_named(t, "Check"));
+    const std::size_t gift = row_named(t, "Gift");
+    t.default_deposit_type = static_cast<std::int32_t>(gift);
+    TakeTypeOutOfUse(t, gift);
+    EXPECT_EQ(t.default_deposit_type, -1);
+    EXPECT_EQ(InsertType(t, 0, "Cash"), 1U);
+    EXPECT_EQ(t.types[1].is_check, t.types[0].is_check);
+  }));
+  EXPECT_EQ(TypeNames(account->GetTypes()),
+            (Texts{"6 Cash", "0 Check", "3 Deposit", "4 Direct Deposit"}));
+  EXPECT_EQ(TypeNames(account->GetInactiveTypes()), (Texts{"1 Debit Card"}));
+  ASSERT_TRUE(test.app.accountSheet().Account_Edit());
+  const auto& state = test.app.accountSheet().State();
+  EXPECT_EQ(state.EntriesWith(state.typed.types[row_named(state.typed, "Check")]), 1U);
+  EXPECT_EQ(state.FateOf(state.typed.types[row_named(state.typed, "Debit Card")]),
+            AccountEditSheetState::TypeFate::OutOfUse);
+  ASSERT_TRUE(test.app.accountSheet().ImportTypesFrom(LDGRAccount()));
+  ASSERT_TRUE(test.app.accountSheet().AccountEditSheet_OK());
+  EXPECT_EQ(TypeNames(account->GetInactiveTypes()), Texts());
+  EXPECT_EQ(account->GetTypes().size(), 7U);
 }
 
 TEST(AccountRemoval, UnlinksWhatPointsThere) {

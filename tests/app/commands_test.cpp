@@ -22,7 +22,10 @@
 #include "app/schedules/schedule_editing.h"
 #include "app/schedules/schedule_reminder.h"
 #include "app/schedules/schedules_tab.h"
+#include "app/shell/about_sheet.h"
 #include "app/shell/application_lock.h"
+#include "app/shell/backups_list.h"
+#include "app/shell/backups_sheet.h"
 #include "app/shell/menus.h"
 #include "app/shell/preferences_sheet.h"
 #include "app/shell/tabs.h"
@@ -200,6 +203,18 @@ const State kStates[] = {
        AddEntries(test);
        test.app.preferencesSheet().Open();
      }},
+    {"the backups show",
+     [](TestApplication& test) {
+       AddEntries(test);
+       test.app.backups().BackUpNow();
+       test.app.backupsSheet().Open();
+       test.app.backupsSheet().Compare();
+     }},
+    {"it tells about itself",
+     [](TestApplication& test) {
+       AddEntries(test);
+       test.app.about().Open();
+     }},
     {"the passwords in the preferences differ",
      [](TestApplication& test) {
        AddEntries(test);
@@ -353,6 +368,8 @@ std::vector<std::pair<Area, std::string>> Seen(TestApplication& test) {
       {Area::AccountAuthenticationSheet, flag(app.accountPasswords().State().is_open)},
       {Area::PreferencesSheet, flag(app.preferencesSheet().State().is_open)},
       {Area::ImportOptionsSheet, flag(app.sharedQIFImportController().Options().is_open)},
+      {Area::BackupsSheet, flag(app.backupsSheet().State().is_open)},
+      {Area::AboutSheet, flag(app.about().State().is_open)},
       {Area::ImportReview, flag(app.sharedQIFImportController().IsReviewing())},
   };
 }
@@ -392,7 +409,9 @@ TEST(Commands, AreTakenBackWholeByUndo) {
       const bool was_open = test.app.desk().IsUnlocked();
       const std::size_t steps = undo.UndoLines().size();
       const std::string before = BytesOf(test.app.desk().accounts());
-      test.alerts.Answer(command->name == "Account_Remove" ? "Remove" : "OK");
+      test.alerts.Answer(command->name == "Account_Remove"    ? "Remove"
+                         : command->name == "Backups_Restore" ? "Restore"
+                                                              : "OK");
       command->run(test.app);
       const std::string after = BytesOf(test.app.desk().accounts());
       if (!was_open || !test.app.desk().IsUnlocked() || undo.UndoLines().size() <= steps) continue;

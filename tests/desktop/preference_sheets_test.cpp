@@ -4,12 +4,13 @@
 #include <QComboBox>
 #include <QLineEdit>
 #include <QListWidget>
-#include <QTableWidget>
 #include <algorithm>
 
 #include "app/accounts/account_editing.h"
+#include "app/commands/command.h"
 #include "app/desk.h"
 #include "app/face/sheet_slot.h"
+#include "app/shell/backups_sheet.h"
 #include "app/shell/preferences_sheet.h"
 #include "desktop/test_window.h"
 #include "model/account.h"
@@ -104,23 +105,42 @@ TEST(PreferenceSheets, TypesOfAnAccountAreAddedRenamedAndTakenOutOfUse) {
   ASSERT_TRUE(app.accountSheet().Account_Edit());
   test.Settle();
   test.Find<QListWidget>("accountEditSheet_TabView")->setCurrentRow(1);
-  auto* table = test.Find<QTableWidget>("accountEditSheet_Types_Table");
-  const auto& typed = app.accountSheet().State().typed;
-  const int count = table->rowCount();
-  ASSERT_EQ(static_cast<std::size_t>(count), typed.types.size());
-  const std::string gone = typed.types[0].name;
-  table->setCurrentCell(0, 0);
+  const auto& state = app.accountSheet().State();
+  const auto& types = state.typed.types;
+  constexpr const char* kTable = "accountEditSheet_Types_Table";
+  ASSERT_EQ(static_cast<std::size_t>(test.Rows(kTable)), types.size());
+  EXPECT_EQ(test.Row(kTable, 0), QLatin1String("Check|Check|4|"));
+  // One that entries have stays out of use and can come back, one that none has is to go.
+  const auto bring_back = [&test] {
+    return test.FindWidget("accountEditSheet_Types_BringBack_Button");
+  };
+  EXPECT_FALSE(bring_back()->isEnabled());
+  test.ClickRow(kTable, 0);
   test.Click("accountEditSheet_Types_Remove_Button");
-  ASSERT_EQ(table->rowCount(), count - 1);
+  EXPECT_EQ(test.Row(kTable, 0), QLatin1String("Check|Check|4|out of use"));
+  test.Click(bring_back());
+  EXPECT_TRUE(types[0].is_active);
+  test.ClickRow(kTable, 2);
+  const std::string gone = types[2].name;
+  test.Key(Qt::Key_Delete);
+  EXPECT_TRUE(test.Row(kTable, 2).endsWith(QLatin1String("||goes with OK")));
   test.Click("accountEditSheet_Types_Add_Button");
   test.Type("Prize");
-  test.Find<QComboBox>("accountEditSheet_Types_Kind_PopUp")->setCurrentIndex(2);
-  ASSERT_EQ(typed.types.back().name, "Prize");
-  EXPECT_TRUE(typed.types.back().is_deposit);
+  test.Key(Qt::Key_Return);
+  EXPECT_EQ(app.sheets().Current(), Sheet::AccountEdit);
+  ASSERT_EQ(types[3].name, "Prize");
+  test.Key(Qt::Key_Right);
+  test.Key(Qt::Key_F2);
+  auto* kind = test.Find<QComboBox>("accountEditSheet_Types_Table_Cell_Field");
+  kind->setCurrentIndex(2);
+  emit kind->activated(2);
+  test.Settle();
+  EXPECT_TRUE(types[3].is_deposit);
   auto* deposit = test.Find<QComboBox>("accountEditSheet_DefaultDepositType_PopUp");
-  deposit->setCurrentIndex(deposit->count() - 1);
+  deposit->setCurrentText(QStringLiteral("Prize"));
   test.Find<QListWidget>("accountEditSheet_TabView")->setCurrentRow(3);
-  test.Click("accountEditSheet_Tos_Table_Add_Button");
+  test.Click("accountEditSheet_ToFroms_Style_2_Button");
+  test.Click("accountEditSheet_ToFroms_Add_Button");
   test.Type("Baker");
   test.Click("accountEditSheet_OK_Button");
   ASSERT_EQ(app.sheets().Current(), Sheet::None);
@@ -131,6 +151,73 @@ TEST(PreferenceSheets, TypesOfAnAccountAreAddedRenamedAndTakenOutOfUse) {
   EXPECT_EQ(account.Tos_Specific().back(), "Baker");
   EXPECT_TRUE(std::ranges::none_of(account.GetTypes(),
                                    [&gone](const auto& each) { return each->GetName() == gone; }));
+}
+
+TEST(PreferenceSheets, SamplesFollowWhatIsChosenAndTheWindowFollowsOK) {
+  TestWindow test(ExampleAccounts());
+  ASSERT_TRUE(test.Launch());
+  LDGRController& app = test.program->app();
+  ASSERT_TRUE(app.preferencesSheet().Open());
+  test.Settle();
+  const auto choose = [&test](const char* name, int index) {
+    test.Find<QComboBox>(name)->setCurrentIndex(index);
+  };
+  // From anywhere in the sheet, page by page.
+  for (int i = 0; i < 3; ++i) test.Key(Qt::Key_PageDown, Qt::ControlModifier);
+  ASSERT_EQ(app.preferencesSheet().State().tab, "formats");
+  EXPECT_EQ(test.Row("preferencesSheet_Formats_Table", 0), QLatin1String("02/22/26|-$1,890.00|"));
+  choose("preferencesSheet_dateFormat", 1);
+  choose("preferencesSheet_amountFormat", 1);
+  EXPECT_EQ(test.Row("preferencesSheet_Formats_Table", 1), QLatin1String("2026-12-31|$2450.00|"));
+  test.Key(Qt::Key_PageUp, Qt::ControlModifier);
+  EXPECT_EQ(test.Row("preferencesSheet_Sample_Table", 4),
+            QLatin1String("2026-02-24|Week 8|Corner Market|-$66.20|$2725.58"));
+  EXPECT_TRUE(test.Row("entry_Table", 22).startsWith(QLatin1String("02/24/26")));
+  app.preferencesSheet().SelectTab("speech");
+  test.Click("preferencesSheet_SayExample_Button");
+  ASSERT_FALSE(test.speech.Heard().empty());
+  EXPECT_EQ(test.speech.Heard().back(), app.preferencesSheet().State().spoken_example);
+  test.Click("preferencesSheet_OK_Button");
+  EXPECT_TRUE(test.Row("entry_Table", 22).startsWith(QLatin1String("2026-02-24")));
+}
+
+TEST(PreferenceSheets, BackupsAreComparedAndRestored) {
+  TestWindow test(ExampleAccounts());
+  ASSERT_TRUE(test.Launch());
+  LDGRController& app = test.program->app();
+  const LDGRAccount& account = *app.desk().SelectedAccount();
+  ASSERT_TRUE(Order(app, "Backups_Open"));
+  test.Settle();
+  constexpr const char* kList = "backupsSheet_Backups_Table";
+  const int before = test.Rows(kList);
+  test.Click("backupsSheet_BackUpNow_Button");
+  EXPECT_EQ(test.Rows(kList), before + 1);
+  EXPECT_FALSE(test.TextOf("backupsSheet_Done").isEmpty());
+  test.Key(Qt::Key_Return);
+  ASSERT_EQ(app.sheets().Current(), Sheet::None);
+
+  test.ClickRow("entry_Table", 4);
+  test.Key(Qt::Key_Delete);
+  test.Click("entryRemoveConfirm_OK_Button");
+  const std::size_t left = account.GetEntries().size();
+  ASSERT_TRUE(Order(app, "Backups_Open"));
+  test.Settle();
+  EXPECT_EQ(test.Rows("backupsSheet_Entries_Table"), 0);
+  test.Wait(BackupsSheet::kBeforeComparison);
+  EXPECT_EQ(test.Row("backupsSheet_Accounts_Table", 0), QLatin1String("Joint checking|||1"));
+  ASSERT_EQ(test.Rows("backupsSheet_Entries_Table"), 1);
+  EXPECT_TRUE(test.Row("backupsSheet_Entries_Table", 0).startsWith(QLatin1String("Gone|01/08/26")));
+  test.alerts.Answer("Restore");
+  test.Click("backupsSheet_Restore_Button");
+  EXPECT_EQ(app.sheets().Current(), Sheet::None);
+  EXPECT_EQ(app.desk().SelectedAccount()->GetEntries().size(), left + 1);
+
+  ASSERT_TRUE(Order(app, "About_Open"));
+  test.Settle();
+  EXPECT_TRUE(
+      test.TextOf("aboutSheet_AccountsFile").contains(QLatin1String(TestWindow::kAccountsFile)));
+  test.Key(Qt::Key_Escape);
+  EXPECT_EQ(app.sheets().Current(), Sheet::None);
 }
 
 }  // namespace

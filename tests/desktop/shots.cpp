@@ -1,6 +1,6 @@
 // Pictures of the window in its states, to be looked at: tallyfold_desktop_shots FOLDER [dark].
-// Another scale by QT_SCALE_FACTOR, longer texts by a last word "long", right to left by "rtl", a
-// style of the platform's own by "foreign".
+// Another scale by QT_SCALE_FACTOR, longer texts by a word "long", right to left by "rtl", a style of
+// the platform's own by "foreign", only pictures whose names begin so by "only=NAME".
 
 #include <QAbstractItemView>
 #include <QAction>
@@ -31,6 +31,10 @@
 #include "app/face/sheet_slot.h"
 #include "app/schedules/schedule_editing.h"
 #include "app/schedules/schedule_reminder.h"
+#include "app/shell/about_sheet.h"
+#include "app/shell/application_lock.h"
+#include "app/shell/backups_list.h"
+#include "app/shell/backups_sheet.h"
 #include "app/shell/preferences_sheet.h"
 #include "app/shell/tabs.h"
 #include "app/shell/update_check.h"
@@ -78,6 +82,8 @@ void OpenImport(TestWindow& test) {
 // The window in a state, and the sheet over it where one is open.
 void Grab(const QString& folder, const QString& name, const std::string& accounts,
           const std::function<void(TestWindow&)>& prepare) {
+  const QStringList only = QApplication::arguments().filter(QLatin1String("only="));
+  if (!only.isEmpty() && !name.startsWith(only.first().mid(5))) return;
   TestWindow test(accounts);
   test.ambient.localizer.lengthens = QApplication::arguments().contains(QLatin1String("long"));
   static_cast<void>(test.Launch());
@@ -282,16 +288,50 @@ void GrabAll(const QString& folder) {
   show("smallest", [](TestWindow& test) {
     test.program->window().resize(test.program->window().minimumSize());
   });
-  show("account", [](TestWindow& test) { test.program->app().accountSheet().Account_Edit(); });
-  show("account-types", [](TestWindow& test) {
+  const auto edit_account = [](TestWindow& test, int page) {
     test.program->app().accountSheet().Account_Edit();
     test.Settle();
-    test.Find<QListWidget>("accountEditSheet_TabView")->setCurrentRow(1);
+    test.Find<QListWidget>("accountEditSheet_TabView")->setCurrentRow(page);
+  };
+  show("account", [&](TestWindow& test) { edit_account(test, 0); });
+  show("account-types", [&](TestWindow& test) {
+    edit_account(test, 1);
+    test.ClickRow("accountEditSheet_Types_Table", 4);
+    test.Click("accountEditSheet_Types_Remove_Button");
+    test.ClickRow("accountEditSheet_Types_Table", 9);
+    test.Click("accountEditSheet_Types_Remove_Button");
+    test.ClickRow("accountEditSheet_Types_Table", 5);
   });
-  show("account-descriptions", [](TestWindow& test) {
-    test.program->app().accountSheet().Account_Edit();
-    test.Settle();
-    test.Find<QListWidget>("accountEditSheet_TabView")->setCurrentRow(2);
+  show("account-types-edited", [&](TestWindow& test) {
+    edit_account(test, 1);
+    test.ClickRow("accountEditSheet_Types_Table", 5);
+    test.Click("accountEditSheet_Types_Add_Button");
+    test.Key(Qt::Key_Return);
+    test.Key(Qt::Key_Right);
+    test.Key(Qt::Key_F2);
+  });
+  show("account-descriptions", [&](TestWindow& test) {
+    edit_account(test, 2);
+    test.Click("accountEditSheet_Descriptions_Style_2_Button");
+    for (const char* text : {"Rent", "Water"}) {
+      test.Click("accountEditSheet_Descriptions_Add_Button");
+      test.Type(text);
+    }
+    test.Key(Qt::Key_Return);
+  });
+  show("account-to-from", [&](TestWindow& test) { edit_account(test, 3); });
+  show("account-password-refused", [&](TestWindow& test) {
+    edit_account(test, 4);
+    test.Click("accountEditSheet_Password_Field");
+    test.Type("secret");
+    test.Click("accountEditSheet_OK_Button");
+  });
+  show("account-refused", [&](TestWindow& test) {
+    edit_account(test, 0);
+    test.Find<QLineEdit>("accountEditSheet_StartingBalance_Field")->clear();
+    test.Click("accountEditSheet_StartingBalance_Field");
+    test.Type("12x");
+    test.Click("accountEditSheet_OK_Button");
   });
   std::optional<LongOperation> operation;
   show("waiting", [&operation](TestWindow& test) {
@@ -300,6 +340,37 @@ void GrabAll(const QString& folder) {
     LongOperation::Reached(LongWork::Saving, 40);
   });
   operation.reset();
+  show("backups", [](TestWindow& test) {
+    LDGRController& app = test.program->app();
+    test.files.AddFile("/home/user/Library/Tallyfold/Backups/Accounts_2_7_2026_1.0.0", "nothing");
+    const auto& account = *app.desk().SelectedAccount();
+    for (const int row : {3, 5}) {
+      app.desk().SelectEntry(account.GetEntries()[static_cast<std::size_t>(row)]);
+      app.entryOrders().Entry_ChangeKind();
+    }
+    test.ClickRow("entry_Table", 21);
+    test.Key(Qt::Key_Delete);
+    test.Click("entryRemoveConfirm_OK_Button");
+    app.backups().BackUpNow();
+    app.backupsSheet().Open();
+    test.Wait(std::chrono::seconds(1));
+    test.Key(Qt::Key_Down);
+    test.Wait(std::chrono::seconds(1));
+  });
+  show("about", [](TestWindow& test) { test.program->app().about().Open(); });
+  show("locked", [](TestWindow& test) {
+    test.program->app().applicationLock().setPassword("secret");
+    test.program->app().applicationLock().lock();
+    test.Type("SECR");
+  });
+  show("password", [](TestWindow& test) {
+    LDGRController& app = test.program->app();
+    const auto other = app.desk().accounts()[1];
+    other->SetPassword("secret");
+    other->setAuthenticated(false);
+    app.selection().Account_Select(other);
+    test.Type("secret");
+  });
   for (int page = 0; page < 9; ++page) {
     const QString name = QLatin1String("preferences-") + QString::number(page);
     Grab(folder, name, ExampleAccounts(), [page](TestWindow& test) {

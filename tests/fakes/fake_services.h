@@ -80,13 +80,16 @@ class FakeSpeech final : public SpeechOutput {
   void Speak(std::string_view text) override;
   void Stop() override;
   [[nodiscard]] bool IsBusy() const override { return busy_; }
+  [[nodiscard]] std::string VoiceName() const override { return voice_; }
 
+  void SetVoice(std::string voice) { voice_ = std::move(voice); }
   void Finish() { busy_ = false; }
   // Everything spoken, and "(stop)" for every stop, in order.
   [[nodiscard]] const std::vector<std::string>& Heard() const { return heard_; }
 
  private:
   bool busy_ = false;
+  std::string voice_ = "a voice";
   std::vector<std::string> heard_;
 };
 

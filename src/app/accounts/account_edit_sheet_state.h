@@ -1,10 +1,13 @@
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
+#include <map>
 #include <optional>
 #include <string>
 #include <vector>
 
+#include "app/accounts/account_facts.h"
 #include "app/face/problem.h"
 
 namespace tallyfold {
@@ -18,8 +21,24 @@ struct AccountEditSheetState {
     std::string name;
     bool is_check = false;
     bool is_deposit = false;
+    // Whether it is offered for entries. One that is out of use stays with those that have it.
+    bool is_active = true;
 
     friend bool operator==(const TypeRow&, const TypeRow&) = default;
+  };
+
+  // What becomes of a row at OK.
+  enum class TypeFate : std::uint8_t {
+    InUse,
+    OutOfUse,  // nothing offers it
+    Goes,      // taken out of use here, and nothing has it
+  };
+  // What the account does with one of its types.
+  struct TypeUse {
+    std::size_t entries = 0;
+    // An entry or a scheduled one has it.
+    bool is_referred_to = false;
+    bool was_active = true;
   };
 
   // Typed by the user: a front end reads these from its fields before each operation.
@@ -55,9 +74,18 @@ struct AccountEditSheetState {
   bool ok_is_enabled = false;
   // What a password does and what not.
   std::string security_note;
+  // By the number of the type.
+  std::map<std::int32_t, TypeUse> type_uses;
+  // Of the account as it is; none for a new one, and their lines in the user's words.
+  std::optional<AccountFacts> facts;
+  std::vector<AccountFactLine> fact_lines;
   // The fields are accountEditSheet_Name_Field, _StartingBalance_Field, _StartingCheckNumber_Field,
   // _PasswordAgain_Field, _Types_Table, _DescriptionsCount_Field and _ToFromsCount_Field.
   std::optional<Problem> problem;
+
+  [[nodiscard]] TypeFate FateOf(const TypeRow& row) const;
+  // Entries of the account that have the type.
+  [[nodiscard]] std::size_t EntriesWith(const TypeRow& row) const;
 };
 
 }  // namespace tallyfold

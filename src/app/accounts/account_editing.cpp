@@ -7,10 +7,9 @@
 #include <utility>
 #include <vector>
 
+#include "app/accounts/account_type_rows.h"
 #include "app/face/blank_text.h"
 #include "ledger/change.h"
-#include "model/account_entry.h"
-#include "model/account_schedule.h"
 #include "model/amounts.h"
 #include "model/entry_type.h"
 #include "platform/ambient.h"
@@ -64,15 +63,6 @@ std::optional<Problem> ProblemOf(const Typed& typed) {
   return std::nullopt;
 }
 
-std::int32_t RowOfType(const std::vector<TypeRow>& rows,
-                       const std::shared_ptr<LDGRAccountEntryType>& type) {
-  if (type == nullptr) return -1;
-  const auto row = std::find_if(rows.begin(), rows.end(), [&type](const TypeRow& each) {
-    return each.number == type->GetNumber();
-  });
-  return row == rows.end() ? -1 : static_cast<std::int32_t>(row - rows.begin());
-}
-
 // Numbered by their rows.
 EntryTypeList TypesOfRows(const std::vector<TypeRow>& rows) {
   EntryTypeList types;
@@ -85,19 +75,6 @@ EntryTypeList TypesOfRows(const std::vector<TypeRow>& rows) {
     types.push_back(std::move(type));
   }
   return types;
-}
-
-std::unordered_set<std::int32_t> TypesInUse(const LDGRAccount& account) {
-  std::unordered_set<std::int32_t> numbers;
-  for (const auto& entry : account.GetEntries()) numbers.insert(entry->GetType());
-  for (const auto& schedule : account.GetSchedules()) numbers.insert(schedule->GetType());
-  return numbers;
-}
-
-std::shared_ptr<LDGRAccountEntryType> TypeOfRow(const EntryTypeList& types_of_rows,
-                                                std::int32_t row) {
-  const bool is_row = row >= 0 && static_cast<std::size_t>(row) < types_of_rows.size();
-  return is_row ? types_of_rows[static_cast<std::size_t>(row)] : nullptr;
 }
 
 }  // namespace
@@ -132,6 +109,10 @@ bool AccountEditing::Begin(std::shared_ptr<LDGRAccount> account, bool is_new) {
   edit_account_ = std::move(account);
   AccountEditSheet_Populate();
   state_.is_new = is_new;
+  if (!is_new) {
+    state_.facts = FactsOf(*edit_account_);
+    state_.fact_lines = LinesOf(*state_.facts, desk_.preferences());
+  }
   return AccountEditSheet_Open();
 }
 
@@ -153,12 +134,7 @@ void AccountEditing::AccountEditSheet_Populate() {
   typed.starting_check_number = account.GetStartingCheckNumber();
   typed.password = account.GetPassword();
   typed.password_again = account.GetPassword();
-  for (const auto& type : account.GetTypes()) {
-    typed.types.push_back(
-        {type->GetNumber(), type->GetName(), type->GetIsCheck(), type->GetIsDeposit()});
-  }
-  typed.default_debit_type = RowOfType(typed.types, account.GetDefaultDebitType());
-  typed.default_deposit_type = RowOfType(typed.types, account.GetDefaultDepositType());
+  PopulateTypes(state_, account);
   typed.descriptions_style = account.GetPreference_Descriptions_Style();
   typed.descriptions_count = account.GetPreference_Descriptions_SomeSelection();
   typed.to_froms_style = account.GetPreference_ToFrom_Style();
@@ -182,11 +158,18 @@ bool AccountEditing::ImportTypesFrom(const LDGRAccount& other) {
   auto& rows = state_.typed.types;
   LDGRAccount scratch;
   scratch.SetTypes(TypesOfRows(rows));
-  scratch.importTypesFromAccount(other);
   const auto rows_before = static_cast<std::int32_t>(rows.size());
+  scratch.importTypesFromAccount(other);
   for (const auto& type : scratch.GetTypes()) {
     if (type->GetNumber() < rows_before) continue;
     rows.push_back({-1, type->GetName(), type->GetIsCheck(), type->GetIsDeposit()});
+  }
+  // What is here but out of use is lacking too.
+  for (TypeRow& row : rows) {
+    row.is_active =
+        row.is_active || std::ranges::any_of(other.GetTypes(), [&row](const auto& type) {
+          return type->GetName() == row.name && type->GetIsDeposit() == row.is_deposit;
+        });
   }
   announcer_.Changed(Area::AccountEditSheet);
   return true;
@@ -259,7 +242,7 @@ void AccountEditing::SaveValues() {
   account.SetName(typed.name);
   account.SetStartingBalance(*typed.starting_balance);
   account.SetStartingCheckNumber(*typed.starting_check_number);
-  SaveTypes();
+  SaveTypes(state_, account);
   account.SetPreference_Descriptions_Style(typed.descriptions_style);
   account.SetPreference_Descriptions_SomeSelection(*typed.descriptions_count);
   account.SetPreference_ToFrom_Style(typed.to_froms_style);
@@ -274,41 +257,6 @@ void AccountEditing::SaveValues() {
     // Whoever sets a password knows it.
     account.setAuthenticated(true);
   }
-}
-
-void AccountEditing::SaveTypes() {
-  LDGRAccount& account = *edit_account_;
-  const auto& typed = state_.typed;
-  EntryTypeList of_rows;
-  for (const TypeRow& row : typed.types) {
-    std::shared_ptr<LDGRAccountEntryType> type;
-    for (const auto& each : account.GetTypes()) {
-      if (row.number >= 0 && each->GetNumber() == row.number) type = each;
-    }
-    if (type == nullptr) {
-      type = std::make_shared<LDGRAccountEntryType>();
-      type->SetNumber(account.NextAvailableTypeNumber());
-      account.AddType(type);
-    }
-    type->SetName(row.name);
-    type->SetIsCheck(row.is_check);
-    type->SetIsDeposit(row.is_deposit);
-    of_rows.push_back(std::move(type));
-  }
-
-  // A type that entries still refer to is taken out of use; one that nothing refers to is gone.
-  const auto in_use = TypesInUse(account);
-  const EntryTypeList before = account.GetTypes();
-  for (const auto& type : before) {
-    const bool is_kept = std::find(of_rows.begin(), of_rows.end(), type) != of_rows.end();
-    if (!is_kept && in_use.contains(type->GetNumber())) account.DeactivateType(type);
-  }
-  EntryTypeList sorted = of_rows;
-  std::stable_sort(sorted.begin(), sorted.end(),
-                   [](const auto& a, const auto& b) { return a->NameIsGreaterThan(*b) < 0; });
-  account.SetTypes(std::move(sorted));
-  account.SetDefaultDebitType(TypeOfRow(of_rows, typed.default_debit_type));
-  account.SetDefaultDepositType(TypeOfRow(of_rows, typed.default_deposit_type));
 }
 
 void AccountEditing::AccountEditSheet_Cancel() {

@@ -47,8 +47,9 @@ class AccountEditing {
   bool Account_Add();
   bool Account_Edit();
 
-  // Add to the sheet what another account has and the sheet lacks: entry types by name and kind, or
-  // texts of the user's own lists, ignoring case. False, and nothing changes, for a locked account.
+  // Add to the sheet what another account has and the sheet lacks: entry types by name and kind,
+  // which come back where they are only out of use, or texts of the user's own lists, ignoring
+  // case. False, and nothing changes, for a locked account.
   bool ImportTypesFrom(const LDGRAccount& other);
   bool ImportDescriptionsFrom(const LDGRAccount& other);
   bool ImportToFromsFrom(const LDGRAccount& other);
@@ -67,7 +68,6 @@ class AccountEditing {
   bool AccountEditSheet_Open();
   void Close();
   void SaveValues();
-  void SaveTypes();
 
   Desk& desk_;
   Ledger& ledger_;

@@ -5,8 +5,10 @@
 #include "app/exchange/export_commands.h"
 #include "app/exchange/qif_import_command.h"
 #include "app/exchange/qif_import_controller.h"
+#include "app/shell/about_sheet.h"
 #include "app/shell/application_lock.h"
 #include "app/shell/backups_list.h"
+#include "app/shell/backups_sheet.h"
 #include "app/shell/idle_watch.h"
 #include "app/shell/lifecycle.h"
 #include "app/shell/preferences_sheet.h"
@@ -25,6 +27,12 @@ bool Always(LDGRController& /*app*/) {
 }
 bool UpdateWindowIsOpen(LDGRController& app) {
   return app.updates().State().window_is_open;
+}
+bool BackupsAreOpen(LDGRController& app) {
+  return app.backupsSheet().State().is_open;
+}
+bool BackupCanBeRestored(LDGRController& app) {
+  return app.backupsSheet().State().restore_is_enabled;
 }
 bool AsksForPassword(LDGRController& app) {
   return app.applicationLock().State().is_open;
@@ -85,6 +93,17 @@ constexpr Command kFileCommands[] = {
      .menu = Menu::File,
      .can = IsFree,
      .run = [](LDGRController& app) { app.backups().BackUpNow(); }},
+    {.name = "Backups_Open",
+     .title = "Backups...",
+     .menu = Menu::File,
+     .can = IsFree,
+     .run = [](LDGRController& app) { app.backupsSheet().Open(); }},
+    {.name = "Backups_Close",
+     .can = BackupsAreOpen,
+     .run = [](LDGRController& app) { app.backupsSheet().Close(); }},
+    {.name = "Backups_Restore",
+     .can = BackupCanBeRestored,
+     .run = [](LDGRController& app) { app.backupsSheet().Restore(); }},
     {.name = "RestoreFromFile",
      .title = "Restore From File...",
      .menu = Menu::File,
@@ -137,6 +156,14 @@ constexpr Command kFileCommands[] = {
      .menu = Menu::Help,
      .can = IsFree,
      .run = [](LDGRController& app) { app.updates().CheckForUpdates(); }},
+    {.name = "About_Open",
+     .title = "About Tallyfold",
+     .menu = Menu::Help,
+     .can = IsFree,
+     .run = [](LDGRController& app) { app.about().Open(); }},
+    {.name = "About_Close",
+     .can = [](LDGRController& app) { return app.about().State().is_open; },
+     .run = [](LDGRController& app) { app.about().Close(); }},
     {.name = "UpdateWindow_Close",
      .can = UpdateWindowIsOpen,
      .run = [](LDGRController& app) { app.updates().CloseWindow(); }},

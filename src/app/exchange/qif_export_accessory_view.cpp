@@ -3,6 +3,7 @@
 #include <utility>
 
 #include "app/exchange/qif_date_items.h"
+#include "model/date_format.h"
 #include "platform/ambient.h"
 #include "platform/message.h"
 
@@ -38,6 +39,10 @@ void LDGRQIFExportAccessoryView::setExportAccount(std::int32_t tag) noexcept {
 
 std::int32_t LDGRQIFExportAccessoryView::exportAccount() const noexcept {
   return account_ == kNoItem ? kCurrentAccount : accounts_[static_cast<std::size_t>(account_)].tag;
+}
+
+std::string LDGRQIFExportAccessoryView::exportDateExample() const {
+  return FormatDate(CurrentClock().LocalTime(CurrentClock().Now()), exportDateFormat());
 }
 
 }  // namespace tallyfold

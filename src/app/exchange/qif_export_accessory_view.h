@@ -58,6 +58,8 @@ class LDGRQIFExportAccessoryView {
   [[nodiscard]] std::string exportDateFormat() const {
     return std::string(QifDateFormatForTag(date_format_));
   }
+  // Today in that format, as a file has it.
+  [[nodiscard]] std::string exportDateExample() const;
   // A text that is none of the formats changes nothing.
   void setExportDateFormat(std::string_view format) noexcept {
     date_format_ = QifDateFormatTag(format).value_or(date_format_);

@@ -50,6 +50,8 @@ enum class Area : std::uint8_t {
   AccountAuthenticationSheet,
   PreferencesSheet,
   ImportOptionsSheet,
+  BackupsSheet,
+  AboutSheet,
   ImportReview,  // the review of an import: its rows, its total and what can be done
 };
 
@@ -70,6 +72,8 @@ enum class Sheet : std::uint8_t {
   AccountAuthentication,
   Preferences,
   ImportOptions,
+  Backups,
+  About,
 };
 
 // What the application asks of whoever shows it. Each answer given here is that of a program

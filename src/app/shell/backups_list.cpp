@@ -6,6 +6,7 @@
 #include "app/shell/application_lock.h"
 #include "platform/ambient.h"
 #include "platform/message.h"
+#include "storage/backup_names.h"
 #include "storage/data_paths.h"
 
 namespace tallyfold {
@@ -18,17 +19,39 @@ std::vector<BackupRow> BackupsList::Rows() {
     if (is_new || known->second.made != backup.made) {
       known->second = {backup.made, store_.ContentsOfBackup(backup.name)};
     }
-    rows.push_back({std::move(backup.name), backup.made, known->second.contents});
+    const BackupRow::Kind kind = KindOf(backup.name);
+    rows.push_back({std::move(backup.name), kind, backup.made, known->second.contents});
   }
   return rows;
 }
 
+BackupRow::Kind BackupsList::KindOf(const std::string& name) const {
+  if (!IsKeptCopyName(name, FileName(store_.Paths().accounts_file))) {
+    return BackupRow::Kind::Backup;
+  }
+  for (const auto* copies : {&store_.CopiesOfOthers(), &store_.EarlierCopiesOfOthers()}) {
+    for (const std::string& path : *copies) {
+      if (FileName(path) == name) return BackupRow::Kind::KeptOfOthers;
+    }
+  }
+  return BackupRow::Kind::Kept;
+}
+
 AccountsStore::RestoreResult BackupsList::Accounts_RestoreBackup(const std::string& name) {
-  return Loaded(store_.Accounts_RestoreBackup(name));
+  const Announcer::Operation operation(announcer_);
+  state_ = {};
+  announcer_.Changed(Area::BackUp);
+  const auto result = Loaded(store_.Accounts_RestoreBackup(name));
+  if (result == AccountsStore::RestoreResult::Failed) {
+    state_.problem =
+        ProblemAs(LocalizedText("Nothing was restored, for the accounts of now could not be kept"));
+  }
+  return result;
 }
 
 AccountsStore::RestoreResult BackupsList::Loaded(AccountsStore::RestoreResult result) {
   if (result != AccountsStore::RestoreResult::Restored) return result;
+  sheets_.CancelOpen();
   // The backup has the password of its time.
   lock_.authenticated() ? selection_.Accounts_PostLoad() : lock_.authentication_Begin();
   return result;

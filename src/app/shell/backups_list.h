@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
 #include <map>
 #include <optional>
 #include <string>
@@ -8,6 +9,7 @@
 #include <vector>
 
 #include "app/face/announcer.h"
+#include "app/face/sheet_slot.h"
 #include "platform/clock.h"
 #include "platform/file_panels.h"
 #include "storage/accounts_store.h"
@@ -19,7 +21,14 @@ class ApplicationLock;
 
 // A backup of the accounts file as a list shows it.
 struct BackupRow {
+  enum class Kind : std::uint8_t {
+    Backup,
+    Kept,          // a copy of what was about to be replaced
+    KeptOfOthers,  // of what another program had written
+  };
+
   std::string name;
+  Kind kind = Kind::Backup;
   Instant made;
   // None for one that cannot be restored.
   std::optional<AccountsStore::BackupContents> contents;
@@ -38,14 +47,20 @@ class BackupsList {
  public:
   // All must outlive the list.
   BackupsList(AccountsStore& store, ApplicationLock& lock, AccountSelection& selection,
-              FilePanels& panels, Announcer& announcer) noexcept
-      : store_(store), lock_(lock), selection_(selection), panels_(panels), announcer_(announcer) {}
+              FilePanels& panels, SheetSlot& sheets, Announcer& announcer) noexcept
+      : store_(store),
+        lock_(lock),
+        selection_(selection),
+        panels_(panels),
+        sheets_(sheets),
+        announcer_(announcer) {}
   BackupsList(const BackupsList&) = delete;
   BackupsList& operator=(const BackupsList&) = delete;
 
   // The newest first; none while the application is locked.
   [[nodiscard]] std::vector<BackupRow> Rows();
-  // As the store's; what was restored is then shown like what was launched with.
+  // As the store's; what was restored is then shown like what was launched with, and a sheet that
+  // is open closes.
   [[nodiscard]] AccountsStore::RestoreResult Accounts_RestoreBackup(const std::string& name);
   // The same with a file that the user is asked for; none when he names none.
   std::optional<AccountsStore::RestoreResult> RestoreFromFile();
@@ -54,6 +69,7 @@ class BackupsList {
   [[nodiscard]] const BackUpState& State() const noexcept { return state_; }
 
  private:
+  [[nodiscard]] BackupRow::Kind KindOf(const std::string& name) const;
   AccountsStore::RestoreResult Loaded(AccountsStore::RestoreResult result);
   // The sentence with the reason behind it.
   [[nodiscard]] std::string ProblemAs(std::string sentence) const;
@@ -62,6 +78,7 @@ class BackupsList {
   ApplicationLock& lock_;
   AccountSelection& selection_;
   FilePanels& panels_;
+  SheetSlot& sheets_;
   Announcer& announcer_;
   BackUpState state_;
   // By name. A name is not given twice, but the folder is the user's.

@@ -44,8 +44,16 @@ bool PreferencesSheet::Open() {
   state_.security_note = LocalizedText(
       "A password hides your accounts from others who use this computer.  It does not encrypt the "
       "accounts file.");
+  sampled_ = SampleEntries(desk_.SelectedAccount().get());
+  state_.voice = speech_.VoiceName();
+  if (!sampled_.empty()) state_.spoken_example = sampled_.front().entry->asSpeakableString();
+  ShowSample();
   announcer_.Changed(Area::PreferencesSheet);
   return true;
+}
+
+void PreferencesSheet::SayExample() {
+  if (state_.is_open && !state_.spoken_example.empty()) speech_.Speak(state_.spoken_example);
 }
 
 bool PreferencesSheet::Read(std::string_view setting, const plist::Value& value) {
@@ -56,6 +64,7 @@ bool PreferencesSheet::Read(std::string_view setting, const plist::Value& value)
     unread_.erase(unread);
   }
   if (!is_taken) unread_.emplace(setting);
+  ShowSample();
   announcer_.Changed(Area::PreferencesSheet);
   return is_taken;
 }
@@ -89,6 +98,7 @@ void PreferencesSheet::preferencesSheet_PasswordValidate(std::string password,
 void PreferencesSheet::DefaultAppearanceSettings() {
   if (!state_.is_open) return;
   settings_->DefaultAppearanceSettings();
+  ShowSample();
   announcer_.Changed(Area::PreferencesSheet);
 }
 
@@ -134,6 +144,7 @@ void PreferencesSheet::Close() {
   focus_.Cancel();
   state_ = PreferencesSheetState();
   settings_ = nullptr;
+  sampled_.clear();
   unread_.clear();
   announcer_.Changed(Area::PreferencesSheet);
   sheets_.Close(Sheet::Preferences);

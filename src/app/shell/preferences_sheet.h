@@ -7,15 +7,18 @@
 #include <set>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "app/desk.h"
 #include "app/face/announcer.h"
 #include "app/face/problem.h"
 #include "app/face/sheet_slot.h"
 #include "app/face/window_hooks.h"
+#include "app/shell/preferences_sample.h"
 #include "app/views/balance_field.h"
 #include "ledger/ledger.h"
 #include "platform/run_loop.h"
+#include "platform/speech_output.h"
 #include "plist/value.h"
 #include "storage/accounts_store.h"
 #include "storage/preferences.h"
@@ -43,6 +46,12 @@ struct PreferencesSheetState {
   bool passwords_differ = false;
   // What a password does and what not.
   std::string security_note;
+  // What the settings typed would come to.
+  PreferencesSample sample;
+  // Of the speech program in use; "" for none.
+  std::string voice;
+  // What SayExample() says; "" where there is no entry to say.
+  std::string spoken_example;
   // The fields are preferencesSheet_PasswordAgain_Field and, of a setting, "preferencesSheet_" with
   // its name.
   std::optional<Problem> problem;
@@ -63,7 +72,7 @@ class PreferencesSheet {
 
   PreferencesSheet(Host& host, Desk& desk, Ledger& ledger, AccountsStore& accounts,
                    const BalanceField& balance, WindowHooksSlot& window, SheetSlot& sheets,
-                   RunLoop& loop, Announcer& announcer) noexcept
+                   SpeechOutput& speech, RunLoop& loop, Announcer& announcer) noexcept
       : host_(host),
         desk_(desk),
         ledger_(ledger),
@@ -71,6 +80,7 @@ class PreferencesSheet {
         balance_(balance),
         window_(window),
         sheets_(sheets),
+        speech_(speech),
         announcer_(announcer),
         focus_(loop) {}
   PreferencesSheet(const PreferencesSheet&) = delete;
@@ -89,6 +99,8 @@ class PreferencesSheet {
   bool SelectTab(std::string_view tab);
   // A keystroke in either password field: takes over both texts.
   void preferencesSheet_PasswordValidate(std::string password, std::string password_again);
+  // Speaks the example, where there is a voice.
+  void SayExample();
   // Resets what the appearance page resets, in the edit copy.
   void DefaultAppearanceSettings();
 
@@ -100,6 +112,7 @@ class PreferencesSheet {
 
  private:
   [[nodiscard]] std::optional<Problem> Check() const;
+  void ShowSample() { state_.sample = SampleOf(sampled_, *settings_); }
   void Close();
 
   Host& host_;
@@ -109,10 +122,12 @@ class PreferencesSheet {
   const BalanceField& balance_;
   WindowHooksSlot& window_;
   SheetSlot& sheets_;
+  SpeechOutput& speech_;
   Announcer& announcer_;
   PreferencesSheetState state_;
   // That of the state.
   std::shared_ptr<LDGRPreferences> settings_;
+  std::vector<SampledEntry> sampled_;
   // Settings whose fields hold what they do not take, by name.
   std::set<std::string, std::less<>> unread_;
   DelayedCall focus_;

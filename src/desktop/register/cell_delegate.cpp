@@ -52,6 +52,9 @@ void DrawWord(QPainter& painter, const QRect& rect, const CellLook& look, const 
   } else if (look.word == CellLook::Word::Good) {
     ink = Role::Good;
     fill = colors[Role::GoodFill];
+  } else if (look.word == CellLook::Word::Problem) {
+    ink = Role::Problem;
+    fill = colors[Role::ProblemFill];
   }
   const QFontMetrics metrics = painter.fontMetrics();
   const int width = std::min(rect.width(), metrics.horizontalAdvance(look.text) + 2 * kWordPadding);

@@ -14,7 +14,7 @@ struct CellLook {
   // A set mark is a tick, one that is not set shows itself only where it could be set.
   enum class Mark : std::uint8_t { None, Unset, Set };
   // A word on a ground of its own.
-  enum class Word : std::uint8_t { None, Neutral, Warning, Good };
+  enum class Word : std::uint8_t { None, Neutral, Warning, Good, Problem };
 
   QString text = {};
   Align align = Align::Leading;

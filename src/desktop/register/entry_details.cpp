@@ -14,7 +14,13 @@ constexpr std::string_view kToFrom = "toFrom";
 constexpr std::string_view kDescription = "description";
 constexpr std::string_view kOverdue = "overdue";
 
-void AddGlyphs(CellLook& look, std::string_view column, const LDGRAccountEntry& entry) {
+QString NotesOf(std::string_view column, const LDGRAccountEntry& entry) {
+  return column == kDescription ? ToQString(entry.GetNotes()) : QString();
+}
+
+}  // namespace
+
+void AddEntryGlyphs(CellLook& look, std::string_view column, const LDGRAccountEntry& entry) {
   if (column == kToFrom) {
     if (entry.IsTransfer()) {
       look.glyph_before = QLatin1String("transfer");
@@ -26,15 +32,9 @@ void AddGlyphs(CellLook& look, std::string_view column, const LDGRAccountEntry& 
   }
 }
 
-QString NotesOf(std::string_view column, const LDGRAccountEntry& entry) {
-  return column == kDescription ? ToQString(entry.GetNotes()) : QString();
-}
-
-}  // namespace
-
 void EntryDetails::AddTo(CellLook& look, std::string_view column, std::size_t row) const {
   if (const auto entry = rows_.RowToEntry(static_cast<std::int32_t>(row))) {
-    AddGlyphs(look, column, *entry);
+    AddEntryGlyphs(look, column, *entry);
   }
 }
 
@@ -46,7 +46,7 @@ QString EntryDetails::ToolTipOf(std::string_view column, std::size_t row) const 
 void ScheduleDetails::AddTo(CellLook& look, std::string_view column, std::size_t row) const {
   const auto& schedules = rows_.Schedules();
   if (row >= schedules.size()) return;
-  AddGlyphs(look, column, *schedules[row]);
+  AddEntryGlyphs(look, column, *schedules[row]);
   if (column == kOverdue && !look.text.isEmpty()) {
     look.text = ToQString(Message("{1} late", {ToUtf8(look.text)}));
     look.word = CellLook::Word::Warning;

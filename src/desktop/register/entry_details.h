@@ -6,6 +6,9 @@
 
 namespace tallyfold::desktop {
 
+// Those of transfers and splits before "toFrom", that of notes behind "description".
+void AddEntryGlyphs(CellLook& look, std::string_view column, const LDGRAccountEntry& entry);
+
 // Glyphs of transfers, splits and notes in a register, and the notes themselves as tool tips.
 class EntryDetails final : public RowDetails {
  public:

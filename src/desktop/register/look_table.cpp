@@ -1,8 +1,10 @@
 #include "desktop/register/look_table.h"
 
 #include <QAbstractTableModel>
+#include <QComboBox>
 #include <QHeaderView>
 #include <QKeyEvent>
+#include <QLineEdit>
 #include <QPainter>
 #include <QScrollBar>
 #include <algorithm>
@@ -18,7 +20,7 @@ namespace tallyfold::desktop {
 
 class LookTable::Model final : public QAbstractTableModel {
  public:
-  explicit Model(QObject* parent) : QAbstractTableModel(parent) {}
+  explicit Model(LookTable* table) : QAbstractTableModel(table), table_(*table) {}
 
   void SetColumns(const std::vector<Column>* columns) {
     beginResetModel();
@@ -51,12 +53,25 @@ class LookTable::Model final : public QAbstractTableModel {
     if (column >= row.size()) return {};
     const CellLook& look = row[column];
     if (role == kCellRole) return QVariant::fromValue(look);
-    if (role == Qt::DisplayRole) return look.text;
+    if (role == Qt::DisplayRole || role == Qt::EditRole) return look.text;
     return {};
+  }
+  bool setData(const QModelIndex& index, const QVariant& value, int role) override {
+    if (role != Qt::EditRole || !index.isValid() || value == data(index, role)) return false;
+    emit table_.CellEdited(index.row(), index.column(), value.toString());
+    return true;
+  }
+  Qt::ItemFlags flags(const QModelIndex& index) const override {
+    const Qt::ItemFlags flags = QAbstractTableModel::flags(index);
+    if (!index.isValid() || !ColumnAt(index.column()).is_edited) return flags;
+    return flags | Qt::ItemIsEditable;
+  }
+  [[nodiscard]] const Column& ColumnAt(int column) const {
+    return (*columns_)[static_cast<std::size_t>(column)];
   }
   QVariant headerData(int section, Qt::Orientation orientation, int role) const override {
     if (orientation != Qt::Horizontal) return {};
-    const Column& column = (*columns_)[static_cast<std::size_t>(section)];
+    const Column& column = ColumnAt(section);
     if (role == Qt::DisplayRole) return column.title;
     if (role != Qt::TextAlignmentRole) return {};
     return QVariant(
@@ -65,13 +80,64 @@ class LookTable::Model final : public QAbstractTableModel {
   }
 
  private:
+  LookTable& table_;
   const std::vector<Column>* columns_ = nullptr;
   std::vector<Row> rows_;
 };
 
+// Edits a text in a field and a choice in a pop-up.
+class LookTable::Cells final : public CellDelegate {
+ public:
+  explicit Cells(LookTable* table) : CellDelegate(table, table), table_(*table) {}
+
+  QWidget* createEditor(QWidget* parent, const QStyleOptionViewItem& /*option*/,
+                        const QModelIndex& index) const override {
+    const Column& column = table_.model_->ColumnAt(index.column());
+    QWidget* editor = nullptr;
+    if (column.choices.isEmpty()) {
+      editor = new QLineEdit(parent);
+    } else {
+      auto* choices = new QComboBox(parent);
+      choices->addItems(column.choices);
+      connect(choices, &QComboBox::activated, this, [this, choices] {
+        auto* cells = const_cast<Cells*>(this);
+        emit cells->commitData(choices);
+        emit cells->closeEditor(choices);
+      });
+      editor = choices;
+    }
+    editor->setObjectName(table_.objectName() + QLatin1String("_Cell_Field"));
+    editor->setAccessibleName(column.title);
+    return editor;
+  }
+  void setEditorData(QWidget* editor, const QModelIndex& index) const override {
+    const QString text = index.data(Qt::EditRole).toString();
+    if (auto* field = qobject_cast<QLineEdit*>(editor)) {
+      if (!field->isModified()) field->setText(text);
+    } else {
+      static_cast<QComboBox*>(editor)->setCurrentText(text);
+    }
+  }
+  void setModelData(QWidget* editor, QAbstractItemModel* model,
+                    const QModelIndex& index) const override {
+    const auto* field = qobject_cast<QLineEdit*>(editor);
+    model->setData(
+        index, field != nullptr ? field->text() : static_cast<QComboBox*>(editor)->currentText(),
+        Qt::EditRole);
+  }
+  void updateEditorGeometry(QWidget* editor, const QStyleOptionViewItem& option,
+                            const QModelIndex& /*index*/) const override {
+    editor->setGeometry(option.rect);
+  }
+
+ private:
+  LookTable& table_;
+};
+
 LookTable::LookTable(QWidget* parent) : QTableView(parent), model_(new Model(this)) {
   setModel(model_);
-  setItemDelegate(new CellDelegate(this, this));
+  setItemDelegate(new Cells(this));
+  setEditTriggers(DoubleClicked | EditKeyPressed | AnyKeyPressed | SelectedClicked);
   setHorizontalHeader(new TableTitles(this));
   setShowGrid(false);
   verticalHeader()->hide();
@@ -85,9 +151,10 @@ LookTable::LookTable(QWidget* parent) : QTableView(parent), model_(new Model(thi
   setWordWrap(false);
   connect(selectionModel(), &QItemSelectionModel::currentRowChanged, this,
           [this](const QModelIndex& index) {
-            viewport()->update();
             if (!is_showing_ && index.isValid()) emit RowChosen(index.row());
           });
+  connect(selectionModel(), &QItemSelectionModel::currentChanged, viewport(),
+          [this] { viewport()->update(); });
   connect(this, &QTableView::doubleClicked, this,
           [this](const QModelIndex& index) { emit RowActivated(index.row()); });
 }
@@ -117,6 +184,31 @@ void LookTable::ShowChosen(int row) {
     setCurrentIndex(model_->index(row, 0));
   }
   is_showing_ = false;
+}
+
+void LookTable::EditCell(int row, int column) {
+  setFocus();
+  setCurrentIndex(model_->index(row, column));
+  edit(currentIndex());
+}
+
+void LookTable::EndCellEditing() {
+  // The field takes its text over when it is left.
+  if (state() == EditingState) setFocus();
+}
+
+bool LookTable::HasEditedColumn() const {
+  return std::ranges::any_of(columns_, &Column::is_edited);
+}
+
+void LookTable::SetRowFont(const QFont& font, bool uses_ellipses) {
+  static_cast<CellDelegate*>(itemDelegate())->SetUsesEllipses(uses_ellipses);
+  if (font == this->font()) return;
+  // The titles keep theirs.
+  const QFont titles = horizontalHeader()->font();
+  setFont(font);
+  horizontalHeader()->setFont(titles);
+  verticalHeader()->setDefaultSectionSize(RowHeight(fontMetrics()));
 }
 
 void LookTable::SetRowsInSight(int count) {
@@ -166,7 +258,7 @@ void LookTable::PaintRow(QPainter& painter, int row) const {
     const bool has_focus = hasFocus();
     FillSnapped(painter, rect, colors[has_focus ? Role::Selection : Role::InactiveSelection]);
   }
-  DrawRuleBelow(painter, rect, colors[Role::Hair]);
+  DrawRuleBelow(painter, rect, colors[group_ends_.contains(row) ? Role::Rule : Role::Hair]);
 }
 
 void LookTable::paintEvent(QPaintEvent* event) {
@@ -193,6 +285,10 @@ void LookTable::paintEvent(QPaintEvent* event) {
   if (!hasFocus()) return;
   DrawRuleBelow(bar, rect.adjusted(0, 0, 0, -rect.height() + 1), ink);
   DrawRuleBelow(bar, rect, ink);
+  if (model_->flags(currentIndex()).testFlag(Qt::ItemIsEditable)) {
+    DrawBox(bar, visualRect(currentIndex()).adjusted(kSelectionBar - 1, 1, 0, -1), kSmallRadius, {},
+            ink, kRing);
+  }
 }
 
 void LookTable::resizeEvent(QResizeEvent* event) {
@@ -205,11 +301,18 @@ void LookTable::initViewItemOption(QStyleOptionViewItem* option) const {
   LeaveSelectionToTable(*option);
 }
 
+void LookTable::focusInEvent(QFocusEvent* event) {
+  QTableView::focusInEvent(event);
+  emit Focused();
+}
+
 void LookTable::keyPressEvent(QKeyEvent* event) {
   const int rows = model_->rowCount();
   switch (event->key()) {
     case Qt::Key_Return:
     case Qt::Key_Enter:
+      // In a cell it ends that cell, elsewhere it is the sheet's.
+      if (HasEditedColumn()) return event->setAccepted(state() == EditingState);
       if (!currentIndex().isValid()) break;
       return emit RowActivated(currentIndex().row());
     case Qt::Key_Home:
@@ -219,6 +322,9 @@ void LookTable::keyPressEvent(QKeyEvent* event) {
       return;
     case Qt::Key_Escape:
       return event->ignore();
+    case Qt::Key_Delete:
+      if (currentIndex().isValid()) emit RemoveWanted(currentIndex().row());
+      return;
     default:
       break;
   }

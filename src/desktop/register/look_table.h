@@ -2,6 +2,8 @@
 
 #include <QStringList>
 #include <QTableView>
+#include <set>
+#include <utility>
 #include <vector>
 
 #include "desktop/register/cell_delegate.h"
@@ -10,7 +12,7 @@
 namespace tallyfold::desktop {
 
 // A small table of cells that somebody has made already, with one row chosen or none: a list of
-// choices with what speaks for each.
+// choices with what speaks for each. Cells of some columns may be typed into or chosen for.
 class LookTable final : public QTableView, public RowStates {
   Q_OBJECT
 
@@ -22,6 +24,10 @@ class LookTable final : public QTableView, public RowStates {
     int width = 0;
     CellLook::Align align = CellLook::Align::Leading;
     bool takes_rest = false;
+    // Its texts may be edited in place; `choices` makes a pop-up of that, in which the cell's text
+    // is chosen.
+    bool is_edited = false;
+    QStringList choices = {};
   };
 
   explicit LookTable(QWidget* parent);
@@ -31,6 +37,14 @@ class LookTable final : public QTableView, public RowStates {
   void SetRows(std::vector<Row> rows);
   // -1 for none; tells nobody.
   void ShowChosen(int row);
+  // A stronger rule below that row; nobody else may be told of it.
+  void SetGroupEnds(std::set<int> rows) { group_ends_ = std::move(rows); }
+  // Opens the editor of a cell, which must be there and in a column that is edited.
+  void EditCell(int row, int column);
+  // Takes over a text that is still being typed.
+  void EndCellEditing();
+  // The font of the rows, and so their height, and whether texts that are cut end in an ellipsis.
+  void SetRowFont(const QFont& font, bool uses_ellipses);
   // As tall as so many rows and the titles.
   void SetRowsInSight(int count);
   // In the middle in place of rows; "" for nothing.
@@ -41,21 +55,31 @@ class LookTable final : public QTableView, public RowStates {
   void RowChosen(int row);
   // A double click or Return.
   void RowActivated(int row);
+  // What the user typed or chose; the cell still shows what it showed.
+  void CellEdited(int row, int column, const QString& text);
+  // It has the keyboard.
+  void Focused();
+  // Delete, outside of an editor.
+  void RemoveWanted(int row);
 
  protected:
   void paintEvent(QPaintEvent* event) override;
   void resizeEvent(QResizeEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
   void initViewItemOption(QStyleOptionViewItem* option) const override;
+  void focusInEvent(QFocusEvent* event) override;
 
  private:
   class Model;
+  class Cells;
 
   void FitColumns();
   void PaintRow(QPainter& painter, int row) const;
+  [[nodiscard]] bool HasEditedColumn() const;
 
   Model* model_;
   std::vector<Column> columns_;
+  std::set<int> group_ends_;
   QString empty_text_;
   bool is_showing_ = false;
 };

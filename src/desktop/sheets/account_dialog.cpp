@@ -7,6 +7,7 @@
 #include <QVBoxLayout>
 
 #include "desktop/fields/amount_field.h"
+#include "desktop/look/figure_label.h"
 #include "desktop/look/measures.h"
 #include "desktop/sheets/account_texts_page.h"
 #include "desktop/sheets/account_types_page.h"
@@ -19,12 +20,16 @@
 namespace tallyfold::desktop {
 namespace {
 
-constexpr int kAccountFormWidth = 440;
-constexpr int kTextWidth = 260;
+constexpr int kAccountSheetWidth = 760;
+constexpr int kLeastAccountHeight = 480;
+constexpr int kAccountTextWidth = 260;
+constexpr int kAccountPasswordWidth = 240;
 constexpr const char* kGeneralPage = "general";
 constexpr const char* kTypesPage = "types";
 constexpr const char* kDescriptionsPage = "descriptions";
 constexpr const char* kToFromsPage = "toFroms";
+constexpr const char* kPasswordPage = "password";
+constexpr const char* kPasswordField = "accountEditSheet_PasswordAgain_Field";
 constexpr const char* kTypesField = "accountEditSheet_Types_Table";
 constexpr const char* kDescriptionsField = "accountEditSheet_DescriptionsCount_Field";
 constexpr const char* kToFromsField = "accountEditSheet_ToFromsCount_Field";
@@ -32,13 +37,17 @@ constexpr const char* kToFromsField = "accountEditSheet_ToFromsCount_Field";
 // The one with the field of that name.
 const char* PageOfField(const std::string& field) {
   if (field == kTypesField) return kTypesPage;
+  if (field == kPasswordField) return kPasswordPage;
   if (field == kDescriptionsField) return kDescriptionsPage;
   return field == kToFromsField ? kToFromsPage : kGeneralPage;
 }
 
 AccountTextsPage::Parts PartsOfDescriptions() {
   using Typed = AccountTextsPage::Typed;
-  return {"accountEditSheet_DescriptionsStyle_PopUp",
+  return {Text("What is offered while a description is typed"),
+          {Text("Every description of the account"), Text("The latest"), Text("Only these:")},
+          Text("of them"),
+          "accountEditSheet_Descriptions",
           &Typed::descriptions_style,
           kDescriptionsField,
           &Typed::descriptions_count,
@@ -46,17 +55,22 @@ AccountTextsPage::Parts PartsOfDescriptions() {
            {Text("Deposits"), "accountEditSheet_DepositDescriptions_Table",
             &Typed::deposit_descriptions},
            {Text("Transfers"), "accountEditSheet_TransferDescriptions_Table",
-            &Typed::transfer_descriptions}}};
+            &Typed::transfer_descriptions}},
+          &AccountEditing::ImportDescriptionsFrom};
 }
 
 AccountTextsPage::Parts PartsOfToFroms() {
   using Typed = AccountTextsPage::Typed;
-  return {"accountEditSheet_ToFromsStyle_PopUp",
+  return {Text("What is offered while a payee or payer is typed"),
+          {Text("Every one of the account"), Text("The latest"), Text("Only these:")},
+          Text("of them"),
+          "accountEditSheet_ToFroms",
           &Typed::to_froms_style,
           kToFromsField,
           &Typed::to_froms_count,
           {{Text("To"), "accountEditSheet_Tos_Table", &Typed::tos},
-           {Text("From"), "accountEditSheet_Froms_Table", &Typed::froms}}};
+           {Text("From"), "accountEditSheet_Froms_Table", &Typed::froms}},
+          &AccountEditing::ImportToFromsFrom};
 }
 
 // None where it is no whole number of 32 bits.
@@ -68,45 +82,33 @@ std::optional<std::int32_t> WholeNumberIn(const QLineEdit& field) {
 
 }  // namespace
 
-AccountDialog::AccountDialog(AccountEditing& editing, QWidget* window)
+AccountDialog::AccountDialog(AccountEditing& editing, const Desk& desk, QWidget* window)
     : SheetDialog(window, editing.State().is_new
                               ? Text("New Account")
                               : ToQString(Message("Account: {1}", {editing.State().typed.name}))),
       editing_(editing),
       pages_(new PageList(this, "accountEditSheet_TabView")),
-      form_(new Form(this)),
-      name_(new QLineEdit(form_)),
-      balance_(new AmountField(form_)),
-      check_number_(new QLineEdit(form_)),
-      password_(new QLineEdit(form_)),
-      again_(new QLineEdit(form_)),
-      note_(Form::MakeNote(this)),
-      types_(new AccountTypesPage(editing, this)),
-      descriptions_(new AccountTextsPage(editing, PartsOfDescriptions(), this)),
-      to_froms_(new AccountTextsPage(editing, PartsOfToFroms(), this)) {
+      general_(new Form(this)),
+      security_(new Form(this)),
+      name_(new QLineEdit(general_)),
+      balance_(new AmountField(general_)),
+      check_number_(new QLineEdit(general_)),
+      password_(new QLineEdit(security_)),
+      again_(new QLineEdit(security_)),
+      types_(new AccountTypesPage(editing, desk, this)),
+      descriptions_(new AccountTextsPage(editing, desk, PartsOfDescriptions(), this)),
+      to_froms_(new AccountTextsPage(editing, desk, PartsOfToFroms(), this)) {
   setObjectName(QLatin1String("accountEditSheet"));
-  form_->setMinimumWidth(kAccountFormWidth);
-  form_->Add(Text("Name"), name_, "accountEditSheet_Name_Field", kTextWidth);
-  form_->Add(Text("Starting balance"), balance_, "accountEditSheet_StartingBalance_Field",
-             kAmountFieldWidth);
-  form_->Add(Text("First check number"), check_number_,
-             "accountEditSheet_StartingCheckNumber_Field", kNumberFieldWidth);
-  check_number_->setAlignment(Qt::AlignTrailing | Qt::AlignVCenter);
-  form_->AddRule();
-  form_->Add(Text("Password"), password_, "accountEditSheet_Password_Field", kTextWidth);
-  form_->Add(Text("Once more"), again_, "accountEditSheet_PasswordAgain_Field", kTextWidth);
-  for (QLineEdit* field : {password_, again_}) field->setEchoMode(QLineEdit::Password);
-  note_->setWordWrap(true);
-  auto* general = new QWidget(this);
-  auto* column = new QVBoxLayout(general);
-  column->setContentsMargins(0, 0, 0, 0);
-  column->setSpacing(kWideGap);
-  column->addWidget(form_);
-  column->addWidget(note_);
-  pages_->Add(kGeneralPage, Text("General"), general);
+  SetWantedWidth(kAccountSheetWidth);
+  UseWholeWidth();
+  MakeGeneral();
+  MakeSecurity();
+  pages_->setMinimumHeight(kLeastAccountHeight);
+  pages_->Add(kGeneralPage, Text("General"), general_);
   pages_->Add(kTypesPage, Text("Types"), types_);
   pages_->Add(kDescriptionsPage, Text("Descriptions"), descriptions_);
   pages_->Add(kToFromsPage, Text("To and From"), to_froms_);
+  pages_->Add(kPasswordPage, Text("Password"), security_);
   Body().addWidget(pages_);
   for (QLineEdit* field :
        {name_, static_cast<QLineEdit*>(balance_), check_number_, password_, again_}) {
@@ -115,14 +117,50 @@ AccountDialog::AccountDialog(AccountEditing& editing, QWidget* window)
   connect(AddButton("accountEditSheet_Cancel_Button", Text("Cancel")), &QPushButton::clicked, this,
           [this] { Cancel(); });
   QPushButton* ok = AddButton("accountEditSheet_OK_Button", Text("OK"), true);
-  connect(ok, &QPushButton::clicked, this, [this] {
-    Read();
-    editing_.AccountEditSheet_OK();
-    const auto& problem = editing_.State().problem;
-    if (problem) pages_->ShowPage(PageOfField(problem->field));
-    if (form_->FieldWithProblem() != nullptr) form_->FieldWithProblem()->setFocus();
-  });
+  connect(ok, &QPushButton::clicked, this, [this] { OK(); });
   name_->setFocus();
+}
+
+void AccountDialog::MakeGeneral() {
+  general_->Add(Text("Name"), name_, "accountEditSheet_Name_Field", kAccountTextWidth);
+  general_->Add(Text("Starting balance"), balance_, "accountEditSheet_StartingBalance_Field",
+                kAmountFieldWidth);
+  general_->AddNote(Text("What it held before its first entry. All balances count from here."));
+  general_->Add(Text("First check number"), check_number_,
+                "accountEditSheet_StartingCheckNumber_Field", kNumberFieldWidth);
+  check_number_->setAlignment(Qt::AlignTrailing | Qt::AlignVCenter);
+  general_->AddNote(Text("For the first check only; then numbers go on from the highest."));
+  const auto& facts = editing_.State().fact_lines;
+  if (facts.empty()) return;
+  general_->AddRule();
+  for (const AccountFactLine& line : facts) {
+    auto* text = new FigureLabel(general_);
+    text->setText(ToQString(line.text));
+    general_->AddFact(ToQString(line.title), text);
+  }
+}
+
+void AccountDialog::MakeSecurity() {
+  security_->Add(Text("Password"), password_, "accountEditSheet_Password_Field",
+                 kAccountPasswordWidth);
+  security_->Add(Text("Once more"), again_, "accountEditSheet_PasswordAgain_Field",
+                 kAccountPasswordWidth);
+  for (QLineEdit* field : {password_, again_}) field->setEchoMode(QLineEdit::Password);
+  security_->AddNote(Text("Leave both empty for no password."));
+  security_->AddRule();
+  security_->AddHint(QLatin1String("lock"), ToQString(editing_.State().security_note));
+}
+
+void AccountDialog::OK() {
+  Read();
+  editing_.AccountEditSheet_OK();
+  const auto& problem = editing_.State().problem;
+  if (!problem) return;
+  pages_->ShowPage(PageOfField(problem->field));
+  for (const Form* form : {general_, security_}) {
+    if (form->FieldWithProblem() != nullptr) form->FieldWithProblem()->setFocus();
+  }
+  if (problem->field == kTypesField) types_->GoTo(problem->row);
 }
 
 void AccountDialog::Read() {
@@ -168,7 +206,6 @@ void AccountDialog::ShowState() {
     }
     show(password_, ToQString(typed.password));
     show(again_, ToQString(typed.password_again));
-    note_->setText(ToQString(state.security_note));
     if (!isVisible()) name_->selectAll();
     types_->Show();
     descriptions_->Show();
@@ -179,7 +216,8 @@ void AccountDialog::ShowState() {
 
 void AccountDialog::ShowRefused() {
   const AccountEditSheetState& state = editing_.State();
-  const bool is_at_field = form_->ShowProblem(state.problem);
+  const bool is_at_general = general_->ShowProblem(state.problem);
+  const bool is_at_field = security_->ShowProblem(state.problem) || is_at_general;
   ShowProblem(is_at_field ? QString() : ToQString(TextOf(state.problem)));
 }
 

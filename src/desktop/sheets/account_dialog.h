@@ -3,7 +3,6 @@
 #include "app/accounts/account_editing.h"
 #include "desktop/sheets/sheet.h"
 
-class QLabel;
 class QLineEdit;
 
 namespace tallyfold::desktop {
@@ -17,26 +16,29 @@ class PageList;
 // An account's name, what it starts with, its password, its types and the texts it offers.
 class AccountDialog final : public SheetDialog {
  public:
-  // `editing` must outlive the sheet.
-  AccountDialog(AccountEditing& editing, QWidget* window);
+  // Both must outlive the sheet.
+  AccountDialog(AccountEditing& editing, const Desk& desk, QWidget* window);
 
   void ShowState() override;
   [[nodiscard]] bool EndEditing() override;
   void Cancel() override { editing_.AccountEditSheet_Cancel(); }
 
  private:
+  void MakeGeneral();
+  void MakeSecurity();
+  void OK();
   void Read();
   void ShowRefused();
 
   AccountEditing& editing_;
   PageList* pages_;
-  Form* form_;
+  Form* general_;
+  Form* security_;
   QLineEdit* name_;
   AmountField* balance_;
   QLineEdit* check_number_;
   QLineEdit* password_;
   QLineEdit* again_;
-  QLabel* note_;
   AccountTypesPage* types_;
   AccountTextsPage* descriptions_;
   AccountTextsPage* to_froms_;

@@ -1,24 +1,28 @@
 #include "desktop/sheets/account_texts_page.h"
 
-#include <QComboBox>
+#include <QButtonGroup>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QLineEdit>
-#include <QListWidget>
 #include <QPushButton>
-#include <QSignalBlocker>
+#include <QRadioButton>
 #include <QVBoxLayout>
+#include <cstddef>
 #include <utility>
 
 #include "desktop/look/measures.h"
+#include "desktop/register/look_table.h"
 #include "desktop/sheets/form.h"
+#include "desktop/sheets/take_from_button.h"
 #include "desktop/texts.h"
 
 namespace tallyfold::desktop {
 namespace {
 
-constexpr int kStyleWidth = 200;
-constexpr int kLeastListWidth = 140;
+constexpr int kLeastListWidth = 130;
+constexpr int kCountFieldWidth = 56;
+constexpr int kListRowsInSight = 8;
+enum TextsStyle { kAllTexts, kLatestTexts, kOwnTexts };
 
 std::optional<std::int32_t> CountIn(const QLineEdit& field) {
   bool is_number = false;
@@ -28,76 +32,113 @@ std::optional<std::int32_t> CountIn(const QLineEdit& field) {
 
 }  // namespace
 
-AccountTextsPage::AccountTextsPage(AccountEditing& editing, Parts parts, QWidget* parent)
-    : QWidget(parent), editing_(editing), parts_(std::move(parts)) {
-  auto* form = new Form(this);
-  style_ = new QComboBox(form);
-  for (const char* title : {"All of the account", "The latest ones", "Only those below"}) {
-    style_->addItem(Text(title));
-  }
-  count_ = new QLineEdit(form);
-  form->Add(Text("Offer"), style_, parts_.style_name, kStyleWidth);
-  form->Add(Text("How many of them"), count_, parts_.count_name, kNumberFieldWidth);
-  connect(style_, &QComboBox::currentIndexChanged, this, [this](int style) {
-    Change([this, style](Typed& typed) { typed.*parts_.style = style; });
-  });
-  connect(count_, &QLineEdit::textEdited, this,
-          [this] { Change([this](Typed& typed) { typed.*parts_.count = CountIn(*count_); }); });
-  auto* row = new QHBoxLayout;
-  row->setSpacing(kWideGap);
-  for (const List& each : parts_.lists) row->addWidget(MakeList(each));
+AccountTextsPage::AccountTextsPage(AccountEditing& editing, const Desk& desk, Parts parts,
+                                   QWidget* parent)
+    : QWidget(parent),
+      editing_(editing),
+      parts_(std::move(parts)),
+      styles_(new QButtonGroup(this)) {
+  setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
   auto* column = new QVBoxLayout(this);
   column->setContentsMargins(0, 0, 0, 0);
-  column->setSpacing(kWideGap);
-  column->addWidget(form);
-  column->addLayout(row, 1);
+  column->setSpacing(kGap);
+  MakeStyles(this);
+  auto* lists = new QHBoxLayout;
+  lists->setSpacing(kWideGap);
+  for (const List& each : parts_.lists) {
+    MakeList(each);
+    lists->addWidget(lists_.back(), 1);
+  }
+  column->addLayout(lists, 1);
+  add_ = new QPushButton(Text("Add"), this);
+  remove_ = new QPushButton(Text("Remove"), this);
+  take_from_ = new TakeFromButton(desk, editing, this);
+  const QLatin1String name(parts_.name);
+  add_->setObjectName(name + QLatin1String("_Add_Button"));
+  remove_->setObjectName(name + QLatin1String("_Remove_Button"));
+  take_from_->setObjectName(name + QLatin1String("_TakeFrom_Button"));
+  auto* buttons = new QHBoxLayout;
+  buttons->setSpacing(kGap);
+  for (QPushButton* each : {add_, remove_}) {
+    each->setAutoDefault(false);
+    buttons->addWidget(each);
+  }
+  buttons->addStretch(1);
+  buttons->addWidget(take_from_);
+  column->addLayout(buttons);
+  connect(add_, &QPushButton::clicked, this, [this] { Add(); });
+  connect(remove_, &QPushButton::clicked, this, [this] { Remove(); });
+  take_from_->SetTake([this](const LDGRAccount& other) { (editing_.*parts_.take_from)(other); });
 }
 
-QWidget* AccountTextsPage::MakeList(const List& list) {
-  auto* whole = new QWidget(this);
-  auto* column = new QVBoxLayout(whole);
-  column->setContentsMargins(0, 0, 0, 0);
-  column->setSpacing(kTightGap);
-  QLabel* title = Form::MakeNote(whole);
-  title->setText(list.title);
-  column->addWidget(title);
-  auto* texts = new QListWidget(whole);
-  texts->setObjectName(QLatin1String(list.name));
-  texts->setAccessibleName(list.title);
-  texts->setMinimumWidth(kLeastListWidth);
-  texts->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Expanding);
-  lists_.push_back(texts);
-  column->addWidget(texts, 1);
-  auto* add = new QPushButton(Text("Add"), whole);
-  add->setObjectName(QLatin1String(list.name) + QLatin1String("_Add_Button"));
-  auto* remove = new QPushButton(Text("Remove"), whole);
-  remove->setObjectName(QLatin1String(list.name) + QLatin1String("_Remove_Button"));
-  for (QPushButton* each : {add, remove}) {
-    each->setAutoDefault(false);
-    column->addWidget(each);
+void AccountTextsPage::MakeStyles(QWidget* into) {
+  auto* column = static_cast<QVBoxLayout*>(into->layout());
+  auto* heading = new QLabel(parts_.heading, into);
+  heading->setFont(DemiBoldFont(font()));
+  heading->setWordWrap(true);
+  column->addWidget(heading);
+  count_ = new QLineEdit(into);
+  count_->setObjectName(QLatin1String(parts_.count_name));
+  count_->setAccessibleName(Text("How many of them"));
+  count_->setFixedWidth(kCountFieldWidth);
+  count_->setAlignment(Qt::AlignTrailing | Qt::AlignVCenter);
+  for (int style = kAllTexts; style <= kOwnTexts; ++style) {
+    const QString& title = parts_.styles[static_cast<std::size_t>(style)];
+    auto* button = new QRadioButton(WithoutMnemonics(title), into);
+    button->setObjectName(QLatin1String(parts_.name) +
+                          QStringLiteral("_Style_%1_Button").arg(style));
+    button->setAccessibleName(title);
+    styles_->addButton(button, style);
+    if (style != kLatestTexts) {
+      column->addWidget(button, 0, Qt::AlignLeading);
+      continue;
+    }
+    auto* row = new QHBoxLayout;
+    row->setSpacing(kGap);
+    row->addWidget(button);
+    row->addWidget(count_);
+    auto* unit = Form::MakeNote(into);
+    unit->setFont(font());
+    unit->setText(parts_.count_unit);
+    row->addWidget(unit);
+    row->addStretch(1);
+    column->addLayout(row);
   }
-  const auto member = list.texts;
-  connect(texts, &QListWidget::itemChanged, this, [this, texts, member](QListWidgetItem* item) {
-    const auto at = static_cast<std::size_t>(texts->row(item));
-    const std::string text = ToUtf8(item->text());
-    Change([at, &text, member](Typed& typed) { (typed.*member)[at] = text; });
+  connect(styles_, &QButtonGroup::idClicked, this, [this](int style) {
+    Change([this, style](Typed& typed) { typed.*parts_.style = style; });
   });
-  connect(add, &QPushButton::clicked, this, [this, texts, member] {
-    EndEditing();
-    Change([member](Typed& typed) { (typed.*member).push_back(ToUtf8(Text("New Text"))); });
-    Show();
-    texts->setCurrentRow(texts->count() - 1);
-    texts->setFocus();
-    texts->editItem(texts->currentItem());
+  connect(count_, &QLineEdit::textEdited, this, [this] {
+    SetProblem(count_, false);
+    Change([this](Typed& typed) { typed.*parts_.count = CountIn(*count_); });
   });
-  connect(remove, &QPushButton::clicked, this, [this, texts, member] {
-    EndEditing();
-    const int at = texts->currentRow();
-    if (at < 0) return;
-    Change([at, member](Typed& typed) { (typed.*member).erase((typed.*member).begin() + at); });
-    Show();
+}
+
+void AccountTextsPage::MakeList(const List& list) {
+  auto* table = new LookTable(this);
+  table->setObjectName(QLatin1String(list.name));
+  table->setAccessibleName(list.title);
+  table->SetColumns(
+      {{.title = list.title, .width = kLeastListWidth, .takes_rest = true, .is_edited = true}});
+  table->setMinimumHeight(kListRowsInSight * RowHeight(fontMetrics()));
+  const std::size_t at = lists_.size();
+  lists_.push_back(table);
+  connect(table, &LookTable::CellEdited, this,
+          [this, member = list.texts](int row, int /*column*/, const QString& text) {
+            Change([&](Typed& typed) {
+              auto& texts = typed.*member;
+              const auto place = static_cast<std::size_t>(row);
+              if (place < texts.size()) texts[place] = ToUtf8(text);
+            });
+          });
+  connect(table, &LookTable::RowChosen, this, [this, at] {
+    chosen_ = at;
+    ShowButtons();
   });
-  return whole;
+  connect(table, &LookTable::RemoveWanted, this, [this] { Remove(); });
+  connect(table, &LookTable::Focused, this, [this, at] {
+    chosen_ = at;
+    ShowButtons();
+  });
 }
 
 void AccountTextsPage::Change(const std::function<void(Typed&)>& change) {
@@ -107,34 +148,63 @@ void AccountTextsPage::Change(const std::function<void(Typed&)>& change) {
   editing_.Read(std::move(typed));
 }
 
+std::vector<std::string>& AccountTextsPage::ChosenTexts(Typed& typed) const {
+  return typed.*parts_.lists[chosen_].texts;
+}
+
+void AccountTextsPage::Add() {
+  EndEditing();
+  int row = 0;
+  Change([this, &row](Typed& typed) {
+    auto& texts = ChosenTexts(typed);
+    row = static_cast<int>(texts.size());
+    texts.push_back(ToUtf8(Text("New Text")));
+  });
+  Show();
+  lists_[chosen_]->EditCell(row, 0);
+}
+
+void AccountTextsPage::Remove() {
+  EndEditing();
+  const int row = lists_[chosen_]->currentIndex().row();
+  Change([this, row](Typed& typed) {
+    auto& texts = ChosenTexts(typed);
+    if (row >= 0 && static_cast<std::size_t>(row) < texts.size()) texts.erase(texts.begin() + row);
+  });
+}
+
 void AccountTextsPage::EndEditing() {
-  // An open editor gives its text to the list when it loses the focus.
-  QWidget* focused = focusWidget();
-  for (QListWidget* each : lists_) {
-    if (focused != nullptr && each->isAncestorOf(focused)) each->setFocus();
-  }
+  for (LookTable* each : lists_) each->EndCellEditing();
 }
 
 void AccountTextsPage::Show() {
   const Typed& typed = editing_.State().typed;
-  ShowItem(*style_, typed.*parts_.style);
+  const std::int32_t style = typed.*parts_.style;
+  if (QAbstractButton* button = styles_->button(style); button != nullptr) {
+    button->setChecked(true);
+  }
   if (const auto& count = typed.*parts_.count; count && CountIn(*count_) != count) {
     count_->setText(QString::number(*count));
   }
+  const auto& problem = editing_.State().problem;
+  SetProblem(count_, problem && problem->field == parts_.count_name);
+  count_->setEnabled(style == kLatestTexts);
   for (std::size_t i = 0; i < lists_.size(); ++i) {
-    QListWidget& list = *lists_[i];
-    const auto& texts = typed.*parts_.lists[i].texts;
-    const QSignalBlocker blocker(list);
-    while (list.count() > static_cast<int>(texts.size())) delete list.takeItem(list.count() - 1);
-    for (int row = 0; row < static_cast<int>(texts.size()); ++row) {
-      if (row == list.count()) {
-        auto* item = new QListWidgetItem(&list);
-        item->setFlags(item->flags() | Qt::ItemIsEditable);
-      }
-      const QString text = ToQString(texts[static_cast<std::size_t>(row)]);
-      if (list.item(row)->text() != text) list.item(row)->setText(text);
+    std::vector<LookTable::Row> rows;
+    for (const std::string& text : typed.*parts_.lists[i].texts) {
+      rows.push_back({{.text = ToQString(text), .is_dim = style != kOwnTexts}});
     }
+    lists_[i]->SetRows(std::move(rows));
+    lists_[i]->setEnabled(style == kOwnTexts);
   }
+  ShowButtons();
+}
+
+void AccountTextsPage::ShowButtons() {
+  const bool are_own = editing_.State().typed.*parts_.style == kOwnTexts;
+  add_->setEnabled(are_own);
+  remove_->setEnabled(are_own && lists_[chosen_]->currentIndex().isValid());
+  take_from_->SetUsable(are_own);
 }
 
 }  // namespace tallyfold::desktop

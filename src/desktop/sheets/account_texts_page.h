@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QWidget>
+#include <array>
 #include <cstdint>
 #include <functional>
 #include <optional>
@@ -9,11 +10,14 @@
 
 #include "app/accounts/account_editing.h"
 
-class QComboBox;
-class QListWidget;
+class QButtonGroup;
 class QLineEdit;
+class QPushButton;
 
 namespace tallyfold::desktop {
+
+class LookTable;
+class TakeFromButton;
 
 // Which former texts an account offers while one is typed, and the lists of its user's own.
 class AccountTextsPage final : public QWidget {
@@ -25,15 +29,22 @@ class AccountTextsPage final : public QWidget {
     std::vector<std::string> Typed::*texts;
   };
   struct Parts {
-    const char* style_name;
+    QString heading;
+    // Of the three ways, in their order.
+    std::array<QString, 3> styles;
+    // Behind the number of the second.
+    QString count_unit;
+    // Begins the names of the page's controls.
+    const char* name;
     std::int32_t Typed::*style;
     const char* count_name;
     std::optional<std::int32_t> Typed::*count;
     std::vector<List> lists;
+    bool (AccountEditing::*take_from)(const LDGRAccount& other);
   };
 
-  // `editing` must outlive the page.
-  AccountTextsPage(AccountEditing& editing, Parts parts, QWidget* parent);
+  // Both must outlive the page.
+  AccountTextsPage(AccountEditing& editing, const Desk& desk, Parts parts, QWidget* parent);
 
   // As the sheet has them. The field of the number keeps a text that is none.
   void Show();
@@ -41,14 +52,24 @@ class AccountTextsPage final : public QWidget {
   void EndEditing();
 
  private:
+  void MakeStyles(QWidget* into);
+  void MakeList(const List& list);
   void Change(const std::function<void(Typed&)>& change);
-  QWidget* MakeList(const List& list);
+  void Add();
+  void Remove();
+  void ShowButtons();
+  // The list that the buttons are about.
+  [[nodiscard]] std::vector<std::string>& ChosenTexts(Typed& typed) const;
 
   AccountEditing& editing_;
   Parts parts_;
-  QComboBox* style_;
-  QLineEdit* count_;
-  std::vector<QListWidget*> lists_;
+  QButtonGroup* styles_;
+  QLineEdit* count_ = nullptr;
+  std::vector<LookTable*> lists_;
+  std::size_t chosen_ = 0;
+  QPushButton* add_ = nullptr;
+  QPushButton* remove_ = nullptr;
+  TakeFromButton* take_from_ = nullptr;
 };
 
 }  // namespace tallyfold::desktop

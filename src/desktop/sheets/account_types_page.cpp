@@ -2,111 +2,153 @@
 
 #include <QComboBox>
 #include <QHBoxLayout>
-#include <QHeaderView>
-#include <QItemSelectionModel>
 #include <QPushButton>
-#include <QSignalBlocker>
-#include <QTableWidget>
 #include <QVBoxLayout>
+#include <algorithm>
+#include <set>
 #include <utility>
 #include <vector>
 
+#include "app/accounts/account_type_rows.h"
 #include "desktop/look/measures.h"
+#include "desktop/register/look_table.h"
 #include "desktop/sheets/form.h"
+#include "desktop/sheets/take_from_button.h"
 #include "desktop/texts.h"
 
 namespace tallyfold::desktop {
 namespace {
 
 using TypeRow = AccountEditSheetState::TypeRow;
+using TypeFate = AccountEditSheetState::TypeFate;
 
-constexpr int kNameColumn = 0;
-constexpr int kKindColumn = 1;
-constexpr int kDefaultTypeWidth = 200;
-constexpr int kLeastTableHeight = 240;
-enum TypeKind { kDebit = 0, kCheck = 1, kDeposit = 2 };
+enum TypeColumn { kTypeName, kTypeKind, kTypeEntries, kTypeUse };
+constexpr int kBeginningPopUpWidth = 200;
+constexpr int kLeastTypeWidth = 216;
+constexpr int kLeastKindWidth = 120;
+enum TypeKind { kDebitKind, kCheckKind, kDepositKind };
 
-TypeKind KindOf(const TypeRow& row) {
-  if (row.is_deposit) return kDeposit;
-  return row.is_check ? kCheck : kDebit;
+TypeKind KindOfType(const TypeRow& row) {
+  if (row.is_deposit) return kDepositKind;
+  return row.is_check ? kCheckKind : kDebitKind;
 }
 
-QString KindTitle(int kind) {
-  if (kind == kDeposit) return Text("Deposit");
-  return kind == kCheck ? Text("Check") : Text("Debit");
+// In the order of TypeKind.
+QStringList KindTitles() {
+  return {Text("Debit"), Text("Check"), Text("Deposit")};
 }
 
-// Rows of the types that new entries of a kind may begin with.
-std::vector<PopUpItem> Beginnings(const std::vector<TypeRow>& types, bool are_deposits) {
+QString WordFor(TypeFate fate) {
+  if (fate == TypeFate::InUse) return {};
+  return fate == TypeFate::Goes ? Text("goes with OK") : Text("out of use");
+}
+
+// Rows of the types that new entries of a kind may begin with; one that is out of use only where
+// they do.
+std::vector<PopUpItem> Beginnings(const std::vector<TypeRow>& types, bool are_deposits,
+                                  std::int32_t chosen) {
   std::vector<PopUpItem> items = {{ToUtf8(Text("None")), -1}};
-  for (std::size_t row = 0; row < types.size(); ++row) {
-    if (types[row].is_deposit != are_deposits) continue;
-    items.push_back({types[row].name, static_cast<std::int32_t>(row)});
+  for (std::size_t i = 0; i < types.size(); ++i) {
+    const auto row = static_cast<std::int32_t>(i);
+    if (types[i].is_deposit != are_deposits || (!types[i].is_active && row != chosen)) continue;
+    items.push_back({types[i].name, row});
   }
   return items;
 }
 
 }  // namespace
 
-AccountTypesPage::AccountTypesPage(AccountEditing& editing, QWidget* parent)
+AccountTypesPage::AccountTypesPage(AccountEditing& editing, const Desk& desk, QWidget* parent)
     : QWidget(parent),
       editing_(editing),
-      table_(new QTableWidget(0, 2, this)),
-      kind_(new QComboBox(this)),
-      take_out_(new QPushButton(Text("Take out of Use"), this)) {
-  table_->setObjectName(QStringLiteral("accountEditSheet_Types_Table"));
-  table_->setAccessibleName(Text("Types"));
-  table_->setHorizontalHeaderLabels({Text("Type"), Text("Kind")});
-  table_->horizontalHeader()->setSectionResizeMode(kNameColumn, QHeaderView::Stretch);
-  table_->verticalHeader()->hide();
-  table_->setSelectionBehavior(QAbstractItemView::SelectRows);
-  table_->setSelectionMode(QAbstractItemView::SingleSelection);
-  table_->setMinimumHeight(kLeastTableHeight);
-  table_->setTabKeyNavigation(false);
-  connect(table_, &QTableWidget::cellChanged, this, [this](int row, int column) {
-    if (column != kNameColumn) return;
-    const std::string name = ToUtf8(table_->item(row, column)->text());
-    Change([row, &name](Typed& typed) { typed.types[static_cast<std::size_t>(row)].name = name; });
-  });
-  connect(table_, &QTableWidget::itemSelectionChanged, this, [this] { ShowButtons(); });
-
+      table_(new LookTable(this)),
+      take_out_(new QPushButton(Text("Take out of Use"), this)),
+      bring_back_(new QPushButton(Text("Bring Back"), this)),
+      take_from_(new TakeFromButton(desk, editing, this)) {
+  setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
+  MakeTable();
   auto* add = new QPushButton(Text("Add"), this);
   add->setObjectName(QStringLiteral("accountEditSheet_Types_Add_Button"));
-  add->setAutoDefault(false);
   take_out_->setObjectName(QStringLiteral("accountEditSheet_Types_Remove_Button"));
-  take_out_->setAutoDefault(false);
-  kind_->setObjectName(QStringLiteral("accountEditSheet_Types_Kind_PopUp"));
-  kind_->setAccessibleName(Text("Kind"));
-  for (const int kind : {kDebit, kCheck, kDeposit}) kind_->addItem(KindTitle(kind));
-  connect(add, &QPushButton::clicked, this, [this] { Add(); });
-  connect(take_out_, &QPushButton::clicked, this, [this] { TakeOut(); });
-  connect(kind_, &QComboBox::currentIndexChanged, this, [this](int kind) { SetKind(kind); });
+  bring_back_->setObjectName(QStringLiteral("accountEditSheet_Types_BringBack_Button"));
+  take_from_->setObjectName(QStringLiteral("accountEditSheet_Types_TakeFrom_Button"));
   auto* buttons = new QHBoxLayout;
   buttons->setSpacing(kGap);
-  buttons->addWidget(add);
-  buttons->addWidget(take_out_);
+  for (QPushButton* each : {add, take_out_, bring_back_}) {
+    each->setAutoDefault(false);
+    buttons->addWidget(each);
+  }
   buttons->addStretch(1);
-  buttons->addWidget(kind_);
+  buttons->addWidget(take_from_);
+  connect(add, &QPushButton::clicked, this, [this] { Add(); });
+  connect(take_out_, &QPushButton::clicked, this, [this] {
+    Change([row = ChosenRow()](Typed& typed) {
+      if (row >= 0) TakeTypeOutOfUse(typed, static_cast<std::size_t>(row));
+    });
+  });
+  connect(bring_back_, &QPushButton::clicked, this, [this] {
+    Change([row = ChosenRow()](Typed& typed) {
+      if (row >= 0) BringTypeBack(typed, static_cast<std::size_t>(row));
+    });
+  });
+  take_from_->SetTake([this](const LDGRAccount& other) { editing_.ImportTypesFrom(other); });
 
+  auto* column = new QVBoxLayout(this);
+  column->setContentsMargins(0, 0, 0, 0);
+  column->setSpacing(kGap);
+  column->addWidget(table_, 1);
+  column->addLayout(buttons);
+  column->addSpacing(kGap);
+  MakeDefaults();
+}
+
+void AccountTypesPage::MakeTable() {
+  table_->setObjectName(QStringLiteral("accountEditSheet_Types_Table"));
+  table_->setAccessibleName(Text("Types"));
+  int word = 0;
+  for (const TypeFate fate : {TypeFate::OutOfUse, TypeFate::Goes}) {
+    word = std::max(word, fontMetrics().horizontalAdvance(WordFor(fate)));
+  }
+  using Align = CellLook::Align;
+  table_->SetColumns(
+      {{.title = Text("Type"), .width = kLeastTypeWidth, .takes_rest = true, .is_edited = true},
+       {.title = Text("Kind"),
+        .width = kLeastKindWidth,
+        .is_edited = true,
+        .choices = KindTitles()},
+       {.title = Text("Entries"), .align = Align::Trailing},
+       {.title = {}, .width = word + 2 * kCellPadding + kOuterCellPadding}});
+  connect(table_, &LookTable::CellEdited, this, [this](int row, int column, const QString& text) {
+    const auto at = static_cast<std::size_t>(row);
+    Change([&](Typed& typed) {
+      if (at >= typed.types.size()) return;
+      if (column == kTypeName) {
+        typed.types[at].name = ToUtf8(text);
+      } else {
+        const auto kind = KindTitles().indexOf(text);
+        SetKindOfType(typed, at, kind == kCheckKind, kind == kDepositKind);
+      }
+    });
+  });
+  connect(table_, &LookTable::RowChosen, this, [this] { ShowButtons(); });
+  connect(table_, &LookTable::RemoveWanted, take_out_, &QPushButton::click);
+}
+
+void AccountTypesPage::MakeDefaults() {
   auto* form = new Form(this);
   debit_ = new QComboBox(form);
   deposit_ = new QComboBox(form);
   form->Add(Text("New debits begin with"), debit_, "accountEditSheet_DefaultDebitType_PopUp",
-            kDefaultTypeWidth);
+            kBeginningPopUpWidth);
   form->Add(Text("New deposits begin with"), deposit_, "accountEditSheet_DefaultDepositType_PopUp",
-            kDefaultTypeWidth);
+            kBeginningPopUpWidth);
   connect(debit_, &QComboBox::currentIndexChanged, this, [this] {
     Change([this](Typed& typed) { typed.default_debit_type = debit_->currentData().toInt(); });
   });
   connect(deposit_, &QComboBox::currentIndexChanged, this, [this] {
     Change([this](Typed& typed) { typed.default_deposit_type = deposit_->currentData().toInt(); });
   });
-  auto* column = new QVBoxLayout(this);
-  column->setContentsMargins(0, 0, 0, 0);
-  column->setSpacing(kGap);
-  column->addWidget(table_, 1);
-  column->addLayout(buttons);
-  column->addWidget(form);
+  layout()->addWidget(form);
 }
 
 void AccountTypesPage::Change(const std::function<void(Typed&)>& change) {
@@ -117,91 +159,65 @@ void AccountTypesPage::Change(const std::function<void(Typed&)>& change) {
 }
 
 void AccountTypesPage::EndEditing() {
-  // An open editor gives its text to the table when it loses the focus.
-  if (QWidget* focused = focusWidget(); focused != nullptr && table_->isAncestorOf(focused)) {
-    table_->setFocus();
-  }
+  table_->EndCellEditing();
+}
+
+int AccountTypesPage::ChosenRow() const {
+  const int row = table_->currentIndex().row();
+  return row < static_cast<int>(editing_.State().typed.types.size()) ? row : -1;
+}
+
+void AccountTypesPage::GoTo(int row) {
+  if (row >= 0) table_->EditCell(row, kTypeName);
 }
 
 void AccountTypesPage::Add() {
   EndEditing();
-  Change([](Typed& typed) {
-    TypeRow row;
-    row.name = ToUtf8(Text("New Type"));
-    typed.types.push_back(std::move(row));
+  std::size_t row = 0;
+  Change([&row, below = ChosenRow()](Typed& typed) {
+    row = InsertType(typed, below, ToUtf8(Text("New Type")));
   });
   Show();
-  table_->setCurrentCell(table_->rowCount() - 1, kNameColumn);
-  table_->setFocus();
-  table_->editItem(table_->currentItem());
-}
-
-void AccountTypesPage::TakeOut() {
-  EndEditing();
-  const int row = table_->currentRow();
-  if (row < 0) return;
-  Change([row](Typed& typed) {
-    typed.types.erase(typed.types.begin() + row);
-    for (std::int32_t* each : {&typed.default_debit_type, &typed.default_deposit_type}) {
-      if (*each == row) {
-        *each = -1;
-      } else if (*each > row) {
-        --*each;
-      }
-    }
-  });
-  Show();
-}
-
-void AccountTypesPage::SetKind(int kind) {
-  EndEditing();
-  const int row = table_->currentRow();
-  if (row < 0) return;
-  Change([row, kind](Typed& typed) {
-    TypeRow& type = typed.types[static_cast<std::size_t>(row)];
-    type.is_check = kind == kCheck;
-    type.is_deposit = kind == kDeposit;
-    std::int32_t& other = type.is_deposit ? typed.default_debit_type : typed.default_deposit_type;
-    if (other == row) other = -1;
-  });
-  Show();
+  GoTo(static_cast<int>(row));
 }
 
 void AccountTypesPage::Show() {
-  const Typed& typed = editing_.State().typed;
-  {
-    const QSignalBlocker blocker(table_);
-    table_->setRowCount(static_cast<int>(typed.types.size()));
-    const auto show = [this](int row, int column, const QString& text) {
-      if (table_->item(row, column) == nullptr) {
-        auto* item = new QTableWidgetItem;
-        if (column == kKindColumn) item->setFlags(item->flags() & ~Qt::ItemIsEditable);
-        table_->setItem(row, column, item);
-      }
-      if (table_->item(row, column)->text() != text) table_->item(row, column)->setText(text);
-    };
-    for (int row = 0; row < table_->rowCount(); ++row) {
-      const TypeRow& type = typed.types[static_cast<std::size_t>(row)];
-      show(row, kNameColumn, ToQString(type.name));
-      show(row, kKindColumn, KindTitle(KindOf(type)));
+  const AccountEditSheetState& state = editing_.State();
+  const auto& types = state.typed.types;
+  const QStringList kinds = KindTitles();
+  std::vector<LookTable::Row> rows;
+  std::set<int> group_ends;
+  for (std::size_t i = 0; i < types.size(); ++i) {
+    const TypeRow& type = types[i];
+    if (i > 0 && types[i - 1].is_deposit != type.is_deposit) {
+      group_ends.insert(static_cast<int>(i) - 1);
     }
+    const bool is_dim = !type.is_active;
+    const std::size_t entries = state.EntriesWith(type);
+    rows.push_back({{.text = ToQString(type.name), .is_dim = is_dim},
+                    {.text = kinds[KindOfType(type)], .is_dim = is_dim},
+                    {.text = entries > 0 ? QString::number(entries) : QString(),
+                     .align = CellLook::Align::Trailing,
+                     .is_figure = true,
+                     .is_dim = true},
+                    {.text = WordFor(state.FateOf(type)), .is_dim = true}});
   }
-  const auto debits = Beginnings(typed.types, false);
-  const auto deposits = Beginnings(typed.types, true);
-  ShowItems(*debit_, debits, IndexOfItemTagged(debits, typed.default_debit_type));
-  ShowItems(*deposit_, deposits, IndexOfItemTagged(deposits, typed.default_deposit_type));
+  table_->SetGroupEnds(std::move(group_ends));
+  table_->SetRows(std::move(rows));
+  const auto show_beginnings = [&types](QComboBox& pop_up, bool are_deposits, std::int32_t chosen) {
+    const auto items = Beginnings(types, are_deposits, chosen);
+    ShowItems(pop_up, items, IndexOfItemTagged(items, chosen));
+  };
+  show_beginnings(*debit_, false, state.typed.default_debit_type);
+  show_beginnings(*deposit_, true, state.typed.default_deposit_type);
   ShowButtons();
 }
 
 void AccountTypesPage::ShowButtons() {
   const auto& types = editing_.State().typed.types;
-  const int row = table_->currentRow();
-  // The table has a current row before the user has chosen one.
-  const bool is_row = row >= 0 && static_cast<std::size_t>(row) < types.size() &&
-                      table_->selectionModel()->isRowSelected(row);
-  take_out_->setEnabled(is_row);
-  kind_->setEnabled(is_row);
-  ShowItem(*kind_, is_row ? KindOf(types[static_cast<std::size_t>(row)]) : -1);
+  const int row = ChosenRow();
+  take_out_->setEnabled(row >= 0 && types[static_cast<std::size_t>(row)].is_active);
+  bring_back_->setEnabled(row >= 0 && !types[static_cast<std::size_t>(row)].is_active);
 }
 
 }  // namespace tallyfold::desktop

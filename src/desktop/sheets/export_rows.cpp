@@ -12,6 +12,7 @@
 #include "desktop/sheets/form.h"
 #include "desktop/texts.h"
 #include "exchange/qif_date_formats.h"
+#include "platform/message.h"
 
 namespace tallyfold::desktop {
 namespace {
@@ -52,10 +53,17 @@ QWidget* MakeQifExportRows(LDGRQIFExportAccessoryView& accessory, QWidget* panel
            IndexOfItemTagged(accessory.exportAccounts(), accessory.exportAccount()),
            [&accessory](std::int32_t tag) { accessory.setExportAccount(tag); });
   const std::string format = accessory.exportDateFormat();
-  AddPopUp(
-      *form, Text("Dates"), "exportDateFormat_PopUp", accessory.dateFormats(),
-      IndexOfItemTagged(accessory.dateFormats(), QifDateFormatTag(format).value_or(0)),
-      [&accessory](std::int32_t tag) { accessory.setExportDateFormat(QifDateFormatForTag(tag)); });
+  const auto show_example = [form, &accessory] {
+    form->SetNote(form->findChild<QComboBox*>(QLatin1String("exportDateFormat_PopUp")),
+                  ToQString(Message("a date: {1}", {accessory.exportDateExample()})));
+  };
+  AddPopUp(*form, Text("Dates"), "exportDateFormat_PopUp", accessory.dateFormats(),
+           IndexOfItemTagged(accessory.dateFormats(), QifDateFormatTag(format).value_or(0)),
+           [&accessory, show_example](std::int32_t tag) {
+             accessory.setExportDateFormat(QifDateFormatForTag(tag));
+             show_example();
+           });
+  show_example();
   AddPopUp(*form, Text("Encoding"), "exportEncoding_PopUp", accessory.encodings().items(),
            accessory.encodings().selected(), [&accessory](std::int32_t tag) {
              accessory.setEncoding(static_cast<std::uint32_t>(tag));

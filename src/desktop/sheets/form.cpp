@@ -30,6 +30,8 @@ QLabel* PlainLabel(QWidget* parent, Role role) {
   QPalette palette = label->palette();
   palette.setColor(QPalette::WindowText, ColorsOf(palette)[role]);
   label->setPalette(palette);
+  // On the ground of pages the toolkit would take the ink of texts.
+  label->setForegroundRole(QPalette::WindowText);
   return label;
 }
 
@@ -122,6 +124,37 @@ void Form::AddUnlabelled(QWidget* field) {
   QHBoxLayout* row = AddLabelled({}, field);
   AddFieldTo(row, field);
   row->addStretch(1);
+}
+
+QLabel* Form::AddNote(const QString& note) {
+  auto* text = MakeNote(this);
+  text->setWordWrap(true);
+  text->setText(note);
+  grid_->addWidget(text, grid_->rowCount(), kFieldColumn);
+  return text;
+}
+
+void Form::AddHint(QLatin1String icon, const QString& text) {
+  auto* row = new QHBoxLayout;
+  row->setSpacing(kGap);
+  auto* picture = new QLabel(this);
+  picture->setPixmap(
+      PixmapNamed(icon, kIconSize, devicePixelRatioF(), ColorsOf(palette())[Role::Dim]));
+  row->addWidget(picture, 0, Qt::AlignTop);
+  auto* hint = PlainLabel(this, Role::Dim);
+  hint->setWordWrap(true);
+  hint->setText(text);
+  row->addWidget(hint, 1);
+  grid_->addLayout(row, grid_->rowCount(), kLabelColumn, 1, 2);
+}
+
+void Form::AddFact(const QString& caption, QLabel* fact) {
+  auto* label = PlainLabel(this, Role::Dim);
+  label->setText(caption);
+  label->setAlignment(Qt::AlignTrailing | Qt::AlignVCenter);
+  const int line = grid_->rowCount();
+  grid_->addWidget(label, line, kLabelColumn);
+  grid_->addWidget(fact, line, kFieldColumn);
 }
 
 void Form::AddRule() {

@@ -44,6 +44,12 @@ class Form final : public QWidget {
   QHBoxLayout* AddRow(const QString& label, std::initializer_list<QWidget*> fields);
   // In the column of the fields, without a label.
   void AddUnlabelled(QWidget* field);
+  // In the column of the fields, a small text in dim that wraps.
+  QLabel* AddNote(const QString& note);
+  // Across both columns, behind an icon.
+  void AddHint(QLatin1String icon, const QString& text);
+  // A caption and what it says; no row to be filled in.
+  void AddFact(const QString& caption, QLabel* fact);
   // A hair rule across both columns.
   void AddRule();
 

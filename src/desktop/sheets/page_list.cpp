@@ -3,6 +3,7 @@
 #include <QHBoxLayout>
 #include <QListWidget>
 #include <QPainter>
+#include <QShortcut>
 #include <QSignalBlocker>
 #include <QStackedWidget>
 #include <QStyledItemDelegate>
@@ -11,12 +12,15 @@
 
 #include "desktop/look/colors.h"
 #include "desktop/look/measures.h"
+#include "desktop/look/painting.h"
 #include "desktop/texts.h"
 
 namespace tallyfold::desktop {
 namespace {
 
-constexpr int kListWidth = 176;
+constexpr int kPageListWidth = 176;
+constexpr int kLeastPageHeight = 400;
+constexpr int kPageNameGap = 2;
 
 // A name of a page, as an account in its list.
 class PageName final : public QStyledItemDelegate {
@@ -66,18 +70,46 @@ PageList::PageList(QWidget* parent, const char* name)
   list_->setMouseTracking(true);
   list_->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
   list_->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Expanding);
+  pages_->setBackgroundRole(QPalette::Base);
+  pages_->setAutoFillBackground(true);
+  pages_->setMinimumHeight(kLeastPageHeight);
+  auto* names = new QVBoxLayout;
+  names->setContentsMargins(kGap, kWideGap, kGap, kGap);
+  names->addWidget(list_);
   auto* row = new QHBoxLayout(this);
   row->setContentsMargins(0, 0, 0, 0);
-  row->setSpacing(kColumnGap);
-  row->addWidget(list_);
+  row->setSpacing(0);
+  row->addLayout(names);
+  // The rule before the pages.
+  row->addSpacing(1);
   row->addWidget(pages_, 1);
   connect(list_, &QListWidget::currentRowChanged, this, [this](int to) { Select(to); });
+  const std::pair<QKeySequence, int> keys[] = {{Qt::CTRL | Qt::Key_Tab, 1},
+                                               {Qt::CTRL | Qt::Key_PageDown, 1},
+                                               {Qt::CTRL | Qt::SHIFT | Qt::Key_Tab, -1},
+                                               {Qt::CTRL | Qt::SHIFT | Qt::Key_Backtab, -1},
+                                               {Qt::CTRL | Qt::Key_PageUp, -1}};
+  for (const auto& [key, pages] : keys) {
+    auto* shortcut = new QShortcut(key, this);
+    connect(shortcut, &QShortcut::activated, this, [this, by = pages] { GoBy(by); });
+  }
+}
+
+void PageList::paintEvent(QPaintEvent* /*event*/) {
+  QPainter painter(this);
+  const QRect page = pages_->geometry();
+  const int x = layoutDirection() == Qt::LeftToRight ? page.left() - 1 : page.right() + 1;
+  DrawRuleBefore(painter, QRect(x, 0, 1, height()), ColorsOf(palette())[Role::Rule]);
+}
+
+void PageList::GoBy(int pages) {
+  list_->setCurrentRow((list_->currentRow() + list_->count() + pages) % list_->count());
 }
 
 void PageList::Add(std::string_view identifier, const QString& title, QWidget* page) {
   auto* whole = new QWidget(pages_);
   auto* column = new QVBoxLayout(whole);
-  column->setContentsMargins(0, 0, 0, 0);
+  column->setContentsMargins(kColumnGap, kSheetMargin, kColumnGap, kSheetMargin);
   column->addWidget(page);
   if (!page->sizePolicy().expandingDirections().testFlag(Qt::Vertical)) column->addStretch(1);
   pages_->addWidget(whole);
@@ -86,7 +118,10 @@ void PageList::Add(std::string_view identifier, const QString& title, QWidget* p
   auto* item = new QListWidgetItem(title, list_);
   item->setSizeHint(QSize(0, kAccountRowHeight));
   list_->setMinimumHeight(list_->count() * kAccountRowHeight);
-  list_->setFixedWidth(std::max(kListWidth, list_->sizeHintForColumn(0) + 4 * kOuterCellPadding));
+  QFont chosen = list_->font();
+  chosen.setBold(true);
+  const int width = QFontMetrics(chosen).horizontalAdvance(title) + 2 * kOuterCellPadding;
+  list_->setFixedWidth(std::max({kPageListWidth - 2 * kGap, width, list_->minimumWidth()}));
   if (identifiers_.size() == 1) list_->setCurrentRow(0);
 }
 

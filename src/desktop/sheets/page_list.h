@@ -12,7 +12,9 @@ class QStackedWidget;
 
 namespace tallyfold::desktop {
 
-// The pages of a sheet: their names at the leading edge, beside them the page that shows.
+// The pages of a sheet: their names at the leading edge, beside them, on the ground of pages, the
+// one that shows. They reach the edges of the sheet. The user goes from one to another in the list,
+// or by Ctrl+Tab and Ctrl+Page Down from anywhere in the sheet.
 class PageList final : public QWidget {
  public:
   // `name` is that of the list.
@@ -28,7 +30,9 @@ class PageList final : public QWidget {
   [[nodiscard]] std::string PageOf(const QWidget* widget) const;
 
  private:
+  void paintEvent(QPaintEvent* event) override;
   void Select(int row);
+  void GoBy(int pages);
 
   QListWidget* list_;
   QStackedWidget* pages_;

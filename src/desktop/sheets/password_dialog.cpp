@@ -1,6 +1,7 @@
 #include "desktop/sheets/password_dialog.h"
 
 #include <QHBoxLayout>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
@@ -9,47 +10,60 @@
 
 #include "desktop/look/icons.h"
 #include "desktop/look/measures.h"
+#include "desktop/sheets/form.h"
 #include "desktop/texts.h"
 
 namespace tallyfold::desktop {
 namespace {
 
-constexpr int kUnlockWidth = 420;
+constexpr int kPasswordSheetWidth = 420;
 constexpr int kLockSize = 32;
 
 }  // namespace
 
 PasswordDialog::PasswordDialog(Parts parts, QWidget* window)
-    : SheetDialog(window, parts.title),
+    : SheetDialog(window, Text("Password")),
       parts_(std::move(parts)),
       title_(new QLabel(this)),
-      field_(new QLineEdit(this)) {
+      field_(new QLineEdit(this)),
+      caps_(new QWidget(this)) {
   const auto name = [this](const char* part) { return parts_.name + QLatin1String(part); };
+  setObjectName(parts_.name);
+  auto* heading = new QLabel(this);
+  heading->setTextFormat(Qt::PlainText);
+  heading->setWordWrap(true);
+  heading->setText(parts_.heading);
+  heading->setFont(DemiBoldFont(LargerFont(font(), kSheetHeadingPoints)));
   title_->setObjectName(name("_Title"));
   title_->setTextFormat(Qt::PlainText);
   title_->setWordWrap(true);
-  title_->setBuddy(field_);
-  title_->setMinimumWidth(kUnlockWidth - 2 * kSheetMargin - kLockSize - kGroupGap);
-  field_->setObjectName(name("_Password_Field"));
+  title_->setForegroundRole(QPalette::PlaceholderText);
+  title_->setMinimumWidth(kPasswordSheetWidth - 2 * kSheetMargin - kLockSize - kGroupGap);
   field_->setEchoMode(QLineEdit::Password);
-  field_->setAccessibleName(Text("Password"));
+  field_->installEventFilter(this);
   auto* image = new QLabel(this);
   image->setPixmap(PixmapNamed(QLatin1String("lock"), kLockSize, devicePixelRatioF(),
                                ColorsOf(palette())[Role::Accent]));
   image->setAlignment(Qt::AlignTop);
   auto* column = new QVBoxLayout;
-  column->setSpacing(kGap);
+  column->setSpacing(kTightGap);
+  column->addWidget(heading);
   column->addWidget(title_);
-  column->addWidget(field_);
   auto* row = new QHBoxLayout;
   row->setSpacing(kGroupGap);
   row->addWidget(image);
   row->addLayout(column, 1);
   Body().addLayout(row);
+  Body().addSpacing(kGap);
+  auto* form = new Form(this);
+  form->Add(Text("Password"), field_, name("_Password_Field").toLatin1().constData());
+  MakeCapsLine(name("_CapsLock"));
+  form->AddUnlabelled(caps_);
+  Body().addWidget(form);
 
   QPushButton* cancel = AddButton("", parts_.cancel);
   cancel->setObjectName(name("_Cancel_Button"));
-  ok_ = AddButton("", Text("OK"), true);
+  ok_ = AddButton("", Text("Unlock"), true);
   ok_->setObjectName(name("_OK_Button"));
   connect(cancel, &QPushButton::clicked, this, [this] { Cancel(); });
   connect(ok_, &QPushButton::clicked, this, [this] { parts_.ok(); });
@@ -58,9 +72,45 @@ PasswordDialog::PasswordDialog(Parts parts, QWidget* window)
   field_->setFocus();
 }
 
+void PasswordDialog::MakeCapsLine(const QString& name) {
+  caps_->setObjectName(name);
+  auto* icon = new QLabel(caps_);
+  icon->setPixmap(PixmapNamed(QLatin1String("warning"), kIconSize, devicePixelRatioF(),
+                              ColorsOf(palette())[Role::Warning]));
+  auto* text = new QLabel(Text("Caps Lock is on."), caps_);
+  text->setFont(MediumFont(SmallFont(font())));
+  QPalette ink = text->palette();
+  ink.setColor(QPalette::WindowText, ColorsOf(ink)[Role::Warning]);
+  text->setPalette(ink);
+  auto* row = new QHBoxLayout(caps_);
+  row->setContentsMargins(0, 0, 0, 0);
+  row->setSpacing(kGap);
+  row->addWidget(icon);
+  row->addWidget(text);
+  // Its room is there always, so that nothing moves.
+  QSizePolicy policy = caps_->sizePolicy();
+  policy.setRetainSizeWhenHidden(true);
+  caps_->setSizePolicy(policy);
+  caps_->hide();
+}
+
+// The toolkit does not tell whether the lock is on; a letter in the other case than Shift says
+// does.
+bool PasswordDialog::eventFilter(QObject* receiver, QEvent* event) {
+  if (receiver == field_ && event->type() == QEvent::KeyPress) {
+    const auto* key = static_cast<QKeyEvent*>(event);
+    const QString typed = key->text();
+    const bool is_letter = typed.size() == 1 && typed.front().toLower() != typed.front().toUpper();
+    if (is_letter && !key->modifiers().testFlag(Qt::ControlModifier)) {
+      caps_->setVisible(typed.front().isUpper() != key->modifiers().testFlag(Qt::ShiftModifier));
+    }
+  }
+  return SheetDialog::eventFilter(receiver, event);
+}
+
 void PasswordDialog::ShowState() {
   const PasswordSheetState& state = parts_.state();
-  title_->setText(state.title.empty() ? parts_.question : ToQString(state.title));
+  title_->setText(state.title.empty() ? parts_.sentence : ToQString(state.title));
   const QString typed = ToQString(state.typed.password);
   if (field_->text() != typed) field_->setText(typed);
   ok_->setEnabled(state.ok_is_enabled);

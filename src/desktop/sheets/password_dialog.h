@@ -19,8 +19,9 @@ class PasswordDialog final : public SheetDialog {
   struct Parts {
     // Names of the controls: "authenticationSheet" or "accountAuthenticationSheet".
     QString name;
-    QString title;
-    QString question;
+    QString heading;
+    // Where the state has no title.
+    QString sentence;
     QString cancel;
     std::function<const PasswordSheetState&()> state;
     std::function<void(const std::string& typed)> typed;
@@ -34,9 +35,13 @@ class PasswordDialog final : public SheetDialog {
   void Cancel() override { parts_.cancelled(); }
 
  private:
+  bool eventFilter(QObject* receiver, QEvent* event) override;
+  void MakeCapsLine(const QString& name);
+
   Parts parts_;
   QLabel* title_;
   QLineEdit* field_;
+  QWidget* caps_;
   QPushButton* ok_;
 };
 

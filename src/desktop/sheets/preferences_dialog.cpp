@@ -8,10 +8,14 @@
 #include <utility>
 
 #include "app/shell/preference_limits.h"
+#include "desktop/look/icons.h"
 #include "desktop/look/measures.h"
+#include "desktop/register/table_look.h"
 #include "desktop/sheets/form.h"
 #include "desktop/sheets/page_list.h"
+#include "desktop/sheets/preferences_sample_table.h"
 #include "desktop/texts.h"
+#include "platform/message.h"
 
 namespace tallyfold::desktop {
 namespace {
@@ -38,11 +42,16 @@ PreferencesDialog::PreferencesDialog(PreferencesSheet& sheet, const Items& items
       sheet_(sheet),
       fields_(sheet),
       pages_(new PageList(this, "preferencesSheet_TabView")),
+      rows_sample_(new PreferencesSampleTable(PreferencesSampleTable::Shows::Rows,
+                                              "preferencesSheet_Sample_Table", this)),
+      formats_sample_(new PreferencesSampleTable(PreferencesSampleTable::Shows::Formats,
+                                                 "preferencesSheet_Formats_Table", this)),
       defaults_(AddLeadingButton("preferencesSheet_DefaultAppearance_Button",
                                  Text("Default Appearance"))),
       ok_(nullptr) {
   setObjectName(QLatin1String("preferencesSheet"));
   SetWantedWidth(kPreferencesWidth);
+  UseWholeWidth();
   AddEntries();
   AddWindow(items);
   AddRegisters();
@@ -62,11 +71,23 @@ PreferencesDialog::PreferencesDialog(PreferencesSheet& sheet, const Items& items
   connect(ok_, &QPushButton::clicked, this, [this] { OK(); });
 }
 
-Form& PreferencesDialog::AddPage(std::string_view identifier, const QString& title) {
+Form& PreferencesDialog::AddPage(std::string_view identifier, const QString& title,
+                                 QWidget* below) {
   auto* form = new Form(this);
   form->SetLeastWidth(kPageFormWidth);
   forms_.push_back(form);
-  pages_->Add(identifier, title, form);
+  if (below == nullptr) {
+    pages_->Add(identifier, title, form);
+    return *form;
+  }
+  auto* page = new QWidget(this);
+  page->setSizePolicy(below->sizePolicy());
+  auto* column = new QVBoxLayout(page);
+  column->setContentsMargins(0, 0, 0, 0);
+  column->setSpacing(kGap);
+  column->addWidget(form);
+  column->addWidget(below, 1);
+  pages_->Add(identifier, title, page);
   return *form;
 }
 
@@ -106,23 +127,28 @@ void PreferencesDialog::AddWindow(const Items& items) {
 }
 
 void PreferencesDialog::AddRegisters() {
-  Form& page = AddPage(kRegistersTab, Text("Registers"));
+  Form& page = AddPage(kRegistersTab, Text("Registers"), rows_sample_);
   fields_.AddFont(page, Text("Font"), "entryFont");
   fields_.AddNumber(page, Text("Size"), "entryFontSize", Text("points"));
-  fields_.AddColor(page, Text("Debits"), "debitColor");
-  fields_.AddColor(page, Text("Deposits"), "depositColor");
-  fields_.AddColor(page, Text("Transfers"), "transferColor");
+  const std::pair<QString, const char*> colors[] = {{Text("Debits"), "debitColor"},
+                                                    {Text("Deposits"), "depositColor"},
+                                                    {Text("Transfers"), "transferColor"}};
+  for (const auto& [title, setting] : colors) {
+    inks_.push_back(new InkSample(&page));
+    fields_.AddColor(page, title, setting, inks_.back());
+  }
   fields_.AddMark(page, Text("Italics for entries of days to come"), "italicizeFutureEntries");
   fields_.AddMark(page, Text("End long texts in an ellipsis"), "useEllipses");
 }
 
 void PreferencesDialog::AddFormats() {
-  Form& page = AddPage("formats", Text("Dates and Amounts"));
+  Form& page = AddPage("formats", Text("Dates and Amounts"), formats_sample_);
   fields_.AddChoice(page, Text("Dates"), "dateFormat",
                     Numbered({"Short", "Year-month-day", "Long"}));
   fields_.AddChoice(page, Text("Amounts"), "amountFormat",
                     Numbered({"With thousands separators", "Without separators"}));
   fields_.AddMark(page, Text("Currency symbol with amounts"), "showCurrencySymbol");
+  page.AddNote(Text("Symbol and separators are those of your desktop's language."));
 }
 
 void PreferencesDialog::AddSchedules() {
@@ -137,10 +163,28 @@ void PreferencesDialog::AddSchedules() {
 
 void PreferencesDialog::AddSpeech() {
   Form& page = AddPage("speech", Text("Speech"));
+  const PreferencesSheetState& state = sheet_.State();
+  auto* voice = new QLabel(&page);
+  voice->setTextFormat(Qt::PlainText);
+  voice->setObjectName(QLatin1String("preferencesSheet_Voice"));
+  voice->setText(state.voice.empty() ? Text("No voice is installed.") : ToQString(state.voice));
+  page.AddFact(Text("Voice"), voice);
+  page.AddNote(Text("The voice is your desktop's. Tallyfold has none of its own."));
   fields_.AddChoice(page, Text("Style"), "speakEntriesStyle", Numbered({"Style 1", "Style 2"}));
   fields_.AddNumber(page, Text("Pause between entries"), "pauseBetweenSpokenEntries",
                     Text("seconds"));
   fields_.AddMark(page, Text("Repeat the amount after it is typed"), "speakEntryAmounts");
+  page.AddRule();
+  auto* say = new QPushButton(IconNamed(QLatin1String("speak")), Text("Say an Example"), &page);
+  say->setObjectName(QLatin1String("preferencesSheet_SayExample_Button"));
+  say->setAccessibleName(Text("Say an Example"));
+  say->setAutoDefault(false);
+  say->setEnabled(!state.voice.empty() && !state.spoken_example.empty());
+  page.AddUnlabelled(say);
+  connect(say, &QPushButton::clicked, this, [this] { sheet_.SayExample(); });
+  if (!state.spoken_example.empty()) {
+    page.AddNote(ToQString(Message("\"{1}\"", {state.spoken_example})));
+  }
 }
 
 void PreferencesDialog::AddFiles(const Items& items) {
@@ -167,10 +211,9 @@ void PreferencesDialog::AddSecurity() {
     field->setEchoMode(QLineEdit::Password);
     connect(field, &QLineEdit::textEdited, this, [this] { ReadPasswords(); });
   }
+  page.AddNote(Text("Leave both empty for no password."));
   page.AddRule();
-  note_ = Form::MakeNote(&page);
-  note_->setWordWrap(true);
-  page.AddUnlabelled(note_);
+  page.AddHint(QLatin1String("lock"), ToQString(sheet_.State().security_note));
 }
 
 void PreferencesDialog::ReadPasswords() {
@@ -187,6 +230,16 @@ void PreferencesDialog::OK() {
   }
 }
 
+void PreferencesDialog::ShowSample() {
+  const PreferencesSheetState& state = sheet_.State();
+  rows_sample_->Show(state.sample, *state.typed.settings);
+  formats_sample_->Show(state.sample, *state.typed.settings);
+  for (std::size_t i = 0; i < std::min(inks_.size(), state.sample.formats.size()); ++i) {
+    const PreferencesSample::Format& format = state.sample.formats[i];
+    if (format.look.color) inks_[i]->Show(ToQString(format.amount), ColorOf(*format.look.color));
+  }
+}
+
 void PreferencesDialog::ShowState() {
   const PreferencesSheetState& state = sheet_.State();
   if (!state.is_open) return;
@@ -196,9 +249,7 @@ void PreferencesDialog::ShowState() {
   };
   show(password_, state.typed.password);
   show(again_, state.typed.password_again);
-  if (note_->text() != ToQString(state.security_note)) {
-    note_->setText(ToQString(state.security_note));
-  }
+  ShowSample();
   pages_->ShowPage(state.tab);
   defaults_->setVisible(state.tab == kRegistersTab);
   ok_->setEnabled(state.ok_is_enabled);

@@ -8,13 +8,14 @@
 #include "desktop/sheets/setting_fields.h"
 #include "desktop/sheets/sheet.h"
 
-class QLabel;
 class QLineEdit;
 
 namespace tallyfold::desktop {
 
 class Form;
+class InkSample;
 class PageList;
+class PreferencesSampleTable;
 
 // Every setting, by pages, and the password of the application.
 class PreferencesDialog final : public SheetDialog {
@@ -36,7 +37,8 @@ class PreferencesDialog final : public SheetDialog {
   void Cancel() override { sheet_.Cancel(); }
 
  private:
-  Form& AddPage(std::string_view identifier, const QString& title);
+  // `below` stands below the fields; null for nothing.
+  Form& AddPage(std::string_view identifier, const QString& title, QWidget* below = nullptr);
   void AddEntries();
   void AddWindow(const Items& items);
   void AddRegisters();
@@ -46,6 +48,7 @@ class PreferencesDialog final : public SheetDialog {
   void AddFiles(const Items& items);
   void AddSecurity();
   void ReadPasswords();
+  void ShowSample();
   void OK();
 
   PreferencesSheet& sheet_;
@@ -54,7 +57,10 @@ class PreferencesDialog final : public SheetDialog {
   std::vector<Form*> forms_;
   QLineEdit* password_ = nullptr;
   QLineEdit* again_ = nullptr;
-  QLabel* note_ = nullptr;
+  PreferencesSampleTable* rows_sample_;
+  PreferencesSampleTable* formats_sample_;
+  // Of debits, deposits and transfers.
+  std::vector<InkSample*> inks_;
   QPushButton* defaults_;
   QPushButton* ok_;
 };

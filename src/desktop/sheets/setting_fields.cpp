@@ -143,14 +143,15 @@ void SettingFields::AddFont(Form& form, const QString& label, const char* settin
   });
 }
 
-void SettingFields::AddColor(Form& form, const QString& label, const std::string& setting) {
+void SettingFields::AddColor(Form& form, const QString& label, const std::string& setting,
+                             QWidget* behind) {
   auto* button = new QPushButton(&form);
   button->setObjectName(QLatin1String(NameOf(setting)));
   button->setAccessibleName(label);
   button->setAutoDefault(false);
   button->setIconSize(kSwatchSize);
   button->setFixedWidth(kSwatchSize.width() + 2 * kGap);
-  form.AddRow(label, {button});
+  form.AddRow(label, {button, behind});
   QObject::connect(button, &QPushButton::clicked, button,
                    [this, button, setting] { ChooseColor(button, setting); });
   show_.emplace_back([this, button, setting] {

@@ -41,8 +41,9 @@ class SettingFields final {
   void AddNumber(Form& form, const QString& label, const char* setting, const QString& unit);
   // ... a family of fonts, ...
   void AddFont(Form& form, const QString& label, const char* setting);
-  // ... a colour, whose parts are settings with "_Red" and so on behind this name.
-  void AddColor(Form& form, const QString& label, const std::string& setting);
+  // ... a colour, whose parts are settings with "_Red" and so on behind this name; `behind` stands
+  // behind its button.
+  void AddColor(Form& form, const QString& label, const std::string& setting, QWidget* behind);
 
   // As the sheet has them. A field keeps a text that its setting does not take.
   void Show();

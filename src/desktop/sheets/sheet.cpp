@@ -78,6 +78,13 @@ SheetDialog::SheetDialog(QWidget* window, const QString& title)
   whole->addLayout(foot_);
 }
 
+void SheetDialog::UseWholeWidth() {
+  layout()->setContentsMargins(0, 0, 0, kBottomMargin);
+  layout()->setSpacing(0);
+  problem_->setContentsMargins(kSheetMargin, kGap, kSheetMargin, kGap);
+  foot_->setContentsMargins(kSheetMargin, kRuleGap, kSheetMargin, 0);
+}
+
 QPushButton* SheetDialog::AddButton(const char* name, const QString& title, bool is_default) {
   auto* button = new QPushButton(WithoutMnemonics(title), buttons_);
   button->setObjectName(QLatin1String(name));

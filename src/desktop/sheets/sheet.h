@@ -27,6 +27,8 @@ class SheetDialog : public QDialog {
   void Open();
 
  protected:
+  // The body reaches the edges of the sheet; the rule below it too.
+  void UseWholeWidth();
   // Above the problem and the buttons.
   [[nodiscard]] QVBoxLayout& Body() noexcept { return *body_; }
   // The last one made is the one nearest to the trailing end.

@@ -5,6 +5,7 @@
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QLineEdit>
+#include <QPainter>
 #include <QPushButton>
 #include <QScrollArea>
 #include <QSignalBlocker>
@@ -13,7 +14,9 @@
 
 #include "app/desk.h"
 #include "desktop/fields/date_field.h"
+#include "desktop/look/colors.h"
 #include "desktop/look/measures.h"
+#include "desktop/look/painting.h"
 #include "desktop/sheets/form.h"
 #include "desktop/texts.h"
 #include "registers/register_look.h"
@@ -25,7 +28,8 @@ using State = AccountSummarySheetState;
 
 constexpr int kSummaryOptionsWidth = 1080;
 constexpr int kSummaryFormWidth = 440;
-constexpr int kSummaryPopUpWidth = 220;
+constexpr int kSummaryPopUpWidth = 200;
+constexpr int kFilterTextWidth = 164;
 constexpr int kLeastResultHeight = 320;
 constexpr int kResultDelay = 150;  // milliseconds
 
@@ -49,12 +53,17 @@ SummaryOptionsSheet::SummaryOptionsSheet(Parts parts, QWidget* window)
   area_->setMinimumHeight(kLeastResultHeight);
   result_ = parts_.make_page(area_);
   area_->setWidget(result_);
+  area_->setFrameShape(QFrame::NoFrame);
+  UseWholeWidth();
   auto* left = new QVBoxLayout;
+  left->setContentsMargins(kSheetMargin, kSheetMargin, kSheetMargin, kSheetMargin);
   left->addWidget(form_);
   left->addStretch(1);
   auto* columns = new QHBoxLayout;
-  columns->setSpacing(kColumnGap);
+  columns->setSpacing(0);
   columns->addLayout(left);
+  // The rule before the result.
+  columns->addSpacing(1);
   columns->addWidget(area_, 1);
   Body().addLayout(columns);
   connect(AddButton("accountSummarySheet_Cancel_Button", Text("Cancel")), &QPushButton::clicked,
@@ -76,9 +85,16 @@ void SummaryOptionsSheet::MakeForm() {
   form_->AddRule();
   AddChoice(Text("Dates"), "accountSummarySheet_DateRange_PopUp", &Typed::date_range,
             &State::date_ranges);
-  form_->Add(Text("From"), start_, "accountSummarySheet_Start_Field", kDateFieldWidth);
-  form_->Add(Text("To"), end_, "accountSummarySheet_End_Field", kDateFieldWidth);
+  start_->setObjectName(QLatin1String("accountSummarySheet_Start_Field"));
+  end_->setObjectName(QLatin1String("accountSummarySheet_End_Field"));
+  end_->setAccessibleName(Text("To"));
+  auto* to = Form::MakeNote(form_);
+  to->setFont(font());
+  to->setText(Text("to"));
+  to->setBuddy(end_);
+  form_->AddRow(Text("From"), {start_, to, end_});
   for (DateField* field : {start_, end_}) {
+    field->setFixedWidth(kDateFieldWidth);
     field->SetFormat(RegisterDateFormat(parts_.desk.preferences()));
     connect(field, &DateField::DayChanged, this, [this] { Read(); });
   }
@@ -98,11 +114,16 @@ void SummaryOptionsSheet::MakeForm() {
   AddChoice(Text("Tax-deductible"), "accountSummarySheet_TaxDeductible_PopUp",
             &Typed::tax_deductible, &State::tax_deductible);
   AddChoice(Text("Checks"), "accountSummarySheet_Checks_PopUp", &Typed::checks, &State::checks);
-  form_->AddUnlabelled(MakeMark(Text("Only those with this text"),
-                                "accountSummarySheet_Filter_CheckBox", &Typed::filter));
-  AddChoice(Text("Text in"), "accountSummarySheet_FilterType_PopUp", &Typed::filter_type,
-            &State::filter_types);
-  form_->Add(Text("Text"), filter_text_, "accountSummarySheet_FilterText_Field");
+  form_->AddRow(Text("Only with"),
+                {MakeMark(Text("Filter"), "accountSummarySheet_Filter_CheckBox", &Typed::filter)});
+  filter_type_ = MakeChoice(&Typed::filter_type, &State::filter_types);
+  filter_type_->setObjectName(QLatin1String("accountSummarySheet_FilterType_PopUp"));
+  filter_type_->setAccessibleName(Text("Text in"));
+  filter_text_->setObjectName(QLatin1String("accountSummarySheet_FilterText_Field"));
+  filter_text_->setAccessibleName(Text("Text"));
+  filter_text_->setPlaceholderText(Text("Text"));
+  filter_text_->setFixedWidth(kFilterTextWidth);
+  form_->AddRow({}, {filter_type_, filter_text_});
   form_->AddRule();
   form_->AddRow(Text("Subtotals"),
                 {MakeMark(Text("Types"), "accountSummarySheet_SubtotalTypes_CheckBox",
@@ -119,10 +140,15 @@ void SummaryOptionsSheet::MakeForm() {
 void SummaryOptionsSheet::AddChoice(const QString& label, const char* name,
                                     std::int32_t Typed::*number,
                                     std::vector<PopUpItem> State::*items) {
+  form_->Add(label, MakeChoice(number, items), name, kSummaryPopUpWidth);
+}
+
+QComboBox* SummaryOptionsSheet::MakeChoice(std::int32_t Typed::*number,
+                                           std::vector<PopUpItem> State::*items) {
   auto* pop_up = new QComboBox(form_);
-  form_->Add(label, pop_up, name, kSummaryPopUpWidth);
   choices_.push_back({pop_up, number, items});
   connect(pop_up, &QComboBox::currentIndexChanged, this, [this] { Read(); });
+  return pop_up;
 }
 
 QCheckBox* SummaryOptionsSheet::MakeMark(const QString& title, const char* name,
@@ -148,6 +174,7 @@ void SummaryOptionsSheet::Read() {
     typed.start = start_->Day();
     typed.end = end_->Day();
   }
+  is_stale_ = true;
   parts_.sheet.Read(std::move(typed));
   ShowState();
 }
@@ -176,24 +203,35 @@ void SummaryOptionsSheet::ShowState() {
   show_day(end_, typed.end);
   for (DateField* field : {start_, end_}) field->setEnabled(state.days_are_enabled);
   filter_text_->setEnabled(typed.filter);
+  filter_type_->setEnabled(typed.filter);
   if (form_->ShowProblem(state.problem)) {
     form_->FieldWithProblem()->setFocus();
   } else {
     ShowProblem(ToQString(TextOf(state.problem)));
   }
-  if (isVisible()) {
-    result_timer_.start(kResultDelay);
-  } else {
+  if (!isVisible()) {
     ShowResult();
+  } else if (is_stale_) {
+    result_timer_.start(kResultDelay);
   }
 }
 
 void SummaryOptionsSheet::ShowResult() {
   const State& state = parts_.sheet.State();
   if (!state.is_open) return;
+  is_stale_ = false;
   parts_.show_page(result_, state.result);
   area_->setMinimumWidth(result_->minimumSizeHint().width() + kScrollBarExtent +
                          2 * area_->frameWidth());
+}
+
+void SummaryOptionsSheet::paintEvent(QPaintEvent* event) {
+  SheetDialog::paintEvent(event);
+  QPainter painter(this);
+  const QRect result = area_->geometry();
+  const int x = layoutDirection() == Qt::LeftToRight ? result.left() - 1 : result.right() + 1;
+  DrawRuleBefore(painter, QRect(x, result.top(), 1, result.height()),
+                 ColorsOf(palette())[Role::Rule]);
 }
 
 void SummaryOptionsSheet::Cancel() {

@@ -53,9 +53,12 @@ class SummaryOptionsSheet final : public SheetDialog {
     bool Typed::*is_set;
   };
 
+  void paintEvent(QPaintEvent* event) override;
   void MakeForm();
   void AddChoice(const QString& label, const char* name, std::int32_t Typed::*number,
                  std::vector<PopUpItem> AccountSummarySheetState::*items);
+  QComboBox* MakeChoice(std::int32_t Typed::*number,
+                        std::vector<PopUpItem> AccountSummarySheetState::*items);
   QCheckBox* MakeMark(const QString& title, const char* name, bool Typed::*is_set);
   void Read();
   void ShowResult();
@@ -66,11 +69,14 @@ class SummaryOptionsSheet final : public SheetDialog {
   QLineEdit* name_;
   DateField* start_;
   DateField* end_;
+  QComboBox* filter_type_ = nullptr;
   QLineEdit* filter_text_;
   std::vector<Choice> choices_;
   std::vector<Mark> marks_;
   QScrollArea* area_ = nullptr;
   QWidget* result_ = nullptr;
+  // Something was read since the result was shown.
+  bool is_stale_ = false;
 };
 
 }  // namespace tallyfold::desktop

@@ -1,5 +1,6 @@
 #include "desktop/tabs/register_page.h"
 
+#include <QHeaderView>
 #include <QPushButton>
 #include <QVBoxLayout>
 #include <utility>
@@ -129,6 +130,7 @@ void RegisterPage::Show() {
   locked_->setVisible(account == nullptr && (has_accounts || (!is_open && has_loaded)));
   // Over a locked application its password is being asked for.
   unlock_->setVisible(is_open);
+  table_->horizontalHeader()->setVisible(is_open);
   hidden_->setVisible(shown == 0 && all > 0);
   if (shown == 0 && all > 0) hidden_->Tell(QString(), ToQString(parts_.shown.State().hidden_text));
   ShowDetails();
