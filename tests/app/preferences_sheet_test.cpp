@@ -26,9 +26,16 @@ struct SheetTest : testing::Test, TestApplication, PreferencesSheet::Host, Windo
   std::string log;
   Announcer announcer;
   WindowHooksSlot window;
-  PreferencesSheet sheet{
-      *this,        app.desk(), app.ledger(), app.accountsStore(), app.balanceField(), window,
-      app.sheets(), loop,       announcer};
+  PreferencesSheet sheet{*this,
+                         app.desk(),
+                         app.ledger(),
+                         app.accountsStore(),
+                         app.balanceField(),
+                         window,
+                         app.sheets(),
+                         speech,
+                         loop,
+                         announcer};
 };
 
 TEST_F(SheetTest, AsksForEverythingAnewOnceTheSettingsAreInForce) {

@@ -232,6 +232,7 @@ class Script final : public Terminal {
 
   [[nodiscard]] bool ReadsFromPerson() const override { return false; }
   [[nodiscard]] bool WritesToPerson() const override { return false; }
+  [[nodiscard]] std::size_t Width() const override { return 0; }
   std::optional<std::string> ReadLine(std::string_view) override {
     while (lines_.empty()) {
       if (step_ > 0) saved.push_back(files_.Content(TestWindow::kAccountsFile).value_or(""));
@@ -243,11 +244,16 @@ class Script final : public Terminal {
     lines_.erase(lines_.begin());
     return line;
   }
+  std::optional<std::string> ReadCommand(std::string_view prompt, const LineAids&) override {
+    return ReadLine(prompt);
+  }
   std::optional<std::string> ReadSecret(std::string_view prompt) override {
     return ReadLine(prompt);
   }
   void Write(std::string_view) override {}
   void WriteError(std::string_view text) override { errors += text; }
+  void WriteMeanwhile(std::string_view) override {}
+  [[nodiscard]] bool HasLostOutput() const override { return false; }
 
   std::vector<std::string> saved;
   std::string errors;

@@ -1,6 +1,6 @@
 // Pictures of the window in its states, to be looked at: tallyfold_desktop_shots FOLDER [dark].
-// Another scale by QT_SCALE_FACTOR, longer texts by a word "long", right to left by "rtl", a style of
-// the platform's own by "foreign", only pictures whose names begin so by "only=NAME".
+// Another scale by QT_SCALE_FACTOR, longer texts by a word "long", right to left by "rtl", a style
+// of the platform's own by "foreign", only pictures whose names begin so by "only=NAME".
 
 #include <QAbstractItemView>
 #include <QAction>
