@@ -9,8 +9,11 @@
 #include "desktop/texts.h"
 
 namespace tallyfold::desktop {
+namespace {
 
 using Align = CellLook::Align;
+
+}  // namespace
 
 QLabel* MakeCaption(const QString& text, QWidget* parent) {
   auto* label = new QLabel(text, parent);
