@@ -59,7 +59,7 @@ ApplicationParts::ApplicationParts(const Services& services)
       import(shell_answers, desk, ledger, editing, speaker, modal, services.files,
              services.encodings, sheets, announcer),
       import_command(desk, ledger, sheets, tabs, summary_tab, speaker, import, services.encodings,
-                     modal, idle, refresh, announcer),
+                     modal, idle, refresh, announcer, services.files, modal),
       lifecycle(shell_answers, {data_lock, window, updates, preferences, accounts,
                                 services.notifications, drawer, idle, lock, selection, refresh,
                                 services.host, saving, text_editing, speaker, recovery}) {

@@ -41,13 +41,12 @@ std::pair<SwapPopUp, std::int32_t> ReadSwap(std::string_view text) {
   return {source->second, destination->second};
 }
 
-// The first account of a file by that name, or all of them together.
+}  // namespace
+
 std::int32_t AccountItem(const std::vector<PopUpItem>& items, std::string_view name) {
   if (name == "all") return static_cast<std::int32_t>(items.size()) - 1;
   return ItemTitled(items, name, "account");
 }
-
-}  // namespace
 
 std::int32_t DateFormatNamed(const std::vector<PopUpItem>& items, std::string_view text) {
   if (const auto tag = QifDateFormatTag(text)) return IndexOfItemTagged(items, *tag);
@@ -79,6 +78,12 @@ std::int32_t EncodingNamed(const std::vector<PopUpItem>& items, std::string_view
   throw CommandError("encoding: expected one of " + choices + ", not " + Quoted(text));
 }
 
+bool ReadZero(std::string_view text) {
+  if (text == "deposit") return true;
+  if (text == "debit") return false;
+  throw CommandError("zero: expected deposit or debit, not " + Quoted(text));
+}
+
 ImportChoices ReadImportChoices(const QifImportOptionsState& shown, const Arguments& arguments) {
   ImportChoices choices{shown.typed, {}, {}};
   auto& typed = choices.typed;
@@ -91,10 +96,7 @@ ImportChoices ReadImportChoices(const QifImportOptionsState& shown, const Argume
   SetIfGiven(typed.decimal_separator, arguments.Text("decimal"));
   SetIfGiven(typed.thousands_separator, arguments.Text("thousands"));
   if (const auto zero = arguments.Text("zero")) {
-    if (*zero != "deposit" && *zero != "debit") {
-      throw CommandError("zero: expected deposit or debit, not " + Quoted(*zero));
-    }
-    typed.zero_amounts_as_deposits = *zero == "deposit";
+    typed.zero_amounts_as_deposits = ReadZero(*zero);
   }
   SetIfGiven(typed.all_types, arguments.YesNo("types"));
   SetIfGiven(typed.split_line_items, arguments.YesNo("splits"));

@@ -22,6 +22,12 @@ namespace tallyfold::console {
 [[nodiscard]] std::int32_t EncodingNamed(const std::vector<PopUpItem>& items,
                                          std::string_view text);
 
+// The first account of a file by that name, or all of them together.
+[[nodiscard]] std::int32_t AccountItem(const std::vector<PopUpItem>& items, std::string_view name);
+
+// Whether an amount of nothing is a deposit: "deposit" or "debit".
+[[nodiscard]] bool ReadZero(std::string_view text);
+
 // What was typed for the options sheet of an import.
 struct ImportChoices {
   QifImportOptionsState::Typed typed;

@@ -13,6 +13,7 @@
 #include "console/printer.h"
 #include "console/review_figures.h"
 #include "console/review_table.h"
+#include "console/statement_options.h"
 #include "console/table.h"
 #include "console/values.h"
 #include "model/account.h"
@@ -34,7 +35,9 @@ void Import(Console& console, const Arguments& arguments) {
   const std::string path = AbsolutePath(console.files, arguments.WordAt(0));
   if (console.files.IsFolder(path)) throw CommandError(path + " is a folder");
   if (!console.files.Exists(path)) throw CommandError("there is no file " + path);
+  const bool is_statement = controller.importCommand().IsStatement(path);
   console.panels.Expect(path, [&] {
+    if (is_statement) return;
     if (const auto encoding = arguments.Text("encoding")) {
       auto& menu = controller.importCommand().Encodings();
       menu.setEncoding(EncodingNamed(menu.items(), *encoding));
@@ -44,11 +47,16 @@ void Import(Console& console, const Arguments& arguments) {
   if (const std::string problem = console.panels.TakeProblem(); !problem.empty()) {
     throw CommandError(problem);
   }
+  if (controller.importCommand().HasRefused()) throw CommandError("the file cannot be imported");
   if (!has_begun) throw CommandError("nothing can be imported now");
-  ConfirmImportOptions(
-      console, ReadImportChoices(controller.sharedQIFImportController().Options(), arguments));
-  ShowReviewFigures(console);
   auto& import = controller.sharedQIFImportController();
+  if (import.IsStatement()) {
+    ConfirmStatementOptions(console, ReadStatementChoices(import.StatementOptions(), arguments));
+  } else {
+    RefuseStatementOptions(arguments);
+    ConfirmImportOptions(console, ReadImportChoices(import.Options(), arguments));
+  }
+  ShowReviewFigures(console);
   // Entries of other accounts of the file are a choice away.
   if (import.IsReviewing() && import.entries().empty() && import.Review().hints.elsewhere == 0) {
     import.import_Cancel_Button();
@@ -56,8 +64,26 @@ void Import(Console& console, const Arguments& arguments) {
   }
 }
 
+// What cannot be taken leaves the review as it was read before.
+void GoBackOfStatement(Console& console, const Arguments& arguments) {
+  auto& import = OpenReview(console);
+  const auto choices = ReadStatementChoices(import.StatementOptions(), arguments);
+  const auto before = import.StatementOptions().typed;
+  if (!import.import_GoBack_Button()) throw CommandError("the review cannot be left now");
+  try {
+    ConfirmStatementOptions(console, choices);
+  } catch (const CommandError&) {
+    import.StatementOptions_Read(before);
+    static_cast<void>(import.ImportOptions_OK());
+    throw;
+  }
+  ShowReviewFigures(console);
+}
+
 void GoBack(Console& console, const Arguments& arguments) {
   auto& import = OpenReview(console);
+  if (import.IsStatement()) return GoBackOfStatement(console, arguments);
+  RefuseStatementOptions(arguments);
   ImportChoices choices = ReadImportChoices(import.Options(), arguments);
   if (const auto encoding = arguments.Text("encoding")) {
     choices.encoding =
@@ -136,8 +162,44 @@ void Resolve(Console& console, const Arguments& arguments) {
   ShowReviewedEntries(console, entries);
 }
 
-void CommitReview(Console& console, const Arguments& /*arguments*/) {
+// What has nothing to be matched with is passed over where all are named.
+void SetMatched(const Console& console, const Arguments& arguments, bool matched) {
   auto& import = OpenReview(console);
+  if (NamesAll(arguments)) {
+    for (const auto& entry : import.entries()) import.Match(entry, matched);
+    return ShowReviewFigures(console);
+  }
+  const auto entries = EntriesNamed(console, arguments);
+  QifImportEntryList done;
+  for (const auto& entry : entries) {
+    if ((entry->GetMatched() != nullptr) == matched) continue;
+    if (import.Match(entry, matched)) {
+      done.push_back(entry);
+      continue;
+    }
+    for (const auto& each : done) import.Match(each, false);
+    throw CommandError("row " + WriteNumber(import.PlaceOf(*entry)) +
+                       ": no entry of the account that is free has its amount within four days");
+  }
+  ShowReviewedEntries(console, entries);
+}
+
+void Match(Console& console, const Arguments& arguments) {
+  SetMatched(console, arguments, true);
+}
+
+void Unmatch(Console& console, const Arguments& arguments) {
+  SetMatched(console, arguments, false);
+}
+
+void CommitReview(Console& console, const Arguments& arguments) {
+  auto& import = OpenReview(console);
+  const bool takes_balance = arguments.YesNo("statement").value_or(false);
+  if (takes_balance && !import.Review().balance) {
+    throw CommandError("statement: the file has no balance to take over");
+  }
+  import.Import_TakeBalance(takes_balance);
+  const std::size_t matched = import.Review().matched_count;
   const auto account = SelectedAccount(console);
   const auto entry_count = account->GetEntries().size();
   const auto type_count = account->GetTypes().size();
@@ -149,6 +211,8 @@ void CommitReview(Console& console, const Arguments& /*arguments*/) {
   };
   add("entries", entry_count, account->GetEntries().size());
   add("types", type_count, account->GetTypes().size());
+  if (matched > 0) add("matched entries", 0, matched);
+  if (takes_balance) table.Add({"statement balance", WriteAmount(account->statementBalance())});
   if (undated > 0) add("entries without a date that can be read", 0, undated);
   console.printer.Show(table);
   const std::string& offer = console.controller.transferLinking().State().offer_text;
@@ -169,6 +233,30 @@ constexpr Option kFormat = {
     .name = "format", .value = "FORMAT", .help = "of the dates, such as MM/DD/YY"};
 constexpr Option kDecimal = {
     .name = "decimal", .value = "TEXT", .help = "what stands before the cents, such as ."};
+constexpr Option kColumn = {.name = "column",
+                            .value = "NUMBER:FIELD|auto",
+                            .help = "what a column of a table holds, such as 3:amount",
+                            .is_repeatable = true};
+constexpr Option kDelimiter = {.name = "delimiter",
+                               .value = "CHARACTER|auto",
+                               .help = "what parts the cells of a table: ; , tab or bar"};
+constexpr Option kHeading = {
+    .name = "heading", .value = "yes|no|auto", .help = "whether a table has headings"};
+constexpr Option kOrder = {
+    .name = "order", .value = "dmy|mdy|ymd|ydm|auto", .help = "of day, month and year in a table"};
+constexpr Option kFees = {
+    .name = "fees", .value = "yes|no|auto", .help = "whether fees come off the amounts of a table"};
+constexpr Option kSpending = {.name = "spending",
+                              .value = "positive|negative|auto",
+                              .help = "the sign of money spent in a table, such as a card's"};
+constexpr Option kReversals = {.name = "reversals",
+                               .value = "marked|turned|auto",
+                               .help = "whether a reversal of a CAMT file turns its sign"};
+constexpr Option kSuggest = {.name = "suggest",
+                             .value = "yes|no",
+                             .help =
+                                 "whether entries of a bank's file get the type that their "
+                                 "payee had last"};
 constexpr Option kThousands = {
     .name = "thousands", .value = "TEXT", .help = "what parts thousands, such as ,"};
 constexpr Option kSwap = {.name = "swap",
@@ -182,8 +270,14 @@ constexpr Option kTypes = {
 constexpr Option kSplits = {
     .name = "splits", .value = "yes|no", .help = "whether the lines of splits come in"};
 
-constexpr Option kImportOptions[] = {kEncoding, kAccount, kFormat, kDecimal, kThousands,
-                                     kSwap,     kZero,    kTypes,  kSplits};
+constexpr Option kImportOptions[] = {
+    kEncoding, kAccount,   kFormat,  kDecimal, kThousands, kSwap,     kZero,      kTypes,  kSplits,
+    kColumn,   kDelimiter, kHeading, kOrder,   kFees,      kSpending, kReversals, kSuggest};
+
+constexpr Option kCommitReviewOptions[] = {
+    {.name = "statement",
+     .value = "yes|no",
+     .help = "whether the balance of the file becomes the statement balance; no at first"}};
 
 constexpr Command kImportCommands[] = {
     {.name = "import",
@@ -191,7 +285,7 @@ constexpr Command kImportCommands[] = {
      .least_words = 1,
      .most_words = 1,
      .options = kImportOptions,
-     .help = "reads a QIF file and opens the review of what would be imported",
+     .help = "reads a QIF, OFX, CAMT or CSV file and opens the review of what would be imported",
      .example = "import examples/household.qif",
      .run = Import},
     {.name = "review",
@@ -231,6 +325,22 @@ constexpr Command kImportCommands[] = {
      .example = "resolve 2",
      .run = Resolve,
      .works_in_review = true},
+    {.name = "match",
+     .words = "ROW...|all",
+     .least_words = 1,
+     .most_words = 100,
+     .help = "takes entries of the account for those under review: they get the cleared mark",
+     .example = "match 2",
+     .run = Match,
+     .works_in_review = true},
+    {.name = "unmatch",
+     .words = "ROW...|all",
+     .least_words = 1,
+     .most_words = 100,
+     .help = "takes what was matched back",
+     .example = "unmatch 2",
+     .run = Unmatch,
+     .works_in_review = true},
     {.name = "back",
      .options = kImportOptions,
      .help = "reads the file again with other options; what was done in the review is lost",
@@ -238,8 +348,9 @@ constexpr Command kImportCommands[] = {
      .run = GoBack,
      .works_in_review = true},
     {.name = "commit",
+     .options = kCommitReviewOptions,
      .help = "adds the marked entries, and the types they need, to the selected account",
-     .example = "commit",
+     .example = "commit statement=yes",
      .run = CommitReview,
      .works_in_review = true},
     {.name = "cancel",

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cstddef>
+#include <cstdint>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -9,6 +10,7 @@
 #include "app/controller.h"
 #include "app/exchange/qif_import_controller.h"
 #include "console/printer.h"
+#include "console/statement_figures.h"
 #include "console/table.h"
 #include "console/values.h"
 #include "console/words.h"
@@ -84,6 +86,10 @@ void AddSettings(Table& table, const QifImportOptionsState& options) {
                              : options.encoding + ", as it is no " + options.refused_encoding});
 }
 
+const std::string& ChosenTitle(const std::vector<PopUpItem>& items, std::int32_t index) {
+  return items[static_cast<std::size_t>(index)].title;
+}
+
 // --- What was found -----------------------------------------------------------------------------
 
 void AddFacts(Table& table, const ImportHints& hints) {
@@ -126,9 +132,7 @@ void AddChoices(Table& table, const char* what, const std::vector<std::string>& 
   table.Add({what, joined.empty() ? "none" : joined});
 }
 
-void AddRemedies(Table& table, const QifImportReviewState& review,
-                 const QifImportOptionsState& options) {
-  const ImportHints& hints = review.hints;
+void AddRemedies(Table& table, const ImportHints& hints, const QifImportOptionsState& options) {
   if (hints.Needs(ImportRemedy::DateFormat)) {
     std::vector<std::string> formats;
     for (const auto& each : hints.fitting_formats) {
@@ -153,7 +157,6 @@ void AddRemedies(Table& table, const QifImportReviewState& review,
   if (hints.Needs(ImportRemedy::Encoding)) {
     table.Add({"to read the text in another way", "back encoding=NAME"});
   }
-  if (review.marked_undated > 0) table.Add({"to leave out what has no date", "unmark undated"});
 }
 
 }  // namespace
@@ -166,11 +169,18 @@ void ShowReviewFigures(const Console& console) {
   if (const std::string_view problem = TextOf(review.hints.problem); !problem.empty()) {
     table.Add({"problem", std::string(problem)});
   }
-  table.Add(
-      {"account in the file",
-       FromFile(options.account_items[static_cast<std::size_t>(options.typed.account)].title)});
-  AddSettings(table, options);
+  const std::string& account = import.IsStatement()
+                                   ? ChosenTitle(import.StatementOptions().account_items,
+                                                 import.StatementOptions().typed.account)
+                                   : ChosenTitle(options.account_items, options.typed.account);
+  table.Add({"account in the file", FromFile(account)});
+  if (import.IsStatement()) {
+    AddStatementSettings(table, import.StatementOptions());
+  } else {
+    AddSettings(table, options);
+  }
   table.Add({"marked", CountOf(review.marked_count) + " of " + CountOf(review.entry_count)});
+  if (review.matched_count > 0) table.Add({"matched", CountOf(review.matched_count)});
   table.Add({"total", WriteAmount(review.total)});
   if (!import.types().empty()) {
     table.Add({"new types", Joined(import.types(), [](const auto& type) {
@@ -180,7 +190,12 @@ void ShowReviewFigures(const Console& console) {
   }
   AddFacts(table, review.hints);
   AddDoubts(table, review.hints);
-  AddRemedies(table, review, options);
+  if (import.IsStatement()) {
+    AddStatementFacts(table, import.StatementOptions(), review);
+  } else {
+    AddRemedies(table, review.hints, options);
+  }
+  if (review.marked_undated > 0) table.Add({"to leave out what has no date", "unmark undated"});
   console.printer.Show(table);
 }
 

@@ -43,6 +43,16 @@ std::string MatchText(const QifMatch& match) {
          WriteNumber(match.in_account) + " in the account";
 }
 
+std::string AccountText(const LDGRQIFImportController& import, const LDGRQIFImportEntry& entry) {
+  if (entry.GetMatched() != nullptr) {
+    return "matched with " + WriteNumber(entry.GetMatched()->GetNumber());
+  }
+  const auto match = import.MatchOf(entry);
+  std::string text(TextOf(entry.GetUnmarkedReason()));
+  if (match) text += (text.empty() ? "" : "; ") + MatchText(*match);
+  return text;
+}
+
 }  // namespace
 
 std::shared_ptr<LDGRQIFImportEntry> ReviewedEntryNamed(const Console& console,
@@ -76,8 +86,7 @@ void ShowReviewedEntries(const Console& console, const QifImportEntryList& entri
     std::vector<std::string> cells = {WriteNumber(import.PlaceOf(*entry))};
     kShown.AddTo(cells,
                  [&](std::string_view column) { return CellOfReviewed(*entry, column, format); });
-    const auto match = import.MatchOf(*entry);
-    cells.push_back(match ? MatchText(*match) : "");
+    cells.push_back(AccountText(import, *entry));
     table.Add(std::move(cells));
   }
   console.printer.Show(table);

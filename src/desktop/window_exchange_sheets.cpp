@@ -2,6 +2,7 @@
 #include "app/desk.h"
 #include "desktop/sheets/import_options_sheet.h"
 #include "desktop/sheets/sheet_host.h"
+#include "desktop/sheets/statement_sheet.h"
 #include "desktop/sheets/summary_options_sheet.h"
 #include "desktop/tabs/summary_page.h"
 #include "desktop/window_sheets.h"
@@ -9,8 +10,10 @@
 namespace tallyfold::desktop {
 
 void SetUpExchangeSheets(SheetHost& host, LDGRController& app) {
-  host.Set(Sheet::ImportOptions, [&app](QWidget* window) {
-    return new ImportOptionsSheet(app.sharedQIFImportController(), window);
+  host.Set(Sheet::ImportOptions, [&app](QWidget* window) -> SheetDialog* {
+    auto& import = app.sharedQIFImportController();
+    if (import.IsStatement()) return new StatementSheet(import, window);
+    return new ImportOptionsSheet(import, window);
   });
   host.Set(Sheet::AccountSummary, [&app](QWidget* window) {
     return new SummaryOptionsSheet(

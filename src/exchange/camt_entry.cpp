@@ -121,7 +121,9 @@ void Settle(ReversalSign choice, const std::vector<std::size_t>& reversals,
       question.rows = reversals.size();
       question.sample = FirstOf(row.to_from, row.description);
       const double amount = row.amount.value_or(0.0);
-      question.candidates = {{0, FixedAmountString(amount)}, {1, FixedAmountString(-amount)}};
+      question.candidates = {
+          {static_cast<std::int64_t>(ReversalSign::AsMarked), FixedAmountString(amount)},
+          {static_cast<std::int64_t>(ReversalSign::Turned), FixedAmountString(-amount)}};
       questions.push_back(std::move(question));
     }
   }

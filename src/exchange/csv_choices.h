@@ -40,7 +40,8 @@ struct CsvReading {
   // Everything has a value, as chosen or found out. `columns` has one for each column.
   CsvChoices choices;
   std::vector<std::string> headings;  // empty without a heading
-  // The cells of the first rows of entries as the file has them.
+  // The cells of the first rows of entries as the file has them; of the first rows where days or
+  // amounts lack.
   std::vector<std::vector<std::string>> first_rows;
   // Tells the heading from those of other files; see HeadingDigest().
   std::string digest;

@@ -51,6 +51,9 @@ class CsvReader {
     account_ = &file_.accounts.emplace_back();
     if (reading_.lacks_days || reading_.lacks_amounts) {
       reading_.other_lines = rows_.size() - (heading_ ? 1 : 0);
+      const std::size_t first = heading_ ? *heading_ + 1 : 0;
+      const std::size_t end = std::min(rows_.size(), first + CsvReading::kMostFirstRows);
+      for (std::size_t row = first; row < end; ++row) TakeFirstRow(row);
       return std::move(reading_);
     }
     LongOperation operation(LongWork::Parsing, rows_.size() * 2);

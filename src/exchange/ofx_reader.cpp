@@ -129,10 +129,6 @@ class HashSet {
     ++count_;
     return true;
   }
-  void Clear() noexcept {
-    slots_.clear();
-    count_ = 0;
-  }
 
  private:
   static constexpr std::size_t kEmpty = 0;
@@ -181,8 +177,6 @@ class OfxReader {
       case Tag::CardStatement:
         account_ = &file_.accounts.emplace_back();
         account_->is_card = tag == Tag::CardStatement;
-        identifiers_.Clear();
-        rows_.Clear();
         break;
       case Tag::Investments:
         account_ = nullptr;
@@ -338,7 +332,10 @@ class OfxReader {
   void CompareWithEarlier(StatementRow& row) {
     if (identifier_.empty()) return;
     const std::hash<std::string_view> text;
-    std::size_t sum = text(identifier_);
+    // An account may have several statements in a file.
+    const std::size_t account =
+        account_->name.empty() ? file_.accounts.size() : text(account_->name);
+    std::size_t sum = MixedHash(text(identifier_), account);
     const bool is_new = identifiers_.Insert(sum);
     sum = MixedHash(sum, static_cast<std::size_t>(row.day.value_or(0)));
     sum = MixedHash(sum, std::hash<double>()(row.amount.value_or(0.0)));
@@ -364,7 +361,7 @@ class OfxReader {
   std::string day_text_;
   std::string amount_text_;
   std::string currency_;
-  // Of the account being read.
+  // Of all accounts.
   HashSet identifiers_;
   HashSet rows_;
 };

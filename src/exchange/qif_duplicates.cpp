@@ -16,8 +16,6 @@ namespace {
 
 using Reason = QifMatch::Reason;
 
-constexpr std::int64_t kNearDays = 4;
-
 // A larger group is looked up by keys.
 constexpr std::uint32_t kSmallGroup = 16;
 constexpr std::array kReasons = {Reason::CheckNumber, Reason::ToFrom, Reason::Description};

@@ -104,6 +104,9 @@ class QifDuplicates {
   std::unordered_map<std::uint64_t, std::uint32_t> in_file_;
 };
 
+// Entries further apart are not taken for one payment.
+inline constexpr std::int64_t kNearDays = 4;
+
 // Finds entries of the same amount within four days. A hint, no more: it decides nothing.
 class QifNearMatches {
  public:

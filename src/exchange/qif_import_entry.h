@@ -6,6 +6,7 @@
 #include <utility>
 #include <vector>
 
+#include "exchange/unmarked_reason.h"
 #include "model/account_entry.h"
 #include "model/entry_type.h"
 
@@ -26,6 +27,15 @@ class LDGRQIFImportEntry final : public LDGRAccountEntry {
   // When it was marked for import, beside the others; kept by the review.
   void SetImportOrder(std::size_t order) noexcept { import_order_ = order; }
   [[nodiscard]] std::size_t GetImportOrder() const noexcept { return import_order_; }
+  // The entry of the account that gets the cleared mark in its place; null where it is not matched.
+  // Kept by the review.
+  void SetMatched(std::shared_ptr<LDGRAccountEntry> entry) noexcept { matched_ = std::move(entry); }
+  [[nodiscard]] const std::shared_ptr<LDGRAccountEntry>& GetMatched() const noexcept {
+    return matched_;
+  }
+  // Why its file left it unmarked.
+  void SetUnmarkedReason(UnmarkedReason reason) noexcept { unmarked_reason_ = reason; }
+  [[nodiscard]] UnmarkedReason GetUnmarkedReason() const noexcept { return unmarked_reason_; }
 
   // As any entry, with the name of the actual type.
   [[nodiscard]] std::string asSpeakableString() const;
@@ -41,7 +51,9 @@ class LDGRQIFImportEntry final : public LDGRAccountEntry {
 
  private:
   std::shared_ptr<LDGRAccountEntryType> actual_type_;
+  std::shared_ptr<LDGRAccountEntry> matched_;
   bool import_ = true;
+  UnmarkedReason unmarked_reason_ = UnmarkedReason::None;
   std::size_t import_order_ = 0;
 };
 

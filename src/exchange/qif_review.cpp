@@ -143,6 +143,7 @@ void QifReview::SetMarked(const std::shared_ptr<LDGRQIFImportEntry>& entry, bool
     --marked_count_;
     return;
   }
+  Free(*entry);
   ++marked_count_;
   entry->SetImportOrder(next_order_++);
 }
@@ -154,6 +155,7 @@ void QifReview::Toggle(const std::shared_ptr<LDGRQIFImportEntry>& entry) {
 void QifReview::MarkAll() {
   next_order_ = 0;
   for (const auto& entry : entries_) {
+    Free(*entry);
     entry->SetImport(true);
     entry->SetImportOrder(next_order_++);
   }
@@ -176,11 +178,50 @@ void QifReview::Remove(const LDGRQIFImportEntry* entry) {
                                   [entry](const auto& each) { return each.get() == entry; });
   if (found == entries_.end()) return;
   ForgetMatches();
+  Free(**found);
   SetMarked(*found, false);
   entries_.erase(found);
 }
 
+// --- Matching -----------------------------------------------------------------------------------
+
+std::shared_ptr<LDGRAccountEntry> QifReview::MatchFor(const LDGRQIFImportEntry& entry) const {
+  if (entry.GetMatched() != nullptr) return entry.GetMatched();
+  const auto match = MatchOf(entry);
+  if (!match) return nullptr;
+  if (!choice_) choice_.emplace(existing_);
+  return choice_->Find(entry, match->entry);
+}
+
+bool QifReview::Match(const std::shared_ptr<LDGRQIFImportEntry>& entry) {
+  auto found = MatchFor(*entry);
+  if (found == nullptr) return false;
+  if (entry->GetMatched() != nullptr) return true;
+  SetMarked(entry, false);
+  choice_->Take(found.get());
+  entry->SetMatched(std::move(found));
+  ++matched_count_;
+  return true;
+}
+
+void QifReview::Unmatch(const std::shared_ptr<LDGRQIFImportEntry>& entry) {
+  if (entry->GetMatched() == nullptr) return;
+  Free(*entry);
+  const auto match = MatchOf(*entry);
+  const bool repeats = match && match->reason != QifMatch::Reason::NearDate;
+  if (!repeats && entry->GetUnmarkedReason() == UnmarkedReason::None) SetMarked(entry, true);
+}
+
+void QifReview::Free(LDGRQIFImportEntry& entry) {
+  if (entry.GetMatched() == nullptr) return;
+  choice_->Release(entry.GetMatched().get());
+  entry.SetMatched(nullptr);
+  --matched_count_;
+}
+
 void QifReview::Import_DoNotImportPotentialDuplicates(const LDGRAccount& account) {
+  for (const auto& entry : entries_) Free(*entry);
+  choice_.reset();
   existing_ = account.GetEntries();
   near_.reset();
   duplicates_.emplace(existing_, entries_);
@@ -206,6 +247,11 @@ void QifReview::Commit(Change& change, const std::shared_ptr<LDGRAccount>& accou
   std::unordered_set<std::int32_t> used;
   EntryList added;
   added.reserve(marked_count_);
+  for (const auto& entry : entries_) {
+    const auto& matched = entry->GetMatched();
+    if (matched == nullptr || matched->GetCleared()) continue;
+    change.Edit(account, matched).SetCleared(true);
+  }
   for (const auto& entry : entriesToImport()) {
     entry->SetNumber(change.NextNumber(account));
     used.insert(entry->GetType());

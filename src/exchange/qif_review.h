@@ -5,6 +5,7 @@
 #include <optional>
 #include <vector>
 
+#include "exchange/match_choice.h"
 #include "exchange/qif_duplicates.h"
 #include "exchange/qif_entry.h"
 #include "exchange/qif_import_entry.h"
@@ -38,7 +39,12 @@ class QifReview {
   // The sum of the marked entries.
   [[nodiscard]] double Total() const noexcept;
 
-  // Marks an unmarked entry, unmarks a marked one.
+  // How many entries are matched: instead of one of them, that of the account which it repeats gets
+  // the cleared mark.
+  [[nodiscard]] std::size_t MatchedCount() const noexcept { return matched_count_; }
+
+  // Marks an unmarked entry, unmarks a marked one. A matched entry that gets marked is matched no
+  // longer.
   void Toggle(const std::shared_ptr<LDGRQIFImportEntry>& entry);
   void SetMarked(const std::shared_ptr<LDGRQIFImportEntry>& entry, bool marked);
   // Unmarks all when all are marked, else marks all in the order of the review.
@@ -46,9 +52,18 @@ class QifReview {
   void MarkAll();
   // Unmarks every entry of day 0.
   void UnmarkUndated();
+  // The entry of the account that Match() would take, or has taken; null for none.
+  [[nodiscard]] std::shared_ptr<LDGRAccountEntry> MatchFor(const LDGRQIFImportEntry& entry) const;
+  // Matches the entry with what MatchOf() finds, or where another entry of the review has that,
+  // with the nearest that is free; the entry is unmarked. False when there is none.
+  bool Match(const std::shared_ptr<LDGRQIFImportEntry>& entry);
+  // The entry is marked again, unless the account seems to hold it already or the file left it
+  // unmarked. Nothing when it is not matched.
+  void Unmatch(const std::shared_ptr<LDGRQIFImportEntry>& entry);
+
   // Takes the entry out of the review; nothing when it is not in it.
   void Remove(const LDGRQIFImportEntry* entry);
-  // Unmarks every entry that the account seems to hold already.
+  // Unmarks every entry that the account seems to hold already. None is matched any longer.
   void Import_DoNotImportPotentialDuplicates(const LDGRAccount& account);
   // An entry has been edited: matches are looked for again. No mark changes.
   void ForgetMatches() noexcept {
@@ -63,19 +78,23 @@ class QifReview {
 
   // Adds copies of the marked entries, each with the account's next number, and the new types: all
   // of them when `with_all_types` or when nothing is marked, else those that marked entries use.
+  // What entries are matched with gets its cleared mark and nothing else.
   void Commit(Change& change, const std::shared_ptr<LDGRAccount>& account, bool with_all_types);
 
  private:
+  void Free(LDGRQIFImportEntry& entry);
   void MakeTypes(const std::vector<QifType>& read, const LDGRAccount& account);
   void MakeEntries(const QifEntryList& read, LDGRAccount& account);
 
   QifImportEntryList entries_;
   std::size_t marked_count_ = 0;
+  std::size_t matched_count_ = 0;
   std::size_t next_order_ = 0;
   EntryTypeList types_;
-  // Both made when first asked for.
+  // Made when first asked for.
   mutable std::optional<QifDuplicates> duplicates_;
   mutable std::optional<QifNearMatches> near_;
+  mutable std::optional<MatchChoice> choice_;
   mutable bool is_counted_ = false;
   EntryList existing_;
 };

@@ -10,6 +10,7 @@
 #include "exchange/csv_choices.h"
 #include "exchange/import_content.h"
 #include "exchange/import_hints.h"
+#include "exchange/unmarked_reason.h"
 #include "model/date_number.h"
 #include "platform/text_encodings.h"
 
@@ -18,17 +19,6 @@ namespace tallyfold {
 // What the readers of banks' files hand to the review: accounts with rows, what of them is doubtful
 // or proven, and the questions that only the user can answer. It is the same for every kind of
 // file; nothing of an account of ours has been looked at yet.
-
-// Why a row starts unmarked.
-enum class UnmarkedReason : std::uint8_t {
-  None,             // it starts marked, unless the account holds it already
-  Repeated,         // an earlier row has its identifier, day, amount and text
-  ForeignCurrency,  // its amount is in another currency than the statement's
-  Pending,          // the file says that the bank has not booked it
-};
-
-// The English key of what a reason is; "" for none.
-[[nodiscard]] std::string_view TextOf(UnmarkedReason reason) noexcept;
 
 struct StatementRow {
   // None for a day that is missing or cannot be read, which `doubts` tells apart.
@@ -100,7 +90,7 @@ struct StatementQuestion {
   };
   Kind kind = Kind::DayOrder;
   // What can be chosen: the number of the choice (a DayOrder, a TextEncoding, a character, a
-  // column, 0 or 1) and the sample as it would be read.
+  // column, a ReversalSign, 0 or 1) and the sample as it would be read.
   struct Candidate {
     std::int64_t value = 0;
     std::string reading;

@@ -67,6 +67,7 @@ std::shared_ptr<LDGRQIFImportEntry> EntryOfRow(const StatementRow& row, bool zer
   if (row.check_number) entry->SetCheckNumber(*row.check_number);
   entry->SetIsCheck(!is_deposit && row.check_number.has_value());
   entry->SetImport(row.unmarked == UnmarkedReason::None);
+  entry->SetUnmarkedReason(row.unmarked);
   return entry;
 }
 

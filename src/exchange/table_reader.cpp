@@ -20,17 +20,25 @@ bool IsLineEnd(char character) noexcept {
 // The first place from `place` on that has `mark` or a line end; the text's end for none.
 std::size_t FindMark(std::string_view text, std::size_t place, char mark) noexcept {
   if constexpr (std::endian::native == std::endian::little) {
-    // Eight bytes at a time: the lowest high bit is that of the first byte that is 0.
+    // Eight bytes at a time: the lowest high bit is that of the first byte that is 0, or below the
+    // one behind the line ends. Of such the others are rare.
     constexpr std::uint64_t kOnes = 0x0101010101010101U;
     constexpr std::uint64_t kHighBits = 0x8080808080808080U;
-    const auto zeros = [](std::uint64_t word) { return (word - kOnes) & ~word & kHighBits; };
+    const auto below = [](std::uint64_t word, std::uint64_t limit) {
+      return (word - kOnes * limit) & ~word & kHighBits;
+    };
     const std::uint64_t marks = kOnes * static_cast<unsigned char>(mark);
-    for (; place + 8 <= text.size(); place += 8) {
+    while (place + 8 <= text.size()) {
       std::uint64_t word = 0;
       std::memcpy(&word, text.data() + place, sizeof word);
-      const std::uint64_t found =
-          zeros(word ^ marks) | zeros(word ^ (kOnes * '\n')) | zeros(word ^ (kOnes * '\r'));
-      if (found != 0) return place + static_cast<std::size_t>(std::countr_zero(found)) / 8;
+      const std::uint64_t found = below(word ^ marks, 1) | below(word, '\r' + 1);
+      if (found == 0) {
+        place += 8;
+        continue;
+      }
+      place += static_cast<std::size_t>(std::countr_zero(found)) / 8;
+      if (text[place] == mark || IsLineEnd(text[place])) return place;
+      ++place;
     }
   }
   while (place < text.size() && text[place] != mark && !IsLineEnd(text[place])) ++place;
@@ -106,6 +114,15 @@ class TableRows::Scan {
       ++start;
     }
     if (start < text_.size() && text_[start] == '"' && !takes_rest) {
+      // Most cells end with their first quote.
+      const std::size_t quote = FindMark(text_, start + 1, '"');
+      const bool is_closed = start + 1 >= open_until_ && quote + 1 < text_.size() &&
+                             text_[quote] == '"' &&
+                             (text_[quote + 1] == delimiter_ || IsLineEnd(text_[quote + 1]));
+      if (is_closed) {
+        place_ = quote + 1;
+        return PlaceOf(start + 1, quote);
+      }
       if (const auto quoted = ReadQuoted(start + 1)) return *quoted;
     }
     const std::size_t end = FindMark(text_, start, takes_rest ? '\n' : delimiter_);

@@ -59,11 +59,36 @@ bool IsTimeBehind(std::string_view text) noexcept {
   return text.find_first_not_of(kOfTimes) == std::string_view::npos;
 }
 
+// Three numbers with one character between them and nothing else, as most columns have them. False,
+// with anything in `written`, for everything that takes a closer look.
+bool ReadPlainDay(std::string_view text, WrittenDay& written) noexcept {
+  constexpr std::size_t kMostDigits = 4;
+  const char* at = text.data();
+  const char* const end = at + text.size();
+  for (std::size_t count = 0; count < 3; ++count) {
+    if (count > 0 && (at == end || (*at != '.' && *at != '/' && *at != '-'))) return false;
+    if (count > 0) ++at;
+    const char* const start = at;
+    std::int32_t number = 0;
+    for (; at != end && IsAsciiDigit(*at); ++at) {
+      if (static_cast<std::size_t>(at - start) == kMostDigits) return false;
+      number = number * 10 + (*at - '0');
+    }
+    if (at == start) return false;
+    written.numbers[count] = number;
+    written.digits[count] = static_cast<std::uint8_t>(at - start);
+  }
+  written.is_day = at == end;
+  return written.is_day;
+}
+
 }  // namespace
 
 WrittenDay ReadWrittenDay(std::string_view text) {
   constexpr std::size_t kLongestWord = 16;
   WrittenDay written;
+  if (ReadPlainDay(text, written)) return written;
+  written = {};
   while (!text.empty() && (text.front() == ' ' || text.front() == '\t')) text.remove_prefix(1);
   written.is_blank = text.empty();
   std::size_t count = 0;

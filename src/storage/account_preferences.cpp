@@ -83,6 +83,25 @@ void ReportUnknownColumn(std::string_view table, std::string_view column, bool i
   if (!is_known) plist::ReportNotTaken(NotTaken::OutOfRange, key);
 }
 
+// Of a choice, beside its identifier; see the header.
+constexpr std::string_view kValue = "value";
+
+bool HoldsChoices(std::string_view table) noexcept {
+  return table.starts_with("import ");
+}
+
+void ReportChoice(const plist::Value& choice, std::string_view list) {
+  if (!choice.IsDictionary()) return plist::ReportNotTaken(NotTaken::WrongKind, list);
+  for (const plist::DictionaryItem& item : choice.DictionaryValue()) {
+    const std::string_view key = item.key();
+    if (key != kIdentifier && key != kValue) {
+      plist::ReportNotTaken(NotTaken::UnknownKey, key);
+    } else if (!item.value().IsString()) {
+      plist::ReportNotTaken(NotTaken::WrongKind, key);
+    }
+  }
+}
+
 void ReportColumn(const plist::Value& column, std::string_view list, std::string_view table) {
   if (!column.IsDictionary()) return plist::ReportNotTaken(NotTaken::WrongKind, list);
   for (const plist::DictionaryItem& item : column.DictionaryValue()) {
@@ -112,7 +131,13 @@ std::optional<plist::Array> StoredColumns(const plist::Dictionary& table, std::s
     return std::nullopt;
   }
   const std::string_view name = table.Get(kIdentifier).StringValue();
-  for (const plist::Value& column : columns.ArrayValue()) ReportColumn(column, key, name);
+  for (const plist::Value& column : columns.ArrayValue()) {
+    if (HoldsChoices(name)) {
+      ReportChoice(column, key);
+    } else {
+      ReportColumn(column, key, name);
+    }
+  }
   return columns.ArrayValue().ShallowCopy();
 }
 
@@ -224,10 +249,13 @@ void LDGRAccountPreferences::SetAccountNumber(std::int32_t number) {
 std::optional<plist::Dictionary> LDGRAccountPreferences::TableWithIdentifier(
     std::optional<std::string_view> identifier) {
   if (!identifier) return std::nullopt;
-  if (auto table = FirstWithIdentifier(dictionary_.Get(kTables).ArrayValue(), *identifier)) {
-    return table;
-  }
+  if (auto table = ExistingTable(*identifier)) return table;
   return NewTableWithIdentifier(*identifier);
+}
+
+std::optional<plist::Dictionary> LDGRAccountPreferences::ExistingTable(
+    std::string_view identifier) const {
+  return FirstWithIdentifier(dictionary_.Get(kTables).ArrayValue(), identifier);
 }
 
 plist::Dictionary LDGRAccountPreferences::NewTableWithIdentifier(std::string_view identifier) {

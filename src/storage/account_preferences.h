@@ -10,12 +10,14 @@
 
 namespace tallyfold {
 
-// How the three tables of one account ("entry", "reconcile", "schedule") were last shown. One
-// dictionary holds everything and is the stored form as well.
+// How the three tables of one account ("entry", "reconcile", "schedule") were last shown, and what
+// was chosen for the tables imported into it: each of those has a table of its own, whose
+// identifier begins with "import " and whose columns are the choices, dictionaries with
+// "identifier" and "value". One dictionary holds everything and is the stored form as well.
 //
-// Every look-up of a table by an identifier makes the table when there is none; only a none
-// identifier finds nothing. Table and column dictionaries are handed out as shared handles:
-// changing one changes the record.
+// Every look-up of a table by an identifier makes the table when there is none, but for
+// ExistingTable(); only a none identifier finds nothing. Table and column dictionaries are handed
+// out as shared handles: changing one changes the record.
 class LDGRAccountPreferences {
  public:
   // No tables, account number -1.
@@ -39,6 +41,8 @@ class LDGRAccountPreferences {
 
   // None for no identifier; otherwise always a table.
   std::optional<plist::Dictionary> TableWithIdentifier(std::optional<std::string_view> identifier);
+  // None where there is no such table.
+  [[nodiscard]] std::optional<plist::Dictionary> ExistingTable(std::string_view identifier) const;
   // Appends a table with no columns, no sort column and no selected row, also beside one of the
   // same identifier.
   plist::Dictionary NewTableWithIdentifier(std::string_view identifier);

@@ -84,6 +84,14 @@ void BeginImport(TestApplication& test) {
   test.app.importCommand().QIFImport();
 }
 
+void BeginStatement(TestApplication& test) {
+  test.files.AddFile("/home/user/bank.csv",
+                     "Date,Payee,Amount,Balance\n2004-03-01,Shop,-5.00,9.00\n"
+                     "2004-03-02,Shop,-2.00,7.00\n2004-03-03,Shop,-3.00,4.00\n");
+  test.panels.Answer("/home/user/bank.csv");
+  test.app.importCommand().QIFImport();
+}
+
 void Import(TestApplication& test) {
   AddTwoAccounts(test);
   BeginImport(test);
@@ -222,6 +230,20 @@ const State kStates[] = {
        test.app.preferencesSheet().preferencesSheet_PasswordValidate("a", "b");
      }},
     {"the options of an import are open", Import},
+    {"the options of a bank's file are open",
+     [](TestApplication& test) {
+       AddTwoAccounts(test);
+       BeginStatement(test);
+     }},
+    {"a row of a bank's file is matched",
+     [](TestApplication& test) {
+       AddTwoAccounts(test);
+       test.AddDebit(5.0)->SetDate(20040303);
+       BeginStatement(test);
+       test.app.sharedQIFImportController().ImportOptions_OK();
+       test.app.sharedQIFImportController().ImportEntry_Match();
+       test.app.sharedQIFImportController().Import_TakeBalance(true);
+     }},
     {"an import is under review",
      [](TestApplication& test) {
        Import(test);

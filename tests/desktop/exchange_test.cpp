@@ -120,6 +120,69 @@ TEST_F(Exchange, ReviewedEntriesComeInAfterAQuestionAndAreKnownWhenTheyComeAgain
   EXPECT_EQ(test.Rows("entry_Table"), 27);
 }
 
+TEST_F(Exchange, ATableOfABankIsAskedAboutReviewedMatchedAndCommittedInOneStep) {
+  test.files.AddFile("/home/user/march.csv",
+                     "Date;Who;Payee;Amount;Balance\n02/03/26;Pay;Harbour Books;2450.00;5175.58\n"
+                     "03/03/26;Rent;Ms Okafor;-890.00;4285.58\n"
+                     "04/03/26;Card;Corner Market;-66.20;4219.38\n");
+  test.panels.Answer("/home/user/march.csv");
+  Order("QIFImport");
+  EXPECT_EQ(test.TextOf("importOptions_Title"), "Importing From:  march.csv"_q);
+  EXPECT_EQ(test.FocusName(), "importOptions_Account_PopUp"_q);
+  EXPECT_FALSE(test.Find<QAbstractButton>("importOptions_OK_Button")->isEnabled());
+  EXPECT_EQ(Chosen("importOptions_DayOrder_PopUp"), -1);
+  EXPECT_FALSE(test.Find<QComboBox>("importOptions_Fees_PopUp")->isVisible());
+  EXPECT_EQ(TitleOf("importOptions_Answer_Button_1"), "Month, Day, Year: 2026-02-03"_q);
+  test.Click("importOptions_Answer_Button_1");
+  EXPECT_FALSE(test.FindWidget("importOptions_Question")->isVisible());
+  EXPECT_EQ(test.TextOf("importOptions_Balances"), "All 3 balances agree with the amounts."_q);
+  EXPECT_EQ(test.Row("importOptions_Proof_Table", 0), "02/03/26|Salary||Harbour Books|$2,450.00"_q);
+  // The wrong answer, and a column that no heading tells.
+  test.Find<QComboBox>("importOptions_DayOrder_PopUp")->setCurrentIndex(0);
+  test.Find<QComboBox>("importOptions_Column_PopUp_1")->setCurrentIndex(11);
+  EXPECT_EQ(test.Row("importOptions_Proof_Table", 0),
+            "03/02/26|Salary|Pay|Harbour Books|$2,450.00"_q);
+  test.Find<QComboBox>("importOptions_Column_PopUp_3")->setCurrentIndex(0);
+  EXPECT_FALSE(test.Find<QAbstractButton>("importOptions_OK_Button")->isEnabled());
+  test.Find<QComboBox>("importOptions_Column_PopUp_3")->setCurrentIndex(3);
+  test.Click("importOptions_OK_Button");
+
+  ASSERT_EQ(test.Rows("import_Table"), 3);
+  EXPECT_FALSE(test.Find<QAbstractButton>("importEntry_Match_Button")->isEnabled());
+  test.Click("import_GoBack_Button");
+  app().desk().SelectedAccount()->GetEntries().back()->SetDate(20260303);
+  test.Click("importOptions_OK_Button");
+  test.Key(Qt::Key_End);
+  test.Click("importEntry_Match_Button");
+  EXPECT_EQ(TitleOf("import_OK_Button"), "Import 2, Match 1"_q);
+  EXPECT_EQ(test.TextOf("import_Match_Field"), "Matched with the entry of 03/03/26"_q);
+  EXPECT_TRUE(test.Row("import_Table", 2).endsWith("|Matched"_q));
+  test.Click("import_Balance_CheckBox");
+  test.alerts.Answer("OK");
+  test.Click("import_OK_Button");
+  const auto account = app().desk().SelectedAccount();
+  EXPECT_EQ(account->GetEntries().size(), 25U);
+  EXPECT_TRUE(account->GetEntries()[22]->GetCleared());
+  EXPECT_EQ(account->statementBalance(), 4219.38);
+  Order("Undo");
+  EXPECT_EQ(account->GetEntries().size(), 23U);
+  EXPECT_FALSE(account->GetEntries()[22]->GetCleared());
+  EXPECT_EQ(account->statementBalance(), 0.0);
+
+  // Its headings are known; and what cannot be read says so.
+  test.panels.Answer("/home/user/march.csv");
+  Order("QIFImport");
+  EXPECT_EQ(TitleOf("importOptions_OK_Button"), "Review 3 Entries"_q);
+  EXPECT_TRUE(test.Find<QAbstractButton>("importOptions_OK_Button")->isEnabled());
+  test.Key(Qt::Key_Escape);
+  test.files.AddFile("/home/user/print.csv", "%PDF-1.4");
+  test.panels.Answer("/home/user/print.csv");
+  test.alerts.Answer("OK");
+  Order("QIFImport");
+  EXPECT_TRUE(test.alerts.Requests().back().message.starts_with("the file is a printed statement"));
+  EXPECT_FALSE(app().sharedQIFImportController().IsRunning());
+}
+
 TEST_F(Exchange, RowsOfTheExportPanelChooseWhatIsWritten) {
   constexpr const char* kTarget = "/home/user/out.qif";
   auto& rows = app().exports().sharedQIFExportAccessoryView();

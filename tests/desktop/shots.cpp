@@ -79,6 +79,19 @@ void OpenImport(TestWindow& test) {
   static_cast<void>(test.program->app().importCommand().QIFImport());
 }
 
+// A table of a bank. With a day above 12 it tells in which order days and months stand.
+void OpenTable(TestWindow& test, const std::string& day) {
+  test.files.AddFile("/home/user/statement-march.csv",
+                     "Seaside Bank;Joint checking\nDate;Payee;Purpose;Reference;Amount;Balance\n"
+                     "02/03/26;HARBOUR BOOKS LTD;Pay for March;HB-2026-03;2450.00;5175.58\n" +
+                         day +
+                         "/03/26;MS OKAFOR;Rent for March;;-890.00;4285.58\n"
+                         "04/03/26;CORNER MARKET;Card 4711;;-66.20;4219.38\n"
+                         "09/03/26;CAFE BY THE QUAY;Card 4711;;-18.90;4200.48\n");
+  test.panels.Answer("/home/user/statement-march.csv");
+  static_cast<void>(test.program->app().importCommand().QIFImport());
+}
+
 // The window in a state, and the sheet over it where one is open.
 void Grab(const QString& folder, const QString& name, const std::string& accounts,
           const std::function<void(TestWindow&)>& prepare) {
@@ -216,6 +229,28 @@ void GrabAll(const QString& folder) {
     test.Click("scheduleSheet_OK_Button");
   });
   show("import-options", [](TestWindow& test) { OpenImport(test); });
+  show("import-table-asked", [](TestWindow& test) { OpenTable(test, "03"); });
+  show("import-table", [](TestWindow& test) { OpenTable(test, "13"); });
+  show("import-ofx", [](TestWindow& test) {
+    test.files.AddFile("/home/user/bank.ofx",
+                       "<OFX><STMTRS><CURDEF>USD<BANKACCTFROM><ACCTID>4711</BANKACCTFROM><STMTTRN>"
+                       "<DTPOSTED>20260221<TRNAMT>-248<NAME>GARAGE<MEMO>Tyres</STMTTRN></STMTRS>"
+                       "</OFX>");
+    test.panels.Answer("/home/user/bank.ofx");
+    static_cast<void>(test.program->app().importCommand().QIFImport());
+  });
+  show("import-table-review", [](TestWindow& test) {
+    test.files.AddFile("/home/user/february.csv",
+                       "Date,Payee,Purpose,Amount,Balance\n"
+                       "2026-02-21,Garage M\xC3\xBCller,Card,-248.00,2791.78\n"
+                       "2026-02-25,CORNER MARKET,Card 4711,-66.20,2725.58\n"
+                       "2026-03-02,Harbour Books,Pay,2450.00,5175.58\n");
+    test.panels.Answer("/home/user/february.csv");
+    static_cast<void>(test.program->app().importCommand().QIFImport());
+    test.Click("importOptions_OK_Button");
+    test.Key(Qt::Key_Down);
+    test.Click("importEntry_Match_Button");
+  });
   show("import-review", [](TestWindow& test) {
     OpenImport(test);
     test.Click("importOptions_OK_Button");

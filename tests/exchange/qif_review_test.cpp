@@ -32,6 +32,62 @@ void Add(LDGRAccount& account, double amount, bool debit, bool deposit, std::str
   account.AddEntry(entry);
 }
 
+// "" for an entry that is not matched, else the day of what it is matched with.
+std::string Days(const QifReview& review) {
+  std::string days;
+  for (const auto& entry : review.entries()) {
+    if (!days.empty()) days += ' ';
+    days += entry->GetMatched() ? std::to_string(entry->GetMatched()->GetDate()) : "-";
+  }
+  return days;
+}
+
+TEST(QifReviews, MatchEachEntryOfTheAccountOnce) {
+  LDGRAccount account;
+  for (const DateNumber day : {20040101, 20040102, 20040105, 20040120}) {
+    Add(account, -5, true, false, "x", "y");
+    account.GetEntries().back()->SetDate(day);
+  }
+  QifReview review = Review(
+      "D1/2/04\nT-5\nPx\n^\nD1/3/04\nT-5\n^\nD1/3/04\nT-5\n^\nD1/3/04\nT-5\n^\nD1/3/04\nT-6\n^",
+      account);
+  EXPECT_EQ(review.MarkedCount(), 4U);
+  const auto& rows = review.entries();
+  EXPECT_TRUE(review.Match(rows[1]) && review.Match(rows[0]) && review.Match(rows[2]));
+  EXPECT_EQ(Days(review), "20040101 20040102 20040105 - -");
+  EXPECT_FALSE(review.Match(rows[3]) || review.Match(rows[4]));
+  EXPECT_EQ(std::to_string(review.MatchedCount()) + std::to_string(review.MarkedCount()), "32");
+  review.Unmatch(rows[0]);  // which the account seems to hold
+  review.SetMarked(rows[1], true);
+  EXPECT_EQ(Days(review), "- - 20040105 - -");
+  EXPECT_EQ(review.MarkedCount(), 3U);
+  EXPECT_TRUE(review.Match(rows[3]));
+  EXPECT_EQ(Days(review), "- - 20040105 20040102 -");
+  review.Remove(rows[3].get());
+  review.ToggleAll();
+  EXPECT_EQ(std::to_string(review.MatchedCount()) + std::to_string(review.MarkedCount()), "04");
+  review.Match(rows[0]);
+  CommitReview(std::move(review), account, false);
+  ASSERT_EQ(account.GetEntries().size(), 7U);
+  for (const auto& entry : account.GetEntries()) {
+    EXPECT_EQ(entry->GetCleared(), entry->GetDate() == 20040102);
+    EXPECT_EQ(entry->GetToFrom(), entry->GetCleared() ? "x" : entry->GetToFrom());
+  }
+}
+
+TEST(QifReviews, MatchManyRowsOfOneAmountAndDayWithoutLookingAtEachOther) {
+  constexpr std::size_t kCount = 60'000;
+  LDGRAccount account;
+  std::string text;
+  for (std::size_t i = 0; i < kCount; ++i) {
+    Add(account, -5, true, false, "x", "y");
+    text += "D1/3/04\nT-5\n^\n";
+  }
+  QifReview review = Review(text, account);
+  for (const auto& entry : review.entries()) ASSERT_TRUE(review.Match(entry));
+  EXPECT_EQ(review.MatchedCount(), kCount);
+}
+
 std::vector<std::string> NamesOf(const EntryTypeList& types) {
   std::vector<std::string> names;
   for (const auto& type : types) names.push_back(type->GetName());

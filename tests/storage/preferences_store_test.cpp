@@ -112,6 +112,10 @@ std::string Table(const std::string& content) {
 std::string Column(const std::string& content) {
   return Table("<key>columns</key><array><dict>" + content + "</dict></array>");
 }
+std::string Choice(const std::string& content) {
+  std::string table = Column("<key>identifier</key><string>order</string>" + content);
+  return table.replace(table.find(">entry<") + 1, 5, "import 0123456789abcdef");
+}
 
 std::string Sorted(const std::string& column) {
   return "<key>selectedColumn</key><string>" + column + "</string>";
@@ -161,6 +165,12 @@ TEST(PreferencesStore, ReadsOrSetsAsideWhatIsThere) {
        false},
       {"a shown column", View(Column("<key>identifier</key><string>balance</string>")), "", false},
       {"an unknown column", View(Column("<key>identifier</key><string>next</string>")), wrong_form,
+       false},
+      {"a choice of an import", View(Choice("<key>value</key><string>dmy</string>")), "", false},
+      {"a choice that is no text", View(Choice("<key>value</key><true/>")), wrong_form, false},
+      {"a width of a choice", View(Choice("<key>width</key><integer>9</integer>")), wrong_form,
+       false},
+      {"a value of a column", View(Column("<key>value</key><string>dmy</string>")), wrong_form,
        false},
       {"an unknown key of a column", View(Column("<key>odd</key><true/>")), wrong_form, false},
   };

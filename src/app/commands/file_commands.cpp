@@ -54,6 +54,10 @@ bool HasReviewedEntry(LDGRController& app) {
          app.sharedQIFImportController().tableDataSource().GetSelectedEntry() != nullptr;
 }
 
+bool HasMatch(LDGRController& app) {
+  return HasReviewedEntry(app) && app.sharedQIFImportController().Review().can_match;
+}
+
 bool HasMarkedUndated(LDGRController& app) {
   return IsReviewing(app) && app.sharedQIFImportController().Review().marked_undated > 0;
 }
@@ -197,6 +201,9 @@ constexpr Command kFileCommands[] = {
     {.name = "ImportEntry_Resolve",
      .can = HasReviewedEntry,
      .run = [](LDGRController& app) { app.sharedQIFImportController().ImportEntry_Resolve(); }},
+    {.name = "ImportEntry_Match",
+     .can = HasMatch,
+     .run = [](LDGRController& app) { app.sharedQIFImportController().ImportEntry_Match(); }},
     {.name = "ImportEntry_UnmarkUndated",
      .can = HasMarkedUndated,
      .run =

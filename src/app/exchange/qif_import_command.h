@@ -5,6 +5,7 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <string_view>
 
 #include "app/desk.h"
 #include "app/exchange/encoding_menu.h"
@@ -17,11 +18,13 @@
 #include "app/views/account_summary_tab.h"
 #include "ledger/ledger.h"
 #include "model/account.h"
+#include "platform/alerts.h"
 #include "platform/file_panels.h"
 #include "registers/entry_speaker.h"
 
 namespace tallyfold {
 
+class FileSystem;
 class TextEncodings;
 
 // The command that imports a file into the selected account: asks for the file, runs the import and
@@ -32,8 +35,8 @@ class QifImportCommand {
   QifImportCommand(Desk& desk, Ledger& ledger, const SheetSlot& sheets, const Tabs& tabs,
                    AccountSummaryTab& summary, EntrySpeaker& speaker,
                    LDGRQIFImportController& import, const TextEncodings& encodings,
-                   FilePanels& panels, IdleWatch& idle, Refresh& refresh,
-                   Announcer& announcer) noexcept
+                   FilePanels& panels, IdleWatch& idle, Refresh& refresh, Announcer& announcer,
+                   const FileSystem& files, Alerts& alerts) noexcept
       : desk_(desk),
         ledger_(ledger),
         sheets_(sheets),
@@ -45,25 +48,35 @@ class QifImportCommand {
         panels_(panels),
         idle_(idle),
         refresh_(refresh),
-        announcer_(announcer) {}
+        announcer_(announcer),
+        files_(files),
+        alerts_(alerts) {}
   QifImportCommand(const QifImportCommand&) = delete;
   QifImportCommand& operator=(const QifImportCommand&) = delete;
 
   // Leaves the options sheet open for the chosen file. False when there is no account, a sheet is
-  // open, an import runs, or the panel was given up.
+  // open, an import runs, or the panel was given up; also, after an alert that says so, when the
+  // file is one that cannot be read.
   bool QIFImport();
   // The same for a file that is known already, in the encoding of the last import of the account.
   bool QIFImportFile(const std::string& path);
   // The import that was started is over, or the panel was given up.
   void Ended();
 
-  // What the panel shows beside the files.
+  // The last file was refused, and an alert has said why.
+  [[nodiscard]] bool HasRefused() const noexcept { return has_refused_; }
+  // Whether a file that is there is one of a bank (CSV, OFX, CAMT), by its content.
+  [[nodiscard]] bool IsStatement(const std::string& path) const;
+
+  // What the panel shows beside the files. A bank's file is read in an encoding that was chosen
+  // there only where it is another one than the account's.
   [[nodiscard]] EncodingMenu& Encodings() noexcept { return menu_; }
 
  private:
   // False where no import can begin.
   [[nodiscard]] bool Begin();
   [[nodiscard]] bool Run(const std::string& path);
+  void Refuse(std::string_view why);
 
   Desk& desk_;
   Ledger& ledger_;
@@ -77,7 +90,10 @@ class QifImportCommand {
   IdleWatch& idle_;
   Refresh& refresh_;
   Announcer& announcer_;
+  const FileSystem& files_;
+  Alerts& alerts_;
   EncodingMenu menu_;
+  bool has_refused_ = false;
   std::chrono::milliseconds until_next_tick_ = IdleWatch::kInterval;
 };
 

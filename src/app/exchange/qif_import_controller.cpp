@@ -31,15 +31,23 @@ void LDGRQIFImportController::Import_Init(const QifResult& result) {
   change.EditSettings(account_);
   review_ = QifReview(result, chosen, *account_);
   change.Close();
+  BeginReview();
+  ImportHints& hints = review_state_.hints;
+  hints = HintsFor(import_, chosen, TodaysDateNumber());
+  hints.elsewhere = result.entries.size() - std::min(result.entries.size(), chosen.size());
+  if (account != nullptr && account->source != account->name) hints.source = account->source;
+  ShowReviewed();
+}
+
+void LDGRQIFImportController::BeginReview() {
   first_number_ = review_.entries().empty() ? 0 : review_.entries().front()->GetNumber();
   edit_entry_ = nullptr;
   review_state_ = {};
   review_state_.file_name = std::filesystem::path(path_).filename().string();
   review_state_.account_name = account_->GetName();
-  ImportHints& hints = review_state_.hints;
-  hints = HintsFor(import_, chosen, TodaysDateNumber());
-  hints.elsewhere = result.entries.size() - std::min(result.entries.size(), chosen.size());
-  if (account != nullptr && account->source != account->name) hints.source = account->source;
+}
+
+void LDGRQIFImportController::ShowReviewed() {
   rows_.SetAccountPreferences(
       desk_.preferences().GetPreferencesForAccountNumber(account_->GetNumber()));
   rows_.SetDateFormat(RegisterDateFormat(desk_.preferences()));
@@ -115,6 +123,31 @@ void LDGRQIFImportController::Cleared_CheckBox(const std::shared_ptr<LDGRQIFImpo
   EntriesChanged();
 }
 
+void LDGRQIFImportController::ImportEntry_Match() {
+  const Announcer::Operation operation(announcer_);
+  if (const auto entry = rows_.GetSelectedEntry()) Match(entry, entry->GetMatched() == nullptr);
+}
+
+bool LDGRQIFImportController::Match(const std::shared_ptr<LDGRQIFImportEntry>& entry,
+                                    bool matched) {
+  const Announcer::Operation operation(announcer_);
+  if (!IsReviewing() || entry == nullptr) return false;
+  if (!matched) {
+    review_.Unmatch(entry);
+  } else if (!review_.Match(entry)) {
+    return false;
+  }
+  EntriesChanged();
+  return true;
+}
+
+void LDGRQIFImportController::Import_TakeBalance(bool takes) {
+  const Announcer::Operation operation(announcer_);
+  if (!IsReviewing() || !review_state_.balance) return;
+  review_state_.takes_balance = takes;
+  announcer_.Changed(Area::ImportReview);
+}
+
 void LDGRQIFImportController::ImportEntry_ImportAll() {
   const Announcer::Operation operation(announcer_);
   if (!IsReviewing()) return;
@@ -157,6 +190,8 @@ void LDGRQIFImportController::TakeEdited(LDGRAccountEntry& entry) {
       std::ranges::find(made, number, [](const auto& each) { return each->GetNumber(); });
   edit_entry_->SetActualType(found != made.end() ? *found
                                                  : account_->AccountEntryTypeForNumber(number));
+  // What it was matched with need not be the same payment any longer.
+  review_.Unmatch(edit_entry_);
   review_.ForgetMatches();
   rows_.SortAgain();
   EntriesChanged();
@@ -175,9 +210,12 @@ void LDGRQIFImportController::EntriesChanged() {
 }
 
 void LDGRQIFImportController::UpdateButtons() {
-  const bool is_selected = rows_.GetSelectedEntry() != nullptr;
+  const auto selected = rows_.GetSelectedEntry();
+  const bool is_selected = selected != nullptr;
   review_state_.can_import = review_state_.can_change = review_state_.can_remove =
       review_state_.can_resolve = is_selected;
+  review_state_.can_match = is_selected && review_.MatchFor(*selected) != nullptr;
+  review_state_.is_matched = is_selected && selected->GetMatched() != nullptr;
   review_state_.can_import_all = !review_.entries().empty();
 }
 
@@ -186,6 +224,7 @@ void LDGRQIFImportController::ImportTotal_Field_Update() {
   review_state_.total_text = RegisterAmountText(review_state_.total, desk_.preferences());
   review_state_.entry_count = review_.entries().size();
   review_state_.marked_count = review_.MarkedCount();
+  review_state_.matched_count = review_.MatchedCount();
   review_state_.marked_undated = review_.MarkedUndated();
   review_state_.new_type_count = review_.types().size();
   announcer_.Changed(Area::ImportReview);
@@ -199,6 +238,10 @@ bool LDGRQIFImportController::UserAgrees() const {
   if (review_state_.marked_undated > 0) {
     text += '\n' + Message("Without a date that can be read: {1}",
                            {std::to_string(review_state_.marked_undated)});
+  }
+  if (review_state_.matched_count > 0) {
+    text += '\n' + LocalizedText("Entries to match:") + ' ' +
+            std::to_string(review_state_.matched_count);
   }
   return modal_.Run({LocalizedText("Import"),
                      std::move(text),
@@ -219,6 +262,10 @@ bool LDGRQIFImportController::Import_OK() {
   }
   Change change(ledger_, "Import", account_);
   review_.Commit(change, account_, account_->GetQIFImportAllTypes());
+  if (review_state_.takes_balance) {
+    change.EditOptions(account_).setStatementBalance(RoundedAmount(review_state_.balance->amount) +
+                                                     0.0);
+  }
   change.Close();
   CloseReview();
   StageEnded(kConfirmed);

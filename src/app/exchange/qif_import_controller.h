@@ -12,6 +12,7 @@
 #include "app/exchange/qif_import_proof.h"
 #include "app/exchange/qif_import_state.h"
 #include "app/exchange/qif_import_table_data.h"
+#include "app/exchange/statement_import.h"
 #include "app/face/announcer.h"
 #include "app/face/sheet_slot.h"
 #include "app/shell/modal_watch.h"
@@ -29,7 +30,7 @@ class TextEncodings;
 
 // An import from its options to its end: the options sheet, then the review, which may go back to
 // the sheet. The account gets the options at OK of the sheet, entries and types at OK of the review
-// and nothing before.
+// and nothing before. A bank's file has options of its own and the same review.
 //
 // Both stages are modal: while one is there, a front end offers no command but those listed here.
 class LDGRQIFImportController final : private EntryOwner {
@@ -67,6 +68,9 @@ class LDGRQIFImportController final : private EntryOwner {
 
   // Reads the file for the selected account and fills the options sheet. To be followed by Run().
   void ImportOptions_InitWithFile(const std::string& path, std::int32_t encoding);
+  // The same for a bank's file. `encoding` is what the user chose for it, none to find out.
+  void StatementOptions_InitWithFile(const std::string& path, FileContents contents,
+                                     std::optional<std::int32_t> encoding);
   // Starts with the options sheet. False when there is no account or another sheet is open.
   bool Run();
   [[nodiscard]] bool IsRunning() const noexcept { return stage_ != Stage::None; }
@@ -86,13 +90,23 @@ class LDGRQIFImportController final : private EntryOwner {
   // the file can no longer be read.
   bool ImportOptions_SetEncoding(std::int32_t encoding);
   // What the options make of the file as things stand; takes as long as reading it. Empty while the
-  // sheet is closed.
+  // sheet is closed, and of a bank's file.
   [[nodiscard]] QifImportProof ImportOptions_Proof() const;
   // Stores what was chosen in the account and goes on with the review. False when the sheet is not
   // open, or stays open: its state then says why, unless a field of the front end has refused its
   // text.
   bool ImportOptions_OK();
   void ImportOptions_Cancel();
+
+  // --- The options sheet of a bank's file -----------------------------------------------------
+  [[nodiscard]] bool IsStatement() const noexcept { return statement_.IsThere(); }
+  [[nodiscard]] const StatementOptionsState& StatementOptions() const noexcept {
+    return statement_.State();
+  }
+  // Takes over what was chosen and reads the file again where that makes a difference.
+  void StatementOptions_Read(StatementOptionsState::Typed typed);
+  // A candidate of a question of the state was chosen.
+  void StatementOptions_Answer(std::size_t question, std::size_t candidate);
 
   // --- The review -------------------------------------------------------------------------------
   [[nodiscard]] bool IsReviewing() const noexcept { return review_state_.is_open; }
@@ -125,6 +139,7 @@ class LDGRQIFImportController final : private EntryOwner {
 
   // Builds the review from what was read.
   void Import_Init(const QifResult& result);
+  void Import_InitStatement();
   void Import_DoNotImportPotentialDuplicates();
   void ImportTotal_Field_Update();
 
@@ -136,10 +151,16 @@ class LDGRQIFImportController final : private EntryOwner {
   bool ImportEntry_Change();   // opens the sheet for it; false when it cannot
   void ImportEntry_Remove();   // out of the review
   void ImportEntry_Resolve();  // its cleared mark
+  void ImportEntry_Match();    // with an entry of the account instead of importing it, or not
   void SpeakEntry();
   // The check boxes of the table.
   void Import_CheckBox(const std::shared_ptr<LDGRQIFImportEntry>& entry);
   void Cleared_CheckBox(const std::shared_ptr<LDGRQIFImportEntry>& entry);
+  // False when there is nothing to match it with.
+  bool Match(const std::shared_ptr<LDGRQIFImportEntry>& entry, bool matched);
+  // Whether the balance of the file becomes the statement balance of the account at OK; nothing
+  // where it has none.
+  void Import_TakeBalance(bool takes);
   // All of them in, or all out when all are in.
   void ImportEntry_ImportAll();
 
@@ -165,6 +186,9 @@ class LDGRQIFImportController final : private EntryOwner {
   void StageEnded(std::int32_t result);
   void CloseReview();
   [[nodiscard]] std::optional<Problem> ProblemOfOptions() const;
+  void BeginReview();
+  void ShowReviewed();
+  void ShowStatement();
   void StoreOptions();
   void PassOptionsToParser();
   void TakeText(LDGRQIFImport import, std::int32_t encoding);
@@ -195,6 +219,7 @@ class LDGRQIFImportController final : private EntryOwner {
   std::shared_ptr<LDGRAccount> account_;
   std::string path_;
   LDGRQIFImport import_;
+  StatementImport statement_;
   // Of the text, whatever the other options are.
   QifDateProof dates_;
   std::vector<QifImportProof::Sample> samples_;

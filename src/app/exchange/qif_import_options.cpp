@@ -43,6 +43,7 @@ void LDGRQIFImportController::ImportOptions_InitWithFile(const std::string& path
   account_ = desk_.SelectedAccount();
   path_ = path;
   options_ = {};
+  statement_ = {};
   TakeText(LDGRQIFImport::importWithContentsOfFile(path, encoding, files_, encodings_), encoding);
   options_.title =
       Message("Importing From:  {1}", {std::filesystem::path(path).filename().string()});
@@ -75,7 +76,7 @@ void LDGRQIFImportController::TakeText(LDGRQIFImport import, std::int32_t encodi
 }
 
 bool LDGRQIFImportController::ImportOptions_SetEncoding(std::int32_t encoding) {
-  if (stage_ != Stage::Options || !files_.Exists(path_)) return false;
+  if (stage_ != Stage::Options || IsStatement() || !files_.Exists(path_)) return false;
   auto again = LDGRQIFImport::importWithContentsOfFile(path_, encoding, files_, encodings_);
   const bool is_gone = again.GetError() == LDGRQIFImport::kNone && again.dataString().empty();
   if (is_gone) return false;
@@ -93,7 +94,7 @@ bool LDGRQIFImportController::ImportOptions_SetEncoding(std::int32_t encoding) {
 }
 
 void LDGRQIFImportController::ImportOptions_Populate() {
-  if (account_ == nullptr) return;
+  if (account_ == nullptr || IsStatement()) return;
   options_.date_format_items = QifDateItems();
   options_.swap_items = {{LocalizedText("Type"), QifOptions::kType},
                          {LocalizedText("To/From"), QifOptions::kToFrom},
@@ -155,7 +156,7 @@ QifOptions LDGRQIFImportController::ChosenOptions() const {
 }
 
 QifImportProof LDGRQIFImportController::ImportOptions_Proof() const {
-  if (stage_ != Stage::Options) return {};
+  if (stage_ != Stage::Options || IsStatement()) return {};
   LDGRQIFImport import = import_;
   import.SetOptions(ChosenOptions());
   const QifResult result = import.Parse();
@@ -188,6 +189,10 @@ void LDGRQIFImportController::ImportOptions_Read(Typed typed) {
 }
 
 std::optional<Problem> LDGRQIFImportController::ProblemOfOptions() const {
+  if (IsStatement()) {
+    std::string text = statement_.Problem();
+    return text.empty() ? std::nullopt : std::optional(Problem{"", std::move(text)});
+  }
   const auto is_item = [](const std::vector<PopUpItem>& items, std::int32_t index) {
     return index >= 0 && static_cast<std::size_t>(index) < items.size();
   };
@@ -208,9 +213,13 @@ bool LDGRQIFImportController::ImportOptions_OK() {
     announcer_.Changed(Area::ImportOptionsSheet);
     return false;
   }
-  StoreOptions();
-  PassOptionsToParser();
-  Import_Init(import_.Parse());
+  if (IsStatement()) {
+    Import_InitStatement();
+  } else {
+    StoreOptions();
+    PassOptionsToParser();
+    Import_Init(import_.Parse());
+  }
   StageEnded(kConfirmed);
   return true;
 }
@@ -233,6 +242,7 @@ void LDGRQIFImportController::StageEnded(std::int32_t result) {
   }
   account_ = nullptr;
   import_ = {};
+  statement_ = {};
   review_ = {};
   host_.ImportEnded();
 }

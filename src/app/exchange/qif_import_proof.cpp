@@ -5,6 +5,7 @@
 #include "app/exchange/qif_date_items.h"
 #include "exchange/qif_fields.h"
 #include "model/account_entry.h"
+#include "model/entry_type.h"
 #include "platform/ambient.h"
 #include "registers/register_look.h"
 
@@ -31,6 +32,16 @@ QifImportProof::Row RowOf(const QifEntry& entry, const TableFormat& format) {
 }
 
 }  // namespace
+
+QifImportProof::Row ProofRowOf(const LDGRQIFImportEntry& entry, const TableFormat& format) {
+  const auto& type = entry.GetActualType();
+  return {.date = DayCell(entry.GetDate(), format),
+          .type = type != nullptr ? type->GetName() : std::string(),
+          .description = entry.GetDescription(),
+          .to_from = entry.GetToFrom(),
+          .amount = AmountCell(entry.GetAmount(), format),
+          .look = LookOfEntry(entry, format.preferences, TodaysDateNumber())};
+}
 
 QifImportProof ProofOf(const QifResult& result, const QifEntryList& chosen,
                        const QifDateProof& dates, const TableFormat& format) {

@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "exchange/qif_import.h"
+#include "exchange/qif_import_entry.h"
 #include "exchange/qif_proof.h"
 #include "model/date_number.h"
 #include "platform/text_encodings.h"
@@ -61,6 +62,9 @@ struct QifImportProof {
 // The rows that a proof shows.
 inline constexpr std::size_t kMostProofRows = 4;
 
+// A row of an entry of another kind of file.
+[[nodiscard]] QifImportProof::Row ProofRowOf(const LDGRQIFImportEntry& entry,
+                                             const TableFormat& format);
 // `chosen` is a list of `result`, which was read from `import`.
 [[nodiscard]] QifImportProof ProofOf(const QifResult& result, const QifEntryList& chosen,
                                      const QifDateProof& dates, const TableFormat& format);

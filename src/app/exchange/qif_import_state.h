@@ -10,10 +10,12 @@
 #include "app/face/problem.h"
 #include "exchange/import_hints.h"
 #include "exchange/qif_import.h"
+#include "exchange/statement_file.h"
 
 namespace tallyfold {
 
-// What the options sheet of an import shows.
+// What the options sheet of an import shows. Of a bank's file, which has its own
+// StatementOptionsState, only whether it is open, its title and its problem.
 struct QifImportOptionsState {
   // Typed by the user.
   struct Typed {
@@ -62,6 +64,8 @@ struct QifImportReviewState {
   std::string total_text;
   std::size_t entry_count = 0;
   std::size_t marked_count = 0;
+  // Those that are matched with entries of the account instead.
+  std::size_t matched_count = 0;
   // Of the marked ones, those without a date that could be read.
   std::size_t marked_undated = 0;
   // Types that the account does not have yet.
@@ -71,11 +75,27 @@ struct QifImportReviewState {
   bool can_change = false;
   bool can_remove = false;
   bool can_resolve = false;
+  // It is matched, or there is an entry of the account to match it with.
+  bool can_match = false;
+  bool is_matched = false;
   // For all of them.
   bool can_import_all = false;
   // The last OK was refused because the account of the import is no longer selected.
   bool account_is_gone = false;
   ImportHints hints;
+
+  // --- Of a bank's file ---
+  // Rows of it that start unmarked, and rows whose identifier an earlier, different row has.
+  std::size_t repeated_count = 0;
+  std::size_t foreign_count = 0;
+  std::size_t pending_count = 0;
+  std::size_t reused_identifiers = 0;
+  // What may become the statement balance of the account, as the preferences want amounts and days
+  // ("" for a day that the file does not tell), and whether it will at OK.
+  std::optional<StatementBalance> balance;
+  std::string balance_text;
+  std::string balance_day;
+  bool takes_balance = false;
 };
 
 }  // namespace tallyfold

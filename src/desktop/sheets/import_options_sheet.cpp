@@ -16,6 +16,7 @@
 #include "desktop/register/look_table.h"
 #include "desktop/register/table_look.h"
 #include "desktop/sheets/form.h"
+#include "desktop/sheets/proof_rows.h"
 #include "desktop/texts.h"
 #include "platform/message.h"
 
@@ -32,28 +33,6 @@ constexpr int kSamplesInSight = 3;
 constexpr int kProofDelay = 150;  // milliseconds
 
 using Align = CellLook::Align;
-
-QLabel* Caption(const QString& text, QWidget* parent) {
-  auto* label = new QLabel(text, parent);
-  label->setTextFormat(Qt::PlainText);
-  label->setFont(MediumFont(SmallFont(parent->font())));
-  label->setForegroundRole(QPalette::PlaceholderText);
-  return label;
-}
-
-CellLook TextCell(const std::string& text, bool is_dim = false) {
-  CellLook look;
-  look.text = ToQString(text);
-  look.is_dim = is_dim;
-  return look;
-}
-
-CellLook FigureCell(const std::string& text, Align align, bool is_dim = false) {
-  CellLook look = TextCell(text, is_dim);
-  look.is_figure = true;
-  look.align = align;
-  return look;
-}
 
 CellLook Verdict(const QifImportProof::Format& format) {
   CellLook look;
@@ -84,7 +63,7 @@ ImportOptionsSheet::ImportOptionsSheet(LDGRQIFImportController& import, QWidget*
       types_(new QCheckBox(Text("Types of the file, also unused ones"), form_)),
       splits_(new QCheckBox(Text("Lines of split entries"), form_)),
       encodings_(new LookTable(this)),
-      formats_caption_(Caption(Text("Date Format"), this)),
+      formats_caption_(MakeCaption(Text("Date Format"), this)),
       formats_(new LookTable(this)),
       rows_(new LookTable(this)) {
   setObjectName(QLatin1String("importOptions_Sheet"));
@@ -103,7 +82,7 @@ ImportOptionsSheet::ImportOptionsSheet(LDGRQIFImportController& import, QWidget*
   left->setSpacing(kGap);
   left->addWidget(form_);
   left->addSpacing(kGap);
-  left->addWidget(Caption(Text("Encoding, and how the file reads in it"), this));
+  left->addWidget(MakeCaption(Text("Encoding, and how the file reads in it"), this));
   left->addWidget(encodings_);
   left->addStretch(1);
   auto* right = new QVBoxLayout;
@@ -111,7 +90,7 @@ ImportOptionsSheet::ImportOptionsSheet(LDGRQIFImportController& import, QWidget*
   right->addWidget(formats_caption_);
   right->addWidget(formats_);
   right->addSpacing(kGap);
-  right->addWidget(Caption(Text("The first entries, as they will come in"), this));
+  right->addWidget(MakeCaption(Text("The first entries, as they will come in"), this));
   right->addWidget(rows_);
   right->addStretch(1);
   auto* columns = new QHBoxLayout;
@@ -187,16 +166,7 @@ void ImportOptionsSheet::MakeProof() {
                         {Text("Last"), 100},
                         {QString(), verdict, Align::Leading, true}});
   formats_->SetRowsInSight(kFormatsInSight);
-  rows_->setObjectName(QLatin1String("importOptions_Proof_Table"));
-  rows_->setAccessibleName(Text("The First Entries"));
-  rows_->setFocusPolicy(Qt::NoFocus);
-  rows_->setSelectionMode(QAbstractItemView::NoSelection);
-  rows_->SetColumns({{Text("Date"), 80},
-                     {Text("Type"), 90},
-                     {Text("Description"), 100, Align::Leading, true},
-                     {Text("To/From"), 110},
-                     {Text("Amount"), 90, Align::Trailing}});
-  rows_->SetRowsInSight(static_cast<int>(kMostProofRows));
+  SetUpProofRows(*rows_);
   proof_timer_.setSingleShot(true);
   proof_timer_.setTimerType(Qt::PreciseTimer);
   connect(&proof_timer_, &QTimer::timeout, this, [this] { ShowProof(); });
@@ -312,7 +282,7 @@ void ImportOptionsSheet::ShowProof() {
       Message(Plural("Review {1} Entry", "Review {1} Entries", proof_.chosen_count), {count})));
   ok_->setEnabled(proof_.chosen_count > 0);
   ShowFormats(proof_);
-  ShowRows(proof_);
+  ShowProofRows(*rows_, proof_.rows);
   ShowSamples(proof_);
 }
 
@@ -334,20 +304,6 @@ void ImportOptionsSheet::ShowFormats(const QifImportProof& proof) {
   }
   formats_->SetRows(std::move(rows));
   formats_->ShowChosen(chosen);
-}
-
-void ImportOptionsSheet::ShowRows(const QifImportProof& proof) {
-  std::vector<LookTable::Row> rows;
-  for (const QifImportProof::Row& row : proof.rows) {
-    CellLook to_from = TextCell(row.to_from);
-    if (row.is_split) to_from.glyph_before = QLatin1String("split");
-    CellLook amount = FigureCell(row.amount.text, Align::Trailing);
-    if (row.look.color) amount.color = ColorOf(*row.look.color);
-    rows.push_back({FigureCell(row.date.text, Align::Leading), TextCell(row.type),
-                    TextCell(row.description), to_from, amount});
-  }
-  rows_->SetRows(std::move(rows));
-  rows_->SetEmptyText(Text("There are no entries here."));
 }
 
 void ImportOptionsSheet::ShowSamples(const QifImportProof& proof) {

@@ -17,7 +17,7 @@ namespace tallyfold::desktop {
 class Form;
 class LookTable;
 
-// The options of an import with a proof of what they make of the file.
+// The options of an import of a QIF file with a proof of what they make of the file.
 class ImportOptionsSheet final : public SheetDialog {
  public:
   // `import` must outlive the sheet.
@@ -37,7 +37,6 @@ class ImportOptionsSheet final : public SheetDialog {
   void Read();
   void ShowProof();
   void ShowFormats(const QifImportProof& proof);
-  void ShowRows(const QifImportProof& proof);
   void ShowSamples(const QifImportProof& proof);
 
   LDGRQIFImportController& import_;

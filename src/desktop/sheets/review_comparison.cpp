@@ -174,7 +174,8 @@ ReviewComparison::ReviewComparison(QWidget* parent)
 
 void ReviewComparison::Show(const LDGRQIFImportEntry* entry, const QifMatch* match,
                             const TableFormat& format) {
-  const bool repeats = entry != nullptr && match != nullptr;
+  const bool is_matched = entry != nullptr && entry->GetMatched() != nullptr;
+  const bool repeats = is_matched || (entry != nullptr && match != nullptr);
   fields_->setVisible(repeats);
   icon_->setVisible(repeats);
   caption_->setFont(repeats ? DemiBoldFont(font()) : font());
@@ -184,6 +185,12 @@ void ReviewComparison::Show(const LDGRQIFImportEntry* entry, const QifMatch* mat
                                        : Text("Repeats no entry of the account."));
     reason_->clear();
     return;
+  }
+  if (is_matched) {
+    const std::string day = DayCell(entry->GetMatched()->GetDate(), format).text;
+    caption_->setText(ToQString(Message("Matched with the entry of {1}", {day})));
+    reason_->setText(Text("That one gets the cleared mark, and this one is not imported."));
+    return ShowFields(*entry, *entry->GetMatched(), format);
   }
   const bool is_near = match->reason == Reason::NearDate;
   const std::string day = DayCell(match->entry->GetDate(), format).text;
@@ -197,9 +204,14 @@ void ReviewComparison::Show(const LDGRQIFImportEntry* entry, const QifMatch* mat
   reason_->setText(ToQString(Message(
       entry->GetImport() ? "{1} It is marked: you decide." : "{1} It is not marked: you decide.",
       {reason})));
+  ShowFields(*entry, *match->entry, format);
+}
+
+void ReviewComparison::ShowFields(const LDGRQIFImportEntry& entry, const LDGRAccountEntry& existing,
+                                  const TableFormat& format) {
   for (std::size_t i = 0; i < kShown.size(); ++i) {
-    const TableCell ours = CellOfReviewed(*entry, kShown[i].column, format);
-    const TableCell theirs = CellOfEntry(*match->entry, kShown[i].column, format);
+    const TableCell ours = CellOfReviewed(entry, kShown[i].column, format);
+    const TableCell theirs = CellOfEntry(existing, kShown[i].column, format);
     const bool differs = ours != theirs;
     rows_[i].in_file->Show(WithMinus(ToQString(ours.text)), differs);
     rows_[i].in_account->Show(WithMinus(ToQString(theirs.text)), differs);

@@ -6,7 +6,7 @@
 class QLabel;
 
 namespace tallyfold {
-class LDGRQIFImportController;
+class LDGRAccountEntry;
 class LDGRQIFImportEntry;
 struct QifMatch;
 struct TableFormat;
@@ -32,6 +32,8 @@ class ReviewComparison final : public QWidget {
     Field* in_account;
   };
 
+  void ShowFields(const LDGRQIFImportEntry& entry, const LDGRAccountEntry& existing,
+                  const TableFormat& format);
   void paintEvent(QPaintEvent* event) override;
 
   QLabel* icon_;

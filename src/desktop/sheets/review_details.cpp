@@ -4,6 +4,23 @@
 #include "desktop/texts.h"
 
 namespace tallyfold::desktop {
+namespace {
+
+QString ReasonWord(UnmarkedReason reason) {
+  switch (reason) {
+    case UnmarkedReason::None:
+      return {};
+    case UnmarkedReason::Repeated:
+      return Text("Twice in file");
+    case UnmarkedReason::ForeignCurrency:
+      return Text("Other currency");
+    case UnmarkedReason::Pending:
+      break;
+  }
+  return Text("Not booked");
+}
+
+}  // namespace
 
 void ReviewDetails::AddTo(CellLook& look, std::string_view column, std::size_t row) const {
   const auto entry = import_.tableDataSource().RowToEntry(static_cast<std::int32_t>(row));
@@ -15,18 +32,30 @@ void ReviewDetails::AddTo(CellLook& look, std::string_view column, std::size_t r
   } else if (column == "description") {
     if (!entry->GetNotes().empty()) look.glyph_behind = QLatin1String("note");
   } else if (column == "match") {
+    look.is_italic = false;
+    if (entry->GetMatched() != nullptr) {
+      look.text = Text("Matched");
+      look.word = CellLook::Word::Good;
+      return;
+    }
     const auto match = import_.MatchOf(*entry);
-    if (!match) return;
+    if (!match) {
+      if (entry->GetUnmarkedReason() == UnmarkedReason::None) return;
+      look.text = ReasonWord(entry->GetUnmarkedReason());
+      look.word = CellLook::Word::Warning;
+      return;
+    }
     const bool is_near = match->reason == QifMatch::Reason::NearDate;
     look.text = Text(is_near ? "May repeat" : "Repeats");
     look.word = CellLook::Word::Warning;
-    look.is_italic = false;
   }
 }
 
 QString ReviewDetails::ToolTipOf(std::string_view column, std::size_t row) const {
   const auto entry = import_.tableDataSource().RowToEntry(static_cast<std::int32_t>(row));
-  return entry != nullptr && column == "description" ? ToQString(entry->GetNotes()) : QString();
+  if (entry == nullptr) return {};
+  if (column == "description") return ToQString(entry->GetNotes());
+  return column == "match" ? Text(TextOf(entry->GetUnmarkedReason())) : QString();
 }
 
 }  // namespace tallyfold::desktop

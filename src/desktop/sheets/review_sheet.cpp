@@ -1,5 +1,6 @@
 #include "desktop/sheets/review_sheet.h"
 
+#include <QCheckBox>
 #include <QFrame>
 #include <QHBoxLayout>
 #include <QLabel>
@@ -51,6 +52,7 @@ ReviewSheet::ReviewSheet(const Parts& parts, QWidget* window)
       facts_(ReviewLabel("import_Facts", this)),
       table_(new RegisterView(parts.import.tableDataSource().Table(), this)),
       comparison_(new ReviewComparison(this)),
+      balance_(new QCheckBox(this)),
       total_(ReviewLabel("importTotal_Field", this)) {
   setObjectName(QLatin1String("import_Window"));
   SetWantedWidth(kReviewWidth);
@@ -86,7 +88,10 @@ void ReviewSheet::LayOut() {
   inside->addWidget(table_);
   Body().addWidget(frame, 1);
   Body().addWidget(comparison_);
+  balance_->setObjectName(QLatin1String("import_Balance_CheckBox"));
+  Body().addWidget(balance_);
   AddChip(Kind::Repeats, "import_Repeats_Button", QLatin1String("reconcile"));
+  AddChip(Kind::Matched, "import_Matched_Button", QLatin1String("tick"));
   AddChip(Kind::Undated, "import_Undated_Button", QLatin1String("warning"));
   AddChip(Kind::AfterToday, "import_AfterToday_Button", QLatin1String("schedule"));
   AddChip(Kind::NewType, "import_NewTypes_Button", QLatin1String("add"));
@@ -135,11 +140,15 @@ void ReviewSheet::ConnectButtons() {
   auto& import = parts_.import;
   change_ = AddLeadingButton("importEntry_Change_Button", Text("Change..."));
   drop_ = AddLeadingButton("importEntry_Remove_Button", Text("Drop"));
+  match_ = AddLeadingButton("importEntry_Match_Button", Text("Match"));
   all_ = AddLeadingButton("importEntry_ImportAll_Button", Text("Import All"));
   QPushButton* back = AddLeadingButton("import_GoBack_Button", Text("Go Back"));
   connect(change_, &QPushButton::clicked, this,
           [&import] { static_cast<void>(import.ImportEntry_Change()); });
   connect(drop_, &QPushButton::clicked, this, [&import] { import.ImportEntry_Remove(); });
+  connect(match_, &QPushButton::clicked, this, [&import] { import.ImportEntry_Match(); });
+  connect(balance_, &QCheckBox::toggled, this,
+          [&import](bool is_on) { import.Import_TakeBalance(is_on); });
   connect(all_, &QPushButton::clicked, this, [&import] { import.ImportEntry_ImportAll(); });
   connect(back, &QPushButton::clicked, this,
           [&import] { static_cast<void>(import.import_GoBack_Button()); });
@@ -174,6 +183,8 @@ void ReviewSheet::ShowRowMenu(const QPoint& place) {
   add(Text("Import"), state.can_import, [&import] { import.ImportEntry_Import(); });
   add(Text("Change..."), state.can_change,
       [&import] { static_cast<void>(import.ImportEntry_Change()); });
+  add(Text(state.is_matched ? "Do Not Match" : "Match"), state.can_match,
+      [&import] { import.ImportEntry_Match(); });
   add(Text("Drop"), state.can_remove, [&import] { import.ImportEntry_Remove(); });
   add(Text("Resolved"), state.can_resolve, [&import] { import.ImportEntry_Resolve(); });
   add(Text("Speak Entry"), state.can_import, [&import] { import.SpeakEntry(); });
@@ -201,12 +212,18 @@ void ReviewSheet::ShowState() {
                            : colors[Role::Text]);
   change_->setEnabled(state.can_change);
   drop_->setEnabled(state.can_remove);
+  match_->setEnabled(state.can_match);
+  match_->setText(Text(state.is_matched ? "Do Not Match" : "Match"));
+  ShowBalance();
   all_->setEnabled(state.can_import_all);
   const bool are_all_marked = state.can_import_all && state.marked_count == state.entry_count;
   all_->setText(Text(are_all_marked ? "Import None" : "Import All"));
-  ok_->setText(
-      ToQString(Message(Plural("Import {1} Entry", "Import {1} Entries", state.marked_count),
-                        {std::to_string(state.marked_count)})));
+  const std::string marked = std::to_string(state.marked_count);
+  ok_->setText(ToQString(
+      state.matched_count > 0
+          ? Message("Import {1}, Match {2}", {marked, std::to_string(state.matched_count)})
+          : Message(Plural("Import {1} Entry", "Import {1} Entries", state.marked_count),
+                    {marked})));
   ShowProblem(state.account_is_gone ? Text("The account of this import is no longer selected.")
                                     : QString());
 }
@@ -243,7 +260,30 @@ void ReviewSheet::ShowFacts() {
     facts += '\n' +
              Message("{1}: {2}", {LocalizedText(TitleOf(doubt.kind)), std::to_string(doubt.count)});
   }
+  const auto add = [&facts](std::string_view what, std::size_t count) {
+    if (count > 0) {
+      facts += '\n' + Message("{1}: {2}", {LocalizedText(what), std::to_string(count)});
+    }
+  };
+  add("rows that the file has twice, not marked", state.repeated_count);
+  add("in another currency, not marked", state.foreign_count);
+  add("not booked yet, not marked", state.pending_count);
+  add("identifiers that several rows have", state.reused_identifiers);
   facts_->setText(ToQString(facts));
+}
+
+void ReviewSheet::ShowBalance() {
+  const auto& state = parts_.import.Review();
+  balance_->setVisible(state.balance.has_value());
+  if (!state.balance) return;
+  balance_->setText(WithMinus(ToQString(
+      state.balance_day.empty()
+          ? Message("Take over the balance of {1} as the statement balance", {state.balance_text})
+          : Message("Take over the balance of {1} on {2} as the statement balance",
+                    {state.balance_text, state.balance_day}))));
+  balance_->setAccessibleName(balance_->text());
+  const QSignalBlocker blocker(balance_);
+  balance_->setChecked(state.takes_balance);
 }
 
 bool ReviewSheet::IsCounted(Kind kind, int row) const {
@@ -251,6 +291,8 @@ bool ReviewSheet::IsCounted(Kind kind, int row) const {
   switch (kind) {
     case Kind::Repeats:
       return parts_.import.MatchOf(*entry).has_value();
+    case Kind::Matched:
+      return entry->GetMatched() != nullptr;
     case Kind::AfterToday:
       return entry->GetDate() > TodaysDateNumber();
     case Kind::Undated:
@@ -275,6 +317,10 @@ void ReviewSheet::ShowChips() {
         each.chip->setText(
             ToQString(Message(Plural("{1} repeats an entry", "{1} repeat an entry", number),
                               {std::to_string(number)})));
+        break;
+      case Kind::Matched:
+        each.chip->setText(ToQString(
+            Message(Plural("{1} matched", "{1} matched", number), {std::to_string(number)})));
         break;
       case Kind::AfterToday:
         each.chip->setText(ToQString(Message(Plural("{1} after today", "{1} after today", number),

@@ -6,6 +6,7 @@
 #include "desktop/sheets/review_details.h"
 #include "desktop/sheets/sheet.h"
 
+class QCheckBox;
 class QLabel;
 class QPushButton;
 
@@ -38,7 +39,7 @@ class ReviewSheet final : public SheetDialog {
 
  private:
   // Which rows a chip counts.
-  enum class Kind : std::uint8_t { Repeats, AfterToday, NewType, Undated };
+  enum class Kind : std::uint8_t { Repeats, Matched, AfterToday, NewType, Undated };
   struct Counted {
     Kind kind;
     Chip* chip;
@@ -53,6 +54,7 @@ class ReviewSheet final : public SheetDialog {
   void ShowFacts();
   void ShowChips();
   void ShowComparison();
+  void ShowBalance();
   [[nodiscard]] bool IsCounted(Kind kind, int row) const;
   [[nodiscard]] TableFormat Format() const;
 
@@ -63,9 +65,11 @@ class ReviewSheet final : public SheetDialog {
   std::vector<Counted> chips_;
   RegisterView* table_;
   ReviewComparison* comparison_;
+  QCheckBox* balance_;
   QLabel* total_;
   QPushButton* change_;
   QPushButton* drop_;
+  QPushButton* match_;
   QPushButton* all_;
   QPushButton* ok_;
 };

@@ -1,0 +1,64 @@
+#pragma once
+
+#include <array>
+
+#include "app/exchange/qif_import_controller.h"
+#include "desktop/sheets/sheet.h"
+
+class QCheckBox;
+class QComboBox;
+class QLabel;
+class QPushButton;
+
+namespace tallyfold::desktop {
+
+class LookTable;
+class QuestionBar;
+class StatementColumns;
+
+// The options of an import of a bank's file: those that apply to it, what it asks, the columns of a
+// table, what the balances prove, and the first entries as they will come in.
+class StatementSheet final : public SheetDialog {
+ public:
+  // `import` must outlive the sheet.
+  StatementSheet(LDGRQIFImportController& import, QWidget* window);
+
+  void ShowState() override;
+  void Cancel() override;
+
+ private:
+  struct Shown {
+    StatementSetting setting;
+    QWidget* whole;  // with its label
+    QComboBox* pop_up;
+  };
+
+  void LayOut();
+  void Connect();
+  [[nodiscard]] QComboBox* AddPopUp(const QString& title, const char* name, QWidget* whole);
+  void Choose(StatementSetting setting, std::int32_t value);
+  void ReadChecks();
+  void ShowFacts();
+  void ShowSettings();
+  void ShowQuestion();
+  void ShowProof();
+
+  LDGRQIFImportController& import_;
+  QLabel* heading_;
+  QLabel* facts_;
+  QWidget* account_row_;
+  QComboBox* account_ = nullptr;
+  std::vector<Shown> settings_;
+  QuestionBar* question_;
+  StatementColumns* columns_;
+  QWidget* proof_;
+  QLabel* proof_icon_;
+  QLabel* proof_text_;
+  LookTable* rows_;
+  QCheckBox* types_;
+  QCheckBox* spending_;
+  QCheckBox* zero_;
+  QPushButton* ok_ = nullptr;
+};
+
+}  // namespace tallyfold::desktop

@@ -1,0 +1,90 @@
+#include "exchange/match_choice.h"
+
+#include <algorithm>
+#include <cmath>
+#include <tuple>
+
+#include "exchange/qif_duplicates.h"
+#include "model/date_number.h"
+
+namespace tallyfold {
+
+MatchChoice::MatchChoice(const EntryList& existing) {
+  places_.reserve(existing.size());
+  for (const auto& entry : existing) {
+    // Not-a-number equals nothing and would upset the order.
+    const double amount = entry->GetAmount();
+    if (amount == amount) places_.push_back({amount, DayCountOf(entry->GetDate()), entry});
+  }
+  std::stable_sort(places_.begin(), places_.end(), [](const Place& a, const Place& b) {
+    return std::tie(a.amount, a.day) < std::tie(b.amount, b.day);
+  });
+  for (std::size_t i = 0; i < places_.size(); ++i) place_of_.emplace(places_[i].entry.get(), i);
+}
+
+std::size_t MatchChoice::Follow(std::vector<std::size_t>& links, std::size_t place) {
+  std::size_t end = place;
+  while (links[end] != end) end = links[end];
+  while (links[place] != end) {
+    const std::size_t next = links[place];
+    links[place] = end;
+    place = next;
+  }
+  return end;
+}
+
+void MatchChoice::Link() const {
+  if (is_linked_) return;
+  after_.resize(places_.size() + 2);
+  before_.resize(places_.size() + 2);
+  for (std::size_t i = 0; i < after_.size(); ++i) {
+    const bool is_taken = i > 0 && i <= places_.size() && places_[i - 1].is_taken;
+    after_[i] = is_taken ? i + 1 : i;
+    before_[i] = is_taken ? i - 1 : i;
+  }
+  is_linked_ = true;
+}
+
+std::shared_ptr<LDGRAccountEntry> MatchChoice::Find(
+    const LDGRAccountEntry& row, const std::shared_ptr<LDGRAccountEntry>& wanted) const {
+  const auto known = place_of_.find(wanted.get());
+  if (known != place_of_.end() && !places_[known->second].is_taken) return wanted;
+  Link();
+  const double amount = row.GetAmount();
+  const std::int64_t day = DayCountOf(row.GetDate());
+  const auto start = std::lower_bound(
+      places_.begin(), places_.end(), day, [amount](const Place& place, std::int64_t limit) {
+        return std::tie(place.amount, place.day) < std::tie(amount, limit);
+      });
+  const auto from = static_cast<std::size_t>(start - places_.begin());
+  const Place* nearest = nullptr;
+  const auto consider = [&](std::size_t place) {
+    if (place == 0 || place > places_.size()) return;
+    const Place& each = places_[place - 1];
+    const std::int64_t distance = std::abs(each.day - day);
+    if (each.amount != amount || distance > kNearDays) return;
+    if (nearest == nullptr || distance < std::abs(nearest->day - day)) nearest = &each;
+  };
+  consider(Follow(before_, from));
+  consider(Follow(after_, from + 1));
+  return nearest == nullptr ? nullptr : nearest->entry;
+}
+
+void MatchChoice::Take(const LDGRAccountEntry* entry) {
+  const auto known = place_of_.find(entry);
+  if (known == place_of_.end()) return;
+  places_[known->second].is_taken = true;
+  if (!is_linked_) return;
+  const std::size_t place = known->second + 1;
+  after_[place] = place + 1;
+  before_[place] = place - 1;
+}
+
+void MatchChoice::Release(const LDGRAccountEntry* entry) {
+  const auto known = place_of_.find(entry);
+  if (known == place_of_.end()) return;
+  places_[known->second].is_taken = false;
+  is_linked_ = false;
+}
+
+}  // namespace tallyfold
