@@ -17,6 +17,7 @@
 #include "app/entries/entry_orders.h"
 #include "app/entries/entry_removal.h"
 #include "app/entries/entry_reveal.h"
+#include "app/entries/transfer_linking.h"
 #include "app/exchange/qif_import_command.h"
 #include "app/exchange/qif_import_controller.h"
 #include "app/schedules/schedule_editing.h"
@@ -28,6 +29,7 @@
 #include "app/shell/backups_sheet.h"
 #include "app/shell/menus.h"
 #include "app/shell/preferences_sheet.h"
+#include "app/shell/recovery.h"
 #include "app/shell/tabs.h"
 #include "app/shell/undo.h"
 #include "app/shell/update_check.h"
@@ -336,6 +338,9 @@ std::vector<std::pair<Area, std::string>> Seen(TestApplication& test) {
   const auto address = [](const auto& pointer) {
     return std::to_string(reinterpret_cast<std::uintptr_t>(pointer.get()));
   };
+  const auto sheet = [&flag](const auto& state) {
+    return flag(state.is_open) + (state.problem ? state.problem->field + state.problem->text : "");
+  };
   auto& list = app.accountsDrawer();
   std::string accounts = std::to_string(list.Table().SelectedRow());
   for (std::size_t row = 0; row < list.numberOfRowsInTableView(); ++row) {
@@ -356,18 +361,46 @@ std::vector<std::pair<Area, std::string>> Seen(TestApplication& test) {
   for (const auto& each : summaries.summaries) summary += each->name();
   const auto& search = app.search().State();
   const auto account = app.desk().SelectedAccount();
+  std::string types;
+  for (const MenuItem& item : app.menus().EntryTypeMenu()) {
+    types += item.title + flag(item.is_enabled) + flag(item.is_checked);
+  }
+  std::string columns;
+  for (const auto* shown : {&app.registers().Entry(), &app.registers().Reconcile()}) {
+    for (const TableColumn& column : shown->VisibleTableColumns()) columns += TitleOf(column) + ' ';
+  }
+  std::string steps;
+  for (const auto& lines : {app.undo().UndoLines(), app.undo().RedoLines()}) {
+    for (const UndoLine& line : lines) steps += line.name + flag(line.can_be_reached);
+    steps += '|';
+  }
+  const auto& orders = app.entryOrders().State();
+  const auto& linking = app.transferLinking().State();
+  const auto& backup = app.backups().State();
+  const auto& jump = app.dateJump().State();
+  const auto& find = app.entryFind().State();
   return {
       {Area::Accounts, accounts},
       {Area::SelectedAccount, address(account)},
       {Area::WindowTitle, app.selection().WindowTitle()},
       {Area::AccountMenu, std::to_string(app.menus().AccountMenu().size()) + address(account)},
       {Area::Registers, rows},
+      {Area::RegisterColumns, columns},
       {Area::SelectedEntry, address(app.desk().SelectedEntry())},
       {Area::HiddenEntry, app.entryReveal().State().text},
       {Area::Schedules, schedules},
       {Area::Balance, app.balanceField().State().text},
       {Area::ReconcileBalances,
        std::to_string(figures.resolved_balance) + " " + std::to_string(figures.unresolved_sum)},
+      {Area::EntryTypeMenu, types},
+      {Area::EntryOrders, orders.problem + orders.note},
+      {Area::TransferLinking,
+       linking.problem + linking.note + linking.offer_text + std::to_string(linking.offers.size())},
+      {Area::EntryFind, flag(find.is_open) + find.text},
+      {Area::DateJump, flag(jump.is_open) + std::to_string(jump.day)},
+      {Area::BackUp, backup.kept + backup.problem},
+      {Area::History, steps},
+      {Area::Recovery, app.recovery().Notice()},
       {Area::Summary, summary},
       {Area::Tabs, std::to_string(static_cast<int>(tabs.selected)) +
                        flag(tabs.entry_item_is_checked) + flag(tabs.reconcile_item_is_checked)},
@@ -376,22 +409,22 @@ std::vector<std::pair<Area, std::string>> Seen(TestApplication& test) {
                          std::to_string(search.menu_type)},
       {Area::Updates, flag(app.updates().State().window_is_open)},
       {Area::Sheet, std::to_string(static_cast<int>(app.sheets().Current()))},
-      {Area::DebitSheet, flag(app.entries().Debit().State().is_open)},
-      {Area::DepositSheet, flag(app.entries().Deposit().State().is_open)},
-      {Area::TransferSheet, flag(app.entries().Transfer().State().is_open)},
-      {Area::EntryRemoveSheet, flag(app.entryRemoval().Confirm().is_open)},
-      {Area::TransferEntryRemoveSheet, flag(app.entryRemoval().Transfer().is_open)},
-      {Area::ScheduleSheet, flag(app.scheduleSheet().State().is_open)},
-      {Area::ScheduleRemoveSheet, flag(app.schedules().Confirm().is_open)},
-      {Area::ScheduleReminderSheet, flag(app.reminder().State().is_open)},
-      {Area::AccountEditSheet, flag(app.accountSheet().State().is_open)},
-      {Area::AccountSummarySheet, flag(app.summarySheet().State().is_open)},
-      {Area::AuthenticationSheet, flag(app.applicationLock().State().is_open)},
-      {Area::AccountAuthenticationSheet, flag(app.accountPasswords().State().is_open)},
-      {Area::PreferencesSheet, flag(app.preferencesSheet().State().is_open)},
-      {Area::ImportOptionsSheet, flag(app.sharedQIFImportController().Options().is_open)},
-      {Area::BackupsSheet, flag(app.backupsSheet().State().is_open)},
+      {Area::BackupsSheet, sheet(app.backupsSheet().State())},
       {Area::AboutSheet, flag(app.about().State().is_open)},
+      {Area::DebitSheet, sheet(app.entries().Debit().State())},
+      {Area::DepositSheet, sheet(app.entries().Deposit().State())},
+      {Area::TransferSheet, sheet(app.entries().Transfer().State())},
+      {Area::EntryRemoveSheet, sheet(app.entryRemoval().Confirm())},
+      {Area::TransferEntryRemoveSheet, sheet(app.entryRemoval().Transfer())},
+      {Area::ScheduleSheet, sheet(app.scheduleSheet().State())},
+      {Area::ScheduleRemoveSheet, sheet(app.schedules().Confirm())},
+      {Area::ScheduleReminderSheet, sheet(app.reminder().State())},
+      {Area::AccountEditSheet, sheet(app.accountSheet().State())},
+      {Area::AccountSummarySheet, sheet(app.summarySheet().State())},
+      {Area::AuthenticationSheet, sheet(app.applicationLock().State())},
+      {Area::AccountAuthenticationSheet, sheet(app.accountPasswords().State())},
+      {Area::PreferencesSheet, sheet(app.preferencesSheet().State())},
+      {Area::ImportOptionsSheet, sheet(app.sharedQIFImportController().Options())},
       {Area::ImportReview, flag(app.sharedQIFImportController().IsReviewing())},
   };
 }
