@@ -181,9 +181,9 @@ class RunningProgram {
   int status_ = 0;
 };
 
-class Player {
+class ScreenPlayer {
  public:
-  Player(const std::string& program, const std::string& project_folder) : program_(program) {
+  ScreenPlayer(const std::string& program, const std::string& project_folder) : program_(program) {
     const std::string folder = home_ / "Library/Tallyfold";
     std::filesystem::create_directories(folder);
     std::filesystem::copy_file(project_folder + "/examples/Accounts.plist",
@@ -285,7 +285,7 @@ class Player {
 
 std::string PlayScreenTranscript(std::string_view text, const std::string& program,
                                  const std::string& project_folder) {
-  return Player(program, project_folder).Play(text);
+  return ScreenPlayer(program, project_folder).Play(text);
 }
 
 }  // namespace tallyfold::console

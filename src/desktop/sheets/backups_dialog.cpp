@@ -20,7 +20,7 @@
 namespace tallyfold::desktop {
 namespace {
 
-using Kind = EntryDifference::Kind;
+using Fate = EntryDifference::Kind;
 using Word = CellLook::Word;
 using Align = CellLook::Align;
 
@@ -46,13 +46,13 @@ CellLook LookOfCell(const TableCell& cell, bool is_figure, bool is_former) {
 }
 
 // What has become of an entry.
-CellLook WordOf(Kind kind) {
+CellLook WordOf(Fate kind) {
   switch (kind) {
-    case Kind::Added:
+    case Fate::Added:
       return {.text = Text("Added"), .word = Word::Good};
-    case Kind::Changed:
+    case Fate::Changed:
       return {.text = Text("Changed"), .word = Word::Warning};
-    case Kind::Gone:
+    case Fate::Gone:
       return {.text = Text("Gone"), .word = Word::Neutral};
   }
   return {};
@@ -62,7 +62,7 @@ CellLook WordOf(Kind kind) {
 int WidestWord(const QFont& font) {
   const QFontMetrics metrics(DemiBoldFont(font));
   int width = 0;
-  for (const Kind kind : {Kind::Added, Kind::Changed, Kind::Gone}) {
+  for (const Fate kind : {Fate::Added, Fate::Changed, Fate::Gone}) {
     width = std::max(width, metrics.horizontalAdvance(WordOf(kind).text));
   }
   return width + 2 * kOuterCellPadding + 2 * kCellPadding;

@@ -84,15 +84,15 @@ PageList::PageList(QWidget* parent, const char* name)
   row->addSpacing(1);
   row->addWidget(pages_, 1);
   connect(list_, &QListWidget::currentRowChanged, this, [this](int to) { Select(to); });
-  const std::pair<QKeySequence, int> keys[] = {{Qt::CTRL | Qt::Key_Tab, 1},
-                                               {Qt::CTRL | Qt::Key_PageDown, 1},
-                                               {Qt::CTRL | Qt::SHIFT | Qt::Key_Tab, -1},
-                                               {Qt::CTRL | Qt::SHIFT | Qt::Key_Backtab, -1},
-                                               {Qt::CTRL | Qt::Key_PageUp, -1}};
-  for (const auto& [key, pages] : keys) {
-    auto* shortcut = new QShortcut(key, this);
-    connect(shortcut, &QShortcut::activated, this, [this, by = pages] { GoBy(by); });
-  }
+  const auto turn = [this](const QKeySequence& keys, int by) {
+    auto* shortcut = new QShortcut(keys, this);
+    connect(shortcut, &QShortcut::activated, this, [this, by] { GoBy(by); });
+  };
+  turn(QKeySequence(Qt::CTRL | Qt::Key_Tab), 1);
+  turn(QKeySequence(Qt::CTRL | Qt::Key_PageDown), 1);
+  turn(QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_Tab), -1);
+  turn(QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_Backtab), -1);
+  turn(QKeySequence(Qt::CTRL | Qt::Key_PageUp), -1);
 }
 
 void PageList::paintEvent(QPaintEvent* /*event*/) {

@@ -154,6 +154,16 @@ void ReconcileBand::EndEditing() {
 }
 
 void ReconcileBand::Show() {
+  is_behind_ = !isVisible();
+  if (!is_behind_) ShowState();
+}
+
+void ReconcileBand::showEvent(QShowEvent* event) {
+  QWidget::showEvent(event);
+  if (is_behind_) Show();
+}
+
+void ReconcileBand::ShowState() {
   const ReconcileTabState& state = parts_.tab.State();
   const LDGRPreferences& preferences = parts_.desk.preferences();
   const Reconciliation& figures = state.figures;

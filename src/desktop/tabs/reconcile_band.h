@@ -30,6 +30,8 @@ class ReconcileBand final : public QWidget {
   };
   ReconcileBand(const Parts& parts, QWidget* parent);
 
+  // While it is hidden it only remembers that it has to: what may explain a difference takes a look
+  // at every entry.
   void Show();
   void FocusField();
 
@@ -39,6 +41,8 @@ class ReconcileBand final : public QWidget {
 
  private:
   void resizeEvent(QResizeEvent* event) override;
+  void showEvent(QShowEvent* event) override;
+  void ShowState();
   void ShowExplanation();
   void EndEditing();
   void SelectEntries();
@@ -56,6 +60,7 @@ class ReconcileBand final : public QWidget {
   QLabel* sentence_;
   QLabel* named_;
   QPushButton* select_;
+  bool is_behind_ = true;
 };
 
 }  // namespace tallyfold::desktop
