@@ -14,6 +14,7 @@
 #include "console/command.h"
 #include "console/console.h"
 #include "console/line_history.h"
+#include "console/table.h"
 #include "console/words.h"
 #include "filters/filter_types.h"
 #include "model/account.h"
@@ -137,7 +138,7 @@ LineCompletion CompletionOf(const Begun& begun, std::string_view before, Candida
     // More is still to come.
     if (is_quoted) completion.text.pop_back();
   } else {
-    for (Candidate& each : candidates) completion.choices.push_back(std::move(each.text));
+    for (const Candidate& each : candidates) completion.choices.push_back(Printable(each.text));
   }
   return completion;
 }
