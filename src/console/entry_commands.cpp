@@ -251,6 +251,7 @@ const std::vector<Command>& Commands() {
        .options = EditOptions(),
        .help = "changes an entry by its number or its row (#3), or one under review",
        .example = "edit 12 amount=32.40 notes=\"with the tip\"",
+       .answers = "of a resolved entry: Cancel, Change",
        .run = EditEntry,
        .works_in_review = true},
       {.name = "remove",

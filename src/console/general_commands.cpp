@@ -89,6 +89,7 @@ void ExplainCommand(Console& console, const Command& command) {
 // What `answer` may be given before.
 void ListAnswers(const Console& console) {
   Table table({{"command"}, {"answers"}});
+  table.Add({"the first of all", "of accounts of an older version: Quit, Update"});
   for (const Subject& subject : console.subjects) {
     for (const Command& command : subject.commands) {
       if (command.answers.empty()) continue;
@@ -156,6 +157,8 @@ constexpr Command kGeneralCommands[] = {
     {.name = "quit",
      .help = "saves everything and ends",
      .example = "quit",
+     .answers = "at a terminal, where not all can be saved: Try Again, Save Elsewhere, End Without "
+                "Saving",
      .run = Quit,
      .needs = Needs::Launch},
 };

@@ -103,13 +103,14 @@ void AppendCommand(std::string& page, const Command& command) {
   std::string usage(command.name);
   if (!command.words.empty()) usage += ' ' + std::string(command.words);
   AppendTold(page, usage, command.help);
-  if (!command.options.empty()) {
+  if (!command.options.empty() || !command.answers.empty()) {
     page += ".RS\n";
     for (const Option& option : command.options) {
       std::string text(option.help);
       if (option.is_repeatable) text += " (may be given several times)";
       AppendTold(page, std::string(option.name) + '=' + std::string(option.value), text);
     }
+    if (!command.answers.empty()) AppendTold(page, "answers", command.answers);
     page += ".RE\n";
   }
 }

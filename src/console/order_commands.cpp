@@ -159,6 +159,7 @@ constexpr Command kOrderCommands[] = {
      .most_words = 2,
      .help = "makes a deposit of a debit or turns it round, and a transfer the other way",
      .example = "kind 12 deposit",
+     .answers = "of a resolved entry: Cancel, Change",
      .run = ChangeKind},
     {.name = "move",
      .words = "ENTRY...|FIRST-LAST|shown",
