@@ -102,35 +102,29 @@ void ShowReview(Console& console, const Arguments& /*arguments*/) {
 
 QifImportEntryList EntriesNamed(const Console& console, const Arguments& arguments) {
   static_cast<void>(OpenReview(console));
-  QifImportEntryList entries;
-  for (std::size_t i = 0; i < arguments.WordCount(); ++i) {
-    entries.push_back(ReviewedEntryNamed(console, arguments.WordAt(i)));
-  }
-  return entries;
+  return ReviewedEntriesNamed(console, arguments);
 }
 
 bool NamesAll(const Arguments& arguments) {
   return arguments.WordCount() == 1 && arguments.WordAt(0) == "all";
 }
 
-// The command for all is a toggle, which unmarks only when every entry is marked.
 void MarkAll(const Console& console, bool marked) {
   auto& import = OpenReview(console);
-  const auto are_marked = [&] {
-    return import.Review().marked_count == import.Review().entry_count;
-  };
-  if (!are_marked()) import.ImportEntry_ImportAll();
-  if (!marked && are_marked()) import.ImportEntry_ImportAll();
+  const bool is_unmarked = import.Review().marked_count < import.Review().entry_count;
+  if (!marked) {
+    import.MarkEntries(import.entries(), false);
+  } else if (is_unmarked) {
+    // The toggle for all of them brings them into the order of the file.
+    import.ImportEntry_ImportAll();
+  }
   ShowReviewFigures(console);
 }
 
 void MarkEntries(const Console& console, const Arguments& arguments, bool marked) {
   if (NamesAll(arguments)) return MarkAll(console, marked);
   const auto entries = EntriesNamed(console, arguments);
-  auto& import = OpenReview(console);
-  for (const auto& entry : entries) {
-    if (entry->GetImport() != marked) import.Import_CheckBox(entry);
-  }
+  OpenReview(console).MarkEntries(entries, marked);
   ShowReviewedEntries(console, entries);
 }
 
@@ -147,18 +141,13 @@ void Unmark(Console& console, const Arguments& arguments) {
 }
 
 void Drop(Console& console, const Arguments& arguments) {
-  auto& import = OpenReview(console);
-  for (const auto& entry : EntriesNamed(console, arguments)) {
-    import.SelectEntry(entry);
-    import.ImportEntry_Remove();
-  }
+  OpenReview(console).RemoveEntries(EntriesNamed(console, arguments));
   ShowReviewFigures(console);
 }
 
 void Resolve(Console& console, const Arguments& arguments) {
-  auto& import = OpenReview(console);
   const auto entries = EntriesNamed(console, arguments);
-  for (const auto& entry : entries) import.Cleared_CheckBox(entry);
+  OpenReview(console).TurnClearedOver(entries);
   ShowReviewedEntries(console, entries);
 }
 
@@ -166,19 +155,18 @@ void Resolve(Console& console, const Arguments& arguments) {
 void SetMatched(const Console& console, const Arguments& arguments, bool matched) {
   auto& import = OpenReview(console);
   if (NamesAll(arguments)) {
-    for (const auto& entry : import.entries()) import.Match(entry, matched);
+    import.MatchEntries(import.entries(), matched);
     return ShowReviewFigures(console);
   }
   const auto entries = EntriesNamed(console, arguments);
-  QifImportEntryList done;
+  QifImportEntryList others;
   for (const auto& entry : entries) {
-    if ((entry->GetMatched() != nullptr) == matched) continue;
-    if (import.Match(entry, matched)) {
-      done.push_back(entry);
-      continue;
-    }
-    for (const auto& each : done) import.Match(each, false);
-    throw CommandError("row " + WriteNumber(import.PlaceOf(*entry)) +
+    if ((entry->GetMatched() != nullptr) != matched) others.push_back(entry);
+  }
+  const auto without = import.MatchEntries(others, matched);
+  if (!without.empty()) {
+    import.MatchEntries(others, false);
+    throw CommandError("row " + WriteNumber(import.PlaceOf(*without.front())) +
                        ": no entry of the account that is free has its amount within four days");
   }
   ShowReviewedEntries(console, entries);
@@ -294,15 +282,15 @@ constexpr Command kImportCommands[] = {
      .run = ShowReview,
      .works_in_review = true},
     {.name = "mark",
-     .words = "ROW...|all",
+     .words = "ROW...|FIRST-LAST|all",
      .least_words = 1,
      .most_words = 100,
      .help = "marks entries under review for import",
-     .example = "mark 3 5",
+     .example = "mark 3 5-7",
      .run = Mark,
      .works_in_review = true},
     {.name = "unmark",
-     .words = "ROW...|all|undated",
+     .words = "ROW...|FIRST-LAST|all|undated",
      .least_words = 1,
      .most_words = 100,
      .help = "leaves entries under review out of the import; undated: those of no readable date",
@@ -310,7 +298,7 @@ constexpr Command kImportCommands[] = {
      .run = Unmark,
      .works_in_review = true},
     {.name = "drop",
-     .words = "ROW...",
+     .words = "ROW...|FIRST-LAST",
      .least_words = 1,
      .most_words = 100,
      .help = "takes entries out of the review; the others keep their rows",
@@ -318,7 +306,7 @@ constexpr Command kImportCommands[] = {
      .run = Drop,
      .works_in_review = true},
     {.name = "resolve",
-     .words = "ROW...",
+     .words = "ROW...|FIRST-LAST",
      .least_words = 1,
      .most_words = 100,
      .help = "turns the cleared marks of entries under review over",
@@ -326,7 +314,7 @@ constexpr Command kImportCommands[] = {
      .run = Resolve,
      .works_in_review = true},
     {.name = "match",
-     .words = "ROW...|all",
+     .words = "ROW...|FIRST-LAST|all",
      .least_words = 1,
      .most_words = 100,
      .help = "takes entries of the account for those under review: they get the cleared mark",
@@ -334,7 +322,7 @@ constexpr Command kImportCommands[] = {
      .run = Match,
      .works_in_review = true},
     {.name = "unmatch",
-     .words = "ROW...|all",
+     .words = "ROW...|FIRST-LAST|all",
      .least_words = 1,
      .most_words = 100,
      .help = "takes what was matched back",

@@ -2,6 +2,7 @@
 
 #include <limits>
 #include <string>
+#include <unordered_set>
 #include <utility>
 #include <vector>
 
@@ -9,6 +10,7 @@
 #include "app/desk.h"
 #include "app/exchange/qif_import_controller.h"
 #include "app/exchange/qif_import_table_data.h"
+#include "console/command.h"
 #include "console/command_error.h"
 #include "console/entry_table.h"
 #include "console/printer.h"
@@ -64,6 +66,33 @@ std::shared_ptr<LDGRQIFImportEntry> ReviewedEntryNamed(const Console& console,
     throw CommandError("there is no row " + std::string(word) + " in the review");
   }
   return entry;
+}
+
+QifImportEntryList ReviewedEntriesNamed(const Console& console, const Arguments& arguments) {
+  const auto& import = console.controller.sharedQIFImportController();
+  QifImportEntryList named;
+  std::unordered_set<const LDGRQIFImportEntry*> known;
+  const auto add = [&](const std::shared_ptr<LDGRQIFImportEntry>& entry) {
+    if (known.insert(entry.get()).second) named.push_back(entry);
+  };
+  for (std::size_t i = 0; i < arguments.WordCount(); ++i) {
+    const std::string& word = arguments.WordAt(i);
+    const NumberRange places =
+        ReadNumberRange(word, "row", 1, std::numeric_limits<std::int32_t>::max());
+    if (places.first == places.last) {
+      add(ReviewedEntryNamed(console, WriteNumber(places.first)));
+      continue;
+    }
+    bool is_any = false;
+    for (const auto& entry : import.entries()) {
+      const std::int32_t place = import.PlaceOf(*entry);
+      if (place < places.first || place > places.last) continue;
+      add(entry);
+      is_any = true;
+    }
+    if (!is_any) throw CommandError("there is no row in " + word + " in the review");
+  }
+  return named;
 }
 
 void ShowReviewedEntries(const Console& console, const QifImportEntryList& entries) {

@@ -8,10 +8,16 @@
 
 namespace tallyfold::console {
 
+class Arguments;
+
 // An entry of the import under review by its place in the file. Throws CommandError when there is
 // no review or no such entry.
 [[nodiscard]] std::shared_ptr<LDGRQIFImportEntry> ReviewedEntryNamed(const Console& console,
                                                                      std::string_view word);
+// Those that all the words of a command name, each once; "3-7" names those that are left of the
+// places in between. Throws CommandError as above, and for a word that names none.
+[[nodiscard]] QifImportEntryList ReviewedEntriesNamed(const Console& console,
+                                                      const Arguments& arguments);
 // Entries of the review, each with what it repeats in the account.
 void ShowReviewedEntries(const Console& console, const QifImportEntryList& entries);
 

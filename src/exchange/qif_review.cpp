@@ -173,14 +173,16 @@ void QifReview::UnmarkUndated() {
   }
 }
 
-void QifReview::Remove(const LDGRQIFImportEntry* entry) {
-  const auto found = std::find_if(entries_.begin(), entries_.end(),
-                                  [entry](const auto& each) { return each.get() == entry; });
-  if (found == entries_.end()) return;
-  ForgetMatches();
-  Free(**found);
-  SetMarked(*found, false);
-  entries_.erase(found);
+void QifReview::Remove(const QifImportEntryList& entries) {
+  const std::unordered_set<std::shared_ptr<LDGRQIFImportEntry>> gone(entries.begin(),
+                                                                     entries.end());
+  const auto count = std::erase_if(entries_, [&](const auto& each) {
+    if (!gone.contains(each)) return false;
+    Free(*each);
+    SetMarked(each, false);
+    return true;
+  });
+  if (count > 0) ForgetMatches();
 }
 
 // --- Matching -----------------------------------------------------------------------------------

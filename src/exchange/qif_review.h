@@ -61,8 +61,8 @@ class QifReview {
   // unmarked. Nothing when it is not matched.
   void Unmatch(const std::shared_ptr<LDGRQIFImportEntry>& entry);
 
-  // Takes the entry out of the review; nothing when it is not in it.
-  void Remove(const LDGRQIFImportEntry* entry);
+  // Takes them out of the review; those that are not in it are passed over.
+  void Remove(const QifImportEntryList& entries);
   // Unmarks every entry that the account seems to hold already. None is matched any longer.
   void Import_DoNotImportPotentialDuplicates(const LDGRAccount& account);
   // An entry has been edited: matches are looked for again. No mark changes.

@@ -248,6 +248,11 @@ TEST_F(ImportTest, ShowsTheReviewAsATable) {
   import.ImportEntry_Remove();
   EXPECT_EQ(log.Take(), "-1; =0-1; ");
   EXPECT_EQ(rows.GetSelectedEntry()->GetDescription(), "Tea");
+  import.RemoveEntries({rows.GetSelectedEntry(), rows.GetSelectedEntry()});
+  EXPECT_EQ(rows.GetSelectedEntry()->GetDescription(), "Bread");
+  import.RemoveEntries(import.entries());
+  EXPECT_EQ(rows.numberOfRowsInTableView(), 0U);
+  EXPECT_EQ(import.Review().marked_count, 0U);
 }
 
 TEST_F(ImportTest, CommitsAfterAQuestionAndShowsWhatCame) {

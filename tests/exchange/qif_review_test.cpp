@@ -63,7 +63,7 @@ TEST(QifReviews, MatchEachEntryOfTheAccountOnce) {
   EXPECT_EQ(review.MarkedCount(), 3U);
   EXPECT_TRUE(review.Match(rows[3]));
   EXPECT_EQ(Days(review), "- - 20040105 20040102 -");
-  review.Remove(rows[3].get());
+  review.Remove({rows[3]});
   review.ToggleAll();
   EXPECT_EQ(std::to_string(review.MatchedCount()) + std::to_string(review.MarkedCount()), "04");
   review.Match(rows[0]);
@@ -154,7 +154,7 @@ TEST(QifReviews, CountWhatIsAlikeInTheAccountAndInTheFile) {
     EXPECT_EQ(match->in_account, 2U);
     EXPECT_EQ(match->in_file, 3U);
     EXPECT_EQ(review.MarkedCount(), 1U);
-    review.Remove(review.entries()[0].get());
+    review.Remove({review.entries()[0]});
     EXPECT_EQ(review.MatchOf(*review.entries()[1])->in_file, 2U);
     // Alike for one reason, and both alike for another.
     review = Review("D1/2/04\nT-5\nPCafe\nMx\n^\nD1/2/04\nT-5\nPInn\nMx\n^\n", account);
@@ -278,9 +278,12 @@ TEST(QifReviews, ToggleAllAtOnceAndForgetRemovedEntries) {
   review.Toggle(review.entries()[2]);
   review.ToggleAll();  // one of three is marked, so all become so
   EXPECT_EQ(review.entriesToImport(), review.entries());
-  review.Remove(review.entries()[1].get());
-  EXPECT_EQ(review.Total(), 4.0);
-  EXPECT_EQ(review.MarkedCount(), 2U);
+  const auto removed = review.entries()[1];
+  for (int time = 0; time < 2; ++time) {
+    review.Remove({removed, removed});
+    EXPECT_EQ(review.Total(), 4.0);
+    EXPECT_EQ(review.MarkedCount(), 2U);
+  }
 }
 
 }  // namespace

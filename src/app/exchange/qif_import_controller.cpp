@@ -110,16 +110,24 @@ void LDGRQIFImportController::ImportEntry_Resolve() {
 }
 
 void LDGRQIFImportController::Import_CheckBox(const std::shared_ptr<LDGRQIFImportEntry>& entry) {
+  if (entry != nullptr) MarkEntries({entry}, !entry->GetImport());
+}
+
+void LDGRQIFImportController::MarkEntries(const QifImportEntryList& entries, bool marked) {
   const Announcer::Operation operation(announcer_);
-  if (!IsReviewing() || entry == nullptr) return;
-  review_.Toggle(entry);
+  if (!IsReviewing()) return;
+  for (const auto& entry : entries) review_.SetMarked(entry, marked);
   EntriesChanged();
 }
 
 void LDGRQIFImportController::Cleared_CheckBox(const std::shared_ptr<LDGRQIFImportEntry>& entry) {
+  if (entry != nullptr) TurnClearedOver({entry});
+}
+
+void LDGRQIFImportController::TurnClearedOver(const QifImportEntryList& entries) {
   const Announcer::Operation operation(announcer_);
-  if (!IsReviewing() || entry == nullptr) return;
-  entry->SetCleared(!entry->GetCleared());
+  if (!IsReviewing()) return;
+  for (const auto& entry : entries) entry->SetCleared(!entry->GetCleared());
   EntriesChanged();
 }
 
@@ -130,15 +138,23 @@ void LDGRQIFImportController::ImportEntry_Match() {
 
 bool LDGRQIFImportController::Match(const std::shared_ptr<LDGRQIFImportEntry>& entry,
                                     bool matched) {
+  return entry != nullptr && MatchEntries({entry}, matched).empty();
+}
+
+QifImportEntryList LDGRQIFImportController::MatchEntries(const QifImportEntryList& entries,
+                                                         bool matched) {
   const Announcer::Operation operation(announcer_);
-  if (!IsReviewing() || entry == nullptr) return false;
-  if (!matched) {
-    review_.Unmatch(entry);
-  } else if (!review_.Match(entry)) {
-    return false;
+  if (!IsReviewing()) return entries;
+  QifImportEntryList without;
+  for (const auto& entry : entries) {
+    if (!matched) {
+      review_.Unmatch(entry);
+    } else if (!review_.Match(entry)) {
+      without.push_back(entry);
+    }
   }
   EntriesChanged();
-  return true;
+  return without;
 }
 
 void LDGRQIFImportController::Import_TakeBalance(bool takes) {
@@ -163,11 +179,14 @@ void LDGRQIFImportController::ImportEntry_UnmarkUndated() {
 }
 
 void LDGRQIFImportController::ImportEntry_Remove() {
+  if (const auto entry = rows_.GetSelectedEntry()) RemoveEntries({entry});
+}
+
+void LDGRQIFImportController::RemoveEntries(QifImportEntryList entries) {
   const Announcer::Operation operation(announcer_);
-  const auto entry = rows_.GetSelectedEntry();
-  if (!IsReviewing() || !sheets_.IsFree() || entry == nullptr) return;
-  review_.Remove(entry.get());
-  rows_.RemoveEntry(entry.get());
+  if (!IsReviewing() || !sheets_.IsFree()) return;
+  review_.Remove(entries);
+  rows_.RemoveEntries(entries);
   EntriesChanged();
 }
 

@@ -161,9 +161,14 @@ class LDGRQIFImportController final : private EntryOwner {
   // Whether the balance of the file becomes the statement balance of the account at OK; nothing
   // where it has none.
   void Import_TakeBalance(bool takes);
+  // Several of the review at once.
+  void MarkEntries(const QifImportEntryList& entries, bool marked);
+  void RemoveEntries(QifImportEntryList entries);
+  void TurnClearedOver(const QifImportEntryList& entries);
+  // Those come back that there is nothing to match with.
+  QifImportEntryList MatchEntries(const QifImportEntryList& entries, bool matched);
   // All of them in, or all out when all are in.
   void ImportEntry_ImportAll();
-
   // All out that have no date that could be read.
   void ImportEntry_UnmarkUndated();
 

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <unordered_set>
 #include <utility>
 
 #include "model/date_number.h"
@@ -96,16 +97,19 @@ void LDGRQIFImportTableViewDataSource::AddEntry(std::shared_ptr<LDGRQIFImportEnt
   Take(std::move(entries), GetSelectedEntry().get());
 }
 
-void LDGRQIFImportTableViewDataSource::RemoveEntry(const LDGRQIFImportEntry* entry) {
-  const auto row = EntryToRow(entry);
-  if (!row) return;
-  QifImportEntryList entries = entries_;
-  entries.erase(entries.begin() + *row);
-  auto selected = GetSelectedEntry();
-  if (selected.get() == entry) {
-    selected = RecordOfRow(entries, std::min(*row, static_cast<std::int32_t>(entries.size()) - 1));
+void LDGRQIFImportTableViewDataSource::RemoveEntries(const QifImportEntryList& removed) {
+  const std::unordered_set<std::shared_ptr<LDGRQIFImportEntry>> gone(removed.begin(),
+                                                                     removed.end());
+  const auto selected = GetSelectedEntry();
+  QifImportEntryList entries;
+  std::int32_t place = TableState::kNoRow;
+  for (const auto& entry : entries_) {
+    if (entry == selected) place = static_cast<std::int32_t>(entries.size());
+    if (!gone.contains(entry)) entries.push_back(entry);
   }
-  Take(std::move(entries), selected.get());
+  place = std::min(place, static_cast<std::int32_t>(entries.size()) - 1);
+  const auto next = RecordOfRow(entries, place);
+  Take(std::move(entries), next.get());
 }
 
 void LDGRQIFImportTableViewDataSource::SelectRow(std::int32_t row) {

@@ -47,8 +47,8 @@ class LDGRQIFImportTableViewDataSource final : public TableDataSource {
   void SetEntries(QifImportEntryList entries);
   [[nodiscard]] const QifImportEntryList& GetEntries() const noexcept { return entries_; }
   void AddEntry(std::shared_ptr<LDGRQIFImportEntry> entry);
-  // Then the entry that takes its place is selected, if it was.
-  void RemoveEntry(const LDGRQIFImportEntry* entry);
+  // Then the entry that takes the place of the selected one is selected, if that was among them.
+  void RemoveEntries(const QifImportEntryList& removed);
   void Redraw() { table_.ReloadData(); }
 
   // Null when nothing is selected.
