@@ -39,11 +39,17 @@ has_focus() { [[ $(focus) == "$1" ]]; }
 in_window() { until_true "no window $1" has_focus "$1"; }
 press() { xdotool key --clearmodifiers "$@"; }
 text() { xdotool type --delay 1 "$1"; }
+# Sets id, WIDTH and HEIGHT. Another window that goes meanwhile makes the look fail.
+finds_window() {
+  local geometry
+  id=$(xdotool search --onlyvisible --name "^$1\$" 2>/dev/null | tail -n 1) || return 1
+  geometry=$(xdotool getwindowgeometry --shell "$id" 2>/dev/null) || return 1
+  eval "$(grep -E '^(WIDTH|HEIGHT)=' <<<"$geometry")"
+}
 # click WINDOW X Y: from its upper left corner, or, where negative, from its lower right one.
 click() {
-  local id x=$2 y=$3 WIDTH HEIGHT
-  id=$(xdotool search --onlyvisible --name "^$1\$" | tail -n 1)
-  eval "$(xdotool getwindowgeometry --shell "$id" | grep -E '^(WIDTH|HEIGHT)=')"
+  local id x=$2 y=$3 WIDTH=0 HEIGHT=0
+  until_true "no window $1 to click" finds_window "$1"
   [ "$x" -ge 0 ] || x=$((WIDTH + x))
   [ "$y" -ge 0 ] || y=$((HEIGHT + y))
   xdotool mousemove --window "$id" "$x" "$y" click 1
