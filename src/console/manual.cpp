@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <vector>
 
+#include "app/help/manual_page.h"
+
 namespace tallyfold::console {
 namespace {
 
@@ -56,61 +58,23 @@ constexpr Told kEnvironment[] = {
     {"TZ", "the time zone, which says what day it is."},
 };
 
-// Text as roff shows it as it stands.
-std::string Roff(std::string_view text) {
-  std::string roff;
-  for (const char c : text) {
-    if (roff.empty() && (c == '.' || c == '\'')) roff += "\\&";
-    switch (c) {
-      case '\\':
-        roff += "\\e";
-        break;
-      case '-':
-        roff += "\\-";
-        break;
-      case '~':
-        roff += "\\(ti";
-        break;
-      case '^':
-        roff += "\\(ha";
-        break;
-      case '\'':
-        roff += "\\(aq";
-        break;
-      case '`':
-        roff += "\\(ga";
-        break;
-      case '"':
-        roff += "\\(dq";
-        break;
-      default:
-        roff += c;
-    }
-  }
-  return roff;
-}
-
-void AppendTold(std::string& page, std::string_view name, std::string_view text) {
-  page += ".TP\n.B " + Roff(name) + '\n' + Roff(text) + '\n';
-}
-
 void AppendSection(std::string& page, std::string_view title, std::span<const Told> told) {
   page += ".SH " + std::string(title) + '\n';
-  for (const Told& each : told) AppendTold(page, each.name, each.text);
+  for (const Told& each : told) page += RoffTagged(each.name, each.text);
 }
 
 void AppendCommand(std::string& page, const Command& command) {
   std::string usage(command.name);
   if (!command.words.empty()) usage += ' ' + std::string(command.words);
-  AppendTold(page, usage, command.help);
+  page += RoffTagged(usage, command.help);
   if (!command.options.empty() || !command.answers.empty()) {
     page += ".RS\n";
     for (const Option& option : command.options) {
       std::string text(option.help);
       if (option.is_repeatable) text += " (may be given several times)";
-      AppendTold(page, std::string(option.name) + '=' + std::string(option.value), text);
+      page += RoffTagged(std::string(option.name) + '=' + std::string(option.value), text);
     }
-    if (!command.answers.empty()) AppendTold(page, "answers", command.answers);
+    if (!command.answers.empty()) page += RoffTagged("answers", command.answers);
     page += ".RE\n";
   }
 }
@@ -153,13 +117,13 @@ std::string ManualPage(std::span<const Subject> subjects, std::string_view versi
       "\\et stand for a quotation mark, a backslash, a line end and a tab.\n";
   AppendSection(page, "OPTIONS", kArguments);
   page += ".SH LINES\n";
-  for (const LineRule& rule : kLineRules) AppendTold(page, rule.written, rule.means);
+  for (const LineRule& rule : kLineRules) page += RoffTagged(rule.written, rule.means);
   page += ".SH COMMANDS\n";
   std::vector<std::string_view> told;
   for (const Subject& first : subjects) {
     if (std::find(told.begin(), told.end(), first.name) != told.end()) continue;
     told.push_back(first.name);
-    page += ".SS " + Roff(first.name) + '\n';
+    page += ".SS " + RoffText(first.name) + '\n';
     for (const Subject& subject : subjects) {
       if (subject.name != first.name) continue;
       for (const Command& command : subject.commands) AppendCommand(page, command);
