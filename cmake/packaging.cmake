@@ -40,8 +40,7 @@ if(TARGET tallyfold)
     RENAME ${TALLYFOLD_ID}.png DESTINATION ${icons}/48x48/apps COMPONENT window)
 endif()
 
-# Manual pages, licence and changes go with each of them.
-find_program(GZIP_PROGRAM gzip)
+# Licence and changes go with each of them.
 set(packages tallyfold-console)
 if(TARGET tallyfold)
   list(APPEND packages tallyfold)
@@ -66,6 +65,7 @@ foreach(package IN LISTS packages)
 endforeach()
 
 set(CPACK_PACKAGE_NAME tallyfold)
+set(CPACK_PACKAGE_DESCRIPTION_SUMMARY "check register for personal bank accounts")
 set(CPACK_PACKAGE_VENDOR "The Tallyfold developers")
 set(CPACK_PACKAGE_CONTACT "The Tallyfold developers <developers@tallyfold.org>")
 set(CPACK_RESOURCE_FILE_LICENSE ${PROJECT_SOURCE_DIR}/LICENSE)
@@ -87,14 +87,13 @@ set(CPACK_DEBIAN_PACKAGE_SUGGESTS "curl, speech-dispatcher")
 set(CPACK_DEBIAN_WINDOW_PACKAGE_NAME tallyfold)
 # The icons are drawn by a plugin, which no program is linked to.
 set(CPACK_DEBIAN_WINDOW_PACKAGE_DEPENDS "libqt6svg6")
-set(CPACK_COMPONENT_WINDOW_DESCRIPTION "check register for personal bank accounts
- Tallyfold keeps bank accounts as a paper check register does: debits, deposits
- and transfers with running balances, splits, reconciling, recurring entries,
- filters, summaries, printing, import and export, in a window.")
+set(CPACK_COMPONENT_WINDOW_DESCRIPTION
+"Tallyfold keeps bank accounts as a paper check register does: debits, deposits
+and transfers with running balances, splits, reconciling, recurring entries,
+filters, summaries, printing, import and export, in a window.")
 set(CPACK_DEBIAN_CONSOLE_PACKAGE_NAME tallyfold-console)
-set(CPACK_COMPONENT_CONSOLE_DESCRIPTION "check register for personal bank accounts, by commands
- Tallyfold keeps bank accounts as a paper check register does: debits, deposits
- and transfers with running balances, splits, reconciling, recurring entries,
- filters, summaries, printing, import and export, by commands of a terminal or a
- script.")
+set(CPACK_COMPONENT_CONSOLE_DESCRIPTION
+"Tallyfold keeps bank accounts as a paper check register does: debits, deposits
+and transfers with running balances, splits, reconciling, recurring entries,
+filters, summaries, printing, import and export, by commands.")
 include(CPack)
