@@ -163,11 +163,13 @@ bool DebitsAreNegative(const std::vector<CsvNumbers>& numbers) {
 // Most amounts of a file of any account are money spent.
 bool IsMostlyPositive(const std::vector<CsvNumbers>& numbers, const CsvAmountRule& rule) {
   constexpr std::size_t kFewest = 5;
-  std::size_t positive = 0;
+  if (numbers.size() < kFewest) return false;
+  std::size_t others = 0;
   for (const CsvNumbers& each : numbers) {
-    if (rule.AmountOf(each).value_or(0.0) > 0) ++positive;
+    if (rule.AmountOf(each).value_or(0.0) > 0) continue;
+    if (++others * 5 > numbers.size()) return false;
   }
-  return numbers.size() >= kFewest && positive * 5 >= numbers.size() * 4;
+  return true;
 }
 
 }  // namespace

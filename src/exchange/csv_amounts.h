@@ -36,14 +36,19 @@ struct CsvNumberColumns {
 
 // The numbers of one row as written.
 struct CsvNumbers {
+  CsvNumbers() noexcept;
+
   std::size_t row = 0;
-  WrittenDay day;
   WrittenAmount amount;  // of the net column, else of the amount column, else of the debit column
   WrittenAmount credit;
   WrittenAmount fee;
   WrittenAmount balance;
+  WrittenDay day;
   MarkMeaning mark = MarkMeaning::None;
 };
+
+// Not defaulted within: emplace_back() would fill them with zeros before.
+inline CsvNumbers::CsvNumbers() noexcept = default;
 
 // Fills in `numbers`, which is as it was made.
 void ReadCsvNumbers(const TableRows& rows, std::size_t row, const CsvNumberColumns& columns,

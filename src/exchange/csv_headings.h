@@ -6,7 +6,7 @@
 
 namespace tallyfold {
 
-// What a column of a bank's table holds.
+// What a column of a bank's table holds; from Payee on what is read as it stands.
 enum class CsvField : std::uint8_t {
   None,       // nothing that is imported
   Day,        // when the bank booked it

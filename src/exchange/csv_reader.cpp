@@ -1,6 +1,7 @@
 #include "exchange/csv_reader.h"
 
 #include <algorithm>
+#include <array>
 #include <cstdint>
 #include <optional>
 #include <string>
@@ -20,15 +21,26 @@ constexpr std::size_t kNoRow = SIZE_MAX;
 
 // Cheap, and true for every text that NamesBalance() in a row with a day: by how it begins.
 bool MayNameBalance(std::string_view text) noexcept {
-  constexpr std::string_view kStarts = "baopclbeenkosaanalnenoubsoeita";
+  // By the first letter a bit for each second one.
+  constexpr auto kSeconds = [] {
+    constexpr std::string_view kStarts = "baopclbeenkosaanalnenoubsoeita";
+    std::array<std::uint32_t, 26> seconds{};
+    for (std::size_t i = 0; i < kStarts.size(); i += 2) {
+      seconds[static_cast<std::size_t>(kStarts[i] - 'a')] |= 1U << (kStarts[i + 1] - 'a');
+    }
+    return seconds;
+  }();
   if (text.size() < 2) return false;
   if (text.front() == '\xC3') return true;  // an umlaut
-  const char first = static_cast<char>(text[0] | 0x20);
-  const char second = static_cast<char>(text[1] | 0x20);
-  for (std::size_t i = 0; i < kStarts.size(); i += 2) {
-    if (kStarts[i] == first && kStarts[i + 1] == second) return true;
-  }
-  return false;
+  const auto letter = [](char each) { return (static_cast<unsigned char>(each) | 0x20U) - 'a'; };
+  const std::size_t first = letter(text[0]);
+  const std::size_t second = letter(text[1]);
+  return first < kSeconds.size() && second < 26 && ((kSeconds[first] >> second) & 1U) != 0;
+}
+
+// Whether the cells are read as they stand, and not as days or amounts.
+bool IsText(CsvField field) noexcept {
+  return field >= CsvField::Payee;
 }
 
 class CsvReader {
@@ -42,6 +54,9 @@ class CsvReader {
         fields_(ColumnsOf(rows_, heading_, choices, file.questions)),
         columns_(fields_) {
     reading_.choices.delimiter = delimiter_;
+    for (std::size_t i = 0; i < fields_.size(); ++i) {
+      if (IsText(fields_[i])) text_columns_.push_back(i);
+    }
   }
 
   CsvReading Run() {
@@ -180,8 +195,7 @@ class CsvReader {
   }
 
   void TakeTexts(std::size_t from, std::string_view currency, StatementRow& row) const {
-    const std::size_t count = std::min(fields_.size(), rows_.CellCount(from));
-    for (std::size_t i = 0; i < count; ++i) {
+    for (const std::size_t i : text_columns_) {
       const std::string_view cell = rows_.Cell(from, i);
       if (cell.empty()) continue;
       switch (fields_[i]) {
@@ -264,6 +278,7 @@ class CsvReader {
   std::optional<std::size_t> heading_;
   std::vector<CsvField> fields_;
   CsvNumberColumns columns_;
+  std::vector<std::size_t> text_columns_;  // those that TakeTexts() reads
   CsvReading reading_;
   StatementAccount* account_ = nullptr;
   std::vector<CsvNumbers> numbers_;  // of the entries

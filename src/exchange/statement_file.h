@@ -21,6 +21,8 @@ namespace tallyfold {
 // file; nothing of an account of ours has been looked at yet.
 
 struct StatementRow {
+  StatementRow() noexcept;
+
   // None for a day that is missing or cannot be read, which `doubts` tells apart.
   std::optional<DateNumber> day;
   // Positive for money that comes in. None as for the day.
@@ -38,6 +40,9 @@ struct StatementRow {
   // Where it begins in the file, from 1 on.
   std::size_t line = 0;
 };
+
+// Not defaulted within: emplace_back() would fill the whole row with zeros before.
+inline StatementRow::StatementRow() noexcept = default;
 
 struct StatementBalance {
   double amount = 0.0;

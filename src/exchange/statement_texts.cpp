@@ -37,8 +37,10 @@ bool IsTidy(std::string_view text) noexcept {
 
 void AddText(std::string& field, std::string_view text) {
   if (IsTidy(text)) {
-    if (field.empty()) {
-      field = std::string(text);
+    if (field.empty() && text.size() > field.capacity()) {
+      field = std::string(text);  // of its size, where assign() allocates more
+    } else if (field.empty()) {
+      field.assign(text);
     } else {
       (field += ' ') += text;
     }

@@ -56,7 +56,8 @@ class TableRows {
   class Scan;
 
   [[nodiscard]] std::size_t EndOf(std::size_t row) const noexcept {
-    return row + 1 < rows_.size() ? rows_[row + 1].first_cell : cells_.size();
+    const Row* const each = &rows_[row];
+    return each == &rows_.back() ? cells_.size() : each[1].first_cell;
   }
 
   std::vector<Place> cells_;

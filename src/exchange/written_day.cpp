@@ -49,7 +49,10 @@ int MonthNamed(std::string_view word) {
 }
 
 DateNumber CheckedDay(int year, int month, int day) noexcept {
-  if (year < 1 || year > 9999 || !IsValidDay(year, month, day)) return 0;
+  constexpr int kInEachMonth = 28;
+  if (year < 1 || year > 9999) return 0;
+  const bool is_early = month >= 1 && month <= 12 && day >= 1 && day <= kInEachMonth;
+  if (!is_early && !IsValidDay(year, month, day)) return 0;
   return year * 10000 + month * 100 + day;
 }
 
