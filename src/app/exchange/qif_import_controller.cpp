@@ -153,7 +153,7 @@ QifImportEntryList LDGRQIFImportController::MatchEntries(const QifImportEntryLis
       without.push_back(entry);
     }
   }
-  EntriesChanged();
+  if (without.size() < entries.size()) EntriesChanged();
   return without;
 }
 
