@@ -64,10 +64,15 @@ export HOME=$top/window LC_ALL=C.UTF-8 QT_QPA_PLATFORM=xcb DBUS_SESSION_BUS_ADDR
 export ASAN_OPTIONS=${ASAN_OPTIONS:+$ASAN_OPTIONS:}detect_leaks=0
 mkdir -p "$HOME" "$top/console"
 mkfifo "$top/display"
-Xvfb -displayfd 3 -screen 0 1280x900x24 -nolisten tcp 3>"$top/display" >/dev/null 2>&1 &
+Xvfb -displayfd 3 -screen 0 1280x900x24 -nolisten tcp -noreset 3>"$top/display" >/dev/null 2>&1 &
 server=$!
 DISPLAY=:$(head -n 1 "$top/display")
 export DISPLAY
+# A computer on which no display comes up cannot tell anything of the program.
+deadline=$((SECONDS + 30))
+until xdotool getmouselocation >/dev/null 2>&1; do
+  [ $SECONDS -lt $deadline ] || exit 77
+done
 matchbox-window-manager -use_titlebar yes >/dev/null 2>&1 &
 window_manager=$!
 
