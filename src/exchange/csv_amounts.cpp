@@ -15,38 +15,6 @@ namespace {
 
 using Decimal = WrittenAmount::Decimal;
 
-// The cells whose separators count.
-template <typename Visit>
-void ForEachAmount(const CsvNumbers& numbers, Visit visit) {
-  for (const WrittenAmount* each :
-       {&numbers.amount, &numbers.credit, &numbers.fee, &numbers.balance}) {
-    if (each->is_amount) visit(*each);
-  }
-}
-
-// --- Separators ---------------------------------------------------------------------------------
-
-struct SeparatorCounts {
-  std::size_t points = 0;
-  std::size_t commas = 0;
-  std::size_t undecided = 0;
-  const CsvNumbers* first_undecided = nullptr;
-};
-
-SeparatorCounts CountSeparators(const std::vector<CsvNumbers>& numbers) {
-  SeparatorCounts counts;
-  for (const CsvNumbers& each : numbers) {
-    ForEachAmount(each, [&](const WrittenAmount& written) {
-      if (written.decimal == Decimal::Point) ++counts.points;
-      if (written.decimal == Decimal::Comma) ++counts.commas;
-      if (written.decimal != Decimal::Undecided) return;
-      ++counts.undecided;
-      if (counts.first_undecided == nullptr) counts.first_undecided = &each;
-    });
-  }
-  return counts;
-}
-
 // --- Balances -----------------------------------------------------------------------------------
 
 constexpr std::array kBalanceOrders = {BalanceOrder{false, false}, BalanceOrder{false, true},
@@ -56,7 +24,7 @@ struct BalanceCheck {
   std::size_t balances = 0;
   std::size_t pairs = 0;
   std::array<std::size_t, kBalanceOrders.size()> agreeing{};
-  std::array<std::size_t, kBalanceOrders.size()> first_disagreeing{};  // rows; SIZE_MAX for none
+  std::array<std::size_t, kBalanceOrders.size()> first_disagreeing{};  // row; SIZE_MAX for none
 
   [[nodiscard]] std::size_t Best() const noexcept {
     return static_cast<std::size_t>(std::max_element(agreeing.begin(), agreeing.end()) -
@@ -73,15 +41,16 @@ BalanceCheck CheckBalances(const std::vector<CsvNumbers>& numbers, const CsvAmou
   Cents last_amount = 0;
   // What passed since the last row with a balance.
   Cents since = 0;
-  for (const CsvNumbers& each : numbers) {
-    const double amount = rule.AmountOf(each).value_or(0.0);
-    const auto balance = each.balance.Value(rule.decimal_separator);
-    if (!HasCents(amount) || (balance && !HasCents(*balance))) return {};
-    if (!balance) {
+  for (std::size_t row = 0; row < numbers.size(); ++row) {
+    const CsvNumbers& each = numbers[row];
+    const double amount = rule.AmountOf(each);
+    const double balance = each.balance.Number(rule.decimal_separator);
+    if (!HasCents(amount) || !HasCents(balance)) return {};
+    if (!each.balance.is_amount) {
       since += CentsOf(amount);
       continue;
     }
-    const Cents now = CentsOf(*balance);
+    const Cents now = CentsOf(balance);
     const Cents own = CentsOf(amount);
     ++check.balances;
     if (has_before) {
@@ -94,7 +63,7 @@ BalanceCheck CheckBalances(const std::vector<CsvNumbers>& numbers, const CsvAmou
         if (agrees[i]) {
           ++check.agreeing[i];
         } else {
-          check.first_disagreeing[i] = std::min(check.first_disagreeing[i], each.row);
+          check.first_disagreeing[i] = std::min(check.first_disagreeing[i], row);
         }
       }
     }
@@ -106,7 +75,7 @@ BalanceCheck CheckBalances(const std::vector<CsvNumbers>& numbers, const CsvAmou
   return check;
 }
 
-StatementProof ProofOf(const BalanceCheck& check, const TableRows& rows) {
+StatementProof ProofOf(const BalanceCheck& check) {
   StatementProof proof;
   if (check.pairs == 0) return proof;
   const std::size_t best = check.Best();
@@ -115,15 +84,13 @@ StatementProof ProofOf(const BalanceCheck& check, const TableRows& rows) {
   proof.agreeing = check.agreeing[best] + 1;
   const bool all_agree = check.agreeing[best] == check.pairs;
   proof.kind = all_agree ? StatementProof::Kind::Running : StatementProof::Kind::Disagree;
-  if (!all_agree) proof.first_disagreeing_line = rows.Line(check.first_disagreeing[best]);
   return proof;
 }
 
 // --- Questions ----------------------------------------------------------------------------------
 
 std::string ReadingOf(const CsvNumbers& numbers, const CsvAmountRule& rule) {
-  const auto amount = rule.AmountOf(numbers);
-  return amount ? FixedAmountString(*amount) : std::string();
+  return rule.HasAmount(numbers) ? FixedAmountString(rule.AmountOf(numbers)) : std::string();
 }
 
 // A question with two answers, the one in force first.
@@ -142,31 +109,13 @@ StatementQuestion QuestionOf(StatementQuestion::Kind kind, std::string_view samp
   return question;
 }
 
-// "2024-03-07"; "" for none.
-std::string DashedDay(DateNumber day) {
-  if (day == 0) return {};
-  std::string text = std::to_string(day + 100'000'000).substr(1);
-  text.insert(6, 1, '-').insert(4, 1, '-');
-  return text;
-}
-
-bool DebitsAreNegative(const std::vector<CsvNumbers>& numbers) {
-  std::size_t negative = 0;
-  std::size_t positive = 0;
-  for (const CsvNumbers& each : numbers) {
-    if (!each.amount.is_amount || each.amount.digits == 0) continue;
-    ++(each.amount.is_negative ? negative : positive);
-  }
-  return negative > 0 && negative >= positive;
-}
-
 // Most amounts of a file of any account are money spent.
 bool IsMostlyPositive(const std::vector<CsvNumbers>& numbers, const CsvAmountRule& rule) {
   constexpr std::size_t kFewest = 5;
   if (numbers.size() < kFewest) return false;
   std::size_t others = 0;
   for (const CsvNumbers& each : numbers) {
-    if (rule.AmountOf(each).value_or(0.0) > 0) continue;
+    if (rule.AmountOf(each) > 0) continue;
     if (++others * 5 > numbers.size()) return false;
   }
   return true;
@@ -198,61 +147,59 @@ CsvNumberColumns::CsvNumberColumns(const std::vector<CsvField>& columns) {
   }
 }
 
-void ReadCsvNumbers(const TableRows& rows, std::size_t row, const CsvNumberColumns& columns,
-                    CsvNumbers& numbers) {
-  numbers.row = row;
-  if (columns.day) numbers.day = ReadWrittenDay(rows.Cell(row, *columns.day));
+void ReadCsvNumbers(const TableRow& row, const CsvNumberColumns& columns, CsvNumbers& numbers) {
+  numbers.place = row.Place();
+  if (columns.day) ReadWrittenDay(row.Cell(*columns.day), numbers.day);
   if (!numbers.day.is_day && columns.value_day) {
-    const WrittenDay other = ReadWrittenDay(rows.Cell(row, *columns.value_day));
+    const WrittenDay other = ReadWrittenDay(row.Cell(*columns.value_day));
     if (!columns.day || (numbers.day.is_blank && other.is_day)) numbers.day = other;
   }
   const auto read = [&](const std::optional<std::size_t>& column, WrittenAmount& written) {
-    if (column) ReadWrittenAmount(rows.Cell(row, *column), written);
+    if (column) ReadWrittenAmount(row.Cell(*column), written);
   };
   read(columns.amount ? columns.amount : columns.debit, numbers.amount);
   read(columns.credit, numbers.credit);
   read(columns.fee, numbers.fee);
   read(columns.balance, numbers.balance);
-  if (columns.mark) numbers.mark = MeaningOfMark(rows.Cell(row, *columns.mark));
+  if (columns.mark) numbers.mark = MeaningOfMark(row.Cell(*columns.mark));
 }
 
-std::optional<double> CsvAmountRule::AmountOf(const CsvNumbers& numbers) const noexcept {
-  const auto first = numbers.amount.Value(decimal_separator);
-  double amount = 0.0;
-  if (has_debits) {
-    const auto credit = numbers.credit.Value(decimal_separator);
-    if (!first && !credit) return std::nullopt;
-    const double debit = first.value_or(0.0);
-    amount = credit.value_or(0.0) - (debits_are_negative ? -debit : debit);
-  } else {
-    if (!first) return std::nullopt;
-    amount = *first;
-    if (numbers.mark == MarkMeaning::Debit) amount = -std::abs(amount);
-    if (numbers.mark == MarkMeaning::Credit) amount = std::abs(amount);
-    if (spending_is_positive && amount != 0.0) amount = -amount;
+void CsvAmountCounts::Add(const CsvNumbers& numbers) noexcept {
+  for (const WrittenAmount* each :
+       {&numbers.amount, &numbers.credit, &numbers.fee, &numbers.balance}) {
+    if (!each->is_amount) continue;
+    if (each->decimal == Decimal::Point) ++points;
+    if (each->decimal == Decimal::Comma) ++commas;
+    if (each->decimal == Decimal::Undecided && undecided++ == 0) first_undecided = rows;
   }
-  if (fees_come_off) amount -= std::abs(numbers.fee.Value(decimal_separator).value_or(0.0));
-  return amount;
+  if (numbers.fee.is_amount && numbers.fee.digits != 0 && fees++ == 0) first_fee = rows;
+  if (numbers.amount.is_amount && numbers.amount.digits != 0) {
+    ++(numbers.amount.is_negative ? negative : positive);
+  }
+  ++rows;
 }
 
-CsvAmountReading JudgeAmounts(const std::vector<CsvNumbers>& numbers,
-                              const CsvNumberColumns& columns, const TableRows& rows,
+std::string CsvText::Cell(std::size_t place, std::size_t column) const {
+  TableRow row;
+  return TableScanner(text, delimiter, place).Next(row) ? std::string(row.Cell(column))
+                                                        : std::string();
+}
+
+CsvAmountReading JudgeAmounts(const std::vector<CsvNumbers>& numbers, const CsvAmountCounts& counts,
+                              const CsvNumberColumns& columns, const CsvText& table,
                               const CsvChoices& choices,
                               std::vector<StatementQuestion>& questions) {
   using Kind = StatementQuestion::Kind;
-  const SeparatorCounts counts = CountSeparators(numbers);
   CsvAmountRule rule;
   rule.has_debits = !columns.amount && (columns.debit || columns.credit);
-  rule.debits_are_negative = rule.has_debits && DebitsAreNegative(numbers);
+  rule.debits_are_negative =
+      rule.has_debits && counts.negative > 0 && counts.negative >= counts.positive;
   rule.decimal_separator = counts.commas > counts.points ? ',' : '.';
   rule.decimal_separator = choices.decimal_separator.value_or(rule.decimal_separator);
   rule.fees_come_off = choices.fees_come_off.value_or(false);
   rule.spending_is_positive = choices.spending_is_positive.value_or(false);
 
-  const bool has_fees = columns.fee && !columns.net &&
-                        std::any_of(numbers.begin(), numbers.end(), [](const CsvNumbers& each) {
-                          return each.fee.is_amount && each.fee.digits != 0;
-                        });
+  const bool has_fees = columns.fee && !columns.net && counts.fees > 0;
   const bool is_decided = (counts.points > 0) != (counts.commas > 0);
   const bool asks_separator = !choices.decimal_separator && counts.undecided > 0 && !is_decided;
   const bool asks_fees = !choices.fees_come_off && has_fees;
@@ -287,7 +234,7 @@ CsvAmountReading JudgeAmounts(const std::vector<CsvNumbers>& numbers,
   const bool is_proven = check.Proves();
   rule = proven;
   if (asks_separator && !is_proven) {
-    const CsvNumbers& first = *counts.first_undecided;
+    const CsvNumbers& first = numbers[counts.first_undecided];
     const char other = rule.decimal_separator == '.' ? ',' : '.';
     const auto is_open = [](const WrittenAmount& written) {
       return written.decimal == Decimal::Undecided;
@@ -296,25 +243,23 @@ CsvAmountReading JudgeAmounts(const std::vector<CsvNumbers>& numbers,
                         : is_open(first.credit) ? columns.credit
                         : is_open(first.fee)    ? columns.fee
                                                 : columns.balance;
-    questions.push_back(QuestionOf(Kind::DecimalSeparator, rows.Cell(first.row, *column),
+    questions.push_back(QuestionOf(Kind::DecimalSeparator, table.Cell(first.place, *column),
                                    counts.undecided, first, rule, {rule.decimal_separator, other},
                                    [](CsvAmountRule& changed, std::int64_t value) {
                                      changed.decimal_separator = static_cast<char>(value);
                                    }));
   }
   if (asks_fees && !is_proven) {
-    const auto first = std::find_if(numbers.begin(), numbers.end(), [](const CsvNumbers& each) {
-      return each.fee.is_amount && each.fee.digits != 0;
-    });
+    const CsvNumbers& first = numbers[counts.first_fee];
     questions.push_back(QuestionOf(
-        Kind::FeeColumn, rows.Cell(first->row, *columns.fee), numbers.size(), *first, rule, {0, 1},
+        Kind::FeeColumn, table.Cell(first.place, *columns.fee), numbers.size(), first, rule, {0, 1},
         [](CsvAmountRule& changed, std::int64_t value) { changed.fees_come_off = value != 0; }));
   }
   // A balance of what is owed grows with what is spent, and bears out either sign.
   const bool is_sign_proven = is_proven && rule.spending_is_positive;
   if (asks_sign && !is_sign_proven && IsMostlyPositive(numbers, rule)) {
     questions.push_back(QuestionOf(
-        Kind::SpendingSign, rows.Cell(numbers.front().row, *columns.amount), numbers.size(),
+        Kind::SpendingSign, table.Cell(numbers.front().place, *columns.amount), numbers.size(),
         numbers.front(), rule, {0, 1}, [](CsvAmountRule& changed, std::int64_t value) {
           changed.spending_is_positive = value != 0;
         }));
@@ -322,69 +267,10 @@ CsvAmountReading JudgeAmounts(const std::vector<CsvNumbers>& numbers,
   CsvAmountReading reading;
   reading.rule = rule;
   reading.has_open_separator = asks_separator && !is_proven;
-  reading.proof = ProofOf(check, rows);
+  reading.proof = ProofOf(check);
+  reading.first_disagreeing = check.first_disagreeing[check.Best()];
   if (is_proven) reading.balance_order = kBalanceOrders[check.Best()];
   return reading;
-}
-
-DayOrder JudgeDays(const std::vector<CsvNumbers>& numbers, const CsvNumberColumns& columns,
-                   const TableRows& rows, const CsvChoices& choices,
-                   std::vector<StatementQuestion>& questions) {
-  if (choices.day_order) return *choices.day_order;
-  constexpr std::array kJudged = {DayOrder::DayMonthYear, DayOrder::MonthDayYear,
-                                  DayOrder::YearMonthDay};
-  struct Count {
-    std::size_t read = 0;
-    std::size_t rising = 0;
-    std::size_t falling = 0;
-    DateNumber last = 0;
-  };
-  std::array<Count, kJudged.size()> counts;
-  const CsvNumbers* first = nullptr;
-  std::size_t open = 0;
-  for (const CsvNumbers& each : numbers) {
-    const WrittenDay& day = each.day;
-    // These tell by themselves.
-    if (!day.is_day || day.named_month < 3 || day.digits[0] == 4) continue;
-    std::array<DateNumber, kJudged.size()> days{};
-    for (std::size_t i = 0; i < kJudged.size(); ++i) {
-      days[i] = day.In(kJudged[i]);
-      if (days[i] == 0) continue;
-      Count& count = counts[i];
-      ++count.read;
-      if (count.last != 0 && days[i] > count.last) ++count.rising;
-      if (count.last != 0 && days[i] < count.last) ++count.falling;
-      count.last = days[i];
-    }
-    const bool differs =
-        (days[1] != 0 && days[0] != days[1]) || (days[2] != 0 && days[0] != days[2]);
-    if (!differs) continue;
-    ++open;
-    if (first == nullptr) first = &each;
-  }
-  std::size_t most = 0;
-  for (const Count& each : counts) most = std::max(most, each.read);
-  std::vector<std::size_t> fitting;
-  for (std::size_t i = 0; i < kJudged.size(); ++i) {
-    if (counts[i].read == most) fitting.push_back(i);
-  }
-  // How often the direction changes.
-  std::stable_sort(fitting.begin(), fitting.end(), [&counts](std::size_t a, std::size_t b) {
-    return std::min(counts[a].rising, counts[a].falling) <
-           std::min(counts[b].rising, counts[b].falling);
-  });
-  if (fitting.size() > 1 && open > 0) {
-    StatementQuestion question;
-    question.kind = StatementQuestion::Kind::DayOrder;
-    question.rows = open;
-    question.sample = rows.Cell(first->row, columns.day.value_or(columns.value_day.value_or(0)));
-    for (const std::size_t i : fitting) {
-      question.candidates.push_back(
-          {static_cast<std::int64_t>(kJudged[i]), DashedDay(first->day.In(kJudged[i]))});
-    }
-    questions.push_back(std::move(question));
-  }
-  return kJudged[fitting.front()];
 }
 
 }  // namespace tallyfold

@@ -1,8 +1,11 @@
 #pragma once
 
+#include <cmath>
 #include <cstddef>
 #include <cstdint>
 #include <optional>
+#include <string>
+#include <string_view>
 #include <vector>
 
 #include "exchange/csv_choices.h"
@@ -18,6 +21,7 @@ namespace tallyfold {
 
 // The first columns that hold days and amounts; none where the table has none.
 struct CsvNumberColumns {
+  CsvNumberColumns() = default;
   explicit CsvNumberColumns(const std::vector<CsvField>& columns);
 
   // Any of the amounts, which a row needs one of.
@@ -38,21 +42,36 @@ struct CsvNumberColumns {
 struct CsvNumbers {
   CsvNumbers() noexcept;
 
-  std::size_t row = 0;
-  WrittenAmount amount;  // of the net column, else of the amount column, else of the debit column
-  WrittenAmount credit;
-  WrittenAmount fee;
+  std::size_t place = 0;  // where the row begins in the text
+  WrittenAmount amount;   // of the net column, else of the amount column, else of the debit column
   WrittenAmount balance;
   WrittenDay day;
   MarkMeaning mark = MarkMeaning::None;
+  std::uint8_t currency = 0;  // for who reads the row
+  WrittenAmount credit;
+  WrittenAmount fee;
 };
 
 // Not defaulted within: emplace_back() would fill them with zeros before.
 inline CsvNumbers::CsvNumbers() noexcept = default;
 
 // Fills in `numbers`, which is as it was made.
-void ReadCsvNumbers(const TableRows& rows, std::size_t row, const CsvNumberColumns& columns,
-                    CsvNumbers& numbers);
+void ReadCsvNumbers(const TableRow& row, const CsvNumberColumns& columns, CsvNumbers& numbers);
+
+// What the amounts of a table tell together, counted row by row.
+struct CsvAmountCounts {
+  void Add(const CsvNumbers& numbers) noexcept;
+
+  std::size_t rows = 0;
+  std::size_t points = 0;
+  std::size_t commas = 0;
+  std::size_t undecided = 0;
+  std::size_t first_undecided = 0;  // row, from 0 on, as the next
+  std::size_t fees = 0;
+  std::size_t first_fee = 0;
+  std::size_t negative = 0;
+  std::size_t positive = 0;
+};
 
 // How the amounts of a table are meant.
 struct CsvAmountRule {
@@ -63,30 +82,53 @@ struct CsvAmountRule {
   bool has_debits = false;
   bool debits_are_negative = false;
 
-  // The amount of a row; none for none that can be read.
-  [[nodiscard]] std::optional<double> AmountOf(const CsvNumbers& numbers) const noexcept;
+  [[nodiscard]] bool HasAmount(const CsvNumbers& numbers) const noexcept {
+    return numbers.amount.is_amount || (has_debits && numbers.credit.is_amount);
+  }
+  // The amount of a row; 0 for none that can be read.
+  [[nodiscard]] double AmountOf(const CsvNumbers& numbers) const noexcept;
 };
+
+inline double CsvAmountRule::AmountOf(const CsvNumbers& numbers) const noexcept {
+  if (!HasAmount(numbers)) return 0.0;
+  double amount = numbers.amount.Number(decimal_separator);
+  if (has_debits) {
+    const double debit = debits_are_negative ? -amount : amount;
+    amount = numbers.credit.Number(decimal_separator) - debit;
+  } else {
+    if (numbers.mark == MarkMeaning::Debit) amount = -std::abs(amount);
+    if (numbers.mark == MarkMeaning::Credit) amount = std::abs(amount);
+    if (spending_is_positive && amount != 0.0) amount = -amount;
+  }
+  if (fees_come_off) amount -= std::abs(numbers.fee.Number(decimal_separator));
+  return amount;
+}
 
 struct CsvAmountReading {
   CsvAmountRule rule;
   // Nothing proves the separator, and some amounts hang on it.
   bool has_open_separator = false;
   StatementProof proof;
+  std::size_t first_disagreeing = SIZE_MAX;  // row, from 0 on, whose balance disagrees
   std::optional<BalanceOrder> balance_order;
 };
 
+// The table that numbers were read of, for samples of what is asked.
+struct CsvText {
+  std::string_view text;
+  char delimiter = ';';
+
+  // A cell of the row that begins at `place`.
+  [[nodiscard]] std::string Cell(std::size_t place, std::size_t column) const;
+};
+
 // What the balances, or the amounts themselves, prove; questions for the rest. `numbers` are those
-// of the rows that are entries.
+// of the rows that are entries, and `counts` what they tell. The line of the first balance that
+// disagrees is left to who knows the lines.
 [[nodiscard]] CsvAmountReading JudgeAmounts(const std::vector<CsvNumbers>& numbers,
-                                            const CsvNumberColumns& columns, const TableRows& rows,
+                                            const CsvAmountCounts& counts,
+                                            const CsvNumberColumns& columns, const CsvText& table,
                                             const CsvChoices& choices,
                                             std::vector<StatementQuestion>& questions);
-
-// The order that reads the most days. Where several read as many, a question; until it is answered
-// the one in which the days follow one another best.
-[[nodiscard]] DayOrder JudgeDays(const std::vector<CsvNumbers>& numbers,
-                                 const CsvNumberColumns& columns, const TableRows& rows,
-                                 const CsvChoices& choices,
-                                 std::vector<StatementQuestion>& questions);
 
 }  // namespace tallyfold

@@ -33,6 +33,21 @@ struct BalanceOrder {
   bool is_newest_first = false;
 };
 
+// A line of a table that is no entry.
+struct LeftOutLine {
+  enum class Reason : std::uint8_t {
+    Before,     // before the first entry: preamble
+    Behind,     // behind the last one: footer
+    Balance,    // names a balance or a sum
+    Continued,  // goes on with the texts of the entry above
+    Unread,     // has something for a day or an amount, which can be read as neither
+    Bare,       // has neither day nor amount
+  };
+  Reason reason = Reason::Bare;
+  std::size_t line = 0;  // from 1 on
+  std::string text;      // of its cells, no more than what fits a line of a table
+};
+
 // How a table was read, for whoever shows it and lets it be changed.
 struct CsvReading {
   static constexpr std::size_t kMostFirstRows = 5;
@@ -51,6 +66,9 @@ struct CsvReading {
   std::size_t balance_lines = 0;
   std::size_t continuation_lines = 0;
   std::size_t other_lines = 0;
+  // The first of all these, in the order of the file; none where nothing can come of the table.
+  static constexpr std::size_t kMostLeftOut = 1000;
+  std::vector<LeftOutLine> left_out;
   // Why nothing can come of it: no column has days, or none amounts.
   bool lacks_days = false;
   bool lacks_amounts = false;

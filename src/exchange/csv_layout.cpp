@@ -13,10 +13,11 @@
 namespace tallyfold {
 namespace {
 
-// Rows that are looked at before the whole is read.
+// Behind the heading.
 constexpr std::size_t kSampleRows = 120;
 constexpr std::size_t kSampleBytes = 256 * 1024;
 constexpr std::size_t kMostHeadingRow = 60;
+static_assert(kMostHeadingRow + kSampleRows <= kLayoutRows);
 
 bool IsDay(std::string_view cell) {
   const WrittenDay written = ReadWrittenDay(cell);
@@ -31,8 +32,8 @@ bool IsMoney(const WrittenAmount& written) noexcept {
 
 std::size_t KnownHeadings(const TableRows& rows, std::size_t row) {
   std::size_t known = 0;
-  for (std::size_t i = 0; i < rows.CellCount(row); ++i) {
-    if (FieldOfHeading(rows.Cell(row, i)) != CsvField::None) ++known;
+  for (std::size_t i = 0; i < rows[row].size(); ++i) {
+    if (FieldOfHeading(rows[row].Cell(i)) != CsvField::None) ++known;
   }
   return known;
 }
@@ -145,8 +146,8 @@ std::vector<ColumnSample> SampleColumns(const TableRows& rows, std::size_t first
   std::vector<ColumnSample> samples(columns);
   const std::size_t end = std::min(rows.size(), first_row + kSampleRows);
   for (std::size_t row = first_row; row < end; ++row) {
-    for (std::size_t i = 0; i < std::min(columns, rows.CellCount(row)); ++i) {
-      const std::string_view cell = rows.Cell(row, i);
+    for (std::size_t i = 0; i < std::min(columns, rows[row].size()); ++i) {
+      const std::string_view cell = rows[row].Cell(i);
       if (cell.empty()) continue;
       ColumnSample& sample = samples[i];
       ++sample.filled;
@@ -182,7 +183,7 @@ bool BearOut(const TableRows& rows, std::size_t first_row, std::size_t amounts,
   const std::size_t end = std::min(rows.size(), first_row + kSampleRows);
   for (std::size_t row = first_row; row < end; ++row) {
     const auto read = [&](std::size_t column) {
-      const WrittenAmount written = ReadWrittenAmount(rows.Cell(row, column));
+      const WrittenAmount written = ReadWrittenAmount(rows[row].Cell(column));
       return written.Value(written.last_separator);
     };
     const auto amount = read(amounts);
@@ -234,10 +235,9 @@ void GuessAmounts(const TableRows& rows, std::size_t first_row,
   if (candidates.size() == 1) return;
   StatementQuestion question;
   question.kind = StatementQuestion::Kind::AmountColumn;
-  question.rows = rows.size() - first_row;
   for (const std::size_t i : candidates) {
     question.candidates.push_back(
-        {static_cast<std::int64_t>(i), std::string(rows.Cell(first_row, i))});
+        {static_cast<std::int64_t>(i), std::string(rows[first_row].Cell(i))});
   }
   questions.push_back(std::move(question));
 }
@@ -281,14 +281,14 @@ char DelimiterOf(std::string_view text, const CsvChoices& choices) {
   char best = ';';
   std::size_t best_score = 0;
   for (const char delimiter : kDelimiters) {
-    const TableRows rows(text.substr(0, kSampleBytes), delimiter, kSampleRows);
+    const TableRows rows = FirstRows(text.substr(0, kSampleBytes), delimiter, kSampleRows);
     std::size_t score = 0;
     std::size_t headings = 0;
     for (std::size_t row = 0; row < rows.size(); ++row) {
-      if (rows.CellCount(row) < 2) continue;
+      if (rows[row].size() < 2) continue;
       ++score;
-      for (std::size_t i = 0; i < rows.CellCount(row); ++i) {
-        const std::string_view cell = rows.Cell(row, i);
+      for (std::size_t i = 0; i < rows[row].size(); ++i) {
+        const std::string_view cell = rows[row].Cell(i);
         constexpr std::size_t kLongest = 40;
         if (cell.empty() || cell.size() > kLongest) continue;
         if (IsMoney(ReadWrittenAmount(cell)) || IsDay(cell)) ++score;
@@ -312,8 +312,8 @@ std::optional<std::size_t> HeadingRow(const TableRows& rows, const CsvChoices& c
   std::size_t widest_row = 0;
   for (std::size_t row = 0; row < std::min(rows.size(), kMostHeadingRow); ++row) {
     bool has_values = false;
-    for (std::size_t i = 0; i < rows.CellCount(row) && !has_values; ++i) {
-      has_values = IsDay(rows.Cell(row, i)) || IsMoney(ReadWrittenAmount(rows.Cell(row, i)));
+    for (std::size_t i = 0; i < rows[row].size() && !has_values; ++i) {
+      has_values = IsDay(rows[row].Cell(i)) || IsMoney(ReadWrittenAmount(rows[row].Cell(i)));
     }
     if (has_values) continue;
     const std::size_t known = KnownHeadings(rows, row);
@@ -321,8 +321,8 @@ std::optional<std::size_t> HeadingRow(const TableRows& rows, const CsvChoices& c
       best_known = known;
       best = row;
     }
-    if (rows.CellCount(row) > widest) {
-      widest = rows.CellCount(row);
+    if (rows[row].size() > widest) {
+      widest = rows[row].size();
       widest_row = row;
     }
   }
@@ -334,9 +334,9 @@ std::vector<CsvField> ColumnsOf(const TableRows& rows, std::optional<std::size_t
                                 const CsvChoices& choices,
                                 std::vector<StatementQuestion>& questions) {
   const std::size_t first_row = heading ? *heading + 1 : 0;
-  std::size_t count = heading ? rows.CellCount(*heading) : 0;
+  std::size_t count = heading ? rows[*heading].size() : 0;
   for (std::size_t row = first_row; row < std::min(rows.size(), first_row + kSampleRows); ++row) {
-    count = std::max(count, rows.CellCount(row));
+    count = std::max(count, rows[row].size());
   }
   std::vector<CsvField> columns(count);
   if (!choices.columns.empty()) {
@@ -345,7 +345,7 @@ std::vector<CsvField> ColumnsOf(const TableRows& rows, std::optional<std::size_t
     return columns;
   }
   for (std::size_t i = 0; heading && i < count; ++i) {
-    columns[i] = FieldOfHeading(rows.Cell(*heading, i));
+    columns[i] = FieldOfHeading(rows[*heading].Cell(i));
   }
   const auto samples = SampleColumns(rows, first_row, count);
   // A known heading over other things, such as "Valuta" over a currency, means those.

@@ -14,6 +14,9 @@ namespace tallyfold {
 
 // How the bytes of a table become rows and columns, before anything of them is read.
 
+// The rows that its layout is told by: the first ones.
+inline constexpr std::size_t kLayoutRows = 200;
+
 // The text of a table that is no UTF-8, or for which an encoding is chosen. UTF-16 shows what it
 // is; of the encodings of bytes the one whose headings are known, else a question is asked and
 // Windows-1252 holds, or Windows-1251 where most letters are beyond ASCII.
@@ -27,12 +30,13 @@ namespace tallyfold {
 // The one that gives the most cells that are known headings, days and amounts.
 [[nodiscard]] char DelimiterOf(std::string_view text, const CsvChoices& choices);
 
-// The row of headings; none for a table without.
+// The row of headings among the first rows of a table; none for one without.
 [[nodiscard]] std::optional<std::size_t> HeadingRow(const TableRows& rows,
                                                     const CsvChoices& choices);
 
 // What each column holds: as chosen, else by the headings, and what no heading tells by the first
-// rows behind `first_row`. Asks where several columns may have the amounts.
+// rows behind it. Asks where several columns may have the amounts, but does not say how many rows
+// are concerned.
 [[nodiscard]] std::vector<CsvField> ColumnsOf(const TableRows& rows,
                                               std::optional<std::size_t> heading,
                                               const CsvChoices& choices,

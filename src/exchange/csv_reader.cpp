@@ -9,20 +9,21 @@
 #include <vector>
 
 #include "exchange/csv_amounts.h"
+#include "exchange/csv_currencies.h"
+#include "exchange/csv_days.h"
 #include "exchange/csv_layout.h"
 #include "exchange/statement_texts.h"
 #include "exchange/table_reader.h"
 #include "platform/progress.h"
+#include "plist/utf8.h"
 
 namespace tallyfold {
 namespace {
 
-constexpr std::size_t kNoRow = SIZE_MAX;
-
 // Cheap, and true for every text that NamesBalance() in a row with a day: by how it begins.
 bool MayNameBalance(std::string_view text) noexcept {
   // By the first letter a bit for each second one.
-  constexpr auto kSeconds = [] {
+  static constexpr auto kSeconds = [] {
     constexpr std::string_view kStarts = "baopclbeenkosaanalnenoubsoeita";
     std::array<std::uint32_t, 26> seconds{};
     for (std::size_t i = 0; i < kStarts.size(); i += 2) {
@@ -48,155 +49,143 @@ class CsvReader {
   CsvReader(std::string_view text, const CsvChoices& choices, StatementFile& file)
       : choices_(choices),
         file_(file),
-        delimiter_(DelimiterOf(text, choices)),
-        rows_(TableBody(text), delimiter_),
-        heading_(HeadingRow(rows_, choices)),
-        fields_(ColumnsOf(rows_, heading_, choices, file.questions)),
-        columns_(fields_) {
-    reading_.choices.delimiter = delimiter_;
+        table_{TableBody(text), DelimiterOf(text, choices)},
+        account_(file.accounts.emplace_back()),
+        rows_(account_.rows) {
+    const TableRows first = FirstRows(table_.text, table_.delimiter, kLayoutRows);
+    heading_ = HeadingRow(first, choices);
+    fields_ = ColumnsOf(first, heading_, choices, file.questions);
+    columns_ = CsvNumberColumns(fields_);
+    TellLayout(first);
     for (std::size_t i = 0; i < fields_.size(); ++i) {
-      if (IsText(fields_[i])) text_columns_.push_back(i);
+      const CsvField field = fields_[i];
+      if (IsText(field)) text_columns_.push_back(i);
+      if (field == CsvField::Payee || field == CsvField::Purpose) named_columns_.push_back(i);
+      if (field == CsvField::Currency) foreign_wins_ = true;
+      if (field == CsvField::Status) foreign_wins_ = false;
+    }
+    const auto currency = std::find(fields_.begin(), fields_.end(), CsvField::Currency);
+    if (currency != fields_.end()) {
+      currency_column_ = static_cast<std::size_t>(currency - fields_.begin());
     }
   }
 
   CsvReading Run() {
-    TellLayout();
     reading_.lacks_days = !columns_.day && !columns_.value_day;
     reading_.lacks_amounts = !columns_.HasAmount();
-    account_ = &file_.accounts.emplace_back();
-    if (reading_.lacks_days || reading_.lacks_amounts) {
-      reading_.other_lines = rows_.size() - (heading_ ? 1 : 0);
-      const std::size_t first = heading_ ? *heading_ + 1 : 0;
-      const std::size_t end = std::min(rows_.size(), first + CsvReading::kMostFirstRows);
-      for (std::size_t row = first; row < end; ++row) TakeFirstRow(row);
-      return std::move(reading_);
-    }
-    LongOperation operation(LongWork::Parsing, rows_.size() * 2);
-    SortOut();
-    const DayOrder order = JudgeDays(numbers_, columns_, rows_, choices_, file_.questions);
-    const CsvAmountReading amounts =
-        JudgeAmounts(numbers_, columns_, rows_, choices_, file_.questions);
-    reading_.choices.day_order = order;
-    reading_.choices.decimal_separator = amounts.rule.decimal_separator;
-    reading_.choices.fees_come_off = amounts.rule.fees_come_off;
-    reading_.choices.spending_is_positive = amounts.rule.spending_is_positive;
-    reading_.balance_order = amounts.balance_order;
-    account_->proof = amounts.proof;
-    MakeRows(order, amounts);
-    TakeClosingBalance(amounts);
+    LongOperation operation(LongWork::Parsing, table_.text.size());
+    ReadRows();
+    if (!reading_.lacks_days && !reading_.lacks_amounts) Judge();
     operation.Finish();
     return std::move(reading_);
   }
 
  private:
-  void TellLayout() {
+  void TellLayout(const TableRows& first) {
+    reading_.choices.delimiter = table_.delimiter;
     reading_.choices.has_heading = heading_.has_value();
     reading_.choices.columns = fields_;
-    for (std::size_t i = 0; heading_ && i < rows_.CellCount(*heading_); ++i) {
-      reading_.headings.emplace_back(rows_.Cell(*heading_, i));
+    for (std::size_t i = 0; heading_ && i < first[*heading_].size(); ++i) {
+      reading_.headings.emplace_back(first[*heading_].Cell(i));
     }
     reading_.digest = HeadingDigest(reading_.headings, fields_.size());
-    reading_.other_lines = heading_.value_or(0);
   }
 
-  // Tells entries from all that is none.
-  void SortOut() {
-    numbers_.reserve(rows_.size());
-    std::size_t last_entry = kNoRow;  // that a line may go on from
-    for (std::size_t row = heading_ ? *heading_ + 1 : 0; row < rows_.size(); ++row) {
-      LongOperation::Count(LongWork::Parsing);
-      CsvNumbers& numbers = numbers_.emplace_back();
-      ReadCsvNumbers(rows_, row, columns_, numbers);
-      const bool has_amount = numbers.amount.is_amount || numbers.credit.is_amount;
-      if (!numbers.day.is_day && !has_amount) {
-        const bool goes_on = last_entry != kNoRow && numbers.day.is_blank;
-        numbers_.pop_back();
-        if (NamesBalanceIn(row, false)) {
-          ++reading_.balance_lines;
-        } else if (goes_on && HasTexts(row)) {
-          ++reading_.continuation_lines;
-          continuations_.push_back({numbers_.size() - 1, row});
-          continue;
-        } else {
-          ++reading_.other_lines;
-        }
-        last_entry = kNoRow;
-        continue;
+  // --- Row by row -------------------------------------------------------------------------------
+
+  void ReadRows() {
+    const bool can_read = !reading_.lacks_days && !reading_.lacks_amounts;
+    TableScanner scanner(table_.text, table_.delimiter);
+    TableRow row;
+    std::size_t behind_heading = 0;
+    for (std::size_t place = 0; scanner.Next(row); ++place) {
+      LongOperation::Reached(LongWork::Parsing, row.Place());
+      if (heading_ && place == *heading_) continue;
+      const bool is_before = heading_ && place < *heading_;
+      if (!is_before) ++behind_heading;
+      if (!can_read) {
+        ++reading_.other_lines;
+        if (!is_before) TakeFirstRow(row);
+      } else if (is_before) {
+        LeaveOut(row, LeftOutLine::Reason::Before);
+      } else {
+        TakeRow(row);
       }
-      if (NamesBalanceIn(row, numbers.day.is_day)) {
-        numbers_.pop_back();
-        ++reading_.balance_lines;
-        last_entry = kNoRow;
-        continue;
-      }
-      last_entry = row;
     }
+    for (StatementQuestion& each : file_.questions) {
+      if (each.kind == StatementQuestion::Kind::AmountColumn) each.rows = behind_heading;
+    }
+    PlaceLeftOut();
   }
 
-  [[nodiscard]] bool NamesBalanceIn(std::size_t row, bool is_dated) const {
-    for (std::size_t i = 0; i < rows_.CellCount(row); ++i) {
-      const CsvField field = i < fields_.size() ? fields_[i] : CsvField::None;
-      // Of a row with a day, the kind of payment or a column that is not read tell nothing.
-      if (is_dated && field != CsvField::Payee && field != CsvField::Purpose) continue;
-      const std::string_view cell = rows_.Cell(row, i);
-      if ((!is_dated || MayNameBalance(cell)) && NamesBalance(cell, is_dated)) return true;
-    }
-    return false;
-  }
-
-  [[nodiscard]] bool HasTexts(std::size_t row) const {
-    for (std::size_t i = 0; i < fields_.size(); ++i) {
-      const bool is_text = fields_[i] == CsvField::Payee || fields_[i] == CsvField::Purpose;
-      if (is_text && !rows_.Cell(row, i).empty()) return true;
-    }
-    return false;
-  }
-
-  void MakeRows(DayOrder order, const CsvAmountReading& amounts) {
-    const std::string_view currency = MainCurrency();
-    account_->currency = currency;
-    account_->rows.reserve(numbers_.size());
-    for (const CsvNumbers& numbers : numbers_) {
-      StatementRow& row = account_->rows.emplace_back();
-      row.line = rows_.Line(numbers.row);
-      TakeDay(numbers.day.In(order), numbers.day.is_blank ? "" : "?", row);
-      TakeAmount(numbers, amounts, row);
-      TakeTexts(numbers.row, currency, row);
-      if (reading_.first_rows.size() < CsvReading::kMostFirstRows) TakeFirstRow(numbers.row);
-      LongOperation::Count(LongWork::Parsing);
-    }
-    for (const auto& [entry, row] : continuations_) {
-      TakeTexts(row, currency, account_->rows[entry]);
-    }
-  }
-
-  void TakeAmount(const CsvNumbers& numbers, const CsvAmountReading& amounts,
-                  StatementRow& row) const {
-    row.amount = amounts.rule.AmountOf(numbers);
-    if (!row.amount) {
-      const bool is_blank = numbers.amount.is_blank && numbers.credit.is_blank;
-      row.doubts.Add(is_blank ? ImportDoubtKind::MissingAmount : ImportDoubtKind::UnreadAmount);
+  // Tells an entry from all that is none.
+  void TakeRow(const TableRow& row) {
+    CsvNumbers& numbers = numbers_.emplace_back();
+    ReadCsvNumbers(row, columns_, numbers);
+    const bool is_dated = numbers.day.is_day;
+    const bool has_amount = numbers.amount.is_amount || numbers.credit.is_amount;
+    const bool is_entry = is_dated || has_amount;
+    if (is_entry && !NamesBalanceIn(row, is_dated)) {
+      TakeEntry(row, numbers);
+      goes_on_ = true;
       return;
     }
-    // An amount beside one that cannot be read is not all there is.
-    if (amounts.rule.has_debits && (IsUnread(numbers.amount) || IsUnread(numbers.credit))) {
-      row.doubts.Add(ImportDoubtKind::UnreadAmount);
+    const bool is_unread = IsUnread(numbers.amount) || IsUnread(numbers.credit) ||
+                           (!is_dated && !numbers.day.is_blank);
+    const bool has_no_day = numbers.day.is_blank;
+    numbers_.pop_back();
+    if (is_entry || NamesBalanceIn(row, false)) {
+      LeaveOut(row, LeftOutLine::Reason::Balance);
+    } else if (goes_on_ && has_no_day && HasTexts(row)) {
+      LeaveOut(row, LeftOutLine::Reason::Continued);
+      TakeTexts(row, numbers_.back(), rows_.back());
+      return;
+    } else {
+      LeaveOut(row, is_unread ? LeftOutLine::Reason::Unread : LeftOutLine::Reason::Bare);
     }
-    const bool is_open = numbers.amount.decimal == WrittenAmount::Decimal::Undecided ||
-                         numbers.credit.decimal == WrittenAmount::Decimal::Undecided;
-    if (is_open && amounts.has_open_separator) row.doubts.Add(ImportDoubtKind::AmountSeparators);
-    const bool lacks_mark = columns_.mark && numbers.mark == MarkMeaning::None;
-    if (lacks_mark && !numbers.amount.has_sign) row.doubts.Add(ImportDoubtKind::AmountSign);
-    NoteLargeAmount(*row.amount, row.doubts);
+    goes_on_ = false;
   }
 
-  [[nodiscard]] static bool IsUnread(const WrittenAmount& written) noexcept {
-    return !written.is_amount && !written.is_blank;
+  void TakeEntry(const TableRow& row, CsvNumbers& numbers) {
+    // As much as there will be if the rows go on as they began.
+    constexpr std::size_t kRowsMeasured = 64;
+    constexpr std::size_t kMostReserved = 1'000'000;
+    if (rows_.size() == kRowsMeasured) {
+      const std::size_t expected = kRowsMeasured * (table_.text.size() / row.Place() + 1);
+      rows_.reserve(std::min(expected, kMostReserved));
+      numbers_.reserve(std::min(expected, kMostReserved) + 1);
+    }
+    counts_.Add(numbers);
+    if (!choices_.day_order) days_.Add(numbers.day, numbers.place);
+    StatementRow& made = rows_.emplace_back();
+    made.line = row.Line();
+    TakeTexts(row, numbers, made);
+    if (currency_column_) currencies_.Count(row.Cell(*currency_column_));
+    TakeFirstRow(row);
   }
 
-  void TakeTexts(std::size_t from, std::string_view currency, StatementRow& row) const {
+  [[nodiscard]] bool NamesBalanceIn(const TableRow& row, bool is_dated) const {
+    // Of a row with a day, the kind of payment or a column that is not read tell nothing.
+    if (is_dated) {
+      return std::any_of(named_columns_.begin(), named_columns_.end(), [&row](std::size_t column) {
+        const std::string_view cell = row.Cell(column);
+        return MayNameBalance(cell) && NamesBalance(cell, true);
+      });
+    }
+    for (std::size_t i = 0; i < row.size(); ++i) {
+      if (NamesBalance(row.Cell(i), false)) return true;
+    }
+    return false;
+  }
+
+  [[nodiscard]] bool HasTexts(const TableRow& row) const {
+    return std::any_of(named_columns_.begin(), named_columns_.end(),
+                       [&row](std::size_t column) { return !row.Cell(column).empty(); });
+  }
+
+  void TakeTexts(const TableRow& from, CsvNumbers& numbers, StatementRow& row) {
     for (const std::size_t i : text_columns_) {
-      const std::string_view cell = rows_.Cell(from, i);
+      const std::string_view cell = from.Cell(i);
       if (cell.empty()) continue;
       switch (fields_[i]) {
         case CsvField::Payee:
@@ -215,7 +204,7 @@ class CsvReader {
           AddText(row.type, cell);
           break;
         case CsvField::Currency:
-          if (cell != currency) row.unmarked = UnmarkedReason::ForeignCurrency;
+          numbers.currency = currencies_.With(numbers.currency, cell);
           break;
         case CsvField::Status:
           if (SaysPending(cell)) {
@@ -229,34 +218,118 @@ class CsvReader {
     }
   }
 
-  // That of the most rows; "" without a column of currencies.
-  [[nodiscard]] std::string_view MainCurrency() const {
-    const auto found = std::find(fields_.begin(), fields_.end(), CsvField::Currency);
-    if (found == fields_.end()) return {};
-    const auto column = static_cast<std::size_t>(found - fields_.begin());
-    constexpr std::size_t kMostCurrencies = 64;
-    std::vector<std::pair<std::string_view, std::size_t>> counts;
-    for (const CsvNumbers& each : numbers_) {
-      const std::string_view currency = rows_.Cell(each.row, column);
-      if (currency.empty()) continue;
-      const auto known = std::find_if(counts.begin(), counts.end(), [currency](const auto& count) {
-        return count.first == currency;
-      });
-      if (known != counts.end()) {
-        ++known->second;
-      } else if (counts.size() < kMostCurrencies) {
-        counts.emplace_back(currency, 1);
-      }
-    }
-    const auto most =
-        std::max_element(counts.begin(), counts.end(),
-                         [](const auto& a, const auto& b) { return a.second < b.second; });
-    return most == counts.end() ? std::string_view() : most->first;
+  void TakeFirstRow(const TableRow& row) {
+    if (reading_.first_rows.size() == CsvReading::kMostFirstRows) return;
+    auto& cells = reading_.first_rows.emplace_back();
+    for (std::size_t i = 0; i < row.size(); ++i) cells.emplace_back(row.Cell(i));
   }
 
-  void TakeFirstRow(std::size_t row) {
-    auto& cells = reading_.first_rows.emplace_back();
-    for (std::size_t i = 0; i < rows_.CellCount(row); ++i) cells.emplace_back(rows_.Cell(row, i));
+  // --- Lines that are no entries ----------------------------------------------------------------
+
+  void LeaveOut(const TableRow& row, LeftOutLine::Reason reason) {
+    if (reason == LeftOutLine::Reason::Balance) {
+      ++reading_.balance_lines;
+    } else if (reason == LeftOutLine::Reason::Continued) {
+      ++reading_.continuation_lines;
+    } else {
+      ++reading_.other_lines;
+    }
+    if (reading_.left_out.size() == CsvReading::kMostLeftOut) return;
+    constexpr std::size_t kLongest = 200;
+    LeftOutLine& line = reading_.left_out.emplace_back();
+    line.reason = reason;
+    line.line = row.Line();
+    for (std::size_t i = 0; i < row.size() && line.text.size() < kLongest; ++i) {
+      if (!line.text.empty() && !row.Cell(i).empty()) line.text += " |";
+      AddText(line.text, row.Cell(i).substr(0, kLongest));
+    }
+    line.text.resize(plist::ValidUtf8Prefix(line.text));
+  }
+
+  // What stands before and behind all entries is that, whatever it holds.
+  void PlaceLeftOut() {
+    for (LeftOutLine& each : reading_.left_out) {
+      if (each.reason != LeftOutLine::Reason::Bare && each.reason != LeftOutLine::Reason::Unread) {
+        continue;
+      }
+      if (rows_.empty()) continue;
+      if (each.line < rows_.front().line) each.reason = LeftOutLine::Reason::Before;
+      if (each.line > rows_.back().line) each.reason = LeftOutLine::Reason::Behind;
+    }
+  }
+
+  // --- All of them together ---------------------------------------------------------------------
+
+  void Judge() {
+    const DayOrder order = JudgeDays();
+    const CsvAmountReading amounts =
+        JudgeAmounts(numbers_, counts_, columns_, table_, choices_, file_.questions);
+    reading_.choices.day_order = order;
+    reading_.choices.decimal_separator = amounts.rule.decimal_separator;
+    reading_.choices.fees_come_off = amounts.rule.fees_come_off;
+    reading_.choices.spending_is_positive = amounts.rule.spending_is_positive;
+    reading_.balance_order = amounts.balance_order;
+    account_.proof = amounts.proof;
+    if (account_.proof.kind == StatementProof::Kind::Disagree) {
+      account_.proof.first_disagreeing_line = rows_[amounts.first_disagreeing].line;
+    }
+    FillRows(order, amounts);
+    TakeClosingBalance(amounts);
+  }
+
+  [[nodiscard]] DayOrder JudgeDays() {
+    if (choices_.day_order) return *choices_.day_order;
+    if (days_.IsOpen()) {
+      const std::size_t column = columns_.day.value_or(columns_.value_day.value_or(0));
+      file_.questions.push_back(days_.Question(table_.Cell(days_.PlaceOfFirst(), column)));
+    }
+    return days_.Best();
+  }
+
+  // What is known of each row only now.
+  void FillRows(DayOrder order, const CsvAmountReading& amounts) {
+    const std::uint8_t currency = currencies_.Main();
+    account_.currency = currencies_.Name(currency);
+    for (std::size_t i = 0; i < rows_.size(); ++i) {
+      const CsvNumbers& numbers = numbers_[i];
+      StatementRow& row = rows_[i];
+      if (const DateNumber day = numbers.day.In(order); day != 0) {
+        row.day = day;
+      } else {
+        row.doubts.Add(numbers.day.is_blank ? ImportDoubtKind::MissingDate
+                                            : ImportDoubtKind::UnreadableDate);
+      }
+      TakeAmount(numbers, amounts, row);
+      const bool is_foreign =
+          numbers.currency != CsvCurrencies::kNone && numbers.currency != currency;
+      if (is_foreign && (foreign_wins_ || row.unmarked == UnmarkedReason::None)) {
+        row.unmarked = UnmarkedReason::ForeignCurrency;
+      }
+    }
+  }
+
+  void TakeAmount(const CsvNumbers& numbers, const CsvAmountReading& amounts,
+                  StatementRow& row) const {
+    if (!amounts.rule.HasAmount(numbers)) {
+      const bool is_blank = numbers.amount.is_blank && numbers.credit.is_blank;
+      row.doubts.Add(is_blank ? ImportDoubtKind::MissingAmount : ImportDoubtKind::UnreadAmount);
+      return;
+    }
+    row.amount = amounts.rule.AmountOf(numbers);
+    // An amount beside one that cannot be read is not all there is.
+    if (amounts.rule.has_debits && (IsUnread(numbers.amount) || IsUnread(numbers.credit))) {
+      row.doubts.Add(ImportDoubtKind::UnreadAmount);
+    }
+    const bool is_open = numbers.amount.decimal == WrittenAmount::Decimal::Undecided ||
+                         numbers.credit.decimal == WrittenAmount::Decimal::Undecided;
+    if (is_open && amounts.has_open_separator) row.doubts.Add(ImportDoubtKind::AmountSeparators);
+    const bool lacks_mark = columns_.mark && numbers.mark == MarkMeaning::None;
+    if (lacks_mark && !numbers.amount.has_sign) row.doubts.Add(ImportDoubtKind::AmountSign);
+    NoteLargeAmount(*row.amount, row.doubts);
+  }
+
+  [[nodiscard]] static bool IsUnread(const WrittenAmount& written) noexcept {
+    return !written.is_amount && !written.is_blank;
   }
 
   // After the newest row, where the balances are proven.
@@ -264,29 +337,32 @@ class CsvReader {
     if (!amounts.balance_order || numbers_.empty()) return;
     const bool is_first = amounts.balance_order->is_newest_first;
     const CsvNumbers& newest = is_first ? numbers_.front() : numbers_.back();
-    const StatementRow& row = is_first ? account_->rows.front() : account_->rows.back();
+    const StatementRow& row = is_first ? rows_.front() : rows_.back();
     auto balance = newest.balance.Value(amounts.rule.decimal_separator);
     if (!balance) return;
     if (amounts.balance_order->is_before) *balance += row.amount.value_or(0.0);
-    account_->closing = StatementBalance{*balance, row.day};
+    account_.closing = StatementBalance{*balance, row.day};
   }
 
   const CsvChoices& choices_;
   StatementFile& file_;
-  char delimiter_;
-  TableRows rows_;
+  CsvText table_;
+  StatementAccount& account_;
+  std::vector<StatementRow>& rows_;
   std::optional<std::size_t> heading_;
   std::vector<CsvField> fields_;
   CsvNumberColumns columns_;
-  std::vector<std::size_t> text_columns_;  // those that TakeTexts() reads
+  std::vector<std::size_t> text_columns_;       // those that TakeTexts() reads
+  std::vector<std::size_t> named_columns_;      // with payees and purposes
+  std::optional<std::size_t> currency_column_;  // the first of them
+  // Of two reasons to leave a row unmarked, the column further to the right decides.
+  bool foreign_wins_ = false;
   CsvReading reading_;
-  StatementAccount* account_ = nullptr;
-  std::vector<CsvNumbers> numbers_;  // of the entries
-  struct Continuation {
-    std::size_t entry = 0;
-    std::size_t row = 0;
-  };
-  std::vector<Continuation> continuations_;
+  std::vector<CsvNumbers> numbers_;  // of the entries, as the rows
+  bool goes_on_ = false;             // the row above is an entry
+  CsvAmountCounts counts_;
+  DayOrderJudge days_;
+  CsvCurrencies currencies_;
 };
 
 }  // namespace

@@ -15,7 +15,7 @@ using Cents = std::int64_t;
 
 // The nearest whole cents to an amount that HasCents().
 [[nodiscard]] inline Cents CentsOf(double amount) noexcept {
-  return std::llround(amount * 100.0);
+  return static_cast<Cents>(amount * 100.0 + (amount < 0 ? -0.5 : 0.5));
 }
 
 }  // namespace tallyfold

@@ -2,8 +2,8 @@
 
 #include <algorithm>
 #include <bit>
+#include <cstdint>
 #include <cstring>
-#include <optional>
 #include <utility>
 
 namespace tallyfold {
@@ -45,156 +45,130 @@ std::size_t FindMark(std::string_view text, std::size_t place, char mark) noexce
   return place;
 }
 
+// Without the blanks around it.
+std::string_view BareCell(const char* begin, const char* end) noexcept {
+  while (begin != end && IsCellBlank(*begin)) ++begin;
+  while (begin != end && IsCellBlank(end[-1])) --end;
+  return {begin, static_cast<std::size_t>(end - begin)};
+}
+
+// One quote for each two.
+std::string WithoutTwins(std::string_view raw) {
+  std::string text;
+  text.reserve(raw.size());
+  for (std::size_t i = 0; i < raw.size(); ++i) {
+    text += raw[i];
+    if (raw[i] == '"' && i + 1 < raw.size() && raw[i + 1] == '"') ++i;
+  }
+  return text;
+}
+
 }  // namespace
 
-class TableRows::Scan {
- public:
-  Scan(std::string_view text, char delimiter, TableRows& rows) noexcept
-      : text_(text), delimiter_(delimiter), rows_(rows) {}
+bool TableScanner::Next(TableRow& row) {
+  while (place_ < text_.size()) {
+    ReadRow(row);
+    if (!row.cells_.empty()) return true;
+  }
+  return false;
+}
 
-  void Run(std::size_t most_rows) {
-    constexpr std::size_t kRowsMeasured = 64;
-    while (place_ < text_.size() && rows_.rows_.size() < most_rows) {
-      ReadRow();
-      if (rows_.rows_.size() == kRowsMeasured && most_rows == SIZE_MAX) Reserve();
+// Leaves the row without cells where none has text.
+void TableScanner::ReadRow(TableRow& row) {
+  row.cells_.clear();
+  if (!row.unquoted_.empty()) row.unquoted_.clear();
+  row.line_ = line_;
+  row.place_ = place_;
+  bool has_text = false;
+  for (;;) {
+    const std::string_view cell = ReadCell(row);
+    has_text = has_text || !cell.empty();
+    row.cells_.push_back(cell);
+    if (place_ == text_.size() || text_[place_] != delimiter_) break;
+    ++place_;
+  }
+  SkipLineEnd();
+  if (!has_text) row.cells_.clear();
+}
+
+void TableScanner::SkipLineEnd() noexcept {
+  if (place_ == text_.size()) return;
+  const bool is_pair =
+      text_[place_] == '\r' && place_ + 1 < text_.size() && text_[place_ + 1] == '\n';
+  place_ += is_pair ? 2 : 1;
+  ++line_;
+}
+
+// Stops at the delimiter or line end behind the cell.
+std::string_view TableScanner::ReadCell(TableRow& row) {
+  const bool takes_rest = row.cells_.size() + 1 == TableRow::kMostCells;
+  std::size_t start = place_;
+  while (start < text_.size() && text_[start] != delimiter_ && IsCellBlank(text_[start])) ++start;
+  if (start < text_.size() && text_[start] == '"' && !takes_rest) {
+    // Most cells end with their first quote.
+    const std::size_t quote = FindMark(text_, start + 1, '"');
+    const bool is_closed = start + 1 >= open_until_ && quote + 1 < text_.size() &&
+                           text_[quote] == '"' &&
+                           (text_[quote + 1] == delimiter_ || IsLineEnd(text_[quote + 1]));
+    if (is_closed) {
+      place_ = quote + 1;
+      return BareCell(text_.data() + start + 1, text_.data() + quote);
     }
+    std::string_view cell;
+    if (TakeQuoted(start + 1, row, cell)) return cell;
   }
+  place_ = FindMark(text_, start, takes_rest ? '\n' : delimiter_);
+  return BareCell(text_.data() + start, text_.data() + place_);
+}
 
-  // As much as there will be if the rows go on as they began.
-  void Reserve() {
-    const std::size_t times = text_.size() / place_ + 1;
-    rows_.rows_.reserve(rows_.rows_.size() * times);
-    rows_.cells_.reserve(rows_.cells_.size() * times);
-  }
+// Whether a quote before `place` closes a cell.
+bool TableScanner::IsCellEnd(std::size_t& place) const noexcept {
+  while (place < text_.size() && text_[place] != delimiter_ && IsCellBlank(text_[place])) ++place;
+  return place == text_.size() || text_[place] == delimiter_ || IsLineEnd(text_[place]);
+}
 
- private:
-  void ReadRow() {
-    const std::size_t first = rows_.cells_.size();
-    const std::size_t line = line_;
-    row_start_ = place_;
-    bool has_text = false;
-    bool is_last = false;
-    while (!is_last) {
-      const bool takes_rest = rows_.cells_.size() - first + 1 == kMostCells;
-      const Place cell = ReadCell(takes_rest);
-      has_text = has_text || cell.size > 0 || cell.offset == kElsewhere;
-      rows_.cells_.push_back(cell);
-      is_last = place_ == text_.size() || text_[place_] != delimiter_;
-      if (!is_last) ++place_;
-    }
-    const char* const start = text_.data() + row_start_;
-    SkipLineEnd();
-    if (has_text) {
-      rows_.rows_.push_back({first, line, start});
-    } else {
-      rows_.cells_.resize(first);
-    }
-  }
-
-  [[nodiscard]] Place PlaceOf(std::size_t start, std::size_t end) const noexcept {
-    while (start < end && IsCellBlank(text_[start])) ++start;
-    while (start < end && IsCellBlank(text_[end - 1])) --end;
-    if (end - row_start_ >= kElsewhere) return {};
-    return {static_cast<std::uint32_t>(start - row_start_),
-            static_cast<std::uint32_t>(end - start)};
-  }
-
-  void SkipLineEnd() noexcept {
-    if (place_ == text_.size()) return;
-    const bool is_pair =
-        text_[place_] == '\r' && place_ + 1 < text_.size() && text_[place_ + 1] == '\n';
-    place_ += is_pair ? 2 : 1;
-    ++line_;
-  }
-
-  // Stops at the delimiter or line end behind the cell.
-  Place ReadCell(bool takes_rest) {
-    std::size_t start = place_;
-    while (start < text_.size() && text_[start] != delimiter_ && IsCellBlank(text_[start])) {
-      ++start;
-    }
-    if (start < text_.size() && text_[start] == '"' && !takes_rest) {
-      // Most cells end with their first quote.
-      const std::size_t quote = FindMark(text_, start + 1, '"');
-      const bool is_closed = start + 1 >= open_until_ && quote + 1 < text_.size() &&
-                             text_[quote] == '"' &&
-                             (text_[quote + 1] == delimiter_ || IsLineEnd(text_[quote + 1]));
-      if (is_closed) {
-        place_ = quote + 1;
-        return PlaceOf(start + 1, quote);
+// The cell whose text begins at `start`, behind its quote; false when no quote closes it.
+bool TableScanner::TakeQuoted(std::size_t start, TableRow& row, std::string_view& cell) {
+  std::size_t place = start;
+  std::size_t lines = 0;
+  bool is_plain = true;
+  // Where nothing was found to close a cell, only a twin that follows at once is looked for.
+  const bool is_known_open = start < open_until_;
+  for (; (place = FindMark(text_, place, '"')) < text_.size(); ++place) {
+    if (is_known_open && place > start) break;
+    const char character = text_[place];
+    if (character == '"') {
+      if (place + 1 < text_.size() && text_[place + 1] == '"') {
+        is_plain = false;
+        ++place;
+        continue;
       }
-      if (const auto quoted = ReadQuoted(start + 1)) return *quoted;
-    }
-    const std::size_t end = FindMark(text_, start, takes_rest ? '\n' : delimiter_);
-    place_ = end;
-    return PlaceOf(start, end);
-  }
-
-  // Whether a quote before `place` closes a cell.
-  [[nodiscard]] bool IsCellEnd(std::size_t& place) const noexcept {
-    while (place < text_.size() && text_[place] != delimiter_ && IsCellBlank(text_[place])) {
-      ++place;
-    }
-    return place == text_.size() || text_[place] == delimiter_ || IsLineEnd(text_[place]);
-  }
-
-  // The cell whose text begins at `start`, behind its quote; none when no quote closes it.
-  std::optional<Place> ReadQuoted(std::size_t start) {
-    std::size_t place = start;
-    std::size_t lines = 0;
-    bool is_plain = true;
-    // Where nothing was found to close a cell, only a twin that follows at once is looked for.
-    const bool is_known_open = start < open_until_;
-    for (; (place = FindMark(text_, place, '"')) < text_.size(); ++place) {
-      if (is_known_open && place > start) break;
-      const char character = text_[place];
-      if (character == '"') {
-        if (place + 1 < text_.size() && text_[place + 1] == '"') {
-          is_plain = false;
-          ++place;
-          continue;
-        }
-        std::size_t behind = place + 1;
-        if (IsCellEnd(behind)) {
-          place_ = behind;
-          line_ += lines;
-          return is_plain ? PlaceOf(start, place) : Unquoted(text_.substr(start, place - start));
-        }
-        // In the first line it may be a quote within the text; below it is another cell's.
-        if (lines > 0) break;
-      } else if (IsLineEnd(character)) {
-        if (character == '\n' || place + 1 == text_.size() || text_[place + 1] != '\n') ++lines;
-        if (lines > kMostLines) break;
+      std::size_t behind = place + 1;
+      if (IsCellEnd(behind)) {
+        place_ = behind;
+        line_ += lines;
+        cell = BareCell(text_.data() + start, text_.data() + place);
+        if (!is_plain) cell = row.unquoted_.emplace_front(WithoutTwins(cell));
+        return true;
       }
+      // In the first line it may be a quote within the text; below it is another cell's.
+      if (lines > 0) break;
+    } else if (IsLineEnd(character)) {
+      if (character == '\n' || place + 1 == text_.size() || text_[place + 1] != '\n') ++lines;
+      if (lines > kMostLines) break;
     }
-    open_until_ = std::max(open_until_, place);
-    return std::nullopt;
   }
+  open_until_ = std::max(open_until_, place);
+  return false;
+}
 
-  Place Unquoted(std::string_view raw) {
-    while (!raw.empty() && IsCellBlank(raw.front())) raw.remove_prefix(1);
-    while (!raw.empty() && IsCellBlank(raw.back())) raw.remove_suffix(1);
-    std::string text;
-    text.reserve(raw.size());
-    for (std::size_t i = 0; i < raw.size(); ++i) {
-      text += raw[i];
-      if (raw[i] == '"' && i + 1 < raw.size() && raw[i + 1] == '"') ++i;
-    }
-    rows_.unquoted_.push_back(std::move(text));
-    return {kElsewhere, static_cast<std::uint32_t>(rows_.unquoted_.size() - 1)};
+TableRows FirstRows(std::string_view text, char delimiter, std::size_t most) {
+  TableRows rows;
+  TableScanner scanner(text, delimiter);
+  for (TableRow row; rows.size() < most && scanner.Next(row); row = {}) {
+    rows.push_back(std::move(row));
   }
-
-  std::string_view text_;
-  char delimiter_;
-  TableRows& rows_;
-  std::size_t place_ = 0;
-  std::size_t row_start_ = 0;
-  std::size_t line_ = 1;
-  std::size_t open_until_ = 0;
-};
-
-TableRows::TableRows(std::string_view text, char delimiter, std::size_t most_rows) {
-  Scan(text, delimiter, *this).Run(most_rows);
+  return rows;
 }
 
 char NamedDelimiter(std::string_view text) noexcept {

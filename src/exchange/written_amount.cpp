@@ -197,14 +197,6 @@ class AmountScan {
   bool fits_ = true;
 };
 
-constexpr std::array<double, kMostDigits + 1> kPowers = {1e0,  1e1,  1e2,  1e3,  1e4,  1e5,  1e6,
-                                                         1e7,  1e8,  1e9,  1e10, 1e11, 1e12, 1e13,
-                                                         1e14, 1e15, 1e16, 1e17, 1e18};
-
-}  // namespace
-
-namespace {
-
 // "-1234,50": digits with a sign and two decimals, or none, as most are written.
 bool ReadPlain(std::string_view text, WrittenAmount& written) noexcept {
   constexpr std::size_t kMost = 15;
@@ -251,27 +243,6 @@ void ReadWrittenAmount(std::string_view text, WrittenAmount& written) noexcept {
   } else if (!text.empty() && !ReadPlain(text, written)) {
     written = AmountScan(text).Run();
   }
-}
-
-std::optional<double> WrittenAmount::Value(char decimal_separator) const noexcept {
-  if (!is_amount) return std::nullopt;
-  bool has_decimals = false;
-  switch (decimal) {
-    case Decimal::Open:
-      break;
-    case Decimal::Point:
-      has_decimals = last_separator == '.';
-      break;
-    case Decimal::Comma:
-      has_decimals = last_separator == ',';
-      break;
-    case Decimal::Undecided:
-      has_decimals = last_separator == decimal_separator;
-      break;
-  }
-  const double value = static_cast<double>(digits) /
-                       kPowers[has_decimals ? std::size_t{behind_separator} : std::size_t{0}];
-  return is_negative ? -value : value;
 }
 
 void NoteLargeAmount(double amount, ImportDoubtSet& doubts) noexcept {

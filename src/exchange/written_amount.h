@@ -1,5 +1,7 @@
 #pragma once
 
+#include <array>
+#include <cstddef>
 #include <cstdint>
 #include <optional>
 #include <string_view>
@@ -31,9 +33,25 @@ struct WrittenAmount {
   bool is_negative = false;
   bool has_sign = false;
 
-  // The amount, negative ones with their sign. `decimal_separator` is "." or ","; it counts only
-  // where the text itself is undecided. Rounded to cents by nobody. None for what is no amount.
-  [[nodiscard]] std::optional<double> Value(char decimal_separator) const noexcept;
+  // The amount, negative ones with their sign; 0 for what is no amount. `decimal_separator` is "."
+  // or ","; it counts only where the text itself is undecided. Rounded to cents by nobody.
+  [[nodiscard]] double Number(char decimal_separator) const noexcept {
+    if (decimal == Decimal::Point) decimal_separator = '.';
+    if (decimal == Decimal::Comma) decimal_separator = ',';
+    const bool has_decimals = decimal != Decimal::Open && last_separator == decimal_separator;
+    double number = is_amount ? static_cast<double>(digits) : 0.0;
+    if (has_decimals) number /= kPowers[behind_separator];
+    return is_negative ? -number : number;
+  }
+  // The same; none for what is no amount.
+  [[nodiscard]] std::optional<double> Value(char decimal_separator) const noexcept {
+    return is_amount ? std::optional(Number(decimal_separator)) : std::nullopt;
+  }
+
+ private:
+  static constexpr std::array<double, 19> kPowers = {1e0,  1e1,  1e2,  1e3,  1e4,  1e5,  1e6,
+                                                     1e7,  1e8,  1e9,  1e10, 1e11, 1e12, 1e13,
+                                                     1e14, 1e15, 1e16, 1e17, 1e18};
 };
 
 // Linear; texts of more than 100 bytes are none.

@@ -50,9 +50,10 @@ int MonthNamed(std::string_view word) {
 
 DateNumber CheckedDay(int year, int month, int day) noexcept {
   constexpr int kInEachMonth = 28;
-  if (year < 1 || year > 9999) return 0;
-  const bool is_early = month >= 1 && month <= 12 && day >= 1 && day <= kInEachMonth;
-  if (!is_early && !IsValidDay(year, month, day)) return 0;
+  constexpr int kMostOfMonth = 31;
+  const bool may_be = year >= 1 && year <= 9999 && month >= 1 && month <= 12 && day >= 1;
+  if (!may_be || day > kMostOfMonth) return 0;
+  if (day > kInEachMonth && !IsValidDay(year, month, day)) return 0;
   return year * 10000 + month * 100 + day;
 }
 
@@ -85,13 +86,9 @@ bool ReadPlainDay(std::string_view text, WrittenDay& written) noexcept {
   return written.is_day;
 }
 
-}  // namespace
-
-WrittenDay ReadWrittenDay(std::string_view text) {
+WrittenDay AnyDay(std::string_view text) {
   constexpr std::size_t kLongestWord = 16;
   WrittenDay written;
-  if (ReadPlainDay(text, written)) return written;
-  written = {};
   while (!text.empty() && (text.front() == ' ' || text.front() == '\t')) text.remove_prefix(1);
   written.is_blank = text.empty();
   std::size_t count = 0;
@@ -135,55 +132,53 @@ WrittenDay ReadWrittenDay(std::string_view text) {
   return written;
 }
 
+// A year of four digits in front goes by itself.
+DateNumber DayIn(DayOrder order, const std::array<std::int32_t, 3>& numbers,
+                 const std::array<std::uint8_t, 3>& digits) noexcept {
+  struct Places {
+    std::uint8_t year, month, day;
+  };
+  static constexpr std::array<Places, kDayOrders.size()> kPlaces = {
+      Places{2, 1, 0}, Places{2, 0, 1}, Places{0, 1, 2}, Places{0, 2, 1}};
+  if (digits[0] == 4 && order != DayOrder::YearDayMonth) order = DayOrder::YearMonthDay;
+  const Places at = kPlaces[static_cast<std::size_t>(order)];
+  if (digits[at.year] != 2 && digits[at.year] != 4) return 0;
+  const int year = digits[at.year] == 2 ? YearOfTwoDigits(numbers[at.year]) : numbers[at.year];
+  return CheckedDay(year, numbers[at.month], numbers[at.day]);
+}
+
+// Of six or eight digits in one piece.
+DateNumber RunIn(int run, int digits, DayOrder order) noexcept {
+  if (digits == 6) return DayIn(order, {run / 10000, run / 100 % 100, run % 100}, {2, 2, 2});
+  const int year = run / 10000;
+  if (year >= 1900 && year < 2100 && CheckedDay(year, run / 100 % 100, run % 100) != 0) return run;
+  return DayIn(order, {run / 1000000, run / 10000 % 100, run % 10000}, {2, 2, 4});
+}
+
+}  // namespace
+
+WrittenDay ReadWrittenDay(std::string_view text) {
+  WrittenDay written;
+  ReadWrittenDay(text, written);
+  return written;
+}
+
+void ReadWrittenDay(std::string_view text, WrittenDay& written) {
+  if (ReadPlainDay(text, written)) return;
+  written = AnyDay(text);
+}
+
 DateNumber WrittenDay::In(DayOrder order) const noexcept {
   if (!is_day) return 0;
-  std::array<std::int32_t, 3> three = numbers;
-  std::array<std::uint8_t, 3> sizes = digits;
-  if (is_run) {
-    const int run = numbers[0];
-    if (digits[0] == 6) {
-      three = {run / 10000, run / 100 % 100, run % 100};
-      sizes = {2, 2, 2};
-    } else if (run / 10000 >= 1900 && run / 10000 < 2100 &&
-               CheckedDay(run / 10000, run / 100 % 100, run % 100) != 0) {
-      return run;
-    } else {
-      three = {run / 1000000, run / 10000 % 100, run % 10000};
-      sizes = {2, 2, 4};
-    }
-  }
+  if (is_run) return RunIn(numbers[0], digits[0], order);
   if (named_month < 3) {
     // "Mar 7, 2024", "7 Mar 2024", "2024 Mar 7".
     order = named_month == 0   ? DayOrder::MonthDayYear
             : named_month == 2 ? DayOrder::YearDayMonth
-            : sizes[0] == 4    ? DayOrder::YearMonthDay
+            : digits[0] == 4   ? DayOrder::YearMonthDay
                                : DayOrder::DayMonthYear;
-  } else if (sizes[0] == 4 && order != DayOrder::YearDayMonth) {
-    order = DayOrder::YearMonthDay;
   }
-  std::size_t year = 2;
-  std::size_t month = 1;
-  std::size_t day = 0;
-  switch (order) {
-    case DayOrder::DayMonthYear:
-      break;
-    case DayOrder::MonthDayYear:
-      month = 0;
-      day = 1;
-      break;
-    case DayOrder::YearMonthDay:
-      year = 0;
-      day = 2;
-      break;
-    case DayOrder::YearDayMonth:
-      year = 0;
-      day = 1;
-      month = 2;
-      break;
-  }
-  if (sizes[year] != 2 && sizes[year] != 4) return 0;
-  const int full = sizes[year] == 2 ? YearOfTwoDigits(three[year]) : three[year];
-  return CheckedDay(full, three[month], three[day]);
+  return DayIn(order, numbers, digits);
 }
 
 DateNumber ReadDigitDay(std::string_view text) noexcept {

@@ -17,12 +17,12 @@ inline constexpr std::array<DayOrder, 4> kDayOrders = {
 // "2024-03-07T10:00:00Z", "20240307", "7 Mar 2024". A month may be a name, or the beginning of one,
 // in English, German, French, Spanish, Italian, Dutch, Polish or Portuguese.
 struct WrittenDay {
-  bool is_day = false;    // three numbers that may be one
-  bool is_blank = false;  // no text at all
   std::array<std::int32_t, 3> numbers{};
   std::array<std::uint8_t, 3> digits{};
   // The place of a month that has a name, else 3.
   std::uint8_t named_month = 3;
+  bool is_day = false;    // three numbers that may be one
+  bool is_blank = false;  // no text at all
   // Eight or six digits in one piece, the first of `numbers`.
   bool is_run = false;
 
@@ -33,6 +33,8 @@ struct WrittenDay {
 
 // Linear.
 [[nodiscard]] WrittenDay ReadWrittenDay(std::string_view text);
+// The same into one that is as it was made.
+void ReadWrittenDay(std::string_view text, WrittenDay& written);
 
 // The day of the eight digits that a text begins with, such as "20240307120000[-5:EST]", or of
 // "2024-03-07T...". 0 for none.

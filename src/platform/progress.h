@@ -9,7 +9,7 @@ enum class LongWork : std::uint8_t {
   Reading,    // bytes of one of the program's own files or of a backup
   Loading,    // entries made of what was read
   Saving,     // entries written to an accounts file
-  Parsing,    // bytes of a file to be imported; of a table its rows, which are looked at twice
+  Parsing,    // bytes of a file to be imported
   Reviewing,  // entries of such a file: made where it is of QIF, and compared with the account's
   Importing,  // entries copied from the review and added to the account
   Exporting,  // entries written

@@ -115,18 +115,20 @@ TEST(TableRows, KeepRowsApartWhateverTheirQuotes) {
       {"a;\"\"\"\"", "a|\"/"},
   };
   for (const Case& each : cases) {
-    const TableRows rows(each.text, ';');
     std::string read;
-    for (std::size_t row = 0; row < rows.size(); ++row) {
-      for (std::size_t i = 0; i < rows.CellCount(row); ++i) {
-        read += (i == 0 ? "" : "|") + std::string(rows.Cell(row, i));
+    for (const TableRow& row : FirstRows(each.text, ';', SIZE_MAX)) {
+      for (std::size_t i = 0; i < row.size(); ++i) {
+        read += (i == 0 ? "" : "|") + std::string(row.Cell(i));
       }
       read += '/';
     }
     EXPECT_EQ(read, each.rows) << each.text;
   }
-  EXPECT_EQ(TableRows("\"a\nb\";c\n\nd", ';').Line(1), 4U);
-  EXPECT_EQ(TableRows(std::string(1000, ';') + "x", ';').CellCount(0), TableRows::kMostCells);
+  const TableRows rows = FirstRows("\"a\nb\";c\n\nd", ';', 2);
+  EXPECT_EQ(rows[1].Line(), 4U);
+  EXPECT_EQ(rows[1].Place(), 9U);
+  const std::string wide = std::string(1000, ';') + "x";
+  EXPECT_EQ(FirstRows(wide, ';', 2).front().size(), TableRow::kMostCells);
 }
 
 TEST(TagScanner, EndsWhatIsLeftOpenAndPassesOverWhatIsNone) {
