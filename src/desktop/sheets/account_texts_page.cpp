@@ -2,6 +2,7 @@
 
 #include <QButtonGroup>
 #include <QHBoxLayout>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
@@ -130,15 +131,37 @@ void AccountTextsPage::MakeList(const List& list) {
               if (place < texts.size()) texts[place] = ToUtf8(text);
             });
           });
-  connect(table, &LookTable::RowChosen, this, [this, at] {
-    chosen_ = at;
-    ShowButtons();
-  });
+  table->installEventFilter(this);
+  connect(table, &LookTable::RowChosen, this, [this, at] { Choose(at); });
   connect(table, &LookTable::RemoveWanted, this, [this] { Remove(); });
-  connect(table, &LookTable::Focused, this, [this, at] {
-    chosen_ = at;
-    ShowButtons();
-  });
+  connect(table, &LookTable::Focused, this, [this, at] { Choose(at); });
+  Choose(0);
+}
+
+void AccountTextsPage::Choose(std::size_t list) {
+  chosen_ = list;
+  // Tab goes from it to the buttons that are about it, not through the others.
+  for (std::size_t i = 0; i < lists_.size(); ++i) {
+    lists_[i]->setFocusPolicy(i == chosen_ ? Qt::WheelFocus : Qt::ClickFocus);
+  }
+  if (add_ != nullptr) ShowButtons();
+}
+
+bool AccountTextsPage::eventFilter(QObject* object, QEvent* event) {
+  if (event->type() != QEvent::KeyPress || object != lists_[chosen_]) {
+    return QWidget::eventFilter(object, event);
+  }
+  const auto key = static_cast<QKeyEvent*>(event)->key();
+  if (key == Qt::Key_Insert) {
+    Add();
+  } else if (key == Qt::Key_Left || key == Qt::Key_Right) {
+    const bool is_back = (key == Qt::Key_Left) == (layoutDirection() == Qt::LeftToRight);
+    const std::size_t to = is_back ? chosen_ - 1 : chosen_ + 1;
+    if (to < lists_.size()) lists_[to]->setFocus(Qt::OtherFocusReason);
+  } else {
+    return QWidget::eventFilter(object, event);
+  }
+  return true;
 }
 
 void AccountTextsPage::Change(const std::function<void(Typed&)>& change) {

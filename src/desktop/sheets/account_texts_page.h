@@ -19,7 +19,8 @@ namespace tallyfold::desktop {
 class LookTable;
 class TakeFromButton;
 
-// Which former texts an account offers while one is typed, and the lists of its user's own.
+// Which former texts an account offers while one is typed, and the lists of its user's own. Tab
+// stops at one of the lists, the arrow keys go from one to the next, Insert adds a text.
 class AccountTextsPage final : public QWidget {
  public:
   using Typed = AccountEditSheetState::Typed;
@@ -54,11 +55,13 @@ class AccountTextsPage final : public QWidget {
  private:
   void MakeStyles(QWidget* into);
   void MakeList(const List& list);
+  // The list that the buttons are about.
+  void Choose(std::size_t list);
+  bool eventFilter(QObject* object, QEvent* event) override;
   void Change(const std::function<void(Typed&)>& change);
   void Add();
   void Remove();
   void ShowButtons();
-  // The list that the buttons are about.
   [[nodiscard]] std::vector<std::string>& ChosenTexts(Typed& typed) const;
 
   AccountEditing& editing_;
