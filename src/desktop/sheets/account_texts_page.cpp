@@ -12,8 +12,10 @@
 #include <utility>
 
 #include "desktop/look/measures.h"
+#include "desktop/look/text_length.h"
 #include "desktop/register/look_table.h"
 #include "desktop/sheets/form.h"
+#include "desktop/sheets/marked_line.h"
 #include "desktop/sheets/take_from_button.h"
 #include "desktop/texts.h"
 
@@ -81,6 +83,7 @@ void AccountTextsPage::MakeStyles(QWidget* into) {
   count_ = new QLineEdit(into);
   count_->setObjectName(QLatin1String(parts_.count_name));
   count_->setAccessibleName(Text("How many of them"));
+  count_->setMaxLength(kAnyLength);
   count_->setFixedWidth(kCountFieldWidth);
   count_->setAlignment(Qt::AlignTrailing | Qt::AlignVCenter);
   for (int style = kAllTexts; style <= kOwnTexts; ++style) {
@@ -104,12 +107,15 @@ void AccountTextsPage::MakeStyles(QWidget* into) {
     row->addWidget(unit);
     row->addStretch(1);
     column->addLayout(row);
+    problem_ = new MarkedLine(QLatin1String("warning"), Role::Problem, into);
+    problem_->hide();
+    column->addWidget(problem_);
   }
   connect(styles_, &QButtonGroup::idClicked, this, [this](int style) {
     Change([this, style](Typed& typed) { typed.*parts_.style = style; });
   });
   connect(count_, &QLineEdit::textEdited, this, [this] {
-    SetProblem(count_, false);
+    ShowProblem({});
     Change([this](Typed& typed) { typed.*parts_.count = CountIn(*count_); });
   });
 }
@@ -209,8 +215,6 @@ void AccountTextsPage::Show() {
   if (const auto& count = typed.*parts_.count; count && CountIn(*count_) != count) {
     count_->setText(QString::number(*count));
   }
-  const auto& problem = editing_.State().problem;
-  SetProblem(count_, problem && problem->field == parts_.count_name);
   count_->setEnabled(style == kLatestTexts);
   for (std::size_t i = 0; i < lists_.size(); ++i) {
     std::vector<LookTable::Row> rows;
@@ -221,6 +225,20 @@ void AccountTextsPage::Show() {
     lists_[i]->setEnabled(style == kOwnTexts);
   }
   ShowButtons();
+}
+
+bool AccountTextsPage::ShowProblem(const std::optional<Problem>& problem) {
+  const bool is_here = problem && problem->field == parts_.count_name;
+  const QString text = is_here ? ToQString(problem->text) : QString();
+  SetProblem(count_, is_here);
+  count_->setAccessibleDescription(text);
+  problem_->SetText(text);
+  problem_->setVisible(is_here);
+  return is_here;
+}
+
+void AccountTextsPage::GoToProblem() {
+  if (HasProblem(count_)) count_->setFocus();
 }
 
 void AccountTextsPage::ShowButtons() {

@@ -17,6 +17,7 @@ class QPushButton;
 namespace tallyfold::desktop {
 
 class LookTable;
+class MarkedLine;
 class TakeFromButton;
 
 // Which former texts an account offers while one is typed, and the lists of its user's own. Tab
@@ -49,6 +50,10 @@ class AccountTextsPage final : public QWidget {
 
   // As the sheet has them. The field of the number keeps a text that is none.
   void Show();
+  // The problem of the sheet, below the number. False where it is about something else.
+  bool ShowProblem(const std::optional<Problem>& problem);
+  // To the number, where it has the problem.
+  void GoToProblem();
   // Takes over a text that is still being typed.
   void EndEditing();
 
@@ -68,6 +73,7 @@ class AccountTextsPage final : public QWidget {
   Parts parts_;
   QButtonGroup* styles_;
   QLineEdit* count_ = nullptr;
+  MarkedLine* problem_ = nullptr;
   std::vector<LookTable*> lists_;
   std::size_t chosen_ = 0;
   QPushButton* add_ = nullptr;

@@ -11,7 +11,7 @@
 #include <QVBoxLayout>
 #include <algorithm>
 
-#include "desktop/look/colors.h"
+#include "desktop/look/ink.h"
 #include "desktop/look/measures.h"
 #include "desktop/look/rule_line.h"
 #include "desktop/sheets/tab_order.h"
@@ -70,9 +70,7 @@ SheetDialog::SheetDialog(QWidget* window, const QString& title)
   problem_->setTextFormat(Qt::PlainText);
   problem_->setWordWrap(true);
   problem_->setFont(MediumFont(SmallFont(font())));
-  QPalette problem = problem_->palette();
-  problem.setColor(QPalette::WindowText, ColorsOf(problem)[Role::Problem]);
-  problem_->setPalette(problem);
+  SetTextInk(*problem_, Role::Problem);
   problem_->hide();
 
   auto* row = new QHBoxLayout(buttons_);
