@@ -4,6 +4,7 @@
 #include <algorithm>
 
 #include "desktop/look/measures.h"
+#include "desktop/look/text_length.h"
 #include "desktop/texts.h"
 #include "model/amount_input.h"
 #include "model/amount_sum.h"
@@ -21,6 +22,7 @@ std::optional<double> AmountIn(const QString& text) {
 AmountField::AmountField(QWidget* parent)
     : QLineEdit(parent),
       format_([](double amount) { return ToQString(FixedAmountString(amount)); }) {
+  setMaxLength(kAnyLength);
   setAlignment(Qt::AlignTrailing | Qt::AlignVCenter);
   connect(this, &QLineEdit::textEdited, this, &AmountField::TakeEdit);
   connect(this, &QLineEdit::textChanged, this, [this] {

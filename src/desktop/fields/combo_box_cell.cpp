@@ -5,6 +5,7 @@
 
 #include "app/entries/completion.h"
 #include "desktop/look/measures.h"
+#include "desktop/look/text_length.h"
 #include "desktop/texts.h"
 #include "model/text.h"
 
@@ -29,6 +30,7 @@ QString RestOf(const QString& text, const QString& typed) {
 
 LDGRComboBoxCell::LDGRComboBoxCell(QWidget* parent)
     : QLineEdit(parent), list_(new CompletionList(this)) {
+  setMaxLength(kAnyLength);
   list_->hide();
   connect(this, &QLineEdit::textEdited, this, &LDGRComboBoxCell::TakeEdit);
   connect(this, &QLineEdit::textChanged, this, [this] {

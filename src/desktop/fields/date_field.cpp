@@ -9,6 +9,7 @@
 #include "desktop/fields/calendar_pop_up.h"
 #include "desktop/look/icons.h"
 #include "desktop/look/measures.h"
+#include "desktop/look/text_length.h"
 #include "desktop/texts.h"
 #include "model/date_format.h"
 #include "model/typed_day.h"
@@ -39,6 +40,7 @@ DateField::DateField(QWidget* parent)
       button_(new QToolButton(this)),
       format_(CurrentLocale().ShortDateFormat()),
       day_(TodaysDateNumber()) {
+  setMaxLength(kAnyLength);
   button_->setIcon(IconNamed(QLatin1String("schedule-small"), Role::Dim));
   button_->setIconSize({kGlyphSize, kGlyphSize});
   button_->setAutoRaise(true);

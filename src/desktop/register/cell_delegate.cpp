@@ -20,6 +20,8 @@ namespace tallyfold::desktop {
 namespace {
 
 constexpr int kGlyphGap = 6;
+// So many at most are in sight for each pixel of a cell, as some characters have no width.
+constexpr qsizetype kMostCharacters = 4;
 constexpr int kWordPadding = 7;
 constexpr int kWordInset = 3;
 // Fonts of one table: upright, slanted, heavier; more come and go with the preferences.
@@ -168,7 +170,9 @@ void CellDelegate::DrawText(QPainter& painter, QRect rect, const CellLook& look,
   const bool has_glyph_behind = look.glyph_behind.size() > 0;
   const int room = rect.width() - (has_glyph_behind ? kGlyphSize + kGlyphGap : 0);
   const QFontMetrics metrics = painter.fontMetrics();
-  const int width = metrics.horizontalAdvance(look.text);
+  // Of what was pasted by the page only as much is laid out as can be in sight.
+  const QString text = look.text.left(kMostCharacters * std::max(rect.width(), 1));
+  const int width = metrics.horizontalAdvance(text);
   const bool is_cut = width > room;
   const QRect place = QStyle::visualRect(
       direction, rect,
@@ -176,14 +180,13 @@ void CellDelegate::DrawText(QPainter& painter, QRect rect, const CellLook& look,
   const int flags = static_cast<int>(align | Qt::AlignAbsolute | Qt::AlignVCenter) |
                     static_cast<int>(Qt::TextSingleLine);
   if (is_cut && breaks_texts_) {
-    DrawTwoLines(painter, place, look.text, align);
+    DrawTwoLines(painter, place, text, align);
   } else if (is_cut && !uses_ellipses_) {
     painter.setClipRect(place, Qt::IntersectClip);
-    painter.drawText(place, flags | static_cast<int>(Qt::TextDontClip), look.text);
+    painter.drawText(place, flags | static_cast<int>(Qt::TextDontClip), text);
     painter.setClipping(false);
   } else {
-    painter.drawText(place, flags,
-                     is_cut ? metrics.elidedText(look.text, Qt::ElideRight, room) : look.text);
+    painter.drawText(place, flags, is_cut ? metrics.elidedText(text, Qt::ElideRight, room) : text);
   }
   if (has_glyph_behind) {
     const int behind = std::min(width, room) + kGlyphGap;

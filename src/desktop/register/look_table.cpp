@@ -14,6 +14,7 @@
 #include "desktop/look/measures.h"
 #include "desktop/look/painting.h"
 #include "desktop/look/style.h"
+#include "desktop/look/text_length.h"
 #include "desktop/register/table_titles.h"
 
 namespace tallyfold::desktop {
@@ -95,7 +96,9 @@ class LookTable::Cells final : public CellDelegate {
     const Column& column = table_.model_->ColumnAt(index.column());
     QWidget* editor = nullptr;
     if (column.choices.isEmpty()) {
-      editor = new QLineEdit(parent);
+      auto* field = new QLineEdit(parent);
+      field->setMaxLength(kAnyLength);
+      editor = field;
     } else {
       auto* choices = new QComboBox(parent);
       choices->addItems(column.choices);

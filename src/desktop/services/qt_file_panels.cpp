@@ -100,6 +100,8 @@ std::optional<std::string> QtFilePanels::Run(Panel& panel, const FilePanelReques
   ++depth_;
   const bool is_accepted = panel.exec() == QDialog::Accepted;
   --depth_;
+  // Not every window manager gives the keys back.
+  if (panel.parentWidget() != nullptr) panel.parentWidget()->activateWindow();
   if (!is_accepted || panel.Path().empty()) return std::nullopt;
   folder_ = ToUtf8(panel.directory().absolutePath());
   return panel.Path();

@@ -160,6 +160,8 @@ void AccountDialog::OK() {
   for (const Form* form : {general_, security_}) {
     if (form->FieldWithProblem() != nullptr) form->FieldWithProblem()->setFocus();
   }
+  descriptions_->GoToProblem();
+  to_froms_->GoToProblem();
   if (problem->field == kTypesField) types_->GoTo(problem->row);
 }
 
@@ -217,7 +219,10 @@ void AccountDialog::ShowState() {
 void AccountDialog::ShowRefused() {
   const AccountEditSheetState& state = editing_.State();
   const bool is_at_general = general_->ShowProblem(state.problem);
-  const bool is_at_field = security_->ShowProblem(state.problem) || is_at_general;
+  const bool is_at_security = security_->ShowProblem(state.problem);
+  const bool is_at_descriptions = descriptions_->ShowProblem(state.problem);
+  const bool is_at_to_froms = to_froms_->ShowProblem(state.problem);
+  const bool is_at_field = is_at_general || is_at_security || is_at_descriptions || is_at_to_froms;
   ShowProblem(is_at_field ? QString() : ToQString(TextOf(state.problem)));
 }
 

@@ -2,6 +2,7 @@
 
 #include <QButtonGroup>
 #include <QHBoxLayout>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
@@ -11,8 +12,10 @@
 #include <utility>
 
 #include "desktop/look/measures.h"
+#include "desktop/look/text_length.h"
 #include "desktop/register/look_table.h"
 #include "desktop/sheets/form.h"
+#include "desktop/sheets/marked_line.h"
 #include "desktop/sheets/take_from_button.h"
 #include "desktop/texts.h"
 
@@ -80,6 +83,7 @@ void AccountTextsPage::MakeStyles(QWidget* into) {
   count_ = new QLineEdit(into);
   count_->setObjectName(QLatin1String(parts_.count_name));
   count_->setAccessibleName(Text("How many of them"));
+  count_->setMaxLength(kAnyLength);
   count_->setFixedWidth(kCountFieldWidth);
   count_->setAlignment(Qt::AlignTrailing | Qt::AlignVCenter);
   for (int style = kAllTexts; style <= kOwnTexts; ++style) {
@@ -103,12 +107,15 @@ void AccountTextsPage::MakeStyles(QWidget* into) {
     row->addWidget(unit);
     row->addStretch(1);
     column->addLayout(row);
+    problem_ = new MarkedLine(QLatin1String("warning"), Role::Problem, into);
+    problem_->hide();
+    column->addWidget(problem_);
   }
   connect(styles_, &QButtonGroup::idClicked, this, [this](int style) {
     Change([this, style](Typed& typed) { typed.*parts_.style = style; });
   });
   connect(count_, &QLineEdit::textEdited, this, [this] {
-    SetProblem(count_, false);
+    ShowProblem({});
     Change([this](Typed& typed) { typed.*parts_.count = CountIn(*count_); });
   });
 }
@@ -130,15 +137,37 @@ void AccountTextsPage::MakeList(const List& list) {
               if (place < texts.size()) texts[place] = ToUtf8(text);
             });
           });
-  connect(table, &LookTable::RowChosen, this, [this, at] {
-    chosen_ = at;
-    ShowButtons();
-  });
+  table->installEventFilter(this);
+  connect(table, &LookTable::RowChosen, this, [this, at] { Choose(at); });
   connect(table, &LookTable::RemoveWanted, this, [this] { Remove(); });
-  connect(table, &LookTable::Focused, this, [this, at] {
-    chosen_ = at;
-    ShowButtons();
-  });
+  connect(table, &LookTable::Focused, this, [this, at] { Choose(at); });
+  Choose(0);
+}
+
+void AccountTextsPage::Choose(std::size_t list) {
+  chosen_ = list;
+  // Tab goes from it to the buttons that are about it, not through the others.
+  for (std::size_t i = 0; i < lists_.size(); ++i) {
+    lists_[i]->setFocusPolicy(i == chosen_ ? Qt::WheelFocus : Qt::ClickFocus);
+  }
+  if (add_ != nullptr) ShowButtons();
+}
+
+bool AccountTextsPage::eventFilter(QObject* object, QEvent* event) {
+  if (event->type() != QEvent::KeyPress || object != lists_[chosen_]) {
+    return QWidget::eventFilter(object, event);
+  }
+  const auto key = static_cast<QKeyEvent*>(event)->key();
+  if (key == Qt::Key_Insert) {
+    Add();
+  } else if (key == Qt::Key_Left || key == Qt::Key_Right) {
+    const bool is_back = (key == Qt::Key_Left) == (layoutDirection() == Qt::LeftToRight);
+    const std::size_t to = is_back ? chosen_ - 1 : chosen_ + 1;
+    if (to < lists_.size()) lists_[to]->setFocus(Qt::OtherFocusReason);
+  } else {
+    return QWidget::eventFilter(object, event);
+  }
+  return true;
 }
 
 void AccountTextsPage::Change(const std::function<void(Typed&)>& change) {
@@ -186,8 +215,6 @@ void AccountTextsPage::Show() {
   if (const auto& count = typed.*parts_.count; count && CountIn(*count_) != count) {
     count_->setText(QString::number(*count));
   }
-  const auto& problem = editing_.State().problem;
-  SetProblem(count_, problem && problem->field == parts_.count_name);
   count_->setEnabled(style == kLatestTexts);
   for (std::size_t i = 0; i < lists_.size(); ++i) {
     std::vector<LookTable::Row> rows;
@@ -198,6 +225,20 @@ void AccountTextsPage::Show() {
     lists_[i]->setEnabled(style == kOwnTexts);
   }
   ShowButtons();
+}
+
+bool AccountTextsPage::ShowProblem(const std::optional<Problem>& problem) {
+  const bool is_here = problem && problem->field == parts_.count_name;
+  const QString text = is_here ? ToQString(problem->text) : QString();
+  SetProblem(count_, is_here);
+  count_->setAccessibleDescription(text);
+  problem_->SetText(text);
+  problem_->setVisible(is_here);
+  return is_here;
+}
+
+void AccountTextsPage::GoToProblem() {
+  if (HasProblem(count_)) count_->setFocus();
 }
 
 void AccountTextsPage::ShowButtons() {

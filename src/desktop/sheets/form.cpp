@@ -13,8 +13,11 @@
 
 #include "desktop/look/colors.h"
 #include "desktop/look/icons.h"
+#include "desktop/look/ink.h"
 #include "desktop/look/measures.h"
 #include "desktop/look/rule_line.h"
+#include "desktop/look/text_length.h"
+#include "desktop/sheets/marked_line.h"
 #include "desktop/texts.h"
 
 namespace tallyfold::desktop {
@@ -27,11 +30,7 @@ constexpr int kLeastLabelWidth = 84;
 QLabel* PlainLabel(QWidget* parent, Role role) {
   auto* label = new QLabel(parent);
   label->setTextFormat(Qt::PlainText);
-  QPalette palette = label->palette();
-  palette.setColor(QPalette::WindowText, ColorsOf(palette)[role]);
-  label->setPalette(palette);
-  // On the ground of pages the toolkit would take the ink of texts.
-  label->setForegroundRole(QPalette::WindowText);
+  SetTextInk(*label, role);
   return label;
 }
 
@@ -189,6 +188,7 @@ void Form::Watch(QWidget* field) {
     if (field == refused_) ClearProblem();
   };
   if (auto* line = qobject_cast<QLineEdit*>(field)) {
+    line->setMaxLength(kAnyLength);
     connect(line, &QLineEdit::textEdited, this, edited);
   } else if (auto* pop_up = qobject_cast<QComboBox*>(field)) {
     connect(pop_up, &QComboBox::currentTextChanged, this, edited);
@@ -197,22 +197,6 @@ void Form::Watch(QWidget* field) {
   } else if (auto* button = qobject_cast<QAbstractButton*>(field)) {
     connect(button, &QAbstractButton::clicked, this, edited);
   }
-}
-
-void Form::MakeProblemLine(Row& row) {
-  row.problem = new QWidget(this);
-  auto* icon = new QLabel(row.problem);
-  icon->setPixmap(PixmapNamed(QLatin1String("warning"), kIconSize, devicePixelRatioF(),
-                              ColorsOf(palette())[Role::Problem]));
-  row.problem_text = PlainLabel(row.problem, Role::Problem);
-  row.problem_text->setFont(MediumFont(SmallFont(font())));
-  row.problem_text->setWordWrap(true);
-  auto* layout = new QHBoxLayout(row.problem);
-  layout->setContentsMargins(0, 0, 0, 0);
-  layout->setSpacing(kGap - 2);
-  layout->addWidget(icon, 0, Qt::AlignTop);
-  layout->addWidget(row.problem_text, 1);
-  row.cell->addWidget(row.problem);
 }
 
 bool Form::ShowProblem(const std::optional<Problem>& problem) {
@@ -226,8 +210,11 @@ bool Form::ShowProblem(const std::optional<Problem>& problem) {
   if (field != refused_) ClearProblem();
   if (field == nullptr) return false;
   Row& row = RowOf(field);
-  if (row.problem == nullptr) MakeProblemLine(row);
-  row.problem_text->setText(ToQString(problem->text));
+  if (row.problem == nullptr) {
+    row.problem = new MarkedLine(QLatin1String("warning"), Role::Problem, this);
+    row.cell->addWidget(row.problem);
+  }
+  row.problem->SetText(ToQString(problem->text));
   field->setAccessibleDescription(ToQString(problem->text));
   row.problem->setVisible(!problem->text.empty());
   SetProblem(field, true);

@@ -20,6 +20,8 @@ class QVBoxLayout;
 
 namespace tallyfold::desktop {
 
+class MarkedLine;
+
 // Widths of fields by what they hold.
 inline constexpr int kDateFieldWidth = 132;
 inline constexpr int kNumberFieldWidth = 88;
@@ -68,8 +70,7 @@ class Form final : public QWidget {
   struct Row {
     QVBoxLayout* cell = nullptr;
     QHBoxLayout* fields = nullptr;
-    QWidget* problem = nullptr;
-    QLabel* problem_text = nullptr;
+    MarkedLine* problem = nullptr;
     QLabel* note = nullptr;
   };
 
@@ -77,7 +78,6 @@ class Form final : public QWidget {
   void AddFieldTo(QHBoxLayout* row, QWidget* field);
   void Watch(QWidget* field);
   Row& RowOf(QWidget* field) { return rows_[row_of_.value(field)]; }
-  void MakeProblemLine(Row& row);
   void ClearProblem();
 
   QGridLayout* grid_;

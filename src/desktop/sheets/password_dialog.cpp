@@ -11,6 +11,7 @@
 #include "desktop/look/icons.h"
 #include "desktop/look/measures.h"
 #include "desktop/sheets/form.h"
+#include "desktop/sheets/marked_line.h"
 #include "desktop/texts.h"
 
 namespace tallyfold::desktop {
@@ -26,7 +27,7 @@ PasswordDialog::PasswordDialog(Parts parts, QWidget* window)
       parts_(std::move(parts)),
       title_(new QLabel(this)),
       field_(new QLineEdit(this)),
-      caps_(new QWidget(this)) {
+      caps_(new MarkedLine(QLatin1String("warning"), Role::Warning, this)) {
   const auto name = [this](const char* part) { return parts_.name + QLatin1String(part); };
   setObjectName(parts_.name);
   auto* heading = new QLabel(this);
@@ -74,19 +75,7 @@ PasswordDialog::PasswordDialog(Parts parts, QWidget* window)
 
 void PasswordDialog::MakeCapsLine(const QString& name) {
   caps_->setObjectName(name);
-  auto* icon = new QLabel(caps_);
-  icon->setPixmap(PixmapNamed(QLatin1String("warning"), kIconSize, devicePixelRatioF(),
-                              ColorsOf(palette())[Role::Warning]));
-  auto* text = new QLabel(Text("Caps Lock is on."), caps_);
-  text->setFont(MediumFont(SmallFont(font())));
-  QPalette ink = text->palette();
-  ink.setColor(QPalette::WindowText, ColorsOf(ink)[Role::Warning]);
-  text->setPalette(ink);
-  auto* row = new QHBoxLayout(caps_);
-  row->setContentsMargins(0, 0, 0, 0);
-  row->setSpacing(kGap);
-  row->addWidget(icon);
-  row->addWidget(text);
+  caps_->SetText(Text("Caps Lock is on."));
   // Its room is there always, so that nothing moves.
   QSizePolicy policy = caps_->sizePolicy();
   policy.setRetainSizeWhenHidden(true);

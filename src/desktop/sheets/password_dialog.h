@@ -12,6 +12,8 @@ class QPushButton;
 
 namespace tallyfold::desktop {
 
+class MarkedLine;
+
 // Asks for the password of the application or of an account. OK can only be pressed with the right
 // one.
 class PasswordDialog final : public SheetDialog {
@@ -41,7 +43,7 @@ class PasswordDialog final : public SheetDialog {
   Parts parts_;
   QLabel* title_;
   QLineEdit* field_;
-  QWidget* caps_;
+  MarkedLine* caps_;
   QPushButton* ok_;
 };
 

@@ -1,15 +1,17 @@
 #include "desktop/sheets/sheet.h"
 
+#include <QButtonGroup>
 #include <QCloseEvent>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QPushButton>
+#include <QRadioButton>
 #include <QScreen>
 #include <QScrollArea>
 #include <QVBoxLayout>
 #include <algorithm>
 
-#include "desktop/look/colors.h"
+#include "desktop/look/ink.h"
 #include "desktop/look/measures.h"
 #include "desktop/look/rule_line.h"
 #include "desktop/sheets/tab_order.h"
@@ -29,6 +31,16 @@ constexpr int kScreenMargin = 80;
 constexpr int kWindowMargin = 80;
 constexpr int kLeastWideWidth = 780;
 
+// Of several choices it is the chosen one at which Tab stops.
+bool IsTabStop(const QWidget& widget) {
+  const auto* choice = qobject_cast<const QRadioButton*>(&widget);
+  if (choice != nullptr && choice->group() != nullptr) {
+    const QAbstractButton* chosen = choice->group()->checkedButton();
+    if (chosen != nullptr) return chosen == choice;
+  }
+  return (widget.focusPolicy() & Qt::TabFocus) != 0;
+}
+
 // In the order in which the layouts have them, which is that of the eye.
 void AddFocusable(const QLayout& layout, QList<QWidget*>& widgets) {
   for (int i = 0; i < layout.count(); ++i) {
@@ -36,7 +48,7 @@ void AddFocusable(const QLayout& layout, QList<QWidget*>& widgets) {
     if (item->layout() != nullptr) AddFocusable(*item->layout(), widgets);
     QWidget* widget = item->widget();
     if (widget == nullptr) continue;
-    if ((widget->focusPolicy() & Qt::TabFocus) != 0) widgets.append(widget);
+    if (IsTabStop(*widget)) widgets.append(widget);
     const auto* area = qobject_cast<const QScrollArea*>(widget);
     if (area != nullptr && area->widget() != nullptr) widget = area->widget();
     if (widget->layout() != nullptr) AddFocusable(*widget->layout(), widgets);
@@ -58,9 +70,7 @@ SheetDialog::SheetDialog(QWidget* window, const QString& title)
   problem_->setTextFormat(Qt::PlainText);
   problem_->setWordWrap(true);
   problem_->setFont(MediumFont(SmallFont(font())));
-  QPalette problem = problem_->palette();
-  problem.setColor(QPalette::WindowText, ColorsOf(problem)[Role::Problem]);
-  problem_->setPalette(problem);
+  SetTextInk(*problem_, Role::Problem);
   problem_->hide();
 
   auto* row = new QHBoxLayout(buttons_);
