@@ -14,6 +14,7 @@
 #include "desktop/look/measures.h"
 #include "desktop/look/painting.h"
 #include "desktop/look/style.h"
+#include "desktop/register/spoken_cell.h"
 #include "desktop/register/table_titles.h"
 
 namespace tallyfold::desktop {
@@ -54,6 +55,7 @@ class LookTable::Model final : public QAbstractTableModel {
     const CellLook& look = row[column];
     if (role == kCellRole) return QVariant::fromValue(look);
     if (role == Qt::DisplayRole || role == Qt::EditRole) return look.text;
+    if (role == Qt::AccessibleTextRole) return SpokenCell(ColumnAt(index.column()).title, look);
     return {};
   }
   bool setData(const QModelIndex& index, const QVariant& value, int role) override {
