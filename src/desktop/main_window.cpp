@@ -104,6 +104,7 @@ void MainWindow::MakePieces() {
       MenuBar::Parts{app.menus(), *entry_actions_, app.search(), [this] { help_->Open(); }});
   sheets_ = std::make_unique<SheetHost>(app.sheets(), *this);
   SetUpSheets(*sheets_, app);
+  sheets_->SetActions({actions_->Named("SpeakFigures")});
   review_ = std::make_unique<ReviewHost>(
       ReviewSheet::Parts{app.sharedQIFImportController(), app.desk()}, *sheets_, *this);
 
