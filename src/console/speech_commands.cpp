@@ -3,6 +3,7 @@
 #include <cmath>
 #include <memory>
 
+#include "app/commands/command.h"
 #include "app/controller.h"
 #include "app/desk.h"
 #include "console/all_commands.h"
@@ -69,8 +70,10 @@ void Speak(Console& console, const Arguments& arguments) {
   static_cast<void>(SelectedAccount(console));
   const std::string what = arguments.WordCount() == 0 ? "entry" : arguments.WordAt(0);
   if (what == "stop") return console.controller.speaker().StopSpeech();
-  if (what != "entry" && what != "from" && what != "all" && what != "schedule") {
-    throw CommandError("speak: expected entry, from, all, schedule or stop, not " + Quoted(what));
+  const bool is_of_figures = what == "figures";
+  if (what != "entry" && what != "from" && what != "all" && what != "schedule" && !is_of_figures) {
+    throw CommandError("speak: expected entry, from, all, schedule, figures or stop, not " +
+                       Quoted(what));
   }
   const std::shared_ptr<LDGRAccountEntry> selected =
       what == "schedule" ? console.controller.desk().SelectedSchedule()
@@ -78,7 +81,7 @@ void Speak(Console& console, const Arguments& arguments) {
   if (what == "schedule" && selected == nullptr) {
     throw CommandError("speak: no scheduled entry is selected");
   }
-  if (what != "all" && selected == nullptr) {
+  if (what != "all" && !is_of_figures && selected == nullptr) {
     throw CommandError("speak: no entry is selected; see 'select entry'");
   }
   if (what == "from" || what == "all") RequireShownRegister(console, "speak");
@@ -86,6 +89,10 @@ void Speak(Console& console, const Arguments& arguments) {
   static_cast<void>(console.spoken.Take());
   if (what == "entry" || what == "schedule") {
     console.controller.speaker().SpeakEntry(selected.get());
+  } else if (is_of_figures) {
+    if (!Order(console.controller, "SpeakFigures")) {
+      throw CommandError("speak: no figures are shown");
+    }
   } else if (what == "from") {
     console.controller.speaker().StartSpeakingEntries();
   } else {
@@ -97,11 +104,11 @@ void Speak(Console& console, const Arguments& arguments) {
 
 constexpr Command kSpeechCommands[] = {
     {.name = "speak",
-     .words = "[entry|from|all|schedule|stop]",
+     .words = "[entry|from|all|schedule|figures|stop]",
      .most_words = 1,
      .help = "reads the selected entry or scheduled entry aloud, or the register from there on, or "
-             "all of it: in a "
-             "script to the end, at a terminal until a line is typed; without a voice, shows what "
+             "all of it, or the balances shown: in a script to the end, at a terminal until a line "
+             "is typed; without a voice, shows what "
              "would be said and when",
      .example = "speak from",
      .run = Speak},

@@ -62,6 +62,11 @@ RowLook FindPanel::Rows::LookOfRow(std::size_t row) const {
   return LookOfEntry(*rows[row].entry, desk_.preferences(), TodaysDateNumber());
 }
 
+std::string FindPanel::Rows::SpeakableRow(std::size_t row) const {
+  const auto& rows = find_.State().rows;
+  return row < rows.size() ? rows[row].entry->asSpeakableString() : std::string();
+}
+
 // --- The panel
 // ------------------------------------------------------------------------------------
 

@@ -33,6 +33,7 @@ class FindPanel final : public QDialog {
     [[nodiscard]] std::size_t numberOfRowsInTableView() const override;
     [[nodiscard]] TableCell tableView(std::string_view column, std::size_t row) const override;
     [[nodiscard]] RowLook LookOfRow(std::size_t row) const override;
+    [[nodiscard]] std::string SpeakableRow(std::size_t row) const override;
 
    private:
     EntryFind& find_;

@@ -60,7 +60,6 @@ namespace {
 constexpr QSize kFirstSize(1200, 760);
 constexpr QSize kLeastSize(860, 540);
 constexpr int kDrawerWidth = 232;
-constexpr int kLeastDrawerWidth = 160;
 // A narrower window leaves an open drawer no more than that.
 constexpr int kNarrowWindow = 900;
 // So many accounts are in sight where the drawer lies above or below the page.
@@ -105,6 +104,7 @@ void MainWindow::MakePieces() {
       MenuBar::Parts{app.menus(), *entry_actions_, app.search(), [this] { help_->Open(); }});
   sheets_ = std::make_unique<SheetHost>(app.sheets(), *this);
   SetUpSheets(*sheets_, app);
+  sheets_->SetActions({actions_->Named("SpeakFigures")});
   review_ = std::make_unique<ReviewHost>(
       ReviewSheet::Parts{app.sharedQIFImportController(), app.desk()}, *sheets_, *this);
 
@@ -245,7 +245,6 @@ void MainWindow::ShowDrawer() {
   splitter_->setStretchFactor(splitter_->indexOf(pieces_.accounts), 0);
   const bool was_shown = pieces_.accounts->isVisibleTo(splitter_);
   pieces_.accounts->setVisible(app_.accountsDrawer().State().is_open);
-  pieces_.accounts->setMinimumWidth(is_beside ? kLeastDrawerWidth : 0);
   if (was_shown == pieces_.accounts->isVisibleTo(splitter_) && was_shown) return;
   FitDrawer();
 }
@@ -260,9 +259,9 @@ void MainWindow::FitDrawer() {
                      : is_beside ? kDrawerWidth
                                  : kBarHeight + kRowsAcross * kAccountRowHeight + kStatusHeight;
   const bool is_narrow = is_beside && room < kNarrowWindow;
-  const int drawer =
-      is_narrow ? kLeastDrawerWidth
-                : std::clamp(wanted, kLeastDrawerWidth, std::max(kLeastDrawerWidth, room / 2));
+  const int drawer = is_narrow ? AccountsList::kLeastWidth
+                               : std::clamp(wanted, AccountsList::kLeastWidth,
+                                            std::max(AccountsList::kLeastWidth, room / 2));
   splitter_->setSizes(is_first ? QList<int>{drawer, room - drawer}
                                : QList<int>{room - drawer, drawer});
 }

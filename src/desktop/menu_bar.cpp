@@ -50,6 +50,7 @@ constexpr std::string_view kGroupStarts[] = {
     "entry_MenuItem",
     "Search_Cancel",
     "DateJump_Open",
+    "SpeakFigures",
     "Account_Lock",
 };
 

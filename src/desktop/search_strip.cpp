@@ -36,6 +36,7 @@ SearchStrip::SearchStrip(const Parts& parts, QWidget* parent)
   label_->setTextFormat(Qt::PlainText);
   label_->setFont(SmallFont(font()));
   label_->setForegroundRole(QPalette::PlaceholderText);
+  label_->setBuddy(&field_->Field());
   field_->SetFilterMenu(new FilterMenu(parts_.search, this));
   field_->Field().setPlaceholderText(Text("Search entries"));
   field_->Field().installEventFilter(this);

@@ -18,6 +18,7 @@
 #include "app/shell/tabs.h"
 #include "app/views/balance_field.h"
 #include "app/views/shown_entries.h"
+#include "desktop/look/assistive.h"
 #include "desktop/look/figure_label.h"
 #include "desktop/look/icons.h"
 #include "desktop/look/measures.h"
@@ -141,6 +142,7 @@ void StatusLine::ShowBalance() {
   }
   mode_->setEnabled(parts_.desk.SelectedAccount() != nullptr);
   value_->setText(ToQString(state.text));
+  NameFigure(*value_, mode_->accessibleName(), value_->text());
   ShowRows();
 }
 

@@ -270,6 +270,11 @@ RowLook LDGRAccountTableViewData::LookOfRow(std::size_t row) const {
   return rows_.LookOf(row, host_.preferences(), TodaysDateNumber());
 }
 
+std::string LDGRAccountTableViewData::SpeakableRow(std::size_t row) const {
+  if (row >= numberOfRowsInTableView()) return {};
+  return rows_.Entries()[row]->asSpeakableString();
+}
+
 double LDGRAccountTableViewData::RunningBalanceOfRow(std::size_t row) const {
   return row < numberOfRowsInTableView() ? rows_.RunningBalanceOf(row) : 0.0;
 }

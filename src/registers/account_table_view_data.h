@@ -129,6 +129,7 @@ class LDGRAccountTableViewData final : public TableDataSource {
   // A row that does not exist is logged and shows nothing.
   [[nodiscard]] TableCell tableView(std::string_view column, std::size_t row) const override;
   [[nodiscard]] RowLook LookOfRow(std::size_t row) const override;
+  [[nodiscard]] std::string SpeakableRow(std::size_t row) const override;
   // LDGRAccount::GetRunningBalanceAtEntry() of the row's entry, whatever the order and the filter;
   // 0.0 for a row that does not exist.
   [[nodiscard]] double RunningBalanceOfRow(std::size_t row) const;

@@ -134,4 +134,9 @@ RowLook LDGRScheduleTableViewData::LookOfRow(std::size_t row) const {
   return LookOfSchedule(*schedules_[row], host_.preferences(), TodaysDateNumber());
 }
 
+std::string LDGRScheduleTableViewData::SpeakableRow(std::size_t row) const {
+  if (row >= numberOfRowsInTableView()) return {};
+  return schedules_[row]->asSpeakableString();
+}
+
 }  // namespace tallyfold

@@ -56,6 +56,7 @@ class LDGRScheduleTableViewData final : public TableDataSource {
   // A row that does not exist shows nothing.
   [[nodiscard]] TableCell tableView(std::string_view column, std::size_t row) const override;
   [[nodiscard]] RowLook LookOfRow(std::size_t row) const override;
+  [[nodiscard]] std::string SpeakableRow(std::size_t row) const override;
 
  private:
   [[nodiscard]] std::string SortColumn() const;

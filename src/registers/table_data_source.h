@@ -90,6 +90,8 @@ class TableDataSource {
   // Nothing for a column that there is not, here and below for a row that there is not.
   [[nodiscard]] virtual TableCell tableView(std::string_view column, std::size_t row) const = 0;
   [[nodiscard]] virtual RowLook LookOfRow(std::size_t row) const = 0;
+  // What the row says where it is read aloud; "" where its cells are all there is to say.
+  [[nodiscard]] virtual std::string SpeakableRow(std::size_t /*row*/) const { return {}; }
 };
 
 }  // namespace tallyfold

@@ -89,7 +89,9 @@ TEST(ScheduleSheet, MakesADebitRefusesWhatIsNoNumberAndTheReminderCommitsIt) {
     test.Key(Qt::Key_Return);
     test.Click("scheduleReminderSheet_Commit_Button");
     ASSERT_EQ(app.sheets().Current(), Sheet::ScheduleReminder) << bad;
-    EXPECT_FALSE(amount().data(Qt::AccessibleDescriptionRole).toString().isEmpty()) << bad;
+    EXPECT_EQ(amount().data(Qt::AccessibleDescriptionRole).toString().toStdString(),
+              app.reminder().State().problem->text)
+        << bad;
     EXPECT_EQ(table->currentIndex(), amount()) << bad;
   }
   // Out of sight and back again, also the text that is no amount.

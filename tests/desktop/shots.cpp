@@ -1,21 +1,14 @@
-// Pictures of the window in its states, to be looked at: tallyfold_desktop_shots FOLDER [dark].
-// Another scale by QT_SCALE_FACTOR, longer texts by a word "long", right to left by "rtl", a style
-// of the platform's own by "foreign", only pictures whose names begin so by "only=NAME".
+#include "desktop/shots.h"
 
 #include <QAbstractItemView>
 #include <QAction>
 #include <QApplication>
-#include <QDir>
-#include <QFontDatabase>
 #include <QLineEdit>
 #include <QListWidget>
-#include <QPixmap>
 #include <QScrollBar>
 #include <QTimer>
-#include <cstdio>
 #include <fstream>
 #include <functional>
-#include <memory>
 #include <optional>
 #include <sstream>
 
@@ -42,10 +35,8 @@
 #include "app/views/account_summary_tab.h"
 #include "app/views/reconcile_tab.h"
 #include "app/views/registers.h"
-#include "desktop/look/palette_watch.h"
-#include "desktop/look/style.h"
+#include "desktop/services/qt_alerts.h"
 #include "desktop/services/qt_file_panels.h"
-#include "desktop/test_window.h"
 #include "desktop/window_panels.h"
 #include "filters/register_search.h"
 #include "ledger/change.h"
@@ -56,18 +47,6 @@
 
 namespace tallyfold::desktop {
 namespace {
-
-class Wished final : public ColorScheme {
- public:
-  explicit Wished(Wish wish) : wish_(wish) {}
-  [[nodiscard]] Wish Current() const override { return wish_; }
-  void WhenChanged(std::function<void()>) override {}
-
- private:
-  Wish wish_;
-};
-
-constexpr QSize kSize(1280, 832);
 
 // The file of the examples, in its options.
 void OpenImport(TestWindow& test) {
@@ -92,31 +71,6 @@ void OpenTable(TestWindow& test, const std::string& day) {
   static_cast<void>(test.program->app().importCommand().QIFImport());
 }
 
-// The window in a state, and the sheet over it where one is open.
-void Grab(const QString& folder, const QString& name, const std::string& accounts,
-          const std::function<void(TestWindow&)>& prepare) {
-  const QStringList only = QApplication::arguments().filter(QLatin1String("only="));
-  if (!only.isEmpty() && !name.startsWith(only.first().mid(5))) return;
-  TestWindow test(accounts);
-  test.ambient.localizer.lengthens = QApplication::arguments().contains(QLatin1String("long"));
-  static_cast<void>(test.Launch());
-  test.program->window().resize(kSize);
-  auto& preferences = test.program->app().desk().preferences();
-  preferences.SetAccountsDrawerPreferredEdge(0);
-  preferences.SetEntryFontSize(10);
-  test.program->window().ShowDrawer();
-  test.program->window().ShowLook();
-  prepare(test);
-  TestWindow::Settle();
-  QPixmap picture = test.program->window().grab();
-  if (QWidget* sheet = QApplication::activeWindow(); sheet != &test.program->window() && sheet) {
-    sheet->grab().save(QDir(folder).filePath(name + QLatin1String("-sheet.png")));
-  }
-  if (!picture.save(QDir(folder).filePath(name + QLatin1String(".png")))) {
-    std::fprintf(stderr, "%s.png could not be written\n", name.toUtf8().constData());
-  }
-}
-
 // A register that nobody reads from end to end.
 void AddEntries(TestWindow& test, int count) {
   LDGRController& app = test.program->app();
@@ -136,10 +90,13 @@ void AddEntries(TestWindow& test, int count) {
   app.refresh().ImportEnded();
 }
 
-void GrabAll(const QString& folder) {
+}  // namespace
+
+void ForEachShot(const ShotTaker& take, const PanelTaker& take_panel) {
   const std::string example = ExampleAccounts();
-  const auto show = [&folder, &example](const char* name, std::function<void(TestWindow&)> state) {
-    Grab(folder, QLatin1String(name), example, state);
+  const auto show = [&take, &example](const char* name,
+                                      const std::function<void(TestWindow&)>& state) {
+    take(QLatin1String(name), example, state);
   };
   show("entries", [](TestWindow& test) { test.ClickRow("entry_Table", 19); });
   show("reconcile", [](TestWindow& test) {
@@ -278,13 +235,13 @@ void GrabAll(const QString& folder) {
     test.panels.Answer("/home/user/cafe.qif");
     static_cast<void>(test.program->app().importCommand().QIFImport());
   });
-  show("export", [&folder](TestWindow& test) {
-    test.panels.while_up = [&test, &folder] {
+  show("export", [&take_panel](TestWindow& test) {
+    test.panels.while_up = [&test, &take_panel] {
       QtFilePanels panels;
       SetUpPanels(panels, test.program->app());
-      QTimer::singleShot(0, [&folder] {
+      QTimer::singleShot(0, [&take_panel] {
         QWidget* panel = TestWindow::FindWidget("file_Panel");
-        panel->grab().save(QDir(folder).filePath(QLatin1String("export-panel.png")));
+        take_panel(QLatin1String("export-panel"), *panel);
         panel->close();
       });
       static_cast<void>(panels.Save({.title = "Export QIF",
@@ -408,7 +365,7 @@ void GrabAll(const QString& folder) {
   });
   for (int page = 0; page < 9; ++page) {
     const QString name = QLatin1String("preferences-") + QString::number(page);
-    Grab(folder, name, ExampleAccounts(), [page](TestWindow& test) {
+    take(name, example, [page](TestWindow& test) {
       static_cast<void>(test.program->app().preferencesSheet().Open());
       test.Settle();
       test.Find<QListWidget>("preferencesSheet_TabView")->setCurrentRow(page);
@@ -416,41 +373,35 @@ void GrabAll(const QString& folder) {
   }
   for (int chapter = 0; chapter < 8; chapter += 7) {
     const QString name = QLatin1String("help-") + QString::number(chapter);
-    Grab(folder, name, example, [chapter](TestWindow& test) {
+    take(name, example, [chapter](TestWindow& test) {
       test.Key(Qt::Key_F1);
       test.Find<QListWidget>("help_Chapters_List")->setCurrentRow(chapter);
     });
   }
-  Grab(folder, QLatin1String("empty"), "",
+  show("preferences-color", [](TestWindow& test) {
+    static_cast<void>(test.program->app().preferencesSheet().Open());
+    test.Settle();
+    test.Find<QListWidget>("preferencesSheet_TabView")->setCurrentRow(2);
+    test.Click("preferencesSheet_debitColor");
+  });
+  show("calendar", [](TestWindow& test) {
+    test.program->app().entries().New(EntryKind::Debit);
+    test.Click("debitSheet_Date_Field");
+    test.Key(Qt::Key_Down, Qt::AltModifier);
+  });
+  show("alert", [&take_panel](TestWindow&) {
+    QtAlerts alerts;
+    QTimer::singleShot(0, [&take_panel] {
+      QWidget* box = TestWindow::FindWidget("alert");
+      take_panel(QLatin1String("alert-panel"), *box);
+      box->close();
+    });
+    static_cast<void>(alerts.Run({.title = "A file of this name is there already.",
+                                  .message = "Whatever it holds is lost.",
+                                  .buttons = {"Replace", "Cancel"}}));
+  });
+  take(QLatin1String("empty"), "",
        [](TestWindow& test) { test.program->app().sheets().CancelOpen(); });
 }
 
-}  // namespace
 }  // namespace tallyfold::desktop
-
-int main(int argc, char** argv) {
-  using namespace tallyfold::desktop;
-  if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
-  QApplication application(argc, argv);
-  const QStringList arguments = QApplication::arguments();
-  if (arguments.size() < 2) {
-    std::fputs("tallyfold_desktop_shots FOLDER [dark]\n", stderr);
-    return 1;
-  }
-  QApplication::setQuitOnLastWindowClosed(false);
-  if (QFontDatabase::hasFamily(QLatin1String("Inter"))) {
-    QApplication::setFont(QFont(QLatin1String("Inter"), 10));
-  }
-  const bool is_dark = arguments.contains(QLatin1String("dark"));
-  const PaletteWatch palette(
-      std::make_unique<Wished>(is_dark ? ColorScheme::Wish::Dark : ColorScheme::Wish::Light));
-  if (arguments.contains(QLatin1String("foreign")))
-    QApplication::setStyle(QLatin1String("windows"));
-  if (arguments.contains(QLatin1String("rtl"))) {
-    QApplication::setLayoutDirection(Qt::RightToLeft);
-  }
-  InstallStyle(application);
-  QDir().mkpath(arguments[1]);
-  GrabAll(arguments[1]);
-  return 0;
-}

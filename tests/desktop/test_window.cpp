@@ -17,7 +17,8 @@
 
 namespace tallyfold::desktop {
 
-TestWindow::TestWindow(const std::string& accounts) {
+TestWindow::TestWindow(const std::string& accounts, bool has_longer_texts) {
+  ambient.localizer.lengthens = has_longer_texts;
   ambient.clock.SetLocal({2026, 2, 22, 12, 0, 0});
   if (!accounts.empty()) files.AddFile(kAccountsFile, accounts);
   program = std::make_unique<Program>(Services{files, alerts, panels, processes, speech,

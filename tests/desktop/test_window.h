@@ -25,8 +25,9 @@ namespace tallyfold::desktop {
 struct TestWindow {
   static constexpr const char* kAccountsFile = "/home/user/Library/Tallyfold/Accounts.plist";
 
-  // With an accounts file of that content; "" for none. Launched by Launch().
-  explicit TestWindow(const std::string& accounts);
+  // With an accounts file of that content; "" for none. Launched by Launch(). Longer texts are
+  // those of a language that takes more room.
+  explicit TestWindow(const std::string& accounts, bool has_longer_texts = false);
   ~TestWindow();
 
   // As if the program had been started; false when it ends instead.

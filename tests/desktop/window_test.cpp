@@ -274,22 +274,6 @@ TEST_F(Window, ShowsWhatIsScheduledAndTheSummaries) {
   EXPECT_EQ(test.TextOf("rows_Label"), "10 of 23 selected, sum $840.20"_q);
 }
 
-TEST_F(Window, EveryWidgetThatTakesTheFocusHasAName) {
-  for (const Tab tab : {Tab::Entry, Tab::Reconcile, Tab::Schedule, Tab::Summary}) {
-    app().tabs().Select(tab);
-    for (const QWidget* widget : test.program->window().findChildren<QWidget*>()) {
-      if (!widget->isVisible() || widget->focusPolicy() == Qt::NoFocus) continue;
-      const auto* button = qobject_cast<const QAbstractButton*>(widget);
-      // The toolkit's own parts of a menu bar or scroll area.
-      const bool is_part = widget->objectName().startsWith(QLatin1String("qt_"));
-      const bool has_name = is_part || !widget->accessibleName().isEmpty() ||
-                            (button != nullptr && !button->text().isEmpty());
-      EXPECT_TRUE(has_name) << widget->metaObject()->className() << " in "
-                            << widget->parentWidget()->objectName().toStdString();
-    }
-  }
-}
-
 TEST_F(Window, WhatIsTypedIsSavedAtTheEndAndAskedAboutWhereThatFails) {
   test.Key(Qt::Key_2, Qt::AltModifier);
   auto* statement = test.Find<QLineEdit>("statementBalance_Field");

@@ -1,4 +1,5 @@
 #include "app/commands/command_tables.h"
+#include "app/commands/spoken_figures.h"
 #include "app/controller.h"
 #include "app/desk.h"
 #include "app/shell/tabs.h"
@@ -6,6 +7,7 @@
 #include "app/views/shown_entries.h"
 #include "filters/filter_types.h"
 #include "filters/register_search.h"
+#include "registers/entry_speaker.h"
 
 namespace tallyfold::command_tables {
 namespace {
@@ -18,6 +20,11 @@ bool HidesAny(LDGRController& app) {
 }
 bool ShowsAnother(LDGRController& app, Tab tab) {
   return IsFree(app) && app.tabs().State().selected != tab;
+}
+
+void SpeakFigures(LDGRController& app) {
+  const std::string figures = SpokenFigures(app);
+  if (!figures.empty()) app.speaker().SpeakText(figures);
 }
 
 constexpr Command kViewCommands[] = {
@@ -62,6 +69,12 @@ constexpr Command kViewCommands[] = {
      .menu = Menu::View,
      .can = HasAccount,
      .run = [](LDGRController& app) { app.dateJump().Open(); }},
+    {.name = "SpeakFigures",
+     .title = "Speak Figures",
+     .shortcut = "Ctrl+B",
+     .menu = Menu::View,
+     .can = [](LDGRController& app) { return !SpokenFigures(app).empty(); },
+     .run = SpeakFigures},
     {.name = "DateJump_Close",
      .can = [](LDGRController& app) { return app.dateJump().State().is_open; },
      .run = [](LDGRController& app) { app.dateJump().Close(); }},

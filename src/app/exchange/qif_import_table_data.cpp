@@ -158,4 +158,9 @@ RowLook LDGRQIFImportTableViewDataSource::LookOfRow(std::size_t row) const {
   return LookOfEntry(*entries_[row], host_.preferences(), TodaysDateNumber());
 }
 
+std::string LDGRQIFImportTableViewDataSource::SpeakableRow(std::size_t row) const {
+  if (row >= entries_.size()) return {};
+  return entries_[row]->asSpeakableString();
+}
+
 }  // namespace tallyfold

@@ -77,6 +77,7 @@ class LDGRQIFImportTableViewDataSource final : public TableDataSource {
   // Nothing for a row that does not exist.
   [[nodiscard]] TableCell tableView(std::string_view column, std::size_t row) const override;
   [[nodiscard]] RowLook LookOfRow(std::size_t row) const override;
+  [[nodiscard]] std::string SpeakableRow(std::size_t row) const override;
 
  private:
   // Tells what became of the rows; the entry is selected, or none for null.

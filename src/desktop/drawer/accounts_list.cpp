@@ -10,6 +10,7 @@
 #include "app/accounts/accounts_drawer.h"
 #include "app/accounts/accounts_total.h"
 #include "app/desk.h"
+#include "desktop/look/assistive.h"
 #include "desktop/look/figure_label.h"
 #include "desktop/look/measures.h"
 #include "desktop/register/register_view.h"
@@ -70,6 +71,10 @@ AccountsList::AccountsList(const Parts& parts, QWidget* parent)
           [this](const QString& clicked) { parts_.drawer.ClickedTableColumn(ToUtf8(clicked)); });
 }
 
+QSize AccountsList::minimumSizeHint() const {
+  return QWidget::minimumSizeHint().expandedTo({kLeastWidth, 0});
+}
+
 void AccountsList::Choose(int row) {
   parts_.drawer.accountsDrawer_Accounts_Table_Action(static_cast<std::size_t>(row));
   parts_.drawer.Reload();
@@ -107,6 +112,7 @@ void AccountsList::Show() {
   total_->setVisible(is_shown);
   caption_->setText(ToQString(total.title));
   total_->setText(ToQString(total.text));
+  NameFigure(*total_, caption_->text(), total_->text());
 }
 
 void AccountsList::FocusTable() {

@@ -27,6 +27,8 @@ class AccountsList final : public QWidget {
   };
   AccountsList(const Parts& parts, QWidget* parent);
 
+  static constexpr int kLeastWidth = 160;
+  [[nodiscard]] QSize minimumSizeHint() const override;
   void Show();
   // Draws everything as the preferences want it now.
   void ShowLook();

@@ -94,7 +94,9 @@ CalendarPopUp::CalendarPopUp(const QDate& day, const QDate& today, QWidget* fiel
   setObjectName(QStringLiteral("calendar_PopUp"));
   month_->setTextFormat(Qt::PlainText);
   month_->setFont(DemiBoldFont(font()));
+  setAccessibleName(Text("Calendar"));
   calendar_->setAccessibleName(Text("Calendar"));
+  if (auto* days = calendar_->findChild<QTableView*>()) days->setAccessibleName(Text("Calendar"));
   calendar_->setSelectedDate(day);
   auto* line = new QHBoxLayout;
   line->setContentsMargins(kGap, 0, 0, 0);

@@ -98,6 +98,8 @@ void SearchField::LayOut() {
     part->setGeometry(QStyle::visualRect(layoutDirection(), rect(), at));
   };
   const int filter = FilterWidth();
+  const bool is_cut = filter < filter_->sizeHint().width();
+  filter_->setToolTip(is_cut ? PlainToolTip(filter_->accessibleName()) : QString());
   place(filter_, kSearchInset, filter, kSearchInset);
   const int text = kSearchInset + filter + 1 + kGap + kIconSize + kGap;
   const int end = clear_->isVisibleTo(this) ? height() : kGap;

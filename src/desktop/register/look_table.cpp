@@ -15,6 +15,7 @@
 #include "desktop/look/painting.h"
 #include "desktop/look/style.h"
 #include "desktop/look/text_length.h"
+#include "desktop/register/spoken_cell.h"
 #include "desktop/register/table_titles.h"
 
 namespace tallyfold::desktop {
@@ -55,6 +56,7 @@ class LookTable::Model final : public QAbstractTableModel {
     const CellLook& look = row[column];
     if (role == kCellRole) return QVariant::fromValue(look);
     if (role == Qt::DisplayRole || role == Qt::EditRole) return look.text;
+    if (role == Qt::AccessibleTextRole) return SpokenCell(ColumnAt(index.column()).title, look);
     return {};
   }
   bool setData(const QModelIndex& index, const QVariant& value, int role) override {

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "desktop/register/spoken_cell.h"
 #include "desktop/texts.h"
 
 namespace tallyfold::desktop {
@@ -160,8 +161,11 @@ QVariant RowModel::data(const QModelIndex& index, int role) const {
     case kCellRole:
       return QVariant::fromValue(LookAt(row, index.column()));
     case Qt::DisplayRole:
-    case Qt::AccessibleTextRole:
       return LookAt(row, index.column()).text;
+    case Qt::AccessibleTextRole:
+      return SpokenCell(ToQString(TitleOf(ColumnAt(index.column()))), LookAt(row, index.column()));
+    case Qt::AccessibleDescriptionRole:
+      return ToQString(table_.DataSource()->SpeakableRow(static_cast<std::size_t>(row)));
     default:
       return {};
   }

@@ -6,6 +6,7 @@
 #include <QStyle>
 #include <QVBoxLayout>
 
+#include "desktop/look/assistive.h"
 #include "desktop/look/figures.h"
 #include "desktop/look/icons.h"
 #include "desktop/look/measures.h"
@@ -65,7 +66,7 @@ void BalanceCard::Show(const TransferSheetState& state, const LDGRPreferences& p
         "{1}; {2}: {3}", {ToUtf8(description), balance.account,
                           ToUtf8(balance.is_locked ? Text("Locked") : lines_.back().after)}));
   }
-  setAccessibleName(description);
+  NameFigure(*this, {}, description);
   setToolTip(description);
   update();
 }

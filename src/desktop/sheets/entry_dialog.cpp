@@ -14,6 +14,7 @@
 #include "app/entries/entry_editing.h"
 #include "app/shell/text_editing.h"
 #include "desktop/fields/amount_field.h"
+#include "desktop/look/assistive.h"
 #include "desktop/look/icons.h"
 #include "desktop/look/measures.h"
 #include "desktop/sheets/form.h"
@@ -287,6 +288,7 @@ void EntryDialog::ShowTotal(const EntrySheetState& state) {
     return RegisterAmountText(amount, preferences);
   };
   total_->setText(ToQString(written(state.split_total)));
+  NameFigure(*total_, Text("Total"), total_->text());
   fill_->setEnabled(state.split_rest != 0.0);
   target_->setText(state.split_target
                        ? ToQString(Message("{1} of {2} left", {written(state.split_rest),

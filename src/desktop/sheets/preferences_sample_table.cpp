@@ -64,6 +64,7 @@ PreferencesSampleTable::PreferencesSampleTable(Shows shows, const char* name, QW
   caption->setText(title);
   table_->setObjectName(QLatin1String(name));
   table_->setAccessibleName(title);
+  caption->setBuddy(table_);
   if (shows_rows) {
     table_->SetColumns(
         {{.title = Text("Date")},

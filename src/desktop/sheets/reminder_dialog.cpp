@@ -11,6 +11,7 @@
 
 #include "app/desk.h"
 #include "app/schedules/schedule_reminder.h"
+#include "desktop/look/assistive.h"
 #include "desktop/look/figure_label.h"
 #include "desktop/look/measures.h"
 #include "desktop/sheets/form.h"
@@ -146,6 +147,7 @@ void ReminderDialog::ShowState() {
               IndexOfItemTagged(state.balance_items,
                                 static_cast<std::int32_t>(state.typed.balance_mode)));
     balance_->setText(ToQString(state.balance_text));
+    NameFigure(*balance_, balance_mode_->currentText(), balance_->text());
     commit_->setText(
         state.marked == 0
             ? Text("Commit Marked")

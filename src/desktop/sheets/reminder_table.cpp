@@ -12,6 +12,7 @@
 #include "desktop/fields/date_field.h"
 #include "desktop/look/colors.h"
 #include "desktop/look/measures.h"
+#include "desktop/register/spoken_cell.h"
 #include "desktop/register/table_look.h"
 #include "desktop/register/table_titles.h"
 #include "desktop/texts.h"
@@ -67,10 +68,14 @@ class ReminderTable::Model final : public QAbstractTableModel {
         return index.column() == kDueMark ? (row.typed.is_marked ? Text("Marked") : QString())
                                           : TextAt(row, index.column());
       case Qt::AccessibleTextRole:
-        return index.column() == kDueMark ? Text(row.typed.is_marked ? "Marked" : "Not marked")
-                                          : TextAt(row, index.column());
+        return index.column() == kDueMark
+                   ? Text(row.typed.is_marked ? "Marked" : "Not marked")
+                   : SpokenCell(
+                         headerData(index.column(), Qt::Horizontal, Qt::DisplayRole).toString(),
+                         LookAt(row, index.column()));
       case Qt::AccessibleDescriptionRole:
-        return index == table_.Refused() ? ToQString(problem_->text) : QString();
+        return ToQString(index == table_.Refused() ? problem_->text
+                                                   : row.schedule->asSpeakableString());
       case Qt::EditRole:
         return EditedText(row, index.column());
       case Qt::ToolTipRole:

@@ -22,6 +22,7 @@ void ReviewHost::Show() {
   if (sheet_ != nullptr) return sheet_->ShowState();
   sheet_ = new ReviewSheet(parts_, &window_);
   sheets_.SetOver(sheet_);
+  sheet_->addActions(sheets_.Actions());
   sheet_->Open();
 }
 

@@ -11,6 +11,7 @@
 
 #include "app/desk.h"
 #include "app/exchange/qif_import_controller.h"
+#include "desktop/look/assistive.h"
 #include "desktop/look/colors.h"
 #include "desktop/look/figures.h"
 #include "desktop/look/measures.h"
@@ -205,6 +206,7 @@ void ReviewSheet::ShowState() {
   ShowChips();
   ShowComparison();
   total_->setText(WithMinus(ToQString(state.total_text)));
+  NameFigure(*total_, Text("Marked"), ToQString(state.total_text));
   const Colors& colors = ColorsOf(palette());
   const QColor& negative = table_->Rows().Look().negative;
   SetTextColor(total_, state.total < 0 && negative.isValid()

@@ -15,6 +15,7 @@
 #include <memory>
 #include <optional>
 
+#include "desktop/look/assistive.h"
 #include "desktop/look/measures.h"
 #include "desktop/sheets/form.h"
 #include "desktop/texts.h"
@@ -45,6 +46,15 @@ std::optional<double> NumberIn(const QLineEdit& field) {
 // Numbers are stored in single precision.
 QString NumberText(double number) {
   return NumberLocale().toString(number, 'g', number == std::trunc(number) ? 12 : 6);
+}
+
+// The toolkit leaves its grids of colours without a role, and without names where no label is.
+void NameWells(const QColorDialog& dialog) {
+  for (QWidget* widget : dialog.findChildren<QWidget*>()) {
+    if (!QByteArray(widget->metaObject()->className()).endsWith("WellArray")) continue;
+    SetAccessibleRole(*widget, QAccessible::Table);
+    widget->setAccessibleName(Text("Colors"));
+  }
 }
 
 }  // namespace
@@ -168,6 +178,7 @@ void SettingFields::AddColor(Form& form, const QString& label, const std::string
     swatch.fill(color);
     button->setIcon(swatch);
     button->setToolTip(color.name());
+    button->setAccessibleDescription(color.name());
   });
 }
 
@@ -177,6 +188,7 @@ void SettingFields::ChooseColor(QPushButton* button, const std::string& setting)
   dialog->setObjectName(QStringLiteral("preferencesSheet_Color"));
   dialog->setAttribute(Qt::WA_DeleteOnClose);
   dialog->setOptions(QColorDialog::ShowAlphaChannel | QColorDialog::DontUseNativeDialog);
+  NameWells(*dialog);
   QObject::connect(dialog, &QColorDialog::colorSelected, button,
                    [this, before, setting](const QColor& color) {
                      if (color == before) return;

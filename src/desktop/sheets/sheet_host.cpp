@@ -23,6 +23,7 @@ void SheetHost::Show() {
   }
   if (wanted == Sheet::None) return;
   dialog_ = makers_.at(wanted)(&Below());
+  dialog_->addActions(actions_);
   dialog_->Open();
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QList>
 #include <QPointer>
 #include <functional>
 #include <map>
@@ -7,6 +8,7 @@
 
 #include "app/face/front_end.h"
 
+class QAction;
 class QWidget;
 
 namespace tallyfold {
@@ -34,6 +36,10 @@ class SheetHost final {
   // Sheets open over that window in place of the one they are of, while it is there; null for none.
   void SetOver(QWidget* window) { over_ = window; }
 
+  // Actions whose keys work in every sheet as well. They must outlive the sheets.
+  void SetActions(QList<QAction*> actions) { actions_ = std::move(actions); }
+  [[nodiscard]] const QList<QAction*>& Actions() const noexcept { return actions_; }
+
   // Opens, closes or shows anew, as the application wants it.
   void Show();
   // As FrontEnd::EndEditing().
@@ -48,6 +54,7 @@ class SheetHost final {
   SheetSlot& slot_;
   QWidget& window_;
   QPointer<QWidget> over_;
+  QList<QAction*> actions_;
   std::map<Sheet, Make> makers_;
   Sheet shown_ = Sheet::None;
   QPointer<SheetDialog> dialog_;

@@ -10,6 +10,7 @@
 #include "desktop/fields/combo_box_cell.h"
 #include "desktop/look/colors.h"
 #include "desktop/look/measures.h"
+#include "desktop/register/spoken_cell.h"
 #include "desktop/texts.h"
 #include "model/amounts.h"
 
@@ -56,7 +57,8 @@ class SplitTable::Model final : public QAbstractTableModel {
     if (role == Qt::EditRole || role == Qt::DisplayRole) {
       return is_number ? QString::number(index.row() + 1) : text;
     }
-    if (role != kCellRole) return {};
+    const bool is_spoken = role == Qt::AccessibleTextRole;
+    if (role != kCellRole && !is_spoken) return {};
     CellLook look;
     look.text = is_number ? QString::number(index.row() + 1) : text;
     look.is_dim = is_number;
@@ -66,6 +68,7 @@ class SplitTable::Model final : public QAbstractTableModel {
     if (index.column() == kAmount && !AmountOf(text)) {
       look.color = ColorsOf(table_.palette())[Role::Problem];
     }
+    if (is_spoken) return SpokenCell(titles_[static_cast<std::size_t>(index.column())], look);
     return QVariant::fromValue(look);
   }
   bool setData(const QModelIndex& index, const QVariant& value, int role) override {

@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "desktop/look/assistive.h"
 #include "desktop/look/figures.h"
 #include "desktop/look/measures.h"
 #include "desktop/sheets/form.h"
@@ -24,6 +25,7 @@ constexpr std::size_t kShownRows = CsvReading::kMostFirstRows + 1;  // with the 
 StatementColumns::StatementColumns(QWidget* parent)
     : QScrollArea(parent), page_(new QWidget(this)), grid_(new QGridLayout(page_)) {
   setObjectName(QLatin1String("importOptions_Columns"));
+  SetAccessibleRole(*this, QAccessible::Pane);
   setAccessibleName(Text("Columns of the File"));
   setWidgetResizable(true);
   setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);

@@ -9,6 +9,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "desktop/look/assistive.h"
 #include "desktop/look/colors.h"
 #include "desktop/look/icons.h"
 #include "desktop/look/measures.h"
@@ -33,7 +34,7 @@ struct SettingPopUp {
   const char* name;
 };
 
-// What is no check box. The first three stand beside the account.
+// What is no check box.
 constexpr SettingPopUp kSettingPopUps[] = {
     {Setting::Encoding, "Encoding", "importOptions_Encoding_PopUp"},
     {Setting::Delimiter, "Separator", "importOptions_Delimiter_PopUp"},
@@ -42,7 +43,8 @@ constexpr SettingPopUp kSettingPopUps[] = {
     {Setting::DecimalSeparator, "Decimals", "importOptions_Decimals_PopUp"},
     {Setting::Fees, "Fees", "importOptions_Fees_PopUp"},
     {Setting::Reversals, "Reversals", "importOptions_Reversals_PopUp"}};
-constexpr std::size_t kInFirstLine = 3;
+// Which of them stands in which line; the account is before the first.
+constexpr std::size_t kInLine[] = {1, 4, 2};
 
 void SetProofInk(QWidget* widget, const QColor& color) {
   QPalette palette = widget->palette();
@@ -82,6 +84,7 @@ QComboBox* StatementSheet::AddPopUp(const QString& title, const char* name, QWid
   pop_up->setObjectName(QLatin1String(name));
   pop_up->setAccessibleName(title);
   pop_up->setSizeAdjustPolicy(QComboBox::AdjustToContents);
+  pop_up->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
   label->setBuddy(pop_up);
   auto* row = new QHBoxLayout(whole);
   row->setContentsMargins(0, 0, kGap, 0);
@@ -105,16 +108,19 @@ void StatementSheet::LayOut() {
   head->addWidget(facts_);
 
   account_ = AddPopUp(Text("Account"), "importOptions_Account_PopUp", account_row_);
-  auto* first = new QHBoxLayout;
-  auto* second = new QHBoxLayout;
-  first->addWidget(account_row_);
-  for (const SettingPopUp& each : kSettingPopUps) {
-    auto* whole = new QWidget(this);
-    settings_.push_back({each.setting, whole, AddPopUp(Text(each.title), each.name, whole)});
-    (settings_.size() <= kInFirstLine ? first : second)->addWidget(whole);
+  auto* settings = new QVBoxLayout;
+  const auto* next = std::begin(kSettingPopUps);
+  for (const std::size_t count : kInLine) {
+    auto* line = new QHBoxLayout;
+    if (settings->isEmpty()) line->addWidget(account_row_);
+    for (const auto* end = next + count; next != end; ++next) {
+      auto* whole = new QWidget(this);
+      settings_.push_back({next->setting, whole, AddPopUp(Text(next->title), next->name, whole)});
+      line->addWidget(whole);
+    }
+    line->addStretch(1);
+    settings->addLayout(line);
   }
-  first->addStretch(1);
-  second->addStretch(1);
 
   proof_text_->setObjectName(QLatin1String("importOptions_Balances"));
   proof_text_->setTextFormat(Qt::PlainText);
@@ -137,8 +143,7 @@ void StatementSheet::LayOut() {
 
   Body().setSpacing(kWideGap);
   Body().addLayout(head);
-  Body().addLayout(first);
-  Body().addLayout(second);
+  Body().addLayout(settings);
   Body().addWidget(question_);
   Body().addWidget(columns_);
   Body().addWidget(proof_);
@@ -310,6 +315,7 @@ void StatementSheet::ShowProof() {
   proof_icon_->setPixmap(
       PixmapNamed(QLatin1String(agrees ? "tick" : "warning"), kIconSize, devicePixelRatioF(), ink));
   proof_text_->setText(ToQString(text));
+  NameFigure(*proof_text_, {}, proof_text_->text());
   SetProofInk(proof_text_, agrees ? colors[Role::Text] : ink);
 }
 

@@ -14,6 +14,7 @@
 
 #include "app/desk.h"
 #include "desktop/fields/date_field.h"
+#include "desktop/look/assistive.h"
 #include "desktop/look/colors.h"
 #include "desktop/look/measures.h"
 #include "desktop/look/painting.h"
@@ -48,6 +49,7 @@ SummaryOptionsSheet::SummaryOptionsSheet(Parts parts, QWidget* window)
   MakeForm();
   area_ = new QScrollArea(this);
   area_->setObjectName(QLatin1String("accountSummarySheet_Result"));
+  SetAccessibleRole(*area_, QAccessible::Pane);
   area_->setAccessibleName(Text("Result"));
   area_->setWidgetResizable(true);
   area_->setMinimumHeight(kLeastResultHeight);

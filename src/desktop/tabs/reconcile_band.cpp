@@ -10,6 +10,7 @@
 #include "app/desk.h"
 #include "app/views/reconcile_tab.h"
 #include "desktop/fields/amount_field.h"
+#include "desktop/look/assistive.h"
 #include "desktop/look/colors.h"
 #include "desktop/look/figure_label.h"
 #include "desktop/look/icons.h"
@@ -182,6 +183,7 @@ void ReconcileBand::ShowState() {
   };
   const bool is_balanced = state.is_enabled && figures.IsBalanced();
   resolved_->setText(state.is_enabled ? ToQString(amount(figures.resolved_balance)) : QString());
+  NameFigure(*resolved_, Text("Resolved"), resolved_->text());
   const auto count = [](std::size_t number) { return std::to_string(number); };
   resolved_note_->setText(
       state.is_enabled
@@ -194,6 +196,7 @@ void ReconcileBand::ShowState() {
                      {count(figures.resolved_deposit_count), amount(figures.resolved_deposits)})}))
           : QString());
   difference_->setText(ToQString(state.difference));
+  NameFigure(*difference_, Text("Difference"), difference_->text());
   difference_note_->setText(
       state.is_enabled ? ToQString(Message("{1} unresolved {2}", {count(figures.unresolved_count),
                                                                   amount(figures.unresolved_sum)}))
@@ -219,6 +222,7 @@ void ReconcileBand::ShowExplanation() {
   explanation_image_->setPixmap(
       PixmapNamed(QLatin1String("hint"), kHintSize, devicePixelRatioF(), colors[Role::Accent]));
   sentence_->setText(ToQString(state.explanation_text));
+  sentence_->setToolTip(PlainToolTip(sentence_->text()));
   const EntryList& entries = state.explanation->entries;
   select_->setVisible(!entries.empty());
   select_->setText(Text(entries.size() > 1 ? "Select Them" : "Select It"));

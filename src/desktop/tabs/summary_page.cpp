@@ -245,7 +245,10 @@ void SummaryPage::LayOutBlocks() {
   if (blocks_area_ == nullptr) return;
   // What can be seen of the page counts, which itself may be wider.
   const int room = parentWidget()->width();
-  const int columns = room < kTwoColumns ? 1 : room < kThreeColumns ? 2 : 3;
+  int widest = 1;
+  for (const SummaryTable* block : blocks_) widest = std::max(widest, block->sizeHint().width());
+  const int most = room < kTwoColumns ? 1 : room < kThreeColumns ? 2 : 3;
+  const int columns = std::clamp((room - kWideGap) / (widest + kWideGap), 1, most);
   if (columns == block_columns_) return;
   block_columns_ = columns;
   delete blocks_area_->layout();

@@ -1,5 +1,6 @@
 #include "desktop/tabs/summary_table.h"
 
+#include <QAccessible>
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPaintEvent>
@@ -15,6 +16,8 @@
 #include "desktop/look/figures.h"
 #include "desktop/look/measures.h"
 #include "desktop/look/painting.h"
+#include "desktop/register/spoken_cell.h"
+#include "desktop/tabs/summary_table_access.h"
 
 namespace tallyfold::desktop {
 namespace {
@@ -29,7 +32,7 @@ constexpr double kBarRadius = 2.0;
 constexpr int kPageRows = 10;
 constexpr int kLeastLetters = 8;
 
-int WidthOf(Kind kind, const QFontMetrics& metrics) {
+int WidthOfCells(Kind kind, const QFontMetrics& metrics) {
   switch (kind) {
     case Kind::Count:
       return metrics.horizontalAdvance(QLatin1String("100,000")) + 2 * kCellPadding;
@@ -45,6 +48,15 @@ int WidthOf(Kind kind, const QFontMetrics& metrics) {
   return metrics.averageCharWidth() * kLeastLetters + 2 * kCellPadding;
 }
 
+QFont TitleFont(const QFont& font) {
+  return MediumFont(SmallFont(font));
+}
+
+int WidthOf(const SummaryTable::Column& column, const QFont& font) {
+  const int title = QFontMetrics(TitleFont(font)).horizontalAdvance(column.title);
+  return std::max(WidthOfCells(column.kind, QFontMetrics(font)), title + 2 * kCellPadding);
+}
+
 bool IsFlexible(Kind kind) {
   return kind == Kind::Text || kind == Kind::Bar;
 }
@@ -53,6 +65,8 @@ bool IsFlexible(Kind kind) {
 
 SummaryTable::SummaryTable(Content content, QWidget* parent)
     : QWidget(parent), content_(std::move(content)) {
+  // It becomes known with its name.
+  InstallSummaryTableAccess();
   setAccessibleName(content_.name);
   setFocusPolicy(content_.rows > 0 ? Qt::StrongFocus : Qt::NoFocus);
   setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
@@ -68,7 +82,7 @@ int SummaryTable::LineHeight() const {
 
 QSize SummaryTable::sizeHint() const {
   int width = 0;
-  for (const Column& column : content_.columns) width += WidthOf(column.kind, fontMetrics());
+  for (const Column& column : content_.columns) width += WidthOf(column, font());
   return {width, HeadHeight() + content_.rows * LineHeight()};
 }
 
@@ -80,14 +94,14 @@ std::vector<QRect> SummaryTable::Cells(const QRect& line) const {
   int needed = 0;
   int flexible = 0;
   for (const Column& column : content_.columns) {
-    needed += WidthOf(column.kind, fontMetrics());
+    needed += WidthOf(column, font());
     flexible += IsFlexible(column.kind) ? 1 : 0;
   }
   const int spare = flexible > 0 ? std::max(0, line.width() - needed) / flexible : 0;
   std::vector<QRect> cells;
   int x = line.left();
   for (const Column& column : content_.columns) {
-    const int width = WidthOf(column.kind, fontMetrics()) + (IsFlexible(column.kind) ? spare : 0);
+    const int width = WidthOf(column, font()) + (IsFlexible(column.kind) ? spare : 0);
     const QRect cell(x, line.top(), width, line.height());
     cells.push_back(QStyle::visualRect(layoutDirection(), rect(), cell));
     x += width;
@@ -107,7 +121,7 @@ void SummaryTable::paintEvent(QPaintEvent* event) {
 void SummaryTable::PaintHead(QPainter& painter) const {
   const Colors& colors = ColorsOf(palette());
   const QRect head(0, 0, width(), HeadHeight());
-  painter.setFont(MediumFont(SmallFont(font())));
+  painter.setFont(TitleFont(font()));
   painter.setPen(colors[Role::Dim]);
   const std::vector<QRect> cells = Cells(head);
   for (std::size_t i = 0; i < cells.size(); ++i) {
@@ -193,15 +207,22 @@ void SummaryTable::PaintShare(QPainter& painter, const QRect& cell, double share
   painter.drawRoundedRect(bar, kBarRadius, kBarRadius);
 }
 
+QString SummaryTable::SpokenRow(int row) const {
+  QStringList words;
+  for (int i = 0; i < static_cast<int>(content_.columns.size()); ++i) {
+    const Column& column = content_.columns[static_cast<std::size_t>(i)];
+    if (column.kind == Kind::Bar) continue;
+    words.append(SpokenCell(column.title, {.text = content_.text(row, i)}));
+  }
+  return words.join(QLatin1String(", "));
+}
+
 void SummaryTable::GoTo(int row) {
   if (content_.rows == 0) return;
   current_ = std::clamp(row, 0, content_.rows - 1);
-  QStringList words;
-  for (int i = 0; i < static_cast<int>(content_.columns.size()); ++i) {
-    if (content_.columns[static_cast<std::size_t>(i)].kind == Kind::Bar) continue;
-    words.append(content_.text(current_, i));
-  }
-  setAccessibleDescription(words.join(QLatin1String(", ")));
+  QAccessibleEvent focus(this, QAccessible::Focus);
+  focus.setChild(current_);
+  if (QAccessible::isActive()) QAccessible::updateAccessibility(&focus);
   for (QWidget* above = parentWidget(); above != nullptr; above = above->parentWidget()) {
     auto* area = qobject_cast<QScrollArea*>(above);
     if (area == nullptr) continue;

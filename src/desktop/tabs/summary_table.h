@@ -36,6 +36,13 @@ class SummaryTable final : public QWidget {
   [[nodiscard]] QSize sizeHint() const override;
   [[nodiscard]] QSize minimumSizeHint() const override { return sizeHint(); }
 
+  [[nodiscard]] int RowCount() const noexcept { return content_.rows; }
+  // -1 before the table has had the focus.
+  [[nodiscard]] int CurrentRow() const noexcept { return current_; }
+  [[nodiscard]] QRect LineRect(int row) const;
+  // What assistive technology says of a row: its cells behind the titles of their columns.
+  [[nodiscard]] QString SpokenRow(int row) const;
+
  private:
   void paintEvent(QPaintEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
@@ -46,7 +53,6 @@ class SummaryTable final : public QWidget {
 
   [[nodiscard]] int HeadHeight() const;
   [[nodiscard]] int LineHeight() const;
-  [[nodiscard]] QRect LineRect(int row) const;
   // Places of the columns, from the leading edge.
   [[nodiscard]] std::vector<QRect> Cells(const QRect& line) const;
   void PaintHead(QPainter& painter) const;
@@ -57,7 +63,6 @@ class SummaryTable final : public QWidget {
   void Activate(int row);
 
   Content content_;
-  // -1 before the table has had the focus.
   int current_ = -1;
 };
 

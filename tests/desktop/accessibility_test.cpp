@@ -1,0 +1,179 @@
+#include <gtest/gtest.h>
+
+#include <QAbstractButton>
+#include <QAbstractScrollArea>
+#include <QAccessible>
+#include <QApplication>
+#include <QColorDialog>
+#include <QComboBox>
+#include <QHeaderView>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPlainTextEdit>
+#include <QTableView>
+#include <map>
+#include <set>
+
+#include "desktop/main_window.h"
+#include "desktop/shots.h"
+
+namespace tallyfold::desktop {
+namespace {
+
+// Whose rows are entries, which are read aloud.
+const std::set<QString> kSpokenTables = {
+    QStringLiteral("entry_Table"),  QStringLiteral("reconcile_Table"),
+    QStringLiteral("find_Table"),   QStringLiteral("schedule_Table"),
+    QStringLiteral("import_Table"), QStringLiteral("scheduleReminderSheet_Table")};
+
+using Findings = std::map<QString, QString>;  // what is wrong, and where it was seen first
+
+QString PathOf(const QObject* object) {
+  QString path;
+  for (int i = 0; object != nullptr && i < 3; ++i, object = object->parent()) {
+    path += QLatin1String(object->metaObject()->className()) + QLatin1Char('#') +
+            object->objectName() + QLatin1Char(' ');
+  }
+  return path;
+}
+
+bool IsSensible(QAccessible::Role role) {
+  return role != QAccessible::NoRole && role != QAccessible::Client && role != QAccessible::Window;
+}
+
+// Every cell says its title and what it shows, and what is heard of its row.
+void LookAtTable(QAccessibleInterface& node, QStringList& wrong) {
+  const auto* view = qobject_cast<QTableView*>(node.object());
+  // A day of the toolkit's calendar says its number.
+  if (view == nullptr || view->objectName().startsWith(QLatin1String("qt_"))) return;
+  const auto* model = view->model();
+  for (int row = 0; row < std::min(3, model->rowCount()); ++row) {
+    for (int column = 0; column < model->columnCount(); ++column) {
+      if (view->isColumnHidden(column)) continue;
+      QAccessibleInterface* cell = node.tableInterface()->cellAt(row, column);
+      const QString title = model->headerData(column, Qt::Horizontal).toString();
+      const QString value = model->index(row, column).data().toString();
+      const QString name = cell->text(QAccessible::Name);
+      if (name.isEmpty() && title.isEmpty() && value.isEmpty()) continue;
+      const bool is_spoken = !kSpokenTables.contains(view->objectName()) ||
+                             !cell->text(QAccessible::Description).isEmpty();
+      if (name.isEmpty() || !is_spoken || !name.contains(title) ||
+          (value != "\u2713"_q && !name.contains(value)))
+        wrong += QStringLiteral("cell \"%1\" of column %2 (%3), value \"%4\"")
+                     .arg(name, QString::number(column), title, value);
+    }
+  }
+}
+
+void Walk(QAccessibleInterface* node, int depth, QStringList& wrong) {
+  if (node == nullptr || depth > 40 || node->state().invisible) return;
+  const QAccessible::State state = node->state();
+  QStringList here;
+  if (state.focusable && !state.disabled) {
+    if (node->text(QAccessible::Name).trimmed().isEmpty()) here += QStringLiteral("no name");
+    if (!IsSensible(node->role())) here += QStringLiteral("role %1").arg(node->role());
+  }
+  if (node->tableInterface() != nullptr) LookAtTable(*node, here);
+  const QObject* object = node->object() != nullptr ? node->object() : node->parent()->object();
+  if (!here.isEmpty()) wrong += PathOf(object) + here.join(QLatin1String("; "));
+  if (node->tableInterface() != nullptr) return;
+  for (int i = 0; i < node->childCount(); ++i) Walk(node->child(i), depth + 1, wrong);
+}
+
+// A field that is called as a label beside it reads is that label's buddy.
+void LookAtLabels(const QWidget& window, QStringList& wrong) {
+  for (const auto* label : window.findChildren<QLabel*>()) {
+    if (!label->isVisible() || label->text().isEmpty() || label->buddy() != nullptr) continue;
+    for (const auto* field : label->parentWidget()->findChildren<QWidget*>()) {
+      const bool is_field = qobject_cast<const QLineEdit*>(field) != nullptr ||
+                            qobject_cast<const QComboBox*>(field) != nullptr ||
+                            qobject_cast<const QPlainTextEdit*>(field) != nullptr ||
+                            qobject_cast<const QTableView*>(field) != nullptr;
+      if (is_field && field->isVisible() && field->accessibleName() == label->text())
+        wrong += PathOf(label) + QLatin1String("no buddy: ") + label->text();
+    }
+  }
+}
+
+bool IsInScrollArea(const QWidget* widget) {
+  for (; widget != nullptr && !widget->isWindow(); widget = widget->parentWidget()) {
+    if (qobject_cast<const QAbstractScrollArea*>(widget) != nullptr) return true;
+  }
+  return false;
+}
+
+// A text is shown whole, and so is what it stands in.
+void LookAtRoom(const QWidget& window, QStringList& wrong) {
+  for (const auto* widget : window.findChildren<QWidget*>()) {
+    if (!widget->isVisible() || widget->window() != &window) continue;
+    const auto* label = qobject_cast<const QLabel*>(widget);
+    const auto* button = qobject_cast<const QAbstractButton*>(widget);
+    const auto* combo = qobject_cast<const QComboBox*>(widget);
+    if (label == nullptr && button == nullptr && combo == nullptr) continue;
+    if (label != nullptr && label->text().isEmpty()) continue;
+    if (button != nullptr && button->text().isEmpty()) continue;
+    const QSize room = widget->size();
+    const QSize needed = label == nullptr
+                             ? QSize(widget->sizeHint().width(), widget->fontMetrics().height())
+                         : label->wordWrap() ? QSize(0, label->heightForWidth(room.width()))
+                                             : label->sizeHint();
+    const QString text = label != nullptr    ? label->text()
+                         : button != nullptr ? button->text()
+                                             : combo->currentText();
+    const bool is_cut = needed.width() > room.width() || needed.height() > room.height();
+    if (is_cut && !widget->toolTip().contains(text)) {
+      wrong += PathOf(widget) +
+               QStringLiteral("%1x%2 needs %3x%4: ")
+                   .arg(room.width())
+                   .arg(room.height())
+                   .arg(needed.width())
+                   .arg(needed.height()) +
+               text;
+    }
+    if (IsInScrollArea(widget)) continue;
+    for (const QWidget* parent = widget->parentWidget(); parent != nullptr;
+         parent = parent->parentWidget()) {
+      const QRect place(widget->mapTo(parent, QPoint()), room);
+      if (!parent->rect().contains(place)) {
+        wrong += PathOf(widget) + QLatin1String("lies outside ") + PathOf(parent);
+        break;
+      }
+      if (parent->isWindow()) break;
+    }
+  }
+}
+
+TEST(EveryState, IsNamedForAssistiveTechnologyAndShowsLongerTextsWhole) {
+  Findings findings;
+  const auto look_at = [&findings](const QString& state, QWidget& window) {
+    QStringList wrong;
+    QAccessibleInterface* root = QAccessible::queryAccessibleInterface(&window);
+    if (root->text(QAccessible::Name).isEmpty()) wrong += QStringLiteral("window without a name");
+    Walk(root, 0, wrong);
+    LookAtLabels(window, wrong);
+    // The toolkit's own dialogs have their own texts.
+    if (qobject_cast<QColorDialog*>(&window) == nullptr) LookAtRoom(window, wrong);
+    for (const QString& each : wrong) findings.emplace(each, state);
+  };
+  ForEachShot(
+      [&look_at](const QString& name, const std::string& accounts,
+                 const std::function<void(TestWindow&)>& prepare) {
+        // What many rows look like is no other state.
+        if (name == QLatin1String("hundred-thousand")) return;
+        TestWindow test(accounts, true);
+        static_cast<void>(test.Launch());
+        test.program->window().resize(1280, 832);
+        prepare(test);
+        TestWindow::Settle();
+        look_at(name, test.program->window());
+        for (QWidget* window : QApplication::topLevelWidgets()) {
+          if (window->isVisible() && window != &test.program->window()) look_at(name, *window);
+        }
+      },
+      look_at);
+  for (const auto& [what, state] : findings)
+    ADD_FAILURE() << state.toStdString() << ": " << what.toStdString();
+}
+
+}  // namespace
+}  // namespace tallyfold::desktop
