@@ -50,7 +50,7 @@ ApplicationParts::ApplicationParts(const Services& services)
       menus(desk, ledger, modal, selection, sheets, refresh, announcer),
       tabs(desk, registers, search, summary_tab, speaker, reveal, refresh, announcer),
       undo(ledger, desk, sheets, modal, selection, tabs, summary_tab, refresh, announcer),
-      printing(desk, tabs, registers),
+      printing(desk, tabs, registers, schedules),
       idle(services.loop, shell_answers),
       text_editing(services.notifications,
                    {editing, search, lock, account_passwords, preferences_sheet, reminder}),
