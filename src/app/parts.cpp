@@ -51,6 +51,7 @@ ApplicationParts::ApplicationParts(const Services& services)
       tabs(desk, registers, search, summary_tab, speaker, reveal, refresh, announcer),
       undo(ledger, desk, sheets, modal, selection, tabs, summary_tab, refresh, announcer),
       printing(desk, tabs, registers, schedules),
+      print_sheet(desk, printing, registers, sheets, announcer),
       idle(services.loop, shell_answers),
       text_editing(services.notifications,
                    {editing, search, lock, account_passwords, preferences_sheet, reminder}),
