@@ -106,6 +106,10 @@ Printing& LDGRController::printing() noexcept {
   return parts_->printing;
 }
 
+PrintSheet& LDGRController::printSheet() noexcept {
+  return parts_->print_sheet;
+}
+
 AccountSelection& LDGRController::selection() noexcept {
   return parts_->selection;
 }

@@ -37,6 +37,7 @@ class WindowHooks;
 class Menus;
 class PreferencesSheet;
 class PreferencesStore;
+class PrintSheet;
 class Printing;
 class QifImportCommand;
 class Recovery;
@@ -101,6 +102,7 @@ class LDGRController {
   [[nodiscard]] UpdateCheck& updates() noexcept;
   [[nodiscard]] AboutSheet& about() noexcept;
   [[nodiscard]] Printing& printing() noexcept;
+  [[nodiscard]] PrintSheet& printSheet() noexcept;
 
   // The two files and their backups.
   [[nodiscard]] AccountsStore& accountsStore() noexcept;

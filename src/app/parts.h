@@ -35,6 +35,7 @@
 #include "app/shell/menus.h"
 #include "app/shell/modal_watch.h"
 #include "app/shell/preferences_sheet.h"
+#include "app/shell/print_sheet.h"
 #include "app/shell/printing.h"
 #include "app/shell/recovery.h"
 #include "app/shell/saving.h"
@@ -129,6 +130,7 @@ struct ApplicationParts {
   Tabs tabs;
   Undo undo;
   Printing printing;
+  PrintSheet print_sheet;
   IdleWatch idle;
   TextEditing text_editing;
   ExportCommands export_commands;

@@ -29,6 +29,7 @@ constexpr ButtonTitle kButtonTitles[] = {
     {"Entry_Edit", "Edit"},
     {"EntryRemoveConfirm_Begin", "Remove"},
     {"QIFImport", "Import"},
+    {"Print_Open", "Print"},
     {"Schedule_Edit", "Edit"},
     {"Schedule_Duplicate", "Duplicate"},
     {"ScheduleRemoveConfirm_Begin", "Remove"},

@@ -24,6 +24,7 @@
 #include "app/exchange/qif_import_command.h"
 #include "app/face/window_hooks.h"
 #include "app/shell/lifecycle.h"
+#include "app/shell/print_sheet.h"
 #include "app/shell/tabs.h"
 #include "app/views/entry_details.h"
 #include "app/views/reconcile_tab.h"
@@ -35,6 +36,7 @@
 #include "desktop/look/measures.h"
 #include "desktop/look/rule_line.h"
 #include "desktop/menu_bar.h"
+#include "desktop/print/qt_printers.h"
 #include "desktop/progress_bar.h"
 #include "desktop/search_strip.h"
 #include "desktop/services/user_settings.h"
@@ -105,6 +107,7 @@ void MainWindow::MakePieces() {
   sheets_ = std::make_unique<SheetHost>(app.sheets(), *this);
   SetUpSheets(*sheets_, app);
   sheets_->SetActions({actions_->Named("SpeakFigures")});
+  SetPrinters(std::make_unique<QtPrinters>());
   review_ = std::make_unique<ReviewHost>(
       ReviewSheet::Parts{app.sharedQIFImportController(), app.desk()}, *sheets_, *this);
 
@@ -136,6 +139,11 @@ void MainWindow::MakePieces() {
   pieces_.progress = new ProgressBar(page_);
   pieces_.date_jump = new DateJumpPanel(app.dateJump(), app.desk(), this);
   pieces_.find = new FindPanel(app.entryFind(), app.desk(), this);
+}
+
+void MainWindow::SetPrinters(std::unique_ptr<Printers> printers) {
+  printers_ = std::move(printers);
+  SetUpPrintSheet(*sheets_, app_, *printers_, settings_);
 }
 
 void MainWindow::LayOut() {
@@ -171,6 +179,10 @@ void MainWindow::LayOut() {
 
 void MainWindow::Connect() {
   AddWindowKeys(*this, app_.tabs());
+  actions_->RunInstead("Print_Open", [this] {
+    app_.printSheet().Open(ShownRegister().SelectedEntries());
+    return true;
+  });
   connect(pieces_.search, &SearchStrip::Left, this, &MainWindow::FocusPage);
   const auto order = [this](const char* command) {
     return [action = actions_->Named(command)] { action->trigger(); };

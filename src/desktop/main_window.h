@@ -22,6 +22,7 @@ class EntryActions;
 class FindPanel;
 class HelpKey;
 class MenuBar;
+class Printers;
 class ProgressBar;
 class ReconcileBand;
 class RegisterPage;
@@ -68,6 +69,8 @@ class MainWindow final : public QMainWindow {
   };
   [[nodiscard]] const Pieces& pieces() const noexcept { return pieces_; }
 
+  // What there is to print on, in place of the printers of this computer.
+  void SetPrinters(std::unique_ptr<Printers> printers);
   // Behind the title of the account.
   void SetTitleEnding(const QString& ending) { title_ending_ = ending; }
   // Orders the copy of the example in a process of its own.
@@ -117,6 +120,7 @@ class MainWindow final : public QMainWindow {
   std::unique_ptr<EntryActions> entry_actions_;
   std::unique_ptr<HelpKey> help_;
   std::unique_ptr<MenuBar> menus_;
+  std::unique_ptr<Printers> printers_;
   std::unique_ptr<SheetHost> sheets_;
   std::unique_ptr<ReviewHost> review_;
   std::unique_ptr<UpdateWindowHost> updates_;

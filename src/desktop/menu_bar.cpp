@@ -32,6 +32,7 @@ constexpr MenuTitle kMenus[] = {
 // Commands that begin a group of their menu.
 constexpr std::string_view kGroupStarts[] = {
     "Save",
+    "Print_Open",
     "BackUpNow",
     "lock",
     "Quit",

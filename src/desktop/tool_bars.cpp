@@ -36,6 +36,7 @@ constexpr Tool kRegisterTools[] = {
     {"EntryRemoveConfirm_Begin", "remove"},
     kLine,
     {"QIFImport", "import"},
+    {"Print_Open", "print"},
 };
 constexpr Tool kScheduleTools[] = {
     {kNewSchedule, "add"},
@@ -48,11 +49,16 @@ constexpr Tool kScheduleTools[] = {
     {"Schedule_SkipNext", "skip"},
     kLine,
     {"ScheduleReminderSheet_Open", "schedule"},
+    {"Print_Open", "print"},
 };
 constexpr Tool kSummaryTools[] = {
-    {"AccountSummary_Add", "add"},        kLine,
-    {"AccountSummarySheet_Open", "edit"}, {"AccountSummary_Duplicate", "copy"},
+    {"AccountSummary_Add", "add"},
+    kLine,
+    {"AccountSummarySheet_Open", "edit"},
+    {"AccountSummary_Duplicate", "copy"},
     {"AccountSummary_Remove", "remove"},
+    kLine,
+    {"Print_Open", "print"},
 };
 
 std::span<const Tool> ToolsOf(Tab tab) {

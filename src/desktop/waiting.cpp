@@ -31,6 +31,7 @@ constexpr struct {
     {LongWork::Importing, "Importing the entries..."},
     {LongWork::Exporting, "Exporting the entries..."},
     {LongWork::LayingOut, "Laying out the pages..."},
+    {LongWork::Drawing, "Drawing the pages..."},
 };
 
 QString SentenceFor(LongWork work) {

@@ -131,6 +131,7 @@ void WindowFrontEnd::ShowArea(Area area) {
     case Area::ImportOptionsSheet:
     case Area::BackupsSheet:
     case Area::AboutSheet:
+    case Area::PrintSheet:
       pieces.menus->ShowAccounts();
       pieces.sheets->Show();
       return window_.ShowVeil();

@@ -6,7 +6,9 @@ class LDGRController;
 
 namespace tallyfold::desktop {
 
+class Printers;
 class SheetHost;
+class UserSettings;
 
 // Tells the host how each sheet is made. Both must outlive the sheets.
 void SetUpSheets(SheetHost& host, LDGRController& app);
@@ -18,5 +20,10 @@ void SetUpEntrySheets(SheetHost& host, LDGRController& app);
 void SetUpPreferenceSheets(SheetHost& host, LDGRController& app);
 // That of scheduled entries; part of SetUpSheets().
 void SetUpScheduleSheets(SheetHost& host, LDGRController& app);
+
+// That of printing, which knows beside the application what there is to print on and where choices
+// are kept.
+void SetUpPrintSheet(SheetHost& host, LDGRController& app, Printers& printers,
+                     UserSettings& settings);
 
 }  // namespace tallyfold::desktop

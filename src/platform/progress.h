@@ -14,6 +14,7 @@ enum class LongWork : std::uint8_t {
   Importing,  // entries copied from the review and added to the account
   Exporting,  // entries written
   LayingOut,  // rows put on pages
+  Drawing,    // pages drawn for a printer or a file
 };
 
 // Is told how far long operations have come. Nobody is, unless a front end wants it.

@@ -37,6 +37,9 @@ struct PrintColumn {
 
 // A text in a line, aligned as its column is; one that spans several columns stands at their left.
 struct PrintCell {
+  // A span that goes on to the edge of the page.
+  static constexpr std::size_t kToEdge = static_cast<std::size_t>(-1);
+
   std::size_t column = 0;
   std::string text;
   std::size_t span = 1;
@@ -99,7 +102,8 @@ struct PrintTable {
   std::size_t note_column = 0;
 };
 
-// A line of the head: one text at each end. The left one is shortened where they meet.
+// A line of the head: one text at each end. The left one is shortened where they meet, the right
+// one never.
 struct HeadLine {
   std::string left;
   std::string right;
@@ -108,7 +112,7 @@ struct HeadLine {
 
 struct PrintDocument {
   std::vector<HeadLine> head;
-  // At the left of every page's last line.
+  // At the left of every page's last line; never shortened.
   std::string foot;
   std::vector<PrintTable> tables;
 };

@@ -38,7 +38,7 @@ class Pages::Drawing {
   // A text at each end of the page's width.
   void DrawEnds(const HeadLine& line) {
     const TextMetric& metric = *pages_.metric_;
-    std::string right = Shortened(OnOneLine(line.right), pages_.width_, line.style, metric);
+    std::string right = OnOneLine(line.right);
     const double right_x = pages_.width_ - metric.Width(right, line.style);
     const double gap = right.empty() ? 0.0 : metric.ColumnGap();
     AddText(Left(), Shortened(OnOneLine(line.left), right_x - gap, line.style, metric), line.style);
@@ -46,10 +46,8 @@ class Pages::Drawing {
   }
 
   void DrawFoot(std::size_t index) {
-    const std::string number =
-        Message("Page {1} of {2}", {std::to_string(index + 1), std::to_string(pages_.Count())});
     y_ = pages_.size_.height - pages_.margins_.bottom - pages_.metric_->LineHeight(TextStyle::Foot);
-    DrawEnds({pages_.document_.foot, number, TextStyle::Foot});
+    DrawEnds({pages_.document_.foot, PageNumber(index + 1, pages_.Count()), TextStyle::Foot});
   }
 
   void DrawTables(const Position& from, const Position& to) {
@@ -140,8 +138,7 @@ class Pages::Drawing {
     if (cell.text.empty() || cell.span == 0) return;
     const PrintColumn& column = pages_.document_.tables[table].columns[cell.column];
     const PlacedColumn& first = pages_.columns_[table][cell.column];
-    const PlacedColumn& last = pages_.columns_[table][cell.column + cell.span - 1];
-    const double width = last.x + last.width - first.x;
+    const double width = WidthOf(table, cell);
     std::string text = OnOneLine(cell.text);
     if (column.is_elastic || cell.span > 1) {
       text = Shortened(text, width, style, *pages_.metric_);
@@ -152,6 +149,14 @@ class Pages::Drawing {
       x += column.alignment == PrintAlignment::Right ? left_over : left_over / 2;
     }
     AddText(x, std::move(text), style);
+  }
+
+  [[nodiscard]] double WidthOf(std::size_t table, const PrintCell& cell) const {
+    const auto& columns = pages_.columns_[table];
+    const double x = columns[cell.column].x;
+    if (cell.span == PrintCell::kToEdge) return pages_.width_ - x;
+    const PlacedColumn& last = columns[cell.column + cell.span - 1];
+    return last.x + last.width - x;
   }
 
   void AddText(double x, std::string text, TextStyle style) {

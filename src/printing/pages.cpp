@@ -4,6 +4,7 @@
 #include <cmath>
 #include <utility>
 
+#include "platform/message.h"
 #include "platform/progress.h"
 #include "printing/text_fitting.h"
 
@@ -22,6 +23,10 @@ bool HasColumnTitles(const PrintTable& table) {
 }
 
 }  // namespace
+
+std::string PageNumber(std::size_t number, std::size_t count) {
+  return Message("Page {1} of {2}", {std::to_string(number), std::to_string(count)});
+}
 
 // Finds where pages begin, from the first row of the first table to the last of the last.
 class Pages::Cutter {
@@ -134,7 +139,9 @@ Pages::Pages(PrintDocument document, const Paper& paper, Orientation orientation
   }
   ChooseSize(paper, orientation);
   MeasureBody();
-  if (problem_ == Problem::None) Cutter(*this).Cut();
+  if (problem_ != Problem::None) return;
+  Cutter(*this).Cut();
+  MeasureFoot();
 }
 
 void Pages::ChooseSize(const Paper& paper, Orientation orientation) {
@@ -146,6 +153,12 @@ void Pages::ChooseSize(const Paper& paper, Orientation orientation) {
     least = std::max(least, layout.LeastWidth());
     wanted = std::max(wanted, layout.WantedWidth());
   }
+  for (const HeadLine& line : document_.head) {
+    const double right = std::ceil(metric_->Width(OnOneLine(line.right), line.style));
+    least = std::max(least, right);
+    wanted = std::max(wanted, right);
+  }
+  least = std::max(least, FootWidth(1));
   const double margins = margins_.left + margins_.right;
   const bool is_turned =
       orientation == Orientation::Landscape ||
@@ -176,6 +189,41 @@ void Pages::MeasureBody() {
   least_size_.height = body_top_ + least + below;
   if (problem_ == Problem::None && body_height_ + kPageTolerance < least)
     problem_ = Problem::TooLow;
+}
+
+double Pages::FootWidth(std::size_t count) const {
+  const double number = WidestWidth({PageNumber(count, count)}, TextStyle::Foot, *metric_);
+  if (document_.foot.empty()) return std::ceil(number);
+  const double foot = metric_->Width(OnOneLine(document_.foot), TextStyle::Foot);
+  return std::ceil(foot + metric_->ColumnGap() + number);
+}
+
+// How many pages there are is known last.
+void Pages::MeasureFoot() {
+  const double needed = FootWidth(Count());
+  least_size_.width = std::max(least_size_.width, needed + margins_.left + margins_.right);
+  if (width_ + kPageTolerance >= needed) return;
+  problem_ = Problem::TooNarrow;
+  starts_.clear();
+}
+
+std::size_t Pages::RowsBefore(std::size_t index) const {
+  const Position& start = starts_[index];
+  std::size_t rows = start.line != 0 ? start.row + 1 : start.row;
+  for (std::size_t table = 0; table < start.table; ++table) {
+    rows += document_.tables[table].rows->Count();
+  }
+  return rows;
+}
+
+std::size_t Pages::PageOfRow(std::size_t row) const {
+  std::size_t first = 0;
+  std::size_t end = Count();
+  while (end - first > 1) {
+    const std::size_t middle = first + (end - first) / 2;
+    (RowsBefore(middle) <= row ? first : end) = middle;
+  }
+  return first;
 }
 
 double Pages::TableHeadHeight(const Position& at, bool is_first_on_page) const {

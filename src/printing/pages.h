@@ -15,6 +15,9 @@
 
 namespace tallyfold {
 
+// "Page 2 of 3".
+[[nodiscard]] std::string PageNumber(std::size_t number, std::size_t count);
+
 // A document cut into pages. Where the pages begin is found at once, from the heights of the rows
 // alone; each page is made when it is asked for, in any order. The same document, paper and metric
 // give the same pages.
@@ -42,6 +45,10 @@ class Pages {
   [[nodiscard]] std::size_t Count() const noexcept { return starts_.size(); }
   // `index`, from 0, is below Count().
   [[nodiscard]] Page PageAt(std::size_t index) const;
+  // How many rows, of all tables, are begun on the pages before that one; and the page on which
+  // the row of that number is begun, the last one for a row that there is not.
+  [[nodiscard]] std::size_t RowsBefore(std::size_t index) const;
+  [[nodiscard]] std::size_t PageOfRow(std::size_t row) const;
   // As the paper has been turned.
   [[nodiscard]] PaperSize Size() const noexcept { return size_; }
 
@@ -60,6 +67,9 @@ class Pages {
 
   void ChooseSize(const Paper& paper, Orientation orientation);
   void MeasureBody();
+  void MeasureFoot();
+  // What the last line takes where there are so many pages.
+  [[nodiscard]] double FootWidth(std::size_t count) const;
 
   // Of what stands above the rows on a page on which the table begins or goes on.
   [[nodiscard]] double TableHeadHeight(const Position& at, bool is_first_on_page) const;

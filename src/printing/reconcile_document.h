@@ -8,7 +8,8 @@
 namespace tallyfold {
 
 // How far the account agrees with its statement, what may be behind a difference, and the entries
-// that are not resolved, by day. Of the options the filter does not count.
+// that are not resolved, by day. Of the options the filter and the choice of
+// rows do not count.
 [[nodiscard]] PrintDocument ReconcileDocument(const std::shared_ptr<LDGRAccount>& account,
                                               const LDGRPreferences& preferences,
                                               const RegisterPrintOptions& options);

@@ -5,6 +5,7 @@
 #include <optional>
 #include <set>
 #include <string_view>
+#include <unordered_set>
 #include <utility>
 #include <vector>
 
@@ -88,12 +89,19 @@ class PrintedRegister final : public PrintRows {
 
   [[nodiscard]] std::vector<std::string> TextSamples(std::size_t column) const;
   [[nodiscard]] PrintLine BroughtForward(double balance) const;
-  [[nodiscard]] PrintLine Closing() const;
+  [[nodiscard]] PrintRow Closing() const;
+  // Of the closing line.
+  [[nodiscard]] bool HasFigures() const { return amount_column_ || carries_over_; }
   [[nodiscard]] PrintLine EntryLine(std::size_t index) const;
   [[nodiscard]] SplitColumns ColumnsOfSplits() const;
   void AddLabel(PrintLine& line, std::string text) const {
-    if (label_span_ != 0) line.cells.push_back({label_column_, std::move(text), label_span_});
+    if (label_span_ == 0) return;
+    // Nothing stands to the right of the last column.
+    const bool is_last = label_column_ + label_span_ == columns_.size();
+    line.cells.push_back(
+        {label_column_, std::move(text), is_last ? PrintCell::kToEdge : label_span_});
   }
+  void AddFigures(PrintLine& line) const;
 
   PrintedFigures figures_;
   bool splits_;
@@ -109,6 +117,7 @@ class PrintedRegister final : public PrintRows {
   // but one that is no wider than it must be.
   std::size_t label_column_ = 0;
   std::size_t label_span_ = 0;
+  bool label_has_texts_ = false;
   bool carries_over_ = false;
 };
 
@@ -128,9 +137,10 @@ void PrintedRegister::FindLabelColumns() {
     label_column_ = first;
     label_span_ = i + 1 - first;
   }
-  if (label_span_ == 1 && TextColumnNamed(columns_[label_column_].identifier) == nullptr) {
-    label_span_ = 0;
+  for (std::size_t i = label_column_; i < label_column_ + label_span_; ++i) {
+    label_has_texts_ |= TextColumnNamed(columns_[i].identifier) != nullptr;
   }
+  if (label_span_ == 1 && !label_has_texts_) label_span_ = 0;
 }
 
 std::vector<PrintColumn> PrintedRegister::Columns() const {
@@ -159,7 +169,8 @@ std::vector<PrintColumn> PrintedRegister::Columns() const {
     PrintColumn column{TitleOf(shown)};
     if (const TextColumn* const text = TextColumnNamed(shown.identifier)) {
       column.is_elastic = true;
-      column.wanted = text->wanted;
+      // No text is worth turning the paper for where there is none.
+      column.wanted = entries_.empty() ? 0 : text->wanted;
       column.least = text->least;
       column.samples = TextSamples(columns.size());
       column.takes_rest = shown.identifier == kDescription;
@@ -200,7 +211,9 @@ std::vector<std::string> PrintedRegister::TextSamples(std::size_t column) const 
 RowShape PrintedRegister::ShapeOf(std::size_t row) const {
   if (row < Opening()) return {.is_kept_with_next = true};
   const std::size_t index = row - Opening();
-  if (index == entries_.size()) return {.has_rule_above = index != 0};
+  if (index == entries_.size()) {
+    return {.has_rule_above = index != 0, .details = !label_has_texts_ && HasFigures() ? 1U : 0U};
+  }
   const LDGRAccountEntry& entry = *entries_[index];
   RowShape shape{.is_kept_with_next = index + 1 == entries_.size()};
   if (splits_) shape.details = SplitLineCount(entry);
@@ -212,7 +225,7 @@ PrintRow PrintedRegister::RowAt(std::size_t row) const {
   if (row < Opening())
     return {BroughtForward(rows_.RunningBalanceOf(0) - entries_[0]->GetAmount())};
   const std::size_t index = row - Opening();
-  if (index == entries_.size()) return {Closing()};
+  if (index == entries_.size()) return Closing();
   const LDGRAccountEntry& entry = *entries_[index];
   PrintRow printed{EntryLine(index)};
   if (splits_) printed.details = SplitLines(entry, ColumnsOfSplits(), figures_);
@@ -226,18 +239,32 @@ PrintLine PrintedRegister::BroughtForward(double balance) const {
   return line;
 }
 
-PrintLine PrintedRegister::Closing() const {
-  PrintLine line{.cells = {}, .style = TextStyle::Strong};
-  AddLabel(line, carries_over_
-                     ? Counted(entries_.size(), "Closing balance, {1} entry",
-                               "Closing balance, {1} entries")
-                     : Counted(entries_.size(), "Total of {1} entry", "Total of {1} entries"));
+PrintRow PrintedRegister::Closing() const {
+  std::string words =
+      carries_over_
+          ? Counted(entries_.size(), "Closing balance, {1} entry", "Closing balance, {1} entries")
+          : Counted(entries_.size(), "Total of {1} entry", "Total of {1} entries");
+  PrintRow closing{{.cells = {}, .style = TextStyle::Strong}};
+  if (label_has_texts_) {
+    AddLabel(closing.line, std::move(words));
+    AddFigures(closing.line);
+    return closing;
+  }
+  // Where no column has room for words, they have a line to themselves.
+  closing.line.cells.push_back({0, std::move(words), PrintCell::kToEdge});
+  if (HasFigures()) {
+    closing.details.push_back({.cells = {}, .style = TextStyle::Strong});
+    AddFigures(closing.details.back());
+  }
+  return closing;
+}
+
+void PrintedRegister::AddFigures(PrintLine& line) const {
   if (amount_column_) line.cells.push_back({*amount_column_, figures_.Amount(rows_.Total())});
   if (carries_over_) {
     const double balance = rows_.RunningBalanceOf(entries_.size() - 1);
     line.cells.push_back({*balance_column_, figures_.Amount(balance)});
   }
-  return line;
 }
 
 PrintLine PrintedRegister::EntryLine(std::size_t index) const {
@@ -260,6 +287,15 @@ SplitColumns PrintedRegister::ColumnsOfSplits() const {
   return {label_column_, label_span_, is_apart ? to_from : std::nullopt, amount_column_};
 }
 
+void KeepOnly(RegisterRows& rows, const EntryList& only) {
+  const std::unordered_set<std::shared_ptr<LDGRAccountEntry>> wanted(only.begin(), only.end());
+  EntryList kept;
+  for (const auto& entry : rows.Entries()) {
+    if (wanted.contains(entry)) kept.push_back(entry);
+  }
+  rows.SetEntries(std::move(kept));
+}
+
 std::string SortInWords(const LDGRAccountTableViewData& rows) {
   const std::vector<TableColumn> columns = DefaultRegisterColumns();
   const auto column = std::ranges::find(columns, rows.SortColumn(), &TableColumn::identifier);
@@ -274,10 +310,17 @@ PrintDocument RegisterDocument(const LDGRAccountTableViewData& rows,
                                const LDGRPreferences& preferences,
                                const RegisterPrintOptions& options) {
   PrintDocument document = DocumentOf(*rows.GetAccount(), preferences, options.today);
-  document.head.push_back({Message("Register: {1}", {options.filter}), SortInWords(rows)});
+  RegisterRows printed = rows.Rows();
+  if (!options.only.empty()) KeepOnly(printed, options.only);
+  document.head.push_back({options.only.empty()
+                               ? Message("Register: {1}", {options.filter})
+                               : Counted(printed.Entries().size(), "Register: {1} selected entry",
+                                         "Register: {1} selected entries"),
+                           SortInWords(rows)});
   std::vector<TableColumn> columns = rows.VisibleTableColumns();
   if (columns.empty()) columns = DefaultRegisterColumns();
-  document.tables.push_back(RegisterTable(rows.Rows(), std::move(columns), preferences, options));
+  document.tables.push_back(
+      RegisterTable(std::move(printed), std::move(columns), preferences, options));
   return document;
 }
 

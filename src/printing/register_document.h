@@ -4,6 +4,7 @@
 #include <string>
 #include <vector>
 
+#include "model/account_entry.h"
 #include "model/date_number.h"
 #include "plist/value.h"
 #include "printing/document.h"
@@ -20,11 +21,13 @@ struct RegisterPrintOptions {
   bool splits = false;
   bool notes = false;
   DateNumber today = kNullDate;
+  // Of the rows these alone, in the order of the register; empty for all.
+  EntryList only = {};
 };
 
 // The register as it is shown now: its rows in their order, its columns in theirs. In the order of
-// days and where balances are shown, each page begins with the balance brought forward; the last
-// line has the number of entries, their sum and the closing balance.
+// days and where balances are shown, each page of all rows begins with the balance
+// brought forward; the last line has the number of entries, their sum and the closing balance.
 //
 // The document keeps the rows and their balances: the register may be sorted or filtered anew
 // before its pages are made, but its entries are not to be changed. `rows` has an account.

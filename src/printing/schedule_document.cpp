@@ -49,7 +49,8 @@ PrintColumn EmptyColumn(const TableColumn& shown) {
 
 }  // namespace
 
-PrintDocument ScheduleDocument(const LDGRAccount& account, const LDGRPreferences& preferences,
+PrintDocument ScheduleDocument(const LDGRAccount& account, const ScheduleList& schedules,
+                               const LDGRPreferences& preferences,
                                const RegisterPrintOptions& options) {
   const PrintedFigures figures(preferences);
   const std::vector<TableColumn> columns = DefaultScheduleColumns();
@@ -64,8 +65,6 @@ PrintDocument ScheduleDocument(const LDGRAccount& account, const LDGRPreferences
   table.note_column = description;
   std::vector<ReadyRows::Row> rows;
   AmountShapes amounts;
-  ScheduleList schedules = account.GetSchedules();
-  SortByNextDate(schedules, false);
   for (const auto& schedule : schedules) {
     ReadyRows::Row printed;
     for (std::size_t column = 0; column < columns.size(); ++column) {

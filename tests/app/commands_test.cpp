@@ -29,6 +29,7 @@
 #include "app/shell/backups_sheet.h"
 #include "app/shell/menus.h"
 #include "app/shell/preferences_sheet.h"
+#include "app/shell/print_sheet.h"
 #include "app/shell/recovery.h"
 #include "app/shell/tabs.h"
 #include "app/shell/undo.h"
@@ -225,6 +226,11 @@ const State kStates[] = {
        AddEntries(test);
        test.app.about().Open();
      }},
+    {"pages are about to be printed",
+     [](TestApplication& test) {
+       AddEntries(test);
+       test.app.printSheet().Open();
+     }},
     {"the passwords in the preferences differ",
      [](TestApplication& test) {
        AddEntries(test);
@@ -411,6 +417,7 @@ std::vector<std::pair<Area, std::string>> Seen(TestApplication& test) {
       {Area::Sheet, std::to_string(static_cast<int>(app.sheets().Current()))},
       {Area::BackupsSheet, sheet(app.backupsSheet().State())},
       {Area::AboutSheet, flag(app.about().State().is_open)},
+      {Area::PrintSheet, flag(app.printSheet().State().is_open)},
       {Area::DebitSheet, sheet(app.entries().Debit().State())},
       {Area::DepositSheet, sheet(app.entries().Deposit().State())},
       {Area::TransferSheet, sheet(app.entries().Transfer().State())},
@@ -515,6 +522,11 @@ std::vector<std::string> TextsShown(TestApplication& test) {
   items(app.reminder().State().balance_items);
   for (const auto* rows : {&app.registers().Entry(), &app.registers().Reconcile()}) {
     for (const TableColumn& column : rows->VisibleTableColumns()) texts.push_back(TitleOf(column));
+  }
+  items(app.printSheet().State().papers);
+  items(app.printSheet().State().orientations);
+  if (const auto& print = app.printSheet().State(); print.is_open) {
+    texts.insert(texts.end(), {print.heading, print.facts});
   }
   texts.push_back(app.undo().UndoTitle());
   texts.push_back(app.undo().RedoTitle());

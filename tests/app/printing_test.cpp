@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include "app/schedules/schedule_editing.h"
+#include "app/schedules/schedules_tab.h"
 #include "app/shell/application_lock.h"
 #include "app/shell/tabs.h"
 #include "app/test_application.h"
@@ -19,6 +21,34 @@ std::string Printed(LDGRController& app, PrintKind kind) {
   const auto pages = app.printing().MakePages(kind, options, metric);
   EXPECT_EQ(pages.has_value(), app.printing().CanPrint(kind));
   return pages ? pages->PageAt(0).runs.at(1).text : "nothing";
+}
+
+TEST(Printing, PrintsScheduledEntriesInTheOrderOfTheirList) {
+  TestApplication test;
+  test.AddAccount("Checking");
+  for (const double amount : {5.0, 9.0, 7.0}) {
+    auto& sheet = test.app.scheduleSheet();
+    sheet.New(EntryKind::Deposit);
+    auto typed = sheet.State().typed;
+    typed.start = 20040301;
+    typed.amount = amount;
+    sheet.Read(typed);
+    ASSERT_TRUE(sheet.OK());
+  }
+  auto& rows = test.app.schedules().Rows();
+  std::vector<std::string> orders;
+  for (int click = 0; click < 2; ++click) {
+    rows.ClickedTableColumn("amount");
+    const FixedPitchMetric metric;
+    const auto pages =
+        test.app.printing().MakePages(PrintKind::Schedules, {.paper = PlainTextPaper()}, metric);
+    std::string order;
+    for (const TextRun& run : pages->PageAt(0).runs) {
+      if (run.text.starts_with('$')) order += run.text;
+    }
+    orders.push_back(order);
+  }
+  EXPECT_EQ(orders, (std::vector<std::string>{"$9.00$7.00$5.00", "$5.00$7.00$9.00"}));
 }
 
 TEST(Printing, PrintsWhatTheTabShowsOfTheSelectedAccount) {

@@ -3,6 +3,8 @@
 #include <QAbstractItemView>
 #include <QAction>
 #include <QApplication>
+#include <QCheckBox>
+#include <QComboBox>
 #include <QLineEdit>
 #include <QListWidget>
 #include <QScrollBar>
@@ -252,6 +254,28 @@ void ForEachShot(const ShotTaker& take, const PanelTaker& take_panel) {
     };
     static_cast<void>(test.program->app().exports().ExportQIF());
   });
+  show("print", [](TestWindow& test) {
+    test.ClickRow("entry_Table", 19);
+    test.Key(Qt::Key_P, Qt::ControlModifier);
+    test.Find<QCheckBox>("printSheet_Splits_CheckBox")->setChecked(true);
+    test.Find<QCheckBox>("printSheet_Notes_CheckBox")->setChecked(true);
+    test.Settle();
+  });
+  show("print-hundred-thousand", [](TestWindow& test) {
+    AddEntries(test, 100'000);
+    test.Key(Qt::Key_P, Qt::ControlModifier);
+    test.Key(Qt::Key_End);
+  });
+  for (const auto& [name, tab] : {std::pair{"print-reconcile", Tab::Reconcile},
+                                  {"print-schedule", Tab::Schedule},
+                                  {"print-summary", Tab::Summary}}) {
+    show(name, [tab = tab](TestWindow& test) {
+      test.program->app().tabs().Select(tab);
+      test.Key(Qt::Key_P, Qt::ControlModifier);
+      test.Find<QComboBox>("printSheet_Zoom_PopUp")->setCurrentIndex(1);
+      test.Settle();
+    });
+  }
   show("updates", [](TestWindow& test) { test.program->app().updates().CheckForUpdates(); });
   show("several-selected", [](TestWindow& test) {
     test.ClickRow("entry_Table", 6);
@@ -371,7 +395,7 @@ void ForEachShot(const ShotTaker& take, const PanelTaker& take_panel) {
       test.Find<QListWidget>("preferencesSheet_TabView")->setCurrentRow(page);
     });
   }
-  for (int chapter = 0; chapter < 8; chapter += 7) {
+  for (int chapter = 0; chapter < 9; chapter += 8) {
     const QString name = QLatin1String("help-") + QString::number(chapter);
     take(name, example, [chapter](TestWindow& test) {
       test.Key(Qt::Key_F1);

@@ -23,6 +23,7 @@
 #include "printing/summary_document.h"
 #include "registers/fake_table_host.h"
 #include "registers/register_look.h"
+#include "registers/schedule_list.h"
 #include "summaries/account_summary.h"
 #include "summaries/summary_layout.h"
 
@@ -165,6 +166,8 @@ TEST_F(PrintedDocuments, AreAsTheyWereDrawnOnce) {
   const auto account = ExampleAccount();
   const ShownRegister shown(account);
   const RegisterPrintOptions options{"all entries", true, true, kToday};
+  ScheduleList schedules = account->GetSchedules();
+  SortByNextDate(schedules, false);
   const auto text = [&](PrintDocument document) {
     return AllPages(OnPlainPaper(std::move(document), 40));
   };
@@ -172,8 +175,8 @@ TEST_F(PrintedDocuments, AreAsTheyWereDrawnOnce) {
       IsAsInFile(text(RegisterDocument(shown.rows, preferences_, options)), "pages/register.txt"));
   EXPECT_TRUE(
       IsAsInFile(text(ReconcileDocument(account, preferences_, options)), "pages/reconcile.txt"));
-  EXPECT_TRUE(
-      IsAsInFile(text(ScheduleDocument(*account, preferences_, options)), "pages/schedules.txt"));
+  EXPECT_TRUE(IsAsInFile(text(ScheduleDocument(*account, schedules, preferences_, options)),
+                         "pages/schedules.txt"));
   EXPECT_TRUE(IsAsInFile(text(Summary(account, 0)), "pages/summary.txt"));
   EXPECT_TRUE(IsAsInFile(text(Summary(account, 1)), "pages/summary_with_bars.txt"));
 
@@ -288,6 +291,62 @@ TEST_F(PrintedDocuments, BringForwardTheBalanceTheRegisterShows) {
   EXPECT_TRUE(carried().empty());
 }
 
+TEST_F(PrintedDocuments, CloseWithWordsAndFiguresWhateverColumnsShow) {
+  const auto account = ExampleAccount();
+  const std::string sum = RegisterAmountText(account->GetBalance() - 1250.0, preferences_);
+  const std::string balance = RegisterAmountText(account->GetBalance(), preferences_);
+  using Lines = std::vector<std::string>;
+  const struct {
+    std::vector<std::string_view> columns;
+    Lines closing;
+  } cases[] = {
+      {{"date", "description", "amount"}, {"Total of 23 entries", sum}},
+      {{"type"}, {"Total of 23 entries"}},
+      {{"date"}, {"Total of 23 entries"}},
+      {{"check", "cleared"}, {"Total of 23 entries"}},
+      {{"amount"}, {"Total of 23 entries", sum}},
+      {{"check", "cleared", "amount"}, {"Total of 23 entries", sum}},
+      {{"date", "amount", "balance"}, {"Closing balance, 23 entries", sum, balance}},
+  };
+  for (const auto& c : cases) {
+    ShownRegister shown(account);
+    for (const TableColumn& column : DefaultRegisterColumns()) {
+      if (std::ranges::find(c.columns, column.identifier) != c.columns.end()) continue;
+      shown.rows.HideTableColumnWithIdentifier(column.identifier);
+    }
+    const Pages pages = OnPlainPaper(
+        RegisterDocument(shown.rows, preferences_, {"all entries", false, false, kToday}), 60);
+    ASSERT_EQ(pages.Count(), 1U);
+    Lines closing;
+    for (const TextRun& run : pages.PageAt(0).runs) {
+      if (run.style == TextStyle::Strong) closing.push_back(run.text);
+    }
+    EXPECT_EQ(closing, c.closing);
+  }
+}
+
+TEST_F(PrintedDocuments, TurnThePaperForEntriesOnlyAndPrintThoseThatAreWanted) {
+  const auto account = ExampleAccount();
+  ShownRegister shown(account);
+  shown.rows.ClickedTableColumn("date");
+  RegisterPrintOptions options{"all entries", false, false, kToday};
+  const auto printed = [&] {
+    return Pages(RegisterDocument(shown.rows, preferences_, options), PlainTextPaper(),
+                 Orientation::Automatic, fixed_);
+  };
+  EXPECT_GT(printed().Size().width, printed().Size().height + 40);
+  const EntryList& entries = account->GetEntries();
+  options.only = {entries[2], std::make_shared<LDGRAccountEntry>(), entries[4]};
+  const std::string page = PageAsText(printed().PageAt(0));
+  EXPECT_NE(page.find("Register: 2 selected entries"), std::string::npos);
+  EXPECT_NE(page.find("Total of 2 entries"), std::string::npos) << page;
+  // In the order of the register.
+  EXPECT_LT(page.find(entries[4]->GetDescription()), page.find(entries[2]->GetDescription()));
+  options.only = {};
+  shown.rows.Reload({});
+  EXPECT_EQ(printed().Size(), PlainTextPaper().portrait);
+}
+
 TEST_F(PrintedDocuments, AreMadeOfWhateverAnAccountHolds) {
   const auto empty = std::make_shared<LDGRAccount>();
   empty->SetName("a\nb\x1b[2J");
@@ -327,7 +386,8 @@ TEST_F(PrintedDocuments, AreMadeOfWhateverAnAccountHolds) {
     }
     for (PrintDocument& document :
          std::vector{ReconcileDocument(c.account, preferences_, options),
-                     ScheduleDocument(*c.account, preferences_, options), Summary(c.account, 1)}) {
+                     ScheduleDocument(*c.account, c.account->GetSchedules(), preferences_, options),
+                     Summary(c.account, 1)}) {
       const Pages pages(std::move(document), paper, Orientation::Portrait, drawn_);
       for (std::size_t i = 0; i < pages.Count(); ++i) {
         ExpectThatEveryTextHasItsPlace(pages.PageAt(i), paper, drawn_);

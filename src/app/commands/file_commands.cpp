@@ -12,6 +12,8 @@
 #include "app/shell/idle_watch.h"
 #include "app/shell/lifecycle.h"
 #include "app/shell/preferences_sheet.h"
+#include "app/shell/print_sheet.h"
+#include "app/shell/printing.h"
 #include "app/shell/undo.h"
 #include "app/shell/update_check.h"
 #include "app/views/entry_find.h"
@@ -45,6 +47,9 @@ bool PreferencesAreOpen(LDGRController& app) {
 }
 bool ImportOptionsAreOpen(LDGRController& app) {
   return app.sharedQIFImportController().Options().is_open;
+}
+bool CanPrint(LDGRController& app) {
+  return HasAccount(app) && app.printing().CanPrint(app.printing().KindShown());
 }
 bool IsReviewing(LDGRController& app) {
   return app.sharedQIFImportController().IsReviewing() && app.sheets().IsFree();
@@ -92,6 +97,15 @@ constexpr Command kFileCommands[] = {
      .menu = Menu::File,
      .can = HasAccount,
      .run = [](LDGRController& app) { app.exports().SaveAs(); }},
+    {.name = "Print_Open",
+     .title = "Print...",
+     .shortcut = "Ctrl+P",
+     .menu = Menu::File,
+     .can = CanPrint,
+     .run = [](LDGRController& app) { app.printSheet().Open(); }},
+    {.name = "Print_Close",
+     .can = [](LDGRController& app) { return app.printSheet().State().is_open; },
+     .run = [](LDGRController& app) { app.printSheet().Close(); }},
     {.name = "BackUpNow",
      .title = "Back Up Now",
      .menu = Menu::File,

@@ -4,10 +4,12 @@
 #include "ledger/change.h"
 #include "platform/ambient.h"
 #include "platform/file_system.h"
+#include "platform/message.h"
 #include "platform/progress.h"
 #include "platform/text_encodings.h"
 #include "storage/own_files.h"
 #include "storage/preferences.h"
+#include "storage/save_failure.h"
 
 namespace tallyfold {
 
@@ -123,6 +125,29 @@ WriteResult ExportCommands::ExportMade(const std::string& text, const std::strin
   if (IsOwn(*path)) return WriteResult::Failed;
   return files_.WriteAtomically(*path, NewFileMode::ByUmask, text) ? WriteResult::Written
                                                                    : WriteResult::Failed;
+}
+
+WriteResult ExportCommands::SavePDF(const std::string& name,
+                                    const std::function<std::string()>& make) {
+  speaker_.StopSpeech();
+  if (!desk_.IsUnlocked()) return WriteResult::NotAsked;
+  const auto path = panels_.Save({.title = LocalizedText("Save as PDF"),
+                                  .name = name,
+                                  .name_label = LocalizedText("Save As:"),
+                                  .button = LocalizedText("Save"),
+                                  .check = this});
+  if (!path || !desk_.IsUnlocked()) return WriteResult::Cancelled;
+  const auto refuse = [this, &path](const std::string& reason) {
+    alerts_.Run({LocalizedText("The PDF Was Not Saved"),
+                 Message("{1} could not be written.\n{2}", {*path, reason}),
+                 {LocalizedText("OK")}});
+    return WriteResult::Failed;
+  };
+  if (IsOwn(*path)) return refuse(LocalizedText("It is a file of the program's own."));
+  const std::string pages = make();
+  if (pages.empty()) return refuse(LocalizedText("The pages could not be drawn."));
+  const WriteReport report = files_.WriteAtomically(*path, NewFileMode::ByUmask, pages);
+  return report ? WriteResult::Written : refuse(SaveFailureOf(*report.failure).Text());
 }
 
 // --- All of them

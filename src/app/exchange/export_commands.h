@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
@@ -60,6 +61,9 @@ class ExportCommands final : private FileNameCheck {
   WriteResult ExportText();
   // UTF-8 that was made for a file, under the name that is proposed for it. Nothing is remembered.
   WriteResult ExportMade(const std::string& text, const std::string& name);
+  // Asks for a file first and then has the bytes made, in which pages were drawn. Where they cannot
+  // be written the user is told why.
+  WriteResult SavePDF(const std::string& name, const std::function<std::string()>& make);
   // The whole accounts file under another name.
   WriteResult SaveAs();
   // The accounts and then the preferences into their own files. False when either failed.

@@ -52,6 +52,7 @@ enum class Area : std::uint8_t {
   ImportOptionsSheet,
   BackupsSheet,
   AboutSheet,
+  PrintSheet,
   ImportReview,  // the review of an import: its rows, its total and what can be done
 };
 
@@ -74,6 +75,7 @@ enum class Sheet : std::uint8_t {
   ImportOptions,
   Backups,
   About,
+  Print,
 };
 
 // What the application asks of whoever shows it. Each answer given here is that of a program

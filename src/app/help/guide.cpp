@@ -59,6 +59,19 @@ const std::vector<ChapterText>& ChapterTexts() {
         "match stays saved: the status line says which filter hides it, and Show finds it. Where "
         "filters follow the typing, saving an entry ends the search so that the entry is seen.",
         "What is shown is what is printed and what Export Text writes."}},
+      {"print",
+       "Printing",
+       {"Print shows the pages of what the tab has: the register with its rows, columns and order, "
+        "or "
+        "the selected rows alone; the reconcile report; the scheduled entries; the selected "
+        "summary. "
+        "Lines of splits and notes are printed if you want them.",
+        "Page Up and Page Down turn the pages, Home and End go to the first and the last. Paper "
+        "and "
+        "orientation are remembered; Automatic turns the paper where the columns want it.",
+        "Days and amounts are never cut. Where the paper has no room for them the program says so: "
+        "turn it, choose a larger one, or hide columns. Long texts are shortened.",
+        "Save as PDF needs no printer. Its text can be selected and searched."}},
       {"import",
        "Importing",
        {"Import reads the file into a review. Nothing of it touches the account before the button "

@@ -39,13 +39,15 @@ std::optional<Pages> Printing::MakePages(PrintKind kind, const PrintOptions& opt
 PrintDocument Printing::MakeDocument(PrintKind kind, const PrintOptions& options) {
   const auto account = desk_.SelectedAccount();
   const LDGRPreferences& preferences = desk_.preferences();
-  RegisterPrintOptions details{
-      .splits = options.splits, .notes = options.notes, .today = TodaysDateNumber()};
+  RegisterPrintOptions details{.splits = options.splits,
+                               .notes = options.notes,
+                               .today = TodaysDateNumber(),
+                               .only = options.only};
   switch (kind) {
     case PrintKind::Reconcile:
       return ReconcileDocument(account, preferences, details);
     case PrintKind::Schedules:
-      return ScheduleDocument(*account, preferences, details);
+      return ScheduleDocument(*account, schedules_.Rows().Schedules(), preferences, details);
     case PrintKind::Summary: {
       LDGRAccountSummary& summary = *account->selectedAccountSummary();
       summary.Refresh();

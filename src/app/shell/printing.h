@@ -5,10 +5,12 @@
 #include <optional>
 
 #include "app/desk.h"
+#include "app/schedules/schedules_tab.h"
 #include "app/shell/tabs.h"
 #include "app/views/registers.h"
 #include "filters/register_search.h"
 #include "model/account.h"
+#include "model/account_entry.h"
 #include "printing/document.h"
 #include "printing/pages.h"
 #include "printing/paper.h"
@@ -21,7 +23,7 @@ namespace tallyfold {
 enum class PrintKind : std::uint8_t {
   Register,   // the rows of the current register, in its columns and order
   Reconcile,  // the account beside its statement, and what is not resolved
-  Schedules,  // the scheduled entries
+  Schedules,  // the scheduled entries in the order of their list
   Summary,    // the selected summary
 };
 
@@ -31,14 +33,17 @@ struct PrintOptions {
   // Below their entries.
   bool splits = false;
   bool notes = false;
+  // Of the register these rows alone, if any.
+  EntryList only = {};
 };
 
 // Makes pages of the selected account. A front end draws them one after the other, on paper or on
 // a screen, and keeps the account as it is meanwhile.
 class Printing {
  public:
-  explicit Printing(Desk& desk, const Tabs& tabs, Registers& registers) noexcept
-      : desk_(desk), tabs_(tabs), registers_(registers) {}
+  explicit Printing(Desk& desk, const Tabs& tabs, Registers& registers,
+                    const SchedulesTab& schedules) noexcept
+      : desk_(desk), tabs_(tabs), registers_(registers), schedules_(schedules) {}
   Printing(const Printing&) = delete;
   Printing& operator=(const Printing&) = delete;
 
@@ -58,6 +63,7 @@ class Printing {
   Desk& desk_;
   const Tabs& tabs_;
   Registers& registers_;
+  const SchedulesTab& schedules_;
 };
 
 }  // namespace tallyfold

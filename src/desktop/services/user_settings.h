@@ -7,8 +7,8 @@
 
 namespace tallyfold::desktop {
 
-// What a window keeps between runs without being asked: frames and splitters. It stands in a file
-// of its own beside the preferences and is written when it is flushed.
+// What a window keeps between runs without being asked: frames, splitters, choices. It stands in a
+// file of its own beside the preferences and is written when it is flushed.
 class UserSettings {
  public:
   // The file of the user whose home folder that is.
@@ -19,7 +19,7 @@ class UserSettings {
   UserSettings(const UserSettings&) = delete;
   UserSettings& operator=(const UserSettings&) = delete;
 
-  // As the window or splitter of that name saved it; empty for none.
+  // As the window, splitter or choice of that name saved it; empty for none.
   [[nodiscard]] QByteArray State(const QString& name) const;
   void SetState(const QString& name, const QByteArray& state);
   void Flush() { settings_.sync(); }
