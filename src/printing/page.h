@@ -28,12 +28,18 @@ struct TextRun {
   friend bool operator==(const TextRun&, const TextRun&) = default;
 };
 
+enum class RuleWeight : std::uint8_t {
+  Hair,   // between rows, at `y` itself: it takes no room, and who has none leaves it out
+  Thin,   // below titles and above sums
+  Heavy,  // below the head
+};
+
 // A line from left to right, in the middle of a band of the metric's rule height at `y`.
 struct Rule {
   double x = 0.0;
   double y = 0.0;
   double width = 0.0;
-  bool is_heavy = false;
+  RuleWeight weight = RuleWeight::Thin;
 
   friend bool operator==(const Rule&, const Rule&) = default;
 };

@@ -32,7 +32,7 @@ class Pages::Drawing {
       DrawEnds(line);
       y_ += pages_.metric_->LineHeight(line.style);
     }
-    if (!pages_.document_.head.empty()) AddRule(pages_.width_, true);
+    if (!pages_.document_.head.empty()) AddRule(pages_.width_, RuleWeight::Heavy);
   }
 
   // A text at each end of the page's width.
@@ -55,6 +55,7 @@ class Pages::Drawing {
       const bool ends_here = at.table == to.table;
       if (ends_here && !to.GoesOn()) return;
       const PrintRows& rows = *pages_.document_.tables[at.table].rows;
+      has_row_above_ = false;
       DrawTableHead(at, at.table == from.table);
       const std::size_t end = ends_here ? to.row : rows.Count();
       for (std::size_t row = at.row; row < end; ++row) {
@@ -80,6 +81,7 @@ class Pages::Drawing {
     DrawColumnTitles(at.table);
     if (!at.GoesOn() || !table.rows->CarriesOver()) return;
     DrawLine(at.table, table.rows->LineAfter(at.line != 0 ? at.row : at.row - 1));
+    has_row_above_ = true;
   }
 
   void DrawColumnTitles(std::size_t table) {
@@ -90,9 +92,10 @@ class Pages::Drawing {
       AddCell(table, {i, columns[i].title}, TextStyle::ColumnTitle);
       has_titles = true;
     }
+    tells_rows_apart_ = has_titles;
     if (!has_titles) return;
     y_ += pages_.metric_->LineHeight(TextStyle::ColumnTitle);
-    AddRule(pages_.TableWidth(table), false);
+    AddRule(pages_.TableWidth(table), RuleWeight::Thin);
   }
 
   // The row's lines from the one at `from` to the one before `end`.
@@ -101,9 +104,14 @@ class Pages::Drawing {
     const RowShape shape = rows.ShapeOf(from.row);
     const PrintRow row = rows.RowAt(from.row);
     if (from.line == 0) {
-      if (shape.has_rule_above) AddRule(pages_.TableWidth(from.table), false);
+      if (shape.has_rule_above) {
+        AddRule(pages_.TableWidth(from.table), RuleWeight::Thin);
+      } else if (has_row_above_ && tells_rows_apart_) {
+        page_.rules.push_back({Left(), y_, pages_.TableWidth(from.table), RuleWeight::Hair});
+      }
       DrawLine(from.table, row.line);
     }
+    has_row_above_ = true;
     for (std::size_t line = std::max<std::size_t>(from.line, 1); line < end; ++line) {
       if (line > shape.details) return DrawNote(from, shape, line - 1 - shape.details, end - line);
       DrawLine(from.table, line > row.details.size() ? PrintLine() : row.details[line - 1]);
@@ -162,8 +170,8 @@ class Pages::Drawing {
   void AddText(double x, std::string text, TextStyle style) {
     if (!text.empty()) page_.runs.push_back({x, y_, std::move(text), style});
   }
-  void AddRule(double width, bool is_heavy) {
-    page_.rules.push_back({Left(), y_, width, is_heavy});
+  void AddRule(double width, RuleWeight weight) {
+    page_.rules.push_back({Left(), y_, width, weight});
     y_ += pages_.metric_->RuleHeight();
   }
 
@@ -173,6 +181,9 @@ class Pages::Drawing {
   const Pages& pages_;
   Page page_;
   double y_;
+  // Of the table that is being drawn: one with titles for its columns has hair rules between rows.
+  bool tells_rows_apart_ = false;
+  bool has_row_above_ = false;
 };
 
 Page Pages::PageAt(std::size_t index) const {

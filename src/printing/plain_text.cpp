@@ -28,8 +28,9 @@ std::vector<Piece> PiecesOf(const Page& page) {
   std::vector<Piece> pieces;
   for (const TextRun& run : page.runs) pieces.push_back({Cell(run.y), Cell(run.x), run.text});
   for (const Rule& rule : page.rules) {
-    pieces.push_back(
-        {Cell(rule.y), Cell(rule.x), std::string(Cell(rule.width), rule.is_heavy ? '=' : '-')});
+    if (rule.weight == RuleWeight::Hair) continue;
+    pieces.push_back({Cell(rule.y), Cell(rule.x),
+                      std::string(Cell(rule.width), rule.weight == RuleWeight::Heavy ? '=' : '-')});
   }
   for (const Bar& bar : page.bars) {
     const std::size_t first = Cell(bar.x);

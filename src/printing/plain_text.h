@@ -22,7 +22,7 @@ class FixedPitchMetric final : public TextMetric {
 [[nodiscard]] Paper PlainTextPaper() noexcept;
 
 // A page that was made with that metric: its lines, each with a line feed, without blanks at their
-// ends. Rules are rows of "-", heavy ones of "=", bars of "#", as far as they
+// ends. Rules are rows of "-", heavy ones of "=", hair rules nothing, bars of "#", as far as they
 // are half a character wide. What does not fit beside what stands to its left moves to the right.
 [[nodiscard]] std::string PageAsText(const Page& page);
 

@@ -46,6 +46,7 @@
 #include "model/account.h"
 #include "platform/progress.h"
 #include "storage/preferences.h"
+#include "summaries/account_summary.h"
 
 namespace tallyfold::desktop {
 namespace {
@@ -254,28 +255,69 @@ void ForEachShot(const ShotTaker& take, const PanelTaker& take_panel) {
     };
     static_cast<void>(test.program->app().exports().ExportQIF());
   });
-  show("print", [](TestWindow& test) {
-    test.ClickRow("entry_Table", 19);
-    test.Key(Qt::Key_P, Qt::ControlModifier);
-    test.Find<QCheckBox>("printSheet_Splits_CheckBox")->setChecked(true);
-    test.Find<QCheckBox>("printSheet_Notes_CheckBox")->setChecked(true);
-    test.Settle();
-  });
-  show("print-hundred-thousand", [](TestWindow& test) {
-    AddEntries(test, 100'000);
-    test.Key(Qt::Key_P, Qt::ControlModifier);
-    test.Key(Qt::Key_End);
-  });
-  for (const auto& [name, tab] : {std::pair{"print-reconcile", Tab::Reconcile},
-                                  {"print-schedule", Tab::Schedule},
-                                  {"print-summary", Tab::Summary}}) {
-    show(name, [tab = tab](TestWindow& test) {
-      test.program->app().tabs().Select(tab);
-      test.Key(Qt::Key_P, Qt::ControlModifier);
-      test.Find<QComboBox>("printSheet_Zoom_PopUp")->setCurrentIndex(1);
+  // Sheets of pages, and the pages themselves.
+  const auto print = [&show, &folder](const char* name, std::function<void(TestWindow&)> state,
+                                      std::function<void(TestWindow&)> choose = nullptr) {
+    show(name, [&folder, name, state, choose](TestWindow& test) {
+      state(test);
       test.Settle();
+      test.Key(Qt::Key_P, Qt::ControlModifier);
+      if (choose) choose(test);
+      test.Settle();
+      test.panels.Answer("/home/user/pages.pdf");
+      test.Click("printSheet_SaveAsPDF_Button");
+      if (const auto pages = test.files.Read("/home/user/pages.pdf")) {
+        std::ofstream(
+            QDir(folder).filePath(QLatin1String(name) + QLatin1String(".pdf")).toStdString(),
+            std::ios::binary)
+            << pages->view();
+      }
+      test.Key(Qt::Key_P, Qt::ControlModifier);
     });
-  }
+  };
+  const auto on_tab = [](Tab tab) {
+    return [tab](TestWindow& test) { test.program->app().tabs().Select(tab); };
+  };
+  const auto with = [](const char* pop_up, int choice) {
+    return [pop_up, choice](TestWindow& test) {
+      test.Find<QComboBox>(pop_up)->setCurrentIndex(choice);
+    };
+  };
+  print(
+      "print", [](TestWindow& test) { test.ClickRow("entry_Table", 19); },
+      [](TestWindow& test) {
+        test.Find<QCheckBox>("printSheet_Splits_CheckBox")->setChecked(true);
+        test.Find<QCheckBox>("printSheet_Notes_CheckBox")->setChecked(true);
+      });
+  print(
+      "print-landscape", [](TestWindow& test) { AddEntries(test, 60); },
+      with("printSheet_Orientation_PopUp", 2));
+  print("print-hundred-thousand", [](TestWindow& test) { AddEntries(test, 100'000); });
+  print("print-empty", [](TestWindow& test) { test.program->app().search().Filter_Select(41); });
+  print("print-long", [](TestWindow& test) {
+    const auto& entries = test.program->app().desk().SelectedAccount()->GetEntries();
+    for (const std::size_t i : {3U, 5U, 8U}) {
+      entries[i]->SetDescription(
+          "A description that is a good deal longer than any column could be");
+      entries[i]->SetToFrom("The joint workshops of the harbour, the town and its neighbours");
+      entries[i]->SetAmount(-12'345'678.9 * static_cast<double>(i));
+    }
+  });
+  print(
+      "print-too-narrow",
+      [](TestWindow& test) {
+        test.ambient.locale.short_date_format = "%A, the %d of %B in the year of %Y %A %A %A";
+      },
+      with("printSheet_Paper_PopUp", 5));
+  print("print-reconcile", on_tab(Tab::Reconcile));
+  print("print-schedule", on_tab(Tab::Schedule));
+  print("print-summary", on_tab(Tab::Summary), with("printSheet_Zoom_PopUp", 1));
+  print("print-summary-bars", [](TestWindow& test) {
+    auto& summary = *test.program->app().desk().SelectedAccount()->selectedAccountSummary();
+    summary.setShowStyle(1);
+    summary.setSubtotalPeriodStyle(1);
+    test.program->app().tabs().Select(Tab::Summary);
+  });
   show("updates", [](TestWindow& test) { test.program->app().updates().CheckForUpdates(); });
   show("several-selected", [](TestWindow& test) {
     test.ClickRow("entry_Table", 6);

@@ -125,9 +125,10 @@ std::string Pieces(const Page& page) {
     text += number(run.x) + ' ' + number(run.y) + ' ' +
             std::to_string(static_cast<int>(run.style)) + ' ' + run.text + '\n';
   }
+  constexpr const char* kWeights[] = {" hair rule ", " rule ", " heavy rule "};
   for (const Rule& rule : page.rules) {
-    text += number(rule.x) + ' ' + number(rule.y) + (rule.is_heavy ? " heavy rule " : " rule ") +
-            number(rule.width) + '\n';
+    text += number(rule.x) + ' ' + number(rule.y) +
+            kWeights[static_cast<std::size_t>(rule.weight)] + number(rule.width) + '\n';
   }
   for (const Bar& bar : page.bars) {
     text += number(bar.x) + ' ' + number(bar.y) + " bar " + number(bar.width) + " x " +

@@ -3,6 +3,7 @@
 #include <QRectF>
 #include <algorithm>
 #include <cmath>
+#include <cstddef>
 
 #include "desktop/look/colors.h"
 #include "desktop/look/painting.h"
@@ -11,16 +12,17 @@
 namespace tallyfold::desktop {
 namespace {
 
-// In points.
-constexpr double kThinRule = 0.5;
-constexpr double kHeavyRule = 1.0;
+// In points, by weight.
+constexpr double kThicknesses[] = {0.4, 0.5, 1.0};
 
 void DrawRule(QPainter& painter, const Rule& rule, const PrintMetric& metric) {
+  const bool is_hair = rule.weight == RuleWeight::Hair;
   // No rule gets lost between the dots of a coarse device.
   const double dot = 1.0 / std::abs(painter.deviceTransform().m22());
-  const double thickness = std::max(rule.is_heavy ? kHeavyRule : kThinRule, dot);
-  const double top = rule.y + (metric.RuleHeight() - thickness) / 2;
-  FillSnapped(painter, {rule.x, top, rule.width, thickness}, Qt::black);
+  const double thickness = std::max(kThicknesses[static_cast<std::size_t>(rule.weight)], dot);
+  const double middle = is_hair ? rule.y : rule.y + metric.RuleHeight() / 2;
+  FillSnapped(painter, {rule.x, middle - thickness / 2, rule.width, thickness},
+              is_hair ? LightColors()[Role::Rule] : QColor(Qt::black));
 }
 
 void DrawRun(QPainter& painter, const TextRun& run, const PrintMetric& metric) {

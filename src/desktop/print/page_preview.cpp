@@ -22,6 +22,10 @@ constexpr int kAroundPaper = 24;
 constexpr double kPixelsPerPoint = 96.0 / 72.0;
 constexpr double kLeastFit = 0.5;
 constexpr int kScrollStep = 32;
+constexpr int kWantedWidth = 620;
+constexpr int kWantedHeight = 616;
+constexpr int kLeastHeight = 240;
+constexpr int kLeastWidth = 420;
 
 // The texts of a page from top to bottom, for who cannot see it.
 QString TextOfPage(const Page& page) {
@@ -46,6 +50,7 @@ PagePreview::PagePreview(const PrintMetric& metric, QWidget* parent)
     : QAbstractScrollArea(parent), metric_(metric) {
   setFrameShape(QFrame::NoFrame);
   setFocusPolicy(Qt::StrongFocus);
+  setMinimumSize(kLeastWidth, kLeastHeight);
   horizontalScrollBar()->setSingleStep(kScrollStep);
   verticalScrollBar()->setSingleStep(kScrollStep);
 }
@@ -70,6 +75,10 @@ void PagePreview::Turn(std::size_t number) {
 void PagePreview::SetZoom(PreviewZoom zoom) {
   zoom_ = zoom;
   Fit();
+}
+
+QSize PagePreview::sizeHint() const {
+  return {kWantedWidth, kWantedHeight};
 }
 
 void PagePreview::ShowPage() {

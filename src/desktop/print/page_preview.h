@@ -32,6 +32,9 @@ class PagePreview final : public QAbstractScrollArea {
   void Turn(std::size_t number);
   void SetZoom(PreviewZoom zoom);
 
+  // A whole page of any usual paper; a small screen leaves less.
+  [[nodiscard]] QSize sizeHint() const override;
+
  signals:
   void Turned();
 

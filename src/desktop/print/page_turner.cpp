@@ -91,6 +91,7 @@ void PageTurner::Show(std::size_t count) {
           .split(kPlace);
   number_->setPrefix(around.front());
   number_->setSuffix(around.back());
+  number_->setSpecialValueText(count == 0 ? Text("No pages") : QString());
   number_->setEnabled(count > 1);
   previous_->setEnabled(number > 1);
   next_->setEnabled(number < count);

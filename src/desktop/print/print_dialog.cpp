@@ -30,8 +30,6 @@ namespace {
 constexpr int kPrintWidth = 960;
 constexpr int kPrintFormWidth = 300;
 constexpr int kPrintPopUpWidth = 180;
-constexpr int kLeastPreviewHeight = 616;
-constexpr int kLeastPreviewWidth = 420;
 
 QLabel* PlainHeading(QWidget* parent) {
   auto* label = new QLabel(parent);
@@ -69,7 +67,9 @@ PrintDialog::PrintDialog(const Parts& parts, QWidget* window)
   connect(save_, &QPushButton::clicked, this, &PrintDialog::SavePdf);
   connect(AddButton("printSheet_Cancel_Button", Text("Cancel")), &QPushButton::clicked, this,
           [this] { Cancel(); });
-  print_ = AddButton("printSheet_Print_Button", Text("Print..."), true);
+  print_ = AddButton("printSheet_Print_Button", Text("Print..."), has_printer_);
+  save_->setAutoDefault(!has_printer_);
+  save_->setDefault(!has_printer_);
   connect(print_, &QPushButton::clicked, this, &PrintDialog::Print);
   making_.setSingleShot(true);
   connect(&making_, &QTimer::timeout, this, &PrintDialog::MakePages);
@@ -127,7 +127,6 @@ void PrintDialog::LayOut() {
   no_printer_->setText(Text("No printer is set up. A PDF can be saved all the same."));
   no_printer_->setVisible(!has_printer_);
   preview_->setObjectName(QLatin1String("printSheet_Preview"));
-  preview_->setMinimumSize(kLeastPreviewWidth, kLeastPreviewHeight);
 
   auto* pages = new QVBoxLayout;
   pages->setSpacing(0);
