@@ -1,18 +1,21 @@
 // Pictures of the window in its states, to be looked at: tallyfold_desktop_shots FOLDER [dark].
 // Another scale by QT_SCALE_FACTOR, longer texts by a word "long", right to left by "rtl", a style
 // of the platform's own by "foreign", only pictures whose names begin so by "only=NAME".
+// Beside the sheet for printing stands what it saves as PDF.
 
 #include <QApplication>
 #include <QDir>
 #include <QFontDatabase>
 #include <QPixmap>
 #include <cstdio>
+#include <fstream>
 #include <functional>
 #include <memory>
 #include <string>
 
 #include "app/controller.h"
 #include "app/desk.h"
+#include "app/face/sheet_slot.h"
 #include "desktop/look/palette_watch.h"
 #include "desktop/look/style.h"
 #include "desktop/main_window.h"
@@ -60,6 +63,14 @@ void Grab(const QString& folder, const QString& name, const std::string& account
     Save(sheet->grab(), folder, name + QLatin1String("-sheet"));
   }
   Save(picture, folder, name);
+  if (test.program->app().sheets().Current() != Sheet::Print) return;
+  // The pages themselves as well.
+  test.panels.Answer("/home/user/pages.pdf");
+  test.Click("printSheet_SaveAsPDF_Button");
+  if (const auto pages = test.files.Read("/home/user/pages.pdf")) {
+    std::ofstream(folder.toStdString() + '/' + name.toStdString() + ".pdf", std::ios::binary)
+        << pages->view();
+  }
 }
 
 }  // namespace

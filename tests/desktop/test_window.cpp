@@ -13,9 +13,20 @@
 #include <stdexcept>
 
 #include "app/services.h"
+#include "desktop/main_window.h"
+#include "desktop/print/printers.h"
 #include "desktop/texts.h"
 
 namespace tallyfold::desktop {
+namespace {
+
+class NoPrinters final : public Printers {
+ public:
+  [[nodiscard]] bool HasAny() override { return false; }
+  void Choose(const PrintJob&, QWidget*, std::function<void(QPrinter&)>) override {}
+};
+
+}  // namespace
 
 TestWindow::TestWindow(const std::string& accounts, bool has_longer_texts) {
   ambient.localizer.lengthens = has_longer_texts;
@@ -24,6 +35,7 @@ TestWindow::TestWindow(const std::string& accounts, bool has_longer_texts) {
   program = std::make_unique<Program>(Services{files, alerts, panels, processes, speech,
                                                field_speech, loop, notifications, host, encodings},
                                       Program::Settings{.settings_path = settings / "window"});
+  program->window().SetPrinters(std::make_unique<NoPrinters>());
 }
 
 TestWindow::~TestWindow() {

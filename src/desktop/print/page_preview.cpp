@@ -8,6 +8,7 @@
 #include <cmath>
 #include <vector>
 
+#include "desktop/look/assistive.h"
 #include "desktop/look/colors.h"
 #include "desktop/look/measures.h"
 #include "desktop/look/painting.h"
@@ -50,6 +51,7 @@ PagePreview::PagePreview(const PrintMetric& metric, QWidget* parent)
     : QAbstractScrollArea(parent), metric_(metric) {
   setFrameShape(QFrame::NoFrame);
   setFocusPolicy(Qt::StrongFocus);
+  SetAccessibleRole(*this, QAccessible::Document);
   setMinimumSize(kLeastWidth, kLeastHeight);
   horizontalScrollBar()->setSingleStep(kScrollStep);
   verticalScrollBar()->setSingleStep(kScrollStep);

@@ -32,9 +32,9 @@ constexpr ZoomChoice kZooms[] = {{PreviewZoom::WholePage, "Whole Page"},
 PageTurner::PageTurner(PagePreview& preview, QWidget* parent)
     : QWidget(parent),
       preview_(preview),
-      previous_(AddChevron(Qt::LeftArrow, "printSheet_Previous_Button", Text("Previous Page"), -1)),
+      previous_(AddChevron("printSheet_Previous_Button", Text("Previous Page"), -1)),
       number_(new QSpinBox(this)),
-      next_(AddChevron(Qt::RightArrow, "printSheet_Next_Button", Text("Next Page"), 1)),
+      next_(AddChevron("printSheet_Next_Button", Text("Next Page"), 1)),
       zoom_(new QComboBox(this)) {
   number_->setObjectName(QLatin1String("printSheet_Page_Field"));
   number_->setAccessibleName(Text("Page"));
@@ -62,13 +62,13 @@ PageTurner::PageTurner(PagePreview& preview, QWidget* parent)
   row->setColumnStretch(2, 1);
 }
 
-QToolButton* PageTurner::AddChevron(Qt::ArrowType arrow, const char* name, const QString& title,
-                                    int step) {
+QToolButton* PageTurner::AddChevron(const char* name, const QString& title, int step) {
   auto* button = new QToolButton(this);
   button->setObjectName(QLatin1String(name));
   button->setAccessibleName(title);
   button->setToolTip(title);
-  button->setArrowType(arrow);
+  const bool points_left = (step < 0) == (layoutDirection() == Qt::LeftToRight);
+  button->setArrowType(points_left ? Qt::LeftArrow : Qt::RightArrow);
   button->setAutoRaise(true);
   button->setFocusPolicy(Qt::TabFocus);
   connect(button, &QToolButton::clicked, this, [this, step] {

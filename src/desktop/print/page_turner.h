@@ -21,7 +21,7 @@ class PageTurner final : public QWidget {
   void Show(std::size_t count);
 
  private:
-  QToolButton* AddChevron(Qt::ArrowType arrow, const char* name, const QString& title, int step);
+  QToolButton* AddChevron(const char* name, const QString& title, int step);
 
   PagePreview& preview_;
   QToolButton* previous_;
