@@ -18,6 +18,7 @@
 #include "app/entries/entry_reveal.h"
 #include "app/entries/transfer_linking.h"
 #include "app/exchange/qif_import_controller.h"
+#include "app/face/refresh.h"
 #include "app/face/sheet_slot.h"
 #include "app/schedules/schedule_editing.h"
 #include "app/schedules/schedule_reminder.h"
@@ -194,8 +195,8 @@ std::vector<std::pair<Area, std::string>> Seen(TestApplication& test) {
   };
 }
 
-// Runs an order in a state, and expects that each area that it changes is told of, and none more
-// often than that.
+// Runs an order in a state, and expects that each area that it changes is told of, none more often
+// than that, and that nothing is shown as it was before.
 template <typename Run>
 void ExpectThatItTells(TestApplication& test, const std::string& where, int most, Run run) {
   const auto before = Seen(test);
@@ -204,12 +205,21 @@ void ExpectThatItTells(TestApplication& test, const std::string& where, int most
   run();
   const auto told = test.front_end.changed;
   const auto after = Seen(test);
+  // The same worked out anew, which ends a search and filters the rows again.
+  test.app.refresh().StepTaken();
+  const auto anew = Seen(test);
   for (std::size_t i = 0; i < before.size(); ++i) {
     const auto times = std::ranges::count(told, before[i].first);
     const std::string area = ", area " + std::to_string(static_cast<int>(before[i].first));
     EXPECT_TRUE(before[i].second == after[i].second || times > 0) << where << area << "\n"
                                                                   << before[i].second << "\n"
                                                                   << after[i].second;
+    const bool is_filtered = before[i].first == Area::Registers ||
+                             before[i].first == Area::SelectedEntry ||
+                             before[i].first == Area::Search;
+    if (!is_filtered) {
+      EXPECT_EQ(after[i].second, anew[i].second) << where << area;
+    }
     // What is told before a question may be told again after it.
     EXPECT_LE(times, test.alerts.Requests().size() > alerts ? 2 : most) << where << area;
   }

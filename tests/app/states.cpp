@@ -82,6 +82,7 @@ void AddDepositElsewhere(TestApplication& test) {
 
 constexpr State kStates[] = {
     {"no account", [](TestApplication&) {}},
+    {"one account", [](TestApplication& test) { test.AddAccount("A"); }},
     {"an account without entries", AddTwoAccounts},
     {"an entry is selected", AddEntries},
     {"half of a transfer is selected",
@@ -192,9 +193,11 @@ constexpr State kStates[] = {
        test.app.backupsSheet().Open();
        test.app.backupsSheet().Compare();
      }},
-    {"it tells about itself",
+    {"it tells about itself, and an entry of another account may be the other half",
      [](TestApplication& test) {
-       AddEntries(test);
+       AddTwoAccounts(test);
+       AddDepositElsewhere(test);
+       test.AddDebit(5.0);
        test.app.about().Open();
      }},
     {"the passwords in the preferences differ",
