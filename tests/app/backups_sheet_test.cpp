@@ -6,6 +6,9 @@
 #include <chrono>
 #include <string>
 
+#include "app/accounts/account_selection.h"
+#include "app/face/sheet_slot.h"
+#include "app/shell/application_lock.h"
 #include "app/test_application.h"
 #include "model/account.h"
 #include "storage/accounts_store.h"
@@ -67,6 +70,14 @@ TEST(BackupsSheet, TellsWhatDiffersButNothingOfWhatIsLocked) {
   EXPECT_TRUE(sheet.Restore());
   EXPECT_FALSE(sheet.State().is_open);
   EXPECT_TRUE(app.sheets().IsFree());
+
+  app.applicationLock().setPassword("x");
+  test.loop.AdvanceBy(std::chrono::minutes(1));  // so that it is the newest
+  ASSERT_TRUE(app.backups().BackUpNow() && sheet.Open());
+  test.alerts.Answer("Restore");
+  EXPECT_TRUE(sheet.Restore());
+  EXPECT_EQ(app.sheets().Current(), Sheet::Authentication);
+  EXPECT_EQ(app.selection().WindowTitle(), "Tallyfold:  No Account Selected");
 }
 
 }  // namespace

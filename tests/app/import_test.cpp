@@ -11,6 +11,7 @@
 #include "app/entries/entry_editing.h"
 #include "app/exchange/qif_import_command.h"
 #include "app/exchange/qif_import_controller.h"
+#include "app/exchange/qif_import_proof.h"
 #include "app/face/sheet_slot.h"
 #include "app/shell/idle_watch.h"
 #include "app/shell/lifecycle.h"
@@ -18,6 +19,7 @@
 #include "app/test_application.h"
 #include "app/views/registers.h"
 #include "ledger/ledger.h"
+#include "registers/table_data_source.h"
 #include "registers/table_log.h"
 
 namespace tallyfold {
@@ -98,6 +100,19 @@ TEST_F(ImportTest, LetsTheLedgerKnowOfTheNumberItTakes) {
   import.import_Cancel_Button();
   app.ledger().RemoveListener(listener);
   EXPECT_EQ(listener.counted, 1);
+}
+
+TEST_F(ImportTest, ShowsTheFirstRowsAsTheyWouldComeIn) {
+  Begin();
+  std::string rows;
+  for (const QifImportProof::Row& row : import.ImportOptions_Proof().rows) {
+    rows += row.date.text + ' ' + row.description + ' ' + row.amount.text;
+    if (row.look.color) rows += row.look.color->red > 0.5F ? " in red, " : " not, ";
+  }
+  EXPECT_EQ(rows,
+            "01/17/04 Tea -$5.00 in red, 01/18/04 Bread -$6.00 in red, 01/19/04 Gift $7.00 not, ");
+  EXPECT_TRUE(import.ImportOptions_OK());
+  EXPECT_TRUE(import.ImportOptions_Proof().rows.empty()) << "the sheet is closed";
 }
 
 TEST_F(ImportTest, KeepsTheSwapPopUpsAPermutation) {

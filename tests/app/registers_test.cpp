@@ -150,62 +150,6 @@ TEST(Registers, RememberHowEachAccountWasShown) {
   EXPECT_EQ(app.registers().Entry().VisibleTableColumns(), columns);
 }
 
-TEST(Selections, AreAnnouncedWithAllThatFollowsThem) {
-  using Areas = std::vector<Area>;
-  TestApplication test;
-  auto& app = test.app;
-  const auto a = test.AddAccount("A");
-  const auto b = test.AddAccount("B");
-  a->SetPassword("key");
-  const auto transfer = test.AddTransferTo(*a, 1.0);
-  test.AddDebit(1.0);
-  const auto open = [&app](EntryKind kind) { EXPECT_TRUE(app.entries().New(kind)); };
-  struct Case {
-    const char* what;
-    std::function<void()> prepare;
-    std::function<void()> act;
-    Areas announced;
-  } const cases[] = {
-      {"another row",
-       [] {},
-       [&] { app.desk().SelectEntry(transfer); },
-       {Area::SelectedEntry, Area::EntryButtons, Area::EntryTypeMenu, Area::Balance}},
-      {"another tab",
-       [] {},
-       [&] { app.tabs().Select(Tab::Reconcile); },
-       {Area::SelectedEntry, Area::EntryButtons, Area::EntryTypeMenu, Area::Tabs}},
-      {"a debit given up",
-       [&] { open(EntryKind::Debit); },
-       [&] { app.entries().Debit().Cancel(); },
-       {Area::DebitSheet, Area::Sheet}},
-      {"a deposit added",
-       [&] { open(EntryKind::Deposit); },
-       [&] { app.entries().Deposit().OK(); },
-       {Area::DepositSheet, Area::Sheet}},
-      {"a transfer given up",
-       [&] { open(EntryKind::Transfer); },
-       [&] { app.entries().Transfer().Cancel(); },
-       {Area::TransferSheet, Area::Sheet}},
-      {"another account locked",
-       [] {},
-       [&] { app.accountPasswords().Account_Lock(a); },
-       {Area::Accounts, Area::AccountMenu}},
-      {"the selected account locked",
-       [] {},
-       [&] { app.accountPasswords().Account_Lock(b); },
-       {Area::Search, Area::SelectedAccount, Area::EntryTypeMenu}},
-  };
-  for (const Case& c : cases) {
-    c.prepare();
-    test.front_end.changed.clear();
-    c.act();
-    for (const Area area : c.announced) {
-      EXPECT_TRUE(std::ranges::count(test.front_end.changed, area))
-          << c.what << ' ' << static_cast<int>(area);
-    }
-  }
-}
-
 TEST(Deselection, ShowsNothingOfTheAccountAnyMore) {
   const std::function<void(TestApplication&, const std::shared_ptr<LDGRAccount>&)> ways[] = {
       [](auto& test, const auto&) { test.app.selection().Account_Deselect(); },

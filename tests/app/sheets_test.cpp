@@ -47,13 +47,7 @@ void Prepare(TestApplication& test) {
   const auto other = test.AddAccount("B");
   test.AddAccount("A");
   test.AddTransferTo(*other, 5.0);
-  auto& sheet = test.app.scheduleSheet();
-  sheet.New(EntryKind::Debit);
-  auto typed = sheet.State().typed;
-  typed.start = 20040301;
-  typed.amount = 5.0;
-  sheet.Read(typed);
-  sheet.OK();
+  test.AddDueSchedule();
   test.AddDebit(1.0, "Lunch");
 }
 

@@ -2,6 +2,7 @@
 
 #include "app/accounts/account_editing.h"
 #include "app/entries/entry_editing.h"
+#include "app/schedules/schedule_editing.h"
 #include "app/services.h"
 #include "model/amounts.h"
 #include "storage/accounts_store.h"
@@ -49,6 +50,16 @@ std::shared_ptr<LDGRAccountEntry> TestApplication::AddTransferTo(const LDGRAccou
   app.entries().Transfer().Read(typed);
   app.entries().Transfer().OK();
   return app.desk().SelectedEntry();
+}
+
+void TestApplication::AddDueSchedule() {
+  auto& sheet = app.scheduleSheet();
+  sheet.New(EntryKind::Debit);
+  auto typed = sheet.State().typed;
+  typed.start = 20040301;
+  typed.amount = 5.0;
+  sheet.Read(typed);
+  sheet.OK();
 }
 
 std::string Line(const LDGRAccountEntry& entry) {

@@ -37,6 +37,8 @@ struct TestApplication {
   // An entry of that kind, added to the selected account through its sheet and then selected.
   std::shared_ptr<LDGRAccountEntry> AddDebit(double amount, const std::string& description = "");
   std::shared_ptr<LDGRAccountEntry> AddTransferTo(const LDGRAccount& other, double amount);
+  // A debit of 5.00 scheduled in the selected account for 1 March, which is then selected.
+  void AddDueSchedule();
 
   FakeAmbient ambient;
   FakeFileSystem files;

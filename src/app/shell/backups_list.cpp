@@ -52,7 +52,8 @@ AccountsStore::RestoreResult BackupsList::Accounts_RestoreBackup(const std::stri
 AccountsStore::RestoreResult BackupsList::Loaded(AccountsStore::RestoreResult result) {
   if (result != AccountsStore::RestoreResult::Restored) return result;
   sheets_.CancelOpen();
-  // The backup has the password of its time.
+  // Nothing of the accounts before shows beside the question for the password of the backup's time.
+  selection_.Account_Deselect();
   lock_.authenticated() ? selection_.Accounts_PostLoad() : lock_.authentication_Begin();
   return result;
 }
