@@ -14,6 +14,7 @@
 #include <map>
 #include <set>
 
+#include "desktop/look/colors.h"
 #include "desktop/main_window.h"
 #include "desktop/shots.h"
 
@@ -143,6 +144,16 @@ void LookAtRoom(const QWidget& window, QStringList& wrong) {
   }
 }
 
+// False where there is nothing to see: what many rows look like is no other state.
+bool Reach(TestWindow& test, const QString& name, const std::function<void(TestWindow&)>& prepare) {
+  if (name == QLatin1String("hundred-thousand")) return false;
+  static_cast<void>(test.Launch());
+  test.program->window().resize(1280, 832);
+  prepare(test);
+  TestWindow::Settle();
+  return true;
+}
+
 TEST(EveryState, IsNamedForAssistiveTechnologyAndShowsLongerTextsWhole) {
   Findings findings;
   const auto look_at = [&findings](const QString& state, QWidget& window) {
@@ -158,13 +169,8 @@ TEST(EveryState, IsNamedForAssistiveTechnologyAndShowsLongerTextsWhole) {
   ForEachShot(
       [&look_at](const QString& name, const std::string& accounts,
                  const std::function<void(TestWindow&)>& prepare) {
-        // What many rows look like is no other state.
-        if (name == QLatin1String("hundred-thousand")) return;
         TestWindow test(accounts, true);
-        static_cast<void>(test.Launch());
-        test.program->window().resize(1280, 832);
-        prepare(test);
-        TestWindow::Settle();
+        if (!Reach(test, name, prepare)) return;
         look_at(name, test.program->window());
         for (QWidget* window : QApplication::topLevelWidgets()) {
           if (window->isVisible() && window != &test.program->window()) look_at(name, *window);
@@ -173,6 +179,87 @@ TEST(EveryState, IsNamedForAssistiveTechnologyAndShowsLongerTextsWhole) {
       look_at);
   for (const auto& [what, state] : findings)
     ADD_FAILURE() << state.toStdString() << ": " << what.toStdString();
+}
+
+// How well the difference between two pictures of one place can be seen.
+double ContrastOfChange(const QImage& before, const QImage& after) {
+  double most = 1.0;
+  for (int y = 0; y < before.height(); ++y) {
+    for (int x = 0; x < before.width(); ++x) {
+      if (before.pixel(x, y) != after.pixel(x, y)) {
+        most = std::max(most, ContrastBetween(before.pixelColor(x, y), after.pixelColor(x, y)));
+      }
+    }
+  }
+  return most;
+}
+
+QImage PictureAround(QWidget& widget) {
+  constexpr int kAround = 4;
+  QWidget* window = widget.window();
+  const QRect place(widget.mapTo(window, QPoint()), widget.size());
+  return window->grab(place.adjusted(-kAround, -kAround, kAround, kAround)).toImage();
+}
+
+TEST(EveryState, ShowsWhatHasTheFocus) {
+  constexpr double kVisible = 3.0;
+  const QPalette before = QApplication::palette();
+  for (const Colors& colors : {LightColors(), DarkColors()}) {
+    QApplication::setPalette(PaletteOf(colors));
+    std::set<QString> seen;
+    ForEachShot(
+        [&](const QString& name, const std::string& accounts,
+            const std::function<void(TestWindow&)>& prepare) {
+          TestWindow test(accounts);
+          if (!Reach(test, name, prepare)) return;
+          QWidget* window = QApplication::activeWindow();
+          if (window == nullptr || qobject_cast<QColorDialog*>(window) != nullptr) return;
+          for (QWidget* widget : window->findChildren<QWidget*>()) {
+            const bool takes_it = (widget->focusPolicy() & Qt::TabFocus) != 0 &&
+                                  widget->isVisible() && widget->isEnabled() &&
+                                  widget->window() == window;
+            if (!takes_it || !seen.insert(PathOf(widget)).second) continue;
+            widget->setFocus(Qt::TabFocusReason);
+            const QImage with = PictureAround(*widget);
+            widget->clearFocus();
+            const QImage without = PictureAround(*widget);
+            EXPECT_GE(ContrastOfChange(without, with), kVisible)
+                << name.toStdString() << ": " << PathOf(widget).toStdString()
+                << (colors.IsDark() ? "dark" : "");
+          }
+        },
+        [](const QString&, QWidget&) {});
+  }
+  QApplication::setPalette(before);
+}
+
+TEST(Figures, AreNamedWithTheirCaptionsAndReadAloudByAKey) {
+  TestWindow test(ExampleAccounts());
+  ASSERT_TRUE(test.Launch());
+  const auto expect = [&test](const char* figure, const char* name, const char* spoken) {
+    test.Wait(std::chrono::milliseconds(1));
+    EXPECT_EQ(test.FindWidget(figure)->accessibleName().toStdString(), name);
+    test.Key(Qt::Key_B, Qt::ControlModifier);
+    test.Wait(std::chrono::seconds(1));
+    EXPECT_EQ(test.speech.Heard().back(), spoken);
+  };
+  test.ClickRow("entry_Table", 0);
+  test.Key(Qt::Key_Delete);
+  test.Click("entryRemoveConfirm_OK_Button");
+  expect("accountBalance_Field", "Balance: $3,615.58", "Balance:  $3,615.58 .  ");
+  test.Key(Qt::Key_2, Qt::AltModifier);
+  test.FindWidget("reconcile_Table")->setFocus();
+  test.Key(Qt::Key_Space);
+  expect("difference_Field", "Difference: -$1,298.13",
+         "Statement balance:  $0.00 .  Resolved:  $1,298.13 .  Difference:  -$1,298.13 .  ");
+  // In front of a sheet the key is the sheet's.
+  test.Key(Qt::Key_D, Qt::ControlModifier);
+  test.Click("debitSheet_Split_Button");
+  for (const char* text : {"Lunch", "Inn", "18.60"}) {
+    test.Type(text);
+    test.Key(Qt::Key_Tab);
+  }
+  expect("debitSheet_Split_Total_Field", "Total: $18.60", "Total:  $18.60 .  ");
 }
 
 }  // namespace

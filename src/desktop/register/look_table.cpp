@@ -279,7 +279,11 @@ void LookTable::paintEvent(QPaintEvent* event) {
   painter.end();
   QTableView::paintEvent(event);
   const int current = currentIndex().row();
-  if (current < 0) return;
+  if (current < 0) {
+    if (!hasFocus()) return;
+    QPainter ring(viewport());
+    return DrawBox(ring, viewport()->rect(), 0, {}, colors[Role::Accent], kRing);
+  }
   QPainter bar(viewport());
   const QRect rect(0, rowViewportPosition(current), viewport()->width(), rowHeight(current));
   const QColor& ink = colors[hasFocus() ? Role::Accent : Role::Edge];

@@ -2,6 +2,7 @@
 
 #include <QApplication>
 #include <QKeyEvent>
+#include <QPainter>
 #include <QTextBlock>
 #include <QTextBrowser>
 #include <QTextCursor>
@@ -10,7 +11,9 @@
 #include <vector>
 
 #include "app/help/guide.h"
+#include "desktop/look/colors.h"
 #include "desktop/look/measures.h"
+#include "desktop/look/painting.h"
 #include "desktop/sheets/page_list.h"
 #include "desktop/texts.h"
 
@@ -67,6 +70,28 @@ void Write(QTextDocument& document, const GuideChapter& chapter, const QFont& fo
   for (const GuideChapter::KeyGroup& group : chapter.key_groups) WriteKeys(cursor, group, font);
 }
 
+// Shows that it has the keys, which scroll it.
+class HelpText final : public QTextBrowser {
+ public:
+  using QTextBrowser::QTextBrowser;
+
+ private:
+  void paintEvent(QPaintEvent* event) override {
+    QTextBrowser::paintEvent(event);
+    if (!hasFocus()) return;
+    QPainter painter(viewport());
+    DrawBox(painter, viewport()->rect(), 0, {}, ColorsOf(palette())[Role::Accent], kRing);
+  }
+  void focusInEvent(QFocusEvent* event) override {
+    QTextBrowser::focusInEvent(event);
+    viewport()->update();
+  }
+  void focusOutEvent(QFocusEvent* event) override {
+    QTextBrowser::focusOutEvent(event);
+    viewport()->update();
+  }
+};
+
 }  // namespace
 
 HelpWindow::HelpWindow() : pages_(new PageList(this, "help_Chapters_List")) {
@@ -80,7 +105,7 @@ HelpWindow::HelpWindow() : pages_(new PageList(this, "help_Chapters_List")) {
 }
 
 void HelpWindow::Add(const GuideChapter& chapter) {
-  auto* page = new QTextBrowser(this);
+  auto* page = new HelpText(this);
   page->setObjectName(QLatin1String("help_Text"));
   page->setAccessibleName(ToQString(chapter.title));
   page->setFrameShape(QFrame::NoFrame);

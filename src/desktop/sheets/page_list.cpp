@@ -36,8 +36,9 @@ class PageName final : public QStyledItemDelegate {
     painter->setRenderHint(QPainter::Antialiasing);
     painter->setPen(Qt::NoPen);
     if (option.state.testFlag(QStyle::State_Selected)) {
-      painter->setBrush(colors[Role::Selection]);
-      painter->drawRoundedRect(cell, kSmallRadius, kSmallRadius);
+      const bool has_focus = option.widget != nullptr && option.widget->hasFocus();
+      DrawBox(*painter, cell, kSmallRadius, colors[Role::Selection],
+              has_focus ? colors[Role::Accent] : QColor(), kRing);
       const QRect bar(cell.left(), cell.top() + kGap, kSelectionBar, cell.height() - 2 * kGap);
       painter->setBrush(colors[Role::Accent]);
       painter->drawRect(QStyle::visualRect(option.direction, cell, bar));

@@ -6,7 +6,6 @@
 #include <algorithm>
 #include <utility>
 
-#include "desktop/look/assistive.h"
 #include "desktop/look/figures.h"
 #include "desktop/look/measures.h"
 #include "desktop/sheets/form.h"
@@ -25,7 +24,8 @@ constexpr std::size_t kShownRows = CsvReading::kMostFirstRows + 1;  // with the 
 StatementColumns::StatementColumns(QWidget* parent)
     : QScrollArea(parent), page_(new QWidget(this)), grid_(new QGridLayout(page_)) {
   setObjectName(QLatin1String("importOptions_Columns"));
-  SetAccessibleRole(*this, QAccessible::Pane);
+  // Its pop-ups take the keys.
+  setFocusPolicy(Qt::NoFocus);
   setAccessibleName(Text("Columns of the File"));
   setWidgetResizable(true);
   setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);

@@ -14,7 +14,6 @@
 
 #include "app/desk.h"
 #include "desktop/fields/date_field.h"
-#include "desktop/look/assistive.h"
 #include "desktop/look/colors.h"
 #include "desktop/look/measures.h"
 #include "desktop/look/painting.h"
@@ -49,7 +48,8 @@ SummaryOptionsSheet::SummaryOptionsSheet(Parts parts, QWidget* window)
   MakeForm();
   area_ = new QScrollArea(this);
   area_->setObjectName(QLatin1String("accountSummarySheet_Result"));
-  SetAccessibleRole(*area_, QAccessible::Pane);
+  // Its tables take the keys.
+  area_->setFocusPolicy(Qt::NoFocus);
   area_->setAccessibleName(Text("Result"));
   area_->setWidgetResizable(true);
   area_->setMinimumHeight(kLeastResultHeight);

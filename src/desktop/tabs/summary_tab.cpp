@@ -7,7 +7,6 @@
 
 #include "app/desk.h"
 #include "app/views/account_summary_tab.h"
-#include "desktop/look/assistive.h"
 #include "desktop/look/measures.h"
 #include "desktop/tabs/summary_list_delegate.h"
 #include "desktop/tabs/summary_page.h"
@@ -38,7 +37,8 @@ SummaryTab::SummaryTab(const Parts& parts, QWidget* parent)
   auto* area = new QScrollArea(splitter_);
   area->setFrameShape(QFrame::NoFrame);
   area->setWidgetResizable(true);
-  SetAccessibleRole(*area, QAccessible::Pane);
+  // Its tables take the keys.
+  area->setFocusPolicy(Qt::NoFocus);
   area->setAccessibleName(Text("Summary"));
   page_ = new SummaryPage(area);
   area->setWidget(page_);

@@ -228,6 +228,8 @@ void SummaryTable::GoTo(int row) {
     if (area == nullptr) continue;
     const QPoint middle = mapTo(area->widget(), LineRect(current_).center());
     area->ensureVisible(middle.x(), middle.y(), 0, LineHeight());
+    // What stands above the first table comes into sight with its first line.
+    if (middle.y() < area->viewport()->height()) area->ensureVisible(0, 0);
     break;
   }
   update();
