@@ -9,11 +9,11 @@
 #include <algorithm>
 #include <array>
 #include <charconv>
-#include <cstring>
 #include <string>
 #include <string_view>
 
 #include "benchmarks/household_account.h"
+#include "benchmarks/line_end_scan.h"
 #include "benchmarks/quiet_store.h"
 #include "exchange/export_options.h"
 #include "exchange/qif_hints.h"
@@ -59,19 +59,7 @@ const std::string& File() {
 }
 
 void BM_YardstickLineEnds(benchmark::State& state) {
-  const std::string& text = File();
-  for ([[maybe_unused]] auto _ : state) {
-    std::size_t lines = 0;
-    const char* const end = text.data() + text.size();
-    for (const char* at = text.data();
-         (at = static_cast<const char*>(
-              std::memchr(at, '\n', static_cast<std::size_t>(end - at)))) != nullptr;
-         ++at) {
-      ++lines;
-    }
-    benchmark::DoNotOptimize(lines);
-  }
-  state.counters["bytes"] = static_cast<double>(text.size());
+  ScanLineEnds(state, File());
 }
 BENCHMARK(BM_YardstickLineEnds)->Unit(benchmark::kMillisecond);
 

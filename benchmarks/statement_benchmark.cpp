@@ -3,9 +3,9 @@
 
 #include <benchmark/benchmark.h>
 
-#include <cstring>
 #include <string>
 
+#include "benchmarks/line_end_scan.h"
 #include "exchange/statement_reader.h"
 #include "system/iconv_encodings.h"
 
@@ -117,21 +117,6 @@ const std::string& Csv() {
         });
   }();
   return text;
-}
-
-void ScanLineEnds(benchmark::State& state, const std::string& text) {
-  for ([[maybe_unused]] auto _ : state) {
-    std::size_t lines = 0;
-    const char* const end = text.data() + text.size();
-    for (const char* at = text.data();
-         (at = static_cast<const char*>(
-              std::memchr(at, '\n', static_cast<std::size_t>(end - at)))) != nullptr;
-         ++at) {
-      ++lines;
-    }
-    benchmark::DoNotOptimize(lines);
-  }
-  state.counters["bytes"] = static_cast<double>(text.size());
 }
 
 void Read(benchmark::State& state, const std::string& text) {

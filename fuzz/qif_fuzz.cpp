@@ -72,7 +72,7 @@ void Review(const LDGRQIFImport& import, const QifEntryList& chosen, const QifRe
   review.ToggleAll();
   if (!review.entries().empty()) {
     review.Toggle(review.entries().front());
-    review.Remove(review.entries().back().get());
+    review.Remove({review.entries().back()});
   }
   const std::size_t marked = review.MarkedCount();
   const std::shared_ptr<LDGRAccount> shared(std::shared_ptr<LDGRAccount>(), &account);

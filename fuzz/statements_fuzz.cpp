@@ -2,6 +2,7 @@
 // doubts, proofs and questions hold together. The first bytes choose the reader and what it is
 // told.
 
+#include <algorithm>
 #include <cstddef>
 #include <cstdint>
 #include <cstdlib>
@@ -98,6 +99,14 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     Check(file.csv->digest.size() == 16);
     Check(file.csv->choices.delimiter && file.csv->choices.has_heading);
     for (const auto& row : file.csv->first_rows) Check(!row.empty());
+    const CsvReading& csv = *file.csv;
+    const std::size_t lines = csv.balance_lines + csv.continuation_lines + csv.other_lines;
+    const bool has_all = csv.lacks_days || csv.lacks_amounts ||
+                         csv.left_out.size() == std::min(lines, CsvReading::kMostLeftOut);
+    Check(has_all);
+    for (const LeftOutLine& each : csv.left_out) {
+      Check(each.line > 0 && plist::IsValidUtf8(each.text));
+    }
   }
   return 0;
 }

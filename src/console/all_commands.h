@@ -19,6 +19,7 @@ namespace tallyfold::console {
 [[nodiscard]] std::span<const Command> GeneralCommands();
 [[nodiscard]] std::span<const Command> ImportCommands();
 [[nodiscard]] std::span<const Command> LinkCommands();
+[[nodiscard]] std::span<const Command> MatchCommands();
 [[nodiscard]] std::span<const Command> OrderCommands();
 [[nodiscard]] std::span<const Command> PasswordCommands();
 [[nodiscard]] std::span<const Command> PreferenceCommands();

@@ -21,14 +21,6 @@
 namespace tallyfold::console {
 namespace {
 
-LDGRQIFImportController& OpenReview(const Console& console) {
-  auto& import = console.controller.sharedQIFImportController();
-  if (!import.IsReviewing()) {
-    throw CommandError("no import is under review; import PATH begins one");
-  }
-  return import;
-}
-
 void Import(Console& console, const Arguments& arguments) {
   LDGRController& controller = console.controller;
   static_cast<void>(SelectedAccount(console));
@@ -100,15 +92,6 @@ void ShowReview(Console& console, const Arguments& /*arguments*/) {
   ShowReviewFigures(console);
 }
 
-QifImportEntryList EntriesNamed(const Console& console, const Arguments& arguments) {
-  static_cast<void>(OpenReview(console));
-  return ReviewedEntriesNamed(console, arguments);
-}
-
-bool NamesAll(const Arguments& arguments) {
-  return arguments.WordCount() == 1 && arguments.WordAt(0) == "all";
-}
-
 void MarkAll(const Console& console, bool marked) {
   auto& import = OpenReview(console);
   const bool is_unmarked = import.Review().marked_count < import.Review().entry_count;
@@ -122,9 +105,10 @@ void MarkAll(const Console& console, bool marked) {
 }
 
 void MarkEntries(const Console& console, const Arguments& arguments, bool marked) {
-  if (NamesAll(arguments)) return MarkAll(console, marked);
-  const auto entries = EntriesNamed(console, arguments);
-  OpenReview(console).MarkEntries(entries, marked);
+  auto& import = OpenReview(console);
+  if (NamesAllRows(arguments)) return MarkAll(console, marked);
+  const auto entries = ReviewedEntriesNamed(console, arguments);
+  import.MarkEntries(entries, marked);
   ShowReviewedEntries(console, entries);
 }
 
@@ -141,43 +125,27 @@ void Unmark(Console& console, const Arguments& arguments) {
 }
 
 void Drop(Console& console, const Arguments& arguments) {
-  OpenReview(console).RemoveEntries(EntriesNamed(console, arguments));
+  auto& import = OpenReview(console);
+  import.RemoveEntries(ReviewedEntriesNamed(console, arguments));
   ShowReviewFigures(console);
 }
 
 void Resolve(Console& console, const Arguments& arguments) {
-  const auto entries = EntriesNamed(console, arguments);
-  OpenReview(console).TurnClearedOver(entries);
-  ShowReviewedEntries(console, entries);
-}
-
-// What has nothing to be matched with is passed over where all are named.
-void SetMatched(const Console& console, const Arguments& arguments, bool matched) {
   auto& import = OpenReview(console);
-  if (NamesAll(arguments)) {
-    import.MatchEntries(import.entries(), matched);
-    return ShowReviewFigures(console);
-  }
-  const auto entries = EntriesNamed(console, arguments);
-  QifImportEntryList others;
-  for (const auto& entry : entries) {
-    if ((entry->GetMatched() != nullptr) != matched) others.push_back(entry);
-  }
-  const auto without = import.MatchEntries(others, matched);
-  if (!without.empty()) {
-    import.MatchEntries(others, false);
-    throw CommandError("row " + WriteNumber(import.PlaceOf(*without.front())) +
-                       ": no entry of the account that is free has its amount within four days");
-  }
+  const auto entries = ReviewedEntriesNamed(console, arguments);
+  import.TurnClearedOver(entries);
   ShowReviewedEntries(console, entries);
 }
 
-void Match(Console& console, const Arguments& arguments) {
-  SetMatched(console, arguments, true);
-}
-
-void Unmatch(Console& console, const Arguments& arguments) {
-  SetMatched(console, arguments, false);
+void ShowLeftOut(Console& console, const Arguments& /*arguments*/) {
+  const auto& lines = OpenReview(console).StatementOptions().left_out;
+  if (lines.empty()) throw CommandError("no line of a table was left out");
+  Table table({{"line", Column::Align::Right}, {"reason"}, {"text"}});
+  for (const LeftOutLine& each : lines) {
+    table.Add({WriteNumber(static_cast<std::int64_t>(each.line)), std::string(TextOf(each.reason)),
+               each.text});
+  }
+  console.printer.Show(table);
 }
 
 void CommitReview(Console& console, const Arguments& arguments) {
@@ -313,21 +281,10 @@ constexpr Command kImportCommands[] = {
      .example = "resolve 2",
      .run = Resolve,
      .works_in_review = true},
-    {.name = "match",
-     .words = "ROW...|FIRST-LAST|all",
-     .least_words = 1,
-     .most_words = 100,
-     .help = "takes entries of the account for those under review: they get the cleared mark",
-     .example = "match 2",
-     .run = Match,
-     .works_in_review = true},
-    {.name = "unmatch",
-     .words = "ROW...|FIRST-LAST|all",
-     .least_words = 1,
-     .most_words = 100,
-     .help = "takes what was matched back",
-     .example = "unmatch 2",
-     .run = Unmatch,
+    {.name = "leftout",
+     .help = "shows the lines of a table that became no entries, and why",
+     .example = "leftout",
+     .run = ShowLeftOut,
      .works_in_review = true},
     {.name = "back",
      .options = kImportOptions,

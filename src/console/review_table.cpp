@@ -57,6 +57,18 @@ std::string AccountText(const LDGRQIFImportController& import, const LDGRQIFImpo
 
 }  // namespace
 
+LDGRQIFImportController& OpenReview(const Console& console) {
+  auto& import = console.controller.sharedQIFImportController();
+  if (!import.IsReviewing()) {
+    throw CommandError("no import is under review; import PATH begins one");
+  }
+  return import;
+}
+
+bool NamesAllRows(const Arguments& arguments) {
+  return arguments.WordCount() == 1 && arguments.WordAt(0) == "all";
+}
+
 std::shared_ptr<LDGRQIFImportEntry> ReviewedEntryNamed(const Console& console,
                                                        std::string_view word) {
   const auto& import = console.controller.sharedQIFImportController();

@@ -6,12 +6,20 @@
 #include "console/console.h"
 #include "exchange/qif_import_entry.h"
 
+namespace tallyfold {
+class LDGRQIFImportController;
+}
+
 namespace tallyfold::console {
 
 class Arguments;
 
+// Throws CommandError when no import is under review.
+[[nodiscard]] LDGRQIFImportController& OpenReview(const Console& console);
+// Whether the words of a command name all entries of the review.
+[[nodiscard]] bool NamesAllRows(const Arguments& arguments);
 // An entry of the import under review by its place in the file. Throws CommandError when there is
-// no review or no such entry.
+// no such entry.
 [[nodiscard]] std::shared_ptr<LDGRQIFImportEntry> ReviewedEntryNamed(const Console& console,
                                                                      std::string_view word);
 // Those that all the words of a command name, each once; "3-7" names those that are left of the

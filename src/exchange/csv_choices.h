@@ -5,6 +5,7 @@
 #include <cstdint>
 #include <optional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "exchange/csv_headings.h"
@@ -47,6 +48,9 @@ struct LeftOutLine {
   std::size_t line = 0;  // from 1 on
   std::string text;      // of its cells, no more than what fits a line of a table
 };
+
+// The English key of a reason.
+[[nodiscard]] std::string_view TextOf(LeftOutLine::Reason reason) noexcept;
 
 // How a table was read, for whoever shows it and lets it be changed.
 struct CsvReading {

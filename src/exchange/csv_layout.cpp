@@ -254,6 +254,16 @@ void GuessTexts(const std::vector<ColumnSample>& samples, std::vector<CsvField>&
   }
 }
 
+// Of days and of each kind of amount one column is read; a second day may stand in for it.
+void LeaveFirst(std::vector<CsvField>& columns) {
+  for (auto each = columns.begin(); each != columns.end(); ++each) {
+    const bool is_number = *each != CsvField::None && *each < CsvField::Payee;
+    if (!is_number || std::find(columns.begin(), each, *each) == each) continue;
+    const bool stands_in = *each == CsvField::Day && !Has(columns, CsvField::ValueDay);
+    *each = stands_in ? CsvField::ValueDay : CsvField::None;
+  }
+}
+
 }  // namespace
 
 ImportText ReadTableText(std::string_view bytes, const CsvChoices& choices,
@@ -364,6 +374,7 @@ std::vector<CsvField> ColumnsOf(const TableRows& rows, std::optional<std::size_t
   if (!HasAmounts(columns)) GuessAmounts(rows, first_row, samples, columns, questions);
   const bool has_texts = Has(columns, CsvField::Payee) || Has(columns, CsvField::Purpose);
   if (!heading || !has_texts) GuessTexts(samples, columns);
+  LeaveFirst(columns);
   return columns;
 }
 

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <optional>
 #include <tuple>
 
 #include "exchange/qif_duplicates.h"
@@ -45,29 +46,51 @@ void MatchChoice::Link() const {
   is_linked_ = true;
 }
 
-std::shared_ptr<LDGRAccountEntry> MatchChoice::Find(
-    const LDGRAccountEntry& row, const std::shared_ptr<LDGRAccountEntry>& wanted) const {
-  const auto known = place_of_.find(wanted.get());
-  if (known != place_of_.end() && !places_[known->second].is_taken) return wanted;
-  Link();
-  const double amount = row.GetAmount();
-  const std::int64_t day = DayCountOf(row.GetDate());
+std::size_t MatchChoice::StartFor(double amount, std::int64_t day) const {
   const auto start = std::lower_bound(
       places_.begin(), places_.end(), day, [amount](const Place& place, std::int64_t limit) {
         return std::tie(place.amount, place.day) < std::tie(amount, limit);
       });
-  const auto from = static_cast<std::size_t>(start - places_.begin());
-  const Place* nearest = nullptr;
-  const auto consider = [&](std::size_t place) {
-    if (place == 0 || place > places_.size()) return;
+  return static_cast<std::size_t>(start - places_.begin());
+}
+
+std::shared_ptr<LDGRAccountEntry> MatchChoice::Find(
+    const LDGRAccountEntry& row, const std::shared_ptr<LDGRAccountEntry>& wanted) const {
+  const auto known = place_of_.find(wanted.get());
+  if (known != place_of_.end() && !places_[known->second].is_taken) return wanted;
+  const EntryList nearest = AllFor(row, 1);
+  return nearest.empty() ? nullptr : nearest.front();
+}
+
+EntryList MatchChoice::AllFor(const LDGRAccountEntry& row, std::size_t most) const {
+  Link();
+  const double amount = row.GetAmount();
+  const std::int64_t day = DayCountOf(row.GetDate());
+  const std::size_t start = StartFor(amount, day);
+  std::size_t before = Follow(before_, start);
+  std::size_t after = Follow(after_, start + 1);
+  // How far away a place is; none for one that does not fit.
+  const auto distance_of = [&](std::size_t place) -> std::optional<std::int64_t> {
+    if (place == 0 || place > places_.size()) return std::nullopt;
     const Place& each = places_[place - 1];
     const std::int64_t distance = std::abs(each.day - day);
-    if (each.amount != amount || distance > kNearDays) return;
-    if (nearest == nullptr || distance < std::abs(nearest->day - day)) nearest = &each;
+    if (each.amount != amount || distance > kNearDays) return std::nullopt;
+    return distance;
   };
-  consider(Follow(before_, from));
-  consider(Follow(after_, from + 1));
-  return nearest == nullptr ? nullptr : nearest->entry;
+  EntryList found;
+  while (found.size() < most) {
+    const auto earlier = distance_of(before);
+    const auto later = distance_of(after);
+    if (!earlier && !later) break;
+    if (earlier && (!later || *earlier <= *later)) {
+      found.push_back(places_[before - 1].entry);
+      before = Follow(before_, before - 1);
+    } else {
+      found.push_back(places_[after - 1].entry);
+      after = Follow(after_, after + 1);
+    }
+  }
+  return found;
 }
 
 void MatchChoice::Take(const LDGRAccountEntry* entry) {

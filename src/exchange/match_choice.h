@@ -20,6 +20,9 @@ class MatchChoice {
   // four days away; of two as near the earlier. Null for none.
   [[nodiscard]] std::shared_ptr<LDGRAccountEntry> Find(
       const LDGRAccountEntry& row, const std::shared_ptr<LDGRAccountEntry>& wanted) const;
+  // All that Find() may give for the row when others are taken, the nearest first, no more than so
+  // many.
+  [[nodiscard]] EntryList AllFor(const LDGRAccountEntry& row, std::size_t most) const;
   // The entry is one of the account and free.
   void Take(const LDGRAccountEntry* entry);
   // The first look-up after it looks at all entries.
@@ -33,6 +36,8 @@ class MatchChoice {
     bool is_taken = false;
   };
 
+  // Where in `places_` those of the row's amount and day begin, from 0 on.
+  [[nodiscard]] std::size_t StartFor(double amount, std::int64_t day) const;
   // The first free place from `place` on, or the last up to it; one behind the last, or the first,
   // where there is none. Places count from 1.
   [[nodiscard]] static std::size_t Follow(std::vector<std::size_t>& links, std::size_t place);

@@ -28,6 +28,7 @@ enum class Tag : std::uint8_t {
   CardStatement,
   Investments,
   Transaction,
+  // Blocks by which values are told apart.
   Payee,
   LedgerBalance,
   AvailableBalance,
@@ -54,6 +55,10 @@ enum class Tag : std::uint8_t {
   Severity,
   Message,
 };
+
+bool IsBlock(Tag tag) noexcept {
+  return tag >= Tag::Payee && tag <= Tag::OriginalCurrency;
+}
 
 struct NamedTag {
   std::string_view name;
@@ -191,16 +196,8 @@ class OfxReader {
         amount_text_.clear();
         currency_.clear();
         break;
-      case Tag::Payee:
-      case Tag::LedgerBalance:
-      case Tag::AvailableBalance:
-      case Tag::AccountFrom:
-      case Tag::AccountTo:
-      case Tag::Currency:
-      case Tag::OriginalCurrency:
-        inside_ = tag;
-        break;
       default:
+        if (IsBlock(tag)) inside_ = tag;
         break;
     }
   }
@@ -214,18 +211,10 @@ class OfxReader {
       case Tag::Transaction:
         EndRow();
         return;
-      case Tag::Payee:
-      case Tag::LedgerBalance:
-      case Tag::AvailableBalance:
-      case Tag::AccountFrom:
-      case Tag::AccountTo:
-      case Tag::Currency:
-      case Tag::OriginalCurrency:
-        inside_ = Tag::None;
-        return;
       default:
         break;
     }
+    if (IsBlock(tag)) inside_ = Tag::None;
     const std::string_view text = scanner_.Text();
     if (text.empty()) return;
     if (tag == Tag::Severity) has_failed_ = IsSameName(text, "ERROR");

@@ -33,6 +33,9 @@ class LDGRQIFImportEntry final : public LDGRAccountEntry {
   [[nodiscard]] const std::shared_ptr<LDGRAccountEntry>& GetMatched() const noexcept {
     return matched_;
   }
+  // Whether it was marked for import before it was matched. Kept by the review.
+  void SetWasMarked(bool was_marked) noexcept { was_marked_ = was_marked; }
+  [[nodiscard]] bool WasMarked() const noexcept { return was_marked_; }
   // Why its file left it unmarked.
   void SetUnmarkedReason(UnmarkedReason reason) noexcept { unmarked_reason_ = reason; }
   [[nodiscard]] UnmarkedReason GetUnmarkedReason() const noexcept { return unmarked_reason_; }
@@ -53,6 +56,7 @@ class LDGRQIFImportEntry final : public LDGRAccountEntry {
   std::shared_ptr<LDGRAccountEntryType> actual_type_;
   std::shared_ptr<LDGRAccountEntry> matched_;
   bool import_ = true;
+  bool was_marked_ = false;
   UnmarkedReason unmarked_reason_ = UnmarkedReason::None;
   std::size_t import_order_ = 0;
 };

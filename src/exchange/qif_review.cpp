@@ -195,23 +195,48 @@ std::shared_ptr<LDGRAccountEntry> QifReview::MatchFor(const LDGRQIFImportEntry& 
   return choice_->Find(entry, match->entry);
 }
 
+EntryList QifReview::MatchesFor(const LDGRQIFImportEntry& entry) const {
+  auto first = MatchFor(entry);
+  if (first == nullptr) return {};
+  EntryList all = choice_->AllFor(entry, kMostMatches);
+  std::erase(all, first);
+  all.insert(all.begin(), std::move(first));
+  if (all.size() > kMostMatches) all.pop_back();
+  return all;
+}
+
 bool QifReview::Match(const std::shared_ptr<LDGRQIFImportEntry>& entry) {
   auto found = MatchFor(*entry);
   if (found == nullptr) return false;
-  if (entry->GetMatched() != nullptr) return true;
-  SetMarked(entry, false);
-  choice_->Take(found.get());
-  entry->SetMatched(std::move(found));
-  ++matched_count_;
+  if (entry->GetMatched() == nullptr) Take(entry, std::move(found));
   return true;
+}
+
+bool QifReview::MatchWith(const std::shared_ptr<LDGRQIFImportEntry>& entry,
+                          const std::shared_ptr<LDGRAccountEntry>& chosen) {
+  const EntryList all = MatchesFor(*entry);
+  if (std::find(all.begin(), all.end(), chosen) == all.end()) return false;
+  Unmatch(entry);
+  Take(entry, chosen);
+  return true;
+}
+
+void QifReview::Take(const std::shared_ptr<LDGRQIFImportEntry>& entry,
+                     std::shared_ptr<LDGRAccountEntry> matched) {
+  entry->SetWasMarked(entry->GetImport());
+  SetMarked(entry, false);
+  choice_->Take(matched.get());
+  entry->SetMatched(std::move(matched));
+  ++matched_count_;
 }
 
 void QifReview::Unmatch(const std::shared_ptr<LDGRQIFImportEntry>& entry) {
   if (entry->GetMatched() == nullptr) return;
   Free(*entry);
-  const auto match = MatchOf(*entry);
-  const bool repeats = match && match->reason != QifMatch::Reason::NearDate;
-  if (!repeats && entry->GetUnmarkedReason() == UnmarkedReason::None) SetMarked(entry, true);
+  if (!entry->WasMarked()) return;
+  // In its old place among the others.
+  entry->SetImport(true);
+  ++marked_count_;
 }
 
 void QifReview::Free(LDGRQIFImportEntry& entry) {

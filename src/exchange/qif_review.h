@@ -54,11 +54,18 @@ class QifReview {
   void UnmarkUndated();
   // The entry of the account that Match() would take, or has taken; null for none.
   [[nodiscard]] std::shared_ptr<LDGRAccountEntry> MatchFor(const LDGRQIFImportEntry& entry) const;
+  // What the entry can be matched with: that of MatchFor(), then all others of its amount within
+  // four days that no entry of the review has, the nearest first. No more than so many.
+  static constexpr std::size_t kMostMatches = 20;
+  [[nodiscard]] EntryList MatchesFor(const LDGRQIFImportEntry& entry) const;
   // Matches the entry with what MatchOf() finds, or where another entry of the review has that,
   // with the nearest that is free; the entry is unmarked. False when there is none.
   bool Match(const std::shared_ptr<LDGRQIFImportEntry>& entry);
-  // The entry is marked again, unless the account seems to hold it already or the file left it
-  // unmarked. Nothing when it is not matched.
+  // The same with `chosen`, whatever it was matched with before. False, and nothing has changed,
+  // when that is none of MatchesFor().
+  bool MatchWith(const std::shared_ptr<LDGRQIFImportEntry>& entry,
+                 const std::shared_ptr<LDGRAccountEntry>& chosen);
+  // The entry gets back the mark that it had before. Nothing when it is not matched.
   void Unmatch(const std::shared_ptr<LDGRQIFImportEntry>& entry);
 
   // Takes them out of the review; those that are not in it are passed over.
@@ -82,6 +89,8 @@ class QifReview {
   void Commit(Change& change, const std::shared_ptr<LDGRAccount>& account, bool with_all_types);
 
  private:
+  void Take(const std::shared_ptr<LDGRQIFImportEntry>& entry,
+            std::shared_ptr<LDGRAccountEntry> matched);
   void Free(LDGRQIFImportEntry& entry);
   void MakeTypes(const std::vector<QifType>& read, const LDGRAccount& account);
   void MakeEntries(const QifEntryList& read, LDGRAccount& account);

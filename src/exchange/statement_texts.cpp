@@ -6,6 +6,9 @@
 #include <cstring>
 
 #include "exchange/ascii.h"
+#include "exchange/csv_choices.h"
+#include "exchange/statement_file.h"
+#include "exchange/unmarked_reason.h"
 
 namespace tallyfold {
 namespace {
@@ -98,6 +101,24 @@ std::string_view TextOf(UnmarkedReason reason) noexcept {
       return "in another currency than the statement";
     case UnmarkedReason::Pending:
       return "not booked yet";
+  }
+  return "";
+}
+
+std::string_view TextOf(LeftOutLine::Reason reason) noexcept {
+  switch (reason) {
+    case LeftOutLine::Reason::Before:
+      return "before the first entry";
+    case LeftOutLine::Reason::Behind:
+      return "behind the last entry";
+    case LeftOutLine::Reason::Balance:
+      return "names a balance or a sum";
+    case LeftOutLine::Reason::Continued:
+      return "added to the entry above";
+    case LeftOutLine::Reason::Unread:
+      return "neither day nor amount can be read";
+    case LeftOutLine::Reason::Bare:
+      return "has neither day nor amount";
   }
   return "";
 }

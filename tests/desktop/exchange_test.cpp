@@ -4,10 +4,13 @@
 #include <QAction>
 #include <QApplication>
 #include <QComboBox>
+#include <QDragEnterEvent>
 #include <QFileDialog>
 #include <QLabel>
 #include <QLineEdit>
+#include <QMimeData>
 #include <QTimer>
+#include <QUrl>
 #include <fstream>
 #include <sstream>
 
@@ -181,6 +184,57 @@ TEST_F(Exchange, ATableOfABankIsAskedAboutReviewedMatchedAndCommittedInOneStep) 
   Order("QIFImport");
   EXPECT_TRUE(test.alerts.Requests().back().message.starts_with("the file is a printed statement"));
   EXPECT_FALSE(app().sharedQIFImportController().IsRunning());
+}
+
+// What is dragged onto the window and let go there.
+void Drop(QWidget& window, const QString& path) {
+  QMimeData data;
+  data.setUrls({QUrl::fromLocalFile(path)});
+  QDragEnterEvent enter(QPoint(9, 9), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+  QApplication::sendEvent(&window, &enter);
+  QDropEvent drop(QPointF(9, 9), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+  QApplication::sendEvent(&window, &drop);
+  TestWindow::Settle();
+}
+
+TEST_F(Exchange, AnOddTableDroppedOnTheWindowAsksAllAtOnceAndIsMatchedWithAChosenEntry) {
+  test.files.AddFile("/home/user/odd.csv",
+                     "Bank;;;;\nDate;Payee;Purpose;Amount;Fee\n01/03/26;Quay;Tea;2.100;0.25\n"
+                     "02/03/26;Quay;Tea;2.100;0.25\n03/03/26;Quay;Tea;2.100;0.25\n"
+                     "04/03/26;Quay;Tea;2.100;0.25\n05/03/26;Quay;Tea;2.100;0.25\n"
+                     "soon;Roof;;much;\n06/03/26;Quay;Tea;66.20;0\nTotal;;;76.70;\n");
+  Drop(test.program->window(), "/home/user/odd.csv"_q);
+  EXPECT_EQ(test.TextOf("importOptions_Title"), "Importing From:  odd.csv"_q);
+  EXPECT_EQ(test.Rows("importOptions_LeftOut_Table"), 3);
+  EXPECT_EQ(test.Row("importOptions_LeftOut_Table", 1),
+            "8|neither day nor amount can be read|soon | Roof | much"_q);
+  EXPECT_EQ(test.TextOf("importOptions_LeftOut_Field"),
+            "Lines of balances left out: 1. Other lines left out: 2."_q);
+  // The last first: the others stay where they are.
+  test.Click("importOptions_Question_2_Answer_Button_1");
+  EXPECT_FALSE(test.FindWidget("importOptions_Question_2")->isVisible());
+  test.Click("importOptions_Question_1_Answer_Button_0");
+  EXPECT_FALSE(test.Find<QAbstractButton>("importOptions_OK_Button")->isEnabled());
+  test.Click("importOptions_Answer_Button_0");
+  const auto& entries = app().desk().SelectedAccount()->GetEntries();
+  entries[21]->SetAmount(-66.20);
+  entries[21]->SetDate(20260303);
+  entries[22]->SetDate(20260305);
+  test.Click("importOptions_OK_Button");
+
+  auto* matches = test.Find<QComboBox>("import_Match_PopUp");
+  EXPECT_FALSE(matches->isVisible());
+  test.ClickHeader("import_Table", 8);
+  test.ClickHeader("import_Table", 8);
+  EXPECT_TRUE(test.Row("import_Table", 0).endsWith("|May repeat"_q));
+  test.Key(Qt::Key_Home);
+  ASSERT_TRUE(matches->isVisible());
+  EXPECT_EQ(matches->currentText(), "03/05/26, Corner Market"_q);
+  emit matches->activated(1);
+  EXPECT_EQ(test.TextOf("import_Match_Field"), "Matched with the entry of 03/03/26"_q);
+  EXPECT_EQ(TitleOf("import_OK_Button"), "Import 5, Match 1"_q);
+  test.Click("importEntry_Match_Button");
+  EXPECT_EQ(TitleOf("import_OK_Button"), "Import 6 Entries"_q);
 }
 
 TEST_F(Exchange, RowsOfTheExportPanelChooseWhatIsWritten) {

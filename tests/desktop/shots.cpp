@@ -61,18 +61,52 @@ void OpenImport(TestWindow& test) {
   static_cast<void>(test.program->app().importCommand().QIFImport());
 }
 
-// A table of a bank. With a day above 12 it tells in which order days and months stand.
-void OpenTable(TestWindow& test, const std::string& day) {
-  test.files.AddFile("/home/user/statement-march.csv",
-                     "Seaside Bank;Joint checking\nDate;Payee;Purpose;Reference;Amount;Balance\n"
-                     "02/03/26;HARBOUR BOOKS LTD;Pay for March;HB-2026-03;2450.00;5175.58\n" +
-                         day +
-                         "/03/26;MS OKAFOR;Rent for March;;-890.00;4285.58\n"
-                         "04/03/26;CORNER MARKET;Card 4711;;-66.20;4219.38\n"
-                         "09/03/26;CAFE BY THE QUAY;Card 4711;;-18.90;4200.48\n");
-  test.panels.Answer("/home/user/statement-march.csv");
+void OpenStatement(TestWindow& test, const std::string& path, const std::string& bytes) {
+  test.files.AddFile(path, bytes);
+  test.panels.Answer(path);
   static_cast<void>(test.program->app().importCommand().QIFImport());
 }
+
+// A table of a bank. With a day above 12 it tells in which order days and months stand.
+void OpenTable(TestWindow& test, const std::string& day) {
+  OpenStatement(test, "/home/user/statement-march.csv",
+                "Seaside Bank;Joint checking\nDate;Payee;Purpose;Reference;Amount;Balance\n"
+                "02/03/26;HARBOUR BOOKS LTD;Pay for March;HB-2026-03;2450.00;5175.58\n" +
+                    day +
+                    "/03/26;MS OKAFOR;Rent for March;;-890.00;4285.58\n"
+                    "04/03/26;CORNER MARKET;Card 4711;;-66.20;4219.38\n"
+                    "09/03/26;CAFE BY THE QUAY;Card 4711;;-18.90;4200.48\n");
+}
+
+// Several questions, hundreds of lines that are no entries, and long texts.
+std::string OddTable() {
+  std::string text;
+  for (int i = 0; i < 40; ++i) text += "Seaside Savings and Loan Association of the Coast\n";
+  text += "Date;Payee;Purpose;Reference of the bank;Amount;Fee;Balance of the account\n";
+  for (int i = 1; i < 9; ++i) {
+    const std::string number = std::to_string(i);
+    text += "0" + number +
+            "/03/26;The Worshipful Company of Harbour Booksellers and Chart Makers;Pay for March, "
+            "with what was left open of February;HB-2026-03-" +
+            number + ";2." + number + "00;0.25;\n";
+    for (int j = 0; j < 30; ++j) text += "Balance;;;;;;4285.58\n";
+  }
+  return text;
+}
+
+constexpr const char* kDisagreeingTable =
+    "Date,Payee,Purpose,Amount,Balance\n2026-02-21,Garage,Card,-248.00,2791.78\n"
+    "2026-02-25,CORNER MARKET,Card 4711,-66.20,2725.58\n"
+    "2026-03-02,Harbour Books,Pay,2450.00,5175.59\nTotal,,,2135.80,\n";
+
+constexpr const char* kCamt =
+    "<Document xmlns=\"urn:iso:std:iso:20022:tech:xsd:camt.053.001.02\"><BkToCstmrStmt><Stmt><Acct>"
+    "<Id><IBAN>DE00123456780000004711</IBAN></Id><Ccy>EUR</Ccy></Acct><Ntry><Amt Ccy=\"EUR\">12.50"
+    "</Amt><CdtDbtInd>DBIT</CdtDbtInd><Sts>BOOK</Sts><BookgDt><Dt>2026-03-04</Dt></BookgDt>"
+    "<NtryDtls><TxDtls><RltdPties><Cdtr><Nm>Corner Market</Nm></Cdtr></RltdPties><RmtInf><Ustrd>"
+    "Bread and fish</Ustrd></RmtInf></TxDtls></NtryDtls></Ntry><Ntry><Amt Ccy=\"EUR\">12.50</Amt>"
+    "<CdtDbtInd>CRDT</CdtDbtInd><RvslInd>true</RvslInd><Sts>BOOK</Sts><BookgDt><Dt>2026-03-05</Dt>"
+    "</BookgDt></Ntry></Stmt></BkToCstmrStmt></Document>";
 
 // A register that nobody reads from end to end.
 void AddEntries(TestWindow& test, int count) {
@@ -191,22 +225,26 @@ void ForEachShot(const ShotTaker& take, const PanelTaker& take_panel) {
   show("import-options", [](TestWindow& test) { OpenImport(test); });
   show("import-table-asked", [](TestWindow& test) { OpenTable(test, "03"); });
   show("import-table", [](TestWindow& test) { OpenTable(test, "13"); });
+  show("import-table-odd", [](TestWindow& test) {
+    OpenStatement(test, "/home/user/a-statement-with-a-long-name.csv", OddTable());
+  });
+  show("import-table-disagrees",
+       [](TestWindow& test) { OpenStatement(test, "/home/user/february.csv", kDisagreeingTable); });
+  show("import-camt", [](TestWindow& test) { OpenStatement(test, "/home/user/march.xml", kCamt); });
   show("import-ofx", [](TestWindow& test) {
-    test.files.AddFile("/home/user/bank.ofx",
-                       "<OFX><STMTRS><CURDEF>USD<BANKACCTFROM><ACCTID>4711</BANKACCTFROM><STMTTRN>"
-                       "<DTPOSTED>20260221<TRNAMT>-248<NAME>GARAGE<MEMO>Tyres</STMTTRN></STMTRS>"
-                       "</OFX>");
-    test.panels.Answer("/home/user/bank.ofx");
-    static_cast<void>(test.program->app().importCommand().QIFImport());
+    OpenStatement(test, "/home/user/bank.ofx",
+                  "<OFX><STMTRS><CURDEF>USD<BANKACCTFROM><ACCTID>4711</BANKACCTFROM><STMTTRN>"
+                  "<DTPOSTED>20260221<TRNAMT>-248<NAME>GARAGE<MEMO>Tyres</STMTTRN></STMTRS>"
+                  "</OFX>");
   });
   show("import-table-review", [](TestWindow& test) {
-    test.files.AddFile("/home/user/february.csv",
-                       "Date,Payee,Purpose,Amount,Balance\n"
-                       "2026-02-21,Garage M\xC3\xBCller,Card,-248.00,2791.78\n"
-                       "2026-02-25,CORNER MARKET,Card 4711,-66.20,2725.58\n"
-                       "2026-03-02,Harbour Books,Pay,2450.00,5175.58\n");
-    test.panels.Answer("/home/user/february.csv");
-    static_cast<void>(test.program->app().importCommand().QIFImport());
+    test.program->app().desk().SelectedAccount()->GetEntries()[18]->SetAmount(-66.20);
+    test.program->app().desk().SelectedAccount()->GetEntries()[18]->SetDate(20260222);
+    OpenStatement(test, "/home/user/february.csv",
+                  "Date,Payee,Purpose,Amount,Balance\n"
+                  "2026-02-21,Garage M\xC3\xBCller,Card,-248.00,2791.78\n"
+                  "2026-02-25,CORNER MARKET,Card 4711,-66.20,2725.58\n"
+                  "2026-03-02,Harbour Books,Pay,2450.00,5175.58\n");
     test.Click("importOptions_OK_Button");
     test.Key(Qt::Key_Down);
     test.Click("importEntry_Match_Button");

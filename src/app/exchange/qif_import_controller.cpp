@@ -157,6 +157,24 @@ QifImportEntryList LDGRQIFImportController::MatchEntries(const QifImportEntryLis
   return without;
 }
 
+bool LDGRQIFImportController::MatchWith(const std::shared_ptr<LDGRQIFImportEntry>& entry,
+                                        const std::shared_ptr<LDGRAccountEntry>& chosen) {
+  const Announcer::Operation operation(announcer_);
+  if (!IsReviewing() || entry == nullptr || !review_.MatchWith(entry, chosen)) return false;
+  EntriesChanged();
+  return true;
+}
+
+ReviewStanding LDGRQIFImportController::StandingOf(const LDGRQIFImportEntry& entry) const {
+  if (entry.GetMatched() != nullptr) return ReviewStanding::Matched;
+  if (const auto match = MatchOf(entry)) {
+    const bool is_near = match->reason == QifMatch::Reason::NearDate;
+    return is_near ? ReviewStanding::MayRepeat : ReviewStanding::Repeats;
+  }
+  return entry.GetUnmarkedReason() == UnmarkedReason::None ? ReviewStanding::New
+                                                           : ReviewStanding::LeftOut;
+}
+
 void LDGRQIFImportController::Import_TakeBalance(bool takes) {
   const Announcer::Operation operation(announcer_);
   if (!IsReviewing() || !review_state_.balance) return;

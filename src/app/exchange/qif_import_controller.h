@@ -62,7 +62,7 @@ class LDGRQIFImportController final : private EntryOwner {
         encodings_(encodings),
         sheets_(sheets),
         announcer_(announcer),
-        rows_(desk) {}
+        rows_(desk, [this](const LDGRQIFImportEntry& entry) { return StandingOf(entry); }) {}
   LDGRQIFImportController(const LDGRQIFImportController&) = delete;
   LDGRQIFImportController& operator=(const LDGRQIFImportController&) = delete;
 
@@ -134,6 +134,12 @@ class LDGRQIFImportController final : private EntryOwner {
   [[nodiscard]] std::int32_t PlaceOf(const LDGRQIFImportEntry& entry) const noexcept {
     return entry.GetNumber() - first_number_ + 1;
   }
+  // What of the account the entry can be matched with: first what Match() takes or has taken, then
+  // the nearest in days; empty for nothing.
+  [[nodiscard]] EntryList MatchesFor(const LDGRQIFImportEntry& entry) const {
+    return review_.MatchesFor(entry);
+  }
+  [[nodiscard]] ReviewStanding StandingOf(const LDGRQIFImportEntry& entry) const;
   // Null for none.
   [[nodiscard]] std::shared_ptr<LDGRQIFImportEntry> EntryAtPlace(std::int32_t place) const;
 
@@ -158,6 +164,9 @@ class LDGRQIFImportController final : private EntryOwner {
   void Cleared_CheckBox(const std::shared_ptr<LDGRQIFImportEntry>& entry);
   // False when there is nothing to match it with.
   bool Match(const std::shared_ptr<LDGRQIFImportEntry>& entry, bool matched);
+  // With one of MatchesFor(); anything else is refused.
+  bool MatchWith(const std::shared_ptr<LDGRQIFImportEntry>& entry,
+                 const std::shared_ptr<LDGRAccountEntry>& chosen);
   // Whether the balance of the file becomes the statement balance of the account at OK; nothing
   // where it has none.
   void Import_TakeBalance(bool takes);

@@ -46,8 +46,7 @@ std::vector<TableColumn> ReviewColumns() {
   std::vector<TableColumn> columns = DefaultRegisterColumns();
   std::erase_if(columns, [](const TableColumn& column) { return column.identifier == "balance"; });
   columns.insert(columns.begin(), {std::string(kImport), 50, "Import", TableColumn::Content::Mark});
-  columns.push_back(
-      {std::string(kMatch), 110, "In the Account", TableColumn::Content::Text, false});
+  columns.push_back({std::string(kMatch), 110, "In the Account"});
   return columns;
 }
 
@@ -61,8 +60,9 @@ TableCell CellOfReviewed(const LDGRQIFImportEntry& entry, std::string_view colum
   return CellOfEntry(entry, column, format);
 }
 
-LDGRQIFImportTableViewDataSource::LDGRQIFImportTableViewDataSource(const TableHost& host)
-    : host_(host), table_(ReviewColumns()) {
+LDGRQIFImportTableViewDataSource::LDGRQIFImportTableViewDataSource(const TableHost& host,
+                                                                   Standings standings)
+    : host_(host), standings_(std::move(standings)), table_(ReviewColumns()) {
   table_.SetDataSource(this);
 }
 
@@ -129,17 +129,36 @@ void LDGRQIFImportTableViewDataSource::ClickedTableColumn(std::string_view ident
 
 void LDGRQIFImportTableViewDataSource::SortByColumnIdentifier(std::string_view identifier,
                                                               bool descending) {
-  const auto* const order = std::ranges::find(kOrders, identifier, &ColumnOrder::identifier);
-  if (order == kOrders.end()) return;
-  // The reversed comparisons are exact mirrors.
-  const int wanted = descending ? 1 : -1;
   QifImportEntryList sorted = entries_;
-  std::stable_sort(sorted.begin(), sorted.end(),
-                   [&](const auto& a, const auto& b) { return order->compare(*a, *b) == wanted; });
-  sort_column_ = order->identifier;
+  if (!Sort(sorted, identifier, descending)) return;
+  sort_column_ = identifier;
   sorts_descending_ = descending;
   ShowSortColumn();
   Take(std::move(sorted), GetSelectedEntry().get());
+}
+
+bool LDGRQIFImportTableViewDataSource::Sort(QifImportEntryList& entries, std::string_view column,
+                                            bool descending) const {
+  if (column == kMatch) {
+    // Each is looked for once.
+    std::vector<std::pair<ReviewStanding, std::shared_ptr<Entry>>> standings;
+    standings.reserve(entries.size());
+    for (auto& each : entries) standings.emplace_back(standings_(*each), std::move(each));
+    std::stable_sort(standings.begin(), standings.end(),
+                     [descending](const auto& a, const auto& b) {
+                       if (a.first != b.first) return (a.first < b.first) != descending;
+                       return (a.second->GetNumber() < b.second->GetNumber()) != descending;
+                     });
+    for (std::size_t i = 0; i < entries.size(); ++i) entries[i] = std::move(standings[i].second);
+    return true;
+  }
+  const auto* const order = std::ranges::find(kOrders, column, &ColumnOrder::identifier);
+  if (order == kOrders.end()) return false;
+  // The reversed comparisons are exact mirrors.
+  const int wanted = descending ? 1 : -1;
+  std::stable_sort(entries.begin(), entries.end(),
+                   [&](const auto& a, const auto& b) { return order->compare(*a, *b) == wanted; });
+  return true;
 }
 
 void LDGRQIFImportTableViewDataSource::ShowSortColumn() {

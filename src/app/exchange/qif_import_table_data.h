@@ -2,6 +2,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
@@ -16,9 +17,19 @@
 
 namespace tallyfold {
 
+// What becomes of an entry under review beside those that the account has, in the order of the
+// column that shows it.
+enum class ReviewStanding : std::uint8_t {
+  New,        // nothing like it is known
+  LeftOut,    // its file gave a reason not to mark it
+  MayRepeat,  // an entry of the account comes near it
+  Repeats,    // the account seems to hold it already
+  Matched,    // an entry of the account is taken for it
+};
+
 // The columns of the review table: "import", "date", "check", "type", "description", "toFrom",
 // "cleared", "amount", and "match", which stays empty: what an entry repeats is told by
-// LDGRQIFImportController::MatchOf().
+// LDGRQIFImportController::MatchOf() and StandingOf().
 [[nodiscard]] std::vector<TableColumn> ReviewColumns();
 
 // What an entry under review shows in a column; nothing for an unknown one.
@@ -29,8 +40,10 @@ namespace tallyfold {
 // clicked last, at first in that of the file. The entry stays selected, not the row.
 class LDGRQIFImportTableViewDataSource final : public TableDataSource {
  public:
-  // The host must outlive this.
-  explicit LDGRQIFImportTableViewDataSource(const TableHost& host);
+  using Standings = std::function<ReviewStanding(const LDGRQIFImportEntry& entry)>;
+
+  // The host must outlive this. Entries are sorted by what `standings` says of them.
+  LDGRQIFImportTableViewDataSource(const TableHost& host, Standings standings);
   LDGRQIFImportTableViewDataSource(const LDGRQIFImportTableViewDataSource&) = delete;
   LDGRQIFImportTableViewDataSource& operator=(const LDGRQIFImportTableViewDataSource&) = delete;
   ~LDGRQIFImportTableViewDataSource() override;
@@ -83,8 +96,11 @@ class LDGRQIFImportTableViewDataSource final : public TableDataSource {
   // Tells what became of the rows; the entry is selected, or none for null.
   void Take(QifImportEntryList entries, const LDGRQIFImportEntry* selected);
   void ShowSortColumn();
+  // In the rising order of a column; false for an unknown one.
+  bool Sort(QifImportEntryList& entries, std::string_view column, bool descending) const;
 
   const TableHost& host_;
+  Standings standings_;
   TableState table_;
   QifImportEntryList entries_;
   std::string date_format_;

@@ -262,6 +262,7 @@ void StatementImport::ShowColumns() {
   state_.balance_lines = reading.balance_lines;
   state_.continuation_lines = reading.continuation_lines;
   state_.other_lines = reading.other_lines;
+  state_.left_out = reading.left_out;
   for (std::size_t i = 0; i < reading.choices.columns.size(); ++i) {
     StatementOptionsState::Column& column = state_.columns.emplace_back();
     column.field = reading.choices.columns[i];

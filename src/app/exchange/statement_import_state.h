@@ -59,6 +59,7 @@ struct StatementOptionsState {
   std::size_t balance_lines = 0;
   std::size_t continuation_lines = 0;
   std::size_t other_lines = 0;
+  std::vector<LeftOutLine> left_out;
 
   // --- Of the account that is chosen ---
   std::size_t entry_count = 0;

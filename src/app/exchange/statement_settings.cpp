@@ -23,8 +23,8 @@ constexpr StatementWord kDayOrderWords[] = {
     {static_cast<std::int32_t>(DayOrder::YearDayMonth), "ydm", "Year, Day, Month"}};
 constexpr StatementWord kDecimalWords[] = {{'.', "point", "1,234.56"}, {',', "comma", "1.234,56"}};
 constexpr StatementWord kFeeWords[] = {{0, "no", "Are in the Amounts"}, {1, "yes", "Come off"}};
-constexpr StatementWord kSpendingWords[] = {{0, "negative", "Negative"},
-                                            {1, "positive", "Positive"}};
+// As what is asked about positive amounts is answered.
+constexpr StatementWord kSpendingWords[] = {{0, "negative", "No"}, {1, "positive", "Yes"}};
 constexpr StatementWord kReversalWords[] = {
     {static_cast<std::int32_t>(ReversalSign::Proven), "proven", "As Balances Prove"},
     {static_cast<std::int32_t>(ReversalSign::AsMarked), "marked", "As Marked"},

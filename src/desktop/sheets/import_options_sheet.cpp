@@ -16,6 +16,7 @@
 #include "desktop/register/look_table.h"
 #include "desktop/register/table_look.h"
 #include "desktop/sheets/form.h"
+#include "desktop/sheets/import_head.h"
 #include "desktop/sheets/proof_rows.h"
 #include "desktop/texts.h"
 #include "platform/message.h"
@@ -51,8 +52,7 @@ CellLook Verdict(const QifImportProof::Format& format) {
 ImportOptionsSheet::ImportOptionsSheet(LDGRQIFImportController& import, QWidget* window)
     : SheetDialog(window, Text("Import")),
       import_(import),
-      heading_(new QLabel(this)),
-      facts_(new QLabel(this)),
+      head_(new ImportHead(this)),
       form_(new Form(this)),
       account_(new QComboBox(form_)),
       format_(new QComboBox(form_)),
@@ -65,16 +65,9 @@ ImportOptionsSheet::ImportOptionsSheet(LDGRQIFImportController& import, QWidget*
       encodings_(new LookTable(this)),
       formats_caption_(MakeCaption(Text("Date Format"), this)),
       formats_(new LookTable(this)),
-      rows_(new LookTable(this)) {
+      rows_(new ProofRows(this)) {
   setObjectName(QLatin1String("importOptions_Sheet"));
   SetWantedWidth(kOptionsWidth);
-  heading_->setObjectName(QLatin1String("importOptions_Title"));
-  heading_->setTextFormat(Qt::PlainText);
-  heading_->setFont(DemiBoldFont(LargerFont(font(), kSheetHeadingPoints)));
-  facts_->setObjectName(QLatin1String("importOptions_Facts"));
-  facts_->setTextFormat(Qt::PlainText);
-  facts_->setWordWrap(true);
-  facts_->setForegroundRole(QPalette::PlaceholderText);
   MakeForm();
   MakeProof();
 
@@ -90,19 +83,14 @@ ImportOptionsSheet::ImportOptionsSheet(LDGRQIFImportController& import, QWidget*
   right->addWidget(formats_caption_);
   right->addWidget(formats_);
   right->addSpacing(kGap);
-  right->addWidget(MakeCaption(Text("The first entries, as they will come in"), this));
   right->addWidget(rows_);
   right->addStretch(1);
   auto* columns = new QHBoxLayout;
   columns->setSpacing(kColumnGap);
   columns->addLayout(left);
   columns->addLayout(right, 1);
-  auto* head = new QVBoxLayout;
-  head->setSpacing(2);
-  head->addWidget(heading_);
-  head->addWidget(facts_);
   Body().setSpacing(kWideGap);
-  Body().addLayout(head);
+  Body().addWidget(head_);
   Body().addLayout(columns);
   Connect();
   account_->setFocus();
@@ -166,7 +154,6 @@ void ImportOptionsSheet::MakeProof() {
                         {Text("Last"), 100},
                         {QString(), verdict, Align::Leading, true}});
   formats_->SetRowsInSight(kFormatsInSight);
-  SetUpProofRows(*rows_);
   proof_timer_.setSingleShot(true);
   proof_timer_.setTimerType(Qt::PreciseTimer);
   connect(&proof_timer_, &QTimer::timeout, this, [this] { ShowProof(); });
@@ -221,7 +208,7 @@ void ImportOptionsSheet::ShowState() {
   const QifImportOptionsState& state = import_.Options();
   if (!state.is_open) return;
   const auto& typed = state.typed;
-  heading_->setText(ToQString(state.title));
+  head_->ShowTitle(state.title);
   ShowItems(*account_, state.account_items, typed.account);
   ShowItems(*format_, state.date_format_items, typed.date_format);
   const auto show_text = [](QLineEdit* field, const std::string& text) {
@@ -255,34 +242,23 @@ void ImportOptionsSheet::ShowProof() {
   const QifImportOptionsState& state = import_.Options();
   if (!state.is_open) return;
   proof_ = import_.ImportOptions_Proof();
-  const std::string count = std::to_string(proof_.chosen_count);
-  std::string facts;
-  if (proof_.chosen_count == 0) {
-    facts = LocalizedText("There are no entries here: nothing to review.");
-  } else if (proof_.account_count > 1) {
+  std::string facts = EntriesInWords(proof_.chosen_count, proof_.first_day, proof_.last_day);
+  if (proof_.chosen_count > 0 && proof_.account_count > 1) {
     facts = Message(
         "{1} entries in {2} accounts, {3} of them chosen, {4} to {5}. Nothing is "
         "imported yet: the next step shows each entry.",
-        {std::to_string(proof_.entry_count), std::to_string(proof_.account_count), count,
-         proof_.first_day, proof_.last_day});
-  } else {
-    facts =
-        Message(Plural("{1} entry, {2} to {3}. Nothing is imported yet: the next step shows it.",
-                       "{1} entries, {2} to {3}. Nothing is imported yet: the next step shows "
-                       "each entry.",
-                       proof_.chosen_count),
-                {count, proof_.first_day, proof_.last_day});
+        {std::to_string(proof_.entry_count), std::to_string(proof_.account_count),
+         std::to_string(proof_.chosen_count), proof_.first_day, proof_.last_day});
   }
   if (!state.refused_encoding.empty()) {
     facts = Message("{1} The file is no text in {2}; it was read as {3}.",
                     {facts, state.refused_encoding, state.encoding});
   }
-  facts_->setText(ToQString(facts));
-  ok_->setText(ToQString(
-      Message(Plural("Review {1} Entry", "Review {1} Entries", proof_.chosen_count), {count})));
+  head_->ShowFacts(facts);
+  ok_->setText(ReviewTitle(proof_.chosen_count));
   ok_->setEnabled(proof_.chosen_count > 0);
   ShowFormats(proof_);
-  ShowProofRows(*rows_, proof_.rows);
+  rows_->Show(proof_.rows);
   ShowSamples(proof_);
 }
 

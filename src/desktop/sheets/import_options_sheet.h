@@ -15,7 +15,9 @@ class QRadioButton;
 namespace tallyfold::desktop {
 
 class Form;
+class ImportHead;
 class LookTable;
+class ProofRows;
 
 // The options of an import of a QIF file with a proof of what they make of the file.
 class ImportOptionsSheet final : public SheetDialog {
@@ -42,8 +44,7 @@ class ImportOptionsSheet final : public SheetDialog {
   LDGRQIFImportController& import_;
   QTimer proof_timer_;
   QifImportProof proof_;
-  QLabel* heading_;
-  QLabel* facts_;
+  ImportHead* head_;
   Form* form_;
   QComboBox* account_;
   QComboBox* format_;
@@ -59,7 +60,7 @@ class ImportOptionsSheet final : public SheetDialog {
   LookTable* encodings_;
   QLabel* formats_caption_;
   LookTable* formats_;
-  LookTable* rows_;
+  ProofRows* rows_;
   QPushButton* ok_ = nullptr;
 };
 

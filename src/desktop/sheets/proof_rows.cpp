@@ -1,6 +1,7 @@
 #include "desktop/sheets/proof_rows.h"
 
 #include <QLabel>
+#include <QVBoxLayout>
 #include <utility>
 
 #include "desktop/look/measures.h"
@@ -37,20 +38,25 @@ CellLook FigureCell(const std::string& text, Align align, bool is_dim) {
   return look;
 }
 
-void SetUpProofRows(LookTable& table) {
-  table.setObjectName(QLatin1String("importOptions_Proof_Table"));
-  table.setAccessibleName(Text("The First Entries"));
-  table.setFocusPolicy(Qt::NoFocus);
-  table.setSelectionMode(QAbstractItemView::NoSelection);
-  table.SetColumns({{Text("Date"), 80},
-                    {Text("Type"), 90},
-                    {Text("Description"), 100, Align::Leading, true},
-                    {Text("To/From"), 110},
-                    {Text("Amount"), 90, Align::Trailing}});
-  table.SetRowsInSight(static_cast<int>(kMostProofRows));
+ProofRows::ProofRows(QWidget* parent) : QWidget(parent), table_(new LookTable(this)) {
+  table_->setObjectName(QLatin1String("importOptions_Proof_Table"));
+  table_->setAccessibleName(Text("The First Entries"));
+  table_->setFocusPolicy(Qt::NoFocus);
+  table_->setSelectionMode(QAbstractItemView::NoSelection);
+  table_->SetColumns({{Text("Date"), 80},
+                      {Text("Type"), 90},
+                      {Text("Description"), 100, Align::Leading, true},
+                      {Text("To/From"), 110},
+                      {Text("Amount"), 90, Align::Trailing}});
+  table_->SetRowsInSight(static_cast<int>(kMostProofRows));
+  auto* whole = new QVBoxLayout(this);
+  whole->setContentsMargins(0, 0, 0, 0);
+  whole->setSpacing(kGap);
+  whole->addWidget(MakeCaption(Text("The first entries, as they will come in"), this));
+  whole->addWidget(table_);
 }
 
-void ShowProofRows(LookTable& table, const std::vector<QifImportProof::Row>& rows) {
+void ProofRows::Show(const std::vector<QifImportProof::Row>& rows, bool can_come_in) {
   std::vector<LookTable::Row> shown;
   for (const QifImportProof::Row& row : rows) {
     CellLook to_from = TextCell(row.to_from);
@@ -60,8 +66,9 @@ void ShowProofRows(LookTable& table, const std::vector<QifImportProof::Row>& row
     shown.push_back({FigureCell(row.date.text, Align::Leading), TextCell(row.type),
                      TextCell(row.description), to_from, amount});
   }
-  table.SetRows(std::move(shown));
-  table.SetEmptyText(Text("There are no entries here."));
+  table_->SetRows(std::move(shown));
+  table_->SetEmptyText(Text("There are no entries here."));
+  table_->setEnabled(can_come_in);
 }
 
 }  // namespace tallyfold::desktop

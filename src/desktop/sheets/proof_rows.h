@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QWidget>
 #include <string>
 #include <vector>
 
@@ -7,14 +8,12 @@
 #include "desktop/register/cell_look.h"
 
 class QLabel;
-class QString;
-class QWidget;
 
 namespace tallyfold::desktop {
 
 class LookTable;
 
-// The first entries of an import as they will come in, and the pieces that sheets of imports share.
+// The pieces that sheets of imports share.
 
 // A small title over a table, in dim.
 [[nodiscard]] QLabel* MakeCaption(const QString& text, QWidget* parent);
@@ -23,8 +22,16 @@ class LookTable;
 [[nodiscard]] CellLook FigureCell(const std::string& text, CellLook::Align align,
                                   bool is_dim = false);
 
-// Names the table and sets its columns.
-void SetUpProofRows(LookTable& table);
-void ShowProofRows(LookTable& table, const std::vector<QifImportProof::Row>& rows);
+// The first entries of an import as they will come in.
+class ProofRows final : public QWidget {
+ public:
+  explicit ProofRows(QWidget* parent);
+
+  // In dim where they cannot come in as things stand.
+  void Show(const std::vector<QifImportProof::Row>& rows, bool can_come_in = true);
+
+ private:
+  LookTable* table_;
+};
 
 }  // namespace tallyfold::desktop

@@ -18,14 +18,18 @@ constexpr int kWidestAnswer = 240;
 
 }  // namespace
 
-QuestionBar::QuestionBar(QWidget* parent)
+QuestionBar::QuestionBar(std::size_t number, QWidget* parent)
     : QWidget(parent),
       icon_(new QLabel(this)),
       text_(new QLabel(this)),
       buttons_(new QWidget(this)),
       row_(new QHBoxLayout(buttons_)) {
-  setObjectName(QLatin1String("importOptions_Question"));
-  text_->setObjectName(QLatin1String("importOptions_Question_Text"));
+  const bool is_first = number == 0;
+  setObjectName(QLatin1String("importOptions_Question") +
+                (is_first ? QString() : QLatin1Char('_') + QString::number(number)));
+  text_->setObjectName(objectName() + QLatin1String("_Text"));
+  button_name_ = (is_first ? QString(QLatin1String("importOptions")) : objectName()) +
+                 QLatin1String("_Answer_Button_");
   text_->setTextFormat(Qt::PlainText);
   text_->setWordWrap(true);
   text_->setFont(DemiBoldFont(font()));
@@ -57,7 +61,7 @@ void QuestionBar::Ask(const QString& question, const QStringList& answers) {
   for (int i = 0; i < answers.size(); ++i) {
     const QString shown = fontMetrics().elidedText(answers[i], Qt::ElideRight, kWidestAnswer);
     auto* button = new QPushButton(WithoutMnemonics(shown), buttons_);
-    button->setObjectName(QLatin1String("importOptions_Answer_Button_") + QString::number(i));
+    button->setObjectName(button_name_ + QString::number(i));
     button->setAccessibleName(answers[i]);
     if (shown != answers[i]) button->setToolTip(PlainToolTip(answers[i]));
     button->setAutoDefault(false);

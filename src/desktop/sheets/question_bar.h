@@ -3,6 +3,7 @@
 #include <QString>
 #include <QStringList>
 #include <QWidget>
+#include <cstddef>
 
 class QHBoxLayout;
 class QLabel;
@@ -14,9 +15,12 @@ class QuestionBar final : public QWidget {
   Q_OBJECT
 
  public:
-  explicit QuestionBar(QWidget* parent);
+  // The first of a sheet is importOptions_Question, the second importOptions_Question_1; their
+  // buttons are importOptions_Answer_Button_0 and importOptions_Question_1_Answer_Button_0, and so
+  // on.
+  QuestionBar(std::size_t number, QWidget* parent);
 
-  // Hidden for no answers. Buttons are importOptions_Answer_Button_0 and so on.
+  // Hidden for no answers.
   void Ask(const QString& question, const QStringList& answers);
 
  signals:
@@ -25,6 +29,7 @@ class QuestionBar final : public QWidget {
  private:
   void paintEvent(QPaintEvent* event) override;
 
+  QString button_name_;
   QLabel* icon_;
   QLabel* text_;
   QWidget* buttons_;

@@ -1,5 +1,6 @@
 #include "desktop/sheets/review_comparison.h"
 
+#include <QComboBox>
 #include <QGridLayout>
 #include <QHBoxLayout>
 #include <QLabel>
@@ -17,6 +18,7 @@
 #include "desktop/look/measures.h"
 #include "desktop/look/painting.h"
 #include "desktop/look/rule_line.h"
+#include "desktop/sheets/form.h"
 #include "desktop/texts.h"
 #include "exchange/qif_duplicates.h"
 #include "model/date_number.h"
@@ -29,6 +31,8 @@ namespace tallyfold::desktop {
 namespace {
 
 using Reason = QifMatch::Reason;
+
+constexpr int kWidestMatch = 260;
 
 struct Shown {
   std::string_view column;
@@ -118,12 +122,14 @@ ReviewComparison::ReviewComparison(QWidget* parent)
       icon_(new QLabel(this)),
       caption_(new QLabel(this)),
       reason_(new QLabel(this)),
+      matches_label_(new QLabel(Text("Match with"), this)),
+      matches_(new QComboBox(this)),
       fields_(new QWidget(this)) {
   setObjectName(QLatin1String("import_Comparison"));
   caption_->setObjectName(QLatin1String("import_Match_Field"));
   icon_->setPixmap(PixmapNamed(QLatin1String("reconcile"), kIconSize, devicePixelRatioF(),
                                ColorsOf(palette())[Role::Warning]));
-  for (QLabel* label : {caption_, reason_}) label->setTextFormat(Qt::PlainText);
+  for (QLabel* label : {caption_, reason_, matches_label_}) label->setTextFormat(Qt::PlainText);
   SetInk(reason_, Role::Dim);
   auto* head = new QHBoxLayout;
   head->setContentsMargins(kGroupGap - 2, kWideGap, kGroupGap - 2, kWideGap);
@@ -131,6 +137,14 @@ ReviewComparison::ReviewComparison(QWidget* parent)
   head->addWidget(icon_);
   head->addWidget(caption_);
   head->addWidget(reason_, 1);
+  head->addWidget(matches_label_);
+  head->addWidget(matches_);
+  matches_->setObjectName(QLatin1String("import_Match_PopUp"));
+  matches_->setAccessibleName(matches_label_->text());
+  matches_->setMaximumWidth(kWidestMatch);
+  matches_label_->setBuddy(matches_);
+  SetInk(matches_label_, Role::Dim);
+  connect(matches_, &QComboBox::activated, this, &ReviewComparison::MatchChosen);
 
   auto* grid = new QGridLayout(fields_);
   grid->setContentsMargins(kSheetMargin * 2, kWideGap, kGroupGap - 2, kWideGap);
@@ -173,7 +187,8 @@ ReviewComparison::ReviewComparison(QWidget* parent)
 }
 
 void ReviewComparison::Show(const LDGRQIFImportEntry* entry, const QifMatch* match,
-                            const TableFormat& format) {
+                            const EntryList& matches, const TableFormat& format) {
+  ShowMatches(matches, format);
   const bool is_matched = entry != nullptr && entry->GetMatched() != nullptr;
   const bool repeats = is_matched || (entry != nullptr && match != nullptr);
   fields_->setVisible(repeats);
@@ -205,6 +220,22 @@ void ReviewComparison::Show(const LDGRQIFImportEntry* entry, const QifMatch* mat
       entry->GetImport() ? "{1} It is marked: you decide." : "{1} It is not marked: you decide.",
       {reason})));
   ShowFields(*entry, *match->entry, format);
+}
+
+void ReviewComparison::ShowMatches(const EntryList& matches, const TableFormat& format) {
+  const bool has_choice = matches.size() > 1;
+  matches_label_->setVisible(has_choice);
+  matches_->setVisible(has_choice);
+  if (!has_choice) return;
+  std::vector<PopUpItem> items;
+  for (const auto& each : matches) {
+    const std::string day = DayCell(each->GetDate(), format).text;
+    const std::string& name =
+        each->GetToFrom().empty() ? each->GetDescription() : each->GetToFrom();
+    items.push_back({name.empty() ? day : Message("{1}, {2}", {day, name}),
+                     static_cast<std::int32_t>(items.size())});
+  }
+  ShowItems(*matches_, items, 0);
 }
 
 void ReviewComparison::ShowFields(const LDGRQIFImportEntry& entry, const LDGRAccountEntry& existing,

@@ -3,10 +3,12 @@
 #include <QWidget>
 #include <array>
 
+#include "model/account_entry.h"
+
+class QComboBox;
 class QLabel;
 
 namespace tallyfold {
-class LDGRAccountEntry;
 class LDGRQIFImportEntry;
 struct QifMatch;
 struct TableFormat;
@@ -21,8 +23,14 @@ class ReviewComparison final : public QWidget {
  public:
   explicit ReviewComparison(QWidget* parent);
 
-  // Null for no entry. `match` is null where it repeats nothing.
-  void Show(const LDGRQIFImportEntry* entry, const QifMatch* match, const TableFormat& format);
+  // Null for no entry. `match` is null where it repeats nothing. Where it can be matched with
+  // several entries of the account, `matches` are offered, the first being that of now.
+  void Show(const LDGRQIFImportEntry* entry, const QifMatch* match, const EntryList& matches,
+            const TableFormat& format);
+
+ signals:
+  // One of `matches`, by its place.
+  void MatchChosen(int place);
 
  private:
   class Field;
@@ -34,11 +42,14 @@ class ReviewComparison final : public QWidget {
 
   void ShowFields(const LDGRQIFImportEntry& entry, const LDGRAccountEntry& existing,
                   const TableFormat& format);
+  void ShowMatches(const EntryList& matches, const TableFormat& format);
   void paintEvent(QPaintEvent* event) override;
 
   QLabel* icon_;
   QLabel* caption_;
   QLabel* reason_;
+  QLabel* matches_label_;
+  QComboBox* matches_;
   QWidget* fields_;
   std::array<Row, 4> rows_;
 };

@@ -6,7 +6,10 @@
 namespace tallyfold::desktop {
 namespace {
 
-QString ReasonWord(UnmarkedReason reason) {
+QString StandingWord(ReviewStanding standing, UnmarkedReason reason) {
+  if (standing == ReviewStanding::Matched) return Text("Matched");
+  if (standing == ReviewStanding::Repeats) return Text("Repeats");
+  if (standing == ReviewStanding::MayRepeat) return Text("May repeat");
   switch (reason) {
     case UnmarkedReason::None:
       return {};
@@ -33,21 +36,11 @@ void ReviewDetails::AddTo(CellLook& look, std::string_view column, std::size_t r
     if (!entry->GetNotes().empty()) look.glyph_behind = QLatin1String("note");
   } else if (column == "match") {
     look.is_italic = false;
-    if (entry->GetMatched() != nullptr) {
-      look.text = Text("Matched");
-      look.word = CellLook::Word::Good;
-      return;
-    }
-    const auto match = import_.MatchOf(*entry);
-    if (!match) {
-      if (entry->GetUnmarkedReason() == UnmarkedReason::None) return;
-      look.text = ReasonWord(entry->GetUnmarkedReason());
-      look.word = CellLook::Word::Warning;
-      return;
-    }
-    const bool is_near = match->reason == QifMatch::Reason::NearDate;
-    look.text = Text(is_near ? "May repeat" : "Repeats");
-    look.word = CellLook::Word::Warning;
+    const ReviewStanding standing = import_.StandingOf(*entry);
+    if (standing == ReviewStanding::New) return;
+    look.text = StandingWord(standing, entry->GetUnmarkedReason());
+    const bool is_matched = standing == ReviewStanding::Matched;
+    look.word = is_matched ? CellLook::Word::Good : CellLook::Word::Warning;
   }
 }
 

@@ -148,6 +148,13 @@ void ReviewSheet::ConnectButtons() {
           [&import] { static_cast<void>(import.ImportEntry_Change()); });
   connect(drop_, &QPushButton::clicked, this, [&import] { import.ImportEntry_Remove(); });
   connect(match_, &QPushButton::clicked, this, [&import] { import.ImportEntry_Match(); });
+  connect(comparison_, &ReviewComparison::MatchChosen, this, [&import](int place) {
+    const auto entry = import.tableDataSource().GetSelectedEntry();
+    if (entry == nullptr) return;
+    const EntryList matches = import.MatchesFor(*entry);
+    if (static_cast<std::size_t>(place) >= matches.size()) return;
+    static_cast<void>(import.MatchWith(entry, matches[static_cast<std::size_t>(place)]));
+  });
   connect(balance_, &QCheckBox::toggled, this,
           [&import](bool is_on) { import.Import_TakeBalance(is_on); });
   connect(all_, &QPushButton::clicked, this, [&import] { import.ImportEntry_ImportAll(); });
@@ -347,7 +354,8 @@ void ReviewSheet::ShowChips() {
 void ReviewSheet::ShowComparison() {
   const auto entry = parts_.import.tableDataSource().GetSelectedEntry();
   const auto match = entry != nullptr ? parts_.import.MatchOf(*entry) : std::nullopt;
-  comparison_->Show(entry.get(), match ? &*match : nullptr, Format());
+  const EntryList matches = entry != nullptr ? parts_.import.MatchesFor(*entry) : EntryList();
+  comparison_->Show(entry.get(), match ? &*match : nullptr, matches, Format());
 }
 
 TableFormat ReviewSheet::Format() const {

@@ -82,6 +82,7 @@ void StatementColumns::Show(const StatementOptionsState& state) {
         ToQString(column.heading.empty() ? Message("Column {1}", {number})
                                          : Message("Column {1}, {2}", {number, column.heading})));
     const bool is_read = column.field != CsvField::None;
+    const std::size_t rows = 1 + column.cells.size();
     for (std::size_t row = 0; row < kShownRows; ++row) {
       const std::string none;
       const std::string& text = row == 0                     ? column.heading
@@ -90,6 +91,7 @@ void StatementColumns::Show(const StatementOptionsState& state) {
       QLabel* const label = shown.cells[row];
       label->setText(label->fontMetrics().elidedText(ToQString(text).simplified(), Qt::ElideRight,
                                                      kWidestCell));
+      label->setVisible(row < rows);
       label->setForegroundRole(is_read && row > 0 ? QPalette::Text : QPalette::PlaceholderText);
     }
   }

@@ -13,10 +13,12 @@
 #include "desktop/look/colors.h"
 #include "desktop/look/icons.h"
 #include "desktop/look/measures.h"
-#include "desktop/register/look_table.h"
 #include "desktop/sheets/form.h"
+#include "desktop/sheets/import_head.h"
+#include "desktop/sheets/left_out_lines.h"
 #include "desktop/sheets/proof_rows.h"
 #include "desktop/sheets/question_bar.h"
+#include "desktop/sheets/sheet_middle.h"
 #include "desktop/sheets/statement_columns.h"
 #include "desktop/texts.h"
 #include "platform/message.h"
@@ -57,15 +59,15 @@ void SetProofInk(QWidget* widget, const QColor& color) {
 StatementSheet::StatementSheet(LDGRQIFImportController& import, QWidget* window)
     : SheetDialog(window, Text("Import")),
       import_(import),
-      heading_(new QLabel(this)),
-      facts_(new QLabel(this)),
+      head_(new ImportHead(this)),
       account_row_(new QWidget(this)),
-      question_(new QuestionBar(this)),
+      question_lines_(new QVBoxLayout),
       columns_(new StatementColumns(this)),
       proof_(new QWidget(this)),
       proof_icon_(new QLabel(proof_)),
       proof_text_(new QLabel(proof_)),
-      rows_(new LookTable(this)),
+      rows_(new ProofRows(this)),
+      left_out_(new LeftOutLines(this)),
       types_(new QCheckBox(Text("Types as the newest entries of the payees have them"), this)),
       spending_(new QCheckBox(Text("Spending is positive (a card)"), this)),
       zero_(new QCheckBox(Text("Zero amounts are deposits"), this)) {
@@ -95,18 +97,6 @@ QComboBox* StatementSheet::AddPopUp(const QString& title, const char* name, QWid
 }
 
 void StatementSheet::LayOut() {
-  heading_->setObjectName(QLatin1String("importOptions_Title"));
-  heading_->setTextFormat(Qt::PlainText);
-  heading_->setFont(DemiBoldFont(LargerFont(font(), kSheetHeadingPoints)));
-  facts_->setObjectName(QLatin1String("importOptions_Facts"));
-  facts_->setTextFormat(Qt::PlainText);
-  facts_->setWordWrap(true);
-  facts_->setForegroundRole(QPalette::PlaceholderText);
-  auto* head = new QVBoxLayout;
-  head->setSpacing(2);
-  head->addWidget(heading_);
-  head->addWidget(facts_);
-
   account_ = AddPopUp(Text("Account"), "importOptions_Account_PopUp", account_row_);
   auto* settings = new QVBoxLayout;
   const auto* next = std::begin(kSettingPopUps);
@@ -129,7 +119,6 @@ void StatementSheet::LayOut() {
   proof->setSpacing(kGap);
   proof->addWidget(proof_icon_);
   proof->addWidget(proof_text_, 1);
-  SetUpProofRows(*rows_);
   types_->setObjectName(QLatin1String("importOptions_SuggestTypes_CheckBox"));
   spending_->setObjectName(QLatin1String("importOptions_Spending_CheckBox"));
   zero_->setObjectName(QLatin1String("importOptions_ZeroAmountsAsDeposits_CheckBox"));
@@ -142,14 +131,17 @@ void StatementSheet::LayOut() {
   checks->addStretch(1);
 
   Body().setSpacing(kWideGap);
-  Body().addLayout(head);
+  Body().addWidget(head_);
   Body().addLayout(settings);
-  Body().addWidget(question_);
-  Body().addWidget(columns_);
-  Body().addWidget(proof_);
-  Body().addWidget(MakeCaption(Text("The first entries, as they will come in"), this));
-  Body().addWidget(rows_);
-  Body().addLayout(checks);
+  question_lines_->setSpacing(kGap);
+  Body().addLayout(question_lines_);
+  auto* middle = new SheetMiddle(this);
+  middle->Lines().setSpacing(kWideGap);
+  for (QWidget* each : std::initializer_list<QWidget*>{columns_, proof_, rows_, left_out_}) {
+    middle->Lines().addWidget(each);
+  }
+  middle->Lines().addLayout(checks);
+  Body().addWidget(middle, 1);
 }
 
 void StatementSheet::Connect() {
@@ -167,9 +159,6 @@ void StatementSheet::Connect() {
     connect(each.pop_up, &QComboBox::currentIndexChanged, this,
             [this, each] { Choose(each.setting, each.pop_up->currentData().toInt()); });
   }
-  connect(question_, &QuestionBar::Answered, this, [this](int answer) {
-    import_.StatementOptions_Answer(0, static_cast<std::size_t>(answer));
-  });
   connect(columns_, &StatementColumns::FieldChosen, this, [this](int column, int field) {
     auto typed = import_.StatementOptions().typed;
     ChooseColumn(typed, import_.StatementOptions(), static_cast<std::size_t>(column),
@@ -202,50 +191,34 @@ void StatementSheet::ReadChecks() {
 void StatementSheet::ShowState() {
   if (!import_.Options().is_open || !import_.IsStatement()) return;
   const StatementOptionsState& state = import_.StatementOptions();
-  heading_->setText(ToQString(import_.Options().title));
+  head_->ShowTitle(import_.Options().title);
   ShowFacts();
   ShowSettings();
-  ShowQuestion();
+  ShowQuestions();
   columns_->Show(state);
   ShowProof();
-  ShowProofRows(*rows_, state.rows);
   const bool can_review = state.problem.empty() && state.questions.empty() && state.entry_count > 0;
-  ok_->setText(
-      ToQString(Message(Plural("Review {1} Entry", "Review {1} Entries", state.entry_count),
-                        {std::to_string(state.entry_count)})));
+  rows_->Show(state.rows, can_review);
+  left_out_->Show(state);
+  ok_->setText(ReviewTitle(state.entry_count));
   ok_->setEnabled(can_review);
-  rows_->setEnabled(can_review);
   ShowProblem(ToQString(state.problem));
   if (isVisible()) Fit();
 }
 
 void StatementSheet::ShowFacts() {
   const StatementOptionsState& state = import_.StatementOptions();
-  const std::string count = std::to_string(state.entry_count);
-  std::string facts;
-  if (state.entry_count == 0) {
-    facts = LocalizedText("There are no entries here: nothing to review.");
-  } else {
-    facts =
-        Message(Plural("{1} entry, {2} to {3}. Nothing is imported yet: the next step shows it.",
-                       "{1} entries, {2} to {3}. Nothing is imported yet: the next step shows "
-                       "each entry.",
-                       state.entry_count),
-                {count, state.first_day, state.last_day});
-  }
+  std::string facts = EntriesInWords(state.entry_count, state.first_day, state.last_day);
   const auto add = [&facts](std::string_view key, std::size_t number) {
     if (number > 0) facts += ' ' + Message(key, {std::to_string(number)});
   };
   add("Of other accounts: {1}.", state.file_entry_count - state.entry_count);
   add("Not booked yet and left out: {1}.", state.pending);
-  add("Lines of balances left out: {1}.", state.balance_lines);
-  add("Lines added to the entry above: {1}.", state.continuation_lines);
-  add("Other lines left out: {1}.", state.other_lines);
   if (state.is_cut_short) {
     facts += ' ' + LocalizedText("The file ends in the middle of an entry, which is left out.");
   }
   if (!state.message.empty()) facts += '\n' + Message("The bank says: {1}", {state.message});
-  facts_->setText(ToQString(facts));
+  head_->ShowFacts(facts);
 }
 
 void StatementSheet::ShowSettings() {
@@ -280,15 +253,36 @@ void StatementSheet::ShowSettings() {
   }
 }
 
-void StatementSheet::ShowQuestion() {
+void StatementSheet::ShowQuestions() {
   const StatementOptionsState& state = import_.StatementOptions();
-  if (!state.problem.empty() || state.questions.empty()) return question_->Ask({}, {});
-  const StatementQuestion& question = state.questions.front();
-  std::string text = LocalizedText(TextOf(question.kind));
-  if (!question.sample.empty()) {
-    text = Message("{1}: {2}", {question.sample.substr(0, question.sample.find('\n')), text});
+  const std::size_t count = state.problem.empty() ? state.questions.size() : 0;
+  while (questions_.size() < count) {
+    const std::size_t number = questions_.size();
+    auto* bar = new QuestionBar(number, this);
+    connect(bar, &QuestionBar::Answered, this, [this, number](int answer) {
+      import_.StatementOptions_Answer(number, static_cast<std::size_t>(answer));
+    });
+    question_lines_->addWidget(bar);
+    questions_.push_back(bar);
   }
-  QStringList answers;
+  for (std::size_t i = 0; i < questions_.size(); ++i) {
+    if (i < count) {
+      questions_[i]->Ask(TextOfQuestion(state.questions[i]), AnswersTo(state.questions[i]));
+    } else {
+      questions_[i]->Ask({}, {});
+    }
+  }
+}
+
+QString StatementSheet::TextOfQuestion(const StatementQuestion& question) const {
+  const std::string text = LocalizedText(TextOf(question.kind));
+  if (question.sample.empty()) return ToQString(text);
+  const std::string sample = question.sample.substr(0, question.sample.find('\n'));
+  return ToQString(Message("{1}: {2}", {sample, text}));
+}
+
+QStringList StatementSheet::AnswersTo(const StatementQuestion& question) const {
+  const StatementOptionsState& state = import_.StatementOptions();
   const auto title_of = [&state, setting = SettingOf(question.kind)](std::int64_t value) {
     if (!setting) return Message("Column {1}", {std::to_string(value + 1)});
     for (const auto& each : state.settings) {
@@ -299,10 +293,11 @@ void StatementSheet::ShowQuestion() {
     }
     return std::string();
   };
+  QStringList answers;
   for (const auto& each : question.candidates) {
-    answers.push_back(ToQString(title_of(each.value) + ": " + each.reading));
+    answers.push_back(ToQString(Message("{1}: {2}", {title_of(each.value), each.reading})));
   }
-  question_->Ask(ToQString(text), answers);
+  return answers;
 }
 
 void StatementSheet::ShowProof() {

@@ -9,10 +9,13 @@ class QCheckBox;
 class QComboBox;
 class QLabel;
 class QPushButton;
+class QVBoxLayout;
 
 namespace tallyfold::desktop {
 
-class LookTable;
+class ImportHead;
+class LeftOutLines;
+class ProofRows;
 class QuestionBar;
 class StatementColumns;
 
@@ -40,21 +43,24 @@ class StatementSheet final : public SheetDialog {
   void ReadChecks();
   void ShowFacts();
   void ShowSettings();
-  void ShowQuestion();
+  void ShowQuestions();
+  [[nodiscard]] QString TextOfQuestion(const StatementQuestion& question) const;
+  [[nodiscard]] QStringList AnswersTo(const StatementQuestion& question) const;
   void ShowProof();
 
   LDGRQIFImportController& import_;
-  QLabel* heading_;
-  QLabel* facts_;
+  ImportHead* head_;
   QWidget* account_row_;
   QComboBox* account_ = nullptr;
   std::vector<Shown> settings_;
-  QuestionBar* question_;
+  QVBoxLayout* question_lines_;
+  std::vector<QuestionBar*> questions_;  // more than are asked where fewer are than before
   StatementColumns* columns_;
   QWidget* proof_;
   QLabel* proof_icon_;
   QLabel* proof_text_;
-  LookTable* rows_;
+  ProofRows* rows_;
+  LeftOutLines* left_out_;
   QCheckBox* types_;
   QCheckBox* spending_;
   QCheckBox* zero_;
