@@ -113,6 +113,7 @@ void CommandActions::Make(const Command& command, QWidget& window) {
   window.addAction(action);
   const std::string_view name = command.name;
   connect(action, &QAction::triggered, this, [this, name] {
+    OrderIsNext();
     const auto instead = instead_.find(name);
     if (instead == instead_.end() || !instead->second()) Order(app_, name);
     // A click has turned the mark of a checkable one over, whatever came of it.

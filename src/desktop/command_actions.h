@@ -4,6 +4,7 @@
 #include <functional>
 #include <map>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "app/face/window_hooks.h"
@@ -40,6 +41,11 @@ class CommandActions final : public QObject {
   // The action of a command or control; null where it has none.
   [[nodiscard]] QAction* Named(std::string_view name) const;
   void Show();
+  // Run before anything is ordered, here or by whoever calls OrderIsNext().
+  void RunBefore(std::function<void()> run) { before_ = std::move(run); }
+  void OrderIsNext() const {
+    if (before_) before_();
+  }
   // What is run in place of a command that can run, unless it returns false.
   void RunInstead(std::string_view name, std::function<bool()> run);
   // Another key for a command that has no button for it.
@@ -55,6 +61,7 @@ class CommandActions final : public QObject {
 
   LDGRController& app_;
   Parts parts_;
+  std::function<void()> before_;
   std::vector<Entry> entries_;
   std::map<const Command*, QAction*> by_command_;
   std::map<std::string_view, std::function<bool()>> instead_;

@@ -67,6 +67,10 @@ constexpr int kNarrowWindow = 900;
 // So many accounts are in sight where the drawer lies above or below the page.
 constexpr int kRowsAcross = 5;
 
+// In the settings: whether the lines below the registers are hidden.
+constexpr QLatin1String kDetails("details_Label");
+constexpr char kHidden[] = "hidden";
+
 // Edges as the preferences number them.
 enum Edge { kLeft = 0, kBottom = 1, kRight = 2, kTop = 3 };
 
@@ -82,7 +86,6 @@ MainWindow::MainWindow(LDGRController& app, UserSettings& settings)
   setMinimumSize(kLeastSize);
   setContextMenuPolicy(Qt::NoContextMenu);
   setAcceptDrops(true);
-  splitter_->setObjectName(QLatin1String(WindowHooks::kAccountsTableFrameName));
   splitter_->setChildrenCollapsible(false);
   MakePieces();
   LayOut();
@@ -204,11 +207,14 @@ void MainWindow::Connect() {
                                        [](const auto& account) { return account->IsLocked(); });
       if (locked != accounts.end()) app_.selection().Account_Select(*locked);
     });
+    connect(menus_->DetailsItem(), &QAction::toggled, page, &RegisterPage::SetHasDetails);
     connect(page, &RegisterPage::Left, this, [this] { pieces_.search->FocusField(); });
     connect(page, &RegisterPage::ExampleWanted, this, [this] {
       if (open_example_) open_example_();
     });
   }
+  // A key leaves the focus where it is, and what is being typed belongs to what is shown.
+  actions_->RunBefore([this] { pieces_.band->EndEditing(); });
   connect(pieces_.band, &ReconcileBand::EntriesWanted, this, [this](const EntryList& entries) {
     pieces_.reconcile->SelectEntries(entries);
     FocusPage();
@@ -317,6 +323,8 @@ void MainWindow::Place() {
   resize(kFirstSize.boundedTo(room.size()));
   move(room.center() - QPoint(width() / 2, height() / 2));
   restoreGeometry(settings_.State(objectName()));
+  pieces_.accounts->SetFrame(settings_.State(QLatin1String(WindowHooks::kAccountsTableFrameName)));
+  pieces_.menus->DetailsItem()->setChecked(settings_.State(kDetails) != kHidden);
   for (QSplitter* splitter : {pieces_.schedule->Splitter(), pieces_.summary->Splitter()}) {
     splitter->restoreState(settings_.State(splitter->objectName()));
   }
@@ -324,8 +332,11 @@ void MainWindow::Place() {
 
 void MainWindow::SaveFrames() {
   settings_.SetState(objectName(), saveGeometry());
-  for (QSplitter* splitter :
-       {splitter_, pieces_.schedule->Splitter(), pieces_.summary->Splitter()}) {
+  settings_.SetState(QLatin1String(WindowHooks::kAccountsTableFrameName),
+                     pieces_.accounts->Frame());
+  const bool has_details = pieces_.menus->DetailsItem()->isChecked();
+  settings_.SetState(kDetails, has_details ? QByteArray() : QByteArray(kHidden));
+  for (QSplitter* splitter : {pieces_.schedule->Splitter(), pieces_.summary->Splitter()}) {
     settings_.SetState(splitter->objectName(), splitter->saveState());
   }
 }
@@ -390,6 +401,16 @@ void MainWindow::closeEvent(QCloseEvent* event) {
 
 void MainWindow::changeEvent(QEvent* event) {
   QMainWindow::changeEvent(event);
+  // What is not painted by the palette of the moment takes its colours when it is shown.
+  if (event->type() == QEvent::PaletteChange) {
+    QTimer::singleShot(0, this, [this] {
+      pieces_.band->Show();
+      pieces_.schedule->Show();
+      pieces_.summary->Show();
+      pieces_.status->ShowRows();
+      pieces_.status->ShowNotice();
+    });
+  }
   // What was in the way may have gone without a word; by then it is gone from the stack as well.
   if (event->type() == QEvent::ActivationChange && isActiveWindow()) {
     QTimer::singleShot(0, this, [this] { actions_->Show(); });

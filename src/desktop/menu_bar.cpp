@@ -127,7 +127,13 @@ MenuBar::MenuBar(QMenuBar& bar, CommandActions& actions, const Parts& parts)
     auto* filters = new FilterMenu(parts_.search, menu);
     SetTitle(*filters->menuAction(), Text("Filter"));
     menu->addMenu(filters);
+    details_ = menu->addAction(QString());
+    details_->setObjectName(QLatin1String("details_MenuItem"));
+    SetTitle(*details_, Text("Details of the Selected Entry"));
+    details_->setCheckable(true);
+    details_->setChecked(true);
     connect(menu, &QMenu::aboutToShow, this, [this, filters] {
+      details_->setEnabled(parts_.menus.AreOn());
       filters->menuAction()->setEnabled(actions_.Named("Search_Cancel")->isEnabled());
     });
   }
@@ -218,6 +224,7 @@ void MenuBar::ShowAccounts() {
             Qt::ControlModifier, static_cast<Qt::Key>(static_cast<int>(Qt::Key_1 + i)))));
       }
       connect(action, &QAction::triggered, this, [this, action] {
+        actions_.OrderIsNext();
         if (parts_.menus.AreOn()) parts_.menus.Account_Menu_Show_MenuItem(action->data().toInt());
         ShowAccounts();
       });

@@ -33,6 +33,8 @@ class MenuBar final : public QObject {
 
   void ShowAccounts();
   void ShowTypes();
+  // Whether the registers have a line with details below them; on at first.
+  [[nodiscard]] QAction* DetailsItem() const noexcept { return details_; }
   // For rows of a register.
   [[nodiscard]] QMenu* RowMenu() const noexcept { return row_menu_; }
   [[nodiscard]] QMenu* ScheduleMenu() const noexcept { return schedule_menu_; }
@@ -54,6 +56,7 @@ class MenuBar final : public QObject {
   QMenu* halves_menu_ = nullptr;
   QMenu* row_menu_ = nullptr;
   QAction* copy_ = nullptr;
+  QAction* details_ = nullptr;
   // After these the items of the accounts follow.
   QAction* accounts_separator_ = nullptr;
 };

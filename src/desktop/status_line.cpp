@@ -4,7 +4,6 @@
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QMenu>
-#include <QPainter>
 #include <QToolButton>
 #include <string>
 
@@ -22,7 +21,7 @@
 #include "desktop/look/figure_label.h"
 #include "desktop/look/icons.h"
 #include "desktop/look/measures.h"
-#include "desktop/look/painting.h"
+#include "desktop/look/rule_line.h"
 #include "desktop/texts.h"
 #include "platform/message.h"
 #include "registers/register_look.h"
@@ -40,18 +39,6 @@ FigureLabel* NamedLabel(QWidget* parent, const char* name) {
   label->setObjectName(QLatin1String(name));
   return label;
 }
-
-// Between the balance and what the rows come to.
-class Divider final : public QWidget {
- public:
-  explicit Divider(QWidget* parent) : QWidget(parent) { setFixedSize(1, kRuleHeight); }
-
- private:
-  void paintEvent(QPaintEvent* /*event*/) override {
-    QPainter painter(this);
-    DrawRuleBefore(painter, rect(), ColorsOf(palette())[Role::Rule]);
-  }
-};
 
 QToolButton* FlatButton(QWidget* parent, const char* name) {
   auto* button = new QToolButton(parent);
@@ -74,21 +61,20 @@ StatusLine::StatusLine(const Parts& parts, QWidget* parent)
       parts_(parts),
       mode_(FlatButton(this, "accountBalance_PopUp")),
       value_(NamedLabel(this, "accountBalance_Field")),
-      rule_(new Divider(this)),
+      rule_(new RuleLine(this, Qt::Vertical)),
       rows_(NamedLabel(this, "rows_Label")),
       hint_(new QLabel(Text("Space marks the selected entry and moves on"), this)),
       notice_image_(new QLabel(this)),
-      notice_(new QLabel(this)),
+      notice_(NamedLabel(this, "notice_Label")),
       notice_button_(FlatButton(this, "notice_Button")),
       close_(FlatButton(this, "notice_Close_Button")) {
   mode_->setPopupMode(QToolButton::InstantPopup);
   mode_->setMenu(new QMenu(mode_));
+  rule_->setFixedHeight(kRuleHeight);
   value_->setFont(DemiBoldFont(LargerFont(font(), kStatusFigurePoints)));
   hint_->setObjectName(QLatin1String("hint_Label"));
   hint_->setTextFormat(Qt::PlainText);
   hint_->setForegroundRole(QPalette::PlaceholderText);
-  notice_->setObjectName(QLatin1String("notice_Label"));
-  notice_->setTextFormat(Qt::PlainText);
   notice_->setSizePolicy(QSizePolicy::Maximum, QSizePolicy::Preferred);
   notice_->setMinimumWidth(kColumnGap);
   connect(notice_button_, &QToolButton::clicked, this, [this] { Act(); });

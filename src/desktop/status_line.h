@@ -105,7 +105,7 @@ class StatusLine final : public QWidget {
   FigureLabel* rows_;
   QLabel* hint_;
   QLabel* notice_image_;
-  QLabel* notice_;
+  FigureLabel* notice_;
   QToolButton* notice_button_;
   QToolButton* close_;
 };

@@ -23,6 +23,8 @@ struct Tool {
   std::string_view command;
   const char* icon = "";
 };
+// Beside the margin that the style gives a tool bar.
+constexpr int kBarInset = 2;
 constexpr Tool kLine = {""};
 // Stands for the menu of the three kinds.
 constexpr std::string_view kNewSchedule = "new";
@@ -90,6 +92,7 @@ ToolBars::ToolBars(CommandActions& actions, const Tabs& tabs, const AccountsDraw
     addWidget(MakeBar(tab));
   }
   setFixedHeight(kBarHeight);
+  setContentsMargins(kBarInset, 0, kBarInset, 0);
 }
 
 QToolBar* ToolBars::MakeBar(Tab tab) {
@@ -130,6 +133,12 @@ QToolBar* ToolBars::MakeBar(Tab tab) {
   lock->setIcon(IconNamed(QLatin1String("lock")));
   bar->addAction(lock);
 
+  // Holds what does not fit.
+  if (auto* more = bar->findChild<QToolButton*>(QLatin1String("qt_toolbar_ext_button"))) {
+    more->setAccessibleName(Text("More"));
+    more->setToolTip(Text("More"));
+    more->setFocusPolicy(Qt::TabFocus);
+  }
   for (QAction* action : bar->actions()) {
     auto* button = qobject_cast<QToolButton*>(bar->widgetForAction(action));
     if (button == nullptr || button == drawer_button) continue;

@@ -1,5 +1,6 @@
 #include "registers/register_look.h"
 
+#include "model/amount_input.h"
 #include "model/amounts.h"
 #include "model/date_format.h"
 #include "model/entry_type.h"
@@ -22,6 +23,10 @@ std::optional<RegisterColor> ColorOf(const LDGRAccountEntry& entry, const LDGRPr
                          p.GetTransferColor_Blue(), p.GetTransferColor_Alpha()};
   }
   return std::nullopt;
+}
+
+bool SeparatesThousands(const LDGRPreferences& preferences) {
+  return !preferences.GetShowCurrencySymbol() || preferences.GetAmountFormat() != 1;
 }
 
 }  // namespace
@@ -59,11 +64,16 @@ std::string RegisterAmountText(double amount, const LDGRPreferences& preferences
                                             : FloatToDollarCommasAmountString(amount);
 }
 
+std::string FieldAmountText(double amount, const LDGRPreferences& preferences) {
+  std::string separated = FloatToCommasAmountString(amount);
+  const bool can_be_read = ParsePlainOrUsersAmount(separated) == RoundedAmount(amount);
+  if (SeparatesThousands(preferences) && can_be_read) return separated;
+  return FixedAmountString(amount);
+}
+
 std::string CountText(std::size_t count, const LDGRPreferences& preferences) {
   std::string text = std::to_string(count);
-  const bool has_commas =
-      !preferences.GetShowCurrencySymbol() || preferences.GetAmountFormat() != 1;
-  if (!has_commas) return text;
+  if (!SeparatesThousands(preferences)) return text;
   constexpr std::size_t kGroup = 3;
   for (std::size_t place = text.size(); place > kGroup;) {
     place -= kGroup;

@@ -25,6 +25,9 @@ namespace tallyfold {
 // An amount as the preferences want it: $1,234.50, $1234.50 or 1,234.50. A sum that misses zero by
 // a rounding error has no sign.
 [[nodiscard]] std::string RegisterAmountText(double amount, const LDGRPreferences& preferences);
+// The same for a field, without a currency sign. Thousands are separated where amounts have them
+// and where that is read back with the user's separators.
+[[nodiscard]] std::string FieldAmountText(double amount, const LDGRPreferences& preferences);
 // How many there are, in a sentence: in groups of three digits where amounts have them.
 [[nodiscard]] std::string CountText(std::size_t count, const LDGRPreferences& preferences);
 

@@ -1,9 +1,11 @@
 #include "registers/schedule_dates.h"
 
+#include <algorithm>
 #include <string_view>
 
 #include "model/calendar.h"
 #include "model/date_format.h"
+#include "platform/ambient.h"
 #include "platform/message.h"
 
 namespace tallyfold {
@@ -37,6 +39,44 @@ std::vector<ScheduleDateLine> ScheduleDates(const LDGRAccountSchedule& schedule,
     lines.push_back(LineOf(occurrence, day));
   }
   return lines;
+}
+
+DueDay DueDayOf(const ScheduleDateLine& line, DateNumber today) noexcept {
+  if (IsSkippedMonth(line) || line.date > today) return DueDay::Later;
+  return line.date == today ? DueDay::Today : DueDay::Past;
+}
+
+std::string DatesHeading(const LDGRAccountSchedule& schedule) {
+  const std::string& description = schedule.GetDescription();
+  const std::string& to_from = schedule.GetToFrom();
+  if (description.empty() || to_from.empty()) return description + to_from;
+  return Message("{1}, {2}", {description, to_from});
+}
+
+std::string SkippedMonthsNote(const std::vector<ScheduleDateLine>& lines, DateNumber start) {
+  if (std::ranges::none_of(lines, &IsSkippedMonth)) return "";
+  return Message("Months without a day {1} are left out.", {std::to_string(start % 100)});
+}
+
+std::string DatesNote(const LDGRAccountSchedule& schedule,
+                      const std::vector<ScheduleDateLine>& lines) {
+  const auto dates = static_cast<std::size_t>(
+      std::ranges::count_if(lines, [](const auto& line) { return !IsSkippedMonth(line); }));
+  std::string note = dates == 0 ? LocalizedText("No date is left.")
+                     : dates == kScheduleDatesShown
+                         ? LocalizedText("The next twelve dates.")
+                         : Message(Plural("The last date.", "The last {1} dates.", dates),
+                                   {std::to_string(dates)});
+  const bool are_moved = std::ranges::any_of(
+      lines, [](const auto& line) { return !IsSkippedMonth(line) && !line.note.empty(); });
+  const std::string sentences[] = {
+      are_moved ? LocalizedText("Each is moved to the Friday before when it falls on a weekend.")
+                : "",
+      SkippedMonthsNote(lines, schedule.GetDate())};
+  for (const std::string& sentence : sentences) {
+    if (!sentence.empty()) note += ' ' + sentence;
+  }
+  return note;
 }
 
 }  // namespace tallyfold

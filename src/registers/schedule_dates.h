@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
 #include <string>
 #include <vector>
 
@@ -25,6 +26,10 @@ struct ScheduleDateLine {
   return line.date == 0;
 }
 
+enum class DueDay : std::uint8_t { Past, Today, Later };
+// Later for a month that is skipped.
+[[nodiscard]] DueDay DueDayOf(const ScheduleDateLine& line, DateNumber today) noexcept;
+
 // How many dates the schedule sheet shows.
 inline constexpr std::size_t kScheduleDatesShown = 12;
 
@@ -32,5 +37,14 @@ inline constexpr std::size_t kScheduleDatesShown = 12;
 // skipped because they lack the start's day.
 [[nodiscard]] std::vector<ScheduleDateLine> ScheduleDates(const LDGRAccountSchedule& schedule,
                                                           std::size_t count = kScheduleDatesShown);
+
+// What the dates are those of: "Pay, Harbour Books".
+[[nodiscard]] std::string DatesHeading(const LDGRAccountSchedule& schedule);
+// In sentences: how many lines there are, where days are moved and which months are left out.
+[[nodiscard]] std::string DatesNote(const LDGRAccountSchedule& schedule,
+                                    const std::vector<ScheduleDateLine>& lines);
+// The last of these alone, for a rule that names a day of the month; "" where no month is.
+[[nodiscard]] std::string SkippedMonthsNote(const std::vector<ScheduleDateLine>& lines,
+                                            DateNumber start);
 
 }  // namespace tallyfold

@@ -237,6 +237,41 @@ TEST_F(Exchange, AnOddTableDroppedOnTheWindowAsksAllAtOnceAndIsMatchedWithAChose
   EXPECT_EQ(TitleOf("import_OK_Button"), "Import 6 Entries"_q);
 }
 
+TEST_F(Exchange, OffersToLinkWhatCameInWithItsOtherHalf) {
+  const auto half = std::make_shared<LDGRAccountEntry>();
+  half->SetNumber(900);
+  half->SetIsDeposit(true);
+  half->SetAmount(41.5);
+  half->SetDate(20260220);
+  app().desk().accounts()[1]->AddEntry(half);
+  test.files.AddFile("/home/user/half.qif", "!Type:Bank\nD2/21'26\nT-41.50\nPMoved\n^\n");
+  const auto import = [this] {
+    test.panels.Answer("/home/user/half.qif");
+    Order("QIFImport");
+    test.Click("importOptions_OK_Button");
+    test.alerts.Answer("OK");
+    test.Click("import_OK_Button");
+  };
+  import();
+  const QString offer = test.TextOf("notice_Label");
+  EXPECT_FALSE(offer.isEmpty());
+  EXPECT_EQ(TitleOf("notice_Button"), "Link"_q);
+  test.Click("notice_Button");
+  EXPECT_TRUE(half->IsTransfer());
+  EXPECT_TRUE(app().desk().SelectedAccount()->GetEntries().back()->IsTransfer());
+  Order("Undo");
+  EXPECT_FALSE(half->IsTransfer());
+  EXPECT_EQ(test.Rows("entry_Table"), 24) << "it came in by a step of its own";
+  Order("Undo");
+  EXPECT_EQ(test.Rows("entry_Table"), 23);
+  // It can be turned down.
+  import();
+  EXPECT_EQ(test.TextOf("notice_Label"), offer);
+  test.Click("notice_Close_Button");
+  EXPECT_NE(test.TextOf("notice_Label"), offer);
+  EXPECT_FALSE(half->IsTransfer());
+}
+
 TEST_F(Exchange, RowsOfTheExportPanelChooseWhatIsWritten) {
   constexpr const char* kTarget = "/home/user/out.qif";
   auto& rows = app().exports().sharedQIFExportAccessoryView();

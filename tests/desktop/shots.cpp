@@ -16,6 +16,7 @@
 
 #include "app/accounts/account_editing.h"
 #include "app/accounts/account_selection.h"
+#include "app/accounts/accounts_drawer.h"
 #include "app/controller.h"
 #include "app/desk.h"
 #include "app/entries/entry_editing.h"
@@ -39,6 +40,7 @@
 #include "app/views/registers.h"
 #include "desktop/services/qt_alerts.h"
 #include "desktop/services/qt_file_panels.h"
+#include "desktop/tool_bars.h"
 #include "desktop/window_panels.h"
 #include "filters/register_search.h"
 #include "ledger/change.h"
@@ -371,6 +373,21 @@ void ForEachShot(const ShotTaker& take, const PanelTaker& take_panel) {
   show("smallest-reconcile", [](TestWindow& test) {
     test.program->app().tabs().Select(Tab::Reconcile);
     test.program->window().resize(test.program->window().minimumSize());
+  });
+  show("narrow-reconcile", [](TestWindow& test) {
+    test.program->app().desk().preferences().SetAccountsDrawerWidth(450);
+    test.program->window().resize(900, 600);
+    test.program->app().tabs().Select(Tab::Reconcile);
+    test.program->app().accountsDrawer().ToggleAccountsDrawer();
+    test.program->app().accountsDrawer().ToggleAccountsDrawer();
+  });
+  show("narrow-tools",
+       [](TestWindow& test) { test.program->window().pieces().tools->setFixedWidth(480); });
+  show("late-schedule", [](TestWindow& test) {
+    test.ambient.clock.Advance(std::chrono::hours(24 * 8));
+    test.program->app().refresh().DayChanged();
+    test.program->app().tabs().Select(Tab::Schedule);
+    test.ClickRow("schedule_Table", 1);
   });
   show("smallest", [](TestWindow& test) {
     test.program->window().resize(test.program->window().minimumSize());

@@ -3,6 +3,7 @@
 #include <QAction>
 #include <QApplication>
 #include <QDropEvent>
+#include <QLabel>
 #include <QLineEdit>
 #include <QMenu>
 #include <QMimeData>
@@ -15,6 +16,9 @@
 #include "app/desk.h"
 #include "app/face/sheet_slot.h"
 #include "app/shell/tabs.h"
+#include "desktop/drawer/accounts_list.h"
+#include "desktop/menu_bar.h"
+#include "desktop/tabs/register_page.h"
 #include "desktop/test_window.h"
 #include "filters/register_search.h"
 #include "model/account.h"
@@ -115,6 +119,73 @@ TEST(DecimalComma, IsTypedSoughtAndReconciledWith) {
   EXPECT_NE(test.files.Read(TestWindow::kAccountsFile)->view().find("<real>-1235</real>"),
             std::string_view::npos);
   static_cast<void>(std::setlocale(LC_ALL, former.c_str()));
+}
+
+TEST(StatementBalance, BelongsToTheAccountItWasTypedFor) {
+  TestWindow test(ExampleAccounts());
+  ASSERT_TRUE(test.Launch());
+  const Desk& desk = test.program->app().desk();
+  const auto first = desk.SelectedAccount();
+  test.Key(Qt::Key_2, Qt::AltModifier);
+  auto* statement = test.Find<QLineEdit>("statementBalance_Field");
+  const auto type = [&](const char* text) {
+    statement->setFocus();
+    statement->selectAll();
+    test.Type(text);
+  };
+  type("77.5");
+  test.Key(Qt::Key_2, Qt::ControlModifier);
+  ASSERT_NE(desk.SelectedAccount(), first);
+  EXPECT_EQ(first->statementBalance(), 77.5);
+  EXPECT_EQ(desk.SelectedAccount()->statementBalance(), 0.0);
+  EXPECT_EQ(Utf8(statement->text()), "0.00");
+  type("2x");
+  test.Key(Qt::Key_1, Qt::ControlModifier);
+  EXPECT_EQ(Utf8(statement->text()), "77.50");
+}
+
+TEST(Frames, OfTheAccountsAndTheDetailsAreKeptBetweenRuns) {
+  TestWindow test(ExampleAccounts());
+  ASSERT_TRUE(test.Launch());
+  AccountsList& accounts = *test.program->window().pieces().accounts;
+  EXPECT_EQ(accounts.Frame().toStdString(), "accounts 130 balance 90");
+  for (const char* bad : {"", "balance", "x 1 balance 140", "balance nan", "balance 1e9"}) {
+    accounts.SetFrame(bad);
+    EXPECT_EQ(accounts.Frame().toStdString(), "accounts 130 balance 90") << bad;
+  }
+  accounts.SetFrame("balance 140 accounts 70");
+  EXPECT_EQ(Utf8(test.Row("accountsDrawer_Accounts_Table", 1)), "$2,725.58|Joint checking");
+  test.program->window().pieces().menus->DetailsItem()->trigger();
+  const auto* details =
+      test.program->window().pieces().entries->findChild<QLabel*>(QStringLiteral("details_Label"));
+  EXPECT_TRUE(details->isHidden());
+  test.program->FlushSettings();
+  UserSettings settings(test.settings / "window");
+  EXPECT_EQ(settings.State(QStringLiteral("Tallyfold.accountsDrawer_Accounts_Table")).toStdString(),
+            "balance 140 accounts 70");
+  accounts.SetFrame("accounts 130 balance 90");
+  test.program->window().pieces().menus->DetailsItem()->trigger();
+  test.program->window().Place();
+  EXPECT_EQ(accounts.Frame().toStdString(), "balance 140 accounts 70");
+  EXPECT_TRUE(details->isHidden());
+}
+
+TEST(Palette, IsFollowedByWhatIsShownAlready) {
+  TestWindow test(ExampleAccounts());
+  ASSERT_TRUE(test.Launch());
+  test.Key(Qt::Key_2, Qt::AltModifier);
+  const auto ink = [&test] {
+    return test.FindWidget("difference_Field")->palette().color(QPalette::WindowText);
+  };
+  const QColor light = ink();
+  const QPalette former = QApplication::palette();
+  QPalette dark(QColor(0x20, 0x20, 0x20));
+  QApplication::setPalette(dark);
+  test.Settle();
+  EXPECT_NE(ink(), light);
+  QApplication::setPalette(former);
+  test.Settle();
+  EXPECT_EQ(ink(), light);
 }
 
 TEST(DroppedFile, IsImportedWhereNothingIsInTheWay) {

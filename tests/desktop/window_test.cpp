@@ -194,6 +194,21 @@ TEST_F(Window, OrdersGoToAllSelectedRowsAndAreOneStep) {
   order("currentTableDataSource_Cleared_CheckBox");
   EXPECT_EQ(test.Row("entry_Table", 3).count(u'\u2713'), 1);
 
+  // The types of the current one's kind, given to those of that kind; the transfer stays.
+  const auto type_of = [this](int row) {
+    return test.Row("entry_Table", row).section(QLatin1Char('|'), 2, 2);
+  };
+  test.ClickRow("entry_Table", 3);
+  test.Key(Qt::Key_Up, Qt::ShiftModifier);
+  for (QAction* action :
+       test.program->window().findChild<QMenu*>("entryMenu_Types_Menu"_q)->actions()) {
+    if (action->text().remove(u'&') == "Health"_q) action->trigger();
+  }
+  EXPECT_EQ(type_of(2), "Health"_q);
+  EXPECT_EQ(type_of(3), "Transfer To"_q);
+  order("Undo");
+  EXPECT_EQ(type_of(2), "Groceries"_q);
+
   // The other half of the transfer among them is in the account they would move to.
   auto* move = test.program->window().findChild<QMenu*>("entryMenu_Move_Menu"_q);
   const auto move_to = [&](const QString& account) {
@@ -261,7 +276,7 @@ TEST_F(Window, ShowsWhatIsScheduledAndTheSummaries) {
   EXPECT_FALSE(IsVisible("search_Field"));
   test.Key(Qt::Key_4, Qt::AltModifier);
   EXPECT_EQ(test.Rows("summary_Table"), 12);
-  EXPECT_EQ(test.TextOf("summary_Title"), " Custom..."_q);
+  EXPECT_EQ(test.TextOf("summary_Title"), "Custom..."_q);
   test.FindWidget("summary_Table")->setFocus();
   test.Key(Qt::Key_Down);
   EXPECT_EQ(test.TextOf("summary_Title"), "All Entries, Month To Date"_q);

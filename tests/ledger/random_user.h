@@ -2,11 +2,12 @@
 
 #include <gtest/gtest.h>
 
-#include <algorithm>
 #include <memory>
 #include <random>
 #include <string>
 
+#include "exchange/qif_import.h"
+#include "exchange/qif_review.h"
 #include "ledger/change.h"
 #include "ledger/ledger.h"
 #include "model/account_records.h"
@@ -18,6 +19,9 @@ namespace tallyfold {
 class RandomUser {
  public:
   RandomUser(Ledger& ledger, unsigned seed) : ledger_(ledger), random_(seed) {}
+
+  // What it does from here on includes imports. They take numbers that nothing is given.
+  void BeginImporting() noexcept { imports_ = true; }
 
   // One step; false when it came to nothing.
   bool Act() {
@@ -32,9 +36,7 @@ class RandomUser {
     Operate(change, PickAccount());
     if (Below(8) == 0) return false;
     const ChangeSet set = change.Close();
-    return std::any_of(set.accounts.begin(), set.accounts.end(),
-                       [](const auto& each) { return !(each.kinds == ChangeKind::Settings); }) ||
-           !set.accounts_added.empty() || !set.accounts_removed.empty();
+    return set.HasMoreThanSettings();
   }
   int Below(int limit) { return std::uniform_int_distribution(0, limit - 1)(random_); }
 
@@ -58,7 +60,7 @@ class RandomUser {
 
   void Operate(Change& change, const std::shared_ptr<LDGRAccount>& account) {
     const auto entry = Pick(account->GetEntries());
-    switch (Below(18)) {
+    switch (Below(imports_ ? 19 : 18)) {
       case 0:
       case 1:
         return change.Add(account, NewEntry(change, account));
@@ -151,6 +153,8 @@ class RandomUser {
           change.Add(added, NewEntry(change, added));
         }
         return;
+      case 18:
+        return Import(change, account);
       default:
         if (ledger_.accounts().accounts().size() > 2) change.RemoveAccount(account);
         if (entry) {  // one that only changes its place
@@ -162,8 +166,30 @@ class RandomUser {
     }
   }
 
+  // Some with types of their own, some that repeat what is there.
+  void Import(Change& change, const std::shared_ptr<LDGRAccount>& account) {
+    std::string records = "!Type:Bank\n";
+    for (int i = 1 + Below(4); i > 0; --i) {
+      records += "D03/" + std::to_string(1 + Below(28)) + "/2007\nT-" + std::to_string(Below(100)) +
+                 "\nLKind " + std::to_string(Below(6)) + "\n^\n";
+    }
+    // The review takes a number of the account for itself.
+    change.EditSettings(account);
+    LDGRQIFImport import(records);
+    import.SetDateFormat("%m/%d/%Y");
+    const QifResult result = import.Parse();
+    QifReview review(result, result.entries, *account);
+    const auto entries = review.entries();
+    for (const auto& entry : entries) {
+      if (Below(3) == 0) review.Match(entry);
+      if (Below(5) == 0) review.Toggle(entry);
+    }
+    review.Commit(change, account, Below(2) == 0);
+  }
+
   Ledger& ledger_;
   std::mt19937 random_;
+  bool imports_ = false;
 };
 
 }  // namespace tallyfold

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "fakes/fake_ambient.h"
+#include "model/amount_input.h"
 
 namespace tallyfold {
 namespace {
@@ -53,6 +54,29 @@ TEST(RegisterRows, WriteAmountsAndDaysAsThePreferencesWant) {
   EXPECT_EQ(RegisterAmountText(-1234.5, preferences), "-$1234.50");
   preferences.SetShowCurrencySymbol(false);
   EXPECT_EQ(RegisterAmountText(-1234.5, preferences), "-1,234.50");
+}
+
+TEST(RegisterRows, WriteAmountsIntoFieldsSoThatTheyAreReadAgain) {
+  FakeAmbient ambient;
+  LDGRPreferences preferences;
+  const struct {
+    const char* decimal;
+    const char* thousands;
+    std::int32_t format;
+    double amount;
+    const char* text;
+  } cases[] = {
+      {".", ",", 0, -1234.5, "-1,234.50"}, {".", ",", 1, -1234.5, "-1234.50"},
+      {",", ".", 0, -1234.5, "-1234.50"},  {",", ".", 0, 12.5, "12.50"},
+      {".", "", 0, 1234.0, "1234.00"},     {".", ",", 0, 0.0, "0.00"},
+  };
+  for (const auto& each : cases) {
+    ambient.locale.decimal_separator = each.decimal;
+    ambient.locale.thousands_separator = each.thousands;
+    preferences.SetAmountFormat(each.format);
+    EXPECT_EQ(FieldAmountText(each.amount, preferences), each.text);
+    EXPECT_EQ(ParsePlainOrUsersAmount(each.text), each.amount) << each.text;
+  }
 }
 
 }  // namespace

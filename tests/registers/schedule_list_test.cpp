@@ -4,6 +4,7 @@
 
 #include "fakes/fake_ambient.h"
 #include "registers/fake_table_host.h"
+#include "registers/schedule_dates.h"
 #include "registers/schedule_table_view_data.h"
 #include "registers/table_log.h"
 
@@ -74,6 +75,28 @@ TEST(ScheduleList, PutsTheNextFirstAndCountsWhatHasPassed) {
   }
   EXPECT_EQ(rows,
             (std::vector<std::string>{"1 2004-02-22 2 Transfer From", "2 2004-04-01  ", "0 - 1 "}));
+}
+
+TEST(ScheduleDates, SayWhatTheyAreTheDatesOf) {
+  FakeAmbient ambient;
+  const auto schedule = Schedule(1, 20040131, 4);
+  schedule->SetToFrom("Owner");
+  EXPECT_EQ(DatesHeading(*schedule), "Owner");
+  schedule->SetDescription("Rent");
+  EXPECT_EQ(DatesHeading(*schedule), "Rent, Owner");
+  auto lines = ScheduleDates(*schedule);
+  EXPECT_EQ(DatesNote(*schedule, lines),
+            "The next twelve dates. Months without a day 31 are left out.");
+  EXPECT_EQ(DueDayOf(lines[0], 20040131), DueDay::Today);
+  EXPECT_EQ(DueDayOf(lines[0], 20040201), DueDay::Past);
+  EXPECT_EQ(DueDayOf(lines[0], 20040130), DueDay::Later);
+  EXPECT_EQ(DueDayOf(lines[1], 20990101), DueDay::Later) << "a month without the day";
+  schedule->SetUsePrecedingFriday(true);
+  EXPECT_NE(DatesNote(*schedule, ScheduleDates(*schedule)).find(" Each is moved to the Friday"),
+            std::string::npos);
+  lines.resize(1);
+  EXPECT_EQ(DatesNote(*schedule, lines), "The last date.");
+  EXPECT_EQ(DatesNote(*schedule, {}), "No date is left.");
 }
 
 TEST(ScheduleTable, ShowsAndSortsByItsColumns) {

@@ -9,7 +9,6 @@
 #include "ledger/change.h"
 #include "model/entry_type.h"
 #include "platform/ambient.h"
-#include "platform/message.h"
 
 namespace tallyfold {
 namespace {
@@ -235,10 +234,7 @@ void ScheduleEditing::Update() {
                               : std::make_shared<LDGRAccountSchedule>();
     StoreValues(values, *schedule);
     state_.dates = ScheduleDates(*schedule);
-    if (std::ranges::any_of(state_.dates, &IsSkippedMonth)) {
-      state_.dates_note =
-          Message("Months without a day {1} are left out.", {std::to_string(*values.start % 100)});
-    }
+    state_.dates_note = SkippedMonthsNote(state_.dates, *values.start);
   }
   announcer_.Changed(Area::ScheduleSheet);
 }

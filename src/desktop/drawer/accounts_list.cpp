@@ -20,6 +20,7 @@ namespace tallyfold::desktop {
 namespace {
 
 constexpr std::string_view kBalance = "balance";
+constexpr double kWidestColumn = 10'000.0;
 
 }  // namespace
 
@@ -113,6 +114,29 @@ void AccountsList::Show() {
   caption_->setText(ToQString(total.title));
   total_->setText(ToQString(total.text));
   NameFigure(*total_, caption_->text(), total_->text());
+}
+
+QByteArray AccountsList::Frame() const {
+  QStringList words;
+  for (const TableColumn& column : parts_.drawer.Table().Columns()) {
+    words.append(ToQString(column.identifier));
+    words.append(QString::number(column.width));
+  }
+  return words.join(QLatin1Char(' ')).toLatin1();
+}
+
+void AccountsList::SetFrame(const QByteArray& frame) {
+  TableState& table = parts_.drawer.Table();
+  const QStringList words = QString::fromLatin1(frame).split(QLatin1Char(' '));
+  std::size_t place = 0;
+  for (qsizetype i = 0; i + 1 < words.size(); i += 2) {
+    const auto column = table.ColumnWithIdentifier(ToUtf8(words[i]));
+    bool is_number = false;
+    const double width = words[i + 1].toDouble(&is_number);
+    if (!column || !is_number || !(width >= 0.0 && width <= kWidestColumn)) return;
+    table.SetColumnWidth(*column, width);
+    table.MoveColumn(*column, place++);
+  }
 }
 
 void AccountsList::FocusTable() {

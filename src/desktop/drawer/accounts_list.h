@@ -33,6 +33,10 @@ class AccountsList final : public QWidget {
   // Draws everything as the preferences want it now.
   void ShowLook();
   void FocusTable();
+  // The order and widths of the columns, to be kept between runs; what cannot be read changes
+  // nothing.
+  [[nodiscard]] QByteArray Frame() const;
+  void SetFrame(const QByteArray& frame);
 
  private:
   bool eventFilter(QObject* receiver, QEvent* event) override;

@@ -8,8 +8,9 @@
 #include "desktop/texts.h"
 #include "model/amount_input.h"
 #include "model/amount_sum.h"
-#include "model/amounts.h"
+#include "registers/register_look.h"
 #include "registers/speaking_text_field.h"
+#include "storage/preferences.h"
 
 namespace tallyfold::desktop {
 
@@ -19,9 +20,11 @@ std::optional<double> AmountIn(const QString& text) {
   return ParsePlainOrUsersAmount(typed);
 }
 
-AmountField::AmountField(QWidget* parent)
-    : QLineEdit(parent),
-      format_([](double amount) { return ToQString(FixedAmountString(amount)); }) {
+QString TextOfAmount(double amount) {
+  return ToQString(FieldAmountText(amount, LDGRPreferences::sharedPreferences()));
+}
+
+AmountField::AmountField(QWidget* parent) : QLineEdit(parent) {
   setMaxLength(kAnyLength);
   setAlignment(Qt::AlignTrailing | Qt::AlignVCenter);
   connect(this, &QLineEdit::textEdited, this, &AmountField::TakeEdit);
@@ -37,7 +40,7 @@ std::optional<double> AmountField::Amount() const {
 }
 
 void AmountField::AddUp() {
-  if (const auto sum = SumOfTypedAmounts(ToUtf8(text()))) setText(format_(*sum));
+  if (const auto sum = SumOfTypedAmounts(ToUtf8(text()))) setText(TextOfAmount(*sum));
 }
 
 void AmountField::TakeEdit(const QString& text) {

@@ -1,9 +1,7 @@
 #pragma once
 
 #include <QLineEdit>
-#include <functional>
 #include <optional>
-#include <utility>
 
 namespace tallyfold {
 class LDGRSpeakingTextField;
@@ -13,6 +11,9 @@ namespace tallyfold::desktop {
 
 // What a typed text comes to; a sum such as "12.50+3" as what it adds up to. None for no amount.
 [[nodiscard]] std::optional<double> AmountIn(const QString& text);
+// An amount as it is written into a field, which AmountIn() reads: as the preferences in force want
+// it, but without a currency sign.
+[[nodiscard]] QString TextOfAmount(double amount);
 
 // A field for an amount: read by the core's parser, a sum such as "12.50+3" added up when the field
 // is left, each digit echoed aloud where that is wanted.
@@ -22,8 +23,6 @@ class AmountField final : public QLineEdit {
  public:
   explicit AmountField(QWidget* parent = nullptr);
 
-  // How a sum is written into the field; at first as a plain number.
-  void SetFormat(std::function<QString(double)> format) { format_ = std::move(format); }
   // Hears of each change of the text, and may refuse it; null for none. It must outlive its stay
   // here.
   void SetSpeaking(LDGRSpeakingTextField* speaking) noexcept { speaking_ = speaking; }
@@ -40,7 +39,6 @@ class AmountField final : public QLineEdit {
  private:
   void TakeEdit(const QString& text);
 
-  std::function<QString(double)> format_;
   LDGRSpeakingTextField* speaking_ = nullptr;
   // As the speaking field knows it.
   QString spoken_;

@@ -37,6 +37,8 @@ SearchField::SearchField(QWidget* parent)
   filter_->setFocusPolicy(Qt::TabFocus);
   field_->setObjectName(QStringLiteral("search_Field"));
   field_->setFrame(false);
+  // A file that is dropped is meant for the window.
+  field_->setAcceptDrops(false);
   clear_->setObjectName(QStringLiteral("search_Cancel_Button"));
   clear_->setIcon(IconNamed(QLatin1String("close")));
   clear_->setIconSize({kGlyphSize, kGlyphSize});

@@ -18,6 +18,19 @@ QString WithMinuses(QString text) {
   return text;
 }
 
+// As many characters of the text as fit, and an ellipsis.
+QString Cut(const QString& text, const Figures& figures, double room) {
+  constexpr QChar kEllipsis(0x2026);
+  qsizetype fitting = 0;
+  qsizetype beyond = text.size();
+  while (beyond - fitting > 1) {
+    const qsizetype half = (fitting + beyond) / 2;
+    (figures.Width(text.left(half) + kEllipsis) <= room ? fitting : beyond) = half;
+  }
+  if (fitting > 0 && text[fitting - 1].isHighSurrogate()) --fitting;
+  return text.left(fitting).trimmed() + kEllipsis;
+}
+
 }  // namespace
 
 FigureLabel::FigureLabel(QWidget* parent) : QLabel(parent) {
@@ -36,8 +49,11 @@ void FigureLabel::paintEvent(QPaintEvent* /*event*/) {
   painter.setPen(
       palette().color(isEnabled() ? QPalette::Active : QPalette::Disabled, foregroundRole()));
   const Qt::Alignment side = QStyle::visualAlignment(layoutDirection(), alignment());
-  Figures(font()).Draw(painter, contentsRect(), WithMinuses(text()),
-                       (side & Qt::AlignRight) != 0 ? Qt::AlignRight : Qt::AlignLeft);
+  const Figures figures(font());
+  const QRect room = contentsRect();
+  QString shown = WithMinuses(text());
+  if (std::ceil(figures.Width(shown)) > room.width()) shown = Cut(shown, figures, room.width());
+  figures.Draw(painter, room, shown, (side & Qt::AlignRight) != 0 ? Qt::AlignRight : Qt::AlignLeft);
 }
 
 }  // namespace tallyfold::desktop

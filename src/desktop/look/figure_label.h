@@ -5,7 +5,8 @@
 namespace tallyfold::desktop {
 
 // A line of text with figures in it, drawn on tabular digits and with true minuses before them. Its
-// text stays as it is.
+// text stays as it is. Never narrower than that unless it is told a least width; then the text ends
+// in an ellipsis.
 class FigureLabel final : public QLabel {
  public:
   explicit FigureLabel(QWidget* parent);

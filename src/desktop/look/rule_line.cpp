@@ -7,13 +7,23 @@
 
 namespace tallyfold::desktop {
 
-RuleLine::RuleLine(QWidget* parent) : QWidget(parent) {
-  setFixedHeight(1);
+RuleLine::RuleLine(QWidget* parent, Qt::Orientation orientation)
+    : QWidget(parent), orientation_(orientation) {
+  if (orientation == Qt::Horizontal) {
+    setFixedHeight(1);
+  } else {
+    setFixedWidth(1);
+  }
 }
 
 void RuleLine::paintEvent(QPaintEvent*) {
   QPainter painter(this);
-  DrawRuleBelow(painter, rect(), ColorsOf(palette())[Role::Rule]);
+  const QColor& color = ColorsOf(palette())[Role::Rule];
+  if (orientation_ == Qt::Horizontal) {
+    DrawRuleBelow(painter, rect(), color);
+  } else {
+    DrawRuleBefore(painter, rect(), color);
+  }
 }
 
 }  // namespace tallyfold::desktop

@@ -4,13 +4,15 @@
 
 namespace tallyfold::desktop {
 
-// A horizontal rule between areas.
+// A rule between areas, or upright between what stands side by side.
 class RuleLine final : public QWidget {
  public:
-  explicit RuleLine(QWidget* parent);
+  explicit RuleLine(QWidget* parent, Qt::Orientation orientation = Qt::Horizontal);
 
  private:
   void paintEvent(QPaintEvent* event) override;
+
+  Qt::Orientation orientation_;
 };
 
 }  // namespace tallyfold::desktop

@@ -113,7 +113,8 @@ int Style::pixelMetric(PixelMetric metric, const QStyleOption* option,
     case PM_MenuBarHMargin:
       return 3;
     case PM_ToolBarSeparatorExtent:
-      return 2 * kGap + 1;
+      // The spacing of the tools stands on either side as well.
+      return 2 * (kGap - kTightGap) + 1;
     case PM_MenuHMargin:
     case PM_MenuVMargin:
       return kTightGap;

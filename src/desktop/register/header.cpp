@@ -18,6 +18,8 @@ namespace tallyfold::desktop {
 namespace {
 
 constexpr int kMarkGap = 4;
+// Between the heading of a list and its first row, below the rule.
+constexpr int kListInset = 6;
 
 bool IsTrailing(const TableColumn& column) {
   return column.content == TableColumn::Content::Amount ||
@@ -63,7 +65,12 @@ void Header::MakeBar() {
 
 int Header::Height() const {
   const int height = HeaderHeight(QFontMetrics(plain_));
-  return is_bar_ ? std::max(kBarHeight, height) : height;
+  // A bar beside it has its rule below it.
+  return is_bar_ ? std::max(kBarHeight + 1, height) + kListInset : height;
+}
+
+QRect Header::AboveInset(const QRect& rect) const {
+  return is_bar_ ? rect.adjusted(0, 0, 0, -kListInset) : rect;
 }
 
 QSize Header::sizeHint() const {
@@ -82,10 +89,11 @@ void Header::paintEvent(QPaintEvent* event) {
   }
   QHeaderView::paintEvent(event);
   QPainter painter(viewport());
-  DrawRuleBelow(painter, viewport()->rect(), ColorsOf(palette())[Role::Rule]);
+  DrawRuleBelow(painter, AboveInset(viewport()->rect()), ColorsOf(palette())[Role::Rule]);
 }
 
-void Header::paintSection(QPainter* painter, const QRect& rect, int section) const {
+void Header::paintSection(QPainter* painter, const QRect& whole, int section) const {
+  const QRect rect = AboveInset(whole);
   if (!rect.isValid() || section >= model_.columnCount()) return;
   const Colors& colors = ColorsOf(palette());
   const TableColumn& column = model_.ColumnAt(section);

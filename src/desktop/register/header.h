@@ -38,7 +38,7 @@ class Header final : public QHeaderView {
 
  protected:
   void paintEvent(QPaintEvent* event) override;
-  void paintSection(QPainter* painter, const QRect& rect, int section) const override;
+  void paintSection(QPainter* painter, const QRect& whole, int section) const override;
   void mousePressEvent(QMouseEvent* event) override;
   void mouseMoveEvent(QMouseEvent* event) override;
   void mouseReleaseEvent(QMouseEvent* event) override;
@@ -46,6 +46,8 @@ class Header final : public QHeaderView {
   void contextMenuEvent(QContextMenuEvent* event) override;
 
  private:
+  // Without the space that a list has above its first row.
+  [[nodiscard]] QRect AboveInset(const QRect& rect) const;
   [[nodiscard]] bool IsSortColumn(int section) const;
   void SetHovered(int section);
 

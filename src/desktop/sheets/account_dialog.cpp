@@ -14,7 +14,6 @@
 #include "desktop/sheets/form.h"
 #include "desktop/sheets/page_list.h"
 #include "desktop/texts.h"
-#include "model/amounts.h"
 #include "platform/message.h"
 
 namespace tallyfold::desktop {
@@ -200,7 +199,7 @@ void AccountDialog::ShowState() {
     show(name_, ToQString(typed.name));
     // A field that cannot be read keeps its text.
     if (typed.starting_balance && balance_->Amount() != typed.starting_balance) {
-      show(balance_, ToQString(FixedAmountString(*typed.starting_balance)));
+      show(balance_, TextOfAmount(*typed.starting_balance));
     }
     if (typed.starting_check_number &&
         WholeNumberIn(*check_number_) != typed.starting_check_number) {

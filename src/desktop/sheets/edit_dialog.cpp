@@ -18,7 +18,6 @@
 #include "desktop/look/measures.h"
 #include "desktop/sheets/form.h"
 #include "desktop/texts.h"
-#include "model/amounts.h"
 #include "model/date_format.h"
 #include "platform/message.h"
 #include "registers/register_look.h"
@@ -241,7 +240,7 @@ void EditDialog::ShowDay(const std::optional<DateNumber>& day) {
 
 void EditDialog::ShowAmount(const std::optional<double>& amount) {
   if (!amount || TypedAmount() == amount) return;
-  amount_->setText(*amount == 0.0 ? QString() : ToQString(FixedAmountString(*amount)));
+  amount_->setText(*amount == 0.0 ? QString() : TextOfAmount(*amount));
 }
 
 void EditDialog::ShowNotes(const std::string& notes) {

@@ -7,6 +7,7 @@
 #include <array>
 #include <map>
 #include <tuple>
+#include <utility>
 
 #include "desktop/fields/amount_field.h"
 #include "desktop/fields/date_field.h"
@@ -16,7 +17,6 @@
 #include "desktop/register/table_look.h"
 #include "desktop/register/table_titles.h"
 #include "desktop/texts.h"
-#include "model/amounts.h"
 #include "model/date_format.h"
 #include "platform/ambient.h"
 #include "registers/register_look.h"
@@ -168,8 +168,7 @@ class ReminderTable::Model final : public QAbstractTableModel {
   }
   [[nodiscard]] QString EditedText(const ReminderRow& row, int column) const {
     if (column != kDueAmount) return TextAt(row, column);
-    return row.typed.amount ? ToQString(FixedAmountString(*row.typed.amount))
-                            : Unread(row, kDueAmount);
+    return row.typed.amount ? TextOfAmount(*row.typed.amount) : Unread(row, kDueAmount);
   }
   [[nodiscard]] QString TextAt(const ReminderRow& row, int column) const {
     switch (column) {

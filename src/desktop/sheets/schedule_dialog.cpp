@@ -19,7 +19,6 @@
 #include "desktop/sheets/schedule_rule.h"
 #include "desktop/sheets/split_table.h"
 #include "desktop/texts.h"
-#include "model/amounts.h"
 #include "model/date_format.h"
 #include "platform/message.h"
 #include "registers/register_look.h"
@@ -283,7 +282,7 @@ void ScheduleDialog::ShowState() {
 
 void ScheduleDialog::ShowAmount(const std::optional<double>& amount) {
   if (!amount || TypedAmount() == amount) return;
-  amount_->setText(*amount == 0.0 ? QString() : ToQString(FixedAmountString(*amount)));
+  amount_->setText(*amount == 0.0 ? QString() : TextOfAmount(*amount));
 }
 
 }  // namespace tallyfold::desktop

@@ -5,6 +5,7 @@
 #include <QKeyEvent>
 #include <algorithm>
 #include <array>
+#include <utility>
 
 #include "desktop/fields/amount_field.h"
 #include "desktop/fields/combo_box_cell.h"
@@ -12,7 +13,6 @@
 #include "desktop/look/measures.h"
 #include "desktop/register/spoken_cell.h"
 #include "desktop/texts.h"
-#include "model/amounts.h"
 
 namespace tallyfold::desktop {
 namespace {
@@ -28,8 +28,8 @@ std::optional<double> AmountOf(const QString& text) {
   return text.trimmed().isEmpty() ? 0.0 : AmountIn(text.trimmed());
 }
 
-QString TextOfAmount(double amount) {
-  return amount == 0.0 ? QString() : ToQString(FixedAmountString(amount));
+QString TextOfPart(double amount) {
+  return amount == 0.0 ? QString() : TextOfAmount(amount);
 }
 
 }  // namespace
@@ -75,7 +75,7 @@ class SplitTable::Model final : public QAbstractTableModel {
     if (role != Qt::EditRole || !index.isValid() || index.column() == kNumber) return false;
     QString text = value.toString();
     if (index.column() == kAmount) {
-      if (const auto amount = AmountOf(text)) text = TextOfAmount(*amount);
+      if (const auto amount = AmountOf(text)) text = TextOfPart(*amount);
     }
     if (text == TextAt(index)) return true;
     Put(index, text);
@@ -162,7 +162,7 @@ void SplitTable::ShowRows(const SplitRows& rows) {
     };
     if (row.description != shown.description) show(kDescription, ToQString(row.description));
     if (row.to != shown.to) show(kTo, ToQString(row.to));
-    if (row.amount != shown.amount) show(kAmount, TextOfAmount(row.amount.value_or(0.0)));
+    if (row.amount != shown.amount) show(kAmount, TextOfPart(row.amount.value_or(0.0)));
   }
 }
 

@@ -11,6 +11,7 @@
 #include "desktop/look/figures.h"
 #include "desktop/look/icons.h"
 #include "desktop/look/measures.h"
+#include "desktop/look/painting.h"
 #include "desktop/texts.h"
 
 namespace tallyfold::desktop {
@@ -68,7 +69,8 @@ void DetailsLine::Show() {
 void DetailsLine::paintEvent(QPaintEvent* /*event*/) {
   QPainter painter(this);
   const Colors& colors = ColorsOf(palette());
-  const QRect room = contentsRect();
+  DrawRuleBelow(painter, QRect(0, 0, width(), 1), colors[Role::Rule]);
+  const QRect room = contentsRect().adjusted(0, 1, 0, 0);
   const QFontMetrics metrics(font());
   if (pieces_.empty()) {
     painter.setPen(colors[Role::Dim]);

@@ -5,6 +5,8 @@
 #include <QLabel>
 #include <QPushButton>
 #include <QVBoxLayout>
+#include <algorithm>
+#include <initializer_list>
 #include <string>
 
 #include "app/desk.h"
@@ -16,7 +18,6 @@
 #include "desktop/look/icons.h"
 #include "desktop/look/measures.h"
 #include "desktop/texts.h"
-#include "model/amounts.h"
 #include "platform/message.h"
 #include "registers/register_look.h"
 
@@ -29,6 +30,8 @@ constexpr int kTickSize = 24;
 constexpr int kHintSize = 20;
 // A narrower band goes without the notes below its figures.
 constexpr int kRoomForNotes = 700;
+// Each figure has a caption above it and a note below.
+constexpr int kRowsOfFigure = 3;
 
 FigureLabel* BandLabel(QWidget* parent, const char* name) {
   auto* label = new FigureLabel(parent);
@@ -40,12 +43,15 @@ FigureLabel* Note(QWidget* parent, const char* name) {
   auto* label = BandLabel(parent, name);
   label->setFont(SmallFont(parent->font()));
   label->setForegroundRole(QPalette::PlaceholderText);
+  // Gives way to the figures.
+  label->setMinimumWidth(kColumnGap);
   return label;
 }
 
 QLabel* BandCaption(QWidget* parent, std::string_view key) {
-  auto* label = Note(parent, "");
-  label->setFont(MediumFont(label->font()));
+  auto* label = BandLabel(parent, "");
+  label->setFont(MediumFont(SmallFont(parent->font())));
+  label->setForegroundRole(QPalette::PlaceholderText);
   label->setText(Text(key));
   return label;
 }
@@ -58,23 +64,22 @@ QLabel* Sign(QWidget* parent, const QString& sign) {
   return label;
 }
 
-void Ground(QWidget& widget, const QColor& color) {
-  QPalette palette = widget.palette();
-  palette.setColor(QPalette::Window, color);
-  widget.setPalette(palette);
-  widget.setAutoFillBackground(true);
-}
-
 }  // namespace
 
 ReconcileBand::ReconcileBand(const Parts& parts, QWidget* parent)
     : QWidget(parent),
       parts_(parts),
+      figures_(new QWidget(this)),
+      grid_(new QGridLayout(figures_)),
+      minus_(Sign(this, QStringLiteral("\u2212"))),
+      equals_(Sign(this, QLatin1String("="))),
+      difference_caption_(BandCaption(this, "Difference")),
       field_(new AmountField(this)),
       bank_note_(Note(this, "bank_Note")),
       resolved_(BandLabel(this, "resolvedBalance_Field")),
       resolved_note_(Note(this, "resolved_Note")),
       tick_(new QLabel(this)),
+      difference_row_(new QHBoxLayout),
       difference_(BandLabel(this, "difference_Field")),
       difference_note_(Note(this, "difference_Note")),
       explanation_(new QWidget(this)),
@@ -84,38 +89,37 @@ ReconcileBand::ReconcileBand(const Parts& parts, QWidget* parent)
       select_(new QPushButton(explanation_)) {
   field_->setObjectName(QLatin1String("statementBalance_Field"));
   field_->setFixedWidth(kFieldWidth);
+  // A file that is dropped is meant for the window.
+  field_->setAcceptDrops(false);
   field_->setAlignment(Qt::AlignRight);
   field_->setFont(DemiBoldFont(LargerFont(font(), kSheetHeadingPoints)));
   field_->setAccessibleName(Text("Statement balance"));
   const QFont figures = DemiBoldFont(LargerFont(font(), kHeadlinePoints));
   resolved_->setFont(figures);
   difference_->setFont(figures);
+  // Its ink is not that of the ground it lies on.
+  difference_->setForegroundRole(QPalette::WindowText);
 
-  auto* band = new QWidget(this);
-  auto* grid = new QGridLayout(band);
-  grid->setContentsMargins(kSideMargin, kWideGap + 2, kSideMargin, kWideGap + 2);
-  grid->setHorizontalSpacing(kColumnGap);
-  grid->setVerticalSpacing(kTightGap);
+  figures_->setBackgroundRole(QPalette::Base);
+  figures_->setAutoFillBackground(true);
+  grid_->setContentsMargins(kSideMargin, kWideGap + 2, kSideMargin, kWideGap + 2);
+  grid_->setHorizontalSpacing(kColumnGap);
+  grid_->setVerticalSpacing(kTightGap);
+  difference_row_->setSpacing(kGap);
+  difference_row_->addWidget(tick_);
+  difference_row_->addWidget(difference_, 1);
   auto* caption = BandCaption(this, "Statement balance");
   caption->setBuddy(field_);
-  grid->addWidget(caption, 0, 0);
-  grid->addWidget(field_, 1, 0);
+  grid_->addWidget(caption, 0, 0);
+  grid_->addWidget(field_, 1, 0);
   bank_note_->setText(Text("As printed by the bank"));
-  grid->addWidget(bank_note_, 2, 0);
-  grid->addWidget(Sign(this, QStringLiteral("\u2212")), 1, 1);
-  grid->addWidget(BandCaption(this, "Resolved"), 0, 2);
-  grid->addWidget(resolved_, 1, 2);
-  grid->addWidget(resolved_note_, 2, 2);
-  grid->addWidget(Sign(this, QLatin1String("=")), 1, 3);
-  grid->addWidget(BandCaption(this, "Difference"), 0, 4);
-  auto* difference = new QHBoxLayout;
-  difference->setSpacing(kGap);
-  difference->addWidget(tick_);
-  difference->addWidget(difference_, 1);
-  grid->addLayout(difference, 1, 4);
-  grid->addWidget(difference_note_, 2, 4);
-  grid->setColumnStretch(5, 1);
-  grid->setRowMinimumHeight(1, ControlHeight(fontMetrics()) + 2);
+  grid_->addWidget(bank_note_, 2, 0);
+  grid_->addWidget(minus_, 1, 1);
+  grid_->addWidget(BandCaption(this, "Resolved"), 0, 2);
+  grid_->addWidget(resolved_, 1, 2);
+  grid_->addWidget(resolved_note_, 2, 2);
+  grid_->setColumnStretch(5, 1);
+  PlaceDifference();
 
   explanation_->setFixedHeight(kBarHeight);
   auto* row = new QHBoxLayout(explanation_);
@@ -123,9 +127,11 @@ ReconcileBand::ReconcileBand(const Parts& parts, QWidget* parent)
   row->setSpacing(kGap);
   row->addWidget(explanation_image_);
   sentence_->setFont(DemiBoldFont(font()));
+  sentence_->setMinimumWidth(kColumnGap);
   row->addWidget(sentence_);
   named_->setForegroundRole(QPalette::PlaceholderText);
   named_->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
+  named_->setMinimumWidth(1);
   row->addWidget(named_, 1);
   select_->setObjectName(QLatin1String("explanation_Select_Button"));
   row->addWidget(select_);
@@ -133,11 +139,9 @@ ReconcileBand::ReconcileBand(const Parts& parts, QWidget* parent)
   auto* column = new QVBoxLayout(this);
   column->setContentsMargins(0, 0, 0, 0);
   column->setSpacing(0);
-  column->addWidget(band);
+  column->addWidget(figures_);
   column->addWidget(explanation_);
-  Ground(*band, ColorsOf(palette())[Role::Base]);
 
-  field_->SetFormat([](double value) { return ToQString(FloatToCommasAmountString(value)); });
   connect(field_, &QLineEdit::editingFinished, this, [this] { EndEditing(); });
   connect(field_, &QLineEdit::textEdited, this, [this] { SetProblem(field_, false); });
   connect(select_, &QPushButton::clicked, this, [this] { SelectEntries(); });
@@ -169,11 +173,12 @@ void ReconcileBand::ShowState() {
   const LDGRPreferences& preferences = parts_.desk.preferences();
   const Reconciliation& figures = state.figures;
   field_->setEnabled(state.is_enabled);
-  // What is being typed stays.
+  // What is being typed stays, but not in front of another account.
+  const std::shared_ptr<const LDGRAccount> account = parts_.desk.SelectedAccount();
+  if (account_.lock() != account) field_->setModified(false);
+  account_ = account;
   if (!field_->isModified()) {
-    const QString text = state.is_enabled
-                             ? ToQString(FloatToCommasAmountString(figures.statement_balance))
-                             : QString();
+    const QString text = state.is_enabled ? TextOfAmount(figures.statement_balance) : QString();
     if (field_->text() != text) field_->setText(text);
     field_->setModified(false);
     SetProblem(field_, false);
@@ -210,6 +215,7 @@ void ReconcileBand::ShowState() {
   if (is_balanced) {
     tick_->setPixmap(PixmapNamed(QLatin1String("tick"), kTickSize, devicePixelRatioF(), ink));
   }
+  Fit();
   ShowExplanation();
 }
 
@@ -218,7 +224,10 @@ void ReconcileBand::ShowExplanation() {
   explanation_->setVisible(state.explanation.has_value());
   if (!state.explanation) return;
   const Colors& colors = ColorsOf(palette());
-  Ground(*explanation_, colors[Role::HintFill]);
+  QPalette ground;
+  ground.setColor(QPalette::Window, colors[Role::HintFill]);
+  explanation_->setPalette(ground);
+  explanation_->setAutoFillBackground(true);
   explanation_image_->setPixmap(
       PixmapNamed(QLatin1String("hint"), kHintSize, devicePixelRatioF(), colors[Role::Accent]));
   sentence_->setText(ToQString(state.explanation_text));
@@ -237,6 +246,7 @@ void ReconcileBand::ShowExplanation() {
   }
   words.append(ToQString(RegisterAmountText(entry.GetAmount(), preferences)));
   named_->setText(words.join(QLatin1String("  ")));
+  named_->setToolTip(PlainToolTip(named_->text()));
 }
 
 void ReconcileBand::SelectEntries() {
@@ -245,10 +255,56 @@ void ReconcileBand::SelectEntries() {
   emit EntriesWanted(EntryList(explanation->entries));
 }
 
+void ReconcileBand::PlaceDifference() {
+  // In a line with the others, or in one of its own below the one it comes from.
+  const int row = is_stacked_ ? kRowsOfFigure : 0;
+  const int column = is_stacked_ ? 2 : 4;
+  grid_->addWidget(equals_, row + 1, column - 1);
+  grid_->addWidget(difference_caption_, row, column);
+  grid_->addLayout(difference_row_, row + 1, column);
+  grid_->addWidget(difference_note_, row + 2, column);
+  for (const int figures : {1, kRowsOfFigure + 1}) {
+    grid_->setRowMinimumHeight(figures,
+                               figures == 1 || is_stacked_ ? ControlHeight(fontMetrics()) + 2 : 0);
+  }
+}
+
+int ReconcileBand::WidthInOneLine() const {
+  const int tick = tick_->isHidden() ? 0 : kTickSize + kGap;
+  const int difference =
+      std::max(difference_->sizeHint().width() + tick, difference_caption_->sizeHint().width());
+  return 2 * kSideMargin + 5 * kColumnGap + kFieldWidth + minus_->sizeHint().width() +
+         resolved_->sizeHint().width() + equals_->sizeHint().width() + difference;
+}
+
+void ReconcileBand::Fit() {
+  const bool has_room = width() >= kRoomForNotes;
+  for (FigureLabel* note : {bank_note_, resolved_note_, difference_note_}) {
+    note->setVisible(has_room);
+  }
+  const bool is_stacked = width() < WidthInOneLine();
+  if (is_stacked == is_stacked_) return;
+  is_stacked_ = is_stacked;
+  for (QWidget* moved :
+       std::initializer_list<QWidget*>{equals_, difference_caption_, difference_note_}) {
+    grid_->removeWidget(moved);
+  }
+  grid_->removeItem(difference_row_);
+  PlaceDifference();
+  // The height has become another in the middle of being given one.
+  layout()->invalidate();
+  updateGeometry();
+}
+
+QSize ReconcileBand::minimumSizeHint() const {
+  const int stacked = 2 * kSideMargin + 2 * kColumnGap + kFieldWidth + minus_->sizeHint().width() +
+                      std::max(resolved_->sizeHint().width(), difference_->sizeHint().width());
+  return {stacked, QWidget::minimumSizeHint().height()};
+}
+
 void ReconcileBand::resizeEvent(QResizeEvent* event) {
   QWidget::resizeEvent(event);
-  const bool has_room = width() >= kRoomForNotes;
-  for (QWidget* note : {bank_note_, resolved_note_, difference_note_}) note->setVisible(has_room);
+  Fit();
 }
 
 void ReconcileBand::FocusField() {

@@ -1,14 +1,18 @@
 #pragma once
 
 #include <QWidget>
+#include <memory>
 
 #include "model/account_entry.h"
 
+class QGridLayout;
+class QHBoxLayout;
 class QLabel;
 class QPushButton;
 
 namespace tallyfold {
 class Desk;
+class LDGRAccount;
 class ReconcileTab;
 }  // namespace tallyfold
 
@@ -34,6 +38,10 @@ class ReconcileBand final : public QWidget {
   // at every entry.
   void Show();
   void FocusField();
+  // Takes over what is being typed, where it is an amount.
+  void EndEditing();
+  // As narrow as it is with the difference in a line of its own.
+  [[nodiscard]] QSize minimumSizeHint() const override;
 
  signals:
   // The user wants to see the entries that the explanation names.
@@ -44,15 +52,26 @@ class ReconcileBand final : public QWidget {
   void showEvent(QShowEvent* event) override;
   void ShowState();
   void ShowExplanation();
-  void EndEditing();
   void SelectEntries();
+  // How wide the figures are beside each other.
+  [[nodiscard]] int WidthInOneLine() const;
+  // Takes away and moves below what there is no room for.
+  void Fit();
+  void PlaceDifference();
 
   Parts parts_;
+  QWidget* figures_;
+  QGridLayout* grid_;
+  QLabel* minus_;
+  QLabel* equals_;
+  QLabel* difference_caption_;
   AmountField* field_;
   FigureLabel* bank_note_;
   FigureLabel* resolved_;
   FigureLabel* resolved_note_;
   QLabel* tick_;
+  // Of the tick and the figure.
+  QHBoxLayout* difference_row_;
   FigureLabel* difference_;
   FigureLabel* difference_note_;
   QWidget* explanation_;
@@ -60,7 +79,10 @@ class ReconcileBand final : public QWidget {
   QLabel* sentence_;
   QLabel* named_;
   QPushButton* select_;
+  // Whose balance the field shows.
+  std::weak_ptr<const LDGRAccount> account_;
   bool is_behind_ = true;
+  bool is_stacked_ = false;
 };
 
 }  // namespace tallyfold::desktop

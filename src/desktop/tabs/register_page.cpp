@@ -155,6 +155,10 @@ void RegisterPage::SelectEntries(const EntryList& entries) {
   table_->SelectForUser(std::move(rows));
 }
 
+void RegisterPage::SetHasDetails(bool has_details) {
+  details_->setVisible(has_details);
+}
+
 void RegisterPage::ShowDetails() {
   details_->Show();
 }

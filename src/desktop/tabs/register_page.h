@@ -41,6 +41,8 @@ class RegisterPage final : public QWidget {
   void AddAbove(QWidget* widget);
   void Show();
   void ShowDetails();
+  // Whether there is a line for them; at first there is.
+  void SetHasDetails(bool has_details);
   // The entries of the selected rows, in the order of the rows.
   [[nodiscard]] EntryList SelectedEntries() const;
   // Selects the rows of those entries, the last of them the current one; those that are not shown

@@ -4,7 +4,6 @@
 
 #include "desktop/register/entry_details.h"
 
-class QLabel;
 class QSplitter;
 
 namespace tallyfold {
@@ -15,6 +14,7 @@ class SchedulesTab;
 namespace tallyfold::desktop {
 
 class EmptyPage;
+class NextDates;
 class RegisterView;
 
 // The scheduled entries, and below them the next dates of the selected one.
@@ -43,18 +43,12 @@ class ScheduleTab final : public QWidget {
   void RowMenuWanted(const QPoint& place);
 
  private:
-  void resizeEvent(QResizeEvent* event) override;
-  void ShowDates();
-
   Parts parts_;
   QSplitter* splitter_;
   ScheduleDetails words_;
   RegisterView* table_;
   EmptyPage* empty_;
-  QLabel* heading_;
-  QWidget* dates_;
-  // Of dates, as they are laid out.
-  int columns_ = 0;
+  NextDates* dates_;
 };
 
 }  // namespace tallyfold::desktop

@@ -1,6 +1,7 @@
 #include "desktop/tabs/summary_list_delegate.h"
 
 #include <QPainter>
+#include <QStyle>
 #include <QWidget>
 
 #include "desktop/look/colors.h"
@@ -24,10 +25,11 @@ void SummaryListDelegate::paint(QPainter* painter, const QStyleOptionViewItem& o
   }
   painter->setFont(option.font);
   painter->setPen(colors[Role::Text]);
-  const QRect text = row.adjusted(kOuterCellPadding, 0, -kCellPadding, 0);
-  painter->drawText(
-      text, Qt::AlignVCenter | Qt::AlignLeft,
-      option.fontMetrics.elidedText(index.data().toString(), Qt::ElideRight, text.width()));
+  const QRect text = QStyle::visualRect(option.direction, row,
+                                        row.adjusted(kOuterCellPadding, 0, -kCellPadding, 0));
+  painter->drawText(text, Qt::AlignVCenter | Qt::AlignLeft,
+                    option.fontMetrics.elidedText(index.data().toString().trimmed(), Qt::ElideRight,
+                                                  text.width()));
   DrawRuleBelow(*painter, row, colors[is_current ? Role::Accent : Role::Hair]);
   if (is_current) {
     DrawRuleBelow(*painter, QRect(row.x(), row.y(), row.width(), 1), colors[Role::Accent]);

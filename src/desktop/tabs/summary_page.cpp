@@ -13,6 +13,7 @@
 #include "desktop/look/figure_label.h"
 #include "desktop/look/icons.h"
 #include "desktop/look/measures.h"
+#include "desktop/look/rule_line.h"
 #include "desktop/tabs/summary_table.h"
 #include "desktop/texts.h"
 #include "platform/message.h"
@@ -56,7 +57,7 @@ QLayout* MakeHead(QWidget* page, const SummaryLayout& layout, const LDGRPreferen
   grid->setContentsMargins(kCellPadding, 0, kCellPadding, 0);
   grid->setHorizontalSpacing(kColumnGap);
   grid->setVerticalSpacing(kTightGap);
-  auto* title = SummaryLabel(page, ToQString(layout.head.name));
+  auto* title = SummaryLabel(page, ToQString(layout.head.name).trimmed());
   title->setFont(DemiBoldFont(LargerFont(page->font(), kSummaryTitlePoints)));
   title->setObjectName(QLatin1String("summary_Title"));
   grid->addWidget(title, 0, 0);
@@ -100,7 +101,17 @@ QLayout* MakeCheck(QWidget* page, const SummaryLayout& layout, const LDGRPrefere
     text = ToQString(
         Message("{1} {2}", {layout.check_title, RegisterAmountText(layout.left_out, preferences)}));
   }
-  row->addWidget(SummaryLabel(page, text), 1);
+  auto* sentence = SummaryLabel(page, text);
+  sentence->setWordWrap(true);
+  if (agrees) {
+    sentence->setForegroundRole(QPalette::PlaceholderText);
+  } else {
+    QPalette inked;
+    inked.setColor(QPalette::WindowText, ink);
+    sentence->setPalette(inked);
+    sentence->setForegroundRole(QPalette::WindowText);
+  }
+  row->addWidget(sentence, 1);
   return row;
 }
 
@@ -108,10 +119,11 @@ QLayout* MakeTotals(QWidget* page, const SummaryLayout& layout,
                     const LDGRPreferences& preferences) {
   auto* grid = new QGridLayout;
   grid->setContentsMargins(kCellPadding, 0, kCellPadding, 0);
-  grid->setHorizontalSpacing(2 * kColumnGap);
+  grid->setHorizontalSpacing(kSheetMargin);
   grid->setVerticalSpacing(kTightGap);
   int column = 0;
   for (const auto& total : layout.totals) {
+    if (column > 0) grid->addWidget(new RuleLine(page, Qt::Vertical), 0, column++, 2, 1);
     grid->addWidget(SummaryCaption(page, ToQString(total.title)), 0, column);
     auto* figure = Figure(page, total.amount, preferences, page->font());
     figure->setAlignment(Qt::AlignLeading);
