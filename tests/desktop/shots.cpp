@@ -7,6 +7,7 @@
 #include <QComboBox>
 #include <QLineEdit>
 #include <QListWidget>
+#include <QPushButton>
 #include <QScrollBar>
 #include <QTimer>
 #include <fstream>
@@ -38,6 +39,7 @@
 #include "app/views/account_summary_tab.h"
 #include "app/views/reconcile_tab.h"
 #include "app/views/registers.h"
+#include "desktop/print/qt_printers.h"
 #include "desktop/services/qt_alerts.h"
 #include "desktop/services/qt_file_panels.h"
 #include "desktop/tool_bars.h"
@@ -324,6 +326,16 @@ void ForEachShot(const ShotTaker& take, const PanelTaker& take_panel) {
   print("print-empty", [](TestWindow& test) {
     test.Type("Nothing like this");
     test.Wait(std::chrono::seconds(1));
+  });
+  show("print-dialog", [&take_panel](TestWindow& test) {
+    QtPrinters().Choose({"Register"_q, {595, 842}, 9}, &test.program->window(), [](QPrinter&) {});
+    QWidget* dialog = TestWindow::FindWidget("print_Dialog");
+    for (auto* button : dialog->findChildren<QPushButton*>()) {
+      if (button->text().contains(QLatin1String("Options"))) button->click();
+    }
+    TestWindow::Settle();
+    take_panel(QLatin1String("print-dialog-options"), *dialog);
+    dialog->close();
   });
   print("print-long", [](TestWindow& test) {
     const auto& entries = test.program->app().desk().SelectedAccount()->GetEntries();

@@ -23,10 +23,10 @@ constexpr int kAroundPaper = 24;
 constexpr double kPixelsPerPoint = 96.0 / 72.0;
 constexpr double kLeastFit = 0.5;
 constexpr int kScrollStep = 32;
-constexpr int kWantedWidth = 620;
-constexpr int kWantedHeight = 616;
-constexpr int kLeastHeight = 240;
-constexpr int kLeastWidth = 420;
+constexpr int kPreviewWidth = 620;
+constexpr int kPreviewHeight = 616;
+constexpr int kLeastPreviewHeight = 240;
+constexpr int kLeastPreviewWidth = 420;
 
 // The texts of a page from top to bottom, for who cannot see it.
 QString TextOfPage(const Page& page) {
@@ -52,7 +52,7 @@ PagePreview::PagePreview(const PrintMetric& metric, QWidget* parent)
   setFrameShape(QFrame::NoFrame);
   setFocusPolicy(Qt::StrongFocus);
   SetAccessibleRole(*this, QAccessible::Document);
-  setMinimumSize(kLeastWidth, kLeastHeight);
+  setMinimumSize(kLeastPreviewWidth, kLeastPreviewHeight);
   horizontalScrollBar()->setSingleStep(kScrollStep);
   verticalScrollBar()->setSingleStep(kScrollStep);
 }
@@ -80,7 +80,7 @@ void PagePreview::SetZoom(PreviewZoom zoom) {
 }
 
 QSize PagePreview::sizeHint() const {
-  return {kWantedWidth, kWantedHeight};
+  return {kPreviewWidth, kPreviewHeight};
 }
 
 void PagePreview::ShowPage() {

@@ -30,7 +30,7 @@ constexpr PrintStyle kPrintStyles[] = {
 constexpr double kRuleBand = 6.0;
 constexpr double kPrintColumnGap = 10.0;
 
-constexpr std::size_t kMostCharacters = 4096;
+constexpr std::size_t kMostKnownCharacters = 4096;
 constexpr std::size_t kLongestCharacter = 4;
 
 QFont FontOfStyle(const QFont& font, const PrintStyle& style) {
@@ -68,7 +68,7 @@ double PrintMetric::Width(std::string_view text, TextStyle style) const {
   std::string character(text);
   const auto found = ink.characters.find(character);
   if (found != ink.characters.end()) return found->second;
-  if (ink.characters.size() >= kMostCharacters) ink.characters.clear();
+  if (ink.characters.size() >= kMostKnownCharacters) ink.characters.clear();
   return ink.characters.emplace(std::move(character), measured()).first->second;
 }
 

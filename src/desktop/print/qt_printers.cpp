@@ -1,16 +1,39 @@
 #include "desktop/print/qt_printers.h"
 
+#include <QLineEdit>
 #include <QPrintDialog>
 #include <QPrinter>
 #include <QPrinterInfo>
+#include <QTabWidget>
 #include <functional>
 #include <memory>
 #include <utility>
 
+#include "desktop/look/assistive.h"
 #include "desktop/print/printed_pages.h"
 #include "desktop/texts.h"
 
 namespace tallyfold::desktop {
+namespace {
+
+// The toolkit leaves some of them without a name for assistive technology, or two with the same.
+void NameWidgetsOf(const QPrintDialog& dialog) {
+  const std::pair<const char*, QString> names[] = {
+      {"printers", Text("Printer")}, {"tabs", Text("Options")},  {"from", Text("First Page")},
+      {"to", Text("Last Page")},     {"copies", Text("Copies")}, {"pageSetCombo", Text("Pages")}};
+  if (auto* tabs = dialog.findChild<QTabWidget*>(QLatin1String("tabs"))) {
+    SetAccessibleRole(*tabs, QAccessible::Pane);
+  }
+  for (const auto& [name, title] : names) {
+    auto* widget = dialog.findChild<QWidget*>(QLatin1String(name));
+    if (widget == nullptr) continue;
+    widget->setAccessibleName(title);
+    const auto fields = widget->findChildren<QLineEdit*>(QLatin1String("qt_spinbox_lineedit"));
+    for (QLineEdit* field : fields) field->setAccessibleName(title);
+  }
+}
+
+}  // namespace
 
 bool QtPrinters::HasAny() {
   return !QPrinterInfo::availablePrinterNames().isEmpty();
@@ -40,6 +63,7 @@ void QtPrinters::Choose(const PrintJob& job, QWidget* window,
                    });
   // It keeps the printer as long as it is there.
   QObject::connect(dialog, &QObject::destroyed, window, [printer] {});
+  NameWidgetsOf(*dialog);
   dialog->open();
 }
 
