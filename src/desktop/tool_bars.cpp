@@ -171,7 +171,7 @@ void ToolBars::Show() {
     button->setChecked(drawer_.State().is_open);
     button->setEnabled(actions_.Named("ToggleAccountsDrawer")->isEnabled());
     button->setToolTip(title);
-    button->setAccessibleName(title);
+    if (button->accessibleName() != title) button->setAccessibleName(title);
   }
 }
 

@@ -21,53 +21,93 @@
 namespace tallyfold::desktop {
 namespace {
 
+// Of a desktop with a style of its own.
+QPalette ForeignPalette(QRgb window, QRgb text, QRgb base, QRgb accent, QRgb on_accent) {
+  QPalette palette;
+  for (const auto& [role, color] : {std::pair{QPalette::Window, window},
+                                    {QPalette::WindowText, text},
+                                    {QPalette::Base, base},
+                                    {QPalette::Text, text},
+                                    {QPalette::Button, base},
+                                    {QPalette::Highlight, accent},
+                                    {QPalette::HighlightedText, on_accent}}) {
+    palette.setColor(role, QColor(color));
+  }
+  return palette;
+}
+
+// Ours, and those of two such desktops.
+std::vector<Colors> AllColors() {
+  return {LightColors(), DarkColors(),
+          MixedColors(ForeignPalette(0xEFF0F1, 0x232629, 0xFCFCFC, 0x3DAEE9, 0xFCFCFC)),
+          MixedColors(ForeignPalette(0x2A2E32, 0xFCFCFC, 0x1B1E20, 0x3DAEE9, 0xFCFCFC))};
+}
+
+constexpr Role kRowGrounds[] = {Role::Base, Role::Hover, Role::Selection, Role::InactiveSelection};
+
 TEST(Colors, CanBeReadOnTheirGrounds) {
   struct Case {
     Role ink;
-    Role ground;
+    std::vector<Role> grounds;
     double least;
   };
   const Case cases[] = {
-      {Role::Text, Role::Base, 4.5},
-      {Role::Text, Role::Selection, 4.5},
-      {Role::Dim, Role::Window, 4.5},
-      {Role::Dim, Role::Selection, 4.5},
-      {Role::Dim, Role::HintFill, 4.5},
-      {Role::Accent, Role::Window, 4.5},
-      {Role::Accent, Role::Selection, 4.5},
-      {Role::OnAccent, Role::Accent, 4.5},
-      {Role::Problem, Role::ProblemFill, 4.5},
-      {Role::Warning, Role::WarningFill, 4.5},
-      {Role::Good, Role::GoodFill, 4.5},
-      {Role::Edge, Role::Window, 3.0},
-      {Role::Bar, Role::Base, 3.0},
-      {Role::NegativeBar, Role::Base, 3.0},
-      {Role::Off, Role::Window, 3.0},
+      {Role::Text,
+       {Role::Window, Role::Base, Role::Raised, Role::Hover, Role::Selection,
+        Role::InactiveSelection, Role::HintFill, Role::ProblemFill, Role::WarningFill,
+        Role::GoodFill},
+       4.5},
+      {Role::Dim,
+       {Role::Window, Role::Base, Role::Raised, Role::Hover, Role::Selection,
+        Role::InactiveSelection, Role::HintFill},
+       4.5},
+      {Role::Accent, {Role::Window, Role::Base, Role::Raised, Role::Selection}, 4.5},
+      {Role::OnAccent, {Role::Accent}, 4.5},
+      {Role::Problem, {Role::ProblemFill, Role::Base, Role::Window}, 4.5},
+      {Role::Warning, {Role::WarningFill, Role::Base, Role::Window, Role::Raised}, 4.5},
+      {Role::Good, {Role::GoodFill, Role::Base, Role::Window}, 4.5},
+      {Role::Edge, {Role::Window, Role::Base}, 3.0},
+      {Role::Accent, {Role::InactiveSelection, Role::HintFill}, 3.0},
+      {Role::Bar, {Role::Base}, 3.0},
+      {Role::NegativeBar, {Role::Base}, 3.0},
+      {Role::Off, {Role::Window, Role::Base}, 3.0},
   };
-  QPalette foreign;
-  foreign.setColor(QPalette::Window, QColor(0xEFF0F1));
-  foreign.setColor(QPalette::WindowText, QColor(0x232629));
-  foreign.setColor(QPalette::Base, QColor(0xFCFCFC));
-  foreign.setColor(QPalette::Text, QColor(0x232629));
-  foreign.setColor(QPalette::Button, QColor(0xFCFCFC));
-  foreign.setColor(QPalette::Highlight, QColor(0x3DAEE9));
-  foreign.setColor(QPalette::HighlightedText, QColor(0xFCFCFC));
-  for (const Colors& colors : {LightColors(), DarkColors()}) {
+  int scheme = 0;
+  for (const Colors& colors : AllColors()) {
     for (const Case& each : cases) {
-      // To the decimal that contrasts are given in.
-      EXPECT_GE(ContrastBetween(colors[each.ink], colors[each.ground]), each.least - 0.05)
-          << static_cast<int>(each.ink) << " on " << static_cast<int>(each.ground)
-          << (colors.IsDark() ? " dark" : " light");
+      for (const Role ground : each.grounds) {
+        // To the decimal that contrasts are given in.
+        EXPECT_GE(ContrastBetween(colors[each.ink], colors[ground]), each.least - 0.05)
+            << static_cast<int>(each.ink) << " on " << static_cast<int>(ground) << " of scheme "
+            << scheme;
+      }
+    }
+    // A default button under the pointer, and pressed.
+    for (const double share : {0.10, 0.18}) {
+      const Role with = colors.IsDark() ? Role::OnAccent : Role::Text;
+      EXPECT_GE(ContrastBetween(colors[Role::OnAccent], colors.Mixed(Role::Accent, with, share)),
+                4.5)
+          << share << " of scheme " << scheme;
+    }
+    ++scheme;
+  }
+  const QPalette foreign = ForeignPalette(0xEFF0F1, 0x232629, 0xFCFCFC, 0x3DAEE9, 0xFCFCFC);
+  EXPECT_EQ(ColorsOf(foreign)[Role::Window], QColor(0xEFF0F1));
+  EXPECT_EQ(ColorsOf(foreign)[Role::Problem], LightColors()[Role::Problem]);
+}
+
+TEST(RegisterInks, CanBeReadWhateverColorIsStored) {
+  for (const QRgb stored : {0xFFFFFFFFU, 0xFF000000U, 0xFFFFFF00U, 0xFF808080U, 0xFF00FFFFU,
+                            0x10FF0000U, 0xFF15191AU}) {
+    for (const Colors& colors : AllColors()) {
+      for (const Role ground : kRowGrounds) {
+        EXPECT_GE(ContrastBetween(InkOn(QColor::fromRgba(stored), colors[ground], colors),
+                                  colors[ground]),
+                  5.0)
+            << std::hex << stored << " on " << static_cast<int>(ground);
+      }
     }
   }
-  const Colors mixed = ColorsOf(foreign);
-  EXPECT_EQ(mixed[Role::Window], QColor(0xEFF0F1));
-  for (const auto& [ink, least] :
-       {std::pair{Role::Dim, 4.5}, {Role::Accent, 4.5}, {Role::Edge, 3.0}}) {
-    EXPECT_GE(ContrastBetween(mixed[ink], mixed[Role::Base]), least) << static_cast<int>(ink);
-  }
-  EXPECT_GE(ContrastBetween(mixed[Role::OnAccent], mixed[Role::Accent]), 4.5);
-  EXPECT_EQ(mixed[Role::Problem], LightColors()[Role::Problem]);
 }
 
 TEST(Colors, ComeBackFromTheirPalettes) {

@@ -1,6 +1,8 @@
 #include "desktop/look/assistive.h"
 
 #include <QAccessibleWidget>
+#include <QTableView>
+#include <QTimer>
 #include <QVariant>
 #include <QWidget>
 
@@ -36,6 +38,21 @@ void NameFigure(QWidget& widget, const QString& caption, const QString& figure) 
   if (is_first || name.isEmpty() || !widget.isVisible()) return;
   QAccessibleEvent alert(&widget, QAccessible::Alert);
   QAccessible::updateAccessibility(&alert);
+}
+
+void TellCurrentCell(QTableView& table) {
+  if (!QAccessible::isActive()) return;
+  // The table itself is told of once it has the focus.
+  QTimer::singleShot(0, &table, [&table] {
+    const QModelIndex current = table.currentIndex();
+    if (!table.hasFocus() || !current.isValid()) return;
+    QAccessibleTableInterface* cells =
+        QAccessible::queryAccessibleInterface(&table)->tableInterface();
+    QAccessibleInterface* cell = cells->cellAt(current.row(), current.column());
+    if (cell == nullptr) return;
+    QAccessibleEvent focus(cell, QAccessible::Focus);
+    QAccessible::updateAccessibility(&focus);
+  });
 }
 
 }  // namespace tallyfold::desktop

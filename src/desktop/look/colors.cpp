@@ -123,19 +123,21 @@ Colors MixedColors(const QPalette& palette) {
   colors.Set(Role::Hair, MixOf(base, text, 0.11));
   colors.Set(Role::Rule, MixOf(base, text, 0.20));
   colors.Set(Role::Edge, MixedUntil(base, text, 0.50, harder, kVisible));
-  colors.Set(Role::Dim, MixedUntil(base, text, 0.70, harder, kReadableDim));
-  colors.Set(Role::Off, MixOf(base, text, 0.52));
+  const QColor highlight(Rgb(palette, QPalette::Highlight));
+  const QColor selection = MixOf(base, highlight, is_dark ? 0.35 : 0.18);
+  const QColor hardest = HarderOf(harder, selection, text);
+  colors.Set(Role::Selection, selection);
+  colors.Set(Role::Dim, MixedUntil(base, text, 0.70, hardest, kReadableDim));
+  colors.Set(Role::Off, MixedUntil(base, text, 0.52, harder, kVisible));
   colors.Set(Role::Hover, MixOf(base, text, 0.03));
   colors.Set(Role::InactiveSelection, MixOf(base, text, 0.10));
-  const QColor accent =
-      MixedUntil(QColor(Rgb(palette, QPalette::Highlight)), text, 0.0, base, kReadable);
+  const QColor accent = MixedUntil(highlight, text, 0.0, hardest, kReadable);
   colors.Set(Role::Accent, accent);
   const QColor given(Rgb(palette, QPalette::HighlightedText));
   const bool base_reads = ContrastBetween(base, accent) >= ContrastBetween(text, accent);
   colors.Set(Role::OnAccent, ContrastBetween(given, accent) >= kReadable ? given
                              : base_reads                                ? base
                                                                          : text);
-  colors.Set(Role::Selection, MixOf(base, accent, is_dark ? 0.35 : 0.18));
   colors.Set(Role::HintFill, MixOf(base, accent, is_dark ? 0.20 : 0.10));
   const Colors& fixed = is_dark ? DarkColors() : LightColors();
   for (const Role role : kFixed) colors.Set(role, fixed[role]);

@@ -10,6 +10,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "desktop/look/assistive.h"
 #include "desktop/look/colors.h"
 #include "desktop/look/measures.h"
 #include "desktop/look/painting.h"
@@ -312,6 +313,7 @@ void LookTable::initViewItemOption(QStyleOptionViewItem* option) const {
 
 void LookTable::focusInEvent(QFocusEvent* event) {
   QTableView::focusInEvent(event);
+  TellCurrentCell(*this);
   emit Focused();
 }
 

@@ -8,6 +8,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "desktop/look/assistive.h"
 #include "desktop/look/colors.h"
 #include "desktop/look/measures.h"
 #include "desktop/look/painting.h"
@@ -377,6 +378,7 @@ void RegisterView::initViewItemOption(QStyleOptionViewItem* option) const {
 
 void RegisterView::focusInEvent(QFocusEvent* event) {
   QTableView::focusInEvent(event);
+  TellCurrentCell(*this);
   viewport()->update();
 }
 

@@ -11,6 +11,7 @@
 
 #include "desktop/fields/amount_field.h"
 #include "desktop/fields/date_field.h"
+#include "desktop/look/assistive.h"
 #include "desktop/look/colors.h"
 #include "desktop/look/measures.h"
 #include "desktop/register/spoken_cell.h"
@@ -316,6 +317,7 @@ void ReminderTable::keyPressEvent(QKeyEvent* event) {
 
 void ReminderTable::focusInEvent(QFocusEvent* event) {
   EditTable::focusInEvent(event);
+  TellCurrentCell(*this);
   if (!currentIndex().isValid()) setCurrentIndex(model_->index(0, kDueAmount));
 }
 

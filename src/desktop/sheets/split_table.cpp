@@ -9,6 +9,7 @@
 
 #include "desktop/fields/amount_field.h"
 #include "desktop/fields/combo_box_cell.h"
+#include "desktop/look/assistive.h"
 #include "desktop/look/colors.h"
 #include "desktop/look/measures.h"
 #include "desktop/register/spoken_cell.h"
@@ -193,6 +194,7 @@ void SplitTable::keyPressEvent(QKeyEvent* event) {
 
 void SplitTable::focusInEvent(QFocusEvent* event) {
   EditTable::focusInEvent(event);
+  TellCurrentCell(*this);
   if (currentIndex().column() < kDescription) {
     setCurrentIndex(model_->index(std::max(0, currentIndex().row()), kDescription));
   }
