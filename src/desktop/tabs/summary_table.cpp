@@ -66,9 +66,15 @@ int SummaryTable::LineHeight() const {
   return RowHeight(fontMetrics());
 }
 
+int SummaryTable::LeastWidth(const Column& column) const {
+  const QFontMetrics titles(MediumFont(SmallFont(font())));
+  return std::max(WidthOf(column.kind, fontMetrics()),
+                  titles.horizontalAdvance(column.title) + 2 * kCellPadding);
+}
+
 QSize SummaryTable::sizeHint() const {
   int width = 0;
-  for (const Column& column : content_.columns) width += WidthOf(column.kind, fontMetrics());
+  for (const Column& column : content_.columns) width += LeastWidth(column);
   return {width, HeadHeight() + content_.rows * LineHeight()};
 }
 
@@ -80,14 +86,14 @@ std::vector<QRect> SummaryTable::Cells(const QRect& line) const {
   int needed = 0;
   int flexible = 0;
   for (const Column& column : content_.columns) {
-    needed += WidthOf(column.kind, fontMetrics());
+    needed += LeastWidth(column);
     flexible += IsFlexible(column.kind) ? 1 : 0;
   }
   const int spare = flexible > 0 ? std::max(0, line.width() - needed) / flexible : 0;
   std::vector<QRect> cells;
   int x = line.left();
   for (const Column& column : content_.columns) {
-    const int width = WidthOf(column.kind, fontMetrics()) + (IsFlexible(column.kind) ? spare : 0);
+    const int width = LeastWidth(column) + (IsFlexible(column.kind) ? spare : 0);
     const QRect cell(x, line.top(), width, line.height());
     cells.push_back(QStyle::visualRect(layoutDirection(), rect(), cell));
     x += width;

@@ -46,6 +46,7 @@ class SummaryTable final : public QWidget {
 
   [[nodiscard]] int HeadHeight() const;
   [[nodiscard]] int LineHeight() const;
+  [[nodiscard]] int LeastWidth(const Column& column) const;
   [[nodiscard]] QRect LineRect(int row) const;
   // Places of the columns, from the leading edge.
   [[nodiscard]] std::vector<QRect> Cells(const QRect& line) const;
