@@ -19,7 +19,7 @@ ApplicationParts::ApplicationParts(const Services& services)
       account_passwords(desk, selection, preferences, sheets, window, refresh, announcer),
       account_removal(desk, ledger, links, selection, account_passwords, modal, sheets, refresh,
                       announcer),
-      drawer(desk, selection, account_editing, refresh, announcer),
+      drawer(desk, selection, account_passwords, account_editing, refresh, announcer),
       editing(desk, ledger, links, modal, sheets, refresh, announcer),
       removal(desk, ledger, links, sheets, refresh, announcer),
       reveal(register_answers, desk, sheets, links, announcer),

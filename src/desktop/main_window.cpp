@@ -108,7 +108,7 @@ void MainWindow::MakePieces() {
       *menuBar(), *actions_,
       MenuBar::Parts{app.menus(), *entry_actions_, app.search(), [this] { help_->Open(); }});
   sheets_ = std::make_unique<SheetHost>(app.sheets(), *this);
-  SetUpSheets(*sheets_, app);
+  SetUpSheets(*sheets_, app, [this] { help_->Open(); });
   sheets_->SetActions({actions_->Named("SpeakFigures")});
   SetPrinters(std::make_unique<QtPrinters>());
   review_ = std::make_unique<ReviewHost>(

@@ -38,10 +38,13 @@ PreferencesDialog::Items ItemsOfPreferences(LDGRController& app) {
 
 }  // namespace
 
-void SetUpPreferenceSheets(SheetHost& host, LDGRController& app) {
+void SetUpPreferenceSheets(SheetHost& host, LDGRController& app,
+                           const std::function<void()>& open_help) {
   host.Set(Sheet::Backups,
            [&app](QWidget* window) { return new BackupsDialog(app.backupsSheet(), window); });
-  host.Set(Sheet::About, [&app](QWidget* window) { return new AboutDialog(app.about(), window); });
+  host.Set(Sheet::About, [&app, open_help](QWidget* window) {
+    return new AboutDialog(app.about(), open_help, window);
+  });
   host.Set(Sheet::Preferences, [&app](QWidget* window) {
     return new PreferencesDialog(app.preferencesSheet(), ItemsOfPreferences(app), window);
   });

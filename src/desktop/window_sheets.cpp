@@ -1,5 +1,6 @@
 #include "desktop/window_sheets.h"
 
+#include <string>
 #include <utility>
 
 #include "app/accounts/account_passwords.h"
@@ -52,11 +53,18 @@ SheetDialog* NewPasswordOfAccount(LDGRController& app, QWidget* window) {
   return new PasswordDialog(std::move(parts), window);
 }
 
+// What the answers come to, behind what else there is to know.
+std::string NoteOnUndoing(const std::string& note) {
+  const std::string undoing = ToUtf8(Text("Undo brings back what is removed."));
+  return note.empty() ? undoing : note + "\n" + undoing;
+}
+
 SheetDialog* NewEntryRemoval(EntryRemoval& removal, QWidget* window) {
   Question question;
   question.title = Text("Remove Entry");
   question.text = [&removal] { return removal.Confirm().question; };
   question.problem = [&removal] { return TextOf(removal.Confirm().problem); };
+  question.note = [&removal] { return NoteOnUndoing(removal.Confirm().note); };
   question.answers = {{"entryRemoveConfirm_Cancel_Button", Text("Cancel"),
                        [&removal] { removal.EntryRemoveConfirm_Cancel(); }},
                       {"entryRemoveConfirm_OK_Button", Text("OK"),
@@ -69,6 +77,7 @@ SheetDialog* NewTransferRemoval(EntryRemoval& removal, QWidget* window) {
   question.title = Text("Remove Transfer");
   question.text = [&removal] { return removal.Transfer().question; };
   question.problem = [&removal] { return TextOf(removal.Transfer().problem); };
+  question.note = [] { return NoteOnUndoing(""); };
   question.answers = {{"transferEntryRemoveConfirm_Cancel_Button", Text("Cancel"),
                        [&removal] { removal.TransferEntryRemoveConfirm_Cancel(); }},
                       {"transferEntryRemoveConfirm_No_Button", Text("No"),
@@ -83,6 +92,7 @@ SheetDialog* NewScheduleRemoval(SchedulesTab& schedules, QWidget* window) {
   question.title = Text("Remove Schedule");
   question.text = [&schedules] { return schedules.Confirm().question; };
   question.problem = [&schedules] { return TextOf(schedules.Confirm().problem); };
+  question.note = [] { return NoteOnUndoing(""); };
   question.answers = {{"scheduleRemoveConfirm_Cancel_Button", Text("Cancel"),
                        [&schedules] { schedules.ScheduleRemoveConfirm_Cancel(); }},
                       {"scheduleRemoveConfirm_OK_Button", Text("OK"),
@@ -92,10 +102,10 @@ SheetDialog* NewScheduleRemoval(SchedulesTab& schedules, QWidget* window) {
 
 }  // namespace
 
-void SetUpSheets(SheetHost& host, LDGRController& app) {
+void SetUpSheets(SheetHost& host, LDGRController& app, const std::function<void()>& open_help) {
   SetUpEntrySheets(host, app);
   SetUpExchangeSheets(host, app);
-  SetUpPreferenceSheets(host, app);
+  SetUpPreferenceSheets(host, app, open_help);
   SetUpScheduleSheets(host, app);
   host.Set(Sheet::Authentication,
            [&app](QWidget* window) { return NewPasswordOfApplication(app, window); });

@@ -50,10 +50,13 @@ TextList AllTexts(const Source& source, const EntryList& entries) {
     std::string_view spelling;
   };
   std::unordered_set<std::string> seen;
+  // Most entries repeat a text letter by letter, which needs no folding to be found out.
+  std::unordered_set<std::string_view> spellings;
   std::vector<Text> texts;
-  for (const LDGRAccountEntry* entry : EntriesOf(source, entries)) {
+  for (const auto& entry : entries) {
+    if (!((*entry).*source.is_kind)()) continue;
     const std::string_view text = source.TextOf(*entry);
-    if (text.empty()) continue;
+    if (text.empty() || !spellings.insert(text).second) continue;
     const auto [folded, is_new] = seen.insert(FoldCase(text));
     if (is_new) texts.push_back({*folded, text});
   }

@@ -90,7 +90,7 @@ TEST(SummarySheet, ShowsItsResultWhileTheAccountStaysAsItIs) {
   const auto revision = account->Revision();
   ASSERT_TRUE(test.app.summarySheet().Open());
   const AccountSummarySheetState& sheet = test.app.summarySheet().State();
-  EXPECT_EQ(sheet.result.total.total, -12.5);
+  EXPECT_EQ(test.app.summarySheet().Result().total.total, -12.5);
   EXPECT_FALSE(sheet.days_are_enabled);
   EXPECT_EQ(sheet.date_ranges.size(), 17U);
   EXPECT_EQ(test.app.summaries().Add(), nullptr);
@@ -102,7 +102,7 @@ TEST(SummarySheet, ShowsItsResultWhileTheAccountStaysAsItIs) {
   typed.name = " ";
   test.app.summarySheet().Read(typed);
   EXPECT_TRUE(sheet.days_are_enabled);
-  EXPECT_EQ(sheet.result.total.total, 0.0);
+  EXPECT_EQ(test.app.summarySheet().Result().total.total, 0.0);
   EXPECT_FALSE(test.app.summarySheet().OK()) << "without a name";
   EXPECT_EQ(account->Revision(), revision);
   EXPECT_EQ(test.app.summaries().State().layout.total.total, -12.5);

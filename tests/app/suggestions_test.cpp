@@ -72,10 +72,10 @@ TEST(Suggestions, FillTheEmptyFieldsFromTheLastEntryOfThatDescription) {
     app.entries().Debit().Cancel();
   }
   // A deposit is another matter, and an entry is no suggestion for itself.
-  EXPECT_FALSE(SuggestionFor(*app.desk().SelectedAccount(), false, "Food", nullptr));
-  EXPECT_EQ(
-      SuggestionFor(*app.desk().SelectedAccount(), true, "Food", app.desk().SelectedEntry().get()),
-      (EntrySuggestion{1, "Shop", 8.0}));
+  const LDGRAccount& account = *app.desk().SelectedAccount();
+  EXPECT_FALSE(FormerEntries(account, false, nullptr).SuggestionFor("Food"));
+  EXPECT_EQ(FormerEntries(account, true, app.desk().SelectedEntry().get()).SuggestionFor("Food"),
+            (EntrySuggestion{1, "Shop", 8.0}));
 }
 
 TEST(TextEditing, HasItsConsequencesWhenAFieldIsLeft) {

@@ -124,7 +124,7 @@ TEST_F(FieldsTest, StepAndReadDays) {
 }
 
 TEST_F(FieldsTest, CompleteWhatIsTyped) {
-  cell_->SetTexts({"Local Bakery", "Cafe by the Quay", "Caf\u00e9 Zo\u00eb", "Cash"});
+  cell_->SetTexts(FormerTexts({"Local Bakery", "Cafe by the Quay", "Caf\u00e9 Zo\u00eb", "Cash"}));
   cell_->setFocus();
   Type(cell_, "ca");
   EXPECT_EQ(cell_->text(), QStringLiteral("cafe by the Quay"));

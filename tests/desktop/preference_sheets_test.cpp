@@ -4,6 +4,7 @@
 #include <QComboBox>
 #include <QLineEdit>
 #include <QListWidget>
+#include <QPlainTextEdit>
 #include <algorithm>
 
 #include "app/accounts/account_editing.h"
@@ -165,10 +166,12 @@ TEST(PreferenceSheets, SamplesFollowWhatIsChosenAndTheWindowFollowsOK) {
   // From anywhere in the sheet, page by page.
   for (int i = 0; i < 3; ++i) test.Key(Qt::Key_PageDown, Qt::ControlModifier);
   ASSERT_EQ(app.preferencesSheet().State().tab, "formats");
-  EXPECT_EQ(test.Row("preferencesSheet_Formats_Table", 0), QLatin1String("02/22/26|-$1,890.00|"));
+  EXPECT_EQ(test.Row("preferencesSheet_Formats_Table", 0),
+            QLatin1String("02/22/26|-$1,890.00|2/22, today, 1890, 1,890.00"));
   choose("preferencesSheet_dateFormat", 1);
   choose("preferencesSheet_amountFormat", 1);
-  EXPECT_EQ(test.Row("preferencesSheet_Formats_Table", 1), QLatin1String("2026-12-31|$2450.00|"));
+  EXPECT_EQ(test.Row("preferencesSheet_Formats_Table", 1),
+            QLatin1String("2026-12-31|$2450.00|12/31, 20261231, 2450, 2000+450"));
   test.Key(Qt::Key_PageUp, Qt::ControlModifier);
   EXPECT_EQ(test.Row("preferencesSheet_Sample_Table", 4),
             QLatin1String("2026-02-24|Week 8|Corner Market|-$66.20|$2725.58"));
@@ -216,6 +219,10 @@ TEST(PreferenceSheets, BackupsAreComparedAndRestored) {
   test.Settle();
   EXPECT_TRUE(
       test.TextOf("aboutSheet_AccountsFile").contains(QLatin1String(TestWindow::kAccountsFile)));
+  test.Click("aboutSheet_License_Button");
+  EXPECT_TRUE(test.Find<QPlainTextEdit>("aboutSheet_License_Text")
+                  ->toPlainText()
+                  .startsWith(QLatin1String("MIT License")));
   test.Key(Qt::Key_Escape);
   EXPECT_EQ(app.sheets().Current(), Sheet::None);
 }

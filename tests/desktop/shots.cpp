@@ -207,6 +207,26 @@ void ForEachShot(const ShotTaker& take, const PanelTaker& take_panel) {
     static_cast<void>(test.program->app().reminder().Open());
     test.program->app().reminder().scheduleReminderSheet_LookAhead("14");
   });
+  show("reminder-folded", [](TestWindow& test) {
+    test.ambient.clock.SetLocal({2026, 6, 7, 12, 0, 0});
+    static_cast<void>(test.program->app().reminder().Open());
+  });
+  show("transfer-refused", [](TestWindow& test) {
+    test.program->app().entries().New(EntryKind::Transfer);
+    test.Click("transferSheet_Amount_Field");
+    test.Type("12x");
+    test.Click("transferSheet_OK_Button");
+  });
+  show("removal-of-half", [](TestWindow& test) {
+    test.ClickRow("entry_Table", 3);
+    test.Key(Qt::Key_Delete);
+    test.Click("entryRemoveConfirm_OK_Button");
+  });
+  show("about-license", [](TestWindow& test) {
+    test.program->app().about().Open();
+    test.Settle();
+    test.Click("aboutSheet_License_Button");
+  });
   show("reminder-refused", [](TestWindow& test) {
     static_cast<void>(test.program->app().reminder().Open());
     test.program->app().reminder().scheduleReminderSheet_LookAhead("400");

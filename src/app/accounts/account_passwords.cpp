@@ -15,6 +15,8 @@ void AccountPasswords::Account_Authenticate(const std::shared_ptr<LDGRAccount>& 
 void AccountPasswords::AccountAuthenticationSheet_Open() {
   sheet_.Open(Message("The Account \"{1}\" is protected by a password.",
                       {authenticating_account_->GetName()}));
+  // Its row is the selected one.
+  refresh_.AccountsList_Redraw();
 }
 
 void AccountPasswords::Account_Lock(const std::shared_ptr<LDGRAccount>& account) {

@@ -29,10 +29,12 @@ TableCell CellOfAccount(const LDGRAccount& account, std::string_view column,
   return {.text = LocalizedText("Locked"), .alignment = TableCell::Alignment::Right};
 }
 
-AccountsDrawer::AccountsDrawer(Desk& desk, AccountSelection& selection, AccountEditing& editing,
+AccountsDrawer::AccountsDrawer(Desk& desk, AccountSelection& selection,
+                               const AccountPasswords& passwords, AccountEditing& editing,
                                Refresh& refresh, Announcer& announcer)
     : desk_(desk),
       selection_(selection),
+      passwords_(passwords),
       editing_(editing),
       refresh_(refresh),
       announcer_(announcer),
@@ -66,8 +68,9 @@ void AccountsDrawer::Reload() {
   const auto& preferences = desk_.preferences();
   table_.SetIndicator(preferences.GetAccountListSortKey() == kBalance ? kBalance : kName,
                       preferences.GetAccountListSortDescending());
-  table_.TakeRows(change,
-                  RowOfRecord(rows_, desk_.SelectedAccount().get()).value_or(TableState::kNoRow));
+  const auto& shown =
+      passwords_.State().is_open ? passwords_.authenticatingAccount() : desk_.SelectedAccount();
+  table_.TakeRows(change, RowOfRecord(rows_, shown.get()).value_or(TableState::kNoRow));
 }
 
 AccountList AccountsDrawer::SortedAccounts() const {

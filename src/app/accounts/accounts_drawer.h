@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "app/accounts/account_editing.h"
+#include "app/accounts/account_passwords.h"
 #include "app/accounts/account_selection.h"
 #include "app/desk.h"
 #include "app/face/announcer.h"
@@ -33,11 +34,11 @@ struct AccountsDrawerState {
 };
 
 // The drawer with the list of accounts. The list is a sorted copy: the order of the file stays. Its
-// selected row is that of the selected account.
+// selected row is that of the selected account, or of the one whose password is being asked.
 class AccountsDrawer final : public TableDataSource {
  public:
-  AccountsDrawer(Desk& desk, AccountSelection& selection, AccountEditing& editing, Refresh& refresh,
-                 Announcer& announcer);
+  AccountsDrawer(Desk& desk, AccountSelection& selection, const AccountPasswords& passwords,
+                 AccountEditing& editing, Refresh& refresh, Announcer& announcer);
   AccountsDrawer(const AccountsDrawer&) = delete;
   AccountsDrawer& operator=(const AccountsDrawer&) = delete;
   ~AccountsDrawer() override;
@@ -72,6 +73,7 @@ class AccountsDrawer final : public TableDataSource {
 
   Desk& desk_;
   AccountSelection& selection_;
+  const AccountPasswords& passwords_;
   AccountEditing& editing_;
   Refresh& refresh_;
   Announcer& announcer_;

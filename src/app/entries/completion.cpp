@@ -10,27 +10,37 @@ namespace tallyfold {
 
 std::vector<std::string> Completions(const TextList& texts, std::string_view typed) {
   if (typed.empty()) return texts;
-  const std::string wanted = FoldCase(typed);
+  const CaselessNeedle wanted(typed);
+  const std::string beginning = FoldCase(typed);
   std::vector<std::string> found;
   std::vector<std::string> elsewhere;
   for (const std::string& text : texts) {
-    const auto place = FoldCase(text).find(wanted);
-    if (place == 0) {
-      found.push_back(text);
-    } else if (place != std::string::npos) {
-      elsewhere.push_back(text);
-    }
+    if (!wanted.OccursIn(text)) continue;
+    (FoldCase(text).starts_with(beginning) ? found : elsewhere).push_back(text);
   }
   std::move(elsewhere.begin(), elsewhere.end(), std::back_inserter(found));
   return found;
 }
 
-const TextList& FormerTexts::Texts() const {
-  if (!texts_) {
-    const auto account = account_.lock();
-    texts_ = account != nullptr && list_ != nullptr ? ((*account).*list_)() : TextList();
+std::optional<std::string> FirstCompletion(const TextList& texts, std::string_view typed) {
+  if (typed.empty()) return std::nullopt;
+  const CaselessNeedle wanted(typed);
+  const std::string beginning = FoldCase(typed);
+  for (const std::string& text : texts) {
+    if (wanted.OccursIn(text) && FoldCase(text).starts_with(beginning)) return text;
   }
-  return *texts_;
+  return std::nullopt;
+}
+
+const TextList& FormerTexts::Texts() const {
+  static const TextList kNone;
+  if (gathered_ == nullptr) return kNone;
+  auto& [account, list, texts] = *gathered_;
+  if (!texts) {
+    const auto present = account.lock();
+    texts = present != nullptr && list != nullptr ? ((*present).*list)() : TextList();
+  }
+  return *texts;
 }
 
 }  // namespace tallyfold

@@ -225,6 +225,13 @@ void EntryEditing::SuggestForDescription() {
   }
 }
 
+void EntryEditing::Gather() {
+  const auto account = edited_.account.lock();
+  if (auto* sheet = OpenEntrySheet(); sheet != nullptr && account != nullptr) {
+    sheet->Gather(edited_, *account);
+  }
+}
+
 void EntryEditing::DropSuggestion() {
   if (auto* sheet = OpenEntrySheet()) sheet->DropSuggestion();
 }

@@ -62,6 +62,8 @@ class EntryEditing final : private EditSheet::Keeper {
   // The description of the debit or deposit sheet, whichever is open, was typed or chosen, or
   // editing in it begins anew.
   void SuggestForDescription();
+  // As EntrySheet::Gather(), for that sheet.
+  void Gather();
   void DropSuggestion();
 
   // The check box of the debit sheet was ticked or unticked.

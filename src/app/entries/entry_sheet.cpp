@@ -61,6 +61,7 @@ void EntrySheet::Fill(const EditedEntry& edited, const LDGRAccount& account,
   const bool is_debit = kind_ == Kind::Debit;
   const bool is_open = state_.is_open;
   state_ = EntrySheetState();
+  former_.reset();
   state_.is_open = is_open;
   state_.is_new = edited.is_new;
   state_.first_field = FirstField(preferences, edited.is_new);
@@ -235,9 +236,21 @@ void EntrySheet::CheckNumber_Button(std::optional<std::int32_t> suggested) {
 }
 
 void EntrySheet::SuggestForDescription(const EditedEntry& edited, const LDGRAccount& account) {
-  state_.suggestion =
-      SuggestionFor(account, kind_ == Kind::Debit, state_.typed.description, edited.entry.get());
+  GatherFormer(edited, account);
+  state_.suggestion = former_->SuggestionFor(state_.typed.description);
   announcer_.Changed(StateArea());
+}
+
+void EntrySheet::Gather(const EditedEntry& edited, const LDGRAccount& account) {
+  static_cast<void>(state_.descriptions.Texts());
+  static_cast<void>(state_.to_froms.Texts());
+  GatherFormer(edited, account);
+}
+
+void EntrySheet::GatherFormer(const EditedEntry& edited, const LDGRAccount& account) {
+  if (former_ && former_mark_ != 0 && former_mark_ == account.EntriesMark()) return;
+  former_mark_ = account.EntriesMark();
+  former_.emplace(account, kind_ == Kind::Debit, edited.entry.get());
 }
 
 void EntrySheet::DropSuggestion() {

@@ -38,7 +38,10 @@ class EntrySheet final : public EditSheet {
   [[nodiscard]] std::optional<Problem> CheckTyped() override;
   [[nodiscard]] bool ChangesAmountOrDay(const LDGRAccountEntry& entry) const override;
   void Store(const EditedEntry& edited, LDGRAccount& account) override;
-  void SetOpen(bool is_open) noexcept override { state_.is_open = is_open; }
+  void SetOpen(bool is_open) noexcept override {
+    state_.is_open = is_open;
+    if (!is_open) former_.reset();
+  }
   void SetProblem(std::optional<Problem> problem) override { state_.problem = std::move(problem); }
 
   // The check box was ticked or unticked. An empty number field of a ticked box is filled with
@@ -47,6 +50,9 @@ class EntrySheet final : public EditSheet {
 
   // The description was typed or chosen: offers what an earlier entry has with it.
   void SuggestForDescription(const EditedEntry& edited, const LDGRAccount& account);
+  // Gathers what completes texts and what is suggested, as far as it is not yet: a look at all
+  // entries, which otherwise is taken when the first of it is asked for.
+  void Gather(const EditedEntry& edited, const LDGRAccount& account);
   void DropSuggestion();
   // Puts what is suggested into those of the fields that are empty and enabled.
   void TakeSuggestion();
@@ -67,6 +73,7 @@ class EntrySheet final : public EditSheet {
 
  private:
   [[nodiscard]] double SplitTotal() const noexcept;
+  void GatherFormer(const EditedEntry& edited, const LDGRAccount& account);
   void PopulateTypes(const EditedEntry& edited, const LDGRAccount& account);
   void PopulateSplit(const EditedEntry& edited);
   // A problem of that control of this sheet.
@@ -83,6 +90,9 @@ class EntrySheet final : public EditSheet {
   EntrySheetState state_;
   // What the amount field opened with; 0 where a split's lines made it up.
   double opened_amount_ = 0.0;
+  // With the mark of the entries at that time; none before they are gathered.
+  std::optional<FormerEntries> former_;
+  std::uint64_t former_mark_ = 0;
   // How many of the type items are the account's types.
   std::int32_t type_count_ = 0;
 };

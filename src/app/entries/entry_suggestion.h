@@ -4,6 +4,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <unordered_map>
 
 namespace tallyfold {
 
@@ -22,11 +23,20 @@ struct EntrySuggestion {
   friend bool operator==(const EntrySuggestion&, const EntrySuggestion&) = default;
 };
 
-// From the last entered debit (else deposit) of that description, ignoring case, other than
-// `except`; none for "" and where there is no such entry. An entry with a split suggests no payee.
-[[nodiscard]] std::optional<EntrySuggestion> SuggestionFor(const LDGRAccount& account,
-                                                           bool is_debit,
-                                                           std::string_view description,
-                                                           const LDGRAccountEntry* except);
+// The last entered debit (else deposit) of an account for each description, gathered by a look at
+// all entries and good until one of them changes. `except` is left out.
+class FormerEntries {
+ public:
+  FormerEntries(const LDGRAccount& account, bool is_debit, const LDGRAccountEntry* except);
+
+  // From the one of that description, ignoring case; none for "" and where there is none. An entry
+  // with a split suggests no payee.
+  [[nodiscard]] std::optional<EntrySuggestion> SuggestionFor(std::string_view description) const;
+
+ private:
+  bool is_debit_;
+  // By what is written in the entries.
+  std::unordered_map<std::string_view, const LDGRAccountEntry*> latest_;
+};
 
 }  // namespace tallyfold

@@ -29,6 +29,8 @@ struct PreferencesSample {
     std::string date;
     std::string amount;
     RowLook look;
+    // Some of what is read as that day and that amount, with ", " between.
+    std::string may_type;
   };
 
   std::vector<Row> rows;

@@ -81,14 +81,14 @@ void AccountSummarySheet::Populate() {
   typed.filter_type = options.filterType();
   typed.filter_text = options.filterData().StringValue();
   state_.problem.reset();
-  Compute();
+  Decide();
 }
 
 void AccountSummarySheet::Read(Typed typed) {
   if (!state_.is_open) return;
   TakeTyped(state_.typed, std::move(typed), state_.problem, kFields);
   TakeOptions();
-  Compute();
+  Decide();
 }
 
 void AccountSummarySheet::TakeOptions() {
@@ -117,16 +117,16 @@ void AccountSummarySheet::TakeOptions() {
   }
 }
 
-void AccountSummarySheet::Compute() {
+void AccountSummarySheet::Decide() {
   LDGRAccountSummary& options = *options_;
+  result_.reset();
   state_.days_are_enabled =
       choices::WithNumber(choices::kDateRanges, options.dateRangeStyle()) == nullptr ||
       options.dateRangeStyle() == choices::kCustom;
   state_.filter_is_enabled = options.filter();
-  // The copy belongs to the account only while it is computed: no edit is a change of the account.
+  // The copy belongs to the account only while it is asked: no edit is a change of the account.
   options.setAccount(account_.get());
-  options.Refresh();
-  state_.result = LayOutSummary(options, RegisterDateFormat(desk_.preferences()));
+  options.updateDateRange();
   options.setAccount(nullptr);
   if (!state_.days_are_enabled) {
     state_.typed.start = options.startDate();
@@ -134,6 +134,18 @@ void AccountSummarySheet::Compute() {
   }
   state_.ok_is_enabled = !Check();
   announcer_.Changed(Area::AccountSummarySheet);
+}
+
+const SummaryLayout& AccountSummarySheet::Result() {
+  if (!result_ && options_ == nullptr) result_.emplace();
+  if (!result_) {
+    LDGRAccountSummary& options = *options_;
+    options.setAccount(account_.get());
+    options.Refresh();
+    result_ = LayOutSummary(options, RegisterDateFormat(desk_.preferences()));
+    options.setAccount(nullptr);
+  }
+  return *result_;
 }
 
 std::optional<Problem> AccountSummarySheet::Check() const {
@@ -150,7 +162,7 @@ std::optional<Problem> AccountSummarySheet::Check() const {
 bool AccountSummarySheet::OK() {
   const Announcer::Operation operation(announcer_);
   if (!state_.is_open || !announcer_.EndEditing(Sheet::AccountSummary)) return false;
-  Compute();
+  Decide();
   state_.problem = Check();
   if (state_.problem) return false;
   const plist::Dictionary options = options_->optionsAsDictionary();
@@ -174,6 +186,7 @@ void AccountSummarySheet::Close() {
   account_ = nullptr;
   summary_ = nullptr;
   options_ = nullptr;
+  result_.reset();
   announcer_.Changed(Area::AccountSummarySheet);
   sheets_.Close(Sheet::AccountSummary);
 }

@@ -63,8 +63,6 @@ struct AccountSummarySheetState {
   std::vector<PopUpItem> tax_deductible;
   std::vector<PopUpItem> checks;
   std::vector<PopUpItem> filter_types;
-  // The summary as it would be with these options; a day that cannot be read stays as it was.
-  SummaryLayout result;
   // The fields are accountSummarySheet_Name_Field, _Start_Field and _End_Field.
   std::optional<Problem> problem;
 };
@@ -84,7 +82,10 @@ class AccountSummarySheet {
   bool Open();
   // Takes the edit copy from the selected summary once more.
   void Populate();
-  // Takes over what the user typed and computes the result anew.
+  // The summary as it would be with these options; a day that cannot be read stays as it was.
+  // Computed when it is asked for: that is a look at every entry. Good until the next one.
+  [[nodiscard]] const SummaryLayout& Result();
+  // Takes over what the user typed.
   void Read(AccountSummarySheetState::Typed typed);
   // Stores the options and shows the summary. False when the sheet is not open, or stays open: its
   // state then says why, unless a field of the front end has refused its text.
@@ -95,8 +96,8 @@ class AccountSummarySheet {
  private:
   // Puts what was typed into the edit copy, as far as it can be read.
   void TakeOptions();
-  // What follows from the edit copy.
-  void Compute();
+  // What follows from the edit copy but for its result.
+  void Decide();
   [[nodiscard]] std::optional<Problem> Check() const;
   void Close();
 
@@ -108,6 +109,8 @@ class AccountSummarySheet {
   AccountSummarySheetState state_;
   // An edit copy of the options; null while the sheet is closed.
   std::shared_ptr<LDGRAccountSummary> options_;
+  // Of the edit copy; none where that has been changed since.
+  std::optional<SummaryLayout> result_;
   // Whose summary is edited, and which.
   std::shared_ptr<LDGRAccount> account_;
   std::shared_ptr<LDGRAccountSummary> summary_;

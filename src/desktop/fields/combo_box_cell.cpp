@@ -2,20 +2,14 @@
 
 #include <QEvent>
 #include <QKeyEvent>
+#include <utility>
 
-#include "app/entries/completion.h"
 #include "desktop/look/measures.h"
 #include "desktop/look/text_length.h"
 #include "desktop/texts.h"
-#include "model/text.h"
 
 namespace tallyfold::desktop {
 namespace {
-
-// Begins with it, whatever the case.
-bool Begins(const std::string& text, const std::string& typed) {
-  return FoldCase(text).starts_with(FoldCase(typed));
-}
 
 // What a text has behind as many characters as were typed; folding case keeps their number.
 QString RestOf(const QString& text, const QString& typed) {
@@ -41,7 +35,7 @@ LDGRComboBoxCell::LDGRComboBoxCell(QWidget* parent)
   connect(list_, &CompletionList::Taken, this, &LDGRComboBoxCell::Take);
 }
 
-void LDGRComboBoxCell::SetTexts(TextList texts) {
+void LDGRComboBoxCell::SetTexts(FormerTexts texts) {
   texts_ = std::move(texts);
   list_->hide();
 }
@@ -62,9 +56,8 @@ void LDGRComboBoxCell::TakeEdit(const QString& edited) {
   typed_length_ = edited.size();
   const std::string typed = ToUtf8(edited);
   if (grew && !edited.isEmpty()) {
-    const std::vector<std::string> found = Completions(texts_, typed);
-    if (!found.empty() && Begins(found.front(), typed)) {
-      const QString rest = RestOf(ToQString(found.front()), edited);
+    if (const auto found = FirstCompletion(texts_, typed)) {
+      const QString rest = RestOf(ToQString(*found), edited);
       if (!rest.isEmpty()) {
         completed_ = edited + rest;
         setText(completed_);
@@ -93,8 +86,8 @@ void LDGRComboBoxCell::Take(const QString& text) {
 bool LDGRComboBoxCell::TakeCompletion() {
   if (Typed() == text()) return false;
   // As it is spelled in the list.
-  const std::vector<std::string> found = Completions(texts_, ToUtf8(text()));
-  Take(found.empty() ? text() : ToQString(found.front()));
+  const auto found = FirstCompletion(texts_, ToUtf8(text()));
+  Take(found ? ToQString(*found) : text());
   return true;
 }
 

@@ -3,8 +3,8 @@
 #include <QLineEdit>
 #include <string>
 
+#include "app/entries/completion.h"
 #include "desktop/fields/completion_list.h"
-#include "model/account.h"
 
 namespace tallyfold::desktop {
 
@@ -18,7 +18,7 @@ class LDGRComboBoxCell final : public QLineEdit {
   explicit LDGRComboBoxCell(QWidget* parent = nullptr);
 
   // In the order in which they are to be offered.
-  void SetTexts(TextList texts);
+  void SetTexts(FormerTexts texts);
   void SetNotes(CompletionList::NoteOf notes);
   [[nodiscard]] bool IsListOpen() const { return list_->isVisible(); }
 
@@ -41,7 +41,7 @@ class LDGRComboBoxCell final : public QLineEdit {
   // False where nothing is completed.
   bool TakeCompletion();
 
-  TextList texts_;
+  FormerTexts texts_;
   CompletionList* list_;
   // The text that the field was completed to; null for none.
   QString completed_;

@@ -1,16 +1,51 @@
 #include "desktop/services/qt_file_panels.h"
 
 #include <QApplication>
+#include <QComboBox>
 #include <QDir>
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QGridLayout>
+#include <QLabel>
+#include <QLineEdit>
 #include <QToolButton>
 #include <utility>
 
 #include "desktop/texts.h"
 
 namespace tallyfold::desktop {
+
+namespace {
+
+// How far a part of the panel is from the edge at which lines begin.
+int LeadingEdge(const QFileDialog& panel, const QWidget& part) {
+  const int left = part.mapTo(&panel, QPoint()).x();
+  const bool is_left = panel.layoutDirection() == Qt::LeftToRight;
+  return is_left ? left : panel.width() - left - part.width();
+}
+
+// Brings the panel's own fields and those of the rows below them into one column, with the labels
+// of both flush with it.
+void AlignColumns(QFileDialog& panel, QGridLayout& grid, QWidget& rows) {
+  const auto* own = panel.findChild<QLineEdit*>(QLatin1String("fileNameEdit"));
+  const auto* ours = rows.findChild<QComboBox*>();
+  auto* label = panel.findChild<QLabel*>(QLatin1String("fileNameLabel"));
+  if (own == nullptr || ours == nullptr || label == nullptr) return;
+  const int more = LeadingEdge(panel, *ours) - LeadingEdge(panel, *own);
+  if (more > 0) {
+    grid.setColumnMinimumWidth(0, label->width() + more);
+  } else {
+    rows.setContentsMargins(-more, 0, 0, 0);
+  }
+  for (const char* name : {"lookInLabel", "fileNameLabel", "fileTypeLabel"}) {
+    auto* each = panel.findChild<QLabel*>(QLatin1String(name));
+    if (each == nullptr) continue;
+    each->setAlignment(Qt::AlignTrailing | Qt::AlignVCenter);
+    each->setForegroundRole(QPalette::PlaceholderText);
+  }
+}
+
+}  // namespace
 
 // Ends only with a name that the request's check takes.
 class QtFilePanels::Panel final : public QFileDialog {
@@ -40,9 +75,24 @@ class QtFilePanels::Panel final : public QFileDialog {
     QDialog::accept();
   }
 
+  // Rows of its own below those of the toolkit.
+  void SetRows(QWidget* rows) {
+    auto* grid = qobject_cast<QGridLayout*>(layout());
+    if (grid == nullptr) return;
+    rows_ = rows;
+    grid->addWidget(rows, grid->rowCount(), 0, 1, grid->columnCount());
+  }
+
  private:
+  void showEvent(QShowEvent* event) override {
+    QFileDialog::showEvent(event);
+    // Only then are the parts where they will be.
+    if (rows_ != nullptr) AlignColumns(*this, *static_cast<QGridLayout*>(layout()), *rows_);
+  }
+
   FileNameCheck* check_;
   std::string path_;
+  QWidget* rows_ = nullptr;
 };
 
 namespace {
@@ -91,10 +141,7 @@ std::optional<std::string> QtFilePanels::Run(Panel& panel, const FilePanelReques
     panel.setLabelText(QFileDialog::Accept, WithoutMnemonics(ToQString(request.button)));
   }
   const auto accessory = accessories_.find(request.accessory);
-  auto* grid = qobject_cast<QGridLayout*>(panel.layout());
-  if (accessory != accessories_.end() && grid != nullptr) {
-    grid->addWidget(accessory->second(&panel), grid->rowCount(), 0, 1, grid->columnCount());
-  }
+  if (accessory != accessories_.end()) panel.SetRows(accessory->second(&panel));
 
   NameWidgets(panel);
   ++depth_;

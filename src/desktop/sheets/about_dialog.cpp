@@ -1,6 +1,8 @@
 #include "desktop/sheets/about_dialog.h"
 
+#include <QFile>
 #include <QLabel>
+#include <QPlainTextEdit>
 #include <QPushButton>
 #include <QVBoxLayout>
 #include <string>
@@ -12,16 +14,24 @@
 #include "desktop/texts.h"
 #include "platform/message.h"
 
+// The initialiser of resources is looked up in no namespace.
+static void LoadLicense() {
+  Q_INIT_RESOURCE(license);
+}
+
 namespace tallyfold::desktop {
 namespace {
 
 constexpr int kAboutWidth = 420;
 constexpr int kProgramIconSize = 88;
+constexpr int kLicenseLines = 12;
 
 }  // namespace
 
-AboutDialog::AboutDialog(AboutSheet& about, QWidget* window)
-    : SheetDialog(window, Text("About Tallyfold")), about_(about) {
+AboutDialog::AboutDialog(AboutSheet& about, const std::function<void()>& open_help, QWidget* window)
+    : SheetDialog(window, Text("About Tallyfold")),
+      about_(about),
+      license_(new QPlainTextEdit(this)) {
   setObjectName(QLatin1String("aboutSheet"));
   const AboutState& state = about_.State();
   auto* icon = new QLabel(this);
@@ -58,8 +68,33 @@ AboutDialog::AboutDialog(AboutSheet& about, QWidget* window)
     label->setForegroundRole(QPalette::PlaceholderText);
     label->setTextInteractionFlags(Qt::TextSelectableByMouse);
   }
-  connect(AddButton("aboutSheet_Close_Button", Text("Close"), true), &QPushButton::clicked, this,
-          [this] { Cancel(); });
+  MakeLicense();
+  connect(AddLeadingButton("aboutSheet_License_Button", Text("License")), &QPushButton::clicked,
+          this, [this] {
+            license_->setVisible(license_->isHidden());
+            Fit();
+          });
+  connect(AddLeadingButton("aboutSheet_Help_Button", Text("Help")), &QPushButton::clicked, this,
+          [open_help] { open_help(); });
+  QPushButton* close = AddButton("aboutSheet_Close_Button", Text("Close"), true);
+  connect(close, &QPushButton::clicked, this, [this] { Cancel(); });
+  close->setFocus();
+}
+
+void AboutDialog::MakeLicense() {
+  LoadLicense();
+  QFile file(QLatin1String(":/tallyfold/LICENSE"));
+  static_cast<void>(file.open(QIODevice::ReadOnly));
+  license_->setObjectName(QLatin1String("aboutSheet_License_Text"));
+  license_->setAccessibleName(Text("License"));
+  license_->setReadOnly(true);
+  license_->setTabChangesFocus(true);
+  license_->setFont(SmallFont(font()));
+  license_->setPlainText(QString::fromUtf8(file.readAll()));
+  license_->setMinimumHeight(kLicenseLines * license_->fontMetrics().lineSpacing());
+  license_->hide();
+  Body().addSpacing(kGap);
+  Body().addWidget(license_);
 }
 
 }  // namespace tallyfold::desktop

@@ -11,7 +11,6 @@
 #include <QVBoxLayout>
 
 #include "app/desk.h"
-#include "app/entries/entry_editing.h"
 #include "app/shell/text_editing.h"
 #include "desktop/fields/amount_field.h"
 #include "desktop/look/assistive.h"

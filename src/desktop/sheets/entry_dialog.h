@@ -1,5 +1,6 @@
 #pragma once
 
+#include "app/entries/entry_editing.h"
 #include "app/entries/entry_sheet.h"
 #include "desktop/sheets/edit_dialog.h"
 
@@ -37,6 +38,7 @@ class EntryDialog final : public EditDialog {
   void ShowTotal(const EntrySheetState& state);
   void EndDescription();
   void showEvent(QShowEvent* event) override;
+  void Painted() override { Entries().Gather(); }
   bool eventFilter(QObject* object, QEvent* event) override;
   [[nodiscard]] bool IsDebit() const { return sheet_.Which() == Sheet::Debit; }
 

@@ -77,7 +77,7 @@ PreferencesSampleTable::PreferencesSampleTable(Shows shows, const char* name, QW
   } else {
     table_->SetColumns({{.title = Text("Date"), .width = kFormatWidth},
                         {.title = Text("Amount"), .width = kFormatWidth, .align = Align::Trailing},
-                        {.title = {}, .takes_rest = true}});
+                        {.title = Text("You may type"), .takes_rest = true}});
     table_->SetRowsInSight(static_cast<int>(kFormatRows));
   }
   auto* column = new QVBoxLayout(this);
@@ -122,7 +122,9 @@ void PreferencesSampleTable::ShowFormats(const PreferencesSample& sample) {
     CellLook amount{
         .text = ToQString(format.amount), .align = CellLook::Align::Trailing, .is_figure = true};
     if (format.look.color) amount.color = ColorOf(*format.look.color);
-    rows.push_back({{.text = ToQString(format.date), .is_figure = true}, std::move(amount)});
+    rows.push_back({{.text = ToQString(format.date), .is_figure = true},
+                    std::move(amount),
+                    {.text = ToQString(format.may_type), .is_dim = true}});
   }
   table_->SetRows(std::move(rows));
 }

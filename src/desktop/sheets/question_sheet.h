@@ -24,6 +24,8 @@ class QuestionSheet final : public SheetDialog {
     std::function<std::string()> text;
     // Why the last answer was not taken; "" for nothing.
     std::function<std::string()> problem;
+    // Below the question; "" for nothing.
+    std::function<std::string()> note;
     // In their order; the first is Cancel.
     std::vector<Answer> answers;
   };
@@ -36,6 +38,7 @@ class QuestionSheet final : public SheetDialog {
  private:
   Question question_;
   QLabel* text_;
+  QLabel* note_;
 };
 
 }  // namespace tallyfold::desktop

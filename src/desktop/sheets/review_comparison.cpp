@@ -141,6 +141,7 @@ ReviewComparison::ReviewComparison(QWidget* parent)
   head->addWidget(matches_);
   matches_->setObjectName(QLatin1String("import_Match_PopUp"));
   matches_->setAccessibleName(matches_label_->text());
+  matches_->setSizeAdjustPolicy(QComboBox::AdjustToContents);
   matches_->setMaximumWidth(kWidestMatch);
   matches_label_->setBuddy(matches_);
   SetInk(matches_label_, Role::Dim);

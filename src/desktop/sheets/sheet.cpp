@@ -1,5 +1,6 @@
 #include "desktop/sheets/sheet.h"
 
+#include <QApplication>
 #include <QButtonGroup>
 #include <QCloseEvent>
 #include <QHBoxLayout>
@@ -8,6 +9,7 @@
 #include <QRadioButton>
 #include <QScreen>
 #include <QScrollArea>
+#include <QTimer>
 #include <QVBoxLayout>
 #include <algorithm>
 
@@ -60,7 +62,8 @@ void AddFocusable(const QLayout& layout, QList<QWidget*>& widgets) {
 SheetDialog::SheetDialog(QWidget* window, const QString& title)
     : QDialog(window, Qt::Sheet | Qt::CustomizeWindowHint | Qt::WindowTitleHint |
                           Qt::WindowCloseButtonHint),
-      body_(new QVBoxLayout),
+      middle_(new QWidget(this)),
+      body_(new QVBoxLayout(middle_)),
       foot_(new QVBoxLayout),
       problem_(new QLabel(this)),
       buttons_(new QWidget(this)) {
@@ -80,7 +83,8 @@ SheetDialog::SheetDialog(QWidget* window, const QString& title)
   auto* whole = new QVBoxLayout(this);
   whole->setContentsMargins(kSheetMargin, kTopMargin, kSheetMargin, kBottomMargin);
   whole->setSpacing(kRuleGap);
-  whole->addLayout(body_);
+  body_->setContentsMargins(0, 0, 0, 0);
+  whole->addWidget(middle_, 1);
   whole->addWidget(problem_);
   whole->addWidget(new RuleLine(this));
   foot_->setSpacing(kWideGap);
@@ -137,16 +141,48 @@ void SheetDialog::Open() {
   open();
 }
 
+void SheetDialog::ScrollMiddle(bool scrolls) {
+  if (scrolls == (scrolled_ != nullptr)) return;
+  auto* whole = static_cast<QVBoxLayout*>(layout());
+  if (scrolls) {
+    scrolled_ = new QScrollArea(this);
+    scrolled_->setFrameShape(QFrame::NoFrame);
+    scrolled_->setFocusPolicy(Qt::NoFocus);
+    scrolled_->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    scrolled_->setWidgetResizable(true);
+    whole->removeWidget(middle_);
+    scrolled_->setWidget(middle_);
+    scrolled_->setMinimumWidth(middle_->minimumSizeHint().width() + kScrollBarExtent);
+    whole->insertWidget(0, scrolled_, 1);
+    connect(qApp, &QApplication::focusChanged, scrolled_, [this](QWidget*, QWidget* now) {
+      if (now != nullptr && middle_->isAncestorOf(now)) scrolled_->ensureWidgetVisible(now);
+    });
+  } else {
+    whole->removeWidget(scrolled_);
+    scrolled_->takeWidget();
+    whole->insertWidget(0, middle_, 1);
+    middle_->show();
+    scrolled_->deleteLater();
+    scrolled_ = nullptr;
+  }
+}
+
 void SheetDialog::Fit() {
   const QWidget* window = parentWidget()->window();
   const QRect screen = window->screen()->availableGeometry();
+  const int tallest = screen.height() - kScreenMargin;
+  ScrollMiddle(false);
   QSize wanted = sizeHint();
   if (wanted_width_ > 0) {
     const int room = std::max(kLeastWideWidth, window->width() - kWindowMargin);
     wanted.setWidth(std::max(minimumSizeHint().width(), std::min(wanted_width_, room)));
     if (hasHeightForWidth()) wanted.setHeight(heightForWidth(wanted.width()));
   }
-  const QSize size(wanted.width(), std::min(wanted.height(), screen.height() - kScreenMargin));
+  if (wanted.height() > tallest) {
+    ScrollMiddle(true);
+    wanted.rwidth() += kScrollBarExtent;
+  }
+  const QSize size(wanted.width(), std::min(wanted.height(), tallest));
   resize(size);
   const QPoint middle = window->geometry().center();
   move(std::clamp(middle.x() - size.width() / 2, screen.left(),
@@ -173,6 +209,13 @@ bool SheetDialog::focusNextPrevChild(bool next) {
     return true;
   }
   return false;
+}
+
+void SheetDialog::paintEvent(QPaintEvent* event) {
+  QDialog::paintEvent(event);
+  if (was_painted_) return;
+  was_painted_ = true;
+  QTimer::singleShot(0, this, [this] { Painted(); });
 }
 
 void SheetDialog::closeEvent(QCloseEvent* event) {

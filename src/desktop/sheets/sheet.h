@@ -5,6 +5,7 @@
 class QDialogButtonBox;
 class QLabel;
 class QPushButton;
+class QScrollArea;
 class QVBoxLayout;
 
 namespace tallyfold::desktop {
@@ -46,18 +47,30 @@ class SheetDialog : public QDialog {
   // "" for none.
   void ShowProblem(const QString& problem);
 
+  // What may wait until the sheet is in sight.
+  virtual void Painted() {}
+  void paintEvent(QPaintEvent* event) override;
+
  private:
   void reject() override { Cancel(); }
   void closeEvent(QCloseEvent* event) override;
   // Tab goes from one to the next as they stand.
   bool focusNextPrevChild(bool next) override;
 
+  // The middle of a sheet that is taller than its screen scrolls; what is below it stays.
+  void ScrollMiddle(bool scrolls);
+
+  // All above the problem and the buttons.
+  QWidget* middle_;
+  // Around it where it scrolls; else null.
+  QScrollArea* scrolled_ = nullptr;
   QVBoxLayout* body_;
   QVBoxLayout* foot_;
   QLabel* problem_;
   QWidget* buttons_;
   int leading_count_ = 0;
   int wanted_width_ = 0;
+  bool was_painted_ = false;
 };
 
 }  // namespace tallyfold::desktop

@@ -117,8 +117,8 @@ class SplitTable::Cells final : public EditCells {
  public:
   explicit Cells(SplitTable* table) : EditCells(table, table) {}
 
-  TextList descriptions;
-  TextList to_froms;
+  FormerTexts descriptions;
+  FormerTexts to_froms;
 
   QWidget* createEditor(QWidget* parent, const QStyleOptionViewItem&,
                         const QModelIndex& index) const override {
@@ -149,7 +149,7 @@ void SplitTable::SetToTitle(const QString& title) {
   model_->SetTitles({QString(), Text("Description"), title, Text("Amount")});
 }
 
-void SplitTable::SetCompletions(TextList descriptions, TextList to_froms) {
+void SplitTable::SetCompletions(FormerTexts descriptions, FormerTexts to_froms) {
   cells_->descriptions = std::move(descriptions);
   cells_->to_froms = std::move(to_froms);
 }

@@ -2,7 +2,6 @@
 
 #include "app/entries/entry_sheet_state.h"
 #include "desktop/sheets/edit_table.h"
-#include "model/account.h"
 
 namespace tallyfold::desktop {
 
@@ -16,7 +15,7 @@ class SplitTable final : public EditTable {
   // Of the column for payees or sources.
   void SetToTitle(const QString& title);
   // What completes the texts of the cells.
-  void SetCompletions(TextList descriptions, TextList to_froms);
+  void SetCompletions(FormerTexts descriptions, FormerTexts to_froms);
   // Touches only lines that differ, so that a text that is no amount stays as typed.
   void ShowRows(const SplitRows& rows);
   [[nodiscard]] SplitRows Rows() const;

@@ -211,18 +211,13 @@ void SummaryOptionsSheet::ShowState() {
   } else {
     ShowProblem(ToQString(TextOf(state.problem)));
   }
-  if (!isVisible()) {
-    ShowResult();
-  } else if (is_stale_) {
-    result_timer_.start(kResultDelay);
-  }
+  if (is_stale_) result_timer_.start(kResultDelay);
 }
 
 void SummaryOptionsSheet::ShowResult() {
-  const State& state = parts_.sheet.State();
-  if (!state.is_open) return;
+  if (!parts_.sheet.State().is_open) return;
   is_stale_ = false;
-  parts_.show_page(result_, state.result);
+  parts_.show_page(result_, parts_.sheet.Result());
   area_->setMinimumWidth(result_->minimumSizeHint().width() + kScrollBarExtent +
                          2 * area_->frameWidth());
 }
@@ -230,7 +225,7 @@ void SummaryOptionsSheet::ShowResult() {
 void SummaryOptionsSheet::paintEvent(QPaintEvent* event) {
   SheetDialog::paintEvent(event);
   QPainter painter(this);
-  const QRect result = area_->geometry();
+  const QRect result(area_->mapTo(this, QPoint()), area_->size());
   const int x = layoutDirection() == Qt::LeftToRight ? result.left() - 1 : result.right() + 1;
   DrawRuleBefore(painter, QRect(x, result.top(), 1, result.height()),
                  ColorsOf(palette())[Role::Rule]);
