@@ -6,6 +6,7 @@
 #include <utility>
 
 #include "app/exchange/remembered_import.h"
+#include "exchange/csv_amounts.h"
 #include "exchange/statement_review.h"
 #include "model/account.h"
 #include "platform/ambient.h"
@@ -246,10 +247,14 @@ void StatementImport::ShowSettings() {
   if (!file_.csv) return;
   const CsvChoices& read = file_.csv->choices;
   const bool has_fees = std::ranges::find(read.columns, CsvField::Fee) != read.columns.end();
+  // A column for each direction has no sign to be turned.
+  const CsvNumberColumns numbers(read.columns);
+  const bool has_directions = !numbers.amount && (numbers.debit || numbers.credit);
   const StatementChoices in_force{.csv = read, .reversals = {}};
   for (const StatementSetting each : kStatementSettings) {
     if (each == StatementSetting::Reversals) continue;
     if (each == StatementSetting::Fees && !has_fees) continue;
+    if (each == StatementSetting::Spending && has_directions) continue;
     AddSetting(each, ChosenValue(in_force, each));
   }
 }

@@ -143,6 +143,8 @@ ReviewComparison::ReviewComparison(QWidget* parent)
   matches_->setAccessibleName(matches_label_->text());
   matches_->setSizeAdjustPolicy(QComboBox::AdjustToContents);
   matches_->setMaximumWidth(kWidestMatch);
+  matches_->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
+  reason_->setWordWrap(true);
   matches_label_->setBuddy(matches_);
   SetInk(matches_label_, Role::Dim);
   connect(matches_, &QComboBox::activated, this, &ReviewComparison::MatchChosen);

@@ -57,6 +57,14 @@ void AddFocusable(const QLayout& layout, QList<QWidget*>& widgets) {
   }
 }
 
+// Brings a widget of the sheet into sight where it stands in a part that scrolls.
+void Reveal(const QWidget& sheet, QWidget& widget) {
+  for (QWidget* each = widget.parentWidget(); each != nullptr && each != &sheet;
+       each = each->parentWidget()) {
+    if (auto* area = qobject_cast<QScrollArea*>(each)) area->ensureWidgetVisible(&widget);
+  }
+}
+
 }  // namespace
 
 SheetDialog::SheetDialog(QWidget* window, const QString& title)
@@ -68,6 +76,9 @@ SheetDialog::SheetDialog(QWidget* window, const QString& title)
       problem_(new QLabel(this)),
       buttons_(new QWidget(this)) {
   setWindowModality(Qt::WindowModal);
+  connect(qApp, &QApplication::focusChanged, this, [this](QWidget*, QWidget* now) {
+    if (now != nullptr && isAncestorOf(now)) Reveal(*this, *now);
+  });
   setWindowTitle(QString(title).replace(QLatin1String("[*]"), QLatin1String("[*][*]")));
   problem_->setObjectName(QLatin1String("sheet_Problem"));
   problem_->setTextFormat(Qt::PlainText);
