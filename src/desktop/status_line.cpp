@@ -20,6 +20,7 @@
 #include "desktop/look/assistive.h"
 #include "desktop/look/figure_label.h"
 #include "desktop/look/icons.h"
+#include "desktop/look/ink.h"
 #include "desktop/look/measures.h"
 #include "desktop/look/rule_line.h"
 #include "desktop/texts.h"
@@ -34,12 +35,6 @@ namespace {
 
 constexpr int kRuleHeight = 18;
 
-FigureLabel* NamedLabel(QWidget* parent, const char* name) {
-  auto* label = new FigureLabel(parent);
-  label->setObjectName(QLatin1String(name));
-  return label;
-}
-
 QToolButton* FlatButton(QWidget* parent, const char* name) {
   auto* button = new QToolButton(parent);
   button->setObjectName(QLatin1String(name));
@@ -48,24 +43,18 @@ QToolButton* FlatButton(QWidget* parent, const char* name) {
   return button;
 }
 
-void SetColor(QLabel& label, Role role) {
-  QPalette palette;
-  palette.setColor(QPalette::WindowText, ColorsOf(palette)[role]);
-  label.setPalette(palette);
-}
-
 }  // namespace
 
 StatusLine::StatusLine(const Parts& parts, QWidget* parent)
     : QWidget(parent),
       parts_(parts),
       mode_(FlatButton(this, "accountBalance_PopUp")),
-      value_(NamedLabel(this, "accountBalance_Field")),
+      value_(new FigureLabel(this, "accountBalance_Field")),
       rule_(new RuleLine(this, Qt::Vertical)),
-      rows_(NamedLabel(this, "rows_Label")),
+      rows_(new FigureLabel(this, "rows_Label")),
       hint_(new QLabel(Text("Space marks the selected entry and moves on"), this)),
       notice_image_(new QLabel(this)),
-      notice_(NamedLabel(this, "notice_Label")),
+      notice_(new FigureLabel(this, "notice_Label")),
       notice_button_(FlatButton(this, "notice_Button")),
       close_(FlatButton(this, "notice_Close_Button")) {
   mode_->setPopupMode(QToolButton::InstantPopup);
@@ -175,7 +164,7 @@ void StatusLine::ShowRows() {
   }
   const bool are_several =
       selected_.count > 1 && parts_.tabs.ShownRegister() != RegisterKind::Other;
-  SetColor(*rows_, are_several ? Role::Text : Role::Dim);
+  SetTextInk(*rows_, ColorsOf(palette())[are_several ? Role::Text : Role::Dim]);
   rows_->setFont(are_several ? MediumFont(font()) : font());
   rows_->setText(ToQString(text));
   rows_->setVisible(!text.empty());
@@ -254,7 +243,7 @@ void StatusLine::ShowNotice() {
                                                  : "warning";
     notice_image_->setPixmap(PixmapNamed(QLatin1String(image), kIconSize, devicePixelRatioF(),
                                          ColorsOf(palette())[role]));
-    SetColor(*notice_, role);
+    SetTextInk(*notice_, ColorsOf(palette())[role]);
   }
   topic_ = topic;
   notice_->setText(notice.text);

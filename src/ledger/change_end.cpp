@@ -65,9 +65,7 @@ ChangeSet Change::Close() {
   } else {
     ledger_.Record(set, carried);
   }
-  // What came and went within the change leaves nothing to go back to.
-  const bool is_step = !parts.empty() && set.HasMoreThanSettings();
-  if (is_step) history.Take(std::move(step), undoable_ == Undoable::Yes);
+  if (!parts.empty() && !set.IsEmpty()) history.Take(std::move(step), undoable_ == Undoable::Yes);
   End();
   if (!set.IsEmpty()) ledger_.Announce(set);
   return set;

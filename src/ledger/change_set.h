@@ -1,6 +1,5 @@
 #pragma once
 
-#include <algorithm>
 #include <cstdint>
 #include <memory>
 #include <string>
@@ -56,12 +55,6 @@ struct ChangeSet {
   // The application password.
   bool password = false;
 
-  // Whether there is something in it that undoing brings back.
-  [[nodiscard]] bool HasMoreThanSettings() const noexcept {
-    return password || !accounts_added.empty() || !accounts_removed.empty() ||
-           std::any_of(accounts.begin(), accounts.end(),
-                       [](const auto& each) { return !(each.kinds == ChangeKind::Settings); });
-  }
   [[nodiscard]] bool IsEmpty() const noexcept {
     return accounts.empty() && accounts_added.empty() && accounts_removed.empty() && !password;
   }

@@ -203,8 +203,8 @@ TEST_F(Window, OrdersGoToAllSelectedRowsAndAreOneStep) {
   for (QAction* action :
        test.program->window().findChild<QMenu*>("entryMenu_Types_Menu"_q)->actions()) {
     if (action->text().remove(u'&') != "Health"_q) continue;
-    // The menu is made anew by it.
     action->trigger();
+    // The menu is another now.
     break;
   }
   EXPECT_EQ(type_of(2), "Health"_q);

@@ -23,7 +23,7 @@ class RandomUser {
   // What it does from here on includes imports. They take numbers that nothing is given.
   void BeginImporting() noexcept { imports_ = true; }
 
-  // One step; false when it came to nothing.
+  // One step; false when it came to nothing that can be undone.
   bool Act() {
     const auto account = PickAccount();
     Change change(ledger_, "Step", Below(4) == 0 ? nullptr : account);
@@ -35,8 +35,9 @@ class RandomUser {
     }
     Operate(change, PickAccount());
     if (Below(8) == 0) return false;
-    const ChangeSet set = change.Close();
-    return set.HasMoreThanSettings();
+    const std::size_t steps = ledger_.history().UndoLines().size();
+    change.Close();
+    return ledger_.history().UndoLines().size() > steps;
   }
   int Below(int limit) { return std::uniform_int_distribution(0, limit - 1)(random_); }
 

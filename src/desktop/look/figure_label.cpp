@@ -33,7 +33,8 @@ QString Cut(const QString& text, const Figures& figures, double room) {
 
 }  // namespace
 
-FigureLabel::FigureLabel(QWidget* parent) : QLabel(parent) {
+FigureLabel::FigureLabel(QWidget* parent, const char* name) : QLabel(parent) {
+  setObjectName(QLatin1String(name));
   setTextFormat(Qt::PlainText);
 }
 

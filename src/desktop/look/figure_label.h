@@ -9,7 +9,7 @@ namespace tallyfold::desktop {
 // in an ellipsis.
 class FigureLabel final : public QLabel {
  public:
-  explicit FigureLabel(QWidget* parent);
+  explicit FigureLabel(QWidget* parent, const char* name = "");
 
   [[nodiscard]] QSize sizeHint() const override;
   [[nodiscard]] QSize minimumSizeHint() const override { return sizeHint(); }

@@ -10,6 +10,7 @@
 
 #include "desktop/look/colors.h"
 #include "desktop/look/figure_label.h"
+#include "desktop/look/ink.h"
 #include "desktop/look/measures.h"
 #include "desktop/look/painting.h"
 #include "desktop/texts.h"
@@ -36,14 +37,6 @@ QLabel* DateLabel(QWidget* parent, const QString& text) {
 
 void MakeDim(QWidget& label) {
   label.setForegroundRole(QPalette::PlaceholderText);
-}
-
-void SetInk(QWidget& label, Role role) {
-  QPalette palette;
-  palette.setColor(QPalette::WindowText, ColorsOf(label.palette())[role]);
-  label.setPalette(palette);
-  // Not that of the ground the label lies on.
-  label.setForegroundRole(QPalette::WindowText);
 }
 
 // Number, day and what is special about it, with a rule below.
@@ -83,7 +76,7 @@ class DateRow final : public QWidget {
     if (due == DueDay::Later) {
       MakeDim(*note);
     } else {
-      SetInk(*note, due == DueDay::Today ? Role::Good : Role::Warning);
+      SetTextInk(*note, due == DueDay::Today ? Role::Good : Role::Warning);
     }
     return note;
   }

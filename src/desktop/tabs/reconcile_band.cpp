@@ -16,6 +16,7 @@
 #include "desktop/look/colors.h"
 #include "desktop/look/figure_label.h"
 #include "desktop/look/icons.h"
+#include "desktop/look/ink.h"
 #include "desktop/look/measures.h"
 #include "desktop/texts.h"
 #include "platform/message.h"
@@ -33,14 +34,8 @@ constexpr int kRoomForNotes = 700;
 // Each figure has a caption above it and a note below.
 constexpr int kRowsOfFigure = 3;
 
-FigureLabel* BandLabel(QWidget* parent, const char* name) {
-  auto* label = new FigureLabel(parent);
-  label->setObjectName(QLatin1String(name));
-  return label;
-}
-
 FigureLabel* Note(QWidget* parent, const char* name) {
-  auto* label = BandLabel(parent, name);
+  auto* label = new FigureLabel(parent, name);
   label->setFont(SmallFont(parent->font()));
   label->setForegroundRole(QPalette::PlaceholderText);
   // Gives way to the figures.
@@ -49,7 +44,7 @@ FigureLabel* Note(QWidget* parent, const char* name) {
 }
 
 QLabel* BandCaption(QWidget* parent, std::string_view key) {
-  auto* label = BandLabel(parent, "");
+  auto* label = new FigureLabel(parent);
   label->setFont(MediumFont(SmallFont(parent->font())));
   label->setForegroundRole(QPalette::PlaceholderText);
   label->setText(Text(key));
@@ -57,7 +52,7 @@ QLabel* BandCaption(QWidget* parent, std::string_view key) {
 }
 
 QLabel* Sign(QWidget* parent, const QString& sign) {
-  auto* label = BandLabel(parent, "");
+  auto* label = new FigureLabel(parent);
   label->setText(sign);
   label->setForegroundRole(QPalette::PlaceholderText);
   label->setFont(LargerFont(parent->font(), kSheetHeadingPoints));
@@ -73,19 +68,21 @@ ReconcileBand::ReconcileBand(const Parts& parts, QWidget* parent)
       grid_(new QGridLayout(figures_)),
       minus_(Sign(this, QStringLiteral("\u2212"))),
       equals_(Sign(this, QLatin1String("="))),
+      statement_caption_(BandCaption(this, "Statement balance")),
+      resolved_caption_(BandCaption(this, "Resolved")),
       difference_caption_(BandCaption(this, "Difference")),
       field_(new AmountField(this)),
       bank_note_(Note(this, "bank_Note")),
-      resolved_(BandLabel(this, "resolvedBalance_Field")),
+      resolved_(new FigureLabel(this, "resolvedBalance_Field")),
       resolved_note_(Note(this, "resolved_Note")),
       tick_(new QLabel(this)),
       difference_row_(new QHBoxLayout),
-      difference_(BandLabel(this, "difference_Field")),
+      difference_(new FigureLabel(this, "difference_Field")),
       difference_note_(Note(this, "difference_Note")),
       explanation_(new QWidget(this)),
       explanation_image_(new QLabel(explanation_)),
-      sentence_(BandLabel(explanation_, "explanation_Label")),
-      named_(BandLabel(explanation_, "explanationEntry_Label")),
+      sentence_(new FigureLabel(explanation_, "explanation_Label")),
+      named_(new FigureLabel(explanation_, "explanationEntry_Label")),
       select_(new QPushButton(explanation_)) {
   field_->setObjectName(QLatin1String("statementBalance_Field"));
   field_->setFixedWidth(kFieldWidth);
@@ -97,8 +94,6 @@ ReconcileBand::ReconcileBand(const Parts& parts, QWidget* parent)
   const QFont figures = DemiBoldFont(LargerFont(font(), kHeadlinePoints));
   resolved_->setFont(figures);
   difference_->setFont(figures);
-  // Its ink is not that of the ground it lies on.
-  difference_->setForegroundRole(QPalette::WindowText);
 
   figures_->setBackgroundRole(QPalette::Base);
   figures_->setAutoFillBackground(true);
@@ -108,14 +103,13 @@ ReconcileBand::ReconcileBand(const Parts& parts, QWidget* parent)
   difference_row_->setSpacing(kGap);
   difference_row_->addWidget(tick_);
   difference_row_->addWidget(difference_, 1);
-  auto* caption = BandCaption(this, "Statement balance");
-  caption->setBuddy(field_);
-  grid_->addWidget(caption, 0, 0);
-  grid_->addWidget(field_, 1, 0);
+  statement_caption_->setBuddy(field_);
+  grid_->addWidget(statement_caption_, 0, 0);
+  grid_->addWidget(field_, 1, 0, Qt::AlignLeading);
   bank_note_->setText(Text("As printed by the bank"));
   grid_->addWidget(bank_note_, 2, 0);
   grid_->addWidget(minus_, 1, 1);
-  grid_->addWidget(BandCaption(this, "Resolved"), 0, 2);
+  grid_->addWidget(resolved_caption_, 0, 2);
   grid_->addWidget(resolved_, 1, 2);
   grid_->addWidget(resolved_note_, 2, 2);
   grid_->setColumnStretch(5, 1);
@@ -208,9 +202,7 @@ void ReconcileBand::ShowState() {
                        : QString());
   const Colors& colors = ColorsOf(palette());
   const QColor ink = colors[is_balanced ? Role::Good : Role::Problem];
-  QPalette inked = difference_->palette();
-  inked.setColor(QPalette::WindowText, ink);
-  difference_->setPalette(inked);
+  SetTextInk(*difference_, ink);
   tick_->setVisible(is_balanced);
   if (is_balanced) {
     tick_->setPixmap(PixmapNamed(QLatin1String("tick"), kTickSize, devicePixelRatioF(), ink));
@@ -269,12 +261,14 @@ void ReconcileBand::PlaceDifference() {
   }
 }
 
-int ReconcileBand::WidthInOneLine() const {
+ReconcileBand::Widths ReconcileBand::WidthsOfFigures() const {
+  const auto width = [](const QWidget* widget) { return widget->sizeHint().width(); };
   const int tick = tick_->isHidden() ? 0 : kTickSize + kGap;
-  const int difference =
-      std::max(difference_->sizeHint().width() + tick, difference_caption_->sizeHint().width());
-  return 2 * kSideMargin + 5 * kColumnGap + kFieldWidth + minus_->sizeHint().width() +
-         resolved_->sizeHint().width() + equals_->sizeHint().width() + difference;
+  return {std::max(kFieldWidth, width(statement_caption_)) + 2 * kSideMargin + kColumnGap +
+              width(minus_) + kColumnGap,
+          std::max(width(resolved_), width(resolved_caption_)),
+          std::max(width(difference_) + tick, width(difference_caption_)),
+          kColumnGap + width(equals_) + kColumnGap};
 }
 
 void ReconcileBand::Fit() {
@@ -282,7 +276,9 @@ void ReconcileBand::Fit() {
   for (FigureLabel* note : {bank_note_, resolved_note_, difference_note_}) {
     note->setVisible(has_room);
   }
-  const bool is_stacked = width() < WidthInOneLine();
+  const Widths widths = WidthsOfFigures();
+  const bool is_stacked =
+      width() < widths.statement + widths.resolved + widths.equals + widths.difference;
   if (is_stacked == is_stacked_) return;
   is_stacked_ = is_stacked;
   for (QWidget* moved :
@@ -297,9 +293,9 @@ void ReconcileBand::Fit() {
 }
 
 QSize ReconcileBand::minimumSizeHint() const {
-  const int stacked = 2 * kSideMargin + 2 * kColumnGap + kFieldWidth + minus_->sizeHint().width() +
-                      std::max(resolved_->sizeHint().width(), difference_->sizeHint().width());
-  return {stacked, QWidget::minimumSizeHint().height()};
+  const Widths widths = WidthsOfFigures();
+  return {widths.statement + std::max(widths.resolved, widths.difference),
+          QWidget::minimumSizeHint().height()};
 }
 
 void ReconcileBand::resizeEvent(QResizeEvent* event) {

@@ -53,8 +53,15 @@ class ReconcileBand final : public QWidget {
   void ShowState();
   void ShowExplanation();
   void SelectEntries();
-  // How wide the figures are beside each other.
-  [[nodiscard]] int WidthInOneLine() const;
+  // What the figures need at least, with their captions; the first with the margins and the sign
+  // behind it.
+  struct Widths {
+    int statement;
+    int resolved;
+    int difference;
+    int equals;
+  };
+  [[nodiscard]] Widths WidthsOfFigures() const;
   // Takes away and moves below what there is no room for.
   void Fit();
   void PlaceDifference();
@@ -64,6 +71,8 @@ class ReconcileBand final : public QWidget {
   QGridLayout* grid_;
   QLabel* minus_;
   QLabel* equals_;
+  QLabel* statement_caption_;
+  QLabel* resolved_caption_;
   QLabel* difference_caption_;
   AmountField* field_;
   FigureLabel* bank_note_;

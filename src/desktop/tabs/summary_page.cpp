@@ -12,6 +12,7 @@
 #include "desktop/look/colors.h"
 #include "desktop/look/figure_label.h"
 #include "desktop/look/icons.h"
+#include "desktop/look/ink.h"
 #include "desktop/look/measures.h"
 #include "desktop/look/rule_line.h"
 #include "desktop/tabs/summary_table.h"
@@ -106,10 +107,7 @@ QLayout* MakeCheck(QWidget* page, const SummaryLayout& layout, const LDGRPrefere
   if (agrees) {
     sentence->setForegroundRole(QPalette::PlaceholderText);
   } else {
-    QPalette inked;
-    inked.setColor(QPalette::WindowText, ink);
-    sentence->setPalette(inked);
-    sentence->setForegroundRole(QPalette::WindowText);
+    SetTextInk(*sentence, ink);
   }
   row->addWidget(sentence, 1);
   return row;
