@@ -44,8 +44,11 @@
 #include "app/views/reconcile_tab.h"
 #include "app/views/registers.h"
 #include "filters/register_search.h"
+#include "ledger/change_set.h"
+#include "ledger/ledger.h"
 #include "ledger/ledger_fixture.h"
 #include "model/account.h"
+#include "plist/writer.h"
 #include "registers/table_data_source.h"
 
 namespace tallyfold {
@@ -197,6 +200,12 @@ std::vector<std::pair<Area, std::string>> Seen(TestApplication& test) {
   };
 }
 
+std::vector<std::string> BytesOfEach(const AccountList& accounts) {
+  std::vector<std::string> bytes;
+  for (const auto& account : accounts) bytes.push_back(plist::ToXml(account->asDictionary()));
+  return bytes;
+}
+
 // Runs an order in a state, and expects that each area that it changes is told of, none more often
 // than that, and that nothing is shown as it was before.
 template <typename Run>
@@ -204,7 +213,27 @@ void ExpectThatItTells(TestApplication& test, const std::string& where, int most
   const auto before = Seen(test);
   const std::size_t alerts = test.alerts.Requests().size();
   test.front_end.changed.clear();
+  const AccountList accounts = test.app.desk().accounts();
+  const std::vector<std::string> bytes = BytesOfEach(accounts);
+  Mirror mirror;
+  for (const auto& account : accounts) mirror.Follow(*account);
+  test.app.ledger().AddListener(mirror);
   run();
+  test.app.ledger().RemoveListener(mirror);
+  // A backup takes the place of all accounts, of which the ledger has nothing to tell.
+  const auto& left = test.app.desk().accounts();
+  if (left.empty() || accounts.empty() ||
+      std::ranges::find(accounts, left.back()) != accounts.end()) {
+    EXPECT_TRUE(mirror.Equals(left)) << where;
+  }
+  const std::vector<std::string> bytes_after = BytesOfEach(accounts);
+  for (std::size_t i = 0; i < accounts.size(); ++i) {
+    const bool is_told = std::ranges::any_of(
+        mirror.sets, [&](const ChangeSet& set) { return set.Of(accounts[i].get()) != nullptr; });
+    if (!is_told) {
+      EXPECT_EQ(bytes[i], bytes_after[i]) << where;
+    }
+  }
   const auto told = test.front_end.changed;
   const auto after = Seen(test);
   // The same worked out anew, which ends a search and filters the rows again.

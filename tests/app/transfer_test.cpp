@@ -335,19 +335,6 @@ TEST(Removals, RemoveWhatTheyAskedAbout) {
   EXPECT_EQ(TextOf(app.entryRemoval().Confirm().problem), "The entry has been removed.");
 }
 
-TEST(Removals, DoNothingWithoutASelectedEntry) {
-  ThreeAccounts test;
-  test.app.entryRemoval().EntryRemoveConfirm_Begin();
-  EXPECT_EQ(test.app.sheets().Current(), Sheet::None);
-  test.AddDebit(1.0);
-  test.app.desk().SelectEntry(nullptr);
-  test.app.entryRemoval().EntryRemoveConfirm_Begin();
-  test.app.entryRemoval().EntryRemoveConfirm_OK();
-  test.app.entryRemoval().TransferEntryRemoveConfirm_No();
-  test.app.entryRemoval().Entry_Delete();
-  EXPECT_EQ(test.a->GetEntries().size(), 1U);
-}
-
 TEST(OtherHalves, AreShownInTheirAccount) {
   ThreeAccounts test;
   auto& app = test.app;

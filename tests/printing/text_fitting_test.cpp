@@ -80,7 +80,7 @@ TEST(TextsOnPaper, AreWrappedBetweenWordsWithNothingLost) {
 
 TEST(TextsOnPaper, AreOneLineOfValidCharacters) {
   EXPECT_EQ(OnOneLine("a\tb\r\nc\x1b[2J\u0085\u2029\xc3"), "a b  c [2J  \uFFFD");
-  EXPECT_EQ(OnOneLine("plain"), "plain");
+  EXPECT_EQ(OnOneLine("1\u00A0000 ~\x7F."), "1\u00A0000 ~ .");
 }
 
 TEST(TextsOnPaper, AreMeasuredWithTheirWidestDigits) {
