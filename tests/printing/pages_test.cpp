@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <set>
+#include <utility>
 
 #include "printing/plain_text.h"
 
@@ -180,6 +181,15 @@ TEST(Pages, RepeatAHeadWhoseTextsShareItsLine) {
       EXPECT_EQ(page.substr(0, page.find('\n')), c.printed);
     }
   }
+
+  // Nor is the day in the foot cut, whatever the numbers of the pages take beside it.
+  const auto with_foot = [&size](std::size_t rows) {
+    const Pages pages({{}, "Printed 11/22/26", {Table(std::vector<RowShape>(rows))}},
+                      {size, size, {}}, Orientation::Automatic, kMetric);
+    return std::pair(pages.GetProblem(), pages.LeastSize().width);
+  };
+  EXPECT_EQ(with_foot(7), std::pair(Pages::Problem::None, 29.0));
+  EXPECT_EQ(with_foot(100), std::pair(Pages::Problem::TooNarrow, 31.0));
 }
 
 TEST(Pages, BreakANoteOfAnyLengthOverAsManyPagesAsItTakes) {

@@ -199,4 +199,14 @@ void PagePreview::wheelEvent(QWheelEvent* event) {
   event->accept();
 }
 
+void PagePreview::focusInEvent(QFocusEvent* event) {
+  QAbstractScrollArea::focusInEvent(event);
+  viewport()->update();
+}
+
+void PagePreview::focusOutEvent(QFocusEvent* event) {
+  QAbstractScrollArea::focusOutEvent(event);
+  viewport()->update();
+}
+
 }  // namespace tallyfold::desktop
