@@ -38,6 +38,7 @@
 #include "desktop/menu_bar.h"
 #include "desktop/print/qt_printers.h"
 #include "desktop/progress_bar.h"
+#include "desktop/register/register_view.h"
 #include "desktop/search_strip.h"
 #include "desktop/services/user_settings.h"
 #include "desktop/sheets/help_window.h"
@@ -106,7 +107,12 @@ void MainWindow::MakePieces() {
   help_ = std::make_unique<HelpKey>();
   menus_ = std::make_unique<MenuBar>(
       *menuBar(), *actions_,
-      MenuBar::Parts{app.menus(), *entry_actions_, app.search(), [this] { help_->Open(); }});
+      MenuBar::Parts{app.menus(), *entry_actions_, app.search(), [this] { help_->Open(); },
+                     [this](QMenu& menu) {
+                       const auto* page = pages_->currentWidget();
+                       auto* table = page->findChild<RegisterView*>();
+                       if (table != nullptr) table->FillColumnsMenu(menu);
+                     }});
   sheets_ = std::make_unique<SheetHost>(app.sheets(), *this);
   SetUpSheets(*sheets_, app, [this] { help_->Open(); });
   sheets_->SetActions({actions_->Named("SpeakFigures")});

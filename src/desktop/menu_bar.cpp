@@ -132,7 +132,13 @@ MenuBar::MenuBar(QMenuBar& bar, CommandActions& actions, const Parts& parts)
     SetTitle(*details_, Text("Details of the Selected Entry"));
     details_->setCheckable(true);
     details_->setChecked(true);
-    connect(menu, &QMenu::aboutToShow, this, [this, filters] {
+    QMenu* columns = menu->addMenu(QString());
+    columns->setObjectName(QLatin1String("viewMenu_Columns_Menu"));
+    SetTitle(*columns->menuAction(), Text("Columns"));
+    connect(menu, &QMenu::aboutToShow, this, [this, filters, columns] {
+      columns->clear();
+      parts_.fill_columns(*columns);
+      columns->menuAction()->setEnabled(parts_.menus.AreOn() && !columns->isEmpty());
       details_->setEnabled(parts_.menus.AreOn());
       filters->menuAction()->setEnabled(actions_.Named("Search_Cancel")->isEnabled());
     });

@@ -26,6 +26,8 @@ class MenuBar final : public QObject {
     EntryActions& entries;
     RegisterSearch& search;
     std::function<void()> open_help;
+    // With what can be done with the columns of the table that shows; nothing where none does.
+    std::function<void(QMenu&)> fill_columns;
   };
 
   // Fills `bar`, which like the others must outlive this.

@@ -11,6 +11,7 @@
 #include <QLineEdit>
 #include <QPlainTextEdit>
 #include <QPointer>
+#include <QScrollArea>
 #include <QTableView>
 #include <map>
 #include <set>
@@ -198,6 +199,9 @@ double ContrastOfChange(const QImage& before, const QImage& after) {
 
 QImage PictureAround(QWidget& widget) {
   constexpr int kAround = 4;
+  for (QWidget* above = widget.parentWidget(); above != nullptr; above = above->parentWidget()) {
+    if (auto* area = qobject_cast<QScrollArea*>(above)) area->ensureWidgetVisible(&widget);
+  }
   QWidget* window = widget.window();
   const QRect place(widget.mapTo(window, QPoint()), widget.size());
   return window->grab(place.adjusted(-kAround, -kAround, kAround, kAround)).toImage();

@@ -13,9 +13,11 @@
 
 #include "app/desk.h"
 #include "app/shell/tabs.h"
+#include "app/views/registers.h"
 #include "desktop/example.h"
 #include "desktop/test_window.h"
 #include "model/account.h"
+#include "registers/account_table_view_data.h"
 
 namespace tallyfold::desktop {
 
@@ -133,6 +135,19 @@ TEST_F(Window, SortsByItsHeadersAndKeepsTheEntrySelected) {
   EXPECT_EQ(test.program->window().windowTitle(), "Tallyfold:  Savings"_q);
   test.Key(Qt::Key_1, Qt::ControlModifier);
   EXPECT_EQ(test.program->window().windowTitle(), "Tallyfold:  Joint checking"_q);
+}
+
+TEST_F(Window, HidesColumnsAndSortsByThemByKeysToo) {
+  const auto choose = [this](std::initializer_list<Qt::Key> keys) {
+    test.Key(Qt::Key_V, Qt::AltModifier);
+    for (const Qt::Key key : keys) test.Key(key);
+    test.Wait(std::chrono::milliseconds(1));
+  };
+  const TableState& table = *app().registers().Entry().GetTableView();
+  choose({Qt::Key_Up, Qt::Key_Right, Qt::Key_Up, Qt::Key_Return});
+  EXPECT_EQ(table.HighlightedColumn(), "amount");
+  choose({Qt::Key_Up, Qt::Key_Right, Qt::Key_Down, Qt::Key_Return});
+  EXPECT_EQ(table.HiddenColumns().size(), 1u);
 }
 
 TEST_F(Window, IsWalkedAndOrderedByKeysAlone) {

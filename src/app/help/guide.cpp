@@ -29,7 +29,12 @@ const std::vector<ChapterText>& ChapterTexts() {
         "of the lines.",
         "A transfer stands in both accounts. Changing or removing one half changes the other; "
         "before the other half is removed you are asked.",
-        "Everything can be undone, step by step, back to the start of the program."}},
+        "Everything can be undone, step by step, back to the start of the program.",
+        "Everything can also be done by keys: the menus have all commands, and F6 goes from one "
+        "part "
+        "of the window to the next. Speak Figures reads the balances that show aloud, also in "
+        "front "
+        "of a sheet, and a screen reader is told of each that changes."}},
       {"reconcile",
        "The Bank's Statement",
        {"On the tab Reconcile, type the closing balance of the statement. Then go through it and "

@@ -5,6 +5,7 @@
 #include <QMenu>
 #include <QMouseEvent>
 #include <QPainter>
+#include <QToolTip>
 #include <algorithm>
 #include <utility>
 
@@ -13,6 +14,7 @@
 #include "desktop/look/measures.h"
 #include "desktop/look/painting.h"
 #include "desktop/texts.h"
+#include "platform/message.h"
 
 namespace tallyfold::desktop {
 namespace {
@@ -174,10 +176,15 @@ void Header::contextMenuEvent(QContextMenuEvent* event) {
   auto* menu = new QMenu(this);
   menu->setObjectName(QStringLiteral("columns_Menu"));
   menu->setAttribute(Qt::WA_DeleteOnClose);
+  FillMenu(*menu);
+  menu->popup(event->globalPos());
+}
+
+void Header::FillMenu(QMenu& menu) {
   for (int section = 0; section < model_.columnCount(); ++section) {
     const TableColumn& column = model_.ColumnAt(section);
     const bool is_shown = !isSectionHidden(section);
-    QAction* action = menu->addAction(WithoutMnemonics(ToQString(TitleOf(column))));
+    QAction* action = menu.addAction(WithoutMnemonics(ToQString(TitleOf(column))));
     action->setCheckable(true);
     action->setChecked(is_shown);
     action->setEnabled(!is_shown || table_.Columns().size() > 1);
@@ -190,7 +197,31 @@ void Header::contextMenuEvent(QContextMenuEvent* event) {
               }
             });
   }
-  menu->popup(event->globalPos());
+  menu.addSeparator();
+  for (int section = 0; section < model_.columnCount(); ++section) {
+    const TableColumn& column = model_.ColumnAt(section);
+    if (!column.sorts) continue;
+    QAction* action =
+        menu.addAction(WithoutMnemonics(ToQString(Message("Sort by {1}", {TitleOf(column)}))));
+    action->setCheckable(true);
+    action->setChecked(IsSortColumn(section));
+    connect(action, &QAction::triggered, this, [this, section] { emit SortWanted(section); });
+  }
+}
+
+bool Header::viewportEvent(QEvent* event) {
+  if (event->type() == QEvent::ToolTip) {
+    const auto* help = static_cast<QHelpEvent*>(event);
+    const int section = logicalIndexAt(help->pos());
+    const QString title = section < 0 ? QString() : ToQString(TitleOf(model_.ColumnAt(section)));
+    const int mark = section >= 0 && IsSortColumn(section) ? kChevronSize + kMarkGap : 0;
+    const int needed =
+        QFontMetrics(sorted_).horizontalAdvance(title) + mark + kCellPadding + kLastCellPadding;
+    const bool is_cut = section >= 0 && needed > sectionSize(section);
+    QToolTip::showText(help->globalPos(), is_cut ? PlainToolTip(title) : QString(), viewport());
+    return true;
+  }
+  return QHeaderView::viewportEvent(event);
 }
 
 }  // namespace tallyfold::desktop

@@ -7,6 +7,8 @@
 #include "desktop/register/row_model.h"
 #include "registers/table_state.h"
 
+class QMenu;
+
 namespace tallyfold::desktop {
 
 // The heads of a table's columns. What is sorted by, and how, it draws as the table says, and never
@@ -27,6 +29,8 @@ class Header final : public QHeaderView {
   [[nodiscard]] QSize sizeHint() const override;
   // As tall as the heads, for what stands beside them.
   [[nodiscard]] int Height() const;
+  // What can be done with the columns: each shown or not, and sorted by.
+  void FillMenu(QMenu& menu);
 
  signals:
   // The user has given a section another width, and let go.
@@ -44,6 +48,7 @@ class Header final : public QHeaderView {
   void mouseReleaseEvent(QMouseEvent* event) override;
   void leaveEvent(QEvent* event) override;
   void contextMenuEvent(QContextMenuEvent* event) override;
+  bool viewportEvent(QEvent* event) override;
 
  private:
   // Without the space that a list has above its first row.

@@ -328,6 +328,10 @@ void RegisterView::SelectForUser(std::vector<int> rows) {
   emit RowSelected(current);
 }
 
+void RegisterView::FillColumnsMenu(QMenu& menu) {
+  header_->FillMenu(menu);
+}
+
 void RegisterView::copy() const {
   if (selection_.Count() == 0) return;
   // The clipboard takes it over.

@@ -11,6 +11,8 @@
 #include "desktop/register/type_ahead.h"
 #include "registers/table_state.h"
 
+class QMenu;
+
 namespace tallyfold::desktop {
 
 class Header;
@@ -51,6 +53,8 @@ class RegisterView final : public QTableView, public RowStates, private TableSta
   // out.
   void SelectForUser(std::vector<int> rows);
   void ScrollToRow(int row);
+  // With what can be done with the columns.
+  void FillColumnsMenu(QMenu& menu);
   [[nodiscard]] const RowModel& Rows() const noexcept { return *model_; }
   [[nodiscard]] RowState StateOf(int row) const override;
 
