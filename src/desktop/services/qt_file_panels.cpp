@@ -34,6 +34,7 @@ void AlignColumns(QFileDialog& panel, QGridLayout& grid, QWidget& rows) {
   const int more = LeadingEdge(panel, *ours) - LeadingEdge(panel, *own);
   if (more > 0) {
     grid.setColumnMinimumWidth(0, label->width() + more);
+    grid.activate();
   } else {
     rows.setContentsMargins(-more, 0, 0, 0);
   }
