@@ -94,6 +94,32 @@ TEST(AccountSheet, WritesIntoTheAccountItself) {
   EXPECT_EQ(account->AccountEntryTypeForNumber(0), check);
 }
 
+TEST(AccountSheet, TellsWhatTheAccountHasComeTo) {
+  TestApplication test;
+  test.app.accountSheet().Account_Add();
+  EXPECT_FALSE(test.app.accountSheet().State().facts);
+  test.app.accountSheet().AccountEditSheet_Cancel();
+  const auto account = test.AddAccount("A");
+  const auto facts = [&test] {
+    Texts lines;
+    EXPECT_TRUE(test.app.accountSheet().Account_Edit());
+    for (const AccountFactLine& line : test.app.accountSheet().State().fact_lines) {
+      lines.push_back(line.title + ": " + line.text);
+    }
+    test.app.accountSheet().AccountEditSheet_Cancel();
+    return lines;
+  };
+  EXPECT_EQ(facts(), (Texts{"Entries: 0", "Scheduled: 0", "Next check: 1", "Balance: $0.00"}));
+  test.AddDebit(12.5)->SetDate(20040229);
+  test.AddDebit(1.0);
+  test.AddDebit(2.0)->SetDate(20040303);
+  test.AddDueSchedule();
+  account->SetStartingCheckNumber(40);
+  EXPECT_EQ(facts(),
+            (Texts{"Entries: 3, from 02/29/04 to 03/07/04", "Scheduled: 1, the next on 03/01/04",
+                   "Next check: 40", "Balance: -$15.50"}));
+}
+
 TEST(AccountSheet, TakesUsedTypesOutOfUseAndForgetsOthers) {
   TestApplication test;
   const auto account = test.AddAccount("A");

@@ -111,6 +111,16 @@ TEST_F(ImportTest, ShowsTheFirstRowsAsTheyWouldComeIn) {
   }
   EXPECT_EQ(rows,
             "01/17/04 Tea -$5.00 in red, 01/18/04 Bread -$6.00 in red, 01/19/04 Gift $7.00 not, ");
+  const QifImportProof proof = import.ImportOptions_Proof();
+  EXPECT_EQ(proof.first_day + " to " + proof.last_day, "01/17/04 to 01/19/04");
+  std::string formats;
+  for (const QifImportProof::Format& format : proof.formats) {
+    if (format.fits) formats += format.title + ' ' + format.first + '-' + format.last + ", ";
+  }
+  EXPECT_EQ(formats,
+            "MM/DD/YY 01/17/04-01/19/04, MM/YY/DD 01/04/17-01/04/19, DD/YY/MM 04/01/17-04/01/19, "
+            "YY/DD/MM 04/17/01-04/19/01, ");
+  EXPECT_EQ(proof.formats[4].title + ' ' + proof.formats[4].first, "MM/DD/YYYY 0004-01-17");
   EXPECT_TRUE(import.ImportOptions_OK());
   EXPECT_TRUE(import.ImportOptions_Proof().rows.empty()) << "the sheet is closed";
 }
@@ -179,6 +189,12 @@ TEST_F(ImportTest, ReadsTheFileAgainInAnotherEncodingAndTellsOfDatesThatCannotBe
                 "!Account\nNTwo\n^\n!Type:Bank\nDnever\nT1\nMGrün\n^\n");
   EXPECT_FALSE(import.ImportOptions_SetEncoding(4));
   Begin();
+  std::string samples;
+  for (const QifImportProof::Sample& sample : import.ImportOptions_Proof().samples) {
+    if (sample.text) samples += sample.name + ' ' + *sample.text + ", ";
+  }
+  EXPECT_TRUE(samples.starts_with("Unicode (UTF-8) Grün, Central European (ISO 8859-2) GrĂźn, "));
+  EXPECT_NE(samples.find("Western (ISO 8859-1) GrÃ¼n, "), std::string::npos) << samples;
   auto typed = import.Options().typed;
   typed.account = 1;
   import.ImportOptions_Read(typed);

@@ -95,5 +95,32 @@ TEST_F(SheetTest, AsksForEverythingAnewOnceTheSettingsAreInForce) {
   EXPECT_FALSE(sheet.Open() || sheet.OK());
 }
 
+TEST_F(SheetTest, ShowsTheLastEntriesAsTheSettingsWouldHaveThem) {
+  const auto account = AddAccount("A");
+  for (const std::int32_t day : {6, 1, 5, 2, 4, 3}) AddDebit(day)->SetDate(20040300 + day);
+  const auto sample = [this] {
+    std::string text;
+    for (const PreferencesSample::Row& row : sheet.State().sample.rows) {
+      text += row.date.text + ' ' + row.amount.text + ' ' + row.balance.text + ", ";
+    }
+    for (const PreferencesSample::Format& format : sheet.State().sample.formats) {
+      text += format.date + ' ' + format.amount + (format.look.is_italic ? " to come, " : ", ");
+    }
+    return text;
+  };
+  ASSERT_TRUE(sheet.Open());
+  EXPECT_EQ(sample(),
+            "03/02/04 -$2.00 -$3.00, 03/03/04 -$3.00 -$6.00, 03/04/04 -$4.00 -$10.00, "
+            "03/05/04 -$5.00 -$15.00, 03/06/04 -$6.00 -$21.00, "
+            "03/07/04 -$1,890.00, 12/31/04 $2,450.00 to come, 03/07/04 -$300.00, ");
+  EXPECT_TRUE(sheet.Read("dateFormat", 2));
+  EXPECT_TRUE(sample().starts_with("March 2, 2004 -$2.00 -$3.00, ")) << sample();
+  sheet.Cancel();
+  account->SetPassword("y");
+  account->setAuthenticated(false);
+  ASSERT_TRUE(sheet.Open());
+  EXPECT_TRUE(sheet.State().sample.rows.empty());
+}
+
 }  // namespace
 }  // namespace tallyfold

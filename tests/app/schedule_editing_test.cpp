@@ -171,6 +171,7 @@ TEST(ScheduleSheet, ShowsTheNextDatesOfWhatIsTyped) {
   values.start = 20040531;
   EXPECT_EQ(dates(values), (Texts{"Mon 31 May 2004", "June 2004; no day 31",
                                   "Sat 31 Jul 2004; paid Fri 30 Jul", "Tue 31 Aug 2004"}));
+  EXPECT_EQ(test.app.scheduleSheet().State().dates_note, "Months without a day 31 are left out.");
   values.repeat_until_type = 1;
   EXPECT_EQ(dates(values).size(), 12U + 8U);
   values.repeat_interval_type = 0;
