@@ -149,7 +149,7 @@ void LookAtRoom(const QWidget& window, QStringList& wrong) {
 
 // False where there is nothing to see: what many rows look like is no other state.
 bool Reach(TestWindow& test, const QString& name, const std::function<void(TestWindow&)>& prepare) {
-  if (name == QLatin1String("hundred-thousand")) return false;
+  if (name.endsWith(QLatin1String("hundred-thousand"))) return false;
   static_cast<void>(test.Launch());
   test.program->window().resize(1280, 832);
   prepare(test);
