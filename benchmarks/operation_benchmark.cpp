@@ -40,7 +40,8 @@ struct Window {
   }
   // The rows that fit into a window, and what stands below them.
   void Look() {
-    for (auto* shown : {&test.app.registers().Entry(), &test.app.registers().Reconcile()}) {
+    for (auto* shown :
+         {&test.app.registers().entryDataSource(), &test.app.registers().reconcileDataSource()}) {
       const auto count = static_cast<std::int32_t>(shown->numberOfRowsInTableView());
       const std::int32_t selected = shown->GetTableView()->SelectedRow();
       for (std::int32_t row = selected - 20; row < selected + 20; ++row) {
@@ -55,7 +56,7 @@ struct Window {
   }
   // Of the middle of the register.
   void SelectMiddle() {
-    auto& shown = test.app.registers().Entry();
+    auto& shown = test.app.registers().entryDataSource();
     shown.SelectRow(static_cast<std::int32_t>(shown.numberOfRowsInTableView() / 2));
   }
 
@@ -120,7 +121,7 @@ void ClearedMark(benchmark::State& state) {
       state, [](Window& window) { window.SelectMiddle(); },
       [](Window& window) {
         auto& app = window.test.app;
-        app.entries().TurnClearedOver(app.registers().Entry().GetSelectedEntry());
+        app.entries().TurnClearedOver(app.registers().entryDataSource().GetSelectedEntry());
       });
 }
 

@@ -68,7 +68,7 @@ struct HeaderClick {
   static void Prepare(Place&) {}
   template <typename Place>
   static void Order(Place& place) {
-    auto& rows = place.app().registers().Entry();
+    auto& rows = place.app().registers().entryDataSource();
     const bool by_day = rows.GetTableView()->HighlightedColumn() == "date";
     rows.ClickedTableColumn(by_day ? "description" : "date");
   }

@@ -47,7 +47,7 @@ RegisterKind RegisterAnswers::ShownRegister() const {
 }
 
 LDGRAccountTableViewData* RegisterAnswers::CurrentRegister() {
-  return &parts_.registers.Current();
+  return &parts_.registers.currentTableDataSource();
 }
 
 // --- Entries out of sight -----------------------------------------------------------------------
@@ -58,7 +58,7 @@ void RegisterAnswers::TellIfHidden(const std::shared_ptr<LDGRAccountEntry>& entr
 }
 
 bool RegisterAnswers::IsShown(const LDGRAccountEntry* entry) const {
-  return parts_.registers.Current().EntryToRow(entry).has_value();
+  return parts_.registers.currentTableDataSource().EntryToRow(entry).has_value();
 }
 
 std::shared_ptr<LDGRFilter> RegisterAnswers::CurrentFilter() const {

@@ -110,7 +110,7 @@ class EntriesOfWords {
   }
 
   void AddShown() {
-    const EntryList& shown = console_.controller.registers().Current().GetEntries();
+    const EntryList& shown = console_.controller.registers().currentTableDataSource().GetEntries();
     if (shown.empty()) throw CommandError("the register shows no entries; see 'filter'");
     for (const auto& entry : shown) Add(entry);
   }

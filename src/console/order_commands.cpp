@@ -119,7 +119,7 @@ void Sum(Console& console, const Arguments& arguments) {
 }
 
 void Copy(Console& console, const Arguments& arguments) {
-  const auto& shown = console.controller.registers().Current();
+  const auto& shown = console.controller.registers().currentTableDataSource();
   std::vector<std::size_t> rows;
   const EntryList entries = AllEntriesNamed(console, arguments);
   std::unordered_map<const LDGRAccountEntry*, std::size_t> places;

@@ -110,7 +110,7 @@ std::string ColumnNamed(std::string_view word) {
 }
 
 void ShowColumns(const Console& console) {
-  const auto& rows = console.controller.registers().Current();
+  const auto& rows = console.controller.registers().currentTableDataSource();
   const std::string& table_identifier = rows.GetTableIdentifier();
   const auto& views = rows.GetAccountPreferences();
   Table table({{"column"}, {"title"}, {"sorted"}});
@@ -132,14 +132,14 @@ void ListColumns(Console& console, const Arguments& /*arguments*/) {
 
 void HideColumn(Console& console, const Arguments& arguments) {
   static_cast<void>(SelectedAccount(console));
-  console.controller.registers().Current().HideTableColumnWithIdentifier(
+  console.controller.registers().currentTableDataSource().HideTableColumnWithIdentifier(
       ColumnNamed(arguments.WordAt(0)));
   ShowColumns(console);
 }
 
 void ShowColumn(Console& console, const Arguments& arguments) {
   static_cast<void>(SelectedAccount(console));
-  console.controller.registers().Current().ShowTableColumnWithIdentifier(
+  console.controller.registers().currentTableDataSource().ShowTableColumnWithIdentifier(
       ColumnNamed(arguments.WordAt(0)));
   ShowColumns(console);
 }
@@ -148,7 +148,7 @@ void Sort(Console& console, const Arguments& arguments) {
   static_cast<void>(SelectedAccount(console));
   const std::string column = ColumnNamed(arguments.WordAt(0));
   if (!SortKeyOfColumn(column)) throw CommandError("sort: " + column + " cannot be sorted by");
-  auto& shown = console.controller.registers().Current();
+  auto& shown = console.controller.registers().currentTableDataSource();
   shown.OrderBy(column, arguments.YesNo("descending").value_or(!shown.SortsDescending()));
   ShowColumns(console);
 }

@@ -76,7 +76,7 @@ void SortRows(std::vector<ListedEntry>& rows, const RegisterOrder& order) {
 void ListSelected(Console& console, const Arguments& arguments, const Days& days,
                   RegisterListing& listing) {
   const auto account = SelectedAccount(console);
-  auto& shown = console.controller.registers().Current();
+  auto& shown = console.controller.registers().currentTableDataSource();
   const RegisterOrder former = OrderInWindow(console, *account);
   const RegisterOrder order = ReadOrder(arguments, former);
   if (order.key && order != former) shown.OrderBy(ColumnOf(*order.key), order.descending);

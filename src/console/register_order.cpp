@@ -28,7 +28,7 @@ std::string_view ColumnIdentifier(std::string_view word) noexcept {
 }
 
 RegisterOrder OrderInWindow(const Console& console, const LDGRAccount& account) {
-  const auto& shown = console.controller.registers().Current();
+  const auto& shown = console.controller.registers().currentTableDataSource();
   if (shown.GetAccount().get() == &account) return shown.Rows().Order().value_or(RegisterOrder());
   const auto& views = console.controller.desk().preferences().GetAccountPreferences();
   const auto view = std::ranges::find_if(views, [&account](const auto& each) {

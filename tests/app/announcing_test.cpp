@@ -78,7 +78,8 @@ std::vector<std::pair<Area, std::string>> Seen(TestApplication& test) {
     accounts += list.tableView("accounts", row).text + list.tableView("balance", row).text + ' ';
   }
   std::string rows;
-  for (const auto* shown : {&app.registers().Entry(), &app.registers().Reconcile()}) {
+  for (const auto* shown :
+       {&app.registers().entryDataSource(), &app.registers().reconcileDataSource()}) {
     for (const auto& entry : shown->GetEntries()) rows += Line(*entry) + '\n';
   }
   std::string schedules;
@@ -96,7 +97,8 @@ std::vector<std::pair<Area, std::string>> Seen(TestApplication& test) {
     types += item.title + flag(item.is_enabled) + flag(item.is_checked);
   }
   std::string columns;
-  for (const auto* shown : {&app.registers().Entry(), &app.registers().Reconcile()}) {
+  for (const auto* shown :
+       {&app.registers().entryDataSource(), &app.registers().reconcileDataSource()}) {
     for (const TableColumn& column : shown->VisibleTableColumns()) columns += TitleOf(column) + ' ';
   }
   std::string steps;

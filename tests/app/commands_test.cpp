@@ -113,7 +113,8 @@ std::vector<std::string> TextsShown(TestApplication& test) {
   items(app.balanceField().State().mode_items);
   items(app.reminder().State().unit_items);
   items(app.reminder().State().balance_items);
-  for (const auto* rows : {&app.registers().Entry(), &app.registers().Reconcile()}) {
+  for (const auto* rows :
+       {&app.registers().entryDataSource(), &app.registers().reconcileDataSource()}) {
     for (const TableColumn& column : rows->VisibleTableColumns()) texts.push_back(TitleOf(column));
   }
   items(app.printSheet().State().papers);

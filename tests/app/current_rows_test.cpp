@@ -23,7 +23,7 @@ struct FakeRowsHost final : DateJump::Host, ShownEntries::Host, AccountSummaryTa
     return account != nullptr ? account->entryFilter() : nullptr;
   }
   [[nodiscard]] bool IsShown(const LDGRAccountEntry* entry) const override {
-    return registers.Entry().EntryToRow(entry).has_value();
+    return registers.entryDataSource().EntryToRow(entry).has_value();
   }
   void ShowRegister() override { log += "register "; }
   void ShowAllEntries() override {
@@ -74,7 +74,7 @@ TEST_F(CurrentRows, AreGoneToByTheirDay) {
   } cases[] = {{20040101, false, 1}, {20040302, false, 2}, {20040310, true, 3},
                {20040311, true, 4},  {20040401, false, 4}, {20040401, true, 4}};
   for (const auto& each : cases) {
-    registers.Entry().SortByColumnIdentifier("date", each.descending);
+    registers.entryDataSource().SortByColumnIdentifier("date", each.descending);
     host.log.clear();
     jump.Open();
     EXPECT_TRUE(jump.State().is_open);
@@ -125,7 +125,7 @@ TEST_F(CurrentRows, AreToldBesideThoseThatAFilterHides) {
   desk.SelectEntry(first->GetEntries()[2]);
   shown.ShowAll();
   EXPECT_EQ(host.log, "all ");
-  EXPECT_EQ(registers.Entry().GetEntries().size(), 4U);
+  EXPECT_EQ(registers.entryDataSource().GetEntries().size(), 4U);
   EXPECT_EQ(Selected(), 3);
   Select(nullptr);
   EXPECT_EQ(shown.State().shown + shown.State().hidden, 0U);

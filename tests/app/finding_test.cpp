@@ -108,7 +108,7 @@ TEST_F(FindingTest, GoesToADayInWhateverOrder) {
   } kCases[] = {{20040101, lunch}, {20040301, lunch}, {20040302, check},
                 {20040306, split}, {20040310, split}, {20991231, split}};
   for (const char* column : {"date", "date", "amount", "description"}) {
-    app.registers().Current().ClickedTableColumn(column);
+    app.registers().currentTableDataSource().ClickedTableColumn(column);
     for (const auto& c : kCases) {
       EXPECT_TRUE(app.dateJump().Go(c.day));
       EXPECT_EQ(app.desk().SelectedEntry(), c.entry) << column << c.day;
@@ -151,7 +151,7 @@ TEST_F(FindingTest, TellsWhatNoColumnShowsAndWhatSumsAre) {
 }
 
 TEST_F(FindingTest, CopiesRowsAsOtherProgramsTakeThem) {
-  const auto& rows = app.registers().Current();
+  const auto& rows = app.registers().currentTableDataSource();
   lunch->SetDescription("a\tb\n<c>");
   const std::vector<TableColumn> columns = {rows.VisibleTableColumns()[3],
                                             rows.VisibleTableColumns()[6]};

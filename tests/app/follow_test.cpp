@@ -83,7 +83,7 @@ class Follow : public testing::Test {
       case 3: {
         static constexpr std::string_view kColumns[] = {"check",  "date",    "type",  "description",
                                                         "amount", "cleared", "toFrom"};
-        app.registers().Entry().ClickedTableColumn(kColumns[Below(7)]);
+        app.registers().entryDataSource().ClickedTableColumn(kColumns[Below(7)]);
         break;
       }
       default:
@@ -93,9 +93,10 @@ class Follow : public testing::Test {
     app.refresh().EntryRemoved();
   }
   void Compare(bool with_rows) {
-    for (auto* shown : {&test_.app.registers().Entry(), &test_.app.registers().Reconcile()}) {
+    for (auto* shown :
+         {&test_.app.registers().entryDataSource(), &test_.app.registers().reconcileDataSource()}) {
       if (!with_rows) break;
-      const bool is_entry = shown == &test_.app.registers().Entry();
+      const bool is_entry = shown == &test_.app.registers().entryDataSource();
       RegisterRows anew;
       anew.SetEntries(is_entry ? account_->entryFilteredEntries()
                                : account_->reconcileFilteredEntries());
@@ -137,7 +138,7 @@ TEST_F(Follow, RowsTellWhatBecameOfThem) {
     RowsChange changes;
   } told;
   using Kind = RowsChange::Kind;
-  auto& shown = test_.app.registers().Entry();
+  auto& shown = test_.app.registers().entryDataSource();
   for (const std::int32_t day : {1, 3, 5, 7}) {
     Change change(test_.app.ledger(), "Step", account_);
     change.Add(account_,

@@ -254,7 +254,7 @@ TEST_F(ImportTest, EditsAnEntryThroughTheSheetsWithoutTouchingTheAccount) {
 }
 
 TEST_F(ImportTest, ShowsTheReviewAsATable) {
-  app.registers().Entry().HideTableColumnWithIdentifier("cleared");
+  app.registers().entryDataSource().HideTableColumnWithIdentifier("cleared");
   BeginReview();
   auto& rows = import.tableDataSource();
   TableLog log;
@@ -301,7 +301,7 @@ TEST_F(ImportTest, CommitsAfterAQuestionAndShowsWhatCame) {
   EXPECT_TRUE(import.import_OK_Button());
   EXPECT_FALSE(import.IsRunning());
   EXPECT_EQ(account->GetEntries().size(), 3U);
-  EXPECT_EQ(app.registers().Entry().GetEntries().size(), 3U);
+  EXPECT_EQ(app.registers().entryDataSource().GetEntries().size(), 3U);
   EXPECT_NE(account->DepositEntryTypeForName("Present"), nullptr);
   EXPECT_TRUE(import.entries().empty());
 }

@@ -55,7 +55,7 @@ class LaunchLog final : public FrontEnd, public WindowHooks {
   void SetUpControls() override { Note("controls"); }
   void Internationalize() override {
     Note("texts");
-    first_column = test_.app.registers().Entry().VisibleTableColumns().front().identifier;
+    first_column = test_.app.registers().entryDataSource().VisibleTableColumns().front().identifier;
   }
   void SetTabViewImages() override { Note("tab images"); }
   void Show() override { Note("window"); }

@@ -85,7 +85,7 @@ TEST(ClearedMarks, AreTurnedOverByKeyRowByRowAndApartForTheHalvesOfATransfer) {
   const auto last = test.AddDebit(3.0);
   account->setReconcileFilterType(81);  // unresolved entries
   test.app.tabs().Select(Tab::Reconcile);
-  auto& rows = test.app.registers().Reconcile();
+  auto& rows = test.app.registers().reconcileDataSource();
   rows.SelectRow(0);
   ASSERT_EQ(test.app.desk().SelectedEntry(), first);
   for (int i = 0; i < 3; ++i) EXPECT_TRUE(test.app.reconcileTab().TurnClearedOverAndMoveOn());

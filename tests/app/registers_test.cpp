@@ -52,20 +52,20 @@ TEST(Registers, FollowTheEntriesOfTheSelectedAccount) {
   const auto a = test.AddAccount("A");
   Add(test, 20040302, "second");
   Add(test, 20040301, "first");
-  EXPECT_EQ(Descriptions(app.registers().Entry()), (Texts{"first", "second"}));
-  EXPECT_EQ(Descriptions(app.registers().Reconcile()), (Texts{"first", "second"}));
+  EXPECT_EQ(Descriptions(app.registers().entryDataSource()), (Texts{"first", "second"}));
+  EXPECT_EQ(Descriptions(app.registers().reconcileDataSource()), (Texts{"first", "second"}));
   EXPECT_EQ(app.desk().SelectedEntry()->GetDescription(), "first");
 
   app.entryRemoval().Entry_Delete();
-  EXPECT_EQ(Descriptions(app.registers().Entry()), Texts{"second"});
+  EXPECT_EQ(Descriptions(app.registers().entryDataSource()), Texts{"second"});
   const auto b = test.AddAccount("B");
-  EXPECT_TRUE(app.registers().Entry().GetEntries().empty());
+  EXPECT_TRUE(app.registers().entryDataSource().GetEntries().empty());
   app.selection().Account_Select(a);
-  EXPECT_EQ(Descriptions(app.registers().Entry()), Texts{"second"});
+  EXPECT_EQ(Descriptions(app.registers().entryDataSource()), Texts{"second"});
   app.applicationLock().setPassword("x");
   app.applicationLock().lock();
-  EXPECT_EQ(app.registers().Entry().numberOfRowsInTableView(), 0U);
-  EXPECT_EQ(app.registers().Entry().GetAccount(), nullptr);
+  EXPECT_EQ(app.registers().entryDataSource().numberOfRowsInTableView(), 0U);
+  EXPECT_EQ(app.registers().entryDataSource().GetAccount(), nullptr);
 }
 
 TEST(Registers, LeaveOtherRowsAloneWhenFiltersDoNotFollow) {
@@ -77,7 +77,7 @@ TEST(Registers, LeaveOtherRowsAloneWhenFiltersDoNotFollow) {
   Add(test, 20040302, "stays");
   Add(test, 20040201, "hidden");
   Add(test, 20040301, "fits");
-  EXPECT_EQ(Descriptions(app.registers().Entry()), (Texts{"fits", "stays"}));
+  EXPECT_EQ(Descriptions(app.registers().entryDataSource()), (Texts{"fits", "stays"}));
 
   // A row that no longer passes stays until the register is filtered again.
   app.entries().Entry_Edit();
@@ -85,10 +85,10 @@ TEST(Registers, LeaveOtherRowsAloneWhenFiltersDoNotFollow) {
   typed.date = 20040202;
   app.entries().Debit().Read(typed);
   app.entries().Debit().OK();
-  EXPECT_EQ(Descriptions(app.registers().Entry()), (Texts{"fits", "stays"}));
+  EXPECT_EQ(Descriptions(app.registers().entryDataSource()), (Texts{"fits", "stays"}));
   EXPECT_EQ(app.entryReveal().State().text, "");
   app.search().Search();
-  EXPECT_EQ(Descriptions(app.registers().Entry()), Texts{"stays"});
+  EXPECT_EQ(Descriptions(app.registers().entryDataSource()), Texts{"stays"});
   Add(test, 20040203, "hidden too");
   EXPECT_EQ(app.entryReveal().State().text, "Added; hidden by the filter 'This Month'");
 }
@@ -100,15 +100,15 @@ TEST(Registers, KeepARowWhoseMarkNoLongerPasses) {
   Add(test, 20040302, "x");
   app.tabs().Select(Tab::Reconcile);
   app.search().Filter_Select(81);  // unresolved
-  const auto entry = app.registers().Reconcile().RowToEntry(0);
+  const auto entry = app.registers().reconcileDataSource().RowToEntry(0);
   const auto revision = account->Revision();
   app.entries().TurnClearedOver(entry);
   EXPECT_TRUE(entry->GetCleared());
   EXPECT_GT(account->Revision(), revision);
-  EXPECT_EQ(app.registers().Reconcile().GetEntries().size(), 1U);
+  EXPECT_EQ(app.registers().reconcileDataSource().GetEntries().size(), 1U);
   EXPECT_EQ(account->entryFilterType(), 0);
   app.search().Search();
-  EXPECT_TRUE(app.registers().Reconcile().GetEntries().empty());
+  EXPECT_TRUE(app.registers().reconcileDataSource().GetEntries().empty());
 }
 
 TEST(Registers, FollowTheDay) {
@@ -120,13 +120,13 @@ TEST(Registers, FollowTheDay) {
   const auto tomorrow = test.AddDebit(2.0);
   tomorrow->SetDate(20040308);
   app.search().Filter_Select(21);  // today
-  EXPECT_EQ(app.registers().Entry().GetEntries(), EntryList{account->GetEntries()[0]});
+  EXPECT_EQ(app.registers().entryDataSource().GetEntries(), EntryList{account->GetEntries()[0]});
   EXPECT_EQ(app.balanceField().State().amount, 0.0);
   const auto filter = app.filters().Filters()[6]->asDictionary();
   test.ambient.clock.SetLocal({2004, 3, 7, 23, 59, 59});
   test.front_end.changed.clear();
   test.loop.AdvanceBy(std::chrono::seconds(15));
-  EXPECT_EQ(app.registers().Entry().GetEntries(), EntryList{tomorrow});
+  EXPECT_EQ(app.registers().entryDataSource().GetEntries(), EntryList{tomorrow});
   EXPECT_EQ(app.balanceField().State().amount, -2.0);
   EXPECT_NE(app.filters().Filters()[6]->asDictionary(), filter);
   for (const Area area : {Area::Registers, Area::Balance, Area::ReconcileBalances, Area::Summary,
@@ -141,13 +141,13 @@ TEST(Registers, RememberHowEachAccountWasShown) {
   const auto a = test.AddAccount("A");
   const auto b = test.AddAccount("B");
   app.selection().Account_Select(a);
-  app.registers().Entry().HideTableColumnWithIdentifier("check");
-  app.registers().Entry().GetTableView()->MoveColumn(0, 3);
-  const auto columns = app.registers().Entry().VisibleTableColumns();
+  app.registers().entryDataSource().HideTableColumnWithIdentifier("check");
+  app.registers().entryDataSource().GetTableView()->MoveColumn(0, 3);
+  const auto columns = app.registers().entryDataSource().VisibleTableColumns();
   app.selection().Account_Select(b);
-  EXPECT_NE(app.registers().Entry().VisibleTableColumns(), columns);
+  EXPECT_NE(app.registers().entryDataSource().VisibleTableColumns(), columns);
   app.selection().Account_Select(a);
-  EXPECT_EQ(app.registers().Entry().VisibleTableColumns(), columns);
+  EXPECT_EQ(app.registers().entryDataSource().VisibleTableColumns(), columns);
 }
 
 TEST(Deselection, ShowsNothingOfTheAccountAnyMore) {
@@ -167,7 +167,7 @@ TEST(Deselection, ShowsNothingOfTheAccountAnyMore) {
     app.tabs().Select(Tab::Reconcile);
     app.tabs().Select(Tab::Entry);
     app.search().Search_Field("secret");
-    app.registers().Entry().GetTableView()->SetColumnWidth(0, 77);
+    app.registers().entryDataSource().GetTableView()->SetColumnWidth(0, 77);
     app.speaker().SpeakEntries();
     EXPECT_TRUE(app.speaker().IsReading());
     deselect(test, account);

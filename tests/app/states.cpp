@@ -326,10 +326,12 @@ constexpr TypedOrder kTypedOrders[] = {
        if (!AllEntries(app).empty()) app.desk().SelectEntry(AllEntries(app).front());
      }},
     {"sorts the register",
-     [](LDGRController& app) { app.registers().Current().ClickedTableColumn("amount"); }},
+     [](LDGRController& app) {
+       app.registers().currentTableDataSource().ClickedTableColumn("amount");
+     }},
     {"hides a column",
      [](LDGRController& app) {
-       app.registers().Current().HideTableColumnWithIdentifier("description");
+       app.registers().currentTableDataSource().HideTableColumnWithIdentifier("description");
      }},
     {"chooses a filter", [](LDGRController& app) { app.search().Filter_Select(kResolved); }},
     {"chooses another balance",

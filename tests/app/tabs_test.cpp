@@ -90,7 +90,7 @@ TEST(Tabs, DoWhatEnteringEachIsFor) {
     app.tabs().willSelectTabViewItem(c.identifier);
     EXPECT_EQ(app.tabs().ShownRegister(), c.shown);
     EXPECT_EQ(app.registers().CurrentKind(), c.current);
-    EXPECT_EQ(app.registers().Current().GetEntries().size(), c.rows);
+    EXPECT_EQ(app.registers().currentTableDataSource().GetEntries().size(), c.rows);
     if (c.shown != RegisterKind::Other) {
       EXPECT_EQ(app.search().State().menu_type, c.filter);
     }

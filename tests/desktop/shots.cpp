@@ -412,6 +412,7 @@ void ForEachShot(const ShotTaker& take, const PanelTaker& take_panel) {
     test.program->app().tabs().Select(Tab::Reconcile);
     test.program->app().accountsDrawer().ToggleAccountsDrawer();
     test.program->app().accountsDrawer().ToggleAccountsDrawer();
+    TestWindow::Settle();
   });
   show("narrow-tools",
        [](TestWindow& test) { test.program->window().pieces().tools->setFixedWidth(480); });

@@ -226,6 +226,8 @@ TEST_F(Window, OrdersGoToAllSelectedRowsAndAreOneStep) {
   EXPECT_EQ(type_of(3), "Transfer To"_q);
   order("Undo");
   EXPECT_EQ(type_of(2), "Groceries"_q);
+  test.ClickRow("entry_Table", 0);
+  for (int i = 0; i < 3; ++i) test.Key(Qt::Key_Down, Qt::ShiftModifier);
 
   // The other half of the transfer among them is in the account they would move to.
   auto* move = test.program->window().findChild<QMenu*>("entryMenu_Move_Menu"_q);

@@ -30,7 +30,7 @@ bool CanReadAloud(LDGRController& app) {
 }
 bool CanReadAllAloud(LDGRController& app) {
   return HasAccount(app) && app.tabs().ShownRegister() != RegisterKind::Other &&
-         app.registers().Current().numberOfRowsInTableView() > 0;
+         app.registers().currentTableDataSource().numberOfRowsInTableView() > 0;
 }
 bool HasHiddenEntry(LDGRController& app) {
   return HasAccount(app) && !app.entryReveal().State().text.empty();

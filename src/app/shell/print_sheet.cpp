@@ -69,7 +69,7 @@ bool PrintSheet::Open(const EntryList& selected) {
   state_.typed.choices = choices_;
   selected_.clear();
   if (kind == PrintKind::Register && !selected.empty()) {
-    const auto& rows = registers_.Current().GetEntries();
+    const auto& rows = registers_.currentTableDataSource().GetEntries();
     const std::unordered_set<std::shared_ptr<LDGRAccountEntry>> shown(rows.begin(), rows.end());
     std::ranges::copy_if(selected, std::back_inserter(selected_),
                          [&shown](const auto& entry) { return shown.contains(entry); });
@@ -91,7 +91,7 @@ void PrintSheet::Describe() {
   const std::string& name = account.GetName();
   switch (state_.kind) {
     case PrintKind::Register: {
-      const std::size_t count = registers_.Current().GetEntries().size();
+      const std::size_t count = registers_.currentTableDataSource().GetEntries().size();
       state_.heading = Message("Register of {1}", {name});
       state_.facts = EntriesInWords(count);
       state_.all_title = Message("All {1} shown", {std::to_string(count)});

@@ -61,7 +61,7 @@ PrintDocument Printing::MakeDocument(PrintKind kind, const PrintOptions& options
       registers_.CurrentKind() == RegisterKind::Reconcile
           ? FilterInWords(account->reconcileFilterType(), account->reconcileFilterData())
           : FilterInWords(account->entryFilterType(), account->entryFilterData());
-  return RegisterDocument(registers_.Current(), preferences, details);
+  return RegisterDocument(registers_.currentTableDataSource(), preferences, details);
 }
 
 }  // namespace tallyfold

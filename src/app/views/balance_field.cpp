@@ -48,11 +48,11 @@ std::optional<double> BalanceField::Amount() const {
     case BalanceMode::Unresolved:
       return RoundNearZeroValue(account->GetUnresolvedBalance());
     case BalanceMode::ShownEntries:
-      return RoundNearZeroValue(registers_.Entry().TotalOfRows());
+      return RoundNearZeroValue(registers_.entryDataSource().TotalOfRows());
     case BalanceMode::SelectedEntry:
       break;
   }
-  const auto entry = registers_.Entry().GetSelectedEntry();
+  const auto entry = registers_.entryDataSource().GetSelectedEntry();
   if (entry == nullptr) return std::nullopt;
   return RoundNearZeroValue(account->GetRunningBalanceAtEntry(entry.get()));
 }

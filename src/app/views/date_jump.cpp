@@ -27,7 +27,7 @@ bool DateJump::Go(DateNumber day) {
   Close();
   if (desk_.SelectedAccount() == nullptr || !desk_.IsUnlocked()) return false;
   host_.ShowRegister();
-  LDGRAccountTableViewData& rows = registers_.Current();
+  LDGRAccountTableViewData& rows = registers_.currentTableDataSource();
   const EntryList& entries = rows.GetEntries();
   if (entries.empty()) return false;
   // Days from the wanted one on come before the earlier ones, nearest first on both sides.

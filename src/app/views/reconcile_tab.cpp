@@ -44,7 +44,7 @@ bool ReconcileTab::StatementBalance_EndEditing(double balance) {
 
 bool ReconcileTab::TurnClearedOverAndMoveOn() {
   const Announcer::Operation operation(announcer_);
-  LDGRAccountTableViewData& rows = registers_.Current();
+  LDGRAccountTableViewData& rows = registers_.currentTableDataSource();
   const auto entry = rows.GetSelectedEntry();
   if (entry == nullptr) return false;
   editing_.TurnClearedOver(entry);

@@ -37,7 +37,7 @@ Registers::~Registers() {
 
 void Registers::SetCurrent(RegisterKind kind) {
   current_ = kind;
-  desk_.SetCurrentRegister(&Current());
+  desk_.SetCurrentRegister(&currentTableDataSource());
   SelectedEntryChanged();
 }
 

@@ -30,13 +30,13 @@ class Registers final : private TableState::Observer {
   Registers& operator=(const Registers&) = delete;
   ~Registers() override;
 
-  [[nodiscard]] LDGRAccountTableViewData& Entry() noexcept { return entry_; }
-  [[nodiscard]] LDGRAccountTableViewData& Reconcile() noexcept { return reconcile_; }
+  [[nodiscard]] LDGRAccountTableViewData& entryDataSource() noexcept { return entry_; }
+  [[nodiscard]] LDGRAccountTableViewData& reconcileDataSource() noexcept { return reconcile_; }
   [[nodiscard]] RegisterKind CurrentKind() const noexcept { return current_; }
   // `kind` is one of the two registers. Its selected entry is the selected one from here on.
   void SetCurrent(RegisterKind kind);
-  [[nodiscard]] LDGRAccountTableViewData& Current() noexcept { return Of(current_); }
-  [[nodiscard]] const LDGRAccountTableViewData& Current() const noexcept {
+  [[nodiscard]] LDGRAccountTableViewData& currentTableDataSource() noexcept { return Of(current_); }
+  [[nodiscard]] const LDGRAccountTableViewData& currentTableDataSource() const noexcept {
     return current_ == RegisterKind::Reconcile ? reconcile_ : entry_;
   }
   // The register of that kind; the one for reconciling where neither is meant.

@@ -29,7 +29,7 @@ std::string HiddenText(const LDGRFilter& filter, std::size_t hidden, std::size_t
 bool ShownEntries::HidesAny() const {
   const auto account = desk_.SelectedAccount();
   return account != nullptr && desk_.IsUnlocked() &&
-         registers_.Current().GetEntries().size() < account->GetEntries().size();
+         registers_.currentTableDataSource().GetEntries().size() < account->GetEntries().size();
 }
 
 ShownEntriesState ShownEntries::State() const {
@@ -37,7 +37,7 @@ ShownEntriesState ShownEntries::State() const {
   const auto account = desk_.SelectedAccount();
   const auto filter = host_.CurrentFilter();
   if (account == nullptr || filter == nullptr || !desk_.IsUnlocked()) return state;
-  const LDGRAccountTableViewData& rows = registers_.Current();
+  const LDGRAccountTableViewData& rows = registers_.currentTableDataSource();
   state.shown = rows.GetEntries().size();
   state.sum = RoundNearZeroValue(rows.TotalOfRows());
   state.sum_text = RegisterAmountText(state.sum, desk_.preferences());

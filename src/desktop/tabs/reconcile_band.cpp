@@ -4,6 +4,7 @@
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QPushButton>
+#include <QTimer>
 #include <QVBoxLayout>
 #include <algorithm>
 #include <initializer_list>
@@ -287,7 +288,6 @@ void ReconcileBand::Fit() {
   }
   grid_->removeItem(difference_row_);
   PlaceDifference();
-  // The height has become another in the middle of being given one.
   layout()->invalidate();
   updateGeometry();
 }
@@ -300,7 +300,8 @@ QSize ReconcileBand::minimumSizeHint() const {
 
 void ReconcileBand::resizeEvent(QResizeEvent* event) {
   QWidget::resizeEvent(event);
-  Fit();
+  // What is laid out otherwise in the middle of being laid out stays as it was.
+  QTimer::singleShot(0, this, &ReconcileBand::Fit);
 }
 
 void ReconcileBand::FocusField() {
