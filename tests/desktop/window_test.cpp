@@ -143,7 +143,7 @@ TEST_F(Window, HidesColumnsAndSortsByThemByKeysToo) {
     for (const Qt::Key key : keys) test.Key(key);
     test.Wait(std::chrono::milliseconds(1));
   };
-  const TableState& table = *app().registers().Entry().GetTableView();
+  const TableState& table = *app().registers().entryDataSource().GetTableView();
   choose({Qt::Key_Up, Qt::Key_Right, Qt::Key_Up, Qt::Key_Return});
   EXPECT_EQ(table.HighlightedColumn(), "amount");
   choose({Qt::Key_Up, Qt::Key_Right, Qt::Key_Down, Qt::Key_Return});
