@@ -154,6 +154,10 @@ TEST(ScheduleReminder, LooksAheadAndFoldsWhatIsTooMuch) {
   test.ambient.clock.SetLocal({2004, 3, 8, 12, 0, 0});
   test.app.reminder().Open();
   EXPECT_EQ(test.Rows(), (Texts{"+1 51 from 01/18/04 to 03/08/04", "+0 03/01/04"}));
+  test.Type(0, {true, 20200101, 9.0});
+  test.app.reminder().Later();
+  test.app.reminder().Open();
+  EXPECT_EQ(test.app.reminder().State().rows[0].typed.amount, 10.0);
   test.Type(0, {true, 20200101, 2.5});  // its days stay
   EXPECT_TRUE(test.app.reminder().CommitMarked());
   EXPECT_EQ(test.account->GetEntries().size(), 52U);

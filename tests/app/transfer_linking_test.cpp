@@ -68,6 +68,8 @@ TEST_F(TransferLinkingTest, LinksTwoEntriesAndLosesNothingTyped) {
   EXPECT_EQ(app.transferLinks().OtherHalf(*there, *half), entry);
   EXPECT_TRUE(app.undo().UndoStep());
   EXPECT_EQ(BytesOf(app.desk().accounts()), before);
+  EXPECT_FALSE(linking.Link(here, entry));
+  EXPECT_EQ(linking.State().note, "");
 }
 
 TEST_F(TransferLinkingTest, RefusesWhatIsNoPair) {
