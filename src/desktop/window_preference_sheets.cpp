@@ -1,8 +1,8 @@
 #include "app/controller.h"
 #include "app/desk.h"
+#include "app/exchange/export_commands.h"
 #include "app/exchange/qif_date_items.h"
 #include "app/exchange/qif_export_accessory_view.h"
-#include "app/exchange/qif_import_command.h"
 #include "app/shell/about_sheet.h"
 #include "app/shell/backups_sheet.h"
 #include "app/shell/preferences_sheet.h"
@@ -31,7 +31,7 @@ PreferencesDialog::Items ItemsOfPreferences(LDGRController& app) {
   items.export_accounts.insert(
       items.export_accounts.begin(),
       {ToUtf8(Text("Account that shows")), LDGRQIFExportAccessoryView::kCurrentAccount});
-  items.encodings = app.importCommand().Encodings().items();
+  items.encodings = app.exports().OfferedEncodings().items();
   items.export_date_formats = QifDateItems();
   return items;
 }

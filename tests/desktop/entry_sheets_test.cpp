@@ -1,8 +1,11 @@
 #include <gtest/gtest.h>
 
+#include <QApplication>
 #include <QComboBox>
 #include <QLabel>
 #include <QLineEdit>
+#include <QScreen>
+#include <QScrollArea>
 #include <algorithm>
 
 #include "app/desk.h"
@@ -148,6 +151,33 @@ TEST_F(EntrySheets, EarlierEntryIsOfferedForADescriptionAndTakenByItsKey) {
             QLatin1String("Corner Market"));
   EXPECT_EQ(test.Find<QComboBox>("debitSheet_Type_PopUp")->currentText(),
             QLatin1String("Groceries"));
+}
+
+TEST(EntrySheet, KeepsItsButtonsInSightWhereItIsTallerThanItsScreen) {
+  const struct LargeFont {
+    LargeFont() {
+      QFont large = font;
+      large.setPointSize(36);
+      QApplication::setFont(large);
+    }
+    ~LargeFont() { QApplication::setFont(font); }
+    const QFont font = QApplication::font();
+  } large_font;
+  TestWindow test(ExampleAccounts());
+  ASSERT_TRUE(test.Launch());
+  test.Key(Qt::Key_D, Qt::ControlModifier);
+  const QWidget* ok = test.FindWidget("debitSheet_OK_Button");
+  const QWidget* sheet = ok->window();
+  const auto* area = sheet->findChild<QScrollArea*>();
+  ASSERT_NE(area, nullptr);
+  EXPECT_GT(area->widget()->height(), area->height());
+  EXPECT_LT(sheet->height(), sheet->screen()->availableGeometry().height());
+  EXPECT_TRUE(sheet->rect().contains(ok->geometry().translated(ok->parentWidget()->pos())));
+  EXPECT_EQ(test.FocusName(), QLatin1String("debitSheet_Date_Field"));
+  for (int i = 0; i < 30 && test.FocusName() != QLatin1String("debitSheet_Notes_Field"); ++i) {
+    test.Key(Qt::Key_Tab);
+  }
+  EXPECT_FALSE(test.Focus()->visibleRegion().isEmpty());
 }
 
 TEST(AccountSheet, MakesTheFirstAccountAndRefusesWhatIsNoAccount) {

@@ -57,6 +57,8 @@ TEST(PreferenceSheets, SettingsOfEveryPageAreTakenByOKAndDroppedByCancel) {
   go_to("schedules");
   choose("preferencesSheet_scheduleLookAheadType", 1);
   go_to("files");
+  EXPECT_EQ(test.Find<QComboBox>("preferencesSheet_QIFExportEncoding")->currentText(),
+            QLatin1String("Unicode (UTF-8)"));
   choose("preferencesSheet_QIFExportDateFormat", 3);
   type("preferencesSheet_backupInterval", "0x");
   test.Click("preferencesSheet_OK_Button");

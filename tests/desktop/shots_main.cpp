@@ -57,7 +57,8 @@ void Grab(const QString& folder, const QString& name, const std::string& account
   test.program->window().ShowDrawer();
   test.program->window().ShowLook();
   prepare(test);
-  TestWindow::Settle();
+  // Twice, for what waits until a sheet is in sight.
+  for (int i = 0; i < 2; ++i) TestWindow::Settle();
   const QPixmap picture = test.program->window().grab();
   if (QWidget* sheet = QApplication::activeWindow(); sheet != &test.program->window() && sheet) {
     Save(sheet->grab(), folder, name + QLatin1String("-sheet"));

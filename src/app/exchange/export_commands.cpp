@@ -43,6 +43,12 @@ WriteResult ExportCommands::ExportQIF() {
   return Write(*path, QIFText(*account, qif_.exportAccount()), preferences.GetQIFExportEncoding());
 }
 
+EncodingMenu ExportCommands::OfferedEncodings() const {
+  EncodingMenu menu;
+  menu.Populate(encodings_);
+  return menu;
+}
+
 void ExportCommands::PrepareQIFAccessory(const LDGRAccount& account) {
   const LDGRPreferences& preferences = desk_.preferences();
   qif_.populateDateFormats();

@@ -70,6 +70,8 @@ class ExportCommands final : private FileNameCheck {
   bool Save();
 
   // What the panels of the two exports show beside the name.
+  // The encodings that an export offers.
+  [[nodiscard]] EncodingMenu OfferedEncodings() const;
   [[nodiscard]] LDGRQIFExportAccessoryView& sharedQIFExportAccessoryView() noexcept { return qif_; }
   [[nodiscard]] LDGRExportAccessoryManager& exportAccessoryManager() noexcept { return text_; }
 

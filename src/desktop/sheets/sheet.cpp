@@ -5,6 +5,7 @@
 #include <QCloseEvent>
 #include <QHBoxLayout>
 #include <QLabel>
+#include <QPointer>
 #include <QPushButton>
 #include <QRadioButton>
 #include <QScreen>
@@ -155,6 +156,8 @@ void SheetDialog::Open() {
 void SheetDialog::ScrollMiddle(bool scrolls) {
   if (scrolls == (scrolled_ != nullptr)) return;
   auto* whole = static_cast<QVBoxLayout*>(layout());
+  // Another parent takes the focus away.
+  const QPointer<QWidget> focus = focusWidget();
   if (scrolls) {
     scrolled_ = new QScrollArea(this);
     scrolled_->setFrameShape(QFrame::NoFrame);
@@ -165,9 +168,6 @@ void SheetDialog::ScrollMiddle(bool scrolls) {
     scrolled_->setWidget(middle_);
     scrolled_->setMinimumWidth(middle_->minimumSizeHint().width() + kScrollBarExtent);
     whole->insertWidget(0, scrolled_, 1);
-    connect(qApp, &QApplication::focusChanged, scrolled_, [this](QWidget*, QWidget* now) {
-      if (now != nullptr && middle_->isAncestorOf(now)) scrolled_->ensureWidgetVisible(now);
-    });
   } else {
     whole->removeWidget(scrolled_);
     scrolled_->takeWidget();
@@ -176,6 +176,7 @@ void SheetDialog::ScrollMiddle(bool scrolls) {
     scrolled_->deleteLater();
     scrolled_ = nullptr;
   }
+  if (focus) focus->setFocus();
 }
 
 void SheetDialog::Fit() {

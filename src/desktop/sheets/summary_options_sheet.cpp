@@ -222,6 +222,12 @@ void SummaryOptionsSheet::ShowResult() {
                          2 * area_->frameWidth());
 }
 
+void SummaryOptionsSheet::Painted() {
+  ShowResult();
+  // Long titles make the result wider than was wanted.
+  if (minimumSizeHint().width() > width()) Fit();
+}
+
 void SummaryOptionsSheet::paintEvent(QPaintEvent* event) {
   SheetDialog::paintEvent(event);
   QPainter painter(this);

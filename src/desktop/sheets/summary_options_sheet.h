@@ -54,7 +54,7 @@ class SummaryOptionsSheet final : public SheetDialog {
   };
 
   void paintEvent(QPaintEvent* event) override;
-  void Painted() override { ShowResult(); }
+  void Painted() override;
   void MakeForm();
   void AddChoice(const QString& label, const char* name, std::int32_t Typed::*number,
                  std::vector<PopUpItem> AccountSummarySheetState::*items);
