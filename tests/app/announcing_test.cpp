@@ -106,7 +106,7 @@ std::vector<std::pair<Area, std::string>> Seen(TestApplication& test) {
     for (const UndoLine& line : lines) steps += line.name + flag(line.can_be_reached);
     steps += '|';
   }
-  const auto& entry_sheet = [](const EntrySheetState& state) {
+  const auto entry_sheet = [](const EntrySheetState& state) {
     std::string text = Joined(state.split_total, state.split_rest, state.amount_is_enabled,
                               state.to_from_is_enabled, state.check_number_is_enabled,
                               state.suggestion.has_value(), state.typed.amount.value_or(-1),

@@ -299,7 +299,7 @@ std::shared_ptr<LDGRAccount> Another(LDGRController& app) {
   return nullptr;
 }
 
-LDGRQIFImportController& Importing(LDGRController& app) {
+LDGRQIFImportController& ImportOf(LDGRController& app) {
   return app.sharedQIFImportController();
 }
 
@@ -385,33 +385,32 @@ constexpr TypedOrder kTypedOrders[] = {
      [](LDGRController& app) { app.backupsSheet().SelectAccount(1); }},
     {"swaps what is imported",
      [](LDGRController& app) {
-       Importing(app).ImportOptions_SwapOptions(LDGRQIFImportController::SwapPopUp::Memos,
-                                                QifOptions::kType);
+       ImportOf(app).ImportOptions_SwapOptions(LDGRQIFImportController::SwapPopUp::Memos,
+                                               QifOptions::kType);
      }},
     {"chooses how a bank's file is read",
      [](LDGRController& app) {
-       auto typed = Importing(app).StatementOptions().typed;
+       auto typed = ImportOf(app).StatementOptions().typed;
        typed.choices.csv.encoding = TextEncoding::Latin1;
        typed.choices.csv.has_heading = false;
-       Importing(app).StatementOptions_Read(typed);
+       ImportOf(app).StatementOptions_Read(typed);
      }},
     {"takes all out of the import",
-     [](LDGRController& app) { Importing(app).ImportEntry_ImportAll(); }},
+     [](LDGRController& app) { ImportOf(app).ImportEntry_ImportAll(); }},
     {"takes rows out of the import",
-     [](LDGRController& app) { Importing(app).MarkEntries(Importing(app).entries(), false); }},
+     [](LDGRController& app) { ImportOf(app).MarkEntries(ImportOf(app).entries(), false); }},
     {"clears rows of the import",
-     [](LDGRController& app) { Importing(app).TurnClearedOver(Importing(app).entries()); }},
+     [](LDGRController& app) { ImportOf(app).TurnClearedOver(ImportOf(app).entries()); }},
     {"matches rows of the import no more",
-     [](LDGRController& app) { Importing(app).MatchEntries(Importing(app).entries(), false); }},
+     [](LDGRController& app) { ImportOf(app).MatchEntries(ImportOf(app).entries(), false); }},
     {"removes rows of the import",
-     [](LDGRController& app) { Importing(app).RemoveEntries(Importing(app).entries()); }},
+     [](LDGRController& app) { ImportOf(app).RemoveEntries(ImportOf(app).entries()); }},
     {"selects a row of the import",
      [](LDGRController& app) {
-       if (Importing(app).IsReviewing())
-         Importing(app).SelectEntry(Importing(app).entries().front());
+       if (ImportOf(app).IsReviewing()) ImportOf(app).SelectEntry(ImportOf(app).entries().front());
      }},
-    {"sorts the import", [](LDGRController& app) { Importing(app).ClickedTableColumn("amount"); }},
-    {"takes no balance", [](LDGRController& app) { Importing(app).Import_TakeBalance(false); }},
+    {"sorts the import", [](LDGRController& app) { ImportOf(app).ClickedTableColumn("amount"); }},
+    {"takes no balance", [](LDGRController& app) { ImportOf(app).Import_TakeBalance(false); }},
 };
 
 }  // namespace
