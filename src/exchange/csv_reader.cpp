@@ -118,8 +118,19 @@ class CsvReader {
     PlaceLeftOut();
   }
 
+  // Makes as much room as there will be need of if the rows go on as they began.
+  void MakeRoom(const TableRow& row) {
+    constexpr std::size_t kRowsMeasured = 64;
+    constexpr std::size_t kMostReserved = 1'000'000;
+    if (rows_.size() != kRowsMeasured) return;
+    const std::size_t expected = kRowsMeasured * (table_.text.size() / row.Place() + 1);
+    rows_.reserve(std::min(expected, kMostReserved));
+    numbers_.reserve(std::min(expected, kMostReserved) + 1);
+  }
+
   // Tells an entry from all that is none.
   void TakeRow(const TableRow& row) {
+    MakeRoom(row);
     CsvNumbers& numbers = numbers_.emplace_back();
     ReadCsvNumbers(row, columns_, numbers);
     const bool is_dated = numbers.day.is_day;
@@ -147,14 +158,6 @@ class CsvReader {
   }
 
   void TakeEntry(const TableRow& row, CsvNumbers& numbers) {
-    // As much as there will be if the rows go on as they began.
-    constexpr std::size_t kRowsMeasured = 64;
-    constexpr std::size_t kMostReserved = 1'000'000;
-    if (rows_.size() == kRowsMeasured) {
-      const std::size_t expected = kRowsMeasured * (table_.text.size() / row.Place() + 1);
-      rows_.reserve(std::min(expected, kMostReserved));
-      numbers_.reserve(std::min(expected, kMostReserved) + 1);
-    }
     counts_.Add(numbers);
     if (!choices_.day_order) days_.Add(numbers.day, numbers.place);
     StatementRow& made = rows_.emplace_back();
