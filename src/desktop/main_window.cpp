@@ -124,8 +124,8 @@ void MainWindow::MakePieces() {
   pieces_.menus = menus_.get();
   pieces_.sheets = sheets_.get();
   pieces_.review = review_.get();
-  updates_ = std::make_unique<UpdateWindowHost>(
-      UpdateWindow::Parts{app.updates(), app.desk().preferences()}, *this);
+  updates_ =
+      std::make_unique<UpdateWindowHost>(UpdateWindow::Parts{app.updates(), app.desk()}, *this);
   pieces_.updates = updates_.get();
   pieces_.tools = new ToolBars(*actions_, app.tabs(), app.accountsDrawer(), this);
   pieces_.accounts = new AccountsList({app.accountsDrawer(), app.desk()}, splitter_);

@@ -7,6 +7,7 @@
 #include <QVBoxLayout>
 #include <string>
 
+#include "app/desk.h"
 #include "app/shell/update_check.h"
 #include "desktop/look/colors.h"
 #include "desktop/look/icons.h"
@@ -14,7 +15,6 @@
 #include "desktop/texts.h"
 #include "platform/ambient.h"
 #include "platform/message.h"
-#include "storage/preferences.h"
 
 namespace tallyfold::desktop {
 namespace {
@@ -84,7 +84,7 @@ UpdateWindow::UpdateWindow(const Parts& parts, QWidget* window)
   Body().addSpacing(kGap);
   Body().addWidget(at_launch_);
   connect(at_launch_, &QCheckBox::toggled, this,
-          [this](bool is_set) { parts_.preferences.SetCheckForUpdates(is_set); });
+          [this](bool is_set) { parts_.desk.preferences().SetCheckForUpdates(is_set); });
   close_ = AddButton("updateCheck_Close_Button", Text("Close"), true);
   again_ = AddButton("updateCheck_TryAgain_Button", Text("Try Again"));
   connect(close_, &QPushButton::clicked, this, [this] { Cancel(); });
@@ -101,7 +101,7 @@ void UpdateWindow::ShowState() {
       PixmapNamed(told.icon, kPictureSize, devicePixelRatioF(), ColorsOf(palette())[told.ink]));
   heading_->setText(ToQString(told.heading));
   text_->setText(ToQString(told.text));
-  at_launch_->setChecked(parts_.preferences.GetCheckForUpdates());
+  at_launch_->setChecked(parts_.desk.preferences().GetCheckForUpdates());
   at_launch_->setVisible(state.status != Status::NoAddress);
   again_->setVisible(told.may_try_again);
   (told.may_try_again ? again_ : close_)->setDefault(true);

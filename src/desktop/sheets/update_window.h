@@ -9,7 +9,7 @@ class QLabel;
 class QPushButton;
 
 namespace tallyfold {
-class LDGRPreferences;
+class Desk;
 class UpdateCheck;
 }  // namespace tallyfold
 
@@ -21,7 +21,7 @@ class UpdateWindow final : public SheetDialog {
   // Each must outlive the window.
   struct Parts {
     UpdateCheck& updates;
-    LDGRPreferences& preferences;
+    const Desk& desk;
   };
 
   UpdateWindow(const Parts& parts, QWidget* window);
