@@ -15,6 +15,7 @@
 #include "desktop/look/colors.h"
 #include "desktop/look/figures.h"
 #include "desktop/look/icons.h"
+#include "desktop/look/ink.h"
 #include "desktop/look/measures.h"
 #include "desktop/look/painting.h"
 #include "desktop/look/rule_line.h"
@@ -43,12 +44,6 @@ constexpr std::array<Shown, 4> kShown = {{{"date", "Date"},
                                           {"description", "Description"},
                                           {"toFrom", "To/From"},
                                           {"amount", "Amount"}}};
-
-void SetInk(QWidget* widget, Role role) {
-  QPalette palette = widget->palette();
-  palette.setColor(QPalette::WindowText, ColorsOf(palette)[role]);
-  widget->setPalette(palette);
-}
 
 std::string ReasonText(const LDGRQIFImportEntry& entry, const QifMatch& match) {
   switch (match.reason) {
@@ -130,7 +125,7 @@ ReviewComparison::ReviewComparison(QWidget* parent)
   icon_->setPixmap(PixmapNamed(QLatin1String("reconcile"), kIconSize, devicePixelRatioF(),
                                ColorsOf(palette())[Role::Warning]));
   for (QLabel* label : {caption_, reason_, matches_label_}) label->setTextFormat(Qt::PlainText);
-  SetInk(reason_, Role::Dim);
+  SetTextInk(*reason_, Role::Dim);
   auto* head = new QHBoxLayout;
   head->setContentsMargins(kGroupGap - 2, kWideGap, kGroupGap - 2, kWideGap);
   head->setSpacing(kWideGap);
@@ -146,7 +141,7 @@ ReviewComparison::ReviewComparison(QWidget* parent)
   matches_->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
   reason_->setWordWrap(true);
   matches_label_->setBuddy(matches_);
-  SetInk(matches_label_, Role::Dim);
+  SetTextInk(*matches_label_, Role::Dim);
   connect(matches_, &QComboBox::activated, this, &ReviewComparison::MatchChosen);
 
   auto* grid = new QGridLayout(fields_);
@@ -160,14 +155,14 @@ ReviewComparison::ReviewComparison(QWidget* parent)
     auto* title = new QLabel(Text(column == 1 ? "In the File" : "In the Account"), fields_);
     title->setFont(MediumFont(SmallFont(font())));
     title->setContentsMargins(kCellPadding, 0, 0, kTightGap);
-    SetInk(title, Role::Dim);
+    SetTextInk(*title, Role::Dim);
     grid->addWidget(title, 0, column);
   }
   for (std::size_t i = 0; i < kShown.size(); ++i) {
     const int line = static_cast<int>(i) + 1;
     rows_[i] = {new QLabel(Text(kShown[i].title), fields_), new Field(false, fields_),
                 new Field(true, fields_)};
-    SetInk(rows_[i].label, Role::Dim);
+    SetTextInk(*rows_[i].label, Role::Dim);
     grid->addWidget(rows_[i].label, line, 0);
     grid->addWidget(rows_[i].in_file, line, 1);
     grid->addWidget(rows_[i].in_account, line, 2);
@@ -197,7 +192,7 @@ void ReviewComparison::Show(const LDGRQIFImportEntry* entry, const QifMatch* mat
   fields_->setVisible(repeats);
   icon_->setVisible(repeats);
   caption_->setFont(repeats ? DemiBoldFont(font()) : font());
-  SetInk(caption_, repeats ? Role::Text : Role::Dim);
+  SetTextInk(*caption_, repeats ? Role::Text : Role::Dim);
   if (!repeats) {
     caption_->setText(entry == nullptr ? Text("No entry is selected.")
                                        : Text("Repeats no entry of the account."));

@@ -14,6 +14,7 @@
 #include "desktop/look/assistive.h"
 #include "desktop/look/colors.h"
 #include "desktop/look/figures.h"
+#include "desktop/look/ink.h"
 #include "desktop/look/measures.h"
 #include "desktop/register/register_view.h"
 #include "desktop/register/table_look.h"
@@ -35,12 +36,6 @@ QLabel* ReviewLabel(const char* name, QWidget* parent) {
   label->setObjectName(QLatin1String(name));
   label->setTextFormat(Qt::PlainText);
   return label;
-}
-
-void SetTextColor(QWidget* widget, const QColor& color) {
-  QPalette palette = widget->palette();
-  palette.setColor(QPalette::WindowText, color);
-  widget->setPalette(palette);
 }
 
 }  // namespace
@@ -66,7 +61,7 @@ ReviewSheet::ReviewSheet(const Parts& parts, QWidget* window)
 void ReviewSheet::LayOut() {
   heading_->setFont(DemiBoldFont(LargerFont(font(), kSheetHeadingPoints)));
   facts_->setWordWrap(true);
-  SetTextColor(facts_, ColorsOf(palette())[Role::Dim]);
+  SetTextInk(*facts_, ColorsOf(palette())[Role::Dim]);
   table_->setObjectName(QLatin1String("import_Table"));
   table_->setAccessibleName(Text("Entries of the File"));
   table_->SetLook(TableLookOf(parts_.desk.preferences(), font()));
@@ -166,7 +161,7 @@ void ReviewSheet::ConnectButtons() {
   row->setContentsMargins(0, 0, kWideGap, 0);
   QLabel* caption = ReviewLabel("importTotal_Label", sum);
   caption->setText(Text("Marked"));
-  SetTextColor(caption, ColorsOf(palette())[Role::Dim]);
+  SetTextInk(*caption, ColorsOf(palette())[Role::Dim]);
   total_->setFont(DemiBoldFont(LargerFont(font(), kSheetHeadingPoints)));
   row->addWidget(caption);
   row->addWidget(total_);
@@ -216,9 +211,9 @@ void ReviewSheet::ShowState() {
   NameFigure(*total_, Text("Marked"), ToQString(state.total_text));
   const Colors& colors = ColorsOf(palette());
   const QColor& negative = table_->Rows().Look().negative;
-  SetTextColor(total_, state.total < 0 && negative.isValid()
-                           ? InkOn(negative, colors[Role::Window], colors)
-                           : colors[Role::Text]);
+  SetTextInk(*total_, state.total < 0 && negative.isValid()
+                          ? InkOn(negative, colors[Role::Window], colors)
+                          : colors[Role::Text]);
   change_->setEnabled(state.can_change);
   drop_->setEnabled(state.can_remove);
   match_->setEnabled(state.can_match);

@@ -1,6 +1,5 @@
 #include "desktop/sheets/sheet_middle.h"
 
-#include <QApplication>
 #include <QVBoxLayout>
 #include <algorithm>
 
@@ -25,11 +24,6 @@ SheetMiddle::SheetMiddle(QWidget* parent) : QScrollArea(parent) {
   QSizePolicy policy(QSizePolicy::Expanding, QSizePolicy::Preferred);
   policy.setHeightForWidth(true);
   setSizePolicy(policy);
-  // The toolkit follows Tab only between the fields in here, not a field that is given the focus by
-  // its letter, by a refusal or from outside.
-  connect(qApp, &QApplication::focusChanged, this, [this](QWidget*, QWidget* focused) {
-    if (focused != nullptr && widget()->isAncestorOf(focused)) ensureWidgetVisible(focused);
-  });
 }
 
 QSize SheetMiddle::sizeHint() const {

@@ -12,6 +12,7 @@
 #include "desktop/look/assistive.h"
 #include "desktop/look/colors.h"
 #include "desktop/look/icons.h"
+#include "desktop/look/ink.h"
 #include "desktop/look/measures.h"
 #include "desktop/sheets/form.h"
 #include "desktop/sheets/import_head.h"
@@ -47,12 +48,6 @@ constexpr SettingPopUp kSettingPopUps[] = {
     {Setting::Reversals, "Reversals", "importOptions_Reversals_PopUp"}};
 // Which of them stands in which line; the account is before the first.
 constexpr std::size_t kInLine[] = {1, 4, 2};
-
-void SetProofInk(QWidget* widget, const QColor& color) {
-  QPalette palette = widget->palette();
-  palette.setColor(QPalette::WindowText, color);
-  widget->setPalette(palette);
-}
 
 }  // namespace
 
@@ -311,7 +306,7 @@ void StatementSheet::ShowProof() {
       PixmapNamed(QLatin1String(agrees ? "tick" : "warning"), kIconSize, devicePixelRatioF(), ink));
   proof_text_->setText(ToQString(text));
   NameFigure(*proof_text_, {}, proof_text_->text());
-  SetProofInk(proof_text_, agrees ? colors[Role::Text] : ink);
+  SetTextInk(*proof_text_, agrees ? colors[Role::Text] : ink);
 }
 
 void StatementSheet::Cancel() {
