@@ -90,7 +90,10 @@ void AboutDialog::MakeLicense() {
   license_->setReadOnly(true);
   license_->setTabChangesFocus(true);
   license_->setFont(SmallFont(font()));
-  license_->setPlainText(QString::fromUtf8(file.readAll()));
+  // Its lines are broken where the window wants them.
+  QStringList paragraphs = QString::fromUtf8(file.readAll()).split(QLatin1String("\n\n"));
+  for (QString& each : paragraphs) each = each.simplified();
+  license_->setPlainText(paragraphs.join(QLatin1String("\n\n")));
   license_->setMinimumHeight(kLicenseLines * license_->fontMetrics().lineSpacing());
   license_->hide();
   Body().addSpacing(kGap);
