@@ -19,7 +19,6 @@
 #include "desktop/sheets/left_out_lines.h"
 #include "desktop/sheets/proof_rows.h"
 #include "desktop/sheets/question_bar.h"
-#include "desktop/sheets/sheet_middle.h"
 #include "desktop/sheets/statement_columns.h"
 #include "desktop/texts.h"
 #include "platform/message.h"
@@ -130,13 +129,10 @@ void StatementSheet::LayOut() {
   Body().addLayout(settings);
   question_lines_->setSpacing(kGap);
   Body().addLayout(question_lines_);
-  auto* middle = new SheetMiddle(this);
-  middle->Lines().setSpacing(kWideGap);
   for (QWidget* each : std::initializer_list<QWidget*>{columns_, proof_, rows_, left_out_}) {
-    middle->Lines().addWidget(each);
+    Body().addWidget(each);
   }
-  middle->Lines().addLayout(checks);
-  Body().addWidget(middle, 1);
+  Body().addLayout(checks);
 }
 
 void StatementSheet::Connect() {
