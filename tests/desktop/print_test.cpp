@@ -4,11 +4,13 @@
 #include <QCheckBox>
 #include <QComboBox>
 #include <QFile>
+#include <QFontDatabase>
 #include <QLabel>
 #include <QPrinter>
 #include <QProcess>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QRegularExpression>
 #include <QSpinBox>
 #include <utility>
 
@@ -141,11 +143,16 @@ TEST(PrintedPdf, HasTheTextOfWhatTheTabShows) {
     EXPECT_TRUE(pdf.contains(title));
     const auto text = TextOf(pdf);
     if (!text) GTEST_SKIP() << "nothing here reads PDF";
+    // Letters that no font has leave no text behind.
+    const QRegularExpression letters(QFontDatabase::families(QFontDatabase::Japanese).isEmpty()
+                                         ? "[\\p{Han}\\p{Hiragana}]"_q
+                                         : QString());
     qsizetype at = 0;
     for (const QStringList& row : rows) {
       // In the order of the table, and of its columns.
       for (QString cell : row) {
         if (cell.startsWith(QLatin1Char('-'))) cell[0] = QChar(0x2212);
+        if (!letters.pattern().isEmpty()) cell = cell.remove(letters).trimmed();
         at = text->indexOf(cell, at);
         ASSERT_GE(at, 0) << cell.toStdString() << " in\n" << text->toStdString();
         at += cell.size();
