@@ -51,9 +51,10 @@ constexpr Told kFiles[] = {
 
 constexpr Told kEnvironment[] = {
     {"HOME", "the folder in which the files are."},
-    {"LC_ALL, LC_TIME, LC_PAPER, LANG",
-     "the short form of dates and the size of paper. The console speaks English and its lines are "
-     "UTF-8, whatever they say."},
+    {"LC_ALL, LC_TIME, LC_NUMERIC, LC_CTYPE, LANG",
+     "the short form of dates, what separates cents and thousands, and the encoding of exports. "
+     "The console speaks English and its lines are UTF-8, whatever they say. Pages have the width "
+     "and length that print is told."},
     {"TERM", "the kind of terminal, for editing lines."},
     {"TZ", "the time zone, which says what day it is."},
 };

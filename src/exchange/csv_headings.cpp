@@ -36,8 +36,8 @@ std::string_view PlainLetter(char32_t letter) noexcept {
   return {};
 }
 
-constexpr std::string_view kCurrencies[] = {"eur", "usd", "gbp", "pln", "chf",
-                                            "brl", "czk", "sek", "cad", "aud"};
+constexpr std::string_view kCurrencies[] = {"eur", "euro", "euros", "usd", "gbp", "pln",
+                                            "chf", "brl",  "czk",   "sek", "cad", "aud"};
 constexpr std::string_view kJoiningWords[] = {"in", "en", "w"};
 
 template <std::size_t size>

@@ -7,6 +7,7 @@
 
 #include "app/exchange/remembered_import.h"
 #include "exchange/csv_amounts.h"
+#include "exchange/import_text.h"
 #include "exchange/statement_review.h"
 #include "model/account.h"
 #include "platform/ambient.h"
@@ -23,6 +24,12 @@ constexpr TextEncoding kOfferedEncodings[] = {TextEncoding::Utf8,        TextEnc
                                               TextEncoding::Windows1252, TextEncoding::Windows1250,
                                               TextEncoding::Windows1251, TextEncoding::Windows1257};
 
+bool IsUtf8BeyondAscii(std::string_view bytes) {
+  return Utf8Bytes(bytes) && std::ranges::any_of(bytes, [](char each) {
+           return static_cast<unsigned char>(each) >= 0x80;
+         });
+}
+
 }  // namespace
 
 StatementImport::StatementImport(FileContents contents, const TextEncodings& encodings,
@@ -32,7 +39,10 @@ StatementImport::StatementImport(FileContents contents, const TextEncodings& enc
   ReadAgain();
   if (!file_.csv) return;
   identifier_ = ImportIdentifier(*file_.csv);
-  if (RecallImport(preferences, identifier_, state_.typed)) ReadAgain();
+  if (!RecallImport(preferences, identifier_, state_.typed)) return;
+  // A bank whose files are UTF-8 by now is not read in what its earlier ones were written in.
+  if (IsUtf8BeyondAscii(contents_.view())) state_.typed.choices.csv.encoding.reset();
+  ReadAgain();
 }
 
 void StatementImport::Read(StatementOptionsState::Typed typed) {

@@ -84,6 +84,9 @@ const std::vector<ChapterText>& ChapterTexts() {
         "An entry that the account already has is left unmarked: the same amount and day, and the "
         "same check number, payee or description. Mark it to have it all the same. A near match "
         "is only a hint.",
+        "A line of the file may be matched with an entry of the account instead of imported: that "
+        "entry gets the mark of the bank's statement, and nothing else of it changes. Where the "
+        "file tells the balance of the statement, it is taken over only if you say so.",
         "Types that the account lacks are made. Amounts and days that cannot be read are counted "
         "and shown, never guessed: choose another date format or other separators and the file "
         "is read again."}},
