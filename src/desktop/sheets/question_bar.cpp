@@ -59,7 +59,7 @@ void QuestionBar::Ask(const QString& question, const QStringList& answers) {
     each->deleteLater();
   }
   for (int i = 0; i < answers.size(); ++i) {
-    const QString shown = fontMetrics().elidedText(answers[i], Qt::ElideRight, kWidestAnswer);
+    const QString shown = fontMetrics().elidedText(answers[i], Qt::ElideMiddle, kWidestAnswer);
     auto* button = new QPushButton(WithoutMnemonics(shown), buttons_);
     button->setObjectName(button_name_ + QString::number(i));
     button->setAccessibleName(answers[i]);
