@@ -76,7 +76,9 @@ std::string FirstTag(std::string_view text) {
     } else if (HasStart(text, "<!doctype html")) {
       return "html";
     } else if (text.starts_with("<!")) {
-      end = ">";
+      // A document type may hold declarations of its own.
+      const std::size_t first = text.find_first_of("[>");
+      end = first != std::string_view::npos && text[first] == '[' ? "]>" : ">";
     } else {
       break;
     }

@@ -100,6 +100,8 @@ TEST(StatementFiles, AreTakenForWhatTheyHoldWhateverTheirName) {
       {"\n<TABLE><tr><td>1", Content::WebPage},
       {"<?xml version=\"1.0\"?><Workbook xmlns=\"x\">", Content::XmlSpreadsheet},
       {"<Invoice/>", Content::OtherXml},
+      {"<!DOCTYPE Invoice [<!ENTITY a \"b;c;d\">\n<!ENTITY e \"f;g;h\">]><Invoice/>",
+       Content::OtherXml},
       {"PK\x03\x04" + nul + nul + "[Content_Types].xml", Content::Spreadsheet},
       {"PK\x03\x04\x14" + nul + "\x01" + nul + "a.csv", Content::ProtectedArchive},
       {"PK\x03\x04\x14" + nul + nul + nul + "a.csv", Content::Archive},
