@@ -20,7 +20,6 @@ namespace {
 
 constexpr int kPageListWidth = 176;
 constexpr int kLeastPageHeight = 400;
-constexpr int kPageNameGap = 2;
 
 // A name of a page, as an account in its list.
 class PageName final : public QStyledItemDelegate {
