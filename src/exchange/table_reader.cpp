@@ -52,6 +52,11 @@ std::string_view BareCell(const char* begin, const char* end) noexcept {
   return {begin, static_cast<std::size_t>(end - begin)};
 }
 
+// Spreadsheets are told by ="007" that a cell is text.
+bool IsMarkedAsText(std::string_view text, std::size_t place) noexcept {
+  return text[place] == '=' && place + 1 < text.size() && text[place + 1] == '"';
+}
+
 // One quote for each two.
 std::string WithoutTwins(std::string_view raw) {
   std::string text;
@@ -104,6 +109,8 @@ std::string_view TableScanner::ReadCell(TableRow& row) {
   const bool takes_rest = row.cells_.size() + 1 == TableRow::kMostCells;
   std::size_t start = place_;
   while (start < text_.size() && text_[start] != delimiter_ && IsCellBlank(text_[start])) ++start;
+  const std::size_t bare_start = start;
+  if (start < text_.size() && IsMarkedAsText(text_, start)) ++start;
   if (start < text_.size() && text_[start] == '"' && !takes_rest) {
     // Most cells end with their first quote.
     const std::size_t quote = FindMark(text_, start + 1, '"');
@@ -118,7 +125,7 @@ std::string_view TableScanner::ReadCell(TableRow& row) {
     if (TakeQuoted(start + 1, row, cell)) return cell;
   }
   place_ = FindMark(text_, start, takes_rest ? '\n' : delimiter_);
-  return BareCell(text_.data() + start, text_.data() + place_);
+  return BareCell(text_.data() + bare_start, text_.data() + place_);
 }
 
 // Whether a quote before `place` closes a cell.
@@ -148,7 +155,11 @@ bool TableScanner::TakeQuoted(std::size_t start, TableRow& row, std::string_view
         place_ = behind;
         line_ += lines;
         cell = BareCell(text_.data() + start, text_.data() + place);
-        if (!is_plain) cell = row.unquoted_.emplace_front(WithoutTwins(cell));
+        if (!is_plain) {
+          cell = row.unquoted_.emplace_front(WithoutTwins(cell));
+          const bool is_marked = cell.size() > 2 && IsMarkedAsText(cell, 0) && cell.back() == '"';
+          if (is_marked) cell = cell.substr(2, cell.size() - 3);
+        }
         return true;
       }
       // In the first line it may be a quote within the text; below it is another cell's.

@@ -42,9 +42,9 @@ class TableRow {
 
 // Reads the rows of a delimited text one after the other: what RFC 4180 allows and what
 // spreadsheets and banks really write. Cells may be in double quotes, with line ends and doubled
-// quotes inside. A quote in the middle of a cell, or one whose twin is missing, is a letter like
-// others and ends neither cell nor line. Blanks around cells are dropped, and so are rows without
-// any text. Rows may have any number of cells. Linear.
+// quotes inside, and behind "=". A quote in the middle of a cell, or one whose twin is missing, is
+// a letter like others and ends neither cell nor line. Blanks around cells are dropped, and so are
+// rows without any text. Rows may have any number of cells. Linear.
 class TableScanner {
  public:
   // A cell in quotes ends within as many lines, or has none.
