@@ -91,14 +91,44 @@ std::size_t KnownHighHeadings(std::string_view lines) {
   return known;
 }
 
+// The lines of each reading, which has as many as the others.
+std::vector<std::vector<std::string_view>> LinesOf(const std::vector<std::string>& readings) {
+  std::vector<std::vector<std::string_view>> lines(readings.size());
+  for (std::size_t i = 0; i < readings.size(); ++i) {
+    std::string_view left = readings[i];
+    while (!left.empty()) {
+      const std::size_t end = std::min(left.find('\n'), left.size());
+      lines[i].push_back(left.substr(0, end));
+      left.remove_prefix(std::min(end + 1, left.size()));
+    }
+  }
+  return lines;
+}
+
+// The first of the lines in which the most readings differ.
+std::size_t MostTellingLine(const std::vector<std::vector<std::string_view>>& readings) {
+  std::size_t best = 0;
+  std::size_t most = 0;
+  for (std::size_t line = 0; line < readings.front().size(); ++line) {
+    std::vector<std::string_view> different;
+    for (const auto& lines : readings) {
+      if (std::find(different.begin(), different.end(), lines[line]) == different.end()) {
+        different.push_back(lines[line]);
+      }
+    }
+    if (different.size() <= most) continue;
+    most = different.size();
+    best = line;
+  }
+  return best;
+}
+
 TextEncoding ByteEncodingOf(std::string_view bytes, const TextEncodings& encodings,
                             std::vector<StatementQuestion>& questions) {
   constexpr std::size_t kLinesCompared = 200;
   const std::string lines = HighLines(bytes, kLinesCompared);
   StatementQuestion question;
   question.kind = StatementQuestion::Kind::Encoding;
-  const std::string first = lines.substr(0, lines.find('\n'));
-  question.sample = plist::ToValidUtf8(first);
   question.rows = static_cast<std::size_t>(std::count(lines.begin(), lines.end(), '\n'));
   // Those that know the most headings, each other reading of the lines once.
   std::size_t most = 0;
@@ -114,17 +144,22 @@ TextEncoding ByteEncodingOf(std::string_view bytes, const TextEncodings& encodin
     }
     const bool is_new = std::find(readings.begin(), readings.end(), *decoded) == readings.end();
     if (known < most || !is_new) continue;
-    question.candidates.push_back(
-        {static_cast<std::int64_t>(encoding), decoded->substr(0, decoded->find('\n'))});
+    question.candidates.push_back({static_cast<std::int64_t>(encoding), {}});
     readings.push_back(*std::move(decoded));
   }
+  if (question.candidates.empty()) return TextEncoding::Windows1252;
+  const auto read = LinesOf(readings);
+  const std::size_t telling = MostTellingLine(read);
+  for (std::size_t i = 0; i < read.size(); ++i) {
+    question.candidates[i].reading = read[i][telling];
+  }
+  question.sample = plist::ToValidUtf8(LinesOf({lines}).front()[telling]);
   if (IsMostlyHigh(lines)) {
     std::stable_partition(
         question.candidates.begin(), question.candidates.end(), [](const auto& each) {
           return each.value == static_cast<std::int64_t>(TextEncoding::Windows1251);
         });
   }
-  if (question.candidates.empty()) return TextEncoding::Windows1252;
   const auto encoding = static_cast<TextEncoding>(question.candidates.front().value);
   if (question.candidates.size() > 1) questions.push_back(std::move(question));
   return encoding;
@@ -314,6 +349,37 @@ char DelimiterOf(std::string_view text, const CsvChoices& choices) {
   return best;
 }
 
+namespace {
+
+// The row above the first one with a day and an amount, where it has as many cells, most of them
+// filled and none a value: a heading in words that are not known.
+std::optional<std::size_t> HeadingAboveValues(const TableRows& rows) {
+  constexpr std::size_t kFewestCells = 3;
+  for (std::size_t row = 0; row < std::min(rows.size(), kMostHeadingRow); ++row) {
+    bool has_day = false;
+    bool has_money = false;
+    for (std::size_t i = 0; i < rows[row].size(); ++i) {
+      const std::string_view cell = rows[row].Cell(i);
+      const bool is_day = IsDay(cell);
+      has_day = has_day || is_day;
+      has_money = has_money || (!is_day && IsMoney(ReadWrittenAmount(cell)));
+    }
+    if (!has_day || !has_money) continue;
+    const std::size_t cells = rows[row].size();
+    if (row == 0 || cells < kFewestCells || rows[row - 1].size() != cells) return std::nullopt;
+    std::size_t filled = 0;
+    for (std::size_t i = 0; i < cells; ++i) {
+      const std::string_view cell = rows[row - 1].Cell(i);
+      if (!cell.empty()) ++filled;
+      if (IsDay(cell) || ReadWrittenAmount(cell).is_amount) return std::nullopt;
+    }
+    return filled * 3 >= cells * 2 ? std::optional(row - 1) : std::nullopt;
+  }
+  return std::nullopt;
+}
+
+}  // namespace
+
 std::optional<std::size_t> HeadingRow(const TableRows& rows, const CsvChoices& choices) {
   if (choices.has_heading == false) return std::nullopt;
   std::optional<std::size_t> best;
@@ -336,6 +402,7 @@ std::optional<std::size_t> HeadingRow(const TableRows& rows, const CsvChoices& c
       widest_row = row;
     }
   }
+  if (!best) best = HeadingAboveValues(rows);
   if (!best && choices.has_heading == true && widest > 0) return widest_row;
   return best;
 }
