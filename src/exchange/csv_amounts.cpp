@@ -21,10 +21,8 @@ constexpr std::array kBalanceOrders = {BalanceOrder{false, false}, BalanceOrder{
                                        BalanceOrder{true, false}, BalanceOrder{true, true}};
 
 struct BalanceCheck {
-  std::size_t balances = 0;
   std::size_t pairs = 0;
   std::array<std::size_t, kBalanceOrders.size()> agreeing{};
-  std::array<std::size_t, kBalanceOrders.size()> first_disagreeing{};  // row; SIZE_MAX for none
 
   [[nodiscard]] std::size_t Best() const noexcept {
     return static_cast<std::size_t>(std::max_element(agreeing.begin(), agreeing.end()) -
@@ -33,9 +31,10 @@ struct BalanceCheck {
   [[nodiscard]] bool Proves() const noexcept { return pairs >= 2 && agreeing[Best()] == pairs; }
 };
 
-BalanceCheck CheckBalances(const std::vector<CsvNumbers>& numbers, const CsvAmountRule& rule) {
-  BalanceCheck check;
-  check.first_disagreeing.fill(SIZE_MAX);
+// Tells of each balance that has one before it, by its row and in which of the orders it agrees.
+// False for amounts that have no cents.
+template <typename Visit>
+bool WalkBalances(const std::vector<CsvNumbers>& numbers, const CsvAmountRule& rule, Visit visit) {
   bool has_before = false;
   Cents last_balance = 0;
   Cents last_amount = 0;
@@ -45,42 +44,54 @@ BalanceCheck CheckBalances(const std::vector<CsvNumbers>& numbers, const CsvAmou
     const CsvNumbers& each = numbers[row];
     const double amount = rule.AmountOf(each);
     const double balance = each.balance.Number(rule.decimal_separator);
-    if (!HasCents(amount) || !HasCents(balance)) return {};
+    if (!HasCents(amount) || !HasCents(balance)) return false;
     if (!each.balance.is_amount) {
       since += CentsOf(amount);
       continue;
     }
     const Cents now = CentsOf(balance);
     const Cents own = CentsOf(amount);
-    ++check.balances;
     if (has_before) {
       const Cents step = now - last_balance;
-      const std::array<bool, kBalanceOrders.size()> agrees = {
-          step == since + own, -step == last_amount + since, step == last_amount + since,
-          -step == since + own};
-      ++check.pairs;
-      for (std::size_t i = 0; i < agrees.size(); ++i) {
-        if (agrees[i]) {
-          ++check.agreeing[i];
-        } else {
-          check.first_disagreeing[i] = std::min(check.first_disagreeing[i], row);
-        }
-      }
+      visit(row, std::array<bool, kBalanceOrders.size()>{
+                     step == since + own, -step == last_amount + since, step == last_amount + since,
+                     -step == since + own});
     }
     has_before = true;
     last_balance = now;
     last_amount = own;
     since = 0;
   }
-  return check;
+  return true;
+}
+
+BalanceCheck CheckBalances(const std::vector<CsvNumbers>& numbers, const CsvAmountRule& rule) {
+  BalanceCheck check;
+  const bool has_cents = WalkBalances(numbers, rule, [&check](std::size_t, const auto& agrees) {
+    ++check.pairs;
+    for (std::size_t i = 0; i < agrees.size(); ++i) {
+      if (agrees[i]) ++check.agreeing[i];
+    }
+  });
+  return has_cents ? check : BalanceCheck();
+}
+
+std::vector<std::size_t> DisagreeingRows(const std::vector<CsvNumbers>& numbers,
+                                         const CsvAmountRule& rule, std::size_t order) {
+  std::vector<std::size_t> rows;
+  static_cast<void>(
+      WalkBalances(numbers, rule, [&rows, order](std::size_t row, const auto& agrees) {
+        if (!agrees[order]) rows.push_back(row);
+      }));
+  return rows;
 }
 
 StatementProof ProofOf(const BalanceCheck& check) {
   StatementProof proof;
   if (check.pairs == 0) return proof;
   const std::size_t best = check.Best();
-  proof.balances = check.balances;
   // The first has nothing to agree with.
+  proof.balances = check.pairs + 1;
   proof.agreeing = check.agreeing[best] + 1;
   const bool all_agree = check.agreeing[best] == check.pairs;
   proof.kind = all_agree ? StatementProof::Kind::Running : StatementProof::Kind::Disagree;
@@ -205,13 +216,14 @@ CsvAmountReading JudgeAmounts(const std::vector<CsvNumbers>& numbers, const CsvA
   const bool asks_fees = !choices.fees_come_off && has_fees;
   // A mark, or a column for each direction, leaves no doubt of the sign.
   const bool asks_sign = !choices.spending_is_positive && !rule.has_debits && !columns.mark;
+  const bool has_mixed_debits = rule.has_debits && counts.negative > 0 && counts.positive > 0;
 
   // The first of the open readings that the balances bear out.
   CsvAmountRule proven = rule;
   BalanceCheck check;
   if (columns.balance) {
     check = CheckBalances(numbers, rule);
-    for (unsigned i = 1; i < 8 && !check.Proves(); ++i) {
+    for (unsigned i = 1; i < 16 && !check.Proves(); ++i) {
       CsvAmountRule other = rule;
       if ((i & 1) != 0) {
         if (!asks_separator) continue;
@@ -224,6 +236,10 @@ CsvAmountReading JudgeAmounts(const std::vector<CsvNumbers>& numbers, const CsvA
       if ((i & 4) != 0) {
         if (!asks_sign) continue;
         other.spending_is_positive = true;
+      }
+      if ((i & 8) != 0) {
+        if (!has_mixed_debits) continue;
+        other.debits_are_negative = !rule.debits_are_negative;
       }
       const BalanceCheck tried = CheckBalances(numbers, other);
       if (!tried.Proves()) continue;
@@ -267,8 +283,11 @@ CsvAmountReading JudgeAmounts(const std::vector<CsvNumbers>& numbers, const CsvA
   CsvAmountReading reading;
   reading.rule = rule;
   reading.has_open_separator = asks_separator && !is_proven;
+  reading.has_open_debits = has_mixed_debits && !is_proven;
   reading.proof = ProofOf(check);
-  reading.first_disagreeing = check.first_disagreeing[check.Best()];
+  if (reading.proof.kind == StatementProof::Kind::Disagree) {
+    reading.proof.disagreeing = DisagreeingRows(numbers, rule, check.Best());
+  }
   if (is_proven) reading.balance_order = kBalanceOrders[check.Best()];
   return reading;
 }

@@ -108,8 +108,9 @@ struct CsvAmountReading {
   CsvAmountRule rule;
   // Nothing proves the separator, and some amounts hang on it.
   bool has_open_separator = false;
+  // Debits have both signs, and nothing proves which of them is money spent; most have it.
+  bool has_open_debits = false;
   StatementProof proof;
-  std::size_t first_disagreeing = SIZE_MAX;  // row, from 0 on, whose balance disagrees
   std::optional<BalanceOrder> balance_order;
 };
 

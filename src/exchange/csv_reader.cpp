@@ -274,7 +274,7 @@ class CsvReader {
     reading_.balance_order = amounts.balance_order;
     account_.proof = amounts.proof;
     if (account_.proof.kind == StatementProof::Kind::Disagree) {
-      account_.proof.first_disagreeing_line = rows_[amounts.first_disagreeing].line;
+      account_.proof.first_disagreeing_line = rows_[amounts.proof.disagreeing.front()].line;
     }
     FillRows(order, amounts);
     TakeClosingBalance(amounts);
@@ -323,6 +323,9 @@ class CsvReader {
     if (amounts.rule.has_debits && (IsUnread(numbers.amount) || IsUnread(numbers.credit))) {
       row.doubts.Add(ImportDoubtKind::UnreadAmount);
     }
+    const bool is_other_debit = amounts.has_open_debits && numbers.amount.digits != 0 &&
+                                numbers.amount.is_negative != amounts.rule.debits_are_negative;
+    if (is_other_debit) row.doubts.Add(ImportDoubtKind::DebitSign);
     const bool is_open = numbers.amount.decimal == WrittenAmount::Decimal::Undecided ||
                          numbers.credit.decimal == WrittenAmount::Decimal::Undecided;
     if (is_open && amounts.has_open_separator) row.doubts.Add(ImportDoubtKind::AmountSeparators);

@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "exchange/import_content.h"
+
 namespace tallyfold {
 namespace {
 
@@ -24,6 +26,7 @@ constexpr std::array<KindText, kImportDoubtKinds> kKinds = {{
     {"amounts too large to have cents"},
     {"amounts that other separators may read otherwise", ImportRemedy::Separators},
     {"amounts whose sign is not read: behind, in parentheses or a dash"},
+    {"debits of the other sign than most, read as money that comes in"},
     {"records with a second date or amount, of which only the first is read"},
     {"check numbers that are text and become 0"},
     {"check numbers too large, left out"},
@@ -63,7 +66,7 @@ std::string_view TextOf(Problem problem) noexcept {
       return "its list of accounts, !Option:AutoSwitch, has no end, and no entry was read; put a "
              "line !Clear:AutoSwitch behind the list and import the file again";
     case Problem::Empty:
-      return "the file is empty; nothing in it can be imported";
+      return RefusalOf(ImportContent::Empty);
     case Problem::Table:
       return "the file seems to be a table (CSV); nothing in it can be imported";
     case Problem::WebPage:

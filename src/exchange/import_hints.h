@@ -29,6 +29,7 @@ enum class ImportDoubtKind : std::uint8_t {
   LargeAmount,       // 1e15 and more, which no longer has cents
   AmountSeparators,  // may have been written with other separators
   AmountSign,        // a sign that is not read: behind, in parentheses, a dash
+  DebitSign,         // not that of most debits of the file: read as money that comes in
   SecondRecord,      // lines that belong to a further entry, which is left out
   TextNumber,        // a check number that is a text ("ATM") becomes 0
   LostNumber,        // one beyond 32 bits is left out
@@ -44,7 +45,7 @@ enum class ImportDoubtKind : std::uint8_t {
   LeftOutList,     // holds no entries; see ImportHints::left_out_lists
   UnendedList,     // its last record has no end and is left out
 };
-inline constexpr std::size_t kImportDoubtKinds = 22;
+inline constexpr std::size_t kImportDoubtKinds = 23;
 
 // What is doubtful of one entry.
 class ImportDoubtSet {

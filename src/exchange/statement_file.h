@@ -61,6 +61,8 @@ struct StatementProof {
   // Of the balances on rows, and how many of them agree with their neighbours.
   std::size_t balances = 0;
   std::size_t agreeing = 0;
+  // The rows of the others, from 0 on.
+  std::vector<std::size_t> disagreeing;
   // The line of the first that does not; 0 for none.
   std::size_t first_disagreeing_line = 0;
   // What the closing balance exceeds the opening one and the rows by.

@@ -171,8 +171,11 @@ std::size_t StatementImport::ReusedIdentifiers() const {
 StatementProof StatementImport::ChosenProof() const {
   StatementProof whole;
   bool is_first = true;
+  std::size_t first_row = 0;
   for (const std::size_t place : Chosen()) {
     const StatementProof& each = file_.accounts[place].proof;
+    for (const std::size_t row : each.disagreeing) whole.disagreeing.push_back(first_row + row);
+    first_row += file_.accounts[place].rows.size();
     whole.balances += each.balances;
     whole.agreeing += each.agreeing;
     whole.difference += each.difference;
