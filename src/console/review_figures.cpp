@@ -9,6 +9,7 @@
 
 #include "app/controller.h"
 #include "app/exchange/qif_import_controller.h"
+#include "console/joined.h"
 #include "console/printer.h"
 #include "console/statement_figures.h"
 #include "console/table.h"
@@ -30,20 +31,6 @@ std::string CountOf(std::size_t number) {
 std::string FromFile(std::string_view text) {
   constexpr std::size_t kMostCharacters = 60;
   return FirstCharacters(text, kMostCharacters);
-}
-
-// A file may name thousands of types; the first ones tell enough.
-constexpr std::size_t kMostNames = 20;
-
-template <typename List, typename Text>
-std::string Joined(const List& list, Text text) {
-  std::string joined;
-  const std::size_t shown = std::min(list.size(), kMostNames);
-  for (std::size_t i = 0; i < shown; ++i) {
-    joined += (i == 0 ? "" : ", ") + std::string(text(list[i]));
-  }
-  const std::size_t left = list.size() - shown;
-  return left == 0 ? joined : joined + " and " + CountOf(left) + " more";
 }
 
 // --- What is in force, as the options of the commands are typed ---------------------------------

@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <string>
 
+#include "console/joined.h"
 #include "console/statement_options.h"
 #include "console/values.h"
 #include "console/words.h"
@@ -64,6 +65,11 @@ void AddStatementFacts(Table& table, const StatementOptionsState& options,
   if (options.is_cut_short) table.Add({"the file ends in the middle of an entry", "yes"});
   if (const std::string proof = TextOf(options.proof); !proof.empty()) {
     table.Add({"balances", proof});
+  }
+  if (const auto& rows = options.proof.disagreeing; !rows.empty()) {
+    table.Add({"rows whose balance does not agree", Joined(rows, [](std::size_t row) {
+                 return WriteNumber(static_cast<std::int64_t>(row) + 1);
+               })});
   }
   if (review.balance) {
     const auto& day = review.balance->day;

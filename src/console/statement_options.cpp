@@ -95,6 +95,31 @@ std::string QuestionText(const State& state, const StatementQuestion& question) 
   return text;
 }
 
+std::string QuestionsText(const State& state) {
+  std::string text;
+  for (const StatementQuestion& each : state.questions) {
+    text += (text.empty() ? "" : "; ") + QuestionText(state, each);
+  }
+  return text;
+}
+
+// What is typed and would change nothing may hide that the table is read otherwise than meant.
+void RefuseWithoutEffect(const State& state, const StatementChoicesTyped& choices) {
+  if (!state.problem.empty()) return;
+  for (const auto& [setting, value] : choices.settings) {
+    const bool is_offered = std::any_of(
+        state.settings.begin(), state.settings.end(),
+        [setting = setting](const State::Setting& each) { return each.setting == setting; });
+    if (!value || is_offered) continue;
+    if (setting == StatementSetting::Fees) {
+      throw CommandError("fees: no column of the table has fees; column=NUMBER:fee names one");
+    }
+    if (setting == StatementSetting::Spending) {
+      throw CommandError("spending: the table has columns for debits and credits, which tell it");
+    }
+  }
+}
+
 }  // namespace
 
 std::string SettingAsTyped(const StatementOptionsState& state, StatementSetting setting,
@@ -172,10 +197,9 @@ void ConfirmStatementOptions(Console& console, const StatementChoicesTyped& choi
     }
     import.StatementOptions_Read(std::move(typed));
   }
+  RefuseWithoutEffect(state, choices);
   if (import.ImportOptions_OK()) return;
-  if (state.problem.empty() && !state.questions.empty()) {
-    throw CommandError(QuestionText(state, state.questions.front()));
-  }
+  if (state.problem.empty() && !state.questions.empty()) throw CommandError(QuestionsText(state));
   std::string problem = TextOf(import.Options().problem);
   if (!state.columns.empty()) problem += "; its columns are " + ColumnsOf(state);
   throw CommandError(problem);

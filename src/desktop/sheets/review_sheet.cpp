@@ -89,6 +89,7 @@ void ReviewSheet::LayOut() {
   AddChip(Kind::Repeats, "import_Repeats_Button", QLatin1String("reconcile"));
   AddChip(Kind::Matched, "import_Matched_Button", QLatin1String("tick"));
   AddChip(Kind::Undated, "import_Undated_Button", QLatin1String("warning"));
+  AddChip(Kind::Balance, "import_Balances_Button", QLatin1String("warning"));
   AddChip(Kind::AfterToday, "import_AfterToday_Button", QLatin1String("schedule"));
   AddChip(Kind::NewType, "import_NewTypes_Button", QLatin1String("add"));
   for (const auto& each : chips_) chips->addWidget(each.chip);
@@ -96,7 +97,7 @@ void ReviewSheet::LayOut() {
 }
 
 void ReviewSheet::AddChip(Kind kind, const char* name, QLatin1String icon) {
-  const bool is_warning = kind == Kind::Repeats || kind == Kind::Undated;
+  const bool is_warning = kind == Kind::Repeats || kind == Kind::Undated || kind == Kind::Balance;
   auto* chip = new Chip(icon, is_warning, this);
   chip->setObjectName(QLatin1String(name));
   chips_.push_back({kind, chip, {}});
@@ -301,6 +302,11 @@ bool ReviewSheet::IsCounted(Kind kind, int row) const {
       return entry->GetDate() > TodaysDateNumber();
     case Kind::Undated:
       return entry->GetDate() == 0;
+    case Kind::Balance: {
+      const auto& rows = parts_.import.StatementOptions().proof.disagreeing;
+      return std::binary_search(rows.begin(), rows.end(),
+                                static_cast<std::size_t>(parts_.import.PlaceOf(*entry)) - 1);
+    }
     case Kind::NewType:
       break;
   }
@@ -333,6 +339,11 @@ void ReviewSheet::ShowChips() {
       case Kind::Undated:
         each.chip->setText(ToQString(Message(
             Plural("{1} without a date", "{1} without a date", number), {std::to_string(number)})));
+        break;
+      case Kind::Balance:
+        each.chip->setText(ToQString(
+            Message(Plural("{1} balance does not agree", "{1} balances do not agree", number),
+                    {std::to_string(number)})));
         break;
       case Kind::NewType:
         each.chip->setText(ToQString(

@@ -39,7 +39,7 @@ class ReviewSheet final : public SheetDialog {
 
  private:
   // Which rows a chip counts.
-  enum class Kind : std::uint8_t { Repeats, Matched, AfterToday, NewType, Undated };
+  enum class Kind : std::uint8_t { Repeats, Matched, AfterToday, NewType, Undated, Balance };
   struct Counted {
     Kind kind;
     Chip* chip;
