@@ -1,19 +1,31 @@
 // Any bytes, read as any kind of bank's file with any choices, give rows of valid text whose
-// doubts, proofs and questions hold together. The first bytes choose the reader and what it is
-// told.
+// doubts, proofs and questions hold together, and a review that can be committed once the questions
+// are answered. The first bytes choose the reader and what it is told.
 
 #include <algorithm>
 #include <cstddef>
 #include <cstdint>
 #include <cstdlib>
+#include <iterator>
+#include <memory>
 #include <string>
 #include <string_view>
+#include <utility>
 
+#include "app/exchange/statement_import.h"
+#include "benchmarks/quiet_store.h"
 #include "exchange/camt_reader.h"
 #include "exchange/csv_reader.h"
+#include "exchange/import_content.h"
 #include "exchange/ofx_reader.h"
+#include "exchange/qif_review.h"
 #include "exchange/statement_reader.h"
+#include "ledger/change.h"
+#include "ledger/ledger.h"
+#include "model/account.h"
 #include "plist/utf8.h"
+#include "storage/account_preferences.h"
+#include "storage/preferences.h"
 #include "system/iconv_encodings.h"
 
 using namespace tallyfold;  // NOLINT(google-build-using-namespace): a program of one file
@@ -66,9 +78,13 @@ void CheckRow(const StatementRow& row) {
   Check(row.amount.has_value() || has_amount_doubt);
 }
 
-StatementFile Read(unsigned reader, std::string_view bytes, const StatementChoices& choices) {
+const IconvEncodings& Encodings() {
   static const IconvEncodings encodings;
-  if (reader == 0) return ReadStatementFile(bytes, encodings, choices);
+  return encodings;
+}
+
+StatementFile Read(unsigned reader, std::string_view bytes, const StatementChoices& choices) {
+  if (reader == 0) return ReadStatementFile(bytes, Encodings(), choices);
   StatementFile file;
   const std::string text = plist::ToValidUtf8(bytes);
   if (reader == 1) ReadOfx(text, file);
@@ -77,16 +93,12 @@ StatementFile Read(unsigned reader, std::string_view bytes, const StatementChoic
   return file;
 }
 
-}  // namespace
-
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-  if (size < kChoiceBytes) return 0;
-  const std::string_view bytes(reinterpret_cast<const char*>(data), size);
-  const StatementFile file = Read(ReaderFor(static_cast<unsigned char>(bytes[0])),
-                                  bytes.substr(kChoiceBytes), ChoicesOf(bytes));
+void CheckFile(const StatementFile& file) {
   for (const StatementAccount& account : file.accounts) {
     for (const StatementRow& row : account.rows) CheckRow(row);
-    Check(account.proof.agreeing <= account.proof.balances);
+    const StatementProof& proof = account.proof;
+    Check(proof.agreeing + proof.disagreeing.size() == proof.balances);
+    Check(proof.disagreeing.empty() || proof.disagreeing.back() < account.rows.size());
     for (const ImportDoubt& doubt : HintsFor(file, account.rows, 20240307).doubts) {
       Check(doubt.count > 0 && doubt.rows.size() <= ImportDoubt::kMostRows);
     }
@@ -95,18 +107,116 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     Check(question.candidates.size() > 1 && question.rows > 0);
     Check(plist::IsValidUtf8(question.sample));
   }
-  if (file.csv) {
-    Check(file.csv->digest.size() == 16);
-    Check(file.csv->choices.delimiter && file.csv->choices.has_heading);
-    for (const auto& row : file.csv->first_rows) Check(!row.empty());
-    const CsvReading& csv = *file.csv;
-    const std::size_t lines = csv.balance_lines + csv.continuation_lines + csv.other_lines;
-    const bool has_all = csv.lacks_days || csv.lacks_amounts ||
-                         csv.left_out.size() == std::min(lines, CsvReading::kMostLeftOut);
-    Check(has_all);
-    for (const LeftOutLine& each : csv.left_out) {
-      Check(each.line > 0 && plist::IsValidUtf8(each.text));
-    }
+}
+
+void CheckTable(const CsvReading& csv) {
+  Check(csv.digest.size() == 16);
+  Check(csv.choices.delimiter && csv.choices.has_heading);
+  for (const auto& row : csv.first_rows) Check(!row.empty());
+  const std::size_t lines = csv.balance_lines + csv.continuation_lines + csv.other_lines;
+  const bool has_all = csv.lacks_days || csv.lacks_amounts ||
+                       csv.left_out.size() == std::min(lines, CsvReading::kMostLeftOut);
+  Check(has_all);
+  for (const LeftOutLine& each : csv.left_out) {
+    Check(each.line > 0 && plist::IsValidUtf8(each.text));
   }
+}
+
+// --- From the options sheet to the commit -------------------------------------------------------
+
+// Each answer settles its question, though another may come up; which candidate is taken is chosen
+// by `answer`.
+void AnswerAll(StatementImport& import, const LDGRAccount& account, const TableFormat& format,
+               unsigned answer) {
+  constexpr int kMostAnswers = 20;
+  import.Show(account, format);
+  for (int i = 0; i < kMostAnswers && !import.State().questions.empty(); ++i) {
+    const StatementQuestion& asked = import.State().questions.front();
+    const StatementQuestion::Kind kind = asked.kind;
+    import.Answer(0, answer % asked.candidates.size());
+    import.Show(account, format);
+    for (const StatementQuestion& each : import.State().questions) Check(each.kind != kind);
+  }
+  Check(import.State().questions.empty());
+}
+
+void Commit(QifReview& review, const std::shared_ptr<LDGRAccount>& account) {
+  const std::size_t before = account->GetEntries().size();
+  for (const auto& entry : review.entries()) {
+    if (!entry->GetImport()) static_cast<void>(review.Match(entry));
+  }
+  const std::size_t marked = review.MarkedCount();
+  benchmarks::QuietStore store;
+  Ledger ledger(*store);
+  Change change(ledger, "Import", account);
+  review.Commit(change, account, false);
+  change.Close();
+  Check(account->GetEntries().size() == before + marked);
+}
+
+void GoWholeWay(std::string_view bytes, std::string_view file) {
+  const auto at = [bytes](std::size_t i) { return static_cast<unsigned char>(bytes[i]); };
+  const auto contents = [file] {
+    auto copy = std::make_unique<char[]>(file.size());
+    std::copy(file.begin(), file.end(), copy.get());
+    return FileContents(std::move(copy), file.size());
+  };
+  LDGRPreferences preferences;
+  LDGRAccountPreferences remembered;
+  const TableFormat format{"%Y-%m-%d", preferences};
+  const auto account = std::make_shared<LDGRAccount>();
+
+  StatementImport import(contents(), Encodings(), remembered);
+  AnswerAll(import, *account, format, at(1));
+  QifReview first(import.Entries(*account), *account);
+  Commit(first, account);
+
+  StatementOptionsState::Typed typed = import.State().typed;
+  typed.choices = ChoicesOf(bytes);
+  typed.suggests_types = (at(3) & 8) != 0;
+  typed.account = at(3) / 16;
+  import.Read(typed);
+  import.Show(*account, format);
+  const std::size_t columns = import.State().columns.size();
+  for (std::size_t i = 0; i < columns && i < 2; ++i) {
+    typed = import.State().typed;
+    ChooseColumn(typed, import.State(), (at(2) + i) % columns,
+                 static_cast<CsvField>((at(3) + i * 3) % 17));
+    import.Read(typed);
+    import.Show(*account, format);
+  }
+  AnswerAll(import, *account, format, at(2));
+  import.Remember(remembered);
+  QifReview second(import.Entries(*account), *account);
+  Check(second.entries().size() == import.State().entry_count);
+  Commit(second, account);
+
+  StatementImport again(contents(), Encodings(), remembered);
+  again.Show(*account, format);
+  // Every row is there already, is marked and unmarked, or goes.
+  QifReview third(again.Entries(*account), *account);
+  third.MarkAll();
+  third.ToggleAll();
+  if (!third.entries().empty()) third.Remove({third.entries().back()});
+  Commit(third, account);
+}
+
+}  // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+  if (size < kChoiceBytes) return 0;
+  const std::string_view bytes(reinterpret_cast<const char*>(data), size);
+  const std::string_view text = bytes.substr(kChoiceBytes);
+  const unsigned reader = ReaderFor(static_cast<unsigned char>(bytes[0]));
+  const StatementFile file = Read(reader, text, ChoicesOf(bytes));
+  CheckFile(file);
+  if (file.csv) CheckTable(*file.csv);
+  // What the readers are given here whatever it is, the program takes by its content.
+  constexpr ImportContent kContents[] = {ImportContent::Empty, ImportContent::Ofx,
+                                         ImportContent::Camt, ImportContent::Table};
+  const ImportContent content = ContentOf(text);
+  const bool is_statement =
+      std::find(std::begin(kContents) + 1, std::end(kContents), content) != std::end(kContents);
+  if (is_statement && (reader == 0 || content == kContents[reader])) GoWholeWay(bytes, text);
   return 0;
 }
