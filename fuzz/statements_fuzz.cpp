@@ -15,6 +15,7 @@
 #include "app/exchange/statement_import.h"
 #include "benchmarks/quiet_store.h"
 #include "exchange/camt_reader.h"
+#include "exchange/csv_lines.h"
 #include "exchange/csv_reader.h"
 #include "exchange/import_content.h"
 #include "exchange/ofx_reader.h"
@@ -78,6 +79,22 @@ void CheckRow(const StatementRow& row) {
   Check(row.amount.has_value() || has_amount_doubt);
 }
 
+// Every row is told as an entry, and read again as it was.
+void CheckLines(const std::string& text, const StatementFile& file) {
+  const CsvLines lines(text, file);
+  std::size_t entries = 0;
+  std::size_t left_out = 0;
+  for (std::size_t i = 0; i < lines.size(); ++i) {
+    entries += lines.KindAt(i) == CsvLine::Kind::Entry ? 1 : 0;
+    left_out += lines.KindAt(i) == CsvLine::Kind::LeftOut ? 1 : 0;
+    if (i < CsvReading::kMostLeftOut) Check(!lines.At(i).cells.empty());
+  }
+  const CsvReading& csv = *file.csv;
+  if (csv.lacks_days || csv.lacks_amounts) return;
+  Check(entries == file.accounts.front().rows.size());
+  Check(left_out == csv.balance_lines + csv.continuation_lines + csv.other_lines);
+}
+
 const IconvEncodings& Encodings() {
   static const IconvEncodings encodings;
   return encodings;
@@ -89,7 +106,10 @@ StatementFile Read(unsigned reader, std::string_view bytes, const StatementChoic
   const std::string text = plist::ToValidUtf8(bytes);
   if (reader == 1) ReadOfx(text, file);
   if (reader == 2) ReadCamt(text, choices.reversals, file);
-  if (reader == 3) file.csv = ReadCsv(text, choices.csv, file);
+  if (reader == 3) {
+    file.csv = ReadCsv(text, choices.csv, file);
+    CheckLines(text, file);
+  }
   return file;
 }
 
@@ -112,7 +132,6 @@ void CheckFile(const StatementFile& file) {
 void CheckTable(const CsvReading& csv) {
   Check(csv.digest.size() == 16);
   Check(csv.choices.delimiter && csv.choices.has_heading);
-  for (const auto& row : csv.first_rows) Check(!row.empty());
   const std::size_t lines = csv.balance_lines + csv.continuation_lines + csv.other_lines;
   const bool has_all = csv.lacks_days || csv.lacks_amounts ||
                        csv.left_out.size() == std::min(lines, CsvReading::kMostLeftOut);

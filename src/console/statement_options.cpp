@@ -69,9 +69,7 @@ std::string ColumnsOf(const State& state) {
   std::string text;
   for (std::size_t i = 0; i < state.columns.size(); ++i) {
     const State::Column& column = state.columns[i];
-    const std::string& name = !column.heading.empty() ? column.heading
-                              : column.cells.empty()  ? column.heading
-                                                      : column.cells.front();
+    const std::string& name = column.heading.empty() ? column.sample : column.heading;
     text += (i == 0 ? "" : ", ") + std::to_string(i + 1) + ' ' + Quoted(FirstCharacters(name, 30));
   }
   return text;

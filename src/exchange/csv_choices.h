@@ -54,14 +54,12 @@ struct LeftOutLine {
 
 // How a table was read, for whoever shows it and lets it be changed.
 struct CsvReading {
-  static constexpr std::size_t kMostFirstRows = 5;
-
   // Everything has a value, as chosen or found out. `columns` has one for each column.
   CsvChoices choices;
   std::vector<std::string> headings;  // empty without a heading
-  // The cells of the first rows of entries as the file has them; of the first rows where days or
-  // amounts lack.
-  std::vector<std::vector<std::string>> first_rows;
+  std::size_t heading_line = 0;       // 0 without
+  // The cells of the first entry as the file has them; of the first row where days or amounts lack.
+  std::vector<std::string> first_row;
   // Tells the heading from those of other files; see HeadingDigest().
   std::string digest;
   std::optional<BalanceOrder> balance_order;  // none where the balances prove none

@@ -85,6 +85,7 @@ class CsvReader {
     reading_.choices.delimiter = table_.delimiter;
     reading_.choices.has_heading = heading_.has_value();
     reading_.choices.columns = fields_;
+    if (heading_) reading_.heading_line = first[*heading_].Line();
     for (std::size_t i = 0; heading_ && i < first[*heading_].size(); ++i) {
       reading_.headings.emplace_back(first[*heading_].Cell(i));
     }
@@ -222,9 +223,8 @@ class CsvReader {
   }
 
   void TakeFirstRow(const TableRow& row) {
-    if (reading_.first_rows.size() == CsvReading::kMostFirstRows) return;
-    auto& cells = reading_.first_rows.emplace_back();
-    for (std::size_t i = 0; i < row.size(); ++i) cells.emplace_back(row.Cell(i));
+    if (!reading_.first_row.empty()) return;
+    for (std::size_t i = 0; i < row.size(); ++i) reading_.first_row.emplace_back(row.Cell(i));
   }
 
   // --- Lines that are no entries ----------------------------------------------------------------

@@ -9,6 +9,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QMimeData>
+#include <QTableView>
 #include <QTimer>
 #include <QUrl>
 #include <fstream>
@@ -205,17 +206,25 @@ TEST_F(Exchange, AnOddTableDroppedOnTheWindowAsksAllAtOnceAndIsMatchedWithAChose
                      "soon;Roof;;much;\n06/03/26;Quay;Tea;66.20;0\nTotal;;;76.70;\n");
   Drop(test.program->window(), "/home/user/odd.csv"_q);
   EXPECT_EQ(test.TextOf("importOptions_Title"), "Importing From:  odd.csv"_q);
-  EXPECT_EQ(test.Rows("importOptions_LeftOut_Table"), 3);
-  EXPECT_EQ(test.Row("importOptions_LeftOut_Table", 1),
-            "8|neither day nor amount can be read|soon | Roof | much"_q);
-  EXPECT_EQ(test.TextOf("importOptions_LeftOut_Field"),
-            "Lines of balances left out: 1. Other lines left out: 2."_q);
+  EXPECT_EQ(test.Rows("importOptions_Lines_Table"), 10);
+  EXPECT_EQ(test.Row("importOptions_Lines_Table", 1), "2|Date|Payee|Purpose|Amount|Fee|headings"_q);
+  EXPECT_EQ(test.Row("importOptions_Lines_Table", 2), "3|01/03/26|Quay|Tea|2.100|0.25|"_q);
   // The last first: the others stay where they are.
   test.Click("importOptions_Question_2_Answer_Button_1");
   EXPECT_FALSE(test.FindWidget("importOptions_Question_2")->isVisible());
   test.Click("importOptions_Question_1_Answer_Button_0");
   EXPECT_FALSE(test.Find<QAbstractButton>("importOptions_OK_Button")->isEnabled());
   test.Click("importOptions_Answer_Button_0");
+  const QString left_out[] = {"1|Bank|||||before the first entry"_q,
+                              "8|soon|Roof||much||neither day nor amount can be read"_q,
+                              "10|Total|||76.70||names a balance or a sum"_q};
+  EXPECT_EQ(TitleOf("importOptions_LeftOut_Button"), "3 lines are no entries"_q);
+  for (const int each : {1, 2, 0}) {
+    test.Click("importOptions_LeftOut_Button");
+    EXPECT_EQ(test.Row("importOptions_Lines_Table",
+                       test.Find<QTableView>("importOptions_Lines_Table")->currentIndex().row()),
+              left_out[each]);
+  }
   const auto& entries = app().desk().SelectedAccount()->GetEntries();
   entries[21]->SetAmount(-66.20);
   entries[21]->SetDate(20260303);

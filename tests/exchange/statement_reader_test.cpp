@@ -8,6 +8,7 @@
 #include <set>
 #include <string>
 
+#include "exchange/csv_lines.h"
 #include "exchange/csv_reader.h"
 #include "exchange/statement_text.h"
 #include "system/iconv_encodings.h"
@@ -71,6 +72,41 @@ TEST(StatementFiles, AreMendedByChoices) {
   for (const Case& each : cases) {
     const std::string read = TextOfStatement(Read(Contents(kFolder / each.file), each.choices));
     EXPECT_NE(read.find(each.holds), std::string::npos) << each.file << '\n' << read;
+  }
+}
+
+// A letter for each line, and what stands in one of them.
+TEST(StatementFiles, ShowTheLinesOfTablesBesideWhatBecameOfThem) {
+  struct Case {
+    std::string_view bytes;
+    const char* kinds;
+    std::size_t index;
+    const char* cells;
+  };
+  std::string wide = "\xFF\xFE";
+  for (const char each : std::string_view("Date;Text\n2024-01-31;none\n")) wide += {each, '\0'};
+  const Case cases[] = {
+      {"sep=;\nBank\n\nDate;Amount;Text\n2024-01-31;-1.50;\"two\nlines\"\n;;more\nTotal;9;\n",
+       "2out 4head 5in 7out 8out ", 2, "2024-01-31|-1.50|two\nlines|"},
+      {"Date;Text\n2024-01-31;none\n", "1head 2? ", 1, "2024-01-31|none|"},
+      {wide, "1head 2? ", 1, "2024-01-31|none|"},
+      {"!Type:Bank\nD1/2'24\n^\n", "", 0, ""},
+  };
+  for (const Case& each : cases) {
+    const StatementFile file = Read(each.bytes);
+    const CsvLines lines = LinesOf(each.bytes, file, IconvEncodings());
+    std::string kinds;
+    for (std::size_t i = 0; i < lines.size(); ++i) {
+      constexpr const char* kKinds[] = {"? ", "head ", "in ", "out "};
+      EXPECT_EQ(lines.At(i).kind, lines.KindAt(i));
+      kinds += std::to_string(lines.At(i).line) + kKinds[int(lines.KindAt(i))];
+    }
+    EXPECT_EQ(kinds, each.kinds) << each.bytes;
+    std::string cells;
+    if (lines.size() > 0) {
+      for (const std::string& cell : lines.At(each.index).cells) cells += cell + '|';
+    }
+    EXPECT_EQ(cells, each.cells);
   }
 }
 

@@ -103,6 +103,9 @@ class LDGRQIFImportController final : private EntryOwner {
   [[nodiscard]] const StatementOptionsState& StatementOptions() const noexcept {
     return statement_.State();
   }
+  // What the table looks like beside how it is read; takes as long as looking through it. None of
+  // other files.
+  [[nodiscard]] CsvLines StatementOptions_Lines() const { return statement_.Lines(); }
   // Takes over what was chosen and reads the file again where that makes a difference.
   void StatementOptions_Read(StatementOptionsState::Typed typed);
   // A candidate of a question of the state was chosen.

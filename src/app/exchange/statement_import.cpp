@@ -82,6 +82,7 @@ void StatementImport::Answer(std::size_t question, std::size_t candidate) {
 
 void StatementImport::ReadAgain() {
   file_ = ReadStatementFile(contents_.view(), *encodings_, state_.typed.choices);
+  ++state_.reading;
   MakeGroups();
 }
 
@@ -285,10 +286,12 @@ void StatementImport::ShowColumns() {
     StatementOptionsState::Column& column = state_.columns.emplace_back();
     column.field = reading.choices.columns[i];
     if (i < reading.headings.size()) column.heading = reading.headings[i];
-    for (const auto& row : reading.first_rows) {
-      column.cells.push_back(i < row.size() ? row[i] : std::string());
-    }
+    if (i < reading.first_row.size()) column.sample = reading.first_row[i];
   }
+}
+
+CsvLines StatementImport::Lines() const {
+  return IsThere() ? LinesOf(contents_.view(), file_, *encodings_) : CsvLines();
 }
 
 std::string StatementImport::Problem() const {

@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "app/exchange/statement_import_state.h"
+#include "exchange/csv_lines.h"
 #include "exchange/import_hints.h"
 #include "exchange/qif_import_entry.h"
 #include "exchange/statement_file.h"
@@ -38,6 +39,8 @@ class StatementImport {
   void Answer(std::size_t question, std::size_t candidate);
   // Works out what the state shows beside what was read.
   void Show(const LDGRAccount& account, const TableFormat& format);
+  // Of a table; takes as long as looking through it.
+  [[nodiscard]] CsvLines Lines() const;
   // Why the entries cannot come in yet: a text for the user; "" where they can.
   [[nodiscard]] std::string Problem() const;
   // Keeps what was chosen for files with the same heading; nothing for other than tables.

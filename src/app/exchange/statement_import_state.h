@@ -30,6 +30,8 @@ struct StatementOptionsState {
   Typed typed;
 
   // Decided by the program.
+  // Another number for every time that the file was read.
+  std::size_t reading = 0;
   ImportContent content = ImportContent::Empty;
   // The accounts of the file, the tag being their position, and "All Entries".
   std::vector<PopUpItem> account_items;
@@ -51,7 +53,7 @@ struct StatementOptionsState {
   struct Column {
     std::string heading;  // "" without
     CsvField field = CsvField::None;
-    std::vector<std::string> cells;  // of the first rows that are entries, as the file has them
+    std::string sample;  // its cell in the first entry, as the file has it
   };
   std::vector<Column> columns;
   std::vector<PopUpItem> field_items;  // tags are CsvFields

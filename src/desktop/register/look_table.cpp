@@ -5,6 +5,7 @@
 #include <QHeaderView>
 #include <QKeyEvent>
 #include <QLineEdit>
+#include <QMetaMethod>
 #include <QPainter>
 #include <QScrollBar>
 #include <algorithm>
@@ -18,6 +19,7 @@
 #include "desktop/look/text_length.h"
 #include "desktop/register/spoken_cell.h"
 #include "desktop/register/table_titles.h"
+#include "desktop/texts.h"
 
 namespace tallyfold::desktop {
 
@@ -28,35 +30,35 @@ class LookTable::Model final : public QAbstractTableModel {
   void SetColumns(const std::vector<Column>* columns) {
     beginResetModel();
     columns_ = columns;
-    rows_.clear();
+    SetSource(0, {});
     endResetModel();
   }
-  // True where the number of rows has changed.
-  bool SetRows(std::vector<Row> rows) {
-    if (rows.size() != rows_.size()) {
+  void SetRows(int count, RowMaker make) {
+    if (count != count_) {
       beginResetModel();
-      rows_ = std::move(rows);
-      endResetModel();
-      return true;
+      SetSource(count, std::move(make));
+      return endResetModel();
     }
-    rows_ = std::move(rows);
-    if (!rows_.empty()) emit dataChanged(index(0, 0), index(rowCount() - 1, columnCount() - 1));
-    return false;
+    SetSource(count, std::move(make));
+    if (count > 0) emit dataChanged(index(0, 0), index(count - 1, columnCount() - 1));
   }
   int rowCount(const QModelIndex& parent = {}) const override {
-    return parent.isValid() ? 0 : static_cast<int>(rows_.size());
+    return parent.isValid() ? 0 : count_;
   }
   int columnCount(const QModelIndex& parent = {}) const override {
     return parent.isValid() || columns_ == nullptr ? 0 : static_cast<int>(columns_->size());
   }
   QVariant data(const QModelIndex& index, int role) const override {
     if (!index.isValid()) return {};
-    const Row& row = rows_[static_cast<std::size_t>(index.row())];
+    const Row& row = RowAt(index.row());
     const auto column = static_cast<std::size_t>(index.column());
     if (column >= row.size()) return {};
     const CellLook& look = row[column];
     if (role == kCellRole) return QVariant::fromValue(look);
     if (role == Qt::DisplayRole || role == Qt::EditRole) return look.text;
+    if (role == Qt::ToolTipRole) {
+      return table_.IsCut(look, index.column()) ? PlainToolTip(look.text) : QString();
+    }
     if (role == Qt::AccessibleTextRole) return SpokenCell(ColumnAt(index.column()).title, look);
     return {};
   }
@@ -84,9 +86,24 @@ class LookTable::Model final : public QAbstractTableModel {
   }
 
  private:
+  void SetSource(int count, RowMaker make) {
+    count_ = count;
+    make_ = std::move(make);
+    made_ = -1;
+  }
+  // The cells of a row are asked for one after the other.
+  [[nodiscard]] const Row& RowAt(int row) const {
+    if (row != made_) last_ = make_(row);
+    made_ = row;
+    return last_;
+  }
+
   LookTable& table_;
   const std::vector<Column>* columns_ = nullptr;
-  std::vector<Row> rows_;
+  int count_ = 0;
+  RowMaker make_;
+  mutable int made_ = -1;
+  mutable Row last_;
 };
 
 // Edits a text in a field and a choice in a pop-up.
@@ -175,10 +192,21 @@ void LookTable::SetColumns(std::vector<Column> columns) {
 }
 
 void LookTable::SetRows(std::vector<Row> rows) {
+  const auto count = static_cast<int>(rows.size());
+  SetRows(count, [rows = std::move(rows)](int row) { return rows[static_cast<std::size_t>(row)]; });
+}
+
+void LookTable::SetRows(int count, RowMaker make) {
   is_showing_ = true;
-  model_->SetRows(std::move(rows));
+  model_->SetRows(count, std::move(make));
   is_showing_ = false;
   FitColumns();
+}
+
+void LookTable::SetScrollsSideways() {
+  scrolls_sideways_ = true;
+  setHorizontalScrollBarPolicy(Qt::ScrollBarAsNeeded);
+  setHorizontalScrollMode(ScrollPerPixel);
 }
 
 void LookTable::ShowChosen(int row) {
@@ -232,6 +260,11 @@ RowState LookTable::StateOf(int row) const {
   return {row == currentIndex().row(), hasFocus(), false, false};
 }
 
+bool LookTable::IsCut(const CellLook& look, int column) const {
+  const auto* delegate = static_cast<CellDelegate*>(itemDelegate());
+  return delegate->IsCut(look, column, columnWidth(column), font());
+}
+
 void LookTable::FitColumns() {
   int rest = viewport()->width();
   int needed = 0;
@@ -246,14 +279,14 @@ void LookTable::FitColumns() {
       taker = i;
       takers_least = width;
     } else {
-      width = std::max(width, sizeHintForColumn(i));
+      if (!scrolls_sideways_) width = std::max(width, sizeHintForColumn(i));
       setColumnWidth(i, width);
       rest -= width;
     }
     needed += width;
   }
   if (taker >= 0) setColumnWidth(taker, std::max(takers_least, rest));
-  setMinimumWidth(needed + kScrollBarExtent + 2 * frameWidth());
+  if (!scrolls_sideways_) setMinimumWidth(needed + kScrollBarExtent + 2 * frameWidth());
 }
 
 void LookTable::PaintRow(QPainter& painter, int row) const {
@@ -271,7 +304,11 @@ void LookTable::paintEvent(QPaintEvent* event) {
   QPainter painter(viewport());
   const Colors& colors = ColorsOf(palette());
   painter.fillRect(viewport()->rect(), colors[Role::Base]);
-  for (int row = 0; row < model_->rowCount(); ++row) PaintRow(painter, row);
+  const int first = rowAt(event->rect().top());
+  for (int row = first; row >= 0 && row < model_->rowCount(); ++row) {
+    if (rowViewportPosition(row) > event->rect().bottom()) break;
+    PaintRow(painter, row);
+  }
   if (model_->rowCount() == 0 && !empty_text_.isEmpty()) {
     painter.setPen(colors[Role::Dim]);
     painter.drawText(viewport()->rect().adjusted(kOuterCellPadding, 0, -kOuterCellPadding, 0),
@@ -324,7 +361,11 @@ void LookTable::keyPressEvent(QKeyEvent* event) {
     case Qt::Key_Enter:
       // In a cell it ends that cell, elsewhere it is the sheet's.
       if (HasEditedColumn()) return event->setAccepted(state() == EditingState);
-      if (!currentIndex().isValid()) break;
+      // Where nobody opens a row it is the sheet's too.
+      if (!currentIndex().isValid() ||
+          !isSignalConnected(QMetaMethod::fromSignal(&LookTable::RowActivated))) {
+        return event->ignore();
+      }
       return emit RowActivated(currentIndex().row());
     case Qt::Key_Home:
     case Qt::Key_End:

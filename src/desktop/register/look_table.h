@@ -2,6 +2,7 @@
 
 #include <QStringList>
 #include <QTableView>
+#include <functional>
 #include <set>
 #include <utility>
 #include <vector>
@@ -35,6 +36,12 @@ class LookTable final : public QTableView, public RowStates {
   void SetColumns(std::vector<Column> columns);
   // Without a row of titles where all are "".
   void SetRows(std::vector<Row> rows);
+  // Rows that are made when they come into sight, for a table of any length.
+  using RowMaker = std::function<Row(int row)>;
+  void SetRows(int count, RowMaker make);
+  // Columns keep the widths that they were given, and those that do not fit are scrolled to;
+  // without it they are as wide as their cells, and the table as wide as its columns.
+  void SetScrollsSideways();
   // -1 for none; tells nobody.
   void ShowChosen(int row);
   // A stronger rule below that row; nobody else may be told of it.
@@ -76,12 +83,14 @@ class LookTable final : public QTableView, public RowStates {
   void FitColumns();
   void PaintRow(QPainter& painter, int row) const;
   [[nodiscard]] bool HasEditedColumn() const;
+  [[nodiscard]] bool IsCut(const CellLook& look, int column) const;
 
   Model* model_;
   std::vector<Column> columns_;
   std::set<int> group_ends_;
   QString empty_text_;
   bool is_showing_ = false;
+  bool scrolls_sideways_ = false;
 };
 
 }  // namespace tallyfold::desktop

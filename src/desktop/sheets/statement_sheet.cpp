@@ -14,12 +14,12 @@
 #include "desktop/look/icons.h"
 #include "desktop/look/ink.h"
 #include "desktop/look/measures.h"
+#include "desktop/sheets/chip.h"
+#include "desktop/sheets/file_lines.h"
 #include "desktop/sheets/form.h"
 #include "desktop/sheets/import_head.h"
-#include "desktop/sheets/left_out_lines.h"
 #include "desktop/sheets/proof_rows.h"
 #include "desktop/sheets/question_bar.h"
-#include "desktop/sheets/statement_columns.h"
 #include "desktop/texts.h"
 #include "platform/message.h"
 
@@ -56,12 +56,13 @@ StatementSheet::StatementSheet(LDGRQIFImportController& import, QWidget* window)
       head_(new ImportHead(this)),
       account_row_(new QWidget(this)),
       question_lines_(new QVBoxLayout),
-      columns_(new StatementColumns(this)),
+      lines_(new FileLines(this)),
       proof_(new QWidget(this)),
       proof_icon_(new QLabel(proof_)),
       proof_text_(new QLabel(proof_)),
+      disagreeing_(new Chip(QLatin1String("warning"), true, proof_)),
+      left_out_(new Chip(QLatin1String("skip"), false, proof_)),
       rows_(new ProofRows(this)),
-      left_out_(new LeftOutLines(this)),
       types_(new QCheckBox(Text("Types as the newest entries of the payees have them"), this)),
       spending_(new QCheckBox(Text("Spending is positive (a card)"), this)),
       zero_(new QCheckBox(Text("Zero amounts are deposits"), this)) {
@@ -112,7 +113,15 @@ void StatementSheet::LayOut() {
   proof->setContentsMargins(0, 0, 0, 0);
   proof->setSpacing(kGap);
   proof->addWidget(proof_icon_);
-  proof->addWidget(proof_text_, 1);
+  proof->addWidget(proof_text_);
+  for (Chip* each : {disagreeing_, left_out_}) {
+    // Each click goes on to the next of its lines.
+    each->setCheckable(false);
+    proof->addWidget(each);
+  }
+  proof->insertStretch(proof->count() - 1, 1);
+  disagreeing_->setObjectName(QLatin1String("importOptions_Balances_Button"));
+  left_out_->setObjectName(QLatin1String("importOptions_LeftOut_Button"));
   types_->setObjectName(QLatin1String("importOptions_SuggestTypes_CheckBox"));
   spending_->setObjectName(QLatin1String("importOptions_Spending_CheckBox"));
   zero_->setObjectName(QLatin1String("importOptions_ZeroAmountsAsDeposits_CheckBox"));
@@ -129,7 +138,7 @@ void StatementSheet::LayOut() {
   Body().addLayout(settings);
   question_lines_->setSpacing(kGap);
   Body().addLayout(question_lines_);
-  for (QWidget* each : std::initializer_list<QWidget*>{columns_, proof_, rows_, left_out_}) {
+  for (QWidget* each : std::initializer_list<QWidget*>{lines_, proof_, rows_}) {
     Body().addWidget(each);
   }
   Body().addLayout(checks);
@@ -150,7 +159,9 @@ void StatementSheet::Connect() {
     connect(each.pop_up, &QComboBox::currentIndexChanged, this,
             [this, each] { Choose(each.setting, each.pop_up->currentData().toInt()); });
   }
-  connect(columns_, &StatementColumns::FieldChosen, this, [this](int column, int field) {
+  connect(disagreeing_, &Chip::clicked, lines_, &FileLines::GoToNextDisagreeing);
+  connect(left_out_, &Chip::clicked, lines_, &FileLines::GoToNextLeftOut);
+  connect(lines_, &FileLines::FieldChosen, this, [this](int column, int field) {
     auto typed = import_.StatementOptions().typed;
     ChooseColumn(typed, import_.StatementOptions(), static_cast<std::size_t>(column),
                  static_cast<CsvField>(field));
@@ -186,11 +197,10 @@ void StatementSheet::ShowState() {
   ShowFacts();
   ShowSettings();
   ShowQuestions();
-  columns_->Show(state);
+  ShowLines();
   ShowProof();
   const bool can_review = state.problem.empty() && state.questions.empty() && state.entry_count > 0;
   rows_->Show(state.rows, can_review);
-  left_out_->Show(state);
   ok_->setText(ReviewTitle(state.entry_count));
   ok_->setEnabled(can_review);
   ShowProblem(ToQString(state.problem));
@@ -291,18 +301,55 @@ QStringList StatementSheet::AnswersTo(const StatementQuestion& question) const {
   return answers;
 }
 
+void StatementSheet::ShowLines() {
+  const StatementOptionsState& state = import_.StatementOptions();
+  if (shown_reading_ != state.reading)
+    lines_->SetLines(import_.StatementOptions_Lines(), state.proof);
+  shown_reading_ = state.reading;
+  lines_->Show(state);
+}
+
 void StatementSheet::ShowProof() {
-  const StatementProof& proof = import_.StatementOptions().proof;
-  const std::string text = TextOf(proof);
-  proof_->setVisible(!text.empty());
-  const bool agrees = proof.kind != StatementProof::Kind::Disagree;
+  const StatementOptionsState& state = import_.StatementOptions();
+  const bool agrees = state.proof.kind != StatementProof::Kind::Disagree;
+  const bool has_lines = !state.proof.disagreeing.empty();
+  const QString text = ToQString(TextOf(state.proof));
+  disagreeing_->setVisible(has_lines);
+  disagreeing_->setText(text);
+  disagreeing_->setAccessibleName(text);
+  proof_icon_->setVisible(!text.isEmpty() && !has_lines);
+  proof_text_->setVisible(!text.isEmpty() && !has_lines);
   const Colors& colors = ColorsOf(palette());
   const QColor& ink = colors[agrees ? Role::Good : Role::Problem];
   proof_icon_->setPixmap(
       PixmapNamed(QLatin1String(agrees ? "tick" : "warning"), kIconSize, devicePixelRatioF(), ink));
-  proof_text_->setText(ToQString(text));
+  proof_text_->setText(text);
   NameFigure(*proof_text_, {}, proof_text_->text());
   SetTextInk(*proof_text_, agrees ? colors[Role::Text] : ink);
+  const bool has_left_out = ShowLeftOut();
+  proof_->setVisible(!text.isEmpty() || has_left_out);
+}
+
+bool StatementSheet::ShowLeftOut() {
+  const StatementOptionsState& state = import_.StatementOptions();
+  const std::size_t count = state.problem.empty()
+                                ? state.balance_lines + state.other_lines + state.continuation_lines
+                                : 0;
+  left_out_->setVisible(count > 0);
+  left_out_->setText(ToQString(Message(
+      Plural("{1} line is no entry", "{1} lines are no entries", count), {std::to_string(count)})));
+  left_out_->setAccessibleName(left_out_->text());
+  std::string counts;
+  const auto add = [&counts](std::string_view key, std::size_t number) {
+    if (number == 0) return;
+    if (!counts.empty()) counts += '\n';
+    counts += Message(key, {std::to_string(number)});
+  };
+  add("Lines of balances left out: {1}.", state.balance_lines);
+  add("Lines added to the entry above: {1}.", state.continuation_lines);
+  add("Other lines left out: {1}.", state.other_lines);
+  left_out_->setToolTip(ToQString(counts));
+  return count > 0;
 }
 
 void StatementSheet::Cancel() {

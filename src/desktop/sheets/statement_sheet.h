@@ -13,13 +13,13 @@ class QVBoxLayout;
 
 namespace tallyfold::desktop {
 
+class Chip;
+class FileLines;
 class ImportHead;
-class LeftOutLines;
 class ProofRows;
 class QuestionBar;
-class StatementColumns;
 
-// The options of an import of a bank's file: those that apply to it, what it asks, the columns of a
+// The options of an import of a bank's file: those that apply to it, what it asks, the lines of a
 // table, what the balances prove, and the first entries as they will come in.
 class StatementSheet final : public SheetDialog {
  public:
@@ -46,7 +46,10 @@ class StatementSheet final : public SheetDialog {
   void ShowQuestions();
   [[nodiscard]] QString TextOfQuestion(const StatementQuestion& question) const;
   [[nodiscard]] QStringList AnswersTo(const StatementQuestion& question) const;
+  void ShowLines();
   void ShowProof();
+  // False where there are none.
+  bool ShowLeftOut();
 
   LDGRQIFImportController& import_;
   ImportHead* head_;
@@ -55,12 +58,14 @@ class StatementSheet final : public SheetDialog {
   std::vector<Shown> settings_;
   QVBoxLayout* question_lines_;
   std::vector<QuestionBar*> questions_;  // more than are asked where fewer are than before
-  StatementColumns* columns_;
+  FileLines* lines_;
+  std::size_t shown_reading_ = 0;  // see StatementOptionsState::reading
   QWidget* proof_;
   QLabel* proof_icon_;
   QLabel* proof_text_;
+  Chip* disagreeing_;
+  Chip* left_out_;
   ProofRows* rows_;
-  LeftOutLines* left_out_;
   QCheckBox* types_;
   QCheckBox* spending_;
   QCheckBox* zero_;
