@@ -17,29 +17,41 @@ std::string OriginalOf(const std::string& copy) {
   return copy.substr(0, copy.rfind(".kept-"));
 }
 
-}  // namespace
-
-std::vector<std::string> UnsavedTexts(LDGRController& controller) {
+std::vector<std::string> NotSavedTexts(LDGRController& controller, bool names_accounts,
+                                       bool names_preferences) {
   if (controller.lifecycle().OnlyLooks()) return {};
-  const AccountsStore& accounts = controller.accountsStore();
-  const PreferencesStore& preferences = controller.preferencesStore();
   std::vector<std::string> texts;
-  if (accounts.HasUnsavedChanges()) {
-    texts.push_back("the accounts could not be saved" + ReasonOf(accounts.Failure()));
+  if (names_accounts) {
+    texts.push_back("the accounts could not be saved" +
+                    ReasonOf(controller.accountsStore().Failure()));
   }
-  // They change by themselves with what is shown: only a save that failed counts.
-  if (preferences.Failure()) {
-    texts.push_back("the preferences could not be saved" + ReasonOf(preferences.Failure()));
+  if (names_preferences) {
+    texts.push_back("the preferences could not be saved" +
+                    ReasonOf(controller.preferencesStore().Failure()));
   }
   return texts;
 }
 
-std::string UnsavedText(LDGRController& controller) {
+std::string JoinedTexts(const std::vector<std::string>& texts) {
   std::string joined;
-  for (const std::string& text : UnsavedTexts(controller)) {
-    joined += (joined.empty() ? "" : ", and ") + text;
-  }
+  for (const std::string& text : texts) joined += (joined.empty() ? "" : ", and ") + text;
   return joined;
+}
+
+}  // namespace
+
+std::vector<std::string> UnsavedTexts(LDGRController& controller) {
+  return NotSavedTexts(controller, controller.accountsStore().HasUnsavedChanges(),
+                       controller.preferencesStore().HasUnsavedChanges());
+}
+
+std::string UnsavedText(LDGRController& controller) {
+  return JoinedTexts(UnsavedTexts(controller));
+}
+
+std::string FailedSaveText(LDGRController& controller) {
+  return JoinedTexts(NotSavedTexts(controller, controller.accountsStore().Failure().has_value(),
+                                   controller.preferencesStore().Failure().has_value()));
 }
 
 std::string ReasonOf(const std::optional<SaveFailure>& failure) {
@@ -56,7 +68,7 @@ std::vector<std::string> LostTexts(LDGRController& controller) {
     texts.push_back("what changed in the accounts since they were saved" + ending +
                     ReasonOf(accounts.Failure()));
   }
-  if (preferences.Failure()) {
+  if (preferences.HasUnsavedChanges()) {
     texts.push_back("what changed in the preferences since they were saved" + ending +
                     ReasonOf(preferences.Failure()));
   }

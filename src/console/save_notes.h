@@ -18,10 +18,12 @@ class Printer;
 // None of these says anything of a copy that only looks.
 
 // What a save that was just tried has left unsaved, and why: "the accounts could not be saved:
-// writing the new file: No space left on device". Empty when everything is on the disk.
+// writing the new file: No space left on device". Empty when nothing would be lost.
 [[nodiscard]] std::vector<std::string> UnsavedTexts(LDGRController& controller);
 // The same in one line.
 [[nodiscard]] std::string UnsavedText(LDGRController& controller);
+// What the last save failed to write, in such a line, whether or not anything is lost by that.
+[[nodiscard]] std::string FailedSaveText(LDGRController& controller);
 // ": " and the reason; "" for none.
 [[nodiscard]] std::string ReasonOf(const std::optional<SaveFailure>& failure);
 

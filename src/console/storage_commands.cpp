@@ -28,7 +28,7 @@ namespace tallyfold::console {
 namespace {
 
 void Save(Console& console, const Arguments& /*arguments*/) {
-  if (!console.controller.exports().Save()) throw CommandError(UnsavedText(console.controller));
+  if (!console.controller.exports().Save()) throw CommandError(FailedSaveText(console.controller));
   console.printer.Confirm("Saved.");
 }
 

@@ -45,7 +45,7 @@ bool Ending::IsSaved() {
   if (!app_.applicationLock().authenticated()) return true;
   const AccountsStore& accounts = app_.accountsStore();
   return !(accounts.HasAccountList() && accounts.HasUnsavedChanges()) &&
-         !app_.preferencesStore().Failure();
+         !app_.preferencesStore().HasUnsavedChanges();
 }
 
 Ending::Outcome Ending::Save(Asker asker) {

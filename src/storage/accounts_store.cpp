@@ -163,6 +163,7 @@ bool AccountsStore::Load() {
   }
 
   const plist::ReadReport report;
+  file_content_ = ContentMark();
   std::optional<plist::Dictionary> dictionary = file_.Read();
   file_content_ = file_.ContentRead();
   if (dictionary) {
@@ -401,7 +402,7 @@ AccountsStore::Snapshot AccountsStore::CurrentSnapshot() const {
 }
 
 bool AccountsStore::HasUnsavedChanges() const {
-  return accounts_ && (save_failure_ || saved_ != CurrentSnapshot());
+  return accounts_ && ((save_failure_ && file_content_) || saved_ != CurrentSnapshot());
 }
 
 }  // namespace tallyfold

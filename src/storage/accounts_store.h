@@ -166,7 +166,8 @@ class AccountsStore {
   // --- What the front ends show ---------------------------------------------------------------
 
   // True when an account, the list of accounts or the password differs from what was last loaded
-  // or saved, or the last save to the accounts file failed.
+  // or saved, or the last save to the accounts file failed; no change and no file is nothing to
+  // save.
   [[nodiscard]] bool HasUnsavedChanges() const;
   // Why the last save to the accounts file failed; none when it did not.
   [[nodiscard]] const std::optional<SaveFailure>& Failure() const noexcept { return save_failure_; }

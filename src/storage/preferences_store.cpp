@@ -49,9 +49,22 @@ PreferencesStore::~PreferencesStore() {
 void PreferencesStore::Preferences_Init() {
   preferences_ = Build();
   LDGRPreferences::SetSharedPreferences(preferences_);
-  saved_ = preferences_->asDictionary();
+  launched_.reset();
   save_failure_.reset();
   Preferences_StoreAccountPrefs(host_.AccountShown());
+}
+
+void PreferencesStore::NoteLaunched() {
+  if (!preferences_ || file_.ContentRead() || launched_) return;
+  launched_ = Shown();
+}
+
+plist::Dictionary PreferencesStore::Shown() {
+  Preferences_StoreAccountPrefs(host_.AccountShown());
+  preferences_->SetBalanceMode(host_.BalanceMode());
+  preferences_->SetAccountsDrawerWidth(host_.AccountsDrawerWidth());
+  preferences_->SetAccountsDrawerPreferredEdge(host_.AccountsDrawerPreferredEdge());
+  return preferences_->asDictionary();
 }
 
 std::shared_ptr<LDGRPreferences> PreferencesStore::Build() {
@@ -109,14 +122,11 @@ void PreferencesStore::Preferences_StoreAccountPrefs(const LDGRAccount* account)
 
 bool PreferencesStore::Preferences_Save() {
   if (!gate_.IsOpen() || !preferences_) return false;
-  Preferences_StoreAccountPrefs(host_.AccountShown());
-  preferences_->SetBalanceMode(host_.BalanceMode());
-  preferences_->SetAccountsDrawerWidth(host_.AccountsDrawerWidth());
-  preferences_->SetAccountsDrawerPreferredEdge(host_.AccountsDrawerPreferredEdge());
+  loses_nothing_ = false;
   try {
-    const plist::Dictionary dictionary = preferences_->asDictionary();
+    const plist::Dictionary dictionary = Shown();
+    loses_nothing_ = launched_ == dictionary && !file_.ContentWritten();
     save_failure_ = Write(dictionary);
-    if (!save_failure_) saved_ = dictionary;
   } catch (const std::bad_alloc&) {
     save_failure_ = MemoryFailure();
   }
@@ -142,10 +152,6 @@ std::optional<SaveFailure> PreferencesStore::Write(const plist::Dictionary& dict
   file_hands_over_types_ = false;
   files.SetCustomBadgeIconForFilePath(paths_.preferences_file, "prefsfilebadge");
   return std::nullopt;
-}
-
-bool PreferencesStore::HasUnsavedChanges() const {
-  return preferences_ && (save_failure_ || saved_ != preferences_->asDictionary());
 }
 
 }  // namespace tallyfold

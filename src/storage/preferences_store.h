@@ -70,6 +70,9 @@ class PreferencesStore {
 
   // Reads the file, or starts with defaults where there is none or it cannot be read.
   void Preferences_Init();
+  // Says that the launch is over: what is in force and shown came about without the user. Where
+  // there is no file, a save of just that which fails loses nothing. The first call counts.
+  void NoteLaunched();
   // False when nothing was written, for whatever reason. Old preferences that hold entry types stay
   // as they are until the accounts that took these have been saved.
   bool Preferences_Save();
@@ -79,8 +82,9 @@ class PreferencesStore {
   // Takes over columns and selected row of the tables shown. Null does nothing.
   void Preferences_StoreAccountPrefs(const LDGRAccount* account);
 
-  // True when the preferences differ from what was last read or saved, or the last save failed.
-  [[nodiscard]] bool HasUnsavedChanges() const;
+  // True when the last save failed and something is lost by that: what is shown changes the
+  // preferences all the time, and is not worth a save by itself.
+  [[nodiscard]] bool HasUnsavedChanges() const noexcept { return save_failure_ && !loses_nothing_; }
   // Why the last save failed; none when it did not.
   [[nodiscard]] const std::optional<SaveFailure>& Failure() const noexcept { return save_failure_; }
   // Set when the file could not be used in whole.
@@ -97,6 +101,8 @@ class PreferencesStore {
 
  private:
   [[nodiscard]] std::shared_ptr<LDGRPreferences> Build();
+  // The preferences, with what is shown at the moment.
+  [[nodiscard]] plist::Dictionary Shown();
   // None when it is written.
   [[nodiscard]] std::optional<SaveFailure> Write(const plist::Dictionary& dictionary);
 
@@ -108,9 +114,11 @@ class PreferencesStore {
   // The file is an old one with entry types.
   bool file_hands_over_types_ = false;
   std::shared_ptr<LDGRPreferences> preferences_;
-  // As last read or saved.
-  plist::Dictionary saved_;
+  // As the launch left them without a file; none where one was read.
+  std::optional<plist::Dictionary> launched_;
   std::optional<SaveFailure> save_failure_;
+  // What the last save was to write is what the launch made of no file.
+  bool loses_nothing_ = false;
 };
 
 }  // namespace tallyfold

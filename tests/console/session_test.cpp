@@ -166,20 +166,35 @@ TEST(Sessions, LetAScriptHearAReadingToItsEnd) {
   EXPECT_TRUE(said.substr(first).starts_with("123-")) << said;
 }
 
-TEST(Sessions, SayWhatCouldNotBeSavedAtTheEnd) {
-  Computer computer;
-  EXPECT_EQ(computer.Run({"account add Cash"}), 0);
-  computer.terminal.before_line = [&](std::size_t left) {
-    if (left > 0) return;
-    computer.files.FailOn("/home/user/Library/Tallyfold/Accounts.plist");
-    computer.files.FailOn("/home/user/Library/Preferences/Quorva/Tallyfold Preferences");
+TEST(Sessions, SayWhatCouldNotBeSavedAtTheEndWhereAnythingIsLost) {
+  const std::string why = " could not be saved: making the new file: Input/output error";
+  const std::string accounts = "the accounts" + why;
+  const std::string preferences = "the preferences" + why;
+  const std::string both = "!error: " + accounts + "\n!error: " + preferences + '\n';
+  const struct {
+    bool has_files;
+    std::string line;
+    int status;
+    std::string error;
+  } cases[] = {
+      {true, "account add More", 1, both},
+      {false, "accounts", 0, ""},
+      {false, "- save", 0, "!error: line 2: " + accounts + ", and " + preferences + '\n'},
+      {false, "account add Cash", 1, both},
+      {false, "preference backupInterval 30", 1, "!error: " + preferences + '\n'},
   };
-  EXPECT_EQ(computer.Run({"account add More"}), 1);
-  const std::string why = "making the new file: Input/output error\n";
-  EXPECT_TRUE(
-      computer.terminal.written.ends_with("!error: the accounts could not be saved: " + why +
-                                          "!error: the preferences could not be saved: " + why))
-      << computer.terminal.written;
+  for (const auto& c : cases) {
+    Computer computer;
+    ASSERT_EQ(computer.Run({c.has_files ? "account add Cash" : "# nothing"}), 0);
+    computer.terminal.before_line = [&](std::size_t left) {
+      if (left != 1) return;
+      computer.files.FailOn("/home/user/Library/Tallyfold/Accounts.plist");
+      computer.files.FailOn("/home/user/Library/Preferences/Quorva/Tallyfold Preferences");
+    };
+    EXPECT_EQ(computer.Run({"accounts", c.line}), c.status) << c.line;
+    const std::string& written = computer.terminal.written;
+    EXPECT_EQ(written.substr(std::min(written.find('!'), written.size())), c.error) << c.line;
+  }
 }
 
 TEST(Sessions, KeepInMemoryWhatCouldNotBeSavedAtALock) {

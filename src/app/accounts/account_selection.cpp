@@ -37,6 +37,7 @@ void AccountSelection::Accounts_PostLoad() {
   }
   refresh_.AccountBalance_Field_Update();
   refresh_.ReconcileTab_UpdateBalances();
+  preferences_.NoteLaunched();
 }
 
 void AccountSelection::Account_Select(const std::shared_ptr<LDGRAccount>& account) {
