@@ -31,6 +31,8 @@ void WindowFrontEnd::Changed(Area area) {
   pieces.actions->Show();
   pieces.tools->Show();
   pieces.status->ShowNotice();
+  // A sheet in its way may have closed.
+  pieces.updates->Show();
 }
 
 void WindowFrontEnd::ShowArea(Area area) {
@@ -135,8 +137,6 @@ void WindowFrontEnd::ShowArea(Area area) {
       pieces.menus->ShowAccounts();
       pieces.sheets->Show();
       return window_.ShowVeil();
-    case Area::Updates:
-      return pieces.updates->Show();
     case Area::ImportReview:
       return pieces.review->Show();
     default:

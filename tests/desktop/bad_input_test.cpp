@@ -7,6 +7,7 @@
 #include <QLineEdit>
 #include <QPlainTextEdit>
 #include <QPushButton>
+#include <QTableView>
 #include <algorithm>
 #include <string>
 #include <vector>
@@ -15,9 +16,11 @@
 #include "app/desk.h"
 #include "app/face/sheet_slot.h"
 #include "app/shell/tabs.h"
+#include "app/shell/update_check.h"
 #include "desktop/hand.h"
 #include "model/account.h"
 #include "model/account_schedule.h"
+#include "model/entry_type.h"
 #include "summaries/account_summary.h"
 
 namespace tallyfold::desktop {
@@ -45,6 +48,22 @@ struct Field {
   // What an OK has stored, of a field that takes any text; null for others.
   std::string (*stored)(const Account& account) = nullptr;
 };
+
+// The one type of checks, whatever it is called by now.
+void EditCheckType(Hand&) {
+  Hand::Page("accountEditSheet_TabView", "Types");
+  auto* types = TestWindow::Find<QTableView>("accountEditSheet_Types_Table");
+  types->setFocus();
+  const auto kinds = types->model()->match(types->model()->index(0, 1), Qt::DisplayRole,
+                                           QStringLiteral("Check"), 1, Qt::MatchExactly);
+  types->setCurrentIndex(kinds.front().siblingAtColumn(0));
+  TestWindow::Key(Qt::Key_F2);
+}
+std::string NameOfCheckType(const Account& account) {
+  const auto& types = account.GetTypes();
+  return (*std::ranges::find_if(types, [](const auto& type) { return type->GetIsCheck(); }))
+      ->GetName();
+}
 
 struct SheetWithFields {
   const char* prefix;
@@ -115,7 +134,9 @@ std::vector<SheetWithFields> Sheets() {
         {"_DescriptionsCount_Field",
          [](Hand&) { Hand::Page("accountEditSheet_TabView", "Descriptions"); }},
         {"_ToFromsCount_Field",
-         [](Hand&) { Hand::Page("accountEditSheet_TabView", "To and From"); }}}},
+         [](Hand&) { Hand::Page("accountEditSheet_TabView", "To and From"); }},
+        {"_PasswordAgain_Field", [](Hand&) { Hand::Page("accountEditSheet_TabView", "Password"); }},
+        {"_Types_Table_Cell_Field", EditCheckType, NameOfCheckType}}},
       {"accountSummarySheet",
        Sheet::AccountSummary,
        [](Hand& hand) {
@@ -143,7 +164,9 @@ std::vector<SheetWithFields> Sheets() {
         {"_pauseBetweenSpokenEntries",
          [](Hand&) { Hand::Page("preferencesSheet_TabView", "Speech"); }},
         {"_backupInterval",
-         [](Hand&) { Hand::Page("preferencesSheet_TabView", "Backups and Files"); }}}},
+         [](Hand&) { Hand::Page("preferencesSheet_TabView", "Backups and Files"); }},
+        {"_PasswordAgain_Field",
+         [](Hand&) { Hand::Page("preferencesSheet_TabView", "Security"); }}}},
   };
 }
 
@@ -213,22 +236,118 @@ TEST_F(BadInput, IsRefusedBesideItsFieldAndStaysThereOrIsTakenWhole) {
   }
 }
 
-TEST_F(BadInput, OKTwiceIsOneEntryAndTheEndOfTheSessionIsNoOK) {
-  const auto& entries = app().desk().SelectedAccount()->GetEntries();
-  const std::size_t count = entries.size();
-  TestWindow::Key(Qt::Key_D, Qt::ControlModifier);
-  Hand::Type("debitSheet_Amount_Field", "7");
-  auto* ok = TestWindow::Find<QPushButton>("debitSheet_OK_Button");
-  ok->click();
-  ok->click();
-  test.Settle();
-  EXPECT_EQ(entries.size(), count + 1);
+TEST_F(BadInput, IsNotGoneBackToWhileSomethingElseIsTyped) {
+  app().tabs().Select(Tab::Summary);
+  hand.Order("AccountSummarySheet_Open");
+  Paste("accountSummarySheet_Name_Field", QStringLiteral(" "));
+  TestWindow::Key(Qt::Key_Return);
+  ASSERT_EQ(app().sheets().Current(), Sheet::AccountSummary);
+  Hand::Tick("accountSummarySheet_Filter_CheckBox");
+  Hand::Type("accountSummarySheet_FilterText_Field", "Week");
+  EXPECT_EQ(TextIn(TestWindow::FindWidget("accountSummarySheet_FilterText_Field")),
+            QLatin1String("Week"));
+}
 
+TEST_F(BadInput, NewsOfAnUpdateWaitUntilTheSheetIsClosed) {
   TestWindow::Key(Qt::Key_D, Qt::ControlModifier);
-  Hand::Type("debitSheet_Amount_Field", "8");
-  EXPECT_EQ(test.program->Save(Ending::Asker::Nobody), Ending::Outcome::Saved);
-  EXPECT_EQ(app().sheets().Current(), Sheet::None);
-  EXPECT_EQ(entries.size(), count + 1);
+  Hand::Type("debitSheet_Description_Field", "Te");
+  app().updates().CheckForUpdates();
+  TestWindow::Type("a");
+  EXPECT_EQ(TestWindow::Find<QLineEdit>("debitSheet_Description_Field")->text(),
+            QLatin1String("Tea"));
+  TestWindow::Key(Qt::Key_Escape);
+  EXPECT_EQ(TestWindow::FocusName(), QLatin1String("updateCheck_Close_Button"));
+  TestWindow::Key(Qt::Key_Return);
+  EXPECT_EQ(QApplication::activeWindow(), &test.program->window());
+}
+
+TEST_F(BadInput, IsAPasswordLikeAnyOtherAndNothingIsSaidOfAWrongOne) {
+  const struct {
+    const char* prefix;
+    void (*open)(Hand& by);
+    const char* pages;
+    const char* page;
+    const char* asks;
+    void (*lock)(Hand& by);
+  } kLocks[] = {
+      {"accountEditSheet", [](Hand& by) { by.Order("Account_Edit"); }, "accountEditSheet_TabView",
+       "Password", "accountAuthenticationSheet",
+       [](Hand& by) {
+         by.Order("Account_Lock");
+         TestWindow::Key(Qt::Key_1, Qt::ControlModifier);
+       }},
+      {"preferencesSheet", [](Hand&) { TestWindow::Key(Qt::Key_Comma, Qt::ControlModifier); },
+       "preferencesSheet_TabView", "Security", "authenticationSheet",
+       [](Hand&) { TestWindow::Key(Qt::Key_L, Qt::ControlModifier); }}};
+  for (const auto& each : kLocks) {
+    const QByteArray field = each.asks + QByteArray("_Password_Field");
+    for (const auto& input : kInputs) {
+      SCOPED_TRACE(std::string(each.asks) + ": " + input.name);
+      each.open(hand);
+      Hand::Page(each.pages, each.page);
+      Paste(each.prefix + QByteArray("_Password_Field"), input.text);
+      Paste(each.prefix + QByteArray("_PasswordAgain_Field"), input.text);
+      TestWindow::Key(Qt::Key_Return);
+      each.lock(hand);
+      const QWidget* sheet = QApplication::activeWindow();
+      ASSERT_EQ(sheet->objectName(), QLatin1String(each.asks));
+      auto* ok = TestWindow::Find<QPushButton>((each.asks + QByteArray("_OK_Button")).constData());
+      Paste(field, input.text + QLatin1Char(' '));
+      EXPECT_FALSE(ok->isEnabled());
+      TestWindow::Key(Qt::Key_Return);
+      EXPECT_EQ(QApplication::activeWindow(), sheet);
+      EXPECT_TRUE(TestWindow::Focus()->accessibleDescription().isEmpty());
+      EXPECT_FALSE(TestWindow::FindWidget("sheet_Problem")->isVisible());
+      Paste(field, input.text);
+      EXPECT_TRUE(ok->isEnabled());
+      ok->click();
+      ok->click();
+      test.Wait({});
+      EXPECT_EQ(app().sheets().Current(), Sheet::None);
+      EXPECT_NE(app().desk().SelectedAccount(), nullptr);
+      EXPECT_EQ(TestWindow::FocusName(), QLatin1String("accountsDrawer_Accounts_Table"));
+    }
+  }
+}
+
+// What OK adds to an account or beside it.
+const struct {
+  const char* sheet;
+  const char* command;
+  const char* field;
+  const char* text;
+} kAdding[] = {{"debitSheet", "Entry_Debit", "_Amount_Field", "7"},
+               {"accountEditSheet", "Account_Add", "_Name_Field", "Other"},
+               {"scheduleSheet", "Schedule_Debit", "_Amount_Field", "7"}};
+
+TEST(OK, TwiceIsOneOKAndTheEndOfTheSessionIsNone) {
+  for (const auto& each : kAdding) {
+    SCOPED_TRACE(each.sheet);
+    TestWindow test(ExampleAccounts());
+    ASSERT_TRUE(test.Launch());
+    Hand hand(test);
+    LDGRController& app = test.program->app();
+    const auto account = app.desk().SelectedAccount();
+    const auto count = [&app, &account] {
+      return account->GetEntries().size() + account->GetSchedules().size() +
+             app.desk().accounts().size();
+    };
+    const std::size_t before = count();
+    const auto fill = [&hand, &each] {
+      hand.Order(each.command);
+      Hand::Type((each.sheet + QByteArray(each.field)).constData(), each.text);
+    };
+    fill();
+    auto* ok = TestWindow::Find<QPushButton>((each.sheet + QByteArray("_OK_Button")).constData());
+    ok->click();
+    ok->click();
+    TestWindow::Settle();
+    EXPECT_EQ(count(), before + 1);
+    fill();
+    EXPECT_EQ(test.program->Save(Ending::Asker::Nobody), Ending::Outcome::Saved);
+    EXPECT_EQ(app.sheets().Current(), Sheet::None);
+    EXPECT_EQ(count(), before + 1);
+  }
 }
 
 }  // namespace

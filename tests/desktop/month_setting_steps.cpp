@@ -145,6 +145,9 @@ summary set range="Last Quarter" periods=weeks show="tables and bars" deposits=n
     // Back to where the month began.
     {"answer Restore\nbackup restore Accounts_2_22_2026_Before_2.0",
      [](Hand& hand) {
+       hand.Order("About_Open");
+       Hand::Press("aboutSheet_License_Button");
+       TestWindow::Key(Qt::Key_Return);
        hand.Order("Backups_Open");
        Hand::Press("backupsSheet_BackUpNow_Button");
        // The copy is the last of the two.

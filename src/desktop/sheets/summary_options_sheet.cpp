@@ -73,7 +73,9 @@ SummaryOptionsSheet::SummaryOptionsSheet(Parts parts, QWidget* window)
   connect(AddButton("accountSummarySheet_OK_Button", Text("OK"), true), &QPushButton::clicked, this,
           [this] {
             Read();
-            if (!parts_.sheet.OK()) ShowState();
+            if (parts_.sheet.OK()) return;
+            ShowState();
+            if (form_->FieldWithProblem() != nullptr) form_->FieldWithProblem()->setFocus();
           });
   result_timer_.setSingleShot(true);
   result_timer_.setTimerType(Qt::PreciseTimer);
@@ -206,11 +208,8 @@ void SummaryOptionsSheet::ShowState() {
   for (DateField* field : {start_, end_}) field->setEnabled(state.days_are_enabled);
   filter_text_->setEnabled(typed.filter);
   filter_type_->setEnabled(typed.filter);
-  if (form_->ShowProblem(state.problem)) {
-    form_->FieldWithProblem()->setFocus();
-  } else {
-    ShowProblem(ToQString(TextOf(state.problem)));
-  }
+  const bool is_at_field = form_->ShowProblem(state.problem);
+  ShowProblem(is_at_field ? QString() : ToQString(TextOf(state.problem)));
   if (is_stale_) result_timer_.start(kResultDelay);
 }
 

@@ -1,5 +1,6 @@
 #include "desktop/sheets/update_window.h"
 
+#include <QApplication>
 #include <QCheckBox>
 #include <QHBoxLayout>
 #include <QLabel>
@@ -114,12 +115,17 @@ void UpdateWindow::Cancel() {
 void UpdateWindowHost::Show() {
   if (!parts_.updates.State().window_is_open) {
     if (shown_ == nullptr) return;
+    const bool had_keys = shown_->isActiveWindow();
     shown_->hide();
     shown_->deleteLater();
     shown_ = nullptr;
+    // Not every window manager gives them to the window below.
+    if (had_keys) window_.activateWindow();
     return;
   }
   if (shown_ != nullptr) return shown_->ShowState();
+  // Somebody may be typing there.
+  if (QApplication::activeModalWidget() != nullptr) return;
   shown_ = new UpdateWindow(parts_, &window_);
   shown_->Open();
 }

@@ -39,7 +39,8 @@ class UpdateWindow final : public SheetDialog {
   QPushButton* close_;
 };
 
-// Opens the window and closes it, as the check wants it.
+// Opens the window and closes it, as the check wants it; behind a sheet or a question that is open
+// when it is next told to show.
 class UpdateWindowHost final {
  public:
   UpdateWindowHost(const UpdateWindow::Parts& parts, QWidget& window) noexcept
