@@ -61,25 +61,6 @@ bool HoldsReplacement(const QifEntry& entry) {
 
 // --- The file -----------------------------------------------------------------------------------
 
-Problem ProblemOf(const LDGRQIFImport& import) {
-  if (import.GetError() == LDGRQIFImport::kUnendedAutoSwitch) return Problem::UnendedBlock;
-  // Whatever is read has at least the line end in front.
-  if (import.dataString().empty()) return Problem::Unreadable;
-  if (import.Reading().is_picture) return Problem::Picture;
-  switch (import.FileKind()) {
-    case ImportFileKind::Qif:
-      return Problem::None;
-    case ImportFileKind::Empty:
-      return Problem::Empty;
-    case ImportFileKind::Table:
-      return Problem::Table;
-    case ImportFileKind::WebPage:
-      return Problem::WebPage;
-    default:
-      return Problem::Foreign;
-  }
-}
-
 // Drops the choices that do not read a value well, unless none at all does: no choice is to blame
 // for that value.
 template <typename Choice, std::size_t size, typename Reads>
@@ -178,6 +159,25 @@ class FileLook {
 };
 
 }  // namespace
+
+ImportHints::Problem ProblemOf(const LDGRQIFImport& import) {
+  if (import.GetError() == LDGRQIFImport::kUnendedAutoSwitch) return Problem::UnendedBlock;
+  // Whatever is read has at least the line end in front.
+  if (import.dataString().empty()) return Problem::Unreadable;
+  if (import.Reading().is_picture) return Problem::Picture;
+  switch (import.FileKind()) {
+    case ImportFileKind::Qif:
+      return Problem::None;
+    case ImportFileKind::Empty:
+      return Problem::Empty;
+    case ImportFileKind::Table:
+      return Problem::Table;
+    case ImportFileKind::WebPage:
+      return Problem::WebPage;
+    default:
+      return Problem::Foreign;
+  }
+}
 
 ImportHints HintsFor(const LDGRQIFImport& import, const QifEntryList& entries, DateNumber today) {
   ImportHints hints;

@@ -199,8 +199,9 @@ TEST_F(ImportTest, ReadsTheFileAgainInAnotherEncodingAndTellsOfDatesThatCannotBe
   typed.account = 1;
   import.ImportOptions_Read(typed);
   EXPECT_TRUE(import.ImportOptions_SetEncoding(5));
-  EXPECT_EQ(account->GetQIFImportEncoding(), 5);
+  EXPECT_NE(account->GetQIFImportEncoding(), 5) << "the sheet may be cancelled";
   ASSERT_TRUE(import.ImportOptions_OK());
+  EXPECT_EQ(account->GetQIFImportEncoding(), 5);
   ASSERT_EQ(import.entries().size(), 1U);
   EXPECT_EQ(import.entries()[0]->GetDescription(), "GrÃ¼n");
   alerts.Answer("Cancel");

@@ -81,6 +81,26 @@ TEST_F(Exchange, OptionsProveWhatTheyMakeOfTheFileAndKeepThreeDestinationsApart)
   EXPECT_EQ(test.Rows("entry_Table"), 23);
 }
 
+TEST_F(Exchange, AFileWithoutEntriesSaysWhyAndItsTypesComeInAllTheSame) {
+  const std::pair<const char*, QString> files[] = {
+      {"", "the file is empty; nothing in it can be imported"_q},
+      {"!Type:Bank\n", "There are no entries here: nothing to review."_q},
+      {"!Type:Cat\nNGroceries\nE\n^\nNPets\nE\n^\n",
+       "There are no entries here, but 1 type that is new to the account."_q}};
+  for (const auto& [content, facts] : files) {
+    test.files.AddFile(kFile, content);
+    Import();
+    EXPECT_EQ(test.TextOf("importOptions_Facts"), facts);
+    if (&content == &std::rbegin(files)->first) break;
+    EXPECT_FALSE(test.FindWidget("importOptions_OK_Button")->isEnabled());
+    test.Key(Qt::Key_Escape);
+  }
+  test.Key(Qt::Key_Return);
+  EXPECT_TRUE(test.TextOf("import_Facts").endsWith(": 1"_q));
+  test.Click("import_OK_Button");
+  EXPECT_NE(app().desk().SelectedAccount()->DebitEntryTypeForName("Pets"), nullptr);
+}
+
 TEST_F(Exchange, ReviewedEntriesComeInAfterAQuestionAndAreKnownWhenTheyComeAgain) {
   Import();
   test.Key(Qt::Key_Return);

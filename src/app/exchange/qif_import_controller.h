@@ -85,9 +85,9 @@ class LDGRQIFImportController final : private EntryOwner {
   // A destination (see QifOptions) was picked in one of them. The pop-up that had it takes the one
   // that is left free. Anything else is ignored.
   void ImportOptions_SwapOptions(SwapPopUp changed, std::int32_t destination);
-  // Reads the file again in another encoding, which the account remembers. The account of the file
-  // that is chosen keeps its place. False, and nothing has changed, when the sheet is not open or
-  // the file can no longer be read.
+  // Reads the file again in another encoding, which OK stores as the others. The account of the
+  // file that is chosen keeps its place. False, and nothing has changed, when the sheet is not open
+  // or the file can no longer be read.
   bool ImportOptions_SetEncoding(std::int32_t encoding);
   // What the options make of the file as things stand; takes as long as reading it. Empty while the
   // sheet is closed, and of a bank's file.
@@ -242,6 +242,8 @@ class LDGRQIFImportController final : private EntryOwner {
   std::vector<QifImportProof::Sample> samples_;
   std::vector<std::string> account_names_;
   QifImportOptionsState options_;
+  // Whether or not the file is a text in it.
+  std::int32_t chosen_encoding_ = 0;
   QifReview review_;
   std::int32_t first_number_ = 0;
   QifImportReviewState review_state_;

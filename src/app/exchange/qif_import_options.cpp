@@ -1,5 +1,6 @@
 // The options sheet of an import, and how its stages follow one another.
 
+#include <algorithm>
 #include <array>
 #include <filesystem>
 #include <utility>
@@ -7,7 +8,9 @@
 #include "app/exchange/encoding_menu.h"
 #include "app/exchange/qif_date_items.h"
 #include "app/exchange/qif_import_controller.h"
+#include "exchange/entry_type_index.h"
 #include "exchange/qif_date_formats.h"
+#include "exchange/qif_hints.h"
 #include "ledger/change.h"
 #include "platform/ambient.h"
 #include "platform/file_system.h"
@@ -52,6 +55,7 @@ void LDGRQIFImportController::ImportOptions_InitWithFile(const std::string& path
 
 void LDGRQIFImportController::TakeText(LDGRQIFImport import, std::int32_t encoding) {
   import_ = std::move(import);
+  chosen_encoding_ = encoding;
   const auto chosen = static_cast<TextEncoding>(encoding);
   const TextEncoding read = import_.Reading().encoding;
   options_.encoding = encodings_.Name(read);
@@ -86,9 +90,6 @@ bool LDGRQIFImportController::ImportOptions_SetEncoding(std::int32_t encoding) {
   // In the wrong encoding a file may have had no accounts to choose from.
   const bool was_all = options_.typed.account == accounts_before && accounts_before > 0;
   if (was_all || options_.typed.account > accounts) options_.typed.account = accounts;
-  Change change(ledger_);
-  change.EditSettings(account_).SetQIFImportEncoding(encoding);
-  change.Close();
   announcer_.Changed(Area::ImportOptionsSheet);
   return true;
 }
@@ -165,6 +166,12 @@ QifImportProof LDGRQIFImportController::ImportOptions_Proof() const {
   QifImportProof proof = ProofOf(result, account == nullptr ? result.entries : *account->entries,
                                  dates_, {date_format, desk_.preferences()});
   proof.samples = samples_;
+  proof.problem = ProblemOf(import_);
+  const EntryTypeIndex known(*account_);
+  proof.new_type_count =
+      static_cast<std::size_t>(std::ranges::count_if(result.types, [&known](const QifType& type) {
+        return known.Find(type.name, type.is_deposit) == nullptr;
+      }));
   return proof;
 }
 
@@ -252,6 +259,7 @@ void LDGRQIFImportController::StoreOptions() {
   change.EditSettings(account_);
   const auto& typed = options_.typed;
   const auto& formats = options_.date_format_items;
+  account_->SetQIFImportEncoding(chosen_encoding_);
   account_->SetQIFImportDateFormat(formats[static_cast<std::size_t>(typed.date_format)].tag);
   account_->SetQIFImportDecimalSeparator(typed.decimal_separator);
   account_->SetQIFImportThousandsSeparator(typed.thousands_separator);

@@ -6,6 +6,7 @@
 #include <string>
 #include <vector>
 
+#include "exchange/import_hints.h"
 #include "exchange/qif_import.h"
 #include "exchange/qif_import_entry.h"
 #include "exchange/qif_proof.h"
@@ -50,6 +51,9 @@ struct QifImportProof {
   std::size_t chosen_count = 0;
   std::size_t entry_count = 0;
   std::size_t account_count = 0;
+  // Types of the file that the account lacks; they come in even where no entry does.
+  std::size_t new_type_count = 0;
+  ImportHints::Problem problem = ImportHints::Problem::None;
   std::string first_day;
   std::string last_day;
   std::vector<Row> rows;

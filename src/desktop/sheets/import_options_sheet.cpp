@@ -47,6 +47,16 @@ CellLook Verdict(const QifImportProof::Format& format) {
   return look;
 }
 
+// Of what has no entries to look through.
+std::string WhyNothing(const QifImportProof& proof) {
+  if (proof.problem != ImportHints::Problem::None) return LocalizedText(TextOf(proof.problem));
+  if (proof.new_type_count == 0) return EntriesInWords(0, "", "");
+  return Message(Plural("There are no entries here, but {1} type that is new to the account.",
+                        "There are no entries here, but {1} types that are new to the account.",
+                        proof.new_type_count),
+                 {std::to_string(proof.new_type_count)});
+}
+
 }  // namespace
 
 ImportOptionsSheet::ImportOptionsSheet(LDGRQIFImportController& import, QWidget* window)
@@ -242,7 +252,9 @@ void ImportOptionsSheet::ShowProof() {
   const QifImportOptionsState& state = import_.Options();
   if (!state.is_open) return;
   proof_ = import_.ImportOptions_Proof();
-  std::string facts = EntriesInWords(proof_.chosen_count, proof_.first_day, proof_.last_day);
+  std::string facts = proof_.chosen_count == 0
+                          ? WhyNothing(proof_)
+                          : EntriesInWords(proof_.chosen_count, proof_.first_day, proof_.last_day);
   if (proof_.chosen_count > 0 && proof_.account_count > 1) {
     facts = Message(
         "{1} entries in {2} accounts, {3} of them chosen, {4} to {5}. Nothing is "
@@ -256,7 +268,7 @@ void ImportOptionsSheet::ShowProof() {
   }
   head_->ShowFacts(facts);
   ok_->setText(ReviewTitle(proof_.chosen_count));
-  ok_->setEnabled(proof_.chosen_count > 0);
+  ok_->setEnabled(proof_.chosen_count > 0 || proof_.new_type_count > 0);
   ShowFormats(proof_);
   rows_->Show(proof_.rows);
   ShowSamples(proof_);

@@ -270,6 +270,8 @@ void ReviewSheet::ShowFacts() {
       facts += '\n' + Message("{1}: {2}", {LocalizedText(what), std::to_string(count)});
     }
   };
+  // The chip of them counts rows.
+  if (state.entry_count == 0) add("new types, which come in all the same", state.new_type_count);
   add("rows that the file has twice, not marked", state.repeated_count);
   add("in another currency, not marked", state.foreign_count);
   add("not booked yet, not marked", state.pending_count);
