@@ -198,6 +198,8 @@ TEST(PreferenceSheets, BackupsAreComparedAndRestored) {
   test.Click("backupsSheet_BackUpNow_Button");
   EXPECT_EQ(test.Rows(kList), before + 1);
   EXPECT_FALSE(test.TextOf("backupsSheet_Done").isEmpty());
+  // Where one is chosen, Return closes and brings nothing back.
+  test.ClickRow(kList, 0);
   test.Key(Qt::Key_Return);
   ASSERT_EQ(app.sheets().Current(), Sheet::None);
 

@@ -8,6 +8,7 @@
 #include <QMetaMethod>
 #include <QPainter>
 #include <QScrollBar>
+#include <QTimer>
 #include <algorithm>
 #include <utility>
 
@@ -122,6 +123,8 @@ class LookTable::Cells final : public CellDelegate {
     } else {
       auto* choices = new QComboBox(parent);
       choices->addItems(column.choices);
+      // Its own keys would end the choice at their first step.
+      QTimer::singleShot(0, choices, &QComboBox::showPopup);
       connect(choices, &QComboBox::activated, this, [this, choices] {
         auto* cells = const_cast<Cells*>(this);
         emit cells->commitData(choices);
