@@ -39,6 +39,9 @@ struct AccountEditSheetState {
     // An entry or a scheduled one has it.
     bool is_referred_to = false;
     bool was_active = true;
+    // As the account has it.
+    std::string name;
+    bool is_deposit = false;
   };
 
   // Typed by the user: a front end reads these from its fields before each operation.

@@ -40,7 +40,8 @@ Problem In(std::string_view control, std::string_view text, std::int32_t row = -
   return {"accountEditSheet_" + std::string(control), LocalizedText(text), row};
 }
 
-std::optional<Problem> ProblemOf(const Typed& typed) {
+std::optional<Problem> ProblemOf(const AccountEditSheetState& state) {
+  const Typed& typed = state.typed;
   if (IsBlank(typed.name)) return In("Name_Field", "The account needs a name.");
   if (!typed.starting_balance || !IsAmount(*typed.starting_balance)) {
     return In("StartingBalance_Field", "The amount is not a number.");
@@ -56,6 +57,11 @@ std::optional<Problem> ProblemOf(const Typed& typed) {
   if (unnamed != typed.types.end()) {
     return In("Types_Table", "The type needs a name.",
               static_cast<std::int32_t>(unnamed - typed.types.begin()));
+  }
+  if (const std::int32_t row = RowOfDoubleType(state); row >= 0) {
+    const std::string& name = typed.types[static_cast<std::size_t>(row)].name;
+    return Problem{"accountEditSheet_Types_Table",
+                   Message("There is already a type \"{1}\" of that kind.", {name}), row};
   }
   constexpr std::string_view kNoCount = "The number of texts must be a whole number.";
   if (!typed.descriptions_count) return In("DescriptionsCount_Field", kNoCount);
@@ -144,12 +150,12 @@ void AccountEditing::AccountEditSheet_Populate() {
   typed.transfer_descriptions = account.TransferDescriptions_Specific();
   typed.tos = account.Tos_Specific();
   typed.froms = account.Froms_Specific();
-  state_.ok_is_enabled = !ProblemOf(typed);
+  state_.ok_is_enabled = !ProblemOf(state_);
 }
 
 void AccountEditing::Read(Typed typed) {
   TakeTyped(state_.typed, std::move(typed), state_.problem, kFields);
-  state_.ok_is_enabled = state_.is_open && !ProblemOf(state_.typed);
+  state_.ok_is_enabled = state_.is_open && !ProblemOf(state_);
   announcer_.Changed(Area::AccountEditSheet);
 }
 
@@ -206,7 +212,7 @@ bool AccountEditing::ImportToFromsFrom(const LDGRAccount& other) {
 bool AccountEditing::AccountEditSheet_OK() {
   const Announcer::Operation operation(announcer_);
   if (!state_.is_open || !announcer_.EndEditing(Sheet::AccountEdit)) return false;
-  state_.problem = ProblemOf(state_.typed);
+  state_.problem = ProblemOf(state_);
   if (state_.problem) {
     announcer_.Changed(Area::AccountEditSheet);
     return false;

@@ -1,7 +1,9 @@
 #include "app/accounts/account_type_rows.h"
 
 #include <algorithm>
+#include <map>
 #include <memory>
+#include <string_view>
 #include <unordered_map>
 #include <utility>
 #include <vector>
@@ -66,8 +68,11 @@ void PopulateTypes(AccountEditSheetState& state, const LDGRAccount& account) {
     return ComesBefore(a, b);
   });
   for (const auto& type : types) {
+    auto& use = state.type_uses[type->GetNumber()];
+    use.name = type->GetName();
+    use.is_deposit = type->GetIsDeposit();
     typed.types.push_back({type->GetNumber(), type->GetName(), type->GetIsCheck(),
-                           type->GetIsDeposit(), state.type_uses[type->GetNumber()].was_active});
+                           type->GetIsDeposit(), use.was_active});
   }
   typed.default_debit_type = RowOfType(typed.types, account.GetDefaultDebitType());
   typed.default_deposit_type = RowOfType(typed.types, account.GetDefaultDepositType());
@@ -143,6 +148,22 @@ void SaveTypes(const AccountEditSheetState& state, LDGRAccount& account) {
   account.SetInactiveTypes(std::move(inactive));
   account.SetDefaultDebitType(type_of_row(typed.default_debit_type));
   account.SetDefaultDepositType(type_of_row(typed.default_deposit_type));
+}
+
+std::int32_t RowOfDoubleType(const AccountEditSheetState& state) {
+  const auto& rows = state.typed.types;
+  std::map<std::pair<std::string_view, bool>, std::size_t> in_use;
+  for (const TypeRow& row : rows) {
+    if (row.is_active) ++in_use[{row.name, row.is_deposit}];
+  }
+  const auto found = std::ranges::find_if(rows, [&](const TypeRow& row) {
+    if (!row.is_active || in_use[{row.name, row.is_deposit}] < 2) return false;
+    const auto use = state.type_uses.find(row.number);
+    // A file may hold what nobody would be let type.
+    return use == state.type_uses.end() || !use->second.was_active ||
+           use->second.name != row.name || use->second.is_deposit != row.is_deposit;
+  });
+  return found == rows.end() ? -1 : static_cast<std::int32_t>(found - rows.begin());
 }
 
 std::size_t InsertType(Typed& typed, std::int32_t below, std::string name) {

@@ -20,6 +20,10 @@ void PopulateTypes(AccountEditSheetState& state, const LDGRAccount& account);
 // use; where there are none it goes.
 void SaveTypes(const AccountEditSheetState& state, LDGRAccount& account);
 
+// The first row that was added, renamed or brought back and has name and kind of another in use; -1
+// for none.
+[[nodiscard]] std::int32_t RowOfDoubleType(const AccountEditSheetState& state);
+
 // A new type below that row, of its kind; at the end for a row that there is not. Its row.
 std::size_t InsertType(AccountEditSheetState::Typed& typed, std::int32_t below, std::string name);
 // A type that is out of use is no default.
