@@ -26,7 +26,10 @@ std::string ExpectedOf(std::string_view setting, const plist::Value& present) {
   const PreferenceLimits limits = LimitsOfPreference(setting);
   const auto text = [](double limit) { return std::to_string(static_cast<std::int64_t>(limit)); };
   if (limits.most >= kAnyPreferenceNumber) return LocalizedText("This must be a whole number.");
-  return Message("This must be a number from {1} to {2}.", {text(limits.least), text(limits.most)});
+  return Message(present.kind() == plist::Kind::Integer
+                     ? "This must be a whole number from {1} to {2}."
+                     : "This must be a number from {1} to {2}.",
+                 {text(limits.least), text(limits.most)});
 }
 
 }  // namespace
@@ -73,6 +76,8 @@ bool PreferencesSheet::SelectTab(std::string_view tab) {
   if (!state_.is_open) return false;
   if (state_.tab == kSecurityTab && tab != kSecurityTab && state_.passwords_differ) {
     focus_.Start(std::chrono::milliseconds(0), [this] { window_->FocusPasswordField(); });
+    state_.problem = Check();
+    announcer_.Changed(Area::PreferencesSheet);
     return false;
   }
   state_.tab = tab;
