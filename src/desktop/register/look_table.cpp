@@ -123,6 +123,9 @@ class LookTable::Cells final : public CellDelegate {
     } else {
       auto* choices = new QComboBox(parent);
       choices->addItems(column.choices);
+      for (QWidget* list : {choices->view()->window(), static_cast<QWidget*>(choices->view())}) {
+        list->setAccessibleName(column.title);
+      }
       // Its own keys would end the choice at their first step.
       QTimer::singleShot(0, choices, &QComboBox::showPopup);
       connect(choices, &QComboBox::activated, this, [this, choices] {

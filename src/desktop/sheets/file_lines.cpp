@@ -49,13 +49,19 @@ Align AlignOf(CsvField field) {
   }
 }
 
-// What its own text needs; the list is as wide as the longest of them.
-int WidthOf(const QComboBox& pop_up) {
-  QStyleOptionComboBox option;
-  option.initFrom(&pop_up);
-  const QSize text(pop_up.fontMetrics().horizontalAdvance(pop_up.currentText()), 0);
-  return pop_up.style()->sizeFromContents(QStyle::CT_ComboBox, &option, text, &pop_up).width();
-}
+// As wide as what is chosen, over columns that are narrower than the longest of its texts; its list
+// has room for that.
+class ColumnPopUp final : public QComboBox {
+ public:
+  using QComboBox::QComboBox;
+  [[nodiscard]] QSize sizeHint() const override {
+    QStyleOptionComboBox option;
+    initStyleOption(&option);
+    const QSize text(fontMetrics().horizontalAdvance(currentText()), 0);
+    return style()->sizeFromContents(QStyle::CT_ComboBox, &option, text, this);
+  }
+  [[nodiscard]] QSize minimumSizeHint() const override { return sizeHint(); }
+};
 
 }  // namespace
 
@@ -104,7 +110,7 @@ void FileLines::MakeColumns(const StatementOptionsState& state) {
   QWidget* before = nullptr;
   for (std::size_t i = 0; i < state.columns.size(); ++i) {
     const int place = static_cast<int>(i);
-    auto* pop_up = new QComboBox(strip_);
+    auto* pop_up = new ColumnPopUp(strip_);
     pop_up->setObjectName(QLatin1String("importOptions_Column_PopUp_") + QString::number(place));
     pop_up->installEventFilter(this);
     pop_up->show();
@@ -154,7 +160,7 @@ QSize FileLines::sizeHint() const {
 void FileLines::ShowColumns() {
   const auto& delegate = static_cast<const CellDelegate&>(*table_->itemDelegate());
   std::vector<int> widths = {kLineNumberWidth};
-  for (const Column& each : columns_) widths.push_back(WidthOf(*each.pop_up) + kPopUpGap);
+  for (const Column& each : columns_) widths.push_back(each.pop_up->sizeHint().width() + kPopUpGap);
   widths.push_back(0);
   std::size_t entries = 0;
   std::size_t others = 0;

@@ -14,7 +14,7 @@
 namespace tallyfold::desktop {
 namespace {
 
-constexpr int kWidestAnswer = 240;
+constexpr int kWidestAnswer = 224;
 
 }  // namespace
 
