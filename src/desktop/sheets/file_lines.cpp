@@ -2,8 +2,9 @@
 
 #include <QAbstractItemView>
 #include <QComboBox>
-#include <QEvent>
+#include <QHBoxLayout>
 #include <QHeaderView>
+#include <QScrollArea>
 #include <QScrollBar>
 #include <QStyleOptionComboBox>
 #include <QVBoxLayout>
@@ -66,12 +67,14 @@ class ColumnPopUp final : public QComboBox {
 }  // namespace
 
 FileLines::FileLines(QWidget* parent)
-    : QFrame(parent), strip_(new QWidget(this)), table_(new LookTable(this)) {
+    : QFrame(parent), strip_(new QScrollArea(this)), table_(new LookTable(this)) {
   setObjectName(QLatin1String("importOptions_Columns"));
   setFrameShape(QFrame::StyledPanel);
   setAccessibleName(Text("Columns of the File"));
-  strip_->setBackgroundRole(QPalette::Base);
-  strip_->setAutoFillBackground(true);
+  strip_->setFrameShape(QFrame::NoFrame);
+  strip_->setFocusPolicy(Qt::NoFocus);
+  strip_->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+  strip_->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
   table_->setObjectName(QLatin1String("importOptions_Lines_Table"));
   table_->setAccessibleName(Text("Lines of the File"));
   table_->setFrameShape(QFrame::NoFrame);
@@ -81,13 +84,15 @@ FileLines::FileLines(QWidget* parent)
   whole->setSpacing(0);
   whole->addWidget(strip_);
   whole->addWidget(table_);
-  connect(table_->horizontalScrollBar(), &QScrollBar::valueChanged, this, &FileLines::PlacePopUps);
-  connect(table_->horizontalHeader(), &QHeaderView::sectionResized, this, &FileLines::PlacePopUps);
+  // A pop-up that gets the keyboard comes into sight, and its column with it.
+  QScrollBar* const bars[] = {strip_->horizontalScrollBar(), table_->horizontalScrollBar()};
+  connect(bars[0], &QScrollBar::valueChanged, bars[1], &QScrollBar::setValue);
+  connect(bars[1], &QScrollBar::valueChanged, bars[0], &QScrollBar::setValue);
 }
 
 void FileLines::SetLines(CsvLines lines, const StatementProof& proof) {
+  has_new_lines_ = lines.size() != lines_.size();
   lines_ = std::move(lines);
-  table_->ShowChosen(-1);
   disagreeing_.clear();
   auto row = proof.disagreeing.begin();
   std::size_t entries = 0;
@@ -96,31 +101,32 @@ void FileLines::SetLines(CsvLines lines, const StatementProof& proof) {
     disagreeing_.push_back(i);
     ++row;
   }
-  has_new_lines_ = true;
 }
 
 void FileLines::MakeColumns(const StatementOptionsState& state) {
-  for (const Column& column : columns_) {
-    // It may be one of them that is chosen from.
-    column.pop_up->hide();
-    column.pop_up->setObjectName(QString());
-    column.pop_up->deleteLater();
-  }
+  for (const Column& column : columns_) column.pop_up->setObjectName(QString());
   columns_.clear();
-  QWidget* before = nullptr;
+  // It may be one of its pop-ups that is chosen from.
+  if (QWidget* former = strip_->takeWidget()) former->deleteLater();
+  auto* page = new QWidget;
+  page->setBackgroundRole(QPalette::Base);
+  auto* row = new QHBoxLayout(page);
+  row->setContentsMargins(0, kPopUpMargin, 0, kPopUpMargin);
+  row->setSpacing(0);
+  row->addSpacing(kLineNumberWidth);
   for (std::size_t i = 0; i < state.columns.size(); ++i) {
     const int place = static_cast<int>(i);
-    auto* pop_up = new ColumnPopUp(strip_);
+    auto* pop_up = new ColumnPopUp(page);
     pop_up->setObjectName(QLatin1String("importOptions_Column_PopUp_") + QString::number(place));
-    pop_up->installEventFilter(this);
-    pop_up->show();
     connect(pop_up, &QComboBox::currentIndexChanged, this,
             [this, place, pop_up] { emit FieldChosen(place, pop_up->currentData().toInt()); });
-    if (before != nullptr) setTabOrder(before, pop_up);
-    before = pop_up;
+    row->addWidget(pop_up);
+    row->addSpacing(kPopUpGap);
     columns_.push_back({pop_up, CsvField::None});
   }
-  if (before != nullptr) setTabOrder(before, table_);
+  row->addStretch(1);
+  strip_->setWidget(page);
+  page->show();
 }
 
 void FileLines::Show(const StatementOptionsState& state) {
@@ -128,8 +134,14 @@ void FileLines::Show(const StatementOptionsState& state) {
   if (state.columns.empty()) return;
   if (columns_.size() != state.columns.size()) MakeColumns(state);
   ShowFields(state);
+  const int chosen = table_->currentIndex().row();
+  const int place = table_->verticalScrollBar()->value();
   ShowColumns();
   table_->SetRows(static_cast<int>(lines_.size()), [this](int row) { return RowAt(row); });
+  if (!has_new_lines_ && table_->currentIndex().row() != chosen) {
+    table_->ShowChosen(chosen);
+    table_->verticalScrollBar()->setValue(place);
+  }
   const int strip = ControlHeight(fontMetrics()) + 2 * kPopUpMargin;
   strip_->setFixedHeight(strip);
   const auto height = [&](int rows) {
@@ -177,11 +189,14 @@ void FileLines::ShowColumns() {
       widths[column] = std::max(widths[column], std::min(needed, kWidestText));
     }
   }
+  // Other columns take the table back to its first line.
+  if (widths == widths_) return;
   std::vector<LookTable::Column> columns;
   for (std::size_t i = 0; i < widths.size(); ++i) {
     columns.push_back({QString(), widths[i], Align::Leading, i + 1 == widths.size()});
   }
   table_->SetColumns(std::move(columns));
+  widths_ = std::move(widths);
 }
 
 void FileLines::ShowFields(const StatementOptionsState& state) {
@@ -225,24 +240,18 @@ std::vector<CellLook> FileLines::RowAt(int row) const {
 }
 
 void FileLines::PlacePopUps() {
-  const int height = ControlHeight(fontMetrics());
+  if (columns_.empty()) return;
+  QWidget* const page = strip_->widget();
+  auto* row = static_cast<QHBoxLayout*>(page->layout());
+  row->itemAt(0)->spacerItem()->changeSize(table_->columnWidth(0) - kPopUpShift, 0);
   for (std::size_t i = 0; i < columns_.size(); ++i) {
     const int column = static_cast<int>(i) + 1;
-    const int x = table_->columnViewportPosition(column);
-    const int width = table_->columnWidth(column) - kPopUpGap;
-    const bool is_leading_left = layoutDirection() == Qt::LeftToRight;
-    columns_[i].pop_up->setGeometry(is_leading_left ? x - kPopUpShift : x + kPopUpGap + kPopUpShift,
-                                    kPopUpMargin, width, height);
+    columns_[i].pop_up->setFixedWidth(table_->columnWidth(column) - kPopUpGap);
   }
-}
-
-void FileLines::ScrollTo(int column) {
-  QScrollBar& bar = *table_->horizontalScrollBar();
-  const int begin = table_->horizontalHeader()->sectionPosition(column);
-  const int end = begin + table_->columnWidth(column);
-  const int room = table_->viewport()->width();
-  if (begin < bar.value()) bar.setValue(begin);
-  if (end > bar.value() + room) bar.setValue(end - room);
+  row->invalidate();
+  // The strip has no scroll bar beside it.
+  const int beside = strip_->viewport()->width() - table_->viewport()->width();
+  page->setFixedSize(table_->horizontalHeader()->length() + std::max(0, beside), strip_->height());
 }
 
 template <typename Wanted>
@@ -263,14 +272,6 @@ void FileLines::GoToNextDisagreeing() {
 
 void FileLines::GoToNextLeftOut() {
   GoToNext([this](std::size_t row) { return lines_.KindAt(row) == CsvLine::Kind::LeftOut; });
-}
-
-bool FileLines::eventFilter(QObject* watched, QEvent* event) {
-  if (event->type() == QEvent::FocusIn) {
-    const auto column = std::ranges::find(columns_, watched, &Column::pop_up);
-    if (column != columns_.end()) ScrollTo(static_cast<int>(column - columns_.begin()) + 1);
-  }
-  return QFrame::eventFilter(watched, event);
 }
 
 void FileLines::showEvent(QShowEvent* event) {

@@ -7,6 +7,7 @@
 #include "exchange/csv_lines.h"
 
 class QComboBox;
+class QScrollArea;
 
 namespace tallyfold::desktop {
 
@@ -36,7 +37,6 @@ class FileLines final : public QFrame {
   void FieldChosen(int column, int field);
 
  protected:
-  bool eventFilter(QObject* watched, QEvent* event) override;
   void showEvent(QShowEvent* event) override;
   void resizeEvent(QResizeEvent* event) override;
 
@@ -51,14 +51,14 @@ class FileLines final : public QFrame {
   void ScrollToEntries();
   void ShowFields(const StatementOptionsState& state);
   void PlacePopUps();
-  void ScrollTo(int column);
   template <typename Wanted>
   void GoToNext(Wanted is_wanted);
   [[nodiscard]] std::vector<CellLook> RowAt(int row) const;
 
-  QWidget* strip_;  // of the pop-ups
+  QScrollArea* strip_;  // of the pop-ups, scrolled sideways with the table
   LookTable* table_;
   std::vector<Column> columns_;
+  std::vector<int> widths_;  // of the table's columns
   CsvLines lines_;
   bool has_new_lines_ = false;
   std::vector<std::size_t> disagreeing_;  // of the lines, ascending

@@ -66,8 +66,12 @@ void QuestionBar::Ask(const QString& question, const QStringList& answers) {
     if (shown != answers[i]) button->setToolTip(PlainToolTip(answers[i]));
     button->setAutoDefault(false);
     row_->addWidget(button);
+    button->show();
     connect(button, &QPushButton::clicked, this, [this, i] { emit Answered(i); });
   }
+  // The sheet is fitted before the toolkit tells of them.
+  buttons_->updateGeometry();
+  updateGeometry();
 }
 
 void QuestionBar::paintEvent(QPaintEvent*) {
