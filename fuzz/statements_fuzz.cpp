@@ -189,6 +189,8 @@ void GoWholeWay(std::string_view bytes, std::string_view file) {
   AnswerAll(import, *account, format, at(1));
   QifReview first(import.Entries(*account), *account);
   Commit(first, account);
+  // What came in is known when it comes again.
+  Check(QifReview(import.Entries(*account), *account).MarkedCount() == 0);
 
   StatementOptionsState::Typed typed = import.State().typed;
   typed.choices = ChoicesOf(bytes);
