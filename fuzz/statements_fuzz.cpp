@@ -79,19 +79,25 @@ void CheckRow(const StatementRow& row) {
   Check(row.amount.has_value() || has_amount_doubt);
 }
 
+std::size_t CountEntries(const CsvLines& lines) {
+  std::size_t entries = 0;
+  for (std::size_t i = 0; i < lines.size(); ++i) {
+    entries += lines.KindAt(i) == CsvLine::Kind::Entry ? 1 : 0;
+  }
+  return entries;
+}
+
 // Every row is told as an entry, and read again as it was.
 void CheckLines(const std::string& text, const StatementFile& file) {
   const CsvLines lines(text, file);
-  std::size_t entries = 0;
   std::size_t left_out = 0;
   for (std::size_t i = 0; i < lines.size(); ++i) {
-    entries += lines.KindAt(i) == CsvLine::Kind::Entry ? 1 : 0;
     left_out += lines.KindAt(i) == CsvLine::Kind::LeftOut ? 1 : 0;
     if (i < CsvReading::kMostLeftOut) Check(!lines.At(i).cells.empty());
   }
   const CsvReading& csv = *file.csv;
   if (csv.lacks_days || csv.lacks_amounts) return;
-  Check(entries == file.accounts.front().rows.size());
+  Check(CountEntries(lines) == file.accounts.front().rows.size());
   Check(left_out == csv.balance_lines + csv.continuation_lines + csv.other_lines);
 }
 
@@ -189,6 +195,8 @@ void GoWholeWay(std::string_view bytes, std::string_view file) {
   AnswerAll(import, *account, format, at(1));
   QifReview first(import.Entries(*account), *account);
   Commit(first, account);
+  // What came in is known when it comes again.
+  Check(QifReview(import.Entries(*account), *account).MarkedCount() == 0);
 
   StatementOptionsState::Typed typed = import.State().typed;
   typed.choices = ChoicesOf(bytes);
@@ -205,6 +213,9 @@ void GoWholeWay(std::string_view bytes, std::string_view file) {
     import.Show(*account, format);
   }
   AnswerAll(import, *account, format, at(2));
+  if (import.State().content == ImportContent::Table && import.State().problem.empty()) {
+    Check(CountEntries(import.Lines()) == import.State().file_entry_count);
+  }
   import.Remember(remembered);
   QifReview second(import.Entries(*account), *account);
   Check(second.entries().size() == import.State().entry_count);

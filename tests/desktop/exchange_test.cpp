@@ -266,6 +266,19 @@ TEST_F(Exchange, AnOddTableDroppedOnTheWindowAsksAllAtOnceAndIsMatchedWithAChose
   EXPECT_EQ(TitleOf("import_OK_Button"), "Import 6 Entries"_q);
 }
 
+TEST_F(Exchange, BalancesThatDoNotAgreeSelectTheirRows) {
+  test.files.AddFile("/home/user/gap.csv",
+                     "Date;Payee;Amount;Balance\n2026-03-12;Quay;-1.00;99.00\n"
+                     "2026-03-13;Roof;-2.00;96.00\n2026-03-14;Tea;-3.00;93.00\n");
+  Drop(test.program->window(), "/home/user/gap.csv"_q);
+  test.Click("importOptions_OK_Button");
+  EXPECT_EQ(TitleOf("import_Balances_Button"), "1 balance does not agree"_q);
+  test.Click("import_Balances_Button");
+  const auto entry = app().sharedQIFImportController().tableDataSource().GetSelectedEntry();
+  ASSERT_NE(entry, nullptr);
+  EXPECT_EQ(entry->GetToFrom(), "Roof");
+}
+
 TEST_F(Exchange, OffersToLinkWhatCameInWithItsOtherHalf) {
   const auto half = std::make_shared<LDGRAccountEntry>();
   half->SetNumber(900);
