@@ -246,7 +246,7 @@ void ScheduleDialog::ShowState() {
       ShowText(to_from_, typed.to_from);
       to_from_->setEnabled(state.to_from_is_enabled);
       choose(type_, state.type_items, typed.type);
-      split_->ShowRows(typed.split);
+      split_->ShowRows(typed.split, state.problem);
     } else {
       ShowItems(*direction_, {{ToUtf8(Text("Transfer To"))}, {ToUtf8(Text("Transfer From")), 1}},
                 typed.is_transfer_origin ? 0 : 1);
