@@ -109,6 +109,8 @@ void CommandActions::Make(const Command& command, QWidget& window) {
   action->setObjectName(ToQString(command.name));
   SetTitle(*action, Text(command.title));
   action->setShortcuts(KeysOf(command));
+  // The tables know what it removes of theirs; elsewhere it must not remove what is out of sight.
+  if (command.shortcut == "Del") action->setShortcutContext(Qt::WidgetShortcut);
   action->setMenuRole(QAction::NoRole);
   window.addAction(action);
   const std::string_view name = command.name;

@@ -78,6 +78,13 @@ std::optional<std::vector<std::string_view>> NumbersIn(std::string_view text) {
   return numbers;
 }
 
+// Whether a single number can be meant for a day of the month: the separator of "3/" says that more
+// was to come, the full stop of "17." is part of a day that stands first.
+bool IsWholeDay(std::string_view text, std::string_view order) {
+  if (order.find('d') < order.find('m') && text.ends_with('.')) text.remove_suffix(1);
+  return std::ranges::all_of(text, IsDigit);
+}
+
 struct Parts {
   int year;
   int month;
@@ -142,6 +149,7 @@ std::optional<DateNumber> ReadTypedDay(std::string_view text, std::string_view f
   std::string two = *order;
   std::erase(two, 'y');
   const std::string_view first = numbers->front();
+  if (numbers->size() == 1 && !IsWholeDay(text, *order)) return std::nullopt;
   if (numbers->size() == 2) {
     if (std::ranges::any_of(*numbers, [](auto number) { return number.size() > 2; })) {
       return std::nullopt;

@@ -268,6 +268,20 @@ TEST(EntrySheets, KeepTheSplitTableAndItsFieldsTogether) {
     EXPECT_TRUE(state.amount_is_enabled && state.to_from_is_enabled);
   }
 
+  // What was typed before the first line comes back after the last, also what is no amount.
+  for (const std::optional<double> amount : {std::optional(50.0), std::optional<double>()}) {
+    for (const bool by_hand : {true, false}) {
+      Typed typed = state.typed;
+      typed.amount = amount;
+      app.entries().Deposit().Read(typed);
+      edit(0, {"Pay", "", 20.0});
+      EXPECT_EQ(state.split_target, amount);
+      EXPECT_EQ(state.typed.amount, 20.0);
+      by_hand ? edit(0, {}) : app.entries().Deposit().Split_ClearSplit();
+      EXPECT_EQ(state.typed.amount, amount);
+    }
+  }
+
   edit(0, {"Pay", "", 20.0});
   app.entries().Deposit().Populate();
   EXPECT_TRUE(state.is_open);

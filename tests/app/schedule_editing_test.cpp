@@ -95,6 +95,7 @@ TEST(ScheduleSheet, RefusesWhatNoEntryCouldFollow) {
       {[](ScheduleValues& v) { v.start = 0; }, "The date does not exist."},
       {[](ScheduleValues& v) { v.amount = std::numeric_limits<double>::infinity(); },
        "The amount is not a number."},
+      {[](ScheduleValues& v) { v.amount = -1.0; }, "The amount must not be negative."},
       {[](ScheduleValues& v) { v.repeat_interval_type = 7; },
        "It is not said how often it repeats."},
       {[](ScheduleValues& v) {
@@ -149,6 +150,24 @@ TEST(ScheduleSheet, RefusesWhatNoEntryCouldFollow) {
   ended.notes = "moved out";
   test.app.scheduleSheet().Read(ended);
   EXPECT_TRUE(test.app.scheduleSheet().OK());
+}
+
+TEST(ScheduleSheet, ShowsTheTotalOfASplitUntilItsLastLineGoes) {
+  TestApplication test;
+  test.AddAccount("Joint");
+  ASSERT_TRUE(test.app.scheduleSheet().New(EntryKind::Debit));
+  const auto& typed = test.app.scheduleSheet().State().typed;
+  test.app.scheduleSheet().Read(Values(EntryKind::Debit));
+  ScheduleValues split = typed;
+  split.split[9] = {"Rent", "Owner", 5.0};
+  test.app.scheduleSheet().Read(split);
+  EXPECT_EQ(typed.amount, 5.0);
+  EXPECT_EQ(typed.to_from, "Split");
+  split = typed;
+  split.split = SplitRows();
+  test.app.scheduleSheet().Read(split);
+  EXPECT_EQ(typed.amount, 12.345);
+  EXPECT_EQ(typed.to_from, "Owner");
 }
 
 TEST(ScheduleSheet, ShowsTheNextDatesOfWhatIsTyped) {

@@ -6,6 +6,7 @@
 #include <QLineEdit>
 #include <QScreen>
 #include <QScrollArea>
+#include <QTableView>
 #include <algorithm>
 
 #include "app/desk.h"
@@ -97,6 +98,59 @@ TEST_F(EntrySheets, DebitWithASplitThenADepositThenATransferAreEnteredByKeys) {
   EXPECT_EQ(Count(), count + 3);
   EXPECT_TRUE(Last()->IsTransfer());
   EXPECT_EQ(std::abs(Last()->GetAmount()), 300.0);
+}
+
+TEST_F(EntrySheets, SplitGoesByEitherButtonAndLeavesWhatWasTypedOrNothing) {
+  const struct {
+    const char* amount;
+    const char* button;
+    const char* left;
+    const char* focus;
+  } cases[] = {
+      {"50", "debitSheet_Split_Clear_Button", "50.00", "debitSheet_Split_Clear_Button"},
+      {"12x", "debitSheet_Split_Clear_Button", "12x", "debitSheet_Split_Clear_Button"},
+      {"12x", "debitSheet_ClearSplit_Button", "", "debitSheet_Amount_Field"},
+  };
+  for (const auto& each : cases) {
+    test.Key(Qt::Key_D, Qt::ControlModifier);
+    TypeInto("debitSheet_Amount_Field", each.amount);
+    TabTo("debitSheet_Split_Button");
+    test.Key(Qt::Key_Space);
+    for (const char* text : {"Lunch", "Inn", "18.60"}) {
+      test.Type(text);
+      test.Key(Qt::Key_Tab);
+    }
+    test.Key(Qt::Key_Escape);
+    EXPECT_EQ(test.Find<QLineEdit>("debitSheet_Amount_Field")->text(), QLatin1String("18.60"));
+    test.Click(each.button);
+    EXPECT_EQ(test.Find<QLineEdit>("debitSheet_Amount_Field")->text(), QLatin1String(each.left));
+    EXPECT_EQ(test.Row("debitSheet_Split_Table", 0), QLatin1String("1|||"));
+    EXPECT_EQ(test.Find<QTableView>("debitSheet_Split_Table")->currentIndex().row(), 0);
+    EXPECT_EQ(test.FocusName(), QLatin1String(each.focus));
+    test.Key(Qt::Key_Escape);
+  }
+}
+
+TEST_F(EntrySheets, EscapeClosesWhatIsOpenInTheSheetFirst) {
+  test.Key(Qt::Key_D, Qt::ControlModifier);
+  TabTo("debitSheet_Date_Field");
+  test.Key(Qt::Key_Down, Qt::AltModifier);
+  const struct {
+    const char* field;
+    Qt::Key opens;
+  } cases[] = {{"debitSheet_Type_PopUp", Qt::Key_Space},
+               {"debitSheet_Description_Field", Qt::Key_Down}};
+  for (const auto& each : cases) {
+    EXPECT_NE(QApplication::activePopupWidget(), nullptr) << "before " << each.field;
+    test.Key(Qt::Key_Escape);
+    EXPECT_EQ(QApplication::activePopupWidget(), nullptr) << "before " << each.field;
+    TabTo(each.field);
+    test.Key(each.opens);
+  }
+  test.Key(Qt::Key_Return);
+  EXPECT_EQ(app().sheets().Current(), Sheet::Debit) << "of the list alone";
+  test.Key(Qt::Key_Escape);
+  EXPECT_EQ(app().sheets().Current(), Sheet::None);
 }
 
 TEST_F(EntrySheets, WhatCannotBeStoredIsMarkedAndKeptAsTyped) {

@@ -105,6 +105,9 @@ TEST_F(FieldsTest, StepAndReadDays) {
   Type(date_, "t");
   EXPECT_EQ(date_->Day(), 20260302);
   date_->clear();
+  Type(date_, "yesterday");
+  EXPECT_EQ(date_->Day(), 20260301) << "in a word a t is a letter";
+  date_->clear();
   Type(date_, "17");
   amount_->setFocus();
   EXPECT_EQ(date_->text(), QStringLiteral("03/17/26"));
@@ -135,6 +138,11 @@ TEST_F(FieldsTest, CompleteWhatIsTyped) {
   EXPECT_EQ(cell_->text(), QStringLiteral("cas")) << "deleting completes nothing";
   Type(cell_, "h");
   EXPECT_EQ(cell_->text(), QStringLiteral("cash"));
+  cell_->clear();
+  Type(cell_, "l");
+  EXPECT_EQ(cell_->text(), QStringLiteral("local Bakery"));
+  QTest::keyClick(cell_, Qt::Key_Return);
+  EXPECT_EQ(cell_->text(), QStringLiteral("Local Bakery"));
   cell_->clear();
   Type(cell_, "loc");
   QTest::keyClick(cell_, Qt::Key_Tab);

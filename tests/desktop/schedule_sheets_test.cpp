@@ -36,7 +36,13 @@ TEST(ScheduleSheet, MakesADebitRefusesWhatIsNoNumberAndTheReminderCommitsIt) {
   type("scheduleSheet_Start_Field", "03/31/26");
   type("scheduleSheet_Description_Field", "Bins");
   choose("scheduleSheet_Interval_PopUp", "Every ... Weeks");
+  choose("scheduleSheet_UntilType_PopUp", "Until a Date");
+  EXPECT_EQ(test.Find<QLineEdit>("scheduleSheet_Until_Field")->text(), QLatin1String("03/31/26"));
   choose("scheduleSheet_UntilType_PopUp", "A Number of Times");
+  // Typed and taken back.
+  test.FindWidget("scheduleSheet_Notes_Field")->setFocus();
+  test.Type("x");
+  test.Key(Qt::Key_Z, Qt::ControlModifier);
   const struct {
     const char* field;
     const char* bad;
@@ -64,6 +70,7 @@ TEST(ScheduleSheet, MakesADebitRefusesWhatIsNoNumberAndTheReminderCommitsIt) {
   EXPECT_EQ(made->GetDescription(), "Bins");
   EXPECT_EQ(made->GetAmount(), -7.25);
   EXPECT_EQ(made->GetDate(), 20260331);
+  EXPECT_EQ(made->GetNotes(), "");
 
   // Looked ahead to its three days, and the first of them committed with another amount.
   const std::size_t entries = account->GetEntries().size();
@@ -101,6 +108,16 @@ TEST(ScheduleSheet, MakesADebitRefusesWhatIsNoNumberAndTheReminderCommitsIt) {
   table->setFocus();
   table->setCurrentIndex(amount());
   test.Type("8.50");
+  // Midnight comes while the cell is open, and more falls due.
+  const int rows = test.Rows("scheduleReminderSheet_Table");
+  test.ambient.clock.SetLocal({2026, 3, 5, 0, 0, 0});
+  app.reminder().DayChanged();
+  test.Settle();
+  EXPECT_GT(test.Rows("scheduleReminderSheet_Table"), rows);
+  EXPECT_EQ(amount().data().toString(), QLatin1String("-$8.50"));
+  app.reminder().MarkAll(false);
+  table->setCurrentIndex(amount());
+  test.Key(Qt::Key_Space);
   test.Click("scheduleReminderSheet_Commit_Button");
   ASSERT_EQ(app.sheets().Current(), Sheet::None);
   ASSERT_EQ(account->GetEntries().size(), entries + 1);

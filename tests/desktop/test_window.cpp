@@ -102,8 +102,11 @@ QString TestWindow::FocusName() {
 }
 
 void TestWindow::Key(Qt::Key key, Qt::KeyboardModifiers held) {
-  // The key that closes a window is let go over another.
-  const QPointer<QWindow> window = QApplication::activeWindow()->windowHandle();
+  // A pop-up has the keyboard while it is open. The key that closes a window is let go over
+  // another.
+  const QWidget* pop_up = QApplication::activePopupWidget();
+  const QPointer<QWindow> window =
+      (pop_up != nullptr ? pop_up : QApplication::activeWindow())->windowHandle();
   QTest::keyPress(window, key, held);
   if (window) QTest::keyRelease(window, key, held);
   Settle();

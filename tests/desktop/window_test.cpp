@@ -294,6 +294,14 @@ TEST_F(Window, ShowsWhatIsScheduledAndTheSummaries) {
   test.ClickRow("schedule_Table", 1);
   EXPECT_EQ(app().desk().SelectedSchedule()->GetDescription(), "Pay");
   EXPECT_FALSE(IsVisible("search_Field"));
+  // The key is that of the table; the selected entry is out of sight.
+  app().desk().SelectEntry(app().desk().SelectedAccount()->GetEntries().front());
+  test.Key(Qt::Key_Delete);
+  EXPECT_EQ(app().sheets().Current(), Sheet::ScheduleRemoveConfirm);
+  test.Key(Qt::Key_Escape);
+  test.FindWidget("accountsDrawer_Accounts_Table")->setFocus();
+  test.Key(Qt::Key_Delete);
+  EXPECT_EQ(app().sheets().Current(), Sheet::None);
   test.Key(Qt::Key_4, Qt::AltModifier);
   EXPECT_EQ(test.Rows("summary_Table"), 12);
   EXPECT_EQ(test.TextOf("summary_Title"), "Custom..."_q);

@@ -32,6 +32,15 @@ std::int32_t RowWithoutAmount(const SplitRows& rows) noexcept {
   return row == rows.end() ? -1 : static_cast<std::int32_t>(row - rows.begin());
 }
 
+double TotalOf(const SplitRows& rows) noexcept {
+  double total = 0.0;
+  // Each as it will be stored, so that the total shown is the total kept.
+  for (const SplitRow& row : rows) {
+    if (IsTypedAmount(row.amount)) total += RoundedAmount(*row.amount);
+  }
+  return total;
+}
+
 std::string ProblemOfAmount(const std::optional<double>& typed, double opened) {
   if (!IsTypedAmount(typed)) return LocalizedText("The amount is not a number.");
   if (*typed < 0.0 && RoundedAmount(*typed) != RoundedAmount(opened)) {

@@ -93,6 +93,8 @@ class EditSheet {
 [[nodiscard]] bool IsTypedAmount(const std::optional<double>& typed) noexcept;
 // The first row of a split table whose amount cannot be stored; -1 for none.
 [[nodiscard]] std::int32_t RowWithoutAmount(const SplitRows& rows) noexcept;
+// What the rows come to, as far as they can be read.
+[[nodiscard]] double TotalOf(const SplitRows& rows) noexcept;
 
 // Why the amount field of a sheet cannot be stored, in the user's words: an amount is 0 or more,
 // for the kind of the entry gives the sign. One that was stored with another sign may stay as the

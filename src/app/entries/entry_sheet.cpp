@@ -85,6 +85,7 @@ void EntrySheet::Fill(const EditedEntry& edited, const LDGRAccount& account,
   PopulateTypes(edited, account);
   PopulateSplit(edited);
   opened_amount_ = IsSplit() ? 0.0 : *typed.amount;
+  amount_before_split_ = 0.0;
   announcer_.Changed(StateArea());
 }
 
@@ -164,7 +165,7 @@ std::optional<Problem> EntrySheet::CheckTyped() {
 
 bool EntrySheet::ChangesAmountOrDay(const LDGRAccountEntry& entry) const {
   const auto& typed = state_.typed;
-  const double amount = IsSplit() ? SplitTotal() : *typed.amount;
+  const double amount = IsSplit() ? TotalOf(typed.split) : *typed.amount;
   const double former = kind_ == Kind::Debit ? -entry.GetAmount() : entry.GetAmount();
   return typed.date != entry.GetDate() || RoundedAmount(amount) != RoundedAmount(former);
 }
@@ -280,6 +281,7 @@ bool EntrySheet::IsSplit() const noexcept {
 
 void EntrySheet::ClearSplit() {
   if (!state_.is_open) return;
+  amount_before_split_ = 0.0;
   Typed typed = state_.typed;
   typed.amount = 0.0;
   Read(std::move(typed));
@@ -291,12 +293,20 @@ void EntrySheet::Split_ClearSplit() {
   Typed typed = state_.typed;
   typed.split = SplitRows();
   typed.selected_split_row = 0;
-  typed.to_from.clear();
   Read(std::move(typed));
-  state_.split_target.reset();
+  EndSplit();
   EnableFieldsForSplit(false);
   SumSplit();
   announcer_.Changed(StateArea());
+}
+
+void EntrySheet::EndSplit() {
+  auto& typed = state_.typed;
+  typed.to_from.clear();
+  // What was typed before the lines took its place; their sum where there was nothing.
+  if (amount_before_split_ != 0.0) typed.amount = amount_before_split_;
+  amount_before_split_ = 0.0;
+  state_.split_target.reset();
 }
 
 void EntrySheet::Split_UpdateTotal() {
@@ -305,17 +315,8 @@ void EntrySheet::Split_UpdateTotal() {
   announcer_.Changed(StateArea());
 }
 
-double EntrySheet::SplitTotal() const noexcept {
-  double total = 0.0;
-  // Each as it will be stored, so that the total shown is the total kept.
-  for (const SplitRow& row : state_.typed.split) {
-    if (IsTypedAmount(row.amount)) total += RoundedAmount(*row.amount);
-  }
-  return total;
-}
-
 void EntrySheet::SumSplit() noexcept {
-  const double total = SplitTotal();
+  const double total = TotalOf(state_.typed.split);
   state_.split_total = total;
   state_.split_rest = state_.split_target ? RoundedAmount(*state_.split_target - total) : 0.0;
 }
@@ -325,17 +326,17 @@ void EntrySheet::Split_Table_Field() {
   const bool was_split = !state_.to_from_is_enabled;
   const bool is_split = IsSplit();
   auto& typed = state_.typed;
-  if (is_split && !was_split && IsTypedAmount(typed.amount) && *typed.amount != 0.0) {
-    state_.split_target = typed.amount;
-  } else if (!is_split) {
-    state_.split_target.reset();
+  if (is_split && !was_split) {
+    amount_before_split_ = typed.amount;
+    if (IsTypedAmount(typed.amount) && *typed.amount != 0.0) state_.split_target = typed.amount;
   }
   SumSplit();
   if (is_split) {
     typed.amount = state_.split_total;
     typed.to_from = LocalizedText("Split");
   } else if (was_split) {
-    typed.to_from.clear();
+    EndSplit();
+    SumSplit();
   }
   EnableFieldsForSplit(is_split);
   announcer_.Changed(StateArea());

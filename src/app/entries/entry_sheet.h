@@ -62,7 +62,7 @@ class EntrySheet final : public EditSheet {
   // These do nothing while the sheet is closed.
   // Empties the split table and to/from, and sets the amount to 0.
   void ClearSplit();
-  // The same, but leaves the amount as it is.
+  // The same, but leaves the amount as it was before the first line.
   void Split_ClearSplit();
   // Sums the rows into the total field, as far as they can be read.
   void Split_UpdateTotal();
@@ -72,7 +72,6 @@ class EntrySheet final : public EditSheet {
   void Split_Table_Field();
 
  private:
-  [[nodiscard]] double SplitTotal() const noexcept;
   void GatherFormer(const EditedEntry& edited, const LDGRAccount& account);
   void PopulateTypes(const EditedEntry& edited, const LDGRAccount& account);
   void PopulateSplit(const EditedEntry& edited);
@@ -84,12 +83,17 @@ class EntrySheet final : public EditSheet {
   void SaveSplit(const EditedEntry& edited) const;
   void SumSplit() noexcept;
   void EnableFieldsForSplit(bool is_split) noexcept;
+  // The last line went.
+  void EndSplit();
 
   const Kind kind_;
   Announcer& announcer_;
   EntrySheetState state_;
   // What the amount field opened with; 0 where a split's lines made it up.
   double opened_amount_ = 0.0;
+  // What was typed as the amount before the first line of the split, none for what is no amount; 0
+  // where nothing was and for an entry that opened with its split.
+  std::optional<double> amount_before_split_ = 0.0;
   // With the mark of the entries at that time; none before they are gathered.
   std::optional<FormerEntries> former_;
   std::uint64_t former_mark_ = 0;

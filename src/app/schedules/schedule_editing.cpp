@@ -4,8 +4,10 @@
 #include <array>
 #include <string>
 #include <string_view>
+#include <tuple>
 #include <utility>
 
+#include "app/entries/edit_sheet.h"
 #include "ledger/change.h"
 #include "model/entry_type.h"
 #include "platform/ambient.h"
@@ -141,6 +143,7 @@ bool ScheduleEditing::Begin(const std::shared_ptr<LDGRAccount>& account,
   account_ = account;
   edited_ = std::move(schedule);
   day_of_entry_.reset();
+  before_split_.reset();
   former_ = values;
   state_ = ScheduleSheetState();
   state_.is_new = edited_ == nullptr;
@@ -203,13 +206,24 @@ void ScheduleEditing::PopulateAccounts(const LDGRAccount& account) {
 void ScheduleEditing::Read(Typed typed) {
   if (!state_.is_open) return;
   typed.kind = state_.typed.kind;
-  const bool was_split = state_.typed.split != SplitRows();
-  // The word that stood for the lines goes with them.
-  if (was_split && typed.split == SplitRows() && typed.to_from == LocalizedText("Split")) {
-    typed.to_from.clear();
-  }
+  FollowSplit(typed);
   TakeTyped(state_.typed, std::move(typed), state_.problem, kFields);
   Update();
+}
+
+void ScheduleEditing::FollowSplit(Typed& typed) {
+  const bool was_split = state_.typed.split != SplitRows();
+  const std::string word = LocalizedText("Split");
+  if (typed.split != SplitRows()) {
+    if (!was_split) before_split_ = {typed.amount, typed.to_from};
+    typed.amount = TotalOf(typed.split);
+    typed.to_from = word;
+  } else if (was_split && before_split_) {
+    std::tie(typed.amount, typed.to_from) = *std::exchange(before_split_, std::nullopt);
+  } else if (was_split && typed.to_from == word) {
+    // The word that stood for the lines goes with them.
+    typed.to_from.clear();
+  }
 }
 
 void ScheduleEditing::Update() {
@@ -271,7 +285,7 @@ bool ScheduleEditing::OK() {
 
 std::optional<Problem> ScheduleEditing::Check() {
   if (std::string text = CheckTarget(); !text.empty()) return Problem{"", std::move(text)};
-  auto problem = ProblemOf(state_.typed, state_.is_new ? nullptr : &former_, TodaysDateNumber());
+  auto problem = ProblemOf(state_.typed, &former_, TodaysDateNumber());
   return problem ? problem : CheckOtherAccount();
 }
 

@@ -3,6 +3,7 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <utility>
 
 #include "app/desk.h"
 #include "app/face/announcer.h"
@@ -51,6 +52,8 @@ class ScheduleEditing {
   void Populate(const LDGRAccount& account);
   void PopulateTypes(const LDGRAccount& account);
   void PopulateAccounts(const LDGRAccount& account);
+  // While there are lines they make the amount and are the payee.
+  void FollowSplit(ScheduleSheetState::Typed& typed);
   void Update();
   // Why the schedule cannot be stored any more; "" when it can.
   [[nodiscard]] std::string CheckTarget() const;
@@ -71,6 +74,9 @@ class ScheduleEditing {
   std::optional<DateNumber> day_of_entry_;
   // What it held when the sheet opened.
   ScheduleValues former_;
+  // The amount and the payee that were typed before the first line of a split; none before it and
+  // for a schedule that opened with its split.
+  std::optional<std::pair<std::optional<double>, std::string>> before_split_;
 };
 
 }  // namespace tallyfold

@@ -333,7 +333,10 @@ void ScheduleReminder::BalanceModeChosen(std::int32_t tag) {
 }
 
 void ScheduleReminder::DayChanged() {
-  if (state_.is_open) Fill();
+  if (!state_.is_open) return;
+  // What is being typed is of a row that may get another place.
+  static_cast<void>(announcer_.EndEditing(Sheet::ScheduleReminder));
+  Fill();
 }
 
 // --- Committing and skipping --------------------------------------------------------------------

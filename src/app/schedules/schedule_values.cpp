@@ -172,14 +172,19 @@ bool RepeatsEverySoMany(std::int32_t repeat_interval_type) noexcept {
 
 std::optional<Problem> ProblemOf(ScheduleValues& values, const ScheduleValues* former,
                                  DateNumber today) {
-  constexpr std::string_view kNoNumber = "The amount is not a number.";
   if (!TweakDayField(values.start)) return In("Start_Field", "The date does not exist.");
   if (const std::int32_t row = RowWithoutAmount(values.split); row != -1) {
-    Problem problem = In("Split_Table", kNoNumber);
+    Problem problem = In("Split_Table", "The amount is not a number.");
     problem.row = row;
     return problem;
   }
-  if (!HasSplit(values) && !IsTypedAmount(values.amount)) return In("Amount_Field", kNoNumber);
+  if (!HasSplit(values)) {
+    const double opened =
+        former != nullptr && !HasSplit(*former) ? former->amount.value_or(0.0) : 0.0;
+    if (auto text = ProblemOfAmount(values.amount, opened); !text.empty()) {
+      return Problem{"scheduleSheet_Amount_Field", std::move(text)};
+    }
+  }
   if (!IsInterval(values.repeat_interval_type)) {
     return In("Interval_PopUp", "It is not said how often it repeats.");
   }

@@ -63,9 +63,9 @@ void StoreValues(const ScheduleValues& values, LDGRAccountSchedule& schedule);
 [[nodiscard]] bool RepeatsEverySoMany(std::int32_t repeat_interval_type) noexcept;
 
 // Tells why no schedule can be made of the values; none when one can. The day of `start` is limited
-// to its month first. An end in the past is refused unless it is the one of `former`, which may be
-// null. The fields are scheduleSheet_Start_Field, _Amount_Field, _Split_Table, _Interval_PopUp,
-// _Every_Field, _UntilType_PopUp and _Until_Field.
+// to its month first. An end in the past and a negative amount are refused unless they are those of
+// `former`, which may be null. The fields are scheduleSheet_Start_Field, _Amount_Field,
+// _Split_Table, _Interval_PopUp, _Every_Field, _UntilType_PopUp and _Until_Field.
 [[nodiscard]] std::optional<Problem> ProblemOf(ScheduleValues& values, const ScheduleValues* former,
                                                DateNumber today);
 

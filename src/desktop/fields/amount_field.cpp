@@ -43,6 +43,16 @@ void AmountField::AddUp() {
   if (const auto sum = SumOfTypedAmounts(ToUtf8(text()))) setText(TextOfAmount(*sum));
 }
 
+void AmountField::SetAside(bool is_aside) {
+  if (is_aside != isEnabled()) return;
+  setEnabled(!is_aside);
+  if (is_aside) {
+    unread_ = Amount() || text().trimmed().isEmpty() ? QString() : text();
+  } else if (!unread_.isNull()) {
+    setText(unread_);
+  }
+}
+
 void AmountField::TakeEdit(const QString& text) {
   if (speaking_ == nullptr || text == spoken_) return;
   // What stands between the parts that stayed was replaced.

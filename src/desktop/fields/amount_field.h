@@ -31,6 +31,9 @@ class AmountField final : public QLineEdit {
   [[nodiscard]] std::optional<double> Amount() const;
   // Writes a sum as what it comes to; anything else stays as it is.
   void AddUp();
+  // Off while something else makes the amount, as the lines of a split do. To be told before that
+  // amount is shown; a text that was no amount is there again afterwards.
+  void SetAside(bool is_aside);
 
  protected:
   void focusOutEvent(QFocusEvent* event) override;
@@ -42,6 +45,8 @@ class AmountField final : public QLineEdit {
   LDGRSpeakingTextField* speaking_ = nullptr;
   // As the speaking field knows it.
   QString spoken_;
+  // What was no amount when the field was set aside; null for nothing.
+  QString unread_;
 };
 
 }  // namespace tallyfold::desktop

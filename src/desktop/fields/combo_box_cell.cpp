@@ -30,7 +30,9 @@ LDGRComboBoxCell::LDGRComboBoxCell(QWidget* parent)
   connect(this, &QLineEdit::textChanged, this, [this] {
     SetProblem(this, false);
     // What is told may be the text before it was completed.
-    if (text() != completed_) completed_ = QString();
+    if (!completed_.isNull() && text() == completed_) return;
+    completed_ = QString();
+    typed_length_ = text().size();
   });
   connect(list_, &CompletionList::Taken, this, &LDGRComboBoxCell::Take);
 }
@@ -83,12 +85,11 @@ void LDGRComboBoxCell::Take(const QString& text) {
   emit Completed(text);
 }
 
-bool LDGRComboBoxCell::TakeCompletion() {
-  if (Typed() == text()) return false;
+void LDGRComboBoxCell::TakeCompletion() {
+  if (Typed() == text()) return;
   // As it is spelled in the list.
   const auto found = FirstCompletion(texts_, ToUtf8(text()));
   Take(found ? ToQString(*found) : text());
-  return true;
 }
 
 bool LDGRComboBoxCell::event(QEvent* event) {
@@ -121,8 +122,10 @@ void LDGRComboBoxCell::keyPressEvent(QKeyEvent* event) {
       return list_->hide();
     case Qt::Key_Return:
     case Qt::Key_Enter:
-      if (!IsListOpen() || list_->Highlighted().isNull()) break;
-      return Take(list_->Highlighted());
+      if (IsListOpen() && !list_->Highlighted().isNull()) return Take(list_->Highlighted());
+      // Before the key's event goes on to the default button.
+      TakeCompletion();
+      break;
     default:
       break;
   }
@@ -130,7 +133,11 @@ void LDGRComboBoxCell::keyPressEvent(QKeyEvent* event) {
 }
 
 void LDGRComboBoxCell::focusOutEvent(QFocusEvent* event) {
-  if (event->reason() != Qt::PopupFocusReason) list_->hide();
+  if (event->reason() != Qt::PopupFocusReason) {
+    list_->hide();
+    // To another program the user goes and comes back.
+    if (event->reason() != Qt::ActiveWindowFocusReason) TakeCompletion();
+  }
   QLineEdit::focusOutEvent(event);
 }
 

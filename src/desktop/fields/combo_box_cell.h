@@ -9,8 +9,8 @@
 namespace tallyfold::desktop {
 
 // A field that completes what is typed. The first text that begins with it is completed in the
-// field with its rest selected, which typing replaces and Tab takes; Down opens the list of all
-// that hold it, in the core's order.
+// field with its rest selected, which typing replaces and leaving the field takes; Down opens the
+// list of all that hold it, in the core's order.
 class LDGRComboBoxCell final : public QLineEdit {
   Q_OBJECT
 
@@ -21,9 +21,12 @@ class LDGRComboBoxCell final : public QLineEdit {
   void SetTexts(FormerTexts texts);
   void SetNotes(CompletionList::NoteOf notes);
   [[nodiscard]] bool IsListOpen() const { return list_->isVisible(); }
+  // What the text was completed with stays, as it is spelled in the list. The keys and clicks that
+  // leave the field take it.
+  void TakeCompletion();
 
  signals:
-  // The user took a completion from the list or by Tab.
+  // The user took a completion.
   void Completed(const QString& text);
 
  protected:
@@ -38,8 +41,6 @@ class LDGRComboBoxCell final : public QLineEdit {
   [[nodiscard]] QString Typed() const;
   void OpenList();
   void Take(const QString& text);
-  // False where nothing is completed.
-  bool TakeCompletion();
 
   FormerTexts texts_;
   CompletionList* list_;

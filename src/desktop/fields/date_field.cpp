@@ -4,6 +4,7 @@
 #include <QKeyEvent>
 #include <QStyle>
 #include <QToolButton>
+#include <algorithm>
 #include <utility>
 
 #include "desktop/fields/calendar_pop_up.h"
@@ -31,6 +32,10 @@ DateNumber NumberOf(const QDate& date) {
 
 bool WritesNames(const std::string& format) {
   return format.find_first_of("aAbB") != std::string::npos;
+}
+
+bool HoldsLetters(const QString& text) {
+  return std::any_of(text.begin(), text.end(), [](QChar each) { return each.isLetter(); });
 }
 
 }  // namespace
@@ -114,9 +119,10 @@ void DateField::keyPressEvent(QKeyEvent* event) {
     const QString typed = event->text();
     if (is_whole && typed == QLatin1String("+")) return Step(1);
     if (is_whole && typed == QLatin1String("-")) return Step(-1);
-    // In a format with names a t may be a letter of one.
+    // In a format with names a t may be a letter of one, in a word it is one.
+    const bool is_letter = WritesNames(format_) || HoldsLetters(text());
     if (typed.compare(QLatin1String("t"), Qt::CaseInsensitive) == 0 &&
-        (is_whole || text().isEmpty() || !WritesNames(format_))) {
+        (is_whole || text().isEmpty() || !is_letter)) {
       return TakeDay(TodaysDateNumber());
     }
   }

@@ -6,6 +6,7 @@
 #include <QLabel>
 #include <QPlainTextEdit>
 #include <QPushButton>
+#include <QScopedValueRollback>
 #include <QVBoxLayout>
 
 #include "app/commands/command.h"
@@ -188,6 +189,12 @@ bool EditDialog::TakeEntry(bool is_new, const std::optional<DateNumber>& day) {
   const auto& entry = parts_.entries.Edited().entry;
   if (entry == entry_) return false;
   entry_ = entry;
+  {
+    // What stood there for another entry is no way to write the same day or amount of this one.
+    const QScopedValueRollback<bool> showing(is_showing_, true);
+    amount_->clear();
+    if (day) date_->SetDay(*day);
+  }
   const std::string written = day ? FormatDate(DateNumberToNSCalendarDate(*day),
                                                RegisterDateFormat(parts_.desk.preferences()))
                                   : "";

@@ -20,6 +20,8 @@ void EditCells::setEditorData(QWidget* editor, const QModelIndex& index) const {
 
 void EditCells::setModelData(QWidget* editor, QAbstractItemModel* model,
                              const QModelIndex& index) const {
+  // A cell is left by keys that the field does not see.
+  if (auto* cell = qobject_cast<LDGRComboBoxCell*>(editor)) cell->TakeCompletion();
   model->setData(index, static_cast<QLineEdit*>(editor)->text(), Qt::EditRole);
 }
 

@@ -72,7 +72,12 @@ void EntryDialog::MakeForm() {
     Fit();
     split_->setFocus();
   });
-  connect(clear_all_, &QPushButton::clicked, this, [this] { sheet_.ClearSplit(); });
+  connect(clear_all_, &QPushButton::clicked, this, [this] {
+    sheet_.ClearSplit();
+    split_->SelectFirst();
+    // The button is gone.
+    amount_->setFocus();
+  });
 
   Fields().Add(Text("Description"), description_, Named("_Description_Field").constData());
   suggestion_ = new SuggestionLine(form);
@@ -162,7 +167,10 @@ void EntryDialog::MakeSplit() {
   column->addLayout(foot);
   column->addStretch(1);
 
-  connect(clear, &QPushButton::clicked, this, [this] { sheet_.Split_ClearSplit(); });
+  connect(clear, &QPushButton::clicked, this, [this] {
+    sheet_.Split_ClearSplit();
+    split_->SelectFirst();
+  });
   connect(fill_, &QPushButton::clicked, this, [this] {
     Read();
     sheet_.Split_FillWithRest();
@@ -241,6 +249,7 @@ void EntryDialog::ShowState() {
     const QScopedValueRollback<bool> showing(IsShowing(), true);
     const Typed& typed = state.typed;
     ShowItems(*type_, state.type_items, typed.type);
+    amount_->SetAside(!state.amount_is_enabled);
     ShowShared(typed);
     ShowText(to_from_, typed.to_from);
     if (check_ != nullptr) {
@@ -249,8 +258,7 @@ void EntryDialog::ShowState() {
       number_->setEnabled(state.check_number_is_enabled);
       next_->setEnabled(state.check_number_is_enabled);
     }
-    split_->ShowRows(typed.split);
-    amount_->setEnabled(state.amount_is_enabled);
+    split_->ShowRows(typed.split, state.problem);
     to_from_->setEnabled(state.to_from_is_enabled);
     if (begins) Begin(state);
     const bool has_split = !state.amount_is_enabled;

@@ -201,7 +201,7 @@ void ScheduleDialog::Read() {
   }
   if (check_ != nullptr) typed.is_check = check_->isChecked();
   typed.tax_deductible = tax_->isChecked();
-  if (notes_->document()->isModified()) typed.notes = ToUtf8(notes_->toPlainText());
+  typed.notes = notes_->document()->isModified() ? ToUtf8(notes_->toPlainText()) : stored_notes_;
   rule_->ReadInto(typed, editing_.State());
   editing_.Read(std::move(typed));
 }
@@ -239,14 +239,14 @@ void ScheduleDialog::ShowState() {
     const auto day = start_->Day();
     form_->SetNote(start_, day ? ToQString(FormatDate(DateNumberToNSCalendarDate(*day), "%A"))
                                : QStringLiteral(" "));
+    amount_->SetAside(!state.amount_is_enabled);
     ShowAmount(typed.amount);
-    amount_->setEnabled(state.amount_is_enabled);
     ShowText(description_, typed.description);
     if (to_from_ != nullptr) {
       ShowText(to_from_, typed.to_from);
       to_from_->setEnabled(state.to_from_is_enabled);
       choose(type_, state.type_items, typed.type);
-      split_->ShowRows(typed.split);
+      split_->ShowRows(typed.split, state.problem);
     } else {
       ShowItems(*direction_, {{ToUtf8(Text("Transfer To"))}, {ToUtf8(Text("Transfer From")), 1}},
                 typed.is_transfer_origin ? 0 : 1);
@@ -255,8 +255,8 @@ void ScheduleDialog::ShowState() {
     if (check_ != nullptr) check_->setChecked(typed.is_check);
     tax_->setChecked(typed.tax_deductible);
     if (!has_begun_) {
-      notes_->setPlainText(ToQString(typed.notes));
-      notes_->document()->setModified(false);
+      stored_notes_ = typed.notes;
+      notes_->setPlainText(ToQString(stored_notes_));
       description_->SetTexts(state.descriptions);
       if (to_from_ != nullptr) {
         to_from_->SetTexts(state.to_froms);

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <optional>
+#include <string>
 
 #include "app/face/problem.h"
 #include "app/schedules/schedule_sheet_state.h"
@@ -70,6 +71,8 @@ class ScheduleDialog final : public SheetDialog {
   QWidget* split_panel_ = nullptr;
   SplitTable* split_ = nullptr;
   std::optional<Problem> shown_problem_;
+  // As stored, whatever the field makes of them.
+  std::string stored_notes_;
   bool is_showing_ = false;
   bool has_begun_ = false;
 };

@@ -60,6 +60,8 @@ ScheduleRule::ScheduleRule(Form& form, const std::string& date_format)
   until_date_->setAccessibleName(Text("Last date"));
   until_date_->setFixedWidth(kDateFieldWidth);
   until_date_->SetFormat(date_format);
+  // Empty until an end by date is chosen.
+  until_date_->clear();
   form.AddRow(Text("Ends"), {until_type_, until_count_, until_date_});
   for (QLineEdit* field : {every_, until_count_}) {
     field->setAlignment(Qt::AlignTrailing | Qt::AlignVCenter);

@@ -58,6 +58,9 @@ class SplitTable::Model final : public QAbstractTableModel {
     if (role == Qt::EditRole || role == Qt::DisplayRole) {
       return is_number ? QString::number(index.row() + 1) : text;
     }
+    if (role == Qt::AccessibleDescriptionRole && index == table_.Refused()) {
+      return ToQString(table_.problem_->text);
+    }
     const bool is_spoken = role == Qt::AccessibleTextRole;
     if (role != kCellRole && !is_spoken) return {};
     CellLook look;
@@ -154,7 +157,9 @@ void SplitTable::SetCompletions(FormerTexts descriptions, FormerTexts to_froms) 
   cells_->to_froms = std::move(to_froms);
 }
 
-void SplitTable::ShowRows(const SplitRows& rows) {
+void SplitTable::ShowRows(const SplitRows& rows, const std::optional<Problem>& problem) {
+  if (problem != problem_) viewport()->update();
+  problem_ = problem;
   for (int i = 0; i < kSplitLines; ++i) {
     const SplitRow& row = rows[static_cast<std::size_t>(i)];
     const SplitRow shown = model_->RowAt(i);
@@ -171,6 +176,14 @@ SplitRows SplitTable::Rows() const {
   SplitRows rows;
   for (int i = 0; i < kSplitLines; ++i) rows[static_cast<std::size_t>(i)] = model_->RowAt(i);
   return rows;
+}
+
+QModelIndex SplitTable::Refused() const {
+  return problem_ && problem_->row >= 0 ? model_->index(problem_->row, kAmount) : QModelIndex();
+}
+
+void SplitTable::SelectFirst() {
+  setCurrentIndex(model_->index(0, kDescription));
 }
 
 void SplitTable::SelectAmount(int row) {

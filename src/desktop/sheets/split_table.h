@@ -1,6 +1,9 @@
 #pragma once
 
+#include <optional>
+
 #include "app/entries/entry_sheet_state.h"
+#include "app/face/problem.h"
 #include "desktop/sheets/edit_table.h"
 
 namespace tallyfold::desktop {
@@ -16,9 +19,11 @@ class SplitTable final : public EditTable {
   void SetToTitle(const QString& title);
   // What completes the texts of the cells.
   void SetCompletions(FormerTexts descriptions, FormerTexts to_froms);
-  // Touches only lines that differ, so that a text that is no amount stays as typed.
-  void ShowRows(const SplitRows& rows);
+  // Touches only lines that differ, so that a text that is no amount stays as typed. A problem of
+  // the sheet may be of a line's amount.
+  void ShowRows(const SplitRows& rows, const std::optional<Problem>& problem);
   [[nodiscard]] SplitRows Rows() const;
+  void SelectFirst();
   void SelectAmount(int row);
 
  signals:
@@ -26,6 +31,7 @@ class SplitTable final : public EditTable {
   void Edited();
 
  protected:
+  [[nodiscard]] QModelIndex Refused() const override;
   // Never onto the number of a line.
   QModelIndex moveCursor(CursorAction action, Qt::KeyboardModifiers held) override;
   void keyPressEvent(QKeyEvent* event) override;
@@ -38,6 +44,7 @@ class SplitTable final : public EditTable {
 
   Model* model_;
   Cells* cells_;
+  std::optional<Problem> problem_;
 };
 
 }  // namespace tallyfold::desktop
