@@ -10,49 +10,24 @@
 #include <memory>
 #include <string>
 
-#include "benchmarks/household_account.h"
-#include "model/current_account.h"
+#include "benchmarks/household_register.h"
 #include "printing/pages.h"
 #include "printing/plain_text.h"
 #include "printing/register_document.h"
-#include "registers/account_table_view_data.h"
 
 namespace tallyfold::benchmarks {
 namespace {
 
-struct UnlockedHost final : TableHost {
-  [[nodiscard]] bool IsUnlocked() const override { return true; }
-  [[nodiscard]] const LDGRPreferences& preferences() const override { return wanted; }
-  LDGRPreferences wanted;
-};
-
-// A register in the order of days, which has its running balances.
-struct Register {
-  explicit Register(std::size_t entries) : account(MakeHouseholdAccount(entries)) {
-    SetCurrentAccount(account.get());
-    rows.SetTableView(&table);
-    rows.SetTableIdentifier("entry");
-    rows.SetAccountPreferences(std::make_shared<LDGRAccountPreferences>());
-    rows.SetAccount(account);
-    rows.Reload(account->GetEntries());
-  }
-
-  static Register& OfSize(std::size_t entries) {
-    static std::map<std::size_t, std::unique_ptr<Register>> registers;
-    auto& found = registers[entries];
-    if (found == nullptr) found = std::make_unique<Register>(entries);
-    return *found;
-  }
-
-  UnlockedHost host;
-  std::shared_ptr<LDGRAccount> account;
-  TableState table{DefaultRegisterColumns()};
-  LDGRAccountTableViewData rows{host};
-};
+HouseholdRegister& RegisterOfSize(std::size_t entries) {
+  static std::map<std::size_t, std::unique_ptr<HouseholdRegister>> registers;
+  auto& found = registers[entries];
+  if (found == nullptr) found = std::make_unique<HouseholdRegister>(entries);
+  return *found;
+}
 
 const FixedPitchMetric kMetric;
 
-Pages MakePages(const Register& shown, bool with_details, double length) {
+Pages MakePages(const HouseholdRegister& shown, bool with_details, double length) {
   Paper paper = PlainTextPaper();
   paper.portrait.height = paper.landscape.height = length;
   return Pages(RegisterDocument(shown.rows, LDGRPreferences(),
@@ -65,7 +40,7 @@ void ReportEntries(benchmark::State& state) {
 }
 
 void FirstPage(benchmark::State& state) {
-  const Register& shown = Register::OfSize(static_cast<std::size_t>(state.range(0)));
+  const HouseholdRegister& shown = RegisterOfSize(static_cast<std::size_t>(state.range(0)));
   for ([[maybe_unused]] auto _ : state) {
     const Pages pages = MakePages(shown, state.range(1) != 0, 45);
     benchmark::DoNotOptimize(PageAsText(pages.PageAt(0)));
@@ -74,7 +49,7 @@ void FirstPage(benchmark::State& state) {
 }
 
 void AllPages(benchmark::State& state) {
-  const Register& shown = Register::OfSize(static_cast<std::size_t>(state.range(0)));
+  const HouseholdRegister& shown = RegisterOfSize(static_cast<std::size_t>(state.range(0)));
   std::size_t count = 0;
   for ([[maybe_unused]] auto _ : state) {
     const Pages pages = MakePages(shown, state.range(1) != 0, 45);
@@ -99,7 +74,7 @@ double ResidentMemory() {
 
 // "grown_kb" is what the process grew by from the first page to the last.
 void FiveThousandPages(benchmark::State& state) {
-  const Register& shown = Register::OfSize(100'000);
+  const HouseholdRegister& shown = RegisterOfSize(100'000);
   double grown = 0.0;
   std::size_t count = 0;
   for ([[maybe_unused]] auto _ : state) {

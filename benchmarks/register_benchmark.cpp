@@ -11,33 +11,20 @@
 #include <string>
 #include <vector>
 
-#include "benchmarks/household_account.h"
+#include "benchmarks/household_register.h"
 #include "benchmarks/sort_yardstick.h"
-#include "model/current_account.h"
-#include "registers/account_table_view_data.h"
 
 namespace tallyfold::benchmarks {
 namespace {
 
 constexpr std::size_t kEntries = kSortedKeys;
 
-struct UnlockedHost final : TableHost {
-  [[nodiscard]] bool IsUnlocked() const override { return true; }
-  [[nodiscard]] const LDGRPreferences& preferences() const override { return wanted; }
-  LDGRPreferences wanted;
-};
-
-// A register that shows a household account, whose entries are in no order.
-struct Register {
-  Register() : account(MakeHouseholdAccount(kEntries)) {
+// Its entries are in no order.
+struct Register : HouseholdRegister {
+  Register() : HouseholdRegister(kEntries) {
     EntryList entries = account->GetEntries();
     std::shuffle(entries.begin(), entries.end(), std::mt19937(1));
     account->SetEntries(std::move(entries));
-    SetCurrentAccount(account.get());
-    rows.SetTableView(&table);
-    rows.SetTableIdentifier("entry");
-    rows.SetAccountPreferences(std::make_shared<LDGRAccountPreferences>());
-    rows.SetAccount(account);
     Reload();
   }
 
@@ -54,11 +41,6 @@ struct Register {
     for (std::size_t row = 0; row < count; ++row) sum += rows.RunningBalanceOfRow(row);
     benchmark::DoNotOptimize(sum);
   }
-
-  UnlockedHost host;
-  std::shared_ptr<LDGRAccount> account;
-  TableState table{DefaultRegisterColumns()};
-  LDGRAccountTableViewData rows{host};
 };
 
 template <typename Work>

@@ -16,7 +16,7 @@
 #include "app/views/registers.h"
 #include "benchmarks/household_account.h"
 #include "benchmarks/sort_yardstick.h"
-#include "desktop/look/style.h"
+#include "benchmarks/window_run.h"
 #include "desktop/test_window.h"
 #include "filters/register_search.h"
 #include "ledger/change.h"
@@ -152,11 +152,5 @@ BENCHMARK(InWindow<UndoOfDebit>)->UseManualTime()->Iterations(20)->Unit(benchmar
 }  // namespace tallyfold::benchmarks
 
 int main(int argc, char** argv) {
-  if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
-  QApplication application(argc, argv);
-  QApplication::setQuitOnLastWindowClosed(false);
-  tallyfold::desktop::InstallStyle(application);
-  benchmark::Initialize(&argc, argv);
-  benchmark::RunSpecifiedBenchmarks();
-  return 0;
+  return tallyfold::benchmarks::RunInWindows(argc, argv);
 }

@@ -33,7 +33,7 @@
 #include "app/views/account_summary_sheet.h"
 #include "benchmarks/household_account.h"
 #include "benchmarks/sort_yardstick.h"
-#include "desktop/look/style.h"
+#include "benchmarks/window_run.h"
 #include "desktop/test_window.h"
 #include "ledger/change.h"
 #include "ledger/ledger.h"
@@ -219,13 +219,6 @@ void Register() {
 }  // namespace tallyfold::benchmarks
 
 int main(int argc, char** argv) {
-  if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
-  QApplication application(argc, argv);
-  QApplication::setQuitOnLastWindowClosed(false);
-  tallyfold::desktop::InstallStyle(application);
-  benchmark::Initialize(&argc, argv);
-  tallyfold::benchmarks::Register();
-  benchmark::RunSpecifiedBenchmarks();
-  tallyfold::benchmarks::Window::Place().reset();
-  return 0;
+  using namespace tallyfold::benchmarks;
+  return RunInWindows(argc, argv, Register, [] { Window::Place().reset(); });
 }

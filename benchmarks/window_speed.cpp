@@ -12,13 +12,11 @@
 #include <memory>
 #include <vector>
 
-#include "benchmarks/household_account.h"
-#include "desktop/look/style.h"
+#include "benchmarks/household_register.h"
+#include "benchmarks/window_run.h"
 #include "desktop/register/entry_details.h"
 #include "desktop/register/register_view.h"
 #include "desktop/register/type_ahead.h"
-#include "model/current_account.h"
-#include "registers/account_table_view_data.h"
 
 namespace tallyfold::benchmarks {
 namespace {
@@ -28,20 +26,8 @@ constexpr int kSelected = 90'000;
 constexpr int kWidth = 1'047;
 constexpr int kHeight = 680;
 
-struct UnlockedHost final : TableHost {
-  [[nodiscard]] bool IsUnlocked() const override { return true; }
-  [[nodiscard]] const LDGRPreferences& preferences() const override { return wanted; }
-  LDGRPreferences wanted;
-};
-
-struct Window {
-  Window() : account(MakeHouseholdAccount(kEntries)) {
-    SetCurrentAccount(account.get());
-    rows.SetTableView(&table);
-    rows.SetTableIdentifier("entry");
-    rows.SetAccountPreferences(std::make_shared<LDGRAccountPreferences>());
-    rows.SetAccount(account);
-    rows.Reload(account->GetEntries());
+struct Window : HouseholdRegister {
+  Window() : HouseholdRegister(kEntries) {
     rows.Redraw();
     view = std::make_unique<desktop::RegisterView>(table, nullptr);
     view->SetDetails(&details);
@@ -55,10 +41,6 @@ struct Window {
     return window;
   }
 
-  UnlockedHost host;
-  std::shared_ptr<LDGRAccount> account;
-  LDGRAccountTableViewData rows{host};
-  TableState table{DefaultRegisterColumns()};
   desktop::EntryDetails details{rows};
   std::unique_ptr<desktop::RegisterView> view;
 };
@@ -135,10 +117,5 @@ BENCHMARK(SelectNearlyAllAndSort)->Arg(0)->Arg(1)->Unit(benchmark::kMillisecond)
 }  // namespace tallyfold::benchmarks
 
 int main(int argc, char** argv) {
-  if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
-  QApplication application(argc, argv);
-  tallyfold::desktop::InstallStyle(application);
-  benchmark::Initialize(&argc, argv);
-  benchmark::RunSpecifiedBenchmarks();
-  return 0;
+  return tallyfold::benchmarks::RunInWindows(argc, argv);
 }

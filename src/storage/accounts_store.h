@@ -199,6 +199,9 @@ class AccountsStore {
   [[nodiscard]] const DataPaths& Paths() const noexcept { return paths_; }
 
  private:
+  // What the owner may do at the least with the folder and the files.
+  static constexpr unsigned kOwnerAll = 0700;
+
   // The state that was last loaded or saved.
   struct Snapshot {
     std::uint64_t list_revision = 0;

@@ -20,12 +20,6 @@ namespace {
 
 using Typed = EntrySheetState::Typed;
 
-std::vector<std::string> Titles(const std::vector<PopUpItem>& items) {
-  std::vector<std::string> titles;
-  for (const PopUpItem& item : items) titles.push_back(item.is_separator ? "-" : item.title);
-  return titles;
-}
-
 TEST(EntrySheets, WriteWhatWasTypedIntoTheEntry) {
   struct Case {
     const char* what;
@@ -140,7 +134,7 @@ std::string Shown(const EntrySheetState& s) {
               ? " no item"
               : ' ' + s.type_items.at(static_cast<std::size_t>(s.typed.type)).title;
   line += s.amount_is_enabled && s.to_from_is_enabled ? "" : " split";
-  return line + " of " + testing::PrintToString(Titles(s.type_items));
+  return line + " of " + testing::PrintToString(TitlesOf(s.type_items));
 }
 
 TEST(EntrySheets, KeepAStoredAmountOfTheWrongSignButTakeNoOther) {

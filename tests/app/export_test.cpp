@@ -29,12 +29,6 @@ struct ExportTest : testing::Test, TestApplication {
   std::shared_ptr<LDGRAccount> first, locked, current;
 };
 
-std::vector<std::string> TitlesOf(const std::vector<PopUpItem>& items) {
-  std::vector<std::string> titles;
-  for (const PopUpItem& item : items) titles.push_back(item.is_separator ? "-" : item.title);
-  return titles;
-}
-
 TEST_F(ExportTest, ProposesWhatWasChosenTheLastTime) {
   struct Case {
     std::int32_t stored;

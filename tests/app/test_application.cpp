@@ -99,6 +99,12 @@ std::vector<std::string> Lines(const LDGRAccount& account) {
   return lines;
 }
 
+std::vector<std::string> TitlesOf(const std::vector<PopUpItem>& items) {
+  std::vector<std::string> titles;
+  for (const PopUpItem& item : items) titles.push_back(item.is_separator ? "-" : item.title);
+  return titles;
+}
+
 std::int32_t IndexOf(const std::vector<PopUpItem>& items, const std::string& title) {
   for (std::size_t i = 0; i < items.size(); ++i) {
     if (items[i].title == title && !items[i].is_separator) return static_cast<std::int32_t>(i);

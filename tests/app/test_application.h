@@ -61,6 +61,8 @@ struct TestApplication {
 [[nodiscard]] std::string Line(const LDGRAccountEntry& entry);
 // The lines of all entries in their order.
 [[nodiscard]] std::vector<std::string> Lines(const LDGRAccount& account);
+// The titles of items, "-" for a separator.
+[[nodiscard]] std::vector<std::string> TitlesOf(const std::vector<PopUpItem>& items);
 // Index of the item with that title, or kNoItem.
 [[nodiscard]] std::int32_t IndexOf(const std::vector<PopUpItem>& items, const std::string& title);
 

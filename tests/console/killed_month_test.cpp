@@ -6,7 +6,6 @@
 
 #include <cstdlib>
 #include <fstream>
-#include <iterator>
 #include <random>
 
 #include "app/controller.h"
@@ -16,6 +15,7 @@
 #include "fakes/fake_ambient.h"
 #include "fakes/fake_run_loop.h"
 #include "fakes/fake_services.h"
+#include "fakes/file_text.h"
 #include "fakes/temporary_folder.h"
 #include "platform/line_aids.h"
 #include "platform/notification_center.h"
@@ -27,11 +27,6 @@
 
 namespace tallyfold::console {
 namespace {
-
-std::string Content(const std::string& path) {
-  std::ifstream file(path, std::ios::binary);
-  return {std::istreambuf_iterator<char>(file), {}};
-}
 
 // What is typed on one day of the month.
 struct Day {
@@ -160,7 +155,7 @@ struct Journal {
 
 Journal ReadJournal(const std::string& path) {
   Journal journal;
-  const std::string text = Content(path);
+  const std::string text = FileText(path);
   for (std::size_t at = 0; at < text.size(); at = text.find('\0', at) + 1) {
     const std::string note = text.c_str() + at;
     if (note[0] == 'P') {
@@ -207,7 +202,7 @@ TEST(Month, KilledAtAnyMomentKeepsEveryEntryOfTheLastSave) {
     SCOPED_TRACE("killed at " + std::to_string(killed_at));
     const TemporaryFolder home;
     const Journal journal = PlayInOwnProcess(month, killed_at, home.path());
-    const std::string file = Content(home / "Library/Tallyfold/Accounts.plist");
+    const std::string file = FileText(home / "Library/Tallyfold/Accounts.plist");
     if (file.empty()) {
       EXPECT_EQ(journal.saves, 0);
       ++unsaved;

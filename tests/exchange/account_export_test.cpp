@@ -1,7 +1,5 @@
 #include <gtest/gtest.h>
 
-#include <fstream>
-#include <iterator>
 #include <limits>
 #include <memory>
 #include <random>
@@ -18,24 +16,17 @@
 #include "exchange/register_export.h"
 #include "fakes/fake_ambient.h"
 #include "fakes/fake_file_system.h"
+#include "fakes/file_text.h"
 #include "filters/filter.h"
-#include "model/account.h"
+#include "model/account_records.h"
 #include "system/iconv_encodings.h"
 
 namespace tallyfold {
 namespace {
 
-std::string FileText(const std::string& name) {
-  std::ifstream file(std::string(TALLYFOLD_TEST_DATA) + '/' + name, std::ios::binary);
-  return {std::istreambuf_iterator<char>(file), {}};
-}
-
 std::shared_ptr<LDGRAccountEntryType> AddType(LDGRAccount& account, std::int32_t number,
                                               std::string_view name, bool is_deposit = false) {
-  auto type = std::make_shared<LDGRAccountEntryType>();
-  type->SetNumber(number);
-  type->SetName(name);
-  type->SetIsDeposit(is_deposit);
+  auto type = MakeType(number, name, is_deposit);
   account.AddType(type);
   return type;
 }
@@ -43,13 +34,12 @@ std::shared_ptr<LDGRAccountEntryType> AddType(LDGRAccount& account, std::int32_t
 std::shared_ptr<LDGRAccountEntry> AddEntry(LDGRAccount& account, DateNumber date, double amount,
                                            std::string_view to_from, std::string_view description,
                                            std::int32_t type) {
-  auto entry = std::make_shared<LDGRAccountEntry>();
-  entry->SetNumber(account.NextAvailableNumber());
-  entry->SetDate(date);
-  entry->SetAmount(amount);
-  (amount < 0 ? entry->SetIsDebit(true) : entry->SetIsDeposit(true));
-  entry->SetToFrom(to_from);
-  entry->SetDescription(description);
+  auto entry = MakeEntry({.number = account.NextAvailableNumber(),
+                          .date = date,
+                          .amount = amount,
+                          .kind = amount < 0 ? EntryFields::Debit : EntryFields::Deposit,
+                          .description = description,
+                          .to_from = to_from});
   entry->SetType(type);
   account.AddEntry(entry);
   return entry;
@@ -100,12 +90,13 @@ class AccountExport : public testing::Test {
 
 TEST_F(AccountExport, WritesTheWholeAccountAsATable) {
   FillFromTheBook();
-  EXPECT_EQ(account_.asTabDelimitedStringWithOptions({}), FileText("checking.txt"));
+  EXPECT_EQ(account_.asTabDelimitedStringWithOptions({}),
+            FileText(TALLYFOLD_TEST_DATA "/checking.txt"));
 }
 
 TEST_F(AccountExport, WritesTheWholeAccountAsQif) {
   FillFromTheBook();
-  std::string expected = FileText("checking.qif");
+  std::string expected = FileText(TALLYFOLD_TEST_DATA "/checking.qif");
   ASSERT_FALSE(expected.empty());
   expected.replace(expected.find("T100.00"), 7, "T139.70");
   EXPECT_EQ(account_.asQIFStringWithOptions({}), expected);

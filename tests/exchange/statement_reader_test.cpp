@@ -4,24 +4,19 @@
 
 #include <filesystem>
 #include <fstream>
-#include <iterator>
 #include <set>
 #include <string>
 
 #include "exchange/csv_lines.h"
 #include "exchange/csv_reader.h"
 #include "exchange/statement_text.h"
+#include "fakes/file_text.h"
 #include "system/iconv_encodings.h"
 
 namespace tallyfold {
 namespace {
 
 const std::filesystem::path kFolder = std::string(TALLYFOLD_TEST_DATA) + "/statements";
-
-std::string Contents(const std::filesystem::path& path) {
-  std::ifstream file(path, std::ios::binary);
-  return {std::istreambuf_iterator<char>(file), {}};
-}
 
 StatementFile Read(std::string_view bytes, const StatementChoices& choices = {}) {
   return ReadStatementFile(bytes, IconvEncodings(), choices);
@@ -37,9 +32,9 @@ TEST(StatementFiles, AreReadAsTheFileBesideThemSays) {
   EXPECT_GE(files.size(), 30U);
   for (const auto& path : files) {
     const std::filesystem::path expected = path.string() + ".read";
-    const std::string read = TextOfStatement(Read(Contents(path)));
+    const std::string read = TextOfStatement(Read(FileText(path)));
     if (std::getenv("TALLYFOLD_ACCEPT_READ") != nullptr) std::ofstream(expected) << read;
-    EXPECT_EQ(read, Contents(expected)) << path << ": accepted by TALLYFOLD_ACCEPT_READ=1";
+    EXPECT_EQ(read, FileText(expected)) << path << ": accepted by TALLYFOLD_ACCEPT_READ=1";
   }
 }
 
@@ -70,7 +65,7 @@ TEST(StatementFiles, AreMendedByChoices) {
       {"cyrillic.csv", baltic, "encoding -2147482361"},
   };
   for (const Case& each : cases) {
-    const std::string read = TextOfStatement(Read(Contents(kFolder / each.file), each.choices));
+    const std::string read = TextOfStatement(Read(FileText(kFolder / each.file), each.choices));
     EXPECT_NE(read.find(each.holds), std::string::npos) << each.file << '\n' << read;
   }
 }
@@ -161,7 +156,7 @@ TEST(StatementFiles, OfAnyLengthEndInAReadingAfterEachByte) {
   EXPECT_TRUE(ReadCsv("sep=;", {}, named).lacks_days);
   for (const auto& each : std::filesystem::directory_iterator(kFolder)) {
     if (each.path().extension() == ".read") continue;
-    const std::string bytes = Contents(each.path());
+    const std::string bytes = FileText(each.path());
     const StatementFile whole = Read(bytes);
     std::size_t most = 0;
     for (const auto& account : whole.accounts) most += account.rows.size();

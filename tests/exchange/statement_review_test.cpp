@@ -3,14 +3,13 @@
 #include <gtest/gtest.h>
 
 #include <filesystem>
-#include <fstream>
-#include <iterator>
 #include <string>
 #include <utility>
 
 #include "exchange/commit_review.h"
 #include "exchange/statement_reader.h"
 #include "fakes/fake_ambient.h"
+#include "fakes/file_text.h"
 #include "system/iconv_encodings.h"
 
 namespace tallyfold {
@@ -95,8 +94,7 @@ TEST(StatementReviews, MarkNothingOfAFileThatWasImportedBefore) {
   std::size_t imported = 0;
   for (const auto& each : std::filesystem::directory_iterator(TALLYFOLD_TEST_DATA "/statements")) {
     if (each.path().extension() == ".read") continue;
-    std::ifstream file(each.path(), std::ios::binary);
-    const std::string bytes(std::istreambuf_iterator<char>(file), {});
+    const std::string bytes = FileText(each.path());
     for (const auto& read : ReadStatementFile(bytes, IconvEncodings()).accounts) {
       LDGRAccount account;
       QifReview first(ReviewEntriesOf(read.rows, account, {}), account);

@@ -4,8 +4,8 @@
 #include <cmath>
 
 #include "fakes/fake_ambient.h"
-#include "model/account.h"
 #include "model/account_entry.h"
+#include "model/account_records.h"
 #include "model/current_account.h"
 #include "model/plist_literals.h"
 
@@ -32,9 +32,7 @@ std::shared_ptr<Entry> Make(std::int32_t number,
 std::vector<std::int32_t> Sorted(EntryList entries, Order order) {
   std::stable_sort(entries.begin(), entries.end(),
                    [order](const auto& a, const auto& b) { return ((*b).*order)(*a) > 0; });
-  std::vector<std::int32_t> numbers;
-  for (const auto& entry : entries) numbers.push_back(entry->GetNumber());
-  return numbers;
+  return NumbersOf(entries);
 }
 
 // Each list is written in its order; numbers tell what ties decide.
@@ -108,8 +106,7 @@ TEST(EntryOrders, SortByTheirKeysThenByNumberAndMirrored) {
        &Entry::ClearedIsGreaterThan_Reversed,
        {Make(3, {}), Make(9, {}), Make(1, {{"cleared", true}}), Make(7, {{"cleared", true}})}}};
   for (const auto& c : cases) {
-    std::vector<std::int32_t> expected;
-    for (const auto& entry : c.entries) expected.push_back(entry->GetNumber());
+    std::vector<std::int32_t> expected = NumbersOf(c.entries);
     EntryList shuffled = c.entries;
     std::rotate(shuffled.begin(), shuffled.begin() + 2, shuffled.end());
     EXPECT_EQ(Sorted(shuffled, c.order), expected) << c.name;

@@ -13,6 +13,7 @@
 #include <string>
 #include <utility>
 
+#include "fakes/file_text.h"
 #include "fakes/temporary_folder.h"
 #include "system/posix_file_system.h"
 
@@ -79,11 +80,6 @@ class FaultyCalls final : public FileCalls {
   bool short_write_ = false;
 };
 
-std::string Content(const std::string& path) {
-  std::ifstream file(path, std::ios::binary);
-  return {std::istreambuf_iterator<char>(file), {}};
-}
-
 void Put(const std::string& path, const std::string& content) {
   std::ofstream(path, std::ios::binary) << content;
 }
@@ -120,14 +116,14 @@ int FailAtEveryStep(FaultyCalls::Failing failing, bool replaces) {
     const bool written{WriteNew(calls, path)};
     if (!calls.HasFailed()) {
       EXPECT_TRUE(written);
-      EXPECT_TRUE(Content(path) == kNew);
+      EXPECT_TRUE(FileText(path) == kNew);
       EXPECT_EQ(FileCount(folder.path()), 1u);
       return step - 1;
     }
 
     SCOPED_TRACE("step " + std::to_string(step) + (replaces ? " replacing" : " making"));
-    const bool is_new = Content(path) == kNew;
-    const bool is_old = replaces ? Content(path) == "old" : !fs::exists(path);
+    const bool is_new = FileText(path) == kNew;
+    const bool is_old = replaces ? FileText(path) == "old" : !fs::exists(path);
     EXPECT_TRUE(is_new || is_old);
     if (written) {
       EXPECT_TRUE(is_new);
@@ -235,10 +231,10 @@ TEST(AtomicWrite, DestroysNothingThatCameInMeanwhile) {
           calls, path, terms, 0600, [](ByteSink& sink) { return sink.Append("new"), true; });
       EXPECT_EQ(!report.failure, c.written);
       EXPECT_EQ(report.found_another, !c.written);
-      EXPECT_EQ(Content(path) == "new", c.written);
+      EXPECT_EQ(FileText(path) == "new", c.written);
       EXPECT_EQ(report.in_place, c.written ? files.Identity(path) : std::nullopt);
       if (c.meddling == Meddling::SwapIn) {
-        EXPECT_EQ(Content(path), "theirs");
+        EXPECT_EQ(FileText(path), "theirs");
       }
       EXPECT_EQ(FileCount(folder.path()), 1u);
     }
@@ -265,7 +261,7 @@ TEST(AtomicWrite, SparesWhatCameInWhereThereIsNoWayBack) {
   files.RemoveTemporaries(folder.path());
   for (const std::string& name : files.List(folder.path())) {
     EXPECT_TRUE(name == "file" ||
-                (name.starts_with("file.kept-") && Content(folder / name.c_str()) == "theirs"))
+                (name.starts_with("file.kept-") && FileText(folder / name.c_str()) == "theirs"))
         << name;
   }
   EXPECT_EQ(FileCount(folder.path()), 2u);
@@ -284,7 +280,7 @@ TEST(AtomicWrite, TellsTheFileThatIsInPlaceAndWhereItFailed) {
       EXPECT_EQ(report.failure->step, FileStep::SyncFolder);
       EXPECT_EQ(report.failure->reason, "Input/output error");
       const bool stays = replaces && knows == Knows::NeitherOfThem;
-      EXPECT_EQ(Content(path) == kNew, stays);
+      EXPECT_EQ(FileText(path) == kNew, stays);
       EXPECT_EQ(report.in_place, stays ? PosixFileSystem().Identity(path) : std::nullopt);
     }
   }
@@ -327,7 +323,7 @@ TEST(AtomicWrite, LeavesNothingBehindAProducerThatGivesUp) {
                    calls, folder / "file", {}, 0600,
                    [](ByteSink&) -> bool { throw std::runtime_error("out of memory"); })),
                std::runtime_error);
-  EXPECT_EQ(Content(folder / "file"), "old");
+  EXPECT_EQ(FileText(folder / "file"), "old");
   EXPECT_EQ(FileCount(folder.path()), 1u);
 }
 
@@ -354,7 +350,7 @@ TEST(AtomicWrite, KeepsTheModeOfAFileAndGivesANewOneItsOwn) {
     }
     EXPECT_TRUE(files.WriteAtomically(path, c.new_mode, "new")) << c.name;
     EXPECT_EQ(Mode(path), c.expected) << c.name;
-    EXPECT_EQ(Content(path), "new") << c.name;
+    EXPECT_EQ(FileText(path), "new") << c.name;
   }
   umask(former_mask);
 }
@@ -371,11 +367,11 @@ TEST(AtomicWrite, FollowsSymbolicLinks) {
   fs::create_symlink("there", folder / "to a folder");
 
   EXPECT_TRUE(files.WriteAtomically(folder / "absolute", NewFileMode::Private, "new"));
-  EXPECT_EQ(Content(folder / "there/file"), "new");
+  EXPECT_EQ(FileText(folder / "there/file"), "new");
   EXPECT_TRUE(fs::is_symlink(folder / "relative"));
   EXPECT_TRUE(fs::is_symlink(folder / "absolute"));
   EXPECT_TRUE(files.WriteAtomically(folder / "dangling", NewFileMode::Private, "made"));
-  EXPECT_EQ(Content(folder / "there/not yet"), "made");
+  EXPECT_EQ(FileText(folder / "there/not yet"), "made");
   EXPECT_FALSE(files.WriteAtomically(folder / "circle", NewFileMode::Private, "new"));
   EXPECT_FALSE(files.WriteAtomically(folder / "to a folder", NewFileMode::Private, "new"));
   EXPECT_EQ(FileCount(folder / "there"), 2u);

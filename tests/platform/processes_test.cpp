@@ -14,6 +14,7 @@
 #include <vector>
 
 #include "fakes/fake_run_loop.h"
+#include "fakes/file_text.h"
 #include "fakes/temporary_folder.h"
 #include "platform/notification_center.h"
 #include "system/posix_file_system.h"
@@ -32,10 +33,7 @@ class NamedPipe {
  public:
   NamedPipe() { EXPECT_EQ(mkfifo(path().c_str(), 0600), 0); }
   [[nodiscard]] std::string path() const { return folder_ / "pipe"; }
-  [[nodiscard]] std::string ReadAll() const {
-    std::ifstream file(path());
-    return {std::istreambuf_iterator<char>(file), {}};
-  }
+  [[nodiscard]] std::string ReadAll() const { return FileText(path()); }
 
  private:
   TemporaryFolder folder_;

@@ -1,13 +1,13 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <fstream>
 #include <iterator>
 #include <map>
 #include <random>
 #include <set>
 
 #include "fakes/fake_ambient.h"
+#include "fakes/file_text.h"
 #include "model/amounts.h"
 #include "model/current_account.h"
 #include "model/date_format.h"
@@ -51,8 +51,7 @@ struct ShownRegister {
 };
 
 std::shared_ptr<LDGRAccount> ExampleAccount() {
-  std::ifstream file(std::string(TALLYFOLD_TEST_DATA) + "/../../examples/Accounts.plist");
-  const std::string bytes(std::istreambuf_iterator<char>(file), {});
+  const std::string bytes = FileText(TALLYFOLD_TEST_DATA "/../../examples/Accounts.plist");
   const plist::Dictionary accounts = plist::Read(bytes).value.DictionaryValue();
   auto account =
       std::make_shared<LDGRAccount>(accounts.Get("accounts").ArrayValue().At(0).DictionaryValue());

@@ -4,8 +4,9 @@
 
 #include <filesystem>
 #include <fstream>
-#include <iterator>
 #include <string>
+
+#include "fakes/file_text.h"
 
 namespace tallyfold {
 
@@ -13,9 +14,9 @@ namespace tallyfold {
 // that shows how, and the one that accepts it.
 inline testing::AssertionResult IsAsInFile(const std::string& text, const std::string& name) {
   const std::string expected_path = std::string(TALLYFOLD_TEST_DATA) + '/' + name;
-  std::ifstream file(expected_path, std::ios::binary);
-  const std::string expected(std::istreambuf_iterator<char>(file), {});
-  if (file && text == expected) return testing::AssertionSuccess();
+  const std::string expected = FileText(expected_path);
+  if (std::filesystem::exists(expected_path) && text == expected)
+    return testing::AssertionSuccess();
   const std::filesystem::path actual_path = std::filesystem::path(testing::TempDir()) / name;
   std::filesystem::create_directories(actual_path.parent_path());
   std::ofstream(actual_path, std::ios::binary) << text;

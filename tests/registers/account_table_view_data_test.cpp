@@ -20,6 +20,20 @@
 namespace tallyfold {
 namespace {
 
+// Another register with what was stored of one, as after the next launch.
+struct LaterRegister {
+  LaterRegister(const TableHost& host, const LDGRAccountPreferences& stored) : rows(host) {
+    rows.SetTableView(&table);
+    rows.SetTableIdentifier("entry");
+    rows.SetAccountPreferences(
+        std::make_shared<LDGRAccountPreferences>(stored.asDictionary().DeepCopy()));
+    rows.ReconfigureTable();
+  }
+
+  TableState table{DefaultRegisterColumns()};
+  LDGRAccountTableViewData rows;
+};
+
 class RegisterRowsTest : public testing::Test {
  protected:
   RegisterRowsTest() {
@@ -341,19 +355,13 @@ TEST_F(RegisterRowsTest, ShowHiddenColumnsAtTheirPlacesInAnyOrder) {
         columns.Append(Column(column.identifier, column.width));
       }
       preferences_->SetColumns(columns, "entry");
-      TableState other_table(DefaultRegisterColumns());
-      LDGRAccountTableViewData other(host_);
-      other.SetTableView(&other_table);
-      other.SetTableIdentifier("entry");
-      other.SetAccountPreferences(
-          std::make_shared<LDGRAccountPreferences>(preferences_->asDictionary().DeepCopy()));
-      other.ReconfigureTable();
+      LaterRegister later(host_, *preferences_);
       for (const auto& column : {shown[2], shown[3]}) {
         rows_.ShowTableColumnWithIdentifier(column);
-        other.ShowTableColumnWithIdentifier(column);
+        later.rows.ShowTableColumnWithIdentifier(column);
       }
       ASSERT_EQ(names(rows_), all);
-      ASSERT_EQ(names(other), all);
+      ASSERT_EQ(names(later.rows), all);
     } while (std::ranges::next_permutation(shown).found);
   } while (std::ranges::next_permutation(hidden).found);
 }
@@ -371,19 +379,13 @@ TEST_F(RegisterRowsTest, HideColumnsAndBringThemBackToTheirPlace) {
   rows_.Reload(account_->GetEntries());
   EXPECT_EQ(Rows(), "1 2 3 ");
 
-  // Another table of the same layout, as after the next launch.
-  TableState other_table(DefaultRegisterColumns());
-  LDGRAccountTableViewData other(host_);
-  other.SetTableView(&other_table);
-  other.SetTableIdentifier("entry");
-  other.SetAccountPreferences(
-      std::make_shared<LDGRAccountPreferences>(preferences_->asDictionary().DeepCopy()));
-  other.ReconfigureTable();
-  EXPECT_EQ(other_table.Columns(), table_.Columns());
-  other.ShowTableColumnWithIdentifier("description");
-  EXPECT_EQ(other_table.Columns()[3].identifier, "description");
-  EXPECT_EQ(other_table.Columns()[3].width, 222.0);
-  EXPECT_TRUE(other.GetAccountPreferences()->GetHiddenColumnsForTableIdentifier("entry")->empty());
+  LaterRegister later(host_, *preferences_);
+  EXPECT_EQ(later.table.Columns(), table_.Columns());
+  later.rows.ShowTableColumnWithIdentifier("description");
+  EXPECT_EQ(later.table.Columns()[3].identifier, "description");
+  EXPECT_EQ(later.table.Columns()[3].width, 222.0);
+  const auto kept = later.rows.GetAccountPreferences();
+  EXPECT_TRUE(kept->GetHiddenColumnsForTableIdentifier("entry")->empty());
 
   for (const TableColumn& column : DefaultRegisterColumns()) {
     rows_.HideTableColumnWithIdentifier(column.identifier);

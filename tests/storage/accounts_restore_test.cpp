@@ -1,9 +1,8 @@
 #include <gtest/gtest.h>
 
 #include <cstdint>
-#include <fstream>
-#include <iterator>
 
+#include "fakes/file_text.h"
 #include "storage/accounts_store_fixture.h"
 #include "storage/compressed_file.h"
 
@@ -33,8 +32,7 @@ std::string FileThatChangesItsManner() {
 
 // The same as the tool leaves it, told to use a small table.
 std::string CompressedFile() {
-  std::ifstream file(TALLYFOLD_TEST_DATA "/accounts-backup.Z", std::ios::binary);
-  return {std::istreambuf_iterator<char>(file), {}};
+  return FileText(TALLYFOLD_TEST_DATA "/accounts-backup.Z");
 }
 
 const std::string kOne =

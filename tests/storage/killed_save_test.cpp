@@ -5,10 +5,10 @@
 
 #include <cstdlib>
 #include <fstream>
-#include <iterator>
 
 #include "fakes/fake_ambient.h"
 #include "fakes/fake_services.h"
+#include "fakes/file_text.h"
 #include "fakes/temporary_folder.h"
 #include "storage/accounts_store.h"
 #include "storage/sample_account.h"
@@ -37,11 +37,6 @@ struct ProgramRun : AccountsStore::Host {
   DataFolderLock lock{files, alerts, application, gate};
   AccountsStore store;
 };
-
-std::string Content(const std::string& path) {
-  std::ifstream file(path, std::ios::binary);
-  return {std::istreambuf_iterator<char>(file), {}};
-}
 
 // Loads, adds an account and saves in a process of its own; true when that was not killed.
 bool SaveInOwnProcess(int killed_at) {
@@ -77,10 +72,10 @@ TEST(AccountsSaving, KilledAtAnyStepLeavesTheOldFileOrTheNewOne) {
       if (!old.empty()) std::ofstream(file) << old;
 
       const bool was_killed = !SaveInOwnProcess(at);
-      if (at == 0) saved = Content(file);
+      if (at == 0) saved = FileText(file);
       if (at > 0 && !was_killed) done = 1;
       ASSERT_LT(at, 100);
-      const std::string found = Content(file);
+      const std::string found = FileText(file);
       EXPECT_TRUE(found == old || found == saved);
       EXPECT_TRUE(was_killed || found == saved);
 
@@ -95,7 +90,7 @@ TEST(AccountsSaving, KilledAtAnyStepLeavesTheOldFileOrTheNewOne) {
         const std::string name = entry.path().filename().string();
         EXPECT_FALSE(name.starts_with(kTemporaryPrefix)) << name;
         is_kept = is_kept || (name.starts_with("Accounts.plist.kept-") &&
-                              Content(entry.path().string()) == old);
+                              FileText(entry.path().string()) == old);
       }
       EXPECT_TRUE(is_kept || old != "no property list" || found == old);
     }

@@ -30,6 +30,11 @@ bool IsUtf8BeyondAscii(std::string_view bytes) {
          });
 }
 
+StatementReviewOptions ReviewOptions(const StatementOptionsState::Typed& typed) {
+  return {.suggests_types = typed.suggests_types,
+          .zero_amounts_as_deposits = typed.zero_amounts_as_deposits};
+}
+
 }  // namespace
 
 StatementImport::StatementImport(FileContents contents, const TextEncodings& encodings,
@@ -131,9 +136,7 @@ std::vector<StatementRow> StatementImport::Rows(std::size_t most) const {
 }
 
 QifImportEntryList StatementImport::Entries(const LDGRAccount& account) const {
-  return ReviewEntriesOf(Rows(SIZE_MAX), account,
-                         {.suggests_types = state_.typed.suggests_types,
-                          .zero_amounts_as_deposits = state_.typed.zero_amounts_as_deposits});
+  return ReviewEntriesOf(Rows(SIZE_MAX), account, ReviewOptions(state_.typed));
 }
 
 ImportHints StatementImport::Hints(DateNumber today) const {
@@ -223,10 +226,8 @@ void StatementImport::Show(const LDGRAccount& account, const TableFormat& format
   state_.last_day = last ? DayCell(*last, format).text : "";
   state_.proof = ChosenProof();
   state_.rows.clear();
-  const StatementReviewOptions options{
-      .suggests_types = state_.typed.suggests_types,
-      .zero_amounts_as_deposits = state_.typed.zero_amounts_as_deposits};
-  for (const auto& entry : ReviewEntriesOf(Rows(kMostProofRows), account, options)) {
+  for (const auto& entry :
+       ReviewEntriesOf(Rows(kMostProofRows), account, ReviewOptions(state_.typed))) {
     state_.rows.push_back(ProofRowOf(*entry, format));
   }
   ShowSettings();

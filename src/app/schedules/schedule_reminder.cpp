@@ -70,8 +70,7 @@ bool ScheduleReminder::Open() {
 void ScheduleReminder::Show() {
   const LDGRPreferences& preferences = desk_.preferences();
   state_ = ScheduleReminderState();
-  typed_.clear();
-  folded_amounts_.clear();
+  typed_rows_.Clear();
   state_.is_open = true;
   state_.typed.look_ahead = std::to_string(std::max(preferences.GetScheduleLookAhead(), 0));
   state_.typed.look_ahead_unit = UnitOf(preferences.GetScheduleLookAheadType());
@@ -154,36 +153,8 @@ std::vector<ScheduleReminder::Due> ScheduleReminder::DueOccurrences() {
   return due;
 }
 
-ScheduleReminder::RowKey ScheduleReminder::KeyOf(const ReminderRow& row) {
-  return {row.schedule.get(), row.days.front(), row.days.back(), row.days.size()};
-}
-
-void ScheduleReminder::Remember() {
-  for (const ReminderRow& row : state_.rows) {
-    typed_[KeyOf(row)] = row.typed;
-    if (!row.date_is_enabled) {
-      folded_amounts_[{row.schedule.get(), row.is_ahead}] = row.typed.amount;
-    }
-  }
-}
-
-void ScheduleReminder::Recall(ReminderRow& row) const {
-  if (const auto known = typed_.find(KeyOf(row)); known != typed_.end()) row.typed = known->second;
-  if (row.date_is_enabled) return;
-  // Folded with other days than before: the amount is meant, a mark of those days is not.
-  if (!typed_.contains(KeyOf(row))) {
-    row.typed.is_marked =
-        row.typed.is_marked && std::ranges::none_of(row.days, [this, &row](DateNumber day) {
-          const auto single = typed_.find({row.schedule.get(), day, day, 1});
-          return single != typed_.end() && !single->second.is_marked;
-        });
-  }
-  const auto amount = folded_amounts_.find({row.schedule.get(), row.is_ahead});
-  if (amount != folded_amounts_.end()) row.typed.amount = amount->second;
-}
-
 void ScheduleReminder::Fill() {
-  Remember();
+  typed_rows_.Remember(state_.rows);
   // The rows are others now.
   if (state_.problem && state_.problem->row != -1) state_.problem.reset();
   state_.rows.clear();
@@ -199,7 +170,7 @@ void ScheduleReminder::Fill() {
   }
   std::ranges::stable_sort(state_.rows, {},
                            [](const ReminderRow& row) { return row.days.front(); });
-  for (ReminderRow& row : state_.rows) Recall(row);
+  for (ReminderRow& row : state_.rows) typed_rows_.Recall(row);
   state_.sentence = ReminderSentence(state_.due, state_.ahead);
   UpdateBalance();
 }

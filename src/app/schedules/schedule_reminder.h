@@ -2,13 +2,10 @@
 
 #include <chrono>
 #include <cstdint>
-#include <map>
 #include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
-#include <tuple>
-#include <utility>
 #include <vector>
 
 #include "app/desk.h"
@@ -16,6 +13,7 @@
 #include "app/face/sheet_slot.h"
 #include "app/schedules/schedule_commit.h"
 #include "app/schedules/schedule_reminder_state.h"
+#include "app/schedules/typed_reminder_rows.h"
 #include "model/account.h"
 #include "platform/run_loop.h"
 
@@ -84,20 +82,12 @@ class ScheduleReminder {
     std::vector<Due> left;
   };
 
-  // A row by its schedule, its first and last day and how many there are between them.
-  using RowKey = std::tuple<const LDGRAccountSchedule*, DateNumber, DateNumber, std::size_t>;
-  // A folded row by its schedule and whether its days are to come.
-  using FoldKey = std::pair<const LDGRAccountSchedule*, bool>;
-
-  [[nodiscard]] static RowKey KeyOf(const ReminderRow& row);
   [[nodiscard]] DateNumber LookAheadDate();
   [[nodiscard]] std::vector<Due> DueOccurrences();
   [[nodiscard]] bool IsPutOff(const std::vector<Due>& due);
   void Show();
   // Fills the rows; those that were there at any time keep what was typed.
   void Fill();
-  void Remember();
-  void Recall(ReminderRow& row) const;
   void AddRows(const LDGRAccount& account, const Due& due, bool is_ahead, bool folds);
   void UpdateBalance();
   [[nodiscard]] std::optional<double> Balance() const;
@@ -118,10 +108,7 @@ class ScheduleReminder {
   const RunLoop& loop_;
   Announcer& announcer_;
   ScheduleReminderState state_;
-  // What was typed while the sheet is open, also into rows that are out of sight.
-  std::map<RowKey, ReminderRow::Typed> typed_;
-  // The amounts of folded rows, which stay while days come and go.
-  std::map<FoldKey, std::optional<double>> folded_amounts_;
+  TypedReminderRows typed_rows_;
   std::vector<PutOff> put_off_;
 };
 
