@@ -18,6 +18,8 @@ namespace {
 using State = StatementOptionsState;
 
 constexpr std::string_view kLeftToReader = "auto";
+// Of a text of the file.
+constexpr std::size_t kLongestOfFile = 60;
 
 std::string Listed(std::span<const StatementWord> words) {
   std::string list;
@@ -76,11 +78,10 @@ std::string ColumnsOf(const State& state) {
 }
 
 std::string QuestionText(const State& state, const StatementQuestion& question) {
-  constexpr std::size_t kMostCharacters = 60;
   std::string text(TextOf(question.kind));
   const auto setting = SettingOf(question.kind);
   if (!question.sample.empty()) {
-    text += ' ' + Quoted(FirstCharacters(question.sample, kMostCharacters));
+    text += ' ' + Quoted(FirstCharacters(question.sample, kLongestOfFile));
   }
   text += question.rows == 1 ? " in 1 row:" : " in " + std::to_string(question.rows) + " rows:";
   for (std::size_t i = 0; i < question.candidates.size(); ++i) {
@@ -88,7 +89,7 @@ std::string QuestionText(const State& state, const StatementQuestion& question) 
     text += i == 0 ? " " : ", ";
     text += setting ? SettingAsTyped(state, *setting, candidate.value)
                     : "column=" + std::to_string(candidate.value + 1) + ":amount";
-    text += " reads " + Quoted(FirstCharacters(candidate.reading, kMostCharacters));
+    text += " reads " + Quoted(FirstCharacters(candidate.reading, kLongestOfFile));
   }
   return text;
 }
@@ -199,6 +200,9 @@ void ConfirmStatementOptions(Console& console, const StatementChoicesTyped& choi
   if (import.ImportOptions_OK()) return;
   if (state.problem.empty() && !state.questions.empty()) throw CommandError(QuestionsText(state));
   std::string problem = TextOf(import.Options().problem);
+  if (!state.message.empty()) {
+    problem += "; the bank says " + Quoted(FirstCharacters(state.message, kLongestOfFile));
+  }
   if (!state.columns.empty()) problem += "; its columns are " + ColumnsOf(state);
   throw CommandError(problem);
 }

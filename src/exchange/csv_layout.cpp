@@ -92,7 +92,7 @@ std::size_t KnownHighHeadings(std::string_view lines) {
 }
 
 // The lines of each reading, which has as many as the others.
-std::vector<std::vector<std::string_view>> LinesOf(const std::vector<std::string>& readings) {
+std::vector<std::vector<std::string_view>> LinesOfEach(const std::vector<std::string>& readings) {
   std::vector<std::vector<std::string_view>> lines(readings.size());
   for (std::size_t i = 0; i < readings.size(); ++i) {
     std::string_view left = readings[i];
@@ -148,12 +148,12 @@ TextEncoding ByteEncodingOf(std::string_view bytes, const TextEncodings& encodin
     readings.push_back(*std::move(decoded));
   }
   if (question.candidates.empty()) return TextEncoding::Windows1252;
-  const auto read = LinesOf(readings);
+  const auto read = LinesOfEach(readings);
   const std::size_t telling = MostTellingLine(read);
   for (std::size_t i = 0; i < read.size(); ++i) {
     question.candidates[i].reading = read[i][telling];
   }
-  question.sample = plist::ToValidUtf8(LinesOf({lines}).front()[telling]);
+  question.sample = plist::ToValidUtf8(LinesOfEach({lines}).front()[telling]);
   if (IsMostlyHigh(lines)) {
     std::stable_partition(
         question.candidates.begin(), question.candidates.end(), [](const auto& each) {

@@ -50,6 +50,10 @@ std::string_view ProblemOf(const StatementFile& file) noexcept {
   const bool is_statement =
       file.content == ImportContent::Ofx || file.content == ImportContent::Camt;
   if (is_statement && file.accounts.empty()) {
+    if (file.left_out_accounts > 0) {
+      return "the file has statements of shares or their like alone, which cannot be imported; "
+             "choose another account for the download";
+    }
     return "the file has no statement of an account; download it again";
   }
   return "";
