@@ -56,7 +56,15 @@ TEST(AccountSheet, CannotBeStoredUntilEverythingIsRight) {
       {"another case", [](TypedAccount& t) { t.password = "x", t.password_again = "X"; }, false},
       {"a password", [](TypedAccount& t) { t.password = t.password_again = "x"; }, true},
       {"a type without a name", [](TypedAccount& t) { t.types[0].name = ""; }, false},
+      {"a type twice", [](TypedAccount& t) { t.types[0].name = t.types[1].name; }, false},
+      {"a type twice, one out of use",
+       [](TypedAccount& t) { t.types[0].name = t.types[1].name, t.types[1].is_active = false; },
+       true},
+      {"a type of each kind", [](TypedAccount& t) { t.types[0].name = t.types[3].name; }, true},
       {"no types", [](TypedAccount& t) { t.types.clear(); }, true},
+      {"fewer than no texts", [](TypedAccount& t) { t.to_froms_count = -5; }, false},
+      {"no number of texts that counts",
+       [](TypedAccount& t) { t.to_froms_count = 0, t.to_froms_style = 2; }, true},
   };
   for (const Case& c : cases) {
     TestApplication test;

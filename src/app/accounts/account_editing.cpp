@@ -40,6 +40,13 @@ Problem In(std::string_view control, std::string_view text, std::int32_t row = -
   return {"accountEditSheet_" + std::string(control), LocalizedText(text), row};
 }
 
+// Only the style of the latest texts counts them.
+bool IsCount(std::int32_t style, std::optional<std::int32_t> count) {
+  constexpr std::int32_t kLatest = 1;
+  constexpr std::int32_t kMostTexts = 100000;
+  return count && (style != kLatest || (*count >= 1 && *count <= kMostTexts));
+}
+
 std::optional<Problem> ProblemOf(const AccountEditSheetState& state) {
   const Typed& typed = state.typed;
   if (IsBlank(typed.name)) return In("Name_Field", "The account needs a name.");
@@ -63,9 +70,14 @@ std::optional<Problem> ProblemOf(const AccountEditSheetState& state) {
     return Problem{"accountEditSheet_Types_Table",
                    Message("There is already a type \"{1}\" of that kind.", {name}), row};
   }
-  constexpr std::string_view kNoCount = "The number of texts must be a whole number.";
-  if (!typed.descriptions_count) return In("DescriptionsCount_Field", kNoCount);
-  if (!typed.to_froms_count) return In("ToFromsCount_Field", kNoCount);
+  constexpr std::string_view kNoCount =
+      "The number of texts must be a whole number from 1 to 100000.";
+  if (!IsCount(typed.descriptions_style, typed.descriptions_count)) {
+    return In("DescriptionsCount_Field", kNoCount);
+  }
+  if (!IsCount(typed.to_froms_style, typed.to_froms_count)) {
+    return In("ToFromsCount_Field", kNoCount);
+  }
   return std::nullopt;
 }
 
