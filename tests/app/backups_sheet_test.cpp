@@ -66,6 +66,16 @@ TEST(BackupsSheet, TellsWhatDiffersButNothingOfWhatIsLocked) {
   EXPECT_FALSE(sheet.State().restore_is_enabled);
   EXPECT_FALSE(sheet.Restore());
   sheet.SelectBackup(0);
+  // Gone meanwhile.
+  const std::string path =
+      app.accountsStore().Paths().data_folder + '/' + sheet.State().rows.front().name;
+  const std::string content = test.files.Content(path).value();
+  test.files.Remove(path);
+  EXPECT_FALSE(sheet.Restore());
+  EXPECT_TRUE(sheet.State().problem);
+  test.files.AddFile(path, content);
+  sheet.SelectBackup(0);
+  EXPECT_FALSE(sheet.State().problem);
   test.alerts.Answer("Restore");
   EXPECT_TRUE(sheet.Restore());
   EXPECT_FALSE(sheet.State().is_open);

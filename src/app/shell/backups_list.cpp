@@ -41,8 +41,11 @@ AccountsStore::RestoreResult BackupsList::Accounts_RestoreBackup(const std::stri
   const Announcer::Operation operation(announcer_);
   state_ = {};
   announcer_.Changed(Area::BackUp);
-  const auto result = Loaded(store_.Accounts_RestoreBackup(name));
-  if (result == AccountsStore::RestoreResult::Failed) {
+  using Result = AccountsStore::RestoreResult;
+  const Result result = Loaded(store_.Accounts_RestoreBackup(name));
+  if (result == Result::Unreadable) {
+    state_.problem = Message("The backup \"{1}\" can no longer be read.", {name});
+  } else if (result == Result::Failed) {
     state_.problem =
         ProblemAs(LocalizedText("Nothing was restored, for the accounts of now could not be kept"));
   }

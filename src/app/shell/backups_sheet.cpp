@@ -62,8 +62,10 @@ bool BackupsSheet::Open() {
   state_.is_open = true;
   const auto days = static_cast<std::size_t>(std::max(0, desk_.preferences().GetBackupInterval()));
   state_.note =
-      Message(Plural("Backups are made every day.", "Backups are made every {1} days.", days),
-              {std::to_string(days)}) +
+      (days == 0 ? LocalizedText("Backups are made at every launch.")
+                 : Message(Plural("Backups are made every day.", "Backups are made every {1} days.",
+                                  days),
+                           {std::to_string(days)})) +
       ' ' +
       LocalizedText(
           "What you restore takes the place of everything you have now; what you have now is kept "
@@ -103,6 +105,7 @@ void BackupsSheet::ShowRows() {
 
 void BackupsSheet::SelectBackup(std::int32_t row) {
   if (!state_.is_open) return;
+  state_.problem.reset();
   state_.selected = IsRow(row, state_.rows.size()) ? row : -1;
   const Row* selected =
       state_.selected < 0 ? nullptr : &state_.rows[static_cast<std::size_t>(state_.selected)];
