@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "app/exchange/qif_date_items.h"
+#include "app/exchange/qif_import_table_data.h"
 #include "exchange/qif_fields.h"
 #include "model/account_entry.h"
 #include "model/entry_type.h"
@@ -14,7 +15,7 @@ namespace {
 
 QifImportProof::Row RowOf(const QifEntry& entry, const TableFormat& format) {
   QifImportProof::Row row;
-  row.date = DayCell(entry.date.value_or(0), format);
+  row.date = DayCellOfFile(entry.date.value_or(0), format);
   row.type = entry.type.value_or("");
   row.description = entry.description.value_or("");
   row.is_split = !entry.splits.empty() && entry.splits.size() <= kMostQifSplitLines;
@@ -35,7 +36,7 @@ QifImportProof::Row RowOf(const QifEntry& entry, const TableFormat& format) {
 
 QifImportProof::Row ProofRowOf(const LDGRQIFImportEntry& entry, const TableFormat& format) {
   const auto& type = entry.GetActualType();
-  return {.date = DayCell(entry.GetDate(), format),
+  return {.date = DayCellOfFile(entry.GetDate(), format),
           .type = type != nullptr ? type->GetName() : std::string(),
           .description = entry.GetDescription(),
           .to_from = entry.GetToFrom(),

@@ -21,6 +21,7 @@ int By(const Entry& a, const Entry& b) {
 }
 
 constexpr std::string_view kImport = "import";
+constexpr std::string_view kDate = "date";
 constexpr std::string_view kType = "type";
 constexpr std::string_view kMatch = "match";
 
@@ -31,7 +32,7 @@ struct ColumnOrder {
 
 constexpr std::array kOrders = {
     ColumnOrder{kImport, By<&Entry::ImportIsGreaterThan>},
-    ColumnOrder{"date", By<&Entry::DateIsGreaterThan>},
+    ColumnOrder{kDate, By<&Entry::DateIsGreaterThan>},
     ColumnOrder{"check", By<&Entry::CheckNumberIsGreaterThan>},
     ColumnOrder{kType, By<&Entry::TypePrimaryDateSecondaryIsGreaterThan>},
     ColumnOrder{"description", By<&Entry::DescriptionIsGreaterThan>},
@@ -50,9 +51,14 @@ std::vector<TableColumn> ReviewColumns() {
   return columns;
 }
 
+TableCell DayCellOfFile(DateNumber day, const TableFormat& format) {
+  return day == 0 ? TableCell{.number = 0.0} : DayCell(day, format);
+}
+
 TableCell CellOfReviewed(const LDGRQIFImportEntry& entry, std::string_view column,
                          const TableFormat& format) {
   if (column == kImport) return MarkCell(entry.GetImport());
+  if (column == kDate) return DayCellOfFile(entry.GetDate(), format);
   if (column == kType) {
     const auto& type = entry.GetActualType();
     return {.text = type != nullptr ? type->GetName() : std::string()};

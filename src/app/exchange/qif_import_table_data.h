@@ -32,6 +32,10 @@ enum class ReviewStanding : std::uint8_t {
 // LDGRQIFImportController::MatchOf() and StandingOf().
 [[nodiscard]] std::vector<TableColumn> ReviewColumns();
 
+// The day of an entry of a file: empty for one that has none or none that can be read, of which a
+// calendar would make some day all the same.
+[[nodiscard]] TableCell DayCellOfFile(DateNumber day, const TableFormat& format);
+
 // What an entry under review shows in a column; nothing for an unknown one.
 [[nodiscard]] TableCell CellOfReviewed(const LDGRQIFImportEntry& entry, std::string_view column,
                                        const TableFormat& format);
