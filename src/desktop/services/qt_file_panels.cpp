@@ -98,6 +98,19 @@ class QtFilePanels::Panel final : public QFileDialog {
 
 namespace {
 
+// What a file can be called, of a name that may be any text.
+QString FileNameFrom(const QString& name) {
+  constexpr qsizetype kMostBytes = 255;
+  constexpr qsizetype kCutLength = 80;
+  QString file = name;
+  file.replace(QLatin1Char('/'), QLatin1Char('-'));
+  if (file.toUtf8().size() <= kMostBytes) return file;
+  const QString suffix = QFileInfo(file).suffix();
+  file.truncate(kCutLength);
+  if (file.back().isHighSurrogate()) file.chop(1);
+  return file + QLatin1Char('.') + suffix;
+}
+
 // The toolkit leaves most of them without a name for assistive technology.
 void NameWidgets(QFileDialog& panel) {
   const std::pair<const char*, QString> names[] = {
@@ -134,7 +147,7 @@ std::optional<std::string> QtFilePanels::Run(Panel& panel, const FilePanelReques
   panel.setObjectName(QLatin1String("file_Panel"));
   panel.setWindowTitle(ToQString(request.title));
   panel.setDirectory(folder_.empty() ? QDir::homePath() : ToQString(folder_));
-  if (!request.name.empty()) panel.selectFile(ToQString(request.name));
+  if (!request.name.empty()) panel.selectFile(FileNameFrom(ToQString(request.name)));
   if (!request.name_label.empty()) {
     panel.setLabelText(QFileDialog::FileName, ToQString(request.name_label));
   }
