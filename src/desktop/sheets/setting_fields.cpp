@@ -200,6 +200,9 @@ void SettingFields::ChooseColor(QPushButton* button, const std::string& setting)
                        Read((setting + name).c_str(), plist::Value(static_cast<double>(part)));
                      }
                    });
+  // Not every window manager gives the keys back.
+  QObject::connect(dialog, &QDialog::finished, button,
+                   [button] { button->window()->activateWindow(); });
   dialog->open();
 }
 
