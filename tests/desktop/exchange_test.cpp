@@ -140,6 +140,13 @@ TEST_F(Exchange, ReviewedEntriesComeInAfterAQuestionAndAreKnownWhenTheyComeAgain
   EXPECT_TRUE(test.Row("import_Table", 0).endsWith("|Repeats"_q))
       << ToUtf8(test.Row("import_Table", 0));
   EXPECT_EQ(TitleOf("import_OK_Button"), "Import 1 Entry"_q);
+  // The rows of a chip are selected, and all of them are acted on.
+  test.Click("import_Repeats_Button");
+  test.Find<QWidget>("import_Table")->setFocus();
+  test.Key(Qt::Key_Space);
+  EXPECT_EQ(TitleOf("import_OK_Button"), "Import 5 Entries"_q);
+  test.Click("importEntry_Remove_Button");
+  EXPECT_EQ(test.Rows("import_Table"), 1);
   test.Key(Qt::Key_Escape);
   EXPECT_EQ(test.Rows("entry_Table"), 27);
 }
@@ -356,19 +363,19 @@ TEST_F(Exchange, APanelStaysOpenUntilItsNameIsTaken) {
     auto* panel = TestWindow::Find<QFileDialog>("file_Panel");
     EXPECT_EQ(panel->windowTitle(), "Export QIF"_q);
     EXPECT_EQ(panel->labelText(QFileDialog::FileName), "Export as:"_q);
-    EXPECT_EQ(panel->findChild<QLineEdit*>("fileNameEdit"_q)->text(), "There.qif"_q);
+    EXPECT_EQ(panel->findChild<QLineEdit*>("fileNameEdit"_q)->text(), "Here - There.qif"_q);
     QMetaObject::invokeMethod(panel, "accept");
     EXPECT_TRUE(panel->isVisible());
     EXPECT_EQ(check.asked, 1);
     QMetaObject::invokeMethod(panel, "accept");
   });
   const auto path = panels.Save({.title = "Export QIF",
-                                 .name = "There.qif",
+                                 .name = "Here / There.qif",
                                  .name_label = "Export as:",
                                  .button = "Export",
                                  .check = &check});
   ASSERT_TRUE(path.has_value());
-  EXPECT_TRUE(path->ends_with("/There.qif")) << *path;
+  EXPECT_TRUE(path->ends_with("/Here - There.qif")) << *path;
 }
 
 }  // namespace

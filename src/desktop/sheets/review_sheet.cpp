@@ -124,9 +124,16 @@ void ReviewSheet::ConnectTable() {
               import.Cleared_CheckBox(entry_at(row));
             }
           });
-  connect(table_, &RegisterView::MarkKeyPressed, this,
-          [&import](int) { import.ImportEntry_Import(); });
-  connect(table_, &RegisterView::RemoveWanted, this, [&import] { import.ImportEntry_Remove(); });
+  connect(table_, &RegisterView::MarkKeyPressed, this, &ReviewSheet::Import);
+  connect(table_, &RegisterView::RemoveWanted, this, &ReviewSheet::Drop);
+  // A chip is pressed as long as its rows are what is selected.
+  connect(table_, &RegisterView::SelectionChanged, this, [this] {
+    for (const Counted& each : chips_) {
+      RowSelection rows;
+      rows.SelectThese(each.rows);
+      if (rows != table_->SelectedRows()) each.chip->setChecked(false);
+    }
+  });
   connect(table_, &RegisterView::RowMenuWanted, this, &ReviewSheet::ShowRowMenu);
   connect(table_, &RegisterView::HeaderClicked, this,
           [&import](const QString& column) { import.ClickedTableColumn(ToUtf8(column)); });
@@ -142,8 +149,8 @@ void ReviewSheet::ConnectButtons() {
   QPushButton* back = AddLeadingButton("import_GoBack_Button", Text("Go Back"));
   connect(change_, &QPushButton::clicked, this,
           [&import] { static_cast<void>(import.ImportEntry_Change()); });
-  connect(drop_, &QPushButton::clicked, this, [&import] { import.ImportEntry_Remove(); });
-  connect(match_, &QPushButton::clicked, this, [&import] { import.ImportEntry_Match(); });
+  connect(drop_, &QPushButton::clicked, this, &ReviewSheet::Drop);
+  connect(match_, &QPushButton::clicked, this, &ReviewSheet::Match);
   connect(comparison_, &ReviewComparison::MatchChosen, this, [&import](int place) {
     const auto entry = import.tableDataSource().GetSelectedEntry();
     if (entry == nullptr) return;
@@ -174,6 +181,42 @@ void ReviewSheet::ConnectButtons() {
           [&import] { static_cast<void>(import.import_OK_Button()); });
 }
 
+QifImportEntryList ReviewSheet::SelectedEntries() const {
+  QifImportEntryList entries;
+  for (const auto& [first, last] : table_->SelectedRows().Ranges()) {
+    for (int row = first; row <= last; ++row) {
+      if (auto entry = parts_.import.tableDataSource().RowToEntry(row)) {
+        entries.push_back(std::move(entry));
+      }
+    }
+  }
+  return entries;
+}
+
+void ReviewSheet::Import() {
+  const QifImportEntryList entries = SelectedEntries();
+  const bool are_marked =
+      std::ranges::all_of(entries, [](const auto& entry) { return entry->GetImport(); });
+  parts_.import.MarkEntries(entries, !are_marked);
+}
+
+void ReviewSheet::Resolve() {
+  QifImportEntryList entries = SelectedEntries();
+  const bool are_resolved =
+      std::ranges::all_of(entries, [](const auto& entry) { return entry->GetCleared(); });
+  std::erase_if(entries,
+                [are_resolved](const auto& entry) { return entry->GetCleared() != are_resolved; });
+  parts_.import.TurnClearedOver(entries);
+}
+
+void ReviewSheet::Match() {
+  parts_.import.MatchEntries(SelectedEntries(), !parts_.import.Review().is_matched);
+}
+
+void ReviewSheet::Drop() {
+  parts_.import.RemoveEntries(SelectedEntries());
+}
+
 void ReviewSheet::ShowRowMenu(const QPoint& place) {
   auto& import = parts_.import;
   const auto& state = import.Review();
@@ -184,13 +227,12 @@ void ReviewSheet::ShowRowMenu(const QPoint& place) {
     QAction* action = menu->addAction(title, this, run);
     action->setEnabled(is_enabled);
   };
-  add(Text("Import"), state.can_import, [&import] { import.ImportEntry_Import(); });
+  add(Text("Import"), state.can_import, [this] { Import(); });
   add(Text("Change..."), state.can_change,
       [&import] { static_cast<void>(import.ImportEntry_Change()); });
-  add(Text(state.is_matched ? "Do Not Match" : "Match"), state.can_match,
-      [&import] { import.ImportEntry_Match(); });
-  add(Text("Drop"), state.can_remove, [&import] { import.ImportEntry_Remove(); });
-  add(Text("Resolved"), state.can_resolve, [&import] { import.ImportEntry_Resolve(); });
+  add(Text(state.is_matched ? "Do Not Match" : "Match"), state.can_match, [this] { Match(); });
+  add(Text("Drop"), state.can_remove, [this] { Drop(); });
+  add(Text("Resolved"), state.can_resolve, [this] { Resolve(); });
   add(Text("Speak Entry"), state.can_import, [&import] { import.SpeakEntry(); });
   menu->addSeparator();
   add(Text("Import All"), state.can_import_all, [&import] { import.ImportEntry_ImportAll(); });

@@ -5,6 +5,7 @@
 
 #include "desktop/sheets/review_details.h"
 #include "desktop/sheets/sheet.h"
+#include "exchange/qif_import_entry.h"
 
 class QCheckBox;
 class QLabel;
@@ -51,6 +52,12 @@ class ReviewSheet final : public SheetDialog {
   void ConnectTable();
   void ConnectButtons();
   void ShowRowMenu(const QPoint& place);
+  // What is ordered of a row is ordered of all that are selected.
+  [[nodiscard]] QifImportEntryList SelectedEntries() const;
+  void Import();
+  void Resolve();
+  void Match();
+  void Drop();
   void ShowFacts();
   void ShowChips();
   void ShowComparison();
