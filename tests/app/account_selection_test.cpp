@@ -42,18 +42,6 @@ TEST(AccountSelection, SetsTheCurrentAccountTheTitleAndThePreference) {
   }
 }
 
-TEST(AccountSelection, AfterLoadingShowsTheRememberedAccountOrTheFirst) {
-  TestApplication test;
-  const auto a = test.AddAccount("A");
-  const auto b = test.AddAccount("B");
-  for (const auto& [number, account] : {std::pair{2, b}, {1, a}, {77, a}, {-1, a}}) {
-    test.app.selection().Account_Deselect();
-    test.app.desk().preferences().SetSelectedAccountNumber(number);
-    test.app.selection().Accounts_PostLoad();
-    EXPECT_EQ(test.app.desk().SelectedAccount(), account) << number;
-  }
-}
-
 // Notes what a selection asks, with the account that is selected by then.
 struct AskedSelection : testing::Test, TestApplication, AccountSelection::Host {
   AskedSelection() {

@@ -5,7 +5,6 @@
 #include <functional>
 #include <limits>
 
-#include "app/accounts/account_editing.h"
 #include "app/accounts/account_selection.h"
 #include "app/desk.h"
 #include "app/entries/entry_editing.h"
@@ -330,33 +329,6 @@ TEST(EntrySheets, FocusTheFieldThatThePreferencesName) {
   app.desk().SelectEntry(test.AddDebit(1.0));
   app.entries().Entry_Edit();
   EXPECT_EQ(app.entries().Debit().State().first_field, Field::Amount);  // when an entry is changed
-}
-
-TEST(EntrySheets, OpenOneAtATimeAndOnlyForAnAccount) {
-  TestApplication test;
-  auto& app = test.app;
-  EXPECT_FALSE(app.entries().New(EntryKind::Debit));
-  const auto account = test.AddAccount("Bank");
-  EXPECT_FALSE(app.entries().Entry_Edit());  // nothing is selected
-  EXPECT_FALSE(app.entries().Debit().OK());
-
-  ASSERT_TRUE(app.entries().New(EntryKind::Debit));
-  EXPECT_EQ(app.sheets().Current(), Sheet::Debit);
-  EXPECT_FALSE(app.entries().New(EntryKind::Deposit));
-  EXPECT_FALSE(app.accountSheet().Account_Add());
-  EXPECT_FALSE(app.entries().Deposit().OK());
-  app.entries().Deposit().Cancel();
-  EXPECT_EQ(app.sheets().Current(), Sheet::Debit);
-  app.entries().Debit().Cancel();
-  EXPECT_TRUE(account->GetEntries().empty());
-  EXPECT_EQ(account->GetNumberCount(), 1);  // the number given to the cancelled entry
-
-  const auto of_no_kind = std::make_shared<LDGRAccountEntry>();
-  account->AddEntry(of_no_kind);
-  app.tabs().EntryTab_Enter();
-  app.desk().SelectEntry(of_no_kind);
-  EXPECT_EQ(app.desk().SelectedEntry(), of_no_kind);
-  EXPECT_FALSE(app.entries().Entry_Edit());
 }
 
 TEST(EntrySheets, StartTheNextEntryAtOnce) {

@@ -2,12 +2,10 @@
 
 #include <functional>
 
-#include "app/accounts/account_editing.h"
 #include "app/accounts/account_selection.h"
 #include "app/accounts/accounts_drawer.h"
 #include "app/desk.h"
 #include "app/entries/entry_editing.h"
-#include "app/face/sheet_slot.h"
 #include "app/shell/application.h"
 #include "app/shell/application_lock.h"
 #include "app/shell/idle_watch.h"
@@ -143,41 +141,6 @@ TEST(Launch, RunsItsStepsInOrder) {
   }
 }
 
-TEST(Launch, HasTheRegistersSetUpByThePreferencesBeforeThereAreAccounts) {
-  struct Registers final : Lifecycle::Host {
-    explicit Registers(TestApplication& application) : test(application) {}
-    void SetUpRegisters() override {
-      log += test.app.desk().preferences().GetSelectedAccountNumber() == 2 ? "preferences" : "";
-      log += test.app.accountsStore().HasAccountList() ? " accounts; " : "; ";
-    }
-    TestApplication& test;
-    std::string log;
-  };
-  for (const bool is_in_use : {false, true}) {
-    TestApplication test(false);
-    test.files.AddFile(kAccountsFile, AccountsFile(AccountDictionary(2, "Two")));
-    test.files.AddFile(kPreferencesFile,
-                       "<plist version=\"1.0\"><dict><key>version</key><integer>2</integer>"
-                       "<key>selectedAccountNumber</key><integer>2</integer></dict></plist>");
-    if (is_in_use) test.files.LockByOther("/home/user/Library/Tallyfold");
-    auto& app = test.app;
-    Registers registers(test);
-    SaveGate gate;
-    DataFolderLock lock(test.files, test.alerts, test.host, gate);
-    WindowHooksSlot window;
-    Lifecycle lifecycle(
-        registers, {lock, window, app.updates(), app.preferencesStore(), app.accountsStore(),
-                    test.notifications, app.accountsDrawer(), app.idleWatch(),
-                    app.applicationLock(), app.selection(), app.refresh(), test.host, app.saving(),
-                    app.textEditing(), app.speaker(), app.recovery()});
-    EXPECT_EQ(lifecycle.applicationDidFinishLaunching(), !is_in_use);
-    EXPECT_EQ(registers.log, is_in_use ? "" : "preferences; ");
-    lifecycle.applicationWillTerminate();
-    EXPECT_EQ(test.files.Content(kAccountsFile)->find("<key>accounts</key>") != std::string::npos,
-              true);
-  }
-}
-
 TEST(Launch, StopsWithoutAWriteWhereTheProgramEnds) {
   struct Case {
     const char* what;
@@ -216,13 +179,6 @@ TEST(Launch, StopsWithoutAWriteWhereTheProgramEnds) {
       EXPECT_FALSE(change.starts_with("write")) << c.what << ": " << change;
     }
   }
-}
-
-TEST(Launch, WithoutAccountsAsksForTheFirst) {
-  TestApplication test(false);
-  EXPECT_TRUE(test.app.lifecycle().applicationDidFinishLaunching());
-  EXPECT_EQ(test.app.sheets().Current(), Sheet::AccountEdit);
-  EXPECT_EQ(test.app.accountSheet().State().typed.name, "Tallyfold 1");
 }
 
 TEST(ShutDown, SavesUnlessLocked) {

@@ -268,26 +268,5 @@ TEST(PreferencesSheet, PutsItsCopyInForceAtOKAlone) {
   EXPECT_TRUE(app.applicationLock().authenticated());
 }
 
-TEST(PreferencesSheet, KeepsItsSecurityTabWhileThePasswordsDiffer) {
-  struct Window final : WindowHooks {
-    void FocusPasswordField() override { ++focused; }
-    int focused = 0;
-  } window;
-  TestApplication test;
-  auto& app = test.app;
-  app.SetWindowHooks(&window);
-  app.preferencesSheet().Open();
-  EXPECT_TRUE(app.preferencesSheet().SelectTab("security"));
-  app.preferencesSheet().preferencesSheet_PasswordValidate("x", "");
-  EXPECT_FALSE(app.preferencesSheet().SelectTab("general"));
-  EXPECT_EQ(app.preferencesSheet().State().tab, "security");
-  EXPECT_EQ(window.focused, 0);
-  test.loop.FinishEvent();
-  EXPECT_EQ(window.focused, 1);
-  EXPECT_FALSE(app.preferencesSheet().OK());
-  app.preferencesSheet().preferencesSheet_PasswordValidate("x", "x");
-  EXPECT_TRUE(app.preferencesSheet().SelectTab("general"));
-}
-
 }  // namespace
 }  // namespace tallyfold

@@ -12,11 +12,9 @@
 #include "app/desk.h"
 #include "app/entries/amount_fields.h"
 #include "app/entries/entry_editing.h"
-#include "app/entries/entry_removal.h"
 #include "app/entries/entry_reveal.h"
 #include "app/shell/application.h"
 #include "app/shell/application_lock.h"
-#include "app/shell/lifecycle.h"
 #include "app/shell/preferences_sheet.h"
 #include "app/shell/tabs.h"
 #include "app/test_application.h"
@@ -44,28 +42,6 @@ void Add(TestApplication& test, DateNumber date, const std::string& description)
   typed.description = description;
   test.app.entries().Debit().Read(typed);
   test.app.entries().Debit().OK();
-}
-
-TEST(Registers, FollowTheEntriesOfTheSelectedAccount) {
-  TestApplication test;
-  auto& app = test.app;
-  const auto a = test.AddAccount("A");
-  Add(test, 20040302, "second");
-  Add(test, 20040301, "first");
-  EXPECT_EQ(Descriptions(app.registers().entryDataSource()), (Texts{"first", "second"}));
-  EXPECT_EQ(Descriptions(app.registers().reconcileDataSource()), (Texts{"first", "second"}));
-  EXPECT_EQ(app.desk().SelectedEntry()->GetDescription(), "first");
-
-  app.entryRemoval().Entry_Delete();
-  EXPECT_EQ(Descriptions(app.registers().entryDataSource()), Texts{"second"});
-  const auto b = test.AddAccount("B");
-  EXPECT_TRUE(app.registers().entryDataSource().GetEntries().empty());
-  app.selection().Account_Select(a);
-  EXPECT_EQ(Descriptions(app.registers().entryDataSource()), Texts{"second"});
-  app.applicationLock().setPassword("x");
-  app.applicationLock().lock();
-  EXPECT_EQ(app.registers().entryDataSource().numberOfRowsInTableView(), 0U);
-  EXPECT_EQ(app.registers().entryDataSource().GetAccount(), nullptr);
 }
 
 TEST(Registers, LeaveOtherRowsAloneWhenFiltersDoNotFollow) {
@@ -182,30 +158,6 @@ TEST(Deselection, ShowsNothingOfTheAccountAnyMore) {
     if (!is_stored) continue;
     EXPECT_EQ((*columns->begin()).DictionaryValue().Get("width").IntegerValue(), 77);
   }
-}
-
-TEST(Reading, EndsWithTheUsersInputAndTheWindow) {
-  struct Window final : WindowHooks {
-    bool IsMain() override { return is_main; }
-    bool is_main = true;
-  } window;
-  TestApplication test(false);
-  auto& app = test.app;
-  app.SetWindowHooks(&window);
-  ASSERT_TRUE(app.lifecycle().applicationDidFinishLaunching());
-  app.accountSheet().AccountEditSheet_OK();
-  for (int i = 0; i < 3; ++i) Add(test, 20040301 + i, "x");
-
-  app.speaker().SpeakEntries();
-  EXPECT_TRUE(app.speaker().IsReading());
-  app.application().sendEvent(EventType::KeyDown);
-  EXPECT_FALSE(app.speaker().IsReading());
-  app.speaker().SpeakEntries();
-  app.tabs().Select(Tab::Reconcile);
-  EXPECT_FALSE(app.speaker().IsReading());
-  window.is_main = false;
-  app.speaker().SpeakEntries();
-  EXPECT_FALSE(app.speaker().IsReading());
 }
 
 TEST(AmountFields, EchoDigitsWhereTheUserWantsIt) {

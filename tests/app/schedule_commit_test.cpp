@@ -45,23 +45,6 @@ TEST(DueOccurrences, ComeByDayAndAreCommittedOnce) {
   EXPECT_EQ(rent->GetCommittedDates(), (std::vector<DateNumber>{20040201, 20040301}));
 }
 
-TEST(DueOccurrences, AreCommittedOnTheirOwnDayWhateverTheEditedCopySays) {
-  TestApplication test;
-  const auto account = test.AddAccount("A");
-  const auto schedule = AddMonthly(*account, 20040229);
-  schedule->SetIsCheck(true);
-  const auto due = test.app.scheduleCommit().Due(20040307);
-  ASSERT_EQ(due.size(), 1U);
-  auto edited = LDGRAccountEntry::entryWithEntry(due[0].entry.get());
-  edited->SetDate(20040305);
-  edited->SetCheckNumber(55);
-  const std::string before = Line(*edited);
-  EXPECT_TRUE(test.app.scheduleCommit().Commit({due[0].schedule, due[0].entry, edited}));
-  EXPECT_EQ(Line(*edited), before) << "the copy stays the reminder's";
-  EXPECT_EQ(Lines(*account), Texts{"#1 20040305 debit -10.00 check=55"});
-  EXPECT_EQ(schedule->GetCommittedDates(), std::vector<DateNumber>{20040229});
-}
-
 TEST(DueOccurrences, OfTransfersMakeBothHalves) {
   TestApplication test;
   const auto a = test.AddAccount("A");
@@ -98,22 +81,6 @@ TEST(DueOccurrences, OfTransfersMakeBothHalves) {
     EXPECT_EQ(Lines(*a), c.a);
     EXPECT_EQ(Lines(*b), c.b);
   }
-}
-
-TEST(DueOccurrences, CanBeSkippedAndGoWithTheirSchedule) {
-  TestApplication test;
-  EXPECT_TRUE(test.app.scheduleCommit().Due(20040307).empty());
-  const auto account = test.AddAccount("A");
-  const auto schedule = AddMonthly(*account, 20040101);
-  const auto due = test.app.scheduleCommit().Due(20040307);
-  ASSERT_EQ(due.size(), 3U);
-  const auto revision = account->Revision();
-  EXPECT_TRUE(test.app.scheduleCommit().Skip(due[0]));
-  EXPECT_GT(account->Revision(), revision);
-  EXPECT_EQ(test.app.scheduleCommit().Due(20040307).size(), 2U);
-  account->RemoveSchedule(schedule.get());
-  EXPECT_FALSE(test.app.scheduleCommit().Commit(due[1]));
-  EXPECT_TRUE(account->GetEntries().empty());
 }
 
 }  // namespace

@@ -2,12 +2,10 @@
 
 #include <functional>
 
-#include "app/accounts/account_passwords.h"
 #include "app/accounts/account_selection.h"
 #include "app/desk.h"
 #include "app/entries/entry_editing.h"
 #include "app/entries/entry_removal.h"
-#include "app/entries/entry_reveal.h"
 #include "app/face/sheet_slot.h"
 #include "app/test_application.h"
 #include "ledger/transfer_links.h"
@@ -78,31 +76,6 @@ TEST(Transfers, KeepBothHalvesInLine) {
         "#2 20040307 transfer -7.00 to 'C' ->3#-1 origin"},
        {},
        {"#-1 20040307 transfer 1.00 to 'A' ->1#1", "#-1 20040307 transfer 7.00 to 'A' ->1#2"}},
-      {"and so they move on",
-       [](auto& t) {
-         for (const double amount : {1.0, 2.0}) {
-           t.AddTransferTo(*t.b, amount);
-           t.EditAccount("C");
-         }
-         t.Select(t.a, 1);
-         t.EditAccount("B");
-       },
-       {"#1 20040307 transfer -1.00 to 'C' ->3#-1 origin",
-        "#2 20040307 transfer -2.00 to 'B' ->2#-1 origin"},
-       {"#-1 20040307 transfer 2.00 to 'A' ->1#2"},
-       {"#-1 20040307 transfer 1.00 to 'A' ->1#1"}},
-      {"a half whose number is not unique is the one that points back",
-       [](auto& t) {
-         auto stranger = std::make_shared<LDGRAccountEntry>();
-         stranger->SetNumber(1);
-         stranger->SetIsDebit(true);
-         t.b->AddEntry(stranger);
-         t.AddTransferTo(*t.b, 9.5);
-         t.Edit([](auto& typed) { typed.amount = 1.0; });
-       },
-       {"#1 20040307 transfer -1.00 to 'B' ->2#1 origin"},
-       {"#1 0 debit 0.00", "#1 20040307 transfer 1.00 to 'A' ->1#1"},
-       {}},
       {"halves that both lack numbers are told apart by the amount before the edit, equals in "
        "order",
        [](auto& t) {
@@ -333,30 +306,6 @@ TEST(Removals, RemoveWhatTheyAskedAbout) {
   EXPECT_FALSE(app.entryRemoval().EntryRemoveConfirm_OK());
   EXPECT_EQ(test.a->GetEntries().size(), 1U);
   EXPECT_EQ(TextOf(app.entryRemoval().Confirm().problem), "The entry has been removed.");
-}
-
-TEST(OtherHalves, AreShownInTheirAccount) {
-  ThreeAccounts test;
-  auto& app = test.app;
-  const auto half = test.AddTransferTo(*test.b, 9.5);
-  test.b->setEntryFilterType(13);
-  test.b->setEntryFilterData("wanted");
-  EXPECT_TRUE(app.entryReveal().ShowOtherHalf());
-  EXPECT_EQ(app.desk().SelectedAccount(), test.b);
-  EXPECT_EQ(app.desk().SelectedEntry(), nullptr);
-  EXPECT_EQ(app.entryReveal().State().text, "Hidden by the filter 'Notes'");
-  app.entryReveal().ShowHiddenEntry();
-  EXPECT_EQ(app.desk().SelectedEntry(), test.b->GetEntries()[0]);
-  EXPECT_TRUE(app.entryReveal().ShowOtherHalf());
-  EXPECT_EQ(app.desk().SelectedEntry(), half);
-  EXPECT_EQ(app.entryReveal().State().text, "");
-
-  test.b->SetPassword("key");
-  test.b->setAuthenticated(false);
-  EXPECT_FALSE(app.entryReveal().ShowOtherHalf());
-  EXPECT_EQ(app.sheets().Current(), Sheet::AccountAuthentication);
-  app.accountPasswords().AccountAuthenticationSheet_Cancel();
-  EXPECT_FALSE(app.entryReveal().ShowOtherHalf());  // coming back has selected no entry
 }
 
 }  // namespace

@@ -96,20 +96,6 @@ TEST_F(AccountFilterTest, CountsDaysByTheCalendarWhereMidnightIsSkipped) {
             " date 1 2 20181103 date 1 0 20181111");
 }
 
-TEST_F(AccountFilterTest, KeepsAFilterForEachRegister) {
-  for (const DateNumber date : {20031231, 20040101, 20040102}) AddEntry(date);
-  account_.setEntryFilterType(21);
-  account_.setReconcileFilterType(99);
-  EXPECT_EQ(account_.entryFilteredEntries().size(), 1U);
-  EXPECT_EQ(account_.reconcileFilteredEntries().size(), 3U);
-  account_.setReconcileFilterType(10);
-  account_.setReconcileFilterData(12);  // of a kind no description is
-  EXPECT_EQ(account_.reconcileFilter()->GetName(), "Description");
-  EXPECT_TRUE(account_.reconcileFilteredEntries().empty());
-  account_.setReconcileFilterData({});
-  EXPECT_EQ(account_.reconcileFilteredEntries().size(), 3U);
-}
-
 TEST(FilterMenu, OffersEveryTypeOnceAndMarksTheOneInForce) {
   // Tags in the order of the menu, with "|" for a separator and brackets around submenus; after
   // each tag a check mark "+" or a mixed mark "~".

@@ -240,14 +240,6 @@ TEST_F(FilterTest, WritesAmountsAsTheUserDoes) {
   }
 }
 
-TEST_F(FilterTest, LooksTypesUpInTheSelectedAccount) {
-  LDGRFilter filter;
-  filter.AddRuleForCategory(fc::kType, Logic::KeepMatching, Qualifier::Is, "groceries");
-  EXPECT_EQ(Numbers(filter.Filter(entries_)), "1");
-  const ScopedCurrentAccount none(nullptr);
-  EXPECT_EQ(Numbers(filter.Filter(entries_)), "");
-}
-
 // Gives every list a rule whose data is the list's own key.
 template <typename Filter>
 std::shared_ptr<Filter> WithRulesEverywhere() {

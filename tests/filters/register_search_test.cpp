@@ -154,18 +154,5 @@ TEST_F(RegisterSearchTest, CancelsToTheSameKindOfSearchOrTheGeneralOne) {
   EXPECT_EQ(host_.TakeLog(), "");
 }
 
-TEST_F(RegisterSearchTest, DoesNothingWithoutAnAccount) {
-  const ScopedCurrentAccount none(nullptr);
-  search_.Search_Field("co");
-  search_.Search_Cancel();
-  EXPECT_EQ(loop_.PendingCalls(), 0U);
-  search_.Search();
-  EXPECT_EQ(host_.TakeLog(), "");
-  search_.Filter_Select(21);
-  EXPECT_EQ(host_.TakeLog(), "stop speech; buttons; balance; ");
-  EXPECT_EQ(search_.State().entry, SearchFieldState{});
-  EXPECT_TRUE(account_.entryFilterData() == plist::Value(""));
-}
-
 }  // namespace
 }  // namespace tallyfold

@@ -10,20 +10,16 @@
 namespace tallyfold {
 namespace {
 
-void FillWithMarch(LDGRAccount& account) {
+TEST(AccountBalances, AddSignedAmountsToTheStartingBalance) {
+  FakeAmbient ambient;
+  ambient.clock.SetLocal({2004, 3, 7, 23, 59, 59});
+  LDGRAccount account;
   account.SetStartingBalance(100);
   AddEntries(account,
              {{.number = 1, .date = 20040305, .amount = -10, .cleared = true},
               {.number = 2, .date = 20040306, .amount = 25.5, .kind = EntryFields::Deposit},
               {.number = 3, .date = 20040307, .amount = -4, .kind = EntryFields::Transfer},
               {.number = 4, .date = 20040308, .amount = -1, .cleared = true}});
-}
-
-TEST(AccountBalances, AddSignedAmountsToTheStartingBalance) {
-  FakeAmbient ambient;
-  ambient.clock.SetLocal({2004, 3, 7, 23, 59, 59});
-  LDGRAccount account;
-  FillWithMarch(account);
   EXPECT_DOUBLE_EQ(account.GetBalance(), 110.5);
   EXPECT_DOUBLE_EQ(account.GetTodaysBalance(), 111.5);
   EXPECT_DOUBLE_EQ(account.GetResolvedBalance(), 89);
@@ -34,13 +30,8 @@ TEST(AccountBalances, AddSignedAmountsToTheStartingBalance) {
   EXPECT_DOUBLE_EQ(account.GetDepositsTotal(), 25.5);
   EXPECT_DOUBLE_EQ(account.GetTransfersTotal(), -4);
   EXPECT_DOUBLE_EQ(account.GetRunningBalanceAtEntry(nullptr), 0);
-}
 
-TEST(AccountBalances, HideOnlyTheWholeBalanceOfALockedAccount) {
-  FakeAmbient ambient;
-  ambient.clock.SetLocal({2004, 3, 7});
-  LDGRAccount account;
-  FillWithMarch(account);
+  // A lock hides the whole balance alone.
   account.SetPassword("x");
   EXPECT_EQ(account.GetBalance(), 0.0);
   EXPECT_DOUBLE_EQ(account.GetTodaysBalance(), 111.5);

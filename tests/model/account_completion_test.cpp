@@ -136,24 +136,5 @@ TEST(CompletionLists, FollowTheirStyleAndCount) {
   EXPECT_EQ(sizes(), (Sizes{0, 0, 0, 0, 0}));
 }
 
-TEST(CompletionLists, ImportTextsThatAreMissing) {
-  LDGRAccount from;
-  from.SetPreferredDebitDescriptions({"RENT", "Food", "food"});
-  from.SetPreferredDepositDescriptions({"Pay"});
-  from.SetPreferredTos({"Market"});
-  from.SetPreferredFroms({"Works"});
-  LDGRAccount to;
-  to.SetPreferredDebitDescriptions({"Rent"});
-  to.importDescriptionsFromAccount(from);
-  EXPECT_EQ(to.DebitDescriptions_Specific(), (TextList{"Rent", "Food"}));
-  EXPECT_EQ(to.DepositDescriptions_Specific(), TextList{"Pay"});
-  EXPECT_EQ(to.Tos_Specific(), TextList{});
-  to.importToFromsFromAccount(from);
-  EXPECT_EQ(to.Tos_Specific(), TextList{"Market"});
-  EXPECT_EQ(to.Froms_Specific(), TextList{"Works"});
-  from.importDescriptionsFromAccount(from);
-  EXPECT_EQ(from.DebitDescriptions_Specific(), (TextList{"RENT", "Food", "food"}));
-}
-
 }  // namespace
 }  // namespace tallyfold

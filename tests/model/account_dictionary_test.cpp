@@ -206,47 +206,6 @@ TEST(AccountDictionary, StoresEachOptionUnderItsKeyAndReadsItBack) {
   EXPECT_EQ(ambient.log.Take(), std::vector<std::string>{});
 }
 
-TEST(AccountDictionary, TakesNumberAndVersionFromAnyKind) {
-  const std::pair<Value, std::int32_t> cases[] = {{"12 and more", 12},
-                                                  {true, 1},
-                                                  {3.9, 3},
-                                                  {Array(), 0},
-                                                  {std::int64_t{1} << 32U | 5, 2147483647}};
-  for (const auto& [stored, number] : cases) {
-    Dictionary dictionary;
-    dictionary.Set("number", stored);
-    dictionary.Set("version", stored);
-    const LDGRAccount account(dictionary);
-    EXPECT_EQ(account.GetNumber(), number);
-    EXPECT_EQ(account.GetVersion(), number);
-  }
-}
-
-TEST(AccountDictionary, LeavesAbsentFilterDataOut) {
-  LDGRAccount account;
-  account.setEntryFilterData(Value());
-  EXPECT_FALSE(account.asDictionary().Has("entryFilterData"));
-  EXPECT_TRUE(account.asDictionary().Has("reconcileFilterData"));
-}
-
-TEST(AccountDictionary, SortsTypesByNameAndResolvesDefaultsAlsoAmongInactiveTypes) {
-  LDGRAccount account;
-  account.SetTypes({});
-  account.SetInactiveTypes({MakeType(4, "Old")});
-  Dictionary stored = account.asDictionary();
-  Array types;
-  for (const auto& type : {MakeType(2, "rent"), MakeType(1, "Auto")}) {
-    types.Append(type->asDictionary());
-  }
-  stored.Set("types", types);
-  stored.Set("defaultDebitType", 4);
-  stored.Set("defaultDepositType", 77);
-  const LDGRAccount read(stored);
-  EXPECT_EQ(NamesOf(read.GetTypes()), (TextList{"Auto", "rent"}));
-  EXPECT_EQ(read.GetDefaultDebitType(), read.GetInactiveTypes()[0]);
-  EXPECT_EQ(read.GetDefaultDepositType(), nullptr);
-}
-
 TEST(AccountDictionary, IsReadLockedWithAPasswordAndOpenWithoutOne) {
   const std::pair<Value, bool> cases[] = {
       {"secret", true}, {"", false}, {Value(), false}, {7, false}};

@@ -41,18 +41,6 @@ plist::Dictionary WholeRecord() {
                {"split", SplitOf(10.0, 2.34)}});
 }
 
-TEST(Entries, GiveBackEveryKeyTheyRead) {
-  FakeAmbient ambient;
-  const plist::Dictionary record = WholeRecord();
-  const LDGRAccountEntry entry(record);
-  EXPECT_TRUE(entry.IsDebit() && entry.IsTransfer() && entry.IsCheck() && entry.GetTaxDeductible());
-  EXPECT_FALSE(entry.IsDeposit() || entry.IsTransferOrigin());
-  EXPECT_EQ(entry.GetStoredAmount(), -12.345);  // not rounded
-  EXPECT_EQ(entry.asDictionary(), record);
-  EXPECT_EQ(KeysOf(entry.asDictionary()), KeysOf(record));
-  EXPECT_TRUE(ambient.log.Lines().empty());
-}
-
 TEST(Entries, AreReadFromKeysInAnyOrderAmongOthers) {
   const plist::Dictionary record = WholeRecord();
   plist::Dictionary shuffled;
@@ -110,27 +98,6 @@ TEST(Entries, LogWhatIsMissingOrWrongInTheOrderOfReading) {
     }
     EXPECT_EQ(entry.asDictionary(), expected) << key;
   }
-}
-
-TEST(Entries, TakeALinkFromTransfersAlone) {
-  FakeAmbient ambient;
-  const struct {
-    std::int32_t flags;
-    std::int32_t link;
-  } cases[] = {{5, 7}, {4, 7}, {1, -1}, {8, -1}};
-  for (const auto& c : cases) {
-    plist::Dictionary record = WholeRecord();
-    record.Set("entryFlags", c.flags);
-    const LDGRAccountEntry entry(record);
-    EXPECT_EQ(entry.GetTransferEntry(), c.link) << c.flags;
-    EXPECT_EQ(entry.asDictionary().Has("transferAccount"), c.link == 7) << c.flags;
-  }
-  plist::Dictionary without_link = WholeRecord();
-  for (const char* key : {"transferEntry", "transferAccount", "notes", "split"}) {
-    without_link.Remove(key);
-  }
-  EXPECT_EQ(LDGRAccountEntry(without_link).GetTransferAccount(), -1);
-  EXPECT_TRUE(ambient.log.Lines().empty());
 }
 
 TEST(Entries, AreCopiedDeeply) {

@@ -26,16 +26,6 @@ TEST(AccountNumbering, HandsOutEntryNumbersOnce) {
   }
 }
 
-TEST(AccountNumbering, CountsInactiveTypesWhenATypeIsNumbered) {
-  LDGRAccount account;
-  EXPECT_EQ(account.NextAvailableTypeNumber(), 6);
-  account.SetInactiveTypes({MakeType(9, "Old")});
-  EXPECT_EQ(account.NextAvailableTypeNumber(), 10);
-  account.SetTypes({});
-  account.SetInactiveTypes({});
-  EXPECT_EQ(account.NextAvailableTypeNumber(), 0);
-}
-
 TEST(AccountNumbering, NumbersSchedulesFromZero) {
   LDGRAccount account;
   EXPECT_EQ(account.NextAvailableScheduleNumber(), 0);

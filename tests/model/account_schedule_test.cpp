@@ -31,16 +31,6 @@ plist::Dictionary WholeSchedule() {
   return record;
 }
 
-TEST(Schedules, GiveBackEveryKeyTheyRead) {
-  FakeAmbient ambient;
-  const plist::Dictionary record = WholeSchedule();
-  const LDGRAccountSchedule schedule(record);
-  EXPECT_EQ(schedule.GetLastCommittedDate(), 20040102);
-  EXPECT_EQ(schedule.asDictionary(), record);
-  EXPECT_EQ(KeysOf(schedule.asDictionary()), KeysOf(record));
-  EXPECT_TRUE(ambient.log.Lines().empty());
-}
-
 TEST(Schedules, LogWhatIsMissingOrWrongAfterTheirEntry) {
   FakeAmbient ambient;
   const LDGRAccountSchedule unread(std::nullopt);

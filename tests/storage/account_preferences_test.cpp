@@ -111,23 +111,5 @@ TEST(AccountPreferences, MakeATableForEveryNewIdentifierOnce) {
   EXPECT_EQ(preferences.objectForKey("tables").ArrayValue().size(), 1U);
 }
 
-TEST(AccountPreferences, NeverTakeBackASelectedRowThroughItsSetter) {
-  LDGRAccountPreferences preferences;
-  preferences.SetSelectedRow(5, "entry");
-  preferences.SetSelectedRow(-1, "entry");
-  plist::Array columns;
-  preferences.SetSelectedColumn("date", true, -1, columns, "entry");
-  columns.Append("amount");
-  EXPECT_TRUE(preferences.GetColumnsForTableIdentifier("entry")->empty());  // it has a copy
-  EXPECT_EQ(preferences.GetSelectedRowForTableIdentifier("entry"), 5);
-  EXPECT_EQ(preferences.GetSelectedColumnIdentifierForTableIdentifier("entry"), "date");
-
-  preferences.SetSelectedColumn("amount", false, -1, "entry");
-  EXPECT_EQ(preferences.GetSelectedRowForTableIdentifier("entry"), -1);
-  EXPECT_EQ(preferences.GetSelectedColumnIdentifierForTableIdentifier("entry"), "amount");
-  preferences.SetSelectedColumnIdentifier(std::nullopt, "entry");
-  EXPECT_EQ(preferences.GetSelectedColumnIdentifierForTableIdentifier("entry"), "amount");
-}
-
 }  // namespace
 }  // namespace tallyfold

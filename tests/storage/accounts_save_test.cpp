@@ -140,29 +140,6 @@ TEST(AccountsSaving, KnowsWhatIsNotOnTheDisk) {
   EXPECT_TRUE(f.ambient.log.Lines().empty());
 }
 
-TEST(AccountsSaving, KeepsACopyOfAFileThatSomeoneElseChanged) {
-  AccountsStoreFixture f;
-  EXPECT_TRUE(f.store.Accounts_Load());
-  const std::string kept = kFile + ".kept-20070305-120000";
-  f.files.AddFile(kFile, "came after the load");
-  EXPECT_TRUE(f.store.Accounts_Save());
-  EXPECT_EQ(f.files.Content(kept), "came after the load");
-
-  f.files.AddPermissions(kFile, 0777);
-  EXPECT_TRUE(f.store.Accounts_Save());
-  f.files.Remove(kFile);
-  EXPECT_TRUE(f.store.Accounts_Save());
-  EXPECT_EQ(f.store.KeptCopies(), Lines{kept});
-
-  f.files.AddFile(kFile, "came after the save");
-  f.files.FailOn(kept + "_1");
-  EXPECT_FALSE(f.store.Accounts_Save());
-  EXPECT_EQ(f.files.Content(kFile), "came after the save");
-  f.files.StopFailingOn(kept + "_1");
-  EXPECT_TRUE(f.store.Accounts_Save());
-  EXPECT_EQ(f.files.Content(kept + "_1"), "came after the save");
-}
-
 TEST(AccountsSaving, KeepsACopyOnlyOfWhatItDidNotWrite) {
   const std::string old = FileOf("<key>accounts</key><array/>");
   const std::string kept = kFile + ".kept-20070305-120000";
@@ -180,6 +157,8 @@ TEST(AccountsSaving, KeepsACopyOnlyOfWhatItDidNotWrite) {
        [&](auto& f) { f.files.WhileWriting([&] { f.files.AddFile(kFile, old); }); },
        {},
        0},
+      {"its mode is changed", old, [](auto& f) { f.files.AddPermissions(kFile, 0777); }, {}, 0},
+      {"the file is taken away", old, [](auto& f) { f.files.Remove(kFile); }, {}, 0},
       {"another one is swapped in",
        old,
        [](auto& f) { f.files.WhileWriting([&] { f.files.AddFile(kFile, "theirs"); }); },
