@@ -17,7 +17,6 @@
 #include "app/face/sheet_slot.h"
 #include "app/schedules/schedule_reminder.h"
 #include "app/shell/tabs.h"
-#include "app/shell/update_check.h"
 #include "desktop/hand.h"
 #include "model/account.h"
 #include "model/account_schedule.h"
@@ -296,18 +295,6 @@ TEST_F(BadInput, IsRefusedBesideItsFieldAndStaysThereOrIsTakenWhole) {
   }
 }
 
-TEST_F(BadInput, IsNotGoneBackToWhileSomethingElseIsTyped) {
-  app().tabs().Select(Tab::Summary);
-  hand.Order("AccountSummarySheet_Open");
-  Paste("accountSummarySheet_Name_Field", QStringLiteral(" "));
-  TestWindow::Key(Qt::Key_Return);
-  ASSERT_EQ(app().sheets().Current(), Sheet::AccountSummary);
-  Hand::Tick("accountSummarySheet_Filter_CheckBox");
-  Hand::Type("accountSummarySheet_FilterText_Field", "Week");
-  EXPECT_EQ(TextIn(TestWindow::FindWidget("accountSummarySheet_FilterText_Field")),
-            QLatin1String("Week"));
-}
-
 TEST_F(BadInput, OfACellIsRefusedInItAndStaysThereOrIsTakenWhole) {
   for (const Cell& cell : Cells()) {
     for (const auto& input : kInputs) {
@@ -360,19 +347,6 @@ TEST_F(BadInput, OKTwiceInTheReminderIsOneAndAnOpenCellIsNoneAtTheEndOfTheSessio
   EXPECT_EQ(entries.size(), all);
 }
 
-TEST_F(BadInput, NewsOfAnUpdateWaitUntilTheSheetIsClosed) {
-  TestWindow::Key(Qt::Key_D, Qt::ControlModifier);
-  Hand::Type("debitSheet_Description_Field", "Te");
-  app().updates().CheckForUpdates();
-  TestWindow::Type("a");
-  EXPECT_EQ(TestWindow::Find<QLineEdit>("debitSheet_Description_Field")->text(),
-            QLatin1String("Tea"));
-  TestWindow::Key(Qt::Key_Escape);
-  EXPECT_EQ(TestWindow::FocusName(), QLatin1String("updateCheck_Close_Button"));
-  TestWindow::Key(Qt::Key_Return);
-  EXPECT_EQ(QApplication::activeWindow(), &test.program->window());
-}
-
 TEST_F(BadInput, IsAPasswordLikeAnyOtherAndNothingIsSaidOfAWrongOne) {
   const struct {
     const char* prefix;
@@ -419,46 +393,6 @@ TEST_F(BadInput, IsAPasswordLikeAnyOtherAndNothingIsSaidOfAWrongOne) {
       EXPECT_NE(app().desk().SelectedAccount(), nullptr);
       EXPECT_EQ(TestWindow::FocusName(), QLatin1String("accountsDrawer_Accounts_Table"));
     }
-  }
-}
-
-// What OK adds to an account or beside it.
-const struct {
-  const char* sheet;
-  const char* command;
-  const char* field;
-  const char* text;
-} kAdding[] = {{"debitSheet", "Entry_Debit", "_Amount_Field", "7"},
-               {"accountEditSheet", "Account_Add", "_Name_Field", "Other"},
-               {"scheduleSheet", "Schedule_Debit", "_Amount_Field", "7"}};
-
-TEST(OK, TwiceIsOneOKAndTheEndOfTheSessionIsNone) {
-  for (const auto& each : kAdding) {
-    SCOPED_TRACE(each.sheet);
-    TestWindow test(ExampleAccounts());
-    ASSERT_TRUE(test.Launch());
-    Hand hand(test);
-    LDGRController& app = test.program->app();
-    const auto account = app.desk().SelectedAccount();
-    const auto count = [&app, &account] {
-      return account->GetEntries().size() + account->GetSchedules().size() +
-             app.desk().accounts().size();
-    };
-    const std::size_t before = count();
-    const auto fill = [&hand, &each] {
-      hand.Order(each.command);
-      Hand::Type((each.sheet + QByteArray(each.field)).constData(), each.text);
-    };
-    fill();
-    auto* ok = TestWindow::Find<QPushButton>((each.sheet + QByteArray("_OK_Button")).constData());
-    ok->click();
-    ok->click();
-    TestWindow::Settle();
-    EXPECT_EQ(count(), before + 1);
-    fill();
-    EXPECT_EQ(test.program->Save(Ending::Asker::Nobody), Ending::Outcome::Saved);
-    EXPECT_EQ(app.sheets().Current(), Sheet::None);
-    EXPECT_EQ(count(), before + 1);
   }
 }
 

@@ -58,7 +58,6 @@ class ReviewSheet final : public SheetDialog {
   void Resolve();
   void Match();
   void Drop();
-  void ShowFacts();
   void ShowChips();
   void ShowComparison();
   void ShowBalance();
