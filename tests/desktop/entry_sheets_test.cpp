@@ -153,6 +153,29 @@ TEST_F(EntrySheets, EscapeClosesWhatIsOpenInTheSheetFirst) {
   EXPECT_EQ(app().sheets().Current(), Sheet::None);
 }
 
+TEST_F(EntrySheets, KeysGoOnFromAnOpenListAndFromTheLastCellOfASplit) {
+  test.Key(Qt::Key_D, Qt::ControlModifier);
+  TabTo("debitSheet_Split_Button");
+  test.Key(Qt::Key_Space);
+  test.Type("w");
+  test.Key(Qt::Key_Down);
+  test.Key(Qt::Key_Tab);
+  test.Type("Inn");
+  test.Key(Qt::Key_Return);
+  EXPECT_EQ(test.Row("debitSheet_Split_Table", 0), QLatin1String("1|Week 8|Inn|"));
+  auto* table = test.Find<QTableView>("debitSheet_Split_Table");
+  table->setCurrentIndex(table->model()->index(9, 3));
+  for (const char* text : {"5", "7"}) {
+    test.Type(text);
+    test.Key(Qt::Key_Tab);
+  }
+  EXPECT_EQ(test.Row("debitSheet_Split_Table", 9), QLatin1String("10|||5.00"));
+  // As it is spelled in the list, also by a key that does not leave the field.
+  TypeInto("debitSheet_Description_Field", "we");
+  test.Key(Qt::Key_D, Qt::ControlModifier);
+  EXPECT_EQ(Last()->GetDescription(), "Week 8");
+}
+
 TEST_F(EntrySheets, WhatCannotBeStoredIsMarkedAndKeptAsTyped) {
   const std::size_t count = Count();
   test.Key(Qt::Key_D, Qt::ControlModifier);

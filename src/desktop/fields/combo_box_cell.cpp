@@ -85,6 +85,14 @@ void LDGRComboBoxCell::Take(const QString& text) {
   emit Completed(text);
 }
 
+void LDGRComboBoxCell::TakeOffered() {
+  if (IsListOpen() && !list_->Highlighted().isNull()) {
+    Take(list_->Highlighted());
+  } else {
+    TakeCompletion();
+  }
+}
+
 void LDGRComboBoxCell::TakeCompletion() {
   if (Typed() == text()) return;
   // As it is spelled in the list.
@@ -96,13 +104,7 @@ bool LDGRComboBoxCell::event(QEvent* event) {
   if (event->type() == QEvent::KeyPress) {
     // Tab is the toolkit's before it is a key of the field. It takes what is offered and goes on.
     const auto* key = static_cast<const QKeyEvent*>(event);
-    if (key->key() == Qt::Key_Tab && key->modifiers() == Qt::NoModifier) {
-      if (IsListOpen() && !list_->Highlighted().isNull()) {
-        Take(list_->Highlighted());
-      } else {
-        TakeCompletion();
-      }
-    }
+    if (key->key() == Qt::Key_Tab && key->modifiers() == Qt::NoModifier) TakeOffered();
   }
   return QLineEdit::event(event);
 }

@@ -24,6 +24,8 @@ class LDGRComboBoxCell final : public QLineEdit {
   // What the text was completed with stays, as it is spelled in the list. The keys and clicks that
   // leave the field take it.
   void TakeCompletion();
+  // What is highlighted in an open list, else the completion.
+  void TakeOffered();
 
  signals:
   // The user took a completion.

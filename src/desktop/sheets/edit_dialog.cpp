@@ -144,6 +144,7 @@ QComboBox* EditDialog::AddPopUp(const QString& label, const char* control, int w
 
 bool EditDialog::EndEditing() {
   amount_->AddUp();
+  description_->TakeCompletion();
   Read();
   return true;
 }

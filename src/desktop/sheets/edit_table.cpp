@@ -31,9 +31,12 @@ void EditCells::updateEditorGeometry(QWidget* editor, const QStyleOptionViewItem
 }
 
 bool EditCells::eventFilter(QObject* object, QEvent* event) {
-  // An open list has its keys before the cell has them.
-  const auto* cell = qobject_cast<LDGRComboBoxCell*>(object);
-  if (cell != nullptr && event->type() == QEvent::KeyPress && cell->IsListOpen()) return false;
+  // An open list has its keys before the cell has them, but Tab is both: it takes and goes on.
+  auto* cell = qobject_cast<LDGRComboBoxCell*>(object);
+  if (cell != nullptr && event->type() == QEvent::KeyPress && cell->IsListOpen()) {
+    if (static_cast<const QKeyEvent*>(event)->key() != Qt::Key_Tab) return false;
+    cell->TakeOffered();
+  }
   return CellDelegate::eventFilter(object, event);
 }
 
@@ -84,6 +87,16 @@ QModelIndex EditTable::moveCursor(CursorAction action, Qt::KeyboardModifiers hel
     if (IsEditable(index)) return index;
   }
   return currentIndex();
+}
+
+void EditTable::closeEditor(QWidget* editor, QAbstractItemDelegate::EndEditHint hint) {
+  const bool goes_on = hint == QAbstractItemDelegate::EditNextItem;
+  const bool goes_back = hint == QAbstractItemDelegate::EditPreviousItem;
+  const bool leaves =
+      (goes_on || goes_back) && moveCursor(goes_on ? MoveNext : MovePrevious, {}) == currentIndex();
+  QTableView::closeEditor(editor, leaves ? QAbstractItemDelegate::NoHint : hint);
+  // What is typed next must not take the place of what the last cell holds.
+  if (leaves) focusNextPrevChild(goes_on);
 }
 
 void EditTable::keyPressEvent(QKeyEvent* event) {

@@ -41,6 +41,8 @@ class EditTable : public QTableView, public RowStates {
   [[nodiscard]] bool IsEditable(const QModelIndex& index) const;
 
   QModelIndex moveCursor(CursorAction action, Qt::KeyboardModifiers held) override;
+  // Tab goes on behind the last cell and before the first one to what stands beside the table.
+  void closeEditor(QWidget* editor, QAbstractItemDelegate::EndEditHint hint) override;
   void keyPressEvent(QKeyEvent* event) override;
   void paintEvent(QPaintEvent* event) override;
 };

@@ -219,6 +219,7 @@ void EntryDialog::Read() {
 
 bool EntryDialog::EndEditing() {
   split_->EndCellEditing();
+  to_from_->TakeCompletion();
   return EditDialog::EndEditing();
 }
 

@@ -209,6 +209,8 @@ void ScheduleDialog::Read() {
 bool ScheduleDialog::EndEditing() {
   if (split_ != nullptr) split_->EndCellEditing();
   amount_->AddUp();
+  description_->TakeCompletion();
+  if (to_from_ != nullptr) to_from_->TakeCompletion();
   Read();
   return true;
 }
