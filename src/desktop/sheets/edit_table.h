@@ -43,6 +43,7 @@ class EditTable : public QTableView, public RowStates {
   QModelIndex moveCursor(CursorAction action, Qt::KeyboardModifiers held) override;
   void keyPressEvent(QKeyEvent* event) override;
   void paintEvent(QPaintEvent* event) override;
+  void initViewItemOption(QStyleOptionViewItem* option) const override;
 };
 
 }  // namespace tallyfold::desktop
