@@ -185,7 +185,10 @@ void SheetDialog::Fit() {
     wanted.setWidth(std::max(minimumSizeHint().width(), std::min(wanted_width_, room)));
     if (hasHeightForWidth()) wanted.setHeight(heightForWidth(wanted.width()));
   }
-  if (wanted.height() > tallest) {
+  // Its tables give rows away first.
+  const int least = hasHeightForWidth() ? layout()->totalMinimumHeightForWidth(wanted.width())
+                                        : minimumSizeHint().height();
+  if (least > tallest) {
     ScrollMiddle(true);
     wanted.rwidth() += kScrollBarExtent;
   }
