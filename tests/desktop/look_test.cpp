@@ -17,6 +17,7 @@
 #include "desktop/look/measures.h"
 #include "desktop/look/painting.h"
 #include "desktop/look/palette_watch.h"
+#include "desktop/look/style.h"
 
 namespace tallyfold::desktop {
 namespace {
@@ -215,6 +216,13 @@ TEST(Icons, TakeTheColourOfTheirRoleInThePaletteInForce) {
   QApplication::setPalette(former);
   EXPECT_TRUE(IconNamed(QLatin1String("no such icon")).isNull());
   EXPECT_FALSE(ApplicationIcon().pixmap(48).isNull());
+  // Pictures of the toolkit's dialogs are ours where we have one.
+  const Style style;
+  EXPECT_EQ(style.standardIcon(QStyle::SP_DirIcon, nullptr, nullptr).name(),
+            QLatin1String("folder"));
+  EXPECT_EQ(style.standardIcon(QStyle::SP_MessageBoxWarning, nullptr, nullptr).name(),
+            QLatin1String("warning"));
+  EXPECT_FALSE(style.standardIcon(QStyle::SP_MediaPlay, nullptr, nullptr).isNull());
 }
 
 class FakeScheme final : public ColorScheme {

@@ -16,6 +16,7 @@
 #include "app/desk.h"
 #include "app/entries/entry_editing.h"
 #include "app/entries/entry_orders.h"
+#include "app/exchange/export_commands.h"
 #include "app/face/refresh.h"
 #include "app/face/sheet_slot.h"
 #include "app/schedules/schedule_editing.h"
@@ -115,7 +116,11 @@ void ForEachShot(const ShotTaker& take, const PanelTaker& take_panel) {
     test.program->app().reminder().scheduleReminderSheet_LookAhead("14");
   });
   show("reminder-folded", [](TestWindow& test) {
-    test.ambient.clock.SetLocal({2026, 6, 7, 12, 0, 0});
+    // Each day, and so more often than a row each would be of use.
+    const auto& account = *test.program->app().desk().SelectedAccount();
+    account.GetSchedules()[1]->SetRepeatIntervalType(1);
+    account.GetSchedules()[1]->SetRepeatInterval(1);
+    test.ambient.clock.SetLocal({2026, 4, 24, 12, 0, 0});
     static_cast<void>(test.program->app().reminder().Open());
   });
   show("transfer-refused", [](TestWindow& test) {
@@ -319,16 +324,18 @@ void ForEachShot(const ShotTaker& take, const PanelTaker& take_panel) {
     test.Click("debitSheet_Date_Field");
     test.Key(Qt::Key_Down, Qt::AltModifier);
   });
-  show("alert", [&take_panel](TestWindow&) {
+  show("alert", [&take_panel](TestWindow& test) {
+    // What an export asks of a name that is there already.
+    test.files.AddFile("/home/user/household.qif", "");
+    test.panels.Answer("/home/user/household.qif");
+    static_cast<void>(test.program->app().exports().ExportQIF());
     QtAlerts alerts;
     QTimer::singleShot(0, [&take_panel] {
       QWidget* box = TestWindow::FindWidget("alert");
       take_panel(QLatin1String("alert-panel"), *box);
       box->close();
     });
-    static_cast<void>(alerts.Run({.title = "A file of this name is there already.",
-                                  .message = "Whatever it holds is lost.",
-                                  .buttons = {"Replace", "Cancel"}}));
+    static_cast<void>(alerts.Run(test.alerts.Requests().back()));
   });
   take(QLatin1String("empty"), "",
        [](TestWindow& test) { test.program->app().sheets().CancelOpen(); });

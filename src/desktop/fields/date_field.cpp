@@ -53,7 +53,6 @@ DateField::DateField(QWidget* parent)
   button_->setFocusPolicy(Qt::NoFocus);
   button_->setAccessibleName(Text("Calendar"));
   button_->setToolTip(Text("Calendar"));
-  setTextMargins(0, 0, kGlyphSize, 0);
   connect(button_, &QToolButton::clicked, this, &DateField::OpenCalendar);
   connect(this, &QLineEdit::textChanged, this, [this] { SetProblem(this, false); });
   connect(this, &QLineEdit::textEdited, this, [this] {
@@ -143,6 +142,7 @@ void DateField::resizeEvent(QResizeEvent* event) {
   QLineEdit::resizeEvent(event);
   const int size = height() - 4;
   const QRect place(width() - size - 2, 2, size, size);
+  setTextMargins(isLeftToRight() ? QMargins(0, 0, kGlyphSize, 0) : QMargins(kGlyphSize, 0, 0, 0));
   button_->setGeometry(QStyle::visualRect(layoutDirection(), rect(), place));
 }
 

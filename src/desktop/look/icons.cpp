@@ -23,9 +23,10 @@ namespace {
 
 // What points along the line of reading.
 constexpr QLatin1String kMirrored[] = {
-    QLatin1String("accounts"), QLatin1String("chevron-right"), QLatin1String("edit"),
-    QLatin1String("entries"),  QLatin1String("import"),        QLatin1String("note"),
-    QLatin1String("skip"),     QLatin1String("speak"),         QLatin1String("split")};
+    QLatin1String("accounts"), QLatin1String("chevron-left"), QLatin1String("chevron-right"),
+    QLatin1String("edit"),     QLatin1String("entries"),      QLatin1String("import"),
+    QLatin1String("list"),     QLatin1String("note"),         QLatin1String("skip"),
+    QLatin1String("speak"),    QLatin1String("split")};
 // Below this many logical pixels the clock hand of the calendar is but a spot.
 constexpr int kLeastSchedule = 16;
 

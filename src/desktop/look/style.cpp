@@ -3,6 +3,8 @@
 #include <QAbstractItemView>
 #include <QApplication>
 #include <QComboBox>
+#include <QDialogButtonBox>
+#include <QLabel>
 #include <QPlainTextEdit>
 #include <QStyleFactory>
 #include <QStyleOption>
@@ -65,6 +67,8 @@ void Style::polish(QWidget* widget) {
   } else if (auto* text = qobject_cast<QPlainTextEdit*>(widget)) {
     // Its ground is that of its frame, whose corners are round.
     text->viewport()->setAutoFillBackground(false);
+  } else if (auto* label = qobject_cast<QLabel*>(widget)) {
+    style::PolishAlert(*label);
   }
 }
 
@@ -88,8 +92,11 @@ int Style::pixelMetric(PixelMetric metric, const QStyleOption* option,
     case PM_ScrollBarSliderMin:
       return kShortestThumb;
     case PM_SmallIconSize:
+    case PM_ListViewIconSize:
     case PM_ButtonIconSize:
       return kIconSize;
+    case PM_MessageBoxIconSize:
+      return style::kAlertIconSize;
     case PM_ToolBarIconSize:
       return kToolIconSize;
     case PM_TabBarIconSize:
@@ -146,6 +153,9 @@ int Style::styleHint(StyleHint hint, const QStyleOption* option, const QWidget* 
       return kToolTipDelay;
     case SH_TabBar_Alignment:
       return Qt::AlignLeft;
+    case SH_DialogButtonLayout:
+      // As in the sheets: the default button at the trailing end.
+      return QDialogButtonBox::GnomeLayout;
     case SH_ComboBox_PopupFrameStyle:
       return static_cast<int>(QFrame::StyledPanel) | QFrame::Plain;
     default:
@@ -270,6 +280,8 @@ void Style::drawPrimitive(PrimitiveElement element, const QStyleOption* option, 
       return style::DrawListPanel(canvas);
     case PE_PanelScrollAreaCorner:
       return painter->fillRect(option->rect, canvas.colors()[Role::Base]);
+    case PE_IndicatorHeaderArrow:
+      return style::DrawHeaderArrow(canvas);
     case PE_FrameTabBarBase:
       return DrawRuleBelow(*painter, option->rect, canvas.colors()[Role::Rule]);
     default:
@@ -327,11 +339,15 @@ void Style::drawControl(ControlElement element, const QStyleOption* option, QPai
     case CE_ToolBar:
       painter->fillRect(option->rect, canvas.colors()[Role::Window]);
       return DrawRuleBelow(*painter, option->rect, canvas.colors()[Role::Rule]);
+    case CE_HeaderSection:
+    case CE_HeaderEmptyArea:
+      return style::DrawHeaderPanel(canvas);
     case CE_ItemViewItem:
       if (const auto* line = As<QStyleOptionViewItem>(option)) {
         QStyleOptionViewItem ours(*line);
         // The tint of a selected line is pale: its text stays the ink it is.
         ours.palette.setColor(QPalette::HighlightedText, canvas.colors()[Role::Text]);
+        style::KeepIconInk(ours, painter->device()->devicePixelRatioF());
         return QProxyStyle::drawControl(element, &ours, painter, widget);
       }
       break;
@@ -358,6 +374,12 @@ void Style::drawComplexControl(ComplexControl control, const QStyleOptionComplex
     return style::DrawScrollBar(canvas, *bar, style::ScrollBarPart(*bar, SC_ScrollBarSlider));
   }
   QProxyStyle::drawComplexControl(control, option, painter, widget);
+}
+
+QIcon Style::standardIcon(StandardPixmap picture, const QStyleOption* option,
+                          const QWidget* widget) const {
+  QIcon icon = style::StandardIcon(picture);
+  return icon.isNull() ? QProxyStyle::standardIcon(picture, option, widget) : icon;
 }
 
 void InstallStyle(QApplication& application) {

@@ -32,6 +32,8 @@ class Style final : public QProxyStyle {
                    const QWidget* widget) const override;
   void drawComplexControl(ComplexControl control, const QStyleOptionComplex* option,
                           QPainter* painter, const QWidget* widget) const override;
+  [[nodiscard]] QIcon standardIcon(StandardPixmap picture, const QStyleOption* option,
+                                   const QWidget* widget) const override;
 };
 
 // Installs the style and the font, unless the desktop brings a style of its own: that one stays.

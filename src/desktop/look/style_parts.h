@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QIcon>
 #include <QPainter>
 #include <QRect>
 #include <QStyle>
@@ -7,6 +8,8 @@
 #include <QWidget>
 
 #include "desktop/look/colors.h"
+
+class QLabel;
 
 // How the style draws each control; for style.cpp alone.
 namespace tallyfold::desktop::style {
@@ -22,6 +25,7 @@ inline constexpr int kMenuSeparatorHeight = 9;
 inline constexpr int kTabLeading = 12;
 inline constexpr int kTabTrailing = 16;
 inline constexpr int kCheckRing = 4;  // around the text of a check box
+inline constexpr int kAlertIconSize = 32;
 
 struct Canvas {
   const QStyleOption& option;
@@ -76,5 +80,16 @@ void DrawMenuItem(const Canvas& canvas, const QStyleOptionMenuItem& item, int mn
 [[nodiscard]] QSize MenuBarItemSize(const QStyleOptionMenuItem& item, const QSize& contents);
 // A line of a list or of the list of a pop-up.
 void DrawListPanel(const Canvas& canvas);
+
+// --- style_dialogs.cpp, for the dialogs that are the toolkit's
+// -------------------------------------------------------------------------------
+// What stands for one of its coloured pictures; null where that one has to do.
+[[nodiscard]] QIcon StandardIcon(QStyle::StandardPixmap picture);
+// A label of an alert: its matter is a heading, what there is to say about it stands small below.
+void PolishAlert(QLabel& label);
+// The icon of a selected line keeps its ink, as its text does.
+void KeepIconInk(QStyleOptionViewItem& line, double scale);
+void DrawHeaderPanel(const Canvas& canvas);
+void DrawHeaderArrow(const Canvas& canvas);
 
 }  // namespace tallyfold::desktop::style

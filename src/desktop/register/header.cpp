@@ -7,6 +7,7 @@
 #include <QPainter>
 #include <QToolTip>
 #include <algorithm>
+#include <cmath>
 #include <utility>
 
 #include "desktop/look/colors.h"
@@ -84,6 +85,23 @@ bool Header::IsSortColumn(int section) const {
          model_.ColumnAt(section).identifier == table_.HighlightedColumn();
 }
 
+int Header::Leading(int section) const {
+  if (section != first_) return kCellPadding;
+  return is_bar_ ? kListPadding : kOuterCellPadding;
+}
+
+int Header::Trailing(int section) const {
+  if (section != last_) return kCellPadding;
+  return is_bar_ ? kOuterCellPadding : kLastCellPadding;
+}
+
+int Header::NeededWidth(int section) const {
+  const QString title = ToQString(TitleOf(model_.ColumnAt(section)));
+  // A rounded width would be cut as too narrow.
+  const auto width = static_cast<int>(std::ceil(QFontMetricsF(plain_).horizontalAdvance(title)));
+  return Leading(section) + width + Trailing(section);
+}
+
 void Header::paintEvent(QPaintEvent* event) {
   {
     QPainter painter(viewport());
@@ -111,11 +129,7 @@ void Header::paintSection(QPainter* painter, const QRect& whole, int section) co
                      rect.height() - kGap);
     DrawRuleBefore(*painter, edge, colors[Role::Rule]);
   }
-  const int leading = section != first_ ? kCellPadding : is_bar_ ? kListPadding : kOuterCellPadding;
-  const int trailing = section != last_ ? kCellPadding
-                       : is_bar_        ? kOuterCellPadding
-                                        : kLastCellPadding;
-  const QRect inner = rect.adjusted(leading, 0, -trailing, 0);
+  const QRect inner = rect.adjusted(Leading(section), 0, -Trailing(section), 0);
   painter->setFont(is_sorted ? sorted_ : plain_);
   painter->setPen(isEnabled() ? colors[is_sorted ? Role::Text : Role::Dim] : colors[Role::Off]);
   const QFontMetrics metrics = painter->fontMetrics();

@@ -29,6 +29,8 @@ class Header final : public QHeaderView {
   [[nodiscard]] QSize sizeHint() const override;
   // As tall as the heads, for what stands beside them.
   [[nodiscard]] int Height() const;
+  // With room for the whole title.
+  [[nodiscard]] int NeededWidth(int section) const;
   // What can be done with the columns: each shown or not, and sorted by.
   void FillMenu(QMenu& menu);
 
@@ -54,6 +56,9 @@ class Header final : public QHeaderView {
   // Without the space that a list has above its first row.
   [[nodiscard]] QRect AboveInset(const QRect& rect) const;
   [[nodiscard]] bool IsSortColumn(int section) const;
+  // Beside the title of a section.
+  [[nodiscard]] int Leading(int section) const;
+  [[nodiscard]] int Trailing(int section) const;
   void SetHovered(int section);
 
   const TableState& table_;

@@ -169,12 +169,21 @@ void RegisterView::ShowColumns() {
   viewport()->update();
 }
 
+void RegisterView::SetFirstColumns(std::vector<TableColumn> columns) {
+  first_columns_ = std::move(columns);
+  FitColumns();
+}
+
 void RegisterView::FitColumns() {
   const bool was_laying_out = std::exchange(is_laying_out_, true);
   const double factor = ColumnFactor(font());
   std::vector<ColumnRoom> rooms;
   for (const TableColumn& column : table_.Columns()) {
     rooms.push_back(RoomOf(column.identifier, column.width, factor));
+    if (std::find(first_columns_.begin(), first_columns_.end(), column) != first_columns_.end()) {
+      const int title = header_->NeededWidth(model_->IndexOf(column.identifier));
+      rooms.back().width = std::max(rooms.back().width, title);
+    }
     // In a list the figures need more room where they are long, and in a narrow one the names do.
     if (!is_list_ || column.content != TableColumn::Content::Amount) continue;
     const int needed = WidestCell(model_->IndexOf(column.identifier));

@@ -41,6 +41,9 @@ class RegisterView final : public QTableView, public RowStates, private TableSta
   void SetSelectsOneRow(bool only_one) noexcept { selects_one_row_ = only_one; }
   // No rule under rows whose month ends; there by default where the rows are sorted by a day.
   void SetHasMonthRules(bool has_rules);
+  // The columns as they are before anybody changes them: one that is as wide as that makes room for
+  // a title that needs more.
+  void SetFirstColumns(std::vector<TableColumn> columns);
   // The widths follow what the cells of a list need, which may have changed with the amounts.
   void FitColumns();
 
@@ -136,6 +139,7 @@ class RegisterView final : public QTableView, public RowStates, private TableSta
   Header* header_;
   CellDelegate* delegate_;
   QWidget* cap_;
+  std::vector<TableColumn> first_columns_;
   RowSelection selection_;
   TypedLetters typed_;
   int anchor_ = -1;

@@ -2,12 +2,15 @@
 
 #include <QApplication>
 #include <QComboBox>
+#include <QDialogButtonBox>
 #include <QDir>
 #include <QFileDialog>
+#include <QFileIconProvider>
 #include <QFileInfo>
 #include <QGridLayout>
 #include <QLabel>
 #include <QLineEdit>
+#include <QSplitter>
 #include <QToolButton>
 #include <utility>
 
@@ -16,6 +19,18 @@
 namespace tallyfold::desktop {
 
 namespace {
+
+constexpr int kPanelWidth = 720;
+constexpr int kPlacesWidth = 152;
+
+// Files and folders as the style draws them, not in the colours of their kinds.
+class PlainFileIcons final : public QFileIconProvider {
+ public:
+  using QFileIconProvider::icon;
+  [[nodiscard]] QIcon icon(const QFileInfo& info) const override {
+    return icon(info.isDir() ? Folder : File);
+  }
+};
 
 // How far a part of the panel is from the edge at which lines begin.
 int LeadingEdge(const QFileDialog& panel, const QWidget& part) {
@@ -53,6 +68,9 @@ class QtFilePanels::Panel final : public QFileDialog {
  public:
   explicit Panel(FileNameCheck* check) : QFileDialog(QApplication::activeWindow()), check_(check) {
     setOption(QFileDialog::DontUseNativeDialog);
+    // It is asked until the last of the panel is gone, in a thread of the toolkit's.
+    static PlainFileIcons icons;
+    setIconProvider(&icons);
     if (check != nullptr) setOption(QFileDialog::DontConfirmOverwrite);
   }
 
@@ -111,6 +129,36 @@ QString FileNameFrom(const QString& name) {
   return file + QLatin1Char('.') + suffix;
 }
 
+// A choice of one kind of file only is none.
+void HideFileTypes(const QFileDialog& panel) {
+  for (const char* name : {"fileTypeLabel", "fileTypeCombo"}) {
+    auto* widget = panel.findChild<QWidget*>(QLatin1String(name));
+    if (widget != nullptr) widget->hide();
+  }
+}
+
+// As in every sheet: the buttons in a row of their own below all else.
+void LayOut(QFileDialog& panel) {
+  auto* grid = qobject_cast<QGridLayout*>(panel.layout());
+  auto* name = panel.findChild<QLineEdit*>(QLatin1String("fileNameEdit"));
+  auto* buttons = panel.findChild<QDialogButtonBox*>(QLatin1String("buttonBox"));
+  if (grid != nullptr && name != nullptr && buttons != nullptr) {
+    int row = 0, column = 0, rows = 0, columns = 0;
+    grid->getItemPosition(grid->indexOf(name), &row, &column, &rows, &columns);
+    grid->removeWidget(name);
+    grid->removeWidget(buttons);
+    grid->addWidget(name, row, column, 1, grid->columnCount() - column);
+    grid->setColumnStretch(column, 1);
+    buttons->setOrientation(Qt::Horizontal);
+    grid->addWidget(buttons, grid->rowCount(), 0, 1, grid->columnCount());
+  }
+  if (auto* splitter = panel.findChild<QSplitter*>(QLatin1String("splitter"))) {
+    splitter->setHandleWidth(0);
+    splitter->setSizes({kPlacesWidth, kPanelWidth - kPlacesWidth});
+  }
+  panel.resize(panel.sizeHint().expandedTo({kPanelWidth, 0}));
+}
+
 // The toolkit leaves most of them without a name for assistive technology.
 void NameWidgets(QFileDialog& panel) {
   const std::pair<const char*, QString> names[] = {
@@ -157,7 +205,9 @@ std::optional<std::string> QtFilePanels::Run(Panel& panel, const FilePanelReques
   const auto accessory = accessories_.find(request.accessory);
   if (accessory != accessories_.end()) panel.SetRows(accessory->second(&panel));
 
+  if (panel.nameFilters().size() < 2) HideFileTypes(panel);
   NameWidgets(panel);
+  LayOut(panel);
   ++depth_;
   const bool is_accepted = panel.exec() == QDialog::Accepted;
   --depth_;

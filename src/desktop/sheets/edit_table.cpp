@@ -9,6 +9,7 @@
 #include "desktop/look/colors.h"
 #include "desktop/look/measures.h"
 #include "desktop/look/painting.h"
+#include "desktop/look/style.h"
 #include "desktop/register/table_titles.h"
 
 namespace tallyfold::desktop {
@@ -74,6 +75,11 @@ RowState EditTable::StateOf(int row) const {
 
 bool EditTable::IsEditable(const QModelIndex& index) const {
   return index.isValid() && index.flags().testFlag(Qt::ItemIsEditable);
+}
+
+void EditTable::initViewItemOption(QStyleOptionViewItem* option) const {
+  QTableView::initViewItemOption(option);
+  LeaveSelectionToTable(*option);
 }
 
 QModelIndex EditTable::moveCursor(CursorAction action, Qt::KeyboardModifiers held) {

@@ -45,6 +45,7 @@ class EditTable : public QTableView, public RowStates {
   void closeEditor(QWidget* editor, QAbstractItemDelegate::EndEditHint hint) override;
   void keyPressEvent(QKeyEvent* event) override;
   void paintEvent(QPaintEvent* event) override;
+  void initViewItemOption(QStyleOptionViewItem* option) const override;
 };
 
 }  // namespace tallyfold::desktop

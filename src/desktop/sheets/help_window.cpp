@@ -98,7 +98,7 @@ HelpWindow::HelpWindow() : pages_(new PageList(this, "help_Chapters_List")) {
   setObjectName(QLatin1String("help_Window"));
   setWindowTitle(Text("Tallyfold Help"));
   auto* whole = new QVBoxLayout(this);
-  whole->setContentsMargins(kSheetMargin, kSheetMargin, kSheetMargin, kSheetMargin);
+  whole->setContentsMargins(0, 0, 0, 0);
   whole->addWidget(pages_);
   for (const GuideChapter& chapter : Guide()) Add(chapter);
   resize(kHelpWidth, kHelpHeight);
@@ -109,7 +109,7 @@ void HelpWindow::Add(const GuideChapter& chapter) {
   page->setObjectName(QLatin1String("help_Text"));
   page->setAccessibleName(ToQString(chapter.title));
   page->setFrameShape(QFrame::NoFrame);
-  page->document()->setDocumentMargin(kSheetMargin);
+  page->document()->setDocumentMargin(kGap);
   Write(*page->document(), chapter, font());
   page->moveCursor(QTextCursor::Start);
   pages_->Add(chapter.name, ToQString(chapter.title), page);

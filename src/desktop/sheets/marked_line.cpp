@@ -28,4 +28,8 @@ void MarkedLine::SetText(const QString& text) {
   text_->setText(text);
 }
 
+void MarkedLine::SetName(QLatin1String name) {
+  text_->setObjectName(name);
+}
+
 }  // namespace tallyfold::desktop

@@ -14,6 +14,8 @@ class MarkedLine final : public QWidget {
   MarkedLine(QLatin1String icon, Role ink, QWidget* parent);
 
   void SetText(const QString& text);
+  // Of the text alone.
+  void SetName(QLatin1String name);
 
  private:
   QLabel* text_;

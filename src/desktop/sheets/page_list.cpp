@@ -41,7 +41,7 @@ class PageName final : public QStyledItemDelegate {
       const QRect bar(cell.left(), cell.top() + kGap, kSelectionBar, cell.height() - 2 * kGap);
       painter->setBrush(colors[Role::Accent]);
       painter->drawRect(QStyle::visualRect(option.direction, cell, bar));
-      font.setBold(true);
+      font = DemiBoldFont(font);
     } else if (option.state.testFlag(QStyle::State_MouseOver)) {
       painter->setBrush(colors[Role::Hover]);
       painter->drawRoundedRect(cell, kSmallRadius, kSmallRadius);
@@ -118,9 +118,8 @@ void PageList::Add(std::string_view identifier, const QString& title, QWidget* p
   auto* item = new QListWidgetItem(title, list_);
   item->setSizeHint(QSize(0, kAccountRowHeight));
   list_->setMinimumHeight(list_->count() * kAccountRowHeight);
-  QFont chosen = list_->font();
-  chosen.setBold(true);
-  const int width = QFontMetrics(chosen).horizontalAdvance(title) + 2 * kOuterCellPadding;
+  const int width =
+      QFontMetrics(DemiBoldFont(list_->font())).horizontalAdvance(title) + 2 * kOuterCellPadding;
   list_->setFixedWidth(std::max({kPageListWidth - 2 * kGap, width, list_->minimumWidth()}));
   if (identifiers_.size() == 1) list_->setCurrentRow(0);
 }

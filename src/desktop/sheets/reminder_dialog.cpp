@@ -74,6 +74,7 @@ QLayout* ReminderDialog::MakeFoot() {
   unit_->setAccessibleName(Text("Unit of the look-ahead"));
   balance_mode_->setObjectName(QLatin1String("scheduleReminderSheet_Balance_PopUp"));
   balance_mode_->setAccessibleName(Text("Balance"));
+  balance_mode_->setFrame(false);
   balance_->setObjectName(QLatin1String("scheduleReminderSheet_Balance_Field"));
   balance_->setFont(DemiBoldFont(LargerFont(font(), kStatusFigurePoints)));
   auto* label = new QLabel(Text("Look ahead"), this);

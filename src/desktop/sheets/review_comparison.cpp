@@ -103,7 +103,10 @@ class ReviewComparison::Field final : public QWidget {
     }
     painter.setFont(font());
     painter.setPen(colors[Role::Text]);
-    painter.drawText(text, Qt::AlignVCenter | Qt::AlignLeading | Qt::TextSingleLine,
+    // The minus of an amount stays before it, whatever way the sheet reads.
+    painter.setLayoutDirection(text_.isRightToLeft() ? Qt::RightToLeft : Qt::LeftToRight);
+    const auto side = QStyle::visualAlignment(layoutDirection(), Qt::AlignLeading);
+    painter.drawText(text, static_cast<int>(side | Qt::AlignVCenter) | Qt::TextSingleLine,
                      QFontMetrics(font()).elidedText(text_, Qt::ElideRight, text.width()));
   }
 

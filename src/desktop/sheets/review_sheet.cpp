@@ -11,6 +11,7 @@
 
 #include "app/desk.h"
 #include "app/exchange/qif_import_controller.h"
+#include "app/exchange/qif_import_table_data.h"
 #include "desktop/look/assistive.h"
 #include "desktop/look/colors.h"
 #include "desktop/look/figures.h"
@@ -67,6 +68,7 @@ void ReviewSheet::LayOut() {
   table_->setAccessibleName(Text("Entries of the File"));
   table_->SetLook(TableLookOf(parts_.desk.preferences(), font()));
   table_->SetDetails(&details_);
+  table_->SetFirstColumns(ReviewColumns());
   table_->setMinimumHeight(kLeastRows * RowHeight(fontMetrics()) + HeaderHeight(fontMetrics()));
 
   auto* chips = new QHBoxLayout;

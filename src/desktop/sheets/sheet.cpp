@@ -4,7 +4,6 @@
 #include <QButtonGroup>
 #include <QCloseEvent>
 #include <QHBoxLayout>
-#include <QLabel>
 #include <QPointer>
 #include <QPushButton>
 #include <QRadioButton>
@@ -14,9 +13,9 @@
 #include <QVBoxLayout>
 #include <algorithm>
 
-#include "desktop/look/ink.h"
 #include "desktop/look/measures.h"
 #include "desktop/look/rule_line.h"
+#include "desktop/sheets/marked_line.h"
 #include "desktop/sheets/tab_order.h"
 #include "desktop/texts.h"
 
@@ -74,18 +73,14 @@ SheetDialog::SheetDialog(QWidget* window, const QString& title)
       middle_(new QWidget(this)),
       body_(new QVBoxLayout(middle_)),
       foot_(new QVBoxLayout),
-      problem_(new QLabel(this)),
+      problem_(new MarkedLine(QLatin1String("warning"), Role::Problem, this)),
       buttons_(new QWidget(this)) {
   setWindowModality(Qt::WindowModal);
   connect(qApp, &QApplication::focusChanged, this, [this](QWidget*, QWidget* now) {
     if (now != nullptr && isAncestorOf(now)) Reveal(*this, *now);
   });
   setWindowTitle(QString(title).replace(QLatin1String("[*]"), QLatin1String("[*][*]")));
-  problem_->setObjectName(QLatin1String("sheet_Problem"));
-  problem_->setTextFormat(Qt::PlainText);
-  problem_->setWordWrap(true);
-  problem_->setFont(MediumFont(SmallFont(font())));
-  SetTextInk(*problem_, Role::Problem);
+  problem_->SetName(QLatin1String("sheet_Problem"));
   problem_->hide();
 
   auto* row = new QHBoxLayout(buttons_);
@@ -141,7 +136,7 @@ void SheetDialog::AddBeforeButtons(QWidget* widget) {
 }
 
 void SheetDialog::ShowProblem(const QString& problem) {
-  problem_->setText(problem);
+  problem_->SetText(problem);
   problem_->setVisible(!problem.isEmpty());
 }
 
@@ -190,7 +185,10 @@ void SheetDialog::Fit() {
     wanted.setWidth(std::max(minimumSizeHint().width(), std::min(wanted_width_, room)));
     if (hasHeightForWidth()) wanted.setHeight(heightForWidth(wanted.width()));
   }
-  if (wanted.height() > tallest) {
+  // Its tables give rows away first.
+  const int least = hasHeightForWidth() ? layout()->totalMinimumHeightForWidth(wanted.width())
+                                        : minimumSizeHint().height();
+  if (least > tallest) {
     ScrollMiddle(true);
     wanted.rwidth() += kScrollBarExtent;
   }

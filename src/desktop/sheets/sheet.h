@@ -3,12 +3,13 @@
 #include <QDialog>
 
 class QDialogButtonBox;
-class QLabel;
 class QPushButton;
 class QScrollArea;
 class QVBoxLayout;
 
 namespace tallyfold::desktop {
+
+class MarkedLine;
 
 // What all sheets of the window share: their place, the row of buttons, the line that says what is
 // wrong, and that neither a key nor the frame closes them behind the application's back.
@@ -66,7 +67,7 @@ class SheetDialog : public QDialog {
   QScrollArea* scrolled_ = nullptr;
   QVBoxLayout* body_;
   QVBoxLayout* foot_;
-  QLabel* problem_;
+  MarkedLine* problem_;
   QWidget* buttons_;
   int leading_count_ = 0;
   int wanted_width_ = 0;

@@ -27,9 +27,9 @@ namespace {
 using State = AccountSummarySheetState;
 
 constexpr int kSummaryOptionsWidth = 1080;
-constexpr int kSummaryFormWidth = 440;
+constexpr int kSummaryFormWidth = 440 - 2 * kSheetMargin;
 constexpr int kSummaryPopUpWidth = 200;
-constexpr int kFilterTextWidth = 164;
+constexpr int kFilterTextWidth = 152;
 constexpr int kLeastResultHeight = 320;
 constexpr int kResultDelay = 150;  // milliseconds
 

@@ -16,6 +16,7 @@
 #include "desktop/tabs/empty_page.h"
 #include "desktop/texts.h"
 #include "registers/account_table_view_data.h"
+#include "registers/register_rows.h"
 
 namespace tallyfold::desktop {
 
@@ -45,6 +46,7 @@ RegisterPage::RegisterPage(RegisterKind kind, const Parts& parts, QWidget* paren
   column->addWidget(details_);
 
   table_->SetDetails(&glyphs_);
+  table_->SetFirstColumns(DefaultRegisterColumns());
   table_->SetMarksAreBoxes(!is_entry);
   ConnectTable();
   FillEmptyPages();

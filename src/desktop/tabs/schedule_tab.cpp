@@ -10,6 +10,7 @@
 #include "desktop/tabs/empty_page.h"
 #include "desktop/tabs/next_dates.h"
 #include "desktop/texts.h"
+#include "registers/schedule_list.h"
 
 namespace tallyfold::desktop {
 
@@ -24,6 +25,7 @@ ScheduleTab::ScheduleTab(const Parts& parts, QWidget* parent)
   table_->setObjectName(QLatin1String("schedule_Table"));
   table_->setAccessibleName(Text("Scheduled Entries"));
   table_->SetDetails(&words_);
+  table_->SetFirstColumns(DefaultScheduleColumns());
   table_->SetSelectsOneRow(true);
   splitter_->setObjectName(QLatin1String("schedule_Splitter"));
   splitter_->setChildrenCollapsible(false);
