@@ -77,6 +77,10 @@ class Arguments {
   [[nodiscard]] std::size_t WordCount() const noexcept { return words_.size(); }
   // "" when there are fewer.
   [[nodiscard]] const std::string& WordAt(std::size_t index) const noexcept;
+  // Whether its words name all rows of what the command works on.
+  [[nodiscard]] bool NamesAllRows() const noexcept {
+    return WordCount() == 1 && WordAt(0) == "all";
+  }
 
   // Options by name; none when not given. Those that read a value throw CommandError for a bad one.
   [[nodiscard]] bool Has(std::string_view option) const noexcept;

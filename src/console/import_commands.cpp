@@ -106,7 +106,7 @@ void MarkAll(const Console& console, bool marked) {
 
 void MarkEntries(const Console& console, const Arguments& arguments, bool marked) {
   auto& import = OpenReview(console);
-  if (NamesAllRows(arguments)) return MarkAll(console, marked);
+  if (arguments.NamesAllRows()) return MarkAll(console, marked);
   const auto entries = ReviewedEntriesNamed(console, arguments);
   import.MarkEntries(entries, marked);
   ShowReviewedEntries(console, entries);

@@ -28,7 +28,7 @@ void ShowMatches(Console& console, const Arguments& arguments) {
 
 void MatchWith(const Console& console, const Arguments& arguments, const std::string& chosen) {
   auto& import = OpenReview(console);
-  if (NamesAllRows(arguments) || arguments.WordCount() > 1) {
+  if (arguments.NamesAllRows() || arguments.WordCount() > 1) {
     throw CommandError("with: names the entry for one row");
   }
   const auto row = ReviewedEntryNamed(console, arguments.WordAt(0));
@@ -43,7 +43,7 @@ void MatchWith(const Console& console, const Arguments& arguments, const std::st
 // What has nothing to be matched with is passed over where all are named.
 void SetMatched(const Console& console, const Arguments& arguments, bool matched) {
   auto& import = OpenReview(console);
-  if (NamesAllRows(arguments)) {
+  if (arguments.NamesAllRows()) {
     import.MatchEntries(import.entries(), matched);
     return ShowReviewFigures(console);
   }

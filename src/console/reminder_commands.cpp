@@ -95,7 +95,7 @@ std::vector<ReminderRow::Typed> TypedRows(const ScheduleReminderState& state) {
 void MarkRows(Console& console, const Arguments& arguments) {
   const ScheduleReminderState& state = Reminder(console);
   const bool is_marked = arguments.YesNo("marked").value_or(true);
-  if (arguments.WordCount() == 1 && arguments.WordAt(0) == "all") {
+  if (arguments.NamesAllRows()) {
     console.controller.reminder().MarkAll(is_marked);
     return Show(console);
   }

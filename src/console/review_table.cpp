@@ -65,10 +65,6 @@ LDGRQIFImportController& OpenReview(const Console& console) {
   return import;
 }
 
-bool NamesAllRows(const Arguments& arguments) {
-  return arguments.WordCount() == 1 && arguments.WordAt(0) == "all";
-}
-
 std::shared_ptr<LDGRQIFImportEntry> ReviewedEntryNamed(const Console& console,
                                                        std::string_view word) {
   const auto& import = console.controller.sharedQIFImportController();

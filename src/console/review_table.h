@@ -16,8 +16,6 @@ class Arguments;
 
 // Throws CommandError when no import is under review.
 [[nodiscard]] LDGRQIFImportController& OpenReview(const Console& console);
-// Whether the words of a command name all entries of the review.
-[[nodiscard]] bool NamesAllRows(const Arguments& arguments);
 // An entry of the import under review by its place in the file. Throws CommandError when there is
 // no such entry.
 [[nodiscard]] std::shared_ptr<LDGRQIFImportEntry> ReviewedEntryNamed(const Console& console,

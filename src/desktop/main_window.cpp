@@ -8,7 +8,6 @@
 #include <QMenu>
 #include <QMenuBar>
 #include <QMimeData>
-#include <QResizeEvent>
 #include <QScreen>
 #include <QSplitter>
 #include <QStackedWidget>
@@ -31,6 +30,7 @@
 #include "desktop/command_actions.h"
 #include "desktop/date_jump_panel.h"
 #include "desktop/drawer/accounts_list.h"
+#include "desktop/drawer/drawer_splitter.h"
 #include "desktop/entry_actions.h"
 #include "desktop/find_panel.h"
 #include "desktop/look/measures.h"
@@ -62,32 +62,23 @@ namespace {
 
 constexpr QSize kFirstSize(1200, 760);
 constexpr QSize kLeastSize(860, 540);
-constexpr int kDrawerWidth = 232;
-// A narrower window leaves an open drawer no more than that.
-constexpr int kNarrowWindow = 900;
-// So many accounts are in sight where the drawer lies above or below the page.
-constexpr int kRowsAcross = 5;
 
 // In the settings: whether the lines below the registers are hidden.
 constexpr QLatin1String kDetails("details_Label");
 constexpr char kHidden[] = "hidden";
-
-// Edges as the preferences number them.
-enum Edge { kLeft = 0, kBottom = 1, kRight = 2, kTop = 3 };
 
 }  // namespace
 
 MainWindow::MainWindow(LDGRController& app, UserSettings& settings)
     : app_(app),
       settings_(settings),
-      splitter_(new QSplitter(this)),
+      splitter_(new DrawerSplitter({app.accountsDrawer(), app.desk()}, this)),
       page_(new QWidget(splitter_)),
       pages_(new QStackedWidget(page_)) {
   setObjectName(QLatin1String(WindowHooks::kFrameName));
   setMinimumSize(kLeastSize);
   setContextMenuPolicy(Qt::NoContextMenu);
   setAcceptDrops(true);
-  splitter_->setChildrenCollapsible(false);
   MakePieces();
   LayOut();
   Connect();
@@ -129,6 +120,7 @@ void MainWindow::MakePieces() {
   pieces_.updates = updates_.get();
   pieces_.tools = new ToolBars(*actions_, app.tabs(), app.accountsDrawer(), this);
   pieces_.accounts = new AccountsList({app.accountsDrawer(), app.desk()}, splitter_);
+  splitter_->SetPieces(*pieces_.accounts, *page_);
   pieces_.tabs = new TabStrip(app.tabs(), page_);
   pieces_.search =
       new SearchStrip({app.search(), app.textEditing(), app.tabs(), app.desk()}, page_);
@@ -234,12 +226,6 @@ void MainWindow::Connect() {
   connect(pieces_.schedule, &ScheduleTab::RemoveWanted, this, order("ScheduleRemoveConfirm_Begin"));
   connect(pieces_.schedule, &ScheduleTab::RowMenuWanted, this,
           [this](const QPoint& place) { menus_->ScheduleMenu()->popup(place); });
-  connect(splitter_, &QSplitter::splitterMoved, this, [this] {
-    const QSize size = pieces_.accounts->size();
-    const bool is_beside = splitter_->orientation() == Qt::Horizontal;
-    app_.desk().preferences().SetAccountsDrawerWidth(
-        static_cast<float>(is_beside ? size.width() : size.height()));
-  });
 }
 
 void MainWindow::ShowTitle() {
@@ -259,41 +245,7 @@ void MainWindow::ShowLook() {
 }
 
 void MainWindow::ShowDrawer() {
-  const LDGRPreferences& preferences = app_.desk().preferences();
-  const int edge = preferences.GetAccountsDrawerPreferredEdge();
-  const bool is_beside = edge != kTop && edge != kBottom;
-  const bool is_first = edge == kLeft || edge == kTop;
-  splitter_->setOrientation(is_beside ? Qt::Horizontal : Qt::Vertical);
-  splitter_->insertWidget(is_first ? 0 : 1, pieces_.accounts);
-  splitter_->setStretchFactor(splitter_->indexOf(page_), 1);
-  splitter_->setStretchFactor(splitter_->indexOf(pieces_.accounts), 0);
-  const bool was_shown = pieces_.accounts->isVisibleTo(splitter_);
-  pieces_.accounts->setVisible(app_.accountsDrawer().State().is_open);
-  if (was_shown == pieces_.accounts->isVisibleTo(splitter_) && was_shown) return;
-  FitDrawer();
-}
-
-void MainWindow::FitDrawer() {
-  const LDGRPreferences& preferences = app_.desk().preferences();
-  const bool is_beside = splitter_->orientation() == Qt::Horizontal;
-  const bool is_first = splitter_->indexOf(pieces_.accounts) == 0;
-  const int room = is_beside ? width() : height();
-  const float stored = preferences.GetAccountsDrawerWidth();
-  const int wanted = stored > 0  ? static_cast<int>(stored)
-                     : is_beside ? kDrawerWidth
-                                 : kBarHeight + kRowsAcross * kAccountRowHeight + kStatusHeight;
-  const bool is_narrow = is_beside && room < kNarrowWindow;
-  const int drawer = is_narrow ? AccountsList::kLeastWidth
-                               : std::clamp(wanted, AccountsList::kLeastWidth,
-                                            std::max(AccountsList::kLeastWidth, room / 2));
-  splitter_->setSizes(is_first ? QList<int>{drawer, room - drawer}
-                               : QList<int>{room - drawer, drawer});
-}
-
-void MainWindow::resizeEvent(QResizeEvent* event) {
-  QMainWindow::resizeEvent(event);
-  const bool was_narrow = event->oldSize().width() < kNarrowWindow;
-  if (was_narrow != (width() < kNarrowWindow)) FitDrawer();
+  splitter_->Show();
 }
 
 void MainWindow::ShowPage() {

@@ -6,7 +6,6 @@
 #include <memory>
 #include <utility>
 
-class QSplitter;
 class QStackedWidget;
 
 namespace tallyfold {
@@ -18,6 +17,7 @@ namespace tallyfold::desktop {
 class AccountsList;
 class CommandActions;
 class DateJumpPanel;
+class DrawerSplitter;
 class EntryActions;
 class FindPanel;
 class HelpKey;
@@ -102,12 +102,10 @@ class MainWindow final : public QMainWindow {
 
  private:
   void MakePieces();
-  void FitDrawer();
   void LayOut();
   // The page of the register that is shown, else that of the entries.
   [[nodiscard]] RegisterPage& ShownRegister() const;
   void Connect();
-  void resizeEvent(QResizeEvent* event) override;
   void dragEnterEvent(QDragEnterEvent* event) override;
   void dropEvent(QDropEvent* event) override;
   void closeEvent(QCloseEvent* event) override;
@@ -124,7 +122,7 @@ class MainWindow final : public QMainWindow {
   std::unique_ptr<SheetHost> sheets_;
   std::unique_ptr<ReviewHost> review_;
   std::unique_ptr<UpdateWindowHost> updates_;
-  QSplitter* splitter_;
+  DrawerSplitter* splitter_;
   QWidget* page_;
   Veil* veil_;
   QStackedWidget* pages_;

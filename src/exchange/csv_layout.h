@@ -6,23 +6,15 @@
 #include <vector>
 
 #include "exchange/csv_choices.h"
-#include "exchange/import_text.h"
 #include "exchange/statement_file.h"
 #include "exchange/table_reader.h"
 
 namespace tallyfold {
 
-// How the bytes of a table become rows and columns, before anything of them is read.
+// How the text of a table becomes rows and columns, before anything of them is read.
 
 // The rows that its layout is told by: the first ones.
 inline constexpr std::size_t kLayoutRows = 200;
-
-// The text of a table that is no UTF-8, or for which an encoding is chosen. UTF-16 shows what it
-// is; of the encodings of bytes the one whose headings are known, else a question is asked and
-// Windows-1252 holds, or Windows-1251 where most letters are beyond ASCII.
-[[nodiscard]] ImportText ReadTableText(std::string_view bytes, const CsvChoices& choices,
-                                       const TextEncodings& encodings,
-                                       std::vector<StatementQuestion>& questions);
 
 // Where its lines begin: behind "sep=;", which names the delimiter.
 [[nodiscard]] std::string_view TableBody(std::string_view text) noexcept;

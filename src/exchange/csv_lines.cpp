@@ -2,6 +2,7 @@
 
 #include <utility>
 
+#include "exchange/csv_encoding.h"
 #include "exchange/csv_layout.h"
 #include "exchange/import_text.h"
 #include "exchange/table_reader.h"

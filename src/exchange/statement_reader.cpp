@@ -1,9 +1,10 @@
 #include "exchange/statement_reader.h"
 
 #include <algorithm>
+#include <optional>
 #include <string>
 
-#include "exchange/csv_layout.h"
+#include "exchange/csv_encoding.h"
 #include "exchange/csv_reader.h"
 #include "exchange/markup_text.h"
 #include "exchange/ofx_reader.h"

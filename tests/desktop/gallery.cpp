@@ -35,19 +35,10 @@
 #include "desktop/look/palette_watch.h"
 #include "desktop/look/style.h"
 #include "desktop/shown_register.h"
+#include "desktop/wished_colors.h"
 
 namespace tallyfold::desktop {
 namespace {
-
-class Wished final : public ColorScheme {
- public:
-  explicit Wished(Wish wish) : wish_(wish) {}
-  [[nodiscard]] Wish Current() const override { return wish_; }
-  void WhenChanged(std::function<void()>) override {}
-
- private:
-  Wish wish_;
-};
 
 // A control drawn in a state that it would need a pointer or a window for.
 class Posed final : public QWidget {
@@ -249,8 +240,7 @@ int main(int argc, char** argv) {
   QApplication::setFont(QFont(QStringLiteral("Inter"), 10));
   InstallStyle(application);
   const bool is_dark = argc > 2;
-  PaletteWatch watch(
-      std::make_unique<Wished>(is_dark ? ColorScheme::Wish::Dark : ColorScheme::Wish::Light));
+  PaletteWatch watch(std::make_unique<WishedColors>(is_dark));
   const QString folder = argc > 1 ? QString::fromLocal8Bit(argv[1]) : QStringLiteral(".");
   const QString ending = QLatin1String(is_dark ? "-dark.png" : "-light.png");
   const auto path = [&](const char* name) {

@@ -1,8 +1,6 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <fstream>
-#include <iterator>
 #include <sstream>
 #include <string>
 #include <vector>
@@ -12,15 +10,11 @@
 #include "console/session.h"
 #include "desktop/month_steps.h"
 #include "desktop/test_window.h"
+#include "fakes/file_text.h"
 #include "platform/terminal.h"
 
 namespace tallyfold::desktop {
 namespace {
-
-std::string HouseholdQif() {
-  std::ifstream file(TALLYFOLD_EXAMPLES "/household.qif", std::ios::binary);
-  return {std::istreambuf_iterator<char>(file), {}};
-}
 
 std::vector<Step> Month() {
   std::vector<Step> month(EntrySteps().begin(), EntrySteps().end());
@@ -89,7 +83,7 @@ std::vector<std::vector<std::string>> SavedByTheConsole() {
   ambient.clock.SetLocal({2026, 2, 22, 12, 0, 0});
   FakeFileSystem files;
   files.AddFile(TestWindow::kAccountsFile, ExampleAccounts());
-  files.AddFile(kMonthImport, HouseholdQif());
+  files.AddFile(kMonthImport, FileText(TALLYFOLD_EXAMPLES "/household.qif"));
   FakeProcessLauncher processes;
   FakeSpeech speech;
   FakeRunLoop loop(&ambient.clock);
@@ -124,7 +118,7 @@ TEST(Month, EndsWithTheSameFilesByTheKeysOfTheWindowAsAtTheConsole) {
   ASSERT_EQ(saved.size(), month.size());
   for (const std::string& content : saved.back()) EXPECT_NE(content, "");
   TestWindow test(ExampleAccounts());
-  test.files.AddFile(kMonthImport, HouseholdQif());
+  test.files.AddFile(kMonthImport, FileText(TALLYFOLD_EXAMPLES "/household.qif"));
   ASSERT_TRUE(test.Launch());
   test.Key(Qt::Key_Down);
   Hand hand(test);

@@ -29,12 +29,6 @@ TEST(PreferenceSheets, SettingsOfEveryPageAreTakenByOKAndDroppedByCancel) {
   const auto choose = [&test](const char* name, int index) {
     test.Find<QComboBox>(name)->setCurrentIndex(index);
   };
-  const auto type = [&test](const char* name, const char* text) {
-    auto* field = test.Find<QLineEdit>(name);
-    field->setFocus();
-    field->selectAll();
-    test.Type(text);
-  };
   const auto page = [&test] { return test.Find<QListWidget>("preferencesSheet_TabView"); };
   const auto go_to = [&](const char* tab) {
     for (int row = 0; row < page()->count() && app.preferencesSheet().State().tab != tab; ++row) {
@@ -60,16 +54,16 @@ TEST(PreferenceSheets, SettingsOfEveryPageAreTakenByOKAndDroppedByCancel) {
   EXPECT_EQ(test.Find<QComboBox>("preferencesSheet_QIFExportEncoding")->currentText(),
             QLatin1String("Unicode (UTF-8)"));
   choose("preferencesSheet_QIFExportDateFormat", 3);
-  type("preferencesSheet_backupInterval", "0x");
+  test.Fill("preferencesSheet_backupInterval", "0x");
   test.Click("preferencesSheet_OK_Button");
   ASSERT_EQ(app.sheets().Current(), Sheet::Preferences);
   EXPECT_EQ(app.preferencesSheet().State().problem->field, "preferencesSheet_backupInterval");
   EXPECT_EQ(test.FocusName(), QLatin1String("preferencesSheet_backupInterval"));
   EXPECT_EQ(test.Find<QLineEdit>("preferencesSheet_backupInterval")->text(), QLatin1String("0x"));
-  type("preferencesSheet_backupInterval", "12");
+  test.Fill("preferencesSheet_backupInterval", "12");
 
   go_to("security");
-  type("preferencesSheet_Password_Field", "abc");
+  test.Fill("preferencesSheet_Password_Field", "abc");
   EXPECT_FALSE(test.FindWidget("preferencesSheet_OK_Button")->isEnabled());
   const auto is_told = [&test] {
     return !test.FindWidget("preferencesSheet_PasswordAgain_Field")
@@ -83,7 +77,7 @@ TEST(PreferenceSheets, SettingsOfEveryPageAreTakenByOKAndDroppedByCancel) {
   EXPECT_EQ(page()->currentRow(), security);
   EXPECT_TRUE(is_told());
   EXPECT_EQ(test.FocusName(), QLatin1String("preferencesSheet_Password_Field"));
-  type("preferencesSheet_PasswordAgain_Field", "abc");
+  test.Fill("preferencesSheet_PasswordAgain_Field", "abc");
   test.Click("preferencesSheet_OK_Button");
   ASSERT_EQ(app.sheets().Current(), Sheet::None);
   EXPECT_EQ(stored.GetSelectWhichFieldFirstWhenAddingEntries(), 2);

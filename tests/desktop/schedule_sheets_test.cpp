@@ -23,18 +23,12 @@ TEST(ScheduleSheet, MakesADebitRefusesWhatIsNoNumberAndTheReminderCommitsIt) {
   const std::size_t count = account->GetSchedules().size();
   ASSERT_TRUE(app.scheduleSheet().New(EntryKind::Debit));
   test.Settle();
-  const auto type = [&test](const char* name, const char* text) {
-    auto* field = test.Find<QLineEdit>(name);
-    field->setFocus();
-    field->selectAll();
-    test.Type(text);
-  };
   const auto choose = [&test](const char* name, const char* title) {
     auto* pop_up = test.Find<QComboBox>(name);
     pop_up->setCurrentIndex(pop_up->findText(QLatin1String(title)));
   };
-  type("scheduleSheet_Start_Field", "03/31/26");
-  type("scheduleSheet_Description_Field", "Bins");
+  test.Fill("scheduleSheet_Start_Field", "03/31/26");
+  test.Fill("scheduleSheet_Description_Field", "Bins");
   choose("scheduleSheet_Interval_PopUp", "Every ... Weeks");
   choose("scheduleSheet_UntilType_PopUp", "Until a Date");
   EXPECT_EQ(test.Find<QLineEdit>("scheduleSheet_Until_Field")->text(), QLatin1String("03/31/26"));
@@ -53,14 +47,14 @@ TEST(ScheduleSheet, MakesADebitRefusesWhatIsNoNumberAndTheReminderCommitsIt) {
       {"scheduleSheet_Until_Field", "0", "3"},
   };
   for (const auto& each : cases) {
-    type(each.field, each.bad);
+    test.Fill(each.field, each.bad);
     test.Click("scheduleSheet_OK_Button");
     ASSERT_EQ(app.sheets().Current(), Sheet::Schedule) << each.field;
     ASSERT_TRUE(app.scheduleSheet().State().problem) << each.field;
     EXPECT_EQ(app.scheduleSheet().State().problem->field, each.field);
     EXPECT_EQ(test.FocusName(), QLatin1String(each.field));
     EXPECT_EQ(test.Find<QLineEdit>(each.field)->text(), QLatin1String(each.bad));
-    type(each.field, each.good);
+    test.Fill(each.field, each.good);
   }
   EXPECT_EQ(test.Rows("scheduleSheet_Dates_Table"), 3);
   test.Click("scheduleSheet_OK_Button");
@@ -76,7 +70,7 @@ TEST(ScheduleSheet, MakesADebitRefusesWhatIsNoNumberAndTheReminderCommitsIt) {
   const std::size_t entries = account->GetEntries().size();
   ASSERT_TRUE(app.reminder().Open());
   test.Settle();
-  type("scheduleReminderSheet_LookAhead", "90");
+  test.Fill("scheduleReminderSheet_LookAhead", "90");
   app.reminder().MarkAll(false);
   auto* table = test.Find<QTableView>("scheduleReminderSheet_Table");
   constexpr int kAmount = 5;
@@ -102,7 +96,7 @@ TEST(ScheduleSheet, MakesADebitRefusesWhatIsNoNumberAndTheReminderCommitsIt) {
     EXPECT_EQ(table->currentIndex(), amount()) << bad;
   }
   // Out of sight and back again, also the text that is no amount.
-  for (const char* days : {"905", "1", "90"}) type("scheduleReminderSheet_LookAhead", days);
+  for (const char* days : {"905", "1", "90"}) test.Fill("scheduleReminderSheet_LookAhead", days);
   EXPECT_EQ(amount().data().toString(), QLatin1String("8x"));
   EXPECT_EQ(app.reminder().State().marked, 1U);
   table->setFocus();

@@ -20,20 +20,11 @@
 #include "desktop/look/style.h"
 #include "desktop/main_window.h"
 #include "desktop/shots.h"
+#include "desktop/wished_colors.h"
 #include "storage/preferences.h"
 
 namespace tallyfold::desktop {
 namespace {
-
-class Wished final : public ColorScheme {
- public:
-  explicit Wished(Wish wish) : wish_(wish) {}
-  [[nodiscard]] Wish Current() const override { return wish_; }
-  void WhenChanged(std::function<void()>) override {}
-
- private:
-  Wish wish_;
-};
 
 constexpr QSize kSize(1280, 832);
 
@@ -91,8 +82,7 @@ int main(int argc, char** argv) {
     QApplication::setFont(QFont(QLatin1String("Inter"), 10));
   }
   const bool is_dark = arguments.contains(QLatin1String("dark"));
-  const PaletteWatch palette(
-      std::make_unique<Wished>(is_dark ? ColorScheme::Wish::Dark : ColorScheme::Wish::Light));
+  const PaletteWatch palette(std::make_unique<WishedColors>(is_dark));
   if (arguments.contains(QLatin1String("foreign")))
     QApplication::setStyle(QLatin1String("windows"));
   if (arguments.contains(QLatin1String("rtl"))) {

@@ -4,6 +4,7 @@
 #include <QApplication>
 #include <QHeaderView>
 #include <QLabel>
+#include <QLineEdit>
 #include <QPointer>
 #include <QTableView>
 #include <QTest>
@@ -117,6 +118,13 @@ void TestWindow::Type(const char* text) {
     QTest::keyClick(QApplication::activeWindow()->windowHandle(), *letter);
   }
   Settle();
+}
+
+void TestWindow::Fill(const char* field, const char* text) {
+  auto* line = Find<QLineEdit>(field);
+  line->setFocus();
+  line->selectAll();
+  Type(text);
 }
 
 void TestWindow::Click(QWidget* widget) {

@@ -53,6 +53,8 @@ struct TestWindow {
   // Into the window that is active.
   static void Key(Qt::Key key, Qt::KeyboardModifiers held = Qt::NoModifier);
   static void Type(const char* text);
+  // Into the field of that name, in place of what it holds.
+  static void Fill(const char* field, const char* text);
   // Through the window system, so that a window under a sheet does not hear of it.
   static void Click(QWidget* widget);
   static void Click(const char* name) { Click(FindWidget(name)); }

@@ -104,9 +104,7 @@ TEST(DecimalComma, IsTypedSoughtAndReconciledWith) {
 
   test.Key(Qt::Key_2, Qt::AltModifier);
   auto* statement = test.Find<QLineEdit>("statementBalance_Field");
-  statement->setFocus();
-  statement->selectAll();
-  test.Type("2.725,73");
+  test.Fill("statementBalance_Field", "2.725,73");
   test.Key(Qt::Key_Return);
   EXPECT_EQ(test.program->app().desk().SelectedAccount()->statementBalance(), 2725.73);
   // One that can be read as either is refused and stays as it was typed.
@@ -128,11 +126,7 @@ TEST(StatementBalance, BelongsToTheAccountItWasTypedFor) {
   const auto first = desk.SelectedAccount();
   test.Key(Qt::Key_2, Qt::AltModifier);
   auto* statement = test.Find<QLineEdit>("statementBalance_Field");
-  const auto type = [&](const char* text) {
-    statement->setFocus();
-    statement->selectAll();
-    test.Type(text);
-  };
+  const auto type = [](const char* text) { TestWindow::Fill("statementBalance_Field", text); };
   type("77.5");
   test.Key(Qt::Key_2, Qt::ControlModifier);
   ASSERT_NE(desk.SelectedAccount(), first);

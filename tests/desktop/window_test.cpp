@@ -8,14 +8,13 @@
 #include <QTabBar>
 #include <QTableView>
 #include <filesystem>
-#include <fstream>
-#include <iterator>
 
 #include "app/desk.h"
 #include "app/shell/tabs.h"
 #include "app/views/registers.h"
 #include "desktop/example.h"
 #include "desktop/test_window.h"
+#include "fakes/file_text.h"
 #include "model/account.h"
 #include "registers/account_table_view_data.h"
 
@@ -91,14 +90,10 @@ TEST_F(Window, MarksAreTurnedOverAndUndoneFromWhereTheKeysGo) {
   test.program->window().resize(1280, 832);
   test.Key(Qt::Key_2, Qt::AltModifier);
   ASSERT_EQ(test.Find<QTabBar>("main_TabView")->currentIndex(), 1);
-  auto* statement = test.Find<QLineEdit>("statementBalance_Field");
-  statement->setFocus();
-  statement->selectAll();
-  test.Type("2x");
+  test.Fill("statementBalance_Field", "2x");
   test.Key(Qt::Key_Return);
   EXPECT_EQ(test.TextOf("difference_Field"), "-$2,858.13"_q);
-  statement->selectAll();
-  test.Type("2791.93");
+  test.Fill("statementBalance_Field", "2791.93");
   test.Key(Qt::Key_Return);
   EXPECT_EQ(test.TextOf("difference_Field"), "-$66.20"_q);
   test.Click("explanation_Select_Button");
@@ -364,8 +359,7 @@ TEST(Example, IsAFreshCopyInAHomeFolderOfItsOwn) {
   ASSERT_EQ(launched.substr(0, start.size()), start);
   const std::string home =
       launched.substr(start.size(), launched.find(' ', start.size()) - start.size());
-  std::ifstream file(home + "/Library/Tallyfold/Accounts.plist");
-  EXPECT_EQ(std::string(std::istreambuf_iterator<char>(file), {}), ExampleAccounts());
+  EXPECT_EQ(FileText(home + "/Library/Tallyfold/Accounts.plist"), ExampleAccounts());
   EXPECT_TRUE(launched.ends_with("/bin/tallyfold --example"));
   std::filesystem::remove_all(home);
 }

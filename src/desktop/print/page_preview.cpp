@@ -171,9 +171,9 @@ void PagePreview::keyPressEvent(QKeyEvent* event) {
   };
   switch (event->key()) {
     case Qt::Key_PageDown:
-      return Turn(number_ + 1);
+      return TurnForward();
     case Qt::Key_PageUp:
-      return Turn(number_ - std::min<std::size_t>(number_, 1));
+      return TurnBack();
     case Qt::Key_Home:
       return Turn(0);
     case Qt::Key_End:
@@ -194,8 +194,8 @@ void PagePreview::keyPressEvent(QKeyEvent* event) {
 void PagePreview::wheelEvent(QWheelEvent* event) {
   if (verticalScrollBar()->maximum() > 0) return QAbstractScrollArea::wheelEvent(event);
   const int turned = event->angleDelta().y();
-  if (turned < 0) Turn(number_ + 1);
-  if (turned > 0) Turn(number_ - std::min<std::size_t>(number_, 1));
+  if (turned < 0) TurnForward();
+  if (turned > 0) TurnBack();
   event->accept();
 }
 

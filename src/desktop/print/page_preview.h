@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QAbstractScrollArea>
+#include <algorithm>
 #include <cstddef>
 #include <cstdint>
 #include <optional>
@@ -30,6 +31,8 @@ class PagePreview final : public QAbstractScrollArea {
   [[nodiscard]] std::size_t Number() const noexcept { return number_; }
   // The nearest page that there is.
   void Turn(std::size_t number);
+  void TurnBack() { Turn(number_ - std::min<std::size_t>(number_, 1)); }
+  void TurnForward() { Turn(number_ + 1); }
   void SetZoom(PreviewZoom zoom);
 
   // A whole page of any usual paper; a small screen leaves less.

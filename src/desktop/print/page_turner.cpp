@@ -71,11 +71,8 @@ QToolButton* PageTurner::AddChevron(const char* name, const QString& title, int 
   button->setArrowType(points_left ? Qt::LeftArrow : Qt::RightArrow);
   button->setAutoRaise(true);
   button->setFocusPolicy(Qt::TabFocus);
-  connect(button, &QToolButton::clicked, this, [this, step] {
-    const std::size_t number = preview_.Number();
-    if (step > 0) preview_.Turn(number + 1);
-    if (step < 0) preview_.Turn(number - std::min<std::size_t>(number, 1));
-  });
+  connect(button, &QToolButton::clicked, this,
+          [this, step] { step > 0 ? preview_.TurnForward() : preview_.TurnBack(); });
   return button;
 }
 

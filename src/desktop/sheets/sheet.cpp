@@ -1,12 +1,10 @@
 #include "desktop/sheets/sheet.h"
 
 #include <QApplication>
-#include <QButtonGroup>
 #include <QCloseEvent>
 #include <QHBoxLayout>
 #include <QPointer>
 #include <QPushButton>
-#include <QRadioButton>
 #include <QScreen>
 #include <QScrollArea>
 #include <QTimer>
@@ -32,30 +30,6 @@ constexpr int kScreenMargin = 80;
 // What a wide sheet leaves of its window, and how wide it is at least.
 constexpr int kWindowMargin = 80;
 constexpr int kLeastWideWidth = 780;
-
-// Of several choices it is the chosen one at which Tab stops.
-bool IsTabStop(const QWidget& widget) {
-  const auto* choice = qobject_cast<const QRadioButton*>(&widget);
-  if (choice != nullptr && choice->group() != nullptr) {
-    const QAbstractButton* chosen = choice->group()->checkedButton();
-    if (chosen != nullptr) return chosen == choice;
-  }
-  return (widget.focusPolicy() & Qt::TabFocus) != 0;
-}
-
-// In the order in which the layouts have them, which is that of the eye.
-void AddFocusable(const QLayout& layout, QList<QWidget*>& widgets) {
-  for (int i = 0; i < layout.count(); ++i) {
-    QLayoutItem* item = layout.itemAt(i);
-    if (item->layout() != nullptr) AddFocusable(*item->layout(), widgets);
-    QWidget* widget = item->widget();
-    if (widget == nullptr) continue;
-    if (IsTabStop(*widget)) widgets.append(widget);
-    const auto* area = qobject_cast<const QScrollArea*>(widget);
-    if (area != nullptr && area->widget() != nullptr) widget = area->widget();
-    if (widget->layout() != nullptr) AddFocusable(*widget->layout(), widgets);
-  }
-}
 
 // Brings a widget of the sheet into sight where it stands in a part that scrolls.
 void Reveal(const QWidget& sheet, QWidget& widget) {
@@ -204,8 +178,7 @@ void SheetDialog::Fit() {
 bool SheetDialog::focusNextPrevChild(bool next) {
   // The toolkit goes in the order in which widgets were made, and loses those behind a table one of
   // whose cells was edited.
-  QList<QWidget*> widgets;
-  AddFocusable(*layout(), widgets);
+  const QList<QWidget*> widgets = TabStopsInReadingOrder(*this);
   const qsizetype count = widgets.size();
   const QWidget* focus = focusWidget();
   qsizetype at = next ? -1 : count;
