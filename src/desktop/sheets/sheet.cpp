@@ -3,10 +3,12 @@
 #include <QApplication>
 #include <QCloseEvent>
 #include <QHBoxLayout>
+#include <QHeaderView>
 #include <QPointer>
 #include <QPushButton>
 #include <QScreen>
 #include <QScrollArea>
+#include <QTableView>
 #include <QTimer>
 #include <QVBoxLayout>
 #include <algorithm>
@@ -26,6 +28,8 @@ constexpr int kBottomMargin = 16;
 constexpr int kRuleGap = 14;
 // What a sheet leaves of its screen.
 constexpr int kScreenMargin = 80;
+// What a table keeps where its sheet is taller than that.
+constexpr int kLeastTableRows = 3;
 
 // What a wide sheet leaves of its window, and how wide it is at least.
 constexpr int kWindowMargin = 80;
@@ -36,6 +40,21 @@ void Reveal(const QWidget& sheet, QWidget& widget) {
   for (QWidget* each = widget.parentWidget(); each != nullptr && each != &sheet;
        each = each->parentWidget()) {
     if (auto* area = qobject_cast<QScrollArea*>(each)) area->ensureWidgetVisible(&widget);
+  }
+}
+
+// Lets tables be as low as they may be in a sheet that is too tall for its screen.
+void LowerTables(QWidget& sheet) {
+  const auto tables = sheet.findChildren<QTableView*>();
+  for (QTableView* table : tables) {
+    const int least = table->horizontalHeader()->sizeHint().height() +
+                      kLeastTableRows * table->verticalHeader()->defaultSectionSize() +
+                      2 * table->frameWidth();
+    const bool is_fixed = table->minimumHeight() == table->maximumHeight();
+    if (is_fixed || table->minimumHeight() <= least) continue;
+    table->setMinimumHeight(least);
+    // Layouts further up hear of it only when the events are through.
+    for (QWidget* each = table; each != &sheet; each = each->parentWidget()) each->updateGeometry();
   }
 }
 
@@ -159,7 +178,7 @@ void SheetDialog::Fit() {
     wanted.setWidth(std::max(minimumSizeHint().width(), std::min(wanted_width_, room)));
     if (hasHeightForWidth()) wanted.setHeight(heightForWidth(wanted.width()));
   }
-  // Its tables give rows away first.
+  if (wanted.height() > tallest) LowerTables(*this);
   const int least = hasHeightForWidth() ? layout()->totalMinimumHeightForWidth(wanted.width())
                                         : minimumSizeHint().height();
   if (least > tallest) {
@@ -167,6 +186,8 @@ void SheetDialog::Fit() {
     wanted.rwidth() += kScrollBarExtent;
   }
   const QSize size(wanted.width(), std::min(wanted.height(), tallest));
+  // Else the least size that it had before would hold.
+  layout()->activate();
   resize(size);
   const QPoint middle = window->geometry().center();
   move(std::clamp(middle.x() - size.width() / 2, screen.left(),
