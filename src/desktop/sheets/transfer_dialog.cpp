@@ -74,6 +74,9 @@ void TransferDialog::ShowState() {
 void TransferDialog::ShowCard() {
   card_->setVisible(!sheet_.State().sentence.empty());
   card_->Show(sheet_.State(), TheDesk().preferences());
+  // Long names break the sentence into another line, and the fields have none to spare.
+  for (QWidget* each = card_; each != this; each = each->parentWidget()) each->updateGeometry();
+  if (isVisible() && heightForWidth(width()) > height()) Fit();
 }
 
 }  // namespace tallyfold::desktop
