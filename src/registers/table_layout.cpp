@@ -68,6 +68,7 @@ bool TableLayout::StoreOrder(std::string_view column, bool descending) {
 }
 
 void TableLayout::PlaceStoredColumns() const {
+  if (table_ == nullptr || preferences_ == nullptr) return;
   const auto columns = preferences_->GetColumnsForTableIdentifier(table_identifier_);
   if (!columns) return;
   for (const plist::Value& column : *columns) {

@@ -47,8 +47,10 @@ class TableLayout {
   bool HideColumn(std::string_view identifier);
   bool ShowColumn(std::string_view identifier);
 
- private:
+  // Gives the table the stored widths and order alone.
   void PlaceStoredColumns() const;
+
+ private:
   void HideStoredColumns() const;
 
   TableState* table_ = nullptr;

@@ -153,6 +153,20 @@ std::optional<std::string_view> TextOf(const plist::Value& value) {
 
 }  // namespace
 
+plist::Array ColumnRecords(const std::vector<LiveColumn>& columns) {
+  plist::Array records;
+  std::int32_t index = 0;
+  for (const LiveColumn& each : columns) {
+    plist::Dictionary record;
+    record.Set(kIdentifier, each.identifier);
+    record.Set("width", plist::Value(each.width).IntegerValue());
+    record.Set("show", true);
+    record.Set(kLastIndex, index++);
+    records.Append(record);
+  }
+  return records;
+}
+
 LDGRAccountPreferences::LDGRAccountPreferences() {
   dictionary_.Set(kTables, plist::Array());
   dictionary_.Set(kAccountNumber, -1);

@@ -5,15 +5,26 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "plist/value.h"
 
 namespace tallyfold {
 
-// How the three tables of one account ("entry", "reconcile", "schedule") were last shown, and what
-// was chosen for the tables imported into it: each of those has a table of its own, whose
-// identifier begins with "import " and whose columns are the choices, dictionaries with
-// "identifier" and "value". One dictionary holds everything and is the stored form as well.
+// A column of a table as it is shown now.
+struct LiveColumn {
+  std::string identifier;
+  double width = 0.0;  // in points
+};
+
+// What is kept of the columns of a table, which are in display order.
+[[nodiscard]] plist::Array ColumnRecords(const std::vector<LiveColumn>& columns);
+
+// How the three tables of one account ("entry", "reconcile", "schedule") and the review of an
+// import ("import") were last shown, and what was chosen for the tables imported into it: each of
+// those has a table of its own, whose identifier begins with "import " and whose columns are the
+// choices, dictionaries with "identifier" and "value". One dictionary holds everything and is the
+// stored form as well.
 //
 // Every look-up of a table by an identifier makes the table when there is none, but for
 // ExistingTable(); only a none identifier finds nothing. Table and column dictionaries are handed

@@ -17,20 +17,6 @@ namespace {
 constexpr std::string_view kVersionKey = "appVersion";
 constexpr std::array<std::string_view, 3> kTableNames = {"entry", "reconcile", "schedule"};
 
-plist::Array ColumnsOf(const LiveTable& table) {
-  plist::Array columns;
-  std::int32_t index = 0;
-  for (const LiveColumn& shown : table.columns) {
-    plist::Dictionary column;
-    column.Set("identifier", shown.identifier);
-    column.Set("width", plist::Value(shown.width).IntegerValue());
-    column.Set("show", true);
-    column.Set("lastIndex", index++);
-    columns.Append(column);
-  }
-  return columns;
-}
-
 }  // namespace
 
 PreferencesStore::PreferencesStore(const Services& services, SaveGate& gate, Host& host)
@@ -116,7 +102,7 @@ void PreferencesStore::Preferences_StoreAccountPrefs(const LDGRAccount* account)
     const auto record = preferences_->GetPreferencesForAccountNumber(account->GetNumber());
     const std::string column = record->GetSelectedColumnIdentifierForTableIdentifier(identifier);
     record->SetSelectedColumn(column, record->GetSortDescendingForTableIdentifier(identifier),
-                              table->selected_row, ColumnsOf(*table), identifier);
+                              table->selected_row, ColumnRecords(table->columns), identifier);
   }
 }
 

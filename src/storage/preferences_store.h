@@ -20,12 +20,6 @@ namespace tallyfold {
 
 class LDGRAccount;
 
-// A column of a table as it is shown now.
-struct LiveColumn {
-  std::string identifier;
-  double width = 0.0;  // in points
-};
-
 // A table as it is shown now, its columns in display order.
 struct LiveTable {
   std::vector<LiveColumn> columns;

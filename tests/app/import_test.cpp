@@ -287,6 +287,28 @@ TEST_F(ImportTest, ShowsTheReviewAsATable) {
   EXPECT_EQ(import.Review().marked_count, 0U);
 }
 
+TEST_F(ImportTest, KeepsTheColumnsOfTheReviewForEachAccount) {
+  TableState& table = import.tableDataSource().Table();
+  const auto first = table.Columns().front().identifier;
+  BeginReview();
+  import.import_Cancel_Button();
+  const auto view = app.desk().preferences().GetPreferencesForAccountNumber(account->GetNumber());
+  EXPECT_FALSE(view->ExistingTable("import"));
+  BeginReview();
+  table.MoveColumn(0, 2);
+  table.SetColumnWidth(2, 77);
+  import.import_Cancel_Button();
+  app.selection().Account_Select(AddAccount("Other"));
+  BeginReview();
+  EXPECT_EQ(table.Columns().front().identifier, first);
+  EXPECT_NE(table.Columns().front().width, 77);
+  import.import_Cancel_Button();
+  app.selection().Account_Select(account);
+  BeginReview();
+  EXPECT_EQ(table.Columns()[2].identifier, first);
+  EXPECT_EQ(table.Columns()[2].width, 77);
+}
+
 TEST_F(ImportTest, CommitsAfterAQuestionAndShowsWhatCame) {
   BeginReview();
   import.tableDataSource().ClickedTableColumn("amount");

@@ -64,6 +64,7 @@ void LDGRQIFImportController::Import_Run() {
 
 void LDGRQIFImportController::CloseReview() {
   review_state_.is_open = false;
+  rows_.StoreColumns();
   rows_.SetEntries({});
   edit_entry_ = nullptr;
   announcer_.Changed(Area::ImportReview);

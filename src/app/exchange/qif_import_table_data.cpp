@@ -70,6 +70,8 @@ LDGRQIFImportTableViewDataSource::LDGRQIFImportTableViewDataSource(const TableHo
                                                                    Standings standings)
     : host_(host), standings_(std::move(standings)), table_(ReviewColumns()) {
   table_.SetDataSource(this);
+  layout_.SetTable(&table_);
+  layout_.SetIdentifier("import");
 }
 
 LDGRQIFImportTableViewDataSource::~LDGRQIFImportTableViewDataSource() {
@@ -79,7 +81,14 @@ LDGRQIFImportTableViewDataSource::~LDGRQIFImportTableViewDataSource() {
 void LDGRQIFImportTableViewDataSource::SetAccountPreferences(
     const std::shared_ptr<LDGRAccountPreferences>& preferences) {
   for (const TableColumn& column : table_.HiddenColumns()) table_.ShowColumn(column.identifier);
+  std::size_t place = 0;
+  for (const TableColumn& column : ReviewColumns()) {
+    table_.MoveColumn(*table_.ColumnWithIdentifier(column.identifier), place);
+    table_.SetColumnWidth(place++, column.width);
+  }
+  layout_.SetPreferences(preferences);
   if (preferences == nullptr) return;
+  if (preferences->ExistingTable(layout_.Identifier())) layout_.PlaceStoredColumns();
   const auto hidden = preferences->GetHiddenColumnsForTableIdentifier("entry");
   if (!hidden) return;
   for (const plist::Value& each : *hidden) {
@@ -87,6 +96,23 @@ void LDGRQIFImportTableViewDataSource::SetAccountPreferences(
     const auto index = table_.ColumnWithIdentifier(identifier);
     if (index && identifier != kImport) table_.HideColumn(*index, *index);
   }
+}
+
+void LDGRQIFImportTableViewDataSource::StoreColumns() const {
+  const auto& preferences = layout_.Preferences();
+  if (preferences == nullptr) return;
+  std::vector<TableColumn> first = ReviewColumns();
+  std::erase_if(first, [this](const TableColumn& column) {
+    return !table_.ColumnWithIdentifier(column.identifier);
+  });
+  const bool is_as_first =
+      std::ranges::equal(first, table_.Columns(), [](const TableColumn& a, const TableColumn& b) {
+        return a.identifier == b.identifier && a.width == b.width;
+      });
+  if (is_as_first && !preferences->ExistingTable(layout_.Identifier())) return;
+  std::vector<LiveColumn> columns;
+  for (const TableColumn& each : table_.Columns()) columns.push_back({each.identifier, each.width});
+  preferences->SetColumns(ColumnRecords(columns), layout_.Identifier());
 }
 
 void LDGRQIFImportTableViewDataSource::SetEntries(QifImportEntryList entries) {

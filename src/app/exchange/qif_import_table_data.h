@@ -12,6 +12,7 @@
 #include "exchange/qif_import_entry.h"
 #include "registers/rows_change.h"
 #include "registers/table_data_source.h"
+#include "registers/table_layout.h"
 #include "registers/table_state.h"
 #include "storage/account_preferences.h"
 
@@ -55,8 +56,11 @@ class LDGRQIFImportTableViewDataSource final : public TableDataSource {
   [[nodiscard]] TableState& Table() noexcept { return table_; }
   [[nodiscard]] const TableState& Table() const noexcept { return table_; }
   // Of the account that entries are imported into; null for none. The table leaves out the columns
-  // that the account's register hides; the first one always shows.
+  // that the account's register hides; the first one always shows. Order and widths are those that
+  // StoreColumns() kept.
   void SetAccountPreferences(const std::shared_ptr<LDGRAccountPreferences>& preferences);
+  // Keeps the order and the widths of the columns for the account's next review.
+  void StoreColumns() const;
   // In calendar-date conversion letters.
   void SetDateFormat(std::string_view format) { date_format_ = format; }
 
@@ -106,6 +110,7 @@ class LDGRQIFImportTableViewDataSource final : public TableDataSource {
   const TableHost& host_;
   Standings standings_;
   TableState table_;
+  TableLayout layout_;
   QifImportEntryList entries_;
   std::string date_format_;
   std::string sort_column_;
