@@ -87,6 +87,10 @@ const std::vector<ChapterText>& ChapterTexts() {
         "A line of the file may be matched with an entry of the account instead of imported: that "
         "entry gets the mark of the bank's statement, and nothing else of it changes. Where the "
         "file tells the balance of the statement, it is taken over only if you say so.",
+        "Of a table (CSV) every line is shown as the file has it, under a menu for each column "
+        "that "
+        "says what the column holds. Lines that become no entry are dim, with the reason, and the "
+        "balances of the bank prove how the rest is read.",
         "Types that the account lacks are made. Amounts and days that cannot be read are counted "
         "and shown, never guessed: choose another date format or other separators and the file "
         "is read again."}},
