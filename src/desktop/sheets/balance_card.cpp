@@ -67,7 +67,7 @@ void BalanceCard::Show(const TransferSheetState& state, const LDGRPreferences& p
                           ToUtf8(balance.is_locked ? Text("Locked") : lines_.back().after)}));
   }
   NameFigure(*this, {}, description);
-  setToolTip(description);
+  setToolTip(PlainToolTip(description));
   update();
 }
 

@@ -229,6 +229,7 @@ void EditDialog::FocusFirst(SheetField first, QWidget* to_from, QWidget* type) {
 void EditDialog::ShowRefused(const std::optional<Problem>& problem) {
   const bool is_at_field = form_->ShowProblem(problem);
   ShowProblem(is_at_field ? QString() : ToQString(TextOf(problem)));
+  if (is_at_field) GrowFor(form_->FieldWithProblem());
   if (is_at_field && problem != shown_problem_) form_->FieldWithProblem()->setFocus();
   shown_problem_ = problem;
 }

@@ -196,6 +196,17 @@ void SheetDialog::Fit() {
                   std::max(screen.top(), screen.bottom() - size.height())));
 }
 
+void SheetDialog::GrowFor(QWidget* part) {
+  if (!isVisible()) return;
+  // Layouts further up hear of it only when the events are through.
+  for (QWidget* each = part; each != this; each = each->parentWidget()) {
+    each->updateGeometry();
+    QWidget* around = each->parentWidget();
+    if (around != this && around->layout() != nullptr) around->layout()->activate();
+  }
+  if (minimumSizeHint().width() > width() || heightForWidth(width()) > height()) Fit();
+}
+
 bool SheetDialog::focusNextPrevChild(bool next) {
   // The toolkit goes in the order in which widgets were made, and loses those behind a table one of
   // whose cells was edited.

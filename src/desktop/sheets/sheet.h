@@ -43,6 +43,9 @@ class SheetDialog : public QDialog {
   void AddBeforeButtons(QWidget* widget);
   // As wide and tall as it needs, at the top of its window.
   void Fit();
+  // Wider or taller, where a part of the sheet has come to need more than there is; else the fields
+  // around it would be squeezed.
+  void GrowFor(QWidget* part);
   // So wide where the window leaves it the room, and wider where it needs that.
   void SetWantedWidth(int width) noexcept { wanted_width_ = width; }
   // "" for none.

@@ -75,8 +75,7 @@ void TransferDialog::ShowCard() {
   card_->setVisible(!sheet_.State().sentence.empty());
   card_->Show(sheet_.State(), TheDesk().preferences());
   // Long names break the sentence into another line, and the fields have none to spare.
-  for (QWidget* each = card_; each != this; each = each->parentWidget()) each->updateGeometry();
-  if (isVisible() && heightForWidth(width()) > height()) Fit();
+  GrowFor(card_);
 }
 
 }  // namespace tallyfold::desktop
