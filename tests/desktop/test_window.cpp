@@ -137,6 +137,7 @@ void TestWindow::Click(QWidget* widget) {
 void TestWindow::ClickRow(const char* table, int row, bool is_double) {
   auto* view = Find<QTableView>(table);
   QWidget* window = view->window();
+  view->scrollTo(view->model()->index(row, 0));
   const QPoint place =
       view->viewport()->mapTo(window, view->visualRect(view->model()->index(row, 0)).center());
   QTest::mouseClick(window->windowHandle(), Qt::LeftButton, {}, place);
