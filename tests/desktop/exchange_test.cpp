@@ -83,7 +83,7 @@ TEST_F(Exchange, OptionsProveWhatTheyMakeOfTheFileAndKeepThreeDestinationsApart)
 
 TEST_F(Exchange, AFileWithoutEntriesSaysWhyAndItsTypesComeInAllTheSame) {
   const std::pair<const char*, QString> files[] = {
-      {"", "the file is empty; download it again"_q},
+      {"", "The file is empty; download it again"_q},
       {"!Type:Bank\n", "There are no entries here: nothing to review."_q},
       {"!Type:Cat\nNGroceries\nE\n^\nNPets\nE\n^\n",
        "There are no entries here, but 1 type that is new to the account."_q}};

@@ -15,6 +15,7 @@
 #include "desktop/look/measures.h"
 #include "desktop/register/look_table.h"
 #include "desktop/register/table_look.h"
+#include "desktop/sheets/fact_line.h"
 #include "desktop/sheets/form.h"
 #include "desktop/sheets/import_head.h"
 #include "desktop/sheets/proof_rows.h"
@@ -49,7 +50,8 @@ CellLook Verdict(const QifImportProof::Format& format) {
 
 // Of what has no entries to look through.
 std::string WhyNothing(const QifImportProof& proof) {
-  if (proof.problem != ImportHints::Problem::None) return LocalizedText(TextOf(proof.problem));
+  if (proof.problem != ImportHints::Problem::None)
+    return FactLine(LocalizedText(TextOf(proof.problem)));
   if (proof.new_type_count == 0) return EntriesInWords(0, "", "");
   return Message(Plural("There are no entries here, but {1} type that is new to the account.",
                         "There are no entries here, but {1} types that are new to the account.",

@@ -4,6 +4,7 @@
 #include <string_view>
 
 #include "app/exchange/qif_import_state.h"
+#include "desktop/sheets/fact_line.h"
 #include "platform/ambient.h"
 #include "platform/message.h"
 #include "registers/register_look.h"
@@ -14,7 +15,7 @@ std::string ReviewFacts(const QifImportReviewState& state, const TableFormat& fo
   const ImportHints& hints = state.hints;
   std::string facts;
   if (hints.problem != ImportHints::Problem::None) {
-    facts = LocalizedText(TextOf(hints.problem));
+    facts = FactLine(LocalizedText(TextOf(hints.problem)));
   } else if (state.entry_count == 0) {
     facts = LocalizedText("The file has no entries for this account.");
   } else if (hints.first_date && hints.last_date) {
@@ -37,12 +38,12 @@ std::string ReviewFacts(const QifImportReviewState& state, const TableFormat& fo
   }
   // Kinds that have a chip are left to it.
   for (const ImportDoubt& doubt : hints.doubts) {
-    facts += '\n' +
-             Message("{1}: {2}", {LocalizedText(TitleOf(doubt.kind)), std::to_string(doubt.count)});
+    facts += '\n' + Message("{1}: {2}", {FactLine(LocalizedText(TitleOf(doubt.kind))),
+                                         std::to_string(doubt.count)});
   }
   const auto add = [&facts](std::string_view what, std::size_t count) {
     if (count > 0) {
-      facts += '\n' + Message("{1}: {2}", {LocalizedText(what), std::to_string(count)});
+      facts += '\n' + Message("{1}: {2}", {FactLine(LocalizedText(what)), std::to_string(count)});
     }
   };
   // The chip of them counts rows.
