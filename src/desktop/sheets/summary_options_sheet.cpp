@@ -7,9 +7,11 @@
 #include <QLineEdit>
 #include <QPainter>
 #include <QPushButton>
+#include <QScreen>
 #include <QScrollArea>
 #include <QSignalBlocker>
 #include <QVBoxLayout>
+#include <algorithm>
 #include <utility>
 
 #include "app/desk.h"
@@ -217,14 +219,19 @@ void SummaryOptionsSheet::ShowResult() {
   if (!parts_.sheet.State().is_open) return;
   is_stale_ = false;
   parts_.show_page(result_, parts_.sheet.Result());
-  area_->setMinimumWidth(result_->minimumSizeHint().width() + kScrollBarExtent +
-                         2 * area_->frameWidth());
+  // What is new in the result counts once it is in sight.
+  QTimer::singleShot(0, this, [this] {
+    const int whole =
+        result_->minimumSizeHint().width() + kScrollBarExtent + 2 * area_->frameWidth();
+    const int room = screen()->availableGeometry().width() - (width() - area_->width());
+    area_->setMinimumWidth(std::min(whole, std::max(room, area_->width())));
+    // Long titles make it wider than was wanted.
+    GrowFor(area_);
+  });
 }
 
 void SummaryOptionsSheet::Painted() {
   ShowResult();
-  // Long titles make the result wider than was wanted.
-  if (minimumSizeHint().width() > width()) Fit();
 }
 
 void SummaryOptionsSheet::paintEvent(QPaintEvent* event) {
