@@ -13,6 +13,7 @@
 
 #include "desktop/look/colors.h"
 #include "desktop/look/measures.h"
+#include "desktop/look/rule_line.h"
 #include "desktop/register/cell_delegate.h"
 #include "desktop/register/look_table.h"
 #include "desktop/sheets/form.h"
@@ -26,6 +27,8 @@ namespace {
 using Align = CellLook::Align;
 
 constexpr int kLineNumberWidth = 40;
+// Of the rule below the pop-ups.
+constexpr int kStripRuleHeight = 1;
 constexpr int kWidestText = 220;
 constexpr int kLinesInSight = 8;
 constexpr int kLeastLinesInSight = 4;
@@ -83,6 +86,7 @@ FileLines::FileLines(QWidget* parent)
   whole->setContentsMargins(frameWidth(), frameWidth(), frameWidth(), frameWidth());
   whole->setSpacing(0);
   whole->addWidget(strip_);
+  whole->addWidget(new RuleLine(this));
   whole->addWidget(table_);
   // A pop-up that gets the keyboard comes into sight, and its column with it.
   QScrollBar* const bars[] = {strip_->horizontalScrollBar(), table_->horizontalScrollBar()};
@@ -145,7 +149,8 @@ void FileLines::Show(const StatementOptionsState& state) {
   const int strip = ControlHeight(fontMetrics()) + 2 * kPopUpMargin;
   strip_->setFixedHeight(strip);
   const auto height = [&](int rows) {
-    return strip + rows * RowHeight(table_->fontMetrics()) + kScrollBarExtent + 2 * frameWidth();
+    return strip + kStripRuleHeight + rows * RowHeight(table_->fontMetrics()) + kScrollBarExtent +
+           2 * frameWidth();
   };
   const int rows = static_cast<int>(std::min<std::size_t>(lines_.size(), kLinesInSight));
   setMinimumHeight(height(std::min(rows, kLeastLinesInSight)));
