@@ -56,7 +56,7 @@ struct Console {
   ConsoleHost& host;
   const ConsoleLog& log;
   FileSystem& files;
-  const RunLoop& loop;
+  RunLoop& loop;
   SpokenText& spoken;
   const std::function<void(std::chrono::milliseconds)>& skip_delays;
   const std::function<bool(std::chrono::milliseconds)>& wait;

@@ -85,20 +85,25 @@ void Speak(Console& console, const Arguments& arguments) {
     throw CommandError("speak: no entry is selected; see 'select entry'");
   }
   if (what == "from" || what == "all") RequireShownRegister(console, "speak");
-  const auto start = console.loop.Now();
   static_cast<void>(console.spoken.Take());
-  if (what == "entry" || what == "schedule") {
-    console.controller.speaker().SpeakEntry(selected.get());
-  } else if (is_of_figures) {
-    if (!Order(console.controller, "SpeakFigures")) {
-      throw CommandError("speak: no figures are shown");
+  std::chrono::milliseconds start{};
+  bool is_ordered = true;
+  // Among the calls whose delays are skipped, so that all is told by one clock.
+  DelayedCall order(console.loop);
+  order.Start(std::chrono::milliseconds{0}, [&] {
+    start = console.loop.Now();
+    if (what == "entry" || what == "schedule") {
+      console.controller.speaker().SpeakEntry(selected.get());
+    } else if (is_of_figures) {
+      is_ordered = Order(console.controller, "SpeakFigures");
+    } else if (what == "from") {
+      console.controller.speaker().StartSpeakingEntries();
+    } else {
+      console.controller.speaker().SpeakEntries();
     }
-  } else if (what == "from") {
-    console.controller.speaker().StartSpeakingEntries();
-  } else {
-    console.controller.speaker().SpeakEntries();
-  }
+  });
   ReadOn(console);
+  if (!is_ordered) throw CommandError("speak: no figures are shown");
   ShowUnheard(console, start);
 }
 

@@ -30,6 +30,7 @@ void PollRunLoop::Watch::End() noexcept {
 PollRunLoop::PollRunLoop() : start_(std::chrono::steady_clock::now()) {}
 
 milliseconds PollRunLoop::Now() const {
+  if (held_) return *held_;
   return skipped_ + std::chrono::floor<milliseconds>(std::chrono::steady_clock::now() - start_);
 }
 
@@ -71,6 +72,14 @@ void PollRunLoop::Run() {
 
 void PollRunLoop::SkipDelays(milliseconds horizon) {
   const milliseconds limit = Now() + horizon;
+  const std::optional<milliseconds> outer = std::exchange(held_, Now());
+  struct Release {
+    std::optional<milliseconds>& held;
+    bool is_outermost;
+    ~Release() {
+      if (is_outermost) held.reset();
+    }
+  } const release{held_, !outer};
   while (RunOneCall(limit)) {
   }
 }
@@ -79,7 +88,9 @@ bool PollRunLoop::RunOneCall(milliseconds limit) {
   if (calls_.empty() || calls_.begin()->first.first > limit) return false;
   auto call = calls_.extract(calls_.begin());
   due_times_.erase(call.key().second);
-  skipped_ += std::max(call.key().first - Now(), milliseconds{0});
+  const milliseconds ahead = std::max(call.key().first - Now(), milliseconds{0});
+  skipped_ += ahead;
+  if (held_) *held_ += ahead;
   call.mapped()();
   return true;
 }

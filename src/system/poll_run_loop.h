@@ -5,6 +5,7 @@
 #include <functional>
 #include <map>
 #include <memory>
+#include <optional>
 #include <utility>
 #include <vector>
 
@@ -50,7 +51,8 @@ class PollRunLoop final : public RunLoop {
   // Makes the innermost Run return after the present call; one called before Run is forgotten.
   void Stop() noexcept { stopped_ = true; }
   // Runs every call that falls due within `horizon` from now, also those made meanwhile, without
-  // waiting for its time: the loop's time jumps ahead instead. Watches are not served.
+  // waiting for its time: the loop's time jumps ahead instead, and stands still while a call runs,
+  // however long that takes. Watches are not served.
   void SkipDelays(std::chrono::milliseconds horizon);
 
  private:
@@ -67,6 +69,8 @@ class PollRunLoop final : public RunLoop {
 
   std::chrono::steady_clock::time_point start_;
   std::chrono::milliseconds skipped_{0};
+  // The time while delays are skipped.
+  std::optional<std::chrono::milliseconds> held_;
   // In the order in which they run; ids grow, so that calls due together run as they were made.
   std::map<DueTime, Task> calls_;
   std::map<CallId, std::chrono::milliseconds> due_times_;
