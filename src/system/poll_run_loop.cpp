@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <limits>
 #include <system_error>
+#include <utility>
 
 namespace tallyfold {
 
@@ -58,6 +59,8 @@ PollRunLoop::Watch PollRunLoop::WatchReadable(int descriptor, std::function<void
 
 void PollRunLoop::Run() {
   stopped_ = false;
+  // A call whose delay was skipped may wait itself, for an answer that takes its time.
+  held_.reset();
   while (!stopped_) {
     // Calls made by calls wait for the next turn, so that none can starve the descriptors.
     const CallId newest = last_id_;
